@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QString;
+
+/// Answers whether a curve's expression depends on the curve itself. The canvas asks; the editor, which knows
+/// every registered curve, answers.
+class DependencyCheck
+{
+public:
+    virtual ~DependencyCheck() = default;
+
+    /// Follows the expressions from the curve `current` on, and returns true if one of them reads `firstFunc`.
+    /// Both are lower variable names (full name in lower case, "_" for each blank). On true `withFunc` becomes the
+    /// full name of the curve through which the cycle runs; on false it stays as it is.
+    virtual bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) = 0;
+};
