@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPen>
+#include <QPolygon>
+
+class QPainter;
+class QWidget;
+class ViewPort;
+
+/// What lies behind the curves: lines at even distances with a number at each, a line along the bottom and
+/// the left edge, and the time line. The spacing follows from the visible range.
+///
+/// Positions on the horizontal axis are frames (time × `fps`) while the view counts frames, else time units;
+/// on the vertical axis they are values. The canvas owns the grid, calls `layout` when the view is dirty,
+/// then `draw`.
+class CanvasGrid
+{
+public:
+    QWidget* widget; ///< the canvas, not owned; its size in logical pixels is the length of the lines
+    QPolygon lines;  ///< two points for each line: `countX` vertical lines from left to right, then `countY`
+                    ///< horizontal ones from the bottom up
+    QFont font;
+    QPen linePen;
+    QColor fontColor = Qt::white;
+    QColor timeLineColor = QColor(220, 255, 255);
+    QColor frameVLineColor = QColor(220, 255, 255); ///< of the line along the bottom edge
+    QColor frameHLineColor = QColor(220, 255, 255); ///< of the line along the left edge
+    double stepX = 0.0;                             ///< distance of the vertical lines in axis units
+    double stepY = 0.0;
+    double firstX = 0.0; ///< axis position of the first vertical line
+    double firstY = 0.0;
+    int countX = 0; ///< number of vertical lines
+    int countY = 0;
+    int zeroIndexX = -1; ///< index of the vertical line at axis position 0, or -1
+    int zeroIndexY = -1;
+    int timeLineX = -1; ///< pixel column of the time line
+    int gridWidth = 0;  ///< pixel size of the view at the last `layout`
+    int gridHeight = 0;
+
+    explicit CanvasGrid(QWidget* widget);
+
+    /// Chooses the lines for the view: at least 5 in each direction, at multiples of a power of ten or of its
+    /// half, quarter and so on. An axis that has no finite span above zero (a view without span, `fps` not
+    /// above zero while frames are shown) gets no line; a view that can't be shown gets nothing at all.
+    void layout(ViewPort* view);
+
+    /// Draws lines, edges, time line and labels as laid out; nothing for a view that can't be shown. Leaves
+    /// the painter's background mode opaque: dotted lines that follow fill their gaps.
+    void draw(QPainter* painter);
+
+private:
+    void drawLabels(QPainter* painter);
+};

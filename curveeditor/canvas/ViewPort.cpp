@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/ViewPort.h>
+
+#include <curveeditor/canvas/MouseState.h>
+#include <curveeditor/canvas/Truncate.h>
+
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double smallestSide = double(1e-9f);
+constexpr double smallestShareOfPosition = double(0.0001f);
+constexpr double zoomOfWholeDrag = 5.0;
+
+double quotient(double dividend, double divisor)
+{
+    return divisor == 0.0 ? 0.0 : dividend / divisor;
+}
+
+double within(double number, double low, double high)
+{
+    return std::min(std::max(number, low), high);
+}
+
+int toPixel(double position)
+{
+    return std::clamp(truncateToInt(position), -ViewPort::farthestPixel, ViewPort::farthestPixel);
+}
+
+} // namespace
+
+ViewPort::ViewPort(const int& /*width*/, const int& /*height*/) {}
+
+void ViewPort::setSize(const int& width, const int& height)
+{
+    if (width == pixelWidth && height == pixelHeight)
+        return;
+    pixelWidth = width;
+    pixelHeight = height;
+    dirty = true;
+}
+
+void ViewPort::reset()
+{
+    showFrames = true;
+    clearDrag();
+    timeMin = limitTimeMin;
+    timeMax = limitTimeMax;
+    valueMin = limitValueMin;
+    valueMax = limitValueMax;
+    bandX0 = bandY0 = bandX1 = bandY1 = 0.0;
+    bandValid = false;
+    bandActive = false;
+    zoomThreshold = double(0.05f);
+    dirty = true;
+}
+
+bool ViewPort::canShow() const
+{
+    const double timeSpan = timeMax - timeMin;
+    const double valueSpan = valueMax - valueMin;
+    return pixelWidth > 0 && pixelHeight > 0 && timeSpan > 0.0 && valueSpan > 0.0 &&
+           std::isfinite(timeSpan) && std::isfinite(valueSpan);
+}
+
+void ViewPort::setShowFrames(const bool& on)
+{
+    dirty = dirty || on != showFrames;
+    showFrames = on;
+}
+
+double ViewPort::pixelToTimeDelta(const int& dx) const
+{
+    return quotient(dx, pixelWidth) * (timeMax - timeMin);
+}
+
+double ViewPort::pixelToValueDelta(const int& dy) const
+{
+    return quotient(dy, pixelHeight) * (valueMax - valueMin);
+}
+
+double ViewPort::pixelToTime(const int& x) const
+{
+    return within(pixelToTimeDelta(x) + timeMin, limitTimeMin, limitTimeMax);
+}
+
+double ViewPort::pixelToValue(const int& y) const
+{
+    return within(valueMax - pixelToValueDelta(y), limitValueMin, limitValueMax);
+}
+
+int ViewPort::timeToPixel(const double& t) const
+{
+    return toPixel((within(t, limitTimeMin, limitTimeMax) - timeMin) *
+                   quotient(pixelWidth, timeMax - timeMin));
+}
+
+int ViewPort::valueToPixel(const double& v) const
+{
+    return toPixel((valueMax - within(v, limitValueMin, limitValueMax)) *
+                   quotient(pixelHeight, valueMax - valueMin));
+}
+
+void ViewPort::panView(const int& dx, const int& dy)
+{
+    const double timeSpan = timeMax - timeMin;
+    const double valueSpan = valueMax - valueMin;
+    bandX0 = pixelToTimeDelta(dx) + timeMin;
+    bandY1 = valueMin - pixelToValueDelta(dy);
+    bandX1 = timeSpan + bandX0;
+    bandY0 = valueSpan + bandY1;
+    checkBand(false);
+    if (bandValid) {
+        timeMin = bandX0;
+        timeMax = bandX1;
+        valueMin = bandY1;
+        valueMax = bandY0;
+        bandValid = false;
+    }
+    bandActive = false;
+}
+
+void ViewPort::zoomView(const int& dx, const int& dy)
+{
+    const double timeSpan = timeMax - timeMin;
+    const double valueSpan = valueMax - valueMin;
+    const double timeFactor = std::pow(zoomOfWholeDrag, quotient(-double(dx), pixelWidth));
+    const double valueFactor = std::pow(zoomOfWholeDrag, quotient(dy, pixelHeight));
+    const double anchorTime = pixelToTimeDelta(anchorX) + timeMin;
+    const double anchorValue = valueMax - pixelToValueDelta(anchorY);
+    const double time = anchorTime + ((timeMin + timeMax) * 0.5 - anchorTime) * timeFactor;
+    const double value = anchorValue + ((valueMin + valueMax) * 0.5 - anchorValue) * valueFactor;
+    const double halfTime = timeFactor * timeSpan * 0.5;
+    const double halfValue = valueFactor * valueSpan * 0.5;
+    bandX0 = time - halfTime;
+    bandY0 = value + halfValue;
+    bandX1 = time + halfTime;
+    bandY1 = value - halfValue;
+    applyBand(true);
+}
+
+void ViewPort::beginBand(const int& x, const int& y)
+{
+    bandX0 = pixelToTime(x);
+    bandY0 = pixelToValue(y);
+    bandX1 = bandX0;
+    bandY1 = bandY0;
+    checkBand(true);
+}
+
+void ViewPort::extendBand(const int& x, const int& y)
+{
+    bandX1 = pixelToTime(x);
+    bandY1 = pixelToValue(y);
+    checkBand(true);
+}
+
+void ViewPort::checkBand(bool strict)
+{
+    bandActive = true;
+    if (strict) {
+        bandX0 = within(bandX0, limitTimeMin, limitTimeMax);
+        bandX1 = within(bandX1, limitTimeMin, limitTimeMax);
+        bandY0 = within(bandY0, limitValueMin, limitValueMax);
+        bandY1 = within(bandY1, limitValueMin, limitValueMax);
+    }
+    const double width = std::abs(bandX1 - bandX0);
+    const double height = std::abs(bandY0 - bandY1);
+    const bool tooSmallInView =
+        (timeMax - timeMin) * zoomThreshold > width || (valueMax - valueMin) * zoomThreshold > height;
+    const bool tooSmallWhereItIs = (bandX0 + bandX1) * smallestShareOfPosition > width ||
+                                   (bandY0 + bandY1) * smallestShareOfPosition > height;
+    const bool withoutSide = width < smallestSide || height < smallestSide;
+    const bool largerThanLimits =
+        limitTimeMax - limitTimeMin < width || limitValueMax - limitValueMin < height;
+    bandValid = !(strict && (tooSmallInView || tooSmallWhereItIs)) && !withoutSide && !largerThanLimits;
+}
+
+void ViewPort::applyBand(bool strict)
+{
+    checkBand(strict);
+    if (bandValid) {
+        timeMin = std::min(bandX0, bandX1);
+        timeMax = std::max(bandX0, bandX1);
+        valueMin = std::min(bandY0, bandY1);
+        valueMax = std::max(bandY0, bandY1);
+        bandValid = false;
+        dirty = true;
+    }
+    bandActive = false;
+}
+
+void ViewPort::takeBand(double& timeLow, double& timeHigh, double& valueLow, double& valueHigh)
+{
+    timeLow = std::min(bandX0, bandX1);
+    timeHigh = std::max(bandX0, bandX1);
+    valueLow = std::min(bandY0, bandY1);
+    valueHigh = std::max(bandY0, bandY1);
+    bandValid = false;
+    bandActive = false;
+}
+
+QRect ViewPort::bandRect() const
+{
+    const double timeSpan = timeMax - timeMin;
+    const double valueSpan = valueMax - valueMin;
+    const double left = std::min(bandX0, bandX1);
+    const double top = std::max(bandY0, bandY1);
+    return QRect(toPixel(quotient(left - timeMin, timeSpan) * pixelWidth),
+                 toPixel(quotient(valueMax - top, valueSpan) * pixelHeight),
+                 toPixel(quotient(std::abs(bandX1 - bandX0), timeSpan) * pixelWidth),
+                 toPixel(quotient(std::abs(bandY1 - bandY0), valueSpan) * pixelHeight));
+}
+
+void ViewPort::clearDrag()
+{
+    bandDrag = false;
+    panDrag = false;
+    zoomDrag = false;
+}
+
+void ViewPort::mousePress(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    const bool alt = stateBefore(*event).has(Qt::AltModifier);
+    lastMouseX = anchorX = position.x();
+    lastMouseY = anchorY = position.y();
+    if (event->button() == Qt::LeftButton) {
+        beginBand(anchorX, anchorY);
+        bandDrag = true;
+    } else if (event->button() == Qt::MiddleButton && alt) {
+        panDrag = true;
+    } else if (event->button() == Qt::RightButton && alt) {
+        zoomDrag = true;
+    }
+}
+
+void ViewPort::mouseMove(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    const int dx = lastMouseX - position.x();
+    const int dy = lastMouseY - position.y();
+    if (bandDrag) {
+        extendBand(position.x(), position.y());
+    } else if (panDrag) {
+        panView(dx, dy);
+        dirty = true;
+    } else if (zoomDrag) {
+        zoomView(dx, dy);
+        dirty = true;
+    }
+    lastMouseX = position.x();
+    lastMouseY = position.y();
+}
+
+void ViewPort::mouseRelease(QMouseEvent* event)
+{
+    if (bandDrag && stateBefore(*event).has(Qt::AltModifier))
+        applyBand(true);
+    clearDrag();
+}
