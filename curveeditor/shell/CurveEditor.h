@@ -1,0 +1,396 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/canvas/DependencyCheck.h>
+#include <curveeditor/model/Export.h>
+#include <curveeditor/panel/NodePage.h>
+#include <curveeditor/shell/CurveEditorDialogBase.h>
+
+#include <QColor>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class ControlMenu2;
+class CustomEditLine;
+class FunctionEditor;
+class FunctionFloatBase;
+class QAction;
+class QActionGroup;
+class QMenu;
+class QTextStream;
+class QToolBar;
+class QToolButton;
+class QTreeWidgetItem;
+class SplineBase;
+
+/// A dialog in which a user draws and adjusts the curves of a host. It is the one class that a host talks to.
+///
+/// A host names each curve by a group and a curve name and hands over a spline and the address of a variable
+/// for an expression. A curve has three degrees of presence: registered by `addCurve`, on the canvas after
+/// `setDefaultSelected` or a drop of its full name (group, ".", curve) on the list, and current, which is the
+/// one curve that mouse, keys and the expression page act on.
+///
+///     SplineBase lens;                       // the host owns its curves ...
+///     FunctionFloatBase* formula = nullptr;  // ... and the variables of their expressions
+///     CurveEditor editor;
+///     QObject::connect(&editor, &CurveEditor::curveHasChanged,
+///                      [&](QString& group, QString& curve) { /* read lens or formula */ });
+///     editor.setTimeRange(0.0, 20.0);
+///     editor.addCurve("Camera", "Lens", Qt::yellow, 35.0F, &lens, &formula, 10.0F, 200.0F);
+///     editor.setDefaultSelected("Camera", "Lens");
+///     editor.show();
+///
+/// **Ownership.** Splines and expression variables belong to the host and must outlive their registration:
+/// delete the dialog first, then the curves. The editor changes splines in place and never deletes one. The
+/// object in an expression variable is shared: the editor deletes and replaces it when the user enters,
+/// deletes or resets an expression, and the host deletes what is left in the end. The dialog itself belongs
+/// to its parent, or to whoever made it; it may be deleted at any time outside of its own events, and by
+/// `deleteLater` also from a slot of its signals.
+///
+/// **Order of calls.** Construct and connect; set colours, frames per second, ranges and font; `addCurve`;
+/// `setDefaultSelected`; show. While the dialog lives: `setTimeLine` when the host's clock moves,
+/// `updateCurves` after each change that the host makes to a spline or an expression, the renames and
+/// removals as its own objects change, `deleteExpression` when it drops an expression.
+///
+/// **Units.** Times are in time units everywhere; a frame number is a time multiplied by the frames per
+/// second. Names compare exactly. A name that is not known, a null list item, a number that is not finite or
+/// a missing current curve make a call return without effect. Everything happens on the GUI thread; signals
+/// are synchronous.
+class CURVEEDITOR_EXPORT CurveEditor : public CurveEditorDialogBase, public DependencyCheck, public NodePage
+{
+    Q_OBJECT
+
+public:
+    /// One group of curves.
+    struct MainNodeStruct
+    {
+        MainNodeStruct() = default;
+        MainNodeStruct(const MainNodeStruct&) = delete;
+        MainNodeStruct& operator=(const MainNodeStruct&) = delete;
+        ~MainNodeStruct();
+
+        QTreeWidgetItem* item = nullptr; ///< a row for the group's pixmap; this dialog makes none
+        QMenu* menu = nullptr;           ///< submenu of the "D vars" menu; deleted with the record
+        int menuId = 0;                  ///< the id in the data of the submenu's entry
+        QString name;
+    };
+
+    /// One registered curve.
+    struct NodeStruct
+    {
+        NodeStruct() = default;
+        NodeStruct(const NodeStruct&) = delete;
+        NodeStruct& operator=(const NodeStruct&) = delete;
+        ~NodeStruct();
+
+        SplineBase* spline = nullptr;           ///< the host's
+        FunctionFloatBase** function = nullptr; ///< the host's variable for the expression
+        QTreeWidgetItem* checkItem = nullptr;   ///< a row in a check list; this dialog makes none
+        QTreeWidgetItem* editingItem = nullptr; ///< the row of the editing list; deleted with the record
+        QAction* action = nullptr;              ///< the entry in the "D vars" menu; deleted with the record
+        QColor color;
+        float defaultValue = 0.0F;
+        float minValue = 0.0F;
+        float maxValue = 0.0F;
+        QString name; ///< the full name: group, ".", curve
+    };
+
+    /// Builds the dialog: not modal, without any curve, frames shown, 10 frames per time unit, times -1.0 to
+    /// 10.0 and values -3.0 to 3.0 in view. The parent, if any, owns it.
+    explicit CurveEditor(QWidget* parent = nullptr);
+    /// Leaves all splines and expressions as they are.
+    ~CurveEditor() override;
+
+    // Curves and groups
+
+    /// Registers a curve and offers it as a variable in the "D vars" menu; the first curve of a group makes
+    /// the group. A full name that is known already, or a null `spline` or `function`, changes nothing.
+    /// `defaultValue` is what a reset leaves; `minValue` and `maxValue` clamp the curve's value, all in value
+    /// units. The curve is an expression curve if `*function` is not null when it comes onto the canvas.
+    void addCurve(const QString& nodeName, const QString& curveName, const QColor& color, float defaultValue,
+                  SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
+    /// Takes a curve off the canvas and out of the register. Its group stays, its data too.
+    void removeCurve(const QString& nodeName, const QString& curveName);
+    /// Gives a curve another name within its group. Expressions that read it under the old name stay as they
+    /// are, and whether the new name is taken is not looked at.
+    void renameCurve(const QString& nodeName, const QString& curveName, const QString& newCurveName);
+    /// Removes a group and every curve whose full name begins with it and a dot.
+    void removeNode(const QString& nodeName);
+    /// Renames a group and every curve whose full name begins with it and a dot.
+    void renameNode(const QString& nodeName, const QString& newNodeName);
+    /// Gives a group's row a picture. This dialog shows no such row, so nothing is seen.
+    void setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap);
+
+    /// The first record of that group name, full name or lower variable name (the full name in lower case
+    /// with "_" for each blank); null if there is none. The record stays the editor's.
+    MainNodeStruct* searchMainNode(const QString& name);
+    NodeStruct* searchAllNodeList(const QString& name);
+    NodeStruct* searchAllNodeListCurveName(const QString& name);
+
+    /// Puts a registered curve on the canvas and makes it current. A curve that is there already is made
+    /// current only; the host then hears of its changes once more for each such call, until it leaves the
+    /// canvas.
+    void setDefaultSelected(const QString& nodeName, const QString& curveName);
+    /// Takes all curves off the canvas. They stay registered.
+    void cleanSelecteds();
+    /// Shows no row of the editing list as selected.
+    void setAllNodeListUnselected();
+
+    /// Draws all curves anew. To be called after each change that the host makes by itself; points may be
+    /// gone then.
+    void updateCurves();
+    /// While the dialog is visible: the curve, if it is on the canvas, becomes a spline curve, and the object
+    /// in its variable is deleted. While it is hidden: the object in `*function` is deleted. The variable is
+    /// null afterwards.
+    void deleteExpression(const QString& nodeName, const QString& curveName, FunctionFloatBase** function);
+    /// Writes the table of all curves on the canvas: a banner, then one row for each whole time within the
+    /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing.
+    void exportSensorData(QTextStream& out);
+
+    // Time, frames, font
+
+    /// Frames per time unit.
+    double getFps() const override;
+    /// Whether horizontal numbers show as frames, or as time.
+    bool isModeFrames() const override;
+    bool isModeTime() const;
+    /// Gives the dialog, its menus and most of its labels a font; the fields and the grid keep theirs.
+    virtual void setFont(const QFont& font);
+
+    // Colours; a change shows at the next paint. The four of points and handles hold for all editors of the
+    // process.
+
+    void setCanvasColor(const QColor& color);
+    void setSelectionColor(const QColor& color);
+    void setControllerColor(const QColor& color);
+    void setControllerSelectedColor(const QColor& color);
+    void setControlPointColor(const QColor& color);
+    void setControlPointSelectedColor(const QColor& color);
+    void setFrameFontColor(const QColor& color);
+    void setFrameLinesColor(const QColor& color);
+    void setFrameHLineColor(const QColor& color);
+    void setFrameVLineColor(const QColor& color);
+    void setTimeLineColor(const QColor& color);
+
+public Q_SLOTS:
+    // Host settings
+
+    /// Moves the time line, by a time or by a frame number.
+    void setTimeLine(const double& val);
+    void setTimeLine(int val);
+    /// Frames per time unit. Zero and less are stored, and show numbers of no use; they do no harm.
+    void setFps(const double& val);
+    /// The limits of time; the view shows all of it. Limits that leave no range show an empty canvas, until
+    /// others follow or "Reset View" mends them.
+    void setTimeRange(const double& timeMin, const double& timeMax);
+    /// The limits of the value, and the edge of the view with it.
+    void setMinValue(const double& val);
+    void setMaxValue(const double& val);
+
+    /// Whether horizontal numbers show as time, or as frames.
+    void setShowTime();
+    void setShowFrames();
+
+    // Read-outs; times in time units
+
+    /// Writes a place of the plane into the node page.
+    void setPosInfo(const double& valueX, const double& valueY) override;
+    /// Writes the place of the mouse and the value of the curve there into the read-outs.
+    void setFuncPosInfo(const double& valueX, const double& valueY, const double& val);
+
+    // For a host's own list of curves, whose rows are named by the full names below a row for each group.
+    // Null and top level rows are passed over.
+
+    void pressedItem(QTreeWidgetItem* who);
+    void pressedSpaceItem(QTreeWidgetItem* who);
+    void rightButtonPressedItem(QTreeWidgetItem* who, const QPoint& point, int column);
+    /// Puts the curve that the row names on the canvas.
+    void doubleClickedItem(QTreeWidgetItem* who, const QPoint& point, int column);
+
+    // The editing list
+
+    void pressedEditingItem(QTreeWidgetItem* who);
+    void rightButtonPressedEditingItem(QTreeWidgetItem* who, const QPoint& point, int column);
+    void selectionChangedEditingItem(QTreeWidgetItem* who);
+    /// As `setDefaultSelected`, with the full name. Any text may come here.
+    void setEditingNode(const QString& name);
+    void slotMenuEditingNodeColor();
+    void slotMenuEditingNodeRemove();
+    void slotRemoveFromEditing(QTreeWidgetItem* item);
+    void emitSignalCurveHasChanged(QString& nodeName, QString& curveName);
+
+    // The expression page; the ids are those in the data of the menus' entries
+
+    /// Parses the command line for the current curve.
+    void executeCommand();
+    void insertUnaryFunc(int id);
+    void insertBinaryFunc(int id);
+    void insertTernaryFunc(int id);
+    void insertIVarFunc(int id);
+    void insertDVarFunc(int id);
+    /// Shows the current curve as its expression, or as its spline while its expression is kept.
+    void setExpression();
+    void setTcb();
+    /// Deletes the expression of the current curve and tells the host.
+    void deleteCurveClicked();
+    /// Brings the dialog in line with the current curve.
+    void refreshCommandLine();
+    void errorClosed();
+    bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) override;
+
+    // Commands of the "File" menu
+
+    /// Every curve on the canvas, or the current one, loses its expression and goes back to one point.
+    void resetAllCheckedF();
+    void resetSelectedF();
+    /// Asks for a file and reads the current curve from it. A file that is no whole curve is refused with a
+    /// message and changes nothing.
+    void loadFile();
+    /// Asks for a file and writes the current curve to it, as a whole or, with a message, not at all.
+    void saveFile();
+
+    // Commands of the "Options" menu and of the view buttons
+
+    /// Asks for the range of times and values.
+    void setRange();
+    /// Asks for factors or offsets of time and value for the selected points.
+    void setScaleSelection();
+    void setPanSelection();
+    /// Shows all that the limits allow. Limits that can't be shown are mended first: put in order if they are
+    /// reversed, else replaced by those of a new editor.
+    void resetViewport();
+    void completeViewport();
+    void completeViewportH();
+    void completeViewportV();
+    /// Asks for a picture and shows it behind the curves.
+    void loadImage();
+    void clearImage();
+    void setFirstNodeZero();
+    void setFirstNodeConstant();
+    void setLastNodeZero();
+    void setLastNodeConstant();
+    void setLastNodeLoop();
+    void setLastNodeLoopOffset();
+    void setLastNodeFollowTangent();
+    void changeNodeFirstType(int index);
+    void changeNodeLastType(int index);
+
+protected Q_SLOTS:
+    void languageChange() override;
+
+Q_SIGNALS:
+    /// The dialog got a close event. It closes without a question and saves nothing.
+    void closed();
+    /// The user has edited a curve on the canvas. When the slot runs, spline and variable hold the change.
+    /// The names are the parts of the full name before its first and behind its last dot.
+    void curveHasChanged(QString& nodeName, QString& curveName);
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    /// Makes the canvas a stop of the Tab key, between the pages and the node page.
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void preInit();
+    void createActions();
+    void createMainMenu();
+    void createViewButtons();
+    void createEditingList();
+    void createExpressionTool();
+    void connectActions();
+    void connectWidgets();
+    void connectEditingList();
+    QAction* createAction(const char* name);
+    QAction* createToggleAction(const char* name, QActionGroup* group);
+    QMenu* createExpressionMenu(const QString& text, const QStringList& entries);
+    QToolButton* createMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
+    QToolButton* createViewButton(QWidget* box, const QString& text, const QString& name);
+
+    void addNewMainNode(const QString& name);
+    void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
+                    float defaultValue, SplineBase* spline, FunctionFloatBase** function, float minValue,
+                    float maxValue);
+    void addNewNode(MainNodeStruct* group, const QString& fullName, const QColor& color, float defaultValue,
+                    SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
+    void renameRecord(NodeStruct& node, const QString& newName);
+    void eraseRecord(NodeStruct* node);
+    std::vector<NodeStruct*> nodesOfGroup(const QString& nodeName) const;
+    NodeStruct* searchCheckList(const QTreeWidgetItem* item);
+    NodeStruct* searchAllNodeEditingList(const QTreeWidgetItem* item);
+    QColor getColorFromNode(const QTreeWidgetItem* item);
+    QColor getColorFromEditingNode(const QTreeWidgetItem* item);
+    void setColorToNode(const QTreeWidgetItem* item, const QColor& color);
+    void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
+
+    void setCurveEditableOn(NodeStruct* node);
+    void setCurveEditableOff(NodeStruct* node);
+    void showSelectedRow(NodeStruct* node);
+
+    void setSplineToolsEnabled(bool enabled);
+    void showBehaviour(int firstType, int lastType);
+    void setMinTime(const double& val);
+    void setMaxTime(const double& val);
+    void showTimeBounds(double factor);
+    void paintCanvas();
+    void paintChangedView();
+    QString proposedFileName() const;
+
+    std::vector<std::unique_ptr<MainNodeStruct>> mainNodeList;
+    std::vector<std::unique_ptr<NodeStruct>> nodeList;
+    int nextVariableId_ = 0;
+
+    FunctionEditor* functionEdit = nullptr;
+    std::unique_ptr<ControlMenu2> editingMenu;
+
+    QMenu* fileMenu = nullptr;
+    QMenu* curvesMenu = nullptr;
+    QMenu* optionsMenu = nullptr;
+    QMenu* firstNodeMenu = nullptr;
+    QMenu* lastNodeMenu = nullptr;
+    QMenu* horizontalAxisMenu = nullptr;
+    QMenu* unaryMenu = nullptr;
+    QMenu* binaryMenu = nullptr;
+    QMenu* ternaryMenu = nullptr;
+    QMenu* iVarMenu = nullptr;
+    QMenu* dVarMenu = nullptr;
+
+    QToolButton* fitButton = nullptr;
+    QToolButton* fitHButton = nullptr;
+    QToolButton* fitVButton = nullptr;
+    QToolButton* scaleButton = nullptr;
+    QToolButton* panButton = nullptr;
+
+    CustomEditLine* funcTimeEdit = nullptr;
+    CustomEditLine* funcCursorEdit = nullptr;
+    CustomEditLine* funcValueEdit = nullptr;
+
+    QAction* resetAllChecked = nullptr;
+    QAction* resetSelected = nullptr;
+    QAction* loadCurve = nullptr;
+    QAction* saveCurve = nullptr;
+    QAction* setWaveRangeAction = nullptr;
+    QAction* resetRangeAction = nullptr;
+    QAction* loadImageAction = nullptr;
+    QAction* clearImageAction = nullptr;
+    QAction* setCompleteAction = nullptr;
+    QAction* setCompleteHAction = nullptr;
+    QAction* setCompleteVAction = nullptr;
+    QAction* openScaleSelection = nullptr;
+    QAction* openPanSelection = nullptr;
+    QAction* showTimeAction = nullptr;
+    QAction* showFramesAction = nullptr;
+    QAction* firstNodeZeroAction = nullptr;
+    QAction* firstNodeConstantAction = nullptr;
+    QAction* lastNodeZeroAction = nullptr;
+    QAction* lastNodeConstantAction = nullptr;
+    QAction* lastNodeLoopAction = nullptr;
+    QAction* lastNodeLoopOffsetAction = nullptr;
+    QAction* lastNodeFollowTangentAction = nullptr;
+    QAction* optionsFirstNodeAction = nullptr;
+    QAction* optionsLastNodeAction = nullptr;
+    QAction* optionsHorizontalAxisAction = nullptr;
+};

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/canvas/CanvasFunctionBase.h>
+#include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/panel/TcbEditorForm.h>
+
+#include <QWidget>
+
+class CurveEditor;
+
+/// The widget on which the curves are seen and touched. It draws and edits nothing by itself: each event
+/// goes, in a fixed order, to the view gestures of its `ViewPort` base, to `canvas` and to `nodeForm`.
+///
+/// The dialog creates it in its frame `functionView`, which owns it. Positions of events are logical pixels.
+class FunctionEditor : public QWidget, public ViewPort
+{
+    Q_OBJECT
+
+public:
+    /// `parent` is the frame that the widget fills; `editor` is what canvas and form reach the dialog
+    /// through. All widgets of `editor` must exist. Neither pointer may be null.
+    FunctionEditor(QWidget* parent, CurveEditor* editor);
+    ~FunctionEditor() override;
+
+    CanvasFunctionBase canvas; ///< the curves on the canvas
+    TcbEditorForm nodeForm;    ///< the page that shows the selected point
+
+    /// Puts a curve on the canvas, see `CanvasFunctionBase::addCurve`.
+    CurveNodeBase* setCurveEditableOn(QWidget* menu, const QString& name, const QColor& color,
+                                      float defaultValue, SplineBase* spline, FunctionFloatBase** expression,
+                                      float minValue, float maxValue);
+    /// Takes a curve off the canvas; the form lets go of its points.
+    void setCurveEditableOff(const QString& name);
+    void setCurveColor(const QString& name, const QColor& color);
+
+    /// Makes the current curve a spline curve; with `dropExpression` its expression is deleted.
+    void setCurrentToSpline(const bool& dropExpression);
+    /// Makes the current curve an expression curve and closes the form.
+    void setCurrentToExpression();
+    void notifyCurrentChanged();
+
+    /// Disables the form if it is open.
+    void closeNodeForm();
+    /// Shows the selected point in the form, which opens only if `enable` is true. What the host has removed
+    /// from the current spline is no longer selected then.
+    void showSelection(bool enable);
+
+    void resetAllCurves();
+    void resetCurrentCurve();
+
+    /// Fit the visible range to the points of the current spline: its times, its values with a tenth of their
+    /// span on each side, or both. They do not paint.
+    void completeViewportH();
+    void completeViewportV();
+    void completeViewport();
+
+    /// Public, as the dialog hands on each key that reaches it.
+    void keyPressEvent(QKeyEvent* event) override;
+
+public Q_SLOTS:
+    void currentNodeHasChanged();
+
+Q_SIGNALS:
+    /// The place of the mouse in the plane. Silent while a single point is selected.
+    void setPosInfo(const double& valueX, const double& valueY);
+    /// The place of the mouse in the plane, and the value of the current curve at that time: 0.0 without one.
+    void setFuncPosInfo(const double& valueX, const double& valueY, const double& val);
+
+protected:
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void showSelectionOfSpline();
+    void reportPosition(const QMouseEvent& event);
+    void loadBand();
+};
