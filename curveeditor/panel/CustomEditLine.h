@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLineEdit>
+
+/// A line for one number. It shows three decimals, reports every change at once, keeps what it reports
+/// between two bounds, and changes its number when the mouse is dragged up or down over it.
+///
+/// The text is the value: no number is kept beside it. A text that is no number counts as 0.0, also "nan"; an
+/// infinite one counts as the bound on its side. The decimal sign is "." whatever the locale.
+class CustomEditLine : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// Starts with bounds of -100000000.0 and 100000000.0, an empty text and room for 9 characters.
+    explicit CustomEditLine(QWidget* parent = nullptr, const QString& name = QString());
+
+    /// Sets both bounds and leaves the text alone. They are not checked against each other.
+    void setBounds(double low, double high);
+
+    /// Returns `value`, or the bound that it lies beyond. Not-a-number passes through.
+    double clampToBounds(double value) const;
+
+    /// Shows `value` with three decimals, without clamping it and without a signal. Decimals that don't fit
+    /// the maximum length are cut off; a number whose whole part doesn't fit is shown with an exponent, so
+    /// that no false number ever stands in the line.
+    void setValue(double value);
+
+    /// Shows `value` with three decimals and the label in brackets, "1.000 [Time]". A text that is too long
+    /// loses its end.
+    void setValue(double value, const char* label);
+
+    /// As wide as the longest number that the maximum length lets in.
+    QSize sizeHint() const override;
+
+public Q_SLOTS:
+    /// Rewrites the text as its number, clamped and with three decimals. Emits nothing.
+    void checkTextBounds();
+
+Q_SIGNALS:
+    /// A key was pressed in `sender`, or a drag moved it. `value` lies within the bounds and is not rounded
+    /// to what is on show.
+    void newValueSet(const double& value, CustomEditLine* sender);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    int pressGlobalY = 0;
+    double pressValue = 0.0;
+    bool dragging = false;
+    double maxValue = 0.0;
+    double minValue = 0.0;
+};

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/ParseMessage.h>
+
+#include <QLineEdit>
+#include <QPalette>
+
+/// The command line of the expression page. It shows the outcome of a parse, with the faulty span selected in
+/// a warning colour until the next key or mouse button, and takes dropped names of curves.
+class ExpressionEditLine : public QLineEdit
+{
+public:
+    /// Starts with an example as its text and room for 16384 characters.
+    explicit ExpressionEditLine(QWidget* parent = nullptr, const QString& name = QString());
+
+    /// Shows the text of `message` as the parser read it. If it holds errors, the first of its spans is
+    /// selected in the warning colour, and the next key replaces it.
+    void showMessage(const ParseMessage& message);
+
+    /// Inserts "_" at the cursor and takes the focus.
+    void insertUnderscore();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void showErrorColors();
+    void restoreColors();
+
+    QPalette savedPalette;
+    ParseMessage lastMessage;
+    bool errorShown = false;
+};

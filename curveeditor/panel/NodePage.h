@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class CustomEditLine;
+class QComboBox;
+class QPushButton;
+class QStackedWidget;
+class TcbCurveFrame;
+
+/// The widgets of the node page, none of them owned, none of them null.
+struct NodePageWidgets
+{
+    QPushButton* prevNode = nullptr;
+    QPushButton* nextNode = nullptr;
+    CustomEditLine* node = nullptr; ///< index of the point, the first is 0
+    CustomEditLine* posX = nullptr; ///< time, or frame number in frames mode
+    CustomEditLine* posY = nullptr; ///< value
+    CustomEditLine* tension = nullptr;
+    CustomEditLine* continuity = nullptr;
+    CustomEditLine* bias = nullptr;
+    CustomEditLine* incoming = nullptr; ///< slope, values per time unit
+    CustomEditLine* outgoing = nullptr; ///< slope, values per time unit
+    CustomEditLine* easeFrom = nullptr;
+    CustomEditLine* easeTo = nullptr;
+    QComboBox* nodeTypeCombo = nullptr;            ///< entries: Tcb, Bezier, Linear
+    QStackedWidget* nodeTypeWidgetStack = nullptr; ///< page 0 Tcb parameters, page 1 tangents
+    TcbCurveFrame* tcbCurve = nullptr;
+};
+
+/// What the node form needs of the dialog it works in. The editor implements it.
+class NodePage
+{
+public:
+    virtual ~NodePage() = default;
+
+    /// The widgets. They live as long as the dialog.
+    virtual NodePageWidgets nodePageWidgets() const = 0;
+
+    /// Shows a position in `posX` and `posY`: `valueX` in time units, shown as a frame number in frames mode,
+    /// and `valueY` in value units.
+    virtual void setPosInfo(const double& valueX, const double& valueY) = 0;
+
+    /// True if times are shown and typed as frame numbers.
+    virtual bool isModeFrames() const = 0;
+
+    /// Frames in one time unit. May be any number, also 0.0.
+    virtual double getFps() const = 0;
+};

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/SplineBase.h>
+
+#include <QFrame>
+
+/// The small picture of the node page that shows what a point's parameters do to a curve: a hump from 0 up to
+/// 1 and down again, whose top takes the parameters, drawn as a row of crosses. It owns the spline of the
+/// hump; the user's curve is never drawn here.
+class TcbCurveFrame : public QFrame
+{
+public:
+    explicit TcbCurveFrame(QWidget* parent = nullptr, const QString& name = QString());
+
+    /// Gives the top of the hump the tension, continuity, bias, eases, tangents and type of `point`, but not
+    /// its time and value. Does not repaint.
+    void setFromPoint(const SplineBase::PointInfo* point);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    SplineBase previewSpline;
+};

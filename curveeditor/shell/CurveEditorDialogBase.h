@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+
+#include <QDialog>
+
+class CustomEditLine;
+class EditingList;
+class ExpressionEditLine;
+class PlainToolBar;
+class QComboBox;
+class QFrame;
+class QGridLayout;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QSplitter;
+class QStackedWidget;
+class QTabWidget;
+class QVBoxLayout;
+class TcbCurveFrame;
+
+/// The widgets of the main dialog and nothing else: it builds and names them, `CurveEditor` gives them their
+/// work. Every widget and layout is a public member named as its object; all of them are set when the
+/// constructor returns, and are children of the dialog that die with it.
+class CURVEEDITOR_EXPORT CurveEditorDialogBase : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// An empty `name` stands for the name of the class.
+    explicit CurveEditorDialogBase(QWidget* parent = nullptr, const QString& name = QString(),
+                                   bool modal = false, Qt::WindowFlags flags = {});
+
+    PlainToolBar* mainMenu = nullptr;
+    QSplitter* splitter11 = nullptr;
+    EditingList* checkListsEditing = nullptr;
+    QSplitter* splitter10 = nullptr;
+    QFrame* functionView = nullptr; ///< frame of the canvas
+    QTabWidget* tabWidget2 = nullptr;
+
+    QWidget* tab = nullptr; ///< the node page
+    QFrame* frame11 = nullptr;
+    QPushButton* prevNode = nullptr;
+    QPushButton* nextNode = nullptr;
+    CustomEditLine* node = nullptr;
+    CustomEditLine* posX = nullptr;
+    QLabel* textLabel1 = nullptr;
+    CustomEditLine* posY = nullptr;
+    QLabel* textLabel2 = nullptr;
+    QFrame* line1 = nullptr;
+    QLabel* textLabel1_2 = nullptr;
+    QComboBox* nodeFirst = nullptr; ///< the index is a `SplineBase::firstType`
+    QLabel* textLabel1_2_2 = nullptr;
+    QComboBox* nodeLast = nullptr; ///< the index is a `SplineBase::lastType`
+    QFrame* frame10 = nullptr;
+    QLabel* textLabel1_2_3_2_2 = nullptr;
+    QLabel* textLabel1_2_3_2 = nullptr;
+    CustomEditLine* easeFrom = nullptr;
+    CustomEditLine* easeTo = nullptr;
+    QComboBox* nodeTypeCombo = nullptr;            ///< in the order Tcb, Bezier, Linear
+    QStackedWidget* nodeTypeWidgetStack = nullptr; ///< page 0 `tcbPage`, page 1 `ioPage`
+    QWidget* tcbPage = nullptr;
+    QLabel* textTension = nullptr;
+    CustomEditLine* tension = nullptr;
+    QLabel* textContinuity = nullptr;
+    CustomEditLine* continuity = nullptr;
+    QLabel* textBias = nullptr;
+    CustomEditLine* bias = nullptr;
+    QWidget* ioPage = nullptr;
+    CustomEditLine* outgoing = nullptr;
+    CustomEditLine* incoming = nullptr;
+    QLabel* textIncoming = nullptr;
+    QLabel* textOutcoming = nullptr;
+    TcbCurveFrame* tcbCurve = nullptr;
+
+    QWidget* tab_2 = nullptr; ///< the expression page
+    PlainToolBar* expressionTool = nullptr;
+    ExpressionEditLine* commandLine = nullptr;
+    QPushButton* deleteCurve = nullptr;
+
+    QVBoxLayout* CurveEditorDialogBaseLayout = nullptr;
+    QHBoxLayout* tabLayout = nullptr;
+    QHBoxLayout* frame11Layout = nullptr;
+    QVBoxLayout* layout15 = nullptr;
+    QHBoxLayout* layout13 = nullptr;
+    QGridLayout* layout14 = nullptr;
+    QVBoxLayout* layout24 = nullptr;
+    QHBoxLayout* frame10Layout = nullptr;
+    QGridLayout* layout21 = nullptr;
+    QGridLayout* tcbPageLayout = nullptr;
+    QGridLayout* ioPageLayout = nullptr;
+    QVBoxLayout* tabLayout_2 = nullptr;
+    QHBoxLayout* layout4 = nullptr;
+
+protected Q_SLOTS:
+    /// Sets every text the user sees. Runs in the constructor, and again when the language changes.
+    virtual void languageChange();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void buildSplitters();
+    void buildNodePage();
+    void buildPositionFrame();
+    void buildParameterFrame();
+    void buildTcbPage();
+    void buildTangentPage();
+    void buildExpressionPage();
+    void nameForAssistiveTools();
+};

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QToolBar>
+
+/// A tool bar that stands in a layout, without a main window.
+class PlainToolBar : public QToolBar
+{
+    Q_OBJECT
+
+public:
+    PlainToolBar(QWidget* parent, const QString& label);
+};

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+
+#include <QDialog>
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QVBoxLayout;
+
+/// Asks for the two factors by which the selected points are scaled, of time and of value. The lines hold
+/// plain text without bounds; who opened the dialog fills and reads them. "Ok" accepts, "Cancel" rejects.
+class CURVEEDITOR_EXPORT ScaleDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// An empty `name` stands for the name of the class.
+    explicit ScaleDialog(QWidget* parent = nullptr, const QString& name = QString(), bool modal = false,
+                         Qt::WindowFlags flags = {});
+
+    QLabel* textLabel3_2 = nullptr;
+    QLineEdit* scaleX = nullptr;
+    QLabel* textLabel1 = nullptr;
+    QLineEdit* scaleY = nullptr;
+    QPushButton* allDoneScale = nullptr;
+    QPushButton* cancelScale = nullptr;
+
+    QVBoxLayout* ScaleDialogLayout = nullptr;
+    QHBoxLayout* layout2_2 = nullptr;
+    QHBoxLayout* layout5 = nullptr;
+    QHBoxLayout* layout5_2 = nullptr;
+
+protected Q_SLOTS:
+    /// Sets every text the user sees.
+    virtual void languageChange();
+
+protected:
+    void changeEvent(QEvent* event) override;
+};

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+
+#include <QDialog>
+
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QVBoxLayout;
+
+/// Asks for the visible range, X in time units and Y in value units. The lines hold plain text without
+/// bounds; who opened the dialog fills and reads them. "Ok" accepts, "Cancel" rejects.
+class CURVEEDITOR_EXPORT ViewportSettings : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// An empty `name` stands for the name of the class.
+    explicit ViewportSettings(QWidget* parent = nullptr, const QString& name = QString(), bool modal = false,
+                              Qt::WindowFlags flags = {});
+
+    QLabel* textLabel3 = nullptr;
+    QLineEdit* minX = nullptr;
+    QLabel* textLabel1 = nullptr;
+    QLineEdit* minY = nullptr;
+    QLabel* textLabel2 = nullptr;
+    QLineEdit* maxX = nullptr;
+    QLabel* textLabel4 = nullptr;
+    QLineEdit* maxY = nullptr;
+    QPushButton* allDone = nullptr;
+    QPushButton* cancel = nullptr;
+
+    QVBoxLayout* ViewportSettingsLayout = nullptr;
+    QHBoxLayout* layout2 = nullptr;
+    QHBoxLayout* layout5 = nullptr;
+    QHBoxLayout* layout4 = nullptr;
+    QHBoxLayout* layout3 = nullptr;
+    QHBoxLayout* layout5_2 = nullptr;
+
+protected Q_SLOTS:
+    /// Sets every text the user sees.
+    virtual void languageChange();
+
+protected:
+    void changeEvent(QEvent* event) override;
+};
