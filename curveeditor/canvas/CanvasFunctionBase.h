@@ -1,0 +1,234 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/SplineBase.h>
+
+#include <QColor>
+#include <QObject>
+#include <QPixmap>
+#include <QString>
+
+#include <iosfwd>
+#include <memory>
+#include <vector>
+
+class BackgroundImage;
+class CanvasGrid;
+class CanvasSpline;
+class CurveNodeBase;
+class DependencyCheck;
+class FunctionFloatBase;
+class ParseMessage;
+class QKeyEvent;
+class QMouseEvent;
+class QPainter;
+class QPoint;
+class QRect;
+class QTextStream;
+class QWidget;
+class ViewPort;
+
+/// The controller of the canvas: which curves are on it, which one is current, the picture of them all, and
+/// what mouse and keys do to the current curve.
+///
+/// It is no widget. Its `QObject` parent is the widget that it paints for and whose events it gets; that
+/// widget holds it by value. It owns the curves, the grid and the background image; the viewport and the
+/// editor belong to others and outlive it. Positions are logical pixels of the widget, times are time units.
+///
+/// Whatever reports a change (`CurveNodeBase::curveHasChanged`, `changeCommandLine`) and whatever opens a
+/// menu or a message box may run foreign code that removes curves. All operations here allow for that.
+class CanvasFunctionBase : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `parent` is the widget; `editor` answers whether an expression closes a cycle, null means never.
+    CanvasFunctionBase(QObject* parent, DependencyCheck* editor);
+    ~CanvasFunctionBase() override;
+
+    DependencyCheck* getEditor() const { return editor; }
+    ViewPort* getViewport() const { return viewport; }
+    /// Stores the viewport; without one nothing is painted, and no event does anything.
+    void setViewport(ViewPort* newViewport);
+
+    /// \name The curves
+    /// Names are full names and compare exactly. A name that is not found changes nothing.
+    /// \{
+
+    /// A new curve, which becomes the current one; or the curve of that name if there is one, unchanged.
+    CurveNodeBase* addCurve(QWidget* menu, const QString& name, const QColor& color, float defaultValue,
+                            SplineBase* spline, FunctionFloatBase** expression, float minValue,
+                            float maxValue);
+    /// The first curve of that name; null if there is none.
+    CurveNodeBase* findCurve(const QString& name) const;
+    void setCurveColor(const QString& name, const QColor& color);
+    void renameCurve(const QString& oldName, const QString& newName);
+    /// Deletes the curve; if it was the current one, the first that is left becomes current.
+    void removeCurve(const QString& name);
+    void removeCurve(CurveNodeBase* curve);
+    /// Deletes all curves. Neither paints nor tells anybody.
+    void removeAllCurves();
+    /// Selections let go of the points that their splines do not hold any more. To be called after the host
+    /// has changed splines by itself.
+    void dropLostPoints();
+
+    /// Makes a curve of this canvas the current one; null leaves it. Emits `changeCommandLine()` in any case.
+    void setCurrentCurve(CurveNodeBase* curve);
+    void setCurrentCurve(const QString& name);
+    /// \}
+
+    /// \name The current curve
+    /// Without one these give null, 0, false or an empty text, or do nothing.
+    /// \{
+    CurveNodeBase* getCurrentCurve() const { return current; }
+    /// "None" without a current curve.
+    QString getCurrentCurveName() const;
+    CanvasSpline* currentSpline() const;
+    SplineBase* currentSplineBase() const;
+    bool noCurrentCurve() const { return !current; }
+    /// The kind of the current curve: 0 for a spline.
+    int isCurrentExpression() const;
+    QString getCurrentExpressionText() const;
+    /// `value` becomes the clamped value at `time`, and the result true.
+    bool getCurrentValue(const double& time, double& value) const;
+    /// Exactly one point is selected.
+    bool hasSinglePoint() const;
+    void setCurrentToSpline(const bool& dropExpression);
+    void setCurrentToExpression();
+    void resetAllCurves();
+    void resetCurrentCurve();
+    /// Reports the current curve as changed.
+    void notifyCurrentChanged();
+
+    /// Parses `text` and gives the result to the current curve, tells the user about a fault, and reports the
+    /// change if there is none. `message` has the outcome.
+    void parseExpression(const QString& text, ParseMessage& message);
+
+    /// Writes the current curve as a curve file. Returns false if the stream failed or there is no curve or
+    /// no expression to write.
+    bool saveCurve(std::ostream& out) const;
+    /// Reads a curve file into the current curve and reports the change. Returns false, and changes nothing,
+    /// if there is no current curve or the file is not a whole curve. The colour in the file is not used.
+    bool loadCurve(std::istream& in);
+
+    /// The behaviour of the spline before its first and after its last point. Paints; reports nothing.
+    void setFirstNodeZero();
+    void setFirstNodeConstant();
+    void setLastNodeZero();
+    void setLastNodeConstant();
+    void setLastNodeLoop();
+    void setLastNodeLoopOffset();
+    void setLastNodeFollowTangent();
+
+    /// Multiplies, or shifts, times and values of the selected points about the origin of the plane. Paints;
+    /// reports nothing.
+    void scaleSelection(const double& timeFactor, const double& valueFactor);
+    void panSelection(const double& timeOffset, const double& valueOffset);
+
+    /// Times of the first and the last point, lowest and highest value of the points. An expression, or a
+    /// spline of fewer than two points, leaves the arguments as they are.
+    void getExtent(double& timeFirst, double& timeLast, double& valueLowest, double& valueHighest) const;
+
+    /// A new point at the place of the last press, if `curve` is the current one and a spline. While the
+    /// point menu is open over another canvas nothing happens.
+    void createNodeAtCursor(CurveNodeBase* curve);
+    /// \}
+
+    /// Writes all curves, not clamped, at each whole number within the time limits of the viewport as a
+    /// sensor data file. Writes nothing and returns false if that are more than
+    /// `SensorTable::maximumRows` rows, or without a viewport.
+    bool exportSensorData(QTextStream& out) const;
+
+    /// \name The picture
+    /// \{
+
+    /// Draws everything into the buffer, rebuilding only what is out of date, and lets the widget show it. A
+    /// widget that is not visible gets nothing.
+    void paint();
+    /// For the widget's `paintEvent`: shows the buffer, after `paint`ing anew if the event was not caused by
+    /// `paint` itself.
+    void showBuffer(QPainter* painter);
+    /// Gives the buffer the size and the pixel ratio of the widget.
+    void resizeBuffer();
+
+    /// These store; the change shows at the next paint. The colours of markers and handles are shared by all
+    /// canvases of the process.
+    void setSelectionColor(const QColor& color);
+    void setCanvasColor(const QColor& color);
+    void setControllerColor(const QColor& color);
+    void setControllerSelectedColor(const QColor& color);
+    void setControlPointColor(const QColor& color);
+    void setControlPointSelectedColor(const QColor& color);
+    void setFrameFontColor(const QColor& color);
+    void setFrameHLineColor(const QColor& color);
+    void setFrameVLineColor(const QColor& color);
+    void setFrameLinesColor(const QColor& color);
+    void setTimeLineColor(const QColor& color);
+
+    /// Puts a picture behind the curves, or takes it away.
+    void loadImage(const QString& fileName);
+    void clearImage();
+    /// \}
+
+    /// \name Events of the widget
+    /// They paint nothing: the widget calls `paint` after each.
+    /// \{
+
+    /// Returns true if the press is taken, so that the viewport must not see it.
+    bool mousePress(QMouseEvent* event);
+    void mouseDoubleClick(QMouseEvent* event);
+    void mouseRelease(QMouseEvent* event);
+    /// To be called while a button or a modifier key is held.
+    void mouseMove(QMouseEvent* event);
+    void keyPress(QKeyEvent* event);
+    /// \}
+
+public Q_SLOTS:
+    /// The current curve was edited by others: paints and reports it.
+    void currentNodeHasChanged();
+    /// Takes the mark of the last press away, at the next paint.
+    void hideMark();
+
+Q_SIGNALS:
+    /// The current curve, or the expression that is shown for it, may be another one now.
+    void changeCommandLine();
+
+private:
+    QWidget* widget() const;
+    void render();
+    void fitBuffer();
+    void drawBackground(QPainter& painter, const QRect& canvasRect);
+    void drawMark(QPainter& painter) const;
+    void drawBand(QPainter& painter) const;
+    void drawSelectionSpan(QPainter& painter) const;
+    void drawCurves(QPainter& painter);
+
+    bool pickCurve(const QPoint& pixel);
+    bool hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const;
+    void updateSelection(SplineBase::PointInfo* point, bool shift);
+    bool pressOnSelection(const QMouseEvent& event);
+    bool pressOnEmptyCanvas(const QMouseEvent& event);
+    void openPointMenu(const QMouseEvent& event);
+    void dragSelection(double time, double value, bool scaling);
+    void addPoint(double time, double value);
+    void reportEdit(CurveNodeBase* curve);
+    void setFirstType(int type);
+    void setLastType(int type);
+    bool canEditSelection() const;
+
+    DependencyCheck* editor;
+    double lastTime = 0.0;
+    double lastValue = 0.0;
+    bool bandSelecting = false;
+    bool dragging = false;
+    bool showMark = false;
+    bool bufferFresh_ = false;
+    CurveNodeBase* current = nullptr;
+    std::vector<std::unique_ptr<CurveNodeBase>> curves;
+    ViewPort* viewport = nullptr;
+    std::unique_ptr<CanvasGrid> grid;
+    std::unique_ptr<BackgroundImage> image;
+    QColor selectionColor = QColor(20, 10, 105);
+    QPixmap backBuffer;
+    QColor canvasColor = Qt::black;
+};
