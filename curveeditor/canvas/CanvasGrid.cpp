@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/CanvasGrid.h>
+
+#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/canvas/ViewPort.h>
+
+#include <QPainter>
+#include <QWidget>
+
+#include <cmath>
+
+namespace {
+
+constexpr int fewestLines = 5;
+constexpr int edgeWidth = 2;
+constexpr int fontStretch = 87;
+
+struct Axis
+{
+    double step = 0.0;
+    double first = 0.0;  ///< axis position of line 0
+    double offset = 0.0; ///< of line 0 from the lower edge
+    double span = 0.0;
+    int count = 0;
+    int zeroIndex = -1;
+
+    /// Where a line lies on a side of `length` pixels, from the lower edge on.
+    double position(int index, int length) const { return length * (index * step + offset) / span; }
+};
+
+/// By repeated squaring, so that a step is the same number with every C library.
+double powerOfTen(int exponent)
+{
+    double power = 1.0;
+    double square = 10.0;
+    for (int bits = std::abs(exponent); bits != 0; bits >>= 1) {
+        if (bits & 1)
+            power *= square;
+        square *= square;
+    }
+    return exponent < 0 ? 1.0 / power : power;
+}
+
+/// The halving ends after a few rounds: a span is at least one and less than ten first steps, and no narrower
+/// than the resolution of its ends. A step that comes to nothing, below the smallest numbers, ends it too.
+Axis axisBetween(double lower, double upper)
+{
+    Axis axis;
+    axis.span = upper - lower;
+    if (!(axis.span > 0.0) || !std::isfinite(axis.span))
+        return axis;
+
+    axis.step = powerOfTen(truncateToInt(std::floor(std::log10(axis.span))));
+    for (; axis.step > 0.0; axis.step *= 0.5) {
+        const double firstMultiple = std::ceil(lower / axis.step);
+        const double lines = std::floor(upper / axis.step) - firstMultiple + 1.0;
+        if (lines < fewestLines)
+            continue;
+        axis.offset = firstMultiple * axis.step - lower;
+        axis.first = lower + axis.offset;
+        axis.count = truncateToInt(lines);
+        if (lower <= 0.0 && upper > 0.0)
+            axis.zeroIndex = truncateToInt(-axis.first / axis.step);
+        break;
+    }
+    return axis;
+}
+
+QString labelText(double number, bool zero)
+{
+    return zero ? QStringLiteral("0") : QStringLiteral("%1").arg(number, 0, 'G', -1);
+}
+
+} // namespace
+
+CanvasGrid::CanvasGrid(QWidget* canvas)
+    : widget(canvas), font(QStringLiteral("Arial"), 8), linePen(Qt::white, 1)
+{
+    font.setStretch(fontStretch);
+}
+
+void CanvasGrid::layout(ViewPort* view)
+{
+    gridWidth = view->pixelWidth;
+    gridHeight = view->pixelHeight;
+    timeLineX = -1;
+
+    Axis x;
+    Axis y;
+    if (view->canShow()) {
+        const double factor = view->showFrames ? view->fps : 1.0;
+        x = axisBetween(factor * view->timeMin, factor * view->timeMax);
+        y = axisBetween(view->valueMin, view->valueMax);
+        timeLineX = view->timeToPixel(view->timeLine);
+    }
+
+    stepX = x.step;
+    firstX = x.first;
+    countX = x.count;
+    zeroIndexX = x.zeroIndex;
+    stepY = y.step;
+    firstY = y.first;
+    countY = y.count;
+    zeroIndexY = y.zeroIndex;
+
+    const int width = widget->width();
+    const int height = widget->height();
+    lines.clear();
+    lines.reserve(2 * (countX + countY));
+    for (int i = 0; i < countX; ++i) {
+        const int column = truncateToInt(x.position(i, width));
+        lines << QPoint(column, 0) << QPoint(column, height);
+    }
+    for (int j = 0; j < countY; ++j) {
+        const int row = truncateToInt(height - y.position(j, height));
+        lines << QPoint(0, row) << QPoint(width, row);
+    }
+}
+
+void CanvasGrid::draw(QPainter* painter)
+{
+    if (lines.isEmpty())
+        return;
+
+    painter->setPen(linePen);
+    painter->drawLines(lines);
+
+    painter->setPen(QPen(frameVLineColor, edgeWidth));
+    painter->drawLine(0, gridHeight, gridWidth, gridHeight);
+    painter->setPen(QPen(frameHLineColor, edgeWidth));
+    painter->drawLine(0, 0, 0, gridHeight);
+
+    if (timeLineX >= 0 && timeLineX <= gridWidth) {
+        painter->setPen(QPen(timeLineColor, edgeWidth));
+        painter->setCompositionMode(QPainter::RasterOp_SourceOrNotDestination);
+        painter->drawLine(timeLineX, 0, timeLineX, gridHeight);
+        painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
+
+    painter->setPen(fontColor);
+    drawLabels(painter);
+}
+
+void CanvasGrid::drawLabels(QPainter* painter)
+{
+    painter->setFont(font);
+    painter->setBackgroundMode(Qt::TransparentMode);
+    const int labelRow = widget->height() - 5;
+    for (int i = 0; i < countX; ++i) {
+        const int column = lines.at(2 * i).x() + 4;
+        if (column > 12)
+            painter->drawText(column, labelRow, labelText(i * stepX + firstX, i == zeroIndexX));
+    }
+    for (int j = 0; j < countY; ++j) {
+        const int row = lines.at(2 * (countX + j)).y();
+        painter->drawText(5, row - 4, labelText(j * stepY + firstY, j == zeroIndexY));
+    }
+    painter->setBackgroundMode(Qt::OpaqueMode);
+}
