@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <iosfwd>
+#include <vector>
+
+/// A scalar function of time that a user shapes by control points.
+///
+/// The points are ordered by time. The `type` of a point governs the segment that ends at it, so the type of
+/// the first point governs nothing. `firstType` and `lastType` say how the curve goes on outside its points.
+///
+/// With p and q the points of a segment, h its length in time and u in 0 ... 1 the place in it, the value is
+/// - `Bezier`: the cubic Hermite polynomial in u with the slopes p.`tanRight` and q.`tanLeft`; ease does not
+/// act.
+/// - `Tcb`: the same polynomial with the slopes of Kochanek and Bartels (1984), extended to uneven spacing,
+/// in w(u)
+///   instead of u.
+/// - `Linear`: p + (q - p) w(u).
+///
+/// The ease w is the cubic Hermite polynomial from 0 to 1 with the end slopes 1 - p.`easeFrom` and 1 -
+/// q.`easeTo`.
+///
+/// A spline is never empty. It owns its points: their addresses stay valid until `remove`, `reset`, `load` or
+/// the destructor frees them. It can't be copied. The const operations keep no hidden state, so several
+/// threads may call them at once while nobody edits.
+///
+/// Times are in time units, values in value units, slopes in value units per time unit.
+class CURVEEDITOR_EXPORT SplineBase
+{
+public:
+    /// What a segment looks like; see the class.
+    enum NodeType : std::int32_t { Linear = 0, Bezier = 1, Tcb = 2 };
+
+    /// The curve outside its points. Before the first point only `Zero` and `Constant` have a meaning.
+    enum Behaviour : std::int32_t {
+        Zero = 0,         ///< 0.0
+        Constant = 1,     ///< the value of the nearest point
+        Loop = 2,         ///< the span of the points over and over
+        LoopOffset = 3,   ///< the same, each round raised by last value - first value
+        FollowTangent = 4 ///< a straight line with the slope that arrives at the last point
+    };
+
+    /// One control point. Every field but `time` and `pos` may be written directly, through `modify`: nothing
+    /// is derived from them before the curve is evaluated. `time` orders the points and changes by `setTime`
+    /// only.
+    struct PointInfo
+    {
+        double time = 0.0;       ///< finite
+        double pos = 0.0;        ///< value of the curve at `time`, finite
+        double tanLeft = 0.0;    ///< slope with which a `Bezier` segment arrives
+        double tanRight = 0.0;   ///< slope with which a `Bezier` segment leaves
+        double tension = 0.0;    ///< T, of use in -10 ... 10
+        double continuity = 0.0; ///< C, of use in -10 ... 10
+        double bias = 0.0;       ///< B, of use in -10 ... 10
+        double easeTo = 0.0;     ///< slows the arrival down, -1 ... 1
+        double easeFrom = 0.0;   ///< slows the departure down, -1 ... 1
+        std::int32_t type = Tcb; ///< a `NodeType`; any other number acts as `Linear`
+    };
+
+    /// @name Construction
+    /// A new spline holds one point at time 0.0 and value 0.0.
+    /// @{
+    SplineBase();
+    ~SplineBase();
+    SplineBase(const SplineBase&) = delete;
+    SplineBase& operator=(const SplineBase&) = delete;
+    /// @}
+
+    /// @name Evaluation
+    /// Where points share a time, the last of them gives the value at that time. Behaviours that need a span
+    /// hold the last value where there is none. A time that is not a number counts as before the first point.
+    /// @{
+
+    /// The value at `time`, which may be any number.
+    double operator()(const double& time) const;
+
+    /// The values at `count` times, bit for bit those of `operator()`. Fast where the times rise; any order
+    /// is right. `values` may be the same array as `times`, but must not overlap it otherwise.
+    void evaluate(const double* times, double* values, std::size_t count) const;
+    /// @}
+
+    /// @name Access to the points
+    /// An index that is out of range, or a point that this spline does not hold, gives null.
+    /// @{
+    unsigned getControlPointsNumber() const { return static_cast<unsigned>(controlPoints.size()); }
+    const PointInfo* operator[](const unsigned& index) const
+    {
+        return index < controlPoints.size() ? controlPoints[index] : nullptr;
+    }
+    const PointInfo* getFirst() const { return controlPoints.front(); }
+    const PointInfo* getLast() const { return controlPoints.back(); }
+    PointInfo* modify(const unsigned& index)
+    {
+        return index < controlPoints.size() ? controlPoints[index] : nullptr;
+    }
+    PointInfo* modify(const int& index) { return modify(static_cast<unsigned>(index)); }
+    PointInfo* modify(const PointInfo* point) { return modify(findIndex(point)); }
+    const std::vector<PointInfo*>& getControlPoints() const { return controlPoints; }
+
+    /// The index of `point`, -1 if this spline does not hold it. Compares addresses only, so `point` may be a
+    /// point that is freed already.
+    std::int32_t findIndex(const PointInfo* point) const;
+
+    /// The place of `point` in `getControlPoints`, the end if this spline does not hold it. Compares
+    /// addresses only.
+    std::vector<PointInfo*>::const_iterator find(const PointInfo* point) const;
+
+    /// The first point later than `time`, null if there is none.
+    PointInfo* getNext(const double& time);
+
+    /// The last point earlier than `time`, null if there is none.
+    PointInfo* getPrev(const double& time);
+    /// @}
+
+    /// @name Editing
+    /// A number that is not finite, and a point that is null or not of this spline, change nothing.
+    /// @{
+
+    /// Inserts a point, behind those at the same time. Its type is that of the segment into which it falls,
+    /// outside the points that of the nearest segment, `Tcb` where there is none. In a `Bezier` segment both
+    /// tangents become the slope that the curve has there; all else is 0.0.
+    void addPoint(const double& time, const double& value);
+
+    /// Takes the point out and frees it, unless it is the only one.
+    void remove(const PointInfo* point);
+
+    /// Frees all points and leaves one at time 0.0 and value 0.0. Behaviours and default value stay.
+    void reset();
+
+    /// Moves the point in time. Where it passes others it takes its new place in the order, behind points at
+    /// the same time; the others keep their order. `point` must be null or a living point.
+    void setTime(PointInfo* point, const double& time);
+
+    void setPos(PointInfo* point, const double& value);
+    void setTanLeft(PointInfo* point, const double& value);
+    void setTanRight(PointInfo* point, const double& value);
+    /// @}
+
+    /// @name Tangents as shown
+    /// What the curve really does at one end of the segment that ends at point `index`: the stored slope for
+    /// `Bezier`, the computed slope times 1 - ease for `Tcb` and `Linear`. `length` becomes (1 - ease) *
+    /// 0.667, a measure of how far the ease lets the tangent reach. There is no segment at index 0 nor at or
+    /// behind the number of points; the slope is 0.0 and `length` 0.667 then.
+    /// @{
+
+    /// The slope with which the segment arrives at point `index`, and the ease of that point's `easeTo`.
+    double getTangentLeftAtNode(const unsigned& index, double& length) const;
+
+    /// The slope with which the segment leaves point `index` - 1, and the ease of that point's `easeFrom`.
+    double getTangentRightAtNode(const unsigned& index, double& length) const;
+    /// @}
+
+    /// @name Default value
+    /// A number that the spline keeps for its host; it has no influence on the curve.
+    /// @{
+    double getDefaultValue() const { return defaultValue; }
+    void setDefaultValue(double value) { defaultValue = value; }
+    /// @}
+
+    /// @name Text form
+    /// Whatever the locales, numbers are written in the shortest form that reads back to the same bits.
+    /// @{
+
+    /// Writes all points, the behaviours and the default value at the stream's position.
+    static void save(const SplineBase& spline, std::ostream& out);
+
+    /// Reads what `save` wrote, white space in front of it skipped. Replaces the whole content of `spline`
+    /// or, where the text is not a whole spline, changes nothing and sets the stream's fail bit.
+    static void load(SplineBase* spline, std::istream& in);
+    /// @}
+
+    std::int32_t firstType = Constant; ///< a `Behaviour`; any number but `Zero` acts as `Constant`
+    std::int32_t lastType = Constant;  ///< a `Behaviour`; any unknown number acts as `Constant`
+
+protected:
+    /// The weights of Kochanek and Bartels. The L pair gives the slope that leaves a point and the R pair the
+    /// one that arrives there; 0 belongs to the chord from the previous point, 1 to the chord to the next.
+    /// @{
+    double getFactorL0(const PointInfo* point) const;
+    double getFactorL1(const PointInfo* point) const;
+    double getFactorR0(const PointInfo* point) const;
+    double getFactorR1(const PointInfo* point) const;
+    /// @}
+
+    double defaultValue = 0.0;
+    std::vector<PointInfo*> controlPoints; ///< ascending in time, owned, never empty
+
+private:
+    class Segment;
+    struct Slope;
+
+    std::size_t countUntil(double time) const;
+    std::size_t indexOf(const PointInfo* point) const;
+    bool endsSegment(std::size_t index) const;
+    Slope chord(std::size_t index) const;
+    Slope slopeAt(std::size_t index, double factor0, double factor1) const;
+    Slope leavingSlope(std::size_t index) const;
+    Slope arrivingSlope(std::size_t index) const;
+    Segment segmentEndingAt(std::size_t index) const;
+    double valueOutside(double time) const;
+    void insert(std::size_t index, const PointInfo& point);
+    void clear();
+    bool readText(std::istream& in);
+
+    std::vector<double> times_; ///< the time of each point once more, side by side for the search
+};
