@@ -112,6 +112,7 @@ Q_SIGNALS:
 
 private:
     std::vector<SplineBase::PointInfo*> editedPoints();
+    bool holdsSinglePoint();
     void setSelectedType(int type);
     void placeCurrent(double time, double value);
 

@@ -1,0 +1,339 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/CanvasSpline.h>
+
+#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/canvas/ViewPort.h>
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double samplesPerView = 1000.0;
+constexpr double nodeMargin = 100.0;
+constexpr double handleUnit = 45.0;
+constexpr double shortestHandle = double(0.333f);
+constexpr double longestHandle = 1e6;
+constexpr double steepestSlope = 1e18;
+constexpr int grabDistance = 6;
+constexpr int grabDistanceOfLine = 10;
+constexpr int nodeSize = 5;
+constexpr int fixedHandleSize = 3;
+
+int toPixel(double position)
+{
+    return std::clamp(truncateToInt(position), -ViewPort::farthestPixel, ViewPort::farthestPixel);
+}
+
+double column(const ViewPort& view, double time)
+{
+    return (time - view.timeMin) * (view.pixelWidth / (view.timeMax - view.timeMin));
+}
+
+double row(const ViewPort& view, double value)
+{
+    return (view.valueMax - value) * (view.pixelHeight / (view.valueMax - view.valueMin));
+}
+
+QPoint nodePixel(const ViewPort& view, const SplineBase::PointInfo& point)
+{
+    return QPoint(toPixel(std::clamp(column(view, point.time), -nodeMargin, view.pixelWidth + nodeMargin)),
+                  toPixel(std::clamp(row(view, point.pos), -nodeMargin, view.pixelHeight + nodeMargin)));
+}
+
+QPoint samplePixel(const ViewPort& view, double time, double value)
+{
+    return QPoint(toPixel(column(view, time)),
+                  toPixel(std::clamp(row(view, value), -1.0, double(view.pixelHeight))));
+}
+
+double clampValue(double value, double minValue, double maxValue)
+{
+    if (minValue > value)
+        return minValue;
+    return maxValue < value ? maxValue : value;
+}
+
+bool goesOnBehindLast(int lastType)
+{
+    return lastType == SplineBase::Loop || lastType == SplineBase::LoopOffset ||
+           lastType == SplineBase::FollowTangent;
+}
+
+struct Samples
+{
+    Samples(const SplineBase& spline, double left, double right, double viewSpan)
+    {
+        const double samples =
+            right > left ? std::min((right - left) * samplesPerView / viewSpan, samplesPerView) : 0.0;
+        const double step = samples > 0.0 ? (right - left) / samples : 0.0;
+        times.resize(std::size_t(samples) + 1);
+        for (std::size_t i = 0; i < times.size(); ++i)
+            times[i] = double(i) * step + left;
+        values.resize(times.size());
+        spline.evaluate(times.data(), values.data(), times.size());
+    }
+
+    std::vector<double> times;
+    std::vector<double> values;
+};
+
+QRect square(const QPoint& center, int size)
+{
+    return QRect(center.x() - size / 2, center.y() - size / 2, size, size);
+}
+
+qint64 dotProduct(const QPoint& left, const QPoint& right)
+{
+    return qint64(left.x()) * right.x() + qint64(left.y()) * right.y();
+}
+
+bool isNear(const QPoint& distance)
+{
+    return distance.manhattanLength() < grabDistance;
+}
+
+bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center)
+{
+    const qint64 dotRight = dotProduct(right, center);
+    const qint64 dotLeft = dotProduct(left, center);
+    const QPoint across = (right - left).transposed();
+    return ((dotRight < 0 && dotLeft > 0) || (dotRight > 0 && dotLeft < 0)) &&
+           std::abs(dotProduct(across, center)) < qint64(grabDistanceOfLine) * across.manhattanLength();
+}
+
+QPen linePen(const QColor& color, Qt::PenStyle style)
+{
+    QPen pen(color, 1, style);
+    pen.setCosmetic(true);
+    return pen;
+}
+
+} // namespace
+
+CanvasSpline::CanvasSpline(SplineBase* spline) : control(this)
+{
+    control.setSpline(spline);
+    setColors(Qt::white, Qt::black);
+}
+
+void CanvasSpline::setColors(const QColor& color, const QColor& background)
+{
+    selectedColor = color;
+    unselectedColor.setRgb((color.red() + background.red()) / 2, (color.green() + background.green()) / 2,
+                           (color.blue() + background.blue()) / 2);
+}
+
+void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue)
+{
+    viewport = newViewport;
+    control.dropLostPoints();
+    nodePixels.clear();
+    curveLine.clear();
+    rawLine.clear();
+    postLine.clear();
+    if (control.pointCount() == 0 || !viewport->canShow())
+        return;
+
+    const SplineBase& spline = *control.getSpline();
+    for (const SplineBase::PointInfo* point : spline.getControlPoints())
+        nodePixels.append(nodePixel(*viewport, *point));
+
+    const double viewSpan = viewport->timeMax - viewport->timeMin;
+    const double left = std::max(viewport->timeMin, spline.getFirst()->time);
+    const double right = std::min(viewport->timeMax, spline.getLast()->time);
+    const Samples inside(spline, left, right, viewSpan);
+    for (std::size_t i = 0; i < inside.times.size(); ++i) {
+        const double time = inside.times[i];
+        const double value = inside.values[i];
+        if (std::isnan(value))
+            continue;
+        curveLine.append(samplePixel(*viewport, time, clampValue(value, minValue, maxValue)));
+        rawLine.append(samplePixel(*viewport, time, value));
+    }
+
+    if (!goesOnBehindLast(spline.lastType) || right >= viewport->timeMax)
+        return;
+    const Samples behind(spline, std::max(viewport->timeMin, right), viewport->timeMax, viewSpan);
+    for (std::size_t i = 0; i < behind.times.size(); ++i) {
+        if (!std::isnan(behind.values[i]))
+            postLine.append(
+                samplePixel(*viewport, behind.times[i], clampValue(behind.values[i], minValue, maxValue)));
+    }
+}
+
+void CanvasSpline::draw(QPainter* painter) const
+{
+    if (nodePixels.isEmpty())
+        return;
+    drawLines(painter);
+    if (!selected)
+        return;
+    const std::vector<bool> marked = control.selectedPoints();
+    drawMarkers(painter, marked);
+    const QRect canvas(0, 0, viewport->pixelWidth, viewport->pixelHeight);
+    for (int index = 0; index < shownPoints(); ++index) {
+        if (marked[std::size_t(index)] && square(nodePixels[index], nodeSize).intersects(canvas))
+            drawHandles(painter, index);
+    }
+}
+
+QPoint CanvasSpline::rightHandle(const QPoint& pixel, unsigned index, bool plain) const
+{
+    double length = 0.0;
+    const double slope = control.getSpline()->getTangentRightAtNode(index + 1, length);
+    return handleEnd(pixel, slope, plain ? handleUnit : (shortestHandle + length) * handleUnit, 1);
+}
+
+QPoint CanvasSpline::leftHandle(const QPoint& pixel, unsigned index, bool plain) const
+{
+    double length = 0.0;
+    const double slope = control.getSpline()->getTangentLeftAtNode(index, length);
+    return handleEnd(pixel, slope, plain ? handleUnit : (shortestHandle + length) * handleUnit, -1);
+}
+
+SplineBase::PointInfo* CanvasSpline::hitTest(const QPoint& pixel)
+{
+    control.setActiveNone();
+    control.dropLostPoints();
+    if (SplineBase::PointInfo* point = hitCurrent(pixel))
+        return point;
+    for (int index = 0; index < shownPoints(); ++index) {
+        if (isNear(nodePixels[index] - pixel))
+            return control.pointAt(index);
+    }
+    return nullptr;
+}
+
+bool CanvasSpline::selectInBand(const double& timeLow, const double& timeHigh, const double& valueLow,
+                                const double& valueHigh)
+{
+    control.selectOnly(nullptr);
+    for (int index = 0; index < control.pointCount(); ++index) {
+        SplineBase::PointInfo* point = control.pointAt(index);
+        if (point->time > timeLow && point->time < timeHigh && point->pos > valueLow &&
+            point->pos < valueHigh) {
+            control.setCurrent(point);
+            control.selectionList().push_back(point);
+        }
+    }
+    return control.hasSelection();
+}
+
+void CanvasSpline::drawLines(QPainter* painter) const
+{
+    const QColor lead = selected ? selectedColor : unselectedColor;
+    const SplineBase& spline = *control.getSpline();
+    QPoint first = curveLine.isEmpty() ? nodePixels.first() : curveLine.first();
+    QPoint last = curveLine.isEmpty() ? nodePixels.last() : curveLine.last();
+    if (spline.firstType == SplineBase::Zero)
+        first.setY(viewport->valueToPixel(0.0));
+    if (spline.lastType == SplineBase::Zero)
+        last.setY(viewport->valueToPixel(0.0));
+
+    painter->setPen(linePen(lead, Qt::DotLine));
+    if (first.x() > 0)
+        painter->drawLine(first, QPoint(0, first.y()));
+    if (last.x() < viewport->pixelWidth) {
+        if (goesOnBehindLast(spline.lastType))
+            painter->drawPolyline(postLine);
+        else
+            painter->drawLine(last, QPoint(viewport->pixelWidth, last.y()));
+    }
+    // The solid line would cover an equal dotted one pixel for pixel, and dots are slow.
+    if (rawLine != curveLine) {
+        painter->setPen(linePen(unselectedColor, Qt::DotLine));
+        painter->drawPolyline(rawLine);
+    }
+    painter->setPen(linePen(lead, Qt::SolidLine));
+    painter->drawPolyline(curveLine);
+}
+
+void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marked) const
+{
+    for (const bool chosen : {false, true}) {
+        const QColor& color = chosen ? controlPointSelectedColor : controlPointColor;
+        for (int index = 0; index < shownPoints(); ++index) {
+            if (marked[std::size_t(index)] == chosen)
+                painter->fillRect(square(nodePixels[index], nodeSize), color);
+        }
+    }
+}
+
+void CanvasSpline::drawHandles(QPainter* painter, int index) const
+{
+    const int last = control.pointCount() - 1;
+    const QPoint pixel = nodePixels[index];
+    const bool fixed = control.pointAt(index)->type == SplineBase::Tcb;
+    const auto endsCurvedSegment = [this](int end) {
+        const int type = control.pointAt(end)->type;
+        return type == SplineBase::Bezier || type == SplineBase::Tcb;
+    };
+
+    painter->setPen(linePen(controlPointSelectedColor, Qt::DotLine));
+    painter->drawLine(pixel, QPoint(pixel.x(), 0));
+    painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
+    if (index < last && endsCurvedSegment(index + 1)) {
+        const bool dragged = control.isActiveBoth() || control.isActiveRight();
+        drawHandle(painter, pixel, rightHandle(pixel, unsigned(index), index == 0), dragged, fixed);
+    }
+    if (index > 0 && endsCurvedSegment(index)) {
+        const bool dragged = control.isActiveBoth() || control.isActiveLeft();
+        drawHandle(painter, pixel, leftHandle(pixel, unsigned(index), index == last), dragged, fixed);
+    }
+}
+
+void CanvasSpline::drawHandle(QPainter* painter, const QPoint& from, const QPoint& to, bool dragged,
+                              bool fixed) const
+{
+    const QColor& color = dragged && !fixed ? controllerSelectedColor : controllerColor;
+    painter->setPen(linePen(color, Qt::SolidLine));
+    painter->setBrush(color);
+    painter->drawLine(from, to);
+    if (fixed)
+        painter->fillRect(square(to, fixedHandleSize), color);
+    else
+        painter->drawEllipse(square(to, nodeSize).adjusted(0, 0, -1, -1));
+}
+
+QPoint CanvasSpline::handleEnd(const QPoint& pixel, double slope, double length, int side) const
+{
+    const double timeSpan = viewport->timeMax - viewport->timeMin;
+    const double valueSpan = viewport->valueMax - viewport->valueMin;
+    const double toPixels = double(viewport->pixelHeight) / viewport->pixelWidth * timeSpan / valueSpan;
+    const double pixelSlope = std::clamp(slope * toPixels, -steepestSlope, steepestSlope);
+    const double across = side / std::sqrt(double(float(1.0 + pixelSlope * pixelSlope)));
+    const double reach = std::clamp(length, -longestHandle, longestHandle);
+    return QPoint(toPixel(pixel.x() + reach * across), toPixel(pixel.y() - reach * (across * pixelSlope)));
+}
+
+int CanvasSpline::shownPoints() const
+{
+    return std::min(int(nodePixels.size()), control.pointCount());
+}
+
+SplineBase::PointInfo* CanvasSpline::hitCurrent(const QPoint& pixel)
+{
+    SplineBase::PointInfo* point = control.getCurrent();
+    const int index = control.currentIndex();
+    if (!point || control.hasMultipleSelection() || point->type != SplineBase::Bezier ||
+        index >= shownPoints())
+        return nullptr;
+    const QPoint node = nodePixels[index];
+    const QPoint right = rightHandle(node, unsigned(index), index == 0) - pixel;
+    const QPoint left = leftHandle(node, unsigned(index), index == control.pointCount() - 1) - pixel;
+    const QPoint center = node - pixel;
+    if (isNear(center))
+        return point;
+    if (isNear(right))
+        control.setActiveRight();
+    else if (isNear(left))
+        control.setActiveLeft();
+    else if (isBetween(right, left, center))
+        control.setActiveBoth();
+    else
+        return nullptr;
+    return point;
+}
