@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/ParserVarMapper.h>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+
+class FunctionFloatBase;
+class SplineBase;
+
+/// Lets expressions read curves. A host keeps one, adds each of its curves once, and sets it with
+/// `FunctionParserBase::instance()->setVarMapper(&variables)`. From then on every expression may name any of
+/// the curves.
+///
+/// A curve reads as the value of the expression in its holder, or of its spline while the holder is empty, at
+/// the present `t` and `f` and without a clamp range. Nothing is copied: splines and holders stay the host's,
+/// and what they hold at the time of reading counts. They must live until the curve is removed.
+///
+/// Curves that depend on themselves are harmless: a curve that is met again while it is being evaluated gives
+/// 0.0, and so does one that lies more than `maximumDepth` curves deep. Within one reading each curve is
+/// evaluated once.
+class CURVEEDITOR_EXPORT CurveVariables : public ParserVarMapper
+{
+public:
+    /// How many curves may read each other in a chain.
+    static constexpr int maximumDepth = 2000;
+
+    CurveVariables();
+    ~CurveVariables() override;
+
+    /// Makes a curve known under `name`, its lower variable name: group, ".", curve name in lower case, with
+    /// "_" for each blank. Capitals and blanks that are left are brought into this form where they are ASCII.
+    /// A curve that has this name already is replaced; an empty name is passed over. `spline` and
+    /// `expression`, the host's holder, may be null.
+    void add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression);
+
+    /// Forgets the curve. Expressions that read it read 0.0 from now on. Nothing happens if there is no such
+    /// curve.
+    void remove(const std::string& name);
+
+    /// The curve `oldName` is known as `newName` from now on; a curve that has the new name already is
+    /// replaced. Expressions keep the old name and read 0.0 for it. Nothing happens if there is no such
+    /// curve.
+    void rename(const std::string& oldName, const std::string& newName);
+
+    /// The curve's value at the present `t` and `f`; 0.0 for an unknown name.
+    double getValue(const std::string& name) const override;
+
+private:
+    struct Curve
+    {
+        const SplineBase* spline = nullptr;
+        FunctionFloatBase** expression = nullptr;
+        bool evaluating = false;
+        std::uint64_t reading = 0;
+        double time = 0.0;
+        double frame = 0.0;
+        double value = 0.0;
+    };
+
+    double evaluate(Curve& curve) const;
+
+    mutable std::map<std::string, Curve, std::less<>> curves_;
+    mutable std::uint64_t reading_ = 0;
+    mutable int depth_ = 0;
+};

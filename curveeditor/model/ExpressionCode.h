@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+/// What an operation of an expression, or one instruction of its program, computes.
+enum class ExpressionCode : std::uint8_t {
+    // Written in the text of an expression.
+    Negate,
+    Cos,
+    Sin,
+    Tan,
+    Exp,
+    Log,
+    Log10,
+    Round,
+    Absolute,
+    SquareRoot,
+    ArcCos,
+    ArcSin,
+    ArcTan,
+    CosH,
+    SinH,
+    TanH,
+    Ceil,
+    Floor,
+    BesselJ0,
+    BesselJ1,
+    Add,
+    Subtract,
+    Multiply,
+    Divide,
+    Power,
+    Greater,
+    Less,
+    Choose,
+
+    // Only in programs: operands, and operations with one constant operand c.
+    Constant,
+    Variable,
+    MappedVariable,
+    AddConstant,
+    SubtractFromConstant,
+    MultiplyConstant,
+    DivideByConstant,
+    DivideConstant,
+    Square,
+    PowerByConstant,
+    PowerOfConstant,
+    GreaterThanConstant,
+    LessThanConstant
+};

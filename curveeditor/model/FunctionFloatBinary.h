@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/FunctionFloatOperation.h>
+
+/// An operator between two operands; a product without an operator is one too.
+class CURVEEDITOR_EXPORT FunctionFloatBinary : public FunctionFloatOperation
+{
+public:
+    ~FunctionFloatBinary() override;
+
+    bool isBinary() const override { return true; }
+    const FunctionFloatBinary* getBinaryRef() const override { return this; }
+
+private:
+    friend class ExpressionParser;
+
+    using FunctionFloatOperation::FunctionFloatOperation;
+};

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/FunctionFloatBase.h>
+
+#include <string_view>
+
+/// A number. `text` is the number as it was typed.
+class CURVEEDITOR_EXPORT FunctionFloatConstant : public FunctionFloatBase
+{
+public:
+    ~FunctionFloatConstant() override;
+
+    /// The number: finite, not negative.
+    double getValue() const { return value_; }
+
+    bool isConstant() const override { return true; }
+    const FunctionFloatConstant* getConstantRef() const override { return this; }
+    double evaluate() override { return value_; }
+    void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
+                       std::size_t count) override;
+
+private:
+    friend class ExpressionParser;
+
+    FunctionFloatConstant(double value, std::string_view typed);
+
+    double value_;
+};

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+#include <curveeditor/model/ExpressionCode.h>
+#include <curveeditor/model/FunctionFloatBase.h>
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class ExpressionProgram;
+
+/// What the nodes with operands have in common: an operator, or a function with its arguments. Owns its
+/// operands. Evaluating runs a flat program, which is made from the nodes below this one when it is evaluated
+/// first.
+class CURVEEDITOR_EXPORT FunctionFloatOperation : public FunctionFloatBase
+{
+public:
+    ~FunctionFloatOperation() override;
+
+    /// The operand at `index`, in the order of the text; null from the last one on.
+    const FunctionFloatBase* getOperand(std::size_t index) const;
+
+    /// What the node computes.
+    ExpressionCode getCode() const { return code_; }
+
+    /// True if there is no variable below this node.
+    bool isConstantTree() const { return constantTree_; }
+
+    double evaluate() override;
+    std::string getString() override;
+    void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
+                       std::size_t count) override;
+
+protected:
+    using Operands = std::array<std::unique_ptr<FunctionFloatBase>, 3>;
+
+    FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands operands);
+
+private:
+    const ExpressionProgram& program();
+    void moveOperandsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes);
+
+    ExpressionCode code_;
+    bool constantTree_;
+    Operands operands_;
+    std::unique_ptr<const ExpressionProgram> program_;
+};

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/FunctionFloatTernary.h>
+
+FunctionFloatTernary::~FunctionFloatTernary() = default;

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/FunctionFloatUnary.h>
+
+FunctionFloatUnary::~FunctionFloatUnary() = default;

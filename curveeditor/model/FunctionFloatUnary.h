@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/FunctionFloatOperation.h>
+
+/// A sign, or a function of one argument.
+class CURVEEDITOR_EXPORT FunctionFloatUnary : public FunctionFloatOperation
+{
+public:
+    ~FunctionFloatUnary() override;
+
+    bool isUnary() const override { return true; }
+    const FunctionFloatUnary* getUnaryRef() const override { return this; }
+
+private:
+    friend class ExpressionParser;
+
+    using FunctionFloatOperation::FunctionFloatOperation;
+};

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionParserBase.h>
+
+/// What the four kinds of variables have in common. `text` is the name in its stored, lower-case form. The
+/// class of a node follows the type that the variable had when it was parsed; its value is always read as the
+/// type of its key.
+class CURVEEDITOR_EXPORT FunctionFloatVariable : public FunctionFloatBase
+{
+public:
+    ~FunctionFloatVariable() override;
+
+    /// The variable. The parser owns it.
+    FunctionParserBase::keyStruct* getKey() const { return key_; }
+
+    /// False for `t` and `f`, true for a variable that the parser's mapper gives.
+    bool isMapped() const { return mapped_; }
+
+    /// The variable's present value.
+    double evaluate() override;
+
+protected:
+    FunctionFloatVariable(FunctionParserBase::keyStruct* key, bool mapped);
+
+private:
+    FunctionParserBase::keyStruct* key_;
+    bool mapped_;
+};

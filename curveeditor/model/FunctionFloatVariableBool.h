@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/FunctionFloatVariable.h>
+
+/// A variable whose storage is a `bool`.
+class CURVEEDITOR_EXPORT FunctionFloatVariableBool : public FunctionFloatVariable
+{
+public:
+    ~FunctionFloatVariableBool() override;
+
+    bool isVariableBool() const override { return true; }
+    const FunctionFloatVariableBool* getVariableBoolRef() const override { return this; }
+
+private:
+    friend class ExpressionParser;
+
+    using FunctionFloatVariable::FunctionFloatVariable;
+};

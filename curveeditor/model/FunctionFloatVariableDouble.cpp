@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/FunctionFloatVariableDouble.h>
+
+FunctionFloatVariableDouble::~FunctionFloatVariableDouble() = default;

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/FunctionFloatVariableFloat.h>
+
+FunctionFloatVariableFloat::~FunctionFloatVariableFloat() = default;

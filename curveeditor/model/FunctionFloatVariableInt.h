@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/FunctionFloatVariable.h>
+
+/// A variable whose storage is a `int`.
+class CURVEEDITOR_EXPORT FunctionFloatVariableInt : public FunctionFloatVariable
+{
+public:
+    ~FunctionFloatVariableInt() override;
+
+    bool isVariableInt() const override { return true; }
+    const FunctionFloatVariableInt* getVariableIntRef() const override { return this; }
+
+private:
+    friend class ExpressionParser;
+
+    using FunctionFloatVariable::FunctionFloatVariable;
+};

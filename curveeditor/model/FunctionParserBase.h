@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+#include <curveeditor/model/ParseMessage.h>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class FunctionFloatBase;
+class ParserVarMapper;
+
+/// Parses expressions and knows their variables. There is one for the whole process; see `instance`.
+///
+/// The independent variables `t`, time, and `f`, the frame number, are always known. All others come from the
+/// `ParserVarMapper` that the host sets, which is asked for names while parsing and for values while
+/// evaluating.
+///
+/// The language, from loose to tight:
+///
+/// | Written                    | Meaning |
+/// |----------------------------|-------------------------------------------------------------------------------|
+/// | `a > b`, `a < b`           | 1.0 or 0.0 | | `a + b`, `a - b`           | | | `a * b`, `a / b`, `a b` | a
+/// value may be followed directly by a name, a function or "("                 | | `-a`, `+a` | | | `a ^ b`
+/// | power, to the right: 2^3^2 is 2^9; b may carry a sign                         | | `cos(a)` … | sin, tan,
+/// exp, log (natural), l10 (decimal), rnd (half away from zero), abs,  | |                            | sqrt,
+/// acos, asin, atan, cosh, sinh, tanh, ceil, floor, j0 and j1 (Bessel)     | | `if(c, a, b)`              | a
+/// unless c is 0.0                                                             | | `520`, `5.2`, `.5`, `1e-3`
+/// | numbers; an "e" belongs to them only where digits follow                      |
+///
+/// A name runs over letters, digits, "_", "." and bytes above 127, but a known name may hold any other
+/// character too: known names are tried first, the longest first, without regard to ASCII case. A name is
+/// known only as a whole: with `cam` known, "camera" is another name. Where a number, or a function with its
+/// "(", is as long as a known name, the number or function stands. White space separates and means nothing
+/// else.
+class CURVEEDITOR_EXPORT FunctionParserBase
+{
+public:
+    /// One named variable. `value` points to storage of the width of `type`, which may be the host's own.
+    struct keyStruct
+    {
+        std::string name;      ///< lower case
+        std::int32_t type = 3; ///< 0 bool, 1 int, 2 float, 3 double
+        void* value = nullptr; ///< read and written in place; null reads as 0.0
+
+        /// The stored number. 0.0 for any other `type`.
+        double getValue() const;
+
+        /// Stores `v`: as it is, narrowed to float, truncated toward zero (NaN as 0, the nearest int where it
+        /// does not fit), or as true unless it equals 0.0 (NaN is true). Does nothing for any other `type`.
+        void setValue(const double& v);
+    };
+
+    /// The longest text that is parsed, in bytes. A longer one is an error that covers what is too much.
+    static constexpr std::size_t maximumLength = std::size_t(1) << 20;
+
+    FunctionParserBase(const FunctionParserBase&) = delete;
+    FunctionParserBase& operator=(const FunctionParserBase&) = delete;
+
+    /// The parser of the process, the same at every call. Lives until the process ends.
+    static FunctionParserBase* instance();
+
+    /// Parses `text`, UTF-8, and fills `message`; see `ParseMessage`. Returns a new tree that the caller
+    /// owns, or null if there is any error. Depth of nesting costs no stack.
+    ///
+    /// `message.text` is `text` with each known variable in its stored, lower-case form. Each unknown
+    /// variable has a span; any other error ends the parsing and has a span only if it is the first.
+    FunctionFloatBase* parseString(const std::string& text, ParseMessage& message);
+
+    /// The variable of that name, ASCII case aside, with its present value in its storage; null for an
+    /// unknown name. Never null for `t` and `f`. The parser owns it and keeps it until the process ends.
+    keyStruct* getKey(const std::string& name);
+
+    /// The variables that `expression` reads, each once, in order of their first occurrence; `t` and `f` are
+    /// among them. Empty for null and for an expression of a host's own class.
+    std::vector<keyStruct*> getAllVars(const FunctionFloatBase* expression);
+
+    /// Takes the source of all variables other than `t` and `f`; null for none. It stays the caller's. One
+    /// that is destroyed takes itself out. Trees that exist keep their names and read them from the new
+    /// source.
+    void setVarMapper(const ParserVarMapper* const mapper) { varMapper = mapper; }
+
+    /// What `setVarMapper` took last and is still alive.
+    const ParserVarMapper* getVarMapper() const { return varMapper; }
+
+private:
+    friend class ExpressionParser;
+    friend class ExpressionProgram;
+    friend class FunctionFloatVariable;
+
+    struct Variable
+    {
+        keyStruct key;
+        double storage = 0.0;
+    };
+
+    FunctionParserBase();
+    ~FunctionParserBase();
+
+    keyStruct* makeKey(std::string_view name, std::int32_t type);
+    double readMapped(keyStruct& key) const;
+
+    std::map<std::string, Variable, std::less<>> keyTable_;
+    const ParserVarMapper* varMapper = nullptr;
+};

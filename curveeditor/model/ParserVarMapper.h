@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+
+/// Where expressions find the variables other than `t` and `f`. A host derives a class that adds the names it
+/// knows and gives their values, and hands it to `FunctionParserBase::setVarMapper`; or it uses
+/// `CurveVariables`, which is such a class.
+///
+/// An expression reads its variables by name at each evaluation. So a name may be removed, added again or
+/// come from another mapper at any time: while it is not known it reads as 0.0.
+class CURVEEDITOR_EXPORT ParserVarMapper
+{
+public:
+    ParserVarMapper() = default;
+    ParserVarMapper(const ParserVarMapper&) = delete;
+    ParserVarMapper& operator=(const ParserVarMapper&) = delete;
+
+    /// Takes itself out of the parser, if it is set there.
+    virtual ~ParserVarMapper();
+
+    /// The present value of the variable `name`. Only called for names that `hasName` knows.
+    virtual double getValue(const std::string& name) const = 0;
+
+    /// The type of the variable, as in `FunctionParserBase::keyStruct`: its value is converted to this type
+    /// when it is read. In this class 3, double.
+    virtual std::int32_t getType(const std::string& name) const;
+
+    /// True if exactly this name is known.
+    bool hasName(std::string_view name) const;
+
+    /// Length in bytes of the longest known name with which `text` begins, without regard to ASCII case; 0 if
+    /// there is none. A name that ends in a letter, digit, "_", "." or byte above 127 counts only where none
+    /// of these follows.
+    std::size_t getNameLength(std::string_view text) const;
+
+    /// `name` as it is stored: ASCII letters in lower case, each white space replaced by "_".
+    static std::string getStoredName(std::string_view name);
+
+protected:
+    /// Makes `name` known, in its stored form. An empty name is passed over, and a name that starts with an
+    /// operator, a parenthesis or a comma is never found in a text.
+    void addName(std::string_view name);
+    void removeName(std::string_view name);
+
+private:
+    std::set<std::string, std::less<>> names_;
+};
