@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int fewestLines = 5;
+constexpr int mostLines = 100;
 constexpr int edgeWidth = 2;
 constexpr int fontStretch = 87;
 
@@ -41,8 +42,8 @@ double powerOfTen(int exponent)
     return exponent < 0 ? 1.0 / power : power;
 }
 
-/// The halving ends after a few rounds: a span is at least one and less than ten first steps, and no narrower
-/// than the resolution of its ends. A step that comes to nothing, below the smallest numbers, ends it too.
+/// Where the ends are too close for a double to tell the lines between them apart, the halving ends with a
+/// step that comes to nothing, and there is no line.
 Axis axisBetween(double lower, double upper)
 {
     Axis axis;
@@ -54,8 +55,10 @@ Axis axisBetween(double lower, double upper)
     for (; axis.step > 0.0; axis.step *= 0.5) {
         const double firstMultiple = std::ceil(lower / axis.step);
         const double lines = std::floor(upper / axis.step) - firstMultiple + 1.0;
-        if (lines < fewestLines)
+        if (!(lines >= fewestLines))
             continue;
+        if (lines > mostLines)
+            break;
         axis.offset = firstMultiple * axis.step - lower;
         axis.first = lower + axis.offset;
         axis.count = truncateToInt(lines);
@@ -108,11 +111,11 @@ void CanvasGrid::layout(ViewPort* view)
     lines.clear();
     lines.reserve(2 * (countX + countY));
     for (int i = 0; i < countX; ++i) {
-        const int column = truncateToInt(x.position(i, width));
+        const int column = truncateToPixel(x.position(i, width));
         lines << QPoint(column, 0) << QPoint(column, height);
     }
     for (int j = 0; j < countY; ++j) {
-        const int row = truncateToInt(height - y.position(j, height));
+        const int row = truncateToPixel(height - y.position(j, height));
         lines << QPoint(0, row) << QPoint(width, row);
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -15,4 +16,14 @@ inline int truncateToInt(double number)
     if (number <= double(std::numeric_limits<int>::min()))
         return std::numeric_limits<int>::min();
     return static_cast<int>(number);
+}
+
+/// No pixel that is computed from the plane lies further out: a marker's size can be added to it, and two of
+/// them subtracted, without overflow.
+constexpr int farthestPixel = 1 << 29;
+
+/// `truncateToInt`, at most `farthestPixel` away from 0.
+inline int truncateToPixel(double position)
+{
+    return std::clamp(truncateToInt(position), -farthestPixel, farthestPixel);
 }

@@ -25,11 +25,6 @@ double within(double number, double low, double high)
     return std::min(std::max(number, low), high);
 }
 
-int toPixel(double position)
-{
-    return std::clamp(truncateToInt(position), -ViewPort::farthestPixel, ViewPort::farthestPixel);
-}
-
 } // namespace
 
 ViewPort::ViewPort(const int& /*width*/, const int& /*height*/) {}
@@ -94,14 +89,14 @@ double ViewPort::pixelToValue(const int& y) const
 
 int ViewPort::timeToPixel(const double& t) const
 {
-    return toPixel((within(t, limitTimeMin, limitTimeMax) - timeMin) *
-                   quotient(pixelWidth, timeMax - timeMin));
+    return truncateToPixel((within(t, limitTimeMin, limitTimeMax) - timeMin) *
+                           quotient(pixelWidth, timeMax - timeMin));
 }
 
 int ViewPort::valueToPixel(const double& v) const
 {
-    return toPixel((valueMax - within(v, limitValueMin, limitValueMax)) *
-                   quotient(pixelHeight, valueMax - valueMin));
+    return truncateToPixel((valueMax - within(v, limitValueMin, limitValueMax)) *
+                           quotient(pixelHeight, valueMax - valueMin));
 }
 
 void ViewPort::panView(const int& dx, const int& dy)
@@ -209,10 +204,10 @@ QRect ViewPort::bandRect() const
     const double valueSpan = valueMax - valueMin;
     const double left = std::min(bandX0, bandX1);
     const double top = std::max(bandY0, bandY1);
-    return QRect(toPixel(quotient(left - timeMin, timeSpan) * pixelWidth),
-                 toPixel(quotient(valueMax - top, valueSpan) * pixelHeight),
-                 toPixel(quotient(std::abs(bandX1 - bandX0), timeSpan) * pixelWidth),
-                 toPixel(quotient(std::abs(bandY1 - bandY0), valueSpan) * pixelHeight));
+    return QRect(truncateToPixel(quotient(left - timeMin, timeSpan) * pixelWidth),
+                 truncateToPixel(quotient(valueMax - top, valueSpan) * pixelHeight),
+                 truncateToPixel(quotient(std::abs(bandX1 - bandX0), timeSpan) * pixelWidth),
+                 truncateToPixel(quotient(std::abs(bandY1 - bandY0), valueSpan) * pixelHeight));
 }
 
 void ViewPort::clearDrag()

@@ -20,10 +20,6 @@ class QMouseEvent;
 class ViewPort
 {
 public:
-    /// No mapping gives a pixel further out than this. A marker's size can be added to it and two pixels can
-    /// be subtracted without overflow.
-    static constexpr int farthestPixel = 1 << 29;
-
     int pixelWidth = 0;  ///< of the canvas
     int pixelHeight = 0; ///< of the canvas
     int anchorX = 0;     ///< column of the last mouse press
@@ -97,8 +93,8 @@ public:
     double pixelToValue(const int& y) const;
 
     /// A place in the plane, first clamped to the limits, as a pixel: truncated toward zero and at most
-    /// `farthestPixel` away from 0. What is outside the view gives a pixel outside the canvas. Not-a-number
-    /// gives 0.
+    /// `farthestPixel` (Truncate.h) away from 0. What is outside the view gives a pixel outside the canvas.
+    /// Not-a-number gives 0.
     int timeToPixel(const double& t) const;
     int valueToPixel(const double& v) const;
 
