@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/model/SplineBase.h>
 #include <curveeditor/panel/NodePage.h>
 
 #include <QObject>
@@ -58,15 +59,16 @@ Q_SIGNALS:
     void nodeTcbChanged();
 
 private:
-    ControlSplineNode* shownControl() const;
-    void selectIndex(ControlSplineNode& control, int index);
+    void showCurrentPoint(ControlSplineNode& control, int index);
+    void selectPoint(ControlSplineNode& control, int index);
     void setFieldsEnabled(bool enabled);
     void showNodeIndex(int index);
+    void showPreview(const SplineBase::PointInfo* point);
 
     bool formActive = false;
-    CanvasSpline* currentSpline = nullptr;
     TcbCurveFrame* preview = nullptr;
     NodePage* editor = nullptr;
     NodePageWidgets widgets_;
-    QPointer<QObject> currentSplineAlive_;
+    QPointer<ControlSplineNode>
+        currentControl_; ///< selection of the spline last shown; null once that is gone
 };

@@ -102,12 +102,13 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void buildSplitters();
+    void buildMenuAndSplitters();
     void buildNodePage();
     void buildPositionFrame();
     void buildParameterFrame();
     void buildTcbPage();
     void buildTangentPage();
     void buildExpressionPage();
+    void orderTabs();
     void nameForAssistiveTools();
 };

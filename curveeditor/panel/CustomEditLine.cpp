@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/panel/CustomEditLine.h>
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double initialBound = 100000000.0;
+constexpr int initialMaximumLength = 9;
+constexpr double stepPerPixel = double(0.005f);
+constexpr int sizeHintCharacters = 17; // what QLineEdit::sizeHint makes room for, in widths of an "x"
+
+double numberIn(const QString& text)
+{
+    const double value = text.toDouble();
+    return std::isnan(value) ? 0.0 : value;
+}
+
+QString numberText(double value, int room)
+{
+    const QString plain = QString::asprintf("%.3f", value);
+    const bool wholePartFits = plain.indexOf(QLatin1Char('.')) <= room;
+    if (wholePartFits)
+        return plain;
+    int decimals = room;
+    QString text = QString::number(value, 'e', decimals);
+    while (text.size() > room && decimals > 0)
+        text = QString::number(value, 'e', --decimals);
+    return text;
+}
+
+double dragWeight(double pressValue)
+{
+    const double largest = std::numeric_limits<float>::max();
+    return double(static_cast<float>(std::min(std::abs(pressValue), largest))) + 1.0;
+}
+
+bool holdsDragButton(Qt::MouseButtons buttons)
+{
+    buttons.setFlag(Qt::RightButton, false);
+    return buttons != Qt::NoButton;
+}
+
+} // namespace
+
+CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit(parent)
+{
+    setObjectName(name);
+    setBounds(-initialBound, initialBound);
+    setAlignment(Qt::AlignRight);
+    setMaxLength(initialMaximumLength);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    connect(this, &QLineEdit::returnPressed, this, &CustomEditLine::checkTextBounds);
+}
+
+void CustomEditLine::setBounds(double low, double high)
+{
+    minValue = low;
+    maxValue = high;
+}
+
+double CustomEditLine::clampToBounds(double value) const
+{
+    if (value < minValue)
+        return minValue;
+    return value > maxValue ? maxValue : value;
+}
+
+void CustomEditLine::setValue(double value)
+{
+    setText(numberText(value, maxLength()));
+}
+
+void CustomEditLine::setValue(double value, const char* label)
+{
+    setText(QString::asprintf("%.3f [%s]", value, label));
+}
+
+QSize CustomEditLine::sizeHint() const
+{
+    const QFontMetrics metrics(font());
+    const int digits = metrics.horizontalAdvance(QLatin1Char('0')) * maxLength();
+    const int assumed = metrics.horizontalAdvance(QLatin1Char('x')) * sizeHintCharacters;
+    const QSize base = QLineEdit::sizeHint();
+    return {base.width() - assumed + digits, base.height()};
+}
+
+void CustomEditLine::checkTextBounds()
+{
+    setValue(clampToBounds(numberIn(text())));
+}
+
+void CustomEditLine::mousePressEvent(QMouseEvent* event)
+{
+    QLineEdit::mousePressEvent(event);
+    if (event->button() == Qt::RightButton)
+        return;
+    dragging = true;
+    pressGlobalY = event->globalPosition().toPoint().y();
+    pressValue = numberIn(text());
+}
+
+// The base would paste the selection of the desktop at a middle release, over the number just dragged.
+void CustomEditLine::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::MiddleButton)
+        QLineEdit::mouseReleaseEvent(event);
+    if (event->button() != Qt::RightButton)
+        dragging = false;
+}
+
+// A release can go astray, to a box that opened during the drag; the mouse then comes back without a button.
+void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseMoveEvent(event);
+    dragging = dragging && holdsDragButton(event->buttons());
+    if (!dragging)
+        return;
+    const double distance = event->globalPosition().toPoint().y() - pressGlobalY;
+    const double value = clampToBounds(pressValue - dragWeight(pressValue) * (distance * stepPerPixel));
+    setValue(value);
+    Q_EMIT newValueSet(value, this);
+}
+
+void CustomEditLine::keyPressEvent(QKeyEvent* event)
+{
+    QLineEdit::keyPressEvent(event);
+    Q_EMIT newValueSet(clampToBounds(numberIn(text())), this);
+}
+
+void CustomEditLine::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        dragging = false;
+}

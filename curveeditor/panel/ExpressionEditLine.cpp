@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/panel/ExpressionEditLine.h>
+
+#include <curveeditor/panel/TextDrop.h>
+#include <curveeditor/panel/TextSpan.h>
+
+#include <QMimeData>
+
+namespace {
+
+constexpr int maximumLength = 16384;
+constexpr QColor lineColor(32, 32, 32);
+constexpr QColor textColor(224, 224, 224);
+constexpr QColor warningColor(255, 55, 33);
+
+QString withInserted(const QString& text, int position, const QString& piece)
+{
+    return text.left(position) + piece + text.mid(position);
+}
+
+} // namespace
+
+ExpressionEditLine::ExpressionEditLine(QWidget* parent, const QString& name) : QLineEdit(parent)
+{
+    setObjectName(name);
+    setAlignment(Qt::AlignRight);
+    setMaxLength(maximumLength);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizeIncrement(1, 1);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMouseTracking(true);
+    setAcceptDrops(true);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, lineColor);
+    colors.setColor(QPalette::Text, textColor);
+    setPalette(colors);
+    savedPalette = palette();
+    setText(
+        QStringLiteral("1/14 cos(t)+3*exp(-(t-520)^2/2000)+8*exp(-(t-600)^2/2000)+2*exp(-(t-700)^2/4000)"));
+}
+
+void ExpressionEditLine::showMessage(const ParseMessage& message)
+{
+    lastMessage = message;
+    setText(QString::fromStdString(message.text));
+    if (message.errors.empty())
+        return;
+    showErrorColors();
+    const auto& [offset, length] = message.errors.front();
+    const TextSpan span = textSpan(message.text, offset, length);
+    if (span.start <= text().size())
+        setSelection(span.start, span.length);
+}
+
+void ExpressionEditLine::insertUnderscore()
+{
+    setText(withInserted(text(), cursorPosition(), QStringLiteral("_")));
+    setFocus();
+}
+
+void ExpressionEditLine::mousePressEvent(QMouseEvent* event)
+{
+    restoreColors();
+    QLineEdit::mousePressEvent(event);
+}
+
+void ExpressionEditLine::mouseReleaseEvent(QMouseEvent* event)
+{
+    restoreColors();
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void ExpressionEditLine::keyPressEvent(QKeyEvent* event)
+{
+    restoreColors();
+    QLineEdit::keyPressEvent(event);
+}
+
+void ExpressionEditLine::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasText())
+        acceptAsCopy(event);
+    else
+        event->ignore();
+}
+
+// The base would show a cursor under the mouse, but a drop goes to the cursor of the line.
+void ExpressionEditLine::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (event->mimeData()->hasText())
+        acceptAsCopy(event);
+    else
+        event->ignore();
+}
+
+void ExpressionEditLine::dropEvent(QDropEvent* event)
+{
+    if (event->mimeData()->hasText()) {
+        QString dropped = event->mimeData()->text();
+        dropped.replace(QLatin1Char(' '), QLatin1Char('_'));
+        setText(withInserted(text(), cursorPosition(), dropped));
+        acceptAsCopy(event);
+    }
+    setFocus();
+}
+
+void ExpressionEditLine::showErrorColors()
+{
+    QPalette colors = savedPalette;
+    colors.setColor(QPalette::HighlightedText, warningColor);
+    colors.setColor(QPalette::Highlight, colors.color(QPalette::Base));
+    setPalette(colors);
+    errorShown = true;
+}
+
+void ExpressionEditLine::restoreColors()
+{
+    if (!errorShown)
+        return;
+    setPalette(savedPalette);
+    errorShown = false;
+}

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/panel/TcbCurveFrame.h>
+
+#include <curveeditor/canvas/Truncate.h>
+
+#include <QPainter>
+#include <QPalette>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr unsigned topOfHump = 2; // behind the point of a new spline and the one added at the same time
+constexpr int crosses = 30;
+constexpr int middleCross = 15;
+constexpr int armLength = 2;
+constexpr int borderPixels = 5;
+constexpr double heightShare = double(0.7f);
+constexpr QColor background(192, 192, 192);
+constexpr QSize smallestPicture(80, 60);
+
+void drawCross(QPainter& painter, const QPoint& center, int thickness, const QColor& color)
+{
+    const int arm = armLength * thickness;
+    const int length = 2 * arm + thickness;
+    painter.fillRect(center.x() - arm, center.y(), length, thickness, color);
+    painter.fillRect(center.x(), center.y() - arm, thickness, length, color);
+}
+
+} // namespace
+
+TcbCurveFrame::TcbCurveFrame(QWidget* parent, const QString& name) : QFrame(parent)
+{
+    setObjectName(name);
+    setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
+    setCursor(Qt::CrossCursor);
+    setMinimumSize(smallestPicture);
+    setAutoFillBackground(true);
+    QPalette colors;
+    colors.setColor(QPalette::Window, background);
+    setPalette(colors);
+    previewSpline.addPoint(0.0, 0.0);
+    previewSpline.addPoint(0.5, 1.0);
+    previewSpline.addPoint(1.0, 0.0);
+}
+
+void TcbCurveFrame::setFromPoint(const SplineBase::PointInfo* point)
+{
+    SplineBase::PointInfo* top = previewSpline.modify(topOfHump);
+    const double time = top->time;
+    const double pos = top->pos;
+    *top = *point;
+    top->time = time;
+    top->pos = pos;
+}
+
+// Works in device pixels, where each cross falls on whole pixels whatever their ratio to logical ones.
+void TcbCurveFrame::paintEvent(QPaintEvent* event)
+{
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    const double ratio = devicePixelRatioF();
+    const int thickness = std::max(1, qRound(ratio));
+    painter.scale(1.0 / ratio, 1.0 / ratio);
+    const double step = 1.0 / crosses;
+    int count = 1;
+    for (double time = step; time < 1.0; time += step, ++count) {
+        const double x = std::trunc((width() - borderPixels) * time);
+        const double y = (height() - borderPixels) * (1.0 / heightShare - previewSpline(time)) * heightShare;
+        const double visibleY =
+            std::clamp(std::trunc(y), -double(borderPixels), double(height() + borderPixels));
+        drawCross(painter, {truncateToInt(x * ratio), truncateToInt(visibleY * ratio)}, thickness,
+                  count == middleCross ? Qt::darkRed : Qt::black);
+    }
+}

@@ -1,0 +1,369 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditorDialogBase.h>
+
+#include <curveeditor/panel/CustomEditLine.h>
+#include <curveeditor/panel/EditingList.h>
+#include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/panel/TcbCurveFrame.h>
+#include <curveeditor/shell/DialogParts.h>
+#include <curveeditor/shell/PlainToolBar.h>
+
+#include <QComboBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTabWidget>
+
+namespace {
+
+constexpr QSize initialSize(844, 550);
+constexpr int listWidth = 150;
+constexpr int menuHeight = 30;
+constexpr int fieldHeight = 20;
+constexpr int stepButtonWidth = 20;
+constexpr int tabSpace = 31;
+
+void setLabel(QLabel* label, QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical,
+              Qt::CursorShape cursor, Qt::Alignment side)
+{
+    label->setSizePolicy(horizontal, vertical);
+    label->setCursor(cursor);
+    label->setAlignment(Qt::AlignVCenter | side);
+}
+
+// As wide as its longest number, also after a change of font; a width in pixels would cut the numbers off.
+CustomEditLine* numericField(const char* name, QWidget* parent)
+{
+    auto* field = named<CustomEditLine>(name, parent);
+    field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    field->setMinimumHeight(fieldHeight);
+    setPaletteColor(field, QPalette::Text, QColor(0, 0, 0));
+    setPaletteColor(field, QPalette::Base, QColor(128, 128, 128));
+    field->setCursor(Qt::PointingHandCursor);
+    field->setMouseTracking(true);
+    field->setAcceptDrops(true);
+    return field;
+}
+
+QPushButton* stepButton(const char* name, QWidget* parent)
+{
+    auto* button = named<QPushButton>(name, parent);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    button->setMaximumWidth(stepButtonWidth);
+    button->setCursor(Qt::PointingHandCursor);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAutoRepeat(true);
+    button->setAutoDefault(false);
+    button->setDefault(false);
+    button->setFlat(true);
+    return button;
+}
+
+QComboBox* behaviourCombo(const char* name, QWidget* parent)
+{
+    auto* combo = named<QComboBox>(name, parent);
+    combo->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    combo->setCursor(Qt::ArrowCursor);
+    return combo;
+}
+
+QFrame* pageFrame(const char* name, QWidget* parent, int minimumWidth)
+{
+    auto* frame = named<QFrame>(name, parent);
+    frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    frame->setMinimumWidth(minimumWidth);
+    frame->setFrameShape(QFrame::StyledPanel);
+    frame->setFrameShadow(QFrame::Raised);
+    return frame;
+}
+
+void addRow(QGridLayout* grid, QWidget* left, QWidget* right)
+{
+    const int row = grid->rowCount() - (grid->count() == 0 ? 1 : 0);
+    grid->addWidget(left, row, 0);
+    grid->addWidget(right, row, 1);
+}
+
+void setHelp(QWidget* widget, const QString& help)
+{
+    widget->setToolTip(help);
+    widget->setWhatsThis(help);
+}
+
+void setItems(QComboBox* combo, const QStringList& items)
+{
+    const int index = combo->currentIndex();
+    combo->clear();
+    combo->addItems(items);
+    combo->setCurrentIndex(index < 0 ? 0 : index);
+}
+
+} // namespace
+
+CurveEditorDialogBase::CurveEditorDialogBase(QWidget* parent, const QString& name, bool modal,
+                                             Qt::WindowFlags flags)
+    : QDialog(parent, flags)
+{
+    setObjectName(name.isEmpty() ? QStringLiteral("CurveEditorDialogBase") : name);
+    setModal(modal);
+    CurveEditorDialogBaseLayout = outerLayout<QVBoxLayout>("CurveEditorDialogBaseLayout", this);
+    buildMenuAndSplitters();
+    buildNodePage();
+    buildExpressionPage();
+    CurveEditorDialogBaseLayout->addWidget(splitter11);
+    orderTabs();
+    CurveEditorDialogBase::languageChange();
+    resize(initialSize.expandedTo(minimumSizeHint()));
+}
+
+void CurveEditorDialogBase::buildMenuAndSplitters()
+{
+    mainMenu = new PlainToolBar(this, QStringLiteral("mainMenu"));
+    mainMenu->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    mainMenu->setMaximumHeight(menuHeight);
+    setDialogFamily(mainMenu);
+    CurveEditorDialogBaseLayout->addWidget(mainMenu);
+
+    splitter11 = named<QSplitter>("splitter11", this);
+    splitter11->setOrientation(Qt::Horizontal);
+    checkListsEditing = named<EditingList>("checkListsEditing", splitter11);
+    checkListsEditing->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    checkListsEditing->setMinimumWidth(listWidth);
+    setDialogFamily(checkListsEditing);
+
+    splitter10 = named<QSplitter>("splitter10", splitter11);
+    splitter10->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    splitter10->setOrientation(Qt::Vertical);
+    functionView = named<QFrame>("functionView", splitter10);
+    functionView->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    functionView->setMinimumSize(550, 300);
+    setPaletteColor(functionView, QPalette::Window, QColor(58, 56, 51));
+    functionView->setAutoFillBackground(true);
+    functionView->setMouseTracking(true);
+    functionView->setFocusPolicy(Qt::StrongFocus);
+    functionView->setFrameShape(QFrame::StyledPanel);
+    functionView->setFrameShadow(QFrame::Sunken);
+
+    tabWidget2 = named<QTabWidget>("tabWidget2", splitter10);
+    tabWidget2->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    tabWidget2->setMinimumSize(0, 0);
+    setDialogFamily(tabWidget2);
+    splitter11->setSizes({listWidth, initialSize.width() - listWidth});
+}
+
+void CurveEditorDialogBase::buildNodePage()
+{
+    tab = named<QWidget>("tab", tabWidget2);
+    tabLayout = outerLayout<QHBoxLayout>("tabLayout", tab);
+    buildPositionFrame();
+    tabLayout->addItem(new QSpacerItem(tabSpace, fieldHeight, QSizePolicy::Expanding, QSizePolicy::Minimum));
+    buildParameterFrame();
+    tabWidget2->addTab(tab, QString());
+}
+
+void CurveEditorDialogBase::buildPositionFrame()
+{
+    frame11 = pageFrame("frame11", tab, 210);
+    tabLayout->addWidget(frame11);
+    frame11Layout = outerLayout<QHBoxLayout>("frame11Layout", frame11);
+    layout15 = innerLayout<QVBoxLayout>("layout15", frame11Layout);
+    layout13 = innerLayout<QHBoxLayout>("layout13", layout15);
+    prevNode = stepButton("prevNode", frame11);
+    nextNode = stepButton("nextNode", frame11);
+    node = numericField("node", frame11);
+    layout13->addWidget(prevNode);
+    layout13->addWidget(nextNode);
+    layout13->addWidget(node);
+
+    layout14 = innerLayout<QGridLayout>("layout14", layout15);
+    posX = numericField("posX", frame11);
+    textLabel1 = named<QLabel>("textLabel1", frame11);
+    posY = numericField("posY", frame11);
+    textLabel2 = named<QLabel>("textLabel2", frame11);
+    for (QLabel* label : {textLabel1, textLabel2})
+        setLabel(label, QSizePolicy::Fixed, QSizePolicy::Fixed, Qt::PointingHandCursor, Qt::AlignRight);
+    addRow(layout14, textLabel1, posX);
+    addRow(layout14, textLabel2, posY);
+
+    line1 = named<QFrame>("line1", frame11);
+    line1->setFrameShape(QFrame::VLine);
+    line1->setFrameShadow(QFrame::Sunken);
+    frame11Layout->addWidget(line1);
+
+    layout24 = innerLayout<QVBoxLayout>("layout24", frame11Layout);
+    textLabel1_2 = named<QLabel>("textLabel1_2", frame11);
+    nodeFirst = behaviourCombo("nodeFirst", frame11);
+    textLabel1_2_2 = named<QLabel>("textLabel1_2_2", frame11);
+    nodeLast = behaviourCombo("nodeLast", frame11);
+    for (QLabel* label : {textLabel1_2, textLabel1_2_2})
+        setLabel(label, QSizePolicy::Preferred, QSizePolicy::Fixed, Qt::ArrowCursor, Qt::AlignLeft);
+    for (QWidget* widget : std::initializer_list<QWidget*>{textLabel1_2, nodeFirst, textLabel1_2_2, nodeLast})
+        layout24->addWidget(widget);
+}
+
+void CurveEditorDialogBase::buildParameterFrame()
+{
+    frame10 = pageFrame("frame10", tab, 340);
+    tabLayout->addWidget(frame10);
+    frame10Layout = outerLayout<QHBoxLayout>("frame10Layout", frame10);
+    layout21 = innerLayout<QGridLayout>("layout21", frame10Layout);
+    textLabel1_2_3_2_2 = named<QLabel>("textLabel1_2_3_2_2", frame10);
+    textLabel1_2_3_2 = named<QLabel>("textLabel1_2_3_2", frame10);
+    for (QLabel* label : {textLabel1_2_3_2_2, textLabel1_2_3_2})
+        setLabel(label, QSizePolicy::Preferred, QSizePolicy::Fixed, Qt::ArrowCursor, Qt::AlignRight);
+    easeFrom = numericField("easeFrom", frame10);
+    easeTo = numericField("easeTo", frame10);
+    nodeTypeCombo = named<QComboBox>("nodeTypeCombo", frame10);
+    nodeTypeCombo->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    nodeTypeCombo->setCursor(Qt::ArrowCursor);
+    layout21->addWidget(nodeTypeCombo, 0, 0, 1, 2);
+    addRow(layout21, textLabel1_2_3_2, easeTo);
+    addRow(layout21, textLabel1_2_3_2_2, easeFrom);
+
+    nodeTypeWidgetStack = named<QStackedWidget>("nodeTypeWidgetStack", frame10);
+    frame10Layout->addWidget(nodeTypeWidgetStack);
+    buildTcbPage();
+    buildTangentPage();
+    tcbCurve = named<TcbCurveFrame>("tcbCurve", frame10);
+    frame10Layout->addWidget(tcbCurve);
+}
+
+void CurveEditorDialogBase::buildTcbPage()
+{
+    tcbPage = named<QWidget>("tcbPage", nodeTypeWidgetStack);
+    tcbPageLayout = outerLayout<QGridLayout>("tcbPageLayout", tcbPage);
+    textTension = named<QLabel>("textTension", tcbPage);
+    tension = numericField("tension", tcbPage);
+    textContinuity = named<QLabel>("textContinuity", tcbPage);
+    continuity = numericField("continuity", tcbPage);
+    textBias = named<QLabel>("textBias", tcbPage);
+    bias = numericField("bias", tcbPage);
+    for (QLabel* label : {textTension, textContinuity})
+        setLabel(label, QSizePolicy::Fixed, QSizePolicy::Fixed, Qt::ArrowCursor, Qt::AlignRight);
+    setLabel(textBias, QSizePolicy::Fixed, QSizePolicy::Fixed, Qt::PointingHandCursor, Qt::AlignRight);
+    addRow(tcbPageLayout, textTension, tension);
+    addRow(tcbPageLayout, textContinuity, continuity);
+    addRow(tcbPageLayout, textBias, bias);
+    nodeTypeWidgetStack->insertWidget(0, tcbPage);
+}
+
+void CurveEditorDialogBase::buildTangentPage()
+{
+    ioPage = named<QWidget>("ioPage", nodeTypeWidgetStack);
+    ioPageLayout = outerLayout<QGridLayout>("ioPageLayout", ioPage);
+    outgoing = numericField("outgoing", ioPage);
+    incoming = numericField("incoming", ioPage);
+    textIncoming = named<QLabel>("textIncoming", ioPage);
+    textOutcoming = named<QLabel>("textOutcoming", ioPage);
+    setLabel(textIncoming, QSizePolicy::Preferred, QSizePolicy::Preferred, Qt::PointingHandCursor,
+             Qt::AlignRight);
+    setLabel(textOutcoming, QSizePolicy::Preferred, QSizePolicy::Preferred, Qt::ArrowCursor, Qt::AlignRight);
+    addRow(ioPageLayout, textIncoming, incoming);
+    addRow(ioPageLayout, textOutcoming, outgoing);
+    nodeTypeWidgetStack->insertWidget(1, ioPage);
+}
+
+void CurveEditorDialogBase::buildExpressionPage()
+{
+    tab_2 = named<QWidget>("tab_2", tabWidget2);
+    tabLayout_2 = outerLayout<QVBoxLayout>("tabLayout_2", tab_2);
+    expressionTool = new PlainToolBar(tab_2, QStringLiteral("expressionTool"));
+    expressionTool->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+    tabLayout_2->addWidget(expressionTool);
+
+    layout4 = innerLayout<QHBoxLayout>("layout4", tabLayout_2);
+    commandLine = named<ExpressionEditLine>("commandLine", tab_2);
+    commandLine->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+    commandLine->setMinimumSize(360, fieldHeight);
+    setPaletteColor(commandLine, QPalette::Text, QColor(255, 255, 255));
+    commandLine->setCursor(Qt::ArrowCursor);
+    commandLine->setMouseTracking(true);
+    commandLine->setFocusPolicy(Qt::StrongFocus);
+    commandLine->setAcceptDrops(true);
+    layout4->addWidget(commandLine);
+
+    deleteCurve = named<QPushButton>("deleteCurve", tab_2);
+    deleteCurve->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    deleteCurve->setMinimumSize(80, fieldHeight);
+    deleteCurve->setFocusPolicy(Qt::NoFocus);
+    deleteCurve->setAutoDefault(false);
+    layout4->addWidget(deleteCurve);
+    tabWidget2->addTab(tab_2, QString());
+}
+
+// As the fields stand on the page, from left to right and top to bottom.
+void CurveEditorDialogBase::orderTabs()
+{
+    QWidget* previous = node;
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{posX, posY, nodeFirst, nodeLast, nodeTypeCombo, easeTo, easeFrom,
+                                         tension, continuity, bias, incoming, outgoing, commandLine}) {
+        setTabOrder(previous, widget);
+        previous = widget;
+    }
+}
+
+void CurveEditorDialogBase::languageChange()
+{
+    setWindowTitle(tr("Curve Editor"));
+    checkListsEditing->setToolTip(tr("Selected variables"));
+    checkListsEditing->setWhatsThis(tr("Here you can select the variables to be edited as curves"));
+    prevNode->setText(tr("<<"));
+    setHelp(prevNode, tr("Select previous node"));
+    nextNode->setText(tr(">>"));
+    setHelp(nextNode, tr("Select next node"));
+    for (QWidget* field : {node, posX, posY, easeFrom, easeTo, tension, continuity, bias, outgoing, incoming})
+        setHelp(field, tr("Current node"));
+    textLabel1->setText(tr("Time:"));
+    textLabel2->setText(tr("Value:"));
+    textLabel1_2->setText(tr("Pre-behaviour:"));
+    setItems(nodeFirst, {tr("Zero"), tr("Constant")});
+    textLabel1_2_2->setText(tr("Post-behaviour:"));
+    setItems(nodeLast, {tr("Zero"), tr("Constant"), tr("Loop"), tr("Loop offset"), tr("Follow Tangent")});
+    textLabel1_2_3_2_2->setText(tr("Ease From:"));
+    textLabel1_2_3_2->setText(tr("Ease To:"));
+    setItems(nodeTypeCombo, {tr("Tcb node"), tr("Bezier node"), tr("Linear node")});
+    textTension->setText(tr("Tension:"));
+    textContinuity->setText(tr("Continuity:"));
+    textBias->setText(tr("Bias:"));
+    textIncoming->setText(tr("Incoming:"));
+    textOutcoming->setText(tr("Outgoing:"));
+    tabWidget2->setTabText(tabWidget2->indexOf(tab), tr("Envelope"));
+    commandLine->setToolTip(tr("Here appears the expression"));
+    commandLine->setWhatsThis(tr("This's the expression parsed"));
+    deleteCurve->setText(tr("Delete Expression"));
+    tabWidget2->setTabText(tabWidget2->indexOf(tab_2), tr("Expresion"));
+    nameForAssistiveTools();
+}
+
+void CurveEditorDialogBase::nameForAssistiveTools()
+{
+    checkListsEditing->setAccessibleName(tr("Curves on the canvas"));
+    prevNode->setAccessibleName(tr("Previous node"));
+    nextNode->setAccessibleName(tr("Next node"));
+    node->setAccessibleName(tr("Node index"));
+    posX->setAccessibleName(tr("Time or frame"));
+    posY->setAccessibleName(tr("Value"));
+    nodeFirst->setAccessibleName(tr("Pre-behaviour"));
+    nodeLast->setAccessibleName(tr("Post-behaviour"));
+    easeFrom->setAccessibleName(tr("Ease from"));
+    easeTo->setAccessibleName(tr("Ease to"));
+    nodeTypeCombo->setAccessibleName(tr("Node type"));
+    tension->setAccessibleName(tr("Tension"));
+    continuity->setAccessibleName(tr("Continuity"));
+    bias->setAccessibleName(tr("Bias"));
+    outgoing->setAccessibleName(tr("Outgoing tangent"));
+    incoming->setAccessibleName(tr("Incoming tangent"));
+    tcbCurve->setAccessibleName(tr("Preview of the node parameters"));
+    commandLine->setAccessibleName(tr("Expression"));
+}
+
+void CurveEditorDialogBase::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        languageChange();
+    QDialog::changeEvent(event);
+}

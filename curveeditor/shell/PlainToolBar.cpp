@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/PlainToolBar.h>
+
+PlainToolBar::PlainToolBar(QWidget* parent, const QString& label) : QToolBar(label, parent) {}
