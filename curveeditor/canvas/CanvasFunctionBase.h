@@ -195,6 +195,7 @@ Q_SIGNALS:
 
 private:
     QWidget* widget() const;
+
     void render();
     void fitBuffer();
     void drawBackground(QPainter& painter, const QRect& canvasRect);
@@ -202,6 +203,7 @@ private:
     void drawBand(QPainter& painter) const;
     void drawSelectionSpan(QPainter& painter) const;
     void drawCurves(QPainter& painter);
+    bool isBandOpen() const;
 
     bool pickCurve(const QPoint& pixel);
     bool hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const;
@@ -210,11 +212,15 @@ private:
     bool pressOnEmptyCanvas(const QMouseEvent& event);
     void openPointMenu(const QMouseEvent& event);
     void dragSelection(double time, double value, bool scaling);
+    void endGesture();
+
+    bool canEditSelection() const;
+    void scalePoints(double timeFactor, double valueFactor);
+    void panPoints(double timeOffset, double valueOffset);
     void addPoint(double time, double value);
-    void reportEdit(CurveNodeBase* curve);
+    void reportEdit();
     void setFirstType(int type);
     void setLastType(int type);
-    bool canEditSelection() const;
 
     DependencyCheck* editor;
     double lastTime = 0.0;

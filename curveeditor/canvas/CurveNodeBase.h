@@ -115,6 +115,8 @@ Q_SIGNALS:
 private:
     void connectMenu();
     void setExpression(std::unique_ptr<FunctionFloatBase> newExpression);
+    bool readSpline(std::istream& in);
+    bool readExpression(std::istream& in, FunctionParserBase* parser);
     void sampleExpression(const ViewPort& viewport);
     double clamped(double value) const;
     double framesPerTimeUnit() const;

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/CanvasExpression.h>
+
+#include <QPainter>
+
+void CanvasExpression::setColors(const QPen& pen, const QColor& background)
+{
+    selectedPen = pen;
+    unselectedPen = pen;
+    const QColor color = pen.color();
+    unselectedPen.setColor(QColor((color.red() + background.red()) / 2,
+                                  (color.green() + background.green()) / 2,
+                                  (color.blue() + background.blue()) / 2));
+}
+
+void CanvasExpression::setLine(const QPolygon& points, const std::vector<int>& starts)
+{
+    curveLine = points;
+    lineStarts = starts;
+}
+
+void CanvasExpression::draw(QPainter* painter) const
+{
+    painter->setPen(selected ? selectedPen : unselectedPen);
+    int begin = 0;
+    for (const int start : lineStarts) {
+        painter->drawPolyline(curveLine.constData() + begin, start - begin);
+        begin = start;
+    }
+    painter->drawPolyline(curveLine.constData() + begin, int(curveLine.size()) - begin);
+}
