@@ -146,8 +146,9 @@ public:
     /// null afterwards.
     void deleteExpression(const QString& nodeName, const QString& curveName, FunctionFloatBase** function);
     /// Writes the table of all curves on the canvas: a banner, then one row for each whole time within the
-    /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing.
-    void exportSensorData(QTextStream& out);
+    /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes nothing
+    /// and returns false if the range is too long for a table.
+    bool exportSensorData(QTextStream& out) const;
 
     // Time, frames, font
 
@@ -158,6 +159,8 @@ public:
     bool isModeTime() const;
     /// Gives the dialog, its menus and most of its labels a font; the fields and the grid keep theirs.
     virtual void setFont(const QFont& font);
+    /// The widgets of the node page, for the form that fills them.
+    NodePageWidgets nodePageWidgets() const override;
 
     // Colours; a change shows at the next paint. The four of points and handles hold for all editors of the
     // process.
@@ -299,16 +302,18 @@ private:
     void createActions();
     void createMainMenu();
     void createViewButtons();
-    void createEditingList();
     void createExpressionTool();
     void connectActions();
     void connectWidgets();
     void connectEditingList();
     QAction* createAction(const char* name);
     QAction* createToggleAction(const char* name, QActionGroup* group);
-    QMenu* createExpressionMenu(const QString& text, const QStringList& entries);
-    QToolButton* createMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
-    QToolButton* createViewButton(QWidget* box, const QString& text, const QString& name);
+    QMenu* createMenu(const QList<QAction*>& actions);
+    QMenu* createExpressionMenu(const QString& text, const QStringList& entries,
+                                void (CurveEditor::*insert)(int));
+    void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
+    QToolButton* createViewButton(QWidget* box, const QString& text);
+    CustomEditLine* createReadOut(const char* name);
 
     void addNewMainNode(const QString& name);
     void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
@@ -316,8 +321,8 @@ private:
                     float maxValue);
     void addNewNode(MainNodeStruct* group, const QString& fullName, const QColor& color, float defaultValue,
                     SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
-    void renameRecord(NodeStruct& node, const QString& newName);
-    void eraseRecord(NodeStruct* node);
+    void renameRecord(NodeStruct& record, const QString& newName);
+    void eraseRecord(NodeStruct* record);
     std::vector<NodeStruct*> nodesOfGroup(const QString& nodeName) const;
     NodeStruct* searchCheckList(const QTreeWidgetItem* item);
     NodeStruct* searchAllNodeEditingList(const QTreeWidgetItem* item);
@@ -325,19 +330,23 @@ private:
     QColor getColorFromEditingNode(const QTreeWidgetItem* item);
     void setColorToNode(const QTreeWidgetItem* item, const QColor& color);
     void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
+    void setColor(NodeStruct* record, const QColor& color);
+    static QString lowerVariableName(QString fullName);
 
-    void setCurveEditableOn(NodeStruct* node);
-    void setCurveEditableOff(NodeStruct* node);
-    void showSelectedRow(NodeStruct* node);
+    void setCurveEditableOn(NodeStruct* record);
+    void setCurveEditableOff(NodeStruct* record);
+    void showSelectedRow(NodeStruct& record);
 
     void setSplineToolsEnabled(bool enabled);
-    void showBehaviour(int firstType, int lastType);
+    void showFirstType(int type);
+    void showLastType(int type);
     void setMinTime(const double& val);
     void setMaxTime(const double& val);
-    void showTimeBounds(double factor);
-    void paintCanvas();
+    double timeOfFrame(double frame) const;
+    double shownTime(double time) const;
+    void showTimeBounds();
+    void paintAll();
     void paintChangedView();
-    QString proposedFileName() const;
 
     std::vector<std::unique_ptr<MainNodeStruct>> mainNodeList;
     std::vector<std::unique_ptr<NodeStruct>> nodeList;

@@ -42,8 +42,8 @@ public:
 
     /// Disables the form if it is open.
     void closeNodeForm();
-    /// Shows the selected point in the form, which opens only if `enable` is true. What the host has removed
-    /// from the current spline is no longer selected then.
+    /// Shows the selected point in the form, which opens only if `enable` is true and closes if there is not
+    /// exactly one.
     void showSelection(bool enable);
 
     void resetAllCurves();
@@ -77,7 +77,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void showSelectionOfSpline();
+    bool isCurrentSpline() const;
     void reportPosition(const QMouseEvent& event);
     void loadBand();
 };

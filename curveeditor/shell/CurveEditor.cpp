@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <curveeditor/panel/ControlMenu2.h>
+#include <curveeditor/panel/CustomEditLine.h>
+#include <curveeditor/panel/EditingList.h>
+#include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/shell/FunctionEditor.h>
+#include <curveeditor/shell/PlainToolBar.h>
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+bool isTabStop(const QWidget& widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) && widget.isEnabled() && widget.isVisible();
+}
+
+} // namespace
+
+CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
+{
+    preInit();
+    checkListsEditing->header()->hide();
+
+    auto* const layout = new QHBoxLayout(functionView);
+    layout->setContentsMargins(0, 0, 0, 0);
+    functionEdit = new FunctionEditor(functionView, this);
+    layout->addWidget(functionEdit);
+    QPalette black = functionView->palette();
+    black.setColor(QPalette::Window, Qt::black);
+    functionView->setPalette(black);
+    functionView->setFocusPolicy(Qt::ClickFocus);
+    functionEdit->setFocusPolicy(Qt::ClickFocus);
+    functionView->setObjectName(QStringLiteral("functionView"));
+    functionEdit->setObjectName(QStringLiteral("functionEdit"));
+    setTabOrder(nextNode, functionEdit);
+
+    resize(400, 300);
+    connectWidgets();
+    connectActions();
+    connectEditingList();
+    setFocusPolicy(Qt::StrongFocus);
+    setShowFrames();
+}
+
+CurveEditor::~CurveEditor()
+{
+    // The canvas goes first, while all that its signals and its node form reach is still there.
+    delete functionEdit;
+    checkListsEditing->disconnect(this);
+    nodeList.clear();
+    mainNodeList.clear();
+}
+
+void CurveEditor::connectWidgets()
+{
+    connect(commandLine, &QLineEdit::returnPressed, this, &CurveEditor::executeCommand);
+    connect(deleteCurve, &QPushButton::pressed, this, &CurveEditor::deleteCurveClicked);
+    connect(nodeFirst, &QComboBox::activated, this, &CurveEditor::changeNodeFirstType);
+    connect(nodeLast, &QComboBox::activated, this, &CurveEditor::changeNodeLastType);
+    connect(&functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, this,
+            &CurveEditor::refreshCommandLine);
+    connect(functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
+    connect(functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
+}
+
+void CurveEditor::connectEditingList()
+{
+    connect(checkListsEditing, &EditingList::setNodeForEdit, this, &CurveEditor::setEditingNode);
+    connect(checkListsEditing, &EditingList::supressFromEditing, this, &CurveEditor::slotRemoveFromEditing);
+    connect(checkListsEditing, &QTreeWidget::itemPressed, this, &CurveEditor::pressedEditingItem);
+    connect(checkListsEditing, &QTreeWidget::itemSelectionChanged, this,
+            [this] { selectionChangedEditingItem(checkListsEditing->selectedItem()); });
+    checkListsEditing->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(checkListsEditing, &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
+        rightButtonPressedEditingItem(checkListsEditing->itemAt(position),
+                                      checkListsEditing->viewport()->mapToGlobal(position), 0);
+    });
+    connect(editingMenu.get(), &ControlMenu2::setRemoveItem, this, &CurveEditor::slotMenuEditingNodeRemove);
+    connect(editingMenu.get(), &ControlMenu2::setColorChange, this, &CurveEditor::slotMenuEditingNodeColor);
+    connect(editingMenu.get(), &ControlMenu2::nodeChanged, &functionEdit->canvas,
+            &CanvasFunctionBase::currentNodeHasChanged);
+}
+
+NodePageWidgets CurveEditor::nodePageWidgets() const
+{
+    NodePageWidgets widgets;
+    widgets.prevNode = prevNode;
+    widgets.nextNode = nextNode;
+    widgets.node = node;
+    widgets.posX = posX;
+    widgets.posY = posY;
+    widgets.tension = tension;
+    widgets.continuity = continuity;
+    widgets.bias = bias;
+    widgets.incoming = incoming;
+    widgets.outgoing = outgoing;
+    widgets.easeFrom = easeFrom;
+    widgets.easeTo = easeTo;
+    widgets.nodeTypeCombo = nodeTypeCombo;
+    widgets.nodeTypeWidgetStack = nodeTypeWidgetStack;
+    widgets.tcbCurve = tcbCurve;
+    return widgets;
+}
+
+bool CurveEditor::event(QEvent* event)
+{
+    const bool isDelete =
+        event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete;
+    if (isDelete)
+        event->accept();
+    return CurveEditorDialogBase::event(event) || isDelete;
+}
+
+void CurveEditor::keyPressEvent(QKeyEvent* event)
+{
+    functionEdit->keyPressEvent(event);
+    CurveEditorDialogBase::keyPressEvent(event);
+}
+
+void CurveEditor::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    Q_EMIT closed();
+}
+
+bool CurveEditor::focusNextPrevChild(bool next)
+{
+    const auto neighbour = [next](const QWidget& widget) {
+        return next ? widget.nextInFocusChain() : widget.previousInFocusChain();
+    };
+    const QWidget* const start = focusWidget() ? focusWidget() : this;
+    for (QWidget* widget = neighbour(*start); widget != start && !isTabStop(*widget);
+         widget = neighbour(*widget)) {
+        if (widget == functionEdit) {
+            functionEdit->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+    }
+    return CurveEditorDialogBase::focusNextPrevChild(next);
+}
+
+void CurveEditor::updateCurves()
+{
+    functionEdit->canvas.dropLostPoints();
+    functionEdit->showSelection(false);
+    paintChangedView();
+}
+
+bool CurveEditor::exportSensorData(QTextStream& out) const
+{
+    return functionEdit->canvas.exportSensorData(out);
+}
+
+double CurveEditor::getFps() const
+{
+    return functionEdit->getFps();
+}
+
+bool CurveEditor::isModeFrames() const
+{
+    return functionEdit->isShowFrames();
+}
+
+bool CurveEditor::isModeTime() const
+{
+    return !isModeFrames();
+}
+
+void CurveEditor::setTimeRange(const double& timeMin, const double& timeMax)
+{
+    setMinTime(timeMin);
+    setMaxTime(timeMax);
+}
+
+void CurveEditor::setMinTime(const double& val)
+{
+    if (!std::isfinite(val))
+        return;
+    functionEdit->setLimitTimeMin(val);
+    if (isModeFrames())
+        showTimeBounds();
+    functionEdit->dirty = true;
+}
+
+void CurveEditor::setMaxTime(const double& val)
+{
+    if (!std::isfinite(val))
+        return;
+    functionEdit->setLimitTimeMax(val);
+    if (isModeFrames())
+        showTimeBounds();
+    paintChangedView();
+}
+
+void CurveEditor::setTimeLine(const double& val)
+{
+    if (!std::isfinite(val))
+        return;
+    functionEdit->setTimeLine(val);
+    paintChangedView();
+}
+
+void CurveEditor::setTimeLine(int val)
+{
+    setTimeLine(timeOfFrame(val));
+}
+
+void CurveEditor::setFps(const double& val)
+{
+    if (!std::isfinite(val))
+        return;
+    functionEdit->setFps(val);
+    paintChangedView();
+}
+
+void CurveEditor::setMinValue(const double& val)
+{
+    if (!std::isfinite(val))
+        return;
+    functionEdit->setLimitValueMin(val);
+    paintChangedView();
+}
+
+void CurveEditor::setMaxValue(const double& val)
+{
+    if (!std::isfinite(val))
+        return;
+    functionEdit->setLimitValueMax(val);
+    paintChangedView();
+}
+
+double CurveEditor::timeOfFrame(double frame) const
+{
+    return getFps() == 0.0 ? 0.0 : frame / getFps();
+}
+
+double CurveEditor::shownTime(double time) const
+{
+    return isModeFrames() ? time * getFps() : time;
+}
+
+void CurveEditor::showTimeBounds()
+{
+    functionEdit->nodeForm.setTimeBounds(shownTime(functionEdit->timeMin), shownTime(functionEdit->timeMax));
+}
+
+void CurveEditor::paintChangedView()
+{
+    functionEdit->dirty = true;
+    functionEdit->canvas.paint();
+}
+
+void CurveEditor::paintAll()
+{
+    functionEdit->canvas.paint();
+    update();
+}
+
+void CurveEditor::setFont(const QFont& font)
+{
+    QWidget::setFont(font);
+    const std::initializer_list<QWidget*> widgets = {
+        mainMenu,          fileMenu,           curvesMenu,       optionsMenu,        firstNodeMenu,
+        lastNodeMenu,      horizontalAxisMenu, funcTimeEdit,     funcCursorEdit,     funcValueEdit,
+        unaryMenu,         binaryMenu,         ternaryMenu,      iVarMenu,           dVarMenu,
+        fitButton,         fitHButton,         fitVButton,       scaleButton,        panButton,
+        editingMenu.get(), deleteCurve,        tabWidget2,       checkListsEditing,  textLabel1,
+        textLabel2,        textLabel1_2,       textLabel1_2_3_2, textLabel1_2_3_2_2, textTension,
+        textContinuity,    textOutcoming};
+    for (QWidget* const widget : widgets)
+        widget->setFont(font);
+}
+
+void CurveEditor::setCanvasColor(const QColor& color)
+{
+    functionEdit->canvas.setCanvasColor(color);
+}
+
+void CurveEditor::setSelectionColor(const QColor& color)
+{
+    functionEdit->canvas.setSelectionColor(color);
+}
+
+void CurveEditor::setControllerColor(const QColor& color)
+{
+    functionEdit->canvas.setControllerColor(color);
+}
+
+void CurveEditor::setControllerSelectedColor(const QColor& color)
+{
+    functionEdit->canvas.setControllerSelectedColor(color);
+}
+
+void CurveEditor::setControlPointColor(const QColor& color)
+{
+    functionEdit->canvas.setControlPointColor(color);
+}
+
+void CurveEditor::setControlPointSelectedColor(const QColor& color)
+{
+    functionEdit->canvas.setControlPointSelectedColor(color);
+}
+
+void CurveEditor::setFrameFontColor(const QColor& color)
+{
+    functionEdit->canvas.setFrameFontColor(color);
+}
+
+void CurveEditor::setFrameLinesColor(const QColor& color)
+{
+    functionEdit->canvas.setFrameLinesColor(color);
+}
+
+void CurveEditor::setFrameHLineColor(const QColor& color)
+{
+    functionEdit->canvas.setFrameHLineColor(color);
+}
+
+void CurveEditor::setFrameVLineColor(const QColor& color)
+{
+    functionEdit->canvas.setFrameVLineColor(color);
+}
+
+void CurveEditor::setTimeLineColor(const QColor& color)
+{
+    functionEdit->canvas.setTimeLineColor(color);
+}

@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <curveeditor/files/CurveFileStore.h>
+#include <curveeditor/panel/CustomEditLine.h>
+#include <curveeditor/shell/FunctionEditor.h>
+#include <curveeditor/shell/PanDialog.h>
+#include <curveeditor/shell/ScaleDialog.h>
+#include <curveeditor/shell/ViewportSettings.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+constexpr int shownDigits = 6;
+
+double typedNumber(const QLineEdit& line)
+{
+    const double number = line.text().toDouble();
+    return std::isnan(number) ? 0.0 : number;
+}
+
+/// Digits that the line has no room for are left out, so that no exponent is cut off.
+void showNumber(QLineEdit& line, double number)
+{
+    int digits = shownDigits;
+    QString text = QString::number(number, 'g', digits);
+    while (text.size() > line.maxLength() && digits > 1)
+        text = QString::number(number, 'g', --digits);
+    line.setText(text);
+}
+
+/// `actions` and the items of `combo` are in the order of the types.
+void showChoice(const QList<QAction*>& actions, QComboBox& combo, int type)
+{
+    if (type < 0 || type >= actions.size())
+        return;
+    actions[type]->setChecked(true);
+    combo.setCurrentIndex(type);
+}
+
+bool isRange(double low, double high)
+{
+    return low < high && std::isfinite(high - low);
+}
+
+/// Limits that leave nothing to show are put in order, or, if that does not help, given up for the usual.
+void mendLimits(double& low, double& high, double usualLow, double usualHigh)
+{
+    if (high < low)
+        std::swap(low, high);
+    if (!isRange(low, high)) {
+        low = usualLow;
+        high = usualHigh;
+    }
+}
+
+std::filesystem::path nativePath(const QString& path)
+{
+    return std::filesystem::path(path.toStdU16String());
+}
+
+} // namespace
+
+void CurveEditor::resetAllCheckedF()
+{
+    functionEdit->resetAllCurves();
+    refreshCommandLine();
+    update();
+}
+
+void CurveEditor::resetSelectedF()
+{
+    functionEdit->resetCurrentCurve();
+    refreshCommandLine();
+    update();
+}
+
+void CurveEditor::loadFile()
+{
+    CanvasFunctionBase& canvas = functionEdit->canvas;
+    if (canvas.noCurrentCurve())
+        return;
+    const QString chosen = QFileDialog::getOpenFileName(this, QString(), QString(), QStringLiteral("*.crv"));
+    if (chosen.isNull())
+        return;
+    const QString path = CurveFileStore::pathToLoad(chosen);
+    std::ifstream in(nativePath(path));
+    if (!in.is_open())
+        return;
+    const bool isCurve = canvas.loadCurve(in);
+    in.close();
+    refreshCommandLine();
+    if (!isCurve)
+        QMessageBox::warning(nullptr, tr("Load curve"), tr("%1 holds no curve that can be read.").arg(path));
+}
+
+void CurveEditor::saveFile()
+{
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    if (canvas.noCurrentCurve())
+        return;
+    const QString chosen =
+        QFileDialog::getSaveFileName(this, QString(), canvas.getCurrentCurveName(), QStringLiteral("*.crv"));
+    if (chosen.isNull())
+        return;
+    const QString path = CurveFileStore::pathToSave(chosen);
+    if (CurveFileStore::replacesAnotherFile(chosen) &&
+        QMessageBox::question(this, tr("Save curve"),
+                              tr("%1 already exists.\nDo you want to replace it?").arg(path)) !=
+            QMessageBox::Yes)
+        return;
+    std::ostringstream content;
+    if (!canvas.saveCurve(content) || !CurveFileStore::replace(path, content.str()))
+        QMessageBox::warning(nullptr, tr("Save curve"), tr("The curve could not be saved to %1.").arg(path));
+}
+
+void CurveEditor::loadImage()
+{
+    const QString name = QFileDialog::getOpenFileName(this, QString(), QString(),
+                                                      QStringLiteral("*.jpg;;") + tr("All files (*)"));
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    file.close();
+    functionEdit->canvas.loadImage(name);
+    paintAll();
+}
+
+void CurveEditor::clearImage()
+{
+    functionEdit->canvas.clearImage();
+    paintAll();
+}
+
+void CurveEditor::setRange()
+{
+    ViewportSettings dialog(this);
+    showNumber(*dialog.minX, functionEdit->timeMin);
+    showNumber(*dialog.minY, functionEdit->valueMin);
+    showNumber(*dialog.maxX, functionEdit->timeMax);
+    showNumber(*dialog.maxY, functionEdit->valueMax);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    functionEdit->setLimitTimeMin(typedNumber(*dialog.minX));
+    functionEdit->setLimitValueMin(typedNumber(*dialog.minY));
+    functionEdit->setLimitTimeMax(typedNumber(*dialog.maxX));
+    functionEdit->setLimitValueMax(typedNumber(*dialog.maxY));
+    functionEdit->nodeForm.setTimeBounds(functionEdit->timeMin, functionEdit->timeMax);
+    paintChangedView();
+}
+
+void CurveEditor::setScaleSelection()
+{
+    ScaleDialog dialog(this);
+    dialog.scaleX->setText(QStringLiteral("1.0"));
+    dialog.scaleY->setText(QStringLiteral("1.0"));
+    if (dialog.exec() == QDialog::Accepted)
+        functionEdit->canvas.scaleSelection(typedNumber(*dialog.scaleX), typedNumber(*dialog.scaleY));
+}
+
+void CurveEditor::setPanSelection()
+{
+    PanDialog dialog(this);
+    dialog.panX->setText(QStringLiteral("0.0"));
+    dialog.panY->setText(QStringLiteral("0.0"));
+    if (dialog.exec() == QDialog::Accepted)
+        functionEdit->canvas.panSelection(typedNumber(*dialog.panX), typedNumber(*dialog.panY));
+}
+
+void CurveEditor::resetViewport()
+{
+    const ViewPort usual(0, 0);
+    mendLimits(functionEdit->limitTimeMin, functionEdit->limitTimeMax, usual.limitTimeMin,
+               usual.limitTimeMax);
+    mendLimits(functionEdit->limitValueMin, functionEdit->limitValueMax, usual.valueMin, usual.valueMax);
+    functionEdit->reset();
+    paintAll();
+}
+
+void CurveEditor::completeViewport()
+{
+    functionEdit->completeViewport();
+    paintAll();
+}
+
+void CurveEditor::completeViewportH()
+{
+    functionEdit->completeViewportH();
+    paintAll();
+}
+
+void CurveEditor::completeViewportV()
+{
+    functionEdit->completeViewportV();
+    paintAll();
+}
+
+void CurveEditor::setShowTime()
+{
+    textLabel1->setText(tr("Time:"));
+    if (isModeTime())
+        return;
+    functionEdit->setShowFrames(false);
+    posX->setValue(timeOfFrame(typedNumber(*posX)));
+    showTimeBounds();
+    functionEdit->canvas.paint();
+}
+
+void CurveEditor::setShowFrames()
+{
+    textLabel1->setText(tr("Frame:"));
+    if (isModeFrames())
+        return;
+    functionEdit->setShowFrames(true);
+    posX->setValue(shownTime(typedNumber(*posX)));
+    showTimeBounds();
+    functionEdit->canvas.paint();
+}
+
+void CurveEditor::setPosInfo(const double& valueX, const double& valueY)
+{
+    posX->setValue(shownTime(valueX));
+    posY->setValue(valueY);
+}
+
+void CurveEditor::setFuncPosInfo(const double& valueX, const double& valueY, const double& val)
+{
+    funcTimeEdit->setValue(shownTime(valueX), isModeFrames() ? "Frame" : "Time");
+    funcCursorEdit->setValue(valueY, "Cursor");
+    funcValueEdit->setValue(val, "Value");
+}
+
+void CurveEditor::setFirstNodeZero()
+{
+    functionEdit->canvas.setFirstNodeZero();
+    showFirstType(SplineBase::Zero);
+}
+
+void CurveEditor::setFirstNodeConstant()
+{
+    functionEdit->canvas.setFirstNodeConstant();
+    showFirstType(SplineBase::Constant);
+}
+
+void CurveEditor::setLastNodeZero()
+{
+    functionEdit->canvas.setLastNodeZero();
+    showLastType(SplineBase::Zero);
+}
+
+void CurveEditor::setLastNodeConstant()
+{
+    functionEdit->canvas.setLastNodeConstant();
+    showLastType(SplineBase::Constant);
+}
+
+void CurveEditor::setLastNodeLoop()
+{
+    functionEdit->canvas.setLastNodeLoop();
+    showLastType(SplineBase::Loop);
+}
+
+void CurveEditor::setLastNodeLoopOffset()
+{
+    functionEdit->canvas.setLastNodeLoopOffset();
+    showLastType(SplineBase::LoopOffset);
+}
+
+void CurveEditor::setLastNodeFollowTangent()
+{
+    functionEdit->canvas.setLastNodeFollowTangent();
+    showLastType(SplineBase::FollowTangent);
+}
+
+void CurveEditor::changeNodeFirstType(int index)
+{
+    if (index == SplineBase::Zero)
+        setFirstNodeZero();
+    else if (index == SplineBase::Constant)
+        setFirstNodeConstant();
+}
+
+void CurveEditor::changeNodeLastType(int index)
+{
+    if (index == SplineBase::Zero)
+        setLastNodeZero();
+    else if (index == SplineBase::Constant)
+        setLastNodeConstant();
+    else if (index == SplineBase::Loop)
+        setLastNodeLoop();
+    else if (index == SplineBase::LoopOffset)
+        setLastNodeLoopOffset();
+    else if (index == SplineBase::FollowTangent)
+        setLastNodeFollowTangent();
+}
+
+void CurveEditor::showFirstType(int type)
+{
+    showChoice({firstNodeZeroAction, firstNodeConstantAction}, *nodeFirst, type);
+}
+
+void CurveEditor::showLastType(int type)
+{
+    showChoice({lastNodeZeroAction, lastNodeConstantAction, lastNodeLoopAction, lastNodeLoopOffsetAction,
+                lastNodeFollowTangentAction},
+               *nodeLast, type);
+}

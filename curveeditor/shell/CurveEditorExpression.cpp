@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/shell/FunctionEditor.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QHash>
+#include <QMenu>
+#include <QPushButton>
+#include <QSet>
+#include <QToolButton>
+
+namespace {
+
+/// The text of the entry with that id, in the menu or its submenus; empty if there is none.
+QString entryText(const QMenu& menu, int id)
+{
+    for (const QAction* const entry : menu.actions()) {
+        if (entry->menu()) {
+            const QString text = entryText(*entry->menu(), id);
+            if (!text.isEmpty())
+                return text;
+        } else if (entry->data().toInt() == id) {
+            return entry->text();
+        }
+    }
+    return QString();
+}
+
+/// The curves that the expression in `holder` reads, as their variable names.
+QStringList variablesRead(FunctionFloatBase* const* holder)
+{
+    QStringList names;
+    for (const auto* const key : FunctionParserBase::instance()->getAllVars(*holder))
+        names.append(QString::fromStdString(key->name).replace(QLatin1Char(' '), QLatin1Char('_')));
+    return names;
+}
+
+} // namespace
+
+void CurveEditor::executeCommand()
+{
+    ParseMessage message;
+    functionEdit->canvas.parseExpression(commandLine->text(), message);
+    commandLine->showMessage(message);
+    if (message.errors.empty())
+        setExpression();
+}
+
+void CurveEditor::insertUnaryFunc(int id)
+{
+    const QString function = entryText(*unaryMenu, id);
+    commandLine->setText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text()));
+    executeCommand();
+}
+
+void CurveEditor::insertBinaryFunc(int id)
+{
+    const QString sign = entryText(*binaryMenu, id);
+    commandLine->setText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign));
+    executeCommand();
+}
+
+void CurveEditor::insertTernaryFunc(int id)
+{
+    const QString function = entryText(*ternaryMenu, id);
+    commandLine->setText(QStringLiteral(" %1( X, %2, X) ").arg(function, commandLine->text()));
+    executeCommand();
+}
+
+void CurveEditor::insertIVarFunc(int id)
+{
+    commandLine->insert(QStringLiteral(" %1 ").arg(entryText(*iVarMenu, id)));
+    executeCommand();
+}
+
+void CurveEditor::insertDVarFunc(int id)
+{
+    commandLine->insert(entryText(*dVarMenu, id));
+    executeCommand();
+}
+
+void CurveEditor::setExpression()
+{
+    functionEdit->setCurrentToExpression();
+    update();
+}
+
+void CurveEditor::setTcb()
+{
+    functionEdit->setCurrentToSpline(false);
+    update();
+}
+
+void CurveEditor::deleteCurveClicked()
+{
+    functionEdit->setCurrentToSpline(true);
+    functionEdit->notifyCurrentChanged();
+    update();
+}
+
+void CurveEditor::errorClosed()
+{
+    commandLine->insertUnderscore();
+}
+
+void CurveEditor::deleteExpression(const QString& nodeName, const QString& curveName,
+                                   FunctionFloatBase** function)
+{
+    if (isVisible()) {
+        const QString name = nodeName + QLatin1Char('.') + curveName;
+        if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(name)) {
+            curve->setSplineMode(true);
+            refreshCommandLine();
+        }
+    } else if (function) {
+        delete *function;
+        *function = nullptr;
+    }
+}
+
+void CurveEditor::refreshCommandLine()
+{
+    CanvasFunctionBase& canvas = functionEdit->canvas;
+    if (canvas.noCurrentCurve()) {
+        setSplineToolsEnabled(false);
+        functionEdit->closeNodeForm();
+        return;
+    }
+    const bool isSpline = canvas.isCurrentExpression() == 0;
+    deleteCurve->setEnabled(!isSpline);
+    commandLine->setText(isSpline ? QString() : canvas.getCurrentExpressionText());
+    setSplineToolsEnabled(isSpline);
+    if (isSpline) {
+        showFirstType(canvas.currentSplineBase()->firstType);
+        showLastType(canvas.currentSplineBase()->lastType);
+    }
+    functionEdit->closeNodeForm();
+    if (NodeStruct* const record = searchAllNodeList(canvas.getCurrentCurveName()))
+        showSelectedRow(*record);
+    paintAll();
+}
+
+void CurveEditor::setSplineToolsEnabled(bool enabled)
+{
+    for (QToolButton* const button : {fitButton, fitHButton, fitVButton, scaleButton, panButton})
+        button->setEnabled(enabled);
+    for (QAction* const action :
+         {setCompleteAction, setCompleteHAction, setCompleteVAction, openScaleSelection, openPanSelection})
+        action->setEnabled(enabled);
+    for (QMenu* const menu : {firstNodeMenu, lastNodeMenu})
+        menu->setEnabled(enabled);
+    for (QComboBox* const combo : {nodeFirst, nodeLast})
+        combo->setEnabled(enabled);
+}
+
+bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc)
+{
+    QHash<QString, const NodeStruct*> curves;
+    for (auto record = nodeList.rbegin(); record != nodeList.rend(); ++record)
+        curves.insert(lowerVariableName((*record)->name), record->get());
+    const NodeStruct* const start = curves.value(current);
+    if (!start)
+        return false;
+
+    QSet<QString> visited = {current};
+    const auto leadsToFirst = [&](const QString& variable) {
+        QStringList pending = {variable};
+        while (!pending.isEmpty()) {
+            const QString name = pending.takeLast();
+            if (name == firstFunc)
+                return true;
+            const NodeStruct* const curve = curves.value(name);
+            if (curve && !visited.contains(name)) {
+                visited.insert(name);
+                pending += variablesRead(curve->function);
+            }
+        }
+        return false;
+    };
+    for (const QString& variable : variablesRead(start->function)) {
+        if (leadsToFirst(variable)) {
+            const bool isOutermost = current == firstFunc && variable != firstFunc;
+            withFunc = (isOutermost ? curves.value(variable) : start)->name;
+            return true;
+        }
+    }
+    return false;
+}

@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <curveeditor/panel/EditingList.h>
+#include <curveeditor/shell/FunctionEditor.h>
+#include <curveeditor/shell/PlainToolBar.h>
+
+#include <QColorDialog>
+#include <QMenu>
+#include <QPixmap>
+#include <QSignalBlocker>
+#include <QTreeWidgetItem>
+
+#include <algorithm>
+
+namespace {
+
+QString fullName(const QString& nodeName, const QString& curveName)
+{
+    return nodeName + QLatin1Char('.') + curveName;
+}
+
+QString variableName(QString name)
+{
+    return name.replace(QLatin1Char(' '), QLatin1Char('_'));
+}
+
+bool isBelowGroup(const QTreeWidgetItem* item)
+{
+    return item && item->parent();
+}
+
+template <typename Record, typename Test>
+Record* firstRecord(const std::vector<std::unique_ptr<Record>>& list, Test test)
+{
+    const auto found =
+        std::find_if(list.begin(), list.end(), [&](const auto& record) { return test(*record); });
+    return found == list.end() ? nullptr : found->get();
+}
+
+} // namespace
+
+CurveEditor::MainNodeStruct::~MainNodeStruct()
+{
+    delete menu;
+}
+
+CurveEditor::NodeStruct::~NodeStruct()
+{
+    delete action;
+    delete editingItem;
+}
+
+void CurveEditor::addCurve(const QString& nodeName, const QString& curveName, const QColor& color,
+                           float defaultValue, SplineBase* spline, FunctionFloatBase** function,
+                           float minValue, float maxValue)
+{
+    if (!spline || !function)
+        return;
+    addNewMainNode(nodeName);
+    addNewNode(nodeName, curveName, color, defaultValue, spline, function, minValue, maxValue);
+}
+
+void CurveEditor::addNewMainNode(const QString& name)
+{
+    if (searchMainNode(name))
+        return;
+    auto group = std::make_unique<MainNodeStruct>();
+    group->name = name;
+    group->menu = new QMenu(name, dVarMenu);
+    group->menu->setFont(dVarMenu->font());
+    group->menuId = nextVariableId_++;
+    dVarMenu->addMenu(group->menu)->setData(group->menuId);
+    group->menu->setObjectName(name);
+    mainNodeList.push_back(std::move(group));
+}
+
+void CurveEditor::addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
+                             float defaultValue, SplineBase* spline, FunctionFloatBase** function,
+                             float minValue, float maxValue)
+{
+    if (MainNodeStruct* const group = searchMainNode(nodeName))
+        addNewNode(group, fullName(nodeName, curveName), color, defaultValue, spline, function, minValue,
+                   maxValue);
+}
+
+void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const QColor& color,
+                             float defaultValue, SplineBase* spline, FunctionFloatBase** function,
+                             float minValue, float maxValue)
+{
+    if (!group || searchAllNodeList(name))
+        return;
+    auto record = std::make_unique<NodeStruct>();
+    record->spline = spline;
+    record->function = function;
+    record->editingItem = new QTreeWidgetItem(QStringList(name));
+    record->action = new QAction(variableName(name), expressionTool);
+    record->action->setObjectName(variableName(name));
+    record->action->setData(nextVariableId_++);
+    group->menu->addAction(record->action);
+    record->color = color;
+    record->defaultValue = defaultValue;
+    record->minValue = minValue;
+    record->maxValue = maxValue;
+    record->name = name;
+    nodeList.push_back(std::move(record));
+}
+
+void CurveEditor::removeCurve(const QString& nodeName, const QString& curveName)
+{
+    if (!searchMainNode(nodeName))
+        return;
+    if (NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName)))
+        eraseRecord(record);
+}
+
+void CurveEditor::removeNode(const QString& nodeName)
+{
+    setAllNodeListUnselected();
+    MainNodeStruct* const group = searchMainNode(nodeName);
+    if (!group)
+        return;
+    for (NodeStruct* const record : nodesOfGroup(nodeName))
+        eraseRecord(record);
+    mainNodeList.erase(std::find_if(mainNodeList.begin(), mainNodeList.end(),
+                                    [group](const auto& other) { return other.get() == group; }));
+}
+
+void CurveEditor::eraseRecord(NodeStruct* record)
+{
+    setCurveEditableOff(record);
+    nodeList.erase(std::find_if(nodeList.begin(), nodeList.end(),
+                                [record](const auto& other) { return other.get() == record; }));
+}
+
+void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName, const QString& newCurveName)
+{
+    if (!searchMainNode(nodeName))
+        return;
+    if (NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName)))
+        renameRecord(*record, fullName(nodeName, newCurveName));
+}
+
+void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName)
+{
+    MainNodeStruct* const group = searchMainNode(nodeName);
+    if (!group)
+        return;
+    for (NodeStruct* const record : nodesOfGroup(nodeName))
+        renameRecord(*record, newNodeName + record->name.mid(nodeName.length()));
+    group->name = newNodeName;
+    group->menu->setObjectName(newNodeName);
+    group->menu->setTitle(newNodeName);
+}
+
+void CurveEditor::renameRecord(NodeStruct& record, const QString& newName)
+{
+    const QString oldName = std::exchange(record.name, newName);
+    record.editingItem->setText(0, newName);
+    record.action->setText(variableName(newName));
+    functionEdit->canvas.renameCurve(oldName, newName);
+}
+
+void CurveEditor::setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap)
+{
+    const MainNodeStruct* const group = searchMainNode(nodeName);
+    if (group && group->item)
+        group->item->setIcon(0, QIcon(pixmap));
+}
+
+CurveEditor::MainNodeStruct* CurveEditor::searchMainNode(const QString& name)
+{
+    return firstRecord(mainNodeList, [&](const MainNodeStruct& group) { return group.name == name; });
+}
+
+CurveEditor::NodeStruct* CurveEditor::searchAllNodeList(const QString& name)
+{
+    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.name == name; });
+}
+
+CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& name)
+{
+    return firstRecord(nodeList,
+                       [&](const NodeStruct& record) { return lowerVariableName(record.name) == name; });
+}
+
+CurveEditor::NodeStruct* CurveEditor::searchCheckList(const QTreeWidgetItem* item)
+{
+    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.checkItem == item; });
+}
+
+CurveEditor::NodeStruct* CurveEditor::searchAllNodeEditingList(const QTreeWidgetItem* item)
+{
+    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.editingItem == item; });
+}
+
+std::vector<CurveEditor::NodeStruct*> CurveEditor::nodesOfGroup(const QString& nodeName) const
+{
+    std::vector<NodeStruct*> records;
+    for (const auto& record : nodeList)
+        if (record->name.startsWith(nodeName + QLatin1Char('.')))
+            records.push_back(record.get());
+    return records;
+}
+
+QString CurveEditor::lowerVariableName(QString fullName)
+{
+    return variableName(std::move(fullName)).toLower();
+}
+
+void CurveEditor::setDefaultSelected(const QString& nodeName, const QString& curveName)
+{
+    setEditingNode(fullName(nodeName, curveName));
+}
+
+void CurveEditor::setAllNodeListUnselected()
+{
+    const QSignalBlocker silence(checkListsEditing);
+    for (const auto& record : nodeList)
+        record->editingItem->setSelected(false);
+}
+
+QColor CurveEditor::getColorFromNode(const QTreeWidgetItem* item)
+{
+    const NodeStruct* const record = searchCheckList(item);
+    return record ? record->color : QColor(Qt::black);
+}
+
+QColor CurveEditor::getColorFromEditingNode(const QTreeWidgetItem* item)
+{
+    const NodeStruct* const record = searchAllNodeEditingList(item);
+    return record ? record->color : QColor(Qt::black);
+}
+
+void CurveEditor::setColorToNode(const QTreeWidgetItem* item, const QColor& color)
+{
+    setColor(searchCheckList(item), color);
+}
+
+void CurveEditor::setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color)
+{
+    setColor(searchAllNodeEditingList(item), color);
+}
+
+void CurveEditor::setColor(NodeStruct* record, const QColor& color)
+{
+    if (!record || !color.isValid())
+        return;
+    record->color = color;
+    functionEdit->setCurveColor(record->name, color);
+}
+
+void CurveEditor::pressedItem(QTreeWidgetItem* /*who*/) {}
+
+void CurveEditor::pressedSpaceItem(QTreeWidgetItem* /*who*/) {}
+
+void CurveEditor::rightButtonPressedItem(QTreeWidgetItem* who, const QPoint& /*point*/, int /*column*/)
+{
+    if (isBelowGroup(who))
+        setColorToNode(who, QColorDialog::getColor(getColorFromNode(who), this));
+}
+
+void CurveEditor::doubleClickedItem(QTreeWidgetItem* who, const QPoint& /*point*/, int /*column*/)
+{
+    if (isBelowGroup(who))
+        setEditingNode(who->text(0));
+}

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/FunctionEditor.h>
+
+#include <curveeditor/canvas/MouseState.h>
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr double fitMargin = 0.1; // share of the value span above and below the fitted curve
+
+bool isPlainTab(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Tab && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+}
+
+} // namespace
+
+FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
+    : QWidget(parent), ViewPort(0, 0), canvas(this, editor), nodeForm(editor)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
+    setMinimumSize(parent->minimumSize());
+    setMaximumSize(parent->maximumSize());
+    QPalette background = palette();
+    background.setColor(QPalette::Window, QColor(192, 192, 192));
+    setPalette(background);
+    canvas.setViewport(this);
+    nodeForm.setTimeBounds(timeMin, timeMax);
+    connect(&nodeForm, &TcbEditorForm::nodeTcbChanged, this, &FunctionEditor::currentNodeHasChanged);
+    setMouseTracking(true);
+}
+
+FunctionEditor::~FunctionEditor() = default;
+
+CurveNodeBase* FunctionEditor::setCurveEditableOn(QWidget* menu, const QString& name, const QColor& color,
+                                                  float defaultValue, SplineBase* spline,
+                                                  FunctionFloatBase** expression, float minValue,
+                                                  float maxValue)
+{
+    return canvas.addCurve(menu, name, color, defaultValue, spline, expression, minValue, maxValue);
+}
+
+void FunctionEditor::setCurveEditableOff(const QString& name)
+{
+    canvas.removeCurve(name);
+}
+
+void FunctionEditor::setCurveColor(const QString& name, const QColor& color)
+{
+    canvas.setCurveColor(name, color);
+}
+
+void FunctionEditor::setCurrentToSpline(const bool& dropExpression)
+{
+    canvas.setCurrentToSpline(dropExpression);
+    update();
+}
+
+void FunctionEditor::setCurrentToExpression()
+{
+    closeNodeForm();
+    canvas.setCurrentToExpression();
+    update();
+}
+
+void FunctionEditor::notifyCurrentChanged()
+{
+    canvas.notifyCurrentChanged();
+}
+
+void FunctionEditor::closeNodeForm()
+{
+    if (nodeForm.isActive())
+        nodeForm.disableFields();
+}
+
+void FunctionEditor::showSelection(bool enable)
+{
+    nodeForm.updateForm(canvas.currentSpline(), enable);
+}
+
+void FunctionEditor::resetAllCurves()
+{
+    closeNodeForm();
+    canvas.resetAllCurves();
+}
+
+void FunctionEditor::resetCurrentCurve()
+{
+    closeNodeForm();
+    canvas.resetCurrentCurve();
+}
+
+void FunctionEditor::completeViewportH()
+{
+    if (canvas.noCurrentCurve())
+        return;
+    loadBand();
+    double valueLowest = 0.0;
+    double valueHighest = 0.0;
+    canvas.getExtent(bandX0, bandX1, valueLowest, valueHighest);
+    applyBand(false);
+}
+
+void FunctionEditor::completeViewportV()
+{
+    if (canvas.noCurrentCurve())
+        return;
+    loadBand();
+    double timeFirst = 0.0;
+    double timeLast = 0.0;
+    canvas.getExtent(timeFirst, timeLast, bandY1, bandY0);
+    const double margin = fitMargin * (bandY0 - bandY1);
+    bandY0 += margin;
+    bandY1 -= margin;
+    applyBand(false);
+}
+
+void FunctionEditor::completeViewport()
+{
+    completeViewportH();
+    completeViewportV();
+}
+
+void FunctionEditor::currentNodeHasChanged()
+{
+    canvas.currentNodeHasChanged();
+}
+
+bool FunctionEditor::event(QEvent* event)
+{
+    // Tab moves the focus without ever becoming a key press, so it is handled before the focus goes.
+    if (event->type() == QEvent::KeyPress) {
+        auto* const key = static_cast<QKeyEvent*>(event);
+        if (isPlainTab(*key))
+            keyPressEvent(key);
+    }
+    return QWidget::event(event);
+}
+
+void FunctionEditor::keyPressEvent(QKeyEvent* event)
+{
+    canvas.keyPress(event);
+    const int key = event->key();
+    showSelection(key == Qt::Key_T || key == Qt::Key_C || key == Qt::Key_Tab);
+    canvas.paint();
+}
+
+void FunctionEditor::mousePressEvent(QMouseEvent* event)
+{
+    clearDrag();
+    if (!canvas.mousePress(event))
+        ViewPort::mousePress(event);
+    if (!canvas.noCurrentCurve())
+        showSelection(isCurrentSpline());
+    canvas.paint();
+    setFocus();
+    reportPosition(*event);
+}
+
+void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (canvas.noCurrentCurve())
+        return;
+    canvas.mouseDoubleClick(event);
+    showSelection(isCurrentSpline());
+    canvas.paint();
+}
+
+void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
+{
+    ViewPort::mouseRelease(event);
+    canvas.mouseRelease(event);
+    if (!canvas.noCurrentCurve())
+        showSelection(isCurrentSpline());
+    canvas.paint();
+}
+
+void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!stateBefore(*event).isEmpty()) {
+        canvas.mouseMove(event);
+        ViewPort::mouseMove(event);
+        showSelection(false);
+        canvas.paint();
+    }
+    reportPosition(*event);
+}
+
+void FunctionEditor::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    canvas.showBuffer(&painter);
+}
+
+void FunctionEditor::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    setSize(width(), height());
+    canvas.resizeBuffer();
+    canvas.paint();
+}
+
+bool FunctionEditor::isCurrentSpline() const
+{
+    return canvas.isCurrentExpression() == 0;
+}
+
+void FunctionEditor::reportPosition(const QMouseEvent& event)
+{
+    const QPoint pixel = event.position().toPoint();
+    const double time = pixelToTime(pixel.x());
+    const double value = pixelToValue(pixel.y());
+    double curveValue = 0.0;
+    canvas.getCurrentValue(time, curveValue);
+    Q_EMIT setFuncPosInfo(time, value, curveValue);
+    if (!canvas.hasSinglePoint())
+        Q_EMIT setPosInfo(time, value);
+}
+
+void FunctionEditor::loadBand()
+{
+    bandX0 = timeMin;
+    bandX1 = timeMax;
+    bandY0 = valueMax;
+    bandY1 = valueMin;
+}
