@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "CommandLine.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constexpr const char* screenshotOption = "screenshot";
+constexpr const char* exportOption = "export";
+constexpr const char* openOption = "open";
+
+} // namespace
+
+CommandLine::CommandLine(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        tr("Edits the sample curves of a film scene, or the columns of a table."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(
+        "TABLE", tr("Text table: the first column is time, each other column a curve."), "[TABLE]");
+    parser.addOptions({
+        {screenshotOption, tr("Draw the editor into a PNG file, without a display, and end."), "FILE"},
+        {exportOption, tr("Write the curves on the canvas as a table of samples and end."), "FILE"},
+        {openOption, tr("Open this curve, or all curves of this group. May be given several times."), "NAME"},
+    });
+    parser.process(application);
+
+    const QStringList files = parser.positionalArguments();
+    if (files.size() > 1) {
+        std::fprintf(stderr, "%s\n", qPrintable(tr("Only one table can be opened.")));
+        std::exit(EXIT_FAILURE);
+    }
+    tableFile = files.value(0);
+    names = parser.values(openOption);
+    screenshotFile = parser.value(screenshotOption);
+    exportFile = parser.value(exportOption);
+}
+
+bool CommandLine::needsNoDisplay(int argc, const char* const* argv)
+{
+    const auto asksForFile = [](const char* argument) {
+        return std::strncmp(argument, "--screenshot", 12) == 0 || std::strncmp(argument, "--export", 8) == 0;
+    };
+    return std::any_of(argv + 1, argv + argc, asksForFile);
+}

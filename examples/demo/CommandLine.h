@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+/// What the demo was asked for on its command line.
+class CommandLine
+{
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+
+public:
+    /// Reads the arguments of the application. Prints help, version or a fault, and ends the process, where they ask
+    /// for that.
+    explicit CommandLine(const QCoreApplication& application);
+
+    /// Whether these arguments ask for files alone, so that no display is needed.
+    static bool needsNoDisplay(int argc, const char* const* argv);
+
+    /// Whether the demo ends after it has written files.
+    bool isBatch() const { return !screenshotFile.isEmpty() || !exportFile.isEmpty(); }
+
+    QString tableFile; ///< empty for the sample curves
+    QStringList names; ///< groups and full names of curves to open; empty for the demo's own choice
+    QString screenshotFile;
+    QString exportFile;
+};

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "CommandLine.h"
+#include "CurveStore.h"
+#include "DemoWindow.h"
+#include "EditorHost.h"
+#include "Output.h"
+#include "SampleCurves.h"
+#include "TableCurves.h"
+#include "TableReader.h"
+
+#include <QApplication>
+#include <QFile>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr qsizetype mostCurvesOpenedUnasked = 32;
+
+bool hasDisplay()
+{
+#ifdef Q_OS_LINUX
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+#else
+    return true;
+#endif
+}
+
+bool report(const QString& reason)
+{
+    if (!reason.isEmpty())
+        std::fprintf(stderr, "%s\n", qPrintable(reason));
+    return reason.isEmpty();
+}
+
+// Returns an empty text, or why there is no table.
+QString readTable(CurveStore& store, const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("%1: %2").arg(fileName, file.errorString());
+    TableReader reader(file);
+    const std::optional<Table> table = reader.read();
+    if (!table)
+        return QStringLiteral("%1:%2: %3").arg(fileName).arg(reader.getLine()).arg(reader.getReason());
+    addTableCurves(store, *table);
+    return QString();
+}
+
+QStringList namesToOpen(const CurveStore& store, const CommandLine& commandLine)
+{
+    if (!commandLine.names.isEmpty())
+        return commandLine.names;
+    if (commandLine.tableFile.isEmpty())
+        return curvesOpenAtStart();
+    QStringList names;
+    for (const auto& curve : store.getCurves())
+        names.append(curve->fullName());
+    return names.mid(0, mostCurvesOpenedUnasked);
+}
+
+// Returns an empty text, or which name is not known.
+QString openCurves(EditorHost& host, const CurveStore& store, const QStringList& names)
+{
+    for (const QString& name : names) {
+        bool found = false;
+        for (const auto& curve : store.getCurves()) {
+            if (curve->fullName() == name || curve->group == name) {
+                host.open(*curve);
+                found = true;
+            }
+        }
+        if (!found)
+            return QCoreApplication::translate("main", "There is no curve and no group named \"%1\".")
+                .arg(name);
+    }
+    return QString();
+}
+
+bool writeFiles(CurveEditor& editor, const CommandLine& commandLine)
+{
+    if (!commandLine.screenshotFile.isEmpty() &&
+        !report(Output::writeScreenshot(editor, commandLine.screenshotFile)))
+        return false;
+    return commandLine.exportFile.isEmpty() || report(Output::writeTable(editor, commandLine.exportFile));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const bool canShow = hasDisplay() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") &&
+        (!canShow || CommandLine::needsNoDisplay(argc, argv)))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("curve_editor_demo"));
+    QApplication::setApplicationVersion(QStringLiteral(CURVE_EDITOR_VERSION));
+    const CommandLine commandLine(application);
+
+    if (!canShow && !commandLine.isBatch()) {
+        report(QCoreApplication::translate("main", "There is no display. Try --screenshot FILE."));
+        return EXIT_FAILURE;
+    }
+
+    CurveStore store;
+    if (commandLine.tableFile.isEmpty())
+        addSampleCurves(store);
+    else if (!report(readTable(store, commandLine.tableFile)))
+        return EXIT_FAILURE;
+    const QStringList names = namesToOpen(store, commandLine);
+
+    if (commandLine.isBatch()) {
+        EditorHost host(store);
+        const bool good = report(openCurves(host, store, names)) && writeFiles(host.getEditor(), commandLine);
+        return good ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+
+    DemoWindow window(store);
+    if (!report(openCurves(window.getHost(), store, names)))
+        return EXIT_FAILURE;
+    window.showBoth();
+    return application.exec();
+}
