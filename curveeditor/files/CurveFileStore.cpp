@@ -26,8 +26,8 @@ bool CurveFileStore::replacesAnotherFile(const QString& chosen)
 bool CurveFileStore::replace(const QString& path, const std::string& content)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.write(content.data(), qint64(content.size()));
-    return file.commit();
+    const qint64 size = qint64(content.size());
+    // On a full disk a write may stop short without an error.
+    return file.open(QIODevice::WriteOnly) && file.write(content.data(), size) == size && file.flush() &&
+           file.commit();
 }
