@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
 
 #include <cstdint>
@@ -55,15 +56,21 @@ private:
         const SplineBase* spline = nullptr;
         FunctionFloatBase** expression = nullptr;
         bool evaluating = false;
+
+        // The last value, and when it was read.
+        double value = 0.0;
         std::uint64_t reading = 0;
         double time = 0.0;
         double frame = 0.0;
-        double value = 0.0;
     };
 
-    double evaluate(Curve& curve) const;
+    bool isKnownNow(const Curve& curve) const;
+    void read(Curve& curve) const;
 
+    // A reading begins with a curve that no other curve reads.
     mutable std::map<std::string, Curve, std::less<>> curves_;
     mutable std::uint64_t reading_ = 0;
     mutable int depth_ = 0;
+    FunctionParserBase::keyStruct* time_;
+    FunctionParserBase::keyStruct* frame_;
 };

@@ -20,7 +20,11 @@ class ExpressionProgram;
 class CURVEEDITOR_EXPORT FunctionFloatOperation : public FunctionFloatBase
 {
 public:
+    using Operands = std::array<std::unique_ptr<FunctionFloatBase>, 3>;
+
     ~FunctionFloatOperation() override;
+
+    std::size_t getOperandCount() const;
 
     /// The operand at `index`, in the order of the text; null from the last one on.
     const FunctionFloatBase* getOperand(std::size_t index) const;
@@ -37,8 +41,6 @@ public:
                        std::size_t count) override;
 
 protected:
-    using Operands = std::array<std::unique_ptr<FunctionFloatBase>, 3>;
-
     FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands operands);
 
 private:

@@ -4,10 +4,10 @@
 #include <curveeditor/model/Export.h>
 #include <curveeditor/model/ParseMessage.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,6 +54,9 @@ public:
         /// Stores `v`: as it is, narrowed to float, truncated toward zero (NaN as 0, the nearest int where it
         /// does not fit), or as true unless it equals 0.0 (NaN is true). Does nothing for any other `type`.
         void setValue(const double& v);
+
+    private:
+        static std::int32_t toInt(double v);
     };
 
     /// The longest text that is parsed, in bytes. A longer one is an error that covers what is too much.
@@ -80,6 +83,10 @@ public:
     /// among them. Empty for null and for an expression of a host's own class.
     std::vector<keyStruct*> getAllVars(const FunctionFloatBase* expression);
 
+    /// Asks the mapper for the variable of `key`, one other than `t` and `f`, and stores its present value in `key`.
+    /// Returns it as the type of `key`; 0.0 if the name is not known.
+    double readMapped(keyStruct& key) const;
+
     /// Takes the source of all variables other than `t` and `f`; null for none. It stays the caller's. One
     /// that is destroyed takes itself out. Trees that exist keep their names and read them from the new
     /// source.
@@ -90,8 +97,6 @@ public:
 
 private:
     friend class ExpressionParser;
-    friend class ExpressionProgram;
-    friend class FunctionFloatVariable;
 
     struct Variable
     {
@@ -103,8 +108,47 @@ private:
     ~FunctionParserBase();
 
     keyStruct* makeKey(std::string_view name, std::int32_t type);
-    double readMapped(keyStruct& key) const;
 
     std::map<std::string, Variable, std::less<>> keyTable_;
     const ParserVarMapper* varMapper = nullptr;
 };
+
+inline double FunctionParserBase::keyStruct::getValue() const
+{
+    if (!value)
+        return 0.0;
+    switch (type) {
+    case 3:
+        return *static_cast<const double*>(value);
+    case 2:
+        return double(*static_cast<const float*>(value));
+    case 1:
+        return double(*static_cast<const std::int32_t*>(value));
+    case 0:
+        return double(*static_cast<const unsigned char*>(value));
+    default:
+        return 0.0;
+    }
+}
+
+inline void FunctionParserBase::keyStruct::setValue(const double& v)
+{
+    if (!value)
+        return;
+    switch (type) {
+    case 3:
+        *static_cast<double*>(value) = v;
+        break;
+    case 2:
+        *static_cast<float*>(value) = static_cast<float>(v);
+        break;
+    case 1:
+        *static_cast<std::int32_t*>(value) = toInt(v);
+        break;
+    case 0:
+        *static_cast<unsigned char*>(value) = v != 0.0;
+        break;
+    default:
+        break;
+    }
+}

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -33,7 +32,7 @@ public:
     /// when it is read. In this class 3, double.
     virtual std::int32_t getType(const std::string& name) const;
 
-    /// True if exactly this name is known.
+    /// True if this name is known, ASCII case aside.
     bool hasName(std::string_view name) const;
 
     /// Length in bytes of the longest known name with which `text` begins, without regard to ASCII case; 0 if
@@ -51,5 +50,12 @@ protected:
     void removeName(std::string_view name);
 
 private:
-    std::set<std::string, std::less<>> names_;
+    /// Without regard to ASCII case.
+    struct NameOrder
+    {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
+
+    std::set<std::string, NameOrder> names_;
 };

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/CurveVariables.h>
+
+#include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/SplineBase.h>
+
+#include <bit>
+
+namespace {
+
+bool isSame(double a, double b)
+{
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
+
+} // namespace
+
+CurveVariables::CurveVariables()
+    : time_(FunctionParserBase::instance()->getKey("t")), frame_(FunctionParserBase::instance()->getKey("f"))
+{
+}
+
+CurveVariables::~CurveVariables() = default;
+
+void CurveVariables::add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression)
+{
+    Curve curve;
+    curve.spline = spline;
+    curve.expression = expression;
+    curves_.insert_or_assign(getStoredName(name), curve);
+    addName(name);
+}
+
+void CurveVariables::remove(const std::string& name)
+{
+    curves_.erase(getStoredName(name));
+    removeName(name);
+}
+
+void CurveVariables::rename(const std::string& oldName, const std::string& newName)
+{
+    const auto place = curves_.find(getStoredName(oldName));
+    if (place == curves_.end())
+        return;
+    const Curve curve = place->second;
+    remove(oldName);
+    add(newName, curve.spline, curve.expression);
+}
+
+double CurveVariables::getValue(const std::string& name) const
+{
+    const auto place = curves_.find(name);
+    if (place == curves_.end() || place->second.evaluating)
+        return 0.0;
+    if (depth_ == 0)
+        ++reading_;
+    Curve& curve = place->second;
+    if (!isKnownNow(curve) && depth_ < maximumDepth)
+        read(curve);
+    return isKnownNow(curve) ? curve.value : 0.0;
+}
+
+bool CurveVariables::isKnownNow(const Curve& curve) const
+{
+    return curve.reading == reading_ && isSame(curve.time, time_->getValue()) &&
+           isSame(curve.frame, frame_->getValue());
+}
+
+void CurveVariables::read(Curve& curve) const
+{
+    const double time = time_->getValue();
+    ++depth_;
+    curve.evaluating = true;
+    if (curve.expression && *curve.expression)
+        curve.value = (*curve.expression)->evaluate();
+    else
+        curve.value = curve.spline ? (*curve.spline)(time) : 0.0;
+    curve.evaluating = false;
+    --depth_;
+    curve.reading = reading_;
+    curve.time = time;
+    curve.frame = frame_->getValue();
+}

@@ -1,0 +1,316 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/ExpressionParser.h>
+
+#include <curveeditor/model/FunctionFloatBinary.h>
+#include <curveeditor/model/FunctionFloatConstant.h>
+#include <curveeditor/model/FunctionFloatTernary.h>
+#include <curveeditor/model/FunctionFloatUnary.h>
+#include <curveeditor/model/FunctionFloatVariableBool.h>
+#include <curveeditor/model/FunctionFloatVariableDouble.h>
+#include <curveeditor/model/FunctionFloatVariableFloat.h>
+#include <curveeditor/model/FunctionFloatVariableInt.h>
+#include <curveeditor/model/ParserVarMapper.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+namespace {
+
+constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
+
+bool isOpen(const TokenRule& rule)
+{
+    return rule.role == TokenRole::Open || rule.role == TokenRole::Function;
+}
+
+bool isIndependent(std::string_view name)
+{
+    return name.size() == 1 && (toLowerAscii(name[0]) == 't' || toLowerAscii(name[0]) == 'f');
+}
+
+} // namespace
+
+ExpressionParser::ExpressionParser(FunctionParserBase& variables, ParseMessage& message)
+    : variables_(variables), message_(message), text_(message.text), lastOperator_(nowhere)
+{
+}
+
+std::unique_ptr<FunctionFloatBase> ExpressionParser::parse()
+{
+    constexpr std::size_t limit = FunctionParserBase::maximumLength;
+    if (text_.size() > limit) {
+        fail(ParseMessage::OtherError, limit, text_.size() - limit);
+        return nullptr;
+    }
+    for (skipBlanks(); !failed_ && position_ < text_.size(); skipBlanks()) {
+        if (valueExpected_)
+            readForValue();
+        else
+            readBehindValue();
+    }
+    if (!failed_)
+        finish();
+    return message_.errors.empty() ? takeValue() : nullptr;
+}
+
+void ExpressionParser::skipBlanks()
+{
+    while (position_ < text_.size() && isBlank(text_[position_]))
+        ++position_;
+}
+
+bool ExpressionParser::hasOpenGroup() const
+{
+    return std::any_of(pending_.begin(), pending_.end(),
+                       [](const Pending& pending) { return isOpen(*pending.rule); });
+}
+
+void ExpressionParser::readForValue()
+{
+    const TokenRule* const rule = findSymbolForValue(text_[position_]);
+    if (!rule) {
+        readValue();
+    } else if (rule->role == TokenRole::Sign) {
+        if (rule->operandCount > 0)
+            pending_.push_back({rule, position_, 0});
+        lastOperator_ = position_++;
+    } else if (rule->role == TokenRole::Open) {
+        pushOpen(*rule);
+    } else {
+        const bool noPartner = rule->role == TokenRole::Close && !hasOpenGroup();
+        fail(noPartner ? ParseMessage::UnmatchedParenthesis : ParseMessage::OtherError, position_, 1);
+    }
+}
+
+void ExpressionParser::readBehindValue()
+{
+    const TokenRule* const rule = findSymbolBehindValue(text_[position_]);
+    if (!rule) {
+        readValue();
+    } else if (rule->role == TokenRole::Infix) {
+        pushInfix(*rule);
+        lastOperator_ = position_++;
+    } else if (rule->role == TokenRole::Open) {
+        pushOpen(*rule);
+    } else if (rule->role == TokenRole::Close) {
+        close();
+    } else {
+        separate();
+    }
+}
+
+void ExpressionParser::readValue()
+{
+    const ParserVarMapper* const mapper = variables_.getVarMapper();
+    const std::size_t known = mapper ? mapper->getNameLength(rest()) : 0;
+    const std::size_t number = numberLength(rest());
+    const std::size_t name = number > 0 ? 0 : nameLength(rest());
+    const TokenRule* const function = functionFollows(name) ? findFunction(rest().substr(0, name)) : nullptr;
+    const bool builtIn = number > 0 || function || isIndependent(rest().substr(0, name));
+
+    if (known > (builtIn ? std::max(number, name) : 0))
+        readMapped(known);
+    else if (number > 0)
+        readNumber(number);
+    else if (function)
+        readFunction(*function, name);
+    else if (name > 0)
+        readName(name);
+    else
+        fail(ParseMessage::OtherError, position_, 1);
+}
+
+bool ExpressionParser::functionFollows(std::size_t length) const
+{
+    const std::string_view behind = rest().substr(length);
+    const auto next = std::find_if_not(behind.begin(), behind.end(), isBlank);
+    return length > 0 && next != behind.end() && *next == '(';
+}
+
+void ExpressionParser::readNumber(std::size_t length)
+{
+    if (!valueExpected_) {
+        fail(ParseMessage::OtherError, position_, length);
+        return;
+    }
+    const std::string_view typed = rest().substr(0, length);
+    double value = 0.0;
+    const std::errc error = std::from_chars(typed.data(), typed.data() + length, value).ec;
+    if (error == std::errc::result_out_of_range) {
+        fail(ParseMessage::OtherError, position_, length);
+        return;
+    }
+    values_.emplace_back(new FunctionFloatConstant(value, typed));
+    valueExpected_ = false;
+    position_ += length;
+}
+
+void ExpressionParser::readFunction(const TokenRule& rule, std::size_t length)
+{
+    startOperand();
+    position_ += length;
+    skipBlanks();
+    pushOpen(rule);
+}
+
+void ExpressionParser::readMapped(std::size_t length)
+{
+    startOperand();
+    const std::string name = ParserVarMapper::getStoredName(rest().substr(0, length));
+    std::copy(name.begin(), name.end(), message_.text.begin() + std::ptrdiff_t(position_));
+    pushVariable(variables_.makeKey(name, variables_.getVarMapper()->getType(name)), true);
+    position_ += length;
+}
+
+void ExpressionParser::readName(std::size_t length)
+{
+    startOperand();
+    const std::string_view name = rest().substr(0, length);
+    if (isIndependent(name)) {
+        message_.text[position_] = toLowerAscii(name[0]);
+        pushVariable(variables_.getKey(std::string(name)), false);
+    } else {
+        addError(ParseMessage::UnknownVariable, position_, length);
+        values_.emplace_back(new FunctionFloatConstant(0.0, "0"));
+        valueExpected_ = false;
+    }
+    position_ += length;
+}
+
+void ExpressionParser::pushVariable(FunctionParserBase::keyStruct* key, bool mapped)
+{
+    switch (key->type) {
+    case 0:
+        values_.emplace_back(new FunctionFloatVariableBool(key, mapped));
+        break;
+    case 1:
+        values_.emplace_back(new FunctionFloatVariableInt(key, mapped));
+        break;
+    case 2:
+        values_.emplace_back(new FunctionFloatVariableFloat(key, mapped));
+        break;
+    default:
+        values_.emplace_back(new FunctionFloatVariableDouble(key, mapped));
+    }
+    valueExpected_ = false;
+}
+
+void ExpressionParser::startOperand()
+{
+    if (!valueExpected_)
+        pushInfix(ruleOf(ExpressionCode::Multiply));
+}
+
+void ExpressionParser::pushInfix(const TokenRule& rule)
+{
+    while (!pending_.empty() && !isOpen(*pending_.back().rule)) {
+        const int tightness = pending_.back().rule->tightness;
+        if (tightness < rule.tightness || (tightness == rule.tightness && rule.rightToLeft))
+            break;
+        reduce();
+    }
+    pending_.push_back({&rule, position_, 0});
+    valueExpected_ = true;
+}
+
+void ExpressionParser::pushOpen(const TokenRule& rule)
+{
+    startOperand();
+    pending_.push_back({&rule, position_, 0});
+    ++position_;
+}
+
+void ExpressionParser::separate()
+{
+    reduceGroup();
+    if (pending_.empty() || ++pending_.back().argumentCount >= pending_.back().rule->operandCount) {
+        fail(ParseMessage::OtherError, position_, 1);
+        return;
+    }
+    valueExpected_ = true;
+    lastOperator_ = position_++;
+}
+
+void ExpressionParser::close()
+{
+    reduceGroup();
+    if (pending_.empty()) {
+        fail(ParseMessage::UnmatchedParenthesis, position_, 1);
+        return;
+    }
+    const Pending& group = pending_.back();
+    if (group.rule->role == TokenRole::Open) {
+        pending_.pop_back();
+    } else if (group.argumentCount + 1 < group.rule->operandCount) {
+        fail(ParseMessage::OtherError, position_, 1);
+    } else {
+        reduce();
+    }
+    ++position_;
+}
+
+void ExpressionParser::reduceGroup()
+{
+    while (!pending_.empty() && !isOpen(*pending_.back().rule))
+        reduce();
+}
+
+void ExpressionParser::reduce()
+{
+    const TokenRule& rule = *pending_.back().rule;
+    pending_.pop_back();
+    FunctionFloatOperation::Operands operands;
+    for (std::size_t i = rule.operandCount; i-- > 0;)
+        operands[i] = takeValue();
+    switch (rule.operandCount) {
+    case 1:
+        values_.emplace_back(new FunctionFloatUnary(rule.code, rule.text, std::move(operands)));
+        break;
+    case 2:
+        values_.emplace_back(new FunctionFloatBinary(rule.code, rule.text, std::move(operands)));
+        break;
+    default:
+        values_.emplace_back(new FunctionFloatTernary(rule.code, rule.text, std::move(operands)));
+    }
+}
+
+ExpressionParser::Node ExpressionParser::takeValue()
+{
+    Node value = std::move(values_.back());
+    values_.pop_back();
+    return value;
+}
+
+void ExpressionParser::finish()
+{
+    for (const Pending& pending : pending_)
+        if (isOpen(*pending.rule))
+            fail(ParseMessage::UnmatchedParenthesis, pending.offset, 1);
+    if (failed_)
+        return;
+    if (!valueExpected_)
+        reduceGroup();
+    else if (lastOperator_ == nowhere)
+        fail(ParseMessage::OtherError, 0, 0);
+    else
+        fail(ParseMessage::OtherError, lastOperator_, 1);
+}
+
+void ExpressionParser::fail(ParseMessage::Code code, std::size_t offset, std::size_t length)
+{
+    failed_ = true;
+    addError(code, offset, length);
+}
+
+void ExpressionParser::addError(ParseMessage::Code code, std::size_t offset, std::size_t length)
+{
+    if (!message_.errors.empty() && message_.code != code)
+        return;
+    message_.code = code;
+    constexpr std::size_t largest = std::numeric_limits<std::uint32_t>::max();
+    message_.errors.emplace_back(std::uint32_t(std::min(offset, largest)),
+                                 std::uint32_t(std::min(length, largest)));
+}

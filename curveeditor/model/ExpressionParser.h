@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/ExpressionToken.h>
+#include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionParserBase.h>
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+/// Parses one text by operator precedence: values wait on one stack, operators and open parentheses on another, and an
+/// operator takes its values when a looser one follows. See Dijkstra's "shunting yard" (1961).
+class ExpressionParser
+{
+public:
+    /// Reads `message.text`, which must hold the text, and reports to the rest of `message`, which must be empty.
+    ExpressionParser(FunctionParserBase& variables, ParseMessage& message);
+
+    /// The tree, or null if `message` has errors now. May be called once.
+    std::unique_ptr<FunctionFloatBase> parse();
+
+private:
+    using Node = std::unique_ptr<FunctionFloatBase>;
+
+    struct Pending
+    {
+        const TokenRule* rule;
+        std::size_t offset; // where its parenthesis stands, for those that have one
+        std::size_t argumentCount;
+    };
+
+    std::string_view rest() const { return text_.substr(position_); }
+    bool hasOpenGroup() const;
+    bool functionFollows(std::size_t length) const;
+    void skipBlanks();
+
+    void readForValue();
+    void readBehindValue();
+    void readValue();
+    void readNumber(std::size_t length);
+    void readFunction(const TokenRule& rule, std::size_t length);
+    void readMapped(std::size_t length);
+    void readName(std::size_t length);
+    void pushVariable(FunctionParserBase::keyStruct* key, bool mapped);
+
+    void startOperand();
+    void pushInfix(const TokenRule& rule);
+    void pushOpen(const TokenRule& rule);
+    void separate();
+    void close();
+    void reduceGroup();
+    void reduce();
+    Node takeValue();
+    void finish();
+
+    void addError(ParseMessage::Code code, std::size_t offset, std::size_t length);
+    void fail(ParseMessage::Code code, std::size_t offset, std::size_t length);
+
+    FunctionParserBase& variables_;
+    ParseMessage& message_;
+    std::string_view text_;
+    std::size_t position_ = 0;
+    std::size_t lastOperator_;
+    bool valueExpected_ = true;
+    bool failed_ = false;
+    std::vector<Pending> pending_;
+    std::vector<Node> values_;
+};

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/ExpressionCode.h>
+#include <curveeditor/model/FunctionParserBase.h>
+
+#include <cstddef>
+#include <vector>
+
+class FunctionFloatOperation;
+
+/// An expression as a flat list of instructions for a machine with a stack. Operations without variables are computed
+/// once, when the program is made. Holds keys of the parser and nothing of the tree. Running it changes nothing in
+/// it: it may be run again while it runs, which happens when an expression reads a curve that reads the expression.
+class ExpressionProgram
+{
+public:
+    struct Instruction
+    {
+        explicit Instruction(ExpressionCode instructionCode, double value = 0.0)
+            : code(instructionCode), constant(value)
+        {
+        }
+        Instruction(ExpressionCode instructionCode, FunctionParserBase::keyStruct* variable)
+            : code(instructionCode), key(variable)
+        {
+        }
+
+        ExpressionCode code;
+        union {
+            double constant;
+            FunctionParserBase::keyStruct* key;
+        };
+    };
+
+    explicit ExpressionProgram(const FunctionFloatOperation& root);
+
+    double run() const;
+    void runBlock(const double* times, double framesPerTimeUnit, double* values, std::size_t count) const;
+
+private:
+    class Compiler;
+
+    std::vector<Instruction> instructions_;
+    std::size_t depth_ = 0;
+};
+
+/// How many values a vector instruction takes at most.
+inline constexpr std::size_t blockStep = 8;
+
+/// Carries out one operation for `count` values at once, `count` a multiple of `blockStep`. The operands are rows of
+/// `stride` values, the last one at `top`; the result goes to the row of the first one, which is returned.
+double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* top, std::size_t stride,
+                     std::size_t count);

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/ExpressionToken.h>
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+
+namespace {
+
+using Code = ExpressionCode;
+using Role = TokenRole;
+
+// In the order of ExpressionCode, then what makes no node.
+constexpr std::array rules{
+    TokenRule{"-", Role::Sign, Code::Negate, 1, 4},
+    TokenRule{"cos", Role::Function, Code::Cos, 1},
+    TokenRule{"sin", Role::Function, Code::Sin, 1},
+    TokenRule{"tan", Role::Function, Code::Tan, 1},
+    TokenRule{"exp", Role::Function, Code::Exp, 1},
+    TokenRule{"log", Role::Function, Code::Log, 1},
+    TokenRule{"l10", Role::Function, Code::Log10, 1},
+    TokenRule{"rnd", Role::Function, Code::Round, 1},
+    TokenRule{"abs", Role::Function, Code::Absolute, 1},
+    TokenRule{"sqrt", Role::Function, Code::SquareRoot, 1},
+    TokenRule{"acos", Role::Function, Code::ArcCos, 1},
+    TokenRule{"asin", Role::Function, Code::ArcSin, 1},
+    TokenRule{"atan", Role::Function, Code::ArcTan, 1},
+    TokenRule{"cosh", Role::Function, Code::CosH, 1},
+    TokenRule{"sinh", Role::Function, Code::SinH, 1},
+    TokenRule{"tanh", Role::Function, Code::TanH, 1},
+    TokenRule{"ceil", Role::Function, Code::Ceil, 1},
+    TokenRule{"floor", Role::Function, Code::Floor, 1},
+    TokenRule{"j0", Role::Function, Code::BesselJ0, 1},
+    TokenRule{"j1", Role::Function, Code::BesselJ1, 1},
+    TokenRule{"+", Role::Infix, Code::Add, 2, 2},
+    TokenRule{"-", Role::Infix, Code::Subtract, 2, 2},
+    TokenRule{"*", Role::Infix, Code::Multiply, 2, 3},
+    TokenRule{"/", Role::Infix, Code::Divide, 2, 3},
+    TokenRule{"^", Role::Infix, Code::Power, 2, 5, true},
+    TokenRule{">", Role::Infix, Code::Greater, 2, 1},
+    TokenRule{"<", Role::Infix, Code::Less, 2, 1},
+    TokenRule{"if", Role::Function, Code::Choose, 3},
+    TokenRule{"+", Role::Sign},
+    TokenRule{"(", Role::Open},
+    TokenRule{")", Role::Close},
+    TokenRule{",", Role::Separator},
+};
+
+constexpr bool standsInOrderOfCodes()
+{
+    for (std::size_t i = 0; i <= std::size_t(Code::Choose); ++i)
+        if (rules[i].code != Code(i))
+            return false;
+    return true;
+}
+static_assert(standsInOrderOfCodes());
+
+const TokenRule* findSymbol(char symbol, Role excluded)
+{
+    const auto fits = [=](const TokenRule& rule) {
+        return rule.text.front() == symbol && rule.role != Role::Function && rule.role != excluded;
+    };
+    const auto* const rule = std::find_if(rules.begin(), rules.end(), fits);
+    return rule == rules.end() ? nullptr : rule;
+}
+
+std::size_t digitsLength(std::string_view text)
+{
+    return std::size_t(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
+}
+
+} // namespace
+
+const TokenRule* findSymbolForValue(char symbol)
+{
+    const TokenRule* const sign = findSymbol(symbol, Role::Infix);
+    return sign ? sign : findSymbol(symbol, Role::Sign);
+}
+
+const TokenRule* findSymbolBehindValue(char symbol)
+{
+    return findSymbol(symbol, Role::Sign);
+}
+
+const TokenRule* findFunction(std::string_view name)
+{
+    const auto fits = [=](const TokenRule& rule) {
+        return rule.role == Role::Function && rule.text == name;
+    };
+    const auto* const rule = std::find_if(rules.begin(), rules.end(), fits);
+    return rule == rules.end() ? nullptr : rule;
+}
+
+const TokenRule& ruleOf(ExpressionCode code)
+{
+    assert(code <= Code::Choose);
+    return rules[std::size_t(code)];
+}
+
+std::size_t numberLength(std::string_view text)
+{
+    const std::size_t whole = digitsLength(text);
+    std::size_t length = whole;
+    if (length < text.size() && text[length] == '.') {
+        const std::size_t fraction = digitsLength(text.substr(length + 1));
+        if (whole + fraction == 0)
+            return 0;
+        length += 1 + fraction;
+    }
+    if (length == 0 || length == text.size() || (text[length] != 'e' && text[length] != 'E'))
+        return length;
+
+    const std::string_view exponent = text.substr(length + 1);
+    const std::size_t sign = !exponent.empty() && (exponent[0] == '+' || exponent[0] == '-');
+    const std::size_t digits = digitsLength(exponent.substr(sign));
+    return digits == 0 ? length : length + 1 + sign + digits;
+}
+
+std::size_t nameLength(std::string_view text)
+{
+    return std::size_t(std::find_if_not(text.begin(), text.end(), isNameByte) - text.begin());
+}

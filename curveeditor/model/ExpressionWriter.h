@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+class FunctionFloatBase;
+class FunctionFloatOperation;
+struct TokenRule;
+
+/// Writes a tree as text that the parser reads back as the same tree.
+class ExpressionWriter
+{
+public:
+    explicit ExpressionWriter(const FunctionFloatOperation& root);
+
+    std::string write();
+
+private:
+    struct Piece
+    {
+        const FunctionFloatBase* node; // null for a piece of text
+        std::string_view text;
+    };
+    struct Start
+    {
+        const FunctionFloatBase* node;
+        std::size_t offset;
+        std::size_t length;
+    };
+
+    void writeOnce();
+    void writeValue(const FunctionFloatBase& value);
+    void writeOperation(const FunctionFloatOperation& operation);
+    void writeFunction(const FunctionFloatOperation& operation, const TokenRule& rule);
+
+    // What is put last is written first.
+    void putText(std::string_view text);
+    void putOperand(const FunctionFloatBase& operand, bool inParentheses);
+
+    // Finds values and functions that would be read as a longer known name, together with what follows them: with
+    // "a.x" and "a.x-2" known, the difference of a.x and 2 is written (a.x)-2. Returns true if there are new ones.
+    bool guardHiddenStarts();
+
+    const FunctionFloatOperation& root_;
+    std::string text_;
+    std::vector<Piece> pieces_;
+    std::vector<Start> starts_;
+    std::unordered_set<const FunctionFloatBase*> guarded_;
+};

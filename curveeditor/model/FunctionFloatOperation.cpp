@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/FunctionFloatOperation.h>
+
+#include <curveeditor/model/ExpressionProgram.h>
+#include <curveeditor/model/ExpressionWriter.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+bool isFreeOfVariables(const std::unique_ptr<FunctionFloatBase>& node)
+{
+    const auto* const operation = node ? dynamic_cast<const FunctionFloatOperation*>(node.get()) : nullptr;
+    return !node || (operation ? operation->isConstantTree() : node->isConstant());
+}
+
+} // namespace
+
+FunctionFloatOperation::FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands operands)
+    : code_(code), constantTree_(std::all_of(operands.begin(), operands.end(), isFreeOfVariables)),
+      operands_(std::move(operands))
+{
+    text = name;
+}
+
+FunctionFloatOperation::~FunctionFloatOperation()
+{
+    std::vector<std::unique_ptr<FunctionFloatBase>> orphans;
+    moveOperandsTo(orphans);
+    while (!orphans.empty()) {
+        const std::unique_ptr<FunctionFloatBase> node = std::move(orphans.back());
+        orphans.pop_back();
+        if (auto* const operation = dynamic_cast<FunctionFloatOperation*>(node.get()))
+            operation->moveOperandsTo(orphans);
+    }
+}
+
+void FunctionFloatOperation::moveOperandsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes)
+{
+    for (std::unique_ptr<FunctionFloatBase>& operand : operands_)
+        if (operand)
+            nodes.push_back(std::move(operand));
+}
+
+std::size_t FunctionFloatOperation::getOperandCount() const
+{
+    return std::size_t(
+        std::count_if(operands_.begin(), operands_.end(), [](const auto& operand) { return !!operand; }));
+}
+
+const FunctionFloatBase* FunctionFloatOperation::getOperand(std::size_t index) const
+{
+    return index < operands_.size() ? operands_[index].get() : nullptr;
+}
+
+double FunctionFloatOperation::evaluate()
+{
+    return program().run();
+}
+
+void FunctionFloatOperation::evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
+                                           std::size_t count)
+{
+    program().runBlock(times, framesPerTimeUnit, values, count);
+}
+
+const ExpressionProgram& FunctionFloatOperation::program()
+{
+    if (!program_)
+        program_ = std::make_unique<const ExpressionProgram>(*this);
+    return *program_;
+}
+
+std::string FunctionFloatOperation::getString()
+{
+    return ExpressionWriter(*this).write();
+}

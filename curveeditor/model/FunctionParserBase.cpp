@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/FunctionParserBase.h>
+
+#include <curveeditor/model/ExpressionParser.h>
+#include <curveeditor/model/FunctionFloatOperation.h>
+#include <curveeditor/model/FunctionFloatVariable.h>
+#include <curveeditor/model/ParserVarMapper.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <unordered_set>
+
+FunctionParserBase::FunctionParserBase()
+{
+    makeKey("t", 3);
+    makeKey("f", 3);
+}
+
+FunctionParserBase::~FunctionParserBase() = default;
+
+FunctionParserBase* FunctionParserBase::instance()
+{
+    // Never freed, so that trees and mappers of static life can still reach it at the end of the process.
+    static auto* const parser = new FunctionParserBase;
+    return parser;
+}
+
+FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, ParseMessage& message)
+{
+    message = ParseMessage();
+    message.text = text;
+    return ExpressionParser(*this, message).parse().release();
+}
+
+std::int32_t FunctionParserBase::keyStruct::toInt(double v)
+{
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (std::isnan(v))
+        return 0;
+    return static_cast<std::int32_t>(std::clamp(v, double(Limits::min()), double(Limits::max())));
+}
+
+FunctionParserBase::keyStruct* FunctionParserBase::getKey(const std::string& name)
+{
+    const std::string stored = ParserVarMapper::getStoredName(name);
+    if (stored == "t" || stored == "f")
+        return &keyTable_.find(stored)->second.key;
+    if (!varMapper || !varMapper->hasName(stored))
+        return nullptr;
+    keyStruct* const key = makeKey(stored, varMapper->getType(stored));
+    readMapped(*key);
+    return key;
+}
+
+std::vector<FunctionParserBase::keyStruct*>
+FunctionParserBase::getAllVars(const FunctionFloatBase* expression)
+{
+    std::vector<keyStruct*> keys;
+    std::unordered_set<const keyStruct*> seen;
+    std::vector<const FunctionFloatBase*> nodes{expression};
+    while (!nodes.empty()) {
+        const FunctionFloatBase* const node = nodes.back();
+        nodes.pop_back();
+        if (const auto* const operation = dynamic_cast<const FunctionFloatOperation*>(node)) {
+            for (std::size_t i = operation->getOperandCount(); i-- > 0;)
+                nodes.push_back(operation->getOperand(i));
+        } else if (const auto* const variable = dynamic_cast<const FunctionFloatVariable*>(node)) {
+            if (seen.insert(variable->getKey()).second)
+                keys.push_back(variable->getKey());
+        }
+    }
+    return keys;
+}
+
+FunctionParserBase::keyStruct* FunctionParserBase::makeKey(std::string_view name, std::int32_t type)
+{
+    const auto [place, isNew] = keyTable_.try_emplace(std::string(name));
+    Variable& variable = place->second;
+    if (isNew) {
+        variable.key.name = name;
+        variable.key.value = &variable.storage;
+    }
+    variable.key.type = type;
+    return &variable.key;
+}
+
+double FunctionParserBase::readMapped(keyStruct& key) const
+{
+    key.setValue(varMapper && varMapper->hasName(key.name) ? varMapper->getValue(key.name) : 0.0);
+    return key.getValue();
+}

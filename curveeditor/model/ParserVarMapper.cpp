@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/ParserVarMapper.h>
+
+#include <curveeditor/model/ExpressionToken.h>
+#include <curveeditor/model/FunctionParserBase.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+bool endsInsideName(std::string_view text, std::size_t length)
+{
+    return length < text.size() && isNameByte(text[length - 1]) && isNameByte(text[length]);
+}
+
+bool equalFolded(char a, char b)
+{
+    return toLowerAscii(a) == toLowerAscii(b);
+}
+
+bool lessFolded(char a, char b)
+{
+    return static_cast<unsigned char>(toLowerAscii(a)) < static_cast<unsigned char>(toLowerAscii(b));
+}
+
+std::size_t commonLength(std::string_view a, std::string_view b)
+{
+    return std::size_t(std::mismatch(a.begin(), a.end(), b.begin(), b.end(), equalFolded).first - a.begin());
+}
+
+} // namespace
+
+ParserVarMapper::~ParserVarMapper()
+{
+    FunctionParserBase* const parser = FunctionParserBase::instance();
+    if (parser->getVarMapper() == this)
+        parser->setVarMapper(nullptr);
+}
+
+std::int32_t ParserVarMapper::getType(const std::string&) const
+{
+    return 3;
+}
+
+bool ParserVarMapper::hasName(std::string_view name) const
+{
+    return names_.find(name) != names_.end();
+}
+
+std::size_t ParserVarMapper::getNameLength(std::string_view text) const
+{
+    // Of the names up to `begin` the last is the longest beginning of it, or else shows how long one can be at most.
+    std::string_view begin = text;
+    while (!begin.empty()) {
+        const auto behind = names_.upper_bound(begin);
+        if (behind == names_.begin())
+            break;
+        const std::string& name = *std::prev(behind);
+        const std::size_t common = commonLength(begin, name);
+        if (common < name.size())
+            begin = begin.substr(0, common);
+        else if (endsInsideName(text, common))
+            begin = begin.substr(0, common - 1);
+        else
+            return common;
+    }
+    return 0;
+}
+
+std::string ParserVarMapper::getStoredName(std::string_view name)
+{
+    std::string stored(name);
+    std::transform(stored.begin(), stored.end(), stored.begin(),
+                   [](char c) { return isBlank(c) ? '_' : toLowerAscii(c); });
+    return stored;
+}
+
+void ParserVarMapper::addName(std::string_view name)
+{
+    if (!name.empty())
+        names_.insert(getStoredName(name));
+}
+
+void ParserVarMapper::removeName(std::string_view name)
+{
+    const auto place = names_.find(getStoredName(name));
+    if (place != names_.end())
+        names_.erase(place);
+}
+
+bool ParserVarMapper::NameOrder::operator()(std::string_view a, std::string_view b) const
+{
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), lessFolded);
+}
