@@ -93,6 +93,11 @@ QSize CustomEditLine::sizeHint() const
     return {base.width() - assumed + digits, base.height()};
 }
 
+QSize CustomEditLine::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
 void CustomEditLine::checkTextBounds()
 {
     setValue(clampToBounds(numberIn(text())));

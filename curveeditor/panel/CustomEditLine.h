@@ -31,8 +31,10 @@ public:
     /// loses its end.
     void setValue(double value, const char* label);
 
-    /// As wide as the longest number that the maximum length lets in.
+    /// Wide enough for the longest number that the maximum length lets in; the minimum too, so that no layout cuts one
+    /// off.
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
     /// Rewrites the text as its number, clamped and with three decimals. Emits nothing.

@@ -34,11 +34,11 @@ void setLabel(QLabel* label, QSizePolicy::Policy horizontal, QSizePolicy::Policy
     label->setAlignment(Qt::AlignVCenter | side);
 }
 
-// As wide as its longest number, also after a change of font; a width in pixels would cut the numbers off.
+// No width in pixels, which would cut numbers off: the field itself asks for the room that its longest number needs.
 CustomEditLine* numericField(const char* name, QWidget* parent)
 {
     auto* field = named<CustomEditLine>(name, parent);
-    field->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    field->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     field->setMinimumHeight(fieldHeight);
     setPaletteColor(field, QPalette::Text, QColor(0, 0, 0));
     setPaletteColor(field, QPalette::Base, QColor(128, 128, 128));
@@ -70,11 +70,11 @@ QComboBox* behaviourCombo(const char* name, QWidget* parent)
     return combo;
 }
 
-QFrame* pageFrame(const char* name, QWidget* parent, int minimumWidth)
+// Always as wide as its content. An explicit minimum width would let the layout cut the content off.
+QFrame* pageFrame(const char* name, QWidget* parent)
 {
     auto* frame = named<QFrame>(name, parent);
     frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-    frame->setMinimumWidth(minimumWidth);
     frame->setFrameShape(QFrame::StyledPanel);
     frame->setFrameShadow(QFrame::Raised);
     return frame;
@@ -166,7 +166,7 @@ void CurveEditorDialogBase::buildNodePage()
 
 void CurveEditorDialogBase::buildPositionFrame()
 {
-    frame11 = pageFrame("frame11", tab, 210);
+    frame11 = pageFrame("frame11", tab);
     tabLayout->addWidget(frame11);
     frame11Layout = outerLayout<QHBoxLayout>("frame11Layout", frame11);
     layout15 = innerLayout<QVBoxLayout>("layout15", frame11Layout);
@@ -206,7 +206,7 @@ void CurveEditorDialogBase::buildPositionFrame()
 
 void CurveEditorDialogBase::buildParameterFrame()
 {
-    frame10 = pageFrame("frame10", tab, 340);
+    frame10 = pageFrame("frame10", tab);
     tabLayout->addWidget(frame10);
     frame10Layout = outerLayout<QHBoxLayout>("frame10Layout", frame10);
     layout21 = innerLayout<QGridLayout>("layout21", frame10Layout);

@@ -5,11 +5,21 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int rowHeight = 20;
 constexpr int lineWidth = 60;
 constexpr int lineLength = 9;
+constexpr double usualFontHeight = 16.0;
+
+void fixForFont(QWidget* widget, const QSize& size)
+{
+    const double scale = std::max(1.0, widget->fontMetrics().height() / usualFontHeight);
+    widget->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    widget->setFixedSize(size * scale);
+}
 
 } // namespace
 
@@ -28,16 +38,14 @@ void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& co
 QLabel* numberLabel(const char* name, QDialog* parent, int width)
 {
     auto* label = named<QLabel>(name, parent);
-    label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    label->setFixedSize(width, rowHeight);
+    fixForFont(label, {width, rowHeight});
     return label;
 }
 
 QLineEdit* numberLine(const char* name, QDialog* parent, QLabel* label)
 {
     auto* line = named<QLineEdit>(name, parent);
-    line->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    line->setFixedSize(lineWidth, rowHeight);
+    fixForFont(line, {lineWidth, rowHeight});
     line->setMaxLength(lineLength);
     line->setAlignment(Qt::AlignRight);
     label->setBuddy(line);
@@ -54,6 +62,5 @@ QHBoxLayout* widgetRow(const char* name, QVBoxLayout* outer, QWidget* left, QWid
 
 void fixSize(QDialog* dialog, const QSize& size)
 {
-    dialog->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    dialog->setFixedSize(size);
+    fixForFont(dialog, size);
 }

@@ -49,17 +49,18 @@ void setDialogFamily(QWidget* widget);
 void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& color);
 
 /// @name For the small dialogs that ask for numbers
+/// Their sizes are meant for a font of usual height, and grow in proportion with a larger one.
 /// @{
 
 /// A label of `width` x 20 pixels.
 QLabel* numberLabel(const char* name, QDialog* parent, int width);
 
-/// A line for a number of 9 characters, named to assistive tools by `label`.
+/// A line of 60 x 20 pixels for a number of 9 characters, named to assistive tools by `label`.
 QLineEdit* numberLine(const char* name, QDialog* parent, QLabel* label);
 
 /// A row of two widgets at the end of `outer`.
 QHBoxLayout* widgetRow(const char* name, QVBoxLayout* outer, QWidget* left, QWidget* right);
 
-/// Fixes the size of the dialog at `size`, or at what its content needs where that is more.
+/// Takes the dialog the freedom to be resized.
 void fixSize(QDialog* dialog, const QSize& size);
 /// @}
