@@ -43,26 +43,11 @@ struct Cubic
     double slope(double u) const { return (3.0 * d * u + 2.0 * c) * u + b; }
 };
 
-constexpr Cubic identity = {0.0, 1.0, 0.0, 0.0};
-
-double factor(double tension, double continuity, double bias)
-{
-    return ((1.0 - tension) * 0.5) * (1.0 + continuity) * (1.0 + bias);
-}
-
-PointInfo pointAt(double time, double value)
-{
-    PointInfo point;
-    point.time = time;
-    point.pos = value;
-    return point;
-}
-
 /// Moves the entry at `from` to the place in front of the one that is at `target` now.
 template <typename Entry> void moveEntry(std::vector<Entry>& entries, std::size_t from, std::size_t target)
 {
-    const auto entry = entries.begin() + static_cast<std::ptrdiff_t>(from);
-    const auto place = entries.begin() + static_cast<std::ptrdiff_t>(target);
+    const auto entry = entries.begin() + std::ptrdiff_t(from);
+    const auto place = entries.begin() + std::ptrdiff_t(target);
     if (target > from)
         std::rotate(entry, entry + 1, place);
     else
@@ -104,28 +89,101 @@ bool readPoint(std::istream& in, std::string& word, PointInfo& point)
     return convert(word, point.type) && std::isfinite(point.time) && std::isfinite(point.pos);
 }
 
-} // namespace
-
 /// A slope as rise over run, kept apart because the quotient of huge and tiny numbers overflows.
-struct SplineBase::Slope
+struct Slope
 {
     double rise, run;
 
     double over(double length) const { return rise * (length / run); }
-    double quotient() const { return run > 0.0 ? std::clamp(rise / run, -greatest, greatest) : 0.0; }
+    double quotient(double factor = 1.0) const
+    {
+        return run > 0.0 ? std::clamp(factor * rise / run, -greatest, greatest) : 0.0;
+    }
 };
 
+/// How many of the ascending `times`, at least one, are not later than `time`. Looks around the place where `time`
+/// would be if the times were even, and widens the window until it holds the place. The last window is small enough
+/// to count in it without branches, which would be hard to predict.
+std::size_t countUntil(const std::vector<double>& times, double time)
+{
+    const std::size_t size = times.size();
+    const double share = (time - times.front()) / (times.back() - times.front());
+    const auto guess = share > 0.0 ? std::size_t(std::min(share, 1.0) * double(size - 1)) : 0;
+    constexpr std::size_t firstReach = 8;
+    std::size_t low = 0, high = 0;
+    for (std::size_t reach = firstReach;; reach *= 8) {
+        low = guess - std::min(guess, reach);
+        high = guess + std::min(size - guess, reach);
+        if ((low == 0 || times[low - 1] <= time) && (high == size || times[high] > time))
+            break;
+    }
+    while (high - low > 2 * firstReach) {
+        const std::size_t half = (high - low) / 2;
+        (times[low + half] <= time ? low : high) = low + half;
+    }
+    std::size_t count = low;
+    for (std::size_t index = low; index < high; ++index)
+        count += std::size_t(times[index] <= time);
+    return count;
+}
+
+} // namespace
+
+/// The curve between two points that follow each other.
 class SplineBase::Segment
 {
 public:
-    Segment(double start, double length, const Cubic& value, const Cubic& ease)
-        : start_(start), length_(length), value_(value), ease_(ease)
+    Segment(const SplineBase& spline, std::size_t endIndex)
     {
+        const PointInfo& from = *spline.controlPoints[endIndex - 1];
+        const PointInfo& to = *spline.controlPoints[endIndex];
+        start_ = from.time;
+        length_ = to.time - from.time;
+        ease_ = Cubic::hermite(0.0, 1.0, 1.0 - from.easeFrom, 1.0 - to.easeTo);
+        if (to.type == Bezier) {
+            value_ = Cubic::hermite(from.pos, to.pos, from.tanRight * length_, to.tanLeft * length_);
+            ease_ = {0.0, 1.0, 0.0, 0.0};
+        } else if (to.type == Tcb) {
+            value_ = Cubic::hermite(from.pos, to.pos, leavingSlope(spline, endIndex - 1).over(length_),
+                                    arrivingSlope(spline, endIndex).over(length_));
+        } else {
+            value_ = {from.pos, to.pos - from.pos, 0.0, 0.0};
+        }
     }
+
     double operator()(double time) const { return value_(ease_((time - start_) / length_)); }
     Slope slopeWithoutEase(double time) const { return {value_.slope((time - start_) / length_), length_}; }
 
+    static Slope leavingSlope(const SplineBase& spline, std::size_t index)
+    {
+        const PointInfo* const point = spline.controlPoints[index];
+        return chordMean(spline, index, spline.getFactorL0(point), spline.getFactorL1(point));
+    }
+    static Slope arrivingSlope(const SplineBase& spline, std::size_t index)
+    {
+        const PointInfo* const point = spline.controlPoints[index];
+        return chordMean(spline, index, spline.getFactorR0(point), spline.getFactorR1(point));
+    }
+    static Slope chord(const SplineBase& spline, std::size_t endIndex)
+    {
+        const PointInfo& from = *spline.controlPoints[endIndex - 1];
+        const PointInfo& to = *spline.controlPoints[endIndex];
+        return {to.pos - from.pos, to.time - from.time};
+    }
+
 private:
+    /// Twice the weighted mean of the chords to both neighbours, over the time between these. A neighbour that is
+    /// not there is replaced by the point itself.
+    static Slope chordMean(const SplineBase& spline, std::size_t index, double factor0, double factor1)
+    {
+        const auto& points = spline.controlPoints;
+        const PointInfo& point = *points[index];
+        const PointInfo& previous = *points[index > 0 ? index - 1 : index];
+        const PointInfo& next = *points[index + 1 < points.size() ? index + 1 : index];
+        return {2.0 * (factor0 * (point.pos - previous.pos) + factor1 * (next.pos - point.pos)),
+                next.time - previous.time};
+    }
+
     double start_, length_;
     Cubic value_, ease_;
 };
@@ -142,28 +200,27 @@ SplineBase::~SplineBase()
 
 double SplineBase::operator()(const double& time) const
 {
-    const std::size_t index = countUntil(time);
-    return endsSegment(index) ? segmentEndingAt(index)(time) : valueOutside(time);
+    const std::size_t index = countUntil(times_, time);
+    return endsSegment(index) ? Segment(*this, index)(time) : valueOutside(time);
 }
 
 void SplineBase::evaluate(const double* times, double* values, std::size_t count) const
 {
-    const auto isWithin = [this](double time, std::size_t index) {
-        return endsSegment(index) && time >= times_[index - 1] && time < times_[index];
-    };
     std::size_t index = 0;
     for (std::size_t done = 0; done < count;) {
-        index = isWithin(times[done], index + 1) ? index + 1 : countUntil(times[done]);
+        const double time = times[done];
+        const bool isInNext = endsSegment(index + 1) && times_[index] <= time && time < times_[index + 1];
+        index = isInNext ? index + 1 : countUntil(times_, time);
         if (!endsSegment(index)) {
-            values[done] = valueOutside(times[done]);
-            ++done;
+            values[done++] = valueOutside(time);
             continue;
         }
-        std::size_t end = done + 1;
-        while (end < count && isWithin(times[end], index))
-            ++end;
-        const Segment segment = segmentEndingAt(index);
-        for (; done < end; ++done)
+        const double start = times_[index - 1], end = times_[index];
+        const Segment segment(*this, index);
+        std::size_t next = done + 1;
+        while (next < count && times[next] >= start && times[next] < end)
+            ++next;
+        for (; done < next; ++done)
             values[done] = segment(times[done]);
     }
 }
@@ -171,7 +228,7 @@ void SplineBase::evaluate(const double* times, double* values, std::size_t count
 std::int32_t SplineBase::findIndex(const PointInfo* point) const
 {
     const auto place = find(point);
-    return place == controlPoints.end() ? -1 : static_cast<std::int32_t>(place - controlPoints.begin());
+    return place == controlPoints.end() ? -1 : std::int32_t(place - controlPoints.begin());
 }
 
 std::vector<PointInfo*>::const_iterator SplineBase::find(const PointInfo* point) const
@@ -182,26 +239,27 @@ std::vector<PointInfo*>::const_iterator SplineBase::find(const PointInfo* point)
 PointInfo* SplineBase::getNext(const double& time)
 {
     const auto place = std::upper_bound(times_.begin(), times_.end(), time);
-    return place == times_.end() ? nullptr : controlPoints[static_cast<std::size_t>(place - times_.begin())];
+    return place == times_.end() ? nullptr : controlPoints[std::size_t(place - times_.begin())];
 }
 
 PointInfo* SplineBase::getPrev(const double& time)
 {
     const auto place = std::lower_bound(times_.begin(), times_.end(), time);
-    return place == times_.begin() ? nullptr
-                                   : controlPoints[static_cast<std::size_t>(place - times_.begin()) - 1];
+    return place == times_.begin() ? nullptr : controlPoints[std::size_t(place - times_.begin()) - 1];
 }
 
 void SplineBase::addPoint(const double& time, const double& value)
 {
     if (!std::isfinite(time) || !std::isfinite(value))
         return;
-    PointInfo point = pointAt(time, value);
-    const std::size_t index = countUntil(time);
+    PointInfo point;
+    point.time = time;
+    point.pos = value;
+    const std::size_t index = countUntil(times_, time);
     if (controlPoints.size() > 1)
         point.type = controlPoints[std::clamp<std::size_t>(index, 1, controlPoints.size() - 1)]->type;
     if (endsSegment(index) && point.type == Bezier)
-        point.tanLeft = point.tanRight = segmentEndingAt(index).slopeWithoutEase(time).quotient();
+        point.tanLeft = point.tanRight = Segment(*this, index).slopeWithoutEase(time).quotient();
     insert(index, point);
 }
 
@@ -226,7 +284,7 @@ void SplineBase::setTime(PointInfo* point, const double& time)
     const std::size_t from = indexOf(point);
     if (from == controlPoints.size() || !std::isfinite(time) || time == times_[from])
         return;
-    const std::size_t behind = countUntil(time);
+    const std::size_t behind = countUntil(times_, time);
     times_[from] = point->time = time;
     moveEntry(times_, from, behind);
     moveEntry(controlPoints, from, behind);
@@ -260,7 +318,9 @@ double SplineBase::getTangentLeftAtNode(const unsigned& index, double& length) c
     length *= speed;
     if (point.type == Bezier)
         return point.tanLeft;
-    return (point.type == Tcb ? arrivingSlope(index) : chord(index)).quotient() * speed;
+    const Slope slope =
+        point.type == Tcb ? Segment::arrivingSlope(*this, index) : Segment::chord(*this, index);
+    return slope.quotient(speed);
 }
 
 double SplineBase::getTangentRightAtNode(const unsigned& index, double& length) const
@@ -274,7 +334,8 @@ double SplineBase::getTangentRightAtNode(const unsigned& index, double& length) 
     const std::int32_t type = controlPoints[index]->type;
     if (type == Bezier)
         return point.tanRight;
-    return (type == Tcb ? leavingSlope(index - 1) : chord(index)).quotient() * speed;
+    const Slope slope = type == Tcb ? Segment::leavingSlope(*this, index - 1) : Segment::chord(*this, index);
+    return slope.quotient(speed);
 }
 
 void SplineBase::save(const SplineBase& spline, std::ostream& out)
@@ -308,38 +369,6 @@ void SplineBase::load(SplineBase* spline, std::istream& in)
     spline->times_.swap(loaded.times_);
 }
 
-double SplineBase::getFactorL0(const PointInfo* point) const
-{
-    return factor(point->tension, point->continuity, point->bias);
-}
-
-double SplineBase::getFactorL1(const PointInfo* point) const
-{
-    return factor(point->tension, -point->continuity, -point->bias);
-}
-
-double SplineBase::getFactorR0(const PointInfo* point) const
-{
-    return factor(point->tension, -point->continuity, point->bias);
-}
-
-double SplineBase::getFactorR1(const PointInfo* point) const
-{
-    return factor(point->tension, point->continuity, -point->bias);
-}
-
-// A search without branches: the comparison is multiplied, since compilers turn a condition into a jump.
-std::size_t SplineBase::countUntil(double time) const
-{
-    const double* first = times_.data();
-    for (std::size_t rest = times_.size(); rest > 1;) {
-        const std::size_t half = rest / 2;
-        first += static_cast<std::size_t>(first[half - 1] <= time) * half;
-        rest -= half;
-    }
-    return static_cast<std::size_t>(first - times_.data()) + static_cast<std::size_t>(*first <= time);
-}
-
 std::size_t SplineBase::indexOf(const PointInfo* point) const
 {
     if (!point)
@@ -348,57 +377,7 @@ std::size_t SplineBase::indexOf(const PointInfo* point) const
     const auto begin = controlPoints.begin();
     const auto end = begin + (last - times_.begin());
     const auto place = std::find(begin + (first - times_.begin()), end, point);
-    return place == end ? controlPoints.size() : static_cast<std::size_t>(place - begin);
-}
-
-bool SplineBase::endsSegment(std::size_t index) const
-{
-    return index > 0 && index < controlPoints.size();
-}
-
-SplineBase::Slope SplineBase::chord(std::size_t index) const
-{
-    return {controlPoints[index]->pos - controlPoints[index - 1]->pos, times_[index] - times_[index - 1]};
-}
-
-SplineBase::Slope SplineBase::slopeAt(std::size_t index, double factor0, double factor1) const
-{
-    const std::size_t previous = index > 0 ? index - 1 : index;
-    const std::size_t next = index + 1 < controlPoints.size() ? index + 1 : index;
-    const double value = controlPoints[index]->pos;
-    const double toPoint = value - controlPoints[previous]->pos;
-    const double fromPoint = controlPoints[next]->pos - value;
-    return {2.0 * (factor0 * toPoint + factor1 * fromPoint), times_[next] - times_[previous]};
-}
-
-SplineBase::Slope SplineBase::leavingSlope(std::size_t index) const
-{
-    const PointInfo* const point = controlPoints[index];
-    return slopeAt(index, getFactorL0(point), getFactorL1(point));
-}
-
-SplineBase::Slope SplineBase::arrivingSlope(std::size_t index) const
-{
-    const PointInfo* const point = controlPoints[index];
-    return slopeAt(index, getFactorR0(point), getFactorR1(point));
-}
-
-SplineBase::Segment SplineBase::segmentEndingAt(std::size_t index) const
-{
-    const PointInfo& from = *controlPoints[index - 1];
-    const PointInfo& to = *controlPoints[index];
-    const double start = times_[index - 1];
-    const double length = times_[index] - start;
-    if (to.type == Bezier)
-        return {start, length, Cubic::hermite(from.pos, to.pos, from.tanRight * length, to.tanLeft * length),
-                identity};
-    const Cubic ease = Cubic::hermite(0.0, 1.0, 1.0 - from.easeFrom, 1.0 - to.easeTo);
-    if (to.type == Tcb)
-        return {start, length,
-                Cubic::hermite(from.pos, to.pos, leavingSlope(index - 1).over(length),
-                               arrivingSlope(index).over(length)),
-                ease};
-    return {start, length, {from.pos, to.pos - from.pos, 0.0, 0.0}, ease};
+    return place == end ? controlPoints.size() : std::size_t(place - begin);
 }
 
 double SplineBase::valueOutside(double time) const
@@ -407,7 +386,7 @@ double SplineBase::valueOutside(double time) const
     const double last = getLast()->pos;
     if (!(time >= times_.front()))
         return firstType == Zero ? 0.0 : first;
-    const double beyond = std::min(time, greatest) - times_.back();
+    const double beyond = std::min(time - times_.back(), greatest);
     if (!(beyond > 0.0))
         return last;
     if (lastType == Zero)
@@ -430,7 +409,7 @@ double SplineBase::valueOutside(double time) const
 void SplineBase::insert(std::size_t index, const PointInfo& point)
 {
     auto added = std::make_unique<PointInfo>(point);
-    const auto place = static_cast<std::ptrdiff_t>(index);
+    const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
     controlPoints.insert(controlPoints.begin() + place, added.get());
     added.release();

@@ -180,10 +180,22 @@ protected:
     /// The weights of Kochanek and Bartels. The L pair gives the slope that leaves a point and the R pair the
     /// one that arrives there; 0 belongs to the chord from the previous point, 1 to the chord to the next.
     /// @{
-    double getFactorL0(const PointInfo* point) const;
-    double getFactorL1(const PointInfo* point) const;
-    double getFactorR0(const PointInfo* point) const;
-    double getFactorR1(const PointInfo* point) const;
+    double getFactorL0(const PointInfo* point) const
+    {
+        return factor(point->tension, point->continuity, point->bias);
+    }
+    double getFactorL1(const PointInfo* point) const
+    {
+        return factor(point->tension, -point->continuity, -point->bias);
+    }
+    double getFactorR0(const PointInfo* point) const
+    {
+        return factor(point->tension, -point->continuity, point->bias);
+    }
+    double getFactorR1(const PointInfo* point) const
+    {
+        return factor(point->tension, point->continuity, -point->bias);
+    }
     /// @}
 
     double defaultValue = 0.0;
@@ -191,16 +203,13 @@ protected:
 
 private:
     class Segment;
-    struct Slope;
 
-    std::size_t countUntil(double time) const;
+    static double factor(double tension, double continuity, double bias)
+    {
+        return ((1.0 - tension) * 0.5) * (1.0 + continuity) * (1.0 + bias);
+    }
+    bool endsSegment(std::size_t index) const { return index > 0 && index < controlPoints.size(); }
     std::size_t indexOf(const PointInfo* point) const;
-    bool endsSegment(std::size_t index) const;
-    Slope chord(std::size_t index) const;
-    Slope slopeAt(std::size_t index, double factor0, double factor1) const;
-    Slope leavingSlope(std::size_t index) const;
-    Slope arrivingSlope(std::size_t index) const;
-    Segment segmentEndingAt(std::size_t index) const;
     double valueOutside(double time) const;
     void insert(std::size_t index, const PointInfo& point);
     void clear();
