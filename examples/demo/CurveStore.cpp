@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CurveStore.h"
 
-#include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
@@ -107,9 +106,9 @@ void CurveStore::forgetVariable(const std::string& variable)
 
 double valueAt(const Curve& curve, double time, double fps)
 {
-    EvaluationTime present;
-    present.set(time, fps);
-    const double value = curve.expression ? curve.expression->evaluate() : curve.spline(time);
+    double value = curve.spline(time);
+    if (curve.expression)
+        curve.expression->evaluateBlock(&time, fps, &value, 1);
     if (value < double(curve.minValue))
         return double(curve.minValue);
     return value > double(curve.maxValue) ? double(curve.maxValue) : value;

@@ -5,12 +5,24 @@
 
 #include <curveeditor/shell/CurveEditor.h>
 
+#include <QSplitter>
 #include <QTreeWidgetItem>
 
 namespace {
 
 constexpr double framesPerTimeUnit = 24.0;
 constexpr QSize editorSize(1040, 700);
+
+// The curves and their points stand out; the grid stays behind.
+void setColors(CurveEditor& editor)
+{
+    const QColor edge(110, 110, 110);
+    editor.setFrameLinesColor(QColor(60, 60, 60));
+    editor.setFrameHLineColor(edge);
+    editor.setFrameVLineColor(edge);
+    editor.setFrameFontColor(QColor(190, 190, 190));
+    editor.setControlPointColor(QColor(210, 210, 210));
+}
 
 } // namespace
 
@@ -19,6 +31,8 @@ EditorHost::EditorHost(CurveStore& store, QWidget* parent)
 {
     editor_->setFps(framesPerTimeUnit);
     editor_->setShowTime();
+    setColors(*editor_);
+    editor_->splitter10->setStretchFactor(0, 1);
     editor_->resize(editorSize);
     for (const auto& curve : store_.getCurves())
         editor_->addCurve(curve->group, curve->name, curve->color, curve->defaultValue, &curve->spline,

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/files/CurveFile.h>
-#include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 
@@ -53,11 +52,12 @@ int main(int argc, char* argv[])
     }
 
     constexpr double framesPerTimeUnit = 10.0; // what a new editor has
-    EvaluationTime present;
-    std::cout.precision(std::numeric_limits<double>::max_digits10);
+    std::cout.precision(std::numeric_limits<double>::digits10);
     for (int i = 0; i < count; ++i) {
         const double time = count > 1 ? from + (to - from) * i / (count - 1) : from;
-        present.set(time, framesPerTimeUnit);
-        std::cout << time << '\t' << (expression ? expression->evaluate() : curve.spline(time)) << '\n';
+        double value = curve.spline(time);
+        if (expression)
+            expression->evaluateBlock(&time, framesPerTimeUnit, &value, 1);
+        std::cout << time << '\t' << value << '\n';
     }
 }

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// Runs the demo as a person would from a shell.
+class tst_CommandLine : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void badTableIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("table");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("text") << QByteArray("# a\n0 1\n1 x\n")
+                              << "table.txt:3: column 2: \"x\" is not a number";
+        QTest::newRow("empty") << QByteArray() << "table.txt:0: the table has no rows";
+        QTest::newRow("no file") << QByteArray("-") << "missing.txt: No such file or directory";
+    }
+
+    void badTableIsRefused()
+    {
+        QFETCH(QByteArray, table);
+        QFETCH(QString, reason);
+        const QString name = table == "-" ? path("missing.txt") : writeTable(table);
+        QCOMPARE(run({name}), 1);
+        QVERIFY2(errors_.endsWith(path(reason) + u'\n'), qPrintable(errors_));
+    }
+
+    void faultsOfTheCommandLineEndWithOne_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("two tables") << QStringList{"a", "b"};
+        QTest::newRow("unknown option") << QStringList{"--picture", "a"};
+        QTest::newRow("unknown curve") << QStringList{"--open", "Camera.none", "--export", path("none")};
+        QTest::newRow("picture nowhere") << QStringList{"--screenshot", path("none/a.png")};
+        QTest::newRow("table nowhere") << QStringList{"--export", path("none/a.txt")};
+    }
+
+    void faultsOfTheCommandLineEndWithOne()
+    {
+        QFETCH(QStringList, arguments);
+        QCOMPARE(run(arguments), 1);
+        QVERIFY(!errors_.isEmpty());
+    }
+
+    void screenshotShowsTheCurves_data()
+    {
+        QTest::addColumn<QByteArray>("table");
+        QTest::addColumn<QRgb>("color");
+        QTest::newRow("samples") << QByteArray() << QRgb(0xffffd54f);
+        QTest::newRow("table far from zero") << QByteArray("380 1000\n780 1001\n") << QRgb();
+        QTest::newRow("huge numbers") << QByteArray("-1e300 -1e300\n1e300 1e300\n") << QRgb();
+    }
+
+    void screenshotShowsTheCurves()
+    {
+        QFETCH(QByteArray, table);
+        QFETCH(QRgb, color);
+        QStringList arguments{"--screenshot", path("a.png")};
+        if (!table.isEmpty())
+            arguments << writeTable(table);
+        QCOMPARE(run(arguments), 0);
+        const QImage image(path("a.png"));
+        QVERIFY(image.width() >= 800 && image.height() >= 500);
+        int pixels = 0; // of the colour, or of any strong one
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                pixels += color ? pixel.rgb() == color : pixel.saturation() > 90 && pixel.value() > 200;
+            }
+        }
+        QVERIFY2(pixels > 300, qPrintable(QString::number(pixels)));
+    }
+
+    void exportedTableReadsBack()
+    {
+        const QString name = writeTable("nm,a,b.c\n2,0.5,-1\n0,0,3\n");
+        const QByteArray expected = "# KVTR Corvane Sensor Sensibility Data File\n"
+                                    "# file exported with Curve Editor v0.1\n\n"
+                                    "version \t\t 1.0\ntype \t\t\t cye64\n"
+                                    "num_curves \t\t 2\nnum_lambdas \t 3\n\n"
+                                    "0,\t0.000000,\t3.000000,\t\n"
+                                    "1,\t0.250000,\t1.000000,\t\n"
+                                    "2,\t0.500000,\t-1.000000,\t\n";
+        QCOMPARE(run({name, "--export", path("out.txt")}), 0);
+        QCOMPARE(content("out.txt"), expected);
+        QCOMPARE(run({path("out.txt"), "--export", path("again.txt")}), 0);
+        QCOMPARE(content("again.txt"), expected);
+    }
+
+private:
+    QString path(const QString& name) const { return folder_.filePath(name); }
+
+    QString writeTable(const QByteArray& text)
+    {
+        QFile file(path("table.txt"));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(text);
+        return file.fileName();
+    }
+
+    QByteArray content(const QString& name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    // The exit status; -1 after a crash or a minute.
+    int run(const QStringList& arguments)
+    {
+        QProcess process;
+        process.start(QStringLiteral(DEMO), arguments);
+        const bool ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+        errors_ = QString::fromUtf8(process.readAllStandardError());
+        return ended ? process.exitCode() : -1;
+    }
+
+    QTemporaryDir folder_;
+    QString errors_;
+};
+
+QTEST_GUILESS_MAIN(tst_CommandLine)
+#include "tst_CommandLine.moc"

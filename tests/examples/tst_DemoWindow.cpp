@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "CurveList.h"
+#include "CurveStore.h"
+#include "DemoWindow.h"
+#include "SampleCurves.h"
+#include "Transport.h"
+
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QtTest>
+
+namespace {
+
+constexpr double fps = 24.0;
+
+QTreeWidgetItem* rowOf(CurveList* list, const QString& fullName)
+{
+    for (QTreeWidgetItem* item :
+         list->findItems(fullName.section(u'.', 1), Qt::MatchExactly | Qt::MatchRecursive)) {
+        if (CurveList::nameOf(item).group == fullName.section(u'.', 0, 0))
+            return item;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class tst_DemoWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        store_ = std::make_unique<CurveStore>();
+        addSampleCurves(*store_);
+        window_ = std::make_unique<DemoWindow>(*store_);
+        window_->showBoth();
+        list_ = window_->findChild<CurveList*>();
+    }
+
+    void cleanup()
+    {
+        window_.reset();
+        store_.reset();
+    }
+
+    // Values of the CIE 1931 tables; the fit is off by a few hundredths at most.
+    void observerFollowsTheTables_data()
+    {
+        QTest::addColumn<double>("wavelength");
+        QTest::addColumn<QList<double>>("xyz");
+        QTest::newRow("400") << 400.0 << QList<double>{0.0143, 0.0004, 0.0679};
+        QTest::newRow("445") << 445.0 << QList<double>{0.3481, 0.0298, 1.7826};
+        QTest::newRow("500") << 500.0 << QList<double>{0.0049, 0.3230, 0.2720};
+        QTest::newRow("555") << 555.0 << QList<double>{0.5121, 1.0000, 0.0057};
+        QTest::newRow("600") << 600.0 << QList<double>{1.0622, 0.6310, 0.0008};
+        QTest::newRow("700") << 700.0 << QList<double>{0.0114, 0.0041, 0.0000};
+    }
+
+    void observerFollowsTheTables()
+    {
+        QFETCH(double, wavelength);
+        QFETCH(QList<double>, xyz);
+        for (int i = 0; i < 3; ++i) {
+            const double value = valueAt(*store_->find("Observer", QString("xyz"[i])), wavelength, fps);
+            QVERIFY2(std::abs(value - xyz[i]) < 0.03, qPrintable(QString("%1 %2").arg("xyz"[i]).arg(value)));
+        }
+    }
+
+    void expressionsFollowTheCurvesThatTheyRead()
+    {
+        Curve* fill = store_->find("Light", "fill intensity");
+        Curve* key = store_->find("Light", "key intensity");
+        const double before = valueAt(*fill, 5.0, fps);
+        for (SplineBase::PointInfo* point : key->spline.getControlPoints())
+            point->pos += 1.0;
+        QVERIFY(std::abs(valueAt(*fill, 5.0, fps) - before - 0.4) < 1e-9);
+
+        QVERIFY(!window_->getHost().rename(*key, "flicker"));
+        QVERIFY(window_->getHost().rename(*key, "Sun Light"));
+        QVERIFY(store_->setExpression(*fill, "2 light.sun_light"));
+        QCOMPARE(valueAt(*fill, 5.0, fps), 2.0 * key->spline(5.0));
+        window_->getHost().remove(*key);
+        QCOMPARE(valueAt(*fill, 5.0, fps), 0.0);
+    }
+
+    void doubleClickOpensWhereTheCurveIs()
+    {
+        QTreeWidgetItem* row = rowOf(list_, "Observer.y");
+        list_->scrollToItem(row);
+        const QPoint place = list_->visualItemRect(row).center();
+        QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, place);
+        EditorHost& host = window_->getHost();
+        QVERIFY(host.isOpen(*store_->find("Observer", "y")));
+        QCOMPARE(host.getRange().timeMin, 380.0);
+        QCOMPARE(window_->findChild<Transport*>()->getTime(), 380.0);
+    }
+
+    void editsAreLoggedWithTheValueAtThePresentTime()
+    {
+        window_->findChild<Transport*>()->setRange(0.0, 10.0);
+        window_->findChild<Transport*>()->setTime(6.0);
+        Curve* pan = store_->find("Camera", "pan");
+        window_->getHost().open(*pan);
+        CurveEditor& editor = window_->getHost().getEditor();
+        auto* canvas = editor.findChild<QWidget*>("functionEdit");
+        const PlaneRange range = window_->getHost().getRange();
+        const auto place = [&](double time, double value) {
+            return QPoint(
+                int((time - range.timeMin) / (range.timeMax - range.timeMin) * canvas->width()),
+                int((range.valueMax - value) / (range.valueMax - range.valueMin) * canvas->height()));
+        };
+        QTest::mousePress(canvas, Qt::LeftButton, {}, place(6.0, pan->spline(6.0)));
+        QTest::mouseMove(canvas, place(6.0, 3.0));
+        QTest::mouseRelease(canvas, Qt::LeftButton, {}, place(6.0, 3.0));
+        const QString text = window_->findChild<QPlainTextEdit*>()->toPlainText();
+        QVERIFY2(text.startsWith("Camera.pan = ") && text.endsWith(" at 6"), qPrintable(text));
+        QCOMPARE(text.section(u' ', 2, 2).toDouble(), QString::number(pan->spline(6.0), 'g', 6).toDouble());
+        QVERIFY(std::abs(pan->spline(6.0) - 3.0) < 0.5);
+    }
+
+    void playingMovesTheTimeRoundAndRound()
+    {
+        auto* transport = window_->findChild<Transport*>();
+        transport->setRange(0.0, 1.0);
+        transport->setTime(0.999);
+        QSignalSpy spy(transport, &Transport::timeChanged);
+        transport->setPlaying(true);
+        QTRY_VERIFY(spy.size() >= 3);
+        transport->setPlaying(false);
+        QVERIFY(transport->getTime() < 0.9);
+    }
+
+    void renameByTheMenuReachesTheEditor()
+    {
+        list_->setCurrentItem(rowOf(list_, "Camera.pan"));
+        window_->getHost().open(*store_->find("Camera", "pan"));
+        QTimer::singleShot(0, [] {
+            auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            dialog->setTextValue("Schwenk ä.1");
+            dialog->accept();
+        });
+        for (QAction* action : list_->actions()) {
+            if (action->text().contains("Rename"))
+                action->trigger();
+        }
+        QVERIFY(store_->find("Camera", "Schwenk ä.1"));
+        QVERIFY(rowOf(list_, "Camera.Schwenk ä.1"));
+        QVERIFY(window_->getHost().isOpen(*store_->find("Camera", "Schwenk ä.1")));
+        QVERIFY(!store_->find("Camera", "pan"));
+        QCOMPARE(store_->findReported("Camera", "1"), store_->find("Camera", "Schwenk ä.1"));
+    }
+
+private:
+    std::unique_ptr<CurveStore> store_;
+    std::unique_ptr<DemoWindow> window_;
+    CurveList* list_ = nullptr;
+};
+
+QTEST_MAIN(tst_DemoWindow)
+#include "tst_DemoWindow.moc"
