@@ -17,6 +17,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -48,7 +49,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
     functionEdit->setFocusPolicy(Qt::ClickFocus);
     functionView->setObjectName(QStringLiteral("functionView"));
     functionEdit->setObjectName(QStringLiteral("functionEdit"));
-    setTabOrder(nextNode, functionEdit);
+    setTabOrder(tabWidget2->tabBar(), functionEdit);
 
     resize(400, 300);
     connectWidgets();

@@ -129,10 +129,8 @@ void CurveEditor::loadImage()
 {
     const QString name = QFileDialog::getOpenFileName(this, QString(), QString(),
                                                       QStringLiteral("*.jpg;;") + tr("All files (*)"));
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
+    if (name.isNull() || !QFile(name).open(QIODevice::ReadOnly))
         return;
-    file.close();
     functionEdit->canvas.loadImage(name);
     paintAll();
 }
