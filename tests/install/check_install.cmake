@@ -8,7 +8,6 @@ function(run)
   endif()
 endfunction()
 
-file(REMOVE_RECURSE "${WORK}/prefix")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix")
 foreach(host IN ITEMS minimal_host evaluate)
   run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/examples/${host}" -B "${WORK}/${host}"
