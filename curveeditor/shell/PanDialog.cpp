@@ -15,11 +15,11 @@ constexpr QSize dialogSize(180, 90);
 
 } // namespace
 
-PanDialog::PanDialog(QWidget* parent, const QString& name, bool modal, Qt::WindowFlags flags)
+PanDialog::PanDialog(QWidget* parent, const QString& name, bool /*modal*/, Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
     setObjectName(name.isEmpty() ? QStringLiteral("PanDialog") : name);
-    setModal(modal);
+    setModal(true);
     setDialogFamily(this);
 
     textLabel3_2_2 = numberLabel("textLabel3_2_2", this, labelWidth);

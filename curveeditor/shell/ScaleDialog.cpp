@@ -15,11 +15,11 @@ constexpr QSize dialogSize(180, 90);
 
 } // namespace
 
-ScaleDialog::ScaleDialog(QWidget* parent, const QString& name, bool modal, Qt::WindowFlags flags)
+ScaleDialog::ScaleDialog(QWidget* parent, const QString& name, bool /*modal*/, Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
     setObjectName(name.isEmpty() ? QStringLiteral("ScaleDialog") : name);
-    setModal(modal);
+    setModal(true);
     setDialogFamily(this);
 
     textLabel3_2 = numberLabel("textLabel3_2", this, labelWidth);

@@ -15,11 +15,12 @@ constexpr QSize dialogSize(180, 140);
 
 } // namespace
 
-ViewportSettings::ViewportSettings(QWidget* parent, const QString& name, bool modal, Qt::WindowFlags flags)
+ViewportSettings::ViewportSettings(QWidget* parent, const QString& name, bool /*modal*/,
+                                   Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
     setObjectName(name.isEmpty() ? QStringLiteral("ViewportSettings") : name);
-    setModal(modal);
+    setModal(true);
 
     textLabel3 = numberLabel("textLabel3", this, labelWidth);
     minX = numberLine("minX", this, textLabel3);

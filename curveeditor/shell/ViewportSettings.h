@@ -18,7 +18,7 @@ class CURVEEDITOR_EXPORT ViewportSettings : public QDialog
     Q_OBJECT
 
 public:
-    /// An empty `name` stands for the name of the class.
+    /// An empty `name` stands for the name of the class. The dialog is modal whatever `modal` says.
     explicit ViewportSettings(QWidget* parent = nullptr, const QString& name = QString(), bool modal = false,
                               Qt::WindowFlags flags = {});
 

@@ -187,10 +187,10 @@ void tst_Dialogs::numbersAndLabelsAreNotCutOff()
     dialog.resize(400, 300);
     for (QDialog* each : std::initializer_list<QDialog*>{&dialog, &scale, &range}) {
         each->show();
+        QVERIFY(QTest::qWaitForWindowExposed(each));
         const auto lines = each->findChildren<QLineEdit*>();
         for (const QLineEdit* line : lines) {
             const int needed = line->fontMetrics().horizontalAdvance("-1234.567");
-            qDebug() << line->objectName() << line->width() << needed << line->font() << line->sizeHint();
             QVERIFY2(line->width() > needed || !line->isVisible(), qPrintable(line->objectName()));
         }
         const auto labels = each->findChildren<QLabel*>();
