@@ -22,32 +22,38 @@ constexpr int grabDistanceOfLine = 10;
 constexpr int nodeSize = 5;
 constexpr int fixedHandleSize = 3;
 
-int toPixel(double position)
+class Mapping
 {
-    return std::clamp(truncateToInt(position), -ViewPort::farthestPixel, ViewPort::farthestPixel);
-}
+public:
+    explicit Mapping(const ViewPort& view)
+        : timeMin_(view.timeMin), valueMax_(view.valueMax), width_(view.pixelWidth),
+          height_(view.pixelHeight), timeScale_(width_ / (view.timeMax - view.timeMin)),
+          valueScale_(height_ / (view.valueMax - view.valueMin))
+    {
+    }
 
-double column(const ViewPort& view, double time)
-{
-    return (time - view.timeMin) * (view.pixelWidth / (view.timeMax - view.timeMin));
-}
+    QPoint nodePixel(const SplineBase::PointInfo& point) const
+    {
+        return QPoint(truncateToPixel(std::clamp(column(point.time), -nodeMargin, width_ + nodeMargin)),
+                      truncateToPixel(std::clamp(row(point.pos), -nodeMargin, height_ + nodeMargin)));
+    }
 
-double row(const ViewPort& view, double value)
-{
-    return (view.valueMax - value) * (view.pixelHeight / (view.valueMax - view.valueMin));
-}
+    QPoint samplePixel(double time, double value) const
+    {
+        return QPoint(truncateToPixel(column(time)), truncateToPixel(std::clamp(row(value), -1.0, height_)));
+    }
 
-QPoint nodePixel(const ViewPort& view, const SplineBase::PointInfo& point)
-{
-    return QPoint(toPixel(std::clamp(column(view, point.time), -nodeMargin, view.pixelWidth + nodeMargin)),
-                  toPixel(std::clamp(row(view, point.pos), -nodeMargin, view.pixelHeight + nodeMargin)));
-}
+private:
+    double column(double time) const { return (time - timeMin_) * timeScale_; }
+    double row(double value) const { return (valueMax_ - value) * valueScale_; }
 
-QPoint samplePixel(const ViewPort& view, double time, double value)
-{
-    return QPoint(toPixel(column(view, time)),
-                  toPixel(std::clamp(row(view, value), -1.0, double(view.pixelHeight))));
-}
+    double timeMin_;
+    double valueMax_;
+    double width_;
+    double height_;
+    double timeScale_;
+    double valueScale_;
+};
 
 double clampValue(double value, double minValue, double maxValue)
 {
@@ -62,23 +68,31 @@ bool goesOnBehindLast(int lastType)
            lastType == SplineBase::FollowTangent;
 }
 
-struct Samples
+struct Sample
 {
-    Samples(const SplineBase& spline, double left, double right, double viewSpan)
-    {
-        const double samples =
-            right > left ? std::min((right - left) * samplesPerView / viewSpan, samplesPerView) : 0.0;
-        const double step = samples > 0.0 ? (right - left) / samples : 0.0;
-        times.resize(std::size_t(samples) + 1);
-        for (std::size_t i = 0; i < times.size(); ++i)
-            times[i] = double(i) * step + left;
-        values.resize(times.size());
-        spline.evaluate(times.data(), values.data(), times.size());
-    }
-
-    std::vector<double> times;
-    std::vector<double> values;
+    double time;
+    double value;
 };
+
+std::vector<Sample> samplesBetween(const SplineBase& spline, double left, double right, double viewSpan)
+{
+    const double share =
+        right > left ? std::min((right - left) * samplesPerView / viewSpan, samplesPerView) : 0.0;
+    const double step = share > 0.0 ? (right - left) / share : 0.0;
+    std::vector<double> times(std::size_t(share) + 1);
+    for (std::size_t i = 0; i < times.size(); ++i)
+        times[i] = double(i) * step + left;
+    std::vector<double> values(times.size());
+    spline.evaluate(times.data(), values.data(), times.size());
+
+    std::vector<Sample> samples;
+    samples.reserve(times.size());
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        if (!std::isnan(values[i]))
+            samples.push_back({times[i], values[i]});
+    }
+    return samples;
+}
 
 QRect square(const QPoint& center, int size)
 {
@@ -138,29 +152,21 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
         return;
 
     const SplineBase& spline = *control.getSpline();
+    const Mapping mapping(*viewport);
     for (const SplineBase::PointInfo* point : spline.getControlPoints())
-        nodePixels.append(nodePixel(*viewport, *point));
+        nodePixels.append(mapping.nodePixel(*point));
 
     const double viewSpan = viewport->timeMax - viewport->timeMin;
     const double left = std::max(viewport->timeMin, spline.getFirst()->time);
     const double right = std::min(viewport->timeMax, spline.getLast()->time);
-    const Samples inside(spline, left, right, viewSpan);
-    for (std::size_t i = 0; i < inside.times.size(); ++i) {
-        const double time = inside.times[i];
-        const double value = inside.values[i];
-        if (std::isnan(value))
-            continue;
-        curveLine.append(samplePixel(*viewport, time, clampValue(value, minValue, maxValue)));
-        rawLine.append(samplePixel(*viewport, time, value));
+    for (const auto& [time, value] : samplesBetween(spline, left, right, viewSpan)) {
+        curveLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
+        rawLine.append(mapping.samplePixel(time, value));
     }
-
-    if (!goesOnBehindLast(spline.lastType) || right >= viewport->timeMax)
-        return;
-    const Samples behind(spline, std::max(viewport->timeMin, right), viewport->timeMax, viewSpan);
-    for (std::size_t i = 0; i < behind.times.size(); ++i) {
-        if (!std::isnan(behind.values[i]))
-            postLine.append(
-                samplePixel(*viewport, behind.times[i], clampValue(behind.values[i], minValue, maxValue)));
+    if (goesOnBehindLast(spline.lastType) && right < viewport->timeMax) {
+        const double start = std::max(viewport->timeMin, right);
+        for (const auto& [time, value] : samplesBetween(spline, start, viewport->timeMax, viewSpan))
+            postLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
     }
 }
 
@@ -306,7 +312,8 @@ QPoint CanvasSpline::handleEnd(const QPoint& pixel, double slope, double length,
     const double pixelSlope = std::clamp(slope * toPixels, -steepestSlope, steepestSlope);
     const double across = side / std::sqrt(double(float(1.0 + pixelSlope * pixelSlope)));
     const double reach = std::clamp(length, -longestHandle, longestHandle);
-    return QPoint(toPixel(pixel.x() + reach * across), toPixel(pixel.y() - reach * (across * pixelSlope)));
+    return QPoint(truncateToPixel(pixel.x() + reach * across),
+                  truncateToPixel(pixel.y() - reach * (across * pixelSlope)));
 }
 
 int CanvasSpline::shownPoints() const
