@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/SplineBase.h>
+#include <specimens/SplineSpecimens.h>
+
+#include <QtTest>
+
+#include <cmath>
+#include <cstring>
+#include <locale>
+#include <map>
+#include <sstream>
+
+using PointInfo = SplineBase::PointInfo;
+using Numbers = std::vector<double>;
+using Places = std::vector<std::pair<double, double>>;
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+struct CommaPunctuation : std::numpunct<char>
+{
+    char do_decimal_point() const override { return ','; }
+};
+
+constexpr auto fieldBytes = offsetof(PointInfo, type) + sizeof(PointInfo::type);
+const auto isSame = [](const PointInfo& a, const PointInfo& b) {
+    return !std::memcmp(&a, &b, fieldBytes);
+};
+const auto near = [](double a, double b, double tolerance = 1e-12) {
+    return std::abs(a - b) <= tolerance;
+};
+
+class tst_SplineBase : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void segmentsFollowTheirFormulas()
+    {
+        SplineBase spline;
+        spline.addPoint(1.0, 1.0);
+        spline.addPoint(3.0, 0.0);
+        // Tension, continuity, bias; the slopes with which the curve arrives at the middle point and leaves it.
+        for (const Numbers& row : {Numbers{0, 0, 0, 0, 0}, Numbers{1, 3, -2, 0, 0}, Numbers{0, 1, 0, -2, 2},
+                                   Numbers{0, 0, 1, 2, 2}, Numbers{-1, 0.5, 0.2, -1.2, 2.8}}) {
+            std::copy_n(row.begin(), 3, &spline.modify(1)->tension);
+            QVERIFY(near(spline(0.5), 0.5 + (1.0 - row[3] / 3.0) / 8.0));
+            QVERIFY(near(spline(2.0), 0.5 + 2.0 * (row[4] / 3.0 + 0.5) / 8.0));
+        }
+        *spline.modify(1) = {1.0, 1.0, 3.0, 0, 0, 0, 0, 1.0, 0, SplineBase::Linear};
+        QVERIFY(near(spline(0.25), 0.25 + 0.25 * 0.25 * 0.75));
+        spline.modify(1)->type = SplineBase::Bezier;
+        QVERIFY(near(spline(0.3), 0.027) && near(spline(0.8), 0.512));
+    }
+
+    void everySpecimenAgreesWithItsTangents()
+    {
+        SplineBase spline;
+        double left = 0.0, right = 0.0;
+        for (const SplineSpecimen& specimen : splineSpecimens()) {
+            specimen.fill(spline);
+            for (unsigned i = 1; i < spline.getControlPointsNumber(); ++i) {
+                const PointInfo from = *spline[i - 1], to = *spline[i];
+                const double leaving = spline.getTangentRightAtNode(i, right);
+                const double arriving = spline.getTangentLeftAtNode(i, left);
+                QVERIFY(near(right, 0.667 * (1.0 - from.easeFrom)) && near(left, 0.667 * (1.0 - to.easeTo)));
+                const double step = (to.time - from.time) * 1e-6;
+                const double tolerance = 1e-4 * std::max({std::abs(leaving), std::abs(arriving),
+                                                          std::abs(from.pos - to.pos) / (step * 1e6)});
+                const bool agrees = near((spline(from.time + step) - from.pos) / step, leaving, tolerance) &&
+                                    near((to.pos - spline(to.time - step)) / step, arriving, tolerance);
+                QVERIFY2(agrees || step == 0.0, specimen.name.c_str());
+            }
+            QCOMPARE(spline.getTangentLeftAtNode(0, left), 0.0);
+            QCOMPARE(spline.getTangentRightAtNode(spline.getControlPointsNumber(), right), 0.0);
+        }
+    }
+
+    void everyBlockGivesTheBitsOfSingleValues()
+    {
+        SplineBase spline;
+        for (const SplineSpecimen& specimen : splineSpecimens()) {
+            specimen.fill(spline);
+            const double first = spline.getFirst()->time, last = spline.getLast()->time;
+            Numbers times = {last, first, notANumber, -infinity, infinity, 1e300, -1e300, 2.0};
+            for (int i = -100; i < 400; ++i)
+                times.push_back(first + i * 0.01 * (last - first));
+            Numbers values = times;
+            spline.evaluate(values.data(), values.data(), values.size());
+            for (std::size_t i = 0; i < times.size(); ++i) {
+                const double value = spline(times[i]);
+                const bool isSameValue = std::memcmp(&values[i], &value, sizeof(double)) == 0;
+                QVERIFY2(isSameValue && (std::isfinite(value) || times[i] > last), specimen.name.c_str());
+            }
+        }
+    }
+
+    void behavioursGoOnOutsideThePoints()
+    {
+        SplineBase spline;
+        spline.addPoint(1.0, 2.0);
+        spline.addPoint(4.0, 1.0);
+        *spline.modify(2) = {4.0, 1.0, 0, 0, 0, 0, 0, 0.5, 0, SplineBase::Linear};
+        spline.setPos(spline.modify(0), 0.5);
+        const Places rows[] = {{{-0.1, 0.0}, {0.0, 0.5}, {4.0, 1.0}, {4.1, 0.0}, {1e300, 0.0}},
+                               {{-0.1, 0.5}, {4.1, 1.0}, {infinity, 1.0}},
+                               {{4.0, 1.0}, {5.0, 2.0}, {8.0, 0.5}, {41.0, 2.0}},
+                               {{4.0, 1.0}, {5.0, 2.5}, {8.0, 1.5}, {41.0, 7.0}},
+                               {{4.0, 1.0}, {10.0, 0.0}}};
+        for (int type = SplineBase::Zero; type <= SplineBase::FollowTangent; ++type) {
+            spline.firstType = spline.lastType = type;
+            for (const auto& [time, value] : rows[type])
+                QVERIFY2(near(spline(time), value), qPrintable(QString("%1 at %2").arg(type).arg(time)));
+        }
+    }
+
+    void addedPointTakesPlaceTypeAndSlope()
+    {
+        SplineBase spline;
+        spline.addPoint(2.0, 4.0);
+        *spline.modify(1) = {2.0, 4.0, 4.0, 0, 0, 0, 0, 0, 0, SplineBase::Bezier};
+        spline.addPoint(1.0, 7.0);
+        spline.modify(1)->type = SplineBase::Linear;
+        spline.addPoint(-1.0, 0.0);
+        spline.addPoint(2.0, 5.0);
+        QVERIFY(isSame(*spline[0], {-1.0, 0.0, 0, 0, 0, 0, 0, 0, 0, SplineBase::Linear}));
+        QVERIFY(isSame(*spline[2], {1.0, 7.0, 2.0, 2.0, 0, 0, 0, 0, 0, SplineBase::Linear}));
+        QVERIFY(isSame(*spline[4], {2.0, 5.0, 0, 0, 0, 0, 0, 0, 0, SplineBase::Bezier}));
+        QVERIFY(spline(2.0) == 5.0 && spline.getNext(1.0) == spline[3] && spline.getPrev(2.0) == spline[2]);
+    }
+
+    void setTimeMovesOnePointAmongTheOthers()
+    {
+        SplineBase spline;
+        for (int i = 1; i < 4; ++i)
+            spline.addPoint(i, i);
+        PointInfo* const point = spline.modify(1);
+        for (const auto& [time, order] : std::map<double, Numbers>{
+                 {-1.0, {1, 0, 2, 3}}, {2.0, {0, 2, 1, 3}}, {2.5, {0, 2, 1, 3}}, {3.0, {0, 2, 3, 1}}}) {
+            spline.setTime(point, time);
+            QCOMPARE(spline(time), 1.0);
+            for (unsigned i = 0; i < 4; ++i)
+                QCOMPARE(spline[i]->pos, order[i]);
+        }
+        spline.setTime(point, 0.5);
+        QVERIFY(spline[1] == point && spline[3]->pos == 3.0);
+    }
+
+    void badArgumentsAndTheLastRemovalChangeNothing()
+    {
+        SplineBase spline, other;
+        for (const double bad : {notANumber, infinity, -infinity}) {
+            spline.addPoint(bad, 0.0);
+            spline.addPoint(0.0, bad);
+            spline.setTime(spline.modify(0), bad);
+            spline.setPos(spline.modify(0), bad);
+        }
+        for (PointInfo* point : {static_cast<PointInfo*>(nullptr), other.modify(0), spline.modify(0)}) {
+            spline.remove(point);
+            spline.setTime(point, 0.0);
+        }
+        QVERIFY(spline.findIndex(other[0]) == -1 && !spline.modify(other[0]) && !spline.modify(1));
+        QVERIFY(spline.getControlPointsNumber() == 1 && isSame(*spline[0], PointInfo()));
+    }
+
+    void textReadsBackToTheSameBitsOrChangesNothing()
+    {
+        const std::locale previous = std::locale::global(std::locale({}, new CommaPunctuation));
+        SplineBase spline, loaded;
+        spline.addPoint(12345.678, 0.5);
+        *spline.modify(0) = {0.0, -0.0, 0.1, 5e-324, 1.0 / 3, -1e308, 1234.5, 1e22, infinity, 2};
+        spline.firstType = spline.lastType = SplineBase::Zero;
+        spline.setDefaultValue(0.1);
+        std::stringstream text;
+        SplineBase::save(spline, text);
+        SplineBase::load(&loaded, text);
+        QVERIFY(!text.fail() && loaded.getControlPointsNumber() == 2 && loaded(12345.678) == 0.5);
+        QVERIFY(isSame(*loaded[0], *spline[0]) && isSame(*loaded[1], *spline[1]));
+        QVERIFY(loaded.firstType == 0 && loaded.lastType == 0 && loaded.getDefaultValue() == 0.1);
+
+        const std::string good = text.str();
+        std::vector<std::string> broken = {"garbage", "spline 1 1 0 end"};
+        for (std::size_t size = 0; size < good.size() - 1; ++size)
+            broken.push_back(good.substr(0, size));
+        for (const char* time : {"-1", "0,5", "1e999", "nan", "0x1", "1.5.2"})
+            broken.push_back(std::string(good).replace(good.find("12345.678"), 9, time));
+        broken.push_back(std::string(good).replace(good.find("12345.678"), 9, std::string(1000, '1')));
+        const PointInfo* const point = loaded[0];
+        for (const std::string& content : broken) {
+            std::istringstream in(content);
+            SplineBase::load(&loaded, in);
+            QVERIFY2(in.fail() && loaded[0] == point && loaded.lastType == 0, content.c_str());
+        }
+        std::locale::global(previous);
+    }
+};
+
+QTEST_MAIN(tst_SplineBase)
+#include "tst_SplineBase.moc"
