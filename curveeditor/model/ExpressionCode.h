@@ -5,8 +5,15 @@
 
 /// What an operation of an expression, or one instruction of its program, computes.
 enum class ExpressionCode : std::uint8_t {
-    // Written in the text of an expression.
+    // Written in the text of an expression: operators, then functions.
     Negate,
+    Add,
+    Subtract,
+    Multiply,
+    Divide,
+    Power,
+    Greater,
+    Less,
     Cos,
     Sin,
     Tan,
@@ -26,13 +33,6 @@ enum class ExpressionCode : std::uint8_t {
     Floor,
     BesselJ0,
     BesselJ1,
-    Add,
-    Subtract,
-    Multiply,
-    Divide,
-    Power,
-    Greater,
-    Less,
     Choose,
 
     // Only in programs: operands, and operations with one constant operand c.

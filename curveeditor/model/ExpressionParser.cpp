@@ -19,6 +19,7 @@
 
 namespace {
 
+constexpr std::size_t usualSize = 16;
 constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
 bool isOpen(const TokenRule& rule)
@@ -36,6 +37,8 @@ bool isIndependent(std::string_view name)
 ExpressionParser::ExpressionParser(FunctionParserBase& variables, ParseMessage& message)
     : variables_(variables), message_(message), text_(message.text), lastOperator_(nowhere)
 {
+    pending_.reserve(usualSize);
+    values_.reserve(usualSize);
 }
 
 std::unique_ptr<FunctionFloatBase> ExpressionParser::parse()

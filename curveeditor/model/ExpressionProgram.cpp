@@ -21,6 +21,7 @@ using Instruction = ExpressionProgram::Instruction;
 using Instructions = std::vector<Instruction>;
 
 constexpr std::size_t usualDepth = 16;
+constexpr std::size_t usualSize = 32;
 constexpr std::size_t longestBlock = 256;
 constexpr std::size_t largestBlockStack = 64 * longestBlock;
 
@@ -162,30 +163,66 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
     return x;
 }
 
-Code codeWithConstant(Code code, bool constantIsLeft)
+Instruction withConstantRight(Code code, double constant)
 {
     switch (code) {
     case Code::Subtract:
-        return constantIsLeft ? Code::SubtractFromConstant : Code::AddConstant;
+        return Instruction(Code::AddConstant, -constant);
     case Code::Multiply:
-        return Code::MultiplyConstant;
+        return Instruction(Code::MultiplyConstant, constant);
     case Code::Divide:
-        return constantIsLeft ? Code::DivideConstant : Code::DivideByConstant;
+        return Instruction(Code::DivideByConstant, constant);
     case Code::Power:
-        return constantIsLeft ? Code::PowerOfConstant : Code::PowerByConstant;
+        return Instruction(constant == 2.0 ? Code::Square : Code::PowerByConstant, constant);
     case Code::Greater:
-        return constantIsLeft ? Code::LessThanConstant : Code::GreaterThanConstant;
+        return Instruction(Code::GreaterThanConstant, constant);
     case Code::Less:
-        return constantIsLeft ? Code::GreaterThanConstant : Code::LessThanConstant;
+        return Instruction(Code::LessThanConstant, constant);
     default:
-        return Code::AddConstant;
+        return Instruction(Code::AddConstant, constant);
     }
 }
 
-bool isFreeOfVariables(const FunctionFloatBase& node)
+Instruction withConstantLeft(Code code, double constant)
 {
-    const auto* const operation = dynamic_cast<const FunctionFloatOperation*>(&node);
-    return operation ? operation->isConstantTree() : node.isConstant();
+    switch (code) {
+    case Code::Subtract:
+        return Instruction(Code::SubtractFromConstant, constant);
+    case Code::Divide:
+        return Instruction(Code::DivideConstant, constant);
+    case Code::Power:
+        return Instruction(Code::PowerOfConstant, constant);
+    case Code::Greater:
+        return Instruction(Code::LessThanConstant, constant);
+    case Code::Less:
+        return Instruction(Code::GreaterThanConstant, constant);
+    default:
+        return withConstantRight(code, constant);
+    }
+}
+
+double computeConstant(double operand, const Instruction& operation)
+{
+    const std::array program{Instruction(Code::Constant, operand), operation};
+    std::array<double, 1> stack;
+    return compute(program.data(), program.data() + program.size(), stack.data());
+}
+
+// A sign of the operand is as well one of the constant.
+bool takesSign(Code code)
+{
+    return code == Code::MultiplyConstant || code == Code::DivideByConstant || code == Code::DivideConstant;
+}
+
+bool holdsDouble(const FunctionParserBase::keyStruct& key)
+{
+    return key.type == 3 && key.value;
+}
+
+double valueOf(const Instruction& variable)
+{
+    return variable.code == Code::Variable ? variable.key->getValue()
+                                           : FunctionParserBase::instance()->readMapped(*variable.key);
 }
 
 bool isOperand(Code code)
@@ -215,7 +252,7 @@ public:
     {
         if (instruction.code == Code::Constant)
             std::fill_n(row, paddedCount_, instruction.constant);
-        else if (instruction.key->type != 3 || instruction.code == Code::MappedVariable)
+        else if (instruction.code == Code::MappedVariable || !holdsDouble(*instruction.key))
             loadOneByOne(instruction, row);
         else if (instruction.key == time_)
             std::copy_n(times_.begin(), paddedCount_, row);
@@ -229,7 +266,7 @@ private:
     {
         for (std::size_t i = 0; i < paddedCount_; ++i) {
             now_.set(times_[i], framesPerTimeUnit_);
-            row[i] = compute(&instruction, &instruction + 1, row + i);
+            row[i] = valueOf(instruction);
         }
     }
 
@@ -242,107 +279,135 @@ private:
 
 } // namespace
 
-/// Writes the instructions of a tree, operands first. An operand without variables comes last of the two, so that it
-/// becomes a part of the instruction.
+/// Writes the instructions of a tree, operands first. A constant is held back, so that it becomes a part of the
+/// operation that takes it, or of another constant.
 class ExpressionProgram::Compiler
 {
 public:
     explicit Compiler(ExpressionProgram& program)
         : instructions_(program.instructions_), largestDepth_(program.depth_)
     {
+        instructions_.reserve(usualSize);
+        tasks_.reserve(usualSize);
+        operands_.reserve(usualSize);
     }
 
     void compile(const FunctionFloatOperation& root)
     {
-        tasks_.push_back({&root, false});
+        tasks_.push_back({Step::Begin, &root});
         while (!tasks_.empty()) {
             const Task task = tasks_.back();
             tasks_.pop_back();
-            if (task.operandsAreThere)
-                addOperation(static_cast<const FunctionFloatOperation&>(*task.node));
-            else
+            if (task.step == Step::Begin)
                 begin(*task.node);
+            else if (task.step == Step::Load)
+                load();
+            else
+                addOperation(static_cast<const FunctionFloatOperation&>(*task.node));
         }
+        load();
     }
 
 private:
+    enum class Step { Begin, Load, Finish };
+
     struct Task
     {
+        Step step;
         const FunctionFloatBase* node;
-        bool operandsAreThere;
     };
 
-    static bool hasConstantLeft(const FunctionFloatOperation& operation)
+    struct Operand
     {
-        return operation.isBinary() && !operation.isConstantTree() &&
-               isFreeOfVariables(*operation.getOperand(0));
-    }
+        bool isHeldBack;
+        double constant;
+    };
 
     void begin(const FunctionFloatBase& node)
     {
-        if (const FunctionFloatConstant* const constant = node.getConstantRef()) {
-            addOperand(Instruction(Code::Constant, constant->getValue()));
-        } else if (const auto* const operation = dynamic_cast<const FunctionFloatOperation*>(&node)) {
-            tasks_.push_back({operation, true});
-            for (std::size_t i = operation->getOperandCount(); i-- > 0;)
-                tasks_.push_back({operation->getOperand(i), false});
-            if (hasConstantLeft(*operation))
-                std::swap(tasks_.end()[-1], tasks_.end()[-2]);
-        } else if (const auto* const variable = dynamic_cast<const FunctionFloatVariable*>(&node)) {
+        if (const FunctionFloatConstant* const constant = node.getConstantRef())
+            operands_.push_back({true, constant->getValue()});
+        else if (const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node))
             addOperand(Instruction(variable->isMapped() ? Code::MappedVariable : Code::Variable,
                                    variable->getKey()));
+        else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node))
+            beginOperation(*operation);
+    }
+
+    void beginOperation(const FunctionFloatOperation& operation)
+    {
+        tasks_.push_back({Step::Finish, &operation});
+        for (std::size_t i = operation.getOperandCount(); i-- > 0;) {
+            if (operation.isTernary())
+                tasks_.push_back({Step::Load, nullptr});
+            tasks_.push_back({Step::Begin, operation.getOperand(i)});
         }
     }
 
     void addOperand(const Instruction& instruction)
     {
         instructions_.push_back(instruction);
+        operands_.push_back({false, 0.0});
         largestDepth_ = std::max(largestDepth_, ++depth_);
+    }
+
+    void load()
+    {
+        const Operand operand = operands_.back();
+        if (!operand.isHeldBack)
+            return;
+        operands_.pop_back();
+        addOperand(Instruction(Code::Constant, operand.constant));
     }
 
     void addOperation(const FunctionFloatOperation& operation)
     {
-        const std::size_t operandCount = operation.getOperandCount();
-        depth_ -= operandCount - 1;
-        const bool constantIsLeft = hasConstantLeft(operation);
-        if (operation.isConstantTree()) {
-            instructions_.emplace_back(operation.getCode());
-            fold(operandCount);
-        } else if (operation.isBinary() && (constantIsLeft || isFreeOfVariables(*operation.getOperand(1)))) {
-            addWithConstant(operation.getCode(), constantIsLeft);
+        if (operation.isUnary()) {
+            addToLast(Instruction(operation.getCode()));
+        } else if (operation.isBinary()) {
+            addBinary(operation.getCode());
         } else {
+            operands_.resize(operands_.size() - 2);
+            depth_ -= 2;
             instructions_.emplace_back(operation.getCode());
         }
     }
 
-    void fold(std::size_t operandCount)
+    void addBinary(Code code)
     {
-        std::array<double, usualDepth> stack;
-        const Instruction* const end = instructions_.data() + instructions_.size();
-        const double value = compute(end - operandCount - 1, end, stack.data());
-        instructions_.erase(instructions_.end() - std::ptrdiff_t(operandCount) - 1, instructions_.end());
-        instructions_.emplace_back(Code::Constant, value);
+        const Operand right = operands_.back();
+        operands_.pop_back();
+        const Operand left = operands_.back();
+        if (right.isHeldBack) {
+            addToLast(withConstantRight(code, right.constant));
+        } else if (left.isHeldBack) {
+            operands_.back() = right;
+            addToLast(withConstantLeft(code, left.constant));
+        } else {
+            --depth_;
+            instructions_.emplace_back(code);
+        }
     }
 
-    void addWithConstant(Code code, bool constantIsLeft)
+    // An operation whose one operand that is no part of it is the last one.
+    void addToLast(Instruction operation)
     {
-        double constant = instructions_.back().constant;
-        instructions_.pop_back();
-        if (code == Code::Subtract && !constantIsLeft)
-            constant = -constant;
-        if ((code == Code::Multiply || code == Code::Divide) && instructions_.back().code == Code::Negate) {
-            instructions_.pop_back();
-            constant = -constant;
+        Operand& operand = operands_.back();
+        if (operand.isHeldBack) {
+            operand.constant = computeConstant(operand.constant, operation);
+            return;
         }
-        if (code == Code::Power && !constantIsLeft && constant == 2.0)
-            instructions_.emplace_back(Code::Square);
-        else
-            instructions_.emplace_back(codeWithConstant(code, constantIsLeft), constant);
+        if (takesSign(operation.code) && instructions_.back().code == Code::Negate) {
+            instructions_.pop_back();
+            operation.constant = -operation.constant;
+        }
+        instructions_.push_back(operation);
     }
 
     Instructions& instructions_;
     std::size_t& largestDepth_;
     std::size_t depth_ = 0;
+    std::vector<Operand> operands_;
     std::vector<Task> tasks_;
 };
 

@@ -4,15 +4,27 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <span>
 
 namespace {
 
 using Code = ExpressionCode;
 using Role = TokenRole;
 
-// In the order of ExpressionCode, then what makes no node.
+// What makes no node, then the rest in the order of ExpressionCode.
 constexpr std::array rules{
+    TokenRule{"+", Role::Sign},
+    TokenRule{"(", Role::Open},
+    TokenRule{")", Role::Close},
+    TokenRule{",", Role::Separator},
     TokenRule{"-", Role::Sign, Code::Negate, 1, 4},
+    TokenRule{"+", Role::Infix, Code::Add, 2, 2},
+    TokenRule{"-", Role::Infix, Code::Subtract, 2, 2},
+    TokenRule{"*", Role::Infix, Code::Multiply, 2, 3},
+    TokenRule{"/", Role::Infix, Code::Divide, 2, 3},
+    TokenRule{"^", Role::Infix, Code::Power, 2, 5, true},
+    TokenRule{">", Role::Infix, Code::Greater, 2, 1},
+    TokenRule{"<", Role::Infix, Code::Less, 2, 1},
     TokenRule{"cos", Role::Function, Code::Cos, 1},
     TokenRule{"sin", Role::Function, Code::Sin, 1},
     TokenRule{"tan", Role::Function, Code::Tan, 1},
@@ -32,36 +44,33 @@ constexpr std::array rules{
     TokenRule{"floor", Role::Function, Code::Floor, 1},
     TokenRule{"j0", Role::Function, Code::BesselJ0, 1},
     TokenRule{"j1", Role::Function, Code::BesselJ1, 1},
-    TokenRule{"+", Role::Infix, Code::Add, 2, 2},
-    TokenRule{"-", Role::Infix, Code::Subtract, 2, 2},
-    TokenRule{"*", Role::Infix, Code::Multiply, 2, 3},
-    TokenRule{"/", Role::Infix, Code::Divide, 2, 3},
-    TokenRule{"^", Role::Infix, Code::Power, 2, 5, true},
-    TokenRule{">", Role::Infix, Code::Greater, 2, 1},
-    TokenRule{"<", Role::Infix, Code::Less, 2, 1},
     TokenRule{"if", Role::Function, Code::Choose, 3},
-    TokenRule{"+", Role::Sign},
-    TokenRule{"(", Role::Open},
-    TokenRule{")", Role::Close},
-    TokenRule{",", Role::Separator},
 };
+
+constexpr std::size_t firstWritten = 4;
+constexpr std::size_t firstFunction = firstWritten + std::size_t(Code::Cos);
+constexpr auto symbols = std::span(rules).first(firstFunction);
+constexpr auto functions = std::span(rules).subspan(firstFunction);
 
 constexpr bool standsInOrderOfCodes()
 {
     for (std::size_t i = 0; i <= std::size_t(Code::Choose); ++i)
-        if (rules[i].code != Code(i))
+        if (rules[firstWritten + i].code != Code(i))
             return false;
-    return true;
+    return functions.size() > 0 && functions.front().role == Role::Function &&
+           symbols.back().role == Role::Infix;
 }
 static_assert(standsInOrderOfCodes());
 
 const TokenRule* findSymbol(char symbol, Role excluded)
 {
+    if (isNameByte(symbol))
+        return nullptr;
     const auto fits = [=](const TokenRule& rule) {
-        return rule.text.front() == symbol && rule.role != Role::Function && rule.role != excluded;
+        return rule.text.front() == symbol && rule.role != excluded;
     };
-    const auto* const rule = std::find_if(rules.begin(), rules.end(), fits);
-    return rule == rules.end() ? nullptr : rule;
+    const auto rule = std::find_if(symbols.begin(), symbols.end(), fits);
+    return rule == symbols.end() ? nullptr : &*rule;
 }
 
 std::size_t digitsLength(std::string_view text)
@@ -94,7 +103,7 @@ const TokenRule* findFunction(std::string_view name)
 const TokenRule& ruleOf(ExpressionCode code)
 {
     assert(code <= Code::Choose);
-    return rules[std::size_t(code)];
+    return rules[firstWritten + std::size_t(code)];
 }
 
 std::size_t numberLength(std::string_view text)

@@ -12,14 +12,14 @@ constexpr int tightnessOfValues = 1000;
 
 int tightnessOf(const FunctionFloatBase& node)
 {
-    const auto* const operation = dynamic_cast<const FunctionFloatOperation*>(&node);
+    const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node);
     const TokenRule* const rule = operation ? &ruleOf(operation->getCode()) : nullptr;
     return rule && rule->role != TokenRole::Function ? rule->tightness : tightnessOfValues;
 }
 
 bool isSigned(const FunctionFloatBase& node)
 {
-    const auto* const operation = dynamic_cast<const FunctionFloatOperation*>(&node);
+    const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node);
     return operation && operation->getCode() == ExpressionCode::Negate;
 }
 
@@ -59,7 +59,7 @@ void ExpressionWriter::writeOnce()
         pieces_.pop_back();
         if (!piece.node)
             text_ += piece.text;
-        else if (const auto* const operation = dynamic_cast<const FunctionFloatOperation*>(piece.node))
+        else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(*piece.node))
             writeOperation(*operation);
         else
             writeValue(*piece.node);

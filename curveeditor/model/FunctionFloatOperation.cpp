@@ -3,23 +3,25 @@
 
 #include <curveeditor/model/ExpressionProgram.h>
 #include <curveeditor/model/ExpressionWriter.h>
+#include <curveeditor/model/FunctionFloatBinary.h>
+#include <curveeditor/model/FunctionFloatTernary.h>
+#include <curveeditor/model/FunctionFloatUnary.h>
 
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-bool isFreeOfVariables(const std::unique_ptr<FunctionFloatBase>& node)
+const FunctionFloatOperation* FunctionFloatOperation::of(const FunctionFloatBase& node)
 {
-    const auto* const operation = node ? dynamic_cast<const FunctionFloatOperation*>(node.get()) : nullptr;
-    return !node || (operation ? operation->isConstantTree() : node->isConstant());
+    if (const FunctionFloatBinary* const binary = node.getBinaryRef())
+        return binary;
+    if (const FunctionFloatUnary* const unary = node.getUnaryRef())
+        return unary;
+    return node.getTernaryRef();
 }
 
-} // namespace
-
-FunctionFloatOperation::FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands operands)
-    : code_(code), constantTree_(std::all_of(operands.begin(), operands.end(), isFreeOfVariables)),
-      operands_(std::move(operands))
+FunctionFloatOperation::FunctionFloatOperation(ExpressionCode code, std::string_view name,
+                                               Operands&& operands)
+    : code_(code), operands_(std::move(operands))
 {
     text = name;
 }
@@ -27,19 +29,18 @@ FunctionFloatOperation::FunctionFloatOperation(ExpressionCode code, std::string_
 FunctionFloatOperation::~FunctionFloatOperation()
 {
     std::vector<std::unique_ptr<FunctionFloatBase>> orphans;
-    moveOperandsTo(orphans);
+    moveOperationsTo(orphans);
     while (!orphans.empty()) {
         const std::unique_ptr<FunctionFloatBase> node = std::move(orphans.back());
         orphans.pop_back();
-        if (auto* const operation = dynamic_cast<FunctionFloatOperation*>(node.get()))
-            operation->moveOperandsTo(orphans);
+        static_cast<FunctionFloatOperation&>(*node).moveOperationsTo(orphans);
     }
 }
 
-void FunctionFloatOperation::moveOperandsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes)
+void FunctionFloatOperation::moveOperationsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes)
 {
     for (std::unique_ptr<FunctionFloatBase>& operand : operands_)
-        if (operand)
+        if (operand && of(*operand))
             nodes.push_back(std::move(operand));
 }
 

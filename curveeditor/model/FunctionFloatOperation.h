@@ -24,6 +24,9 @@ public:
 
     ~FunctionFloatOperation() override;
 
+    /// `node` as an operation, null if it is none.
+    static const FunctionFloatOperation* of(const FunctionFloatBase& node);
+
     std::size_t getOperandCount() const;
 
     /// The operand at `index`, in the order of the text; null from the last one on.
@@ -32,23 +35,19 @@ public:
     /// What the node computes.
     ExpressionCode getCode() const { return code_; }
 
-    /// True if there is no variable below this node.
-    bool isConstantTree() const { return constantTree_; }
-
     double evaluate() override;
     std::string getString() override;
     void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
                        std::size_t count) override;
 
 protected:
-    FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands operands);
+    FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands&& operands);
 
 private:
     const ExpressionProgram& program();
-    void moveOperandsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes);
+    void moveOperationsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes);
 
     ExpressionCode code_;
-    bool constantTree_;
     Operands operands_;
     std::unique_ptr<const ExpressionProgram> program_;
 };

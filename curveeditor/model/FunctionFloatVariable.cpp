@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/FunctionFloatVariable.h>
 
+#include <curveeditor/model/FunctionFloatVariableBool.h>
+#include <curveeditor/model/FunctionFloatVariableDouble.h>
+#include <curveeditor/model/FunctionFloatVariableFloat.h>
+#include <curveeditor/model/FunctionFloatVariableInt.h>
+
 FunctionFloatVariable::FunctionFloatVariable(FunctionParserBase::keyStruct* key, bool mapped)
     : key_(key), mapped_(mapped)
 {
@@ -8,6 +13,17 @@ FunctionFloatVariable::FunctionFloatVariable(FunctionParserBase::keyStruct* key,
 }
 
 FunctionFloatVariable::~FunctionFloatVariable() = default;
+
+const FunctionFloatVariable* FunctionFloatVariable::of(const FunctionFloatBase& node)
+{
+    if (const FunctionFloatVariableDouble* const variable = node.getVariableDoubleRef())
+        return variable;
+    if (const FunctionFloatVariableFloat* const variable = node.getVariableFloatRef())
+        return variable;
+    if (const FunctionFloatVariableInt* const variable = node.getVariableIntRef())
+        return variable;
+    return node.getVariableBoolRef();
+}
 
 double FunctionFloatVariable::evaluate()
 {

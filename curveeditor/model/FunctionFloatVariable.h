@@ -12,6 +12,9 @@ class CURVEEDITOR_EXPORT FunctionFloatVariable : public FunctionFloatBase
 public:
     ~FunctionFloatVariable() override;
 
+    /// `node` as a variable, null if it is none.
+    static const FunctionFloatVariable* of(const FunctionFloatBase& node);
+
     /// The variable. The parser owns it.
     FunctionParserBase::keyStruct* getKey() const { return key_; }
 

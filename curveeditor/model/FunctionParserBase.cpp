@@ -58,14 +58,16 @@ FunctionParserBase::getAllVars(const FunctionFloatBase* expression)
 {
     std::vector<keyStruct*> keys;
     std::unordered_set<const keyStruct*> seen;
-    std::vector<const FunctionFloatBase*> nodes{expression};
+    std::vector<const FunctionFloatBase*> nodes;
+    if (expression)
+        nodes.push_back(expression);
     while (!nodes.empty()) {
-        const FunctionFloatBase* const node = nodes.back();
+        const FunctionFloatBase& node = *nodes.back();
         nodes.pop_back();
-        if (const auto* const operation = dynamic_cast<const FunctionFloatOperation*>(node)) {
+        if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node)) {
             for (std::size_t i = operation->getOperandCount(); i-- > 0;)
                 nodes.push_back(operation->getOperand(i));
-        } else if (const auto* const variable = dynamic_cast<const FunctionFloatVariable*>(node)) {
+        } else if (const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node)) {
             if (seen.insert(variable->getKey()).second)
                 keys.push_back(variable->getKey());
         }
