@@ -33,9 +33,7 @@ private:
 QImage decoded(const QString& fileName)
 {
     const DecodingLimit limit(largestImageInMegabytes);
-    QImage image = QImageReader(fileName).read();
-    image.setDevicePixelRatio(1.0);
-    return image;
+    return QImageReader(fileName).read();
 }
 
 /// In whole picture elements, reaching past the picture where the view reaches past the limits; empty if the

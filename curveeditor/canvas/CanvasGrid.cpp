@@ -42,8 +42,8 @@ double powerOfTen(int exponent)
     return exponent < 0 ? 1.0 / power : power;
 }
 
-/// Where the ends are too close for a double to tell the lines between them apart, the halving ends with a
-/// step that comes to nothing, and there is no line.
+/// A few halvings do. Where the ends are too close for a double to tell the lines between them apart, the step comes to
+/// nothing or the count goes beyond all bounds, and there is no line.
 Axis axisBetween(double lower, double upper)
 {
     Axis axis;
@@ -55,16 +55,16 @@ Axis axisBetween(double lower, double upper)
     for (; axis.step > 0.0; axis.step *= 0.5) {
         const double firstMultiple = std::ceil(lower / axis.step);
         const double lines = std::floor(upper / axis.step) - firstMultiple + 1.0;
-        if (!(lines >= fewestLines))
-            continue;
         if (lines > mostLines)
             break;
-        axis.offset = firstMultiple * axis.step - lower;
-        axis.first = lower + axis.offset;
-        axis.count = truncateToInt(lines);
-        if (lower <= 0.0 && upper > 0.0)
-            axis.zeroIndex = truncateToInt(-axis.first / axis.step);
-        break;
+        if (lines >= fewestLines) {
+            axis.offset = firstMultiple * axis.step - lower;
+            axis.first = lower + axis.offset;
+            axis.count = truncateToInt(lines);
+            if (lower <= 0.0 && upper > 0.0)
+                axis.zeroIndex = truncateToInt(-axis.first / axis.step);
+            break;
+        }
     }
     return axis;
 }

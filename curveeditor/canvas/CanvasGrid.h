@@ -21,7 +21,7 @@ class CanvasGrid
 public:
     QWidget* widget; ///< the canvas, not owned; its size in logical pixels is the length of the lines
     QPolygon lines;  ///< two points for each line: `countX` vertical lines from left to right, then `countY`
-                    ///< horizontal ones from the bottom up
+                     ///< horizontal ones from the bottom up
     QFont font;
     QPen linePen;
     QColor fontColor = Qt::white;

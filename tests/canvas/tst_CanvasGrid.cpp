@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/CanvasGrid.h>
+#include <curveeditor/canvas/ViewPort.h>
+
+#include <QPainter>
+#include <QTest>
+#include <QWidget>
+
+class tst_CanvasGrid : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void linesFollowFromTheRange_data()
+    {
+        QTest::addColumn<QList<double>>("lowHighFps");
+        QTest::addColumn<QList<double>>("firstCountZero");
+        const QList nothing({0.0, 0.0, -1.0});
+        const double small = 3.6226245078280963e-53;
+        QTest::newRow("one decade") << QList({0.0, 1.0, 1.0}) << QList({0.0, 5.0, 0.0});
+        QTest::newRow("start-up frames") << QList({-1.0, 10.0, 10.0}) << QList({0.0, 5.0, 0.0});
+        QTest::newRow("ends at zero") << QList({-1.0, 0.0, 1.0}) << QList({-1.0, 5.0, -1.0});
+        QTest::newRow("neighbours") << QList({1e15, 1e15 + 0.125, 1.0}) << nothing;
+        QTest::newRow("small neighbours") << QList({small, 3.6226245078280968e-53, 1.0}) << nothing;
+        QTest::newRow("backward frames") << QList({0.0, 1.0, -10.0}) << nothing;
+    }
+    void linesFollowFromTheRange()
+    {
+        QFETCH(QList<double>, lowHighFps);
+        QWidget canvas;
+        ViewPort view(0, 0);
+        view.setSize(100, 100);
+        view.timeMin = lowHighFps[0];
+        view.timeMax = lowHighFps[1];
+        view.fps = lowHighFps[2];
+        CanvasGrid grid(&canvas);
+        grid.layout(&view);
+        QTEST(QList({grid.firstX, double(grid.countX), double(grid.zeroIndexX)}), "firstCountZero");
+    }
+
+    void drawsTimeLineAndLabelsThatClearTheEdge()
+    {
+        QWidget canvas;
+        canvas.resize(1100, 600);
+        ViewPort view(0, 0);
+        view.setSize(1100, 600);
+        view.valueMin = -2.9;
+        CanvasGrid grid(&canvas);
+        for (const int firstLine : {100, 8}) {
+            view.timeMin = -firstLine / 100.0;
+            view.timeMax = view.timeLine = 11.0 + view.timeMin;
+            grid.layout(&view);
+            QPixmap pixmap(1100, 600);
+            pixmap.fill(Qt::gray);
+            QPainter painter(&pixmap);
+            grid.draw(&painter);
+            QVERIFY(painter.backgroundMode() == Qt::OpaqueMode && painter.compositionMode() == 0);
+            const QImage image = pixmap.toImage();
+            QCOMPARE(image.pixelColor(grid.timeLineX - 1, 20), QColor(223, 255, 255));
+            const QImage label = image.copy(firstLine + 4, 585, 8, 10);
+            QCOMPARE(label == image.copy(firstLine + 40, 585, 8, 10), firstLine == 8);
+        }
+    }
+};
+
+QTEST_MAIN(tst_CanvasGrid)
+#include "tst_CanvasGrid.moc"
