@@ -5,13 +5,12 @@
 
 #include <math.h> // j0 and j1 are in no other header
 
-// This file is compiled with flags that let loops become vector instructions. None of them changes a result: what is
-// not a number or infinite stays so. The C library's vector functions are the one exception, see below.
-
-// Where the compiler can choose at run time, the loops exist for several generations of the processor, and some
-// functions have vector forms in the C library that lie up to 4 units in the last place off.
+// Where compiler and C library can do it, loops become vector code for several generations of the processor, one of
+// which is chosen at run time, and five functions are taken from the C library's vector functions, which lie up to 4
+// units in the last place off. Everything else is the same to the last bit, infinities and NaN included.
 #if defined(__x86_64__) && defined(__GLIBC__) && defined(__GNUC__) && !defined(__clang__) &&                 \
     __GNUC__ >= 12 && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#define CURVEEDITOR_VECTOR_LOOP _Pragma("omp simd")
 #define CURVEEDITOR_FOR_EACH_PROCESSOR                                                                       \
     __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default")))
 extern "C" {
@@ -22,6 +21,7 @@ __attribute__((simd("notinbranch"))) double log(double) noexcept;
 __attribute__((simd("notinbranch"))) double pow(double, double) noexcept;
 }
 #else
+#define CURVEEDITOR_VECTOR_LOOP
 #define CURVEEDITOR_FOR_EACH_PROCESSOR
 #endif
 
@@ -33,7 +33,7 @@ using Code = ExpressionCode;
 template <typename Function> inline void forEach(double* values, std::size_t count, Function function)
 {
     const std::size_t end = count / blockStep * blockStep;
-#pragma omp simd
+    CURVEEDITOR_VECTOR_LOOP
     for (std::size_t i = 0; i < end; ++i)
         values[i] = function(values[i]);
 }
@@ -42,7 +42,7 @@ template <typename Function>
 inline void forEachPair(double* left, const double* right, std::size_t count, Function function)
 {
     const std::size_t end = count / blockStep * blockStep;
-#pragma omp simd
+    CURVEEDITOR_VECTOR_LOOP
     for (std::size_t i = 0; i < end; ++i)
         left[i] = function(left[i], right[i]);
 }
@@ -50,7 +50,7 @@ inline void forEachPair(double* left, const double* right, std::size_t count, Fu
 inline void choose(double* condition, const double* a, const double* b, std::size_t count)
 {
     const std::size_t end = count / blockStep * blockStep;
-#pragma omp simd
+    CURVEEDITOR_VECTOR_LOOP
     for (std::size_t i = 0; i < end; ++i)
         condition[i] = condition[i] != 0.0 ? a[i] : b[i];
 }
