@@ -296,12 +296,15 @@ void CanvasSpline::drawHandle(QPainter* painter, const QPoint& from, const QPoin
 {
     const QColor& color = dragged && !fixed ? controllerSelectedColor : controllerColor;
     painter->setPen(linePen(color, Qt::SolidLine));
-    painter->setBrush(color);
     painter->drawLine(from, to);
-    if (fixed)
+    if (fixed) {
         painter->fillRect(square(to, fixedHandleSize), color);
-    else
-        painter->drawEllipse(square(to, nodeSize).adjusted(0, 0, -1, -1));
+        return;
+    }
+    // An outline would make the circle a pixel wider.
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(color);
+    painter->drawEllipse(square(to, nodeSize));
 }
 
 QPoint CanvasSpline::handleEnd(const QPoint& pixel, double slope, double length, int side) const

@@ -146,12 +146,10 @@ void ControlSplineNode::movePoint(const double& time, const double& value)
     const double timeDistance = time - current->time;
     const double shortening = std::hypot(valueDistance, timeDistance) * tangentShortening;
     const double slope = valueDistance / (timeDistance + (timeDistance >= 0.0 ? shortening : -shortening));
-    if (std::isfinite(slope)) {
-        if (isActiveLeft() || isActiveBoth())
-            spline->setTanLeft(current, slope);
-        if (isActiveRight() || isActiveBoth())
-            spline->setTanRight(current, slope);
-    }
+    if (isActiveLeft() || isActiveBoth())
+        spline->setTanLeft(current, slope);
+    if (isActiveRight() || isActiveBoth())
+        spline->setTanRight(current, slope);
     selectOnly(current);
 }
 

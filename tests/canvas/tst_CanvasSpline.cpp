@@ -48,7 +48,7 @@ struct Fixture
     ControlSplineNode& control = picture.control;
 };
 
-const QList<QPointF> levelPoints{{2.0, 0.0}, {5.0, 0.0}, {8.0, 0.0}};
+const QList<QPointF> levelPoints{{2.0, 1.0}, {5.0, 1.0}, {8.0, 1.0}};
 
 QList<int> sizesAndColumns(double firstTime, double lastTime)
 {
@@ -89,12 +89,14 @@ private Q_SLOTS:
     {
         Fixture f(levelPoints, SplineBase::Bezier);
         f.control.selectOnly(f.control.pointAt(1));
-        QCOMPARE(f.boundsOf(Qt::black), QRect(198, 298, 605, 5));
-        QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(452, 298, 96, 5));
+        QCOMPARE(f.boundsOf(Qt::black), QRect(198, 198, 605, 5));
+        QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(452, 198, 96, 5));
         f.control.modifyCurrent()->type = SplineBase::Tcb;
-        QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(453, 299, 94, 3));
+        QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(453, 199, 94, 3));
         f.picture.selected = false;
         QVERIFY(f.boundsOf(Qt::red).isEmpty());
+        f.spline.firstType = SplineBase::Zero;
+        QCOMPARE(f.boundsOf(f.picture.unselectedColor).bottom(), 300);
     }
 
     void pressFindsPointsAndTheHandlesOfTheCurrentOne()
@@ -106,28 +108,30 @@ private Q_SLOTS:
             return QPoint(index, f.control.isActiveRight() * 3 + f.control.isActiveLeft() * 2 +
                                      f.control.isActiveBoth());
         };
-        QCOMPARE(found(505, 300), QPoint(1, 0));
-        QCOMPARE(found(550, 300), QPoint(1, 3));
-        QCOMPARE(found(450, 300), QPoint(1, 2));
-        QCOMPARE(found(520, 309), QPoint(1, 1));
-        QCOMPARE(found(520, 310), QPoint(-1, 0));
-        QCOMPARE(found(795, 300), QPoint(2, 0));
-        QCOMPARE(found(797, 297), QPoint(-1, 0));
+        QCOMPARE(found(505, 200), QPoint(1, 0));
+        QCOMPARE(found(550, 200), QPoint(1, 3));
+        QCOMPARE(found(450, 200), QPoint(1, 2));
+        QCOMPARE(found(520, 209), QPoint(1, 1));
+        QCOMPARE(found(520, 210), QPoint(-1, 0));
+        QCOMPARE(found(795, 200), QPoint(2, 0));
+        QCOMPARE(found(797, 197), QPoint(-1, 0));
+        f.control.modifyCurrent()->tanRight = 1.0;
+        QCOMPARE(found(531, 168), QPoint(1, 3));
         f.control.modifyCurrent()->type = SplineBase::Tcb;
-        QCOMPARE(found(550, 300), QPoint(-1, 0));
+        QCOMPARE(found(550, 200), QPoint(-1, 0));
     }
 
     void hostsChangesBeforeTheNextRebuildDoNoHarm()
     {
         Fixture f(levelPoints, SplineBase::Tcb);
         const QImage before = f.drawn();
-        f.spline.addPoint(5.0, 2.0);
+        f.spline.addPoint(5.0, 3.0);
         QVERIFY(f.drawn() == before);
-        QVERIFY(f.picture.selectInBand(2.0, 10.0, -1.0, 2.0));
+        QVERIFY(f.picture.selectInBand(2.0, 10.0, 0.0, 3.0));
         QCOMPARE(f.control.selectionList().size(), 2U);
         f.spline.remove(f.spline.getLast());
         f.spline.remove(f.spline.getLast());
-        QCOMPARE(f.picture.hitTest({800, 300}), nullptr);
+        QCOMPARE(f.picture.hitTest({800, 200}), nullptr);
         QVERIFY(f.control.selectionList().size() == 1 && !f.control.getCurrent());
         QCOMPARE(f.boundsOf(Qt::red).width(), 5);
     }
