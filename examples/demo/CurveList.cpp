@@ -68,6 +68,7 @@ void CurveList::startDrag(Qt::DropActions /*actions*/)
     fullName->setText(name.group + u'.' + name.curve);
     auto* drag = new QDrag(this); // Qt deletes it
     drag->setMimeData(fullName);
+    drag->setPixmap(viewport()->grab(visualItemRect(currentItem())));
     if (drag->exec(Qt::CopyAction) != Qt::IgnoreAction)
         Q_EMIT dragged();
 }

@@ -41,9 +41,10 @@ CurveStore::~CurveStore() = default;
 
 Curve* CurveStore::add(const QString& group, const QString& name)
 {
-    auto curve = std::make_unique<Curve>(group, name);
     if (find(group, name))
         return nullptr;
+    auto curve = std::make_unique<Curve>(group, name);
+    byFullName_.insert(curve->fullName(), curve.get());
     variables_.add(variableName(*curve), &curve->spline, &curve->expression);
     curves_.push_back(std::move(curve));
     return curves_.back().get();
@@ -65,7 +66,9 @@ bool CurveStore::rename(Curve& curve, const QString& newName)
     if (newName.isEmpty() || find(curve.group, newName))
         return false;
     const std::string oldVariable = variableName(curve);
+    byFullName_.remove(curve.fullName());
     curve.name = newName;
+    byFullName_.insert(curve.fullName(), &curve);
     forgetVariable(oldVariable);
     variables_.add(variableName(curve), &curve.spline, &curve.expression);
     return true;
@@ -77,13 +80,13 @@ void CurveStore::remove(Curve& curve)
         std::find_if(curves_.begin(), curves_.end(), [&](const auto& c) { return c.get() == &curve; });
     const std::unique_ptr<Curve> removed = std::move(*found);
     curves_.erase(found);
+    byFullName_.remove(removed->fullName());
     forgetVariable(variableName(*removed));
 }
 
 Curve* CurveStore::find(const QString& group, const QString& name) const
 {
-    const QString fullName = group + u'.' + name;
-    return findIf(*this, [&](const Curve& curve) { return curve.fullName() == fullName; });
+    return byFullName_.value(group + u'.' + name);
 }
 
 Curve* CurveStore::findReported(const QString& group, const QString& name) const

@@ -7,6 +7,7 @@
 #include <curveeditor/model/SplineBase.h>
 
 #include <QColor>
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -73,6 +74,7 @@ private:
     void forgetVariable(const std::string& variable);
 
     std::vector<std::unique_ptr<Curve>> curves_;
+    QHash<QString, Curve*> byFullName_;
     CurveVariables variables_;
 };
 

@@ -15,8 +15,11 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -41,8 +44,15 @@ DemoWindow::DemoWindow(CurveStore& store)
 
 void DemoWindow::showBoth()
 {
+    CurveEditor& editor = host_.getEditor();
+    const QRect area = screen()->availableGeometry();
+    editor.resize(std::min(editor.width(), area.width() - width() - windowGap), editor.height());
+    const int freeWidth = area.width() - width() - windowGap - editor.width();
+    const int freeHeight = area.height() - std::max(height(), editor.height());
+    const QPoint corner = area.topLeft() + QPoint(std::max(0, freeWidth / 2), std::max(0, freeHeight / 3));
+    move(corner);
+    editor.move(corner + QPoint(width() + windowGap, 0));
     show();
-    host_.getEditor().move(frameGeometry().topRight() + QPoint(windowGap, 0));
     showEditor();
 }
 

@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QSaveFile>
 #include <QTextStream>
@@ -13,9 +14,12 @@ namespace {
 
 QString writeFile(const QString& fileName, const QByteArray& content)
 {
-    QSaveFile file(fileName);
-    file.setDirectWriteFallback(true);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    QSaveFile replacement(fileName);
+    QFile device(fileName); // a pipe can't be replaced
+    const bool replaces = !QFileInfo::exists(fileName) || QFileInfo(fileName).isFile();
+    QFileDevice& file = replaces ? static_cast<QFileDevice&>(replacement) : device;
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
+        (!replaces || replacement.commit()))
         return QString();
     return QStringLiteral("%1: %2").arg(fileName, file.errorString());
 }

@@ -123,7 +123,7 @@ bool TableReader::readLine()
     if (line_ == 1 && text_.substr(0, byteOrderMark.size()) == byteOrderMark)
         text_.remove_prefix(byteOrderMark.size());
     text_ = trimmed(text_);
-    return true;
+    return !contains(text_, '\r') || fail(tr("lines have to end in a line feed"));
 }
 
 bool TableReader::takeLine()

@@ -97,6 +97,7 @@ private Q_SLOTS:
         row("name twice", "t,a,Table.a\n0,1,2\n", 1, "column 3: the name \"Table.a\" is there twice");
         row("no group", "t,.a\n0,1\n", 1, "column 2: \".a\" is no name of a curve");
         row("open quotation", "t,\"a\n0,1\n", 1, "a quotation mark has no partner");
+        row("carriage returns alone", "0 0\r1 1\r", 1, "lines have to end in a line feed");
         row("binary", QByteArray("\x89PNG \0\x01\n", 8), 1, "");
         row("endless line", QByteArray(20 << 20, '7'), 1, "the line is too long");
     }
