@@ -15,6 +15,9 @@ constexpr int fewestLines = 5;
 constexpr int mostLines = 100;
 constexpr int edgeWidth = 2;
 constexpr int fontStretch = 87;
+constexpr int labelGap = 4;    // between a line and its number
+constexpr int labelMargin = 5; // between an edge of the canvas and the numbers along it
+constexpr int lastColumnWithoutLabel = 12;
 
 struct Axis
 {
@@ -69,6 +72,11 @@ Axis axisBetween(double lower, double upper)
     return axis;
 }
 
+QPoint startOf(const QPolygon& lines, qsizetype index)
+{
+    return lines.at(2 * index);
+}
+
 QString labelText(double number, bool zero)
 {
     return zero ? QStringLiteral("0") : QStringLiteral("%1").arg(number, 0, 'G', -1);
@@ -109,7 +117,6 @@ void CanvasGrid::layout(ViewPort* view)
     const int width = widget->width();
     const int height = widget->height();
     lines.clear();
-    lines.reserve(2 * (countX + countY));
     for (int i = 0; i < countX; ++i) {
         const int column = truncateToPixel(x.position(i, width));
         lines << QPoint(column, 0) << QPoint(column, height);
@@ -148,15 +155,15 @@ void CanvasGrid::drawLabels(QPainter* painter)
 {
     painter->setFont(font);
     painter->setBackgroundMode(Qt::TransparentMode);
-    const int labelRow = widget->height() - 5;
+    const int labelRow = widget->height() - labelMargin;
     for (int i = 0; i < countX; ++i) {
-        const int column = lines.at(2 * i).x() + 4;
-        if (column > 12)
+        const int column = startOf(lines, i).x() + labelGap;
+        if (column > lastColumnWithoutLabel)
             painter->drawText(column, labelRow, labelText(i * stepX + firstX, i == zeroIndexX));
     }
     for (int j = 0; j < countY; ++j) {
-        const int row = lines.at(2 * (countX + j)).y();
-        painter->drawText(5, row - 4, labelText(j * stepY + firstY, j == zeroIndexY));
+        const int row = startOf(lines, countX + j).y();
+        painter->drawText(labelMargin, row - labelGap, labelText(j * stepY + firstY, j == zeroIndexY));
     }
     painter->setBackgroundMode(Qt::OpaqueMode);
 }
