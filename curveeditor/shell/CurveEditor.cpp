@@ -37,6 +37,9 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
 {
     preInit();
     checkListsEditing->header()->hide();
+    // Measuring only the rows in sight keeps a list of a thousand curves fast.
+    checkListsEditing->header()->setResizeContentsPrecision(0);
+    checkListsEditing->setUniformRowHeights(true);
 
     auto* const layout = new QHBoxLayout(functionView);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -286,6 +289,7 @@ void CurveEditor::setFont(const QFont& font)
         textContinuity,    textOutcoming};
     for (QWidget* const widget : widgets)
         widget->setFont(font);
+    limitFitButtons();
 }
 
 void CurveEditor::setCanvasColor(const QColor& color)

@@ -114,11 +114,12 @@ public:
     /// Takes a curve off the canvas and out of the register. Its group stays, its data too.
     void removeCurve(const QString& nodeName, const QString& curveName);
     /// Gives a curve another name within its group. Expressions that read it under the old name stay as they
-    /// are, and whether the new name is taken is not looked at.
+    /// are. A name that another curve has changes nothing.
     void renameCurve(const QString& nodeName, const QString& curveName, const QString& newCurveName);
     /// Removes a group and every curve whose full name begins with it and a dot.
     void removeNode(const QString& nodeName);
-    /// Renames a group and every curve whose full name begins with it and a dot.
+    /// Renames a group and every curve whose full name begins with it and a dot; nothing if that gives one of
+    /// them a name that is taken.
     void renameNode(const QString& nodeName, const QString& newNodeName);
     /// Gives a group's row a picture. This dialog shows no such row, so nothing is seen.
     void setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap);
@@ -314,6 +315,7 @@ private:
     void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
     QToolButton* createViewButton(QWidget* box, const QString& text);
     CustomEditLine* createReadOut(const char* name);
+    void limitFitButtons();
 
     void addNewMainNode(const QString& name);
     void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,

@@ -148,10 +148,9 @@ void CurveEditor::createViewButtons()
     fitButton = createViewButton(box, tr(" Fit "));
     fitHButton = createViewButton(box, tr(" Fit H "));
     fitVButton = createViewButton(box, tr(" Fit V "));
-    for (QToolButton* const button : {fitButton, fitHButton, fitVButton}) {
+    for (QToolButton* const button : {fitButton, fitHButton, fitVButton})
         button->setFocusPolicy(Qt::NoFocus);
-        button->setMaximumSize(largestFitButton);
-    }
+    limitFitButtons();
     scaleButton = createViewButton(box, tr("Scale"));
     panButton = createViewButton(box, tr("Pan"));
     auto* const filler = new QFrame(box);
@@ -163,6 +162,14 @@ void CurveEditor::createViewButtons()
     connect(fitVButton, &QToolButton::clicked, this, &CurveEditor::completeViewportV);
     connect(scaleButton, &QToolButton::clicked, this, &CurveEditor::setScaleSelection);
     connect(panButton, &QToolButton::clicked, this, &CurveEditor::setPanSelection);
+}
+
+void CurveEditor::limitFitButtons()
+{
+    for (QToolButton* const button : {fitButton, fitHButton, fitVButton}) {
+        const QSize text = button->fontMetrics().size(Qt::TextSingleLine, button->text().trimmed());
+        button->setMaximumSize(largestFitButton.expandedTo(text));
+    }
 }
 
 QMenu* CurveEditor::createExpressionMenu(const QString& text, const QStringList& entries,
@@ -204,6 +211,9 @@ CustomEditLine* CurveEditor::createReadOut(const char* name)
     auto* const line = new CustomEditLine(expressionTool, QLatin1String(name));
     line->setEnabled(false);
     line->setMaxLength(readOutLength);
+    QPalette readable = line->palette();
+    readable.setColor(QPalette::Disabled, QPalette::Text, readable.color(QPalette::Active, QPalette::Text));
+    line->setPalette(readable);
     expressionTool->addWidget(line);
     return line;
 }

@@ -19,6 +19,7 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record)
 {
     if (!record)
         return;
+    const FunctionEditor::PaintPause pause(functionEdit);
     CurveNodeBase* const curve = functionEdit->setCurveEditableOn(
         curvesMenu, record->name, record->color, record->defaultValue, record->spline, record->function,
         record->minValue, record->maxValue);
@@ -35,6 +36,7 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
 {
     if (!record)
         return;
+    const FunctionEditor::PaintPause pause(functionEdit);
     if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(record->name))
         disconnect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
     functionEdit->setCurveEditableOff(record->name);
@@ -47,15 +49,19 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
 
 void CurveEditor::showSelectedRow(NodeStruct& record)
 {
+    QTreeWidgetItem* const row = record.editingItem;
+    if (checkListsEditing->selectedItem() == row && checkListsEditing->currentItem() == row)
+        return;
     setAllNodeListUnselected();
-    if (!record.editingItem->treeWidget())
+    if (!row->treeWidget())
         return;
     const QSignalBlocker silence(checkListsEditing);
-    checkListsEditing->setCurrentItem(record.editingItem);
+    checkListsEditing->setCurrentItem(row);
 }
 
 void CurveEditor::cleanSelecteds()
 {
+    const FunctionEditor::PaintPause pause(functionEdit);
     for (const auto& record : nodeList)
         setCurveEditableOff(record.get());
 }

@@ -120,6 +120,7 @@ void CurveEditor::removeNode(const QString& nodeName)
     MainNodeStruct* const group = searchMainNode(nodeName);
     if (!group)
         return;
+    const FunctionEditor::PaintPause pause(functionEdit);
     for (NodeStruct* const record : nodesOfGroup(nodeName))
         eraseRecord(record);
     mainNodeList.erase(std::find_if(mainNodeList.begin(), mainNodeList.end(),
@@ -135,10 +136,11 @@ void CurveEditor::eraseRecord(NodeStruct* record)
 
 void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName, const QString& newCurveName)
 {
-    if (!searchMainNode(nodeName))
+    const QString newName = fullName(nodeName, newCurveName);
+    if (!searchMainNode(nodeName) || searchAllNodeList(newName))
         return;
     if (NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName)))
-        renameRecord(*record, fullName(nodeName, newCurveName));
+        renameRecord(*record, newName);
 }
 
 void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName)
@@ -146,8 +148,15 @@ void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName
     MainNodeStruct* const group = searchMainNode(nodeName);
     if (!group)
         return;
-    for (NodeStruct* const record : nodesOfGroup(nodeName))
-        renameRecord(*record, newNodeName + record->name.mid(nodeName.length()));
+    const std::vector<NodeStruct*> records = nodesOfGroup(nodeName);
+    const auto newName = [&](const NodeStruct* record) {
+        return newNodeName + record->name.mid(nodeName.length());
+    };
+    if (std::any_of(records.begin(), records.end(),
+                    [&](const NodeStruct* record) { return searchAllNodeList(newName(record)); }))
+        return;
+    for (NodeStruct* const record : records)
+        renameRecord(*record, newName(record));
     group->name = newNodeName;
     group->menu->setObjectName(newNodeName);
     group->menu->setTitle(newNodeName);
@@ -216,8 +225,7 @@ void CurveEditor::setDefaultSelected(const QString& nodeName, const QString& cur
 void CurveEditor::setAllNodeListUnselected()
 {
     const QSignalBlocker silence(checkListsEditing);
-    for (const auto& record : nodeList)
-        record->editingItem->setSelected(false);
+    checkListsEditing->clearSelection();
 }
 
 QColor CurveEditor::getColorFromNode(const QTreeWidgetItem* item)

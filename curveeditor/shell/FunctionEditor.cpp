@@ -19,6 +19,18 @@ bool isPlainTab(const QKeyEvent& event)
 
 } // namespace
 
+FunctionEditor::PaintPause::PaintPause(FunctionEditor* widget)
+    : canvas_(widget->canvas), viewport_(canvas_.getViewport())
+{
+    canvas_.setViewport(nullptr);
+}
+
+FunctionEditor::PaintPause::~PaintPause()
+{
+    canvas_.setViewport(viewport_);
+    canvas_.paint();
+}
+
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     : QWidget(parent), ViewPort(0, 0), canvas(this, editor), nodeForm(editor)
 {

@@ -55,6 +55,21 @@ public:
     void completeViewportV();
     void completeViewport();
 
+    /// While one exists the canvas paints nothing, and when it goes the canvas paints once: for calls that
+    /// change many curves. They nest.
+    class PaintPause
+    {
+    public:
+        explicit PaintPause(FunctionEditor* widget);
+        PaintPause(const PaintPause&) = delete;
+        PaintPause& operator=(const PaintPause&) = delete;
+        ~PaintPause();
+
+    private:
+        CanvasFunctionBase& canvas_;
+        ViewPort* viewport_;
+    };
+
     /// Public, as the dialog hands on each key that reaches it.
     void keyPressEvent(QKeyEvent* event) override;
 
