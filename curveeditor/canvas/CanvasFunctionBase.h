@@ -48,12 +48,12 @@ public:
 
     DependencyCheck* getEditor() const { return editor; }
     ViewPort* getViewport() const { return viewport; }
-    /// Stores the viewport; without one nothing is painted, and no event does anything.
+    /// Stores the viewport; without one nothing is painted, and mouse events do nothing.
     void setViewport(ViewPort* newViewport);
 
-    /// \name The curves
+    /// @name The curves
     /// Names are full names and compare exactly. A name that is not found changes nothing.
-    /// \{
+    /// @{
 
     /// A new curve, which becomes the current one; or the curve of that name if there is one, unchanged.
     CurveNodeBase* addCurve(QWidget* menu, const QString& name, const QColor& color, float defaultValue,
@@ -75,11 +75,11 @@ public:
     /// Makes a curve of this canvas the current one; null leaves it. Emits `changeCommandLine()` in any case.
     void setCurrentCurve(CurveNodeBase* curve);
     void setCurrentCurve(const QString& name);
-    /// \}
+    /// @}
 
-    /// \name The current curve
+    /// @name The current curve
     /// Without one these give null, 0, false or an empty text, or do nothing.
-    /// \{
+    /// @{
     CurveNodeBase* getCurrentCurve() const { return current; }
     /// "None" without a current curve.
     QString getCurrentCurveName() const;
@@ -132,15 +132,15 @@ public:
     /// A new point at the place of the last press, if `curve` is the current one and a spline. While the
     /// point menu is open over another canvas nothing happens.
     void createNodeAtCursor(CurveNodeBase* curve);
-    /// \}
+    /// @}
 
     /// Writes all curves, not clamped, at each whole number within the time limits of the viewport as a
     /// sensor data file. Writes nothing and returns false if that are more than
     /// `SensorTable::maximumRows` rows, or without a viewport.
     bool exportSensorData(QTextStream& out) const;
 
-    /// \name The picture
-    /// \{
+    /// @name The picture
+    /// @{
 
     /// Draws everything into the buffer, rebuilding only what is out of date, and lets the widget show it. A
     /// widget that is not visible gets nothing.
@@ -168,11 +168,11 @@ public:
     /// Puts a picture behind the curves, or takes it away.
     void loadImage(const QString& fileName);
     void clearImage();
-    /// \}
+    /// @}
 
-    /// \name Events of the widget
-    /// They paint nothing: the widget calls `paint` after each.
-    /// \{
+    /// @name Events of the widget
+    /// The widget calls `paint` after each; the point menu alone paints before it opens.
+    /// @{
 
     /// Returns true if the press is taken, so that the viewport must not see it.
     bool mousePress(QMouseEvent* event);
@@ -181,7 +181,7 @@ public:
     /// To be called while a button or a modifier key is held.
     void mouseMove(QMouseEvent* event);
     void keyPress(QKeyEvent* event);
-    /// \}
+    /// @}
 
 public Q_SLOTS:
     /// The current curve was edited by others: paints and reports it.

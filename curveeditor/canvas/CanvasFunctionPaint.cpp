@@ -135,7 +135,8 @@ void CanvasFunctionBase::drawSelectionSpan(QPainter& painter) const
     double first = 0.0;
     double last = 0.0;
     control.getSelectionSpan(first, last);
-    const auto [left, right] = std::minmax(viewport->timeToPixel(first), viewport->timeToPixel(last));
+    const int left = viewport->timeToPixel(std::min(first, last));
+    const int right = viewport->timeToPixel(std::max(first, last));
     painter.fillRect(left, 0, right - left, viewport->pixelHeight, selectionColor);
 }
 

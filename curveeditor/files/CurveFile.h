@@ -15,13 +15,11 @@
 /// reader goes by white space alone, so any line end will do, and takes any other character than 0 for an
 /// expression. Neither reading nor writing depends on a locale.
 ///
-/// \code
-/// 255
-/// 128
-/// 0
-/// 1
-/// sin(t)
-/// \endcode
+///     255
+///     128
+///     0
+///     1
+///     sin(t)
 ///
 /// Each `read...` returns false, and leaves its result as it was, if the stream does not hold that piece.
 class CURVEEDITOR_EXPORT CurveFile

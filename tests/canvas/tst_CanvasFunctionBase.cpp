@@ -3,7 +3,7 @@
 
 #include <curveeditor/canvas/ControlMenu.h>
 
-#include <memory>
+#include <functional>
 #include <sstream>
 
 using Values = QList<double>;
@@ -448,8 +448,6 @@ private Q_SLOTS:
         QCOMPARE(FunctionParserBase::instance()->getKey("t")->getValue(), 42.0);
     }
 };
-
-Q_DECLARE_METATYPE(std::function<void(Scene&)>)
 
 QTEST_MAIN(tst_CanvasFunctionBase)
 #include "tst_CanvasFunctionBase.moc"
