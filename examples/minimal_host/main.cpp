@@ -22,7 +22,8 @@ int main(int argc, char* argv[])
                                         : QString::number(zoom(5.0)) + " at 5")
                             << Qt::endl;
     });
-    editor.setTimeRange(0.0, 10.0);
+    editor.setControlPointColor(Qt::white);
+    editor.setTimeRange(-0.5, 10.5);
     editor.addCurve("Camera", "zoom", Qt::yellow, 0.0F, &zoom, &formula, -3.0F, 3.0F);
     editor.setDefaultSelected("Camera", "zoom");
     editor.show();
