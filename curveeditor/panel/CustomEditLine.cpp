@@ -25,14 +25,14 @@ double numberIn(const QString& text)
 
 QString numberText(double value, int room)
 {
-    const QString plain = QString::asprintf("%.3f", value);
-    const bool wholePartFits = plain.indexOf(QLatin1Char('.')) <= room;
+    QString text = QString::asprintf("%.3f", value);
+    const bool wholePartFits = text.indexOf(QLatin1Char('.')) <= room;
     if (wholePartFits)
-        return plain;
+        return text;
     int decimals = room;
-    QString text = QString::number(value, 'e', decimals);
-    while (text.size() > room && decimals > 0)
-        text = QString::number(value, 'e', --decimals);
+    do {
+        text = QString::number(value, 'e', decimals);
+    } while (text.size() > room && --decimals >= 0);
     return text;
 }
 

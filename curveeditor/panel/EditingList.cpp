@@ -14,14 +14,6 @@ bool mayNameCurve(const QMimeData& data)
     return data.hasText() && !data.text().contains(QLatin1Char('?'));
 }
 
-void answerDrag(QDragMoveEvent* event)
-{
-    if (mayNameCurve(*event->mimeData()))
-        acceptAsCopy(event);
-    else
-        event->ignore();
-}
-
 } // namespace
 
 EditingList::EditingList(QWidget* parent, const QString& name) : QTreeWidget(parent)
@@ -57,18 +49,18 @@ void EditingList::keyPressEvent(QKeyEvent* event)
 
 void EditingList::dragEnterEvent(QDragEnterEvent* event)
 {
-    answerDrag(event);
+    answerDrag(event, mayNameCurve(*event->mimeData()));
 }
 
 void EditingList::dragMoveEvent(QDragMoveEvent* event)
 {
-    answerDrag(event);
+    answerDrag(event, mayNameCurve(*event->mimeData()));
 }
 
 void EditingList::dropEvent(QDropEvent* event)
 {
-    if (!event->mimeData()->hasText())
-        return;
-    acceptAsCopy(event);
-    Q_EMIT setNodeForEdit(event->mimeData()->text());
+    const bool hasText = event->mimeData()->hasText();
+    answerDrag(event, hasText);
+    if (hasText)
+        Q_EMIT setNodeForEdit(event->mimeData()->text());
 }

@@ -78,28 +78,23 @@ void ExpressionEditLine::keyPressEvent(QKeyEvent* event)
 
 void ExpressionEditLine::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasText())
-        acceptAsCopy(event);
-    else
-        event->ignore();
+    answerDrag(event, event->mimeData()->hasText());
 }
 
 // The base would show a cursor under the mouse, but a drop goes to the cursor of the line.
 void ExpressionEditLine::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (event->mimeData()->hasText())
-        acceptAsCopy(event);
-    else
-        event->ignore();
+    answerDrag(event, event->mimeData()->hasText());
 }
 
 void ExpressionEditLine::dropEvent(QDropEvent* event)
 {
-    if (event->mimeData()->hasText()) {
+    const bool hasText = event->mimeData()->hasText();
+    answerDrag(event, hasText);
+    if (hasText) {
         QString dropped = event->mimeData()->text();
         dropped.replace(QLatin1Char(' '), QLatin1Char('_'));
         setText(withInserted(text(), cursorPosition(), dropped));
-        acceptAsCopy(event);
     }
     setFocus();
 }

@@ -3,9 +3,11 @@
 
 #include <QDropEvent>
 
-/// Accepts a drag or a drop as a copy, whatever was proposed, so that its source keeps what was dragged.
-inline void acceptAsCopy(QDropEvent* event)
+/// Lets a drag or a drop in or refuses it. It is taken as a copy where its source offers that, whatever was proposed, so
+/// that the source keeps what was dragged.
+inline void answerDrag(QDropEvent* event, bool wanted)
 {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    if (wanted)
+        event->setDropAction(Qt::CopyAction);
+    event->setAccepted(wanted);
 }

@@ -12,7 +12,7 @@ namespace {
 constexpr int rowHeight = 20;
 constexpr int lineWidth = 60;
 constexpr int lineLength = 9;
-constexpr double usualFontHeight = 16.0;
+constexpr double usualFontHeight = 14.0;
 
 void fixForFont(QWidget* widget, const QSize& size)
 {
