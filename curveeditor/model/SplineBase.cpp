@@ -7,7 +7,6 @@
 #include <iomanip>
 #include <istream>
 #include <limits>
-#include <memory>
 #include <ostream>
 #include <string>
 #include <system_error>
@@ -48,10 +47,11 @@ template <typename Entry> void moveEntry(std::vector<Entry>& entries, std::size_
 {
     const auto entry = entries.begin() + std::ptrdiff_t(from);
     const auto place = entries.begin() + std::ptrdiff_t(target);
-    if (target > from)
+    if (target > from) {
         std::rotate(entry, entry + 1, place);
-    else
+    } else {
         std::rotate(place, entry, entry + 1);
+    }
 }
 
 template <typename Number> void append(std::string& text, Number number, char separator)
@@ -101,9 +101,9 @@ struct Slope
     }
 };
 
-/// How many of the ascending `times`, at least one, are not later than `time`. Looks around the place where `time`
-/// would be if the times were even, and widens the window until it holds the place. The last window is small enough
-/// to count in it without branches, which would be hard to predict.
+/// How many of the ascending `times`, at least one, are not later than `time`. Looks around the place where
+/// `time` would be if the times were even, and widens the window until it holds the place. The last window is
+/// small enough to count in it without branches, which would be hard to predict.
 std::size_t countUntil(const std::vector<double>& times, double time)
 {
     const std::size_t size = times.size();
@@ -172,8 +172,8 @@ public:
     }
 
 private:
-    /// Twice the weighted mean of the chords to both neighbours, over the time between these. A neighbour that is
-    /// not there is replaced by the point itself.
+    /// Twice the weighted chords to both neighbours over the time between these. A neighbour that is not there
+    /// is replaced by the point itself.
     static Slope chordMean(const SplineBase& spline, std::size_t index, double factor0, double factor1)
     {
         const auto& points = spline.controlPoints;
@@ -184,8 +184,8 @@ private:
                 next.time - previous.time};
     }
 
-    double start_, length_;
-    Cubic value_, ease_;
+    double start_ = 0.0, length_ = 0.0;
+    Cubic value_ = {}, ease_ = {};
 };
 
 SplineBase::SplineBase()
@@ -395,7 +395,7 @@ double SplineBase::valueOutside(double time) const
     if (!(span > 0.0) || lastType < Loop || lastType > FollowTangent)
         return last;
     if (lastType == FollowTangent) {
-        double length;
+        double length = 0.0;
         return last + beyond * getTangentLeftAtNode(getControlPointsNumber() - 1, length);
     }
     const double place = std::fmod(beyond, span);
@@ -408,11 +408,9 @@ double SplineBase::valueOutside(double time) const
 
 void SplineBase::insert(std::size_t index, const PointInfo& point)
 {
-    auto added = std::make_unique<PointInfo>(point);
     const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
-    controlPoints.insert(controlPoints.begin() + place, added.get());
-    added.release();
+    controlPoints.insert(controlPoints.begin() + place, new PointInfo(point));
 }
 
 void SplineBase::clear()

@@ -14,15 +14,14 @@
 /// the first point governs nothing. `firstType` and `lastType` say how the curve goes on outside its points.
 ///
 /// With p and q the points of a segment, h its length in time and u in 0 ... 1 the place in it, the value is
-/// - `Bezier`: the cubic Hermite polynomial in u with the slopes p.`tanRight` and q.`tanLeft`; ease does not
-/// act.
-/// - `Tcb`: the same polynomial with the slopes of Kochanek and Bartels (1984), extended to uneven spacing,
-/// in w(u)
-///   instead of u.
+/// - `Bezier`: the cubic Hermite polynomial in u with the slopes p.`tanRight` and q.`tanLeft`; no ease.
+/// - `Tcb`: the same polynomial in w(u) instead of u, with the slopes of Kochanek and Bartels, "Interpolating
+///   Splines with Local Tension, Continuity, and Bias Control" (1984), for uneven times: the weighted chords
+///   to both neighbours over half the time between these. The first and the last point have only one chord.
 /// - `Linear`: p + (q - p) w(u).
 ///
-/// The ease w is the cubic Hermite polynomial from 0 to 1 with the end slopes 1 - p.`easeFrom` and 1 -
-/// q.`easeTo`.
+/// The ease w is the cubic Hermite polynomial from 0 to 1 with the end slopes 1 - p.`easeFrom` and
+/// 1 - q.`easeTo`. It is monotone for ease in -1 ... 1.
 ///
 /// A spline is never empty. It owns its points: their addresses stay valid until `remove`, `reset`, `load` or
 /// the destructor frees them. It can't be copied. The const operations keep no hidden state, so several
@@ -117,7 +116,8 @@ public:
     /// @}
 
     /// @name Editing
-    /// A number that is not finite, and a point that is null or not of this spline, change nothing.
+    /// A number that is not finite and a null point change nothing. Nor does a point of another spline, but
+    /// `setPos`, `setTanLeft` and `setTanRight` do not ask whose the point is.
     /// @{
 
     /// Inserts a point, behind those at the same time. Its type is that of the segment into which it falls,
@@ -147,10 +147,10 @@ public:
     /// behind the number of points; the slope is 0.0 and `length` 0.667 then.
     /// @{
 
-    /// The slope with which the segment arrives at point `index`, and the ease of that point's `easeTo`.
+    /// The slope with which the segment arrives at point `index`; the ease is that point's `easeTo`.
     double getTangentLeftAtNode(const unsigned& index, double& length) const;
 
-    /// The slope with which the segment leaves point `index` - 1, and the ease of that point's `easeFrom`.
+    /// The slope with which the segment leaves point `index` - 1; the ease is that point's `easeFrom`.
     double getTangentRightAtNode(const unsigned& index, double& length) const;
     /// @}
 

@@ -80,15 +80,16 @@ std::vector<SplineSpecimen> makeSpecimens()
         {"overhanging tangents", waveWithSlopes(-1000.0, 1000.0)},
         {"huge numbers", pointsOfType(tcb, {{-1e300, 1e300}, {0.0, -1e300}, {1e300, 1e300}}),
          SplineBase::Constant, SplineBase::LoopOffset},
-        {"tiny numbers", pointsOfType(tcb, {{-1e-300, 1e-300}, {0.0, -1.0}, {1e-300, 1.0}}),
+        {"tiny numbers", pointsOfType(tcb, {{-3e-308, 100.0}, {0.0, -1e-300}, {3e-308, 100.0}}),
          SplineBase::Constant, SplineBase::FollowTangent},
     };
     const std::pair<const char*, double PointInfo::*> shapes[] = {
         {"tension", &PointInfo::tension}, {"continuity", &PointInfo::continuity}, {"bias", &PointInfo::bias}};
     for (const auto& [name, field] : shapes) {
-        for (const int value : {-10, -1, 1, 10})
-            specimens.push_back(
-                {std::string(name) + ' ' + std::to_string(value), waveWith(tcb, field, value)});
+        for (const int value : {-10, -1, 1, 10}) {
+            const std::string title = std::string(name) + ' ' + std::to_string(value);
+            specimens.push_back({title, waveWith(tcb, field, value)});
+        }
     }
     const std::pair<const char*, double PointInfo::*> eases[] = {{"ease to", &PointInfo::easeTo},
                                                                  {"ease from", &PointInfo::easeFrom}};
