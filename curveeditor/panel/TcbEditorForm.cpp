@@ -32,12 +32,6 @@ TypeEntry entryOfType(int type)
     }
 }
 
-// The place of the one selected point in its spline, -1 if there is no such point.
-int singleIndex(const ControlSplineNode* control)
-{
-    return control && control->hasSingleSelection() ? control->currentIndex() : -1;
-}
-
 } // namespace
 
 TcbEditorForm::TcbEditorForm(NodePage* nodePage) : editor(nodePage), widgets_(nodePage->nodePageWidgets())
@@ -52,6 +46,19 @@ TcbEditorForm::TcbEditorForm(NodePage* nodePage) : editor(nodePage), widgets_(no
          {widgets_.posX, widgets_.posY, widgets_.tension, widgets_.continuity, widgets_.bias,
           widgets_.incoming, widgets_.outgoing, widgets_.easeFrom, widgets_.easeTo})
         connect(field, &CustomEditLine::newValueSet, this, &TcbEditorForm::valueChanged);
+}
+
+// The point is mostly where it was shown last, which saves a drag in a long spline the search.
+int TcbEditorForm::singleIndex(const ControlSplineNode* control) const
+{
+    if (!control || !control->hasSingleSelection())
+        return -1;
+    return control->pointAt(shownIndex_) == control->getCurrent() ? shownIndex_ : control->currentIndex();
+}
+
+int TcbEditorForm::editableIndex() const
+{
+    return formActive ? singleIndex(currentControl_) : -1;
 }
 
 void TcbEditorForm::updateForm(CanvasSpline* spline, bool enable)
@@ -118,23 +125,24 @@ void TcbEditorForm::setTimeBounds(double low, double high)
 
 void TcbEditorForm::clickedNext()
 {
-    const int index = formActive ? singleIndex(currentControl_) : -1;
+    const int index = editableIndex();
     if (index >= 0)
         selectPoint(*currentControl_, index + 1 < currentControl_->pointCount() ? index + 1 : 0);
 }
 
 void TcbEditorForm::clickedPrev()
 {
-    const int index = formActive ? singleIndex(currentControl_) : -1;
+    const int index = editableIndex();
     if (index >= 0)
         selectPoint(*currentControl_, index > 0 ? index - 1 : currentControl_->pointCount() - 1);
 }
 
-void TcbEditorForm::changeNodeType(int index)
+void TcbEditorForm::changeNodeType(int entry)
 {
-    if (!formActive || singleIndex(currentControl_) < 0)
+    const int index = editableIndex();
+    if (index < 0)
         return;
-    switch (index) {
+    switch (entry) {
     case TcbEntry:
         currentControl_->setSelectedTcb();
         break;
@@ -147,13 +155,13 @@ void TcbEditorForm::changeNodeType(int index)
     default:
         return;
     }
-    showCurrentPoint(*currentControl_, currentControl_->currentIndex());
+    showCurrentPoint(*currentControl_, index);
     Q_EMIT nodeTcbChanged();
 }
 
 void TcbEditorForm::valueChanged(const double& value, CustomEditLine* sender)
 {
-    const int index = formActive ? singleIndex(currentControl_) : -1;
+    const int index = editableIndex();
     if (index < 0 || !std::isfinite(value))
         return;
     SplineBase* spline = currentControl_->getSpline();
@@ -201,6 +209,7 @@ void TcbEditorForm::setFieldsEnabled(bool enabled)
 
 void TcbEditorForm::showNodeIndex(int index)
 {
+    shownIndex_ = index;
     widgets_.node->setText(QString::asprintf("%i", index));
 }
 

@@ -48,7 +48,7 @@ public Q_SLOTS:
     void clickedPrev();
 
     /// Gives the selected point the type of that entry of the combo box: 0 Tcb, 1 Bezier, 2 Linear.
-    void changeNodeType(int index);
+    void changeNodeType(int entry);
 
     /// Writes `value`, as `sender` shows it, into the point's field of that widget. A time that is no finite
     /// number of time units, as any frame number is at 0 frames per time unit, leaves the point where it is.
@@ -59,6 +59,8 @@ Q_SIGNALS:
     void nodeTcbChanged();
 
 private:
+    int singleIndex(const ControlSplineNode* control) const;
+    int editableIndex() const;
     void showCurrentPoint(ControlSplineNode& control, int index);
     void selectPoint(ControlSplineNode& control, int index);
     void setFieldsEnabled(bool enabled);
@@ -69,6 +71,7 @@ private:
     TcbCurveFrame* preview = nullptr;
     NodePage* editor = nullptr;
     NodePageWidgets widgets_;
-    QPointer<ControlSplineNode>
-        currentControl_; ///< selection of the spline last shown; null once that is gone
+    int shownIndex_ = 0;
+    /// The selection of the spline that was shown last, null once that spline is gone.
+    QPointer<ControlSplineNode> currentControl_;
 };
