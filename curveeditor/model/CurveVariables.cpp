@@ -72,10 +72,11 @@ void CurveVariables::read(Curve& curve) const
     const double time = time_->getValue();
     ++depth_;
     curve.evaluating = true;
-    if (curve.expression && *curve.expression)
+    if (curve.expression && *curve.expression) {
         curve.value = (*curve.expression)->evaluate();
-    else
+    } else {
         curve.value = curve.spline ? (*curve.spline)(time) : 0.0;
+    }
     curve.evaluating = false;
     --depth_;
     curve.reading = reading_;

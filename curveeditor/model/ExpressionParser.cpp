@@ -49,10 +49,11 @@ std::unique_ptr<FunctionFloatBase> ExpressionParser::parse()
         return nullptr;
     }
     for (skipBlanks(); !failed_ && position_ < text_.size(); skipBlanks()) {
-        if (valueExpected_)
+        if (valueExpected_) {
             readForValue();
-        else
+        } else {
             readBehindValue();
+        }
     }
     if (!failed_)
         finish();
@@ -114,16 +115,17 @@ void ExpressionParser::readValue()
     const TokenRule* const function = functionFollows(name) ? findFunction(rest().substr(0, name)) : nullptr;
     const bool builtIn = number > 0 || function || isIndependent(rest().substr(0, name));
 
-    if (known > (builtIn ? std::max(number, name) : 0))
+    if (known > (builtIn ? std::max(number, name) : 0)) {
         readMapped(known);
-    else if (number > 0)
+    } else if (number > 0) {
         readNumber(number);
-    else if (function)
+    } else if (function) {
         readFunction(*function, name);
-    else if (name > 0)
+    } else if (name > 0) {
         readName(name);
-    else
+    } else {
         fail(ParseMessage::OtherError, position_, 1);
+    }
 }
 
 bool ExpressionParser::functionFollows(std::size_t length) const
@@ -289,17 +291,19 @@ ExpressionParser::Node ExpressionParser::takeValue()
 
 void ExpressionParser::finish()
 {
-    for (const Pending& pending : pending_)
+    for (const Pending& pending : pending_) {
         if (isOpen(*pending.rule))
             fail(ParseMessage::UnmatchedParenthesis, pending.offset, 1);
+    }
     if (failed_)
         return;
-    if (!valueExpected_)
+    if (!valueExpected_) {
         reduceGroup();
-    else if (lastOperator_ == nowhere)
+    } else if (lastOperator_ == nowhere) {
         fail(ParseMessage::OtherError, 0, 0);
-    else
+    } else {
         fail(ParseMessage::OtherError, lastOperator_, 1);
+    }
 }
 
 void ExpressionParser::fail(ParseMessage::Code code, std::size_t offset, std::size_t length)

@@ -167,19 +167,19 @@ Instruction withConstantRight(Code code, double constant)
 {
     switch (code) {
     case Code::Subtract:
-        return Instruction(Code::AddConstant, -constant);
+        return Instruction{Code::AddConstant, -constant};
     case Code::Multiply:
-        return Instruction(Code::MultiplyConstant, constant);
+        return Instruction{Code::MultiplyConstant, constant};
     case Code::Divide:
-        return Instruction(Code::DivideByConstant, constant);
+        return Instruction{Code::DivideByConstant, constant};
     case Code::Power:
-        return Instruction(constant == 2.0 ? Code::Square : Code::PowerByConstant, constant);
+        return Instruction{constant == 2.0 ? Code::Square : Code::PowerByConstant, constant};
     case Code::Greater:
-        return Instruction(Code::GreaterThanConstant, constant);
+        return Instruction{Code::GreaterThanConstant, constant};
     case Code::Less:
-        return Instruction(Code::LessThanConstant, constant);
+        return Instruction{Code::LessThanConstant, constant};
     default:
-        return Instruction(Code::AddConstant, constant);
+        return Instruction{Code::AddConstant, constant};
     }
 }
 
@@ -187,15 +187,15 @@ Instruction withConstantLeft(Code code, double constant)
 {
     switch (code) {
     case Code::Subtract:
-        return Instruction(Code::SubtractFromConstant, constant);
+        return Instruction{Code::SubtractFromConstant, constant};
     case Code::Divide:
-        return Instruction(Code::DivideConstant, constant);
+        return Instruction{Code::DivideConstant, constant};
     case Code::Power:
-        return Instruction(Code::PowerOfConstant, constant);
+        return Instruction{Code::PowerOfConstant, constant};
     case Code::Greater:
-        return Instruction(Code::LessThanConstant, constant);
+        return Instruction{Code::LessThanConstant, constant};
     case Code::Less:
-        return Instruction(Code::GreaterThanConstant, constant);
+        return Instruction{Code::GreaterThanConstant, constant};
     default:
         return withConstantRight(code, constant);
     }
@@ -203,9 +203,9 @@ Instruction withConstantLeft(Code code, double constant)
 
 double computeConstant(double operand, const Instruction& operation)
 {
-    const std::array program{Instruction(Code::Constant, operand), operation};
-    std::array<double, 1> stack;
-    return compute(program.data(), program.data() + program.size(), stack.data());
+    const std::array program{Instruction{Code::Constant, operand}, operation};
+    double stack[1]{};
+    return compute(program.data(), program.data() + program.size(), stack);
 }
 
 // A sign of the operand is as well one of the constant.
@@ -250,15 +250,16 @@ public:
     /// Writes the value of the constant or variable at each time to `row`.
     void load(const Instruction& instruction, double* row)
     {
-        if (instruction.code == Code::Constant)
+        if (instruction.code == Code::Constant) {
             std::fill_n(row, paddedCount_, instruction.constant);
-        else if (instruction.code == Code::MappedVariable || !holdsDouble(*instruction.key))
+        } else if (instruction.code == Code::MappedVariable || !holdsDouble(*instruction.key)) {
             loadOneByOne(instruction, row);
-        else if (instruction.key == time_)
+        } else if (instruction.key == time_) {
             std::copy_n(times_.begin(), paddedCount_, row);
-        else
+        } else {
             std::transform(times_.begin(), times_.begin() + std::ptrdiff_t(paddedCount_), row,
                            [this](double time) { return time * framesPerTimeUnit_; });
+        }
     }
 
 private:
@@ -274,7 +275,7 @@ private:
     const FunctionParserBase::keyStruct* const time_ = FunctionParserBase::instance()->getKey("t");
     double framesPerTimeUnit_;
     std::size_t paddedCount_ = 0;
-    std::array<double, longestBlock> times_;
+    std::array<double, longestBlock> times_{};
 };
 
 } // namespace
@@ -298,12 +299,13 @@ public:
         while (!tasks_.empty()) {
             const Task task = tasks_.back();
             tasks_.pop_back();
-            if (task.step == Step::Begin)
+            if (task.step == Step::Begin) {
                 begin(*task.node);
-            else if (task.step == Step::Load)
+            } else if (task.step == Step::Load) {
                 load();
-            else
+            } else {
                 addOperation(static_cast<const FunctionFloatOperation&>(*task.node));
+            }
         }
         load();
     }
@@ -325,13 +327,14 @@ private:
 
     void begin(const FunctionFloatBase& node)
     {
-        if (const FunctionFloatConstant* const constant = node.getConstantRef())
+        if (const FunctionFloatConstant* const constant = node.getConstantRef()) {
             operands_.push_back({true, constant->getValue()});
-        else if (const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node))
-            addOperand(Instruction(variable->isMapped() ? Code::MappedVariable : Code::Variable,
-                                   variable->getKey()));
-        else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node))
+        } else if (const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node)) {
+            addOperand(
+                {variable->isMapped() ? Code::MappedVariable : Code::Variable, 0.0, variable->getKey()});
+        } else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node)) {
             beginOperation(*operation);
+        }
     }
 
     void beginOperation(const FunctionFloatOperation& operation)
@@ -357,19 +360,19 @@ private:
         if (!operand.isHeldBack)
             return;
         operands_.pop_back();
-        addOperand(Instruction(Code::Constant, operand.constant));
+        addOperand(Instruction{Code::Constant, operand.constant});
     }
 
     void addOperation(const FunctionFloatOperation& operation)
     {
         if (operation.isUnary()) {
-            addToLast(Instruction(operation.getCode()));
+            addToLast(Instruction{operation.getCode()});
         } else if (operation.isBinary()) {
             addBinary(operation.getCode());
         } else {
             operands_.resize(operands_.size() - 2);
             depth_ -= 2;
-            instructions_.emplace_back(operation.getCode());
+            instructions_.push_back({operation.getCode()});
         }
     }
 
@@ -385,7 +388,7 @@ private:
             addToLast(withConstantLeft(code, left.constant));
         } else {
             --depth_;
-            instructions_.emplace_back(code);
+            instructions_.push_back({code});
         }
     }
 
@@ -422,8 +425,8 @@ double ExpressionProgram::run() const
     const Instruction* const end = begin + instructions_.size();
     if (depth_ > usualDepth)
         return compute(begin, end, std::make_unique_for_overwrite<double[]>(depth_).get());
-    std::array<double, usualDepth> stack;
-    return compute(begin, end, stack.data());
+    double stack[usualDepth]{};
+    return compute(begin, end, stack);
 }
 
 void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, double* values,

@@ -17,20 +17,9 @@ class ExpressionProgram
 public:
     struct Instruction
     {
-        explicit Instruction(ExpressionCode instructionCode, double value = 0.0)
-            : code(instructionCode), constant(value)
-        {
-        }
-        Instruction(ExpressionCode instructionCode, FunctionParserBase::keyStruct* variable)
-            : code(instructionCode), key(variable)
-        {
-        }
-
-        ExpressionCode code;
-        union {
-            double constant;
-            FunctionParserBase::keyStruct* key;
-        };
+        ExpressionCode code = ExpressionCode::Constant;
+        double constant = 0.0;
+        FunctionParserBase::keyStruct* key = nullptr; // of a variable
     };
 
     explicit ExpressionProgram(const FunctionFloatOperation& root);

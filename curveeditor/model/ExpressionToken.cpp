@@ -54,11 +54,11 @@ constexpr auto functions = std::span(rules).subspan(firstFunction);
 
 constexpr bool standsInOrderOfCodes()
 {
-    for (std::size_t i = 0; i <= std::size_t(Code::Choose); ++i)
+    for (std::size_t i = 0; i <= std::size_t(Code::Choose); ++i) {
         if (rules[firstWritten + i].code != Code(i))
             return false;
-    return functions.size() > 0 && functions.front().role == Role::Function &&
-           symbols.back().role == Role::Infix;
+    }
+    return functions.front().role == Role::Function && symbols.back().role == Role::Infix;
 }
 static_assert(standsInOrderOfCodes());
 

@@ -57,12 +57,13 @@ void ExpressionWriter::writeOnce()
     while (!pieces_.empty()) {
         const Piece piece = pieces_.back();
         pieces_.pop_back();
-        if (!piece.node)
+        if (!piece.node) {
             text_ += piece.text;
-        else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(*piece.node))
+        } else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(*piece.node)) {
             writeOperation(*operation);
-        else
+        } else {
             writeValue(*piece.node);
+        }
     }
 }
 

@@ -39,9 +39,10 @@ FunctionFloatOperation::~FunctionFloatOperation()
 
 void FunctionFloatOperation::moveOperationsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes)
 {
-    for (std::unique_ptr<FunctionFloatBase>& operand : operands_)
+    for (std::unique_ptr<FunctionFloatBase>& operand : operands_) {
         if (operand && of(*operand))
             nodes.push_back(std::move(operand));
+    }
 }
 
 std::size_t FunctionFloatOperation::getOperandCount() const

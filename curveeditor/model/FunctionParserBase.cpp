@@ -81,7 +81,7 @@ FunctionParserBase::keyStruct* FunctionParserBase::makeKey(std::string_view name
     Variable& variable = place->second;
     if (isNew) {
         variable.key.name = name;
-        variable.key.value = &variable.storage;
+        variable.key.value = variable.storage;
     }
     variable.key.type = type;
     return &variable.key;

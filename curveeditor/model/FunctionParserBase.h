@@ -101,7 +101,7 @@ private:
     struct Variable
     {
         keyStruct key;
-        double storage = 0.0;
+        alignas(double) std::byte storage[sizeof(double)]{};
     };
 
     FunctionParserBase();

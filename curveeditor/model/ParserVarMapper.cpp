@@ -58,12 +58,13 @@ std::size_t ParserVarMapper::getNameLength(std::string_view text) const
             break;
         const std::string& name = *std::prev(behind);
         const std::size_t common = commonLength(begin, name);
-        if (common < name.size())
+        if (common < name.size()) {
             begin = begin.substr(0, common);
-        else if (endsInsideName(text, common))
+        } else if (endsInsideName(text, common)) {
             begin = begin.substr(0, common - 1);
-        else
+        } else {
             return common;
+        }
     }
     return 0;
 }

@@ -148,8 +148,8 @@ void tst_CurveVariables::chainIsReadOncePerCurve()
     HostCurve* last = nullptr;
     for (int i = 1; i <= length; ++i) {
         last = &host.add("g.c" + std::to_string(i));
-        const std::string before = "g.c" + std::to_string(i - 1);
-        last->set(before + "*.5+.5*" + before);
+        const QString before = QString("g.c%1").arg(i - 1);
+        last->set(QString("%1*.5+.5*%1").arg(before).toStdString());
     }
     // Read once for each occurrence this would take 2^1000 steps, also where the time equals nothing.
     QCOMPARE(valueAt(*last->holder, 3.0), 3.0);
@@ -183,9 +183,9 @@ void tst_CurveVariables::blockEqualsOneByOne()
     host.add("g.middle").set("g.ramp*f-cos(t)");
     HostCurve& reader = host.add("g.reader");
     reader.set("if(g.middle>t,g.ramp,g.middle/3)");
-    std::vector<double> times;
-    for (int i = 0; i < 300; ++i)
-        times.push_back(double(i) * 0.1 - 5.0);
+    std::vector<double> times(300);
+    for (std::size_t i = 0; i < times.size(); ++i)
+        times[i] = double(i) * 0.1 - 5.0;
     std::vector<double> values(times.size());
     reader.holder->evaluateBlock(times.data(), 25.0, values.data(), times.size());
     for (std::size_t i = 0; i < times.size(); ++i)

@@ -82,9 +82,11 @@ std::vector<std::string> withoutOneGroup(const std::string& text)
             continue;
         const std::size_t open = opened.back();
         opened.pop_back();
-        if (open == 0 || !std::isalpha(text[open - 1]))
-            results.push_back(text.substr(0, open) + text.substr(open + 1, i - open - 1) +
-                              text.substr(i + 1));
+        if (open > 0 && std::isalpha(text[open - 1]))
+            continue;
+        std::string shorter = text;
+        shorter.erase(i, 1).erase(open, 1);
+        results.push_back(shorter);
     }
     return results;
 }
