@@ -20,7 +20,7 @@ using Code = ExpressionCode;
 using Instruction = ExpressionProgram::Instruction;
 using Instructions = std::vector<Instruction>;
 
-constexpr std::size_t usualDepth = 16;
+constexpr std::size_t usualDepth = 8;
 constexpr std::size_t usualSize = 32;
 constexpr std::size_t longestBlock = 256;
 constexpr std::size_t largestBlockStack = 64 * longestBlock;
