@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasExpression.h>
 
+#include <curveeditor/canvas/LineWithGaps.h>
+
 #include <QPainter>
 
 void CanvasExpression::setColors(const QPen& pen, const QColor& background)
@@ -22,10 +24,5 @@ void CanvasExpression::setLine(const QPolygon& points, const std::vector<int>& s
 void CanvasExpression::draw(QPainter* painter) const
 {
     painter->setPen(selected ? selectedPen : unselectedPen);
-    int begin = 0;
-    for (const int start : lineStarts) {
-        painter->drawPolyline(curveLine.constData() + begin, start - begin);
-        begin = start;
-    }
-    painter->drawPolyline(curveLine.constData() + begin, int(curveLine.size()) - begin);
+    drawLineWithGaps(painter, curveLine, lineStarts);
 }

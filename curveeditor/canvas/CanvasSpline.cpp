@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasSpline.h>
 
+#include <curveeditor/canvas/LineWithGaps.h>
 #include <curveeditor/canvas/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
 
@@ -87,11 +88,21 @@ std::vector<Sample> samplesBetween(const SplineBase& spline, double left, double
 
     std::vector<Sample> samples;
     samples.reserve(times.size());
-    for (std::size_t i = 0; i < times.size(); ++i) {
-        if (!std::isnan(values[i]))
-            samples.push_back({times[i], values[i]});
-    }
+    for (std::size_t i = 0; i < times.size(); ++i)
+        samples.push_back({times[i], values[i]});
     return samples;
+}
+
+void addGap(std::vector<int>& gaps, qsizetype index)
+{
+    if (gaps.empty() || gaps.back() != int(index))
+        gaps.push_back(int(index));
+}
+
+bool meetsCanvas(const QRect& marker, const ViewPort& view)
+{
+    return marker.right() > 0 && marker.left() < view.pixelWidth && marker.bottom() > 0 &&
+           marker.top() < view.pixelHeight;
 }
 
 QRect square(const QPoint& center, int size)
@@ -148,6 +159,8 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     curveLine.clear();
     rawLine.clear();
     postLine.clear();
+    curveGaps.clear();
+    postGaps.clear();
     if (control.pointCount() == 0 || !viewport->canShow())
         return;
 
@@ -160,13 +173,21 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     const double left = std::max(viewport->timeMin, spline.getFirst()->time);
     const double right = std::min(viewport->timeMax, spline.getLast()->time);
     for (const auto& [time, value] : samplesBetween(spline, left, right, viewSpan)) {
-        curveLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
-        rawLine.append(mapping.samplePixel(time, value));
+        if (std::isfinite(value)) {
+            curveLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
+            rawLine.append(mapping.samplePixel(time, value));
+        } else {
+            addGap(curveGaps, curveLine.size());
+        }
     }
     if (goesOnBehindLast(spline.lastType) && right < viewport->timeMax) {
         const double start = std::max(viewport->timeMin, right);
-        for (const auto& [time, value] : samplesBetween(spline, start, viewport->timeMax, viewSpan))
-            postLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
+        for (const auto& [time, value] : samplesBetween(spline, start, viewport->timeMax, viewSpan)) {
+            if (std::isfinite(value))
+                postLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
+            else
+                addGap(postGaps, postLine.size());
+        }
     }
 }
 
@@ -179,9 +200,8 @@ void CanvasSpline::draw(QPainter* painter) const
         return;
     const std::vector<bool> marked = control.selectedPoints();
     drawMarkers(painter, marked);
-    const QRect canvas(0, 0, viewport->pixelWidth, viewport->pixelHeight);
     for (int index = 0; index < shownPoints(); ++index) {
-        if (marked[std::size_t(index)] && square(nodePixels[index], nodeSize).intersects(canvas))
+        if (marked[std::size_t(index)] && meetsCanvas(square(nodePixels[index], nodeSize), *viewport))
             drawHandles(painter, index);
     }
 }
@@ -232,8 +252,10 @@ void CanvasSpline::drawLines(QPainter* painter) const
 {
     const QColor lead = selected ? selectedColor : unselectedColor;
     const SplineBase& spline = *control.getSpline();
-    QPoint first = curveLine.isEmpty() ? nodePixels.first() : curveLine.first();
-    QPoint last = curveLine.isEmpty() ? nodePixels.last() : curveLine.last();
+    const bool startIsMissing = !curveGaps.empty() && curveGaps.front() == 0;
+    const bool endIsMissing = !curveGaps.empty() && curveGaps.back() == curveLine.size();
+    QPoint first = startIsMissing ? nodePixels.first() : curveLine.first();
+    QPoint last = endIsMissing ? nodePixels.last() : curveLine.last();
     if (spline.firstType == SplineBase::Zero)
         first.setY(viewport->valueToPixel(0.0));
     if (spline.lastType == SplineBase::Zero)
@@ -244,17 +266,17 @@ void CanvasSpline::drawLines(QPainter* painter) const
         painter->drawLine(first, QPoint(0, first.y()));
     if (last.x() < viewport->pixelWidth) {
         if (goesOnBehindLast(spline.lastType))
-            painter->drawPolyline(postLine);
+            drawLineWithGaps(painter, postLine, postGaps);
         else
             painter->drawLine(last, QPoint(viewport->pixelWidth, last.y()));
     }
     // The solid line would cover an equal dotted one pixel for pixel, and dots are slow.
     if (rawLine != curveLine) {
         painter->setPen(linePen(unselectedColor, Qt::DotLine));
-        painter->drawPolyline(rawLine);
+        drawLineWithGaps(painter, rawLine, curveGaps);
     }
     painter->setPen(linePen(lead, Qt::SolidLine));
-    painter->drawPolyline(curveLine);
+    drawLineWithGaps(painter, curveLine, curveGaps);
 }
 
 void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marked) const
@@ -331,12 +353,14 @@ SplineBase::PointInfo* CanvasSpline::hitCurrent(const QPoint& pixel)
     if (!point || control.hasMultipleSelection() || point->type != SplineBase::Bezier ||
         index >= shownPoints())
         return nullptr;
+    const int lastIndex = control.pointCount() - 1;
     const QPoint node = nodePixels[index];
-    const QPoint right = rightHandle(node, unsigned(index), index == 0) - pixel;
-    const QPoint left = leftHandle(node, unsigned(index), index == control.pointCount() - 1) - pixel;
     const QPoint center = node - pixel;
     if (isNear(center))
         return point;
+    // The handle of a segment that does not exist ends on the point itself.
+    const QPoint right = index < lastIndex ? rightHandle(node, unsigned(index), index == 0) - pixel : center;
+    const QPoint left = index > 0 ? leftHandle(node, unsigned(index), index == lastIndex) - pixel : center;
     if (isNear(right))
         control.setActiveRight();
     else if (isNear(left))

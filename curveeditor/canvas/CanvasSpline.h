@@ -47,8 +47,8 @@ public:
     QPoint leftHandle(const QPoint& pixel, unsigned index, bool plain) const;
 
     /// The first control point less than 6 pixels (manhattan) from `pixel`; null if there is none. A single
-    /// current `Bezier` point goes before the others, with its handles and the line between them. Sets what a
-    /// drag of the point edits.
+    /// current `Bezier` point goes before the others, with its handles and the line between them; the first
+    /// point has no left and the last no right handle. Sets what a drag of the point edits.
     SplineBase::PointInfo* hitTest(const QPoint& pixel);
     /// Selects the points strictly inside a rectangle of the plane, drops all others, and returns whether
     /// there are any. The last one becomes the current point too.
@@ -64,6 +64,10 @@ public:
     QPolygon curveLine;           ///< The curve within the span of its points, clamped.
     QPolygon postLine; ///< The curve behind the last point where it is more than a level line, clamped.
     QPolygon rawLine;  ///< The samples of `curveLine`, not clamped.
+    /// Where the curve has no finite value: the indices in `curveLine`, and so in `rawLine`, before which a
+    /// line is broken. The number of its points is among them if the end of the span is missing.
+    std::vector<int> curveGaps;
+    std::vector<int> postGaps; ///< The same for `postLine`.
 
 private:
     void drawLines(QPainter* painter) const;

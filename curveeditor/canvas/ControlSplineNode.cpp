@@ -186,9 +186,9 @@ void ControlSplineNode::setSelectedBezier()
         const int index = spline->findIndex(point);
         double length = 0.0;
         if (index < pointCount() - 1)
-            point->tanRight = spline->getTangentRightAtNode(unsigned(index + 1), length);
+            spline->setTanRight(point, spline->getTangentRightAtNode(unsigned(index + 1), length));
         if (index != 0)
-            point->tanLeft = spline->getTangentLeftAtNode(unsigned(index), length);
+            spline->setTanLeft(point, spline->getTangentLeftAtNode(unsigned(index), length));
     }
     setSelectedType(SplineBase::Bezier);
 }

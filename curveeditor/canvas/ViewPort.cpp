@@ -49,7 +49,7 @@ void ViewPort::reset()
     bandX0 = bandY0 = bandX1 = bandY1 = 0.0;
     bandValid = false;
     bandActive = false;
-    zoomThreshold = double(0.05f);
+    zoomThreshold = usualThreshold;
     dirty = true;
 }
 

@@ -20,6 +20,8 @@ class QMouseEvent;
 class ViewPort
 {
 public:
+    static constexpr double usualThreshold = double(0.05f);
+
     int pixelWidth = 0;  ///< of the canvas
     int pixelHeight = 0; ///< of the canvas
     int anchorX = 0;     ///< column of the last mouse press
@@ -35,8 +37,7 @@ public:
     double bandY0 = 0.0; ///< value of the band's first corner
     double bandX1 = 0.0;
     double bandY1 = 0.0;
-    double zoomThreshold =
-        double(0.05f); ///< smallest side of a rubber band, as a fraction of the visible side
+    double zoomThreshold = usualThreshold; ///< smallest side of a rubber band, as a share of the visible side
     double limitTimeMin = -1.0;
     double limitTimeMax = 10.0;
     double limitValueMin = -100000000.0;
