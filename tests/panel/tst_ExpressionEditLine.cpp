@@ -23,7 +23,8 @@ private Q_SLOTS:
         for (const auto& [utf8, offset, length, start, characters] :
              {std::tuple{"é+öä*t", 3u, 4u, 2, 2},
               {"😀+x😀", 5u, 5u, 3, 3},
-              {"a😀b", 2u, 1u, 1, 2}, // part of a character
+              {"a😀b", 1u, 1u, 1, 2}, // parts of a character
+              {"a😀b", 2u, 3u, 1, 2},
               {"é1", 2u, ~0u, 1, 1},
               {"é", 7u, ~0u, 1, 0},
               {"\xFF\x80+x", 3u, 1u, 3, 1}}) {
