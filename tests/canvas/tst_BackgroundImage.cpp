@@ -20,11 +20,9 @@ private Q_SLOTS:
         QPainter(&picture).fillRect(0, 0, 300, 600, Qt::red);
         picture.save(folder.filePath("picture@2x.png"));
 
-        const int before = QImageReader::allocationLimit();
         QImageReader::setAllocationLimit(1);
         BackgroundImage background(folder.filePath("picture@2x.png"));
         QCOMPARE(QImageReader::allocationLimit(), 1);
-        QImageReader::setAllocationLimit(before);
 
         ViewPort view(0, 0);
         view.setSize(100, 50);

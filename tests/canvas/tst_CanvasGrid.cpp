@@ -11,31 +11,26 @@ class tst_CanvasGrid : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void linesFollowFromTheRange_data()
-    {
-        QTest::addColumn<QList<double>>("lowHighFps");
-        QTest::addColumn<QList<double>>("firstCountZero");
-        const QList nothing({0.0, 0.0, -1.0});
-        const double small = 3.6226245078280963e-53;
-        QTest::newRow("one decade") << QList({0.0, 1.0, 1.0}) << QList({0.0, 5.0, 0.0});
-        QTest::newRow("start-up frames") << QList({-1.0, 10.0, 10.0}) << QList({0.0, 5.0, 0.0});
-        QTest::newRow("ends at zero") << QList({-1.0, 0.0, 1.0}) << QList({-1.0, 5.0, -1.0});
-        QTest::newRow("neighbours") << QList({1e15, 1e15 + 0.125, 1.0}) << nothing;
-        QTest::newRow("small neighbours") << QList({small, 3.6226245078280968e-53, 1.0}) << nothing;
-        QTest::newRow("backward frames") << QList({0.0, 1.0, -10.0}) << nothing;
-    }
     void linesFollowFromTheRange()
     {
-        QFETCH(QList<double>, lowHighFps);
-        QWidget canvas;
-        ViewPort view(0, 0);
-        view.setSize(100, 100);
-        view.timeMin = lowHighFps[0];
-        view.timeMax = lowHighFps[1];
-        view.fps = lowHighFps[2];
-        CanvasGrid grid(&canvas);
-        grid.layout(&view);
-        QTEST(QList({grid.firstX, double(grid.countX), double(grid.zeroIndexX)}), "firstCountZero");
+        const auto firstCountZero = [](double low, double high, double fps) {
+            QWidget canvas;
+            ViewPort view(0, 0);
+            view.setSize(100, 100);
+            view.setLimitTimeMin(low);
+            view.setLimitTimeMax(high);
+            view.setFps(fps);
+            CanvasGrid grid(&canvas);
+            grid.layout(&view);
+            return QList({grid.firstX, double(grid.countX), double(grid.zeroIndexX)});
+        };
+        const QList nothing({0.0, 0.0, -1.0});
+        QCOMPARE(firstCountZero(0.0, 1.0, 1.0), QList({0.0, 5.0, 0.0}));
+        QCOMPARE(firstCountZero(-1.0, 10.0, 10.0), QList({0.0, 5.0, 0.0}));
+        QCOMPARE(firstCountZero(-1.0, 0.0, 1.0), QList({-1.0, 5.0, -1.0}));
+        QCOMPARE(firstCountZero(1e15, 1e15 + 0.125, 1.0), nothing);
+        QCOMPARE(firstCountZero(3.6226245078280963e-53, 3.6226245078280968e-53, 1.0), nothing);
+        QCOMPARE(firstCountZero(0.0, 1.0, -10.0), nothing);
     }
 
     void drawsTimeLineAndLabelsThatClearTheEdge()
@@ -50,12 +45,11 @@ private Q_SLOTS:
             view.timeMin = -firstLine / 100.0;
             view.timeMax = view.timeLine = 11.0 + view.timeMin;
             grid.layout(&view);
-            QPixmap pixmap(1100, 600);
-            pixmap.fill(Qt::gray);
-            QPainter painter(&pixmap);
+            QImage image(canvas.size(), QImage::Format_RGB32);
+            image.fill(Qt::gray);
+            QPainter painter(&image);
             grid.draw(&painter);
             QVERIFY(painter.backgroundMode() == Qt::OpaqueMode && painter.compositionMode() == 0);
-            const QImage image = pixmap.toImage();
             QCOMPARE(image.pixelColor(grid.timeLineX - 1, 20), QColor(223, 255, 255));
             const QImage label = image.copy(firstLine + 4, 585, 8, 10);
             QCOMPARE(label == image.copy(firstLine + 40, 585, 8, 10), firstLine == 8);

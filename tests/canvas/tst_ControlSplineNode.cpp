@@ -76,6 +76,21 @@ private Q_SLOTS:
         QCOMPARE(tangents(-1.0, 2.0), QPointF(slope, -slope));
     }
 
+    void singlePointIsScaledAndPanned()
+    {
+        Fixture f;
+        f.control.selectOnly(f.control.pointAt(1));
+        const auto edited = [&](auto edit, double time, double value) {
+            (f.control.*edit)(time, value);
+            return QPointF(f.control.getCurrent()->time, f.control.getCurrent()->pos);
+        };
+        QCOMPARE(edited(&ControlSplineNode::scalePoint, 2.5, -3.0), QPointF(2.5, -3.0));
+        QCOMPARE(edited(&ControlSplineNode::panPoint, -1.0, 0.5), QPointF(1.5, -2.5));
+        f.control.selectionList() = {f.control.pointAt(0), f.control.pointAt(1)};
+        QCOMPARE(edited(&ControlSplineNode::scalePoint, 2.0, 2.0), QPointF(1.5, -2.5));
+        QCOMPARE(edited(&ControlSplineNode::panPoint, 2.0, 2.0), QPointF(1.5, -2.5));
+    }
+
     void pointsThatBecomeBezierKeepTheCurve()
     {
         Fixture f, untouched;
