@@ -45,6 +45,8 @@ void ControlSplineNode::selectOnly(SplineBase::PointInfo* point)
 
 void ControlSplineNode::toggleSelected(SplineBase::PointInfo* point)
 {
+    if (!point)
+        return;
     const auto listed = std::find(selection.begin(), selection.end(), point);
     if (listed != selection.end()) {
         selection.erase(listed);

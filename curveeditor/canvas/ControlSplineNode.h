@@ -43,7 +43,8 @@ public:
     void setCurrent(SplineBase::PointInfo* point) { current = point; }
     /// Makes `point` the only selected point; with null nothing is selected.
     void selectOnly(SplineBase::PointInfo* point);
-    /// Adds `point` to the selection, or takes it out. A selection built this way is ascending in time.
+    /// Adds `point` to the selection, or takes it out; null changes nothing. A selection built this way is
+    /// ascending in time.
     void toggleSelected(SplineBase::PointInfo* point);
     /// Takes out of the selection each point that the spline does not hold any more, as after a change by the
     /// host. Points are told by address alone, so those that are gone are not read.
