@@ -200,7 +200,12 @@ void tst_CurveVariables::curvesMayShiftTime()
         FunctionFloatBase* delayed = nullptr;
         double evaluate() override
         {
-            return valueAt(*delayed, FunctionParserBase::instance()->getKey("t")->getValue() - 1.0);
+            FunctionParserBase::keyStruct& t = *FunctionParserBase::instance()->getKey("t");
+            const double now = t.getValue();
+            t.setValue(now - 1.0);
+            const double value = delayed->evaluate();
+            t.setValue(now);
+            return value;
         }
     };
     Host host;
