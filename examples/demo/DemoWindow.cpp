@@ -150,12 +150,13 @@ void DemoWindow::renameSelected()
     const QString name =
         QInputDialog::getText(this, tr("Rename Curve"), tr("New name of %1:").arg(curve->fullName()),
                               QLineEdit::Normal, curve->name, &accepted);
-    if (!accepted || name == curve->name)
+    if (!accepted || name.isEmpty() || name == curve->name)
         return;
-    if (host_.rename(*curve, name))
-        list_->currentItem()->setText(0, name);
-    else
+    if (!host_.rename(*curve, name)) {
         QMessageBox::warning(this, tr("Rename Curve"), tr("The group has a curve \"%1\" already.").arg(name));
+        return;
+    }
+    list_->currentItem()->setText(0, name);
 }
 
 void DemoWindow::removeSelected()

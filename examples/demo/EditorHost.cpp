@@ -34,9 +34,10 @@ EditorHost::EditorHost(CurveStore& store, QWidget* parent)
     setColors(*editor_);
     editor_->splitter10->setStretchFactor(0, 1);
     editor_->resize(editorSize);
-    for (const auto& curve : store_.getCurves())
+    for (const auto& curve : store_.getCurves()) {
         editor_->addCurve(curve->group, curve->name, curve->color, curve->defaultValue, &curve->spline,
                           &curve->expression, curve->minValue, curve->maxValue);
+    }
 }
 
 EditorHost::~EditorHost() = default;

@@ -19,26 +19,26 @@ constexpr PlaneRange spectrumRange{380.0, 780.0, -1.0, 9.0}; // nanometres
 
 struct Clamp
 {
-    float low;
-    float high;
+    float low = 0.0F;
+    float high = 0.0F;
 };
 
 struct SampleSpline
 {
-    const char* group;
-    QRgb color;
+    const char* group = nullptr;
+    QRgb color = 0;
     Clamp clamp;
     SplineSpecimen shape;
 };
 
 struct SampleExpression
 {
-    const char* group;
-    const char* name;
-    QRgb color;
+    const char* group = nullptr;
+    const char* name = nullptr;
+    QRgb color = 0;
     Clamp clamp;
     PlaneRange range;
-    const char* text;
+    const char* text = nullptr;
 };
 
 std::vector<SampleSpline> cameraCurves()

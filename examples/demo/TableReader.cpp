@@ -176,9 +176,9 @@ bool TableReader::takeNames()
 
 bool TableReader::takeRow()
 {
-    if (fields_.size() != table_.columns.size() + 1)
-        return fail(
-            tr("the row has %1 columns instead of %2").arg(fields_.size()).arg(table_.columns.size() + 1));
+    const std::size_t columns = table_.columns.size() + 1;
+    if (fields_.size() != columns)
+        return fail(tr("the row has %1 columns instead of %2").arg(fields_.size()).arg(columns));
     if ((table_.times.size() + 1) * table_.columns.size() > mostValues)
         return fail(tr("the table has more than %1 values").arg(mostValues));
 

@@ -89,10 +89,9 @@ void Transport::setPlaying(bool on)
     playButton_->setChecked(on);
     playButton_->setIcon(style()->standardIcon(on ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
     sinceTick_.start();
+    timer_.stop();
     if (on)
         timer_.start();
-    else
-        timer_.stop();
 }
 
 void Transport::advance()

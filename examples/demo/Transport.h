@@ -26,8 +26,6 @@ public:
     double getTime() const { return time_; }
     /// Moves the clock within its range.
     void setTime(double time);
-
-public Q_SLOTS:
     void setPlaying(bool on);
 
 Q_SIGNALS:

@@ -34,9 +34,13 @@ bool report(const QString& reason)
     return reason.isEmpty();
 }
 
-// Returns an empty text, or why there is no table.
-QString readTable(CurveStore& store, const QString& fileName)
+// The curves of the table, or the samples if there is no name. Returns an empty text, or why there is no table.
+QString fillStore(CurveStore& store, const QString& fileName)
 {
+    if (fileName.isEmpty()) {
+        addSampleCurves(store);
+        return QString();
+    }
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("%1: %2").arg(fileName, file.errorString());
@@ -71,9 +75,10 @@ QString openCurves(EditorHost& host, const CurveStore& store, const QStringList&
                 found = true;
             }
         }
-        if (!found)
+        if (!found) {
             return QCoreApplication::translate("main", "There is no curve and no group named \"%1\".")
                 .arg(name);
+        }
     }
     return QString();
 }
@@ -105,9 +110,7 @@ int main(int argc, char* argv[])
     }
 
     CurveStore store;
-    if (commandLine.tableFile.isEmpty())
-        addSampleCurves(store);
-    else if (!report(readTable(store, commandLine.tableFile)))
+    if (!report(fillStore(store, commandLine.tableFile)))
         return EXIT_FAILURE;
     const QStringList names = namesToOpen(store, commandLine);
 
