@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(found(1, {{505, 200}, {531, 168}, {450, 200}, {515, 195}, {520, 190}}),
                  QList<int>({10 + point, 10 + right, 10 + left, 10 + both, none}));
         QCOMPARE(found(1, {{795, 200}, {797, 197}}), QList<int>({20 + point, none}));
-        QCOMPARE(found(0, {{245, 200}, {220, 200}, {155, 200}}), QList<int>({right, both, none}));
+        QCOMPARE(found(0, {{220, 200}, {220, 212}, {155, 200}}), QList<int>({both, none, none}));
         QCOMPARE(found(2, {{755, 200}, {780, 200}, {845, 200}}), QList<int>({20 + left, 20 + both, none}));
         f.control.pointAt(1)->type = SplineBase::Tcb;
         QCOMPARE(found(1, {{531, 168}, {450, 200}}), QList<int>({none, none}));
