@@ -64,3 +64,10 @@ void EditingList::dropEvent(QDropEvent* event)
     if (hasText)
         Q_EMIT setNodeForEdit(event->mimeData()->text());
 }
+
+// A row reaches at least to the right edge, so that a click behind a short name still meets it.
+void EditingList::resizeEvent(QResizeEvent* event)
+{
+    header()->setMinimumSectionSize(viewport()->width());
+    QTreeWidget::resizeEvent(event);
+}
