@@ -41,17 +41,12 @@ QActionGroup* curvesGroup(QWidget* menu)
     return group;
 }
 
-QString lowerVariableName(const QString& fullName)
-{
-    return fullName.toLower().replace(QLatin1Char(' '), QLatin1Char('_'));
-}
-
 void markCycle(ParseMessage& message, const std::string& variable)
 {
-    std::string text = message.text;
-    std::replace(text.begin(), text.end(), ' ', '_');
     if (variable.empty())
         return;
+    std::string text = message.text;
+    std::replace(text.begin(), text.end(), ' ', '_');
     for (auto at = text.find(variable); at != std::string::npos; at = text.find(variable, at + 1)) {
         message.errors.emplace_back(std::uint32_t(at), std::uint32_t(variable.size()));
         message.code = ParseMessage::CyclicDependency;
@@ -236,14 +231,14 @@ void CurveNodeBase::assignExpression(FunctionFloatBase* newExpression, ParseMess
 {
     setExpression(std::unique_ptr<FunctionFloatBase>(newExpression));
 
-    const QString variable = lowerVariableName(name);
+    const QString variable = DependencyCheck::lowerVariableName(name);
     QString withFunc;
     DependencyCheck* const editor = canvas->getEditor();
     if (!editor || !editor->checkDependencies(variable, variable, withFunc))
         return;
     QMessageBox::warning(nullptr, tr("Cyclical dependency"),
                          tr("Cyclical dependency has been found for d-var %1 ").arg(withFunc));
-    markCycle(message, lowerVariableName(withFunc).toStdString());
+    markCycle(message, DependencyCheck::lowerVariableName(withFunc).toStdString());
 }
 
 void CurveNodeBase::resetCurve()

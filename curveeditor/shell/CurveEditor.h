@@ -124,8 +124,9 @@ public:
     /// Gives a group's row a picture. This dialog shows no such row, so nothing is seen.
     void setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap);
 
-    /// The first record of that group name, full name or lower variable name (the full name in lower case
-    /// with "_" for each blank); null if there is none. The record stays the editor's.
+    /// The first record of that group name, full name or lower variable name (the full name with its ASCII
+    /// letters in lower case and "_" for each blank, as `CurveVariables` stores it); null if there is none.
+    /// The record stays the editor's.
     MainNodeStruct* searchMainNode(const QString& name);
     NodeStruct* searchAllNodeList(const QString& name);
     NodeStruct* searchAllNodeListCurveName(const QString& name);
@@ -333,7 +334,6 @@ private:
     void setColorToNode(const QTreeWidgetItem* item, const QColor& color);
     void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
     void setColor(NodeStruct* record, const QColor& color);
-    static QString lowerVariableName(QString fullName);
 
     void setCurveEditableOn(NodeStruct* record);
     void setCurveEditableOff(NodeStruct* record);

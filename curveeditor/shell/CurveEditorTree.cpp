@@ -212,11 +212,6 @@ std::vector<CurveEditor::NodeStruct*> CurveEditor::nodesOfGroup(const QString& n
     return records;
 }
 
-QString CurveEditor::lowerVariableName(QString fullName)
-{
-    return variableName(std::move(fullName)).toLower();
-}
-
 void CurveEditor::setDefaultSelected(const QString& nodeName, const QString& curveName)
 {
     setEditingNode(fullName(nodeName, curveName));

@@ -14,7 +14,7 @@ namespace {
 // The name by which expressions read the curve.
 std::string variableName(const Curve& curve)
 {
-    return curve.fullName().toLower().replace(u' ', u'_').toStdString();
+    return ParserVarMapper::getStoredName(curve.fullName().toStdString());
 }
 
 template <typename Predicate> Curve* findIf(const CurveStore& store, Predicate predicate)
