@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// Expressions, each task beside its peer muParser and beside the same formula written in C++. Ratios within one run
-// count, not times.
+// Expressions, each task beside its peer muParser and beside the same formula written in C++. Ratios within
+// one run count, not times.
 
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// Feeds any text to the parser. What it takes must be written by getString so that it reads back as the same values,
-// and must give in a block what it gives one by one; what it refuses must have spans within the text.
+// Feeds any text to the parser. What it takes must be written by getString so that it reads back as the same
+// values, and must give in a block what it gives one by one; what it refuses must have spans within the text.
 
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/FunctionFloatBase.h>

@@ -33,8 +33,10 @@ public:
     ~CurveVariables() override;
 
     /// Makes a curve known under `name`: group, ".", curve name. It is stored as the lower variable name, with
-    /// ASCII letters in lower case and "_" for each blank. Hand it over as it is: expressions match letters
-    /// beyond ASCII exactly, so a name that was put in lower case by other means may not be found. A curve that has this name already is replaced; an empty name is passed over. `spline` and
+    /// ASCII letters in lower case and "_" for each blank. Hand the name over as it is: letters beyond ASCII
+    /// are matched exactly, so a name that was put in lower case by other means may not be found.
+    ///
+    /// A curve that has this name already is replaced; an empty name is passed over. `spline` and
     /// `expression`, the host's holder, may be null.
     void add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression);
 

@@ -5,9 +5,10 @@
 
 #include <math.h> // j0 and j1 are in no other header
 
-// Where compiler and C library can do it, loops become vector code for several generations of the processor, one of
-// which is chosen at run time, and five functions are taken from the C library's vector functions, which lie up to 4
-// units in the last place off. Everything else is the same to the last bit, infinities and NaN included.
+// Where compiler and C library can do it, loops become vector code for several generations of the processor,
+// one of which is chosen at run time, and five functions are taken from the C library's vector functions,
+// which lie up to 4 units in the last place off. Everything else is the same to the last bit, infinities and
+// NaN included.
 #if defined(__x86_64__) && defined(__GLIBC__) && defined(__GNUC__) && !defined(__clang__) &&                 \
     __GNUC__ >= 12 && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #define CURVEEDITOR_VECTOR_LOOP _Pragma("omp simd")

@@ -10,12 +10,14 @@
 #include <string_view>
 #include <vector>
 
-/// Parses one text by operator precedence: values wait on one stack, operators and open parentheses on another, and an
-/// operator takes its values when a looser one follows. See Dijkstra's "shunting yard" (1961).
+/// Parses one text by operator precedence: values wait on one stack, operators and open parentheses on
+/// another, and an operator takes its values when a looser one follows. See Dijkstra's "shunting yard"
+/// (1961).
 class ExpressionParser
 {
 public:
-    /// Reads `message.text`, which must hold the text, and reports to the rest of `message`, which must be empty.
+    /// Reads `message.text`, which must hold the text, and reports to the rest of `message`, which must be as
+    /// new. Both arguments must outlive the parser.
     ExpressionParser(FunctionParserBase& variables, ParseMessage& message);
 
     /// The tree, or null if `message` has errors now. May be called once.

@@ -280,8 +280,8 @@ private:
 
 } // namespace
 
-/// Writes the instructions of a tree, operands first. A constant is held back, so that it becomes a part of the
-/// operation that takes it, or of another constant.
+/// Writes the instructions of a tree, operands first. A constant is held back, so that it becomes a part of
+/// the operation that takes it, or of another constant.
 class ExpressionProgram::Compiler
 {
 public:

@@ -9,9 +9,10 @@
 
 class FunctionFloatOperation;
 
-/// An expression as a flat list of instructions for a machine with a stack. Operations without variables are computed
-/// once, when the program is made. Holds keys of the parser and nothing of the tree. Running it changes nothing in
-/// it: it may be run again while it runs, which happens when an expression reads a curve that reads the expression.
+/// An expression as a flat list of instructions for a machine with a stack. Operations without variables are
+/// computed once, when the program is made. Holds keys of the parser and nothing of the tree. Running it
+/// changes nothing in it: it may be run again while it runs, which happens when an expression reads a curve
+/// that reads the expression.
 class ExpressionProgram
 {
 public:
@@ -37,7 +38,8 @@ private:
 /// How many values a vector instruction takes at most.
 inline constexpr std::size_t blockStep = 8;
 
-/// Carries out one operation for `count` values at once, `count` a multiple of `blockStep`. The operands are rows of
-/// `stride` values, the last one at `top`; the result goes to the row of the first one, which is returned.
+/// Carries out one operation for `count` values at once, `count` a multiple of `blockStep`. The operands are
+/// rows of `stride` values, the last one at `top`; the result goes to the row of the first one, which is
+/// returned.
 double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* top, std::size_t stride,
                      std::size_t count);

@@ -41,8 +41,9 @@ private:
     void putText(std::string_view text);
     void putOperand(const FunctionFloatBase& operand, bool inParentheses);
 
-    // Finds values and functions that would be read as a longer known name, together with what follows them: with
-    // "a.x" and "a.x-2" known, the difference of a.x and 2 is written (a.x)-2. Returns true if there are new ones.
+    // Finds values and functions that would be read as a longer known name, together with what follows them:
+    // with "a.x" and "a.x-2" known, the difference of a.x and 2 is written (a.x)-2. Returns true if there are
+    // new ones.
     bool guardHiddenStarts();
 
     const FunctionFloatOperation& root_;

@@ -3,7 +3,7 @@
 
 #include <curveeditor/model/FunctionFloatVariable.h>
 
-/// A variable whose storage is a `int`.
+/// A variable whose storage is an `int`.
 class CURVEEDITOR_EXPORT FunctionFloatVariableInt : public FunctionFloatVariable
 {
 public:

@@ -23,15 +23,18 @@ class ParserVarMapper;
 ///
 /// The language, from loose to tight:
 ///
-/// | Written                    | Meaning |
-/// |----------------------------|-------------------------------------------------------------------------------|
-/// | `a > b`, `a < b`           | 1.0 or 0.0 | | `a + b`, `a - b`           | | | `a * b`, `a / b`, `a b` | a
-/// value may be followed directly by a name, a function or "("                 | | `-a`, `+a` | | | `a ^ b`
-/// | power, to the right: 2^3^2 is 2^9; b may carry a sign                         | | `cos(a)` … | sin, tan,
-/// exp, log (natural), l10 (decimal), rnd (half away from zero), abs,  | |                            | sqrt,
-/// acos, asin, atan, cosh, sinh, tanh, ceil, floor, j0 and j1 (Bessel)     | | `if(c, a, b)`              | a
-/// unless c is 0.0                                                             | | `520`, `5.2`, `.5`, `1e-3`
-/// | numbers; an "e" belongs to them only where digits follow                      |
+/// | Written                    | Meaning                                                                   |
+/// |----------------------------|---------------------------------------------------------------------------|
+/// | `a > b`, `a < b`           | 1.0 or 0.0                                                                |
+/// | `a + b`, `a - b`           | sum and difference                                                        |
+/// | `a * b`, `a / b`, `a b`    | without an operator where a name, a function or "(" follows a value       |
+/// | `-a`, `+a`                 | signs                                                                     |
+/// | `a ^ b`                    | power, to the right: 2^3^2 is 2^9; b may carry a sign                     |
+/// | `cos(a)`                   | and sin, tan, acos, asin, atan, cosh, sinh, tanh (radians), exp, abs,     |
+/// |                            | sqrt, ceil, floor, log (natural), l10 (decimal), rnd (to the nearest      |
+/// |                            | integer, half away from zero), j0, j1 (Bessel functions, first kind)      |
+/// | `if(c, a, b)`              | a unless c is 0.0, then b                                                 |
+/// | `520`, `5.2`, `.5`, `1e-3` | numbers; an "e" belongs to them only where digits follow                  |
 ///
 /// A name runs over letters, digits, "_", "." and bytes above 127, but a known name may hold any other
 /// character too: known names are tried first, the longest first, without regard to ASCII case. A name is
@@ -83,8 +86,8 @@ public:
     /// among them. Empty for null and for an expression of a host's own class.
     std::vector<keyStruct*> getAllVars(const FunctionFloatBase* expression);
 
-    /// Asks the mapper for the variable of `key`, one other than `t` and `f`, and stores its present value in `key`.
-    /// Returns it as the type of `key`; 0.0 if the name is not known.
+    /// Asks the mapper for the variable of `key`, one other than `t` and `f`, and stores its present value in
+    /// `key`. Returns it as the type of `key`; 0.0 if the name is not known.
     double readMapped(keyStruct& key) const;
 
     /// Takes the source of all variables other than `t` and `f`; null for none. It stays the caller's. One

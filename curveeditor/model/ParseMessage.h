@@ -8,7 +8,8 @@
 #include <utility>
 #include <vector>
 
-/// The outcome of parsing one expression. A value type. The expression is good exactly when `errors` is empty.
+/// The outcome of parsing one expression, a value type. The expression is good exactly when `errors` is
+/// empty.
 class CURVEEDITOR_EXPORT ParseMessage
 {
 public:

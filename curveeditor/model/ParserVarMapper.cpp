@@ -50,7 +50,8 @@ bool ParserVarMapper::hasName(std::string_view name) const
 
 std::size_t ParserVarMapper::getNameLength(std::string_view text) const
 {
-    // Of the names up to `begin` the last is the longest beginning of it, or else shows how long one can be at most.
+    // Of the names up to `begin`, the last is its longest beginning, or else shows how long one can be at
+    // most.
     std::string_view begin = text;
     while (!begin.empty()) {
         const auto behind = names_.upper_bound(begin);

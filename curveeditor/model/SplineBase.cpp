@@ -172,8 +172,8 @@ public:
     }
 
 private:
-    /// Twice the weighted chords to both neighbours over the time between these. A neighbour that is not there
-    /// is replaced by the point itself.
+    /// Twice the weighted chords to both neighbours over the time between these. The point itself stands for
+    /// a neighbour that is missing.
     static Slope chordMean(const SplineBase& spline, std::size_t index, double factor0, double factor1)
     {
         const auto& points = spline.controlPoints;

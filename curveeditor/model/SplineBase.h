@@ -14,14 +14,18 @@
 /// the first point governs nothing. `firstType` and `lastType` say how the curve goes on outside its points.
 ///
 /// With p and q the points of a segment, h its length in time and u in 0 ... 1 the place in it, the value is
-/// - `Bezier`: the cubic Hermite polynomial in u with the slopes p.`tanRight` and q.`tanLeft`; no ease.
-/// - `Tcb`: the same polynomial in w(u) instead of u, with the slopes of Kochanek and Bartels, "Interpolating
-///   Splines with Local Tension, Continuity, and Bias Control" (1984), for uneven times: the weighted chords
-///   to both neighbours over half the time between these. The first and the last point have only one chord.
 /// - `Linear`: p + (q - p) w(u).
+/// - `Bezier`: H(u), the cubic Hermite polynomial from p to q whose end slopes are p.`tanRight` and
+///   q.`tanLeft`, both times h. Ease does not act here: the handles are the whole truth.
+/// - `Tcb`: H(w(u)), whose end slopes follow from tension, continuity and bias, both times h. The slope at a
+///   point is the sum of its chords to both neighbours, each times its weight (see `getFactorL0`), over half
+///   the time between these neighbours. Where one is missing, the point itself stands for it.
 ///
-/// The ease w is the cubic Hermite polynomial from 0 to 1 with the end slopes 1 - p.`easeFrom` and
+/// The ease w is the cubic Hermite polynomial from 0 to 1 whose end slopes are 1 - p.`easeFrom` and
 /// 1 - q.`easeTo`. It is monotone for ease in -1 ... 1.
+///
+/// Source of the slopes: Kochanek and Bartels, "Interpolating Splines with Local Tension, Continuity, and
+/// Bias Control" (1984), extended to points at uneven times.
 ///
 /// A spline is never empty. It owns its points: their addresses stay valid until `remove`, `reset`, `load` or
 /// the destructor frees them. It can't be copied. The const operations keep no hidden state, so several
@@ -43,8 +47,8 @@ public:
         FollowTangent = 4 ///< a straight line with the slope that arrives at the last point
     };
 
-    /// One control point. Every field but `time` and `pos` may be written directly, through `modify`: nothing
-    /// is derived from them before the curve is evaluated. `time` orders the points and changes by `setTime`
+    /// One control point. Every field but `time` may be written directly, through `modify`: nothing is
+    /// derived from them before the curve is evaluated. `time` orders the points and changes by `setTime`
     /// only.
     struct PointInfo
     {
@@ -96,6 +100,7 @@ public:
     {
         return index < controlPoints.size() ? controlPoints[index] : nullptr;
     }
+    /// Without this one, `modify(0)` could as well mean the null point.
     PointInfo* modify(const int& index) { return modify(static_cast<unsigned>(index)); }
     PointInfo* modify(const PointInfo* point) { return modify(findIndex(point)); }
     const std::vector<PointInfo*>& getControlPoints() const { return controlPoints; }
@@ -142,9 +147,9 @@ public:
 
     /// @name Tangents as shown
     /// What the curve really does at one end of the segment that ends at point `index`: the stored slope for
-    /// `Bezier`, the computed slope times 1 - ease for `Tcb` and `Linear`. `length` becomes (1 - ease) *
-    /// 0.667, a measure of how far the ease lets the tangent reach. There is no segment at index 0 nor at or
-    /// behind the number of points; the slope is 0.0 and `length` 0.667 then.
+    /// `Bezier`, the computed slope times 1 - ease for `Tcb` and `Linear`. `length` becomes 0.667 (1 - ease),
+    /// a measure of how far the ease lets the tangent reach. No segment ends at index 0, nor at or behind the
+    /// number of points: the slope is 0.0 and `length` 0.667 then.
     /// @{
 
     /// The slope with which the segment arrives at point `index`; the ease is that point's `easeTo`.
@@ -177,8 +182,9 @@ public:
     std::int32_t lastType = Constant;  ///< a `Behaviour`; any unknown number acts as `Constant`
 
 protected:
-    /// The weights of Kochanek and Bartels. The L pair gives the slope that leaves a point and the R pair the
-    /// one that arrives there; 0 belongs to the chord from the previous point, 1 to the chord to the next.
+    /// The weights of the chords at a point, from its tension, continuity and bias. The L pair gives the
+    /// slope that leaves the point and the R pair the one that arrives there; 0 belongs to the chord from the
+    /// previous point, 1 to the chord to the next.
     /// @{
     double getFactorL0(const PointInfo* point) const
     {
