@@ -153,408 +153,386 @@ class tst_FunctionParser : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void goodTextHasValue_data();
-    void goodTextHasValue();
-    void badTextHasSpan_data();
-    void badTextHasSpan();
-    void getStringIsShortAndReadsBack_data();
-    void getStringIsShortAndReadsBack();
-    void randomTextReadsBack();
-    void knownNamesAreRead_data();
-    void knownNamesAreRead();
-    void nameThatWouldHideOthersIsGuarded();
-    void nodeAnswersForItsKindOnly_data();
-    void nodeAnswersForItsKindOnly();
-    void keyConvertsToItsType();
-    void keysAreFoundByName();
-    void allVarsAreListedOnce();
-    void variablesMayGoWhileTheyAreRead();
-    void blockEqualsOneByOne_data();
-    void blockEqualsOneByOne();
-    void blockKeepsTimeAndFrame();
-    void hostsOwnExpressionIsEvaluatedInBlocks();
-    void sizeIsNoDanger_data();
-    void sizeIsNoDanger();
-    void tooLongTextIsAnError();
-    void localeDoesNotMatter();
-};
-
-void tst_FunctionParser::goodTextHasValue_data()
-{
-    // At t = 2 and f = 50.
-    addRows(R"(
-        520 => 520;   5.2 => 5.2;   .5 => 0.5;   5. => 5;   1e-3 => 1e-3;   2E+3 => 2000;   t => 2;
-        F => 50;   -2^2 => -4;   (-2)^2 => 4;   2^3^2 => 512;   2^-1 => 0.5;   2^-1^2 => 0.5;
-        2^-t*8 => 2;   --t => 2;   +-+t => -2;   2*-t => -4;   t-5-1 => -4;   100/5/t => 10;
-        1+t*3>6+0 => 1;   3>2>1 => 0;   1/4 cos(0) => 0.25;   1/2t => 1;   2t^3 => 16;   -t f => -100;
-        2exp(0) => 2;   2e3t => 4000;   3(t+1)(t-1) => 9;   t(3) => 6;   if(t>1, f, 7) => 50;
-        if ( 0 , f , 7 ) => 7;   if(0/0,1,2) => 1;   (0/0>1)+(0/0<1) => 0;   l10(1000) => 3;
-        rnd(2.5)-rnd(-2.5) => 6;   abs(-t)+sqrt(t+2) => 4;   ceil(1.1)+floor(-1.1) => 0;   1/0 => inf;
-        -1/0 => -inf;   log(-1) => nan;   0^0 => 1;   1-t => -1;   1/t => 0.5;   3^t => 9;   1>t => 0;
-        1<t => 1;   t<1 => 0)");
-    const std::vector<std::pair<const char*, double>> functions{
-        {"\t1 +\n1\r", 2.0},
-        {"log(t)", std::log(2.0)},
-        {"cos(t)+sin(t)+tan(t)", std::cos(2.0) + std::sin(2.0) + std::tan(2.0)},
-        {"acos(.3)+asin(.4)+atan(t)", std::acos(0.3) + std::asin(0.4) + std::atan(2.0)},
-        {"cosh(t)+sinh(t)+tanh(t)", std::cosh(2.0) + std::sinh(2.0) + std::tanh(2.0)},
-        {"j0(t)+j1(-t)", ::j0(2.0) + ::j1(-2.0)},
-        {"1/14 cos(t)+3*exp(-(t-5)^2/20)", 1.0 / 14.0 * std::cos(2.0) + 3.0 * std::exp(-9.0 / 20.0)}};
-    for (const auto& [text, expected] : functions)
-        QTest::newRow(text) << QString(text) << QString::number(expected, 'g', 17);
-}
-
-void tst_FunctionParser::goodTextHasValue()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, expected);
-    const Parsed parsed = parse(text.toStdString());
-    QVERIFY(parsed.tree);
-    QVERIFY(parsed.message.errors.empty());
-    QVERIFY(distance(valueAt(*parsed.tree, 2.0), expected.toDouble()) <= 1.0);
-    QCOMPARE(QString::fromStdString(parsed.message.text), text.replace('F', 'f'));
-}
-
-void tst_FunctionParser::badTextHasSpan_data()
-{
-    // Code, offset and length of the first span, count of spans.
-    addRows(R"(
-        X => 1 0 1 1;   if( X, t, X) => 1 4 1 2;   t+wave.Left_1*2 => 1 2 11 1;   t+grüß.x => 1 2 8 1;
-        cos => 1 0 3 1;   Cos(t) => 1 0 3 1;   wave(t) => 1 0 4 1;   2e => 1 1 1 1;   tt => 1 0 2 1;
-        X+2 3 => 1 0 1 1;   (t => 3 0 1 1;   cos (t => 3 4 1 1;   ((t)*( => 3 0 1 2;   t) => 3 1 1 1;
-        ) => 3 0 1 1;   t+) => 3 2 1 1;    => 4 0 0 1;   t+ => 4 1 1 1;   2*- => 4 2 1 1;
-        *t => 4 0 1 1;   t+*2 => 4 2 1 1;   2 345 => 4 2 3 1;   1.2.3 => 4 3 2 1;   (t)2 => 4 3 1 1;
-        () => 4 1 1 1;   (t+) => 4 3 1 1;   cos() => 4 4 1 1;   cos(t,2) => 4 5 1 1;
-        if(t,1) => 4 6 1 1;   if(t,1,2,3) => 4 8 1 1;   if(t,,2) => 4 5 1 1;   (t,2) => 4 2 1 1;
-        t,2 => 4 1 1 1;   t$2 => 4 1 1 1;   [t] => 4 0 1 1;   1e400 => 4 0 5 1;   1e-400 => 4 0 6 1)");
-}
-
-void tst_FunctionParser::badTextHasSpan()
-{
-    QFETCH(QString, text);
-    const Parsed parsed = parse(text.toStdString());
-    QVERIFY(!parsed.tree);
-    QVERIFY(!parsed.message.errors.empty());
-    const auto& [offset, length] = parsed.message.errors.front();
-    const QString got = QString("%1 %2 %3 %4").arg(parsed.message.code).arg(offset).arg(length);
-    QTEST(got.arg(parsed.message.errors.size()), "expected");
-    QCOMPARE(QString::fromStdString(parsed.message.text), text);
-}
-
-void tst_FunctionParser::getStringIsShortAndReadsBack_data()
-{
-    addRows(R"(
-        T => t;   ((5.0)) => 5.0;   1/14 cos( t ) => 1/14*cos(t);   (t-(f-2))-(3*4) => t-(f-2)-3*4;
-        t+(f+2) => t+(f+2);   t*(f/2) => t*(f/2);   (t^f)^2^3 => (t^f)^2^3;   (-t)^2 => (-t)^2;
-        -(t^2) => -t^2;   -(t*2) => -(t*2);   (-t)*2 => -t*2;   2^(-t) => 2^-t;   t-(-(-f)) => t---f;
-        (t>1)>f => t>1>f;   t>(1>f) => t>(1>f);   if((t), (f+1), +2) => if(t,f+1,2);   5.t => 5.*t)");
-}
-
-void tst_FunctionParser::getStringIsShortAndReadsBack()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, expected);
-    const Parsed parsed = parse(text.toStdString());
-    QVERIFY(parsed.tree);
-    QCOMPARE(QString::fromStdString(parsed.tree->getString()), expected);
-    QVERIFY(isSame(valueAt(expected.toStdString(), 3.0), valueAt(*parsed.tree, 3.0)));
-}
-
-void tst_FunctionParser::randomTextReadsBack()
-{
-    std::mt19937 random(20240607);
-    for (int i = 0; i < 2000; ++i) {
-        const std::string text = randomText(random, 5);
-        const Parsed first = parse(text);
-        QVERIFY2(first.tree, text.c_str());
-        const std::string written = first.tree->getString();
-        const Parsed second = parse(written);
-        QVERIFY2(second.tree && second.tree->getString() == written, text.c_str());
-        for (const double time : {-1.5, 0.0, 0.7, infinity, notANumber})
-            QVERIFY2(isSame(valueAt(*first.tree, time), valueAt(*second.tree, time)), text.c_str());
-        for (const std::string& shorter : withoutOneGroup(written))
-            QVERIFY2(!parse(shorter).tree || parse(shorter).tree->getString() != written, written.c_str());
+    void goodTextHasValue_data()
+    {
+        // At t = 2 and f = 50.
+        addRows(R"(
+            520 => 520;   5.2 => 5.2;   .5 => 0.5;   5. => 5;   1e-3 => 1e-3;   2E+3 => 2000;   t => 2;
+            F => 50;   -2^2 => -4;   (-2)^2 => 4;   2^3^2 => 512;   2^-1 => 0.5;   2^-1^2 => 0.5;
+            2^-t*8 => 2;   --t => 2;   +-+t => -2;   2*-t => -4;   t-5-1 => -4;   100/5/t => 10;
+            1+t*3>6+0 => 1;   3>2>1 => 0;   1/4 cos(0) => 0.25;   1/2t => 1;   2t^3 => 16;   -t f => -100;
+            2exp(0) => 2;   2e3t => 4000;   3(t+1)(t-1) => 9;   t(3) => 6;   if(t>1, f, 7) => 50;
+            if ( 0 , f , 7 ) => 7;   if(0/0,1,2) => 1;   (0/0>1)+(0/0<1) => 0;   l10(1000) => 3;
+            rnd(2.5)-rnd(-2.5) => 6;   abs(-t)+sqrt(t+2) => 4;   ceil(1.1)+floor(-1.1) => 0;   1/0 => inf;
+            -1/0 => -inf;   log(-1) => nan;   0^0 => 1;   1-t => -1;   1/t => 0.5;   3^t => 9;   1>t => 0;
+            1<t => 1;   t<1 => 0)");
+        const std::vector<std::pair<const char*, double>> functions{
+            {"\t1 +\n1\r", 2.0},
+            {"log(t)", std::log(2.0)},
+            {"cos(t)+sin(t)+tan(t)", std::cos(2.0) + std::sin(2.0) + std::tan(2.0)},
+            {"acos(.3)+asin(.4)+atan(t)", std::acos(0.3) + std::asin(0.4) + std::atan(2.0)},
+            {"cosh(t)+sinh(t)+tanh(t)", std::cosh(2.0) + std::sinh(2.0) + std::tanh(2.0)},
+            {"j0(t)+j1(-t)", ::j0(2.0) + ::j1(-2.0)},
+            {"1/14 cos(t)+3*exp(-(t-5)^2/20)", 1.0 / 14.0 * std::cos(2.0) + 3.0 * std::exp(-9.0 / 20.0)}};
+        for (const auto& [text, expected] : functions)
+            QTest::newRow(text) << QString(text) << QString::number(expected, 'g', 17);
     }
-}
 
-void tst_FunctionParser::knownNamesAreRead_data()
-{
-    addRows(R"(
-        Cam-1.X_(LEFT)+t => 4;   cam-1.x_(lef) => nan;   CAM - 1 => 1;   cam-1.x => 3;
-        cam-1.xt => nan;   cam-1 => 1;   camt => nan;   2cam cam(2) => 16;   5.2 => 5.2;
-        520.x => 5;   cos(0) => 1;   cos => 6;   2e => 14;   2exp(0) => 2;   grüß.x => 8;   T => 3;
-        #1.x#1.x => 100)");
-}
-
-void tst_FunctionParser::knownNamesAreRead()
-{
-    QFETCH(QString, text);
-    const TestMapper mapper({"cam-1.x (left)", "Cam", "cam-1.x", "5.2", "520.x", "cos", "e",
-                             "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x"});
-    const Parsed parsed = parse(text.toStdString());
-    QFETCH(QString, expected);
-    QVERIFY(isSame(parsed.tree ? valueAt(*parsed.tree, 3.0) : notANumber, expected.toDouble()));
-    QCOMPARE(QString::fromStdString(parsed.message.text), parsed.tree ? text.toLower() : text);
-    QCOMPARE(parsed.message.code, parsed.tree ? 0 : int(ParseMessage::UnknownVariable));
-}
-
-void tst_FunctionParser::nameThatWouldHideOthersIsGuarded()
-{
-    const TestMapper mapper({"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a"});
-    const std::vector<std::pair<std::string, std::string>> cases{
-        {"g.a - 2", "(g.a)-2"}, {"g.a-2", "g.a-2"},          {"g.a - 3", "g.a-3"},
-        {"2 * g.a", "(2)*g.a"}, {"cos (t)-2", "cos((t))-2"}, {"-g.a", "-g.a"}};
-    for (const auto& [text, written] : cases) {
-        const Parsed parsed = parse(text);
-        QCOMPARE(parsed.tree->getString(), written);
-        QVERIFY(isSame(valueAt(written, 1.0), valueAt(*parsed.tree, 1.0)));
+    void goodTextHasValue()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+        const Parsed parsed = parse(text.toStdString());
+        QVERIFY(parsed.tree);
+        QVERIFY(parsed.message.errors.empty());
+        QVERIFY(distance(valueAt(*parsed.tree, 2.0), expected.toDouble()) <= 1.0);
+        QCOMPARE(QString::fromStdString(parsed.message.text), text.replace('F', 'f'));
     }
-    QCOMPARE(valueAt("-g.a", 1.0), -1.0);
-}
 
-void tst_FunctionParser::nodeAnswersForItsKindOnly_data()
-{
-    addRows("-t => 0; 2t => 1; if(1,2,3) => 2; 520 => 3; a.bool => 4; t => 5; a.float => 6; a.int => 7");
-}
-
-void tst_FunctionParser::nodeAnswersForItsKindOnly()
-{
-    TestMapper mapper({});
-    mapper.add("a.bool", 0.5, 0);
-    mapper.add("a.int", -1.5, 1);
-    mapper.add("a.float", 0.1, 2);
-    QFETCH(QString, text);
-    const Parsed parsed = parse(text.toStdString());
-    const FunctionFloatBase& node = *parsed.tree;
-    const std::vector<bool> tests{node.isUnary(),         node.isBinary(),       node.isTernary(),
-                                  node.isConstant(),      node.isVariableBool(), node.isVariableDouble(),
-                                  node.isVariableFloat(), node.isVariableInt()};
-    const std::vector<const void*> views{node.getUnaryRef(),         node.getBinaryRef(),
-                                         node.getTernaryRef(),       node.getConstantRef(),
-                                         node.getVariableBoolRef(),  node.getVariableDoubleRef(),
-                                         node.getVariableFloatRef(), node.getVariableIntRef()};
-    QFETCH(QString, expected);
-    const std::size_t kind = expected.toUInt();
-    for (std::size_t i = 0; i < tests.size(); ++i) {
-        QCOMPARE(bool(tests[i]), i == kind);
-        QCOMPARE(views[i] != nullptr, i == kind);
+    void badTextHasSpan_data()
+    {
+        // Code, offset and length of the first span, count of spans.
+        addRows(R"(
+            X => 1 0 1 1;   if( X, t, X) => 1 4 1 2;   t+wave.Left_1*2 => 1 2 11 1;   t+grüß.x => 1 2 8 1;
+            cos => 1 0 3 1;   Cos(t) => 1 0 3 1;   wave(t) => 1 0 4 1;   2e => 1 1 1 1;   tt => 1 0 2 1;
+            X+2 3 => 1 0 1 1;   (t => 3 0 1 1;   cos (t => 3 4 1 1;   ((t)*( => 3 0 1 2;   t) => 3 1 1 1;
+            ) => 3 0 1 1;   t+) => 3 2 1 1;   => 4 0 0 1;   t+ => 4 1 1 1;   2*- => 4 2 1 1;
+            *t => 4 0 1 1;   t+*2 => 4 2 1 1;   2 345 => 4 2 3 1;   1.2.3 => 4 3 2 1;   (t)2 => 4 3 1 1;
+            () => 4 1 1 1;   (t+) => 4 3 1 1;   cos() => 4 4 1 1;   cos(t,2) => 4 5 1 1;
+            if(t,1) => 4 6 1 1;   if(t,1,2,3) => 4 8 1 1;   if(t,,2) => 4 5 1 1;   (t,2) => 4 2 1 1;
+            t,2 => 4 1 1 1;   t$2 => 4 1 1 1;   [t] => 4 0 1 1;   1e400 => 4 0 5 1;   1e-400 => 4 0 6 1)");
     }
-    const std::map<std::size_t, double> values{{4, 1.0}, {6, double(0.1f)}, {7, -1.0}};
-    if (values.count(kind))
-        QCOMPARE(parsed.tree->evaluate(), values.at(kind));
-}
 
-void tst_FunctionParser::keyConvertsToItsType()
-{
-    const std::vector<std::tuple<std::int32_t, double, double>> cases{
-        {3, -1.5, -1.5},          {2, 0.1, double(0.1f)},        {2, 1e300, infinity}, {1, -1.5, -1.0},
-        {1, 1e300, 2147483647.0}, {1, -infinity, -2147483648.0}, {1, notANumber, 0.0}, {0, 0.5, 1.0},
-        {0, -0.0, 0.0},           {0, notANumber, 1.0},          {4, 7.0, 0.0},        {-1, 7.0, 0.0}};
-    for (const auto& [type, set, got] : cases) {
-        double storage = 0.0;
-        Key key{"name", type, &storage};
-        key.setValue(set);
-        QCOMPARE(key.getValue(), got);
-        key.value = nullptr;
-        key.setValue(set);
-        QCOMPARE(key.getValue(), 0.0);
+    void badTextHasSpan()
+    {
+        QFETCH(QString, text);
+        const Parsed parsed = parse(text.toStdString());
+        QVERIFY(!parsed.tree);
+        QVERIFY(!parsed.message.errors.empty());
+        const auto& [offset, length] = parsed.message.errors.front();
+        const QString got = QString("%1 %2 %3 %4").arg(parsed.message.code).arg(offset).arg(length);
+        QTEST(got.arg(parsed.message.errors.size()), "expected");
+        QCOMPARE(QString::fromStdString(parsed.message.text), text);
     }
-    bool flag = true;
-    Key{"flag", 0, &flag}.setValue(0.0);
-    QCOMPARE(flag, false);
-    double untouched = 7.0;
-    Key{"other", 4, &untouched}.setValue(1.0);
-    QCOMPARE(untouched, 7.0);
-}
 
-void tst_FunctionParser::keysAreFoundByName()
-{
-    FunctionParserBase* const parser = FunctionParserBase::instance();
-    QCOMPARE(parser, FunctionParserBase::instance());
-    QVERIFY(parser->getKey("t") && parser->getKey("f") && parser->getKey("t") != parser->getKey("f"));
-    QCOMPARE(parser->getKey("a.x"), nullptr);
+    void getStringIsShortAndReadsBack_data()
+    {
+        addRows(R"(
+            T => t;   ((5.0)) => 5.0;   1/14 cos( t ) => 1/14*cos(t);   (t-(f-2))-(3*4) => t-(f-2)-3*4;
+            t+(f+2) => t+(f+2);   t*(f/2) => t*(f/2);   (t^f)^2^3 => (t^f)^2^3;   (-t)^2 => (-t)^2;
+            -(t^2) => -t^2;   -(t*2) => -(t*2);   (-t)*2 => -t*2;   2^(-t) => 2^-t;   t-(-(-f)) => t---f;
+            (t>1)>f => t>1>f;   t>(1>f) => t>(1>f);   if((t), (f+1), +2) => if(t,f+1,2);   5.t => 5.*t)");
+    }
+
+    void getStringIsShortAndReadsBack()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+        const Parsed parsed = parse(text.toStdString());
+        QVERIFY(parsed.tree);
+        QCOMPARE(QString::fromStdString(parsed.tree->getString()), expected);
+        QVERIFY(isSame(valueAt(expected.toStdString(), 3.0), valueAt(*parsed.tree, 3.0)));
+    }
+
+    void randomTextReadsBack()
+    {
+        std::mt19937 random(20240607);
+        for (int i = 0; i < 2000; ++i) {
+            const std::string text = randomText(random, 5);
+            const Parsed first = parse(text);
+            QVERIFY2(first.tree, text.c_str());
+            const std::string written = first.tree->getString();
+            const Parsed second = parse(written);
+            QVERIFY2(second.tree && second.tree->getString() == written, text.c_str());
+            for (const double time : {-1.5, 0.0, 0.7, infinity, notANumber})
+                QVERIFY2(isSame(valueAt(*first.tree, time), valueAt(*second.tree, time)), text.c_str());
+            for (const std::string& shorter : withoutOneGroup(written))
+                QVERIFY2(!parse(shorter).tree || parse(shorter).tree->getString() != written,
+                         written.c_str());
+        }
+    }
+
+    void knownNamesAreRead_data()
+    {
+        addRows(R"(
+            Cam-1.X_(LEFT)+t => 4;   cam-1.x_(lef) => nan;   CAM - 1 => 1;   cam-1.x => 3;
+            cam-1.xt => nan;   cam-1 => 1;   camt => nan;   2cam cam(2) => 16;   5.2 => 5.2;   520.x => 5;
+            cos(0) => 1;   cos => 6;   2e => 14;   2exp(0) => 2;   grüß.x => 8;   T => 3;
+            #1.x#1.x => 100)");
+    }
+
+    void knownNamesAreRead()
+    {
+        QFETCH(QString, text);
+        const TestMapper mapper({"cam-1.x (left)", "Cam", "cam-1.x", "5.2", "520.x", "cos", "e",
+                                 "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x"});
+        const Parsed parsed = parse(text.toStdString());
+        QFETCH(QString, expected);
+        QVERIFY(isSame(parsed.tree ? valueAt(*parsed.tree, 3.0) : notANumber, expected.toDouble()));
+        QCOMPARE(QString::fromStdString(parsed.message.text), parsed.tree ? text.toLower() : text);
+        QCOMPARE(parsed.message.code, parsed.tree ? 0 : int(ParseMessage::UnknownVariable));
+    }
+
+    void nameThatWouldHideOthersIsGuarded()
+    {
+        const TestMapper mapper({"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a"});
+        const std::vector<std::pair<std::string, std::string>> cases{
+            {"g.a - 2", "(g.a)-2"}, {"g.a-2", "g.a-2"},          {"g.a - 3", "g.a-3"},
+            {"2 * g.a", "(2)*g.a"}, {"cos (t)-2", "cos((t))-2"}, {"-g.a", "-g.a"}};
+        for (const auto& [text, written] : cases) {
+            const Parsed parsed = parse(text);
+            QCOMPARE(parsed.tree->getString(), written);
+            QVERIFY(isSame(valueAt(written, 1.0), valueAt(*parsed.tree, 1.0)));
+        }
+        QCOMPARE(valueAt("-g.a", 1.0), -1.0);
+    }
+
+    void nodeAnswersForItsKindOnly_data()
+    {
+        addRows("-t => 0; 2t => 1; if(1,2,3) => 2; 520 => 3; a.bool => 4; t => 5; a.float => 6; a.int => 7");
+    }
+
+    void nodeAnswersForItsKindOnly()
+    {
+        TestMapper mapper({});
+        mapper.add("a.bool", 0.5, 0);
+        mapper.add("a.int", -1.5, 1);
+        mapper.add("a.float", 0.1, 2);
+        QFETCH(QString, text);
+        const Parsed parsed = parse(text.toStdString());
+        const FunctionFloatBase& node = *parsed.tree;
+        const std::vector<bool> tests{node.isUnary(),         node.isBinary(),       node.isTernary(),
+                                      node.isConstant(),      node.isVariableBool(), node.isVariableDouble(),
+                                      node.isVariableFloat(), node.isVariableInt()};
+        const std::vector<const void*> views{node.getUnaryRef(),         node.getBinaryRef(),
+                                             node.getTernaryRef(),       node.getConstantRef(),
+                                             node.getVariableBoolRef(),  node.getVariableDoubleRef(),
+                                             node.getVariableFloatRef(), node.getVariableIntRef()};
+        QFETCH(QString, expected);
+        const std::size_t kind = expected.toUInt();
+        for (std::size_t i = 0; i < tests.size(); ++i) {
+            QCOMPARE(bool(tests[i]), i == kind);
+            QCOMPARE(views[i] != nullptr, i == kind);
+        }
+        const std::map<std::size_t, double> values{{4, 1.0}, {6, double(0.1f)}, {7, -1.0}};
+        if (values.count(kind))
+            QCOMPARE(parsed.tree->evaluate(), values.at(kind));
+    }
+
+    void keyConvertsToItsType()
+    {
+        const std::vector<std::tuple<std::int32_t, double, double>> cases{
+            {3, -1.5, -1.5},          {2, 0.1, double(0.1f)},        {2, 1e300, infinity}, {1, -1.5, -1.0},
+            {1, 1e300, 2147483647.0}, {1, -infinity, -2147483648.0}, {1, notANumber, 0.0}, {0, 0.5, 1.0},
+            {0, -0.0, 0.0},           {0, notANumber, 1.0},          {4, 7.0, 0.0},        {-1, 7.0, 0.0}};
+        for (const auto& [type, set, got] : cases) {
+            double storage = 0.0;
+            Key key{"name", type, &storage};
+            key.setValue(7.0);
+            key.setValue(set);
+            QCOMPARE(key.getValue(), got);
+            QVERIFY((type >= 0 && type <= 3) || storage == 0.0);
+            key.value = nullptr;
+            key.setValue(set);
+            QCOMPARE(key.getValue(), 0.0);
+        }
+    }
+
+    void keysAreFoundByName()
+    {
+        FunctionParserBase* const parser = FunctionParserBase::instance();
+        QCOMPARE(parser, FunctionParserBase::instance());
+        QVERIFY(parser->getKey("t") && parser->getKey("f") && parser->getKey("t") != parser->getKey("f"));
+        QCOMPARE(parser->getKey("a.x"), nullptr);
+        {
+            TestMapper mapper({"a.x"});
+            Key* const key = parser->getKey("A.x");
+            QVERIFY(key);
+            QCOMPARE(key->name, std::string("a.x"));
+            QCOMPARE(key->getValue(), 1.0);
+            mapper.add("a.x", 9.0);
+            QCOMPARE(parser->getKey("a.x"), key);
+            QCOMPARE(key->getValue(), 9.0);
+        }
+        QCOMPARE(parser->getVarMapper(), nullptr);
+        QCOMPARE(parser->getKey("a.x"), nullptr);
+    }
+
+    void allVarsAreListedOnce()
+    {
+        const TestMapper mapper({"b.y", "a.x"});
+        const Parsed parsed = parse("B.y*if(f>1,a.x,t)+b.y-t");
+        std::vector<std::string> names;
+        for (const Key* key : FunctionParserBase::instance()->getAllVars(parsed.tree.get()))
+            names.push_back(key->name);
+        QCOMPARE(names, (std::vector<std::string>{"b.y", "f", "a.x", "t"}));
+        QVERIFY(FunctionParserBase::instance()->getAllVars(nullptr).empty());
+        QVERIFY(FunctionParserBase::instance()->getAllVars(parse("1+2").tree.get()).empty());
+    }
+
+    void variablesMayGoWhileTheyAreRead()
+    {
+        auto mapper = std::make_unique<TestMapper>(std::vector<std::string>{"a.x", "b.y"});
+        const Parsed sum = parse("10a.x+b.y");
+        QCOMPARE(sum.tree->evaluate(), 12.0);
+        mapper->remove("a.x");
+        QCOMPARE(sum.tree->evaluate(), 2.0);
+        QVERIFY(!parse("a.x").tree);
+        {
+            const TestMapper other({"b.y", "a.x"});
+            QCOMPARE(sum.tree->evaluate(), 21.0);
+            mapper.reset();
+            QCOMPARE(sum.tree->evaluate(), 21.0);
+        }
+        QCOMPARE(sum.tree->evaluate(), 0.0);
+        QCOMPARE(sum.tree->getString(), std::string("10*a.x+b.y"));
+    }
+
+    void blockEqualsOneByOne_data()
+    {
+        // Allowed are units in the last place: one for one by one, and four for what has vector forms.
+        addRows(R"(
+            t => 0;   f => 0;   7 => 0;   1/3 => 0;   t*2-f/3 => 0;   1-t => 0;   2/t => 0;   2/-t => 0;
+            -t/3 => 0;   -t*3 => 0;   t-f*t/f+t => 0;   t>3 => 0;   3>t => 0;   f<t => 0;   t>f => 0;
+            if(t>1,t,-t) => 0;   if(t/t,1,2) => 0;   rnd(t) => 0;   ceil(t/3) => 0;   floor(t) => 0;
+            sqrt(t) => 0;   abs(t) => 0;   t^2 => 0;   tan(t)+l10(t) => 0;   acos(t)+asin(t)+atan(t) => 0;
+            cosh(t)+sinh(t)+tanh(t) => 0;   j0(t)-j1(f) => 0;   a.x*t => 0;   a.int+t => 0;   cos(t) => 5;
+            sin(f) => 5;   exp(t) => 5;   exp(-t) => 5;   log(t) => 5;   t^3 => 5;   2^t => 5;   t^f => 5;
+            t^-0.5 => 5;   t^0 => 5)");
+    }
+
+    void blockEqualsOneByOne()
     {
         TestMapper mapper({"a.x"});
-        Key* const key = parser->getKey("A.x");
-        QVERIFY(key);
-        QCOMPARE(key->name, std::string("a.x"));
-        QCOMPARE(key->getValue(), 1.0);
-        mapper.add("a.x", 9.0);
-        QCOMPARE(parser->getKey("a.x"), key);
-        QCOMPARE(key->getValue(), 9.0);
-    }
-    QCOMPARE(parser->getVarMapper(), nullptr);
-    QCOMPARE(parser->getKey("a.x"), nullptr);
-}
-
-void tst_FunctionParser::allVarsAreListedOnce()
-{
-    const TestMapper mapper({"b.y", "a.x"});
-    const Parsed parsed = parse("B.y*if(f>1,a.x,t)+b.y-t");
-    std::vector<std::string> names;
-    for (const Key* key : FunctionParserBase::instance()->getAllVars(parsed.tree.get()))
-        names.push_back(key->name);
-    QCOMPARE(names, (std::vector<std::string>{"b.y", "f", "a.x", "t"}));
-    QVERIFY(FunctionParserBase::instance()->getAllVars(nullptr).empty());
-    QVERIFY(FunctionParserBase::instance()->getAllVars(parse("1+2").tree.get()).empty());
-}
-
-void tst_FunctionParser::variablesMayGoWhileTheyAreRead()
-{
-    auto mapper = std::make_unique<TestMapper>(std::vector<std::string>{"a.x", "b.y"});
-    const Parsed sum = parse("10a.x+b.y");
-    QCOMPARE(sum.tree->evaluate(), 12.0);
-    mapper->remove("a.x");
-    QCOMPARE(sum.tree->evaluate(), 2.0);
-    QVERIFY(!parse("a.x").tree);
-    {
-        const TestMapper other({"b.y", "a.x"});
-        QCOMPARE(sum.tree->evaluate(), 21.0);
-        mapper.reset();
-        QCOMPARE(sum.tree->evaluate(), 21.0);
-    }
-    QCOMPARE(sum.tree->evaluate(), 0.0);
-    QCOMPARE(sum.tree->getString(), std::string("10*a.x+b.y"));
-}
-
-void tst_FunctionParser::blockEqualsOneByOne_data()
-{
-    // Allowed are units in the last place: one for one by one, and four for the functions that have vector forms.
-    addRows(R"(
-        t => 0;   f => 0;   7 => 0;   1/3 => 0;   t*2-f/3 => 0;   1-t => 0;   2/t => 0;   2/-t => 0;   -t/3 => 0;
-        -t*3 => 0;   t-f*t/f+t => 0;   t>3 => 0;   3>t => 0;   f<t => 0;   t>f => 0;   if(t>1,t,-t) => 0;
-        if(t/t,1,2) => 0;   rnd(t) => 0;   ceil(t/3) => 0;   floor(t) => 0;   sqrt(t) => 0;   abs(t) => 0;
-        t^2 => 0;   tan(t)+l10(t) => 0;   acos(t)+asin(t)+atan(t) => 0;   cosh(t)+sinh(t)+tanh(t) => 0;
-        j0(t)-j1(f) => 0;   a.x*t => 0;   a.int+t => 0;   cos(t) => 5;   sin(f) => 5;   exp(t) => 5;
-        exp(-t) => 5;   log(t) => 5;   t^3 => 5;   2^t => 5;   t^f => 5;   t^-0.5 => 5;   t^0 => 5)");
-}
-
-void tst_FunctionParser::blockEqualsOneByOne()
-{
-    TestMapper mapper({"a.x"});
-    mapper.add("a.int", 2.5, 1);
-    std::vector<double> times{0.0,    -0.0,   0.5,      -0.5,      2.5,        -2.5,  0.49999999999999994,
-                              1e-310, 708.0,  710.0,    -745.0,    1e16,       -1e16, 4503599627370497.0,
-                              1e300,  -1e300, infinity, -infinity, notANumber, 1e-300};
-    for (int i = 0; i < 500; ++i)
-        times.push_back(double(i) * 0.37 - 50.0);
-    QFETCH(QString, text);
-    QFETCH(QString, expected);
-    const Parsed parsed = parse(text.toStdString());
-    for (const std::size_t count : {std::size_t(0), std::size_t(1), std::size_t(257), times.size()}) {
-        std::vector<double> values(count + 1, 12345.0);
-        parsed.tree->evaluateBlock(times.data(), 24.0, values.data(), count);
-        for (std::size_t i = 0; i < count; ++i) {
-            const double single = valueAt(*parsed.tree, times[i], 24.0);
-            QVERIFY2(isSame(values[i], single) || distance(values[i], single) <= expected.toDouble(),
-                     qPrintable(QString::number(times[i], 'g', 17)));
-            double alone = times[i];
-            parsed.tree->evaluateBlock(&alone, 24.0, &alone, 1);
-            QVERIFY(isSame(values[i], alone));
+        mapper.add("a.int", 2.5, 1);
+        std::vector<double> times{0.0,    -0.0,   0.5,      -0.5,      2.5,        -2.5,  0.49999999999999994,
+                                  1e-310, 708.0,  710.0,    -745.0,    1e16,       -1e16, 4503599627370497.0,
+                                  1e300,  -1e300, infinity, -infinity, notANumber, 1e-300};
+        for (int i = 0; i < 500; ++i)
+            times.push_back(double(i) * 0.37 - 50.0);
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+        const Parsed parsed = parse(text.toStdString());
+        for (const std::size_t count : {std::size_t(0), std::size_t(1), std::size_t(257), times.size()}) {
+            std::vector<double> values(count + 1, 12345.0);
+            parsed.tree->evaluateBlock(times.data(), 24.0, values.data(), count);
+            for (std::size_t i = 0; i < count; ++i) {
+                const double single = valueAt(*parsed.tree, times[i], 24.0);
+                QVERIFY2(isSame(values[i], single) || distance(values[i], single) <= expected.toDouble(),
+                         qPrintable(QString::number(times[i], 'g', 17)));
+                double alone = times[i];
+                parsed.tree->evaluateBlock(&alone, 24.0, &alone, 1);
+                QVERIFY(isSame(values[i], alone));
+            }
+            QCOMPARE(values[count], 12345.0);
         }
-        QCOMPARE(values[count], 12345.0);
     }
-}
 
-void tst_FunctionParser::blockKeepsTimeAndFrame()
-{
-    Key& t = *FunctionParserBase::instance()->getKey("t");
-    Key& f = *FunctionParserBase::instance()->getKey("f");
-    t.setValue(3.0);
-    f.setValue(4.0);
-    const double times[]{0.1, 2.0};
-    double values[2];
-    const TestMapper mapper({"a.x"});
-    parse("t+f*a.x").tree->evaluateBlock(times, 10.0, values, 2);
-    QCOMPARE(values[1], 22.0);
-    QCOMPARE(t.getValue(), 3.0);
-    QCOMPARE(f.getValue(), 4.0);
-
-    // A host may let the variables be its own, of any type.
-    const Key parsersOwn = t;
-    float hostsTime = 7.0f;
-    t.type = 2;
-    t.value = &hostsTime;
-    const Parsed parsed = parse("t*1");
-    parsed.tree->evaluateBlock(times, 10.0, values, 2);
-    QCOMPARE(values[0], double(0.1f));
-    QCOMPARE(hostsTime, 7.0f);
-    QCOMPARE(parsed.tree->evaluate(), 7.0);
-    t = parsersOwn;
-}
-
-void tst_FunctionParser::hostsOwnExpressionIsEvaluatedInBlocks()
-{
-    struct Twice : FunctionFloatBase
+    void blockKeepsTimeAndFrame()
     {
-        Twice() { text = "twice"; }
-        double evaluate() override { return 2.0 * FunctionParserBase::instance()->getKey("t")->getValue(); }
-    };
-    Twice twice;
-    double values[]{1.5, 4.0};
-    twice.evaluateBlock(values, 25.0, values, 2);
-    QCOMPARE(values[0], 3.0);
-    QCOMPARE(values[1], 8.0);
-    QCOMPARE(twice.getString(), std::string("twice"));
-    QVERIFY(!twice.isUnary() && !twice.getBinaryRef());
-    QVERIFY(FunctionParserBase::instance()->getAllVars(&twice).empty());
-}
+        Key& t = *FunctionParserBase::instance()->getKey("t");
+        Key& f = *FunctionParserBase::instance()->getKey("f");
+        t.setValue(3.0);
+        f.setValue(4.0);
+        const double times[]{0.1, 2.0};
+        double values[2];
+        const TestMapper mapper({"a.x"});
+        parse("t+f*a.x").tree->evaluateBlock(times, 10.0, values, 2);
+        QCOMPARE(values[1], 22.0);
+        QCOMPARE(t.getValue(), 3.0);
+        QCOMPARE(f.getValue(), 4.0);
 
-void tst_FunctionParser::sizeIsNoDanger_data()
-{
-    // Start, middle, end, and how often start and end stand; the code, and the value at t = 1.
-    addRows(R"(
-        ( | | | 16384 => 3 0;   ) | | | 16384 => 3 0;   - | | | 16384 => 4 0;   a^ | | | 8192 => 1 0;
-        9 | | | 16384 => 4 0;   0 | | | 16384 => 0 0;   cos | | | 5461 => 1 0;   cos( | | | 4096 => 3 0;
-        ü | | | 8192 => 1 0;   ( | t | ) | 30000 => 0 1;   - | t | | 30000 => 0 1;   t^ | t | | 30000 => 0 1;
-        t+ | t | | 100000 => 0 100001;   t-( | t | ) | 30000 => 0 1;   abs( | t | ) | 30000 => 0 1;
-        if(t, | t | ,2) | 30000 => 0 1;   t( | t | ) | 30000 => 0 1)");
-}
+        // A host may let the variables be its own, of any type.
+        const Key parsersOwn = t;
+        float hostsTime = 7.0f;
+        t.type = 2;
+        t.value = &hostsTime;
+        const Parsed parsed = parse("t*1");
+        parsed.tree->evaluateBlock(times, 10.0, values, 2);
+        QCOMPARE(values[0], double(0.1f));
+        QCOMPARE(hostsTime, 7.0f);
+        QCOMPARE(parsed.tree->evaluate(), 7.0);
+        t = parsersOwn;
+    }
 
-void tst_FunctionParser::sizeIsNoDanger()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, expected);
-    const QStringList parts = text.remove(' ').split('|');
-    const int count = parts[3].toInt();
-    const Parsed parsed =
-        parse((parts[0].repeated(count) + parts[1] + parts[2].repeated(count)).toStdString());
-    const int code = expected.section(' ', 0, 0).toInt();
-    QCOMPARE(parsed.message.code, code);
-    QCOMPARE(!parsed.tree, code != 0);
-    if (!parsed.tree)
-        return;
-    const double sum = expected.section(' ', 1).toDouble();
-    double value = 1.0;
-    parsed.tree->evaluateBlock(&value, 25.0, &value, 1);
-    QCOMPARE(value, sum);
-    QCOMPARE(valueAt(*parsed.tree, 1.0), sum);
-    QCOMPARE(valueAt(parsed.tree->getString(), 1.0), sum);
-    QVERIFY(FunctionParserBase::instance()->getAllVars(parsed.tree.get()).size() <= 1);
-}
+    void hostsOwnExpressionIsEvaluatedInBlocks()
+    {
+        struct Twice : FunctionFloatBase
+        {
+            Twice() { text = "twice"; }
+            double evaluate() override
+            {
+                return 2.0 * FunctionParserBase::instance()->getKey("t")->getValue();
+            }
+        };
+        Twice twice;
+        double values[]{1.5, 4.0};
+        twice.evaluateBlock(values, 25.0, values, 2);
+        QCOMPARE(values[0], 3.0);
+        QCOMPARE(values[1], 8.0);
+        QCOMPARE(twice.getString(), std::string("twice"));
+        QVERIFY(!twice.isUnary() && !twice.getBinaryRef());
+        QVERIFY(FunctionParserBase::instance()->getAllVars(&twice).empty());
+    }
 
-void tst_FunctionParser::tooLongTextIsAnError()
-{
-    const std::string longest(FunctionParserBase::maximumLength - 1, ' ');
-    QVERIFY(parse(longest + "t").tree);
-    const Parsed parsed = parse(longest + "t+2");
-    QVERIFY(!parsed.tree);
-    QCOMPARE(parsed.message.code, int(ParseMessage::OtherError));
-    QCOMPARE(parsed.message.errors.front(), std::pair(std::uint32_t(longest.size() + 1), std::uint32_t(2)));
-}
+    void sizeIsNoDanger_data()
+    {
+        // Start, middle, end, and how often start and end stand; the code, and the value at t = 1.
+        addRows(R"(
+            ( | | | 16384 => 3 0;   ) | | | 16384 => 3 0;   - | | | 16384 => 4 0;   a^ | | | 8192 => 1 0;
+            9 | | | 16384 => 4 0;   0 | | | 16384 => 0 0;   cos | | | 5461 => 1 0;   cos( | | | 4096 => 3 0;
+            ü | | | 8192 => 1 0;   ( | t | ) | 30000 => 0 1;   - | t | | 30000 => 0 1;
+            t^ | t | | 30000 => 0 1;   t+ | t | | 100000 => 0 100001;   t-( | t | ) | 30000 => 0 1;
+            abs( | t | ) | 30000 => 0 1;   if(t, | t | ,2) | 30000 => 0 1;   t( | t | ) | 30000 => 0 1)");
+    }
 
-void tst_FunctionParser::localeDoesNotMatter()
-{
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation));
-    const Parsed parsed = parse("1234.5+1e-3+.25");
-    const bool isRead = parsed.tree && parsed.tree->evaluate() == 1234.5 + 1e-3 + 0.25;
-    const std::string written = parsed.tree ? parsed.tree->getString() : std::string();
-    const Parsed wrong = parse("1,5");
-    std::locale::global(before);
-    QVERIFY(isRead);
-    QCOMPARE(written, std::string("1234.5+1e-3+.25"));
-    QVERIFY(!wrong.tree);
-}
+    void sizeIsNoDanger()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, expected);
+        const QStringList parts = text.remove(' ').split('|');
+        const int count = parts[3].toInt();
+        const Parsed parsed =
+            parse((parts[0].repeated(count) + parts[1] + parts[2].repeated(count)).toStdString());
+        const int code = expected.section(' ', 0, 0).toInt();
+        QCOMPARE(parsed.message.code, code);
+        QCOMPARE(!parsed.tree, code != 0);
+        if (!parsed.tree)
+            return;
+        const double sum = expected.section(' ', 1).toDouble();
+        double value = 1.0;
+        parsed.tree->evaluateBlock(&value, 25.0, &value, 1);
+        QCOMPARE(value, sum);
+        QCOMPARE(valueAt(*parsed.tree, 1.0), sum);
+        QCOMPARE(valueAt(parsed.tree->getString(), 1.0), sum);
+        QVERIFY(FunctionParserBase::instance()->getAllVars(parsed.tree.get()).size() <= 1);
+    }
+
+    void tooLongTextIsAnError()
+    {
+        const std::string longest(FunctionParserBase::maximumLength - 1, ' ');
+        QVERIFY(parse(longest + "t").tree);
+        const Parsed parsed = parse(longest + "t+2");
+        QVERIFY(!parsed.tree);
+        QCOMPARE(parsed.message.code, int(ParseMessage::OtherError));
+        QCOMPARE(parsed.message.errors.front(),
+                 std::pair(std::uint32_t(longest.size() + 1), std::uint32_t(2)));
+    }
+
+    void localeDoesNotMatter()
+    {
+        const std::locale before =
+            std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation));
+        const Parsed parsed = parse("1234.5+1e-3+.25");
+        const bool isRead = parsed.tree && parsed.tree->evaluate() == 1234.5 + 1e-3 + 0.25;
+        const std::string written = parsed.tree ? parsed.tree->getString() : std::string();
+        const Parsed wrong = parse("1,5");
+        std::locale::global(before);
+        QVERIFY(isRead);
+        QCOMPARE(written, std::string("1234.5+1e-3+.25"));
+        QVERIFY(!wrong.tree);
+    }
+};
 
 QTEST_APPLESS_MAIN(tst_FunctionParser)
 #include "tst_FunctionParser.moc"

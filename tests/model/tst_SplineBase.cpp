@@ -203,5 +203,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_SplineBase)
+QTEST_APPLESS_MAIN(tst_SplineBase)
 #include "tst_SplineBase.moc"
