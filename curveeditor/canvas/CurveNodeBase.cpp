@@ -74,10 +74,11 @@ CurveNodeBase::CurveNodeBase(CanvasFunctionBase* owner, QWidget* menu, const QSt
     connect(action.get(), &QAction::triggered, this, &CurveNodeBase::setThisNode);
     connectMenu();
 
-    if (getExpression())
+    if (getExpression()) {
         setExpressionMode();
-    else
+    } else {
         setSplineMode(false);
+    }
     setColor(color, Qt::black);
     setThisNode();
 }
@@ -302,10 +303,11 @@ bool CurveNodeBase::write(std::ostream& out) const
     FunctionFloatBase* const tree = getExpression();
     if (kind == 0 ? !spline : !tree)
         return false;
-    if (kind == 0)
+    if (kind == 0) {
         CurveFile::writeSpline(out, *spline);
-    else
+    } else {
         CurveFile::writeExpression(out, tree->getString());
+    }
     return out.good();
 }
 

@@ -56,10 +56,11 @@ bool CurveFile::read(std::istream& in)
 bool CurveFile::write(std::ostream& out) const
 {
     writeColor(out, color);
-    if (kind == Spline)
+    if (kind == Spline) {
         writeSpline(out, spline);
-    else
+    } else {
         writeExpression(out, expression);
+    }
     return out.good();
 }
 
