@@ -4,21 +4,23 @@
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/model/FunctionFloatBase.h>
-#include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/FunctionEditor.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
 
 #include <map>
+#include <memory>
 
 /// A curve of a host: a spline of the points (0, 0) and (5, 1), and an empty expression variable.
 struct HostCurve
@@ -33,77 +35,37 @@ struct HostCurve
 /// A visible editor and its host, which writes down every change it hears of.
 struct EditorFixture
 {
-    explicit EditorFixture(const QStringList& openCurves = {})
+    explicit EditorFixture(const QStringList& openCurves)
     {
         QObject::connect(&editor, &CurveEditor::curveHasChanged, [this](QString& group, QString& curve) {
             changes.append(group + QLatin1Char('/') + curve);
         });
-        editor.resize(1000, 700);
         for (const QString& name : openCurves)
             open(name);
         editor.show();
         editor.activateWindow();
-        if (!QTest::qWaitForWindowActive(&editor))
-            qFatal("the editor does not show");
         canvas.setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&editor));
     }
 
-    void add(const QString& fullName)
+    void add(const QString& name)
     {
-        const qsizetype dot = fullName.lastIndexOf(QLatin1Char('.'));
-        HostCurve& curve = curves[fullName];
-        editor.addCurve(fullName.left(dot), fullName.mid(dot + 1), Qt::green, 0.5F, &curve.spline,
-                        &curve.expression, -100.0F, 100.0F);
+        HostCurve& curve = curves[name];
+        const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+        editor.addCurve(name.left(dot), name.mid(dot + 1), Qt::green, 0.5F, &curve.spline, &curve.expression,
+                        -100.0F, 100.0F);
     }
-
-    void open(const QString& fullName)
+    void open(const QString& name)
     {
-        add(fullName);
-        editor.setEditingNode(fullName);
+        add(name);
+        editor.setEditingNode(name);
     }
-
-    void setExpression(const QString& fullName, const std::string& text)
-    {
-        ParseMessage message;
-        FunctionFloatBase*& holder = curves[fullName].expression;
-        delete holder;
-        holder = FunctionParserBase::instance()->parseString(text, message);
-    }
-
-    QPoint pixel(double time, double value) const
-    {
-        return {canvas.timeToPixel(time), canvas.valueToPixel(value)};
-    }
-    void click(double time, double value)
-    {
-        QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel(time, value));
-    }
-
-    void move(double time, double value, Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers = {})
-    {
-        const QPointF at = pixel(time, value);
-        QMouseEvent event(QEvent::MouseMove, at, canvas.mapToGlobal(at), Qt::NoButton, buttons, modifiers);
-        QApplication::sendEvent(&canvas, &event);
-    }
-    void drag(double fromTime, double fromValue, double toTime, double toValue)
-    {
-        QTest::mousePress(&canvas, Qt::LeftButton, {}, pixel(fromTime, fromValue));
-        move(toTime, toValue, Qt::LeftButton);
-        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, pixel(toTime, toValue));
-    }
-
+    /// Presses and releases the left button on the second point of the current curve.
+    void clickPoint() { QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel(5.0, 1.0)); }
+    QPoint pixel(double t, double v) const { return {canvas.timeToPixel(t), canvas.valueToPixel(v)}; }
     QString current() const { return canvas.canvas.getCurrentCurveName(); }
-    QString selectedRow() const
-    {
-        const QTreeWidgetItem* const row = list.selectedItem();
-        return row ? row->text(0) : QString();
-    }
-    QAction* action(const char* name) const { return editor.findChild<QAction*>(QLatin1String(name)); }
     QMenu* menu(const QString& button) const { return editor.findChild<QToolButton*>(button)->menu(); }
-    const SplineBase::PointInfo* selectedPoint() const
-    {
-        return canvas.canvas.currentSpline()->control.getCurrent();
-    }
+    QMenu* submenu(const QString& button, int index) const { return menu(button)->actions()[index]->menu(); }
 
     std::map<QString, HostCurve> curves;
     QStringList changes;
@@ -112,19 +74,17 @@ struct EditorFixture
     EditingList& list = *editor.checkListsEditing;
 };
 
-/// Runs `work` on the dialog or menu of that class that opens its own loop next; if another one opens, or none, the
-/// test fails.
+/// Runs `work` on the dialog or menu of that class that opens its own loop next; if another one opens, or none,
+/// the test program ends.
 template <typename Widget, typename Work> void whenOpen(Work work)
 {
     QTimer::singleShot(0, qApp, [work] {
         QWidget* const popup = QApplication::activePopupWidget();
         QWidget* const open = popup ? popup : QApplication::activeModalWidget();
         auto* const expected = qobject_cast<Widget*>(open);
-        if (expected)
-            return work(*expected);
-        if (open)
-            open->close();
-        QFAIL("the widget that was expected is not open");
+        if (!expected)
+            qFatal("the widget that was expected is not open");
+        work(*expected);
     });
 }
 
