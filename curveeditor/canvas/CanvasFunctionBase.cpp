@@ -15,7 +15,6 @@
 #include <curveeditor/model/ParseMessage.h>
 
 #include <QMessageBox>
-#include <QPointer>
 #include <QWidget>
 
 #include <algorithm>
@@ -147,8 +146,18 @@ void CanvasFunctionBase::setCurrentCurve(CurveNodeBase* curve)
 
 void CanvasFunctionBase::setCurrentCurve(const QString& name)
 {
-    if (CurveNodeBase* const curve = findCurve(name))
-        setCurrentCurve(curve);
+    for (const auto& curve : presentCurves()) {
+        if (curve && curve->getName() == name)
+            setCurrentCurve(curve);
+    }
+}
+
+std::vector<QPointer<CurveNodeBase>> CanvasFunctionBase::presentCurves() const
+{
+    std::vector<QPointer<CurveNodeBase>> present;
+    for (const auto& curve : curves)
+        present.emplace_back(curve.get());
+    return present;
 }
 
 QString CanvasFunctionBase::getCurrentCurveName() const
@@ -206,10 +215,7 @@ void CanvasFunctionBase::setCurrentToExpression()
 
 void CanvasFunctionBase::resetAllCurves()
 {
-    std::vector<QPointer<CurveNodeBase>> present;
-    for (const auto& curve : curves)
-        present.emplace_back(curve.get());
-    for (const auto& curve : present) {
+    for (const auto& curve : presentCurves()) {
         if (curve)
             curve->resetCurve();
     }

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QObject>
 #include <QPixmap>
+#include <QPointer>
 #include <QString>
 
 #include <iosfwd>
@@ -74,6 +75,7 @@ public:
 
     /// Makes a curve of this canvas the current one; null leaves it. Emits `changeCommandLine()` in any case.
     void setCurrentCurve(CurveNodeBase* curve);
+    /// Does so for each curve of that name in turn: of several, which renames can leave, the last stays current.
     void setCurrentCurve(const QString& name);
     /// @}
 
@@ -143,7 +145,7 @@ public:
     /// @{
 
     /// Draws everything into the buffer, rebuilding only what is out of date, and lets the widget show it. A
-    /// widget that is not visible gets nothing.
+    /// widget that is not visible is painted when it is shown.
     void paint();
     /// For the widget's `paintEvent`: shows the buffer, after `paint`ing anew if the event was not caused by
     /// `paint` itself.
@@ -195,6 +197,8 @@ Q_SIGNALS:
 
 private:
     QWidget* widget() const;
+    /// For walks that run foreign code: a curve that goes on the way becomes null.
+    std::vector<QPointer<CurveNodeBase>> presentCurves() const;
 
     void render();
     void fitBuffer();

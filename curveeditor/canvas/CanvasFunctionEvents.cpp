@@ -40,7 +40,6 @@ bool CanvasFunctionBase::mousePress(QMouseEvent* event)
         return false;
 
     ControlSplineNode& control = current->getCanvasSpline()->control;
-    control.dropLostPoints();
     SplineBase::PointInfo* const point = current->getCanvasSpline()->hitTest(pixel);
     if (point && held.has(Qt::ShiftModifier)) {
         control.toggleSelected(point);
@@ -141,11 +140,12 @@ void CanvasFunctionBase::dragSelection(double time, double value, bool scaling)
     } else {
         const double timeOffset = time - lastTime;
         const double valueOffset = value - lastValue;
-        if (scaling)
+        if (scaling) {
             scalePoints(std::pow(scalePerView, timeOffset / (viewport->timeMax - viewport->timeMin)),
                         std::pow(scalePerView, valueOffset / (viewport->valueMax - viewport->valueMin)));
-        else
+        } else {
             panPoints(timeOffset, valueOffset);
+        }
         control.setCurrent(control.selectionList().back());
     }
     current->changed = true;
@@ -207,10 +207,11 @@ void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& 
     if ((timeFactor == 1.0 && valueFactor == 1.0) || !canEditSelection())
         return;
     ControlSplineNode& control = current->getCanvasSpline()->control;
-    if (control.hasMultipleSelection())
+    if (control.hasMultipleSelection()) {
         scalePoints(timeFactor, valueFactor);
-    else
+    } else {
         control.scalePoint(timeFactor, valueFactor);
+    }
     current->changed = true;
     paint();
 }
@@ -220,10 +221,11 @@ void CanvasFunctionBase::panSelection(const double& timeOffset, const double& va
     if ((timeOffset == 0.0 && valueOffset == 0.0) || !canEditSelection())
         return;
     ControlSplineNode& control = current->getCanvasSpline()->control;
-    if (control.hasMultipleSelection())
+    if (control.hasMultipleSelection()) {
         panPoints(timeOffset, valueOffset);
-    else
+    } else {
         control.panPoint(timeOffset, valueOffset);
+    }
     current->changed = true;
     paint();
 }

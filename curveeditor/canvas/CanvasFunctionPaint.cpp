@@ -29,10 +29,10 @@ QSize deviceSize(const QWidget& widget)
 void CanvasFunctionBase::paint()
 {
     QWidget* const canvas = widget();
-    if (!canvas || !canvas->isVisible())
+    bufferFresh_ = canvas && canvas->isVisible();
+    if (!bufferFresh_)
         return;
     render();
-    bufferFresh_ = true;
     canvas->update();
 }
 

@@ -61,9 +61,13 @@ struct CanvasScene
     }
     QImage picture()
     {
+        canvas.paint();
+        return shown();
+    }
+    QImage shown()
+    {
         QImage image(widget.size(), QImage::Format_RGB32);
         QPainter painter(&image);
-        canvas.paint();
         canvas.showBuffer(&painter);
         return image;
     }

@@ -246,6 +246,12 @@ private Q_SLOTS:
         QCOMPARE(shown(120, 80), QColor(Qt::green));
         s.view.extendBand(68, 90);
         QCOMPARE(shown(64, 80), QColor(Qt::green));
+        s.canvas.paint();
+        s.widget.hide();
+        s.canvas.setCanvasColor(Qt::white);
+        s.canvas.paint();
+        s.widget.show();
+        QCOMPARE(s.shown().pixelColor(120, 80), QColor(Qt::white));
     }
 
     void viewThatCannotBeShownIsOnlyErased()

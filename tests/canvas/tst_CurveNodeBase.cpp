@@ -21,6 +21,9 @@ private Q_SLOTS:
             scene.menu.actions()[0]->trigger();
             QCOMPARE(scene.canvas.getCurrentCurveName(), QString("a.x"));
             QVERIFY(!scene.menu.actions()[1]->isChecked() && other.menu.actions()[0]->isChecked());
+            scene.canvas.renameCurve("a.y", "a.x");
+            scene.canvas.setCurrentCurve("a.x");
+            QVERIFY(scene.menu.actions()[1]->isChecked());
             scene.canvas.removeCurve("a.x");
             QCOMPARE(scene.menu.actions().size(), 1);
         }
