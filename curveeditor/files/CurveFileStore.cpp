@@ -25,6 +25,9 @@ bool CurveFileStore::replacesAnotherFile(const QString& chosen)
 
 bool CurveFileStore::replace(const QString& path, const std::string& content)
 {
+    const QFileInfo present(path);
+    if (present.exists() && !present.isFile())
+        return false;
     QSaveFile file(path);
     const qint64 size = qint64(content.size());
     // On a full disk a write may stop short without an error.

@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
 
@@ -95,6 +96,8 @@ void CurveEditor::loadFile()
     if (chosen.isNull())
         return;
     const QString path = CurveFileStore::pathToLoad(chosen);
+    if (!QFileInfo(path).isFile()) // to open a pipe would wait for its writer
+        return;
     std::ifstream in(nativePath(path));
     if (!in.is_open())
         return;
@@ -129,7 +132,7 @@ void CurveEditor::loadImage()
 {
     const QString name = QFileDialog::getOpenFileName(this, QString(), QString(),
                                                       QStringLiteral("*.jpg;;") + tr("All files (*)"));
-    if (name.isNull() || !QFile(name).open(QIODevice::ReadOnly))
+    if (!QFileInfo(name).isFile() || !QFile(name).open(QIODevice::ReadOnly))
         return;
     functionEdit->canvas.loadImage(name);
     paintAll();

@@ -79,9 +79,7 @@ private Q_SLOTS:
         fill(whole.spline);
         const std::string spline = text(whole), before = text(file);
         std::vector<std::string> contents = {"Dear reader",
-                                             std::string("\x7f"
-                                                         "ELF\0\1",
-                                                         6),
+                                             std::string("\177ELF\0\1", 6),
                                              "1\n2.5\n3\n1\nt\n",
                                              "1\n2\n3\n1\n",
                                              "1\n2\n3\n1\n" + std::string((1u << 20) + 1, 't'),

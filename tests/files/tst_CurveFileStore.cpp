@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 class tst_CurveFileStore : public QObject
 {
@@ -31,6 +32,20 @@ private Q_SLOTS:
         QVERIFY(CurveFileStore::replace(chosen, "b"));
         QCOMPARE(CurveFileStore::pathToLoad(chosen), chosen);
         QVERIFY(!CurveFileStore::replace(folder.path(), "x"));
+    }
+
+    void pipeAndLinkStay()
+    {
+        const QTemporaryDir folder;
+        const QString pipe = folder.filePath("pipe"), link = folder.filePath("link");
+        mkfifo(pipe.toLocal8Bit(), 0600);
+        QVERIFY(!CurveFileStore::replace(pipe, "x"));
+        QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
+        QFile::link(folder.filePath("target"), link);
+        for (const char* content : {"made", "old"})
+            QVERIFY(CurveFileStore::replace(link, content));
+        QVERIFY(QFileInfo(link).isSymLink());
+        QCOMPARE(QFile(folder.filePath("target")).size(), 3);
     }
 
     void failedWriteKeepsTheOldFile()
