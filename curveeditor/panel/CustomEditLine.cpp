@@ -59,6 +59,10 @@ CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     connect(this, &QLineEdit::returnPressed, this, &CustomEditLine::checkTextBounds);
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        if (!handlingKey)
+            reportText();
+    });
 }
 
 void CustomEditLine::setBounds(double low, double high)
@@ -76,7 +80,10 @@ double CustomEditLine::clampToBounds(double value) const
 
 void CustomEditLine::setValue(double value)
 {
-    setText(numberText(value, maxLength()));
+    const QString shown = numberText(value, maxLength());
+    const bool isBeingTyped = hasFocus() && isModified() && shown == numberText(boundedNumber(), maxLength());
+    if (!isBeingTyped)
+        setText(shown);
 }
 
 void CustomEditLine::setValue(double value, const char* label)
@@ -100,7 +107,7 @@ QSize CustomEditLine::minimumSizeHint() const
 
 void CustomEditLine::checkTextBounds()
 {
-    setValue(clampToBounds(numberIn(text())));
+    setText(numberText(boundedNumber(), maxLength()));
 }
 
 void CustomEditLine::mousePressEvent(QMouseEvent* event)
@@ -137,8 +144,10 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
 
 void CustomEditLine::keyPressEvent(QKeyEvent* event)
 {
+    handlingKey = true;
     QLineEdit::keyPressEvent(event);
-    Q_EMIT newValueSet(clampToBounds(numberIn(text())), this);
+    handlingKey = false;
+    reportText();
 }
 
 void CustomEditLine::changeEvent(QEvent* event)
@@ -146,4 +155,14 @@ void CustomEditLine::changeEvent(QEvent* event)
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         dragging = false;
+}
+
+double CustomEditLine::boundedNumber() const
+{
+    return clampToBounds(numberIn(text()));
+}
+
+void CustomEditLine::reportText()
+{
+    Q_EMIT newValueSet(boundedNumber(), this);
 }

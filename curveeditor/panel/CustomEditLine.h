@@ -24,15 +24,16 @@ public:
 
     /// Shows `value` with three decimals, without clamping it and without a signal. Decimals that don't fit
     /// the maximum length are cut off; a number whose whole part doesn't fit is shown with an exponent, so
-    /// that no false number ever stands in the line.
+    /// that no false number ever stands in the line. A text that the user is typing stays as typed if it
+    /// stands for the same number: who shows a reported number again does not get in the way.
     void setValue(double value);
 
     /// Shows `value` with three decimals and the label in brackets, "1.000 [Time]". A text that is too long
     /// loses its end.
     void setValue(double value, const char* label);
 
-    /// Wide enough for the longest number that the maximum length lets in; the minimum too, so that no layout cuts one
-    /// off.
+    /// Wide enough for the longest number that the maximum length lets in; the minimum too, so that no layout
+    /// cuts one off.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -41,8 +42,8 @@ public Q_SLOTS:
     void checkTextBounds();
 
 Q_SIGNALS:
-    /// A key was pressed in `sender`, or a drag moved it. `value` lies within the bounds and is not rounded
-    /// to what is on show.
+    /// A key was pressed in `sender`, the user changed its text in another way (pasted, dropped, an input
+    /// method), or a drag moved it. `value` lies within the bounds and is not rounded to what is on show.
     void newValueSet(const double& value, CustomEditLine* sender);
 
 protected:
@@ -53,9 +54,13 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    double boundedNumber() const;
+    void reportText();
+
     int pressGlobalY = 0;
     double pressValue = 0.0;
     bool dragging = false;
     double maxValue = 0.0;
     double minValue = 0.0;
+    bool handlingKey = false;
 };

@@ -83,7 +83,7 @@ QFrame* pageFrame(const char* name, QWidget* parent)
 void addRow(QGridLayout* grid, QWidget* left, QWidget* right)
 {
     const int row = grid->rowCount() - (grid->count() == 0 ? 1 : 0);
-    grid->addWidget(left, row, 0);
+    grid->addWidget(left, row, 0, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(right, row, 1);
 }
 
