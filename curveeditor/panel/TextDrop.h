@@ -3,8 +3,8 @@
 
 #include <QDropEvent>
 
-/// Lets a drag or a drop in or refuses it. It is taken as a copy where its source offers that, whatever was proposed, so
-/// that the source keeps what was dragged.
+/// Lets a drag or a drop in or refuses it. It is taken as a copy where its source offers that, whatever was
+/// proposed, so that the source keeps what was dragged.
 inline void answerDrag(QDropEvent* event, bool wanted)
 {
     if (wanted)

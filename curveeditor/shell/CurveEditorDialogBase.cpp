@@ -34,7 +34,7 @@ void setLabel(QLabel* label, QSizePolicy::Policy horizontal, QSizePolicy::Policy
     label->setAlignment(Qt::AlignVCenter | side);
 }
 
-// No width in pixels, which would cut numbers off: the field itself asks for the room that its longest number needs.
+// No width in pixels, which would cut numbers off: the field itself asks for the room of its longest number.
 CustomEditLine* numericField(const char* name, QWidget* parent)
 {
     auto* field = named<CustomEditLine>(name, parent);

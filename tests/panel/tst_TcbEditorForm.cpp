@@ -81,11 +81,10 @@ private Q_SLOTS:
         QVERIFY(!form->isActive() && !page->posX.isEnabled());
         form->updateForm(canvas.get(), true);
         QVERIFY(form->isActive() && page->posX.isEnabled() && page->next.isEnabled());
-        for (int selected : {2, 1}) { // two points, then one listed point without a current one
+        for (const char* selected : {"two points", "one listed point without a current one"}) {
             canvas->control.toggleSelected(spline->modify(2u));
             form->updateForm(canvas.get(), true);
-            QVERIFY2(!form->isActive() && !page->nodeTypeCombo.isEnabled(),
-                     qPrintable(QString::number(selected)));
+            QVERIFY2(!form->isActive() && !page->nodeTypeCombo.isEnabled(), selected);
         }
         QCOMPARE(page->posY.text(), "10.000");
     }
@@ -174,11 +173,12 @@ private Q_SLOTS:
     void pointThatIsGoneIsNotTouched()
     {
         const std::function<void()> losses[] = {
-            [this] { spline->remove(spline->modify(1u)); }, [this] { spline->reset(); },
-            [this] { canvas->control.selectOnly(nullptr); }, [this] { form->disableFields(); },
-            [this] {
-                canvas.reset();
-            }};
+            [this] { spline->remove(spline->modify(1u)); },
+            [this] { spline->reset(); },
+            [this] { canvas->control.selectOnly(nullptr); },
+            [this] { form->disableFields(); },
+            [this] { canvas.reset(); },
+        };
         for (const std::function<void()>& loseThePoint : losses) {
             init();
             select(1);
@@ -196,10 +196,7 @@ private Q_SLOTS:
     void previewMarksItsMiddleAndFollowsTheParameters()
     {
         page->preview.resize(305, 205);
-        const auto picture = [this] {
-            return page->preview.grab().toImage();
-        };
-        const QImage atRest = picture();
+        const QImage atRest = page->preview.grab().toImage();
         QCOMPARE(atRest.pixelColor(150, 60), QColor(Qt::darkRed));
         QCOMPARE(atRest.pixelColor(10, 188), QColor(Qt::black));
         SplineBase::PointInfo point{50.0, -80.0};
