@@ -75,7 +75,8 @@ public:
 
     /// Makes a curve of this canvas the current one; null leaves it. Emits `changeCommandLine()` in any case.
     void setCurrentCurve(CurveNodeBase* curve);
-    /// Does so for each curve of that name in turn: of several, which renames can leave, the last stays current.
+    /// Does so for each curve of that name in turn: of several, which renames can leave, the last stays
+    /// current.
     void setCurrentCurve(const QString& name);
     /// @}
 

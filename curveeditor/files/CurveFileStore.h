@@ -19,7 +19,7 @@ public:
     static bool replacesAnotherFile(const QString& chosen);
 
     /// Makes `content` the content of the file. It is written beside the file and takes its place when it is
-    /// complete: on any fault the file stays as it was and the result is false. Of a symbolic link the file that
-    /// it points to is replaced, or made. What is there and no file, a pipe or a device, is refused.
+    /// complete: on any fault the file stays as it was and the result is false. Of a symbolic link the file
+    /// that it points to is replaced, or made. A folder, a pipe or a device is refused.
     static bool replace(const QString& path, const std::string& content);
 };

@@ -71,11 +71,6 @@ struct Scene : CanvasScene
         QTimer::singleShot(0, [act] { act(static_cast<ControlMenu&>(*QApplication::activePopupWidget())); });
         press({30, 80}, {}, Qt::RightButton);
     }
-    void parse(const QString& text)
-    {
-        ParseMessage message;
-        canvas.parseExpression(text, message);
-    }
     Scene& select(const QList<unsigned>& points)
     {
         for (const unsigned point : points)
@@ -103,14 +98,9 @@ struct Scene : CanvasScene
     HostCurve spline, formula;
     CurveNodeBase* second;
     CurveNodeBase* first;
+    ParseMessage message;
     int reports = 0;
 };
-
-void createKey(ControlMenu& menu)
-{
-    menu.setActiveAction(menu.actions()[5]);
-    QTest::keyClick(&menu, Qt::Key_Return);
-}
 
 } // namespace
 
@@ -153,7 +143,12 @@ private Q_SLOTS:
             s.select({0}).keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Left});
         });
         row("Delete", "15 r2", [](Scene& s) { s.select({0, 1}).keys({Qt::Key_Delete, Qt::Key_Delete}); });
-        row("menu", "3/-3 5 10 15 r2", [](Scene& s) { s.menu(createKey); });
+        row("menu", "3/-3 5 10 15 r2", [](Scene& s) {
+            s.menu([](ControlMenu& menu) {
+                menu.setActiveAction(menu.actions()[5]);
+                QTest::keyClick(&menu, Qt::Key_Return);
+            });
+        });
         row("change under the open menu", "5 10 15 r1",
             [](Scene& s) { s.menu([&s](ControlMenu& menu) { s.first->emitCurveChanged(), menu.close(); }); });
         row("change under an open box", "5 10 15 r1", [](Scene& s) {
@@ -161,7 +156,7 @@ private Q_SLOTS:
                 s.first->emitCurveChanged();
                 QApplication::activeModalWidget()->close();
             });
-            s.parse("sin(");
+            s.canvas.parseExpression("sin(", s.message);
         });
         row("move after a drag", "[6] 10 15 r1", [](Scene& s) {
             s.drag({50, 50}, {60, 50});
@@ -179,7 +174,7 @@ private Q_SLOTS:
         });
         row("node form", "5 10 15 r1", [](Scene& s) { s.canvas.currentNodeHasChanged(); });
         row("reset", "0/1.5 r1", [](Scene& s) { s.select({0, 1}).canvas.resetAllCurves(); });
-        row("expression", "5 10 15 r1", [](Scene& s) { s.parse("t"); });
+        row("expression", "5 10 15 r1", [](Scene& s) { s.canvas.parseExpression("t", s.message); });
         row("load", "5 10 15 r1", [](Scene& s) {
             std::stringstream file;
             s.canvas.saveCurve(file);
