@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Installs the package below WORK and builds the example hosts against it, as a user of the package would.
+# Installs the package below WORK and builds against it, as its users would: the example hosts, and each header alone.
 # usage: cmake -DBUILD=... -DSOURCE=... -DWORK=... -DBUILD_TYPE=... -DCXX_FLAGS=... -P check_install.cmake
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -9,8 +9,8 @@ function(run)
 endfunction()
 
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix")
-foreach(host IN ITEMS minimal_host evaluate)
-  run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/examples/${host}" -B "${WORK}/${host}"
+foreach(user IN ITEMS examples/minimal_host examples/evaluate tests/install/headers)
+  run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/${user}" -B "${WORK}/${user}"
       "-DCMAKE_PREFIX_PATH=${WORK}/prefix" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}" "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
-  run("${CMAKE_COMMAND}" --build "${WORK}/${host}")
+  run("${CMAKE_COMMAND}" --build "${WORK}/${user}")
 endforeach()
