@@ -152,6 +152,9 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     tabWidget2->setMinimumSize(0, 0);
     setDialogFamily(tabWidget2);
     splitter11->setSizes({listWidth, initialSize.width() - listWidth});
+    // The canvas takes all the room that the list and the pages don't need.
+    splitter11->setStretchFactor(splitter11->indexOf(splitter10), 1);
+    splitter10->setStretchFactor(splitter10->indexOf(functionView), 1);
 }
 
 void CurveEditorDialogBase::buildNodePage()

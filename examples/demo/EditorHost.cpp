@@ -5,7 +5,6 @@
 
 #include <curveeditor/shell/CurveEditor.h>
 
-#include <QSplitter>
 #include <QTreeWidgetItem>
 
 namespace {
@@ -32,7 +31,6 @@ EditorHost::EditorHost(CurveStore& store, QWidget* parent)
     editor_->setFps(framesPerTimeUnit);
     editor_->setShowTime();
     setColors(*editor_);
-    editor_->splitter10->setStretchFactor(0, 1);
     editor_->resize(editorSize);
     for (const auto& curve : store_.getCurves()) {
         editor_->addCurve(curve->group, curve->name, curve->color, curve->defaultValue, &curve->spline,
