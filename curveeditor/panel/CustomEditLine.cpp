@@ -60,7 +60,7 @@ CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit
     setMouseTracking(true);
     connect(this, &QLineEdit::returnPressed, this, &CustomEditLine::checkTextBounds);
     connect(this, &QLineEdit::textEdited, this, [this] {
-        if (!handlingKey)
+        if (!handlingKey_)
             reportText();
     });
 }
@@ -144,9 +144,9 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
 
 void CustomEditLine::keyPressEvent(QKeyEvent* event)
 {
-    handlingKey = true;
+    handlingKey_ = true;
     QLineEdit::keyPressEvent(event);
-    handlingKey = false;
+    handlingKey_ = false;
     reportText();
 }
 

@@ -62,5 +62,5 @@ private:
     bool dragging = false;
     double maxValue = 0.0;
     double minValue = 0.0;
-    bool handlingKey = false;
+    bool handlingKey_ = false;
 };

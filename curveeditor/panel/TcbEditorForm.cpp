@@ -199,10 +199,10 @@ void TcbEditorForm::selectPoint(ControlSplineNode& control, int index)
 
 void TcbEditorForm::setFieldsEnabled(bool enabled)
 {
-    const auto& all = widgets_;
     for (QWidget* widget : std::initializer_list<QWidget*>{
-             all.nextNode, all.prevNode, all.node, all.posX, all.posY, all.tension, all.continuity, all.bias,
-             all.incoming, all.outgoing, all.easeFrom, all.easeTo, all.nodeTypeCombo})
+             widgets_.nextNode, widgets_.prevNode, widgets_.node, widgets_.posX, widgets_.posY,
+             widgets_.tension, widgets_.continuity, widgets_.bias, widgets_.incoming, widgets_.outgoing,
+             widgets_.easeFrom, widgets_.easeTo, widgets_.nodeTypeCombo})
         widget->setDisabled(!enabled);
     formActive = enabled;
 }

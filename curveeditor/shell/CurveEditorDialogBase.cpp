@@ -195,7 +195,11 @@ void CurveEditorDialogBase::buildPositionFrame()
     line1->setFrameShape(QFrame::VLine);
     line1->setFrameShadow(QFrame::Sunken);
     frame11Layout->addWidget(line1);
+    buildBehaviours();
+}
 
+void CurveEditorDialogBase::buildBehaviours()
+{
     layout24 = innerLayout<QVBoxLayout>("layout24", frame11Layout);
     textLabel1_2 = named<QLabel>("textLabel1_2", frame11);
     nodeFirst = behaviourCombo("nodeFirst", frame11);
@@ -323,11 +327,14 @@ void CurveEditorDialogBase::languageChange()
     textLabel1->setText(tr("Time:"));
     textLabel2->setText(tr("Value:"));
     textLabel1_2->setText(tr("Pre-behaviour:"));
+    setHelp(nodeFirst, tr("Curve before the first node"));
     setItems(nodeFirst, {tr("Zero"), tr("Constant")});
     textLabel1_2_2->setText(tr("Post-behaviour:"));
+    setHelp(nodeLast, tr("Curve after the last node"));
     setItems(nodeLast, {tr("Zero"), tr("Constant"), tr("Loop"), tr("Loop offset"), tr("Follow Tangent")});
     textLabel1_2_3_2_2->setText(tr("Ease From:"));
     textLabel1_2_3_2->setText(tr("Ease To:"));
+    setHelp(nodeTypeCombo, tr("Type of the current node"));
     setItems(nodeTypeCombo, {tr("Tcb node"), tr("Bezier node"), tr("Linear node")});
     textTension->setText(tr("Tension:"));
     textContinuity->setText(tr("Continuity:"));

@@ -105,6 +105,7 @@ private:
     void buildMenuAndSplitters();
     void buildNodePage();
     void buildPositionFrame();
+    void buildBehaviours();
     void buildParameterFrame();
     void buildTcbPage();
     void buildTangentPage();

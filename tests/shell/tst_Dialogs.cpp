@@ -30,7 +30,7 @@ private Q_SLOTS:
             dialog.node->setFocus();
             for (QWidget* widget : common + pages[page]) {
                 QVERIFY2(widget->hasFocus(), qPrintable(widget->objectName()));
-                QVERIFY(!widget->accessibleName().isEmpty());
+                QVERIFY(!widget->accessibleName().isEmpty() && !widget->toolTip().isEmpty());
                 QTest::keyClick(widget, Qt::Key_Tab);
             }
         }
