@@ -84,8 +84,8 @@ void CurveEditor::rightButtonPressedEditingItem(QTreeWidgetItem* who, const QPoi
 
 void CurveEditor::slotMenuEditingNodeColor()
 {
-    QTreeWidgetItem* const row = editingMenu->menuItem();
-    setColorToEditingNode(row, QColorDialog::getColor(getColorFromEditingNode(row), this));
+    const QColor color = QColorDialog::getColor(getColorFromEditingNode(editingMenu->menuItem()), this);
+    setColorToEditingNode(editingMenu->menuItem(), color); // the host may have removed the row meanwhile
 }
 
 void CurveEditor::slotMenuEditingNodeRemove()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditor.h>
 
+#include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
@@ -12,6 +13,7 @@
 #include <QTreeWidgetItem>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -79,9 +81,8 @@ void CurveEditor::addNewNode(const QString& nodeName, const QString& curveName, 
                              float defaultValue, SplineBase* spline, FunctionFloatBase** function,
                              float minValue, float maxValue)
 {
-    if (MainNodeStruct* const group = searchMainNode(nodeName))
-        addNewNode(group, fullName(nodeName, curveName), color, defaultValue, spline, function, minValue,
-                   maxValue);
+    addNewNode(searchMainNode(nodeName), fullName(nodeName, curveName), color, defaultValue, spline, function,
+               minValue, maxValue);
 }
 
 void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const QColor& color,
@@ -130,6 +131,8 @@ void CurveEditor::removeNode(const QString& nodeName)
 void CurveEditor::eraseRecord(NodeStruct* record)
 {
     setCurveEditableOff(record);
+    if (editingMenu->menuItem() == record->editingItem)
+        editingMenu->setMenuItem(nullptr);
     nodeList.erase(std::find_if(nodeList.begin(), nodeList.end(),
                                 [record](const auto& other) { return other.get() == record; }));
 }
@@ -206,9 +209,10 @@ CurveEditor::NodeStruct* CurveEditor::searchAllNodeEditingList(const QTreeWidget
 std::vector<CurveEditor::NodeStruct*> CurveEditor::nodesOfGroup(const QString& nodeName) const
 {
     std::vector<NodeStruct*> records;
-    for (const auto& record : nodeList)
+    for (const auto& record : nodeList) {
         if (record->name.startsWith(nodeName + QLatin1Char('.')))
             records.push_back(record.get());
+    }
     return records;
 }
 
