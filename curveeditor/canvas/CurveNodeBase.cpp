@@ -165,7 +165,7 @@ void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)
         changed = false;
         return;
     }
-    if (stale && !getExpression())
+    if (!getExpression())
         return;
     if (stale)
         sampleExpression(*viewport);

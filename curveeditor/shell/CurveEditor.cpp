@@ -60,6 +60,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
     connectEditingList();
     setFocusPolicy(Qt::StrongFocus);
     setShowFrames();
+    setSplineToolsEnabled(false); // until there is a current curve
 }
 
 CurveEditor::~CurveEditor()

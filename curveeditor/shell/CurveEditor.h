@@ -226,7 +226,7 @@ public Q_SLOTS:
     void slotRemoveFromEditing(QTreeWidgetItem* item);
     void emitSignalCurveHasChanged(QString& nodeName, QString& curveName);
 
-    // The expression page; the ids are those in the data of the menus' entries
+    // The expression page; the ids are those in the data of the menus' entries, others have no effect
 
     /// Parses the command line for the current curve.
     void executeCommand();

@@ -22,7 +22,7 @@ QString entryText(const QMenu& menu, int id)
 {
     for (const QAction* const entry : menu.actions()) {
         if (entry->menu()) {
-            const QString text = entryText(*entry->menu(), id);
+            QString text = entryText(*entry->menu(), id);
             if (!text.isEmpty())
                 return text;
         } else if (entry->data().toInt() == id) {
@@ -55,6 +55,8 @@ void CurveEditor::executeCommand()
 void CurveEditor::insertUnaryFunc(int id)
 {
     const QString function = entryText(*unaryMenu, id);
+    if (function.isEmpty())
+        return;
     commandLine->setText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text()));
     executeCommand();
 }
@@ -62,6 +64,8 @@ void CurveEditor::insertUnaryFunc(int id)
 void CurveEditor::insertBinaryFunc(int id)
 {
     const QString sign = entryText(*binaryMenu, id);
+    if (sign.isEmpty())
+        return;
     commandLine->setText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign));
     executeCommand();
 }
@@ -69,19 +73,27 @@ void CurveEditor::insertBinaryFunc(int id)
 void CurveEditor::insertTernaryFunc(int id)
 {
     const QString function = entryText(*ternaryMenu, id);
+    if (function.isEmpty())
+        return;
     commandLine->setText(QStringLiteral(" %1( X, %2, X) ").arg(function, commandLine->text()));
     executeCommand();
 }
 
 void CurveEditor::insertIVarFunc(int id)
 {
-    commandLine->insert(QStringLiteral(" %1 ").arg(entryText(*iVarMenu, id)));
+    const QString variable = entryText(*iVarMenu, id);
+    if (variable.isEmpty())
+        return;
+    commandLine->insert(QStringLiteral(" %1 ").arg(variable));
     executeCommand();
 }
 
 void CurveEditor::insertDVarFunc(int id)
 {
-    commandLine->insert(entryText(*dVarMenu, id));
+    const QString variable = entryText(*dVarMenu, id);
+    if (variable.isEmpty())
+        return;
+    commandLine->insert(variable);
     executeCommand();
 }
 
@@ -121,6 +133,7 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
     } else if (function) {
         delete *function;
         *function = nullptr;
+        paintChangedView();
     }
 }
 

@@ -17,6 +17,7 @@ private Q_SLOTS:
         fixture = std::make_unique<EditorFixture>(QStringList());
         for (const QString& name : names)
             add(name);
+        QVERIFY(!splineToolsEnabled());
         fixture->editor.setEditingNode("A.x");
     }
     void cleanup() { fixture.reset(); }
@@ -41,6 +42,26 @@ private Q_SLOTS:
         fixture->editor.cleanSelecteds();
         enter("t");
         QVERIFY(line().text().isEmpty() && !splineToolsEnabled());
+    }
+
+    void gapReadsAsZero()
+    {
+        enter("log(t)");
+        QTest::mouseMove(&fixture->canvas, fixture->pixel(-0.5, 0.0));
+        const auto* const value = fixture->editor.findChild<QLineEdit*>(QStringLiteral("funcValueEdit"));
+        QCOMPARE(value->text(), "0.000 [Value]");
+    }
+
+    void expressionDeletedWhileHiddenLeavesNoLine()
+    {
+        enter("t");
+        fixture->editor.hide();
+        fixture->editor.deleteExpression("A", "x", &fixture->curves["A.x"].expression);
+        fixture->editor.show();
+        const QImage shown = fixture->canvas.grab().toImage();
+        QVERIFY(fixture->canvas.grab().toImage() == shown);
+        fixture->editor.cleanSelecteds();
+        QVERIFY(fixture->canvas.grab().toImage() == shown);
     }
 
     void menuEntriesBuildTheText_data()
