@@ -19,9 +19,12 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 
 namespace {
+
+using Command = void (CurveEditor::*)();
 
 constexpr int shownDigits = 6;
 
@@ -166,8 +169,10 @@ void CurveEditor::setScaleSelection()
     ScaleDialog dialog(this);
     dialog.scaleX->setText(QStringLiteral("1.0"));
     dialog.scaleY->setText(QStringLiteral("1.0"));
-    if (dialog.exec() == QDialog::Accepted)
-        functionEdit->canvas.scaleSelection(typedNumber(*dialog.scaleX), typedNumber(*dialog.scaleY));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    functionEdit->canvas.scaleSelection(typedNumber(*dialog.scaleX), typedNumber(*dialog.scaleY));
+    functionEdit->showSelection(false);
 }
 
 void CurveEditor::setPanSelection()
@@ -175,8 +180,10 @@ void CurveEditor::setPanSelection()
     PanDialog dialog(this);
     dialog.panX->setText(QStringLiteral("0.0"));
     dialog.panY->setText(QStringLiteral("0.0"));
-    if (dialog.exec() == QDialog::Accepted)
-        functionEdit->canvas.panSelection(typedNumber(*dialog.panX), typedNumber(*dialog.panY));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    functionEdit->canvas.panSelection(typedNumber(*dialog.panX), typedNumber(*dialog.panY));
+    functionEdit->showSelection(false);
 }
 
 void CurveEditor::resetViewport()
@@ -239,7 +246,7 @@ void CurveEditor::setFuncPosInfo(const double& valueX, const double& valueY, con
 {
     funcTimeEdit->setValue(shownTime(valueX), isModeFrames() ? "Frame" : "Time");
     funcCursorEdit->setValue(valueY, "Cursor");
-    funcValueEdit->setValue(val, "Value");
+    funcValueEdit->setValue(std::isnan(val) ? 0.0 : val, "Value");
 }
 
 void CurveEditor::setFirstNodeZero()
@@ -286,24 +293,18 @@ void CurveEditor::setLastNodeFollowTangent()
 
 void CurveEditor::changeNodeFirstType(int index)
 {
-    if (index == SplineBase::Zero)
-        setFirstNodeZero();
-    else if (index == SplineBase::Constant)
-        setFirstNodeConstant();
+    constexpr Command commands[] = {&CurveEditor::setFirstNodeZero, &CurveEditor::setFirstNodeConstant};
+    if (index >= 0 && index < int(std::size(commands)))
+        (this->*commands[index])();
 }
 
 void CurveEditor::changeNodeLastType(int index)
 {
-    if (index == SplineBase::Zero)
-        setLastNodeZero();
-    else if (index == SplineBase::Constant)
-        setLastNodeConstant();
-    else if (index == SplineBase::Loop)
-        setLastNodeLoop();
-    else if (index == SplineBase::LoopOffset)
-        setLastNodeLoopOffset();
-    else if (index == SplineBase::FollowTangent)
-        setLastNodeFollowTangent();
+    constexpr Command commands[] = {&CurveEditor::setLastNodeZero, &CurveEditor::setLastNodeConstant,
+                                    &CurveEditor::setLastNodeLoop, &CurveEditor::setLastNodeLoopOffset,
+                                    &CurveEditor::setLastNodeFollowTangent};
+    if (index >= 0 && index < int(std::size(commands)))
+        (this->*commands[index])();
 }
 
 void CurveEditor::showFirstType(int type)

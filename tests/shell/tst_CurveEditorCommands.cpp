@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
+#include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
 #include <QFileDialog>
@@ -31,6 +32,21 @@ private Q_SLOTS:
         press("Alt+C");
         QVERIFY(fixture->editor.isModeTime());
         QCOMPARE(fixture->canvas.timeMax, 5.0);
+    }
+
+    void pannedPointShowsInTheField()
+    {
+        fixture->clickPoint();
+        fixture->changes.clear();
+        whenOpen<PanDialog>([](PanDialog& dialog) {
+            dialog.panX->setText("1");
+            dialog.panY->setText("x");
+            dialog.accept();
+        });
+        fixture->editor.setPanSelection();
+        QCOMPARE(fixture->editor.posX->text(), "60.000");
+        QCOMPARE(fixture->curves["cam.lens"].spline.getLast()->pos, 1.0);
+        QVERIFY(fixture->changes.isEmpty());
     }
 
     void behaviourShowsInMenuAndComboBox()
