@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QTest>
 #include <QTimer>
@@ -62,6 +63,18 @@ private Q_SLOTS:
                 }
             }
         }
+    }
+
+    void canvasTakesTheRoomOfALargerDialog()
+    {
+        CurveEditorDialogBase dialog;
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const int listWidth = dialog.splitter11->sizes()[0];
+        const int pageHeight = dialog.splitter10->sizes()[1];
+        dialog.resize(1600, 1200);
+        QCOMPARE(dialog.splitter11->sizes()[0], listWidth);
+        QCOMPARE(dialog.splitter10->sizes()[1], pageHeight);
     }
 
     void numberDialogReturnsWhatTheUserChose()
