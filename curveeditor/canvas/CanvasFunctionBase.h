@@ -183,6 +183,8 @@ public:
     void mouseRelease(QMouseEvent* event);
     /// To be called while a button or a modifier key is held.
     void mouseMove(QMouseEvent* event);
+    /// Delete removes the selected points. The right and left arrows go to the next and previous point; where nothing
+    /// is selected, the right one begins at the first point and the left one at the last.
     void keyPress(QKeyEvent* event);
     /// @}
 
@@ -217,6 +219,7 @@ private:
     bool pressOnEmptyCanvas(const QMouseEvent& event);
     void openPointMenu(const QMouseEvent& event);
     void dragSelection(double time, double value, bool scaling);
+    void stepSelection(bool forward);
     void endGesture();
 
     bool canEditSelection() const;

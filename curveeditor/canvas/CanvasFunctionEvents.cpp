@@ -186,13 +186,26 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event)
     if (event->key() == Qt::Key_Delete) {
         control.deleteSelectedNodes();
         reportEdit();
-    } else if (event->key() == Qt::Key_Right && control.hasSingleSelection()) {
-        if (auto* const next = control.getSpline()->getNext(control.getCurrent()->time))
-            control.selectOnly(next);
-    } else if (event->key() == Qt::Key_Left && control.hasSingleSelection()) {
-        if (auto* const previous = control.getSpline()->getPrev(control.getCurrent()->time))
-            control.selectOnly(previous);
+    } else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
+        stepSelection(event->key() == Qt::Key_Right);
     }
+}
+
+void CanvasFunctionBase::stepSelection(bool forward)
+{
+    ControlSplineNode& control = current->getCanvasSpline()->control;
+    SplineBase* const spline = control.getSpline();
+    if (!spline)
+        return;
+    SplineBase::PointInfo* point = nullptr;
+    if (control.hasSingleSelection()) {
+        const double time = control.getCurrent()->time;
+        point = forward ? spline->getNext(time) : spline->getPrev(time);
+    } else if (!control.hasSelection() && current->getKind() == 0) {
+        point = spline->modify(forward ? 0U : spline->getControlPointsNumber() - 1);
+    }
+    if (point)
+        control.selectOnly(point);
 }
 
 void CanvasFunctionBase::createNodeAtCursor(CurveNodeBase* curve)

@@ -142,6 +142,11 @@ private Q_SLOTS:
         row("arrows", "5 [10] 15 r0", [](Scene& s) {
             s.select({0}).keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Left});
         });
+        row("right arrow begins", "[5] 10 15 r0", [](Scene& s) { s.keys({Qt::Key_Right}); });
+        row("left arrow begins", "5 10 [15] r0", [](Scene& s) { s.keys({Qt::Key_Left}); });
+        row("arrow, two selected", "(5) (10) 15 r0", [](Scene& s) {
+            s.select({0, 1}).keys({Qt::Key_Right});
+        });
         row("Delete", "15 r2", [](Scene& s) { s.select({0, 1}).keys({Qt::Key_Delete, Qt::Key_Delete}); });
         row("menu", "3/-3 5 10 15 r2", [](Scene& s) {
             s.menu([](ControlMenu& menu) {
