@@ -46,8 +46,8 @@ class SplineBase;
 /// delete the dialog first, then the curves. The editor changes splines in place and never deletes one. The
 /// object in an expression variable is shared: the editor deletes and replaces it when the user enters,
 /// deletes or resets an expression, and the host deletes what is left in the end. The dialog itself belongs
-/// to its parent, or to whoever made it. It may be deleted outside of its own events, and by `deleteLater` also
-/// from a slot of its signals, but not while a menu, a message box or a dialog of its is open.
+/// to its parent, or to whoever made it. It may be deleted outside of its own events, and by `deleteLater`
+/// also from a slot of its signals, but not while a menu, a message box or a dialog of its is open.
 ///
 /// **Order of calls.** Construct and connect; set colours, frames per second, ranges and font; `addCurve`;
 /// `setDefaultSelected`; show. While the dialog lives: `setTimeLine` when the host's clock moves,
@@ -288,10 +288,10 @@ protected Q_SLOTS:
 Q_SIGNALS:
     /// The dialog got a close event. It closes without a question and saves nothing.
     void closed();
-    /// The user has edited a curve on the canvas, or selected points of it; so it may come more often than the
-    /// curve changes. When the slot runs, spline and variable hold the change. The slot may call every
-    /// operation here, and remove the curve too. The names are the parts of the full name before its first and
-    /// behind its last dot.
+    /// The user has edited a curve on the canvas, or selected points of it; so it may come more often than
+    /// the curve changes. When the slot runs, spline and variable hold the change. The slot may call every
+    /// operation here, and remove the curve too. The names are the parts of the full name before its first
+    /// and behind its last dot.
     void curveHasChanged(QString& nodeName, QString& curveName);
 
 protected:
