@@ -148,8 +148,8 @@ public:
     /// null afterwards.
     void deleteExpression(const QString& nodeName, const QString& curveName, FunctionFloatBase** function);
     /// Writes the table of all curves on the canvas: a banner, then one row for each whole time within the
-    /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes nothing
-    /// and returns false if the range is too long for a table.
+    /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes
+    /// nothing and returns false if the range is too long for a table.
     bool exportSensorData(QTextStream& out) const;
 
     // Time, frames, font
