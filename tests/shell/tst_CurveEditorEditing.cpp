@@ -45,11 +45,12 @@ private Q_SLOTS:
         enum Choice { Accepted, Cancelled, Removed };
         for (const Choice choice : {Accepted, Cancelled, Removed}) {
             whenOpen<QMenu>([choice](QMenu& menu) {
-                if (choice != Removed)
+                if (choice != Removed) {
                     whenOpen<QColorDialog>([choice](QColorDialog& dialog) {
                         dialog.setCurrentColor(choice == Accepted ? Qt::red : Qt::blue);
                         choice == Accepted ? dialog.accept() : dialog.reject();
                     });
+                }
                 QAction* const entry = menu.actions()[choice == Removed ? 0 : 1];
                 QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(entry).center());
             });
