@@ -36,6 +36,7 @@ private Q_SLOTS:
             QTest::keyClick(&fixture->list, Qt::Key_Delete);
             QCOMPARE(fixture->current(), nowCurrent);
         }
+        QCOMPARE(fixture->list.topLevelItemCount(), 0);
         QCOMPARE(fixture->curves["cam.lens"].spline.getControlPointsNumber(), 2U);
         QVERIFY(fixture->changes.isEmpty());
     }
