@@ -293,16 +293,17 @@ void CurveEditor::setLastNodeFollowTangent()
 
 void CurveEditor::changeNodeFirstType(int index)
 {
-    constexpr Command commands[] = {&CurveEditor::setFirstNodeZero, &CurveEditor::setFirstNodeConstant};
+    static constexpr Command commands[] = {&CurveEditor::setFirstNodeZero,
+                                           &CurveEditor::setFirstNodeConstant};
     if (index >= 0 && index < int(std::size(commands)))
         (this->*commands[index])();
 }
 
 void CurveEditor::changeNodeLastType(int index)
 {
-    constexpr Command commands[] = {&CurveEditor::setLastNodeZero, &CurveEditor::setLastNodeConstant,
-                                    &CurveEditor::setLastNodeLoop, &CurveEditor::setLastNodeLoopOffset,
-                                    &CurveEditor::setLastNodeFollowTangent};
+    static constexpr Command commands[] = {&CurveEditor::setLastNodeZero, &CurveEditor::setLastNodeConstant,
+                                           &CurveEditor::setLastNodeLoop, &CurveEditor::setLastNodeLoopOffset,
+                                           &CurveEditor::setLastNodeFollowTangent};
     if (index >= 0 && index < int(std::size(commands)))
         (this->*commands[index])();
 }

@@ -4,8 +4,6 @@
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 
-#include <QElapsedTimer>
-
 class tst_CurveEditorExpression : public QObject
 {
     Q_OBJECT
@@ -129,6 +127,7 @@ private Q_SLOTS:
 
     void denseGraphOfThousandCurvesEnds()
     {
+        // A walk that visits a curve once for each path to it would not end before the test's limit.
         const auto name = [](int i) {
             return QStringLiteral("n.%1").arg(i, 4, 10, QLatin1Char('0'));
         };
@@ -137,12 +136,9 @@ private Q_SLOTS:
         for (int i = 0; i < 997; ++i)
             setExpression(name(i), name(i + 1) + "+" + name(i + 2) + "+" + name(i + 3));
         QString with;
-        QElapsedTimer timer;
-        timer.start();
         QVERIFY(!fixture->editor.checkDependencies(name(0), name(0), with));
         setExpression(name(999), name(0));
         QVERIFY(fixture->editor.checkDependencies(name(0), name(0), with));
-        QVERIFY(timer.elapsed() < 2000);
     }
 
 private:
