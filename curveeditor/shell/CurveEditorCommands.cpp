@@ -19,12 +19,9 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 
 namespace {
-
-using Command = void (CurveEditor::*)();
 
 constexpr int shownDigits = 6;
 
@@ -293,19 +290,32 @@ void CurveEditor::setLastNodeFollowTangent()
 
 void CurveEditor::changeNodeFirstType(int index)
 {
-    static constexpr Command commands[] = {&CurveEditor::setFirstNodeZero,
-                                           &CurveEditor::setFirstNodeConstant};
-    if (index >= 0 && index < int(std::size(commands)))
-        (this->*commands[index])();
+    switch (index) {
+    case SplineBase::Zero:
+        return setFirstNodeZero();
+    case SplineBase::Constant:
+        return setFirstNodeConstant();
+    default:
+        return;
+    }
 }
 
 void CurveEditor::changeNodeLastType(int index)
 {
-    static constexpr Command commands[] = {&CurveEditor::setLastNodeZero, &CurveEditor::setLastNodeConstant,
-                                           &CurveEditor::setLastNodeLoop, &CurveEditor::setLastNodeLoopOffset,
-                                           &CurveEditor::setLastNodeFollowTangent};
-    if (index >= 0 && index < int(std::size(commands)))
-        (this->*commands[index])();
+    switch (index) {
+    case SplineBase::Zero:
+        return setLastNodeZero();
+    case SplineBase::Constant:
+        return setLastNodeConstant();
+    case SplineBase::Loop:
+        return setLastNodeLoop();
+    case SplineBase::LoopOffset:
+        return setLastNodeLoopOffset();
+    case SplineBase::FollowTangent:
+        return setLastNodeFollowTangent();
+    default:
+        return;
+    }
 }
 
 void CurveEditor::showFirstType(int type)
