@@ -97,6 +97,7 @@ void ExpressionEditLine::dropEvent(QDropEvent* event)
         setText(withInserted(text(), cursorPosition(), dropped));
     }
     setFocus();
+    activateWindow(); // the drag may have come from another window, which would get the next key
 }
 
 void ExpressionEditLine::showErrorColors()

@@ -341,6 +341,7 @@ private:
     void setCurveEditableOff(NodeStruct* record);
     void showSelectedRow(NodeStruct& record);
 
+    void parseBuiltText();
     void setSplineToolsEnabled(bool enabled);
     void showFirstType(int type);
     void showLastType(int type);

@@ -103,8 +103,9 @@ void CurveEditor::loadFile()
         return;
     const bool isCurve = canvas.loadCurve(in);
     in.close();
-    refreshCommandLine();
-    if (!isCurve)
+    if (isCurve)
+        refreshCommandLine();
+    else
         QMessageBox::warning(nullptr, tr("Load curve"), tr("%1 holds no curve that can be read.").arg(path));
 }
 
@@ -120,8 +121,8 @@ void CurveEditor::saveFile()
     const QString path = CurveFileStore::pathToSave(chosen);
     if (CurveFileStore::replacesAnotherFile(chosen) &&
         QMessageBox::question(this, tr("Save curve"),
-                              tr("%1 already exists.\nDo you want to replace it?").arg(path)) !=
-            QMessageBox::Yes)
+                              tr("%1 already exists.\nDo you want to replace it?").arg(path),
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;
     std::ostringstream content;
     if (!canvas.saveCurve(content) || !CurveFileStore::replace(path, content.str()))

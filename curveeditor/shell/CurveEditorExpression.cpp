@@ -52,13 +52,19 @@ void CurveEditor::executeCommand()
         setExpression();
 }
 
+void CurveEditor::parseBuiltText()
+{
+    commandLine->setFocus();
+    executeCommand();
+}
+
 void CurveEditor::insertUnaryFunc(int id)
 {
     const QString function = entryText(*unaryMenu, id);
     if (function.isEmpty())
         return;
     commandLine->setText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text()));
-    executeCommand();
+    parseBuiltText();
 }
 
 void CurveEditor::insertBinaryFunc(int id)
@@ -67,7 +73,7 @@ void CurveEditor::insertBinaryFunc(int id)
     if (sign.isEmpty())
         return;
     commandLine->setText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign));
-    executeCommand();
+    parseBuiltText();
 }
 
 void CurveEditor::insertTernaryFunc(int id)
@@ -76,7 +82,7 @@ void CurveEditor::insertTernaryFunc(int id)
     if (function.isEmpty())
         return;
     commandLine->setText(QStringLiteral(" %1( X, %2, X) ").arg(function, commandLine->text()));
-    executeCommand();
+    parseBuiltText();
 }
 
 void CurveEditor::insertIVarFunc(int id)
@@ -85,7 +91,7 @@ void CurveEditor::insertIVarFunc(int id)
     if (variable.isEmpty())
         return;
     commandLine->insert(QStringLiteral(" %1 ").arg(variable));
-    executeCommand();
+    parseBuiltText();
 }
 
 void CurveEditor::insertDVarFunc(int id)
@@ -94,7 +100,7 @@ void CurveEditor::insertDVarFunc(int id)
     if (variable.isEmpty())
         return;
     commandLine->insert(variable);
-    executeCommand();
+    parseBuiltText();
 }
 
 void CurveEditor::setExpression()

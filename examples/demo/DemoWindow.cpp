@@ -96,7 +96,7 @@ void DemoWindow::createWidgets()
 void DemoWindow::createMenus()
 {
     QMenu* fileMenu = menuBar()->addMenu(tr("&File"));
-    fileMenu->addAction(tr("&Export table…"), QKeySequence(Qt::CTRL | Qt::Key_E), this,
+    fileMenu->addAction(tr("&Export table…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
                         &DemoWindow::exportTable);
     fileMenu->addSeparator();
     fileMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);

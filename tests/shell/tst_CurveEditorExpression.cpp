@@ -84,6 +84,21 @@ private Q_SLOTS:
         QCOMPARE(fixture->changes.size(), isIncomplete ? 0 : 1);
     }
 
+    void placeholderIsReplacedByTheNextChoice()
+    {
+        QString warning;
+        fixture->editor.tabWidget2->setCurrentIndex(1);
+        line().setText("t");
+        line().setFocus();
+        choose("Binary functions", [&] { closeBox(warning); });
+        QCOMPARE(warning, "Variable X not found");
+        QCOMPARE(line().selectedText(), "X");
+        QCOMPARE(fixture->editor.focusWidget(), &line());
+        choose("I vars", [] {});
+        QCOMPARE(line().text(), "t<f");
+        QCOMPARE(fixture->editor.focusWidget(), &line());
+    }
+
     void cycleIsToldAndMendedByAnotherVariable()
     {
         add("\u00c4rger.X y");
@@ -160,6 +175,16 @@ private:
     {
         line().setText(text);
         QTest::keyClick(&line(), Qt::Key_Return);
+    }
+    /// Clicks the menu button and takes its last entry; `before` prepares for what the choice opens.
+    void choose(const QString& button, const std::function<void()>& before)
+    {
+        whenOpen<QMenu>([&](QMenu& menu) {
+            before();
+            menu.setActiveAction(menu.actions().last());
+            QTest::keyClick(&menu, Qt::Key_Return);
+        });
+        QTest::mouseClick(fixture->editor.findChild<QToolButton*>(button), Qt::LeftButton);
     }
     bool splineToolsEnabled() const { return fixture->menu("Options")->actions()[9]->isEnabled(); }
 
