@@ -70,7 +70,7 @@ void Transport::setRange(double first, double last)
     field_->setDecimals(decimalsFor(last - first));
     field_->setRange(first, last);
     field_->setSingleStep((last - first) / fieldSteps);
-    setTime(time_);
+    setTime(time_ > last ? first : time_);
     showTime();
 }
 
