@@ -183,8 +183,8 @@ public:
     void mouseRelease(QMouseEvent* event);
     /// To be called while a button or a modifier key is held.
     void mouseMove(QMouseEvent* event);
-    /// Delete removes the selected points. The right and left arrows go to the next and previous point; where nothing
-    /// is selected, the right one begins at the first point and the left one at the last.
+    /// Delete removes the selected points. The right and left arrows go to the next and previous point; where
+    /// nothing is selected, the right one begins at the first point and the left one at the last.
     void keyPress(QKeyEvent* event);
     /// @}
 

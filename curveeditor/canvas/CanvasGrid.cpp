@@ -45,8 +45,8 @@ double powerOfTen(int exponent)
     return exponent < 0 ? 1.0 / power : power;
 }
 
-/// A few halvings do. Where the ends are too close for a double to tell the lines between them apart, the step
-/// comes to nothing or the count goes beyond all bounds, and there is no line.
+/// A few halvings do. Where the ends are too close for a double to tell the lines between them apart, the
+/// step comes to nothing or the count goes beyond all bounds, and there is no line.
 Axis axisBetween(double lower, double upper)
 {
     Axis axis;

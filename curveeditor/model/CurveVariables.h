@@ -32,9 +32,9 @@ public:
     CurveVariables();
     ~CurveVariables() override;
 
-    /// Makes a curve known under `name`: group, ".", curve name. It is stored as the lower variable name, with
-    /// ASCII letters in lower case and "_" for each blank. Hand the name over as it is: letters beyond ASCII
-    /// are matched exactly, so a name that was put in lower case by other means may not be found.
+    /// Makes a curve known under `name`: group, ".", curve name. It is stored as the lower variable name,
+    /// with ASCII letters in lower case and "_" for each blank. Hand the name over as it is: letters beyond
+    /// ASCII are matched exactly, so a name that was put in lower case by other means may not be found.
     ///
     /// A curve that has this name already is replaced; an empty name is passed over. `spline` and
     /// `expression`, the host's holder, may be null.

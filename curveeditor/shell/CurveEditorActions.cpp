@@ -200,7 +200,8 @@ void CurveEditor::createExpressionTool()
     ternaryMenu = createExpressionMenu(tr("Ternary functions"), {"if"}, &CurveEditor::insertTernaryFunc);
     iVarMenu = createExpressionMenu(tr("I vars"), {"t", "f"}, &CurveEditor::insertIVarFunc);
     dVarMenu = createExpressionMenu(tr("D vars"), {}, &CurveEditor::insertDVarFunc);
-    // A click on a menu button would else pass the focus to the dialog, and the line would drop its selection.
+    // A click on a menu button would else pass the focus to the dialog, and the line would drop its
+    // selection.
     expressionTool->setFocusProxy(commandLine);
 
     funcTimeEdit = createReadOut("funcTimeEdit");

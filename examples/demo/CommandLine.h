@@ -11,8 +11,8 @@ class CommandLine
     Q_DECLARE_TR_FUNCTIONS(CommandLine)
 
 public:
-    /// Reads the arguments of the application. Prints help, version or a fault, and ends the process, where they ask
-    /// for that.
+    /// Reads the arguments of the application. Prints help, version or a fault, and ends the process, where
+    /// they ask for that.
     explicit CommandLine(const QCoreApplication& application);
 
     /// Whether these arguments ask for files alone, so that no display is needed.

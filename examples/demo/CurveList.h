@@ -3,8 +3,8 @@
 
 #include <QTreeWidget>
 
-/// The host's own list of its curves: a row for each group, below it a row for each curve. A row is dragged as the
-/// full name of its curve, the text that the editor's list and its command line take.
+/// The host's own list of its curves: a row for each group, below it a row for each curve. A row is dragged
+/// as the full name of its curve, the text that the editor's list and its command line take.
 class CurveList : public QTreeWidget
 {
     Q_OBJECT

@@ -38,8 +38,8 @@ struct Curve
     FunctionFloatBase* expression = nullptr; ///< the holder that an editor fills and empties
 };
 
-/// All curves of the host. It owns them, and offers each to the expressions of the others as a variable. An editor
-/// must be gone, or have been told to remove a curve, before the curve goes.
+/// All curves of the host. It owns them, and offers each to the expressions of the others as a variable. An
+/// editor must be gone, or have been told to remove a curve, before the curve goes.
 class CurveStore
 {
 public:
@@ -52,7 +52,8 @@ public:
     /// Adds a curve; null if its full name is taken.
     Curve* add(const QString& group, const QString& name);
 
-    /// Makes the curve the formula that `text` holds. Returns false, and leaves the curve alone, if `text` has a fault.
+    /// Makes the curve the formula that `text` holds. Returns false, and leaves the curve alone, if `text`
+    /// has a fault.
     bool setExpression(Curve& curve, const std::string& text);
 
     /// Returns false, and changes nothing, if the new full name is taken or `newName` is empty.
@@ -66,8 +67,8 @@ public:
     /// The curve of that name, null if there is none.
     Curve* find(const QString& group, const QString& name) const;
 
-    /// The curve that an editor reports by these names: the parts of its full name before the first and behind the
-    /// last dot.
+    /// The curve that an editor reports by these names: the parts of its full name before the first and
+    /// behind the last dot.
     Curve* findReported(const QString& group, const QString& name) const;
 
 private:

@@ -11,8 +11,8 @@ class QPlainTextEdit;
 class Transport;
 struct Curve;
 
-/// The window of the host: the list of all its curves, a transport that moves the time line of the editor, and a log
-/// of what the editor reports. The store must outlive it.
+/// The window of the host: the list of all its curves, a transport that moves the time line of the editor,
+/// and a log of what the editor reports. The store must outlive it.
 class DemoWindow : public QMainWindow
 {
     Q_OBJECT

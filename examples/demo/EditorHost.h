@@ -11,8 +11,8 @@ class CurveEditor;
 class CurveStore;
 struct Curve;
 
-/// Keeps one editor and the curves of a store in step: registers them all, opens, renames and removes them. It owns
-/// the editor, unless a parent widget has deleted that before; the store must outlive both.
+/// Keeps one editor and the curves of a store in step: registers them all, opens, renames and removes them.
+/// It owns the editor, unless a parent widget has deleted that before; the store must outlive both.
 class EditorHost : public QObject
 {
     Q_OBJECT

@@ -5,8 +5,8 @@
 
 class CurveEditor;
 
-/// Write what an editor shows into a file. An old file of that name is replaced when the new one is complete. Each
-/// returns an empty text, or the reason why nothing was written.
+/// Write what an editor shows into a file. An old file of that name is replaced when the new one is complete.
+/// Each returns an empty text, or the reason why nothing was written.
 namespace Output {
 
 /// The dialog as a PNG picture. An editor that is not visible is drawn without appearing on a screen.

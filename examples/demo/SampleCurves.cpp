@@ -143,8 +143,9 @@ std::vector<SampleSpline> characterCurves()
     };
 }
 
-// The colour matching functions are the multi-lobe fit of Wyman, Sloan and Shirley, "Simple Analytic Approximations to
-// the CIE XYZ Color Matching Functions", JCGT 2(2), 2013: sums of Gaussians with one width on each side.
+// The colour matching functions are the multi-lobe fit of Wyman, Sloan and Shirley, "Simple Analytic
+// Approximations to the CIE XYZ Color Matching Functions", JCGT 2(2), 2013: sums of Gaussians with one width
+// on each side.
 const SampleExpression sampleExpressions[] = {
     {"Light", "flicker", 0xffff8a65, {0.0F, 12.0F}, sceneRange, "5.8+0.2*sin(f/3)*sin(f/7.3)+0.1*sin(f/1.9)"},
     {"Light",

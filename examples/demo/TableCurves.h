@@ -4,6 +4,6 @@
 class CurveStore;
 struct Table;
 
-/// Adds a curve for each column of the table, with one control point a row and straight lines between them. All have
-/// the range that the table fills, so that none is out of view.
+/// Adds a curve for each column of the table, with one control point a row and straight lines between them.
+/// All have the range that the table fills, so that none is out of view.
 void addTableCurves(CurveStore& store, const Table& table);

@@ -16,11 +16,11 @@ class QIODevice;
 
 /// Reads a text table of UTF-8: the first column is time, each other column a curve.
 ///
-/// Columns stand apart by commas; in a line without commas by tabs or blanks. One separator may end a line. Empty
-/// lines and lines that begin with "#" are comments. A first line whose first field is no number names the columns,
-/// as "group.curve" or plain; names may be quoted and, where commas or tabs stand between them, hold blanks. Numbers
-/// are written as in C, whatever the locale. Times may come in any order. The head of a sensor table is passed over,
-/// so that what the editor exports can be read here.
+/// Columns stand apart by commas; in a line without commas by tabs or blanks. One separator may end a line.
+/// Empty lines and lines that begin with "#" are comments. A first line whose first field is no number names
+/// the columns, as "group.curve" or plain; names may be quoted and, where commas or tabs stand between them,
+/// hold blanks. Numbers are written as in C, whatever the locale. Times may come in any order. The head of a
+/// sensor table is passed over, so that what the editor exports can be read here.
 ///
 /// A table is whole or refused: the first fault ends the reading.
 class TableReader

@@ -9,8 +9,8 @@ class QDoubleSpinBox;
 class QSlider;
 class QToolButton;
 
-/// The host's clock: a button that plays, a slider and a field for the present time. Playing crosses the range in
-/// ten seconds, over and over.
+/// The host's clock: a button that plays, a slider and a field for the present time. Playing crosses the
+/// range in ten seconds, over and over.
 class Transport : public QWidget
 {
     Q_OBJECT
@@ -18,8 +18,8 @@ class Transport : public QWidget
 public:
     explicit Transport(QWidget* parent = nullptr);
 
-    /// The range of time, in time units, `last` not before `first`. A present time outside of it moves to its nearer
-    /// end.
+    /// The range of time, in time units, `last` not before `first`. A present time outside of it moves to its
+    /// nearer end.
     void setRange(double first, double last);
 
     /// The present time, in time units.

@@ -34,7 +34,8 @@ bool report(const QString& reason)
     return reason.isEmpty();
 }
 
-// The curves of the table, or the samples if there is no name. Returns an empty text, or why there is no table.
+// The curves of the table, or the samples if there is no name. Returns an empty text, or why there is no
+// table.
 QString fillStore(CurveStore& store, const QString& fileName)
 {
     if (fileName.isEmpty()) {

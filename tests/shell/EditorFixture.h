@@ -74,8 +74,8 @@ struct EditorFixture
     EditingList& list = *editor.checkListsEditing;
 };
 
-/// Runs `work` on the dialog or menu of that class that opens its own loop next; if another one opens, or none,
-/// the test program ends.
+/// Runs `work` on the dialog or menu of that class that opens its own loop next; if another one opens, or
+/// none, the test program ends.
 template <typename Widget, typename Work> void whenOpen(Work work)
 {
     QTimer::singleShot(0, qApp, [work] {
