@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/SplineBase.h>
 
+#include <curveeditor/model/SplineState.h>
+
 #include <algorithm>
+#include <atomic>
 #include <charconv>
 #include <cmath>
 #include <iomanip>
@@ -10,6 +13,7 @@
 #include <ostream>
 #include <string>
 #include <system_error>
+#include <unordered_map>
 
 namespace {
 
@@ -190,7 +194,7 @@ private:
 
 SplineBase::SplineBase()
 {
-    insert(0, PointInfo());
+    insertNew(0, PointInfo());
 }
 
 SplineBase::~SplineBase()
@@ -231,6 +235,21 @@ std::int32_t SplineBase::findIndex(const PointInfo* point) const
     return place == controlPoints.end() ? -1 : std::int32_t(place - controlPoints.begin());
 }
 
+std::int32_t SplineBase::findIndex(std::uint32_t serial, double near) const
+{
+    const auto holdsSerial = [serial](const PointInfo* point) {
+        return point->serial == serial;
+    };
+    const auto begin = controlPoints.begin();
+    const auto [first, last] = std::equal_range(times_.begin(), times_.end(), near);
+    const auto end = begin + (last - times_.begin());
+    const auto place = std::find_if(begin + (first - times_.begin()), end, holdsSerial);
+    if (place != end)
+        return std::int32_t(place - begin);
+    const auto other = std::find_if(begin, controlPoints.end(), holdsSerial);
+    return other == controlPoints.end() ? -1 : std::int32_t(other - begin);
+}
+
 std::vector<PointInfo*>::const_iterator SplineBase::find(const PointInfo* point) const
 {
     return std::find(controlPoints.begin(), controlPoints.end(), point);
@@ -260,7 +279,7 @@ void SplineBase::addPoint(const double& time, const double& value)
         point.type = controlPoints[std::clamp<std::size_t>(index, 1, controlPoints.size() - 1)]->type;
     if (endsSegment(index) && point.type == Bezier)
         point.tanLeft = point.tanRight = Segment(*this, index).slopeWithoutEase(time).quotient();
-    insert(index, point);
+    insertNew(index, point);
 }
 
 void SplineBase::remove(const PointInfo* point)
@@ -276,7 +295,7 @@ void SplineBase::remove(const PointInfo* point)
 void SplineBase::reset()
 {
     clear();
-    insert(0, PointInfo());
+    insertNew(0, PointInfo());
 }
 
 void SplineBase::setTime(PointInfo* point, const double& time)
@@ -306,6 +325,55 @@ void SplineBase::setTanRight(PointInfo* point, const double& value)
 {
     if (point && std::isfinite(value))
         point->tanRight = value;
+}
+
+SplineState SplineBase::state() const
+{
+    SplineState state;
+    state.points.reserve(controlPoints.size());
+    for (const PointInfo* point : controlPoints)
+        state.points.push_back(*point);
+    state.firstType = firstType;
+    state.lastType = lastType;
+    state.defaultValue = defaultValue;
+    return state;
+}
+
+bool SplineBase::assign(const SplineState& state)
+{
+    if (!state.isWhole())
+        return false;
+    // Mostly each point is where it was; only the others have to be looked for.
+    std::unordered_map<std::uint32_t, PointInfo*> moved;
+    for (std::size_t i = 0; i < controlPoints.size(); ++i) {
+        const bool stays = i < state.points.size() && state.points[i].serial == controlPoints[i]->serial;
+        if (!stays && !moved.emplace(controlPoints[i]->serial, controlPoints[i]).second)
+            delete controlPoints[i];
+    }
+    std::vector<PointInfo*> points;
+    points.reserve(state.points.size());
+    for (std::size_t i = 0; i < state.points.size(); ++i) {
+        const PointInfo& point = state.points[i];
+        const bool stays = i < controlPoints.size() && point.serial == controlPoints[i]->serial;
+        const auto found = stays ? moved.end() : moved.find(point.serial);
+        PointInfo* place = stays ? controlPoints[i] : nullptr;
+        if (found != moved.end()) {
+            place = found->second;
+            moved.erase(found);
+        }
+        points.push_back(place ? place : new PointInfo);
+        *points.back() = point;
+    }
+    for (const auto& [serial, point] : moved)
+        delete point;
+    controlPoints.swap(points);
+    times_.resize(controlPoints.size());
+    std::transform(controlPoints.begin(), controlPoints.end(), times_.begin(),
+                   [](const PointInfo* point) { return point->time; });
+    firstType = state.firstType;
+    lastType = state.lastType;
+    defaultValue = state.defaultValue;
+    return true;
 }
 
 double SplineBase::getTangentLeftAtNode(const unsigned& index, double& length) const
@@ -406,8 +474,10 @@ double SplineBase::valueOutside(double time) const
     return value + std::min(rounds, greatest) * (last - first);
 }
 
-void SplineBase::insert(std::size_t index, const PointInfo& point)
+void SplineBase::insertNew(std::size_t index, PointInfo point)
 {
+    static std::atomic<std::uint32_t> lastSerial = 0;
+    point.serial = ++lastSerial;
     const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
     controlPoints.insert(controlPoints.begin() + place, new PointInfo(point));
@@ -432,7 +502,7 @@ bool SplineBase::readText(std::istream& in)
         PointInfo point;
         if (!readPoint(in, word, point) || (!times_.empty() && point.time < times_.back()))
             return false;
-        insert(times_.size(), point);
+        insertNew(times_.size(), point);
     }
     return word == closingWord && !times_.empty();
 }

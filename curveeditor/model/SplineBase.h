@@ -8,6 +8,8 @@
 #include <iosfwd>
 #include <vector>
 
+struct SplineState;
+
 /// A scalar function of time that a user shapes by control points.
 ///
 /// The points are ordered by time. The `type` of a point governs the segment that ends at it, so the type of
@@ -62,6 +64,9 @@ public:
         double easeTo = 0.0;     ///< slows the arrival down, -1 ... 1
         double easeFrom = 0.0;   ///< slows the departure down, -1 ... 1
         std::int32_t type = Tcb; ///< a `NodeType`; any other number acts as `Linear`
+        /// Who the point is: given by the spline when the point is made, never given twice in a process, and
+        /// kept for as long as the point lives, in its saved states too. 0 is no point. To be read only.
+        std::uint32_t serial = 0;
     };
 
     /// @name Construction
@@ -113,6 +118,11 @@ public:
     /// addresses only.
     std::vector<PointInfo*>::const_iterator find(const PointInfo* point) const;
 
+    /// The index of the point with that serial, -1 if this spline does not hold it. Where the point stands at
+    /// the time `near`, as it does when that is the time it was seen at last, this takes a binary search;
+    /// elsewhere all points are looked at.
+    std::int32_t findIndex(std::uint32_t serial, double near) const;
+
     /// The first point later than `time`, null if there is none.
     PointInfo* getNext(const double& time);
 
@@ -143,6 +153,17 @@ public:
     void setPos(PointInfo* point, const double& value);
     void setTanLeft(PointInfo* point, const double& value);
     void setTanRight(PointInfo* point, const double& value);
+    /// @}
+
+    /// @name State
+    /// The whole content as a value; see `SplineState`.
+    /// @{
+    SplineState state() const;
+
+    /// Makes `state` the content. A point whose serial is there before and after keeps its address; the others
+    /// are made, with the serial of the state, or freed. Takes linear time. A state without points, whose times
+    /// descend, or with a time or value that is not finite changes nothing and gives false.
+    bool assign(const SplineState& state);
     /// @}
 
     /// @name Tangents as shown
@@ -217,7 +238,7 @@ private:
     bool endsSegment(std::size_t index) const { return index > 0 && index < controlPoints.size(); }
     std::size_t indexOf(const PointInfo* point) const;
     double valueOutside(double time) const;
-    void insert(std::size_t index, const PointInfo& point);
+    void insertNew(std::size_t index, PointInfo point);
     void clear();
     bool readText(std::istream& in);
 

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/CurveState.h>
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+/// A span of time, ends included; an end may be infinite. Empty unless `first` <= `last`.
+struct TimeInterval
+{
+    double first = std::numeric_limits<double>::infinity();
+    double last = -std::numeric_limits<double>::infinity();
+
+    static TimeInterval everything() { return {-TimeInterval().first, TimeInterval().first}; }
+    bool isEmpty() const { return !(first <= last); }
+    /// Grows to cover `other` too, and what lies between both.
+    void unite(const TimeInterval& other);
+};
+
+/// The times at which the value of `spline` depends on its point `index`: one segment to both sides, two where
+/// a `Tcb` segment follows, whose slope at its near end depends on the point too; without end where the
+/// behaviours of the spline do. Empty for an index out of range.
+CURVEEDITOR_EXPORT TimeInterval influenceOf(const SplineBase& spline, std::size_t index);
+
+/// What leads from one state of a curve to another: a value that holds only what differs, so that it can be
+/// kept for thousands of edits.
+class CURVEEDITOR_EXPORT CurveDiff
+{
+public:
+    /// Nothing differs.
+    CurveDiff() = default;
+
+    /// Takes linear time, and no more memory than the points that differ.
+    static CurveDiff between(const CurveState& before, const CurveState& after);
+    /// The same where the spline after is a living one, which saves its copy.
+    static CurveDiff between(const CurveState& before, const SplineBase& spline, CurveKind kind,
+                             const std::string& formula);
+
+    bool isEmpty() const;
+
+    /// Makes the state before the state after, or the other way about. Returns false, and changes nothing, if
+    /// what differs is not in `state` as it was left. Takes linear time.
+    bool apply(CurveState& state) const;
+    bool revert(CurveState& state) const;
+
+    /// The times at which the value of the curve may differ: around each point that differs, at its old and
+    /// its new place. Everything if kind or formula differ; nothing if only the default value does.
+    const TimeInterval& touched() const { return touched_; }
+
+    /// The serials of the points that differ and are there before, or after, in the order of time.
+    std::vector<std::uint32_t> pointsBefore() const;
+    std::vector<std::uint32_t> pointsAfter() const;
+
+    /// For logs and tests: "- 1: 5 2 Bezier", a point that was there before, its index in front; "+ 1: 6 2
+    /// Bezier", one that is there after; "last 1 -> 2"; "kind 0 -> 1"; `formula "" -> "t"`. A line each.
+    std::string toString() const;
+
+private:
+    class Points;
+    struct Entry
+    {
+        std::size_t index;
+        SplineBase::PointInfo info;
+    };
+    template <typename Value> struct Change
+    {
+        Value before{};
+        Value after{};
+    };
+
+    static CurveDiff compare(const Points& before, const Points& after);
+    void comparePoints(const Points& before, const Points& after);
+    void noteTouched(const Points& before, const Points& after);
+    static TimeInterval influence(const Points& points, std::size_t index);
+    void noteFormula(const std::string& before, const std::string& after);
+    CurveDiff inverse() const;
+    bool replacePoints(std::vector<SplineBase::PointInfo>& points) const;
+    friend TimeInterval influenceOf(const SplineBase& spline, std::size_t index);
+
+    std::vector<Entry> removed_;  ///< ascending indices in the points before
+    std::vector<Entry> inserted_; ///< ascending indices in the points after
+    Change<std::int32_t> firstType_, lastType_;
+    Change<double> defaultValue_;
+    Change<CurveKind> kind_;
+    Change<std::string> formula_;
+    TimeInterval touched_;
+};

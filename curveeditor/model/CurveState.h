@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/SplineState.h>
+
+#include <string>
+
+/// Which of its two contents a curve shows.
+enum class CurveKind { Spline, Expression };
+
+/// The whole content of a curve as a value: its spline, its formula, and which of both it shows.
+struct CurveState
+{
+    SplineState spline;
+    CurveKind kind = CurveKind::Spline;
+    std::string formula; ///< UTF-8, as the user entered it; empty for a curve without a formula
+
+    bool operator==(const CurveState& other) const
+    {
+        return kind == other.kind && formula == other.formula && spline == other.spline;
+    }
+    bool operator!=(const CurveState& other) const { return !(*this == other); }
+};

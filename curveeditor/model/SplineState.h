@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/SplineBase.h>
+
+#include <cstdint>
+#include <vector>
+
+/// The whole content of a spline as a value: to be kept, compared, and given back with `SplineBase::assign`.
+///
+/// Two states are equal if every bit of them is, the serials of the points included; so a point that was
+/// removed and another that was made in its place are told apart, and -0.0 differs from 0.0.
+struct CURVEEDITOR_EXPORT SplineState
+{
+    std::vector<SplineBase::PointInfo> points; ///< ascending in time
+    std::int32_t firstType = SplineBase::Constant;
+    std::int32_t lastType = SplineBase::Constant;
+    double defaultValue = 0.0;
+
+    bool operator==(const SplineState& other) const;
+    bool operator!=(const SplineState& other) const { return !(*this == other); }
+
+    /// What a spline can be: at least one point, times that ascend, times and values that are finite.
+    bool isWhole() const;
+
+    /// Equal for equal states, and for others equal by a chance of 1 in 2^64 only.
+    std::uint64_t fingerprint() const;
+};
+
+/// Whether every bit of two points is the same.
+CURVEEDITOR_EXPORT bool isSamePoint(const SplineBase::PointInfo& left, const SplineBase::PointInfo& right);
+
+/// `SplineState::fingerprint` of a spline's state, without a copy of it.
+CURVEEDITOR_EXPORT std::uint64_t fingerprintOf(const SplineBase& spline);
