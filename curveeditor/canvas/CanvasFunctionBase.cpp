@@ -6,7 +6,7 @@
 #include <curveeditor/canvas/CanvasGrid.h>
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
-#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/files/SensorTable.h>

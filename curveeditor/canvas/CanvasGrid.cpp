@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasGrid.h>
 
-#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QPainter>

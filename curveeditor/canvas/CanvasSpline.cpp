@@ -2,7 +2,7 @@
 #include <curveeditor/canvas/CanvasSpline.h>
 
 #include <curveeditor/canvas/LineWithGaps.h>
-#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QPainter>

@@ -6,7 +6,7 @@
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/ControlMenu.h>
 #include <curveeditor/canvas/DependencyCheck.h>
-#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/EvaluationTime.h>

@@ -2,7 +2,7 @@
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <curveeditor/canvas/MouseState.h>
-#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/edit/Truncate.h>
 
 #include <QMouseEvent>
 

@@ -195,9 +195,14 @@ void CurveDiff::noteTouched(const Points& before, const Points& after)
 
 bool CurveDiff::isEmpty() const
 {
-    return removed_.empty() && inserted_.empty() && firstType_.before == firstType_.after &&
-           lastType_.before == lastType_.after && kind_.before == kind_.after &&
-           hasSameBits(defaultValue_.before, defaultValue_.after) && formula_.before == formula_.after;
+    return removed_.empty() && inserted_.empty() && concernsPointsOnly();
+}
+
+bool CurveDiff::concernsPointsOnly() const
+{
+    return firstType_.before == firstType_.after && lastType_.before == lastType_.after &&
+           kind_.before == kind_.after && hasSameBits(defaultValue_.before, defaultValue_.after) &&
+           formula_.before == formula_.after;
 }
 
 bool CurveDiff::apply(CurveState& state) const

@@ -41,6 +41,11 @@ public:
 
     bool isEmpty() const;
 
+    /// Whether formula, kind, behaviours and default value are the same.
+    bool concernsPointsOnly() const;
+    CurveKind kindBefore() const { return kind_.before; }
+    CurveKind kindAfter() const { return kind_.after; }
+
     /// Makes the state before the state after, or the other way about. Returns false, and changes nothing, if
     /// what differs is not in `state` as it was left. Takes linear time.
     bool apply(CurveState& state) const;

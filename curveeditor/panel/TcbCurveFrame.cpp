@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/TcbCurveFrame.h>
 
-#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/edit/Truncate.h>
 
 #include <QPainter>
 #include <QPalette>

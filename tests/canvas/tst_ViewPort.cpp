@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/MouseState.h>
-#include <curveeditor/canvas/Truncate.h>
+#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QMouseEvent>

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/edit/CurveEdit.h>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace {
+
+std::uint64_t fingerprintOf(const CurveState& state)
+{
+    return state.spline.fingerprint() ^ std::hash<std::string>()(state.formula);
+}
+
+} // namespace
+
+CurveEdit::CurveEdit(QObject* parent) : QObject(parent)
+{
+    connect(&history_, &EditHistory::aboutToStep, this, &CurveEdit::interrupt);
+}
+
+CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves, const std::vector<PointSerial>& own)
+{
+    commit();
+    isOpen_ = true;
+    text_ = text;
+    own_ = {own.begin(), own.end()};
+    before_.clear();
+    for (const auto& curve : curves)
+        before_.push_back({curve, curve->state()});
+    return ++id_;
+}
+
+void CurveEdit::preview(const TimeInterval& touched)
+{
+    if (isOpen_ && !touched.isEmpty() && !before_.empty())
+        Q_EMIT history_.reported({before_.front().curve,
+                                  touched,
+                                  EditReport::Phase::Preview,
+                                  EditReport::Cause::Edit,
+                                  {own_.begin(), own_.end()}});
+}
+
+void CurveEdit::checkpoint()
+{
+    if (!isOpen_)
+        return;
+    const std::vector<EditHistory::Part> parts = changes();
+    keepEntry(parts);
+    report(parts, EditReport::Phase::Preview, EditReport::Cause::Edit);
+}
+
+bool CurveEdit::commit()
+{
+    if (!std::exchange(isOpen_, false))
+        return false;
+    const std::vector<EditHistory::Part> parts = changes();
+    keepEntry(parts);
+    entry_ = nullptr;
+    report(parts, EditReport::Phase::Commit, EditReport::Cause::Edit);
+    return !parts.empty();
+}
+
+void CurveEdit::cancel()
+{
+    if (!std::exchange(isOpen_, false))
+        return;
+    const std::vector<EditHistory::Part> parts = changes();
+    for (const Before& before : before_) {
+        if (before.curve->spline())
+            before.curve->restore(baseline(before));
+    }
+    keepEntry({});
+    entry_ = nullptr;
+    report(parts, EditReport::Phase::Commit, EditReport::Cause::Cancel);
+}
+
+bool CurveEdit::isOpen(Id id) const
+{
+    return isOpen_ && id == id_ && (!entry_ || history_.isOnTop(entry_));
+}
+
+std::vector<EditHistory::Part> CurveEdit::changes() const
+{
+    std::vector<EditHistory::Part> parts;
+    for (const Before& before : before_) {
+        const EditedCurve& curve = *before.curve;
+        if (!curve.spline())
+            continue;
+        const auto diffFrom = [&curve](const CurveState& state) {
+            return CurveDiff::between(state, *curve.spline(), curve.kind(), curve.formula());
+        };
+        CurveDiff diff = diffFrom(before.state);
+        const bool isOwn = isOwnAlone(diff);
+        const CurveState rest = isOwn ? CurveState() : withOwnPointsBack(before);
+        if (!isOwn)
+            diff = diffFrom(rest);
+        if (!diff.isEmpty())
+            parts.push_back(
+                {before.curve, diff, fingerprintOf(isOwn ? before.state : rest), curve.fingerprint()});
+    }
+    return parts;
+}
+
+bool CurveEdit::isOwnAlone(const CurveDiff& diff) const
+{
+    if (own_.empty())
+        return true;
+    const std::vector<PointSerial> points = diff.pointsBefore();
+    const std::vector<PointSerial> pointsAfter = diff.pointsAfter();
+    const std::unordered_set<PointSerial> after(pointsAfter.begin(), pointsAfter.end());
+    return diff.concernsPointsOnly() && points.size() == after.size() &&
+           std::all_of(points.begin(), points.end(),
+                       [&](PointSerial point) { return own_.count(point) > 0 && after.count(point) > 0; });
+}
+
+CurveState CurveEdit::baseline(const Before& before) const
+{
+    const EditedCurve& curve = *before.curve;
+    const CurveDiff diff = CurveDiff::between(before.state, *curve.spline(), curve.kind(), curve.formula());
+    return isOwnAlone(diff) ? before.state : withOwnPointsBack(before);
+}
+
+CurveState CurveEdit::withOwnPointsBack(const Before& before) const
+{
+    using PointInfo = SplineBase::PointInfo;
+    CurveState state = before.curve->state();
+    std::vector<PointInfo>& points = state.spline.points;
+    std::unordered_set<PointSerial> present;
+    for (const PointInfo& point : points) {
+        if (own_.count(point.serial) > 0)
+            present.insert(point.serial);
+    }
+    std::erase_if(points, [&](const PointInfo& point) { return present.count(point.serial) > 0; });
+    for (const PointInfo& point : before.state.spline.points) {
+        if (present.count(point.serial) > 0)
+            points.push_back(point);
+    }
+    std::stable_sort(points.begin(), points.end(),
+                     [](const PointInfo& left, const PointInfo& right) { return left.time < right.time; });
+    return state;
+}
+
+// An entry that is not on top any more stays as it was at the last checkpoint; no later edit is lost by that, as
+// its writer begins a new one then.
+void CurveEdit::keepEntry(const std::vector<EditHistory::Part>& parts)
+{
+    if (entry_)
+        history_.amend(entry_, parts);
+    else if (!parts.empty())
+        entry_ = history_.push(text_, parts);
+    if (parts.empty())
+        entry_ = nullptr;
+}
+
+void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,
+                       EditReport::Cause cause)
+{
+    const QPointer<CurveEdit> guard(this);
+    for (const EditHistory::Part& part : parts) {
+        if (guard)
+            Q_EMIT history_.reported(
+                {part.curve, part.diff.touched(), phase, cause, part.diff.pointsAfter()});
+    }
+}
+
+void CurveEdit::interrupt()
+{
+    if (entry_)
+        commit();
+    else
+        cancel();
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/EditHistory.h>
+
+#include <QString>
+
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+/// The one door through which hands change curves.
+///
+///     door.begin(tr("Delete points"), {curve});
+///     SplineEdits::removePoints(*curve->spline(), points);
+///     door.commit();
+///
+/// `begin` notes the state of the curves; whatever is written until `commit` is one value then, one entry of the
+/// undo stack, and one report. An edit that changed nothing leaves neither. One edit is open at a time.
+///
+/// An edit that runs while foreign code may run, such as a drag, names the points that are its own: what the
+/// host changes beside them in the meantime is neither part of the edit nor taken back with it.
+class CurveEdit : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Curves = std::vector<std::shared_ptr<EditedCurve>>;
+    using Id = std::uint64_t;
+
+    explicit CurveEdit(QObject* parent = nullptr);
+
+    EditHistory& history() { return history_; }
+
+    /// Opens an edit, after committing the one that is open. `text` says to the user what it does. Linear in the
+    /// points of the curves, as are all the others here but `preview`.
+    Id begin(const QString& text, const Curves& curves, const std::vector<PointSerial>& own = {});
+    bool isOpen() const { return isOpen_; }
+    /// Whether it is that edit which is open, and may go on.
+    bool isOpen(Id id) const;
+
+    /// Reports a step of the open edit.
+    void preview(const TimeInterval& touched);
+    /// Makes what is done so far an entry, which grows with the edit, and reports it as a step: for an edit that
+    /// lasts longer than a host may wait with a step back, as typing does.
+    void checkpoint();
+    /// Ends the edit. Returns whether it changed anything.
+    bool commit();
+    /// Takes the edit back and ends it.
+    void cancel();
+
+private:
+    struct Before
+    {
+        std::shared_ptr<EditedCurve> curve;
+        CurveState state;
+    };
+
+    std::vector<EditHistory::Part> changes() const;
+    /// Whether nothing but the edit's own points differ.
+    bool isOwnAlone(const CurveDiff& diff) const;
+    /// What the curve would be now without the edit.
+    CurveState baseline(const Before& before) const;
+    CurveState withOwnPointsBack(const Before& before) const;
+    void keepEntry(const std::vector<EditHistory::Part>& parts);
+    void report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,
+                EditReport::Cause cause);
+    void interrupt();
+
+    EditHistory history_;
+    Id id_ = 0;
+    bool isOpen_ = false;
+    QString text_;
+    std::vector<Before> before_;
+    std::unordered_set<PointSerial> own_;
+    EditCommand* entry_ = nullptr; ///< of the open edit; the stack's, which may have deleted it
+};

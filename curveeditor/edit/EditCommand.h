@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/EditHistory.h>
+
+#include <QUndoCommand>
+
+/// One entry of the undo stack: what an edit did to one or several curves. The stack owns it.
+class EditCommand : public QUndoCommand
+{
+public:
+    EditCommand(EditHistory& history, const QString& text, std::vector<EditHistory::Part> parts);
+    ~EditCommand() override;
+
+    void setParts(std::vector<EditHistory::Part> parts) { parts_ = std::move(parts); }
+    /// The curve's parts do nothing from now on.
+    void drop(const EditedCurve& curve);
+    /// Nothing is left to do: the step of the stack only removes the entry.
+    bool isDead() const;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void step(EditReport::Cause cause);
+    void stepPart(EditHistory::Part& part, EditReport::Cause cause);
+
+    QPointer<EditHistory> history_;
+    std::vector<EditHistory::Part> parts_;
+    bool isDoneAlready_ = true; ///< pushing an entry calls `redo` once
+};

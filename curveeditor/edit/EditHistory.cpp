@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/edit/EditHistory.h>
+
+#include <curveeditor/edit/EditCommand.h>
+
+#include <QUndoStack>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// More would only be kept for nobody; a host that wants another number sets it on an empty stack.
+constexpr int usualLimit = 1000;
+
+bool isDeadEntry(const QUndoStack& stack, int index)
+{
+    const auto* const entry = dynamic_cast<const EditCommand*>(stack.command(index));
+    return entry && entry->isDead();
+}
+
+} // namespace
+
+EditHistory::EditHistory(QObject* parent) : QObject(parent), ownStack_(std::make_unique<QUndoStack>())
+{
+    ownStack_->setUndoLimit(usualLimit);
+    connectStack(ownStack_.get());
+}
+
+EditHistory::~EditHistory()
+{
+    stack()->disconnect(this);
+    ownStack_->clear();
+    for (EditCommand* const entry : entries_)
+        entry->setParts({});
+    removeDeadEntries();
+}
+
+std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase* spline,
+                                                FunctionFloatBase** variable)
+{
+    const auto found = std::find_if(curves_.begin(), curves_.end(), [&](const auto& curve) {
+        return curve->name == name && curve->spline() == spline && curve->variable() == variable;
+    });
+    if (found != curves_.end())
+        return *found;
+    curves_.push_back(std::make_shared<EditedCurve>(name, spline, variable));
+    return curves_.back();
+}
+
+void EditHistory::rename(const QString& oldName, const QString& newName)
+{
+    for (const auto& curve : curves_) {
+        if (curve->name == oldName)
+            curve->name = newName;
+    }
+}
+
+void EditHistory::forget(const QString& name)
+{
+    const auto kept = std::stable_partition(curves_.begin(), curves_.end(),
+                                            [&](const auto& curve) { return curve->name != name; });
+    const std::vector<std::shared_ptr<EditedCurve>> gone(kept, curves_.end());
+    curves_.erase(kept, curves_.end());
+    for (const auto& curve : gone) {
+        curve->letGo();
+        drop(*curve);
+    }
+    removeDeadEntries();
+}
+
+QUndoStack* EditHistory::stack() const
+{
+    return hostStack_ ? hostStack_.data() : ownStack_.get();
+}
+
+void EditHistory::setStack(QUndoStack* newStack)
+{
+    if (newStack == stack())
+        return;
+    hostStack_ = newStack == ownStack_.get() ? nullptr : newStack;
+    ownStack_->clear();
+    if (hostStack_) {
+        connectStack(hostStack_);
+        connect(hostStack_, &QObject::destroyed, this, &EditHistory::stackChanged, Qt::UniqueConnection);
+    }
+    Q_EMIT stackChanged();
+}
+
+void EditHistory::connectStack(QUndoStack* stack)
+{
+    for (const auto signal : {&QUndoStack::undoTextChanged, &QUndoStack::redoTextChanged})
+        connect(stack, signal, this, &EditHistory::stackChanged, Qt::UniqueConnection);
+    for (const auto signal : {&QUndoStack::canUndoChanged, &QUndoStack::canRedoChanged})
+        connect(stack, signal, this, &EditHistory::stackChanged, Qt::UniqueConnection);
+    connect(stack, &QUndoStack::indexChanged, this, &EditHistory::finishStep, Qt::UniqueConnection);
+}
+
+void EditHistory::undo()
+{
+    Q_EMIT aboutToStep();
+    stack()->undo();
+}
+
+void EditHistory::redo()
+{
+    Q_EMIT aboutToStep();
+    stack()->redo();
+}
+
+EditCommand* EditHistory::push(const QString& text, std::vector<Part> parts)
+{
+    auto* const entry = new EditCommand(*this, text, std::move(parts));
+    stack()->push(entry);
+    return entry;
+}
+
+bool EditHistory::isOnTop(EditCommand* entry) const
+{
+    const QUndoStack& present = *stack();
+    const int index = present.index();
+    return entries_.count(entry) > 0 && index > 0 && index == present.count() &&
+           present.command(index - 1) == entry;
+}
+
+void EditHistory::amend(EditCommand* entry, std::vector<Part> parts)
+{
+    if (!isOnTop(entry))
+        return;
+    entry->setParts(std::move(parts));
+    removeDeadEntries();
+}
+
+void EditHistory::drop(const EditedCurve& curve)
+{
+    for (EditCommand* const entry : entries_)
+        entry->drop(curve);
+}
+
+void EditHistory::finishStep()
+{
+    removeDeadEntries();
+    const std::vector<EditReport> reports = std::exchange(pending_, {});
+    const auto lost = std::exchange(lostFormulas_, {});
+    const QPointer<EditHistory> guard(this);
+    for (const EditReport& report : reports) {
+        if (guard)
+            Q_EMIT reported(report);
+    }
+    for (const auto& [curve, formula] : lost) {
+        if (guard)
+            Q_EMIT formulaLost(curve, formula);
+    }
+}
+
+// The stack removes entries only while it steps over them, so those that lie next are stepped over at once and
+// no text of theirs is offered to the user.
+void EditHistory::removeDeadEntries()
+{
+    if (std::exchange(isRemoving_, true))
+        return;
+    QUndoStack& present = *stack();
+    for (int count = -1;
+         present.index() > 0 && present.count() != count && isDeadEntry(present, present.index() - 1);) {
+        count = present.count();
+        present.undo();
+    }
+    for (int count = -1;
+         present.canRedo() && present.count() != count && isDeadEntry(present, present.index());) {
+        count = present.count();
+        present.redo();
+    }
+    isRemoving_ = false;
+}

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/EditedCurve.h>
+#include <curveeditor/edit/Selection.h>
+#include <curveeditor/model/CurveDiff.h>
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+class EditCommand;
+class QUndoStack;
+
+/// What one edit did to one curve, as it is told.
+struct EditReport
+{
+    enum class Phase { Preview, Commit };
+    enum class Cause { Edit, Undo, Redo, Cancel };
+
+    std::shared_ptr<EditedCurve> curve;
+    TimeInterval touched; ///< the times at which the curve's value may have changed
+    Phase phase = Phase::Commit;
+    Cause cause = Cause::Edit;
+    std::vector<PointSerial> points; ///< those that changed and are there now
+};
+
+/// The curves of one editor, and the entries of an undo stack that lead back to what they were.
+///
+/// The stack is the editor's own unless a host gives one, which stays the host's; several editors and the host
+/// may put their entries on one stack. An entry acts only on a curve that is in the state that the entry left:
+/// where the host has changed it since, all entries of that curve are dropped, and nothing is overwritten.
+/// Entries do nothing any more once this object is gone.
+class EditHistory : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What an entry holds for one curve.
+    struct Part
+    {
+        std::shared_ptr<EditedCurve> curve;
+        CurveDiff diff;
+        std::uint64_t before = 0; ///< fingerprint of the curve before the edit
+        std::uint64_t after = 0;  ///< and after it
+        bool isDead = false;      ///< dropped, to be passed over
+    };
+
+    explicit EditHistory(QObject* parent = nullptr);
+    ~EditHistory() override;
+
+    /// The curve of that name, spline and variable; a new one at the first time.
+    std::shared_ptr<EditedCurve> curve(const QString& name, SplineBase* spline, FunctionFloatBase** variable);
+    void rename(const QString& oldName, const QString& newName);
+    /// The host takes the curve of that name away, and its entries go.
+    void forget(const QString& name);
+
+    /// Never null. A stack that is deleted, or null given to `setStack`, brings the own one back.
+    QUndoStack* stack() const;
+    void setStack(QUndoStack* stack);
+
+    /// Step back and forth, passing over entries that do nothing any more.
+    void undo();
+    void redo();
+
+    /// Puts an entry on the stack for what is done already.
+    EditCommand* push(const QString& text, std::vector<Part> parts);
+    /// Whether it is that entry which the stack would take back next; it may be gone.
+    bool isOnTop(EditCommand* entry) const;
+    /// Gives an entry that is on top other parts, or without any takes it off the stack.
+    void amend(EditCommand* entry, std::vector<Part> parts);
+
+Q_SIGNALS:
+    /// An entry is about to change curves: whoever has an edit under way ends it now.
+    void aboutToStep();
+    void reported(const EditReport& report);
+    /// A formula that came back with an entry can't be parsed; its curve stays as it is.
+    void formulaLost(const QString& curve, const QString& formula);
+    /// `stack` gives another one now, or its texts have changed.
+    void stackChanged();
+
+private:
+    friend class EditCommand;
+
+    void drop(const EditedCurve& curve);
+    void connectStack(QUndoStack* stack);
+    void finishStep();
+    void removeDeadEntries();
+
+    std::unique_ptr<QUndoStack> ownStack_;
+    QPointer<QUndoStack> hostStack_;
+    std::vector<std::shared_ptr<EditedCurve>> curves_;
+    std::unordered_set<EditCommand*> entries_; ///< on whatever stack they are
+    std::vector<EditReport> pending_;          ///< told when the stack has done its step
+    std::vector<std::pair<QString, QString>> lostFormulas_;
+    bool isRemoving_ = false;
+};

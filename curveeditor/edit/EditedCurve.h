@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/CurveState.h>
+#include <curveeditor/model/FunctionFloatBase.h>
+
+#include <QString>
+
+#include <memory>
+
+/// One curve as hands edit it: the host's spline, the host's variable for an expression, and which of the two
+/// shows. It outlives the curve's stay on the canvas, so that edits can be taken back later.
+///
+/// Spline and variable are the host's and must live until `letGo`. The object in the variable is replaced and
+/// deleted here. Who writes does so between `CurveEdit::begin` and `commit`.
+class EditedCurve
+{
+public:
+    /// A filled variable makes it an expression curve. Both pointers may be null.
+    EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable);
+
+    QString name; ///< the full name: group, ".", curve
+
+    SplineBase* spline() const { return spline_; }
+    FunctionFloatBase** variable() const { return variable_; }
+    /// What the variable holds; null if it is empty.
+    FunctionFloatBase* expression() const { return variable_ ? *variable_ : nullptr; }
+    /// What was entered for the expression, or what it gives as its text where the host has set it.
+    std::string formula() const;
+    CurveKind kind() const { return kind_; }
+    CurveState state() const;
+    /// Whether `state` is what the curve holds now, the kind aside.
+    std::uint64_t fingerprint() const;
+
+    void setKind(CurveKind kind) { kind_ = kind; }
+    /// Deletes what the variable holds and puts `expression` there; `text` is what it was parsed from.
+    void setExpression(std::unique_ptr<FunctionFloatBase> expression, const std::string& text);
+    /// Back to a spline of one point at time 0.0; the expression is deleted. The behaviours stay.
+    void reset(double value);
+    /// Takes the whole state. Returns false, and changes nothing, if its formula can't be parsed any more.
+    bool restore(const CurveState& state);
+
+    /// The host takes the curve away: nothing here reaches spline and variable any more.
+    void letGo();
+
+private:
+    SplineBase* spline_;
+    FunctionFloatBase** variable_;
+    CurveKind kind_;
+    std::string entered_;       ///< the text of the expression that was set last ...
+    std::string enteredResult_; ///< ... and what that expression gives as its text
+};

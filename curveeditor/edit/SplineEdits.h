@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/Selection.h>
+#include <curveeditor/model/CurveDiff.h>
+
+#include <vector>
+
+/// What hands do to the points of a spline. Points that the spline does not hold are passed over; numbers that
+/// are not finite are not stored. Times are in time units, values in value units.
+namespace SplineEdits {
+
+/// What a drag at a single point moves.
+enum class Part { Point, BothTangents, LeftTangent, RightTangent };
+
+/// A field of a point that the node page shows.
+enum class Field { Time, Value, Tension, Continuity, Bias, TangentLeft, TangentRight, EaseFrom, EaseTo };
+
+double read(const SplineBase::PointInfo& point, Field field);
+void write(SplineBase& spline, PointSerial point, Field field, double number);
+
+void addPoint(SplineBase& spline, double time, double value);
+/// The last point that is left in the spline stays.
+void removePoints(SplineBase& spline, const std::vector<PointSerial>& points);
+
+/// Gives the points a `SplineBase::NodeType`. A new `Bezier` point keeps the slopes that it showed.
+void setType(SplineBase& spline, const std::vector<PointSerial>& points, int type);
+
+void place(SplineBase& spline, PointSerial point, double time, double value);
+/// Gives tangents of the point the slope of the line from the point to a place, never steeper than 1000. The
+/// place of the point itself has no slope and leaves them as they are.
+void aimTangent(SplineBase& spline, PointSerial point, Part part, double time, double value);
+
+/// Multiplies, or shifts, times and values about the origin of the plane.
+void scalePoints(SplineBase& spline, const std::vector<PointSerial>& points, double timeFactor,
+                 double valueFactor);
+void panPoints(SplineBase& spline, const std::vector<PointSerial>& points, double timeOffset,
+               double valueOffset);
+
+} // namespace SplineEdits

@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/edit/CurveEdit.h>
+#include <curveeditor/edit/Gesture.h>
+#include <curveeditor/model/CurveVariables.h>
+#include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/ParseMessage.h>
+
+#include <QTest>
+#include <QUndoStack>
+
+#include <functional>
+
+namespace {
+
+using Phase = EditReport::Phase;
+using Cause = EditReport::Cause;
+
+std::unique_ptr<FunctionFloatBase> parsed(const char* text)
+{
+    ParseMessage message;
+    return std::unique_ptr<FunctionFloatBase>(FunctionParserBase::instance()->parseString(text, message));
+}
+
+/// A curve "a.x" with points at (0, 0), (1, 1), (2, 4) and (3, 9), and the door to it.
+struct Fixture
+{
+    Fixture()
+    {
+        for (const double time : {1.0, 2.0, 3.0})
+            spline.addPoint(time, time * time);
+        QObject::connect(&door.history(), &EditHistory::reported, [this](const EditReport& report) {
+            const QStringList phases = {"preview", "commit"}, causes = {"edit", "undo", "redo", "cancel"};
+            reports << phases[int(report.phase)] + ' ' + causes[int(report.cause)] + ' ' + report.curve->name;
+            if (whenReported)
+                std::exchange(whenReported, {})();
+        });
+    }
+    ~Fixture() { delete expression; }
+    PointSerial serial(unsigned index) const { return spline[index]->serial; }
+    void move(unsigned index, double value)
+    {
+        door.begin("move", {curve});
+        spline.setPos(spline.modify(index), value);
+        door.commit();
+    }
+    QUndoStack& stack() { return *door.history().stack(); }
+
+    SplineBase spline;
+    FunctionFloatBase* expression = nullptr;
+    CurveEdit door;
+    std::shared_ptr<EditedCurve> curve = door.history().curve("a.x", &spline, &expression);
+    QStringList reports;
+    std::function<void()> whenReported;
+};
+
+} // namespace
+
+class tst_CurveEdit : public QObject
+{
+    Q_OBJECT
+
+    using Edit = std::function<void(Fixture&)>;
+
+private Q_SLOTS:
+    void everyEditIsOneEntryThatLeadsBackAndForth_data()
+    {
+        QTest::addColumn<Edit>("edit");
+        QTest::addColumn<int>("entries");
+        const auto row = [](const char* name, int entries, const Edit& edit) {
+            QTest::newRow(name) << edit << entries;
+        };
+        row("nothing", 0, [](Fixture&) {});
+        row("there and back", 0, [](Fixture& f) {
+            f.spline.setPos(f.spline.modify(1u), 7.0);
+            f.spline.setPos(f.spline.modify(1u), 1.0);
+        });
+        row("moved across", 1, [](Fixture& f) { f.spline.setTime(f.spline.modify(0u), 2.0); });
+        row("added", 1, [](Fixture& f) { SplineEdits::addPoint(f.spline, 2.0, 5.0); });
+        row("removed", 1, [](Fixture& f) { SplineEdits::removePoints(f.spline, {f.serial(3), f.serial(0)}); });
+        row("all removed but one", 1, [](Fixture& f) {
+            SplineEdits::removePoints(f.spline, {f.serial(3), f.serial(0), f.serial(2), f.serial(1)});
+            QCOMPARE(f.spline.getFirst()->time, 1.0);
+        });
+        row("type", 1, [](Fixture& f) { SplineEdits::setType(f.spline, {f.serial(2)}, SplineBase::Bezier); });
+        row("behaviour", 1, [](Fixture& f) { f.spline.lastType = SplineBase::Loop; });
+        row("formula", 1, [](Fixture& f) {
+            f.curve->setExpression(parsed("2 t"), "2 T");
+            f.curve->setKind(CurveKind::Expression);
+        });
+        row("reset", 1, [](Fixture& f) { f.curve->reset(0.5); });
+    }
+    void everyEditIsOneEntryThatLeadsBackAndForth()
+    {
+        QFETCH(const Edit, edit);
+        Fixture f;
+        const CurveState before = f.curve->state();
+        f.door.begin("edit", {f.curve});
+        edit(f);
+        const CurveState after = f.curve->state();
+        QCOMPARE(f.door.commit(), before != after);
+        QTEST(f.stack().count(), "entries");
+        QCOMPARE(f.reports.size(), f.stack().count());
+        for (int round = 0; round < 2; ++round) {
+            f.stack().undo();
+            QVERIFY(f.curve->state() == before);
+            f.stack().redo();
+            QVERIFY(f.curve->state() == after);
+        }
+        if (f.stack().count() > 0)
+            QCOMPARE(f.reports.last(), "commit redo a.x");
+    }
+
+    void whatTheHostChangedIsNeverOverwritten()
+    {
+        Fixture f;
+        SplineBase otherSpline;
+        const auto other = f.door.history().curve("a.y", &otherSpline, nullptr);
+        f.move(1, 7.0);
+        f.door.begin("other", {other});
+        otherSpline.addPoint(1.0, 1.0);
+        f.door.commit();
+        f.move(1, 8.0);
+        f.spline.setPos(f.spline.modify(3u), 0.0);
+        const CurveState left = f.curve->state();
+        f.stack().undo();
+        QVERIFY(f.curve->state() == left);
+        QCOMPARE(f.stack().undoText(), "other");
+        f.stack().undo();
+        QCOMPARE(otherSpline.getControlPointsNumber(), 1u);
+        QCOMPARE(f.stack().count(), 1);
+        QVERIFY(!f.stack().canUndo());
+    }
+
+    void hostMayChangeOtherPointsDuringADrag()
+    {
+        for (const bool isTakenBack : {false, true}) {
+            Fixture f;
+            f.door.begin("drag", {f.curve}, {f.serial(1)});
+            f.spline.setPos(f.spline.modify(1u), 7.0);
+            f.spline.addPoint(2.5, 5.0);
+            f.spline.lastType = SplineBase::Zero;
+            isTakenBack ? f.door.cancel() : void(f.door.commit());
+            QCOMPARE(f.spline[1]->pos, isTakenBack ? 1.0 : 7.0);
+            f.stack().undo();
+            QCOMPARE(f.spline[1]->pos, 1.0);
+            QCOMPARE(f.spline.getControlPointsNumber(), 5u);
+            QCOMPARE(f.spline.lastType, int(SplineBase::Zero));
+        }
+    }
+
+    void typingIsOneEntryThatCanBeTakenBackAtAnyTime()
+    {
+        Fixture f;
+        const CurveState before = f.curve->state();
+        const CurveEdit::Id id = f.door.begin("type", {f.curve}, {f.serial(1)});
+        for (const double value : {5.0, 55.0}) {
+            f.spline.setPos(f.spline.modify(1u), value);
+            f.door.checkpoint();
+            QCOMPARE(f.stack().count(), 1);
+        }
+        f.spline.setPos(f.spline.modify(1u), 1.0);
+        f.door.checkpoint();
+        QCOMPARE(f.stack().count(), 0);
+        f.spline.setPos(f.spline.modify(1u), 6.0);
+        f.door.checkpoint();
+        f.stack().undo();
+        QVERIFY(f.curve->state() == before && !f.door.isOpen(id));
+        f.stack().redo();
+        QCOMPARE(f.spline[1]->pos, 6.0);
+        f.door.begin("type", {f.curve}, {f.serial(1)});
+        f.spline.setPos(f.spline.modify(1u), 7.0);
+        f.door.checkpoint();
+        f.door.cancel();
+        QCOMPARE(f.spline[1]->pos, 6.0);
+        QCOMPARE(f.stack().count(), 1);
+    }
+
+    void undoDuringADragTakesTheDragBackFirst()
+    {
+        Fixture f;
+        f.move(1, 7.0);
+        f.door.begin("drag", {f.curve}, {f.serial(1)});
+        f.spline.setPos(f.spline.modify(1u), 9.0);
+        f.stack().undo();
+        QCOMPARE(f.spline[1]->pos, 1.0);
+        QCOMPARE(f.reports.mid(1), (QStringList{"commit cancel a.x", "commit undo a.x"}));
+    }
+
+    void stacksAndCurvesMayGoAtAnyTime()
+    {
+        auto shared = std::make_unique<QUndoStack>();
+        SplineBase spline;
+        {
+            Fixture f, second;
+            f.door.history().setStack(shared.get());
+            second.door.history().setStack(shared.get());
+            f.move(1, 7.0);
+            second.move(1, 5.0);
+            shared->push(new QUndoCommand("host's own"));
+            f.move(2, 7.0);
+            f.door.history().rename("a.x", "b.x");
+            f.door.history().forget("a.x");
+            QCOMPARE(shared->undoText(), "move");
+            shared->undo();
+            QCOMPARE(f.reports.last(), "commit undo b.x");
+            f.door.history().forget("b.x");
+            QCOMPARE(shared->undoText(), "host's own");
+            shared->undo();
+            shared->undo();
+            QCOMPARE(second.spline[1]->pos, 1.0);
+            shared->redo();
+            f.whenReported = [&] { shared.reset(); };
+            f.move(1, 3.0);
+            QCOMPARE(f.spline[1]->pos, 3.0);
+            shared = std::make_unique<QUndoStack>();
+            second.door.history().setStack(shared.get());
+            second.move(1, 8.0);
+            QCOMPARE(shared->count(), 1);
+        }
+        QCOMPARE(shared->count(), 0);
+    }
+
+    void formulaWhoseVariableIsGoneLeavesTheCurve()
+    {
+        CurveVariables variables;
+        FunctionParserBase::instance()->setVarMapper(&variables);
+        variables.add("b.y", nullptr, nullptr);
+        Fixture f;
+        f.expression = parsed("b.y").release();
+        f.door.begin("formula", {f.curve});
+        f.curve->setExpression(parsed("t"), "t");
+        f.door.commit();
+        variables.remove("b.y");
+        QStringList lost;
+        QObject::connect(&f.door.history(), &EditHistory::formulaLost,
+                         [&](const QString& curve, const QString& formula) { lost << curve << formula; });
+        f.door.history().undo();
+        QCOMPARE(lost, (QStringList{"a.x", "b.y"}));
+        QCOMPARE(f.curve->formula(), std::string("t"));
+        QCOMPARE(f.stack().count(), 0);
+    }
+
+    void dragDoesNotAccumulateAndBeginsALegWithShift()
+    {
+        Fixture f;
+        const PlaneMapping view(0.0, 10.0, 0.0, 10.0, 100, 100);
+        Selection selection;
+        selection.selectAll({f.serial(1), f.serial(2)});
+        Gesture gesture;
+        gesture.beginAtPoints(f.spline, selection, SplineEdits::Part::Point, {1.0, 1.0});
+        const PointSerial first = f.serial(1);
+        for (int i = 0; i < 1000; ++i)
+            gesture.step(f.spline, {1.0 + 0.1 * (i % 7), 1.0 / 3.0 * i}, false, view);
+        gesture.step(f.spline, {1.5, 1.5}, false, view);
+        QCOMPARE(f.spline[1]->time, 1.5);
+        QCOMPARE(f.spline[2]->pos, 4.5);
+        gesture.step(f.spline, {11.5, 1.5}, true, view);
+        QCOMPARE(f.spline.findIndex(first, 0.0), 2);
+        QCOMPARE(f.spline[2]->time, 7.5);
+        f.spline.remove(f.spline[2]);
+        gesture.step(f.spline, {1.5, 1.5}, true, view);
+        QCOMPARE(f.spline.getControlPointsNumber(), 3u);
+    }
+};
+
+QTEST_MAIN(tst_CurveEdit)
+#include "tst_CurveEdit.moc"
