@@ -121,7 +121,7 @@ void dragOfAllPoints(benchmark::State& state)
 {
     Scene scene;
     for (unsigned i = 0; i < pointCount; ++i)
-        scene.canvas().canvas.currentSpline()->control.toggleSelected(scene.point(i));
+        scene.canvas().canvas.currentControl()->toggleSelected(scene.point(i));
     const QPoint start(800, 20);
     scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
     int step = 0;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/BackgroundImage.h>
 
-#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/Truncate.h>
 
 #include <QImageReader>
 #include <QPainter>

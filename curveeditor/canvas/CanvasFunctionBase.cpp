@@ -4,10 +4,11 @@
 #include <curveeditor/canvas/BackgroundImage.h>
 #include <curveeditor/canvas/CanvasExpression.h>
 #include <curveeditor/canvas/CanvasGrid.h>
-#include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/ControlMenu.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
-#include <curveeditor/edit/Truncate.h>
+#include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/files/SensorTable.h>
 #include <curveeditor/model/FunctionFloatBase.h>
@@ -39,16 +40,51 @@ QString faultText(const ParseMessage& message)
     return CanvasFunctionBase::tr("Unknown");
 }
 
+void markCycle(ParseMessage& message, const std::string& variable)
+{
+    if (variable.empty())
+        return;
+    std::string text = message.text;
+    std::replace(text.begin(), text.end(), ' ', '_');
+    for (auto at = text.find(variable); at != std::string::npos; at = text.find(variable, at + 1)) {
+        message.errors.emplace_back(std::uint32_t(at), std::uint32_t(variable.size()));
+        message.code = ParseMessage::CyclicDependency;
+    }
+}
+
 } // namespace
 
-CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* dependencyCheck)
-    : QObject(parent), editor(dependencyCheck), grid(std::make_unique<CanvasGrid>(widget()))
+CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* editor)
+    : QObject(parent), editor_(editor), grid_(std::make_unique<CanvasGrid>(widget()))
 {
+    connect(&door_.history(), &EditHistory::reported, this, &CanvasFunctionBase::takeReport);
+    connect(&door_.history(), &EditHistory::formulaLost, this,
+            [](const QString& curve, const QString& formula) {
+                QMessageBox::warning(nullptr, tr("Undo"),
+                                     tr("The formula of %1 can't be read any more:\n%2").arg(curve, formula));
+            });
+    connectPointMenu();
 }
 
 CanvasFunctionBase::~CanvasFunctionBase()
 {
+    door_.history().disconnect(this);
     removeAllCurves();
+}
+
+void CanvasFunctionBase::connectPointMenu()
+{
+    const ControlMenu* const menu = ControlSplineNode::menu();
+    const auto connectType = [this, menu](auto signal, int type) {
+        connect(menu, signal, this, [this, type] { setSelectedType(type); });
+    };
+    connectType(&ControlMenu::setSelectedLinear, SplineBase::Linear);
+    connectType(&ControlMenu::setSelectedBezier, SplineBase::Bezier);
+    connectType(&ControlMenu::setSelectedTcb, SplineBase::Tcb);
+    connect(menu, &ControlMenu::deleteSelectedNodes, this, &CanvasFunctionBase::deleteSelectedNodes);
+    connect(menu, &ControlMenu::createNodeAtCursor, this, &CanvasFunctionBase::createNodeAtCursor);
+    connect(menu, &ControlMenu::nodeChanged, this, &CanvasFunctionBase::currentNodeHasChanged);
+    connect(menu, &ControlMenu::aboutToHide, this, &CanvasFunctionBase::hideMark);
 }
 
 QWidget* CanvasFunctionBase::widget() const
@@ -58,7 +94,7 @@ QWidget* CanvasFunctionBase::widget() const
 
 void CanvasFunctionBase::setViewport(ViewPort* newViewport)
 {
-    viewport = newViewport;
+    viewport_ = newViewport;
 }
 
 CurveNodeBase* CanvasFunctionBase::addCurve(QWidget* menu, const QString& name, const QColor& color,
@@ -67,24 +103,25 @@ CurveNodeBase* CanvasFunctionBase::addCurve(QWidget* menu, const QString& name, 
 {
     if (CurveNodeBase* const present = findCurve(name))
         return present;
-    auto curve = std::make_unique<CurveNodeBase>(this, menu, name, color, defaultValue, spline, expression,
-                                                 minValue, maxValue);
-    curves.push_back(std::move(curve));
+    curves_.push_back(std::make_unique<CurveNodeBase>(this, menu, name, color, defaultValue, spline,
+                                                      expression, minValue, maxValue));
+    const QPointer<CurveNodeBase> curve(curves_.back().get());
+    setCurrentCurve(curve);
     paint();
-    return curves.back().get();
+    return curve;
 }
 
 CurveNodeBase* CanvasFunctionBase::findCurve(const QString& name) const
 {
-    const auto found = std::find_if(curves.begin(), curves.end(),
+    const auto found = std::find_if(curves_.begin(), curves_.end(),
                                     [&](const auto& curve) { return curve->getName() == name; });
-    return found == curves.end() ? nullptr : found->get();
+    return found == curves_.end() ? nullptr : found->get();
 }
 
 void CanvasFunctionBase::setCurveColor(const QString& name, const QColor& color)
 {
     if (CurveNodeBase* const curve = findCurve(name))
-        curve->setColor(color, canvasColor);
+        curve->setColor(color, canvasColor_);
 }
 
 void CanvasFunctionBase::renameCurve(const QString& oldName, const QString& newName)
@@ -103,43 +140,44 @@ void CanvasFunctionBase::removeCurve(const QString& name)
 
 void CanvasFunctionBase::removeCurve(CurveNodeBase* curve)
 {
-    const auto found = std::find_if(curves.begin(), curves.end(),
+    if (current_ == curve)
+        finishGesture();
+    const auto found = std::find_if(curves_.begin(), curves_.end(),
                                     [curve](const auto& entry) { return entry.get() == curve; });
-    if (found == curves.end())
+    if (found == curves_.end())
         return;
     std::unique_ptr<CurveNodeBase> removed = std::move(*found);
-    curves.erase(found);
-    if (current == curve) {
-        current = curves.empty() ? nullptr : curves.front().get();
-        endGesture();
-    }
+    curves_.erase(found);
+    if (current_ == curve)
+        current_ = curves_.empty() ? nullptr : curves_.front().get();
     removed.reset();
-    setCurrentCurve(current);
+    setCurrentCurve(current_);
 }
 
 void CanvasFunctionBase::removeAllCurves()
 {
-    current = nullptr;
-    endGesture();
-    curves.clear();
+    finishGesture();
+    current_ = nullptr;
+    curves_.clear();
 }
 
 void CanvasFunctionBase::dropLostPoints()
 {
-    for (const auto& curve : curves)
-        curve->getCanvasSpline()->control.dropLostPoints();
+    for (const auto& curve : curves_)
+        curve->control().dropLostPoints();
 }
 
 void CanvasFunctionBase::setCurrentCurve(CurveNodeBase* curve)
 {
-    if (curve) {
-        if (current)
-            setSelectedMark(*current, false);
-        if (current != curve)
-            endGesture();
-        current = curve;
-        setSelectedMark(*current, true);
-        current->toggleAction();
+    const QPointer<CurveNodeBase> next(curve);
+    if (current_ != curve)
+        finishGesture();
+    if (next) {
+        if (current_)
+            setSelectedMark(*current_, false);
+        current_ = next;
+        setSelectedMark(*current_, true);
+        current_->toggleAction();
     }
     Q_EMIT changeCommandLine();
 }
@@ -152,136 +190,283 @@ void CanvasFunctionBase::setCurrentCurve(const QString& name)
     }
 }
 
+void CanvasFunctionBase::takeReport(const EditReport& report)
+{
+    for (const auto& curve : curves_) {
+        if (curve->curve() == report.curve || curve->getSpline() == report.curve->spline())
+            markStale(*curve);
+    }
+    markReaders(report);
+    const QPointer<CanvasFunctionBase> guard(this);
+    const bool isStep = report.cause == EditReport::Cause::Undo || report.cause == EditReport::Cause::Redo;
+    if (isStep)
+        showStep(report);
+    if (guard)
+        Q_EMIT edited(report);
+    if (guard && report.cause != EditReport::Cause::Edit) {
+        Q_EMIT selectionChanged();
+        paint();
+    }
+}
+
+void CanvasFunctionBase::showStep(const EditReport& report)
+{
+    CurveNodeBase* const curve = findCurve(report.curve->name);
+    if (!curve)
+        return;
+    Selection& selection = curve->control().selection();
+    if (report.points.size() == 1)
+        selection.selectOnly(report.points.front());
+    else
+        selection.selectAll(report.points);
+    setCurrentCurve(curve);
+}
+
+void CanvasFunctionBase::markStale(CurveNodeBase& curve)
+{
+    curve.changed = true;
+}
+
+// Which curves read the edited one does not change while it is dragged.
+void CanvasFunctionBase::markReaders(const EditReport& report)
+{
+    if (!editor_)
+        return;
+    if (report.phase == EditReport::Phase::Commit || readersOf_ != report.curve->name) {
+        readersOf_ = report.phase == EditReport::Phase::Commit ? QString() : report.curve->name;
+        readers_ = editor_->readersOf(DependencyCheck::lowerVariableName(report.curve->name));
+    }
+    for (const auto& curve : curves_) {
+        if (readers_.contains(DependencyCheck::lowerVariableName(curve->getName())))
+            markStale(*curve);
+    }
+}
+
 std::vector<QPointer<CurveNodeBase>> CanvasFunctionBase::presentCurves() const
 {
     std::vector<QPointer<CurveNodeBase>> present;
-    for (const auto& curve : curves)
+    for (const auto& curve : curves_)
         present.emplace_back(curve.get());
     return present;
 }
 
 QString CanvasFunctionBase::getCurrentCurveName() const
 {
-    return current ? current->getName() : QStringLiteral("None");
+    return current_ ? current_->getName() : QStringLiteral("None");
 }
 
 CanvasSpline* CanvasFunctionBase::currentSpline() const
 {
-    return current ? current->getCanvasSpline() : nullptr;
+    return current_ ? current_->getCanvasSpline() : nullptr;
 }
 
 SplineBase* CanvasFunctionBase::currentSplineBase() const
 {
-    return current ? current->getSpline() : nullptr;
+    return current_ ? current_->getSpline() : nullptr;
 }
 
-int CanvasFunctionBase::isCurrentExpression() const
+ControlSplineNode* CanvasFunctionBase::currentControl() const
 {
-    return current ? current->getKind() : 0;
+    return current_ ? &current_->control() : nullptr;
+}
+
+bool CanvasFunctionBase::isCurrentExpression() const
+{
+    return current_ && !current_->isSpline();
 }
 
 QString CanvasFunctionBase::getCurrentExpressionText() const
 {
-    FunctionFloatBase* const expression = current ? current->getExpression() : nullptr;
+    FunctionFloatBase* const expression = current_ ? current_->getExpression() : nullptr;
     return expression ? QString::fromStdString(expression->getString()) : QString();
 }
 
 bool CanvasFunctionBase::getCurrentValue(const double& time, double& value) const
 {
-    if (!current)
+    if (!current_)
         return false;
-    value = current->getClampedValue(time);
+    value = current_->getClampedValue(time);
     return true;
 }
 
 bool CanvasFunctionBase::hasSinglePoint() const
 {
-    return current && current->getCanvasSpline()->control.hasSingleSelection();
+    return current_ && current_->control().hasSingleSelection();
+}
+
+QString CanvasFunctionBase::named(const QString& text) const
+{
+    return text.arg(getCurrentCurveName());
+}
+
+void CanvasFunctionBase::editCurrent(const QString& text, const Work& work)
+{
+    if (!current_)
+        return;
+    finishGesture();
+    door_.begin(text, {current_->curve()});
+    work(*current_->curve());
+    door_.commit();
+}
+
+void CanvasFunctionBase::editAndReport(const QString& text, const Work& work)
+{
+    const QPointer<CurveNodeBase> curve(current_);
+    editCurrent(text, work);
+    if (curve)
+        curve->emitCurveChanged();
 }
 
 void CanvasFunctionBase::setCurrentToSpline(const bool& dropExpression)
 {
-    if (current)
-        current->setSplineMode(dropExpression);
+    editCurrent(named(dropExpression ? tr("Delete the formula of %1") : tr("Show the spline of %1")),
+                [dropExpression](EditedCurve& curve) {
+                    curve.setKind(CurveKind::Spline);
+                    if (dropExpression)
+                        curve.setExpression(nullptr, {});
+                });
     Q_EMIT changeCommandLine();
 }
 
 void CanvasFunctionBase::setCurrentToExpression()
 {
-    if (current)
-        current->setExpressionMode();
+    editCurrent(named(tr("Show the formula of %1")),
+                [](EditedCurve& curve) { curve.setKind(CurveKind::Expression); });
     Q_EMIT changeCommandLine();
+}
+
+void CanvasFunctionBase::deleteExpression()
+{
+    const QPointer<CurveNodeBase> curve(current_);
+    setCurrentToSpline(true);
+    if (curve)
+        curve->emitCurveChanged();
+}
+
+bool CanvasFunctionBase::dropExpression(const QString& name)
+{
+    CurveNodeBase* const curve = findCurve(name);
+    if (!curve)
+        return false;
+    curve->curve()->setKind(CurveKind::Spline);
+    curve->curve()->setExpression(nullptr, {});
+    markStale(*curve);
+    return true;
 }
 
 void CanvasFunctionBase::resetAllCurves()
 {
-    for (const auto& curve : presentCurves()) {
-        if (curve)
-            curve->resetCurve();
-    }
+    resetCurves(presentCurves(), tr("Reset all curves"));
 }
 
 void CanvasFunctionBase::resetCurrentCurve()
 {
-    if (current)
-        current->resetCurve();
+    if (current_)
+        resetCurves({QPointer<CurveNodeBase>(current_)}, tr("Reset %1").arg(current_->getName()));
+}
+
+void CanvasFunctionBase::resetCurves(const std::vector<QPointer<CurveNodeBase>>& curves, const QString& text)
+{
+    finishGesture();
+    CurveEdit::Curves edited;
+    for (const auto& curve : curves) {
+        if (curve)
+            edited.push_back(curve->curve());
+    }
+    door_.begin(text, edited);
+    for (const auto& curve : curves) {
+        if (curve) {
+            curve->curve()->reset(curve->defaultValue());
+            curve->control().selectOnly(nullptr);
+        }
+    }
+    door_.commit();
+    for (const auto& curve : curves) {
+        if (curve)
+            curve->emitCurveChanged();
+    }
 }
 
 void CanvasFunctionBase::notifyCurrentChanged()
 {
-    if (current)
-        current->emitCurveChanged();
+    if (current_)
+        current_->emitCurveChanged();
 }
 
-void CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
+bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
-    if (!current)
-        return;
-    const QPointer<CurveNodeBase> curve(current);
+    if (!current_)
+        return true;
+    const QPointer<CurveNodeBase> curve(current_);
+    const auto isStillCurrent = [this, &curve] {
+        return curve && curve == current_;
+    };
     std::unique_ptr<FunctionFloatBase> expression(
         FunctionParserBase::instance()->parseString(text.toStdString(), message));
-    if (!message.errors.empty())
+    if (!expression || !message.errors.empty()) {
         QMessageBox::warning(nullptr, tr("Syntax error"), faultText(message));
-    if (curve)
-        curve->assignExpression(expression.release(), message);
+        return isStillCurrent();
+    }
+    QString withFunc;
+    bool isCycle = false;
+    editCurrent(named(tr("Enter the formula of %1")), [&](EditedCurve& edited) {
+        edited.setExpression(std::move(expression), text.toStdString());
+        isCycle = curve->findsCycle(withFunc);
+        if (isCycle)
+            markCycle(message, DependencyCheck::lowerVariableName(withFunc).toStdString());
+        if (message.errors.empty())
+            edited.setKind(CurveKind::Expression);
+    });
+    if (isCycle)
+        QMessageBox::warning(nullptr, tr("Cyclical dependency"),
+                             tr("Cyclical dependency has been found for d-var %1 ").arg(withFunc));
     if (curve && message.errors.empty())
         curve->emitCurveChanged();
+    return isStillCurrent();
 }
 
 bool CanvasFunctionBase::saveCurve(std::ostream& out) const
 {
-    if (!current)
+    if (!current_)
         return false;
-    const QColor color = current->getColor();
+    const QColor color = current_->getColor();
     CurveFile::writeColor(out, {color.red(), color.green(), color.blue()});
-    return current->write(out);
+    return current_->write(out);
 }
 
 bool CanvasFunctionBase::loadCurve(std::istream& in)
 {
     CurveFile::Color color;
-    if (!current || !CurveFile::readColor(in, color) || !current->read(in, FunctionParserBase::instance()))
+    if (!current_ || !CurveFile::readColor(in, color))
         return false;
-    current->emitCurveChanged();
-    return true;
+    bool isWhole = false;
+    const QPointer<CurveNodeBase> curve(current_);
+    editCurrent(named(tr("Load %1")), [&](EditedCurve& edited) {
+        isWhole = edited.read(in);
+        if (isWhole)
+            curve->control().selectOnly(nullptr);
+    });
+    if (curve && isWhole)
+        curve->emitCurveChanged();
+    return isWhole;
 }
 
 void CanvasFunctionBase::setFirstType(int type)
 {
-    if (SplineBase* const spline = currentSplineBase()) {
-        spline->firstType = type;
-        current->changed = true;
-        paint();
-    }
+    editCurrent(named(tr("Change the start behaviour of %1")), [type](EditedCurve& curve) {
+        if (curve.spline())
+            SplineEdits::setFirstType(*curve.spline(), type);
+    });
+    paint();
 }
 
 void CanvasFunctionBase::setLastType(int type)
 {
-    if (SplineBase* const spline = currentSplineBase()) {
-        spline->lastType = type;
-        current->changed = true;
-        paint();
-    }
+    editCurrent(named(tr("Change the end behaviour of %1")), [type](EditedCurve& curve) {
+        if (curve.spline())
+            SplineEdits::setLastType(*curve.spline(), type);
+    });
+    paint();
 }
 
 void CanvasFunctionBase::setFirstNodeZero()
@@ -323,7 +508,7 @@ void CanvasFunctionBase::getExtent(double& timeFirst, double& timeLast, double& 
                                    double& valueHighest) const
 {
     const SplineBase* const spline = currentSplineBase();
-    if (!spline || current->getKind() != 0 || spline->getControlPointsNumber() < 2)
+    if (!spline || !current_->isSpline() || spline->getControlPointsNumber() < 2)
         return;
     const auto [lowest, highest] =
         std::minmax_element(spline->getControlPoints().begin(), spline->getControlPoints().end(),
@@ -336,22 +521,22 @@ void CanvasFunctionBase::getExtent(double& timeFirst, double& timeLast, double& 
 
 bool CanvasFunctionBase::exportSensorData(QTextStream& out) const
 {
-    if (!viewport)
+    if (!viewport_)
         return false;
-    const qint64 first = truncateToInt(viewport->limitTimeMin);
-    const qint64 last = truncateToInt(viewport->limitTimeMax);
+    const qint64 first = truncateToInt(viewport_->limitTimeMin);
+    const qint64 last = truncateToInt(viewport_->limitTimeMax);
     const qint64 lambdas = last - first + 1;
     if (lambdas > SensorTable::maximumRows)
         return false;
 
     SensorTable table(out);
-    table.writeHeader(qint64(curves.size()), lambdas);
+    table.writeHeader(qint64(curves_.size()), lambdas);
     FunctionParserBase::keyStruct* const time = FunctionParserBase::instance()->getKey("t");
     const double notedTime = time->getValue();
     for (qint64 lambda = first; lambda <= last; ++lambda) {
         time->setValue(double(lambda));
         table.beginRow(int(lambda));
-        for (const auto& curve : curves)
+        for (const auto& curve : curves_)
             table.addValue(curve->getValue(double(lambda)));
         table.endRow();
     }
@@ -361,14 +546,14 @@ bool CanvasFunctionBase::exportSensorData(QTextStream& out) const
 
 void CanvasFunctionBase::currentNodeHasChanged()
 {
-    if (!current)
+    if (!current_)
         return;
-    current->changed = true;
+    markStale(*current_);
     paint();
-    current->emitCurveChanged();
+    current_->emitCurveChanged();
 }
 
 void CanvasFunctionBase::hideMark()
 {
-    showMark = false;
+    showMark_ = false;
 }

@@ -1,21 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/model/SplineBase.h>
+#include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/edit/CurveEdit.h>
+#include <curveeditor/edit/Gesture.h>
 
 #include <QColor>
 #include <QObject>
 #include <QPixmap>
 #include <QPointer>
-#include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <vector>
 
 class BackgroundImage;
 class CanvasGrid;
-class CanvasSpline;
+class ControlSplineNode;
 class CurveNodeBase;
 class DependencyCheck;
 class FunctionFloatBase;
@@ -36,6 +39,10 @@ class ViewPort;
 /// widget holds it by value. It owns the curves, the grid and the background image; the viewport and the
 /// editor belong to others and outlive it. Positions are logical pixels of the widget, times are time units.
 ///
+/// Every change of a curve goes through `door`, which also leads back: see `CurveEdit`. What it reports, an edit of
+/// this canvas or a step of the undo stack, marks the pictures of that curve and of all that read it as stale;
+/// nothing else does.
+///
 /// Whatever reports a change (`CurveNodeBase::curveHasChanged`, `changeCommandLine`) and whatever opens a
 /// menu or a message box may run foreign code that removes curves. All operations here allow for that.
 class CanvasFunctionBase : public QObject
@@ -47,8 +54,10 @@ public:
     CanvasFunctionBase(QObject* parent, DependencyCheck* editor);
     ~CanvasFunctionBase() override;
 
-    DependencyCheck* getEditor() const { return editor; }
-    ViewPort* getViewport() const { return viewport; }
+    DependencyCheck* getEditor() const { return editor_; }
+    ViewPort* getViewport() const { return viewport_; }
+    /// The door through which the curves are edited.
+    CurveEdit& door() { return door_; }
     /// Stores the viewport; without one nothing is painted, and mouse events do nothing.
     void setViewport(ViewPort* newViewport);
 
@@ -83,14 +92,14 @@ public:
     /// @name The current curve
     /// Without one these give null, 0, false or an empty text, or do nothing.
     /// @{
-    CurveNodeBase* getCurrentCurve() const { return current; }
+    CurveNodeBase* getCurrentCurve() const { return current_; }
     /// "None" without a current curve.
     QString getCurrentCurveName() const;
     CanvasSpline* currentSpline() const;
+    ControlSplineNode* currentControl() const;
     SplineBase* currentSplineBase() const;
-    bool noCurrentCurve() const { return !current; }
-    /// The kind of the current curve: 0 for a spline.
-    int isCurrentExpression() const;
+    bool noCurrentCurve() const { return !current_; }
+    bool isCurrentExpression() const;
     QString getCurrentExpressionText() const;
     /// `value` becomes the clamped value at `time`, and the result true.
     bool getCurrentValue(const double& time, double& value) const;
@@ -98,20 +107,28 @@ public:
     bool hasSinglePoint() const;
     void setCurrentToSpline(const bool& dropExpression);
     void setCurrentToExpression();
+    /// Back to a spline of one point at the default value; the expression is deleted. Reports each curve.
     void resetAllCurves();
     void resetCurrentCurve();
     /// Reports the current curve as changed.
     void notifyCurrentChanged();
 
-    /// Parses `text` and gives the result to the current curve, tells the user about a fault, and reports the
-    /// change if there is none. `message` has the outcome.
-    void parseExpression(const QString& text, ParseMessage& message);
+    /// Parses `text` for the current curve. A text that can't be parsed leaves the curve as it is. One that makes
+    /// the curve depend on itself is taken, but the curve's kind stays and nothing is reported; `message` gets
+    /// code `CyclicDependency` and a span for each place where its text names the curve that closes the cycle.
+    /// Either fault is told in a box, after which the curve may be gone. One without fault makes the curve an
+    /// expression curve and is reported. `message` has the outcome; the result is whether the curve that was
+    /// current is still the current one.
+    bool parseExpression(const QString& text, ParseMessage& message);
+    /// Deletes the expression of the current curve and reports it.
+    void deleteExpression();
 
     /// Writes the current curve as a curve file. Returns false if the stream failed or there is no curve or
     /// no expression to write.
     bool saveCurve(std::ostream& out) const;
     /// Reads a curve file into the current curve and reports the change. Returns false, and changes nothing,
-    /// if there is no current curve or the file is not a whole curve. The colour in the file is not used.
+    /// if there is no current curve or the file is not a whole curve. The colour in the file is not used, no
+    /// dependency check is run, and the selection does not outlive it.
     bool loadCurve(std::istream& in);
 
     /// The behaviour of the spline before its first and after its last point. Paints; reports nothing.
@@ -132,9 +149,17 @@ public:
     /// spline of fewer than two points, leaves the arguments as they are.
     void getExtent(double& timeFirst, double& timeLast, double& valueLowest, double& valueHighest) const;
 
-    /// A new point at the place of the last press, if `curve` is the current one and a spline. While the
-    /// point menu is open over another canvas nothing happens.
-    void createNodeAtCursor(CurveNodeBase* curve);
+    /// A new point at the place of the last press, if the current curve is a spline. While the point menu is
+    /// open over another canvas nothing happens.
+    void createNodeAtCursor();
+    /// Ends a drag of points as its release does, without a report of `curveHasChanged`.
+    void finishGesture();
+    /// Takes a gesture back, at points or at the view; what is left of it does nothing. Returns whether there
+    /// was one.
+    bool cancelGesture();
+    /// By order of the host: deletes the expression of that curve, which shows its spline then. No edit, and not
+    /// reported. Returns false if the curve is not on the canvas.
+    bool dropExpression(const QString& name);
     /// @}
 
     /// Writes all curves, not clamped, at each whole number within the time limits of the viewport as a
@@ -148,6 +173,9 @@ public:
     /// Draws everything into the buffer, rebuilding only what is out of date, and lets the widget show it. A
     /// widget that is not visible is painted when it is shown.
     void paint();
+    /// Until as many `releasePaint` follow, `paint` waits; the last one paints.
+    void holdPaint() { ++paintHolds_; }
+    void releasePaint();
     /// For the widget's `paintEvent`: shows the buffer, after `paint`ing anew if the event was not caused by
     /// `paint` itself.
     void showBuffer(QPainter* painter);
@@ -183,7 +211,7 @@ public:
     void mouseRelease(QMouseEvent* event);
     /// To be called while a button or a modifier key is held.
     void mouseMove(QMouseEvent* event);
-    /// Delete removes the selected points. The right and left arrows go to the next and previous point; where
+    /// Escape takes a drag back. Delete removes the selected points. The right and left arrows go to the next and previous point; where
     /// nothing is selected, the right one begins at the first point and the left one at the last.
     void keyPress(QKeyEvent* event);
     /// @}
@@ -193,10 +221,17 @@ public Q_SLOTS:
     void currentNodeHasChanged();
     /// Takes the mark of the last press away, at the next paint.
     void hideMark();
+    /// The selected points of every curve of this canvas become of that `SplineBase::NodeType`, or go.
+    void setSelectedType(int type);
+    void deleteSelectedNodes();
 
 Q_SIGNALS:
     /// The current curve, or the expression that is shown for it, may be another one now.
     void changeCommandLine();
+    /// A curve was edited here or taken back or forth by the undo stack; it need not be on the canvas.
+    void edited(const EditReport& report);
+    /// The selection, or a point that is selected, has changed by other means than an event of the widget.
+    void selectionChanged();
 
 private:
     QWidget* widget() const;
@@ -212,37 +247,50 @@ private:
     void drawCurves(QPainter& painter);
     bool isBandOpen() const;
 
+    void connectPointMenu();
+    void takeReport(const EditReport& report);
+    void showStep(const EditReport& report);
+    void markStale(CurveNodeBase& curve);
+    void markReaders(const EditReport& report);
+
     bool pickCurve(const QPoint& pixel);
     bool hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const;
-    void updateSelection(SplineBase::PointInfo* point, bool shift);
+    void updateSelection(PointSerial point, bool shift);
     bool pressOnSelection(const QMouseEvent& event);
     bool pressOnEmptyCanvas(const QMouseEvent& event);
     void openPointMenu(const QMouseEvent& event);
-    void dragSelection(double time, double value, bool scaling);
+    void beginDrag();
+    void dragSelection(const Gesture::Place& place, bool scaling);
+    bool selectInBand();
     void stepSelection(bool forward);
-    void endGesture();
 
+    QString named(const QString& text) const;
+    using Work = std::function<void(EditedCurve&)>;
+    void editCurrent(const QString& text, const Work& work);
+    void editAndReport(const QString& text, const Work& work);
+    void editSelections(const QString& text, const std::function<void(ControlSplineNode&)>& work);
+    void resetCurves(const std::vector<QPointer<CurveNodeBase>>& curves, const QString& text);
     bool canEditSelection() const;
-    void scalePoints(double timeFactor, double valueFactor);
-    void panPoints(double timeOffset, double valueOffset);
-    void addPoint(double time, double value);
-    void reportEdit();
+    void createPoint(const Gesture::Place& place);
     void setFirstType(int type);
     void setLastType(int type);
 
-    DependencyCheck* editor;
-    double lastTime = 0.0;
-    double lastValue = 0.0;
-    bool bandSelecting = false;
-    bool dragging = false;
-    bool showMark = false;
+    DependencyCheck* editor_;
+    CurveEdit door_;
+    CurveEdit::Id drag_ = 0; ///< the edit of a drag of points
+    Gesture::Place lastPlace_;
+    bool bandSelects_ = false; ///< the release of the rubber band selects the points in it
+    bool showMark_ = false;
     bool bufferFresh_ = false;
-    CurveNodeBase* current = nullptr;
-    std::vector<std::unique_ptr<CurveNodeBase>> curves;
-    ViewPort* viewport = nullptr;
-    std::unique_ptr<CanvasGrid> grid;
-    std::unique_ptr<BackgroundImage> image;
-    QColor selectionColor = QColor(20, 10, 105);
-    QPixmap backBuffer;
-    QColor canvasColor = Qt::black;
+    int paintHolds_ = 0;
+    CurveNodeBase* current_ = nullptr;
+    std::vector<std::unique_ptr<CurveNodeBase>> curves_;
+    QString readersOf_;   ///< the curve whose drag `readers_` is kept for
+    QStringList readers_; ///< lower variable names of the curves that read it
+    ViewPort* viewport_ = nullptr;
+    std::unique_ptr<CanvasGrid> grid_;
+    std::unique_ptr<BackgroundImage> image_;
+    QColor selectionColor_ = QColor(20, 10, 105);
+    QPixmap backBuffer_;
+    QColor canvasColor_ = Qt::black;
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 
-#include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/MouseState.h>
 #include <curveeditor/canvas/ViewPort.h>
@@ -17,46 +16,52 @@
 namespace {
 
 constexpr int pickDistance = 4;
-constexpr double scalePerView = 5.0;
 
 /// The canvas over which the point menu, which all canvases share, is open.
 QPointer<CanvasFunctionBase> menuCanvas;
+
+Gesture::Place placeAt(const ViewPort& viewport, const QPoint& pixel)
+{
+    return {viewport.pixelToTime(pixel.x()), viewport.pixelToValue(pixel.y())};
+}
 
 } // namespace
 
 bool CanvasFunctionBase::mousePress(QMouseEvent* event)
 {
-    if (!current || !viewport)
+    if (!current_ || !viewport_)
         return false;
-    endGesture();
+    finishGesture();
+    viewport_->gesture.end();
     const QPoint pixel = event->position().toPoint();
-    if (current->getKind() != 0)
+    if (!current_->isSpline())
         return event->button() == Qt::LeftButton && pickCurve(pixel);
 
-    lastTime = viewport->pixelToTime(pixel.x());
-    lastValue = viewport->pixelToValue(pixel.y());
+    lastPlace_ = placeAt(*viewport_, pixel);
     const MouseState held = stateBefore(*event);
     if (held.has(Qt::AltModifier))
         return false;
 
-    ControlSplineNode& control = current->getCanvasSpline()->control;
-    SplineBase::PointInfo* const point = current->getCanvasSpline()->hitTest(pixel);
-    if (point && held.has(Qt::ShiftModifier)) {
-        control.toggleSelected(point);
-        reportEdit();
+    ControlSplineNode& control = current_->control();
+    control.dropLostPoints();
+    const CanvasSpline::Hit hit = current_->getCanvasSpline()->hitTest(pixel, control.selection());
+    control.activePart = hit.part;
+    if (hit.point != 0 && held.has(Qt::ShiftModifier)) {
+        control.selection().toggle(hit.point, *control.getSpline());
+        current_->emitCurveChanged();
         return true;
     }
-    updateSelection(point, held.has(Qt::ShiftModifier));
+    updateSelection(hit.point, held.has(Qt::ShiftModifier));
     return control.hasSelection() ? pressOnSelection(*event) : pressOnEmptyCanvas(*event);
 }
 
-void CanvasFunctionBase::updateSelection(SplineBase::PointInfo* point, bool shift)
+void CanvasFunctionBase::updateSelection(PointSerial point, bool shift)
 {
-    ControlSplineNode& control = current->getCanvasSpline()->control;
+    ControlSplineNode& control = current_->control();
     const bool keepsSelection =
-        control.hasMultipleSelection() && (shift || !control.isOutsideSelection(lastTime));
+        control.hasMultipleSelection() && (shift || !control.isOutsideSelection(lastPlace_.time));
     if (!keepsSelection)
-        control.selectOnly(point);
+        control.selection().selectOnly(point);
 }
 
 bool CanvasFunctionBase::pressOnSelection(const QMouseEvent& event)
@@ -65,26 +70,27 @@ bool CanvasFunctionBase::pressOnSelection(const QMouseEvent& event)
         openPointMenu(event);
         return false;
     }
-    dragging = event.button() == Qt::LeftButton || event.button() == Qt::MiddleButton;
+    if (event.button() == Qt::LeftButton || event.button() == Qt::MiddleButton)
+        beginDrag();
     return true;
 }
 
 bool CanvasFunctionBase::pressOnEmptyCanvas(const QMouseEvent& event)
 {
     if (event.button() == Qt::RightButton) {
-        showMark = true;
+        showMark_ = true;
         openPointMenu(event);
         return false;
     }
     if (event.button() != Qt::LeftButton)
         return false;
     if (stateBefore(event).has(Qt::ControlModifier)) {
-        addPoint(lastTime, lastValue);
+        createPoint(lastPlace_);
         return true;
     }
     if (pickCurve(event.position().toPoint()))
         return true;
-    bandSelecting = true;
+    bandSelects_ = true;
     return false;
 }
 
@@ -92,100 +98,144 @@ void CanvasFunctionBase::openPointMenu(const QMouseEvent& event)
 {
     paint();
     menuCanvas = this;
-    current->getCanvasSpline()->control.popupMenu(event.globalPosition().toPoint());
+    current_->control().popupMenu(event.globalPosition().toPoint());
     menuCanvas = nullptr;
 }
 
 void CanvasFunctionBase::mouseDoubleClick(QMouseEvent* event)
 {
-    if (!current || !viewport)
+    if (!current_ || !viewport_)
         return;
     const QPoint pixel = event->position().toPoint();
-    if (current->getKind() != 0) {
+    if (!current_->isSpline()) {
         pickCurve(pixel);
         return;
     }
-    ControlSplineNode& control = current->getCanvasSpline()->control;
-    control.selectOnly(current->getCanvasSpline()->hitTest(pixel));
+    ControlSplineNode& control = current_->control();
+    control.dropLostPoints();
+    const CanvasSpline::Hit hit = current_->getCanvasSpline()->hitTest(pixel, control.selection());
+    control.activePart = hit.part;
+    control.selection().selectOnly(hit.point);
     const MouseState held = stateBefore(*event);
     if (held.has(Qt::ShiftModifier) || held.has(Qt::ControlModifier))
         return;
     if (control.hasSelection() || pickCurve(pixel))
         return;
-    addPoint(viewport->pixelToTime(pixel.x()), viewport->pixelToValue(pixel.y()));
+    createPoint(placeAt(*viewport_, pixel));
 }
 
 void CanvasFunctionBase::mouseMove(QMouseEvent* event)
 {
-    if (!current || !viewport || current->getKind() != 0)
+    if (!current_ || !viewport_ || !current_->isSpline())
         return;
-    const QPoint pixel = event->position().toPoint();
     const MouseState held = stateBefore(*event);
-    const double time = viewport->pixelToTime(pixel.x());
-    const double value = viewport->pixelToValue(pixel.y());
-    if (dragging)
-        dragSelection(time, value, held.has(Qt::ShiftModifier) || held.has(Qt::MiddleButton));
-    lastTime = time;
-    lastValue = value;
+    const Gesture::Place place = placeAt(*viewport_, event->position().toPoint());
+    if (viewport_->gesture.isAtPoints())
+        dragSelection(place, held.has(Qt::ShiftModifier) || held.has(Qt::MiddleButton));
+    lastPlace_ = place;
 }
 
-void CanvasFunctionBase::dragSelection(double time, double value, bool scaling)
+void CanvasFunctionBase::beginDrag()
 {
-    ControlSplineNode& control = current->getCanvasSpline()->control;
-    control.dropLostPoints();
-    if (!control.hasSelection())
-        return;
-    if (!control.hasMultipleSelection()) {
-        control.movePoint(time, value);
-    } else {
-        const double timeOffset = time - lastTime;
-        const double valueOffset = value - lastValue;
-        if (scaling) {
-            scalePoints(std::pow(scalePerView, timeOffset / (viewport->timeMax - viewport->timeMin)),
-                        std::pow(scalePerView, valueOffset / (viewport->valueMax - viewport->valueMin)));
-        } else {
-            panPoints(timeOffset, valueOffset);
-        }
-        control.setCurrent(control.selectionList().back());
-    }
-    current->changed = true;
+    ControlSplineNode& control = current_->control();
+    const QString one = control.activePart == SplineEdits::Part::Point ? tr("Move a point of %1")
+                                                                       : tr("Change a tangent of %1");
+    viewport_->gesture.beginAtPoints(*control.getSpline(), control.selection(), control.activePart,
+                                     lastPlace_);
+    drag_ = door_.begin(control.editText(one, tr("Move %1 points of %2")), {control.curve()},
+                        viewport_->gesture.points());
+    readersOf_.clear();
+}
+
+void CanvasFunctionBase::dragSelection(const Gesture::Place& place, bool scaling)
+{
+    ControlSplineNode& control = current_->control();
+    if (!door_.isOpen(drag_) || !control.getSpline())
+        return viewport_->gesture.cancel();
+    const TimeInterval touched =
+        viewport_->gesture.step(*control.getSpline(), place, scaling, viewport_->mapping());
+    Selection& selection = control.selection();
+    if (selection.hasMultiple())
+        selection.setCurrent(selection.listed().back());
+    else
+        selection.selectOnly(selection.current());
+    door_.preview(touched);
 }
 
 void CanvasFunctionBase::mouseRelease(QMouseEvent* event)
 {
-    if (!viewport)
+    if (!viewport_)
         return;
-    if (!current || current->getKind() != 0) {
-        viewport->bandValid = false;
-        viewport->bandActive = false;
+    if (!current_ || !current_->isSpline() || viewport_->gesture.kind() == Gesture::Kind::Cancelled) {
+        viewport_->bandValid = false;
+        viewport_->bandActive = false;
+        if (viewport_->gesture.kind() == Gesture::Kind::Cancelled)
+            viewport_->gesture.end();
         return;
     }
-    CanvasSpline* const spline = current->getCanvasSpline();
-    spline->control.dropLostPoints();
-    bool any = spline->control.hasSelection();
-    if (!any && bandSelecting && !stateBefore(*event).isEmpty()) {
-        double timeLow = 0.0;
-        double timeHigh = 0.0;
-        double valueLow = 0.0;
-        double valueHigh = 0.0;
-        viewport->takeBand(timeLow, timeHigh, valueLow, valueHigh);
-        any = spline->selectInBand(timeLow, timeHigh, valueLow, valueHigh);
+    ControlSplineNode& control = current_->control();
+    control.dropLostPoints();
+    const bool any =
+        control.hasSelection() || (bandSelects_ && !stateBefore(*event).isEmpty() && selectInBand());
+    const QPointer<CurveNodeBase> curve(current_);
+    finishGesture();
+    if (any && curve)
+        curve->emitCurveChanged();
+}
+
+bool CanvasFunctionBase::selectInBand()
+{
+    double timeLow = 0.0;
+    double timeHigh = 0.0;
+    double valueLow = 0.0;
+    double valueHigh = 0.0;
+    viewport_->takeBand(timeLow, timeHigh, valueLow, valueHigh);
+    return current_->control().selectInBand(timeLow, timeHigh, valueLow, valueHigh);
+}
+
+void CanvasFunctionBase::finishGesture()
+{
+    bandSelects_ = false;
+    if (!viewport_ || !viewport_->gesture.isAtPoints())
+        return;
+    viewport_->gesture.end();
+    if (door_.isOpen(drag_))
+        door_.commit();
+}
+
+bool CanvasFunctionBase::cancelGesture()
+{
+    bandSelects_ = false;
+    if (!viewport_)
+        return false;
+    if (viewport_->gesture.isAtView()) {
+        viewport_->cancelDrag();
+        return true;
     }
-    endGesture();
-    if (any)
-        current->emitCurveChanged();
+    if (!viewport_->gesture.isAtPoints())
+        return false;
+    viewport_->gesture.cancel();
+    if (door_.isOpen(drag_))
+        door_.cancel();
+    return true;
 }
 
 void CanvasFunctionBase::keyPress(QKeyEvent* event)
 {
-    if (!current)
+    if (event->key() == Qt::Key_Escape)
+        cancelGesture();
+    if (!current_)
         return;
-    current->changed = true;
-    ControlSplineNode& control = current->getCanvasSpline()->control;
-    control.dropLostPoints();
+    markStale(*current_);
+    current_->control().dropLostPoints();
     if (event->key() == Qt::Key_Delete) {
-        control.deleteSelectedNodes();
-        reportEdit();
+        ControlSplineNode& control = current_->control();
+        const QString text = control.editText(tr("Delete a point of %1"), tr("Delete %1 points of %2"));
+        editAndReport(text, [&control](EditedCurve& curve) {
+            if (curve.spline())
+                SplineEdits::removePoints(*curve.spline(), control.selection().edited());
+            control.selectOnly(nullptr);
+        });
     } else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
         stepSelection(event->key() == Qt::Key_Right);
     }
@@ -193,39 +243,82 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event)
 
 void CanvasFunctionBase::stepSelection(bool forward)
 {
-    ControlSplineNode& control = current->getCanvasSpline()->control;
+    ControlSplineNode& control = current_->control();
     SplineBase* const spline = control.getSpline();
     if (!spline)
         return;
-    SplineBase::PointInfo* point = nullptr;
+    const SplineBase::PointInfo* point = nullptr;
     if (control.hasSingleSelection()) {
         const double time = control.getCurrent()->time;
         point = forward ? spline->getNext(time) : spline->getPrev(time);
-    } else if (!control.hasSelection() && current->getKind() == 0) {
-        point = spline->modify(forward ? 0U : spline->getControlPointsNumber() - 1);
+    } else if (!control.hasSelection() && current_->isSpline()) {
+        point = forward ? spline->getFirst() : spline->getLast();
     }
     if (point)
         control.selectOnly(point);
 }
 
-void CanvasFunctionBase::createNodeAtCursor(CurveNodeBase* curve)
+void CanvasFunctionBase::createNodeAtCursor()
 {
     const bool menuIsElsewhere = menuCanvas && menuCanvas != this;
-    if (curve && curve == current && curve->getKind() == 0 && !menuIsElsewhere)
-        addPoint(lastTime, lastValue);
+    if (current_ && current_->isSpline() && !menuIsElsewhere)
+        createPoint(lastPlace_);
+}
+
+void CanvasFunctionBase::createPoint(const Gesture::Place& place)
+{
+    editAndReport(named(tr("Add a point to %1")), [&place](EditedCurve& curve) {
+        if (curve.spline())
+            SplineEdits::addPoint(*curve.spline(), place.time, place.value);
+    });
+}
+
+void CanvasFunctionBase::setSelectedType(int type)
+{
+    editSelections(tr("Change the type of points"), [type](ControlSplineNode& control) {
+        SplineEdits::setType(*control.getSpline(), control.selection().edited(), type);
+    });
+}
+
+void CanvasFunctionBase::deleteSelectedNodes()
+{
+    editSelections(tr("Delete points"), [](ControlSplineNode& control) {
+        SplineEdits::removePoints(*control.getSpline(), control.selection().edited());
+        control.selectOnly(nullptr);
+    });
+}
+
+void CanvasFunctionBase::editSelections(const QString& text,
+                                        const std::function<void(ControlSplineNode&)>& work)
+{
+    finishGesture();
+    dropLostPoints();
+    CurveEdit::Curves edited;
+    std::vector<ControlSplineNode*> controls;
+    for (const auto& curve : curves_) {
+        if (curve->getSpline() && curve->control().hasSelection()) {
+            edited.push_back(curve->curve());
+            controls.push_back(&curve->control());
+        }
+    }
+    const QString names = edited.size() == 1 ? tr("%1 of %2").arg(text, edited.front()->name) : text;
+    door_.begin(names, edited);
+    for (ControlSplineNode* const control : controls)
+        work(*control);
+    door_.commit();
+    Q_EMIT selectionChanged();
+    paint();
 }
 
 void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& valueFactor)
 {
     if ((timeFactor == 1.0 && valueFactor == 1.0) || !canEditSelection())
         return;
-    ControlSplineNode& control = current->getCanvasSpline()->control;
-    if (control.hasMultipleSelection()) {
-        scalePoints(timeFactor, valueFactor);
-    } else {
-        control.scalePoint(timeFactor, valueFactor);
-    }
-    current->changed = true;
+    const ControlSplineNode& control = current_->control();
+    editCurrent(
+        control.editText(tr("Scale a point of %1"), tr("Scale %1 points of %2")), [&](EditedCurve& curve) {
+            SplineEdits::scalePoints(*curve.spline(), control.selection().edited(), timeFactor, valueFactor);
+        });
     paint();
 }
 
@@ -233,70 +326,26 @@ void CanvasFunctionBase::panSelection(const double& timeOffset, const double& va
 {
     if ((timeOffset == 0.0 && valueOffset == 0.0) || !canEditSelection())
         return;
-    ControlSplineNode& control = current->getCanvasSpline()->control;
-    if (control.hasMultipleSelection()) {
-        panPoints(timeOffset, valueOffset);
-    } else {
-        control.panPoint(timeOffset, valueOffset);
-    }
-    current->changed = true;
+    const ControlSplineNode& control = current_->control();
+    editCurrent(
+        control.editText(tr("Pan a point of %1"), tr("Pan %1 points of %2")), [&](EditedCurve& curve) {
+            SplineEdits::panPoints(*curve.spline(), control.selection().edited(), timeOffset, valueOffset);
+        });
     paint();
 }
 
 bool CanvasFunctionBase::canEditSelection() const
 {
-    if (!current || current->getKind() != 0)
+    if (!current_ || !current_->isSpline() || !current_->getSpline())
         return false;
-    current->getCanvasSpline()->control.dropLostPoints();
-    return current->getCanvasSpline()->control.hasSelection();
-}
-
-void CanvasFunctionBase::scalePoints(double timeFactor, double valueFactor)
-{
-    SplineBase* const spline = current->getSpline();
-    for (SplineBase::PointInfo* const point : current->getCanvasSpline()->control.selectionList()) {
-        spline->setTime(point, point->time * timeFactor);
-        spline->setPos(point, point->pos * valueFactor);
-    }
-}
-
-void CanvasFunctionBase::panPoints(double timeOffset, double valueOffset)
-{
-    SplineBase* const spline = current->getSpline();
-    for (SplineBase::PointInfo* const point : current->getCanvasSpline()->control.selectionList()) {
-        spline->setTime(point, point->time + timeOffset);
-        spline->setPos(point, point->pos + valueOffset);
-    }
-}
-
-void CanvasFunctionBase::addPoint(double time, double value)
-{
-    if (SplineBase* const spline = currentSplineBase()) {
-        spline->addPoint(time, value);
-        reportEdit();
-    }
-}
-
-void CanvasFunctionBase::reportEdit()
-{
-    const QPointer<CurveNodeBase> curve(current);
-    curve->changed = true;
-    curve->emitCurveChanged();
-    // The receiver may have painted, corrected the curve or taken it away.
-    if (curve)
-        curve->changed = true;
-}
-
-void CanvasFunctionBase::endGesture()
-{
-    bandSelecting = false;
-    dragging = false;
+    current_->control().dropLostPoints();
+    return current_->control().hasSelection();
 }
 
 bool CanvasFunctionBase::pickCurve(const QPoint& pixel)
 {
-    for (const auto& curve : curves) {
-        if (curve.get() != current && hitsCurve(*curve, pixel)) {
+    for (const auto& curve : curves_) {
+        if (curve.get() != current_ && hitsCurve(*curve, pixel)) {
             setCurrentCurve(curve.get());
             return true;
         }
@@ -308,10 +357,10 @@ bool CanvasFunctionBase::hitsCurve(const CurveNodeBase& curve, const QPoint& pix
 {
     EvaluationTime evaluationTime;
     for (int column = pixel.x() - 1; column <= pixel.x() + 1; ++column) {
-        const double time = viewport->pixelToTime(column);
-        evaluationTime.set(time, viewport->fps);
+        const double time = viewport_->pixelToTime(column);
+        evaluationTime.set(time, viewport_->fps);
         const double value = curve.getValue(time);
-        if (std::isfinite(value) && std::abs(viewport->valueToPixel(value) - pixel.y()) < pickDistance)
+        if (std::isfinite(value) && std::abs(viewport_->valueToPixel(value) - pixel.y()) < pickDistance)
             return true;
     }
     return false;

@@ -28,6 +28,8 @@ QSize deviceSize(const QWidget& widget)
 
 void CanvasFunctionBase::paint()
 {
+    if (paintHolds_ > 0)
+        return;
     QWidget* const canvas = widget();
     bufferFresh_ = canvas && canvas->isVisible();
     if (!bufferFresh_)
@@ -36,12 +38,18 @@ void CanvasFunctionBase::paint()
     canvas->update();
 }
 
+void CanvasFunctionBase::releasePaint()
+{
+    if (--paintHolds_ == 0)
+        paint();
+}
+
 void CanvasFunctionBase::showBuffer(QPainter* painter)
 {
     if (!bufferFresh_)
         render();
     bufferFresh_ = false;
-    painter->drawPixmap(0, 0, backBuffer);
+    painter->drawPixmap(0, 0, backBuffer_);
 }
 
 void CanvasFunctionBase::resizeBuffer()
@@ -49,115 +57,112 @@ void CanvasFunctionBase::resizeBuffer()
     const QWidget* const canvas = widget();
     if (!canvas)
         return;
-    backBuffer = QPixmap(deviceSize(*canvas));
-    backBuffer.setDevicePixelRatio(canvas->devicePixelRatioF());
-    backBuffer.fill(canvasColor);
+    backBuffer_ = QPixmap(deviceSize(*canvas));
+    backBuffer_.setDevicePixelRatio(canvas->devicePixelRatioF());
+    backBuffer_.fill(canvasColor_);
 }
 
 void CanvasFunctionBase::fitBuffer()
 {
     const QWidget* const canvas = widget();
-    const bool sharp = qFuzzyCompare(backBuffer.devicePixelRatio(), canvas->devicePixelRatioF());
-    if (sharp && backBuffer.size() == deviceSize(*canvas))
+    const bool sharp = qFuzzyCompare(backBuffer_.devicePixelRatio(), canvas->devicePixelRatioF());
+    if (sharp && backBuffer_.size() == deviceSize(*canvas))
         return;
     resizeBuffer();
-    if (viewport)
-        viewport->dirty = true;
+    if (viewport_)
+        viewport_->dirty = true;
 }
 
 void CanvasFunctionBase::render()
 {
     fitBuffer();
-    if (!viewport || backBuffer.isNull())
+    if (!viewport_ || backBuffer_.isNull())
         return;
     const QRect canvasRect = widget()->rect();
-    QPainter painter(&backBuffer);
+    QPainter painter(&backBuffer_);
     // Qt draws long polylines about twice as fast, pixel for pixel the same, when a clip is set.
     painter.setClipRect(canvasRect);
-    painter.setBackground(canvasColor);
+    painter.setBackground(canvasColor_);
 
     drawBackground(painter, canvasRect);
-    if (viewport->canShow()) {
+    if (viewport_->canShow()) {
         drawMark(painter);
         drawBand(painter);
         drawSelectionSpan(painter);
     }
-    if (viewport->dirty)
-        grid->layout(viewport);
-    grid->draw(&painter);
+    if (viewport_->dirty)
+        grid_->layout(viewport_);
+    grid_->draw(&painter);
     drawCurves(painter);
-    viewport->dirty = false;
+    viewport_->dirty = false;
 }
 
 void CanvasFunctionBase::drawBackground(QPainter& painter, const QRect& canvasRect)
 {
-    if (image && viewport->dirty)
-        image->updateForView(viewport, backBuffer.devicePixelRatio());
-    if (!image || !image->coversCanvas())
+    if (image_ && viewport_->dirty)
+        image_->updateForView(viewport_, backBuffer_.devicePixelRatio());
+    if (!image_ || !image_->coversCanvas())
         painter.eraseRect(canvasRect);
-    if (image)
-        image->draw(&painter);
+    if (image_)
+        image_->draw(&painter);
 }
 
 void CanvasFunctionBase::drawMark(QPainter& painter) const
 {
-    if (!showMark)
+    if (!showMark_)
         return;
-    const int column = viewport->timeToPixel(lastTime);
-    const int row = viewport->valueToPixel(lastValue);
+    const int column = viewport_->timeToPixel(lastPlace_.time);
+    const int row = viewport_->valueToPixel(lastPlace_.value);
     painter.setPen(dottedPen());
-    painter.drawLine(0, row, viewport->pixelWidth, row);
-    painter.drawLine(column, 0, column, viewport->pixelHeight);
+    painter.drawLine(0, row, viewport_->pixelWidth, row);
+    painter.drawLine(column, 0, column, viewport_->pixelHeight);
 }
 
 void CanvasFunctionBase::drawBand(QPainter& painter) const
 {
-    const QRect band = viewport->bandRect();
+    const QRect band = viewport_->bandRect();
     if (!isBandOpen() || band.isEmpty())
         return;
     painter.setPen(dottedPen());
-    painter.setBrush(viewport->bandValid ? selectionColor : canvasColor);
+    painter.setBrush(viewport_->bandValid ? selectionColor_ : canvasColor_);
     painter.drawRect(band.adjusted(0, 0, -1, -1));
 }
 
 bool CanvasFunctionBase::isBandOpen() const
 {
-    return viewport->bandValid || viewport->bandActive;
+    return viewport_->bandValid || viewport_->bandActive;
 }
 
 void CanvasFunctionBase::drawSelectionSpan(QPainter& painter) const
 {
-    if (isBandOpen() || !current || current->getKind() != 0)
-        return;
-    const ControlSplineNode& control = current->getCanvasSpline()->control;
-    if (!control.hasMultipleSelection())
-        return;
     double first = 0.0;
     double last = 0.0;
-    control.getSelectionSpan(first, last);
-    const int left = viewport->timeToPixel(std::min(first, last));
-    const int right = viewport->timeToPixel(std::max(first, last));
-    painter.fillRect(left, 0, right - left, viewport->pixelHeight, selectionColor);
+    if (isBandOpen() || !current_ || !current_->isSpline() ||
+        !current_->control().getSelectionSpan(first, last))
+        return;
+    const int left = viewport_->timeToPixel(std::min(first, last));
+    const int right = viewport_->timeToPixel(std::max(first, last));
+    painter.fillRect(left, 0, right - left, viewport_->pixelHeight, selectionColor_);
 }
 
 void CanvasFunctionBase::drawCurves(QPainter& painter)
 {
-    for (const auto& curve : curves) {
-        if (curve.get() != current)
-            curve->draw(viewport, &painter);
+    for (const auto& curve : curves_) {
+        if (curve.get() != current_)
+            curve->draw(viewport_, &painter);
     }
-    if (current)
-        current->draw(viewport, &painter);
+    if (current_)
+        current_->draw(viewport_, &painter);
 }
 
 void CanvasFunctionBase::setSelectionColor(const QColor& color)
 {
-    selectionColor = color;
+    selectionColor_ = color;
 }
 
 void CanvasFunctionBase::setCanvasColor(const QColor& color)
 {
-    canvasColor = color;
+    canvasColor_ = color;
 }
 
 void CanvasFunctionBase::setControllerColor(const QColor& color)
@@ -182,38 +187,38 @@ void CanvasFunctionBase::setControlPointSelectedColor(const QColor& color)
 
 void CanvasFunctionBase::setFrameFontColor(const QColor& color)
 {
-    grid->fontColor = color;
+    grid_->fontColor = color;
 }
 
 void CanvasFunctionBase::setFrameHLineColor(const QColor& color)
 {
-    grid->frameHLineColor = color;
+    grid_->frameHLineColor = color;
 }
 
 void CanvasFunctionBase::setFrameVLineColor(const QColor& color)
 {
-    grid->frameVLineColor = color;
+    grid_->frameVLineColor = color;
 }
 
 void CanvasFunctionBase::setFrameLinesColor(const QColor& color)
 {
-    grid->linePen = QPen(color, 0, Qt::SolidLine);
+    grid_->linePen = QPen(color, 0, Qt::SolidLine);
 }
 
 void CanvasFunctionBase::setTimeLineColor(const QColor& color)
 {
-    grid->timeLineColor = color;
+    grid_->timeLineColor = color;
 }
 
 void CanvasFunctionBase::loadImage(const QString& fileName)
 {
     clearImage();
-    image = std::make_unique<BackgroundImage>(fileName);
-    if (viewport)
-        viewport->dirty = true;
+    image_ = std::make_unique<BackgroundImage>(fileName);
+    if (viewport_)
+        viewport_->dirty = true;
 }
 
 void CanvasFunctionBase::clearImage()
 {
-    image.reset();
+    image_.reset();
 }

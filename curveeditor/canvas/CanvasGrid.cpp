@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasGrid.h>
 
-#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/Truncate.h>
 
 #include <QPainter>
 #include <QWidget>

@@ -2,8 +2,8 @@
 #include <curveeditor/canvas/CanvasSpline.h>
 
 #include <curveeditor/canvas/LineWithGaps.h>
-#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/Truncate.h>
 
 #include <QPainter>
 
@@ -23,38 +23,19 @@ constexpr int grabDistanceOfLine = 10;
 constexpr int nodeSize = 5;
 constexpr int fixedHandleSize = 3;
 
-class Mapping
+QPoint nodePixel(const PlaneMapping& view, const SplineBase::PointInfo& point)
 {
-public:
-    explicit Mapping(const ViewPort& view)
-        : timeMin_(view.timeMin), valueMax_(view.valueMax), width_(view.pixelWidth),
-          height_(view.pixelHeight), timeScale_(width_ / (view.timeMax - view.timeMin)),
-          valueScale_(height_ / (view.valueMax - view.valueMin))
-    {
-    }
+    const double right = view.pixelWidth + nodeMargin;
+    const double bottom = view.pixelHeight + nodeMargin;
+    return QPoint(truncateToPixel(std::clamp(view.column(point.time), -nodeMargin, right)),
+                  truncateToPixel(std::clamp(view.row(point.pos), -nodeMargin, bottom)));
+}
 
-    QPoint nodePixel(const SplineBase::PointInfo& point) const
-    {
-        return QPoint(truncateToPixel(std::clamp(column(point.time), -nodeMargin, width_ + nodeMargin)),
-                      truncateToPixel(std::clamp(row(point.pos), -nodeMargin, height_ + nodeMargin)));
-    }
-
-    QPoint samplePixel(double time, double value) const
-    {
-        return QPoint(truncateToPixel(column(time)), truncateToPixel(std::clamp(row(value), -1.0, height_)));
-    }
-
-private:
-    double column(double time) const { return (time - timeMin_) * timeScale_; }
-    double row(double value) const { return (valueMax_ - value) * valueScale_; }
-
-    double timeMin_;
-    double valueMax_;
-    double width_;
-    double height_;
-    double timeScale_;
-    double valueScale_;
-};
+QPoint samplePixel(const PlaneMapping& view, double time, double value)
+{
+    return QPoint(view.pixelColumn(time),
+                  truncateToPixel(std::clamp(view.row(value), -1.0, double(view.pixelHeight))));
+}
 
 double clampValue(double value, double minValue, double maxValue)
 {
@@ -138,9 +119,8 @@ QPen linePen(const QColor& color, Qt::PenStyle style)
 
 } // namespace
 
-CanvasSpline::CanvasSpline(SplineBase* spline) : control(this)
+CanvasSpline::CanvasSpline(const SplineBase* spline) : spline_(spline)
 {
-    control.setSpline(spline);
     setColors(Qt::white, Qt::black);
 }
 
@@ -154,28 +134,27 @@ void CanvasSpline::setColors(const QColor& color, const QColor& background)
 void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue)
 {
     viewport = newViewport;
-    control.dropLostPoints();
     nodePixels.clear();
     curveLine.clear();
     rawLine.clear();
     postLine.clear();
     curveGaps.clear();
     postGaps.clear();
-    if (control.pointCount() == 0 || !viewport->canShow())
+    if (pointCount() == 0 || !viewport->canShow())
         return;
 
-    const SplineBase& spline = *control.getSpline();
-    const Mapping mapping(*viewport);
+    const SplineBase& spline = *spline_;
+    const PlaneMapping view = viewport->mapping();
     for (const SplineBase::PointInfo* point : spline.getControlPoints())
-        nodePixels.append(mapping.nodePixel(*point));
+        nodePixels.append(nodePixel(view, *point));
 
     const double viewSpan = viewport->timeMax - viewport->timeMin;
     const double left = std::max(viewport->timeMin, spline.getFirst()->time);
     const double right = std::min(viewport->timeMax, spline.getLast()->time);
     for (const auto& [time, value] : samplesBetween(spline, left, right, viewSpan)) {
         if (std::isfinite(value)) {
-            curveLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
-            rawLine.append(mapping.samplePixel(time, value));
+            curveLine.append(samplePixel(view, time, clampValue(value, minValue, maxValue)));
+            rawLine.append(samplePixel(view, time, value));
         } else {
             addGap(curveGaps, curveLine.size());
         }
@@ -184,74 +163,58 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
         const double start = std::max(viewport->timeMin, right);
         for (const auto& [time, value] : samplesBetween(spline, start, viewport->timeMax, viewSpan)) {
             if (std::isfinite(value))
-                postLine.append(mapping.samplePixel(time, clampValue(value, minValue, maxValue)));
+                postLine.append(samplePixel(view, time, clampValue(value, minValue, maxValue)));
             else
                 addGap(postGaps, postLine.size());
         }
     }
 }
 
-void CanvasSpline::draw(QPainter* painter) const
+void CanvasSpline::draw(QPainter* painter, const Selection& selection, SplineEdits::Part dragged) const
 {
     if (nodePixels.isEmpty())
         return;
     drawLines(painter);
     if (!selected)
         return;
-    const std::vector<bool> marked = control.selectedPoints();
+    const std::vector<bool> marked = selection.marks(*spline_);
     drawMarkers(painter, marked);
     for (int index = 0; index < shownPoints(); ++index) {
         if (marked[std::size_t(index)] && meetsCanvas(square(nodePixels[index], nodeSize), *viewport))
-            drawHandles(painter, index);
+            drawHandles(painter, index, dragged);
     }
 }
 
 QPoint CanvasSpline::rightHandle(const QPoint& pixel, unsigned index, bool plain) const
 {
     double length = 0.0;
-    const double slope = control.getSpline()->getTangentRightAtNode(index + 1, length);
+    const double slope = spline_->getTangentRightAtNode(index + 1, length);
     return handleEnd(pixel, slope, plain ? handleUnit : (shortestHandle + length) * handleUnit, 1);
 }
 
 QPoint CanvasSpline::leftHandle(const QPoint& pixel, unsigned index, bool plain) const
 {
     double length = 0.0;
-    const double slope = control.getSpline()->getTangentLeftAtNode(index, length);
+    const double slope = spline_->getTangentLeftAtNode(index, length);
     return handleEnd(pixel, slope, plain ? handleUnit : (shortestHandle + length) * handleUnit, -1);
 }
 
-SplineBase::PointInfo* CanvasSpline::hitTest(const QPoint& pixel)
+CanvasSpline::Hit CanvasSpline::hitTest(const QPoint& pixel, const Selection& selection) const
 {
-    control.setActiveNone();
-    control.dropLostPoints();
-    if (SplineBase::PointInfo* point = hitCurrent(pixel))
-        return point;
+    const Hit hit = hitCurrent(pixel, selection);
+    if (hit.point != 0)
+        return hit;
     for (int index = 0; index < shownPoints(); ++index) {
         if (isNear(nodePixels[index] - pixel))
-            return control.pointAt(index);
+            return {spline_->getControlPoints()[std::size_t(index)]->serial, SplineEdits::Part::Point};
     }
-    return nullptr;
-}
-
-bool CanvasSpline::selectInBand(const double& timeLow, const double& timeHigh, const double& valueLow,
-                                const double& valueHigh)
-{
-    control.selectOnly(nullptr);
-    for (int index = 0; index < control.pointCount(); ++index) {
-        SplineBase::PointInfo* point = control.pointAt(index);
-        if (point->time > timeLow && point->time < timeHigh && point->pos > valueLow &&
-            point->pos < valueHigh) {
-            control.setCurrent(point);
-            control.selectionList().push_back(point);
-        }
-    }
-    return control.hasSelection();
+    return {};
 }
 
 void CanvasSpline::drawLines(QPainter* painter) const
 {
     const QColor lead = selected ? selectedColor : unselectedColor;
-    const SplineBase& spline = *control.getSpline();
+    const SplineBase& spline = *spline_;
     const bool startIsMissing = !curveGaps.empty() && curveGaps.front() == 0;
     const bool endIsMissing = !curveGaps.empty() && curveGaps.back() == curveLine.size();
     QPoint first = startIsMissing ? nodePixels.first() : curveLine.first();
@@ -290,26 +253,29 @@ void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marke
     }
 }
 
-void CanvasSpline::drawHandles(QPainter* painter, int index) const
+void CanvasSpline::drawHandles(QPainter* painter, int index, SplineEdits::Part dragged) const
 {
-    const int last = control.pointCount() - 1;
+    using SplineEdits::Part;
+    const int last = pointCount() - 1;
     const QPoint pixel = nodePixels[index];
-    const bool fixed = control.pointAt(index)->type == SplineBase::Tcb;
-    const auto endsCurvedSegment = [this](int end) {
-        const int type = control.pointAt(end)->type;
-        return type == SplineBase::Bezier || type == SplineBase::Tcb;
+    const auto typeOf = [this](int point) {
+        return spline_->getControlPoints()[std::size_t(point)]->type;
+    };
+    const bool fixed = typeOf(index) == SplineBase::Tcb;
+    const auto endsCurvedSegment = [&typeOf](int end) {
+        return typeOf(end) == SplineBase::Bezier || typeOf(end) == SplineBase::Tcb;
     };
 
     painter->setPen(linePen(controlPointSelectedColor, Qt::DotLine));
     painter->drawLine(pixel, QPoint(pixel.x(), 0));
     painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
     if (index < last && endsCurvedSegment(index + 1)) {
-        const bool dragged = control.isActiveBoth() || control.isActiveRight();
-        drawHandle(painter, pixel, rightHandle(pixel, unsigned(index), index == 0), dragged, fixed);
+        const bool isDragged = dragged == Part::BothTangents || dragged == Part::RightTangent;
+        drawHandle(painter, pixel, rightHandle(pixel, unsigned(index), index == 0), isDragged, fixed);
     }
     if (index > 0 && endsCurvedSegment(index)) {
-        const bool dragged = control.isActiveBoth() || control.isActiveLeft();
-        drawHandle(painter, pixel, leftHandle(pixel, unsigned(index), index == last), dragged, fixed);
+        const bool isDragged = dragged == Part::BothTangents || dragged == Part::LeftTangent;
+        drawHandle(painter, pixel, leftHandle(pixel, unsigned(index), index == last), isDragged, fixed);
     }
 }
 
@@ -331,43 +297,44 @@ void CanvasSpline::drawHandle(QPainter* painter, const QPoint& from, const QPoin
 
 QPoint CanvasSpline::handleEnd(const QPoint& pixel, double slope, double length, int side) const
 {
-    const double timeSpan = viewport->timeMax - viewport->timeMin;
-    const double valueSpan = viewport->valueMax - viewport->valueMin;
-    const double toPixels = double(viewport->pixelHeight) / viewport->pixelWidth * timeSpan / valueSpan;
-    const double pixelSlope = std::clamp(slope * toPixels, -steepestSlope, steepestSlope);
+    const double pixelSlope =
+        std::clamp(viewport->mapping().pixelSlope(slope), -steepestSlope, steepestSlope);
     const double across = side / std::sqrt(double(float(1.0 + pixelSlope * pixelSlope)));
     const double reach = std::clamp(length, -longestHandle, longestHandle);
     return QPoint(truncateToPixel(pixel.x() + reach * across),
                   truncateToPixel(pixel.y() - reach * (across * pixelSlope)));
 }
 
-int CanvasSpline::shownPoints() const
+int CanvasSpline::pointCount() const
 {
-    return std::min(int(nodePixels.size()), control.pointCount());
+    return spline_ ? int(spline_->getControlPointsNumber()) : 0;
 }
 
-SplineBase::PointInfo* CanvasSpline::hitCurrent(const QPoint& pixel)
+int CanvasSpline::shownPoints() const
 {
-    SplineBase::PointInfo* point = control.getCurrent();
-    const int index = control.currentIndex();
-    if (!point || control.hasMultipleSelection() || point->type != SplineBase::Bezier ||
-        index >= shownPoints())
-        return nullptr;
-    const int lastIndex = control.pointCount() - 1;
+    return std::min(int(nodePixels.size()), pointCount());
+}
+
+CanvasSpline::Hit CanvasSpline::hitCurrent(const QPoint& pixel, const Selection& selection) const
+{
+    using SplineEdits::Part;
+    if (selection.current() == 0 || selection.hasMultiple() || !spline_)
+        return {};
+    const int index = indicesOf({selection.current()}, *spline_).front();
+    if (index < 0 || index >= shownPoints() || (*spline_)[unsigned(index)]->type != SplineBase::Bezier)
+        return {};
+    const PointSerial point = selection.current();
+    const int lastIndex = pointCount() - 1;
     const QPoint node = nodePixels[index];
     const QPoint center = node - pixel;
     if (isNear(center))
-        return point;
+        return {point, Part::Point};
     // The handle of a segment that does not exist ends on the point itself.
     const QPoint right = index < lastIndex ? rightHandle(node, unsigned(index), index == 0) - pixel : center;
     const QPoint left = index > 0 ? leftHandle(node, unsigned(index), index == lastIndex) - pixel : center;
     if (isNear(right))
-        control.setActiveRight();
-    else if (isNear(left))
-        control.setActiveLeft();
-    else if (isBetween(right, left, center))
-        control.setActiveBoth();
-    else
-        return nullptr;
-    return point;
+        return {point, Part::RightTangent};
+    if (isNear(left))
+        return {point, Part::LeftTangent};
+    return isBetween(right, left, center) ? Hit{point, Part::BothTangents} : Hit{};
 }

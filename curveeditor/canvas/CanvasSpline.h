@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/edit/PlaneMapping.h>
+#include <curveeditor/edit/SplineEdits.h>
 
 #include <QColor>
 #include <QPolygon>
+
+#include <vector>
 
 class QPainter;
 class ViewPort;
@@ -12,13 +15,14 @@ class ViewPort;
 /// The picture of one spline: the pixels of its control points and up to three polylines, held until the
 /// curve or the view changes. Draws them, and tells which point or tangent handle lies under the mouse.
 ///
-/// Owned by the curve on the canvas. It holds the selection of the spline by value; spline and viewport
-/// belong to others and must outlive it. Pixels are logical.
+/// Owned by the curve on the canvas. The selection stands beside it; spline and viewport belong to others and
+/// must outlive it. Between a change by the host and the next `rebuild` the picture is that of before, and reads
+/// of the spline only points that are there. Pixels are logical.
 class CanvasSpline
 {
 public:
     /// The picture of `spline`, empty until the first `rebuild`.
-    explicit CanvasSpline(SplineBase* spline);
+    explicit CanvasSpline(const SplineBase* spline);
 
     /// `color` is the colour of the curve when it is current; the mean of both that of the curve otherwise.
     void setColors(const QColor& color, const QColor& background);
@@ -30,14 +34,14 @@ public:
     static void setControllerColor(const QColor& color) { controllerColor = color; }
     static void setControllerSelectedColor(const QColor& color) { controllerSelectedColor = color; }
 
-    /// Samples the spline anew, at most 1001 times for the span of its points and 1001 times behind it, and
-    /// lets the selection drop points that are gone. `minValue` and `maxValue` clamp the values, the lower
-    /// bound first. With a view that can't be shown the picture is empty.
+    /// Samples the spline anew, at most 1001 times for the span of its points and 1001 times behind it.
+    /// `minValue` and `maxValue` clamp the values, the lower bound first. With a view that can't be shown the
+    /// picture is empty.
     void rebuild(ViewPort* newViewport, float minValue, float maxValue);
-    /// Draws the picture, of the current curve also its points and the handles of the selected ones.
-    /// Evaluates nothing. The painter has an opaque background of the canvas colour, which fills the gaps of
-    /// dotted lines.
-    void draw(QPainter* painter) const;
+    /// Draws the picture, of the current curve also its points and the handles of the selected ones, those of
+    /// the dragged part highlighted. Evaluates nothing. The painter has an opaque background of the canvas
+    /// colour, which fills the gaps of dotted lines.
+    void draw(QPainter* painter, const Selection& selection, SplineEdits::Part dragged) const;
 
     /// The end of the outgoing handle of the point `index` that stands at `pixel`: on the slope as the view
     /// shows it, to the right, 45 pixels away if `plain`, else (0.333 + length) * 45 pixels with the length
@@ -46,17 +50,18 @@ public:
     /// The same for the incoming handle, to the left.
     QPoint leftHandle(const QPoint& pixel, unsigned index, bool plain) const;
 
-    /// The first control point less than 6 pixels (manhattan) from `pixel`; null if there is none. A single
-    /// current `Bezier` point goes before the others, with its handles and the line between them; the first
-    /// point has no left and the last no right handle. Sets what a drag of the point edits.
-    SplineBase::PointInfo* hitTest(const QPoint& pixel);
-    /// Selects the points strictly inside a rectangle of the plane, drops all others, and returns whether
-    /// there are any. The last one becomes the current point too.
-    bool selectInBand(const double& timeLow, const double& timeHigh, const double& valueLow,
-                      const double& valueHigh);
+    /// What lies at a pixel: a point, 0 for none, and what a drag of it edits.
+    struct Hit
+    {
+        PointSerial point = 0;
+        SplineEdits::Part part = SplineEdits::Part::Point;
+    };
+    /// The first control point less than 6 pixels (manhattan) from `pixel`. A single current `Bezier` point goes
+    /// before the others, with its handles and the line between them; the first point has no left and the last
+    /// no right handle.
+    Hit hitTest(const QPoint& pixel, const Selection& selection) const;
 
     bool selected = false; ///< This curve is the current one; written by the canvas.
-    ControlSplineNode control;
     QColor unselectedColor;
     QColor selectedColor;
     ViewPort* viewport = nullptr; ///< The view of the last `rebuild`.
@@ -72,11 +77,14 @@ public:
 private:
     void drawLines(QPainter* painter) const;
     void drawMarkers(QPainter* painter, const std::vector<bool>& marked) const;
-    void drawHandles(QPainter* painter, int index) const;
+    void drawHandles(QPainter* painter, int index, SplineEdits::Part dragged) const;
     void drawHandle(QPainter* painter, const QPoint& from, const QPoint& to, bool dragged, bool square) const;
     QPoint handleEnd(const QPoint& pixel, double slope, double length, int side) const;
+    int pointCount() const;
     int shownPoints() const;
-    SplineBase::PointInfo* hitCurrent(const QPoint& pixel);
+    Hit hitCurrent(const QPoint& pixel, const Selection& selection) const;
+
+    const SplineBase* spline_;
 
     inline static QColor controlPointColor{0, 0, 0};
     inline static QColor controlPointSelectedColor{255, 0, 0};

@@ -6,27 +6,11 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <cmath>
-#include <unordered_set>
 #include <utility>
 
-namespace {
-
-constexpr double tangentShortening = 0.001;
-
-bool earlier(const SplineBase::PointInfo* left, const SplineBase::PointInfo* right)
+ControlSplineNode::ControlSplineNode(CurveEdit& door, std::shared_ptr<EditedCurve> curve)
+    : door_(door), curve_(std::move(curve))
 {
-    return left->time < right->time;
-}
-
-} // namespace
-
-ControlSplineNode::ControlSplineNode(CanvasSpline* enclosingPicture) : owner(enclosingPicture)
-{
-    connect(menu(), &ControlMenu::setSelectedLinear, this, &ControlSplineNode::setSelectedLinear);
-    connect(menu(), &ControlMenu::setSelectedBezier, this, &ControlSplineNode::setSelectedBezier);
-    connect(menu(), &ControlMenu::setSelectedTcb, this, &ControlSplineNode::setSelectedTcb);
-    connect(menu(), &ControlMenu::deleteSelectedNodes, this, &ControlSplineNode::deleteSelectedNodes);
 }
 
 ControlMenu* ControlSplineNode::menu()
@@ -37,134 +21,85 @@ ControlMenu* ControlSplineNode::menu()
     return shared;
 }
 
-void ControlSplineNode::selectOnly(SplineBase::PointInfo* point)
-{
-    current = point;
-    selection.clear();
-}
-
-void ControlSplineNode::toggleSelected(SplineBase::PointInfo* point)
-{
-    if (!point)
-        return;
-    const auto listed = std::find(selection.begin(), selection.end(), point);
-    if (listed != selection.end()) {
-        selection.erase(listed);
-    } else if (point == current) {
-        selectOnly(nullptr);
-    } else if (!selection.empty()) {
-        const auto notEarlier = std::find_if(selection.begin(), selection.end(),
-                                             [&](const auto* entry) { return !earlier(entry, point); });
-        selection.insert(notEarlier, point);
-        current = nullptr;
-    } else if (current) {
-        selection = earlier(point, current) ? std::vector{point, current} : std::vector{current, point};
-        current = nullptr;
-    } else {
-        current = point;
-    }
-}
-
-void ControlSplineNode::dropLostPoints()
-{
-    if (currentIndex() < 0)
-        current = nullptr;
-    if (selection.empty())
-        return;
-    std::unordered_set<const SplineBase::PointInfo*> held;
-    if (spline)
-        held.insert(spline->getControlPoints().begin(), spline->getControlPoints().end());
-    std::erase_if(selection, [&](const auto* point) { return !held.contains(point); });
-}
-
-bool ControlSplineNode::isSelected(const SplineBase::PointInfo* point) const
-{
-    return point &&
-           (point == current || std::find(selection.begin(), selection.end(), point) != selection.end());
-}
-
-std::vector<bool> ControlSplineNode::selectedPoints() const
-{
-    std::unordered_set<const SplineBase::PointInfo*> chosen(selection.begin(), selection.end());
-    chosen.insert(current);
-    std::vector<bool> marks;
-    marks.reserve(std::size_t(pointCount()));
-    for (int index = 0; index < pointCount(); ++index)
-        marks.push_back(chosen.contains(pointAt(index)));
-    return marks;
-}
-
-int ControlSplineNode::currentIndex() const
-{
-    return current && spline ? spline->findIndex(current) : -1;
-}
-
-SplineBase::PointInfo* ControlSplineNode::pointAt(const int& index) const
-{
-    return index >= 0 && index < pointCount() ? spline->getControlPoints()[std::size_t(index)] : nullptr;
-}
-
-int ControlSplineNode::pointCount() const
-{
-    return spline ? int(spline->getControlPointsNumber()) : 0;
-}
-
-SplineBase::PointInfo* ControlSplineNode::modifyCurrent()
+const SplineBase::PointInfo* ControlSplineNode::getCurrent() const
 {
     return pointAt(currentIndex());
 }
 
-void ControlSplineNode::getSelectionSpan(double& first, double& last) const
+void ControlSplineNode::selectOnly(const SplineBase::PointInfo* point)
 {
-    if (selection.empty())
-        return;
-    first = selection.front()->time;
-    last = selection.back()->time;
+    selection_.selectOnly(point ? point->serial : 0);
 }
 
-bool ControlSplineNode::isOutsideSelection(const double& time) const
+void ControlSplineNode::toggleSelected(const SplineBase::PointInfo* point)
 {
-    if (!hasMultipleSelection())
-        return false;
-    const auto below = [&](const auto* entry) {
-        return entry->time - time < 0.0;
-    };
-    const auto above = [&](const auto* entry) {
-        return entry->time - time > 0.0;
-    };
-    return std::none_of(selection.begin(), selection.end(), below) ||
-           std::none_of(selection.begin(), selection.end(), above);
+    if (point && getSpline())
+        selection_.toggle(point->serial, *getSpline());
 }
 
-void ControlSplineNode::movePoint(const double& time, const double& value)
+bool ControlSplineNode::selectInBand(double timeLow, double timeHigh, double valueLow, double valueHigh)
 {
-    if (!holdsSinglePoint())
-        return;
-    if (isActiveNone()) {
-        placeCurrent(time, value);
-        return;
+    std::vector<PointSerial> inside;
+    for (int index = 0; index < pointCount(); ++index) {
+        const SplineBase::PointInfo& point = *pointAt(index);
+        if (point.time > timeLow && point.time < timeHigh && point.pos > valueLow && point.pos < valueHigh)
+            inside.push_back(point.serial);
     }
-    const double valueDistance = value - current->pos;
-    const double timeDistance = time - current->time;
-    const double shortening = std::hypot(valueDistance, timeDistance) * tangentShortening;
-    const double slope = valueDistance / (timeDistance + (timeDistance >= 0.0 ? shortening : -shortening));
-    if (isActiveLeft() || isActiveBoth())
-        spline->setTanLeft(current, slope);
-    if (isActiveRight() || isActiveBoth())
-        spline->setTanRight(current, slope);
-    selectOnly(current);
+    selection_.selectAll(std::move(inside));
+    return hasSelection();
 }
 
-void ControlSplineNode::scalePoint(const double& timeFactor, const double& valueFactor)
+void ControlSplineNode::dropLostPoints()
 {
-    if (holdsSinglePoint())
-        placeCurrent(current->time * timeFactor, current->pos * valueFactor);
+    if (getSpline())
+        selection_.dropLost(*getSpline());
+    else
+        selection_ = Selection();
 }
 
-void ControlSplineNode::panPoint(const double& timeOffset, const double& valueOffset)
+bool ControlSplineNode::isSelected(const SplineBase::PointInfo* point) const
 {
-    if (holdsSinglePoint())
-        placeCurrent(current->time + timeOffset, current->pos + valueOffset);
+    return point && selection_.contains(point->serial);
+}
+
+int ControlSplineNode::currentIndex(int guess) const
+{
+    const PointSerial current = selection_.current();
+    const SplineBase::PointInfo* const guessed = pointAt(guess);
+    if (current == 0 || !getSpline())
+        return -1;
+    return guessed && guessed->serial == current ? guess : indicesOf({current}, *getSpline()).front();
+}
+
+const SplineBase::PointInfo* ControlSplineNode::pointAt(int index) const
+{
+    return index >= 0 && index < pointCount() ? getSpline()->getControlPoints()[std::size_t(index)] : nullptr;
+}
+
+int ControlSplineNode::pointCount() const
+{
+    return getSpline() ? int(getSpline()->getControlPointsNumber()) : 0;
+}
+
+bool ControlSplineNode::getSelectionSpan(double& first, double& last) const
+{
+    if (!hasMultipleSelection() || !getSpline())
+        return false;
+    const std::vector<double> times = selection_.listedTimes(*getSpline());
+    if (times.size() < 2)
+        return false;
+    first = times.front();
+    last = times.back();
+    return true;
+}
+
+bool ControlSplineNode::isOutsideSelection(double time) const
+{
+    if (!hasMultipleSelection() || !getSpline())
+        return false;
+    const std::vector<double> times = selection_.listedTimes(*getSpline());
+    return std::none_of(times.begin(), times.end(), [time](double entry) { return entry < time; }) ||
+           std::none_of(times.begin(), times.end(), [time](double entry) { return entry > time; });
 }
 
 void ControlSplineNode::popupMenu(const QPoint& globalPosition)
@@ -177,6 +112,12 @@ void ControlSplineNode::popupMenu(const QPoint& globalPosition)
     menu()->showMenu(globalPosition, 0);
 }
 
+QString ControlSplineNode::editText(const QString& one, const QString& many) const
+{
+    const std::size_t count = selection_.edited().size();
+    return count == 1 ? one.arg(curve_->name) : many.arg(count).arg(curve_->name);
+}
+
 void ControlSplineNode::setSelectedLinear()
 {
     setSelectedType(SplineBase::Linear);
@@ -184,14 +125,6 @@ void ControlSplineNode::setSelectedLinear()
 
 void ControlSplineNode::setSelectedBezier()
 {
-    for (SplineBase::PointInfo* point : editedPoints()) {
-        const int index = spline->findIndex(point);
-        double length = 0.0;
-        if (index < pointCount() - 1)
-            spline->setTanRight(point, spline->getTangentRightAtNode(unsigned(index + 1), length));
-        if (index != 0)
-            spline->setTanLeft(point, spline->getTangentLeftAtNode(unsigned(index), length));
-    }
     setSelectedType(SplineBase::Bezier);
 }
 
@@ -200,42 +133,12 @@ void ControlSplineNode::setSelectedTcb()
     setSelectedType(SplineBase::Tcb);
 }
 
-void ControlSplineNode::deleteSelectedNodes()
-{
-    const std::vector<SplineBase::PointInfo*> points = editedPoints();
-    for (const SplineBase::PointInfo* point : points)
-        spline->remove(point);
-    selectOnly(nullptr);
-    if (!points.empty())
-        Q_EMIT pointsChanged();
-}
-
-std::vector<SplineBase::PointInfo*> ControlSplineNode::editedPoints()
-{
-    dropLostPoints();
-    if (hasMultipleSelection())
-        return selection;
-    return current ? std::vector{current} : std::vector<SplineBase::PointInfo*>();
-}
-
-bool ControlSplineNode::holdsSinglePoint()
-{
-    dropLostPoints();
-    return current && !hasMultipleSelection();
-}
-
 void ControlSplineNode::setSelectedType(int type)
 {
-    const std::vector<SplineBase::PointInfo*> points = editedPoints();
-    for (SplineBase::PointInfo* point : points)
-        point->type = type;
-    if (!points.empty())
-        Q_EMIT pointsChanged();
-}
-
-void ControlSplineNode::placeCurrent(double time, double value)
-{
-    spline->setTime(current, time);
-    spline->setPos(current, value);
-    selectOnly(current);
+    if (!getSpline())
+        return;
+    door_.begin(editText(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2")),
+                {curve_});
+    SplineEdits::setType(*getSpline(), selection_.edited(), type);
+    door_.commit();
 }

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/ControlSplineNode.h>
+
 #include <QColor>
 #include <QObject>
 #include <QString>
 
-#include <cstdint>
 #include <iosfwd>
 #include <memory>
+#include <utility>
 
 class CanvasExpression;
 class CanvasFunctionBase;
 class CanvasSpline;
 class FunctionFloatBase;
-class FunctionParserBase;
 class ParseMessage;
 class QAction;
 class QPainter;
@@ -26,8 +27,9 @@ class ViewPort;
 /// menu and to a clamp range.
 ///
 /// The canvas owns it. Spline and holder are the host's and outlive it, so a curve that leaves the canvas and
-/// comes back keeps its content. The object in the holder is replaced and deleted here. Both pictures exist
-/// whatever the kind is. Times are in time units, values in value units.
+/// comes back keeps its content. Both pictures exist whatever the kind is. It writes nothing into the curve
+/// itself: that is done by its `EditedCurve`, while the canvas holds the door for edits open. Times are in time
+/// units, values in value units.
 ///
 /// `curveHasChanged` may run a host's slot that takes this very curve off the canvas: whoever causes it must
 /// not touch the curve afterwards without a guard (`QPointer`).
@@ -36,27 +38,34 @@ class CurveNodeBase : public QObject
     Q_OBJECT
 
 public:
-    /// Adds an entry of the curve's name to `menu`, in an exclusive group that belongs to that menu, and
-    /// makes the curve the current one of `canvas`. A filled holder makes it an expression curve. `menu` may
-    /// be null; `canvas`, `menu`, `spline` and `expression` are not owned.
+    /// Adds an entry of the curve's name to `menu`, in an exclusive group that belongs to that menu. A filled
+    /// holder makes it an expression curve. `menu` may be null; `canvas`, `menu`, `spline` and `expression` are
+    /// not owned. Tells nobody: it is for the canvas to make the curve its current one.
     CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QString& name, const QColor& color,
                   float defaultValue, SplineBase* spline, FunctionFloatBase** expression, float minValue,
                   float maxValue);
     ~CurveNodeBase() override;
 
-    bool changed = false; ///< The picture is out of date; set by every edit, cleared by `draw`.
+    bool changed = true; ///< The picture is out of date; set by the canvas, cleared by `draw`.
 
     /// The full name: group, ".", curve.
-    QString getName() const { return name; }
+    QString getName() const { return curve_->name; }
     void setName(const QString& newName);
 
-    /// 0 for a spline, else an expression.
-    int getKind() const { return kind; }
-    SplineBase* getSpline() const { return spline; }
+    CurveKind kind() const { return curve_->kind(); }
+    bool isSpline() const { return kind() == CurveKind::Spline; }
+    /// The content, for edits.
+    const std::shared_ptr<EditedCurve>& curve() const { return curve_; }
+    SplineBase* getSpline() const { return curve_->spline(); }
     /// What the holder holds; null if it is empty.
-    FunctionFloatBase* getExpression() const;
-    CanvasSpline* getCanvasSpline() const { return canvasSpline.get(); }
-    CanvasExpression* getCanvasExpression() const { return canvasExpression.get(); }
+    FunctionFloatBase* getExpression() const { return curve_->expression(); }
+    CanvasSpline* getCanvasSpline() const { return canvasSpline_.get(); }
+    CanvasExpression* getCanvasExpression() const { return canvasExpression_.get(); }
+    /// The selected points.
+    ControlSplineNode& control() { return control_; }
+    const ControlSplineNode& control() const { return control_; }
+    /// What a reset leaves as the value of the one point.
+    double defaultValue() const { return defaultValue_; }
 
     /// Checks the curve's entry in the menu; the exclusive group unchecks the others.
     void toggleAction();
@@ -76,28 +85,16 @@ public:
     /// sampled at 5000 times across the view; where it has no finite value the line has a gap.
     void draw(ViewPort* viewport, QPainter* painter);
 
-    /// The curve shows its spline. With `deleteExpression` the expression is deleted and the holder empty.
-    void setSplineMode(const bool& deleteExpression);
-    /// The curve shows its expression, and nothing while the holder is empty.
-    void setExpressionMode();
-
-    /// Takes over `newExpression` (null is allowed) in place of the one in the holder, and asks the editor
-    /// whether the curve now depends on itself. If it does, the user is told, and `message` gets code
-    /// `CyclicDependency` and a span for each place where its text names the curve that closes the cycle. The
-    /// expression stays in the holder all the same. Runs a message box, during which the curve may go.
-    void assignExpression(FunctionFloatBase* newExpression, ParseMessage& message);
-
-    /// Back to a spline of one point at the default value; the expression is deleted. Reports the change.
-    void resetCurve();
+    /// Asks the editor whether the curve depends on itself. If it does, returns true, and `withFunc` is the full
+    /// name of the curve that closes the cycle.
+    bool findsCycle(QString& withFunc) const;
 
     /// Emits `curveHasChanged` with the first and the last part of the name, which dots divide; a name
     /// without a dot gives itself twice.
     void emitCurveChanged();
+    /// These two parts.
+    static std::pair<QString, QString> reportedNames(const QString& fullName);
 
-    /// Reads the kind and the body of a curve file into this curve, whatever kind it was. Returns false, and
-    /// leaves the curve as it was, if that is not a whole curve or an expression that can't be parsed. No
-    /// dependency check is run. The selection does not outlive it.
-    bool read(std::istream& in, FunctionParserBase* parser);
     /// Writes the kind and the body. Returns false if the stream failed, or, with nothing written, if there
     /// is no expression to be written.
     bool write(std::ostream& out) const;
@@ -105,31 +102,23 @@ public:
 public Q_SLOTS:
     /// Makes this curve the current one of its canvas.
     void setThisNode();
-    /// Offers this curve to the canvas for a new point at the mark; only the current curve gets one.
-    void createNodeAtCursor();
 
 Q_SIGNALS:
     /// The user has changed the curve.
     void curveHasChanged(QString& nodeName, QString& curveName);
 
 private:
-    void connectMenu();
-    void setExpression(std::unique_ptr<FunctionFloatBase> newExpression);
-    bool readSpline(std::istream& in);
-    bool readExpression(std::istream& in, FunctionParserBase* parser);
     void sampleExpression(const ViewPort& viewport);
     double clamped(double value) const;
     double framesPerTimeUnit() const;
 
-    CanvasFunctionBase* canvas;
-    std::unique_ptr<QAction> action;
-    QString name;
-    std::int32_t kind = 0;
-    SplineBase* spline;
-    FunctionFloatBase** expression;
-    std::unique_ptr<CanvasSpline> canvasSpline;
-    std::unique_ptr<CanvasExpression> canvasExpression;
-    float defaultValue;
-    float minValue;
-    float maxValue;
+    CanvasFunctionBase* canvas_;
+    std::shared_ptr<EditedCurve> curve_;
+    std::unique_ptr<QAction> action_;
+    std::unique_ptr<CanvasSpline> canvasSpline_;
+    std::unique_ptr<CanvasExpression> canvasExpression_;
+    ControlSplineNode control_;
+    float defaultValue_;
+    float minValue_;
+    float maxValue_;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-class QString;
+#include <QStringList>
 
 /// Answers whether a curve's expression depends on the curve itself. The canvas asks; the editor, which knows
 /// every registered curve, answers.
@@ -18,4 +18,8 @@ public:
     /// `firstFunc`. Both are lower variable names. On true `withFunc` becomes the full name of the curve
     /// through which the cycle runs; on false it stays as it is.
     virtual bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) = 0;
+
+    /// The lower variable names of all curves whose expressions read the curve of that lower variable name,
+    /// directly or through others.
+    virtual QStringList readersOf(const QString& curve) const = 0;
 };

@@ -2,7 +2,6 @@
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <curveeditor/canvas/MouseState.h>
-#include <curveeditor/edit/Truncate.h>
 
 #include <QMouseEvent>
 
@@ -14,11 +13,6 @@ namespace {
 constexpr double smallestSide = double(1e-9f);
 constexpr double smallestShareOfPosition = double(0.0001f);
 constexpr double zoomOfWholeDrag = 5.0;
-
-double quotient(double dividend, double divisor)
-{
-    return divisor == 0.0 ? 0.0 : dividend / divisor;
-}
 
 double within(double number, double low, double high)
 {
@@ -53,12 +47,14 @@ void ViewPort::reset()
     dirty = true;
 }
 
+PlaneMapping ViewPort::mapping() const
+{
+    return {timeMin, timeMax, valueMin, valueMax, pixelWidth, pixelHeight};
+}
+
 bool ViewPort::canShow() const
 {
-    const double timeSpan = timeMax - timeMin;
-    const double valueSpan = valueMax - valueMin;
-    return pixelWidth > 0 && pixelHeight > 0 && timeSpan > 0.0 && valueSpan > 0.0 &&
-           std::isfinite(timeSpan) && std::isfinite(valueSpan);
+    return mapping().canShow();
 }
 
 void ViewPort::setShowFrames(const bool& on)
@@ -69,34 +65,32 @@ void ViewPort::setShowFrames(const bool& on)
 
 double ViewPort::pixelToTimeDelta(const int& dx) const
 {
-    return quotient(dx, pixelWidth) * (timeMax - timeMin);
+    return mapping().timeOfPixels(dx);
 }
 
 double ViewPort::pixelToValueDelta(const int& dy) const
 {
-    return quotient(dy, pixelHeight) * (valueMax - valueMin);
+    return mapping().valueOfPixels(dy);
 }
 
 double ViewPort::pixelToTime(const int& x) const
 {
-    return within(pixelToTimeDelta(x) + timeMin, limitTimeMin, limitTimeMax);
+    return within(mapping().timeAt(x), limitTimeMin, limitTimeMax);
 }
 
 double ViewPort::pixelToValue(const int& y) const
 {
-    return within(valueMax - pixelToValueDelta(y), limitValueMin, limitValueMax);
+    return within(mapping().valueAt(y), limitValueMin, limitValueMax);
 }
 
 int ViewPort::timeToPixel(const double& t) const
 {
-    return truncateToPixel((within(t, limitTimeMin, limitTimeMax) - timeMin) *
-                           quotient(pixelWidth, timeMax - timeMin));
+    return mapping().pixelColumn(within(t, limitTimeMin, limitTimeMax));
 }
 
 int ViewPort::valueToPixel(const double& v) const
 {
-    return truncateToPixel((valueMax - within(v, limitValueMin, limitValueMax)) *
-                           quotient(pixelHeight, valueMax - valueMin));
+    return mapping().pixelRow(within(v, limitValueMin, limitValueMax));
 }
 
 void ViewPort::panView(const int& dx, const int& dy)
@@ -120,16 +114,15 @@ void ViewPort::panView(const int& dx, const int& dy)
 
 void ViewPort::zoomView(const int& dx, const int& dy)
 {
-    const double timeSpan = timeMax - timeMin;
-    const double valueSpan = valueMax - valueMin;
-    const double timeFactor = std::pow(zoomOfWholeDrag, quotient(-double(dx), pixelWidth));
-    const double valueFactor = std::pow(zoomOfWholeDrag, quotient(dy, pixelHeight));
-    const double anchorTime = pixelToTimeDelta(anchorX) + timeMin;
-    const double anchorValue = valueMax - pixelToValueDelta(anchorY);
+    const PlaneMapping view = mapping();
+    const double timeFactor = std::pow(zoomOfWholeDrag, view.shareOfWidth(-double(dx)));
+    const double valueFactor = std::pow(zoomOfWholeDrag, view.shareOfHeight(dy));
+    const double anchorTime = view.timeAt(anchorX);
+    const double anchorValue = view.valueAt(anchorY);
     const double time = anchorTime + ((timeMin + timeMax) * 0.5 - anchorTime) * timeFactor;
     const double value = anchorValue + ((valueMin + valueMax) * 0.5 - anchorValue) * valueFactor;
-    const double halfTime = timeFactor * timeSpan * 0.5;
-    const double halfValue = valueFactor * valueSpan * 0.5;
+    const double halfTime = timeFactor * view.timeSpan() * 0.5;
+    const double halfValue = valueFactor * view.valueSpan() * 0.5;
     bandX0 = time - halfTime;
     bandY0 = value + halfValue;
     bandX1 = time + halfTime;
@@ -200,21 +193,28 @@ void ViewPort::takeBand(double& timeLow, double& timeHigh, double& valueLow, dou
 
 QRect ViewPort::bandRect() const
 {
-    const double timeSpan = timeMax - timeMin;
-    const double valueSpan = valueMax - valueMin;
-    const double left = std::min(bandX0, bandX1);
-    const double top = std::max(bandY0, bandY1);
-    return QRect(truncateToPixel(quotient(left - timeMin, timeSpan) * pixelWidth),
-                 truncateToPixel(quotient(valueMax - top, valueSpan) * pixelHeight),
-                 truncateToPixel(quotient(std::abs(bandX1 - bandX0), timeSpan) * pixelWidth),
-                 truncateToPixel(quotient(std::abs(bandY1 - bandY0), valueSpan) * pixelHeight));
+    return mapping().pixelRect(bandX0, bandY0, bandX1, bandY1);
 }
 
 void ViewPort::clearDrag()
 {
-    bandDrag = false;
-    panDrag = false;
-    zoomDrag = false;
+    if (gesture.isAtView())
+        gesture.end();
+}
+
+void ViewPort::cancelDrag()
+{
+    if (!gesture.isAtView())
+        return;
+    const PlaneMapping& start = gesture.start();
+    timeMin = start.timeMin;
+    timeMax = start.timeMax;
+    valueMin = start.valueMin;
+    valueMax = start.valueMax;
+    bandValid = false;
+    bandActive = false;
+    dirty = true;
+    gesture.cancel();
 }
 
 void ViewPort::mousePress(QMouseEvent* event)
@@ -225,11 +225,11 @@ void ViewPort::mousePress(QMouseEvent* event)
     lastMouseY = anchorY = position.y();
     if (event->button() == Qt::LeftButton) {
         beginBand(anchorX, anchorY);
-        bandDrag = true;
+        gesture.beginAtView(Gesture::Kind::Band, mapping());
     } else if (event->button() == Qt::MiddleButton && alt) {
-        panDrag = true;
+        gesture.beginAtView(Gesture::Kind::Pan, mapping());
     } else if (event->button() == Qt::RightButton && alt) {
-        zoomDrag = true;
+        gesture.beginAtView(Gesture::Kind::Zoom, mapping());
     }
 }
 
@@ -238,12 +238,12 @@ void ViewPort::mouseMove(QMouseEvent* event)
     const QPoint position = event->position().toPoint();
     const int dx = lastMouseX - position.x();
     const int dy = lastMouseY - position.y();
-    if (bandDrag) {
+    if (gesture.kind() == Gesture::Kind::Band) {
         extendBand(position.x(), position.y());
-    } else if (panDrag) {
+    } else if (gesture.kind() == Gesture::Kind::Pan) {
         panView(dx, dy);
         dirty = true;
-    } else if (zoomDrag) {
+    } else if (gesture.kind() == Gesture::Kind::Zoom) {
         zoomView(dx, dy);
         dirty = true;
     }
@@ -253,7 +253,7 @@ void ViewPort::mouseMove(QMouseEvent* event)
 
 void ViewPort::mouseRelease(QMouseEvent* event)
 {
-    if (bandDrag && stateBefore(*event).has(Qt::AltModifier))
+    if (gesture.kind() == Gesture::Kind::Band && stateBefore(*event).has(Qt::AltModifier))
         applyBand(true);
     clearDrag();
 }

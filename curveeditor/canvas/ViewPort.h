@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/Gesture.h>
+#include <curveeditor/edit/PlaneMapping.h>
+
 #include <QRect>
 
 class QMouseEvent;
@@ -45,9 +48,7 @@ public:
     bool bandValid = false;  ///< the last band test accepted the band
     bool bandActive = false; ///< a band is open; it shows while this or `bandValid` holds
     bool dirty = true;       ///< the grid's layout and the curves' polylines are out of date
-    bool bandDrag = false;
-    bool panDrag = false;
-    bool zoomDrag = false;
+    Gesture gesture;    ///< what the mouse does between press and release; the canvas begins those at points
     int lastMouseX = 0; ///< of the previous mouse event of a drag
     int lastMouseY = 0;
 
@@ -60,6 +61,9 @@ public:
     /// Shows all that the limits allow, counts frames, ends every gesture, closes the band and makes the view
     /// dirty.
     void reset();
+
+    /// The visible range and the canvas size as they are now. Everything here that maps asks it.
+    PlaneMapping mapping() const;
 
     /// True if the view has width, height and span and all its numbers are finite. Any other view can only
     /// come from a host or from typed limits, or stand before the first resize; painting draws nothing for
@@ -128,8 +132,11 @@ public:
     /// The band in pixels, for drawing; its numbers are bounded as those of `timeToPixel`.
     QRect bandRect() const;
 
-    /// Ends every gesture without effect.
+    /// Ends a gesture at the view and leaves the view as it is.
     void clearDrag();
+    /// Takes a gesture at the view back: the view is as it was at the press, the band is closed, and what is
+    /// left of the drag does nothing.
+    void cancelDrag();
 
     /// The gestures. Left drags a rubber band, which zooms if Alt is held at the release and else stays open;
     /// Alt and middle pan, the content follows the mouse; Alt and right zoom about the press.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/EditedCurve.h>
 
+#include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
 
@@ -71,6 +72,36 @@ bool EditedCurve::restore(const CurveState& state)
     if (spline_)
         spline_->assign(state.spline);
     kind_ = state.kind;
+    return true;
+}
+
+bool EditedCurve::read(std::istream& in)
+{
+    CurveFile::Kind kind = CurveFile::Spline;
+    if (!CurveFile::readKind(in, kind))
+        return false;
+    return kind == CurveFile::Spline ? readSpline(in) : readExpression(in);
+}
+
+bool EditedCurve::readSpline(std::istream& in)
+{
+    if (!spline_ || !CurveFile::readSpline(in, *spline_))
+        return false;
+    kind_ = CurveKind::Spline;
+    return true;
+}
+
+bool EditedCurve::readExpression(std::istream& in)
+{
+    std::string text;
+    if (!variable_ || !CurveFile::readExpression(in, text))
+        return false;
+    ParseMessage message;
+    std::unique_ptr<FunctionFloatBase> parsed(FunctionParserBase::instance()->parseString(text, message));
+    if (!parsed || !message.errors.empty())
+        return false;
+    setExpression(std::move(parsed), text);
+    kind_ = CurveKind::Expression;
     return true;
 }
 

@@ -6,7 +6,9 @@
 
 #include <QString>
 
+#include <iosfwd>
 #include <memory>
+#include <string>
 
 /// One curve as hands edit it: the host's spline, the host's variable for an expression, and which of the two
 /// shows. It outlives the curve's stay on the canvas, so that edits can be taken back later.
@@ -40,10 +42,17 @@ public:
     /// Takes the whole state. Returns false, and changes nothing, if its formula can't be parsed any more.
     bool restore(const CurveState& state);
 
+    /// Reads what `CurveFile` writes into the curve, whatever kind it was. Returns false, and leaves the curve as
+    /// it was, if that is not a whole curve or a formula that can't be parsed.
+    bool read(std::istream& in);
+
     /// The host takes the curve away: nothing here reaches spline and variable any more.
     void letGo();
 
 private:
+    bool readSpline(std::istream& in);
+    bool readExpression(std::istream& in);
+
     SplineBase* spline_;
     FunctionFloatBase** variable_;
     CurveKind kind_;

@@ -28,14 +28,24 @@ bool PlaneMapping::canShow() const
            std::isfinite(timeSpan()) && std::isfinite(valueSpan());
 }
 
+double PlaneMapping::shareOfWidth(double columns) const
+{
+    return quotient(columns, pixelWidth);
+}
+
+double PlaneMapping::shareOfHeight(double rows) const
+{
+    return quotient(rows, pixelHeight);
+}
+
 double PlaneMapping::timeOfPixels(double columns) const
 {
-    return quotient(columns, pixelWidth) * timeSpan();
+    return shareOfWidth(columns) * timeSpan();
 }
 
 double PlaneMapping::valueOfPixels(double rows) const
 {
-    return quotient(rows, pixelHeight) * valueSpan();
+    return shareOfHeight(rows) * valueSpan();
 }
 
 int PlaneMapping::pixelColumn(double time) const

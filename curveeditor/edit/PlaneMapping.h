@@ -27,7 +27,9 @@ public:
     /// True if there are width, height and spans, and all of them are finite.
     bool canShow() const;
 
-    /// A number of pixels as a span of the plane, with its sign.
+    /// A number of pixels as a share of the canvas, and as a span of the plane, both with its sign.
+    double shareOfWidth(double columns) const;
+    double shareOfHeight(double rows) const;
     double timeOfPixels(double columns) const;
     double valueOfPixels(double rows) const;
     double timeAt(double column) const { return timeOfPixels(column) + timeMin; }

@@ -80,6 +80,16 @@ void SplineEdits::write(SplineBase& spline, PointSerial serial, Field field, dou
         point->*member(field) = number;
 }
 
+void SplineEdits::setFirstType(SplineBase& spline, int type)
+{
+    spline.firstType = type;
+}
+
+void SplineEdits::setLastType(SplineBase& spline, int type)
+{
+    spline.lastType = type;
+}
+
 void SplineEdits::addPoint(SplineBase& spline, double time, double value)
 {
     spline.addPoint(time, value);
@@ -87,6 +97,8 @@ void SplineEdits::addPoint(SplineBase& spline, double time, double value)
 
 void SplineEdits::removePoints(SplineBase& spline, const std::vector<PointSerial>& points)
 {
+    if (points.empty())
+        return;
     const std::unordered_set<PointSerial> gone(points.begin(), points.end());
     SplineState state = spline.state();
     const auto isGone = [&gone](const PointInfo& point) {

@@ -19,6 +19,10 @@ enum class Field { Time, Value, Tension, Continuity, Bias, TangentLeft, TangentR
 double read(const SplineBase::PointInfo& point, Field field);
 void write(SplineBase& spline, PointSerial point, Field field, double number);
 
+/// How the curve goes on before its first and after its last point, see `SplineBase::Behaviour`.
+void setFirstType(SplineBase& spline, int type);
+void setLastType(SplineBase& spline, int type);
+
 void addPoint(SplineBase& spline, double time, double value);
 /// The last point that is left in the spline stays.
 void removePoints(SplineBase& spline, const std::vector<PointSerial>& points);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/CustomEditLine.h>
 
+#include <curveeditor/canvas/StepKey.h>
+
 #include <QEvent>
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -9,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -17,9 +20,9 @@ constexpr int initialMaximumLength = 9;
 constexpr double stepPerPixel = double(0.005f);
 constexpr int sizeHintCharacters = 17; // what QLineEdit::sizeHint makes room for, in widths of an "x"
 
-double numberIn(const QString& text)
+double numberIn(QString text)
 {
-    const double value = text.toDouble();
+    const double value = text.replace(QLatin1Char(','), QLatin1Char('.')).toDouble();
     return std::isnan(value) ? 0.0 : value;
 }
 
@@ -59,6 +62,7 @@ CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     connect(this, &QLineEdit::returnPressed, this, &CustomEditLine::checkTextBounds);
+    connect(this, &QLineEdit::returnPressed, this, [this] { Q_EMIT editFinished(this); });
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (!handlingKey_)
             reportText();
@@ -84,6 +88,11 @@ void CustomEditLine::setValue(double value)
     const bool isBeingTyped = hasFocus() && isModified() && shown == numberText(boundedNumber(), maxLength());
     if (!isBeingTyped)
         setText(shown);
+}
+
+QString CustomEditLine::textFor(double value) const
+{
+    return numberText(value, maxLength());
 }
 
 void CustomEditLine::setValue(double value, const char* label)
@@ -126,14 +135,15 @@ void CustomEditLine::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::MiddleButton)
         QLineEdit::mouseReleaseEvent(event);
     if (event->button() != Qt::RightButton)
-        dragging = false;
+        endDrag();
 }
 
 // A release can go astray, to a box that opened during the drag; the mouse then comes back without a button.
 void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
 {
     QLineEdit::mouseMoveEvent(event);
-    dragging = dragging && holdsDragButton(event->buttons());
+    if (!holdsDragButton(event->buttons()))
+        endDrag();
     if (!dragging)
         return;
     const double distance = event->globalPosition().toPoint().y() - pressGlobalY;
@@ -144,17 +154,52 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
 
 void CustomEditLine::keyPressEvent(QKeyEvent* event)
 {
+    if (stepKeyOf(*event) != StepKey::None)
+        return event->ignore();
+    if (event->key() == Qt::Key_Escape)
+        return cancelEdit();
     handlingKey_ = true;
     QLineEdit::keyPressEvent(event);
     handlingKey_ = false;
     reportText();
 }
 
+void CustomEditLine::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    Q_EMIT editFinished(this);
+}
+
+bool CustomEditLine::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (stepKeyOf(key) != StepKey::None)
+            return false;
+        if (key.key() == Qt::Key_Escape)
+            event->accept();
+    }
+    return QLineEdit::event(event);
+}
+
+void CustomEditLine::cancelEdit()
+{
+    dragging = false;
+    Q_EMIT editCancelled(this);
+    reportText();
+}
+
+void CustomEditLine::endDrag()
+{
+    if (std::exchange(dragging, false))
+        Q_EMIT editFinished(this);
+}
+
 void CustomEditLine::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
-        dragging = false;
+        endDrag();
 }
 
 double CustomEditLine::boundedNumber() const

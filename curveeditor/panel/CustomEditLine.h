@@ -7,7 +7,8 @@
 /// between two bounds, and changes its number when the mouse is dragged up or down over it.
 ///
 /// The text is the value: no number is kept beside it. A text that is no number counts as 0.0, also "nan"; an
-/// infinite one counts as the bound on its side. The decimal sign is "." whatever the locale.
+/// infinite one counts as the bound on its side. The decimal sign is "." whatever the locale; a comma is read as
+/// one. Undo and redo keys are left to the window, since it is edits that they take back and not their typing.
 class CustomEditLine : public QLineEdit
 {
     Q_OBJECT
@@ -28,6 +29,9 @@ public:
     /// stands for the same number: who shows a reported number again does not get in the way.
     void setValue(double value);
 
+    /// The text that `setValue` shows for a number.
+    QString textFor(double value) const;
+
     /// Shows `value` with three decimals and the label in brackets, "1.000 [Time]". A text that is too long
     /// loses its end.
     void setValue(double value, const char* label);
@@ -45,17 +49,26 @@ Q_SIGNALS:
     /// A key was pressed in `sender`, the user changed its text in another way (pasted, dropped, an input
     /// method), or a drag moved it. `value` lies within the bounds and is not rounded to what is on show.
     void newValueSet(const double& value, CustomEditLine* sender);
+    /// Escape was pressed: whoever keeps the number shows the one of before. `newValueSet` follows. The key goes
+    /// no further.
+    void editCancelled(CustomEditLine* sender);
+    /// Return was pressed, the line lost the focus, or a drag came to its end.
+    void editFinished(CustomEditLine* sender);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     double boundedNumber() const;
     void reportText();
+    void cancelEdit();
+    void endDrag();
 
     int pressGlobalY = 0;
     double pressValue = 0.0;

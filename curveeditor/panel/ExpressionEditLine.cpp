@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/ExpressionEditLine.h>
 
+#include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/panel/TextDrop.h>
 #include <curveeditor/panel/TextSpan.h>
 
+#include <QKeyEvent>
 #include <QMimeData>
 
 namespace {
@@ -73,7 +75,22 @@ void ExpressionEditLine::mouseReleaseEvent(QMouseEvent* event)
 void ExpressionEditLine::keyPressEvent(QKeyEvent* event)
 {
     restoreColors();
-    QLineEdit::keyPressEvent(event);
+    const StepKey step = stepKeyOf(*event);
+    if (step == StepKey::Undo && isUndoAvailable())
+        undo();
+    else if (step == StepKey::Redo && isRedoAvailable())
+        redo();
+    else if (step != StepKey::None)
+        event->ignore();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+bool ExpressionEditLine::event(QEvent* event)
+{
+    const bool asksForStep = event->type() == QEvent::ShortcutOverride &&
+                             stepKeyOf(*static_cast<QKeyEvent*>(event)) != StepKey::None;
+    return asksForStep ? false : QLineEdit::event(event);
 }
 
 void ExpressionEditLine::dragEnterEvent(QDragEnterEvent* event)

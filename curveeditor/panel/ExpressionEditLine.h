@@ -7,7 +7,8 @@
 #include <QPalette>
 
 /// The command line of the expression page. It shows the outcome of a parse, with the faulty span selected in
-/// a warning colour until the next key or mouse button, and takes dropped names of curves.
+/// a warning colour until the next key or mouse button, and takes dropped names of curves. Undo and redo keys act
+/// on its typing while there is some to take back, and are left to the window then.
 class ExpressionEditLine : public QLineEdit
 {
 public:
@@ -25,6 +26,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;

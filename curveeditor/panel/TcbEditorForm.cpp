@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/TcbEditorForm.h>
 
-#include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/ControlSplineNode.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
 
@@ -12,7 +12,20 @@
 #include <algorithm>
 #include <cmath>
 
+/// One numeric field of the page.
+struct TcbEditorForm::Row
+{
+    CustomEditLine* NodePageWidgets::*widget;
+    SplineEdits::Field field;
+    double bound; ///< 0.0 for the bounds that the widget has by itself
+
+    static const Row* find(const NodePageWidgets& widgets, const CustomEditLine* widget);
+    static const std::initializer_list<Row> all;
+};
+
 namespace {
+
+using Field = SplineEdits::Field;
 
 constexpr double parameterBound = 10.0;
 constexpr double easeBound = 1.0;
@@ -34,73 +47,102 @@ TypeEntry entryOfType(int type)
 
 } // namespace
 
-TcbEditorForm::TcbEditorForm(NodePage* nodePage) : editor(nodePage), widgets_(nodePage->nodePageWidgets())
+const std::initializer_list<TcbEditorForm::Row> TcbEditorForm::Row::all = {
+    {&NodePageWidgets::posX, Field::Time, 0.0},
+    {&NodePageWidgets::posY, Field::Value, 0.0},
+    {&NodePageWidgets::tension, Field::Tension, parameterBound},
+    {&NodePageWidgets::continuity, Field::Continuity, parameterBound},
+    {&NodePageWidgets::bias, Field::Bias, parameterBound},
+    {&NodePageWidgets::incoming, Field::TangentLeft, 0.0},
+    {&NodePageWidgets::outgoing, Field::TangentRight, 0.0},
+    {&NodePageWidgets::easeFrom, Field::EaseFrom, easeBound},
+    {&NodePageWidgets::easeTo, Field::EaseTo, easeBound},
+};
+
+const TcbEditorForm::Row* TcbEditorForm::Row::find(const NodePageWidgets& widgets,
+                                                   const CustomEditLine* widget)
 {
-    preview = widgets_.tcbCurve;
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const Row& row) { return widgets.*row.widget == widget; });
+    return found == all.end() ? nullptr : found;
+}
+
+TcbEditorForm::TcbEditorForm(NodePage* editor) : editor_(editor), widgets_(editor->nodePageWidgets())
+{
     widgets_.nodeTypeCombo->setCurrentIndex(TcbEntry);
     disableFields();
     connect(widgets_.prevNode, &QPushButton::clicked, this, &TcbEditorForm::clickedPrev);
     connect(widgets_.nextNode, &QPushButton::clicked, this, &TcbEditorForm::clickedNext);
     connect(widgets_.nodeTypeCombo, &QComboBox::activated, this, &TcbEditorForm::changeNodeType);
-    for (CustomEditLine* field :
-         {widgets_.posX, widgets_.posY, widgets_.tension, widgets_.continuity, widgets_.bias,
-          widgets_.incoming, widgets_.outgoing, widgets_.easeFrom, widgets_.easeTo})
-        connect(field, &CustomEditLine::newValueSet, this, &TcbEditorForm::valueChanged);
+    for (const Row& row : Row::all) {
+        const CustomEditLine* const widget = widgets_.*row.widget;
+        connect(widget, &CustomEditLine::newValueSet, this, &TcbEditorForm::valueChanged);
+        connect(widget, &CustomEditLine::editCancelled, this, &TcbEditorForm::cancelEdit);
+        connect(widget, &CustomEditLine::editFinished, this, &TcbEditorForm::finishEdit);
+    }
 }
 
 // The point is mostly where it was shown last, which saves a drag in a long spline the search.
 int TcbEditorForm::singleIndex(const ControlSplineNode* control) const
 {
-    if (!control || !control->hasSingleSelection())
-        return -1;
-    return control->pointAt(shownIndex_) == control->getCurrent() ? shownIndex_ : control->currentIndex();
+    return control && control->hasSingleSelection() ? control->currentIndex(shownIndex_) : -1;
 }
 
 int TcbEditorForm::editableIndex() const
 {
-    return formActive ? singleIndex(currentControl_) : -1;
+    return formActive_ ? singleIndex(currentControl_) : -1;
 }
 
-void TcbEditorForm::updateForm(CanvasSpline* spline, bool enable)
+void TcbEditorForm::updateForm(ControlSplineNode* control, bool enable)
 {
-    const int index = spline ? singleIndex(&spline->control) : -1;
-    if (index < 0) {
-        if (formActive)
-            disableFields();
+    const int index = singleIndex(control);
+    if (index >= 0) {
+        if (!formActive_ && enable)
+            enableFields();
+        showCurrentPoint(*control, index);
         return;
     }
-    if (!formActive && enable)
-        enableFields();
-    showCurrentPoint(spline->control, index);
+    if (formActive_)
+        disableFields();
+    clearLostPoint(control);
 }
 
-void TcbEditorForm::showPoint(CanvasSpline* spline)
+void TcbEditorForm::showPoint(ControlSplineNode* control)
 {
-    const int index = spline ? singleIndex(&spline->control) : -1;
+    const int index = singleIndex(control);
     if (index >= 0)
-        showCurrentPoint(spline->control, index);
+        showCurrentPoint(*control, index);
 }
 
 void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
 {
     currentControl_ = &control;
-    const SplineBase::PointInfo* point = control.pointAt(index);
+    const SplineBase::PointInfo& point = *control.pointAt(index);
+    shownPoint_ = point.serial;
     showNodeIndex(index);
-    editor->setPosInfo(point->time, point->pos);
-    widgets_.tension->setValue(point->tension);
-    widgets_.continuity->setValue(point->continuity);
-    widgets_.bias->setValue(point->bias);
-    widgets_.incoming->setValue(point->tanLeft);
-    widgets_.outgoing->setValue(point->tanRight);
-    widgets_.easeFrom->setValue(point->easeFrom);
-    widgets_.easeTo->setValue(point->easeTo);
-    for (CustomEditLine* field : {widgets_.tension, widgets_.continuity, widgets_.bias})
-        field->setBounds(-parameterBound, parameterBound);
-    for (CustomEditLine* field : {widgets_.easeFrom, widgets_.easeTo})
-        field->setBounds(-easeBound, easeBound);
-    widgets_.nodeTypeWidgetStack->setCurrentIndex(point->type == SplineBase::Bezier ? TangentPage : TcbPage);
-    widgets_.nodeTypeCombo->setCurrentIndex(entryOfType(point->type));
+    editor_->setPosInfo(point.time, point.pos);
+    for (const Row& row : Row::all) {
+        CustomEditLine& widget = *(widgets_.*row.widget);
+        if (row.field != Field::Time && row.field != Field::Value)
+            widget.setValue(SplineEdits::read(point, row.field));
+        if (row.bound != 0.0)
+            widget.setBounds(-row.bound, row.bound);
+    }
+    widgets_.nodeTypeWidgetStack->setCurrentIndex(point.type == SplineBase::Bezier ? TangentPage : TcbPage);
+    widgets_.nodeTypeCombo->setCurrentIndex(entryOfType(point.type));
     showPreview(point);
+}
+
+void TcbEditorForm::clearLostPoint(const ControlSplineNode* control)
+{
+    const bool isShown = control && control == currentControl_ && control->selection().contains(shownPoint_);
+    if (shownPoint_ == 0 || isShown)
+        return;
+    shownPoint_ = 0;
+    widgets_.node->clear();
+    for (const Row& row : Row::all)
+        (widgets_.*row.widget)->clear();
+    showPreview(SplineBase::PointInfo());
 }
 
 void TcbEditorForm::enableFields()
@@ -115,7 +157,7 @@ void TcbEditorForm::disableFields()
 
 bool TcbEditorForm::isActive() const
 {
-    return formActive;
+    return formActive_;
 }
 
 void TcbEditorForm::setTimeBounds(double low, double high)
@@ -155,39 +197,80 @@ void TcbEditorForm::changeNodeType(int entry)
     default:
         return;
     }
-    showCurrentPoint(*currentControl_, index);
+    showPoint(currentControl_);
     Q_EMIT nodeTcbChanged();
 }
 
 void TcbEditorForm::valueChanged(const double& value, CustomEditLine* sender)
 {
+    const Row* const row = Row::find(widgets_, sender);
     const int index = editableIndex();
-    if (index < 0 || !std::isfinite(value))
+    if (index < 0 || !row || !std::isfinite(value))
         return;
-    SplineBase* spline = currentControl_->getSpline();
-    SplineBase::PointInfo* point = currentControl_->pointAt(index);
-    if (sender == widgets_.posX) {
-        spline->setTime(point, editor->isModeFrames() ? value / editor->getFps() : value);
-        showNodeIndex(currentControl_->currentIndex());
+    const SplineBase::PointInfo& point = *currentControl_->pointAt(index);
+    const double number = editedNumber(value, *sender, *row, point);
+    if (std::isfinite(number) && number != SplineEdits::read(point, row->field)) {
+        beginEdit(sender, point);
+        SplineEdits::write(*currentControl_->getSpline(), point.serial, row->field, number);
+        currentControl_->door().checkpoint();
     }
-    if (sender == widgets_.posY)
-        spline->setPos(point, value);
-    if (sender == widgets_.tension)
-        point->tension = value;
-    if (sender == widgets_.continuity)
-        point->continuity = value;
-    if (sender == widgets_.bias)
-        point->bias = value;
-    if (sender == widgets_.incoming)
-        point->tanLeft = value;
-    if (sender == widgets_.outgoing)
-        point->tanRight = value;
-    if (sender == widgets_.easeFrom)
-        point->easeFrom = value;
-    if (sender == widgets_.easeTo)
-        point->easeTo = value;
-    showPreview(point);
+    if (const int shown = editableIndex(); shown >= 0) {
+        showNodeIndex(shown);
+        showPreview(*currentControl_->pointAt(shown));
+    }
     Q_EMIT nodeTcbChanged();
+}
+
+double TcbEditorForm::editedNumber(double value, const CustomEditLine& sender, const Row& row,
+                                   const SplineBase::PointInfo& point) const
+{
+    const auto isShownFor = [&](const SplineBase::PointInfo& candidate) {
+        return sender.text() == sender.textFor(shownNumber(candidate, row));
+    };
+    if (isShownFor(point))
+        return SplineEdits::read(point, row.field);
+    if (isEditing() && editedField_ == &sender && isShownFor(before_))
+        return SplineEdits::read(before_, row.field);
+    return row.field == Field::Time && editor_->isModeFrames() ? value / editor_->getFps() : value;
+}
+
+double TcbEditorForm::shownNumber(const SplineBase::PointInfo& point, const Row& row) const
+{
+    const double number = SplineEdits::read(point, row.field);
+    return row.field == Field::Time && editor_->isModeFrames() ? number * editor_->getFps() : number;
+}
+
+bool TcbEditorForm::isEditing() const
+{
+    return editedField_ && currentControl_ && currentControl_->door().isOpen(edit_);
+}
+
+void TcbEditorForm::beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point)
+{
+    if (isEditing() && editedField_ == sender && before_.serial == point.serial)
+        return;
+    const std::shared_ptr<EditedCurve>& curve = currentControl_->curve();
+    before_ = point;
+    edit_ = currentControl_->door().begin(tr("Change a number of a point of %1").arg(curve->name), {curve},
+                                          {point.serial});
+    editedField_ = sender;
+}
+
+void TcbEditorForm::cancelEdit(CustomEditLine* sender)
+{
+    if (isEditing() && editedField_ == sender)
+        currentControl_->door().cancel();
+    editedField_ = nullptr;
+    sender->setModified(false);
+    if (formActive_)
+        showPoint(currentControl_);
+}
+
+void TcbEditorForm::finishEdit(CustomEditLine* sender)
+{
+    if (isEditing() && editedField_ == sender)
+        currentControl_->door().commit();
+    editedField_ = nullptr;
 }
 
 void TcbEditorForm::selectPoint(ControlSplineNode& control, int index)
@@ -199,12 +282,12 @@ void TcbEditorForm::selectPoint(ControlSplineNode& control, int index)
 
 void TcbEditorForm::setFieldsEnabled(bool enabled)
 {
-    for (QWidget* widget : std::initializer_list<QWidget*>{
-             widgets_.nextNode, widgets_.prevNode, widgets_.node, widgets_.posX, widgets_.posY,
-             widgets_.tension, widgets_.continuity, widgets_.bias, widgets_.incoming, widgets_.outgoing,
-             widgets_.easeFrom, widgets_.easeTo, widgets_.nodeTypeCombo})
+    formActive_ = enabled;
+    for (QWidget* widget : std::initializer_list<QWidget*>{widgets_.nextNode, widgets_.prevNode,
+                                                           widgets_.node, widgets_.nodeTypeCombo})
         widget->setDisabled(!enabled);
-    formActive = enabled;
+    for (const Row& row : Row::all)
+        (widgets_.*row.widget)->setDisabled(!enabled);
 }
 
 void TcbEditorForm::showNodeIndex(int index)
@@ -213,8 +296,8 @@ void TcbEditorForm::showNodeIndex(int index)
     widgets_.node->setText(QString::asprintf("%i", index));
 }
 
-void TcbEditorForm::showPreview(const SplineBase::PointInfo* point)
+void TcbEditorForm::showPreview(const SplineBase::PointInfo& point)
 {
-    preview->setFromPoint(point);
-    preview->repaint();
+    widgets_.tcbCurve->setFromPoint(&point);
+    widgets_.tcbCurve->repaint();
 }

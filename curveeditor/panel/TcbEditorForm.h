@@ -1,22 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/model/SplineBase.h>
+#include <curveeditor/edit/CurveEdit.h>
 #include <curveeditor/panel/NodePage.h>
 
 #include <QObject>
 #include <QPointer>
 
-class CanvasSpline;
 class ControlSplineNode;
 
 /// Keeps the node page in step with the one point that is selected on the canvas. It copies the point's
-/// fields into the widgets of the page, and writes each edit of a widget back into the point. The widgets
+/// fields into the widgets of the page, and hands each edit of a widget to the door for edits. The widgets
 /// belong to the dialog, the point to its spline.
 ///
-/// The form is on (its widgets enabled) or off. It holds no point: every slot asks the spline it last showed
-/// for the point that is selected now, and does nothing when the form is off, the spline is gone or not
-/// exactly one point of it is selected.
+/// The form is on (its widgets enabled) or off. It holds no point: every slot asks the selection it last showed
+/// for the point that is selected now, and does nothing when the form is off, the curve is gone or not exactly
+/// one point of it is selected. What stands in the fields is never a point that is selected no more.
+///
+/// All typing in one field until it is left, Return or another edit, and a whole drag on a field, are one edit.
+/// A text that is what the form shows for the point's number means that very number, not its three decimals.
 class TcbEditorForm : public QObject
 {
     Q_OBJECT
@@ -25,13 +27,13 @@ public:
     /// Connects the widgets of `editor` and switches them off. `editor` must outlive the form.
     explicit TcbEditorForm(NodePage* editor);
 
-    /// To be called after each event on the canvas. With exactly one point of `spline` selected it shows the
+    /// To be called after each event on the canvas. With exactly one point of `control` selected it shows the
     /// point, and `enable` switches the form on first. Otherwise (null included) it switches the form off.
-    void updateForm(CanvasSpline* spline, bool enable);
+    void updateForm(ControlSplineNode* control, bool enable);
 
-    /// Copies the selected point of `spline` into the widgets, on or off. Does nothing unless exactly one is
+    /// Copies the selected point of `control` into the widgets, on or off. Does nothing unless exactly one is
     /// selected. Emits nothing.
-    void showPoint(CanvasSpline* spline);
+    void showPoint(ControlSplineNode* control);
 
     void enableFields();
     void disableFields();
@@ -54,24 +56,41 @@ public Q_SLOTS:
     /// number of time units, as any frame number is at 0 frames per time unit, leaves the point where it is.
     void valueChanged(const double& value, CustomEditLine* sender);
 
+    /// Takes what was edited in `sender` back, and shows the point as it is then.
+    void cancelEdit(CustomEditLine* sender);
+    /// What was edited in `sender` is done.
+    void finishEdit(CustomEditLine* sender);
+
 Q_SIGNALS:
     /// The user edited the point or stepped to another one.
     void nodeTcbChanged();
 
 private:
+    struct Row;
+
     int singleIndex(const ControlSplineNode* control) const;
     int editableIndex() const;
+    bool isEditing() const;
+    void beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point);
+    double editedNumber(double value, const CustomEditLine& sender, const Row& row,
+                        const SplineBase::PointInfo& point) const;
+    double shownNumber(const SplineBase::PointInfo& point, const Row& row) const;
     void showCurrentPoint(ControlSplineNode& control, int index);
     void selectPoint(ControlSplineNode& control, int index);
+    void clearLostPoint(const ControlSplineNode* control);
     void setFieldsEnabled(bool enabled);
     void showNodeIndex(int index);
-    void showPreview(const SplineBase::PointInfo* point);
+    void showPreview(const SplineBase::PointInfo& point);
 
-    bool formActive = false;
-    TcbCurveFrame* preview = nullptr;
-    NodePage* editor = nullptr;
+    bool formActive_ = false;
+    NodePage* editor_ = nullptr;
     NodePageWidgets widgets_;
     int shownIndex_ = 0;
-    /// The selection of the spline that was shown last, null once that spline is gone.
+    PointSerial shownPoint_ = 0;
+    /// The selection of the curve that was shown last, null once that curve has left the canvas.
     QPointer<ControlSplineNode> currentControl_;
+
+    CustomEditLine* editedField_ = nullptr;
+    CurveEdit::Id edit_ = 0;
+    SplineBase::PointInfo before_; ///< the point when the edit of the field began
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditor.h>
 
+#include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
@@ -60,6 +61,8 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
     connectEditingList();
     setFocusPolicy(Qt::StrongFocus);
     setShowFrames();
+    showTimeBounds();
+    showStepTexts();
     setSplineToolsEnabled(false); // until there is a current curve
 }
 
@@ -80,6 +83,9 @@ void CurveEditor::connectWidgets()
     connect(nodeLast, &QComboBox::activated, this, &CurveEditor::changeNodeLastType);
     connect(&functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, this,
             &CurveEditor::refreshCommandLine);
+    connect(&functionEdit->canvas, &CanvasFunctionBase::edited, this, &CurveEditor::tellEdit);
+    connect(&functionEdit->canvas.door().history(), &EditHistory::stackChanged, this,
+            &CurveEditor::showStepTexts);
     connect(functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
     connect(functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
 }
@@ -125,17 +131,30 @@ NodePageWidgets CurveEditor::nodePageWidgets() const
 
 bool CurveEditor::event(QEvent* event)
 {
-    const bool isDelete =
-        event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete;
-    if (isDelete)
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    const auto* const key = isOverride ? static_cast<QKeyEvent*>(event) : nullptr;
+    // A host in whose window the dialog is docked may have the same keys; inside the dialog they act here.
+    const bool isOurs = key && (key->key() == Qt::Key_Delete || stepKeyOf(*key) != StepKey::None);
+    if (isOurs)
         event->accept();
-    return CurveEditorDialogBase::event(event) || isDelete;
+    return CurveEditorDialogBase::event(event) || isOurs;
 }
 
 void CurveEditor::keyPressEvent(QKeyEvent* event)
 {
+    switch (stepKeyOf(*event)) {
+    case StepKey::Undo:
+        return undo();
+    case StepKey::Redo:
+        return redo();
+    case StepKey::None:
+        break;
+    }
     functionEdit->keyPressEvent(event);
-    CurveEditorDialogBase::keyPressEvent(event);
+    if (event->key() != Qt::Key_Escape)
+        return CurveEditorDialogBase::keyPressEvent(event);
+    if (isWindow() && functionEdit->gesture.kind() != Gesture::Kind::Cancelled)
+        close();
 }
 
 void CurveEditor::closeEvent(QCloseEvent* event)
@@ -231,6 +250,8 @@ void CurveEditor::setFps(const double& val)
     if (!std::isfinite(val))
         return;
     functionEdit->setFps(val);
+    showTimeBounds();
+    functionEdit->showSelection(false);
     paintChangedView();
 }
 
@@ -281,13 +302,13 @@ void CurveEditor::setFont(const QFont& font)
 {
     QWidget::setFont(font);
     const std::initializer_list<QWidget*> widgets = {
-        mainMenu,          fileMenu,           curvesMenu,       optionsMenu,        firstNodeMenu,
-        lastNodeMenu,      horizontalAxisMenu, funcTimeEdit,     funcCursorEdit,     funcValueEdit,
-        unaryMenu,         binaryMenu,         ternaryMenu,      iVarMenu,           dVarMenu,
-        fitButton,         fitHButton,         fitVButton,       scaleButton,        panButton,
-        editingMenu.get(), deleteCurve,        tabWidget2,       checkListsEditing,  textLabel1,
-        textLabel2,        textLabel1_2,       textLabel1_2_3_2, textLabel1_2_3_2_2, textTension,
-        textContinuity,    textOutcoming};
+        mainMenu,      fileMenu,          curvesMenu,         optionsMenu,      editMenu,
+        firstNodeMenu, lastNodeMenu,      horizontalAxisMenu, funcTimeEdit,     funcCursorEdit,
+        funcValueEdit, unaryMenu,         binaryMenu,         ternaryMenu,      iVarMenu,
+        dVarMenu,      fitButton,         fitHButton,         fitVButton,       scaleButton,
+        panButton,     editingMenu.get(), deleteCurve,        tabWidget2,       checkListsEditing,
+        textLabel1,    textLabel2,        textLabel1_2,       textLabel1_2_3_2, textLabel1_2_3_2_2,
+        textTension,   textContinuity,    textOutcoming};
     for (QWidget* const widget : widgets)
         widget->setFont(font);
     limitFitButtons();

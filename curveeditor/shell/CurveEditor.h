@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/model/Export.h>
 #include <curveeditor/panel/NodePage.h>
+#include <curveeditor/shell/CurveChange.h>
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 
 #include <QColor>
@@ -23,7 +24,9 @@ class QTextStream;
 class QToolBar;
 class QToolButton;
 class QTreeWidgetItem;
+class QUndoStack;
 class SplineBase;
+struct EditReport;
 
 /// A dialog in which a user draws and adjusts the curves of a host. It is the one class that a host talks to.
 ///
@@ -94,7 +97,9 @@ public:
         float defaultValue = 0.0F;
         float minValue = 0.0F;
         float maxValue = 0.0F;
-        QString name; ///< the full name: group, ".", curve
+        QString name;      ///< the full name: group, ".", curve
+        QString nodeName;  ///< the group, as the host gave it
+        QString curveName; ///< the curve, as the host gave it
     };
 
     /// Builds the dialog: not modal, without any curve, frames shown, 10 frames per time unit, times -1.0 to
@@ -151,6 +156,17 @@ public:
     /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes
     /// nothing and returns false if the range is too long for a table.
     bool exportSensorData(QTextStream& out) const;
+
+    // Undo
+
+    /// Where the edits of the user are kept, one entry for each: the dialog's own stack, which holds the last 1000,
+    /// or the one that `setUndoStack` took. Another limit is set on it while it is empty.
+    QUndoStack* undoStack() const;
+    /// Puts the edits from now on on a stack of the host, which stays the host's; several editors and the host's
+    /// own commands may share one. Null, and the end of that stack, bring back the dialog's own, empty. Entries of
+    /// a curve that is removed go, and so do those of one that the host has changed since: nothing that the host
+    /// did is overwritten. After the end of the dialog its entries do nothing.
+    void setUndoStack(QUndoStack* stack);
 
     // Time, frames, font
 
@@ -245,6 +261,15 @@ public Q_SLOTS:
     void errorClosed();
     bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) override;
 
+    QStringList readersOf(const QString& curve) const override;
+
+    // Commands of the "Edit" menu
+
+    /// Take the last edit of the undo stack back, or do it again. The points that it changed become selected, and
+    /// its curve the current one if it is on the canvas. During a drag of points `undo` takes the drag back.
+    void undo();
+    void redo();
+
     // Commands of the "File" menu
 
     /// Every curve on the canvas, or the current one, loses its expression and goes back to one point.
@@ -294,6 +319,15 @@ Q_SIGNALS:
     /// and behind its last dot.
     void curveHasChanged(QString& nodeName, QString& curveName);
 
+    /// A curve has changed, and when: at each step of a drag, once when an edit is done, when it is taken back or
+    /// done again. Not for selections, nor for calls of the host. The slot may call every operation here.
+    void curveEdited(const CurveChange& change);
+    /// A curve came onto the canvas, or left it.
+    void curveOpened(const QString& nodeName, const QString& curveName);
+    void curveClosed(const QString& nodeName, const QString& curveName);
+    /// Another curve is the current one now; both names are empty if there is none.
+    void currentCurveChanged(const QString& nodeName, const QString& curveName);
+
 protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -326,7 +360,7 @@ private:
                     float maxValue);
     void addNewNode(MainNodeStruct* group, const QString& fullName, const QColor& color, float defaultValue,
                     SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
-    void renameRecord(NodeStruct& record, const QString& newName);
+    void renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName);
     void eraseRecord(NodeStruct* record);
     std::vector<NodeStruct*> nodesOfGroup(const QString& nodeName) const;
     NodeStruct* searchCheckList(const QTreeWidgetItem* item);
@@ -337,6 +371,10 @@ private:
     void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
     void setColor(NodeStruct* record, const QColor& color);
 
+    void tellEdit(const EditReport& report);
+    void showStepTexts();
+    void tellCurrentCurve();
+    void showLineText();
     void setCurveEditableOn(NodeStruct* record);
     void setCurveEditableOff(NodeStruct* record);
     void showSelectedRow(NodeStruct& record);
@@ -356,6 +394,10 @@ private:
     std::vector<std::unique_ptr<MainNodeStruct>> mainNodeList;
     std::vector<std::unique_ptr<NodeStruct>> nodeList;
     int nextVariableId_ = 0;
+    QString toldCurrent_; ///< the full name that `currentCurveChanged` told last
+    int setChanges_ = 0;  ///< curves are on their way onto the canvas or off it
+    QString lineCurve_;   ///< the curve whose formula the command line shows ...
+    QString lineFormula_; ///< ... and that formula
 
     FunctionEditor* functionEdit = nullptr;
     std::unique_ptr<ControlMenu2> editingMenu;
@@ -363,6 +405,7 @@ private:
     QMenu* fileMenu = nullptr;
     QMenu* curvesMenu = nullptr;
     QMenu* optionsMenu = nullptr;
+    QMenu* editMenu = nullptr;
     QMenu* firstNodeMenu = nullptr;
     QMenu* lastNodeMenu = nullptr;
     QMenu* horizontalAxisMenu = nullptr;
@@ -382,6 +425,8 @@ private:
     CustomEditLine* funcCursorEdit = nullptr;
     CustomEditLine* funcValueEdit = nullptr;
 
+    QAction* undoAction = nullptr;
+    QAction* redoAction = nullptr;
     QAction* resetAllChecked = nullptr;
     QAction* resetSelected = nullptr;
     QAction* loadCurve = nullptr;

@@ -49,6 +49,8 @@ QAction* CurveEditor::createToggleAction(const char* name, QActionGroup* group)
 
 void CurveEditor::createActions()
 {
+    undoAction = createAction("undoAction");
+    redoAction = createAction("redoAction");
     resetAllChecked = createAction("resetAllChecked");
     resetSelected = createAction("resetSelected");
     loadCurve = createAction("loadCurve");
@@ -98,6 +100,7 @@ void CurveEditor::createMainMenu()
     optionsMenu = createMenu({setWaveRangeAction, resetRangeAction, loadImageAction, clearImageAction,
                               setCompleteAction, setCompleteHAction, setCompleteVAction, openScaleSelection,
                               openPanSelection});
+    editMenu = createMenu({undoAction, redoAction});
     firstNodeMenu = createMenu({firstNodeZeroAction, firstNodeConstantAction});
     lastNodeMenu = createMenu({lastNodeZeroAction, lastNodeConstantAction, lastNodeLoopAction,
                                lastNodeLoopOffsetAction, lastNodeFollowTangentAction});
@@ -112,6 +115,7 @@ void CurveEditor::createMainMenu()
     addMenuButton(mainMenu, tr("File"), fileMenu);
     addMenuButton(mainMenu, tr("Curves"), curvesMenu);
     addMenuButton(mainMenu, tr("Options"), optionsMenu);
+    addMenuButton(mainMenu, tr("Edit"), editMenu);
     mainMenu->setMovable(true);
 }
 
@@ -224,6 +228,8 @@ CustomEditLine* CurveEditor::createReadOut(const char* name)
 void CurveEditor::connectActions()
 {
     const std::initializer_list<std::pair<QAction*, void (CurveEditor::*)()>> commands = {
+        {undoAction, &CurveEditor::undo},
+        {redoAction, &CurveEditor::redo},
         {resetAllChecked, &CurveEditor::resetAllCheckedF},
         {resetSelected, &CurveEditor::resetSelectedF},
         {loadCurve, &CurveEditor::loadFile},
@@ -290,6 +296,8 @@ void CurveEditor::languageChange()
     loadCurve->setWhatsThis(tr("Open previously saved curve"));
     saveCurve->setWhatsThis(tr("Save the current curve"));
 
+    undoAction->setShortcut(tr("Ctrl+Z"));
+    redoAction->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
     loadCurve->setShortcut(tr("Ctrl+l"));
     saveCurve->setShortcut(tr("Ctrl+s"));
     setWaveRangeAction->setShortcut(tr("Alt+s"));

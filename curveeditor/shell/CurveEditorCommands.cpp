@@ -158,7 +158,7 @@ void CurveEditor::setRange()
     functionEdit->setLimitValueMin(typedNumber(*dialog.minY));
     functionEdit->setLimitTimeMax(typedNumber(*dialog.maxX));
     functionEdit->setLimitValueMax(typedNumber(*dialog.maxY));
-    functionEdit->nodeForm.setTimeBounds(functionEdit->timeMin, functionEdit->timeMax);
+    showTimeBounds();
     paintChangedView();
 }
 
@@ -190,7 +190,15 @@ void CurveEditor::resetViewport()
     mendLimits(functionEdit->limitTimeMin, functionEdit->limitTimeMax, usual.limitTimeMin,
                usual.limitTimeMax);
     mendLimits(functionEdit->limitValueMin, functionEdit->limitValueMax, usual.valueMin, usual.valueMax);
+    const bool wasTime = isModeTime();
     functionEdit->reset();
+    if (wasTime) {
+        textLabel1->setText(tr("Frame:"));
+        showFramesAction->setChecked(true);
+        posX->setValue(shownTime(typedNumber(*posX)));
+    }
+    showTimeBounds();
+    functionEdit->showSelection(false);
     paintAll();
 }
 

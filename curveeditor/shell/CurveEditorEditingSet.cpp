@@ -19,32 +19,54 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record)
 {
     if (!record)
         return;
-    const FunctionEditor::PaintPause pause(functionEdit);
-    CurveNodeBase* const curve = functionEdit->setCurveEditableOn(
-        curvesMenu, record->name, record->color, record->defaultValue, record->spline, record->function,
-        record->minValue, record->maxValue);
-    if (!record->editingItem->treeWidget()) {
-        const QSignalBlocker silence(checkListsEditing);
-        checkListsEditing->addTopLevelItem(record->editingItem);
+    const bool isNew = !record->editingItem->treeWidget();
+    const QString nodeName = record->nodeName;
+    const QString curveName = record->curveName;
+    {
+        const FunctionEditor::PaintPause pause(functionEdit);
+        ++setChanges_;
+        CurveNodeBase* const curve = functionEdit->setCurveEditableOn(
+            curvesMenu, record->name, record->color, record->defaultValue, record->spline, record->function,
+            record->minValue, record->maxValue);
+        if (isNew) {
+            const QSignalBlocker silence(checkListsEditing);
+            checkListsEditing->addTopLevelItem(record->editingItem);
+        }
+        showSelectedRow(*record);
+        functionEdit->canvas.setCurrentCurve(record->name);
+        connect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
+        --setChanges_;
     }
-    showSelectedRow(*record);
-    functionEdit->canvas.setCurrentCurve(record->name);
-    connect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
+    if (isNew)
+        Q_EMIT curveOpened(nodeName, curveName);
+    tellCurrentCurve();
 }
 
 void CurveEditor::setCurveEditableOff(NodeStruct* record)
 {
-    if (!record)
+    if (!record || !record->editingItem->treeWidget())
         return;
-    const FunctionEditor::PaintPause pause(functionEdit);
-    if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(record->name))
-        disconnect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
-    functionEdit->setCurveEditableOff(record->name);
-    const int row = checkListsEditing->indexOfTopLevelItem(record->editingItem);
-    if (row >= 0) {
+    // A drag that ends by this is told first, and who hears it may take the curve away.
+    const QString name = record->name;
+    functionEdit->canvas.finishGesture();
+    record = searchAllNodeList(name);
+    if (!record || !record->editingItem->treeWidget())
+        return;
+    const QString nodeName = record->nodeName;
+    const QString curveName = record->curveName;
+    {
+        const FunctionEditor::PaintPause pause(functionEdit);
+        ++setChanges_;
+        if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(name))
+            disconnect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
+        const int row = checkListsEditing->indexOfTopLevelItem(record->editingItem);
+        functionEdit->setCurveEditableOff(name);
         const QSignalBlocker silence(checkListsEditing);
         checkListsEditing->takeTopLevelItem(row);
+        --setChanges_;
     }
+    Q_EMIT curveClosed(nodeName, curveName);
+    tellCurrentCurve();
 }
 
 void CurveEditor::showSelectedRow(NodeStruct& record)
@@ -62,14 +84,21 @@ void CurveEditor::showSelectedRow(NodeStruct& record)
 void CurveEditor::cleanSelecteds()
 {
     const FunctionEditor::PaintPause pause(functionEdit);
+    QStringList names;
     for (const auto& record : nodeList)
-        setCurveEditableOff(record.get());
+        names.append(record->name);
+    for (const QString& name : names)
+        setCurveEditableOff(searchAllNodeList(name));
 }
 
+// A click or a blank with Ctrl takes the selection away; it always shows the current curve.
 void CurveEditor::selectionChangedEditingItem(QTreeWidgetItem* who)
 {
+    NodeStruct* const current = searchAllNodeList(functionEdit->canvas.getCurrentCurveName());
     if (who && who->isSelected())
         functionEdit->canvas.setCurrentCurve(who->text(0));
+    else if (current && !who)
+        showSelectedRow(*current);
 }
 
 void CurveEditor::pressedEditingItem(QTreeWidgetItem* /*who*/) {}

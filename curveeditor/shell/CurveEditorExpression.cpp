@@ -46,10 +46,14 @@ QStringList variablesRead(FunctionFloatBase* const* holder)
 void CurveEditor::executeCommand()
 {
     ParseMessage message;
-    functionEdit->canvas.parseExpression(commandLine->text(), message);
+    const bool isSameCurve = functionEdit->canvas.parseExpression(commandLine->text(), message);
+    if (!isSameCurve)
+        return; // the line shows another curve's formula by now
     commandLine->showMessage(message);
-    if (message.errors.empty())
-        setExpression();
+    if (!message.errors.empty())
+        return;
+    lineCurve_.clear();
+    refreshCommandLine();
 }
 
 void CurveEditor::parseBuiltText()
@@ -117,8 +121,7 @@ void CurveEditor::setTcb()
 
 void CurveEditor::deleteCurveClicked()
 {
-    functionEdit->setCurrentToSpline(true);
-    functionEdit->notifyCurrentChanged();
+    functionEdit->deleteExpression();
     update();
 }
 
@@ -132,10 +135,8 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
 {
     if (isVisible()) {
         const QString name = nodeName + QLatin1Char('.') + curveName;
-        if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(name)) {
-            curve->setSplineMode(true);
+        if (functionEdit->canvas.dropExpression(name))
             refreshCommandLine();
-        }
     } else if (function) {
         delete *function;
         *function = nullptr;
@@ -149,11 +150,11 @@ void CurveEditor::refreshCommandLine()
     if (canvas.noCurrentCurve()) {
         setSplineToolsEnabled(false);
         functionEdit->closeNodeForm();
-        return;
+        return tellCurrentCurve();
     }
-    const bool isSpline = canvas.isCurrentExpression() == 0;
+    const bool isSpline = !canvas.isCurrentExpression();
     deleteCurve->setEnabled(!isSpline);
-    commandLine->setText(isSpline ? QString() : canvas.getCurrentExpressionText());
+    showLineText();
     setSplineToolsEnabled(isSpline);
     if (isSpline) {
         showFirstType(canvas.currentSplineBase()->firstType);
@@ -163,6 +164,20 @@ void CurveEditor::refreshCommandLine()
     if (NodeStruct* const record = searchAllNodeList(canvas.getCurrentCurveName()))
         showSelectedRow(*record);
     paintAll();
+    tellCurrentCurve();
+}
+
+// A text that is being typed stays while the curve and its formula do.
+void CurveEditor::showLineText()
+{
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const QString curve = canvas.getCurrentCurveName();
+    const QString formula = canvas.isCurrentExpression() ? canvas.getCurrentExpressionText() : QString();
+    if (curve == lineCurve_ && formula == lineFormula_)
+        return;
+    lineCurve_ = curve;
+    lineFormula_ = formula;
+    commandLine->setText(formula);
 }
 
 void CurveEditor::setSplineToolsEnabled(bool enabled)
@@ -210,4 +225,22 @@ bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& cur
         }
     }
     return false;
+}
+
+QStringList CurveEditor::readersOf(const QString& curve) const
+{
+    QHash<QString, QStringList> readers;
+    for (const auto& record : nodeList) {
+        const QString reader = lowerVariableName(record->name);
+        for (const QString& variable : variablesRead(record->function))
+            readers[variable].append(reader);
+    }
+    QStringList found;
+    QStringList pending = {curve};
+    while (!pending.isEmpty()) {
+        const QStringList direct = readers.take(pending.takeLast());
+        found += direct;
+        pending += direct;
+    }
+    return found;
 }

@@ -104,6 +104,8 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
     record->minValue = minValue;
     record->maxValue = maxValue;
     record->name = name;
+    record->nodeName = group->name;
+    record->curveName = name.mid(group->name.length() + 1);
     nodeList.push_back(std::move(record));
 }
 
@@ -118,19 +120,31 @@ void CurveEditor::removeCurve(const QString& nodeName, const QString& curveName)
 void CurveEditor::removeNode(const QString& nodeName)
 {
     setAllNodeListUnselected();
-    MainNodeStruct* const group = searchMainNode(nodeName);
-    if (!group)
+    if (!searchMainNode(nodeName))
         return;
     const FunctionEditor::PaintPause pause(functionEdit);
-    for (NodeStruct* const record : nodesOfGroup(nodeName))
-        eraseRecord(record);
-    mainNodeList.erase(std::find_if(mainNodeList.begin(), mainNodeList.end(),
-                                    [group](const auto& other) { return other.get() == group; }));
+    QStringList names;
+    for (const NodeStruct* const record : nodesOfGroup(nodeName))
+        names.append(record->name);
+    for (const QString& name : names)
+        eraseRecord(searchAllNodeList(name));
+    const auto group = std::find_if(mainNodeList.begin(), mainNodeList.end(),
+                                    [&](const auto& other) { return other->name == nodeName; });
+    if (group != mainNodeList.end())
+        mainNodeList.erase(group);
 }
 
+// Who hears that the curve leaves the canvas may remove it too.
 void CurveEditor::eraseRecord(NodeStruct* record)
 {
+    if (!record)
+        return;
+    const QString name = record->name;
     setCurveEditableOff(record);
+    record = searchAllNodeList(name);
+    if (!record)
+        return;
+    functionEdit->canvas.door().history().forget(name);
     if (editingMenu->menuItem() == record->editingItem)
         editingMenu->setMenuItem(nullptr);
     nodeList.erase(std::find_if(nodeList.begin(), nodeList.end(),
@@ -143,7 +157,7 @@ void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName,
     if (!searchMainNode(nodeName) || searchAllNodeList(newName))
         return;
     if (NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName)))
-        renameRecord(*record, newName);
+        renameRecord(*record, nodeName, newCurveName);
 }
 
 void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName)
@@ -159,18 +173,23 @@ void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName
                     [&](const NodeStruct* record) { return searchAllNodeList(newName(record)); }))
         return;
     for (NodeStruct* const record : records)
-        renameRecord(*record, newName(record));
+        renameRecord(*record, newNodeName, newName(record).mid(newNodeName.length() + 1));
     group->name = newNodeName;
     group->menu->setObjectName(newNodeName);
     group->menu->setTitle(newNodeName);
 }
 
-void CurveEditor::renameRecord(NodeStruct& record, const QString& newName)
+void CurveEditor::renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName)
 {
-    const QString oldName = std::exchange(record.name, newName);
-    record.editingItem->setText(0, newName);
-    record.action->setText(variableName(newName));
-    functionEdit->canvas.renameCurve(oldName, newName);
+    const QString oldName = std::exchange(record.name, fullName(nodeName, curveName));
+    record.nodeName = nodeName;
+    record.curveName = curveName;
+    record.editingItem->setText(0, record.name);
+    record.action->setText(variableName(record.name));
+    if (toldCurrent_ == oldName)
+        toldCurrent_ = record.name;
+    functionEdit->canvas.renameCurve(oldName, record.name);
+    functionEdit->canvas.door().history().rename(oldName, record.name);
 }
 
 void CurveEditor::setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap)

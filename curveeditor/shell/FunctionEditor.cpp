@@ -2,6 +2,7 @@
 #include <curveeditor/shell/FunctionEditor.h>
 
 #include <curveeditor/canvas/MouseState.h>
+#include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QKeyEvent>
@@ -19,18 +20,6 @@ bool isPlainTab(const QKeyEvent& event)
 
 } // namespace
 
-FunctionEditor::PaintPause::PaintPause(FunctionEditor* widget)
-    : canvas_(widget->canvas), viewport_(canvas_.getViewport())
-{
-    canvas_.setViewport(nullptr);
-}
-
-FunctionEditor::PaintPause::~PaintPause()
-{
-    canvas_.setViewport(viewport_);
-    canvas_.paint();
-}
-
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     : QWidget(parent), ViewPort(0, 0), canvas(this, editor), nodeForm(editor)
 {
@@ -45,6 +34,7 @@ FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     canvas.setViewport(this);
     nodeForm.setTimeBounds(timeMin, timeMax);
     connect(&nodeForm, &TcbEditorForm::nodeTcbChanged, this, &FunctionEditor::currentNodeHasChanged);
+    connect(&canvas, &CanvasFunctionBase::selectionChanged, this, [this] { showSelection(false); });
     setMouseTracking(true);
 }
 
@@ -81,9 +71,10 @@ void FunctionEditor::setCurrentToExpression()
     update();
 }
 
-void FunctionEditor::notifyCurrentChanged()
+void FunctionEditor::deleteExpression()
 {
-    canvas.notifyCurrentChanged();
+    canvas.deleteExpression();
+    update();
 }
 
 void FunctionEditor::closeNodeForm()
@@ -94,7 +85,7 @@ void FunctionEditor::closeNodeForm()
 
 void FunctionEditor::showSelection(bool enable)
 {
-    nodeForm.updateForm(canvas.currentSpline(), enable);
+    nodeForm.updateForm(isCurrentSpline() ? canvas.currentControl() : nullptr, enable);
 }
 
 void FunctionEditor::resetAllCurves()
@@ -158,6 +149,8 @@ bool FunctionEditor::event(QEvent* event)
 
 void FunctionEditor::keyPressEvent(QKeyEvent* event)
 {
+    if (stepKeyOf(*event) != StepKey::None)
+        return event->ignore(); // the dialog steps
     canvas.keyPress(event);
     const int key = event->key();
     showSelection(key == Qt::Key_T || key == Qt::Key_C || key == Qt::Key_Tab);
@@ -221,7 +214,7 @@ void FunctionEditor::resizeEvent(QResizeEvent* event)
 
 bool FunctionEditor::isCurrentSpline() const
 {
-    return canvas.isCurrentExpression() == 0;
+    return !canvas.isCurrentExpression();
 }
 
 void FunctionEditor::reportPosition(const QMouseEvent& event)

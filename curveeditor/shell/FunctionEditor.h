@@ -38,7 +38,8 @@ public:
     void setCurrentToSpline(const bool& dropExpression);
     /// Makes the current curve an expression curve and closes the form.
     void setCurrentToExpression();
-    void notifyCurrentChanged();
+    /// Deletes the expression of the current curve and reports it.
+    void deleteExpression();
 
     /// Disables the form if it is open.
     void closeNodeForm();
@@ -60,14 +61,13 @@ public:
     class PaintPause
     {
     public:
-        explicit PaintPause(FunctionEditor* widget);
+        explicit PaintPause(FunctionEditor* widget) : canvas_(widget->canvas) { canvas_.holdPaint(); }
         PaintPause(const PaintPause&) = delete;
         PaintPause& operator=(const PaintPause&) = delete;
-        ~PaintPause();
+        ~PaintPause() { canvas_.releasePaint(); }
 
     private:
         CanvasFunctionBase& canvas_;
-        ViewPort* viewport_;
     };
 
     /// Public, as the dialog hands on each key that reaches it.

@@ -74,7 +74,7 @@ struct Scene : CanvasScene
     Scene& select(const QList<unsigned>& points)
     {
         for (const unsigned point : points)
-            canvas.currentSpline()->control.toggleSelected(spline.spline.modify(point));
+            canvas.currentControl()->toggleSelected(spline.spline.modify(point));
         return *this;
     }
     /// The times of the points, with values other than 0, in parentheses if selected, in brackets if that is
@@ -82,7 +82,7 @@ struct Scene : CanvasScene
     QString state() const
     {
         QStringList words;
-        const ControlSplineNode& control = first->getCanvasSpline()->control;
+        const ControlSplineNode& control = first->control();
         for (const auto* point : spline.spline.getControlPoints()) {
             const QString value = point->pos == 0.0 ? QString() : QStringLiteral("/%1").arg(point->pos);
             const QString selected = control.isSelected(point) ? "(%1%2)" : "%1%2";
@@ -185,11 +185,11 @@ private Q_SLOTS:
             s.canvas.saveCurve(file);
             s.spline.spline.reset();
             QVERIFY(s.select({0}).canvas.loadCurve(file));
-            QVERIFY(!s.canvas.currentSpline()->control.hasSelection());
+            QVERIFY(!s.canvas.currentControl()->hasSelection());
         });
         row("load a faulty expression", "[5] 10 15 r0", [](Scene& s) {
             std::istringstream file("255 0 0 1 sin(");
-            QVERIFY(!s.select({0}).canvas.loadCurve(file) && s.first->getKind() == 0);
+            QVERIFY(!s.select({0}).canvas.loadCurve(file) && s.first->isSpline());
         });
     }
     void gesturesEditAndReport()

@@ -25,6 +25,11 @@ struct Fixture
         picture.selected = true;
         picture.rebuild(&view, -1e9f, 1e9f);
     }
+    SplineBase::PointInfo* select(unsigned index)
+    {
+        selection.selectOnly(spline[index]->serial);
+        return spline.modify(index);
+    }
     QImage drawn()
     {
         QImage image(1000, 600, QImage::Format_RGB32);
@@ -32,7 +37,7 @@ struct Fixture
         QPainter painter(&image);
         painter.setBackground(Qt::darkBlue);
         painter.setBackgroundMode(Qt::OpaqueMode);
-        picture.draw(&painter);
+        picture.draw(&painter, selection, SplineEdits::Part::Point);
         return image;
     }
     QRect boundsOf(const QColor& color)
@@ -44,7 +49,7 @@ struct Fixture
     SplineBase spline;
     ViewPort view{0, 0};
     CanvasSpline picture{&spline};
-    ControlSplineNode& control = picture.control;
+    Selection selection;
 };
 
 const QList<QPointF> levelPoints{{2.0, 1.0}, {5.0, 1.0}, {8.0, 1.0}};
@@ -81,10 +86,10 @@ private Q_SLOTS:
     void markersCoverExactlyTheirRectangle()
     {
         Fixture f(levelPoints, SplineBase::Bezier);
-        f.control.selectOnly(f.control.pointAt(1));
+        f.select(1);
         QCOMPARE(f.boundsOf(Qt::black), QRect(198, 198, 605, 5));
         QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(452, 198, 96, 5));
-        f.control.modifyCurrent()->type = SplineBase::Tcb;
+        f.spline.modify(1u)->type = SplineBase::Tcb;
         QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(453, 199, 94, 3));
         f.picture.selected = false;
         QVERIFY(f.boundsOf(Qt::red).isEmpty());
@@ -96,14 +101,13 @@ private Q_SLOTS:
     {
         enum { point, both, left, right, none = -10 };
         Fixture f(levelPoints, SplineBase::Bezier);
-        f.control.pointAt(1)->tanRight = 1.0;
-        const auto found = [&](int current, const QList<QPoint>& pixels) {
+        f.spline.modify(1u)->tanRight = 1.0;
+        const auto found = [&](unsigned current, const QList<QPoint>& pixels) {
             QList<int> parts; // the part that a drag edits, and 10 for each point before the one found
             for (const QPoint& pixel : pixels) {
-                f.control.selectOnly(f.control.pointAt(current));
-                const int index = f.spline.findIndex(f.picture.hitTest(pixel));
-                parts << index * 10 + f.control.isActiveRight() * right + f.control.isActiveLeft() * left +
-                             f.control.isActiveBoth() * both;
+                f.select(current);
+                const CanvasSpline::Hit hit = f.picture.hitTest(pixel, f.selection);
+                parts << indicesOf({hit.point}, f.spline).front() * 10 + int(hit.part);
             }
             return parts;
         };
@@ -112,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(found(1, {{795, 200}, {797, 197}}), QList<int>({20 + point, none}));
         QCOMPARE(found(0, {{220, 200}, {220, 212}, {155, 200}}), QList<int>({both, none, none}));
         QCOMPARE(found(2, {{755, 200}, {780, 200}, {845, 200}}), QList<int>({20 + left, 20 + both, none}));
-        f.control.pointAt(1)->type = SplineBase::Tcb;
+        f.spline.modify(1u)->type = SplineBase::Tcb;
         QCOMPARE(found(1, {{531, 168}, {450, 200}}), QList<int>({none, none}));
     }
 
@@ -130,12 +134,11 @@ private Q_SLOTS:
     {
         for (const double n : {1e300, -1e300, 1e-300, 1.7e308}) {
             Fixture f({{-n, n}, {0.0, -n}, {n, n}}, SplineBase::Bezier, SplineBase::LoopOffset);
-            f.control.selectOnly(f.control.pointAt(1));
-            f.control.getCurrent()->tanRight = f.control.getCurrent()->easeFrom = n;
+            f.select(1)->tanRight = f.spline.modify(1u)->easeFrom = n;
             f.view.timeMax = std::abs(n);
             f.picture.rebuild(&f.view, -1.0f, 1.0f);
             f.drawn();
-            f.picture.hitTest({500, 300});
+            f.picture.hitTest({500, 300}, f.selection);
             QVERIFY(f.picture.rawLine.size() + f.picture.postLine.size() <= 2002);
             QVERIFY(QRect(-100, -100, 1201, 801).contains(f.picture.nodePixels.boundingRect()));
         }

@@ -17,7 +17,7 @@ private Q_SLOTS:
             CanvasScene scene, other;
             other.add(curves[2], "a.x");
             scene.add(curves[0], "a.x");
-            QCOMPARE(scene.add(curves[1], "a.y", "2*t")->getKind(), 1);
+            QCOMPARE(scene.add(curves[1], "a.y", "2*t")->isSpline(), false);
             scene.menu.actions()[0]->trigger();
             QCOMPARE(scene.canvas.getCurrentCurveName(), QString("a.x"));
             QVERIFY(!scene.menu.actions()[1]->isChecked() && other.menu.actions()[0]->isChecked());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/MouseState.h>
-#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/Truncate.h>
 
 #include <QMouseEvent>
 #include <QTest>

@@ -76,7 +76,9 @@ private Q_SLOTS:
         });
         row("moved across", 1, [](Fixture& f) { f.spline.setTime(f.spline.modify(0u), 2.0); });
         row("added", 1, [](Fixture& f) { SplineEdits::addPoint(f.spline, 2.0, 5.0); });
-        row("removed", 1, [](Fixture& f) { SplineEdits::removePoints(f.spline, {f.serial(3), f.serial(0)}); });
+        row("removed", 1, [](Fixture& f) {
+            SplineEdits::removePoints(f.spline, {f.serial(3), f.serial(0)});
+        });
         row("all removed but one", 1, [](Fixture& f) {
             SplineEdits::removePoints(f.spline, {f.serial(3), f.serial(0), f.serial(2), f.serial(1)});
             QCOMPARE(f.spline.getFirst()->time, 1.0);
@@ -209,7 +211,9 @@ private Q_SLOTS:
             shared->undo();
             QCOMPARE(second.spline[1]->pos, 1.0);
             shared->redo();
-            f.whenReported = [&] { shared.reset(); };
+            f.whenReported = [&] {
+                shared.reset();
+            };
             f.move(1, 3.0);
             QCOMPARE(f.spline[1]->pos, 3.0);
             shared = std::make_unique<QUndoStack>();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/ControlSplineNode.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
 #include <curveeditor/panel/TcbEditorForm.h>
@@ -51,14 +51,15 @@ class tst_TcbEditorForm : public QObject
     Q_OBJECT
 
     std::unique_ptr<SplineBase> spline;
-    std::unique_ptr<CanvasSpline> canvas;
+    std::unique_ptr<CurveEdit> door;
+    std::unique_ptr<ControlSplineNode> control;
     std::unique_ptr<FakePage> page;
     std::unique_ptr<TcbEditorForm> form;
 
     SplineBase::PointInfo* select(unsigned index)
     {
-        canvas->control.selectOnly(spline->modify(index));
-        form->updateForm(canvas.get(), true);
+        control->selectOnly(spline->modify(index));
+        form->updateForm(control.get(), true);
         return spline->modify(index);
     }
 
@@ -69,21 +70,23 @@ private Q_SLOTS:
         spline = std::make_unique<SplineBase>();
         spline->addPoint(1.0, 10.0);
         spline->addPoint(2.0, 30.0);
-        canvas = std::make_unique<CanvasSpline>(spline.get());
+        door = std::make_unique<CurveEdit>();
+        control =
+            std::make_unique<ControlSplineNode>(*door, door->history().curve("a.x", spline.get(), nullptr));
         form = std::make_unique<TcbEditorForm>(page.get());
     }
 
     void opensForASinglePointOnly()
     {
-        canvas->control.selectOnly(spline->modify(1u));
-        form->updateForm(canvas.get(), false);
+        control->selectOnly(spline->modify(1u));
+        form->updateForm(control.get(), false);
         QCOMPARE(page->posY.text(), "10.000");
         QVERIFY(!form->isActive() && !page->posX.isEnabled());
-        form->updateForm(canvas.get(), true);
+        form->updateForm(control.get(), true);
         QVERIFY(form->isActive() && page->posX.isEnabled() && page->next.isEnabled());
         for (const char* selected : {"two points", "one listed point without a current one"}) {
-            canvas->control.toggleSelected(spline->modify(2u));
-            form->updateForm(canvas.get(), true);
+            control->toggleSelected(spline->modify(2u));
+            form->updateForm(control.get(), true);
             QVERIFY2(!form->isActive() && !page->nodeTypeCombo.isEnabled(), selected);
         }
         QCOMPARE(page->posY.text(), "10.000");
@@ -92,7 +95,7 @@ private Q_SLOTS:
     void showsThePointOfEachType()
     {
         for (const auto& [type, entry] : {std::pair{2, 0}, {1, 1}, {0, 2}, {77, 2}}) {
-            *spline->modify(1u) = {1.0, 10.0, 1.5, 2.5, 12.0, 4.5, 5.5, 0.25, 0.75, type};
+            *spline->modify(1u) = {1.0, 10.0, 1.5, 2.5, 12.0, 4.5, 5.5, 0.25, 0.75, type, 77};
             select(1);
             QString shown;
             for (const CustomEditLine* field :
@@ -153,7 +156,7 @@ private Q_SLOTS:
         QTest::mouseClick(&page->prev, Qt::LeftButton);
         QTest::mouseClick(&page->prev, Qt::LeftButton);
         QCOMPARE(page->node.text(), "1");
-        QCOMPARE(canvas->control.getCurrent(), spline->modify(1u));
+        QCOMPARE(control->getCurrent(), (*spline)[1]);
         QCOMPARE(changed.count(), 3);
     }
 
@@ -175,9 +178,9 @@ private Q_SLOTS:
         const std::function<void()> losses[] = {
             [this] { spline->remove(spline->modify(1u)); },
             [this] { spline->reset(); },
-            [this] { canvas->control.selectOnly(nullptr); },
+            [this] { control->selectOnly(nullptr); },
             [this] { form->disableFields(); },
-            [this] { canvas.reset(); },
+            [this] { control.reset(); },
         };
         for (const std::function<void()>& loseThePoint : losses) {
             init();

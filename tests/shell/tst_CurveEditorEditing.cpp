@@ -109,7 +109,7 @@ private Q_SLOTS:
 private:
     const SplineBase::PointInfo* selectedPoint() const
     {
-        return fixture->canvas.canvas.currentSpline()->control.getCurrent();
+        return fixture->canvas.canvas.currentControl()->getCurrent();
     }
     QPoint rowCenter(const QString& name) const
     {

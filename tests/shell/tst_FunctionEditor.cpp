@@ -12,7 +12,7 @@ private Q_SLOTS:
     void dragFillsThePageAndFreeMouseTheReadOutsOnly()
     {
         QTest::mousePress(&fixture->canvas, Qt::LeftButton, {}, fixture->pixel(5.0, 1.0));
-        QVERIFY(fixture->canvas.nodeForm.isActive() && !fixture->canvas.bandDrag);
+        QVERIFY(fixture->canvas.nodeForm.isActive() && fixture->canvas.gesture.isAtPoints());
         move(7.0, 2.0, Qt::LeftButton);
         QVERIFY(qAbs(fixture->editor.posY->text().toDouble() - 2.0) < 0.05);
         QVERIFY(fixture->changes.isEmpty());

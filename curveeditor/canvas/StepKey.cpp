@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/StepKey.h>
+
+#include <QKeyEvent>
+
+StepKey stepKeyOf(const QKeyEvent& event)
+{
+    const bool isCtrlY = event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
+    if (event.matches(QKeySequence::Redo) || isCtrlY)
+        return StepKey::Redo;
+    return event.matches(QKeySequence::Undo) ? StepKey::Undo : StepKey::None;
+}

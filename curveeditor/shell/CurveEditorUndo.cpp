@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/edit/EditHistory.h>
+#include <curveeditor/shell/FunctionEditor.h>
+
+#include <QAction>
+#include <QPointer>
+#include <QUndoStack>
+
+QUndoStack* CurveEditor::undoStack() const
+{
+    return functionEdit->canvas.door().history().stack();
+}
+
+void CurveEditor::setUndoStack(QUndoStack* stack)
+{
+    functionEdit->canvas.door().history().setStack(stack);
+}
+
+void CurveEditor::undo()
+{
+    if (!functionEdit->canvas.cancelGesture())
+        functionEdit->canvas.door().history().undo();
+}
+
+void CurveEditor::redo()
+{
+    functionEdit->canvas.door().history().redo();
+}
+
+void CurveEditor::showStepTexts()
+{
+    const QUndoStack& stack = *undoStack();
+    undoAction->setText(tr("Undo %1").arg(stack.undoText()).trimmed());
+    redoAction->setText(tr("Redo %1").arg(stack.redoText()).trimmed());
+    undoAction->setEnabled(stack.canUndo());
+    redoAction->setEnabled(stack.canRedo());
+}
+
+void CurveEditor::tellEdit(const EditReport& report)
+{
+    const NodeStruct* const record = searchAllNodeList(report.curve->name);
+    if (!record)
+        return;
+    CurveChange change;
+    change.group = record->nodeName;
+    change.curve = record->curveName;
+    change.timeFirst = report.touched.first;
+    change.timeLast = report.touched.last;
+    change.phase =
+        report.phase == EditReport::Phase::Preview ? CurveChange::Phase::Preview : CurveChange::Phase::Commit;
+    switch (report.cause) {
+    case EditReport::Cause::Edit:
+        change.cause = CurveChange::Cause::Edit;
+        break;
+    case EditReport::Cause::Undo:
+        change.cause = CurveChange::Cause::Undo;
+        break;
+    case EditReport::Cause::Redo:
+        change.cause = CurveChange::Cause::Redo;
+        break;
+    case EditReport::Cause::Cancel:
+        change.cause = CurveChange::Cause::Cancel;
+        break;
+    }
+    auto [nodeName, curveName] = CurveNodeBase::reportedNames(record->name);
+    const bool isStep = change.cause == CurveChange::Cause::Undo || change.cause == CurveChange::Cause::Redo;
+    Q_EMIT curveEdited(change);
+    if (isStep)
+        Q_EMIT curveHasChanged(nodeName, curveName);
+}
+
+void CurveEditor::tellCurrentCurve()
+{
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const QString current = canvas.noCurrentCurve() ? QString() : canvas.getCurrentCurveName();
+    if (setChanges_ > 0 || current == toldCurrent_)
+        return;
+    toldCurrent_ = current;
+    const NodeStruct* const record = searchAllNodeList(current);
+    const QString nodeName = record ? record->nodeName : QString();
+    const QString curveName = record ? record->curveName : QString();
+    Q_EMIT currentCurveChanged(nodeName, curveName);
+}
