@@ -19,7 +19,9 @@ public:
     static bool replacesAnotherFile(const QString& chosen);
 
     /// Makes `content` the content of the file. It is written beside the file and takes its place when it is
-    /// complete: on any fault the file stays as it was and the result is false. Of a symbolic link the file
-    /// that it points to is replaced, or made. A folder, a pipe or a device is refused.
+    /// complete and on the disk: on any fault until then the file stays as it was and the result is false. It
+    /// is false too if the folder's new entry did not reach the disk; the file may be the old one again after
+    /// a crash of the machine, but is always one of the two. Of a symbolic link the file that it points to is
+    /// replaced, or made. A folder, a pipe, a device or a file that may not be written is refused.
     static bool replace(const QString& path, const std::string& content);
 };
