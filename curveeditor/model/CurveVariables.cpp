@@ -23,13 +23,15 @@ CurveVariables::CurveVariables()
 
 CurveVariables::~CurveVariables() = default;
 
-void CurveVariables::add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression)
+bool CurveVariables::add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression)
 {
     Curve curve;
     curve.spline = spline;
     curve.expression = expression;
-    curves_.insert_or_assign(getStoredName(name), curve);
+    if (name.empty() || !curves_.try_emplace(getStoredName(name), curve).second)
+        return false;
     addName(name);
+    return true;
 }
 
 void CurveVariables::remove(const std::string& name)
@@ -38,19 +40,24 @@ void CurveVariables::remove(const std::string& name)
     removeName(name);
 }
 
-void CurveVariables::rename(const std::string& oldName, const std::string& newName)
+bool CurveVariables::rename(const std::string& oldName, const std::string& newName)
 {
     const auto place = curves_.find(getStoredName(oldName));
     if (place == curves_.end())
-        return;
-    const Curve curve = place->second;
+        return false;
+    if (place->first == getStoredName(newName))
+        return true;
+    if (!add(newName, place->second.spline, place->second.expression))
+        return false;
     remove(oldName);
-    add(newName, curve.spline, curve.expression);
+    return true;
 }
 
 double CurveVariables::getValue(const std::string& name) const
 {
-    const auto place = curves_.find(name);
+    auto place = curves_.find(name);
+    if (place == curves_.end() && hasName(name))
+        place = curves_.find(getStoredName(name));
     if (place == curves_.end() || place->second.evaluating)
         return 0.0;
     if (depth_ == 0)

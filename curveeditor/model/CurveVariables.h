@@ -36,20 +36,22 @@ public:
     /// with ASCII letters in lower case and "_" for each blank. Hand the name over as it is: letters beyond
     /// ASCII are matched exactly, so a name that was put in lower case by other means may not be found.
     ///
-    /// A curve that has this name already is replaced; an empty name is passed over. `spline` and
-    /// `expression`, the host's holder, may be null.
-    void add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression);
+    /// Several curves may come to one stored name, as "A.x y" and "A.x_y" do: the first one stays, as it does
+    /// where the editor looks for circles, and the others are refused until it is removed. So is an empty
+    /// name. The result is false then. `spline` and `expression`, the host's holder, may be null.
+    bool add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression);
 
-    /// Forgets the curve. Expressions that read it read 0.0 from now on. Nothing happens if there is no such
+    /// Forgets the curve that is stored under `name`, whoever added it. Expressions that read it read 0.0
+    /// from now on, or another curve that is added under this name. Nothing happens if there is no such
     /// curve.
     void remove(const std::string& name);
 
-    /// The curve `oldName` is known as `newName` from now on; a curve that has the new name already is
-    /// replaced. Expressions keep the old name and read 0.0 for it. Nothing happens if there is no such
-    /// curve.
-    void rename(const std::string& oldName, const std::string& newName);
+    /// The curve `oldName` is known as `newName` from now on. Expressions keep the old name and read 0.0 for
+    /// it. Nothing happens, and the result is false, if there is no such curve or another one has the new
+    /// name.
+    bool rename(const std::string& oldName, const std::string& newName);
 
-    /// The curve's value at the present `t` and `f`; 0.0 for an unknown name.
+    /// The curve's value at the present `t` and `f`; 0.0 for a name that `hasName` does not know.
     double getValue(const std::string& name) const override;
 
 private:

@@ -80,7 +80,8 @@ private Q_SLOTS:
         ramp.holder = nullptr;
         QCOMPARE(valueAt(*reader.holder, 20.0), 100.0 + 20.0);
 
-        host.variables->add("g.ramp", nullptr, nullptr);
+        host.variables->remove("g.ramp");
+        QVERIFY(host.variables->add("g.ramp", nullptr, nullptr));
         QCOMPARE(valueAt(*reader.holder, 4.0), 4.0);
     }
 
@@ -99,8 +100,14 @@ private Q_SLOTS:
         QCOMPARE(reader.holder->evaluate(), 0.0);
         host.variables->rename("Cam 2.left eye", "cam_1.left_eye");
         QCOMPARE(reader.holder->evaluate(), 10.0);
-        host.variables->rename("cam_1.left_eye", "cam_1.left_eye");
+        host.add("CAM 1.LEFT_EYE").set("8");
+        host.add("g.other");
+        QVERIFY(host.variables->rename("cam_1.left_eye", "Cam_1.left_eye"));
+        QVERIFY(!host.variables->rename("g.other", "cam_1.left_eye") && host.variables->hasName("g.other"));
         QCOMPARE(reader.holder->evaluate(), 10.0);
+        QVERIFY(host.variables->hasName("Cam_1.left_eye") && !host.variables->hasName(""));
+        QCOMPARE(host.variables->getValue("Cam_1.left_eye"), 5.0);
+        QCOMPARE(host.variables->getValue(""), 0.0);
 
         host.variables->remove("cam_1.left_eye");
         host.variables->remove("cam_1.left_eye");
