@@ -20,6 +20,7 @@
 namespace {
 
 constexpr std::size_t usualSize = 16;
+constexpr std::size_t largestGrowth = 8; // of a text that getString writes, at most
 constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
 bool isOpen(const TokenRule& rule)
@@ -57,7 +58,21 @@ std::unique_ptr<FunctionFloatBase> ExpressionParser::parse()
     }
     if (!failed_)
         finish();
-    return message_.errors.empty() ? takeValue() : nullptr;
+    if (!message_.errors.empty())
+        return nullptr;
+    Node tree = takeValue();
+    if (text_.size() > limit / largestGrowth)
+        checkWrittenLength(*tree);
+    return failed_ ? nullptr : std::move(tree);
+}
+
+void ExpressionParser::checkWrittenLength(FunctionFloatBase& tree)
+{
+    const std::size_t written = tree.getString().size();
+    if (written <= FunctionParserBase::maximumLength)
+        return;
+    const std::size_t excess = std::min(written - FunctionParserBase::maximumLength, text_.size());
+    fail(ParseMessage::OtherError, text_.size() - excess, excess);
 }
 
 void ExpressionParser::skipBlanks()
@@ -114,8 +129,9 @@ void ExpressionParser::readValue()
     const std::size_t name = number > 0 ? 0 : nameLength(rest());
     const TokenRule* const function = functionFollows(name) ? findFunction(rest().substr(0, name)) : nullptr;
     const bool builtIn = number > 0 || function || isIndependent(rest().substr(0, name));
+    const bool parenthesisFollows = function && rest()[name] == '(';
 
-    if (known > (builtIn ? std::max(number, name) : 0)) {
+    if (known > (builtIn ? std::max(number, name) + parenthesisFollows : 0)) {
         readMapped(known);
     } else if (number > 0) {
         readNumber(number);

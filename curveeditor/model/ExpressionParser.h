@@ -56,6 +56,7 @@ private:
     void reduce();
     Node takeValue();
     void finish();
+    void checkWrittenLength(FunctionFloatBase& tree);
 
     void addError(ParseMessage::Code code, std::size_t offset, std::size_t length);
     void fail(ParseMessage::Code code, std::size_t offset, std::size_t length);

@@ -6,9 +6,21 @@
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr int tightnessOfValues = 1000;
+
+// What ends a value in parentheses: the first of these with which it is no beginning of a longer name. They
+// keep the value to the last bit.
+constexpr std::array<std::string_view, 4> guardsOfValues{")", "*1)", "/1.)", "^1e0)"};
+// The argument of a function gets parentheses, then a sign instead.
+constexpr std::size_t functionGuardCount = 2;
+
+// A guard may hide what stands before it, and so on to the beginning. From then on all is guarded at once.
+constexpr int longestChainOfGuards = 8;
 
 int tightnessOf(const FunctionFloatBase& node)
 {
@@ -43,11 +55,12 @@ ExpressionWriter::ExpressionWriter(const FunctionFloatOperation& root) : root_(r
 
 std::string ExpressionWriter::write()
 {
+    int rounds = 0;
     do {
         text_.clear();
         starts_.clear();
         writeOnce();
-    } while (guardHiddenStarts());
+    } while (guardHiddenStarts(++rounds > longestChainOfGuards));
     return text_;
 }
 
@@ -69,11 +82,16 @@ void ExpressionWriter::writeOnce()
 
 void ExpressionWriter::writeValue(const FunctionFloatBase& value)
 {
-    const bool guarded = guarded_.count(&value) > 0;
-    text_ += guarded ? "(" : "";
+    const std::size_t guards = guardsOf(value);
+    text_ += guards > 0 ? "(" : "";
     starts_.push_back({&value, text_.size(), value.text.size()});
     text_ += value.text;
-    text_ += guarded ? ")" : "";
+    if (guards == 0)
+        return;
+    const std::string_view guard = guardsOfValues[guards - 1];
+    if (guards > 1)
+        starts_.push_back({&value, text_.size() + 1, guard.size() - 2});
+    text_ += guard;
 }
 
 void ExpressionWriter::writeOperation(const FunctionFloatOperation& operation)
@@ -93,14 +111,16 @@ void ExpressionWriter::writeOperation(const FunctionFloatOperation& operation)
 
 void ExpressionWriter::writeFunction(const FunctionFloatOperation& operation, const TokenRule& rule)
 {
-    starts_.push_back({&operation, text_.size(), rule.text.size()});
+    starts_.push_back({&operation, text_.size(), rule.text.size() + 1}); // with its "("
     text_ += rule.text;
     putText(")");
     for (std::size_t i = rule.operandCount; i-- > 1;) {
         putOperand(*operation.getOperand(i), false);
         putText(",");
     }
-    putOperand(*operation.getOperand(0), guarded_.count(&operation) > 0);
+    const std::size_t guards = guardsOf(operation);
+    putOperand(*operation.getOperand(0), guards == 1);
+    putText(guards == functionGuardCount ? "+" : "");
     putText("(");
 }
 
@@ -118,14 +138,34 @@ void ExpressionWriter::putOperand(const FunctionFloatBase& operand, bool inParen
         putText("(");
 }
 
-bool ExpressionWriter::guardHiddenStarts()
+std::size_t ExpressionWriter::guardsOf(const FunctionFloatBase& node) const
+{
+    const auto place = guards_.find(&node);
+    return place == guards_.end() ? 0 : place->second;
+}
+
+bool ExpressionWriter::isHidden(const Start& start) const
 {
     const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
+    return mapper && mapper->getNameLength(std::string_view(text_).substr(start.offset)) > start.length;
+}
+
+bool ExpressionWriter::guardHiddenStarts(bool guardAll)
+{
+    const auto hidden = [this](const Start& start) {
+        return isHidden(start);
+    };
+    if (std::none_of(starts_.begin(), starts_.end(), hidden))
+        return false;
     bool guardedAny = false;
     for (const Start& start : starts_) {
-        const std::string_view rest = std::string_view(text_).substr(start.offset);
-        if (mapper && mapper->getNameLength(rest) > start.length)
-            guardedAny = guarded_.insert(start.node).second || guardedAny;
+        const std::size_t guards = guardsOf(*start.node);
+        const std::size_t most =
+            FunctionFloatOperation::of(*start.node) ? functionGuardCount : guardsOfValues.size();
+        if (guards < most && (isHidden(start) || (guardAll && guards == 0))) {
+            guards_[start.node] = guards + 1;
+            guardedAny = true;
+        }
     }
     return guardedAny;
 }

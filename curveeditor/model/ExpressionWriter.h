@@ -4,14 +4,14 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 class FunctionFloatBase;
 class FunctionFloatOperation;
 struct TokenRule;
 
-/// Writes a tree as text that the parser reads back as the same tree.
+/// Writes a tree as text that the parser reads back as the same tree; see `FunctionFloatBase::getString`.
 class ExpressionWriter
 {
 public:
@@ -42,13 +42,15 @@ private:
     void putOperand(const FunctionFloatBase& operand, bool inParentheses);
 
     // Finds values and functions that would be read as a longer known name, together with what follows them:
-    // with "a.x" and "a.x-2" known, the difference of a.x and 2 is written (a.x)-2. Returns true if there are
-    // new ones.
-    bool guardHiddenStarts();
+    // with "a.x" and "a.x-2" known, the difference of a.x and 2 is written (a.x)-2. Each gets its next guard,
+    // and if `guardAll` then so does all that has none. Returns true if there are new ones.
+    bool guardHiddenStarts(bool guardAll);
+    bool isHidden(const Start& start) const;
+    std::size_t guardsOf(const FunctionFloatBase& node) const;
 
     const FunctionFloatOperation& root_;
     std::string text_;
     std::vector<Piece> pieces_;
     std::vector<Start> starts_;
-    std::unordered_set<const FunctionFloatBase*> guarded_;
+    std::unordered_map<const FunctionFloatBase*, std::size_t> guards_;
 };

@@ -66,7 +66,9 @@ public:
     virtual double evaluate() = 0;
 
     /// The expression as text, without blanks and with no parenthesis that is not needed. Parsed again, with
-    /// the same names known, it gives the same tree, and so the same value at every time.
+    /// the same names known, it gives the same tree, and so the same value at every time. Where a name or a
+    /// number would be read as a longer known name even in parentheses, it is written with an operation that
+    /// keeps its value: with "a.x" and "a.x)" known, the cosine of a.x is cos((a.x*1)).
     virtual std::string getString();
 
     /// Evaluates at `count` times: `values[i]` becomes the value with `t` = `times[i]`, in time units, and

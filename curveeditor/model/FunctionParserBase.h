@@ -62,7 +62,9 @@ public:
         static std::int32_t toInt(double v);
     };
 
-    /// The longest text that is parsed, in bytes. A longer one is an error that covers what is too much.
+    /// The longest text that is parsed, in bytes. A longer one is an error that covers what is too much. So
+    /// is one that would be longer as `FunctionFloatBase::getString` writes it, with a "*" for each product
+    /// without an operator: what was parsed can be written and parsed again.
     static constexpr std::size_t maximumLength = std::size_t(1) << 20;
 
     FunctionParserBase(const FunctionParserBase&) = delete;

@@ -275,16 +275,31 @@ private Q_SLOTS:
 
     void nameThatWouldHideOthersIsGuarded()
     {
-        const TestMapper mapper({"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a"});
-        const std::vector<std::pair<std::string, std::string>> cases{
-            {"g.a - 2", "(g.a)-2"}, {"g.a-2", "g.a-2"},          {"g.a - 3", "g.a-3"},
-            {"2 * g.a", "(2)*g.a"}, {"cos (t)-2", "cos((t))-2"}, {"-g.a", "-g.a"}};
+        const TestMapper mapper(
+            {"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a", "g.a)", "1)", "sin(", "tan(t", "tan(("});
+        const std::vector<std::pair<std::string, std::string>> cases{{"g.a * 2", "g.a*2"},
+                                                                     {"g.a-2", "g.a-2"},
+                                                                     {"g.a - 2", "(g.a/1.)-2"},
+                                                                     {"g.a - 3", "g.a-3"},
+                                                                     {"cos(g.a )", "cos((g.a/1.))"},
+                                                                     {"cos(1 )", "cos((1/1.))"},
+                                                                     {"2 * g.a", "(2)*g.a"},
+                                                                     {"cos (t)-2", "cos((t))-2"},
+                                                                     {"-g.a", "-g.a"},
+                                                                     {"sin(t)", "sin(t)"},
+                                                                     {"tan (t)", "tan(+t)"}};
         for (const auto& [text, written] : cases) {
             const Parsed parsed = parse(text);
+            QVERIFY2(parsed.tree, text.c_str());
             QCOMPARE(parsed.tree->getString(), written);
             QVERIFY(isSame(valueAt(written, 1.0), valueAt(*parsed.tree, 1.0)));
         }
         QCOMPARE(valueAt("-g.a", 1.0), -1.0);
+
+        // Here each guard makes one necessary before it.
+        const TestMapper chain({"g.a", "g.a-2", "g.a+(g.a"});
+        const Parsed parsed = parse(QByteArray("g.a+").repeated(20000).toStdString() + "g.a - 2");
+        QVERIFY(parse(parsed.tree->getString()).tree);
     }
 
     void nodeAnswersForItsKindOnly_data()
@@ -517,6 +532,15 @@ private Q_SLOTS:
         QCOMPARE(parsed.message.code, int(ParseMessage::OtherError));
         QCOMPARE(parsed.message.errors.front(),
                  std::pair(std::uint32_t(longest.size() + 1), std::uint32_t(2)));
+
+        // As written, a sign stands between two groups, and one byte is too much with the last of these.
+        const QByteArray groups = QByteArray("(t+1)").repeated(174763);
+        const Parsed longestProduct = parse(groups.chopped(5).toStdString());
+        QVERIFY(longestProduct.tree && parse(longestProduct.tree->getString()).tree);
+        const Parsed product = parse(groups.toStdString());
+        QVERIFY(!product.tree);
+        QCOMPARE(product.message.errors.front(),
+                 std::pair(std::uint32_t(groups.size() - 1), std::uint32_t(1)));
     }
 
     void localeDoesNotMatter()
