@@ -24,17 +24,30 @@ bool readWord(std::istream& in, std::size_t longest, std::string& word)
     return true;
 }
 
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+// What the stream would extract as a whole number, without a locale's groups of digits.
 bool readComponent(std::istream& in, int& component)
 {
-    std::string word;
-    if (!readWord(in, longestNumber, word))
+    char first = '+';
+    if (!(in >> first))
         return false;
-    int number = word.front() == '-' ? 0 : largestComponent;
-    const char* const wordEnd = word.data() + word.size();
-    const auto [end, error] = std::from_chars(word.data(), wordEnd, number);
-    if (end != wordEnd || error == std::errc::invalid_argument)
+    if (isDigit(first)) {
+        in.unget();
+    } else if (first != '+' && first != '-') {
         return false;
-    component = std::clamp(number, 0, largestComponent);
+    }
+    std::string digits;
+    while (digits.size() <= longestNumber && isDigit(char(in.peek())))
+        digits += char(in.get());
+    if (digits.empty() || digits.size() > longestNumber)
+        return false;
+    int number = largestComponent;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    component = first == '-' ? 0 : std::min(number, largestComponent);
     return true;
 }
 

@@ -44,7 +44,8 @@ public:
     /// Writes a whole file; false if the stream failed.
     bool write(std::ostream& out) const;
 
-    /// Components outside 0 to 255 are brought to the nearer bound.
+    /// Whole numbers of at most 32 digits, with or without a sign, as a stream extracts them. Components
+    /// outside 0 to 255 are brought to the nearer bound.
     static bool readColor(std::istream& in, Color& color);
     static bool readKind(std::istream& in, Kind& kind);
     /// Replaces all of `spline` or nothing.

@@ -52,12 +52,14 @@ private Q_SLOTS:
 
     void readsWhatIsWhole()
     {
-        for (const char* content : {"1\r\n2\r\n3\r\n1\r\nt+1\r\n", "-1 256 99999999999999999999 * t+1 *2"}) {
+        const std::pair<const char*, const char*> cases[] = {
+            {"1\r\n2\r\n3\r\n1\r\nt+1\r\n", "1\n2\n3\n"},
+            {"-1 256 99999999999999999999 * t+1 *2", "0\n255\n255\n"},
+            {"+1-2+255 1 t+1", "1\n0\n255\n"}};
+        for (const auto& [content, color] : cases) {
             CurveFile file;
-            QVERIFY(read(file, content));
-            QCOMPARE(file.expression, "t+1");
-            file.color = {255, 128, 0};
-            QCOMPARE(text(file), "255\n128\n0\n1\nt+1\n");
+            QVERIFY2(read(file, content), content);
+            QCOMPARE(text(file), color + std::string("1\nt+1\n"));
         }
     }
 
@@ -70,6 +72,8 @@ private Q_SLOTS:
                                              std::string("\177ELF\0\1", 6),
                                              "1\n2.5\n3\n1\nt\n",
                                              "1\n2\n3\n1\n",
+                                             "1\n+-2\n3\n1\nt\n",
+                                             "1\n" + std::string(1000, '2') + "\n3\n1\nt\n",
                                              "1\n2\n3\n1\n" + std::string((1u << 20) + 1, 't'),
                                              "1\n2\n3\n0\n1000000000000 1 2 3\n"};
         for (std::size_t length = 0; length < spline.size() - 1; ++length)
