@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/CurveVariables.h>
 
-#include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/SplineBase.h>
 
@@ -63,7 +63,7 @@ double CurveVariables::getValue(const std::string& name) const
     if (depth_ == 0)
         ++reading_;
     Curve& curve = place->second;
-    if (!isKnownNow(curve) && depth_ < maximumDepth)
+    if (!isKnownNow(curve) && depth_ < maximumDepth && !isRunning(curve))
         read(curve);
     return isKnownNow(curve) ? curve.value : 0.0;
 }
@@ -72,6 +72,14 @@ bool CurveVariables::isKnownNow(const Curve& curve) const
 {
     return curve.reading == reading_ && isSame(curve.time, time_->getValue()) &&
            isSame(curve.frame, frame_->getValue());
+}
+
+bool CurveVariables::isRunning(const Curve& curve)
+{
+    if (!curve.expression || !*curve.expression)
+        return false;
+    const FunctionFloatOperation* const operation = FunctionFloatOperation::of(**curve.expression);
+    return operation && operation->isRunning();
 }
 
 void CurveVariables::read(Curve& curve) const

@@ -21,8 +21,8 @@ class SplineBase;
 /// and what they hold at the time of reading counts. They must live until the curve is removed.
 ///
 /// Curves that depend on themselves are harmless: a curve that is met again while it is being evaluated gives
-/// 0.0, and so does one that lies more than `maximumDepth` curves deep. Within one reading each curve is
-/// evaluated once.
+/// 0.0, whether it is read here or its parsed expression is evaluated by itself, as for drawing. So does one
+/// that lies more than `maximumDepth` curves deep. Within one reading each curve is evaluated once.
 class CURVEEDITOR_EXPORT CurveVariables : public ParserVarMapper
 {
 public:
@@ -69,6 +69,7 @@ private:
     };
 
     bool isKnownNow(const Curve& curve) const;
+    static bool isRunning(const Curve& curve);
     void read(Curve& curve) const;
 
     // A reading begins with a curve that no other curve reads.

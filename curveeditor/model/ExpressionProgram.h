@@ -11,8 +11,8 @@ class FunctionFloatOperation;
 
 /// An expression as a flat list of instructions for a machine with a stack. Operations without variables are
 /// computed once, when the program is made. Holds keys of the parser and nothing of the tree. Running it
-/// changes nothing in it: it may be run again while it runs, which happens when an expression reads a curve
-/// that reads the expression.
+/// changes nothing in it: it may be run again while it runs, which happens when a host's own variable
+/// evaluates the expression that reads it.
 class ExpressionProgram
 {
 public:

@@ -10,6 +10,25 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+/// Sets a mark for as long as it lives.
+class Running
+{
+public:
+    explicit Running(bool& mark) : mark_(mark), before_(std::exchange(mark, true)) {}
+    ~Running() { mark_ = before_; }
+
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    bool& mark_;
+    bool before_;
+};
+
+} // namespace
+
 const FunctionFloatOperation* FunctionFloatOperation::of(const FunctionFloatBase& node)
 {
     if (const FunctionFloatBinary* const binary = node.getBinaryRef())
@@ -58,12 +77,14 @@ const FunctionFloatBase* FunctionFloatOperation::getOperand(std::size_t index) c
 
 double FunctionFloatOperation::evaluate()
 {
+    const Running running(running_);
     return program().run();
 }
 
 void FunctionFloatOperation::evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
                                            std::size_t count)
 {
+    const Running running(running_);
     program().runBlock(times, framesPerTimeUnit, values, count);
 }
 

@@ -35,6 +35,9 @@ public:
     /// What the node computes.
     ExpressionCode getCode() const { return code_; }
 
+    /// True while this very node is evaluated. Variables that read curves ask for it.
+    bool isRunning() const { return running_; }
+
     double evaluate() override;
     std::string getString() override;
     void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
@@ -48,6 +51,7 @@ private:
     void moveOperationsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes);
 
     ExpressionCode code_;
+    bool running_ = false;
     Operands operands_;
     std::unique_ptr<const ExpressionProgram> program_;
 };
