@@ -38,7 +38,8 @@ public:
     ///
     /// Several curves may come to one stored name, as "A.x y" and "A.x_y" do: the first one stays, as it does
     /// where the editor looks for circles, and the others are refused until it is removed. So is an empty
-    /// name. The result is false then. `spline` and `expression`, the host's holder, may be null.
+    /// name. The result is false then. A curve that gets another spline or holder is removed first. `spline`
+    /// and `expression`, the host's holder, may be null.
     bool add(const std::string& name, const SplineBase* spline, FunctionFloatBase** expression);
 
     /// Forgets the curve that is stored under `name`, whoever added it. Expressions that read it read 0.0

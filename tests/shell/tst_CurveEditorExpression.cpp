@@ -4,6 +4,8 @@
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 
+#include <optional>
+
 class tst_CurveEditorExpression : public QObject
 {
     Q_OBJECT
@@ -11,7 +13,7 @@ class tst_CurveEditorExpression : public QObject
 private Q_SLOTS:
     void init()
     {
-        FunctionParserBase::instance()->setVarMapper(&variables);
+        FunctionParserBase::instance()->setVarMapper(&variables.emplace());
         fixture = std::make_unique<EditorFixture>(QStringList());
         for (const QString& name : names)
             add(name);
@@ -161,7 +163,7 @@ private:
     {
         fixture->add(name);
         HostCurve& curve = fixture->curves[name];
-        variables.add(name.toStdString(), &curve.spline, &curve.expression);
+        variables->add(name.toStdString(), &curve.spline, &curve.expression);
     }
     void setExpression(const QString& name, const QString& text)
     {
@@ -189,7 +191,7 @@ private:
     bool splineToolsEnabled() const { return fixture->menu("Options")->actions()[9]->isEnabled(); }
 
     const QStringList names = {"A.x", "b.y", "c.z", "d.w"};
-    CurveVariables variables;
+    std::optional<CurveVariables> variables;
     std::unique_ptr<EditorFixture> fixture;
 };
 
