@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditor.h>
 
+#include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/files/CurveFileStore.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/shell/FunctionEditor.h>
@@ -106,7 +107,7 @@ void CurveEditor::loadFile()
     if (isCurve)
         refreshCommandLine();
     else
-        QMessageBox::warning(nullptr, tr("Load curve"), tr("%1 holds no curve that can be read.").arg(path));
+        showWarning(tr("Load curve"), tr("%1 holds no curve that can be read.").arg(path));
 }
 
 void CurveEditor::saveFile()
@@ -126,7 +127,7 @@ void CurveEditor::saveFile()
         return;
     std::ostringstream content;
     if (!canvas.saveCurve(content) || !CurveFileStore::replace(path, content.str()))
-        QMessageBox::warning(nullptr, tr("Save curve"), tr("The curve could not be saved to %1.").arg(path));
+        showWarning(tr("Save curve"), tr("The curve could not be saved to %1.").arg(path));
 }
 
 void CurveEditor::loadImage()
