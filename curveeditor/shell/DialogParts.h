@@ -4,14 +4,8 @@
 #include <QBoxLayout>
 #include <QFont>
 #include <QPalette>
-#include <QSize>
 #include <QString>
 #include <QWidget>
-
-class QDialog;
-class QLabel;
-class QLineEdit;
-class QPushButton;
 
 /// A new object of `Kind`, child of `parent`, with that object name.
 template <class Kind, class Parent> Kind* named(const char* name, Parent* parent)
@@ -47,20 +41,3 @@ void setDialogFamily(QWidget* widget);
 
 /// Sets one colour of a widget, the same in all of its states.
 void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& color);
-
-/// @name For the small dialogs that ask for numbers
-/// Their sizes are meant for a font of usual height, and grow in proportion with a larger one.
-/// @{
-
-/// A label of `width` x 20 pixels.
-QLabel* numberLabel(const char* name, QDialog* parent, int width);
-
-/// A line of 60 x 20 pixels for a number of 9 characters, named to assistive tools by `label`.
-QLineEdit* numberLine(const char* name, QDialog* parent, QLabel* label);
-
-/// A row of two widgets at the end of `outer`.
-QHBoxLayout* widgetRow(const char* name, QVBoxLayout* outer, QWidget* left, QWidget* right);
-
-/// Takes the dialog the freedom to be resized.
-void fixSize(QDialog* dialog, const QSize& size);
-/// @}

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 
+class NumbersForm;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -38,6 +39,6 @@ protected Q_SLOTS:
     /// Sets every text the user sees.
     virtual void languageChange();
 
-protected:
-    void changeEvent(QEvent* event) override;
+private:
+    NumbersForm* form = nullptr;
 };

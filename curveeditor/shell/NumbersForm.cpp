@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/NumbersForm.h>
+
+#include <curveeditor/canvas/TitleWidth.h>
+#include <curveeditor/shell/DialogParts.h>
+
+#include <QDialog>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyle>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int rowHeight = 20;
+constexpr int lineWidth = 60;
+constexpr int lineLength = 9;
+constexpr int usualTextHeight = 14;
+
+/// All digits, or two signs and an exponent beside them: which is wider depends on the font.
+int widestNumber(const QFontMetrics& metrics)
+{
+    int width = 0;
+    for (char digit = '0'; digit <= '9'; ++digit) {
+        const QString digits(lineLength, QLatin1Char(digit));
+        QString exponential = digits;
+        exponential[0] = exponential[lineLength - 3] = QLatin1Char('+');
+        exponential[lineLength - 4] = QLatin1Char('e');
+        width = std::max({width, metrics.horizontalAdvance(digits), metrics.horizontalAdvance(exponential)});
+    }
+    return width;
+}
+
+/// Room for the text, the cursor behind it, the margins that every line has, and the frame.
+QSize sizeOfLine(const QLineEdit& line)
+{
+    constexpr int marginBeside = 2;
+    constexpr int marginAbove = 1;
+    const int frame = line.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &line);
+    const int cursor = line.style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, &line);
+    const QFontMetrics metrics = line.fontMetrics();
+    return QSize(widestNumber(metrics) + cursor + 2 * (frame + marginBeside),
+                 metrics.height() + 2 * (frame + marginAbove))
+        .expandedTo({lineWidth, rowHeight});
+}
+
+/// Smaller than buttons like to be: two of them fit below the lines, and a text of usual height fills them.
+QSize sizeOfButton(const QPushButton& button)
+{
+    const int margin = button.style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, &button);
+    const QSize text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text());
+    const int extraHeight = std::clamp(2 * (text.height() - usualTextHeight), 0, margin);
+    return text + QSize(2 * margin, extraHeight);
+}
+
+} // namespace
+
+NumbersForm::NumbersForm(QDialog* owner, const QString& name, const Smallest& smallestSizes,
+                         std::function<void()> translateTexts)
+    : QObject(owner), dialog(owner), smallest(smallestSizes), translate(std::move(translateTexts)),
+      rows(outerLayout<QVBoxLayout>("", owner))
+{
+    const QLatin1String ownName(dialog->metaObject()->className());
+    dialog->setObjectName(name.isEmpty() ? ownName : name);
+    dialog->setModal(true);
+    rows->setObjectName(ownName + QLatin1String("Layout"));
+    dialog->installEventFilter(this);
+}
+
+std::tuple<QHBoxLayout*, QLabel*, QLineEdit*>
+NumbersForm::addNumber(const char* layoutName, const char* labelName, const char* lineName)
+{
+    auto* label = named<QLabel>(labelName, dialog);
+    auto* line = named<QLineEdit>(lineName, dialog);
+    for (QWidget* widget : std::initializer_list<QWidget*>{label, line})
+        widget->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    line->setMaxLength(lineLength);
+    line->setAlignment(Qt::AlignRight);
+    label->setBuddy(line);
+    labels.append(label);
+    lines.append(line);
+    return {addRow(layoutName, label, line), label, line};
+}
+
+std::tuple<QHBoxLayout*, QPushButton*, QPushButton*>
+NumbersForm::addButtons(const char* layoutName, const char* acceptName, const char* rejectName)
+{
+    auto* accept = named<QPushButton>(acceptName, dialog);
+    auto* reject = named<QPushButton>(rejectName, dialog);
+    connect(accept, &QPushButton::clicked, dialog, &QDialog::accept);
+    connect(reject, &QPushButton::clicked, dialog, &QDialog::reject);
+    buttons = {accept, reject};
+    return {addRow(layoutName, accept, reject), accept, reject};
+}
+
+QHBoxLayout* NumbersForm::addRow(const char* name, QWidget* left, QWidget* right)
+{
+    auto* row = innerLayout<QHBoxLayout>(name, rows);
+    row->addWidget(left);
+    row->addWidget(right);
+    return row;
+}
+
+void NumbersForm::setTexts(const QString& title, const QStringList& labelTexts, const QString& accept,
+                           const QString& reject)
+{
+    dialog->setWindowTitle(title);
+    for (qsizetype i = 0; i < labels.size(); ++i)
+        labels[i]->setText(labelTexts[i]);
+    buttons[0]->setText(accept);
+    buttons[1]->setText(reject);
+    fit();
+}
+
+bool NumbersForm::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::LanguageChange:
+        translate();
+        break;
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+    case QEvent::Show:
+        fit();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// The labels get one width, else the lines would not stand below one another.
+void NumbersForm::fit()
+{
+    QSize labelSize(smallest.labelWidth, rowHeight);
+    for (const QLabel* label : std::as_const(labels))
+        labelSize = labelSize.expandedTo(label->sizeHint());
+    for (QLabel* label : std::as_const(labels))
+        label->setFixedSize(labelSize);
+    for (QLineEdit* line : std::as_const(lines))
+        line->setFixedSize(sizeOfLine(*line));
+    for (QPushButton* button : std::as_const(buttons))
+        button->setMinimumSize(sizeOfButton(*button));
+    rows->activate(); // a visible dialog's layout takes note of new sizes later only
+    dialog->setFixedSize(
+        rows->minimumSize().expandedTo(smallest.dialog).expandedTo({titleWidth(*dialog), 0}));
+}
