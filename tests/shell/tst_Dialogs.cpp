@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/TitleWidth.h>
+#include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/shell/CurveEditorDialogBase.h>
+#include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
 #include <QComboBox>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -40,29 +44,58 @@ private Q_SLOTS:
             QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
     }
 
-    void numbersAndLabelsAreNotCutOff()
+    void textsAreNotCutOffInAnyFont()
     {
-        for (const int points : {9, 16}) {
+        const QFont usual = QApplication::font();
+        PanDialog pan;
+        ScaleDialog scale;
+        ViewportSettings range;
+        for (const int points : {8, 9, 12, 18}) {
             QApplication::setFont(QFont("Arial", points));
             CurveEditorDialogBase dialog;
-            ScaleDialog scale;
-            ViewportSettings range;
             dialog.resize(400, 300);
-            for (QDialog* each : std::initializer_list<QDialog*>{&dialog, &scale, &range}) {
+            for (QDialog* each : std::initializer_list<QDialog*>{&dialog, &pan, &scale, &range}) {
                 each->show();
                 QVERIFY(QTest::qWaitForWindowExposed(each));
+                QFont title = QApplication::font();
+                title.setBold(true);
+                QVERIFY(each->width() > QFontMetrics(title).horizontalAdvance(each->windowTitle()));
+                const bool isSmall = each != &dialog;
                 const QList<QWidget*> widgets = each->findChildren<QWidget*>();
                 for (const QWidget* widget : widgets) {
-                    const auto* label = qobject_cast<const QLabel*>(widget);
-                    if (!widget->isVisible() || !(label || qobject_cast<const QLineEdit*>(widget)))
+                    const bool isLine = qobject_cast<const QLineEdit*>(widget);
+                    const bool isButton = isSmall && qobject_cast<const QPushButton*>(widget);
+                    if (!widget->isVisible() || !(isLine || isButton || qobject_cast<const QLabel*>(widget)))
                         continue;
-                    const QString text = label ? label->text() : QStringLiteral("-1234.567");
-                    const QSize needed = widget->fontMetrics().size(Qt::TextSingleLine, text);
+                    const QString text = isLine && isSmall ? QStringLiteral("+8888e+88")
+                                         : isLine          ? QStringLiteral("-1234.567")
+                                                           : widget->property("text").toString();
+                    const QSize edges = isLine && isSmall ? QSize(6, 2) : QSize(0, 0);
+                    const QSize needed = widget->fontMetrics().size(Qt::TextSingleLine, text) + edges;
                     QVERIFY2(widget->size().expandedTo(needed) == widget->size(),
                              qPrintable(widget->objectName()));
+                    QVERIFY(!isSmall || each->rect().contains(widget->geometry()));
                 }
             }
+            QCOMPARE(scale.scaleX->x(), scale.scaleY->x());
+            QCOMPARE(range.minX->x(), range.maxY->x());
         }
+        QApplication::setFont(usual);
+    }
+
+    void warningIsAsWideAsItsTitleAndShowsMarkupAsText()
+    {
+        QTimer::singleShot(0, qApp, [] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            const int width = box->width();
+            const bool isPlain = box->textFormat() == Qt::PlainText;
+            const int needed = titleWidth(*box);
+            box->accept();
+            QVERIFY(isPlain);
+            QVERIFY(width >= needed);
+        });
+        showWarning(QStringLiteral("Cyclical dependency"), QStringLiteral("<b>"));
     }
 
     void canvasTakesTheRoomOfALargerDialog()
