@@ -25,7 +25,7 @@ public:
     /// Logical pixels below which nothing shrinks, however narrow the texts are.
     struct Smallest
     {
-        int labelWidth;
+        int labelWidth = 0;
         QSize dialog;
     };
 

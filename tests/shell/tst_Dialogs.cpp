@@ -110,7 +110,7 @@ private Q_SLOTS:
         QCOMPARE(dialog.splitter10->sizes()[1], pageHeight);
     }
 
-    void numberDialogReturnsWhatTheUserChose()
+    void numberDialogReturnsWhatTheUserChoseAndFollowsTheLanguage()
     {
         ViewportSettings range;
         for (QPushButton* button : {range.allDone, range.cancel}) {
@@ -118,6 +118,10 @@ private Q_SLOTS:
             QCOMPARE(range.exec(), button == range.allDone ? int(QDialog::Accepted) : int(QDialog::Rejected));
         }
         QCOMPARE(range.minimumSize(), range.maximumSize());
+        range.textLabel2->setText(QStringLiteral("in the former language"));
+        QEvent change(QEvent::LanguageChange);
+        QApplication::sendEvent(&range, &change);
+        QCOMPARE(range.textLabel2->text(), QStringLiteral("MaxX"));
     }
 };
 
