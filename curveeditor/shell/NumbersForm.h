@@ -16,9 +16,9 @@ class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
 
-/// What the small dialogs that ask for numbers are made of: rows of a label and a line, and a last row of two buttons,
-/// the first of which accepts and the second rejects. It makes its dialog modal and gives it, in any font and language,
-/// the one size that its texts take. It belongs to the dialog, and so do all widgets.
+/// What the small dialogs that ask for numbers are made of: rows of a label and a line, and a last row of two
+/// buttons, the first of which accepts and the second rejects. It makes its dialog modal and gives it, in any
+/// font and language, the one size that its texts take. It belongs to the dialog, and so do all widgets.
 class NumbersForm : public QObject
 {
 public:
