@@ -8,6 +8,7 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/edit/Truncate.h>
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/files/SensorTable.h>
@@ -15,7 +16,6 @@
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
 
-#include <QMessageBox>
 #include <QWidget>
 
 #include <algorithm>
@@ -58,11 +58,10 @@ CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* editor)
     : QObject(parent), editor_(editor), grid_(std::make_unique<CanvasGrid>(widget()))
 {
     connect(&door_.history(), &EditHistory::reported, this, &CanvasFunctionBase::takeReport);
-    connect(&door_.history(), &EditHistory::formulaLost, this,
-            [](const QString& curve, const QString& formula) {
-                QMessageBox::warning(nullptr, tr("Undo"),
-                                     tr("The formula of %1 can't be read any more:\n%2").arg(curve, formula));
-            });
+    connect(
+        &door_.history(), &EditHistory::formulaLost, this, [](const QString& curve, const QString& formula) {
+            showWarning(tr("Undo"), tr("The formula of %1 can't be read any more:\n%2").arg(curve, formula));
+        });
     connectPointMenu();
 }
 
@@ -404,7 +403,7 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
     std::unique_ptr<FunctionFloatBase> expression(
         FunctionParserBase::instance()->parseString(text.toStdString(), message));
     if (!expression || !message.errors.empty()) {
-        QMessageBox::warning(nullptr, tr("Syntax error"), faultText(message));
+        showWarning(tr("Syntax error"), faultText(message));
         return isStillCurrent();
     }
     QString withFunc;
@@ -418,8 +417,8 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
             edited.setKind(CurveKind::Expression);
     });
     if (isCycle)
-        QMessageBox::warning(nullptr, tr("Cyclical dependency"),
-                             tr("Cyclical dependency has been found for d-var %1 ").arg(withFunc));
+        showWarning(tr("Cyclical dependency"),
+                    tr("Cyclical dependency has been found for d-var %1 ").arg(withFunc));
     if (curve && message.errors.empty())
         curve->emitCurveChanged();
     return isStillCurrent();

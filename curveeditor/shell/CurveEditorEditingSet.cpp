@@ -97,7 +97,7 @@ void CurveEditor::selectionChangedEditingItem(QTreeWidgetItem* who)
     NodeStruct* const current = searchAllNodeList(functionEdit->canvas.getCurrentCurveName());
     if (who && who->isSelected())
         functionEdit->canvas.setCurrentCurve(who->text(0));
-    else if (current && !who)
+    else if (current && checkListsEditing->selectedItems().isEmpty())
         showSelectedRow(*current);
 }
 
