@@ -51,6 +51,7 @@ bool ControlSplineNode::selectInBand(double timeLow, double timeHigh, double val
 
 void ControlSplineNode::dropLostPoints()
 {
+    curve_->mend();
     if (getSpline())
         selection_.dropLost(*getSpline());
     else

@@ -44,7 +44,8 @@ public:
     /// Selects the points strictly inside a rectangle of the plane, drops all others, and returns whether there
     /// are any. The last one becomes the current point too.
     bool selectInBand(double timeLow, double timeHigh, double valueLow, double valueHigh);
-    /// Takes out of the selection what the spline does not hold any more, as after a change by the host.
+    /// For after a change by the host: mends the spline, and takes out of the selection what it does not hold any
+    /// more.
     void dropLostPoints();
 
     bool hasSelection() const { return !selection_.isEmpty(); }

@@ -26,8 +26,10 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves, const 
     text_ = text;
     own_ = {own.begin(), own.end()};
     before_.clear();
-    for (const auto& curve : curves)
+    for (const auto& curve : curves) {
+        curve->mend();
         before_.push_back({curve, curve->state()});
+    }
     return ++id_;
 }
 

@@ -38,6 +38,12 @@ std::uint64_t EditedCurve::fingerprint() const
     return points ^ std::hash<std::string>()(formula());
 }
 
+void EditedCurve::mend()
+{
+    if (spline_)
+        spline_->mend();
+}
+
 void EditedCurve::setExpression(std::unique_ptr<FunctionFloatBase> newExpression, const std::string& text)
 {
     if (!variable_)

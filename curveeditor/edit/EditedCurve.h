@@ -34,6 +34,8 @@ public:
     /// Whether `state` is what the curve holds now, the kind aside.
     std::uint64_t fingerprint() const;
 
+    /// See `SplineBase::mend`.
+    void mend();
     void setKind(CurveKind kind) { kind_ = kind; }
     /// Deletes what the variable holds and puts `expression` there; `text` is what it was parsed from.
     void setExpression(std::unique_ptr<FunctionFloatBase> expression, const std::string& text);

@@ -309,6 +309,25 @@ void SplineBase::setTime(PointInfo* point, const double& time)
     moveEntry(controlPoints, from, behind);
 }
 
+void SplineBase::mend()
+{
+    bool isInOrder = true;
+    for (std::size_t i = 0; i < controlPoints.size(); ++i) {
+        PointInfo& point = *controlPoints[i];
+        if (point.serial == 0)
+            point.serial = newSerial();
+        if (!std::isfinite(point.time))
+            point.time = times_[i];
+        isInOrder = isInOrder && point.time == times_[i];
+    }
+    if (isInOrder)
+        return;
+    std::stable_sort(controlPoints.begin(), controlPoints.end(),
+                     [](const PointInfo* left, const PointInfo* right) { return left->time < right->time; });
+    std::transform(controlPoints.begin(), controlPoints.end(), times_.begin(),
+                   [](const PointInfo* point) { return point->time; });
+}
+
 void SplineBase::setPos(PointInfo* point, const double& value)
 {
     if (point && std::isfinite(value))
@@ -474,10 +493,15 @@ double SplineBase::valueOutside(double time) const
     return value + std::min(rounds, greatest) * (last - first);
 }
 
-void SplineBase::insertNew(std::size_t index, PointInfo point)
+std::uint32_t SplineBase::newSerial()
 {
     static std::atomic<std::uint32_t> lastSerial = 0;
-    point.serial = ++lastSerial;
+    return ++lastSerial;
+}
+
+void SplineBase::insertNew(std::size_t index, PointInfo point)
+{
+    point.serial = newSerial();
     const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
     controlPoints.insert(controlPoints.begin() + place, new PointInfo(point));

@@ -150,6 +150,12 @@ public:
     /// the same time; the others keep their order. `point` must be null or a living point.
     void setTime(PointInfo* point, const double& time);
 
+    /// Puts right what was written past these operations, through `modify`: points whose `time` was written take
+    /// their place in the order, one that got a time that is not finite gets its old one back, and one whose
+    /// `serial` was overwritten, as by assigning a whole point, becomes a new point. Linear where there is
+    /// nothing to do.
+    void mend();
+
     void setPos(PointInfo* point, const double& value);
     void setTanLeft(PointInfo* point, const double& value);
     void setTanRight(PointInfo* point, const double& value);
@@ -239,6 +245,7 @@ private:
     std::size_t indexOf(const PointInfo* point) const;
     double valueOutside(double time) const;
     void insertNew(std::size_t index, PointInfo point);
+    static std::uint32_t newSerial();
     void clear();
     bool readText(std::istream& in);
 
