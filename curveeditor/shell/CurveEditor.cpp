@@ -79,6 +79,9 @@ void CurveEditor::connectWidgets()
 {
     connect(commandLine, &QLineEdit::returnPressed, this, &CurveEditor::executeCommand);
     connect(deleteCurve, &QPushButton::pressed, this, &CurveEditor::deleteCurveClicked);
+    for (QWidget* const searching :
+         std::initializer_list<QWidget*>{nodeFirst, nodeLast, nodeTypeCombo, checkListsEditing})
+        searching->installEventFilter(this);
     connect(nodeFirst, &QComboBox::activated, this, &CurveEditor::changeNodeFirstType);
     connect(nodeLast, &QComboBox::activated, this, &CurveEditor::changeNodeLastType);
     connect(&functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, this,
@@ -138,6 +141,15 @@ bool CurveEditor::event(QEvent* event)
     if (isOurs)
         event->accept();
     return CurveEditorDialogBase::event(event) || isOurs;
+}
+
+bool CurveEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* const key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+    if (!key || stepKeyOf(*key) == StepKey::None)
+        return CurveEditorDialogBase::eventFilter(watched, event);
+    keyPressEvent(key);
+    return true;
 }
 
 void CurveEditor::keyPressEvent(QKeyEvent* event)

@@ -330,6 +330,8 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    /// Takes undo and redo keys from widgets that would search for a letter.
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     /// Makes the canvas a stop of the Tab key, between the pages and the node page.

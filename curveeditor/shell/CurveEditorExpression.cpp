@@ -150,6 +150,7 @@ void CurveEditor::refreshCommandLine()
     if (canvas.noCurrentCurve()) {
         setSplineToolsEnabled(false);
         functionEdit->closeNodeForm();
+        functionEdit->showSelection(false);
         return tellCurrentCurve();
     }
     const bool isSpline = !canvas.isCurrentExpression();
@@ -161,6 +162,7 @@ void CurveEditor::refreshCommandLine()
         showLastType(canvas.currentSplineBase()->lastType);
     }
     functionEdit->closeNodeForm();
+    functionEdit->showSelection(false);
     if (NodeStruct* const record = searchAllNodeList(canvas.getCurrentCurveName()))
         showSelectedRow(*record);
     paintAll();

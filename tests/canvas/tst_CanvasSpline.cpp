@@ -37,7 +37,7 @@ struct Fixture
         QPainter painter(&image);
         painter.setBackground(Qt::darkBlue);
         painter.setBackgroundMode(Qt::OpaqueMode);
-        picture.draw(&painter, selection, SplineEdits::Part::Point);
+        picture.draw(&painter, selection, dragged);
         return image;
     }
     QRect boundsOf(const QColor& color)
@@ -50,6 +50,7 @@ struct Fixture
     ViewPort view{0, 0};
     CanvasSpline picture{&spline};
     Selection selection;
+    SplineEdits::Part dragged = SplineEdits::Part::Point;
 };
 
 const QList<QPointF> levelPoints{{2.0, 1.0}, {5.0, 1.0}, {8.0, 1.0}};
@@ -89,6 +90,10 @@ private Q_SLOTS:
         f.select(1);
         QCOMPARE(f.boundsOf(Qt::black), QRect(198, 198, 605, 5));
         QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(452, 198, 96, 5));
+        f.dragged = SplineEdits::Part::RightTangent;
+        QCOMPARE(f.boundsOf(QColor(255, 0, 220)), QRect(501, 198, 47, 5));
+        f.dragged = SplineEdits::Part::LeftTangent;
+        QCOMPARE(f.boundsOf(QColor(255, 0, 220)).right(), 500);
         f.spline.modify(1u)->type = SplineBase::Tcb;
         QCOMPARE(f.boundsOf(QColor(255, 255, 220)), QRect(453, 199, 94, 3));
         f.picture.selected = false;

@@ -154,6 +154,17 @@ private Q_SLOTS:
             s.release(6.0, 3.0);
             QVERIFY(s.curves["a.x"].spline[1]->tanRight > 1.5);
         });
+        row("band", 0, x, [](Scene& s) { s.drag(3.0, 2.5, 9.0, -2.0); });
+        row("time line", 0, {}, [](Scene& s) { s.editor.setTimeLine(3.0); });
+        row("another curve during a drag", 1, {}, [](Scene& s) {
+            s.press(5.0, 1.0);
+            s.move(6.0, 2.0);
+            s.canvas.canvas.setCurrentCurve("a.y");
+            s.canvas.canvas.currentControl()->selectOnly(s.curves["a.y"].spline[1]);
+            s.move(7.0, 2.0);
+            s.canvas.canvas.currentControl()->selectOnly(nullptr);
+            s.release(7.0, 2.0);
+        });
         row("Escape during a drag", 0, {}, [](Scene& s) {
             s.press(5.0, 1.0);
             s.move(6.0, 2.0);
@@ -271,6 +282,195 @@ private Q_SLOTS:
             QVERIFY(s.states() == after);
             QVERIFY(s.showsWhatIsDrawnFromScratch());
         }
+    }
+
+    void imageComesAndGoes()
+    {
+        const QTemporaryDir folder;
+        QImage image(10, 10, QImage::Format_RGB32);
+        image.fill(Qt::blue);
+        QVERIFY(image.save(folder.filePath("image.png")));
+        Scene s;
+        s.editor.setMinValue(-3.0);
+        s.editor.setMaxValue(3.0);
+        const QImage without = s.shown();
+        s.canvas.canvas.loadImage(folder.filePath("image.png"));
+        s.canvas.canvas.paint();
+        QVERIFY(s.shown() != without);
+        s.editor.clearImage();
+        QVERIFY(s.shown() == without);
+    }
+
+    void receiverMayDoAnythingInsideReturn()
+    {
+        const std::function<void(Scene&)> replies[] = {
+            [](Scene& s) { s.editor.removeCurve("a", "x"); },
+            [](Scene& s) { s.canvas.canvas.setCurrentCurve("a.y"); },
+            [](Scene& s) { s.editor.deleteExpression("a", "x", &s.curves["a.x"].expression); },
+            [](Scene& s) { s.editor.undo(); },
+            [](Scene& s) { s.editor.renameCurve("a", "x", "w"), s.editor.resetAllCheckedF(); },
+            [](Scene& s) { s.editor.cleanSelecteds(), s.editor.setEditingNode("a.y"); },
+        };
+        for (const auto& reply : replies) {
+            Scene s;
+            const CurveState innocent = s.states()["a.y"];
+            bool isFirst = true;
+            connect(&s.editor, &CurveEditor::curveHasChanged, [&] {
+                if (std::exchange(isFirst, false))
+                    reply(s);
+            });
+            s.enter("2*t");
+            QVERIFY(s.canvas.canvas.findCurve("a.y")->isSpline());
+            if (s.changes.size() == 1)
+                QVERIFY(s.canvas.canvas.findCurve("a.y")->curve()->state() == innocent);
+            QCOMPARE(s.canvas.canvas.isCurrentExpression(), s.editor.deleteCurve->isEnabled());
+            QVERIFY(s.showsWhatIsDrawnFromScratch());
+        }
+    }
+
+    void hostMayTakePointsAwayBetweenTwoPaints()
+    {
+        Scene s;
+        SplineBase& spline = s.curves["a.x"].spline;
+        s.selectTwo();
+        spline.remove(spline[2]);
+        spline.remove(spline[1]);
+        s.editor.setTimeLine(3.0);
+        s.shown();
+        spline.addPoint(5.0, 1.0);
+        QTest::keyClick(&s.canvas, Qt::Key_Delete);
+        QCOMPARE(spline.getControlPointsNumber(), 2u);
+        QCOMPARE(s.entries(), 0);
+    }
+
+    void pageShowsNoPointThatIsNotCurrent()
+    {
+        const std::function<void(Scene&)> changes[] = {
+            [](Scene& s) { s.canvas.canvas.setCurrentCurve("a.y"); },
+            [](Scene& s) { s.canvas.canvas.setCurrentCurve("a.z"); },
+            [](Scene& s) { s.editor.resetSelectedF(); },
+            [](Scene& s) { s.editor.removeCurve("a", "x"); },
+            [](Scene& s) { s.curves["a.x"].spline.reset(), s.editor.updateCurves(); },
+        };
+        for (const auto& change : changes) {
+            Scene s;
+            s.clickPoint();
+            QCOMPARE(s.editor.node->text(), "1");
+            change(s);
+            QVERIFY(s.editor.node->text().isEmpty() && s.editor.tension->text().isEmpty());
+            QTest::keyClick(&s.canvas, Qt::Key_T);
+            QVERIFY(!s.canvas.nodeForm.isActive());
+        }
+    }
+
+    void menuLeavesNoPageBehindInAnotherEditor()
+    {
+        Scene other, s;
+        other.clickPoint();
+        s.clickPoint();
+        QCOMPARE(other.editor.nodeTypeCombo->currentIndex(), 1);
+        s.choose(ControlMenu::SelectionToLinear);
+        QCOMPARE(other.editor.nodeTypeCombo->currentIndex(), 2);
+        QCOMPARE(other.entries(), 1);
+        s.clickPoint();
+        s.choose(ControlMenu::DeleteKey);
+        QVERIFY(!other.canvas.nodeForm.isActive() && other.editor.node->text().isEmpty());
+        other.editor.undo();
+        QCOMPARE(other.editor.node->text(), "1");
+    }
+
+    void stackIsSharedAndMayGoFirst()
+    {
+        auto stack = std::make_unique<QUndoStack>();
+        auto first = std::make_unique<Scene>();
+        Scene second;
+        first->editor.setUndoStack(stack.get());
+        second.editor.setUndoStack(stack.get());
+        first->drag(5.0, 1.0, 6.0, 2.0);
+        stack->push(new QUndoCommand("host"));
+        second.drag(5.0, 1.0, 6.0, 2.0);
+        QCOMPARE(first->menu("Edit")->actions()[0]->text(), "Undo " + stack->undoText());
+        first->editor.undo();
+        QCOMPARE(second.commits.size(), 2);
+        QCOMPARE(stack->undoText(), "host");
+        first.reset();
+        stack->undo();
+        stack->undo();
+        QCOMPARE(stack->index(), 0);
+        stack->redo();
+        second.editor.undo();
+        QVERIFY(second.menu("Edit")->actions()[1]->isEnabled());
+        stack.reset();
+        QVERIFY(!second.menu("Edit")->actions()[1]->isEnabled());
+        second.drag(6.0, 2.0, 5.0, 1.0);
+        second.drag(5.0, 1.0, 6.0, 2.0);
+        QVERIFY(second.editor.undoStack()->count() >= 1);
+    }
+
+    void entriesFollowTheCurveThatLeavesTheCanvas()
+    {
+        Scene s;
+        QStringList told;
+        connect(&s.editor, &CurveEditor::curveOpened,
+                [&](const QString& g, const QString& c) { told << "+" + g + c; });
+        connect(&s.editor, &CurveEditor::curveClosed,
+                [&](const QString& g, const QString& c) { told << "-" + g + c; });
+        connect(&s.editor, &CurveEditor::currentCurveChanged,
+                [&](const QString& g, const QString& c) { told << g + c; });
+        const CurveState before = s.states()["a.x"];
+        s.drag(5.0, 1.0, 6.0, 2.0);
+        s.editor.cleanSelecteds();
+        s.editor.renameCurve("a", "x", "w");
+        s.changes.clear();
+        s.editor.undo();
+        QVERIFY(s.curves["a.x"].spline.state() == before.spline);
+        QCOMPARE(s.changes, QStringList{"a/w"});
+        s.editor.redo();
+        s.editor.setEditingNode("a.w");
+        s.editor.setEditingNode("a.y");
+        s.shown();
+        s.editor.undo();
+        QVERIFY(s.current() == "a.w" && s.showsWhatIsDrawnFromScratch());
+        QVERIFY(s.curves["a.x"].spline.state() == before.spline);
+        s.editor.removeCurve("a", "w");
+        QVERIFY(!s.editor.undoStack()->canRedo());
+        QCOMPARE(told, (QStringList{"-ax", "az", "-ay", "-az", "", "+aw", "aw", "+ay", "ay", "aw", "-aw", "ay"}));
+    }
+
+    void dragTellsWhenTheCurveChanged()
+    {
+        Scene s;
+        SplineBase& spline = s.curves["a.x"].spline;
+        for (const double time : {-0.5, 9.0, 9.5})
+            spline.addPoint(time, 0.0);
+        for (auto* point : spline.getControlPoints())
+            point->type = SplineBase::Linear;
+        s.editor.updateCurves();
+        s.drag(5.0, 1.0, 6.0, 2.0);
+        QCOMPARE(s.intervals, QList<QPointF>(3, QPointF(0.0, 8.0)));
+        s.editor.setFirstNodeZero();
+        QVERIFY(s.intervals.last().x() == -HUGE_VAL && s.intervals.last().y() == -0.5);
+    }
+
+    void keysStepInEveryFocus()
+    {
+        Scene s;
+        s.drag(5.0, 1.0, 6.0, 2.0);
+        const CurveState after = s.states()["a.x"];
+        const auto isUndone = [&] {
+            return s.states()["a.x"] != after;
+        };
+        s.editor.commandLine->setText("t");
+        for (QWidget* focus : std::initializer_list<QWidget*>{
+                 &s.canvas, &s.list, s.editor.posY, s.editor.nodeFirst, s.editor.commandLine, &s.editor}) {
+            QTest::keyClick(focus, Qt::Key_Z, Qt::ControlModifier);
+            QVERIFY2(isUndone(), focus->metaObject()->className());
+            QTest::keyClick(focus, Qt::Key_Y, Qt::ControlModifier);
+            QVERIFY2(!isUndone(), focus->metaObject()->className());
+        }
+        QTest::keyClicks(s.editor.commandLine, "+1");
+        QTest::keyClick(s.editor.commandLine, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!isUndone() && s.editor.commandLine->text() != "t+1");
     }
 };
 
