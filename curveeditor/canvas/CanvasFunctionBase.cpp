@@ -203,7 +203,7 @@ void CanvasFunctionBase::takeReport(const EditReport& report)
     if (guard)
         Q_EMIT edited(report);
     if (guard && report.cause != EditReport::Cause::Edit) {
-        Q_EMIT selectionChanged();
+        Q_EMIT selectionChanged(isStep);
         paint();
     }
 }
@@ -218,7 +218,8 @@ void CanvasFunctionBase::showStep(const EditReport& report)
         selection.selectOnly(report.points.front());
     else
         selection.selectAll(report.points);
-    setCurrentCurve(curve);
+    if (curve != current_)
+        setCurrentCurve(curve);
 }
 
 void CanvasFunctionBase::markStale(CurveNodeBase& curve)

@@ -230,8 +230,9 @@ Q_SIGNALS:
     void changeCommandLine();
     /// A curve was edited here or taken back or forth by the undo stack; it need not be on the canvas.
     void edited(const EditReport& report);
-    /// The selection, or a point that is selected, has changed by other means than an event of the widget.
-    void selectionChanged();
+    /// The selection, or a point that is selected, has changed by other means than an event of the widget;
+    /// `shows` if the user is to see it.
+    void selectionChanged(bool shows);
 
 private:
     QWidget* widget() const;

@@ -306,7 +306,7 @@ void CanvasFunctionBase::editSelections(const QString& text,
     for (ControlSplineNode* const control : controls)
         work(*control);
     door_.commit();
-    Q_EMIT selectionChanged();
+    Q_EMIT selectionChanged(false);
     paint();
 }
 

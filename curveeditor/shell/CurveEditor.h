@@ -376,6 +376,7 @@ private:
     void tellEdit(const EditReport& report);
     void showStepTexts();
     void tellCurrentCurve();
+    void showContent();
     void showLineText();
     void setCurveEditableOn(NodeStruct* record);
     void setCurveEditableOff(NodeStruct* record);

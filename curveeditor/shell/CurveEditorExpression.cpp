@@ -146,27 +146,30 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
 
 void CurveEditor::refreshCommandLine()
 {
-    CanvasFunctionBase& canvas = functionEdit->canvas;
-    if (canvas.noCurrentCurve()) {
-        setSplineToolsEnabled(false);
-        functionEdit->closeNodeForm();
-        functionEdit->showSelection(false);
-        return tellCurrentCurve();
-    }
-    const bool isSpline = !canvas.isCurrentExpression();
-    deleteCurve->setEnabled(!isSpline);
-    showLineText();
-    setSplineToolsEnabled(isSpline);
-    if (isSpline) {
-        showFirstType(canvas.currentSplineBase()->firstType);
-        showLastType(canvas.currentSplineBase()->lastType);
-    }
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    showContent();
     functionEdit->closeNodeForm();
     functionEdit->showSelection(false);
     if (NodeStruct* const record = searchAllNodeList(canvas.getCurrentCurveName()))
         showSelectedRow(*record);
-    paintAll();
+    if (!canvas.noCurrentCurve())
+        paintAll();
     tellCurrentCurve();
+}
+
+void CurveEditor::showContent()
+{
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const bool isSpline = !canvas.noCurrentCurve() && !canvas.isCurrentExpression();
+    setSplineToolsEnabled(isSpline);
+    if (canvas.noCurrentCurve())
+        return;
+    deleteCurve->setEnabled(!isSpline);
+    showLineText();
+    if (isSpline) {
+        showFirstType(canvas.currentSplineBase()->firstType);
+        showLastType(canvas.currentSplineBase()->lastType);
+    }
 }
 
 // A text that is being typed stays while the curve and its formula do.

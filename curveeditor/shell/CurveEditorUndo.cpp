@@ -41,6 +41,8 @@ void CurveEditor::showStepTexts()
 
 void CurveEditor::tellEdit(const EditReport& report)
 {
+    if (report.cause != EditReport::Cause::Edit)
+        showContent();
     const NodeStruct* const record = searchAllNodeList(report.curve->name);
     if (!record)
         return;

@@ -34,7 +34,7 @@ FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     canvas.setViewport(this);
     nodeForm.setTimeBounds(timeMin, timeMax);
     connect(&nodeForm, &TcbEditorForm::nodeTcbChanged, this, &FunctionEditor::currentNodeHasChanged);
-    connect(&canvas, &CanvasFunctionBase::selectionChanged, this, [this] { showSelection(false); });
+    connect(&canvas, &CanvasFunctionBase::selectionChanged, this, &FunctionEditor::showSelection);
     setMouseTracking(true);
 }
 

@@ -434,7 +434,8 @@ private Q_SLOTS:
         QVERIFY(s.curves["a.x"].spline.state() == before.spline);
         s.editor.removeCurve("a", "w");
         QVERIFY(!s.editor.undoStack()->canRedo());
-        QCOMPARE(told, (QStringList{"-ax", "az", "-ay", "-az", "", "+aw", "aw", "+ay", "ay", "aw", "-aw", "ay"}));
+        QCOMPARE(told,
+                 (QStringList{"-ax", "az", "-ay", "-az", "", "+aw", "aw", "+ay", "ay", "aw", "-aw", "ay"}));
     }
 
     void dragTellsWhenTheCurveChanged()
@@ -468,6 +469,12 @@ private Q_SLOTS:
             QTest::keyClick(focus, Qt::Key_Y, Qt::ControlModifier);
             QVERIFY2(!isUndone(), focus->metaObject()->className());
         }
+        s.press(6.0, 2.0);
+        s.release(6.0, 2.0);
+        s.type(s.editor.posY, "1.5");
+        QTest::keyClick(s.editor.posY, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(s.editor.posY->hasFocus() && s.states()["a.x"] == after);
+        QCOMPARE(s.editor.posY->text(), s.editor.posY->textFor(after.spline.points[1].pos));
         QTest::keyClicks(s.editor.commandLine, "+1");
         QTest::keyClick(s.editor.commandLine, Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(!isUndone() && s.editor.commandLine->text() != "t+1");
