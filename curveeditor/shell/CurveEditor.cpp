@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/panel/ControlMenu2.h>
@@ -34,7 +34,7 @@ bool isTabStop(const QWidget& widget)
 
 } // namespace
 
-CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
+CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(std::make_unique<Private>())
 {
     preInit();
     checkListsEditing->header()->hide();
@@ -44,16 +44,16 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
 
     auto* const layout = new QHBoxLayout(functionView);
     layout->setContentsMargins(0, 0, 0, 0);
-    functionEdit = new FunctionEditor(functionView, this);
-    layout->addWidget(functionEdit);
+    d_->functionEdit = new FunctionEditor(functionView, this);
+    layout->addWidget(d_->functionEdit);
     QPalette black = functionView->palette();
     black.setColor(QPalette::Window, Qt::black);
     functionView->setPalette(black);
     functionView->setFocusPolicy(Qt::ClickFocus);
-    functionEdit->setFocusPolicy(Qt::ClickFocus);
+    d_->functionEdit->setFocusPolicy(Qt::ClickFocus);
     functionView->setObjectName(QStringLiteral("functionView"));
-    functionEdit->setObjectName(QStringLiteral("functionEdit"));
-    setTabOrder(tabWidget2->tabBar(), functionEdit);
+    d_->functionEdit->setObjectName(QStringLiteral("functionEdit"));
+    setTabOrder(tabWidget2->tabBar(), d_->functionEdit);
 
     resize(400, 300);
     connectWidgets();
@@ -69,10 +69,10 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent)
 CurveEditor::~CurveEditor()
 {
     // The canvas goes first, while all that its signals and its node form reach is still there.
-    delete functionEdit;
+    delete d_->functionEdit;
     checkListsEditing->disconnect(this);
-    nodeList.clear();
-    mainNodeList.clear();
+    d_->nodeList.clear();
+    d_->mainNodeList.clear();
 }
 
 void CurveEditor::connectWidgets()
@@ -84,13 +84,13 @@ void CurveEditor::connectWidgets()
         searching->installEventFilter(this);
     connect(nodeFirst, &QComboBox::activated, this, &CurveEditor::changeNodeFirstType);
     connect(nodeLast, &QComboBox::activated, this, &CurveEditor::changeNodeLastType);
-    connect(&functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, this,
+    connect(&d_->functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, this,
             &CurveEditor::refreshCommandLine);
-    connect(&functionEdit->canvas, &CanvasFunctionBase::edited, this, &CurveEditor::tellEdit);
-    connect(&functionEdit->canvas.door().history(), &EditHistory::stackChanged, this,
+    connect(&d_->functionEdit->canvas, &CanvasFunctionBase::edited, this, &CurveEditor::tellEdit);
+    connect(&d_->functionEdit->canvas.door().history(), &EditHistory::stackChanged, this,
             &CurveEditor::showStepTexts);
-    connect(functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
-    connect(functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
+    connect(d_->functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
+    connect(d_->functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
 }
 
 void CurveEditor::connectEditingList()
@@ -105,9 +105,11 @@ void CurveEditor::connectEditingList()
         rightButtonPressedEditingItem(checkListsEditing->itemAt(position),
                                       checkListsEditing->viewport()->mapToGlobal(position), 0);
     });
-    connect(editingMenu.get(), &ControlMenu2::setRemoveItem, this, &CurveEditor::slotMenuEditingNodeRemove);
-    connect(editingMenu.get(), &ControlMenu2::setColorChange, this, &CurveEditor::slotMenuEditingNodeColor);
-    connect(editingMenu.get(), &ControlMenu2::nodeChanged, &functionEdit->canvas,
+    connect(d_->editingMenu.get(), &ControlMenu2::setRemoveItem, this,
+            &CurveEditor::slotMenuEditingNodeRemove);
+    connect(d_->editingMenu.get(), &ControlMenu2::setColorChange, this,
+            &CurveEditor::slotMenuEditingNodeColor);
+    connect(d_->editingMenu.get(), &ControlMenu2::nodeChanged, &d_->functionEdit->canvas,
             &CanvasFunctionBase::currentNodeHasChanged);
 }
 
@@ -162,10 +164,10 @@ void CurveEditor::keyPressEvent(QKeyEvent* event)
     case StepKey::None:
         break;
     }
-    functionEdit->keyPressEvent(event);
+    d_->functionEdit->keyPressEvent(event);
     if (event->key() != Qt::Key_Escape)
         return CurveEditorDialogBase::keyPressEvent(event);
-    if (isWindow() && functionEdit->gesture.kind() != Gesture::Kind::Cancelled)
+    if (isWindow() && d_->functionEdit->gesture.kind() != Gesture::Kind::Cancelled)
         close();
 }
 
@@ -183,8 +185,8 @@ bool CurveEditor::focusNextPrevChild(bool next)
     const QWidget* const start = focusWidget() ? focusWidget() : this;
     for (QWidget* widget = neighbour(*start); widget != start && !isTabStop(*widget);
          widget = neighbour(*widget)) {
-        if (widget == functionEdit) {
-            functionEdit->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        if (widget == d_->functionEdit) {
+            d_->functionEdit->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
             return true;
         }
     }
@@ -193,24 +195,24 @@ bool CurveEditor::focusNextPrevChild(bool next)
 
 void CurveEditor::updateCurves()
 {
-    functionEdit->canvas.dropLostPoints();
-    functionEdit->showSelection(false);
+    d_->functionEdit->canvas.dropLostPoints();
+    d_->functionEdit->showSelection(false);
     paintChangedView();
 }
 
 bool CurveEditor::exportSensorData(QTextStream& out) const
 {
-    return functionEdit->canvas.exportSensorData(out);
+    return d_->functionEdit->canvas.exportSensorData(out);
 }
 
 double CurveEditor::getFps() const
 {
-    return functionEdit->getFps();
+    return d_->functionEdit->getFps();
 }
 
 bool CurveEditor::isModeFrames() const
 {
-    return functionEdit->isShowFrames();
+    return d_->functionEdit->isShowFrames();
 }
 
 bool CurveEditor::isModeTime() const
@@ -228,17 +230,17 @@ void CurveEditor::setMinTime(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    functionEdit->setLimitTimeMin(val);
+    d_->functionEdit->setLimitTimeMin(val);
     if (isModeFrames())
         showTimeBounds();
-    functionEdit->dirty = true;
+    d_->functionEdit->dirty = true;
 }
 
 void CurveEditor::setMaxTime(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    functionEdit->setLimitTimeMax(val);
+    d_->functionEdit->setLimitTimeMax(val);
     if (isModeFrames())
         showTimeBounds();
     paintChangedView();
@@ -248,7 +250,7 @@ void CurveEditor::setTimeLine(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    functionEdit->setTimeLine(val);
+    d_->functionEdit->setTimeLine(val);
     paintChangedView();
 }
 
@@ -261,9 +263,9 @@ void CurveEditor::setFps(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    functionEdit->setFps(val);
+    d_->functionEdit->setFps(val);
     showTimeBounds();
-    functionEdit->showSelection(false);
+    d_->functionEdit->showSelection(false);
     paintChangedView();
 }
 
@@ -271,7 +273,7 @@ void CurveEditor::setMinValue(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    functionEdit->setLimitValueMin(val);
+    d_->functionEdit->setLimitValueMin(val);
     paintChangedView();
 }
 
@@ -279,7 +281,7 @@ void CurveEditor::setMaxValue(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    functionEdit->setLimitValueMax(val);
+    d_->functionEdit->setLimitValueMax(val);
     paintChangedView();
 }
 
@@ -295,88 +297,93 @@ double CurveEditor::shownTime(double time) const
 
 void CurveEditor::showTimeBounds()
 {
-    functionEdit->nodeForm.setTimeBounds(shownTime(functionEdit->timeMin), shownTime(functionEdit->timeMax));
+    d_->functionEdit->nodeForm.setTimeBounds(shownTime(d_->functionEdit->timeMin),
+                                             shownTime(d_->functionEdit->timeMax));
 }
 
 void CurveEditor::paintChangedView()
 {
-    functionEdit->dirty = true;
-    functionEdit->canvas.paint();
+    d_->functionEdit->dirty = true;
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::paintAll()
 {
-    functionEdit->canvas.paint();
+    d_->functionEdit->canvas.paint();
     update();
 }
 
 void CurveEditor::setFont(const QFont& font)
 {
     QWidget::setFont(font);
-    const std::initializer_list<QWidget*> widgets = {
-        mainMenu,      fileMenu,          curvesMenu,         optionsMenu,      editMenu,
-        firstNodeMenu, lastNodeMenu,      horizontalAxisMenu, funcTimeEdit,     funcCursorEdit,
-        funcValueEdit, unaryMenu,         binaryMenu,         ternaryMenu,      iVarMenu,
-        dVarMenu,      fitButton,         fitHButton,         fitVButton,       scaleButton,
-        panButton,     editingMenu.get(), deleteCurve,        tabWidget2,       checkListsEditing,
-        textLabel1,    textLabel2,        textLabel1_2,       textLabel1_2_3_2, textLabel1_2_3_2_2,
-        textTension,   textContinuity,    textOutcoming};
-    for (QWidget* const widget : widgets)
+    for (QWidget* const menu :
+         {d_->fileMenu, d_->curvesMenu, d_->optionsMenu, d_->editMenu, d_->firstNodeMenu, d_->lastNodeMenu,
+          d_->horizontalAxisMenu, d_->unaryMenu, d_->binaryMenu, d_->ternaryMenu, d_->iVarMenu, d_->dVarMenu})
+        menu->setFont(font);
+    d_->editingMenu->setFont(font);
+    for (QWidget* const button :
+         {d_->fitButton, d_->fitHButton, d_->fitVButton, d_->scaleButton, d_->panButton})
+        button->setFont(font);
+    for (QWidget* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit})
+        readOut->setFont(font);
+    for (QWidget* const widget : std::initializer_list<QWidget*>{
+             mainMenu, deleteCurve, tabWidget2, checkListsEditing, textLabel1, textLabel2, textLabel1_2,
+             textLabel1_2_3_2, textLabel1_2_3_2_2, textTension, textContinuity, textOutcoming})
         widget->setFont(font);
     limitFitButtons();
 }
 
 void CurveEditor::setCanvasColor(const QColor& color)
 {
-    functionEdit->canvas.setCanvasColor(color);
+    d_->functionEdit->canvas.setCanvasColor(color);
 }
 
 void CurveEditor::setSelectionColor(const QColor& color)
 {
-    functionEdit->canvas.setSelectionColor(color);
+    d_->functionEdit->canvas.setSelectionColor(color);
 }
 
 void CurveEditor::setControllerColor(const QColor& color)
 {
-    functionEdit->canvas.setControllerColor(color);
+    d_->functionEdit->canvas.setControllerColor(color);
 }
 
 void CurveEditor::setControllerSelectedColor(const QColor& color)
 {
-    functionEdit->canvas.setControllerSelectedColor(color);
+    d_->functionEdit->canvas.setControllerSelectedColor(color);
 }
 
 void CurveEditor::setControlPointColor(const QColor& color)
 {
-    functionEdit->canvas.setControlPointColor(color);
+    d_->functionEdit->canvas.setControlPointColor(color);
 }
 
 void CurveEditor::setControlPointSelectedColor(const QColor& color)
 {
-    functionEdit->canvas.setControlPointSelectedColor(color);
+    d_->functionEdit->canvas.setControlPointSelectedColor(color);
 }
 
 void CurveEditor::setFrameFontColor(const QColor& color)
 {
-    functionEdit->canvas.setFrameFontColor(color);
+    d_->functionEdit->canvas.setFrameFontColor(color);
 }
 
 void CurveEditor::setFrameLinesColor(const QColor& color)
 {
-    functionEdit->canvas.setFrameLinesColor(color);
+    d_->functionEdit->canvas.setFrameLinesColor(color);
 }
 
 void CurveEditor::setFrameHLineColor(const QColor& color)
 {
-    functionEdit->canvas.setFrameHLineColor(color);
+    d_->functionEdit->canvas.setFrameHLineColor(color);
 }
 
 void CurveEditor::setFrameVLineColor(const QColor& color)
 {
-    functionEdit->canvas.setFrameVLineColor(color);
+    d_->functionEdit->canvas.setFrameVLineColor(color);
 }
 
 void CurveEditor::setTimeLineColor(const QColor& color)
 {
-    functionEdit->canvas.setTimeLineColor(color);
+    d_->functionEdit->canvas.setTimeLineColor(color);
 }

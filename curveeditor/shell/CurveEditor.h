@@ -13,9 +13,7 @@
 #include <memory>
 #include <vector>
 
-class ControlMenu2;
 class CustomEditLine;
-class FunctionEditor;
 class FunctionFloatBase;
 class QAction;
 class QActionGroup;
@@ -338,6 +336,8 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    struct Private;
+
     void preInit();
     void createActions();
     void createMainMenu();
@@ -394,65 +394,5 @@ private:
     void paintAll();
     void paintChangedView();
 
-    std::vector<std::unique_ptr<MainNodeStruct>> mainNodeList;
-    std::vector<std::unique_ptr<NodeStruct>> nodeList;
-    int nextVariableId_ = 0;
-    QString toldCurrent_; ///< the full name that `currentCurveChanged` told last
-    int setChanges_ = 0;  ///< curves are on their way onto the canvas or off it
-    QString lineCurve_;   ///< the curve whose formula the command line shows ...
-    QString lineFormula_; ///< ... and that formula
-
-    FunctionEditor* functionEdit = nullptr;
-    std::unique_ptr<ControlMenu2> editingMenu;
-
-    QMenu* fileMenu = nullptr;
-    QMenu* curvesMenu = nullptr;
-    QMenu* optionsMenu = nullptr;
-    QMenu* editMenu = nullptr;
-    QMenu* firstNodeMenu = nullptr;
-    QMenu* lastNodeMenu = nullptr;
-    QMenu* horizontalAxisMenu = nullptr;
-    QMenu* unaryMenu = nullptr;
-    QMenu* binaryMenu = nullptr;
-    QMenu* ternaryMenu = nullptr;
-    QMenu* iVarMenu = nullptr;
-    QMenu* dVarMenu = nullptr;
-
-    QToolButton* fitButton = nullptr;
-    QToolButton* fitHButton = nullptr;
-    QToolButton* fitVButton = nullptr;
-    QToolButton* scaleButton = nullptr;
-    QToolButton* panButton = nullptr;
-
-    CustomEditLine* funcTimeEdit = nullptr;
-    CustomEditLine* funcCursorEdit = nullptr;
-    CustomEditLine* funcValueEdit = nullptr;
-
-    QAction* undoAction = nullptr;
-    QAction* redoAction = nullptr;
-    QAction* resetAllChecked = nullptr;
-    QAction* resetSelected = nullptr;
-    QAction* loadCurve = nullptr;
-    QAction* saveCurve = nullptr;
-    QAction* setWaveRangeAction = nullptr;
-    QAction* resetRangeAction = nullptr;
-    QAction* loadImageAction = nullptr;
-    QAction* clearImageAction = nullptr;
-    QAction* setCompleteAction = nullptr;
-    QAction* setCompleteHAction = nullptr;
-    QAction* setCompleteVAction = nullptr;
-    QAction* openScaleSelection = nullptr;
-    QAction* openPanSelection = nullptr;
-    QAction* showTimeAction = nullptr;
-    QAction* showFramesAction = nullptr;
-    QAction* firstNodeZeroAction = nullptr;
-    QAction* firstNodeConstantAction = nullptr;
-    QAction* lastNodeZeroAction = nullptr;
-    QAction* lastNodeConstantAction = nullptr;
-    QAction* lastNodeLoopAction = nullptr;
-    QAction* lastNodeLoopOffsetAction = nullptr;
-    QAction* lastNodeFollowTangentAction = nullptr;
-    QAction* optionsFirstNodeAction = nullptr;
-    QAction* optionsLastNodeAction = nullptr;
-    QAction* optionsHorizontalAxisAction = nullptr;
+    std::unique_ptr<Private> d_;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/CustomEditLine.h>
@@ -25,7 +25,7 @@ void CurveEditor::preInit()
     createActions();
     createMainMenu();
     createViewButtons();
-    editingMenu = std::make_unique<ControlMenu2>();
+    d_->editingMenu = std::make_unique<ControlMenu2>();
     createExpressionTool();
     languageChange();
 }
@@ -49,40 +49,40 @@ QAction* CurveEditor::createToggleAction(const char* name, QActionGroup* group)
 
 void CurveEditor::createActions()
 {
-    undoAction = createAction("undoAction");
-    redoAction = createAction("redoAction");
-    resetAllChecked = createAction("resetAllChecked");
-    resetSelected = createAction("resetSelected");
-    loadCurve = createAction("loadCurve");
-    saveCurve = createAction("saveCurve");
-    setWaveRangeAction = createAction("setWaveRangeAction");
-    resetRangeAction = createAction("resetRangeAction");
-    loadImageAction = createAction("loadImageAction");
-    clearImageAction = createAction("clearImageAction");
-    setCompleteAction = createAction("setCompleteAction");
-    setCompleteHAction = createAction("setCompleteHAction");
-    setCompleteVAction = createAction("setCompleteVAction");
-    openScaleSelection = createAction("openScaleSelection");
-    openPanSelection = createAction("openPanSelection");
-    optionsFirstNodeAction = createAction("optionsFirstNodeAction");
-    optionsLastNodeAction = createAction("optionsLastNodeAction");
-    optionsHorizontalAxisAction = createAction("optionsHorizontalAxisAction");
+    d_->undoAction = createAction("undoAction");
+    d_->redoAction = createAction("redoAction");
+    d_->resetAllChecked = createAction("resetAllChecked");
+    d_->resetSelected = createAction("resetSelected");
+    d_->loadCurve = createAction("loadCurve");
+    d_->saveCurve = createAction("saveCurve");
+    d_->setWaveRangeAction = createAction("setWaveRangeAction");
+    d_->resetRangeAction = createAction("resetRangeAction");
+    d_->loadImageAction = createAction("loadImageAction");
+    d_->clearImageAction = createAction("clearImageAction");
+    d_->setCompleteAction = createAction("setCompleteAction");
+    d_->setCompleteHAction = createAction("setCompleteHAction");
+    d_->setCompleteVAction = createAction("setCompleteVAction");
+    d_->openScaleSelection = createAction("openScaleSelection");
+    d_->openPanSelection = createAction("openPanSelection");
+    d_->optionsFirstNodeAction = createAction("optionsFirstNodeAction");
+    d_->optionsLastNodeAction = createAction("optionsLastNodeAction");
+    d_->optionsHorizontalAxisAction = createAction("optionsHorizontalAxisAction");
 
     auto* const axis = new QActionGroup(this);
-    showTimeAction = createToggleAction("showTimeAction", axis);
-    showFramesAction = createToggleAction("showFramesAction", axis);
-    showFramesAction->setChecked(true);
+    d_->showTimeAction = createToggleAction("showTimeAction", axis);
+    d_->showFramesAction = createToggleAction("showFramesAction", axis);
+    d_->showFramesAction->setChecked(true);
 
     auto* const first = new QActionGroup(this);
-    firstNodeZeroAction = createToggleAction("firstNodeZeroAction", first);
-    firstNodeConstantAction = createToggleAction("firstNodeConstantAction", first);
+    d_->firstNodeZeroAction = createToggleAction("firstNodeZeroAction", first);
+    d_->firstNodeConstantAction = createToggleAction("firstNodeConstantAction", first);
 
     auto* const last = new QActionGroup(this);
-    lastNodeZeroAction = createToggleAction("lastNodeZeroAction", last);
-    lastNodeConstantAction = createToggleAction("lastNodeConstantAction", last);
-    lastNodeLoopAction = createToggleAction("lastNodeLoopAction", last);
-    lastNodeLoopOffsetAction = createToggleAction("lastNodeLoopOffsetAction", last);
-    lastNodeFollowTangentAction = createToggleAction("lastNodeFollowTangentAction", last);
+    d_->lastNodeZeroAction = createToggleAction("lastNodeZeroAction", last);
+    d_->lastNodeConstantAction = createToggleAction("lastNodeConstantAction", last);
+    d_->lastNodeLoopAction = createToggleAction("lastNodeLoopAction", last);
+    d_->lastNodeLoopOffsetAction = createToggleAction("lastNodeLoopOffsetAction", last);
+    d_->lastNodeFollowTangentAction = createToggleAction("lastNodeFollowTangentAction", last);
 }
 
 QMenu* CurveEditor::createMenu(const QList<QAction*>& actions)
@@ -95,27 +95,27 @@ QMenu* CurveEditor::createMenu(const QList<QAction*>& actions)
 
 void CurveEditor::createMainMenu()
 {
-    fileMenu = createMenu({resetAllChecked, resetSelected, loadCurve, saveCurve});
-    curvesMenu = createMenu({});
-    optionsMenu = createMenu({setWaveRangeAction, resetRangeAction, loadImageAction, clearImageAction,
-                              setCompleteAction, setCompleteHAction, setCompleteVAction, openScaleSelection,
-                              openPanSelection});
-    editMenu = createMenu({undoAction, redoAction});
-    firstNodeMenu = createMenu({firstNodeZeroAction, firstNodeConstantAction});
-    lastNodeMenu = createMenu({lastNodeZeroAction, lastNodeConstantAction, lastNodeLoopAction,
-                               lastNodeLoopOffsetAction, lastNodeFollowTangentAction});
-    horizontalAxisMenu = createMenu({showTimeAction, showFramesAction});
-    horizontalAxisMenu->setTitle(tr("Horizontal axis"));
-    firstNodeMenu->setIcon(optionsFirstNodeAction->icon());
-    lastNodeMenu->setIcon(optionsLastNodeAction->icon());
-    horizontalAxisMenu->setIcon(optionsHorizontalAxisAction->icon());
-    for (QMenu* const submenu : {firstNodeMenu, lastNodeMenu, horizontalAxisMenu})
-        optionsMenu->addMenu(submenu);
+    d_->fileMenu = createMenu({d_->resetAllChecked, d_->resetSelected, d_->loadCurve, d_->saveCurve});
+    d_->curvesMenu = createMenu({});
+    d_->optionsMenu = createMenu({d_->setWaveRangeAction, d_->resetRangeAction, d_->loadImageAction,
+                                  d_->clearImageAction, d_->setCompleteAction, d_->setCompleteHAction,
+                                  d_->setCompleteVAction, d_->openScaleSelection, d_->openPanSelection});
+    d_->editMenu = createMenu({d_->undoAction, d_->redoAction});
+    d_->firstNodeMenu = createMenu({d_->firstNodeZeroAction, d_->firstNodeConstantAction});
+    d_->lastNodeMenu = createMenu({d_->lastNodeZeroAction, d_->lastNodeConstantAction, d_->lastNodeLoopAction,
+                                   d_->lastNodeLoopOffsetAction, d_->lastNodeFollowTangentAction});
+    d_->horizontalAxisMenu = createMenu({d_->showTimeAction, d_->showFramesAction});
+    d_->horizontalAxisMenu->setTitle(tr("Horizontal axis"));
+    d_->firstNodeMenu->setIcon(d_->optionsFirstNodeAction->icon());
+    d_->lastNodeMenu->setIcon(d_->optionsLastNodeAction->icon());
+    d_->horizontalAxisMenu->setIcon(d_->optionsHorizontalAxisAction->icon());
+    for (QMenu* const submenu : {d_->firstNodeMenu, d_->lastNodeMenu, d_->horizontalAxisMenu})
+        d_->optionsMenu->addMenu(submenu);
 
-    addMenuButton(mainMenu, tr("File"), fileMenu);
-    addMenuButton(mainMenu, tr("Curves"), curvesMenu);
-    addMenuButton(mainMenu, tr("Options"), optionsMenu);
-    addMenuButton(mainMenu, tr("Edit"), editMenu);
+    addMenuButton(mainMenu, tr("File"), d_->fileMenu);
+    addMenuButton(mainMenu, tr("Curves"), d_->curvesMenu);
+    addMenuButton(mainMenu, tr("Options"), d_->optionsMenu);
+    addMenuButton(mainMenu, tr("Edit"), d_->editMenu);
     mainMenu->setMovable(true);
 }
 
@@ -149,28 +149,28 @@ void CurveEditor::createViewButtons()
     layout->setSpacing(5);
     mainMenu->addWidget(box);
 
-    fitButton = createViewButton(box, tr(" Fit "));
-    fitHButton = createViewButton(box, tr(" Fit H "));
-    fitVButton = createViewButton(box, tr(" Fit V "));
-    for (QToolButton* const button : {fitButton, fitHButton, fitVButton})
+    d_->fitButton = createViewButton(box, tr(" Fit "));
+    d_->fitHButton = createViewButton(box, tr(" Fit H "));
+    d_->fitVButton = createViewButton(box, tr(" Fit V "));
+    for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton})
         button->setFocusPolicy(Qt::NoFocus);
     limitFitButtons();
-    scaleButton = createViewButton(box, tr("Scale"));
-    panButton = createViewButton(box, tr("Pan"));
+    d_->scaleButton = createViewButton(box, tr("Scale"));
+    d_->panButton = createViewButton(box, tr("Pan"));
     auto* const filler = new QFrame(box);
     filler->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     layout->addWidget(filler);
 
-    connect(fitButton, &QToolButton::clicked, this, &CurveEditor::completeViewport);
-    connect(fitHButton, &QToolButton::clicked, this, &CurveEditor::completeViewportH);
-    connect(fitVButton, &QToolButton::clicked, this, &CurveEditor::completeViewportV);
-    connect(scaleButton, &QToolButton::clicked, this, &CurveEditor::setScaleSelection);
-    connect(panButton, &QToolButton::clicked, this, &CurveEditor::setPanSelection);
+    connect(d_->fitButton, &QToolButton::clicked, this, &CurveEditor::completeViewport);
+    connect(d_->fitHButton, &QToolButton::clicked, this, &CurveEditor::completeViewportH);
+    connect(d_->fitVButton, &QToolButton::clicked, this, &CurveEditor::completeViewportV);
+    connect(d_->scaleButton, &QToolButton::clicked, this, &CurveEditor::setScaleSelection);
+    connect(d_->panButton, &QToolButton::clicked, this, &CurveEditor::setPanSelection);
 }
 
 void CurveEditor::limitFitButtons()
 {
-    for (QToolButton* const button : {fitButton, fitHButton, fitVButton}) {
+    for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton}) {
         const QSize text = button->fontMetrics().size(Qt::TextSingleLine, button->text().trimmed());
         button->setMaximumSize(largestFitButton.expandedTo(text));
     }
@@ -195,22 +195,23 @@ QMenu* CurveEditor::createExpressionMenu(const QString& text, const QStringList&
 
 void CurveEditor::createExpressionTool()
 {
-    unaryMenu = createExpressionMenu(tr("Unary functions"),
-                                     {"cos", "sin", "tan", "exp", "log", "l10", "rnd", "abs", "sqrt", "acos",
-                                      "asin", "atan", "cosh", "sinh", "tanh", "ceil", "floor", "j0", "j1"},
-                                     &CurveEditor::insertUnaryFunc);
-    binaryMenu = createExpressionMenu(tr("Binary functions"), {"+", "-", "*", "/", "^", ">", "<"},
-                                      &CurveEditor::insertBinaryFunc);
-    ternaryMenu = createExpressionMenu(tr("Ternary functions"), {"if"}, &CurveEditor::insertTernaryFunc);
-    iVarMenu = createExpressionMenu(tr("I vars"), {"t", "f"}, &CurveEditor::insertIVarFunc);
-    dVarMenu = createExpressionMenu(tr("D vars"), {}, &CurveEditor::insertDVarFunc);
+    d_->unaryMenu =
+        createExpressionMenu(tr("Unary functions"),
+                             {"cos", "sin", "tan", "exp", "log", "l10", "rnd", "abs", "sqrt", "acos", "asin",
+                              "atan", "cosh", "sinh", "tanh", "ceil", "floor", "j0", "j1"},
+                             &CurveEditor::insertUnaryFunc);
+    d_->binaryMenu = createExpressionMenu(tr("Binary functions"), {"+", "-", "*", "/", "^", ">", "<"},
+                                          &CurveEditor::insertBinaryFunc);
+    d_->ternaryMenu = createExpressionMenu(tr("Ternary functions"), {"if"}, &CurveEditor::insertTernaryFunc);
+    d_->iVarMenu = createExpressionMenu(tr("I vars"), {"t", "f"}, &CurveEditor::insertIVarFunc);
+    d_->dVarMenu = createExpressionMenu(tr("D vars"), {}, &CurveEditor::insertDVarFunc);
     // A click on a menu button would else pass the focus to the dialog, and the line would drop its
     // selection.
     expressionTool->setFocusProxy(commandLine);
 
-    funcTimeEdit = createReadOut("funcTimeEdit");
-    funcCursorEdit = createReadOut("funcCursorEdit");
-    funcValueEdit = createReadOut("funcValueEdit");
+    d_->funcTimeEdit = createReadOut("funcTimeEdit");
+    d_->funcCursorEdit = createReadOut("funcCursorEdit");
+    d_->funcValueEdit = createReadOut("funcValueEdit");
 }
 
 CustomEditLine* CurveEditor::createReadOut(const char* name)
@@ -228,30 +229,30 @@ CustomEditLine* CurveEditor::createReadOut(const char* name)
 void CurveEditor::connectActions()
 {
     const std::initializer_list<std::pair<QAction*, void (CurveEditor::*)()>> commands = {
-        {undoAction, &CurveEditor::undo},
-        {redoAction, &CurveEditor::redo},
-        {resetAllChecked, &CurveEditor::resetAllCheckedF},
-        {resetSelected, &CurveEditor::resetSelectedF},
-        {loadCurve, &CurveEditor::loadFile},
-        {saveCurve, &CurveEditor::saveFile},
-        {setWaveRangeAction, &CurveEditor::setRange},
-        {resetRangeAction, &CurveEditor::resetViewport},
-        {loadImageAction, &CurveEditor::loadImage},
-        {clearImageAction, &CurveEditor::clearImage},
-        {setCompleteAction, &CurveEditor::completeViewport},
-        {setCompleteHAction, &CurveEditor::completeViewportH},
-        {setCompleteVAction, &CurveEditor::completeViewportV},
-        {openScaleSelection, &CurveEditor::setScaleSelection},
-        {openPanSelection, &CurveEditor::setPanSelection},
-        {showTimeAction, &CurveEditor::setShowTime},
-        {showFramesAction, &CurveEditor::setShowFrames},
-        {firstNodeZeroAction, &CurveEditor::setFirstNodeZero},
-        {firstNodeConstantAction, &CurveEditor::setFirstNodeConstant},
-        {lastNodeZeroAction, &CurveEditor::setLastNodeZero},
-        {lastNodeConstantAction, &CurveEditor::setLastNodeConstant},
-        {lastNodeLoopAction, &CurveEditor::setLastNodeLoop},
-        {lastNodeLoopOffsetAction, &CurveEditor::setLastNodeLoopOffset},
-        {lastNodeFollowTangentAction, &CurveEditor::setLastNodeFollowTangent}};
+        {d_->undoAction, &CurveEditor::undo},
+        {d_->redoAction, &CurveEditor::redo},
+        {d_->resetAllChecked, &CurveEditor::resetAllCheckedF},
+        {d_->resetSelected, &CurveEditor::resetSelectedF},
+        {d_->loadCurve, &CurveEditor::loadFile},
+        {d_->saveCurve, &CurveEditor::saveFile},
+        {d_->setWaveRangeAction, &CurveEditor::setRange},
+        {d_->resetRangeAction, &CurveEditor::resetViewport},
+        {d_->loadImageAction, &CurveEditor::loadImage},
+        {d_->clearImageAction, &CurveEditor::clearImage},
+        {d_->setCompleteAction, &CurveEditor::completeViewport},
+        {d_->setCompleteHAction, &CurveEditor::completeViewportH},
+        {d_->setCompleteVAction, &CurveEditor::completeViewportV},
+        {d_->openScaleSelection, &CurveEditor::setScaleSelection},
+        {d_->openPanSelection, &CurveEditor::setPanSelection},
+        {d_->showTimeAction, &CurveEditor::setShowTime},
+        {d_->showFramesAction, &CurveEditor::setShowFrames},
+        {d_->firstNodeZeroAction, &CurveEditor::setFirstNodeZero},
+        {d_->firstNodeConstantAction, &CurveEditor::setFirstNodeConstant},
+        {d_->lastNodeZeroAction, &CurveEditor::setLastNodeZero},
+        {d_->lastNodeConstantAction, &CurveEditor::setLastNodeConstant},
+        {d_->lastNodeLoopAction, &CurveEditor::setLastNodeLoop},
+        {d_->lastNodeLoopOffsetAction, &CurveEditor::setLastNodeLoopOffset},
+        {d_->lastNodeFollowTangentAction, &CurveEditor::setLastNodeFollowTangent}};
     for (const auto& [action, command] : commands)
         connect(action, &QAction::triggered, this, command);
 }
@@ -263,51 +264,51 @@ void CurveEditor::languageChange()
     commandLine->setWhatsThis(tr("This's the expression parsed"));
 
     const std::initializer_list<std::pair<QAction*, QString>> texts = {
-        {resetAllChecked, tr("Reset All Checked Curves")},
-        {resetSelected, tr("Reset curve")},
-        {loadCurve, tr("Load curve")},
-        {saveCurve, tr("Save curve")},
-        {setWaveRangeAction, tr("Set Range")},
-        {resetRangeAction, tr("Reset View")},
-        {loadImageAction, tr("Load image")},
-        {clearImageAction, tr("Clear image")},
-        {setCompleteAction, tr("Fit View")},
-        {setCompleteHAction, tr("Fit Horizontal View")},
-        {setCompleteVAction, tr("Fit Vertical View")},
-        {openScaleSelection, tr("Scale selection")},
-        {openPanSelection, tr("Pan selection")},
-        {showTimeAction, tr("Show time")},
-        {showFramesAction, tr("Show frames")},
-        {firstNodeZeroAction, tr("Zero")},
-        {firstNodeConstantAction, tr("Constant")},
-        {lastNodeZeroAction, tr("Zero")},
-        {lastNodeConstantAction, tr("Constant")},
-        {lastNodeLoopAction, tr("Loop")},
-        {lastNodeLoopOffsetAction, tr("Loop offset")},
-        {lastNodeFollowTangentAction, tr("Follow tangent")},
-        {optionsFirstNodeAction, tr("Start Node Behaviour")},
-        {optionsLastNodeAction, tr("Last Node Behaviour")},
-        {optionsHorizontalAxisAction, tr("Horizontal axis mode")}};
+        {d_->resetAllChecked, tr("Reset All Checked Curves")},
+        {d_->resetSelected, tr("Reset curve")},
+        {d_->loadCurve, tr("Load curve")},
+        {d_->saveCurve, tr("Save curve")},
+        {d_->setWaveRangeAction, tr("Set Range")},
+        {d_->resetRangeAction, tr("Reset View")},
+        {d_->loadImageAction, tr("Load image")},
+        {d_->clearImageAction, tr("Clear image")},
+        {d_->setCompleteAction, tr("Fit View")},
+        {d_->setCompleteHAction, tr("Fit Horizontal View")},
+        {d_->setCompleteVAction, tr("Fit Vertical View")},
+        {d_->openScaleSelection, tr("Scale selection")},
+        {d_->openPanSelection, tr("Pan selection")},
+        {d_->showTimeAction, tr("Show time")},
+        {d_->showFramesAction, tr("Show frames")},
+        {d_->firstNodeZeroAction, tr("Zero")},
+        {d_->firstNodeConstantAction, tr("Constant")},
+        {d_->lastNodeZeroAction, tr("Zero")},
+        {d_->lastNodeConstantAction, tr("Constant")},
+        {d_->lastNodeLoopAction, tr("Loop")},
+        {d_->lastNodeLoopOffsetAction, tr("Loop offset")},
+        {d_->lastNodeFollowTangentAction, tr("Follow tangent")},
+        {d_->optionsFirstNodeAction, tr("Start Node Behaviour")},
+        {d_->optionsLastNodeAction, tr("Last Node Behaviour")},
+        {d_->optionsHorizontalAxisAction, tr("Horizontal axis mode")}};
     for (const auto& [action, text] : texts)
         action->setText(text);
 
-    resetAllChecked->setWhatsThis(tr("Reset all the checked curves"));
-    resetSelected->setWhatsThis(tr("Reset the current editing curve"));
-    loadCurve->setWhatsThis(tr("Open previously saved curve"));
-    saveCurve->setWhatsThis(tr("Save the current curve"));
+    d_->resetAllChecked->setWhatsThis(tr("Reset all the checked curves"));
+    d_->resetSelected->setWhatsThis(tr("Reset the current editing curve"));
+    d_->loadCurve->setWhatsThis(tr("Open previously saved curve"));
+    d_->saveCurve->setWhatsThis(tr("Save the current curve"));
 
-    undoAction->setShortcut(tr("Ctrl+Z"));
-    redoAction->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
-    loadCurve->setShortcut(tr("Ctrl+l"));
-    saveCurve->setShortcut(tr("Ctrl+s"));
-    setWaveRangeAction->setShortcut(tr("Alt+s"));
-    loadImageAction->setShortcut(tr("Alt+i"));
-    setCompleteAction->setShortcut(tr("Alt+c"));
-    setCompleteHAction->setShortcut(tr("Alt+h"));
-    setCompleteVAction->setShortcut(tr("Alt+v"));
-    showTimeAction->setShortcut(tr("Alt+t"));
-    showFramesAction->setShortcut(tr("Alt+f"));
+    d_->undoAction->setShortcut(tr("Ctrl+Z"));
+    d_->redoAction->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
+    d_->loadCurve->setShortcut(tr("Ctrl+l"));
+    d_->saveCurve->setShortcut(tr("Ctrl+s"));
+    d_->setWaveRangeAction->setShortcut(tr("Alt+s"));
+    d_->loadImageAction->setShortcut(tr("Alt+i"));
+    d_->setCompleteAction->setShortcut(tr("Alt+c"));
+    d_->setCompleteHAction->setShortcut(tr("Alt+h"));
+    d_->setCompleteVAction->setShortcut(tr("Alt+v"));
+    d_->showTimeAction->setShortcut(tr("Alt+t"));
+    d_->showFramesAction->setShortcut(tr("Alt+f"));
 
-    firstNodeMenu->setTitle(optionsFirstNodeAction->text());
-    lastNodeMenu->setTitle(optionsLastNodeAction->text());
+    d_->firstNodeMenu->setTitle(d_->optionsFirstNodeAction->text());
+    d_->lastNodeMenu->setTitle(d_->optionsLastNodeAction->text());
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/files/CurveFileStore.h>
@@ -76,21 +76,21 @@ std::filesystem::path nativePath(const QString& path)
 
 void CurveEditor::resetAllCheckedF()
 {
-    functionEdit->resetAllCurves();
+    d_->functionEdit->resetAllCurves();
     refreshCommandLine();
     update();
 }
 
 void CurveEditor::resetSelectedF()
 {
-    functionEdit->resetCurrentCurve();
+    d_->functionEdit->resetCurrentCurve();
     refreshCommandLine();
     update();
 }
 
 void CurveEditor::loadFile()
 {
-    CanvasFunctionBase& canvas = functionEdit->canvas;
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     if (canvas.noCurrentCurve())
         return;
     const QString chosen = QFileDialog::getOpenFileName(this, QString(), QString(), QStringLiteral("*.crv"));
@@ -112,7 +112,7 @@ void CurveEditor::loadFile()
 
 void CurveEditor::saveFile()
 {
-    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     if (canvas.noCurrentCurve())
         return;
     const QString chosen =
@@ -136,29 +136,29 @@ void CurveEditor::loadImage()
                                                       QStringLiteral("*.jpg;;") + tr("All files (*)"));
     if (!QFileInfo(name).isFile() || !QFile(name).open(QIODevice::ReadOnly))
         return;
-    functionEdit->canvas.loadImage(name);
+    d_->functionEdit->canvas.loadImage(name);
     paintAll();
 }
 
 void CurveEditor::clearImage()
 {
-    functionEdit->canvas.clearImage();
+    d_->functionEdit->canvas.clearImage();
     paintAll();
 }
 
 void CurveEditor::setRange()
 {
     ViewportSettings dialog(this);
-    showNumber(*dialog.minX, functionEdit->timeMin);
-    showNumber(*dialog.minY, functionEdit->valueMin);
-    showNumber(*dialog.maxX, functionEdit->timeMax);
-    showNumber(*dialog.maxY, functionEdit->valueMax);
+    showNumber(*dialog.minX, d_->functionEdit->timeMin);
+    showNumber(*dialog.minY, d_->functionEdit->valueMin);
+    showNumber(*dialog.maxX, d_->functionEdit->timeMax);
+    showNumber(*dialog.maxY, d_->functionEdit->valueMax);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    functionEdit->setLimitTimeMin(typedNumber(*dialog.minX));
-    functionEdit->setLimitValueMin(typedNumber(*dialog.minY));
-    functionEdit->setLimitTimeMax(typedNumber(*dialog.maxX));
-    functionEdit->setLimitValueMax(typedNumber(*dialog.maxY));
+    d_->functionEdit->setLimitTimeMin(typedNumber(*dialog.minX));
+    d_->functionEdit->setLimitValueMin(typedNumber(*dialog.minY));
+    d_->functionEdit->setLimitTimeMax(typedNumber(*dialog.maxX));
+    d_->functionEdit->setLimitValueMax(typedNumber(*dialog.maxY));
     showTimeBounds();
     paintChangedView();
 }
@@ -170,8 +170,8 @@ void CurveEditor::setScaleSelection()
     dialog.scaleY->setText(QStringLiteral("1.0"));
     if (dialog.exec() != QDialog::Accepted)
         return;
-    functionEdit->canvas.scaleSelection(typedNumber(*dialog.scaleX), typedNumber(*dialog.scaleY));
-    functionEdit->showSelection(false);
+    d_->functionEdit->canvas.scaleSelection(typedNumber(*dialog.scaleX), typedNumber(*dialog.scaleY));
+    d_->functionEdit->showSelection(false);
 }
 
 void CurveEditor::setPanSelection()
@@ -181,43 +181,44 @@ void CurveEditor::setPanSelection()
     dialog.panY->setText(QStringLiteral("0.0"));
     if (dialog.exec() != QDialog::Accepted)
         return;
-    functionEdit->canvas.panSelection(typedNumber(*dialog.panX), typedNumber(*dialog.panY));
-    functionEdit->showSelection(false);
+    d_->functionEdit->canvas.panSelection(typedNumber(*dialog.panX), typedNumber(*dialog.panY));
+    d_->functionEdit->showSelection(false);
 }
 
 void CurveEditor::resetViewport()
 {
     const ViewPort usual(0, 0);
-    mendLimits(functionEdit->limitTimeMin, functionEdit->limitTimeMax, usual.limitTimeMin,
+    mendLimits(d_->functionEdit->limitTimeMin, d_->functionEdit->limitTimeMax, usual.limitTimeMin,
                usual.limitTimeMax);
-    mendLimits(functionEdit->limitValueMin, functionEdit->limitValueMax, usual.valueMin, usual.valueMax);
+    mendLimits(d_->functionEdit->limitValueMin, d_->functionEdit->limitValueMax, usual.valueMin,
+               usual.valueMax);
     const bool wasTime = isModeTime();
-    functionEdit->reset();
+    d_->functionEdit->reset();
     if (wasTime) {
         textLabel1->setText(tr("Frame:"));
-        showFramesAction->setChecked(true);
+        d_->showFramesAction->setChecked(true);
         posX->setValue(shownTime(typedNumber(*posX)));
     }
     showTimeBounds();
-    functionEdit->showSelection(false);
+    d_->functionEdit->showSelection(false);
     paintAll();
 }
 
 void CurveEditor::completeViewport()
 {
-    functionEdit->completeViewport();
+    d_->functionEdit->completeViewport();
     paintAll();
 }
 
 void CurveEditor::completeViewportH()
 {
-    functionEdit->completeViewportH();
+    d_->functionEdit->completeViewportH();
     paintAll();
 }
 
 void CurveEditor::completeViewportV()
 {
-    functionEdit->completeViewportV();
+    d_->functionEdit->completeViewportV();
     paintAll();
 }
 
@@ -226,10 +227,10 @@ void CurveEditor::setShowTime()
     textLabel1->setText(tr("Time:"));
     if (isModeTime())
         return;
-    functionEdit->setShowFrames(false);
+    d_->functionEdit->setShowFrames(false);
     posX->setValue(timeOfFrame(typedNumber(*posX)));
     showTimeBounds();
-    functionEdit->canvas.paint();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::setShowFrames()
@@ -237,10 +238,10 @@ void CurveEditor::setShowFrames()
     textLabel1->setText(tr("Frame:"));
     if (isModeFrames())
         return;
-    functionEdit->setShowFrames(true);
+    d_->functionEdit->setShowFrames(true);
     posX->setValue(shownTime(typedNumber(*posX)));
     showTimeBounds();
-    functionEdit->canvas.paint();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::setPosInfo(const double& valueX, const double& valueY)
@@ -251,50 +252,50 @@ void CurveEditor::setPosInfo(const double& valueX, const double& valueY)
 
 void CurveEditor::setFuncPosInfo(const double& valueX, const double& valueY, const double& val)
 {
-    funcTimeEdit->setValue(shownTime(valueX), isModeFrames() ? "Frame" : "Time");
-    funcCursorEdit->setValue(valueY, "Cursor");
-    funcValueEdit->setValue(std::isnan(val) ? 0.0 : val, "Value");
+    d_->funcTimeEdit->setValue(shownTime(valueX), isModeFrames() ? "Frame" : "Time");
+    d_->funcCursorEdit->setValue(valueY, "Cursor");
+    d_->funcValueEdit->setValue(std::isnan(val) ? 0.0 : val, "Value");
 }
 
 void CurveEditor::setFirstNodeZero()
 {
-    functionEdit->canvas.setFirstNodeZero();
+    d_->functionEdit->canvas.setFirstNodeZero();
     showFirstType(SplineBase::Zero);
 }
 
 void CurveEditor::setFirstNodeConstant()
 {
-    functionEdit->canvas.setFirstNodeConstant();
+    d_->functionEdit->canvas.setFirstNodeConstant();
     showFirstType(SplineBase::Constant);
 }
 
 void CurveEditor::setLastNodeZero()
 {
-    functionEdit->canvas.setLastNodeZero();
+    d_->functionEdit->canvas.setLastNodeZero();
     showLastType(SplineBase::Zero);
 }
 
 void CurveEditor::setLastNodeConstant()
 {
-    functionEdit->canvas.setLastNodeConstant();
+    d_->functionEdit->canvas.setLastNodeConstant();
     showLastType(SplineBase::Constant);
 }
 
 void CurveEditor::setLastNodeLoop()
 {
-    functionEdit->canvas.setLastNodeLoop();
+    d_->functionEdit->canvas.setLastNodeLoop();
     showLastType(SplineBase::Loop);
 }
 
 void CurveEditor::setLastNodeLoopOffset()
 {
-    functionEdit->canvas.setLastNodeLoopOffset();
+    d_->functionEdit->canvas.setLastNodeLoopOffset();
     showLastType(SplineBase::LoopOffset);
 }
 
 void CurveEditor::setLastNodeFollowTangent()
 {
-    functionEdit->canvas.setLastNodeFollowTangent();
+    d_->functionEdit->canvas.setLastNodeFollowTangent();
     showLastType(SplineBase::FollowTangent);
 }
 
@@ -330,12 +331,12 @@ void CurveEditor::changeNodeLastType(int index)
 
 void CurveEditor::showFirstType(int type)
 {
-    showChoice({firstNodeZeroAction, firstNodeConstantAction}, *nodeFirst, type);
+    showChoice({d_->firstNodeZeroAction, d_->firstNodeConstantAction}, *nodeFirst, type);
 }
 
 void CurveEditor::showLastType(int type)
 {
-    showChoice({lastNodeZeroAction, lastNodeConstantAction, lastNodeLoopAction, lastNodeLoopOffsetAction,
-                lastNodeFollowTangentAction},
+    showChoice({d_->lastNodeZeroAction, d_->lastNodeConstantAction, d_->lastNodeLoopAction,
+                d_->lastNodeLoopOffsetAction, d_->lastNodeFollowTangentAction},
                *nodeLast, type);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/panel/ControlMenu2.h>
@@ -23,19 +23,19 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record)
     const QString nodeName = record->nodeName;
     const QString curveName = record->curveName;
     {
-        const FunctionEditor::PaintPause pause(functionEdit);
-        ++setChanges_;
-        CurveNodeBase* const curve = functionEdit->setCurveEditableOn(
-            curvesMenu, record->name, record->color, record->defaultValue, record->spline, record->function,
-            record->minValue, record->maxValue);
+        const FunctionEditor::PaintPause pause(d_->functionEdit);
+        ++d_->setChanges;
+        CurveNodeBase* const curve = d_->functionEdit->setCurveEditableOn(
+            d_->curvesMenu, record->name, record->color, record->defaultValue, record->spline,
+            record->function, record->minValue, record->maxValue);
         if (isNew) {
             const QSignalBlocker silence(checkListsEditing);
             checkListsEditing->addTopLevelItem(record->editingItem);
         }
         showSelectedRow(*record);
-        functionEdit->canvas.setCurrentCurve(record->name);
+        d_->functionEdit->canvas.setCurrentCurve(record->name);
         connect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
-        --setChanges_;
+        --d_->setChanges;
     }
     if (isNew)
         Q_EMIT curveOpened(nodeName, curveName);
@@ -48,22 +48,22 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
         return;
     // A drag that ends by this is told first, and who hears it may take the curve away.
     const QString name = record->name;
-    functionEdit->canvas.finishGesture();
+    d_->functionEdit->canvas.finishGesture();
     record = searchAllNodeList(name);
     if (!record || !record->editingItem->treeWidget())
         return;
     const QString nodeName = record->nodeName;
     const QString curveName = record->curveName;
     {
-        const FunctionEditor::PaintPause pause(functionEdit);
-        ++setChanges_;
-        if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(name))
+        const FunctionEditor::PaintPause pause(d_->functionEdit);
+        ++d_->setChanges;
+        if (CurveNodeBase* const curve = d_->functionEdit->canvas.findCurve(name))
             disconnect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
         const int row = checkListsEditing->indexOfTopLevelItem(record->editingItem);
-        functionEdit->setCurveEditableOff(name);
+        d_->functionEdit->setCurveEditableOff(name);
         const QSignalBlocker silence(checkListsEditing);
         checkListsEditing->takeTopLevelItem(row);
-        --setChanges_;
+        --d_->setChanges;
     }
     Q_EMIT curveClosed(nodeName, curveName);
     tellCurrentCurve();
@@ -83,9 +83,9 @@ void CurveEditor::showSelectedRow(NodeStruct& record)
 
 void CurveEditor::cleanSelecteds()
 {
-    const FunctionEditor::PaintPause pause(functionEdit);
+    const FunctionEditor::PaintPause pause(d_->functionEdit);
     QStringList names;
-    for (const auto& record : nodeList)
+    for (const auto& record : d_->nodeList)
         names.append(record->name);
     for (const QString& name : names)
         setCurveEditableOff(searchAllNodeList(name));
@@ -94,9 +94,9 @@ void CurveEditor::cleanSelecteds()
 // A click or a blank with Ctrl takes the selection away; it always shows the current curve.
 void CurveEditor::selectionChangedEditingItem(QTreeWidgetItem* who)
 {
-    NodeStruct* const current = searchAllNodeList(functionEdit->canvas.getCurrentCurveName());
+    NodeStruct* const current = searchAllNodeList(d_->functionEdit->canvas.getCurrentCurveName());
     if (who && who->isSelected())
-        functionEdit->canvas.setCurrentCurve(who->text(0));
+        d_->functionEdit->canvas.setCurrentCurve(who->text(0));
     else if (current && checkListsEditing->selectedItems().isEmpty())
         showSelectedRow(*current);
 }
@@ -107,19 +107,19 @@ void CurveEditor::rightButtonPressedEditingItem(QTreeWidgetItem* who, const QPoi
 {
     if (!who)
         return;
-    editingMenu->setMenuItem(who);
-    editingMenu->showMenu(point, 0);
+    d_->editingMenu->setMenuItem(who);
+    d_->editingMenu->showMenu(point, 0);
 }
 
 void CurveEditor::slotMenuEditingNodeColor()
 {
-    const QColor color = QColorDialog::getColor(getColorFromEditingNode(editingMenu->menuItem()), this);
-    setColorToEditingNode(editingMenu->menuItem(), color); // the host may have removed the row meanwhile
+    const QColor color = QColorDialog::getColor(getColorFromEditingNode(d_->editingMenu->menuItem()), this);
+    setColorToEditingNode(d_->editingMenu->menuItem(), color); // the host may have removed the row meanwhile
 }
 
 void CurveEditor::slotMenuEditingNodeRemove()
 {
-    slotRemoveFromEditing(editingMenu->menuItem());
+    slotRemoveFromEditing(d_->editingMenu->menuItem());
 }
 
 void CurveEditor::slotRemoveFromEditing(QTreeWidgetItem* item)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/model/FunctionFloatBase.h>
@@ -46,13 +46,13 @@ QStringList variablesRead(FunctionFloatBase* const* holder)
 void CurveEditor::executeCommand()
 {
     ParseMessage message;
-    const bool isSameCurve = functionEdit->canvas.parseExpression(commandLine->text(), message);
+    const bool isSameCurve = d_->functionEdit->canvas.parseExpression(commandLine->text(), message);
     if (!isSameCurve)
         return; // the line shows another curve's formula by now
     commandLine->showMessage(message);
     if (!message.errors.empty())
         return;
-    lineCurve_.clear();
+    d_->lineCurve.clear();
     refreshCommandLine();
 }
 
@@ -64,7 +64,7 @@ void CurveEditor::parseBuiltText()
 
 void CurveEditor::insertUnaryFunc(int id)
 {
-    const QString function = entryText(*unaryMenu, id);
+    const QString function = entryText(*d_->unaryMenu, id);
     if (function.isEmpty())
         return;
     commandLine->setText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text()));
@@ -73,7 +73,7 @@ void CurveEditor::insertUnaryFunc(int id)
 
 void CurveEditor::insertBinaryFunc(int id)
 {
-    const QString sign = entryText(*binaryMenu, id);
+    const QString sign = entryText(*d_->binaryMenu, id);
     if (sign.isEmpty())
         return;
     commandLine->setText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign));
@@ -82,7 +82,7 @@ void CurveEditor::insertBinaryFunc(int id)
 
 void CurveEditor::insertTernaryFunc(int id)
 {
-    const QString function = entryText(*ternaryMenu, id);
+    const QString function = entryText(*d_->ternaryMenu, id);
     if (function.isEmpty())
         return;
     commandLine->setText(QStringLiteral(" %1( X, %2, X) ").arg(function, commandLine->text()));
@@ -91,7 +91,7 @@ void CurveEditor::insertTernaryFunc(int id)
 
 void CurveEditor::insertIVarFunc(int id)
 {
-    const QString variable = entryText(*iVarMenu, id);
+    const QString variable = entryText(*d_->iVarMenu, id);
     if (variable.isEmpty())
         return;
     commandLine->insert(QStringLiteral(" %1 ").arg(variable));
@@ -100,7 +100,7 @@ void CurveEditor::insertIVarFunc(int id)
 
 void CurveEditor::insertDVarFunc(int id)
 {
-    const QString variable = entryText(*dVarMenu, id);
+    const QString variable = entryText(*d_->dVarMenu, id);
     if (variable.isEmpty())
         return;
     commandLine->insert(variable);
@@ -109,19 +109,19 @@ void CurveEditor::insertDVarFunc(int id)
 
 void CurveEditor::setExpression()
 {
-    functionEdit->setCurrentToExpression();
+    d_->functionEdit->setCurrentToExpression();
     update();
 }
 
 void CurveEditor::setTcb()
 {
-    functionEdit->setCurrentToSpline(false);
+    d_->functionEdit->setCurrentToSpline(false);
     update();
 }
 
 void CurveEditor::deleteCurveClicked()
 {
-    functionEdit->deleteExpression();
+    d_->functionEdit->deleteExpression();
     update();
 }
 
@@ -135,7 +135,7 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
 {
     if (isVisible()) {
         const QString name = nodeName + QLatin1Char('.') + curveName;
-        if (functionEdit->canvas.dropExpression(name))
+        if (d_->functionEdit->canvas.dropExpression(name))
             refreshCommandLine();
     } else if (function) {
         delete *function;
@@ -146,10 +146,10 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
 
 void CurveEditor::refreshCommandLine()
 {
-    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     showContent();
-    functionEdit->closeNodeForm();
-    functionEdit->showSelection(false);
+    d_->functionEdit->closeNodeForm();
+    d_->functionEdit->showSelection(false);
     if (NodeStruct* const record = searchAllNodeList(canvas.getCurrentCurveName()))
         showSelectedRow(*record);
     if (!canvas.noCurrentCurve())
@@ -159,7 +159,7 @@ void CurveEditor::refreshCommandLine()
 
 void CurveEditor::showContent()
 {
-    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     const bool isSpline = !canvas.noCurrentCurve() && !canvas.isCurrentExpression();
     setSplineToolsEnabled(isSpline);
     if (canvas.noCurrentCurve())
@@ -175,24 +175,25 @@ void CurveEditor::showContent()
 // A text that is being typed stays while the curve and its formula do.
 void CurveEditor::showLineText()
 {
-    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     const QString curve = canvas.getCurrentCurveName();
     const QString formula = canvas.isCurrentExpression() ? canvas.getCurrentExpressionText() : QString();
-    if (curve == lineCurve_ && formula == lineFormula_)
+    if (curve == d_->lineCurve && formula == d_->lineFormula)
         return;
-    lineCurve_ = curve;
-    lineFormula_ = formula;
+    d_->lineCurve = curve;
+    d_->lineFormula = formula;
     commandLine->setText(formula);
 }
 
 void CurveEditor::setSplineToolsEnabled(bool enabled)
 {
-    for (QToolButton* const button : {fitButton, fitHButton, fitVButton, scaleButton, panButton})
+    for (QToolButton* const button :
+         {d_->fitButton, d_->fitHButton, d_->fitVButton, d_->scaleButton, d_->panButton})
         button->setEnabled(enabled);
-    for (QAction* const action :
-         {setCompleteAction, setCompleteHAction, setCompleteVAction, openScaleSelection, openPanSelection})
+    for (QAction* const action : {d_->setCompleteAction, d_->setCompleteHAction, d_->setCompleteVAction,
+                                  d_->openScaleSelection, d_->openPanSelection})
         action->setEnabled(enabled);
-    for (QMenu* const menu : {firstNodeMenu, lastNodeMenu})
+    for (QMenu* const menu : {d_->firstNodeMenu, d_->lastNodeMenu})
         menu->setEnabled(enabled);
     for (QComboBox* const combo : {nodeFirst, nodeLast})
         combo->setEnabled(enabled);
@@ -201,7 +202,7 @@ void CurveEditor::setSplineToolsEnabled(bool enabled)
 bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc)
 {
     QHash<QString, const NodeStruct*> curves;
-    for (auto record = nodeList.rbegin(); record != nodeList.rend(); ++record)
+    for (auto record = d_->nodeList.rbegin(); record != d_->nodeList.rend(); ++record)
         curves.insert(lowerVariableName((*record)->name), record->get());
     const NodeStruct* const start = curves.value(current);
     if (!start)
@@ -235,7 +236,7 @@ bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& cur
 QStringList CurveEditor::readersOf(const QString& curve) const
 {
     QHash<QString, QStringList> readers;
-    for (const auto& record : nodeList) {
+    for (const auto& record : d_->nodeList) {
         const QString reader = lowerVariableName(record->name);
         for (const QString& variable : variablesRead(record->function))
             readers[variable].append(reader);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
@@ -69,12 +69,12 @@ void CurveEditor::addNewMainNode(const QString& name)
         return;
     auto group = std::make_unique<MainNodeStruct>();
     group->name = name;
-    group->menu = new QMenu(name, dVarMenu);
-    group->menu->setFont(dVarMenu->font());
-    group->menuId = nextVariableId_++;
-    dVarMenu->addMenu(group->menu)->setData(group->menuId);
+    group->menu = new QMenu(name, d_->dVarMenu);
+    group->menu->setFont(d_->dVarMenu->font());
+    group->menuId = d_->nextVariableId++;
+    d_->dVarMenu->addMenu(group->menu)->setData(group->menuId);
     group->menu->setObjectName(name);
-    mainNodeList.push_back(std::move(group));
+    d_->mainNodeList.push_back(std::move(group));
 }
 
 void CurveEditor::addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
@@ -97,7 +97,7 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
     record->editingItem = new QTreeWidgetItem(QStringList(name));
     record->action = new QAction(variableName(name), expressionTool);
     record->action->setObjectName(variableName(name));
-    record->action->setData(nextVariableId_++);
+    record->action->setData(d_->nextVariableId++);
     group->menu->addAction(record->action);
     record->color = color;
     record->defaultValue = defaultValue;
@@ -106,7 +106,7 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
     record->name = name;
     record->nodeName = group->name;
     record->curveName = name.mid(group->name.length() + 1);
-    nodeList.push_back(std::move(record));
+    d_->nodeList.push_back(std::move(record));
 }
 
 void CurveEditor::removeCurve(const QString& nodeName, const QString& curveName)
@@ -122,16 +122,16 @@ void CurveEditor::removeNode(const QString& nodeName)
     setAllNodeListUnselected();
     if (!searchMainNode(nodeName))
         return;
-    const FunctionEditor::PaintPause pause(functionEdit);
+    const FunctionEditor::PaintPause pause(d_->functionEdit);
     QStringList names;
     for (const NodeStruct* const record : nodesOfGroup(nodeName))
         names.append(record->name);
     for (const QString& name : names)
         eraseRecord(searchAllNodeList(name));
-    const auto group = std::find_if(mainNodeList.begin(), mainNodeList.end(),
+    const auto group = std::find_if(d_->mainNodeList.begin(), d_->mainNodeList.end(),
                                     [&](const auto& other) { return other->name == nodeName; });
-    if (group != mainNodeList.end())
-        mainNodeList.erase(group);
+    if (group != d_->mainNodeList.end())
+        d_->mainNodeList.erase(group);
 }
 
 // Who hears that the curve leaves the canvas may remove it too.
@@ -144,11 +144,11 @@ void CurveEditor::eraseRecord(NodeStruct* record)
     record = searchAllNodeList(name);
     if (!record)
         return;
-    functionEdit->canvas.door().history().forget(name);
-    if (editingMenu->menuItem() == record->editingItem)
-        editingMenu->setMenuItem(nullptr);
-    nodeList.erase(std::find_if(nodeList.begin(), nodeList.end(),
-                                [record](const auto& other) { return other.get() == record; }));
+    d_->functionEdit->canvas.door().history().forget(name);
+    if (d_->editingMenu->menuItem() == record->editingItem)
+        d_->editingMenu->setMenuItem(nullptr);
+    d_->nodeList.erase(std::find_if(d_->nodeList.begin(), d_->nodeList.end(),
+                                    [record](const auto& other) { return other.get() == record; }));
 }
 
 void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName, const QString& newCurveName)
@@ -186,10 +186,10 @@ void CurveEditor::renameRecord(NodeStruct& record, const QString& nodeName, cons
     record.curveName = curveName;
     record.editingItem->setText(0, record.name);
     record.action->setText(variableName(record.name));
-    if (toldCurrent_ == oldName)
-        toldCurrent_ = record.name;
-    functionEdit->canvas.renameCurve(oldName, record.name);
-    functionEdit->canvas.door().history().rename(oldName, record.name);
+    if (d_->toldCurrent == oldName)
+        d_->toldCurrent = record.name;
+    d_->functionEdit->canvas.renameCurve(oldName, record.name);
+    d_->functionEdit->canvas.door().history().rename(oldName, record.name);
 }
 
 void CurveEditor::setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap)
@@ -201,34 +201,34 @@ void CurveEditor::setMainNodePixmap(const QString& nodeName, const QPixmap& pixm
 
 CurveEditor::MainNodeStruct* CurveEditor::searchMainNode(const QString& name)
 {
-    return firstRecord(mainNodeList, [&](const MainNodeStruct& group) { return group.name == name; });
+    return firstRecord(d_->mainNodeList, [&](const MainNodeStruct& group) { return group.name == name; });
 }
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeList(const QString& name)
 {
-    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.name == name; });
+    return firstRecord(d_->nodeList, [&](const NodeStruct& record) { return record.name == name; });
 }
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& name)
 {
-    return firstRecord(nodeList,
+    return firstRecord(d_->nodeList,
                        [&](const NodeStruct& record) { return lowerVariableName(record.name) == name; });
 }
 
 CurveEditor::NodeStruct* CurveEditor::searchCheckList(const QTreeWidgetItem* item)
 {
-    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.checkItem == item; });
+    return firstRecord(d_->nodeList, [&](const NodeStruct& record) { return record.checkItem == item; });
 }
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeEditingList(const QTreeWidgetItem* item)
 {
-    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.editingItem == item; });
+    return firstRecord(d_->nodeList, [&](const NodeStruct& record) { return record.editingItem == item; });
 }
 
 std::vector<CurveEditor::NodeStruct*> CurveEditor::nodesOfGroup(const QString& nodeName) const
 {
     std::vector<NodeStruct*> records;
-    for (const auto& record : nodeList) {
+    for (const auto& record : d_->nodeList) {
         if (record->name.startsWith(nodeName + QLatin1Char('.')))
             records.push_back(record.get());
     }
@@ -273,7 +273,7 @@ void CurveEditor::setColor(NodeStruct* record, const QColor& color)
     if (!record || !color.isValid())
         return;
     record->color = color;
-    functionEdit->setCurveColor(record->name, color);
+    d_->functionEdit->setCurveColor(record->name, color);
 }
 
 void CurveEditor::pressedItem(QTreeWidgetItem* /*who*/) {}

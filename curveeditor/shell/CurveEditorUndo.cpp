@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/edit/EditHistory.h>
@@ -11,32 +11,32 @@
 
 QUndoStack* CurveEditor::undoStack() const
 {
-    return functionEdit->canvas.door().history().stack();
+    return d_->functionEdit->canvas.door().history().stack();
 }
 
 void CurveEditor::setUndoStack(QUndoStack* stack)
 {
-    functionEdit->canvas.door().history().setStack(stack);
+    d_->functionEdit->canvas.door().history().setStack(stack);
 }
 
 void CurveEditor::undo()
 {
-    if (!functionEdit->canvas.cancelGesture())
-        functionEdit->canvas.door().history().undo();
+    if (!d_->functionEdit->canvas.cancelGesture())
+        d_->functionEdit->canvas.door().history().undo();
 }
 
 void CurveEditor::redo()
 {
-    functionEdit->canvas.door().history().redo();
+    d_->functionEdit->canvas.door().history().redo();
 }
 
 void CurveEditor::showStepTexts()
 {
     const QUndoStack& stack = *undoStack();
-    undoAction->setText(tr("Undo %1").arg(stack.undoText()).trimmed());
-    redoAction->setText(tr("Redo %1").arg(stack.redoText()).trimmed());
-    undoAction->setEnabled(stack.canUndo());
-    redoAction->setEnabled(stack.canRedo());
+    d_->undoAction->setText(tr("Undo %1").arg(stack.undoText()).trimmed());
+    d_->redoAction->setText(tr("Redo %1").arg(stack.redoText()).trimmed());
+    d_->undoAction->setEnabled(stack.canUndo());
+    d_->redoAction->setEnabled(stack.canRedo());
 }
 
 void CurveEditor::tellEdit(const EditReport& report)
@@ -76,11 +76,11 @@ void CurveEditor::tellEdit(const EditReport& report)
 
 void CurveEditor::tellCurrentCurve()
 {
-    const CanvasFunctionBase& canvas = functionEdit->canvas;
+    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     const QString current = canvas.noCurrentCurve() ? QString() : canvas.getCurrentCurveName();
-    if (setChanges_ > 0 || current == toldCurrent_)
+    if (d_->setChanges > 0 || current == d_->toldCurrent)
         return;
-    toldCurrent_ = current;
+    d_->toldCurrent = current;
     const NodeStruct* const record = searchAllNodeList(current);
     const QString nodeName = record ? record->nodeName : QString();
     const QString curveName = record ? record->curveName : QString();

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/panel/ControlMenu2.h>
+#include <curveeditor/shell/CurveEditor.h>
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class CustomEditLine;
+class FunctionEditor;
+class QAction;
+class QMenu;
+class QToolButton;
+
+/// What a `CurveEditor` holds. It lies behind a pointer, so that more can be held without a new layout of the
+/// class, which hosts are built against. Widgets and actions belong to their Qt parents.
+struct CurveEditor::Private
+{
+    std::vector<std::unique_ptr<MainNodeStruct>> mainNodeList;
+    std::vector<std::unique_ptr<NodeStruct>> nodeList;
+    int nextVariableId = 0;
+    QString toldCurrent; ///< the full name that `currentCurveChanged` told last
+    int setChanges = 0;  ///< curves are on their way onto the canvas or off it
+    QString lineCurve;   ///< the curve whose formula the command line shows ...
+    QString lineFormula; ///< ... and that formula
+
+    FunctionEditor* functionEdit = nullptr;
+    std::unique_ptr<ControlMenu2> editingMenu;
+
+    QMenu* fileMenu = nullptr;
+    QMenu* curvesMenu = nullptr;
+    QMenu* optionsMenu = nullptr;
+    QMenu* editMenu = nullptr;
+    QMenu* firstNodeMenu = nullptr;
+    QMenu* lastNodeMenu = nullptr;
+    QMenu* horizontalAxisMenu = nullptr;
+    QMenu* unaryMenu = nullptr;
+    QMenu* binaryMenu = nullptr;
+    QMenu* ternaryMenu = nullptr;
+    QMenu* iVarMenu = nullptr;
+    QMenu* dVarMenu = nullptr;
+
+    QToolButton* fitButton = nullptr;
+    QToolButton* fitHButton = nullptr;
+    QToolButton* fitVButton = nullptr;
+    QToolButton* scaleButton = nullptr;
+    QToolButton* panButton = nullptr;
+
+    CustomEditLine* funcTimeEdit = nullptr;
+    CustomEditLine* funcCursorEdit = nullptr;
+    CustomEditLine* funcValueEdit = nullptr;
+
+    QAction* undoAction = nullptr;
+    QAction* redoAction = nullptr;
+    QAction* resetAllChecked = nullptr;
+    QAction* resetSelected = nullptr;
+    QAction* loadCurve = nullptr;
+    QAction* saveCurve = nullptr;
+    QAction* setWaveRangeAction = nullptr;
+    QAction* resetRangeAction = nullptr;
+    QAction* loadImageAction = nullptr;
+    QAction* clearImageAction = nullptr;
+    QAction* setCompleteAction = nullptr;
+    QAction* setCompleteHAction = nullptr;
+    QAction* setCompleteVAction = nullptr;
+    QAction* openScaleSelection = nullptr;
+    QAction* openPanSelection = nullptr;
+    QAction* showTimeAction = nullptr;
+    QAction* showFramesAction = nullptr;
+    QAction* firstNodeZeroAction = nullptr;
+    QAction* firstNodeConstantAction = nullptr;
+    QAction* lastNodeZeroAction = nullptr;
+    QAction* lastNodeConstantAction = nullptr;
+    QAction* lastNodeLoopAction = nullptr;
+    QAction* lastNodeLoopOffsetAction = nullptr;
+    QAction* lastNodeFollowTangentAction = nullptr;
+    QAction* optionsFirstNodeAction = nullptr;
+    QAction* optionsLastNodeAction = nullptr;
+    QAction* optionsHorizontalAxisAction = nullptr;
+};
