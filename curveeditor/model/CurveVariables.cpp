@@ -6,6 +6,9 @@
 #include <curveeditor/model/SplineBase.h>
 
 #include <bit>
+#include <cstdint>
+#include <functional>
+#include <map>
 
 namespace {
 
@@ -14,12 +17,43 @@ bool isSame(double a, double b)
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
+struct Curve
+{
+    const SplineBase* spline = nullptr;
+    FunctionFloatBase** expression = nullptr;
+    bool evaluating = false;
+
+    // The last value, and when it was read.
+    double value = 0.0;
+    std::uint64_t reading = 0;
+    double time = 0.0;
+    double frame = 0.0;
+};
+
+bool isRunning(const Curve& curve)
+{
+    if (!curve.expression || !*curve.expression)
+        return false;
+    const FunctionFloatOperation* const operation = FunctionFloatOperation::of(**curve.expression);
+    return operation && operation->isRunning();
+}
+
 } // namespace
 
-CurveVariables::CurveVariables()
-    : time_(FunctionParserBase::instance()->getKey("t")), frame_(FunctionParserBase::instance()->getKey("f"))
+struct CurveVariables::Private
 {
-}
+    bool isKnownNow(const Curve& curve) const;
+    void read(Curve& curve);
+
+    // A reading begins with a curve that no other curve reads.
+    std::map<std::string, Curve, std::less<>> curves;
+    std::uint64_t reading = 0;
+    int depth = 0;
+    FunctionParserBase::keyStruct* time = FunctionParserBase::instance()->getKey("t");
+    FunctionParserBase::keyStruct* frame = FunctionParserBase::instance()->getKey("f");
+};
+
+CurveVariables::CurveVariables() : d_(std::make_unique<Private>()) {}
 
 CurveVariables::~CurveVariables() = default;
 
@@ -28,7 +62,7 @@ bool CurveVariables::add(const std::string& name, const SplineBase* spline, Func
     Curve curve;
     curve.spline = spline;
     curve.expression = expression;
-    if (name.empty() || !curves_.try_emplace(getStoredName(name), curve).second)
+    if (name.empty() || !d_->curves.try_emplace(getStoredName(name), curve).second)
         return false;
     addName(name);
     return true;
@@ -36,14 +70,14 @@ bool CurveVariables::add(const std::string& name, const SplineBase* spline, Func
 
 void CurveVariables::remove(const std::string& name)
 {
-    curves_.erase(getStoredName(name));
+    d_->curves.erase(getStoredName(name));
     removeName(name);
 }
 
 bool CurveVariables::rename(const std::string& oldName, const std::string& newName)
 {
-    const auto place = curves_.find(getStoredName(oldName));
-    if (place == curves_.end())
+    const auto place = d_->curves.find(getStoredName(oldName));
+    if (place == d_->curves.end())
         return false;
     if (place->first == getStoredName(newName))
         return true;
@@ -55,46 +89,38 @@ bool CurveVariables::rename(const std::string& oldName, const std::string& newNa
 
 double CurveVariables::getValue(const std::string& name) const
 {
-    auto place = curves_.find(name);
-    if (place == curves_.end() && hasName(name))
-        place = curves_.find(getStoredName(name));
-    if (place == curves_.end() || place->second.evaluating)
+    auto place = d_->curves.find(name);
+    if (place == d_->curves.end() && hasName(name))
+        place = d_->curves.find(getStoredName(name));
+    if (place == d_->curves.end() || place->second.evaluating)
         return 0.0;
-    if (depth_ == 0)
-        ++reading_;
+    if (d_->depth == 0)
+        ++d_->reading;
     Curve& curve = place->second;
-    if (!isKnownNow(curve) && depth_ < maximumDepth && !isRunning(curve))
-        read(curve);
-    return isKnownNow(curve) ? curve.value : 0.0;
+    if (!d_->isKnownNow(curve) && d_->depth < maximumDepth && !isRunning(curve))
+        d_->read(curve);
+    return d_->isKnownNow(curve) ? curve.value : 0.0;
 }
 
-bool CurveVariables::isKnownNow(const Curve& curve) const
+bool CurveVariables::Private::isKnownNow(const Curve& curve) const
 {
-    return curve.reading == reading_ && isSame(curve.time, time_->getValue()) &&
-           isSame(curve.frame, frame_->getValue());
+    return curve.reading == reading && isSame(curve.time, time->getValue()) &&
+           isSame(curve.frame, frame->getValue());
 }
 
-bool CurveVariables::isRunning(const Curve& curve)
+void CurveVariables::Private::read(Curve& curve)
 {
-    if (!curve.expression || !*curve.expression)
-        return false;
-    const FunctionFloatOperation* const operation = FunctionFloatOperation::of(**curve.expression);
-    return operation && operation->isRunning();
-}
-
-void CurveVariables::read(Curve& curve) const
-{
-    const double time = time_->getValue();
-    ++depth_;
+    const double now = time->getValue();
+    ++depth;
     curve.evaluating = true;
     if (curve.expression && *curve.expression) {
         curve.value = (*curve.expression)->evaluate();
     } else {
-        curve.value = curve.spline ? (*curve.spline)(time) : 0.0;
+        curve.value = curve.spline ? (*curve.spline)(now) : 0.0;
     }
     curve.evaluating = false;
-    --depth_;
-    curve.reading = reading_;
-    curve.time = time;
-    curve.frame = frame_->getValue();
+    --depth;
+    curve.reading = reading;
+    curve.time = now;
+    curve.frame = frame->getValue();
 }

@@ -4,9 +4,7 @@
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
 
-#include <cstdint>
-#include <functional>
-#include <map>
+#include <memory>
 #include <string>
 
 class FunctionFloatBase;
@@ -56,27 +54,6 @@ public:
     double getValue(const std::string& name) const override;
 
 private:
-    struct Curve
-    {
-        const SplineBase* spline = nullptr;
-        FunctionFloatBase** expression = nullptr;
-        bool evaluating = false;
-
-        // The last value, and when it was read.
-        double value = 0.0;
-        std::uint64_t reading = 0;
-        double time = 0.0;
-        double frame = 0.0;
-    };
-
-    bool isKnownNow(const Curve& curve) const;
-    static bool isRunning(const Curve& curve);
-    void read(Curve& curve) const;
-
-    // A reading begins with a curve that no other curve reads.
-    mutable std::map<std::string, Curve, std::less<>> curves_;
-    mutable std::uint64_t reading_ = 0;
-    mutable int depth_ = 0;
-    FunctionParserBase::keyStruct* time_;
-    FunctionParserBase::keyStruct* frame_;
+    struct Private;
+    std::unique_ptr<Private> d_;
 };

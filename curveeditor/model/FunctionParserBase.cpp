@@ -46,9 +46,9 @@ FunctionParserBase::keyStruct* FunctionParserBase::getKey(const std::string& nam
     const std::string stored = ParserVarMapper::getStoredName(name);
     if (stored == "t" || stored == "f")
         return &keyTable_.find(stored)->second.key;
-    if (!varMapper || !varMapper->hasName(stored))
+    if (!varMapper_ || !varMapper_->hasName(stored))
         return nullptr;
-    keyStruct* const key = makeKey(stored, varMapper->getType(stored));
+    keyStruct* const key = makeKey(stored, varMapper_->getType(stored));
     readMapped(*key);
     return key;
 }
@@ -89,6 +89,16 @@ FunctionParserBase::keyStruct* FunctionParserBase::makeKey(std::string_view name
 
 double FunctionParserBase::readMapped(keyStruct& key) const
 {
-    key.setValue(varMapper && varMapper->hasName(key.name) ? varMapper->getValue(key.name) : 0.0);
+    key.setValue(varMapper_ && varMapper_->hasName(key.name) ? varMapper_->getValue(key.name) : 0.0);
     return key.getValue();
+}
+
+void FunctionParserBase::setVarMapper(const ParserVarMapper* const mapper)
+{
+    varMapper_ = mapper;
+}
+
+const ParserVarMapper* FunctionParserBase::getVarMapper() const
+{
+    return varMapper_;
 }

@@ -95,10 +95,10 @@ public:
     /// Takes the source of all variables other than `t` and `f`; null for none. It stays the caller's. One
     /// that is destroyed takes itself out. Trees that exist keep their names and read them from the new
     /// source.
-    void setVarMapper(const ParserVarMapper* const mapper) { varMapper = mapper; }
+    void setVarMapper(const ParserVarMapper* mapper);
 
     /// What `setVarMapper` took last and is still alive.
-    const ParserVarMapper* getVarMapper() const { return varMapper; }
+    const ParserVarMapper* getVarMapper() const;
 
 private:
     friend class ExpressionParser;
@@ -115,7 +115,7 @@ private:
     keyStruct* makeKey(std::string_view name, std::int32_t type);
 
     std::map<std::string, Variable, std::less<>> keyTable_;
-    const ParserVarMapper* varMapper = nullptr;
+    const ParserVarMapper* varMapper_ = nullptr;
 };
 
 inline double FunctionParserBase::keyStruct::getValue() const

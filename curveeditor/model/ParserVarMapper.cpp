@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 namespace {
 
@@ -24,12 +25,29 @@ bool lessFolded(char a, char b)
     return static_cast<unsigned char>(toLowerAscii(a)) < static_cast<unsigned char>(toLowerAscii(b));
 }
 
+/// Without regard to ASCII case.
+struct NameOrder
+{
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const
+    {
+        return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), lessFolded);
+    }
+};
+
 std::size_t commonLength(std::string_view a, std::string_view b)
 {
     return std::size_t(std::mismatch(a.begin(), a.end(), b.begin(), b.end(), equalFolded).first - a.begin());
 }
 
 } // namespace
+
+struct ParserVarMapper::Private
+{
+    std::set<std::string, NameOrder> names;
+};
+
+ParserVarMapper::ParserVarMapper() : d_(std::make_unique<Private>()) {}
 
 ParserVarMapper::~ParserVarMapper()
 {
@@ -45,7 +63,7 @@ std::int32_t ParserVarMapper::getType(const std::string&) const
 
 bool ParserVarMapper::hasName(std::string_view name) const
 {
-    return names_.find(name) != names_.end();
+    return d_->names.find(name) != d_->names.end();
 }
 
 std::size_t ParserVarMapper::getNameLength(std::string_view text) const
@@ -54,8 +72,8 @@ std::size_t ParserVarMapper::getNameLength(std::string_view text) const
     // most.
     std::string_view begin = text;
     while (!begin.empty()) {
-        const auto behind = names_.upper_bound(begin);
-        if (behind == names_.begin())
+        const auto behind = d_->names.upper_bound(begin);
+        if (behind == d_->names.begin())
             break;
         const std::string& name = *std::prev(behind);
         const std::size_t common = commonLength(begin, name);
@@ -81,17 +99,12 @@ std::string ParserVarMapper::getStoredName(std::string_view name)
 void ParserVarMapper::addName(std::string_view name)
 {
     if (!name.empty())
-        names_.insert(getStoredName(name));
+        d_->names.insert(getStoredName(name));
 }
 
 void ParserVarMapper::removeName(std::string_view name)
 {
-    const auto place = names_.find(getStoredName(name));
-    if (place != names_.end())
-        names_.erase(place);
-}
-
-bool ParserVarMapper::NameOrder::operator()(std::string_view a, std::string_view b) const
-{
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), lessFolded);
+    const auto place = d_->names.find(getStoredName(name));
+    if (place != d_->names.end())
+        d_->names.erase(place);
 }

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <set>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -18,7 +18,7 @@
 class CURVEEDITOR_EXPORT ParserVarMapper
 {
 public:
-    ParserVarMapper() = default;
+    ParserVarMapper();
     ParserVarMapper(const ParserVarMapper&) = delete;
     ParserVarMapper& operator=(const ParserVarMapper&) = delete;
 
@@ -50,12 +50,6 @@ protected:
     void removeName(std::string_view name);
 
 private:
-    /// Without regard to ASCII case.
-    struct NameOrder
-    {
-        using is_transparent = void;
-        bool operator()(std::string_view a, std::string_view b) const;
-    };
-
-    std::set<std::string, NameOrder> names_;
+    struct Private;
+    std::unique_ptr<Private> d_;
 };
