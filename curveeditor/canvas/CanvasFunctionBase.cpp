@@ -102,6 +102,7 @@ CurveNodeBase* CanvasFunctionBase::addCurve(QWidget* menu, const QString& name, 
 {
     if (CurveNodeBase* const present = findCurve(name))
         return present;
+    settle();
     curves_.push_back(std::make_unique<CurveNodeBase>(this, menu, name, color, defaultValue, spline,
                                                       expression, minValue, maxValue));
     const QPointer<CurveNodeBase> curve(curves_.back().get());
@@ -139,8 +140,7 @@ void CanvasFunctionBase::removeCurve(const QString& name)
 
 void CanvasFunctionBase::removeCurve(CurveNodeBase* curve)
 {
-    if (current_ == curve)
-        finishGesture();
+    settle();
     const auto found = std::find_if(curves_.begin(), curves_.end(),
                                     [curve](const auto& entry) { return entry.get() == curve; });
     if (found == curves_.end())
@@ -155,7 +155,7 @@ void CanvasFunctionBase::removeCurve(CurveNodeBase* curve)
 
 void CanvasFunctionBase::removeAllCurves()
 {
-    finishGesture();
+    settle();
     current_ = nullptr;
     curves_.clear();
 }
@@ -169,8 +169,10 @@ void CanvasFunctionBase::dropLostPoints()
 void CanvasFunctionBase::setCurrentCurve(CurveNodeBase* curve)
 {
     const QPointer<CurveNodeBase> next(curve);
-    if (current_ != curve)
-        finishGesture();
+    if (current_ != curve) {
+        settle();
+        bandSelects_ = false;
+    }
     if (next) {
         if (current_)
             setSelectedMark(*current_, false);
@@ -191,11 +193,7 @@ void CanvasFunctionBase::setCurrentCurve(const QString& name)
 
 void CanvasFunctionBase::takeReport(const EditReport& report)
 {
-    for (const auto& curve : curves_) {
-        if (curve->curve() == report.curve || curve->getSpline() == report.curve->spline())
-            markStale(*curve);
-    }
-    markReaders(report);
+    markEdited(report);
     const QPointer<CanvasFunctionBase> guard(this);
     const bool isStep = report.cause == EditReport::Cause::Undo || report.cause == EditReport::Cause::Redo;
     if (isStep)
@@ -214,9 +212,10 @@ void CanvasFunctionBase::showStep(const EditReport& report)
     if (!curve)
         return;
     Selection& selection = curve->control().selection();
+    selection.dropLost(*curve->getSpline());
     if (report.points.size() == 1)
         selection.selectOnly(report.points.front());
-    else
+    else if (report.points.size() > 1)
         selection.selectAll(report.points);
     if (curve != current_)
         setCurrentCurve(curve);
@@ -227,19 +226,39 @@ void CanvasFunctionBase::markStale(CurveNodeBase& curve)
     curve.changed = true;
 }
 
-// Which curves read the edited one does not change while it is dragged.
-void CanvasFunctionBase::markReaders(const EditReport& report)
+// Two curves may share a spline or a variable.
+void CanvasFunctionBase::markEdited(const EditReport& report)
 {
-    if (!editor_)
-        return;
-    if (report.phase == EditReport::Phase::Commit || readersOf_ != report.curve->name) {
-        readersOf_ = report.phase == EditReport::Phase::Commit ? QString() : report.curve->name;
-        readers_ = editor_->readersOf(DependencyCheck::lowerVariableName(report.curve->name));
+    const bool isDrag = report.phase == EditReport::Phase::Preview && door_.isOpen(drag_);
+    QStringList names = {report.curve->name};
+    for (const auto& curve : curves_) {
+        const EditedCurve& present = *curve->curve();
+        if (curve->curve() != report.curve && present.spline() != report.curve->spline() &&
+            (!present.variable() || present.variable() != report.curve->variable()))
+            continue;
+        markStale(*curve);
+        names.append(curve->getName());
+    }
+    if (!isDrag)
+        readersOf_.clear();
+    if (readersOf_ != names) {
+        readersOf_ = names;
+        readers_ = readersOf(names);
     }
     for (const auto& curve : curves_) {
         if (readers_.contains(DependencyCheck::lowerVariableName(curve->getName())))
             markStale(*curve);
     }
+}
+
+QStringList CanvasFunctionBase::readersOf(const QStringList& names) const
+{
+    QStringList readers;
+    for (const QString& name : names) {
+        if (editor_)
+            readers += editor_->readersOf(DependencyCheck::lowerVariableName(name));
+    }
+    return readers;
 }
 
 std::vector<QPointer<CurveNodeBase>> CanvasFunctionBase::presentCurves() const
@@ -294,32 +313,40 @@ bool CanvasFunctionBase::hasSinglePoint() const
     return current_ && current_->control().hasSingleSelection();
 }
 
-QString CanvasFunctionBase::named(const QString& text) const
+void CanvasFunctionBase::settle()
 {
-    return text.arg(getCurrentCurveName());
-}
-
-void CanvasFunctionBase::editCurrent(const QString& text, const Work& work)
-{
-    if (!current_)
-        return;
-    finishGesture();
-    door_.begin(text, {current_->curve()});
-    work(*current_->curve());
+    if (viewport_ && viewport_->gesture.isAtPoints())
+        viewport_->gesture.end();
     door_.commit();
 }
 
-void CanvasFunctionBase::editAndReport(const QString& text, const Work& work)
+/// To be called when all is settled, so that nothing foreign runs before the work is done.
+QPointer<CurveNodeBase> CanvasFunctionBase::edit(CurveNodeBase& node, const QString& text, const Work& work)
 {
-    const QPointer<CurveNodeBase> curve(current_);
-    editCurrent(text, work);
-    if (curve)
+    const QPointer<CurveNodeBase> guard(&node);
+    door_.begin(text, {node.curve()});
+    work(*node.curve());
+    door_.commit();
+    return guard;
+}
+
+/// Edits the current curve; `text` has a place for its name.
+void CanvasFunctionBase::editSettled(const QString& text, const Work& work)
+{
+    settle();
+    if (current_)
+        edit(*current_, text.arg(current_->getName()), work);
+}
+
+void CanvasFunctionBase::editAndReport(CurveNodeBase& node, const QString& text, const Work& work)
+{
+    if (const QPointer<CurveNodeBase> curve = edit(node, text, work))
         curve->emitCurveChanged();
 }
 
 void CanvasFunctionBase::setCurrentToSpline(const bool& dropExpression)
 {
-    editCurrent(named(dropExpression ? tr("Delete the formula of %1") : tr("Show the spline of %1")),
+    editSettled(dropExpression ? tr("Delete the formula of %1") : tr("Show the spline of %1"),
                 [dropExpression](EditedCurve& curve) {
                     curve.setKind(CurveKind::Spline);
                     if (dropExpression)
@@ -330,13 +357,14 @@ void CanvasFunctionBase::setCurrentToSpline(const bool& dropExpression)
 
 void CanvasFunctionBase::setCurrentToExpression()
 {
-    editCurrent(named(tr("Show the formula of %1")),
+    editSettled(tr("Show the formula of %1"),
                 [](EditedCurve& curve) { curve.setKind(CurveKind::Expression); });
     Q_EMIT changeCommandLine();
 }
 
 void CanvasFunctionBase::deleteExpression()
 {
+    settle();
     const QPointer<CurveNodeBase> curve(current_);
     setCurrentToSpline(true);
     if (curve)
@@ -350,24 +378,25 @@ bool CanvasFunctionBase::dropExpression(const QString& name)
         return false;
     curve->curve()->setKind(CurveKind::Spline);
     curve->curve()->setExpression(nullptr, {});
-    markStale(*curve);
+    markEdited({curve->curve()});
     return true;
 }
 
 void CanvasFunctionBase::resetAllCurves()
 {
+    settle();
     resetCurves(presentCurves(), tr("Reset all curves"));
 }
 
 void CanvasFunctionBase::resetCurrentCurve()
 {
+    settle();
     if (current_)
         resetCurves({QPointer<CurveNodeBase>(current_)}, tr("Reset %1").arg(current_->getName()));
 }
 
 void CanvasFunctionBase::resetCurves(const std::vector<QPointer<CurveNodeBase>>& curves, const QString& text)
 {
-    finishGesture();
     CurveEdit::Curves edited;
     for (const auto& curve : curves) {
         if (curve)
@@ -395,6 +424,7 @@ void CanvasFunctionBase::notifyCurrentChanged()
 
 bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
+    settle();
     if (!current_)
         return true;
     const QPointer<CurveNodeBase> curve(current_);
@@ -409,7 +439,7 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
     }
     QString withFunc;
     bool isCycle = false;
-    editCurrent(named(tr("Enter the formula of %1")), [&](EditedCurve& edited) {
+    edit(*curve, tr("Enter the formula of %1").arg(curve->getName()), [&](EditedCurve& edited) {
         edited.setExpression(std::move(expression), text.toStdString());
         isCycle = curve->findsCycle(withFunc);
         if (isCycle)
@@ -437,11 +467,12 @@ bool CanvasFunctionBase::saveCurve(std::ostream& out) const
 bool CanvasFunctionBase::loadCurve(std::istream& in)
 {
     CurveFile::Color color;
+    settle();
     if (!current_ || !CurveFile::readColor(in, color))
         return false;
     bool isWhole = false;
     const QPointer<CurveNodeBase> curve(current_);
-    editCurrent(named(tr("Load %1")), [&](EditedCurve& edited) {
+    edit(*curve, tr("Load %1").arg(curve->getName()), [&](EditedCurve& edited) {
         isWhole = edited.read(in);
         if (isWhole)
             curve->control().selectOnly(nullptr);
@@ -453,7 +484,7 @@ bool CanvasFunctionBase::loadCurve(std::istream& in)
 
 void CanvasFunctionBase::setFirstType(int type)
 {
-    editCurrent(named(tr("Change the start behaviour of %1")), [type](EditedCurve& curve) {
+    editSettled(tr("Change the start behaviour of %1"), [type](EditedCurve& curve) {
         if (curve.spline())
             SplineEdits::setFirstType(*curve.spline(), type);
     });
@@ -462,7 +493,7 @@ void CanvasFunctionBase::setFirstType(int type)
 
 void CanvasFunctionBase::setLastType(int type)
 {
-    editCurrent(named(tr("Change the end behaviour of %1")), [type](EditedCurve& curve) {
+    editSettled(tr("Change the end behaviour of %1"), [type](EditedCurve& curve) {
         if (curve.spline())
             SplineEdits::setLastType(*curve.spline(), type);
     });
@@ -542,6 +573,18 @@ bool CanvasFunctionBase::exportSensorData(QTextStream& out) const
     }
     time->setValue(notedTime);
     return true;
+}
+
+void CanvasFunctionBase::nodeHasChanged(const ControlSplineNode* control)
+{
+    const auto found = std::find_if(curves_.begin(), curves_.end(),
+                                    [control](const auto& curve) { return &curve->control() == control; });
+    if (found == curves_.end())
+        return;
+    const QPointer<CurveNodeBase> curve(found->get());
+    markStale(*curve);
+    paint();
+    curve->emitCurveChanged();
 }
 
 void CanvasFunctionBase::currentNodeHasChanged()

@@ -152,8 +152,10 @@ public:
     /// A new point at the place of the last press, if the current curve is a spline. While the point menu is
     /// open over another canvas nothing happens.
     void createNodeAtCursor();
-    /// Ends a drag of points as its release does, without a report of `curveHasChanged`.
-    void finishGesture();
+    /// Ends a drag of points and typing on the node page, as release and leaving do, without a report of
+    /// `curveHasChanged`. What hears of them may take curves away, so it comes before all else that edits, opens or
+    /// closes curves.
+    void settle();
     /// Takes a gesture back, at points or at the view; what is left of it does nothing. Returns whether there
     /// was one.
     bool cancelGesture();
@@ -213,12 +215,16 @@ public:
     void mouseMove(QMouseEvent* event);
     /// Escape takes a drag back. Delete removes the selected points. The right and left arrows go to the next and previous point; where
     /// nothing is selected, the right one begins at the first point and the left one at the last.
-    void keyPress(QKeyEvent* event);
+    /// With nothing selected an arrow begins only if `isFocused`.
+    void keyPress(QKeyEvent* event, bool isFocused = true);
     /// @}
 
 public Q_SLOTS:
     /// The current curve was edited by others: paints and reports it.
     void currentNodeHasChanged();
+    /// The curve of that selection was edited on the node page: paints and reports it. Null, for a curve that is
+    /// gone, does nothing.
+    void nodeHasChanged(const ControlSplineNode* control);
     /// Takes the mark of the last press away, at the next paint.
     void hideMark();
     /// The selected points of every curve of this canvas become of that `SplineBase::NodeType`, or go.
@@ -252,7 +258,8 @@ private:
     void takeReport(const EditReport& report);
     void showStep(const EditReport& report);
     void markStale(CurveNodeBase& curve);
-    void markReaders(const EditReport& report);
+    void markEdited(const EditReport& report);
+    QStringList readersOf(const QStringList& names) const;
 
     bool pickCurve(const QPoint& pixel);
     bool hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const;
@@ -265,13 +272,13 @@ private:
     bool selectInBand();
     void stepSelection(bool forward);
 
-    QString named(const QString& text) const;
     using Work = std::function<void(EditedCurve&)>;
-    void editCurrent(const QString& text, const Work& work);
-    void editAndReport(const QString& text, const Work& work);
+    QPointer<CurveNodeBase> edit(CurveNodeBase& node, const QString& text, const Work& work);
+    void editSettled(const QString& text, const Work& work);
+    void editAndReport(CurveNodeBase& node, const QString& text, const Work& work);
     void editSelections(const QString& text, const std::function<void(ControlSplineNode&)>& work);
     void resetCurves(const std::vector<QPointer<CurveNodeBase>>& curves, const QString& text);
-    bool canEditSelection() const;
+    bool canEditSelection();
     void createPoint(const Gesture::Place& place);
     void setFirstType(int type);
     void setLastType(int type);
@@ -286,8 +293,8 @@ private:
     int paintHolds_ = 0;
     CurveNodeBase* current_ = nullptr;
     std::vector<std::unique_ptr<CurveNodeBase>> curves_;
-    QString readersOf_;   ///< the curve whose drag `readers_` is kept for
-    QStringList readers_; ///< lower variable names of the curves that read it
+    QStringList readersOf_; ///< the curves whose drag `readers_` is kept for
+    QStringList readers_;   ///< lower variable names of the curves that read it
     ViewPort* viewport_ = nullptr;
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;

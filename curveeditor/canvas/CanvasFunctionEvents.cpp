@@ -25,13 +25,21 @@ Gesture::Place placeAt(const ViewPort& viewport, const QPoint& pixel)
     return {viewport.pixelToTime(pixel.x()), viewport.pixelToValue(pixel.y())};
 }
 
+/// A point that was edited alone is selected alone: a list of one is given up.
+void endSinglePointEdit(Selection& selection)
+{
+    if (!selection.hasMultiple())
+        selection.selectOnly(selection.current());
+}
+
 } // namespace
 
 bool CanvasFunctionBase::mousePress(QMouseEvent* event)
 {
+    settle();
     if (!current_ || !viewport_)
         return false;
-    finishGesture();
+    bandSelects_ = false;
     viewport_->gesture.end();
     const QPoint pixel = event->position().toPoint();
     if (!current_->isSpline())
@@ -104,6 +112,7 @@ void CanvasFunctionBase::openPointMenu(const QMouseEvent& event)
 
 void CanvasFunctionBase::mouseDoubleClick(QMouseEvent* event)
 {
+    settle();
     if (!current_ || !viewport_)
         return;
     const QPoint pixel = event->position().toPoint();
@@ -142,8 +151,9 @@ void CanvasFunctionBase::beginDrag()
                                                                        : tr("Change a tangent of %1");
     viewport_->gesture.beginAtPoints(*control.getSpline(), control.selection(), control.activePart,
                                      lastPlace_);
-    drag_ = door_.begin(control.editText(one, tr("Move %1 points of %2")), {control.curve()},
-                        viewport_->gesture.points());
+    const CurveEdit::Curves curves = {control.curve()};
+    drag_ =
+        door_.begin(control.editText(one, tr("Move %1 points of %2")), curves, viewport_->gesture.points());
     readersOf_.clear();
 }
 
@@ -157,8 +167,7 @@ void CanvasFunctionBase::dragSelection(const Gesture::Place& place, bool scaling
     Selection& selection = control.selection();
     if (selection.hasMultiple())
         selection.setCurrent(selection.listed().back());
-    else
-        selection.selectOnly(selection.current());
+    endSinglePointEdit(selection);
     door_.preview(touched);
 }
 
@@ -178,7 +187,8 @@ void CanvasFunctionBase::mouseRelease(QMouseEvent* event)
     const bool any =
         control.hasSelection() || (bandSelects_ && !stateBefore(*event).isEmpty() && selectInBand());
     const QPointer<CurveNodeBase> curve(current_);
-    finishGesture();
+    bandSelects_ = false;
+    settle();
     if (any && curve)
         curve->emitCurveChanged();
 }
@@ -191,16 +201,6 @@ bool CanvasFunctionBase::selectInBand()
     double valueHigh = 0.0;
     viewport_->takeBand(timeLow, timeHigh, valueLow, valueHigh);
     return current_->control().selectInBand(timeLow, timeHigh, valueLow, valueHigh);
-}
-
-void CanvasFunctionBase::finishGesture()
-{
-    bandSelects_ = false;
-    if (!viewport_ || !viewport_->gesture.isAtPoints())
-        return;
-    viewport_->gesture.end();
-    if (door_.isOpen(drag_))
-        door_.commit();
 }
 
 bool CanvasFunctionBase::cancelGesture()
@@ -220,24 +220,27 @@ bool CanvasFunctionBase::cancelGesture()
     return true;
 }
 
-void CanvasFunctionBase::keyPress(QKeyEvent* event)
+void CanvasFunctionBase::keyPress(QKeyEvent* event, bool isFocused)
 {
     if (event->key() == Qt::Key_Escape)
         cancelGesture();
+    if (event->key() == Qt::Key_Delete)
+        settle();
     if (!current_)
         return;
+    ControlSplineNode& control = current_->control();
     markStale(*current_);
-    current_->control().dropLostPoints();
+    control.dropLostPoints();
     if (event->key() == Qt::Key_Delete) {
-        ControlSplineNode& control = current_->control();
         const QString text = control.editText(tr("Delete a point of %1"), tr("Delete %1 points of %2"));
-        editAndReport(text, [&control](EditedCurve& curve) {
+        editAndReport(*current_, text, [&control](EditedCurve& curve) {
             if (curve.spline())
                 SplineEdits::removePoints(*curve.spline(), control.selection().edited());
             control.selectOnly(nullptr);
         });
     } else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
-        stepSelection(event->key() == Qt::Key_Right);
+        if (isFocused || control.hasSelection())
+            stepSelection(event->key() == Qt::Key_Right);
     }
 }
 
@@ -261,13 +264,14 @@ void CanvasFunctionBase::stepSelection(bool forward)
 void CanvasFunctionBase::createNodeAtCursor()
 {
     const bool menuIsElsewhere = menuCanvas && menuCanvas != this;
+    settle();
     if (current_ && current_->isSpline() && !menuIsElsewhere)
         createPoint(lastPlace_);
 }
 
 void CanvasFunctionBase::createPoint(const Gesture::Place& place)
 {
-    editAndReport(named(tr("Add a point to %1")), [&place](EditedCurve& curve) {
+    editAndReport(*current_, tr("Add a point to %1").arg(current_->getName()), [&place](EditedCurve& curve) {
         if (curve.spline())
             SplineEdits::addPoint(*curve.spline(), place.time, place.value);
     });
@@ -291,7 +295,7 @@ void CanvasFunctionBase::deleteSelectedNodes()
 void CanvasFunctionBase::editSelections(const QString& text,
                                         const std::function<void(ControlSplineNode&)>& work)
 {
-    finishGesture();
+    settle();
     dropLostPoints();
     CurveEdit::Curves edited;
     std::vector<ControlSplineNode*> controls;
@@ -314,11 +318,11 @@ void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& 
 {
     if ((timeFactor == 1.0 && valueFactor == 1.0) || !canEditSelection())
         return;
-    const ControlSplineNode& control = current_->control();
-    editCurrent(
-        control.editText(tr("Scale a point of %1"), tr("Scale %1 points of %2")), [&](EditedCurve& curve) {
-            SplineEdits::scalePoints(*curve.spline(), control.selection().edited(), timeFactor, valueFactor);
-        });
+    ControlSplineNode& control = current_->control();
+    edit(*current_, control.editText(tr("Scale a point of %1"), tr("Scale %1 points of %2")),
+         [&](EditedCurve& curve) {
+             SplineEdits::scalePoints(*curve.spline(), control.selection().edited(), timeFactor, valueFactor);
+         });
     paint();
 }
 
@@ -326,16 +330,17 @@ void CanvasFunctionBase::panSelection(const double& timeOffset, const double& va
 {
     if ((timeOffset == 0.0 && valueOffset == 0.0) || !canEditSelection())
         return;
-    const ControlSplineNode& control = current_->control();
-    editCurrent(
-        control.editText(tr("Pan a point of %1"), tr("Pan %1 points of %2")), [&](EditedCurve& curve) {
-            SplineEdits::panPoints(*curve.spline(), control.selection().edited(), timeOffset, valueOffset);
-        });
+    ControlSplineNode& control = current_->control();
+    edit(*current_, control.editText(tr("Pan a point of %1"), tr("Pan %1 points of %2")),
+         [&](EditedCurve& curve) {
+             SplineEdits::panPoints(*curve.spline(), control.selection().edited(), timeOffset, valueOffset);
+         });
     paint();
 }
 
-bool CanvasFunctionBase::canEditSelection() const
+bool CanvasFunctionBase::canEditSelection()
 {
+    settle();
     if (!current_ || !current_->isSpline() || !current_->getSpline())
         return false;
     current_->control().dropLostPoints();

@@ -136,7 +136,9 @@ void ControlSplineNode::setSelectedTcb()
 
 void ControlSplineNode::setSelectedType(int type)
 {
-    if (!getSpline())
+    const QPointer<ControlSplineNode> guard(this);
+    door_.commit();
+    if (!guard || !getSpline())
         return;
     door_.begin(editText(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2")),
                 {curve_});

@@ -35,7 +35,7 @@ void ViewPort::setSize(const int& width, const int& height)
 void ViewPort::reset()
 {
     showFrames = true;
-    clearDrag();
+    gesture.end();
     timeMin = limitTimeMin;
     timeMax = limitTimeMax;
     valueMin = limitValueMin;

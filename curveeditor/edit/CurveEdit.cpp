@@ -25,6 +25,9 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves, const 
     isOpen_ = true;
     text_ = text;
     own_ = {own.begin(), own.end()};
+    entry_ = nullptr;
+    previewed_ = {};
+    checkpoint_.clear();
     before_.clear();
     for (const auto& curve : curves) {
         curve->mend();
@@ -47,39 +50,44 @@ void CurveEdit::checkpoint()
 {
     if (!isOpen_)
         return;
+    continueAboveForeignEntry();
     const std::vector<EditHistory::Part> parts = changes();
+    checkpoint_.clear();
+    for (const Before& before : before_)
+        checkpoint_.push_back({before.curve, before.curve->state()});
     keepEntry(parts);
-    report(parts, EditReport::Phase::Preview, EditReport::Cause::Edit);
+    TimeInterval touched =
+        std::exchange(previewed_, parts.empty() ? TimeInterval() : parts.front().diff.touched());
+    touched.unite(previewed_);
+    preview(touched);
 }
 
 bool CurveEdit::commit()
 {
-    if (!std::exchange(isOpen_, false))
+    if (!isOpen_)
         return false;
+    continueAboveForeignEntry();
+    isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
     keepEntry(parts);
-    entry_ = nullptr;
     report(parts, EditReport::Phase::Commit, EditReport::Cause::Edit);
     return !parts.empty();
 }
 
 void CurveEdit::cancel()
 {
-    if (!std::exchange(isOpen_, false))
+    if (!isOpen_)
         return;
+    continueAboveForeignEntry();
+    isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
     for (const Before& before : before_) {
         if (before.curve->spline())
             before.curve->restore(baseline(before));
     }
-    keepEntry({});
-    entry_ = nullptr;
+    if (entry_ && history_.isOnTop(entry_))
+        keepEntry({});
     report(parts, EditReport::Phase::Commit, EditReport::Cause::Cancel);
-}
-
-bool CurveEdit::isOpen(Id id) const
-{
-    return isOpen_ && id == id_ && (!entry_ || history_.isOnTop(entry_));
 }
 
 std::vector<EditHistory::Part> CurveEdit::changes() const
@@ -143,14 +151,23 @@ CurveState CurveEdit::withOwnPointsBack(const Before& before) const
     return state;
 }
 
-// An entry that is not on top any more stays as it was at the last checkpoint; no later edit is lost by that, as
-// its writer begins a new one then.
+// An entry that lies below another one can't grow any more: what follows it is an edit of its own.
+void CurveEdit::continueAboveForeignEntry()
+{
+    if (!entry_ || history_.isOnTop(entry_))
+        return;
+    entry_ = nullptr;
+    before_ = std::exchange(checkpoint_, {});
+}
+
 void CurveEdit::keepEntry(const std::vector<EditHistory::Part>& parts)
 {
-    if (entry_)
+    if (entry_) {
         history_.amend(entry_, parts);
-    else if (!parts.empty())
-        entry_ = history_.push(text_, parts);
+    } else if (!parts.empty()) {
+        entry_ = history_.makeEntry(text_, parts);
+        history_.push(entry_);
+    }
     if (parts.empty())
         entry_ = nullptr;
 }

@@ -32,12 +32,13 @@ public:
 
     EditHistory& history() { return history_; }
 
-    /// Opens an edit, after committing the one that is open. `text` says to the user what it does. Linear in the
-    /// points of the curves, as are all the others here but `preview`.
+    /// Opens an edit. `text` says to the user what it does. One that is open is committed first, which runs
+    /// foreign code: who is not sure calls `commit`, and then looks for what to edit. Linear in the points of the
+    /// curves, as are all the others here but `preview`.
     Id begin(const QString& text, const Curves& curves, const std::vector<PointSerial>& own = {});
     bool isOpen() const { return isOpen_; }
-    /// Whether it is that edit which is open, and may go on.
-    bool isOpen(Id id) const;
+    /// Whether it is that edit which is open.
+    bool isOpen(Id id) const { return isOpen_ && id == id_; }
 
     /// Reports a step of the open edit.
     void preview(const TimeInterval& touched);
@@ -62,6 +63,7 @@ private:
     /// What the curve would be now without the edit.
     CurveState baseline(const Before& before) const;
     CurveState withOwnPointsBack(const Before& before) const;
+    void continueAboveForeignEntry();
     void keepEntry(const std::vector<EditHistory::Part>& parts);
     void report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,
                 EditReport::Cause cause);
@@ -73,5 +75,7 @@ private:
     QString text_;
     std::vector<Before> before_;
     std::unordered_set<PointSerial> own_;
-    EditCommand* entry_ = nullptr; ///< of the open edit; the stack's, which may have deleted it
+    EditCommand* entry_ = nullptr;   ///< of the open edit; the stack's, which may have deleted it
+    std::vector<Before> checkpoint_; ///< the curves when that entry was made or grew
+    TimeInterval previewed_;         ///< of the last checkpoint
 };

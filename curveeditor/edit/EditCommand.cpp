@@ -22,6 +22,14 @@ void EditCommand::drop(const EditedCurve& curve)
         part.isDead = part.isDead || part.curve.get() == &curve;
 }
 
+void EditCommand::rename(const EditedCurve& curve, const QString& oldName)
+{
+    const bool concerns = std::any_of(parts_.begin(), parts_.end(),
+                                      [&](const auto& part) { return part.curve.get() == &curve; });
+    if (concerns)
+        setText(text().replace(oldName, curve.name));
+}
+
 bool EditCommand::isDead() const
 {
     return !history_ ||
@@ -39,34 +47,48 @@ void EditCommand::redo()
         step(EditReport::Cause::Redo);
 }
 
+// No foreign code runs before the stack has done its step: it might delete this entry, or step itself.
 void EditCommand::step(EditReport::Cause cause)
 {
-    if (!isDead())
-        Q_EMIT history_->aboutToStep();
     if (!isDead()) {
-        for (EditHistory::Part& part : parts_)
-            stepPart(part, cause);
+        history_->isStepping_ = true;
+        Q_EMIT history_->aboutToStep();
+        stepParts(cause);
+        history_->isStepping_ = false;
     }
     setObsolete(isDead());
 }
 
-void EditCommand::stepPart(EditHistory::Part& part, EditReport::Cause cause)
+// All targets are found before any curve changes, as two curves may share a spline.
+void EditCommand::stepParts(EditReport::Cause cause)
 {
-    if (part.isDead)
-        return;
     const bool isUndo = cause == EditReport::Cause::Undo;
-    EditedCurve& curve = *part.curve;
-    CurveState state = curve.state();
-    // Which content shows is chosen anew when a curve comes back onto the canvas, so it is no edit of the host.
-    state.kind = isUndo ? part.diff.kindAfter() : part.diff.kindBefore();
-    const bool isAsLeft = curve.fingerprint() == (isUndo ? part.after : part.before) &&
-                          (isUndo ? part.diff.revert(state) : part.diff.apply(state));
-    if (isAsLeft && curve.restore(state)) {
-        history_->pending_.push_back({part.curve, part.diff.touched(), EditReport::Phase::Commit, cause,
-                                      isUndo ? part.diff.pointsBefore() : part.diff.pointsAfter()});
-        return;
+    std::vector<CurveState> targets(parts_.size());
+    for (std::size_t i = 0; i < parts_.size(); ++i) {
+        if (!parts_[i].isDead && !findTarget(parts_[i], isUndo, targets[i]))
+            history_->drop(*parts_[i].curve);
     }
-    if (isAsLeft)
-        history_->lostFormulas_.emplace_back(curve.name, QString::fromStdString(state.formula));
-    history_->drop(curve);
+    for (std::size_t i = 0; i < parts_.size(); ++i) {
+        const EditHistory::Part& part = parts_[i];
+        if (part.isDead)
+            continue;
+        if (part.curve->restore(targets[i])) {
+            history_->tell({part.curve, part.diff.touched(), EditReport::Phase::Commit, cause,
+                            isUndo ? part.diff.pointsBefore() : part.diff.pointsAfter()});
+            continue;
+        }
+        history_->lostFormulas_.emplace_back(part.curve->name, QString::fromStdString(targets[i].formula));
+        history_->drop(*part.curve);
+    }
+}
+
+/// Where the step leads; false if the curve is not as the entry left it.
+bool EditCommand::findTarget(const EditHistory::Part& part, bool isUndo, CurveState& target)
+{
+    if (part.curve->fingerprint() != (isUndo ? part.after : part.before))
+        return false;
+    target = part.curve->state();
+    // Which content shows is chosen anew when a curve comes back onto the canvas, so it is no edit of the host.
+    target.kind = isUndo ? part.diff.kindAfter() : part.diff.kindBefore();
+    return isUndo ? part.diff.revert(target) : part.diff.apply(target);
 }

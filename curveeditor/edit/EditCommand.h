@@ -15,6 +15,8 @@ public:
     void setParts(std::vector<EditHistory::Part> parts) { parts_ = std::move(parts); }
     /// The curve's parts do nothing from now on.
     void drop(const EditedCurve& curve);
+    /// The curve has its new name already.
+    void rename(const EditedCurve& curve, const QString& oldName);
     /// Nothing is left to do: the step of the stack only removes the entry.
     bool isDead() const;
 
@@ -23,7 +25,8 @@ public:
 
 private:
     void step(EditReport::Cause cause);
-    void stepPart(EditHistory::Part& part, EditReport::Cause cause);
+    void stepParts(EditReport::Cause cause);
+    static bool findTarget(const EditHistory::Part& part, bool isUndo, CurveState& target);
 
     QPointer<EditHistory> history_;
     std::vector<EditHistory::Part> parts_;

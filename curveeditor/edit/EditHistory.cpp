@@ -19,6 +19,22 @@ bool isDeadEntry(const QUndoStack& stack, int index)
     return entry && entry->isDead();
 }
 
+// The stack removes entries only while it steps over them, so those that lie next are stepped over at once and
+// no text of theirs is offered to the user. Within a macro the stack refuses to step.
+void removeDeadEntriesOf(QUndoStack& stack)
+{
+    int count = -1;
+    while (stack.index() > 0 && stack.count() != count && isDeadEntry(stack, stack.index() - 1)) {
+        count = stack.count();
+        stack.undo();
+    }
+    count = -1;
+    while (stack.canRedo() && stack.count() != count && isDeadEntry(stack, stack.index())) {
+        count = stack.count();
+        stack.redo();
+    }
+}
+
 } // namespace
 
 EditHistory::EditHistory(QObject* parent) : QObject(parent), ownStack_(std::make_unique<QUndoStack>())
@@ -27,13 +43,19 @@ EditHistory::EditHistory(QObject* parent) : QObject(parent), ownStack_(std::make
     connectStack(ownStack_.get());
 }
 
+// What is left on a host's stack goes when it comes to its top.
 EditHistory::~EditHistory()
 {
     stack()->disconnect(this);
     ownStack_->clear();
     for (EditCommand* const entry : entries_)
         entry->setParts({});
-    removeDeadEntries();
+    QUndoStack* const left = hostStack_;
+    if (!left)
+        return;
+    removeDeadEntriesOf(*left);
+    if (!entries_.empty())
+        connect(left, &QUndoStack::indexChanged, left, [left] { removeDeadEntriesOf(*left); });
 }
 
 std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase* spline,
@@ -51,9 +73,13 @@ std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase*
 void EditHistory::rename(const QString& oldName, const QString& newName)
 {
     for (const auto& curve : curves_) {
-        if (curve->name == oldName)
-            curve->name = newName;
+        if (curve->name != oldName)
+            continue;
+        curve->name = newName;
+        for (EditCommand* const entry : entries_)
+            entry->rename(*curve, oldName);
     }
+    Q_EMIT stackChanged();
 }
 
 void EditHistory::forget(const QString& name)
@@ -76,7 +102,7 @@ QUndoStack* EditHistory::stack() const
 
 void EditHistory::setStack(QUndoStack* newStack)
 {
-    if (newStack == stack())
+    if ((newStack ? newStack : ownStack_.get()) == stack())
         return;
     hostStack_ = newStack == ownStack_.get() ? nullptr : newStack;
     ownStack_->clear();
@@ -108,11 +134,14 @@ void EditHistory::redo()
     stack()->redo();
 }
 
-EditCommand* EditHistory::push(const QString& text, std::vector<Part> parts)
+EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts)
 {
-    auto* const entry = new EditCommand(*this, text, std::move(parts));
+    return new EditCommand(*this, text, std::move(parts));
+}
+
+void EditHistory::push(EditCommand* entry)
+{
     stack()->push(entry);
-    return entry;
 }
 
 bool EditHistory::isOnTop(EditCommand* entry) const
@@ -137,8 +166,18 @@ void EditHistory::drop(const EditedCurve& curve)
         entry->drop(curve);
 }
 
+void EditHistory::tell(const EditReport& report)
+{
+    if (isStepping_)
+        pending_.push_back(report);
+    else
+        Q_EMIT reported(report);
+}
+
 void EditHistory::finishStep()
 {
+    if (isStepping_)
+        return;
     removeDeadEntries();
     const std::vector<EditReport> reports = std::exchange(pending_, {});
     const auto lost = std::exchange(lostFormulas_, {});
@@ -153,22 +192,10 @@ void EditHistory::finishStep()
     }
 }
 
-// The stack removes entries only while it steps over them, so those that lie next are stepped over at once and
-// no text of theirs is offered to the user.
 void EditHistory::removeDeadEntries()
 {
-    if (std::exchange(isRemoving_, true))
+    if (isStepping_ || std::exchange(isRemoving_, true))
         return;
-    QUndoStack& present = *stack();
-    for (int count = -1;
-         present.index() > 0 && present.count() != count && isDeadEntry(present, present.index() - 1);) {
-        count = present.count();
-        present.undo();
-    }
-    for (int count = -1;
-         present.canRedo() && present.count() != count && isDeadEntry(present, present.index());) {
-        count = present.count();
-        present.redo();
-    }
+    removeDeadEntriesOf(*stack());
     isRemoving_ = false;
 }

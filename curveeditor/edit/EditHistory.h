@@ -23,10 +23,10 @@ struct EditReport
     enum class Cause { Edit, Undo, Redo, Cancel };
 
     std::shared_ptr<EditedCurve> curve;
-    TimeInterval touched; ///< the times at which the curve's value may have changed
+    TimeInterval touched = {}; ///< the times at which the curve's value may have changed
     Phase phase = Phase::Commit;
     Cause cause = Cause::Edit;
-    std::vector<PointSerial> points; ///< those that changed and are there now
+    std::vector<PointSerial> points = {}; ///< those that changed and are there now
 };
 
 /// The curves of one editor, and the entries of an undo stack that lead back to what they were.
@@ -67,12 +67,17 @@ public:
     void undo();
     void redo();
 
-    /// Puts an entry on the stack for what is done already.
-    EditCommand* push(const QString& text, std::vector<Part> parts);
+    /// An entry for what is done already, to be given to `push`, which hands it to the stack.
+    EditCommand* makeEntry(const QString& text, std::vector<Part> parts);
+    void push(EditCommand* entry);
     /// Whether it is that entry which the stack would take back next; it may be gone.
     bool isOnTop(EditCommand* entry) const;
     /// Gives an entry that is on top other parts, or without any takes it off the stack.
     void amend(EditCommand* entry, std::vector<Part> parts);
+
+    /// Tells of an edit: at once, or while the stack steps when it has done so, since who hears of it may do
+    /// anything with the stack.
+    void tell(const EditReport& report);
 
 Q_SIGNALS:
     /// An entry is about to change curves: whoever has an edit under way ends it now.
@@ -98,4 +103,5 @@ private:
     std::vector<EditReport> pending_;          ///< told when the stack has done its step
     std::vector<std::pair<QString, QString>> lostFormulas_;
     bool isRemoving_ = false;
+    bool isStepping_ = false;
 };

@@ -5,7 +5,14 @@
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
 
+#include <algorithm>
 #include <functional>
+
+namespace {
+
+constexpr std::size_t mostRetired = 16;
+
+} // namespace
 
 EditedCurve::EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable)
     : name(fullName), spline_(hostSpline), variable_(hostVariable),
@@ -48,7 +55,10 @@ void EditedCurve::setExpression(std::unique_ptr<FunctionFloatBase> newExpression
 {
     if (!variable_)
         return;
-    delete *variable_;
+    if (*variable_)
+        retired_.emplace_back(formula(), std::unique_ptr<FunctionFloatBase>(*variable_));
+    if (retired_.size() > mostRetired)
+        retired_.erase(retired_.begin());
     entered_ = text;
     enteredResult_ = newExpression ? newExpression->getString() : std::string();
     *variable_ = newExpression.release();
@@ -66,19 +76,33 @@ void EditedCurve::reset(double value)
 
 bool EditedCurve::restore(const CurveState& state)
 {
-    if (state.formula != formula()) {
-        ParseMessage message;
-        std::unique_ptr<FunctionFloatBase> parsed;
-        if (!state.formula.empty())
-            parsed.reset(FunctionParserBase::instance()->parseString(state.formula, message));
-        if (!message.errors.empty() || (!state.formula.empty() && !parsed))
-            return false;
-        setExpression(std::move(parsed), state.formula);
-    }
-    if (spline_)
-        spline_->assign(state.spline);
+    const bool changesFormula = state.formula != formula();
+    std::unique_ptr<FunctionFloatBase> tree = changesFormula ? expressionOf(state.formula) : nullptr;
+    if (changesFormula && !tree && !state.formula.empty())
+        return false;
+    if (spline_ && !spline_->assign(state.spline))
+        return false;
+    if (changesFormula)
+        setExpression(std::move(tree), state.formula);
     kind_ = state.kind;
     return true;
+}
+
+std::unique_ptr<FunctionFloatBase> EditedCurve::expressionOf(const std::string& text)
+{
+    ParseMessage message;
+    std::unique_ptr<FunctionFloatBase> parsed;
+    if (!text.empty())
+        parsed.reset(FunctionParserBase::instance()->parseString(text, message));
+    if (parsed && message.errors.empty())
+        return parsed;
+    const auto kept = std::find_if(retired_.begin(), retired_.end(),
+                                   [&](const auto& entry) { return entry.first == text; });
+    if (kept == retired_.end())
+        return nullptr;
+    std::unique_ptr<FunctionFloatBase> tree = std::move(kept->second);
+    retired_.erase(kept);
+    return tree;
 }
 
 bool EditedCurve::read(std::istream& in)
@@ -115,4 +139,5 @@ void EditedCurve::letGo()
 {
     spline_ = nullptr;
     variable_ = nullptr;
+    retired_.clear();
 }

@@ -9,6 +9,8 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 /// One curve as hands edit it: the host's spline, the host's variable for an expression, and which of the two
 /// shows. It outlives the curve's stay on the canvas, so that edits can be taken back later.
@@ -37,11 +39,12 @@ public:
     /// See `SplineBase::mend`.
     void mend();
     void setKind(CurveKind kind) { kind_ = kind; }
-    /// Deletes what the variable holds and puts `expression` there; `text` is what it was parsed from.
+    /// Puts `expression` into the variable; `text` is what it was parsed from. What the variable held is kept for a
+    /// while, as it may have to come back although its text can't be parsed any more.
     void setExpression(std::unique_ptr<FunctionFloatBase> expression, const std::string& text);
     /// Back to a spline of one point at time 0.0; the expression is deleted. The behaviours stay.
     void reset(double value);
-    /// Takes the whole state. Returns false, and changes nothing, if its formula can't be parsed any more.
+    /// Takes the whole state. Returns false, and changes nothing, if its formula can't be had any more.
     bool restore(const CurveState& state);
 
     /// Reads what `CurveFile` writes into the curve, whatever kind it was. Returns false, and leaves the curve as
@@ -54,10 +57,12 @@ public:
 private:
     bool readSpline(std::istream& in);
     bool readExpression(std::istream& in);
+    std::unique_ptr<FunctionFloatBase> expressionOf(const std::string& text);
 
     SplineBase* spline_;
     FunctionFloatBase** variable_;
     CurveKind kind_;
+    std::vector<std::pair<std::string, std::unique_ptr<FunctionFloatBase>>> retired_; ///< with their formulas
     std::string entered_;       ///< the text of the expression that was set last ...
     std::string enteredResult_; ///< ... and what that expression gives as its text
 };

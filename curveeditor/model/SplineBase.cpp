@@ -318,6 +318,8 @@ void SplineBase::mend()
             point.serial = newSerial();
         if (!std::isfinite(point.time))
             point.time = times_[i];
+        if (!std::isfinite(point.pos))
+            point.pos = 0.0;
         isInOrder = isInOrder && point.time == times_[i];
     }
     if (isInOrder)

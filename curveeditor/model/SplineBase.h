@@ -151,9 +151,9 @@ public:
     void setTime(PointInfo* point, const double& time);
 
     /// Puts right what was written past these operations, through `modify`: points whose `time` was written take
-    /// their place in the order, one that got a time that is not finite gets its old one back, and one whose
-    /// `serial` was overwritten, as by assigning a whole point, becomes a new point. Linear where there is
-    /// nothing to do.
+    /// their place in the order, one that got a time that is not finite gets its old one back, a value that is
+    /// not finite becomes 0.0, and one whose `serial` was overwritten, as by assigning a whole point, becomes a
+    /// new point. Linear where there is nothing to do.
     void mend();
 
     void setPos(PointInfo* point, const double& value);

@@ -135,7 +135,7 @@ void CustomEditLine::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::MiddleButton)
         QLineEdit::mouseReleaseEvent(event);
     if (event->button() != Qt::RightButton)
-        endDrag();
+        stopDrag();
 }
 
 // A release can go astray, to a box that opened during the drag; the mouse then comes back without a button.
@@ -143,7 +143,7 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
 {
     QLineEdit::mouseMoveEvent(event);
     if (!holdsDragButton(event->buttons()))
-        endDrag();
+        stopDrag();
     if (!dragging)
         return;
     const double distance = event->globalPosition().toPoint().y() - pressGlobalY;
@@ -162,6 +162,12 @@ void CustomEditLine::keyPressEvent(QKeyEvent* event)
     QLineEdit::keyPressEvent(event);
     handlingKey_ = false;
     reportText();
+}
+
+void CustomEditLine::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    Q_EMIT editBegun(this);
 }
 
 void CustomEditLine::focusOutEvent(QFocusEvent* event)
@@ -189,7 +195,7 @@ void CustomEditLine::cancelEdit()
     reportText();
 }
 
-void CustomEditLine::endDrag()
+void CustomEditLine::stopDrag()
 {
     if (std::exchange(dragging, false))
         Q_EMIT editFinished(this);
@@ -199,7 +205,7 @@ void CustomEditLine::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
-        endDrag();
+        stopDrag();
 }
 
 double CustomEditLine::boundedNumber() const

@@ -41,6 +41,9 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    /// Ends a drag on the line, if there is one, where it is.
+    void stopDrag();
+
 public Q_SLOTS:
     /// Rewrites the text as its number, clamped and with three decimals. Emits nothing.
     void checkTextBounds();
@@ -49,6 +52,8 @@ Q_SIGNALS:
     /// A key was pressed in `sender`, the user changed its text in another way (pasted, dropped, an input
     /// method), or a drag moved it. `value` lies within the bounds and is not rounded to what is on show.
     void newValueSet(const double& value, CustomEditLine* sender);
+    /// The line got the focus.
+    void editBegun(CustomEditLine* sender);
     /// Escape was pressed: whoever keeps the number shows the one of before. `newValueSet` follows. The key goes
     /// no further.
     void editCancelled(CustomEditLine* sender);
@@ -60,6 +65,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -68,7 +74,6 @@ private:
     double boundedNumber() const;
     void reportText();
     void cancelEdit();
-    void endDrag();
 
     int pressGlobalY = 0;
     double pressValue = 0.0;

@@ -111,7 +111,9 @@ void ExpressionEditLine::dropEvent(QDropEvent* event)
     if (hasText) {
         QString dropped = event->mimeData()->text();
         dropped.replace(QLatin1Char(' '), QLatin1Char('_'));
-        setText(withInserted(text(), cursorPosition(), dropped));
+        deselect(); // what is selected is not replaced
+        insert(dropped);
+        end(false);
     }
     setFocus();
     activateWindow(); // the drag may have come from another window, which would get the next key

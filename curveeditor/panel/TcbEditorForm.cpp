@@ -77,6 +77,7 @@ TcbEditorForm::TcbEditorForm(NodePage* editor) : editor_(editor), widgets_(edito
     for (const Row& row : Row::all) {
         const CustomEditLine* const widget = widgets_.*row.widget;
         connect(widget, &CustomEditLine::newValueSet, this, &TcbEditorForm::valueChanged);
+        connect(widget, &CustomEditLine::editBegun, this, &TcbEditorForm::noteFocus);
         connect(widget, &CustomEditLine::editCancelled, this, &TcbEditorForm::cancelEdit);
         connect(widget, &CustomEditLine::editFinished, this, &TcbEditorForm::finishEdit);
     }
@@ -181,24 +182,25 @@ void TcbEditorForm::clickedPrev()
 
 void TcbEditorForm::changeNodeType(int entry)
 {
-    const int index = editableIndex();
-    if (index < 0)
+    const QPointer<ControlSplineNode> control(currentControl_);
+    if (editableIndex() < 0)
         return;
     switch (entry) {
     case TcbEntry:
-        currentControl_->setSelectedTcb();
+        control->setSelectedTcb();
         break;
     case BezierEntry:
-        currentControl_->setSelectedBezier();
+        control->setSelectedBezier();
         break;
     case LinearEntry:
-        currentControl_->setSelectedLinear();
+        control->setSelectedLinear();
         break;
     default:
         return;
     }
-    showPoint(currentControl_);
-    Q_EMIT nodeTcbChanged();
+    if (control == currentControl_)
+        showPoint(control);
+    Q_EMIT nodeTcbChanged(control);
 }
 
 void TcbEditorForm::valueChanged(const double& value, CustomEditLine* sender)
@@ -207,18 +209,25 @@ void TcbEditorForm::valueChanged(const double& value, CustomEditLine* sender)
     const int index = editableIndex();
     if (index < 0 || !row || !std::isfinite(value))
         return;
-    const SplineBase::PointInfo& point = *currentControl_->pointAt(index);
+    const QPointer<ControlSplineNode> control(currentControl_);
+    const SplineBase::PointInfo& point = *control->pointAt(index);
     const double number = editedNumber(value, *sender, *row, point);
-    if (std::isfinite(number) && number != SplineEdits::read(point, row->field)) {
-        beginEdit(sender, point);
-        SplineEdits::write(*currentControl_->getSpline(), point.serial, row->field, number);
-        currentControl_->door().checkpoint();
-    }
-    if (const int shown = editableIndex(); shown >= 0) {
+    if (std::isfinite(number) && number != SplineEdits::read(point, row->field))
+        writeNumber(sender, *row, number);
+    if (const int shown = control == currentControl_ ? editableIndex() : -1; shown >= 0) {
         showNodeIndex(shown);
-        showPreview(*currentControl_->pointAt(shown));
+        showPreview(*control->pointAt(shown));
     }
-    Q_EMIT nodeTcbChanged();
+    Q_EMIT nodeTcbChanged(control);
+}
+
+void TcbEditorForm::writeNumber(CustomEditLine* sender, const Row& row, double number)
+{
+    const SplineBase::PointInfo point = *currentControl_->pointAt(editableIndex());
+    if (!beginEdit(sender, point))
+        return;
+    SplineEdits::write(*currentControl_->getSpline(), point.serial, row.field, number);
+    door_->checkpoint();
 }
 
 double TcbEditorForm::editedNumber(double value, const CustomEditLine& sender, const Row& row,
@@ -242,42 +251,71 @@ double TcbEditorForm::shownNumber(const SplineBase::PointInfo& point, const Row&
 
 bool TcbEditorForm::isEditing() const
 {
-    return editedField_ && currentControl_ && currentControl_->door().isOpen(edit_);
+    return editedField_ && door_ && door_->isOpen(edit_);
 }
 
-void TcbEditorForm::beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point)
+// An edit that is open elsewhere is told when it is committed, and who hears of it may take the point away.
+bool TcbEditorForm::beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point)
 {
     if (isEditing() && editedField_ == sender && before_.serial == point.serial)
-        return;
+        return true;
+    const QPointer<ControlSplineNode> control(currentControl_);
+    control->door().commit();
+    const int index = control == currentControl_ ? editableIndex() : -1;
+    if (index < 0 || currentControl_->pointAt(index)->serial != point.serial)
+        return false;
     const std::shared_ptr<EditedCurve>& curve = currentControl_->curve();
-    before_ = point;
-    edit_ = currentControl_->door().begin(tr("Change a number of a point of %1").arg(curve->name), {curve},
-                                          {point.serial});
+    before_ = *currentControl_->pointAt(index);
+    door_ = &currentControl_->door();
+    edit_ = door_->begin(tr("Change a number of a point of %1").arg(curve->name), {curve}, {point.serial});
     editedField_ = sender;
+    return true;
+}
+
+void TcbEditorForm::noteFocus(CustomEditLine* /*sender*/)
+{
+    const int index = editableIndex();
+    focus_ = index >= 0 ? *currentControl_->pointAt(index) : SplineBase::PointInfo();
 }
 
 void TcbEditorForm::cancelEdit(CustomEditLine* sender)
 {
     if (isEditing() && editedField_ == sender)
-        currentControl_->door().cancel();
+        door_->cancel();
     editedField_ = nullptr;
+    const Row* const row = Row::find(widgets_, sender);
+    const int index = editableIndex();
+    if (index < 0 || !row)
+        return;
+    const SplineBase::PointInfo& point = *currentControl_->pointAt(index);
+    const double number = SplineEdits::read(focus_, row->field);
+    if (sender->hasFocus() && point.serial == focus_.serial &&
+        number != SplineEdits::read(point, row->field)) {
+        writeNumber(sender, *row, number);
+        finishEdit(sender);
+    }
     sender->setModified(false);
-    if (formActive_)
-        showPoint(currentControl_);
+    showPoint(currentControl_);
 }
 
 void TcbEditorForm::finishEdit(CustomEditLine* sender)
 {
     if (isEditing() && editedField_ == sender)
-        currentControl_->door().commit();
+        door_->commit();
     editedField_ = nullptr;
+}
+
+void TcbEditorForm::stopDrags()
+{
+    for (const Row& row : Row::all)
+        (widgets_.*row.widget)->stopDrag();
 }
 
 void TcbEditorForm::selectPoint(ControlSplineNode& control, int index)
 {
     control.selectOnly(control.pointAt(index));
     showCurrentPoint(control, index);
-    Q_EMIT nodeTcbChanged();
+    Q_EMIT nodeTcbChanged(&control);
 }
 
 void TcbEditorForm::setFieldsEnabled(bool enabled)

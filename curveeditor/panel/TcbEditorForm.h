@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/edit/CurveEdit.h>
+#include <curveeditor/canvas/ControlSplineNode.h>
 #include <curveeditor/panel/NodePage.h>
 
 #include <QObject>
 #include <QPointer>
-
-class ControlSplineNode;
 
 /// Keeps the node page in step with the one point that is selected on the canvas. It copies the point's
 /// fields into the widgets of the page, and hands each edit of a widget to the door for edits. The widgets
@@ -56,14 +54,19 @@ public Q_SLOTS:
     /// number of time units, as any frame number is at 0 frames per time unit, leaves the point where it is.
     void valueChanged(const double& value, CustomEditLine* sender);
 
-    /// Takes what was edited in `sender` back, and shows the point as it is then.
+    /// `sender` got the focus, which Escape leads back to.
+    void noteFocus(CustomEditLine* sender);
+    /// Takes what was edited in `sender` back, gives the point the number that it had when `sender` got the focus,
+    /// and shows the point as it is then.
     void cancelEdit(CustomEditLine* sender);
     /// What was edited in `sender` is done.
     void finishEdit(CustomEditLine* sender);
+    /// A drag on a field ends where it is: the point may be about to go back.
+    void stopDrags();
 
 Q_SIGNALS:
-    /// The user edited the point or stepped to another one.
-    void nodeTcbChanged();
+    /// The user edited a point of that selection or stepped to another one. Null if its curve is gone by now.
+    void nodeTcbChanged(ControlSplineNode* control);
 
 private:
     struct Row;
@@ -71,7 +74,8 @@ private:
     int singleIndex(const ControlSplineNode* control) const;
     int editableIndex() const;
     bool isEditing() const;
-    void beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point);
+    bool beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point);
+    void writeNumber(CustomEditLine* sender, const Row& row, double number);
     double editedNumber(double value, const CustomEditLine& sender, const Row& row,
                         const SplineBase::PointInfo& point) const;
     double shownNumber(const SplineBase::PointInfo& point, const Row& row) const;
@@ -92,5 +96,7 @@ private:
 
     CustomEditLine* editedField_ = nullptr;
     CurveEdit::Id edit_ = 0;
+    QPointer<CurveEdit> door_;     ///< of that edit
+    SplineBase::PointInfo focus_;  ///< the point when the field that has the focus got it
     SplineBase::PointInfo before_; ///< the point when the edit of the field began
 };

@@ -164,10 +164,14 @@ void CurveEditor::keyPressEvent(QKeyEvent* event)
     case StepKey::None:
         break;
     }
+    const Gesture& gesture = d_->functionEdit->gesture;
+    const bool takesBack = gesture.isAtPoints() || gesture.isAtView();
     d_->functionEdit->keyPressEvent(event);
     if (event->key() != Qt::Key_Escape)
         return CurveEditorDialogBase::keyPressEvent(event);
-    if (isWindow() && d_->functionEdit->gesture.kind() != Gesture::Kind::Cancelled)
+    if (!isWindow())
+        event->ignore();
+    else if (!takesBack)
         close();
 }
 

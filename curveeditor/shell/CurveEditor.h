@@ -8,11 +8,13 @@
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 
 #include <QColor>
+#include <QPointer>
 #include <QString>
 
 #include <memory>
 #include <vector>
 
+class CurveNodeBase;
 class CustomEditLine;
 class FunctionFloatBase;
 class QAction;
@@ -363,7 +365,7 @@ private:
     void addNewNode(MainNodeStruct* group, const QString& fullName, const QColor& color, float defaultValue,
                     SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
     void renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName);
-    void eraseRecord(NodeStruct* record);
+    void eraseRecord(const QString& name);
     std::vector<NodeStruct*> nodesOfGroup(const QString& nodeName) const;
     NodeStruct* searchCheckList(const QTreeWidgetItem* item);
     NodeStruct* searchAllNodeEditingList(const QTreeWidgetItem* item);
@@ -376,10 +378,13 @@ private:
     void tellEdit(const EditReport& report);
     void showStepTexts();
     void tellCurrentCurve();
+    bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
     void showContent();
     void showLineText();
     void setCurveEditableOn(NodeStruct* record);
     void setCurveEditableOff(NodeStruct* record);
+    void putOnCanvas(NodeStruct& record);
+    void takeOffCanvas(NodeStruct& record);
     void showSelectedRow(NodeStruct& record);
 
     void parseBuiltText();

@@ -299,6 +299,10 @@ void CurveEditor::languageChange()
 
     d_->undoAction->setShortcut(tr("Ctrl+Z"));
     d_->redoAction->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
+    // A window in which the dialog is docked may have the same keys.
+    for (QAction* const action : {d_->undoAction, d_->redoAction})
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    showStepTexts();
     d_->loadCurve->setShortcut(tr("Ctrl+l"));
     d_->saveCurve->setShortcut(tr("Ctrl+s"));
     d_->setWaveRangeAction->setShortcut(tr("Alt+s"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditorPrivate.h>
 
+#include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/files/CurveFileStore.h>
 #include <curveeditor/panel/CustomEditLine.h>
@@ -88,13 +89,20 @@ void CurveEditor::resetSelectedF()
     update();
 }
 
+/// While a dialog was open the host may have taken the curve away, or made another one current.
+bool CurveEditor::isCurrent(const QPointer<CurveNodeBase>& curve) const
+{
+    return curve && curve == d_->functionEdit->canvas.getCurrentCurve();
+}
+
 void CurveEditor::loadFile()
 {
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     if (canvas.noCurrentCurve())
         return;
+    const QPointer<CurveNodeBase> curve(canvas.getCurrentCurve());
     const QString chosen = QFileDialog::getOpenFileName(this, QString(), QString(), QStringLiteral("*.crv"));
-    if (chosen.isNull())
+    if (chosen.isNull() || !isCurrent(curve))
         return;
     const QString path = CurveFileStore::pathToLoad(chosen);
     if (!QFileInfo(path).isFile()) // to open a pipe would wait for its writer
@@ -168,7 +176,8 @@ void CurveEditor::setScaleSelection()
     ScaleDialog dialog(this);
     dialog.scaleX->setText(QStringLiteral("1.0"));
     dialog.scaleY->setText(QStringLiteral("1.0"));
-    if (dialog.exec() != QDialog::Accepted)
+    const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
+    if (dialog.exec() != QDialog::Accepted || !isCurrent(curve))
         return;
     d_->functionEdit->canvas.scaleSelection(typedNumber(*dialog.scaleX), typedNumber(*dialog.scaleY));
     d_->functionEdit->showSelection(false);
@@ -179,7 +188,8 @@ void CurveEditor::setPanSelection()
     PanDialog dialog(this);
     dialog.panX->setText(QStringLiteral("0.0"));
     dialog.panY->setText(QStringLiteral("0.0"));
-    if (dialog.exec() != QDialog::Accepted)
+    const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
+    if (dialog.exec() != QDialog::Accepted || !isCurrent(curve))
         return;
     d_->functionEdit->canvas.panSelection(typedNumber(*dialog.panX), typedNumber(*dialog.panY));
     d_->functionEdit->showSelection(false);
@@ -260,43 +270,43 @@ void CurveEditor::setFuncPosInfo(const double& valueX, const double& valueY, con
 void CurveEditor::setFirstNodeZero()
 {
     d_->functionEdit->canvas.setFirstNodeZero();
-    showFirstType(SplineBase::Zero);
+    showContent();
 }
 
 void CurveEditor::setFirstNodeConstant()
 {
     d_->functionEdit->canvas.setFirstNodeConstant();
-    showFirstType(SplineBase::Constant);
+    showContent();
 }
 
 void CurveEditor::setLastNodeZero()
 {
     d_->functionEdit->canvas.setLastNodeZero();
-    showLastType(SplineBase::Zero);
+    showContent();
 }
 
 void CurveEditor::setLastNodeConstant()
 {
     d_->functionEdit->canvas.setLastNodeConstant();
-    showLastType(SplineBase::Constant);
+    showContent();
 }
 
 void CurveEditor::setLastNodeLoop()
 {
     d_->functionEdit->canvas.setLastNodeLoop();
-    showLastType(SplineBase::Loop);
+    showContent();
 }
 
 void CurveEditor::setLastNodeLoopOffset()
 {
     d_->functionEdit->canvas.setLastNodeLoopOffset();
-    showLastType(SplineBase::LoopOffset);
+    showContent();
 }
 
 void CurveEditor::setLastNodeFollowTangent()
 {
     d_->functionEdit->canvas.setLastNodeFollowTangent();
-    showLastType(SplineBase::FollowTangent);
+    showContent();
 }
 
 void CurveEditor::changeNodeFirstType(int index)

@@ -15,58 +15,71 @@ void CurveEditor::setEditingNode(const QString& name)
     setCurveEditableOn(searchAllNodeList(name));
 }
 
+// What is under way is told first, and who hears of it may take curves away.
 void CurveEditor::setCurveEditableOn(NodeStruct* record)
 {
+    if (!record)
+        return;
+    const QString name = record->name;
+    d_->functionEdit->canvas.settle();
+    record = searchAllNodeList(name);
     if (!record)
         return;
     const bool isNew = !record->editingItem->treeWidget();
     const QString nodeName = record->nodeName;
     const QString curveName = record->curveName;
-    {
-        const FunctionEditor::PaintPause pause(d_->functionEdit);
-        ++d_->setChanges;
-        CurveNodeBase* const curve = d_->functionEdit->setCurveEditableOn(
-            d_->curvesMenu, record->name, record->color, record->defaultValue, record->spline,
-            record->function, record->minValue, record->maxValue);
-        if (isNew) {
-            const QSignalBlocker silence(checkListsEditing);
-            checkListsEditing->addTopLevelItem(record->editingItem);
-        }
-        showSelectedRow(*record);
-        d_->functionEdit->canvas.setCurrentCurve(record->name);
-        connect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
-        --d_->setChanges;
-    }
+    putOnCanvas(*record);
     if (isNew)
         Q_EMIT curveOpened(nodeName, curveName);
     tellCurrentCurve();
 }
 
+void CurveEditor::putOnCanvas(NodeStruct& record)
+{
+    const FunctionEditor::PaintPause pause(d_->functionEdit);
+    ++d_->setChanges;
+    CurveNodeBase* const curve = d_->functionEdit->setCurveEditableOn(
+        d_->curvesMenu, record.name, record.color, record.defaultValue, record.spline, record.function,
+        record.minValue, record.maxValue);
+    if (!record.editingItem->treeWidget()) {
+        const QSignalBlocker silence(checkListsEditing);
+        checkListsEditing->addTopLevelItem(record.editingItem);
+    }
+    showSelectedRow(record);
+    d_->functionEdit->canvas.setCurrentCurve(record.name);
+    connect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
+    --d_->setChanges;
+}
+
 void CurveEditor::setCurveEditableOff(NodeStruct* record)
 {
-    if (!record || !record->editingItem->treeWidget())
+    if (!record)
         return;
-    // A drag that ends by this is told first, and who hears it may take the curve away.
     const QString name = record->name;
-    d_->functionEdit->canvas.finishGesture();
+    d_->functionEdit->canvas.settle();
     record = searchAllNodeList(name);
-    if (!record || !record->editingItem->treeWidget())
+    if (!record || !d_->functionEdit->canvas.findCurve(name))
         return;
     const QString nodeName = record->nodeName;
     const QString curveName = record->curveName;
-    {
-        const FunctionEditor::PaintPause pause(d_->functionEdit);
-        ++d_->setChanges;
-        if (CurveNodeBase* const curve = d_->functionEdit->canvas.findCurve(name))
-            disconnect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
-        const int row = checkListsEditing->indexOfTopLevelItem(record->editingItem);
-        d_->functionEdit->setCurveEditableOff(name);
-        const QSignalBlocker silence(checkListsEditing);
-        checkListsEditing->takeTopLevelItem(row);
-        --d_->setChanges;
-    }
+    takeOffCanvas(*record);
     Q_EMIT curveClosed(nodeName, curveName);
     tellCurrentCurve();
+}
+
+/// Tells nobody.
+void CurveEditor::takeOffCanvas(NodeStruct& record)
+{
+    const FunctionEditor::PaintPause pause(d_->functionEdit);
+    ++d_->setChanges;
+    if (CurveNodeBase* const curve = d_->functionEdit->canvas.findCurve(record.name))
+        disconnect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
+    d_->functionEdit->setCurveEditableOff(record.name);
+    const QSignalBlocker silence(checkListsEditing);
+    const int row = checkListsEditing->indexOfTopLevelItem(record.editingItem);
+    if (row >= 0)
+        checkListsEditing->takeTopLevelItem(row);
+    --d_->setChanges;
 }
 
 void CurveEditor::showSelectedRow(NodeStruct& record)

@@ -113,13 +113,11 @@ void CurveEditor::removeCurve(const QString& nodeName, const QString& curveName)
 {
     if (!searchMainNode(nodeName))
         return;
-    if (NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName)))
-        eraseRecord(record);
+    eraseRecord(fullName(nodeName, curveName));
 }
 
 void CurveEditor::removeNode(const QString& nodeName)
 {
-    setAllNodeListUnselected();
     if (!searchMainNode(nodeName))
         return;
     const FunctionEditor::PaintPause pause(d_->functionEdit);
@@ -127,28 +125,32 @@ void CurveEditor::removeNode(const QString& nodeName)
     for (const NodeStruct* const record : nodesOfGroup(nodeName))
         names.append(record->name);
     for (const QString& name : names)
-        eraseRecord(searchAllNodeList(name));
+        eraseRecord(name);
     const auto group = std::find_if(d_->mainNodeList.begin(), d_->mainNodeList.end(),
                                     [&](const auto& other) { return other->name == nodeName; });
     if (group != d_->mainNodeList.end())
         d_->mainNodeList.erase(group);
 }
 
-// Who hears that the curve leaves the canvas may remove it too.
-void CurveEditor::eraseRecord(NodeStruct* record)
+// The record is gone before anybody is told, so who hears of it can't bring the curve back.
+void CurveEditor::eraseRecord(const QString& name)
 {
+    d_->functionEdit->canvas.settle();
+    NodeStruct* const record = searchAllNodeList(name);
     if (!record)
         return;
-    const QString name = record->name;
-    setCurveEditableOff(record);
-    record = searchAllNodeList(name);
-    if (!record)
-        return;
+    const bool isOpen = d_->functionEdit->canvas.findCurve(name);
+    takeOffCanvas(*record);
     d_->functionEdit->canvas.door().history().forget(name);
     if (d_->editingMenu->menuItem() == record->editingItem)
         d_->editingMenu->setMenuItem(nullptr);
-    d_->nodeList.erase(std::find_if(d_->nodeList.begin(), d_->nodeList.end(),
-                                    [record](const auto& other) { return other.get() == record; }));
+    const auto place = std::find_if(d_->nodeList.begin(), d_->nodeList.end(),
+                                    [record](const auto& other) { return other.get() == record; });
+    const std::unique_ptr<NodeStruct> erased = std::move(*place);
+    d_->nodeList.erase(place);
+    if (isOpen)
+        Q_EMIT curveClosed(erased->nodeName, erased->curveName);
+    tellCurrentCurve();
 }
 
 void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName, const QString& newCurveName)
@@ -186,8 +188,10 @@ void CurveEditor::renameRecord(NodeStruct& record, const QString& nodeName, cons
     record.curveName = curveName;
     record.editingItem->setText(0, record.name);
     record.action->setText(variableName(record.name));
-    if (d_->toldCurrent == oldName)
-        d_->toldCurrent = record.name;
+    for (QString* const remembered : {&d_->toldCurrent, &d_->lineCurve}) {
+        if (*remembered == oldName)
+            *remembered = record.name;
+    }
     d_->functionEdit->canvas.renameCurve(oldName, record.name);
     d_->functionEdit->canvas.door().history().rename(oldName, record.name);
 }

@@ -16,6 +16,7 @@ QUndoStack* CurveEditor::undoStack() const
 
 void CurveEditor::setUndoStack(QUndoStack* stack)
 {
+    d_->functionEdit->canvas.settle();
     d_->functionEdit->canvas.door().history().setStack(stack);
 }
 
@@ -27,11 +28,14 @@ void CurveEditor::undo()
 
 void CurveEditor::redo()
 {
-    d_->functionEdit->canvas.door().history().redo();
+    if (!d_->functionEdit->gesture.isAtPoints())
+        d_->functionEdit->canvas.door().history().redo();
 }
 
 void CurveEditor::showStepTexts()
 {
+    if (!d_->functionEdit)
+        return;
     const QUndoStack& stack = *undoStack();
     d_->undoAction->setText(tr("Undo %1").arg(stack.undoText()).trimmed());
     d_->redoAction->setText(tr("Redo %1").arg(stack.redoText()).trimmed());
@@ -67,11 +71,14 @@ void CurveEditor::tellEdit(const EditReport& report)
         change.cause = CurveChange::Cause::Cancel;
         break;
     }
-    auto [nodeName, curveName] = CurveNodeBase::reportedNames(record->name);
     const bool isStep = change.cause == CurveChange::Cause::Undo || change.cause == CurveChange::Cause::Redo;
+    const QPointer<CurveEditor> guard(this);
+    const std::shared_ptr<EditedCurve> curve = report.curve;
     Q_EMIT curveEdited(change);
-    if (isStep)
-        Q_EMIT curveHasChanged(nodeName, curveName);
+    if (!isStep || !guard || !searchAllNodeList(curve->name))
+        return;
+    auto [nodeName, curveName] = CurveNodeBase::reportedNames(curve->name);
+    Q_EMIT curveHasChanged(nodeName, curveName);
 }
 
 void CurveEditor::tellCurrentCurve()

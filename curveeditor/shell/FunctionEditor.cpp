@@ -33,7 +33,8 @@ FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     setPalette(background);
     canvas.setViewport(this);
     nodeForm.setTimeBounds(timeMin, timeMax);
-    connect(&nodeForm, &TcbEditorForm::nodeTcbChanged, this, &FunctionEditor::currentNodeHasChanged);
+    connect(&nodeForm, &TcbEditorForm::nodeTcbChanged, &canvas, &CanvasFunctionBase::nodeHasChanged);
+    connect(&canvas.door().history(), &EditHistory::aboutToStep, &nodeForm, &TcbEditorForm::stopDrags);
     connect(&canvas, &CanvasFunctionBase::selectionChanged, this, &FunctionEditor::showSelection);
     setMouseTracking(true);
 }
@@ -151,7 +152,7 @@ void FunctionEditor::keyPressEvent(QKeyEvent* event)
 {
     if (stepKeyOf(*event) != StepKey::None)
         return event->ignore(); // the dialog steps
-    canvas.keyPress(event);
+    canvas.keyPress(event, hasFocus());
     const int key = event->key();
     showSelection(key == Qt::Key_T || key == Qt::Key_C || key == Qt::Key_Tab);
     canvas.paint();
@@ -189,6 +190,8 @@ void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
 
 void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 {
+    if (event->buttons() == Qt::NoButton && gesture.kind() == Gesture::Kind::Cancelled)
+        gesture.end(); // its release went astray
     if (!stateBefore(*event).isEmpty()) {
         canvas.mouseMove(event);
         ViewPort::mouseMove(event);

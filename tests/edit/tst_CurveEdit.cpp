@@ -188,6 +188,76 @@ private Q_SLOTS:
         QCOMPARE(f.reports.mid(1), (QStringList{"commit cancel a.x", "commit undo a.x"}));
     }
 
+    void whoHearsOfAStepMayDoAnythingWithTheStack()
+    {
+        const std::function<void(Fixture&)> replies[] = {
+            [](Fixture& f) { f.stack().clear(); },
+            [](Fixture& f) { f.door.history().forget("a.x"); },
+            [](Fixture& f) { f.stack().undo(); },
+            [](Fixture& f) { f.stack().push(new QUndoCommand("host")); },
+            [](Fixture& f) { f.spline.setPos(f.spline.modify(1), 1.0); },
+        };
+        for (const auto& reply : replies) {
+            for (const bool isTyping : {false, true}) {
+                Fixture f;
+                f.move(1, 7.0);
+                f.door.begin("drag", {f.curve}, {f.serial(1)});
+                f.spline.setPos(f.spline.modify(1), 9.0);
+                if (isTyping)
+                    f.door.checkpoint();
+                f.whenReported = [&] {
+                    reply(f);
+                };
+                f.stack().undo();
+                QVERIFY(!f.door.isOpen() && f.stack().index() <= f.stack().count());
+            }
+        }
+    }
+
+    void typingGoesOnAboveAForeignEntry()
+    {
+        Fixture f;
+        f.door.begin("type", {f.curve}, {f.serial(1)});
+        f.spline.setPos(f.spline.modify(1), 2.0);
+        f.door.checkpoint();
+        f.stack().push(new QUndoCommand("host"));
+        f.spline.setPos(f.spline.modify(1), 23.0);
+        f.door.checkpoint();
+        QVERIFY(f.door.commit());
+        QCOMPARE(f.stack().count(), 3);
+        for (const double value : {2.0, 2.0, 1.0}) {
+            f.stack().undo();
+            QCOMPARE(f.spline[1]->pos, value);
+        }
+    }
+
+    void numberTypedBackIsTold()
+    {
+        Fixture f;
+        f.door.begin("type", {f.curve}, {f.serial(1)});
+        for (const double value : {2.0, 1.0}) {
+            f.spline.setPos(f.spline.modify(1), value);
+            f.door.checkpoint();
+        }
+        QVERIFY(!f.door.commit());
+        QCOMPARE(f.reports, QStringList(2, "preview edit a.x"));
+    }
+
+    void curvesMayShareASpline()
+    {
+        Fixture f;
+        const auto twin = f.door.history().curve("a.y", &f.spline, nullptr);
+        const CurveState before = f.curve->state();
+        f.door.begin("reset", {twin, f.curve});
+        twin->reset(0.5);
+        f.curve->reset(1.5);
+        f.door.commit();
+        f.stack().undo();
+        QVERIFY(f.curve->state() == before);
+        f.stack().redo();
+        QCOMPARE(f.spline.getFirst()->pos, 1.5);
+    }
+
     void stacksAndCurvesMayGoAtAnyTime()
     {
         auto shared = std::make_unique<QUndoStack>();
@@ -224,24 +294,31 @@ private Q_SLOTS:
         QCOMPARE(shared->count(), 0);
     }
 
-    void formulaWhoseVariableIsGoneLeavesTheCurve()
+    void formulaWhoseVariableIsGoneComesBackOrLeavesTheCurve()
     {
         CurveVariables variables;
         FunctionParserBase::instance()->setVarMapper(&variables);
         variables.add("b.y", nullptr, nullptr);
         Fixture f;
         f.expression = parsed("b.y").release();
-        f.door.begin("formula", {f.curve});
-        f.curve->setExpression(parsed("t"), "t");
-        f.door.commit();
+        const auto enter = [&f](const char* text) {
+            f.door.begin(text, {f.curve});
+            f.curve->setExpression(parsed(text), text);
+            f.door.commit();
+        };
+        enter("t");
         variables.remove("b.y");
         QStringList lost;
         QObject::connect(&f.door.history(), &EditHistory::formulaLost,
                          [&](const QString& curve, const QString& formula) { lost << curve << formula; });
         f.door.history().undo();
+        QVERIFY(f.curve->formula() == "b.y" && f.expression->evaluate() == 0.0);
+        for (int i = 0; i < 20; ++i)
+            enter(i % 2 == 0 ? "t" : "2*t");
+        for (int i = 0; i < 20; ++i)
+            f.door.history().undo();
         QCOMPARE(lost, (QStringList{"a.x", "b.y"}));
-        QCOMPARE(f.curve->formula(), std::string("t"));
-        QCOMPARE(f.stack().count(), 0);
+        QVERIFY(f.curve->formula() == "t" && f.stack().count() == 0);
     }
 
     void dragDoesNotAccumulateAndBeginsALegWithShift()
