@@ -39,11 +39,11 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves, const 
 void CurveEdit::preview(const TimeInterval& touched)
 {
     if (isOpen_ && !touched.isEmpty() && !before_.empty())
-        Q_EMIT history_.reported({before_.front().curve,
-                                  touched,
-                                  EditReport::Phase::Preview,
-                                  EditReport::Cause::Edit,
-                                  {own_.begin(), own_.end()}});
+        history_.tell({before_.front().curve,
+                       touched,
+                       EditReport::Phase::Preview,
+                       EditReport::Cause::Edit,
+                       {own_.begin(), own_.end()}});
 }
 
 void CurveEdit::checkpoint()
@@ -178,8 +178,7 @@ void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::
     const QPointer<CurveEdit> guard(this);
     for (const EditHistory::Part& part : parts) {
         if (guard)
-            Q_EMIT history_.reported(
-                {part.curve, part.diff.touched(), phase, cause, part.diff.pointsAfter()});
+            history_.tell({part.curve, part.diff.touched(), phase, cause, part.diff.pointsAfter()});
     }
 }
 
