@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
+#include <type_traits>
 #include <vector>
 
 struct SplineState;
@@ -105,8 +106,16 @@ public:
     {
         return index < controlPoints.size() ? controlPoints[index] : nullptr;
     }
-    /// Without this one, `modify(0)` could as well mean the null point.
-    PointInfo* modify(const int& index) { return modify(static_cast<unsigned>(index)); }
+    /// Any other integer type. Without this one, `modify(0)` could as well mean the null point.
+    template <typename Integer, std::enable_if_t<std::is_integral_v<Integer>, bool> = true>
+    PointInfo* modify(const Integer& index)
+    {
+        if constexpr (std::is_signed_v<Integer>) {
+            if (index < 0)
+                return nullptr;
+        }
+        return std::uintmax_t(index) < controlPoints.size() ? controlPoints[std::size_t(index)] : nullptr;
+    }
     PointInfo* modify(const PointInfo* point) { return modify(findIndex(point)); }
     const std::vector<PointInfo*>& getControlPoints() const { return controlPoints; }
 

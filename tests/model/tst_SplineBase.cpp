@@ -168,6 +168,14 @@ private Q_SLOTS:
             spline.setTime(point, 0.0);
         }
         QVERIFY(spline.findIndex(other[0]) == -1 && !spline.modify(other[0]) && !spline.modify(1));
+        const auto modifyAt = [&spline](auto... indices) {
+            return std::vector{spline.modify(indices)...};
+        };
+        for (PointInfo* point :
+             modifyAt(-1, -1L, std::ptrdiff_t(-1), 1UL, 1L << 32, std::size_t(1) << 32, ~0U))
+            QVERIFY(!point);
+        for (PointInfo* point : modifyAt(0, 0L, std::size_t(), short(), 0U, spline[0]))
+            QCOMPARE(point, spline[0]);
         QVERIFY(spline.getControlPointsNumber() == 1 && isSame(*spline[0], PointInfo()));
     }
 
