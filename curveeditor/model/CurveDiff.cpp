@@ -58,6 +58,9 @@ public:
         return points_ ? points_[index] : *pointers_[index];
     }
 
+    /// The behaviours that need a span act only where there is one.
+    bool hasSpan() const { return size_ > 0 && (*this)[0].time < (*this)[size_ - 1].time; }
+
     const std::int32_t firstType;
     const std::int32_t lastType;
     const double defaultValue;
@@ -183,12 +186,13 @@ void CurveDiff::noteTouched(const Points& before, const Points& after)
     for (const Entry& entry : inserted_)
         touched_.unite(influence(after, entry.index));
     const TimeInterval everything = TimeInterval::everything();
+    const bool goesOnChanges = before.lastType != after.lastType || before.hasSpan() != after.hasSpan();
     for (const Points* points : {&before, &after}) {
         if (points->size() == 0)
             continue;
         if (before.firstType != after.firstType)
             touched_.unite({everything.first, (*points)[0].time});
-        if (before.lastType != after.lastType)
+        if (goesOnChanges)
             touched_.unite({(*points)[points->size() - 1].time, everything.last});
     }
 }

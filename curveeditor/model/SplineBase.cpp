@@ -43,6 +43,7 @@ struct Cubic
         return {from, slopeFrom, 3.0 * rise - 2.0 * slopeFrom - slopeTo, slopeFrom + slopeTo - 2.0 * rise};
     }
     double operator()(double u) const { return ((d * u + c) * u + b) * u + a; }
+    double reach() const { return std::abs(a) + std::abs(b) + std::abs(c) + std::abs(d); }
     double slope(double u) const { return (3.0 * d * u + 2.0 * c) * u + b; }
 };
 
@@ -56,6 +57,18 @@ template <typename Entry> void moveEntry(std::vector<Entry>& entries, std::size_
     } else {
         std::rotate(place, entry, entry + 1);
     }
+}
+
+/// What stands near an end, as in edits of many points one after the other, is found at once.
+template <typename Place> Place findFromBothEnds(Place first, Place last, const PointInfo* point)
+{
+    for (Place front = first, back = last; front < back; ++front) {
+        if (*front == point)
+            return front;
+        if (*--back == point)
+            return back;
+    }
+    return last;
 }
 
 template <typename Number> void append(std::string& text, Number number, char separator)
@@ -83,25 +96,38 @@ template <typename Number> bool read(std::istream& in, std::string& word, Number
     return readWord(in, word) && convert(word, number);
 }
 
+bool isAmong(std::int32_t number, std::int32_t first, std::int32_t last)
+{
+    return first <= number && number <= last;
+}
+
 /// Reads a point whose first number is in `word` already.
 bool readPoint(std::istream& in, std::string& word, PointInfo& point)
 {
     for (double PointInfo::*field : textFields) {
-        if (!convert(word, point.*field) || !readWord(in, word))
+        if (!convert(word, point.*field) || !std::isfinite(point.*field) || !readWord(in, word))
             return false;
     }
-    return convert(word, point.type) && std::isfinite(point.time) && std::isfinite(point.pos);
+    return convert(word, point.type) && isAmong(point.type, SplineBase::Linear, SplineBase::Tcb);
+}
+
+/// `value` where it is a number, no further than the greatest one; `otherwise` where it is none.
+double bounded(double value, double otherwise)
+{
+    return std::isnan(value) ? otherwise : std::clamp(value, -greatest, greatest);
 }
 
 /// A slope as rise over run, kept apart because the quotient of huge and tiny numbers overflows.
 struct Slope
 {
     double rise, run;
+    double unit; ///< what a rise of 1.0 over a run of 1.0 stands for
 
+    bool isFinite() const { return std::isfinite(rise) && std::isfinite(run); }
     double over(double length) const { return rise * (length / run); }
     double quotient(double factor = 1.0) const
     {
-        return run > 0.0 ? std::clamp(factor * rise / run, -greatest, greatest) : 0.0;
+        return run > 0.0 ? bounded(factor * rise / run * unit, 0.0) : 0.0;
     }
 };
 
@@ -133,60 +159,88 @@ std::size_t countUntil(const std::vector<double>& times, double time)
 
 } // namespace
 
-/// The curve between two points that follow each other.
-class SplineBase::Segment
+/// The curve between two points that follow each other. A wide one reckons in larger units of time and value, so
+/// that sums and differences of huge numbers do not overflow.
+template <bool isWide> class SplineBase::Segment
 {
 public:
     Segment(const SplineBase& spline, std::size_t endIndex)
     {
-        const PointInfo& from = *spline.controlPoints[endIndex - 1];
-        const PointInfo& to = *spline.controlPoints[endIndex];
-        start_ = from.time;
-        length_ = to.time - from.time;
+        const PointInfo& from = *spline.points_[endIndex - 1];
+        const PointInfo& to = *spline.points_[endIndex];
+        const double fromPos = from.pos / valueUnit;
+        const double toPos = to.pos / valueUnit;
+        start_ = from.time / timeUnit;
+        length_ = to.time / timeUnit - start_;
         ease_ = Cubic::hermite(0.0, 1.0, 1.0 - from.easeFrom, 1.0 - to.easeTo);
         if (to.type == Bezier) {
-            value_ = Cubic::hermite(from.pos, to.pos, from.tanRight * length_, to.tanLeft * length_);
+            value_ = Cubic::hermite(fromPos, toPos, from.tanRight / slopeUnit * length_,
+                                    to.tanLeft / slopeUnit * length_);
             ease_ = {0.0, 1.0, 0.0, 0.0};
         } else if (to.type == Tcb) {
-            value_ = Cubic::hermite(from.pos, to.pos, leavingSlope(spline, endIndex - 1).over(length_),
+            value_ = Cubic::hermite(fromPos, toPos, leavingSlope(spline, endIndex - 1).over(length_),
                                     arrivingSlope(spline, endIndex).over(length_));
         } else {
-            value_ = {from.pos, to.pos - from.pos, 0.0, 0.0};
+            value_ = {fromPos, toPos - fromPos, 0.0, 0.0};
         }
     }
 
-    double operator()(double time) const { return value_(ease_((time - start_) / length_)); }
-    Slope slopeWithoutEase(double time) const { return {value_.slope((time - start_) / length_), length_}; }
+    double operator()(double time) const { return value_(ease_(place(time))) * valueUnit; }
+    /// Whether no value can overflow, nor a sum on the way to it.
+    bool isTame() const { return std::isfinite(length_) && value_.reach() < 1e300 && ease_.reach() < 1e2; }
+    Slope slopeWithoutEase(double time) const { return {value_.slope(place(time)), length_, slopeUnit}; }
+
+    /// What the computed slopes are where a segment of `type` leaves and arrives at a point.
+    static Slope leaving(const SplineBase& spline, std::size_t index, std::int32_t type)
+    {
+        return type == Tcb ? leavingSlope(spline, index) : chord(spline, index + 1);
+    }
+    static Slope arriving(const SplineBase& spline, std::size_t index, std::int32_t type)
+    {
+        return type == Tcb ? arrivingSlope(spline, index) : chord(spline, index);
+    }
+
+private:
+    static constexpr double valueUnit = isWide ? 0x1p64 : 1.0;
+    static constexpr double timeUnit = isWide ? 4.0 : 1.0;
+    static constexpr double slopeUnit = valueUnit / timeUnit;
 
     static Slope leavingSlope(const SplineBase& spline, std::size_t index)
     {
-        const PointInfo* const point = spline.controlPoints[index];
+        const PointInfo* const point = spline.points_[index];
         return chordMean(spline, index, spline.getFactorL0(point), spline.getFactorL1(point));
     }
     static Slope arrivingSlope(const SplineBase& spline, std::size_t index)
     {
-        const PointInfo* const point = spline.controlPoints[index];
+        const PointInfo* const point = spline.points_[index];
         return chordMean(spline, index, spline.getFactorR0(point), spline.getFactorR1(point));
     }
     static Slope chord(const SplineBase& spline, std::size_t endIndex)
     {
-        const PointInfo& from = *spline.controlPoints[endIndex - 1];
-        const PointInfo& to = *spline.controlPoints[endIndex];
-        return {to.pos - from.pos, to.time - from.time};
+        const PointInfo& from = *spline.points_[endIndex - 1];
+        const PointInfo& to = *spline.points_[endIndex];
+        return {rise(from, to), run(from, to), slopeUnit};
     }
-
-private:
     /// Twice the weighted chords to both neighbours over the time between these. The point itself stands for
     /// a neighbour that is missing.
     static Slope chordMean(const SplineBase& spline, std::size_t index, double factor0, double factor1)
     {
-        const auto& points = spline.controlPoints;
+        const auto& points = spline.points_;
         const PointInfo& point = *points[index];
         const PointInfo& previous = *points[index > 0 ? index - 1 : index];
         const PointInfo& next = *points[index + 1 < points.size() ? index + 1 : index];
-        return {2.0 * (factor0 * (point.pos - previous.pos) + factor1 * (next.pos - point.pos)),
-                next.time - previous.time};
+        return {2.0 * (factor0 * rise(previous, point) + factor1 * rise(point, next)), run(previous, next),
+                slopeUnit};
     }
+    static double rise(const PointInfo& from, const PointInfo& to)
+    {
+        return to.pos / valueUnit - from.pos / valueUnit;
+    }
+    static double run(const PointInfo& from, const PointInfo& to)
+    {
+        return to.time / timeUnit - from.time / timeUnit;
+    }
+    double place(double time) const { return (time / timeUnit - start_) / length_; }
 
     double start_ = 0.0, length_ = 0.0;
     Cubic value_ = {}, ease_ = {};
@@ -205,7 +259,12 @@ SplineBase::~SplineBase()
 double SplineBase::operator()(const double& time) const
 {
     const std::size_t index = countUntil(times_, time);
-    return endsSegment(index) ? Segment(*this, index)(time) : valueOutside(time);
+    if (!endsSegment(index))
+        return valueOutside(time);
+    const double value = Segment<false>(*this, index)(time);
+    if (!std::isfinite(value)) [[unlikely]]
+        return wideValue(time);
+    return value;
 }
 
 void SplineBase::evaluate(const double* times, double* values, std::size_t count) const
@@ -220,19 +279,29 @@ void SplineBase::evaluate(const double* times, double* values, std::size_t count
             continue;
         }
         const double start = times_[index - 1], end = times_[index];
-        const Segment segment(*this, index);
+        const Segment<false> segment(*this, index);
         std::size_t next = done + 1;
         while (next < count && times[next] >= start && times[next] < end)
             ++next;
+        if (next - done > 4 && segment.isTame()) {
+            for (; done < next; ++done)
+                values[done] = segment(times[done]);
+        }
+        for (; done < next; ++done) {
+            const double value = segment(times[done]);
+            if (!std::isfinite(value)) [[unlikely]]
+                break;
+            values[done] = value;
+        }
         for (; done < next; ++done)
-            values[done] = segment(times[done]);
+            values[done] = (*this)(times[done]);
     }
 }
 
 std::int32_t SplineBase::findIndex(const PointInfo* point) const
 {
     const auto place = find(point);
-    return place == controlPoints.end() ? -1 : std::int32_t(place - controlPoints.begin());
+    return place == points_.end() ? -1 : std::int32_t(place - points_.begin());
 }
 
 std::int32_t SplineBase::findIndex(std::uint32_t serial, double near) const
@@ -240,31 +309,31 @@ std::int32_t SplineBase::findIndex(std::uint32_t serial, double near) const
     const auto holdsSerial = [serial](const PointInfo* point) {
         return point->serial == serial;
     };
-    const auto begin = controlPoints.begin();
+    const auto begin = points_.begin();
     const auto [first, last] = std::equal_range(times_.begin(), times_.end(), near);
     const auto end = begin + (last - times_.begin());
     const auto place = std::find_if(begin + (first - times_.begin()), end, holdsSerial);
     if (place != end)
         return std::int32_t(place - begin);
-    const auto other = std::find_if(begin, controlPoints.end(), holdsSerial);
-    return other == controlPoints.end() ? -1 : std::int32_t(other - begin);
+    const auto other = std::find_if(begin, points_.end(), holdsSerial);
+    return other == points_.end() ? -1 : std::int32_t(other - begin);
 }
 
 std::vector<PointInfo*>::const_iterator SplineBase::find(const PointInfo* point) const
 {
-    return std::find(controlPoints.begin(), controlPoints.end(), point);
+    return findFromBothEnds(points_.begin(), points_.end(), point);
 }
 
 PointInfo* SplineBase::getNext(const double& time)
 {
     const auto place = std::upper_bound(times_.begin(), times_.end(), time);
-    return place == times_.end() ? nullptr : controlPoints[std::size_t(place - times_.begin())];
+    return place == times_.end() ? nullptr : points_[std::size_t(place - times_.begin())];
 }
 
 PointInfo* SplineBase::getPrev(const double& time)
 {
     const auto place = std::lower_bound(times_.begin(), times_.end(), time);
-    return place == times_.begin() ? nullptr : controlPoints[std::size_t(place - times_.begin()) - 1];
+    return place == times_.begin() ? nullptr : points_[std::size_t(place - times_.begin()) - 1];
 }
 
 void SplineBase::addPoint(const double& time, const double& value)
@@ -275,20 +344,20 @@ void SplineBase::addPoint(const double& time, const double& value)
     point.time = time;
     point.pos = value;
     const std::size_t index = countUntil(times_, time);
-    if (controlPoints.size() > 1)
-        point.type = controlPoints[std::clamp<std::size_t>(index, 1, controlPoints.size() - 1)]->type;
+    if (points_.size() > 1)
+        point.type = points_[std::clamp<std::size_t>(index, 1, points_.size() - 1)]->type;
     if (endsSegment(index) && point.type == Bezier)
-        point.tanLeft = point.tanRight = Segment(*this, index).slopeWithoutEase(time).quotient();
+        point.tanLeft = point.tanRight = slopeInside(index, time);
     insertNew(index, point);
 }
 
 void SplineBase::remove(const PointInfo* point)
 {
     const auto place = find(point);
-    if (place == controlPoints.end() || controlPoints.size() == 1)
+    if (place == points_.end() || points_.size() == 1)
         return;
-    times_.erase(times_.begin() + (place - controlPoints.begin()));
-    controlPoints.erase(place);
+    times_.erase(times_.begin() + (place - points_.begin()));
+    points_.erase(place);
     delete point;
 }
 
@@ -301,19 +370,19 @@ void SplineBase::reset()
 void SplineBase::setTime(PointInfo* point, const double& time)
 {
     const std::size_t from = indexOf(point);
-    if (from == controlPoints.size() || !std::isfinite(time) || time == times_[from])
+    if (from == points_.size() || !std::isfinite(time) || (time == times_[from] && time == point->time))
         return;
     const std::size_t behind = countUntil(times_, time);
     times_[from] = point->time = time;
     moveEntry(times_, from, behind);
-    moveEntry(controlPoints, from, behind);
+    moveEntry(points_, from, behind);
 }
 
 void SplineBase::mend()
 {
     bool isInOrder = true;
-    for (std::size_t i = 0; i < controlPoints.size(); ++i) {
-        PointInfo& point = *controlPoints[i];
+    for (std::size_t i = 0; i < points_.size(); ++i) {
+        PointInfo& point = *points_[i];
         if (point.serial == 0)
             point.serial = newSerial();
         if (!std::isfinite(point.time))
@@ -324,9 +393,9 @@ void SplineBase::mend()
     }
     if (isInOrder)
         return;
-    std::stable_sort(controlPoints.begin(), controlPoints.end(),
+    std::stable_sort(points_.begin(), points_.end(),
                      [](const PointInfo* left, const PointInfo* right) { return left->time < right->time; });
-    std::transform(controlPoints.begin(), controlPoints.end(), times_.begin(),
+    std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
 }
 
@@ -351,8 +420,8 @@ void SplineBase::setTanRight(PointInfo* point, const double& value)
 SplineState SplineBase::state() const
 {
     SplineState state;
-    state.points.reserve(controlPoints.size());
-    for (const PointInfo* point : controlPoints)
+    state.points.reserve(points_.size());
+    for (const PointInfo* point : points_)
         state.points.push_back(*point);
     state.firstType = firstType;
     state.lastType = lastType;
@@ -366,18 +435,19 @@ bool SplineBase::assign(const SplineState& state)
         return false;
     // Mostly each point is where it was; only the others have to be looked for.
     std::unordered_map<std::uint32_t, PointInfo*> moved;
-    for (std::size_t i = 0; i < controlPoints.size(); ++i) {
-        const bool stays = i < state.points.size() && state.points[i].serial == controlPoints[i]->serial;
-        if (!stays && !moved.emplace(controlPoints[i]->serial, controlPoints[i]).second)
-            delete controlPoints[i];
+    std::vector<PointInfo*> copies;
+    for (std::size_t i = 0; i < points_.size(); ++i) {
+        const bool stays = i < state.points.size() && state.points[i].serial == points_[i]->serial;
+        if (!stays && !moved.emplace(points_[i]->serial, points_[i]).second)
+            copies.push_back(points_[i]);
     }
     std::vector<PointInfo*> points;
     points.reserve(state.points.size());
     for (std::size_t i = 0; i < state.points.size(); ++i) {
         const PointInfo& point = state.points[i];
-        const bool stays = i < controlPoints.size() && point.serial == controlPoints[i]->serial;
+        const bool stays = i < points_.size() && point.serial == points_[i]->serial;
         const auto found = stays ? moved.end() : moved.find(point.serial);
-        PointInfo* place = stays ? controlPoints[i] : nullptr;
+        PointInfo* place = stays ? points_[i] : nullptr;
         if (found != moved.end()) {
             place = found->second;
             moved.erase(found);
@@ -387,9 +457,11 @@ bool SplineBase::assign(const SplineState& state)
     }
     for (const auto& [serial, point] : moved)
         delete point;
-    controlPoints.swap(points);
-    times_.resize(controlPoints.size());
-    std::transform(controlPoints.begin(), controlPoints.end(), times_.begin(),
+    for (const PointInfo* point : copies)
+        delete point;
+    points_.swap(points);
+    times_.resize(points_.size());
+    std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
     firstType = state.firstType;
     lastType = state.lastType;
@@ -402,14 +474,13 @@ double SplineBase::getTangentLeftAtNode(const unsigned& index, double& length) c
     length = restLength;
     if (!endsSegment(index))
         return 0.0;
-    const PointInfo& point = *controlPoints[index];
+    const PointInfo& point = *points_[index];
     const double speed = 1.0 - point.easeTo;
     length *= speed;
     if (point.type == Bezier)
         return point.tanLeft;
-    const Slope slope =
-        point.type == Tcb ? Segment::arrivingSlope(*this, index) : Segment::chord(*this, index);
-    return slope.quotient(speed);
+    const Slope slope = Segment<false>::arriving(*this, index, point.type);
+    return (slope.isFinite() ? slope : Segment<true>::arriving(*this, index, point.type)).quotient(speed);
 }
 
 double SplineBase::getTangentRightAtNode(const unsigned& index, double& length) const
@@ -417,14 +488,14 @@ double SplineBase::getTangentRightAtNode(const unsigned& index, double& length) 
     length = restLength;
     if (!endsSegment(index))
         return 0.0;
-    const PointInfo& point = *controlPoints[index - 1];
+    const PointInfo& point = *points_[index - 1];
     const double speed = 1.0 - point.easeFrom;
     length *= speed;
-    const std::int32_t type = controlPoints[index]->type;
+    const std::int32_t type = points_[index]->type;
     if (type == Bezier)
         return point.tanRight;
-    const Slope slope = type == Tcb ? Segment::leavingSlope(*this, index - 1) : Segment::chord(*this, index);
-    return slope.quotient(speed);
+    const Slope slope = Segment<false>::leaving(*this, index - 1, type);
+    return (slope.isFinite() ? slope : Segment<true>::leaving(*this, index - 1, type)).quotient(speed);
 }
 
 void SplineBase::save(const SplineBase& spline, std::ostream& out)
@@ -434,7 +505,7 @@ void SplineBase::save(const SplineBase& spline, std::ostream& out)
     append(text, spline.firstType, ' ');
     append(text, spline.lastType, ' ');
     append(text, spline.defaultValue, '\n');
-    for (const PointInfo* point : spline.controlPoints) {
+    for (const PointInfo* point : spline.points_) {
         for (double PointInfo::*field : textFields)
             append(text, point->*field, ' ');
         append(text, point->type, '\n');
@@ -454,19 +525,32 @@ void SplineBase::load(SplineBase* spline, std::istream& in)
     spline->firstType = loaded.firstType;
     spline->lastType = loaded.lastType;
     spline->defaultValue = loaded.defaultValue;
-    spline->controlPoints.swap(loaded.controlPoints);
+    spline->points_.swap(loaded.points_);
     spline->times_.swap(loaded.times_);
 }
 
 std::size_t SplineBase::indexOf(const PointInfo* point) const
 {
     if (!point)
-        return controlPoints.size();
+        return points_.size();
     const auto [first, last] = std::equal_range(times_.begin(), times_.end(), point->time);
-    const auto begin = controlPoints.begin();
+    const auto begin = points_.begin();
     const auto end = begin + (last - times_.begin());
-    const auto place = std::find(begin + (first - times_.begin()), end, point);
-    return place == end ? controlPoints.size() : std::size_t(place - begin);
+    const auto place = findFromBothEnds(begin + (first - times_.begin()), end, point);
+    return std::size_t((place != end ? place : find(point)) - begin);
+}
+
+// Searches once more, so that those who mostly do not need it have little to remember.
+double SplineBase::wideValue(const double& time) const
+{
+    const std::size_t index = countUntil(times_, time);
+    return bounded(Segment<true>(*this, index)(time), points_[index - 1]->pos);
+}
+
+double SplineBase::slopeInside(std::size_t endIndex, double time) const
+{
+    const Slope slope = Segment<false>(*this, endIndex).slopeWithoutEase(time);
+    return (slope.isFinite() ? slope : Segment<true>(*this, endIndex).slopeWithoutEase(time)).quotient();
 }
 
 double SplineBase::valueOutside(double time) const
@@ -506,14 +590,14 @@ void SplineBase::insertNew(std::size_t index, PointInfo point)
     point.serial = newSerial();
     const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
-    controlPoints.insert(controlPoints.begin() + place, new PointInfo(point));
+    points_.insert(points_.begin() + place, new PointInfo(point));
 }
 
 void SplineBase::clear()
 {
-    for (const PointInfo* point : controlPoints)
+    for (const PointInfo* point : points_)
         delete point;
-    controlPoints.clear();
+    points_.clear();
     times_.clear();
 }
 
@@ -521,7 +605,9 @@ bool SplineBase::readText(std::istream& in)
 {
     std::string word;
     if (!readWord(in, word) || word != openingWord || !read(in, word, firstType) ||
-        !read(in, word, lastType) || !read(in, word, defaultValue))
+        !read(in, word, lastType) || !read(in, word, defaultValue) ||
+        !isAmong(firstType, Zero, FollowTangent) || !isAmong(lastType, Zero, FollowTangent) ||
+        !std::isfinite(defaultValue))
         return false;
     clear();
     while (readWord(in, word) && word != closingWord) {

@@ -95,17 +95,14 @@ public:
     /// @name Access to the points
     /// An index that is out of range, or a point that this spline does not hold, gives null.
     /// @{
-    unsigned getControlPointsNumber() const { return static_cast<unsigned>(controlPoints.size()); }
+    unsigned getControlPointsNumber() const { return static_cast<unsigned>(points_.size()); }
     const PointInfo* operator[](const unsigned& index) const
     {
-        return index < controlPoints.size() ? controlPoints[index] : nullptr;
+        return index < points_.size() ? points_[index] : nullptr;
     }
-    const PointInfo* getFirst() const { return controlPoints.front(); }
-    const PointInfo* getLast() const { return controlPoints.back(); }
-    PointInfo* modify(const unsigned& index)
-    {
-        return index < controlPoints.size() ? controlPoints[index] : nullptr;
-    }
+    const PointInfo* getFirst() const { return points_.front(); }
+    const PointInfo* getLast() const { return points_.back(); }
+    PointInfo* modify(const unsigned& index) { return index < points_.size() ? points_[index] : nullptr; }
     /// Any other integer type. Without this one, `modify(0)` could as well mean the null point.
     template <typename Integer, std::enable_if_t<std::is_integral_v<Integer>, bool> = true>
     PointInfo* modify(const Integer& index)
@@ -114,10 +111,10 @@ public:
             if (index < 0)
                 return nullptr;
         }
-        return std::uintmax_t(index) < controlPoints.size() ? controlPoints[std::size_t(index)] : nullptr;
+        return std::uintmax_t(index) < points_.size() ? points_[std::size_t(index)] : nullptr;
     }
     PointInfo* modify(const PointInfo* point) { return modify(findIndex(point)); }
-    const std::vector<PointInfo*>& getControlPoints() const { return controlPoints; }
+    const std::vector<PointInfo*>& getControlPoints() const { return points_; }
 
     /// The index of `point`, -1 if this spline does not hold it. Compares addresses only, so `point` may be a
     /// point that is freed already.
@@ -241,22 +238,25 @@ protected:
     /// @}
 
     double defaultValue = 0.0;
-    std::vector<PointInfo*> controlPoints; ///< ascending in time, owned, never empty
+    const std::vector<PointInfo*>& controlPoints = points_; ///< ascending in time, owned, never empty
 
 private:
-    class Segment;
+    template <bool isWide> class Segment;
 
     static double factor(double tension, double continuity, double bias)
     {
         return ((1.0 - tension) * 0.5) * (1.0 + continuity) * (1.0 + bias);
     }
-    bool endsSegment(std::size_t index) const { return index > 0 && index < controlPoints.size(); }
+    bool endsSegment(std::size_t index) const { return index > 0 && index < points_.size(); }
     std::size_t indexOf(const PointInfo* point) const;
+    double wideValue(const double& time) const;
+    double slopeInside(std::size_t endIndex, double time) const;
     double valueOutside(double time) const;
     void insertNew(std::size_t index, PointInfo point);
     static std::uint32_t newSerial();
     void clear();
     bool readText(std::istream& in);
 
+    std::vector<PointInfo*> points_;
     std::vector<double> times_; ///< the time of each point once more, side by side for the search
 };

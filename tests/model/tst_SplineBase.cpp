@@ -119,6 +119,34 @@ private Q_SLOTS:
         QCOMPARE(spline(5.0), 9.0);
     }
 
+    void hugeNumbersKeepSegmentsFinite()
+    {
+        for (int type = SplineBase::Linear; type <= SplineBase::Tcb; ++type) {
+            SplineBase spline;
+            spline.addPoint(4.0, -1e308);
+            spline.setPos(spline.modify(0), 1e308);
+            spline.modify(1)->type = type;
+            QVERIFY(near(spline(1.0) / 1e308, type == SplineBase::Bezier ? 0.6875 : 0.5) &&
+                    spline(2.0) == 0.0);
+            double length = 0.0;
+            const double slope = type == SplineBase::Bezier ? 0.0 : -0.5;
+            QVERIFY(near(spline.getTangentLeftAtNode(1, length) / 1e308, slope));
+            QVERIFY(near(spline.getTangentRightAtNode(1, length) / 1e308, slope));
+            spline.addPoint(2.0, 0.0);
+            QVERIFY(near(spline[1]->tanLeft / 1e308, type == SplineBase::Bezier ? -0.75 : 0.0));
+        }
+        SplineBase spline;
+        spline.addPoint(1e308, 1e308);
+        *spline.modify(0) = {-1e308, -1e308, 1e308, 1e308, -10, 10, 10, -1, -1, SplineBase::Bezier};
+        for (int type = SplineBase::Linear; type <= SplineBase::Tcb; ++type) {
+            spline.modify(1)->type = type;
+            double values[] = {-1e308, -5e307, 0.0, 1.0, 9e307};
+            spline.evaluate(values, values, std::size(values));
+            QVERIFY(std::all_of(std::begin(values), std::end(values),
+                                [](double value) { return std::isfinite(value); }));
+        }
+    }
+
     void addedPointTakesPlaceTypeAndSlope()
     {
         SplineBase spline;
@@ -184,7 +212,7 @@ private Q_SLOTS:
         const std::locale previous = std::locale::global(std::locale({}, new CommaPunctuation));
         SplineBase spline, loaded;
         spline.addPoint(12345.678, 0.5);
-        *spline.modify(0) = {0.0, -0.0, 0.1, 5e-324, 1.0 / 3, -1e308, 1234.5, 1e22, infinity, 2};
+        *spline.modify(0) = {0.0, -0.0, 0.1, 5e-324, 1.0 / 3, -1e308, 1234.5, 1e22, 1e-300, 2};
         spline.firstType = spline.lastType = SplineBase::Zero;
         spline.setDefaultValue(0.1);
         std::stringstream text;
@@ -201,6 +229,11 @@ private Q_SLOTS:
         for (const char* time : {"-1", "0,5", "1e999", "nan", "0x1", "1.5.2"})
             broken.push_back(std::string(good).replace(good.find("12345.678"), 9, time));
         broken.push_back(std::string(good).replace(good.find("12345.678"), 9, std::string(1000, '1')));
+        for (const char* head : {"5 1 0", "1 -1 0", "1 1 inf"})
+            broken.push_back("spline " + std::string(head) + "\n0 0 0 0 0 0 0 0 0 2\nend\n");
+        for (const char* rest :
+             {"inf 0 0 0 0 0 0 2", "0 nan 0 0 0 0 0 2", "0 0 0 0 0 0 -inf 2", "0 0 0 0 0 0 0 3"})
+            broken.push_back("spline 1 1 0\n0 0 " + std::string(rest) + "\nend\n");
         const PointInfo* const point = loaded[0];
         for (const std::string& content : broken) {
             std::istringstream in(content);
