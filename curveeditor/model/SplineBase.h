@@ -82,6 +82,7 @@ public:
     /// @name Evaluation
     /// Where points share a time, the last of them gives the value at that time. Behaviours that need a span
     /// hold the last value where there is none. A time that is not a number counts as before the first point.
+    /// Between points of finite values the curve is finite: what would overflow stops at the greatest number.
     /// @{
 
     /// The value at `time`, which may be any number.
@@ -138,7 +139,11 @@ public:
 
     /// @name Editing
     /// A number that is not finite and a null point change nothing. Nor does a point of another spline, but
-    /// `setPos`, `setTanLeft` and `setTanRight` do not ask whose the point is.
+    /// `setPos`, `setTanLeft` and `setTanRight` do not ask whose the point is. Where a `time` was written directly,
+    /// the operations work on the order as it was, until `mend`.
+    ///
+    /// `addPoint`, `remove` and `setTime` move 16 bytes in memory for each point that changes its index, which is
+    /// some microseconds for 100,000 points; `addPoint` and `setTime` find the place by a search by time.
     /// @{
 
     /// Inserts a point, behind those at the same time. Its type is that of the segment into which it falls,
@@ -146,14 +151,16 @@ public:
     /// tangents become the slope that the curve has there; all else is 0.0.
     void addPoint(const double& time, const double& value);
 
-    /// Takes the point out and frees it, unless it is the only one.
+    /// Takes the point out and frees it, unless it is the only one. Looks for its address from both ends, so
+    /// `point` may be freed already.
     void remove(const PointInfo* point);
 
     /// Frees all points and leaves one at time 0.0 and value 0.0. Behaviours and default value stay.
     void reset();
 
     /// Moves the point in time. Where it passes others it takes its new place in the order, behind points at
-    /// the same time; the others keep their order. `point` must be null or a living point.
+    /// the same time; the others keep their order. `point` must be null or a living point. Among points at one
+    /// time, and where its `time` was written directly, it is looked for by its address.
     void setTime(PointInfo* point, const double& time);
 
     /// Puts right what was written past these operations, through `modify`: points whose `time` was written take
@@ -207,7 +214,8 @@ public:
     static void save(const SplineBase& spline, std::ostream& out);
 
     /// Reads what `save` wrote, white space in front of it skipped. Replaces the whole content of `spline`
-    /// or, where the text is not a whole spline, changes nothing and sets the stream's fail bit.
+    /// or, where the text is not a whole spline, changes nothing and sets the stream's fail bit. A whole spline
+    /// holds finite numbers, and types and behaviours that exist.
     static void load(SplineBase* spline, std::istream& in);
     /// @}
 
