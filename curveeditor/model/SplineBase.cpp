@@ -43,7 +43,6 @@ struct Cubic
         return {from, slopeFrom, 3.0 * rise - 2.0 * slopeFrom - slopeTo, slopeFrom + slopeTo - 2.0 * rise};
     }
     double operator()(double u) const { return ((d * u + c) * u + b) * u + a; }
-    double reach() const { return std::abs(a) + std::abs(b) + std::abs(c) + std::abs(d); }
     double slope(double u) const { return (3.0 * d * u + 2.0 * c) * u + b; }
 };
 
@@ -157,6 +156,20 @@ std::size_t countUntil(const std::vector<double>& times, double time)
     return count;
 }
 
+/// Adds zeros: a value that is not finite makes none of them. Four sums run beside each other.
+bool areFinite(const double* values, std::size_t count)
+{
+    double sums[4] = {};
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4) {
+        for (std::size_t lane = 0; lane < 4; ++lane)
+            sums[lane] += values[i + lane] * 0.0;
+    }
+    for (; i < count; ++i)
+        sums[0] += values[i] * 0.0;
+    return sums[0] + sums[1] + sums[2] + sums[3] == 0.0;
+}
+
 } // namespace
 
 /// The curve between two points that follow each other. A wide one reckons in larger units of time and value, so
@@ -186,8 +199,6 @@ public:
     }
 
     double operator()(double time) const { return value_(ease_(place(time))) * valueUnit; }
-    /// Whether no value can overflow, nor a sum on the way to it.
-    bool isTame() const { return std::isfinite(length_) && value_.reach() < 1e300 && ease_.reach() < 1e2; }
     Slope slopeWithoutEase(double time) const { return {value_.slope(place(time)), length_, slopeUnit}; }
 
     /// What the computed slopes are where a segment of `type` leaves and arrives at a point.
@@ -269,6 +280,21 @@ double SplineBase::operator()(const double& time) const
 
 void SplineBase::evaluate(const double* times, double* values, std::size_t count) const
 {
+    if (times == values) {
+        const std::vector<double> copy(times, times + count);
+        return evaluate(copy.data(), values, count);
+    }
+    evaluateBlock(times, values, count);
+    if (areFinite(values, count))
+        return;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!std::isfinite(values[i]))
+            values[i] = (*this)(times[i]);
+    }
+}
+
+void SplineBase::evaluateBlock(const double* times, double* values, std::size_t count) const
+{
     std::size_t index = 0;
     for (std::size_t done = 0; done < count;) {
         const double time = times[done];
@@ -283,18 +309,8 @@ void SplineBase::evaluate(const double* times, double* values, std::size_t count
         std::size_t next = done + 1;
         while (next < count && times[next] >= start && times[next] < end)
             ++next;
-        if (next - done > 4 && segment.isTame()) {
-            for (; done < next; ++done)
-                values[done] = segment(times[done]);
-        }
-        for (; done < next; ++done) {
-            const double value = segment(times[done]);
-            if (!std::isfinite(value)) [[unlikely]]
-                break;
-            values[done] = value;
-        }
         for (; done < next; ++done)
-            values[done] = (*this)(times[done]);
+            values[done] = segment(times[done]);
     }
 }
 

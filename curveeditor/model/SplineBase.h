@@ -260,6 +260,7 @@ private:
     double wideValue(const double& time) const;
     double slopeInside(std::size_t endIndex, double time) const;
     double valueOutside(double time) const;
+    void evaluateBlock(const double* times, double* values, std::size_t count) const;
     void insertNew(std::size_t index, PointInfo point);
     static std::uint32_t newSerial();
     void clear();

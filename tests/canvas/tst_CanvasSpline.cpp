@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QTest>
 
+#include <cmath>
+
 namespace {
 
 // 100 pixels for each time unit and each value unit; value 0.0 stands at row 300.
@@ -127,12 +129,16 @@ private Q_SLOTS:
 
     void valuesThatAreNotFiniteLeaveAGap()
     {
-        Fixture f({{1, 1e308}, {3, -1e308}, {4, 1}, {5, 1e308}, {7, -1e308}, {8, 1}}, SplineBase::Linear);
+        Fixture f({{1, 1}, {3, 1}, {4, 1}, {5, 1}, {7, 1}, {8, 1}}, SplineBase::Bezier);
         f.spline.firstType = SplineBase::Zero;
-        QImage empty(180, 600, QImage::Format_RGB32);
+        for (const unsigned index : {1u, 4u})
+            f.spline.modify(index)->pos = std::nan("");
+        f.picture.rebuild(&f.view, -1e9f, 1e9f);
+        f.picture.selected = false;
+        QImage empty(80, 600, QImage::Format_RGB32);
         empty.fill(Qt::darkBlue);
-        for (const int column : {110, 510})
-            QCOMPARE(f.drawn().copy(column, 0, 180, 600), empty);
+        for (const int column : {310, 710})
+            QCOMPARE(f.drawn().copy(column, 0, 80, 600), empty);
     }
 
     void extremeNumbersStayWithinBounds()
