@@ -14,6 +14,8 @@
 #include <string>
 #include <system_error>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -374,6 +376,7 @@ void SplineBase::remove(const PointInfo* point)
         return;
     times_.erase(times_.begin() + (place - points_.begin()));
     points_.erase(place);
+    serialSum_ -= point->serial;
     delete point;
 }
 
@@ -397,22 +400,35 @@ void SplineBase::setTime(PointInfo* point, const double& time)
 void SplineBase::mend()
 {
     bool isInOrder = true;
+    std::uint64_t serialSum = 0;
     for (std::size_t i = 0; i < points_.size(); ++i) {
         PointInfo& point = *points_[i];
-        if (point.serial == 0)
-            point.serial = newSerial();
         if (!std::isfinite(point.time))
             point.time = times_[i];
         if (!std::isfinite(point.pos))
             point.pos = 0.0;
         isInOrder = isInOrder && point.time == times_[i];
+        serialSum += point.serial;
     }
+    if (serialSum != serialSum_)
+        renewCopiedSerials();
     if (isInOrder)
         return;
     std::stable_sort(points_.begin(), points_.end(),
                      [](const PointInfo* left, const PointInfo* right) { return left->time < right->time; });
     std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
+}
+
+void SplineBase::renewCopiedSerials()
+{
+    std::unordered_set<std::uint32_t> seen = {0};
+    serialSum_ = 0;
+    for (PointInfo* const point : points_) {
+        if (!seen.insert(point->serial).second)
+            point->serial = newSerial();
+        serialSum_ += point->serial;
+    }
 }
 
 void SplineBase::setPos(PointInfo* point, const double& value)
@@ -476,6 +492,9 @@ bool SplineBase::assign(const SplineState& state)
     for (const PointInfo* point : copies)
         delete point;
     points_.swap(points);
+    serialSum_ = 0;
+    for (const PointInfo* point : points_)
+        serialSum_ += point->serial;
     times_.resize(points_.size());
     std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
@@ -543,6 +562,7 @@ void SplineBase::load(SplineBase* spline, std::istream& in)
     spline->defaultValue = loaded.defaultValue;
     spline->points_.swap(loaded.points_);
     spline->times_.swap(loaded.times_);
+    std::swap(spline->serialSum_, loaded.serialSum_);
 }
 
 std::size_t SplineBase::indexOf(const PointInfo* point) const
@@ -604,6 +624,7 @@ std::uint32_t SplineBase::newSerial()
 void SplineBase::insertNew(std::size_t index, PointInfo point)
 {
     point.serial = newSerial();
+    serialSum_ += point.serial;
     const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
     points_.insert(points_.begin() + place, new PointInfo(point));
@@ -615,6 +636,7 @@ void SplineBase::clear()
         delete point;
     points_.clear();
     times_.clear();
+    serialSum_ = 0;
 }
 
 bool SplineBase::readText(std::istream& in)

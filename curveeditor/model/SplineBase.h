@@ -166,7 +166,7 @@ public:
     /// Puts right what was written past these operations, through `modify`: points whose `time` was written take
     /// their place in the order, one that got a time that is not finite gets its old one back, a value that is
     /// not finite becomes 0.0, and one whose `serial` was overwritten, as by assigning a whole point, becomes a
-    /// new point. Linear where there is nothing to do.
+    /// new point if the serial is 0 or that of an earlier point. Linear where there is nothing to do.
     void mend();
 
     void setPos(PointInfo* point, const double& value);
@@ -263,9 +263,12 @@ private:
     void evaluateBlock(const double* times, double* values, std::size_t count) const;
     void insertNew(std::size_t index, PointInfo point);
     static std::uint32_t newSerial();
+    void renewCopiedSerials();
     void clear();
     bool readText(std::istream& in);
 
     std::vector<PointInfo*> points_;
+    /// Of the serials as they were given; it tells when one was written over.
+    std::uint64_t serialSum_ = 0;
     std::vector<double> times_; ///< the time of each point once more, side by side for the search
 };

@@ -71,6 +71,19 @@ private Q_SLOTS:
         }
     }
 
+    void copiedPointBecomesAPointOfItsOwn()
+    {
+        Fixture f;
+        const PointSerial original = f.serial(1);
+        *f.spline.modify(4) = *f.spline[1];
+        f.spline.modify(4)->time = 8.0;
+        f.spline.mend();
+        QCOMPARE(f.spline.getLast()->time, 8.0);
+        QVERIFY(f.serial(1) == original && f.spline.getLast()->serial != original);
+        SplineEdits::removePoints(f.spline, {original});
+        QCOMPARE(f.spline.getControlPointsNumber(), 5u);
+    }
+
     void aimedTangentsTakeTheSlopeOfTheMouse()
     {
         const double slope = 2.0 / (1.0 + std::sqrt(5.0) * 0.001);

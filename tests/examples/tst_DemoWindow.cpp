@@ -51,29 +51,6 @@ private Q_SLOTS:
         store_.reset();
     }
 
-    // Values of the CIE 1931 tables; the fit is off by a few hundredths at most.
-    void observerFollowsTheTables_data()
-    {
-        QTest::addColumn<double>("wavelength");
-        QTest::addColumn<QList<double>>("xyz");
-        QTest::newRow("400") << 400.0 << QList<double>{0.0143, 0.0004, 0.0679};
-        QTest::newRow("445") << 445.0 << QList<double>{0.3481, 0.0298, 1.7826};
-        QTest::newRow("500") << 500.0 << QList<double>{0.0049, 0.3230, 0.2720};
-        QTest::newRow("555") << 555.0 << QList<double>{0.5121, 1.0000, 0.0057};
-        QTest::newRow("600") << 600.0 << QList<double>{1.0622, 0.6310, 0.0008};
-        QTest::newRow("700") << 700.0 << QList<double>{0.0114, 0.0041, 0.0000};
-    }
-
-    void observerFollowsTheTables()
-    {
-        QFETCH(double, wavelength);
-        QFETCH(QList<double>, xyz);
-        for (int i = 0; i < 3; ++i) {
-            const double value = valueAt(*store_->find("Observer", QString("xyz"[i])), wavelength, fps);
-            QVERIFY2(std::abs(value - xyz[i]) < 0.03, qPrintable(QString("%1 %2").arg("xyz"[i]).arg(value)));
-        }
-    }
-
     void expressionsFollowTheCurvesThatTheyRead()
     {
         Curve* fill = store_->find("Light", "fill intensity");

@@ -302,38 +302,6 @@ private Q_SLOTS:
         QVERIFY(parse(parsed.tree->getString()).tree);
     }
 
-    void nodeAnswersForItsKindOnly_data()
-    {
-        addRows("-t => 0; 2t => 1; if(1,2,3) => 2; 520 => 3; a.bool => 4; t => 5; a.float => 6; a.int => 7");
-    }
-
-    void nodeAnswersForItsKindOnly()
-    {
-        TestMapper mapper({});
-        mapper.add("a.bool", 0.5, 0);
-        mapper.add("a.int", -1.5, 1);
-        mapper.add("a.float", 0.1, 2);
-        QFETCH(QString, text);
-        const Parsed parsed = parse(text.toStdString());
-        const FunctionFloatBase& node = *parsed.tree;
-        const std::vector<bool> tests{node.isUnary(),         node.isBinary(),       node.isTernary(),
-                                      node.isConstant(),      node.isVariableBool(), node.isVariableDouble(),
-                                      node.isVariableFloat(), node.isVariableInt()};
-        const std::vector<const void*> views{node.getUnaryRef(),         node.getBinaryRef(),
-                                             node.getTernaryRef(),       node.getConstantRef(),
-                                             node.getVariableBoolRef(),  node.getVariableDoubleRef(),
-                                             node.getVariableFloatRef(), node.getVariableIntRef()};
-        QFETCH(QString, expected);
-        const std::size_t kind = expected.toUInt();
-        for (std::size_t i = 0; i < tests.size(); ++i) {
-            QCOMPARE(bool(tests[i]), i == kind);
-            QCOMPARE(views[i] != nullptr, i == kind);
-        }
-        const std::map<std::size_t, double> values{{4, 1.0}, {6, double(0.1f)}, {7, -1.0}};
-        if (values.count(kind))
-            QCOMPARE(parsed.tree->evaluate(), values.at(kind));
-    }
-
     void keyConvertsToItsType()
     {
         const std::vector<std::tuple<std::int32_t, double, double>> cases{
