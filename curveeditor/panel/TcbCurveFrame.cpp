@@ -40,14 +40,14 @@ TcbCurveFrame::TcbCurveFrame(QWidget* parent, const QString& name) : QFrame(pare
     QPalette colors;
     colors.setColor(QPalette::Window, background);
     setPalette(colors);
-    previewSpline.addPoint(0.0, 0.0);
-    previewSpline.addPoint(0.5, 1.0);
-    previewSpline.addPoint(1.0, 0.0);
+    previewSpline_.addPoint(0.0, 0.0);
+    previewSpline_.addPoint(0.5, 1.0);
+    previewSpline_.addPoint(1.0, 0.0);
 }
 
 void TcbCurveFrame::setFromPoint(const SplineBase::PointInfo* point)
 {
-    SplineBase::PointInfo* top = previewSpline.modify(topOfHump);
+    SplineBase::PointInfo* top = previewSpline_.modify(topOfHump);
     const double time = top->time;
     const double pos = top->pos;
     *top = *point;
@@ -67,7 +67,7 @@ void TcbCurveFrame::paintEvent(QPaintEvent* event)
     int count = 1;
     for (double time = step; time < 1.0; time += step, ++count) {
         const double x = std::trunc((width() - borderPixels) * time);
-        const double y = (height() - borderPixels) * (1.0 / heightShare - previewSpline(time)) * heightShare;
+        const double y = (height() - borderPixels) * (1.0 / heightShare - previewSpline_(time)) * heightShare;
         const double visibleY =
             std::clamp(std::trunc(y), -double(borderPixels), double(height() + borderPixels));
         drawCross(painter, {truncateToInt(x * ratio), truncateToInt(visibleY * ratio)}, thickness,

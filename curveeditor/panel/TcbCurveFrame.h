@@ -21,5 +21,5 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    SplineBase previewSpline;
+    SplineBase previewSpline_;
 };

@@ -61,45 +61,45 @@ QSize sizeOfButton(const QPushButton& button)
 
 NumbersForm::NumbersForm(QDialog* owner, const QString& name, const Smallest& smallestSizes,
                          std::function<void()> translateTexts)
-    : QObject(owner), dialog(owner), smallest(smallestSizes), translate(std::move(translateTexts)),
-      rows(outerLayout<QVBoxLayout>("", owner))
+    : QObject(owner), dialog_(owner), smallest_(smallestSizes), translate_(std::move(translateTexts)),
+      rows_(outerLayout<QVBoxLayout>("", owner))
 {
-    const QLatin1String ownName(dialog->metaObject()->className());
-    dialog->setObjectName(name.isEmpty() ? ownName : name);
-    dialog->setModal(true);
-    rows->setObjectName(ownName + QLatin1String("Layout"));
-    dialog->installEventFilter(this);
+    const QLatin1String ownName(dialog_->metaObject()->className());
+    dialog_->setObjectName(name.isEmpty() ? ownName : name);
+    dialog_->setModal(true);
+    rows_->setObjectName(ownName + QLatin1String("Layout"));
+    dialog_->installEventFilter(this);
 }
 
 std::tuple<QHBoxLayout*, QLabel*, QLineEdit*>
 NumbersForm::addNumber(const char* layoutName, const char* labelName, const char* lineName)
 {
-    auto* label = named<QLabel>(labelName, dialog);
-    auto* line = named<QLineEdit>(lineName, dialog);
+    auto* label = named<QLabel>(labelName, dialog_);
+    auto* line = named<QLineEdit>(lineName, dialog_);
     for (QWidget* widget : std::initializer_list<QWidget*>{label, line})
         widget->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     line->setMaxLength(lineLength);
     line->setAlignment(Qt::AlignRight);
     label->setBuddy(line);
-    labels.append(label);
-    lines.append(line);
+    labels_.append(label);
+    lines_.append(line);
     return {addRow(layoutName, label, line), label, line};
 }
 
 std::tuple<QHBoxLayout*, QPushButton*, QPushButton*>
 NumbersForm::addButtons(const char* layoutName, const char* acceptName, const char* rejectName)
 {
-    auto* accept = named<QPushButton>(acceptName, dialog);
-    auto* reject = named<QPushButton>(rejectName, dialog);
-    connect(accept, &QPushButton::clicked, dialog, &QDialog::accept);
-    connect(reject, &QPushButton::clicked, dialog, &QDialog::reject);
-    buttons = {accept, reject};
+    auto* accept = named<QPushButton>(acceptName, dialog_);
+    auto* reject = named<QPushButton>(rejectName, dialog_);
+    connect(accept, &QPushButton::clicked, dialog_, &QDialog::accept);
+    connect(reject, &QPushButton::clicked, dialog_, &QDialog::reject);
+    buttons_ = {accept, reject};
     return {addRow(layoutName, accept, reject), accept, reject};
 }
 
 QHBoxLayout* NumbersForm::addRow(const char* name, QWidget* left, QWidget* right)
 {
-    auto* row = innerLayout<QHBoxLayout>(name, rows);
+    auto* row = innerLayout<QHBoxLayout>(name, rows_);
     row->addWidget(left);
     row->addWidget(right);
     return row;
@@ -108,11 +108,11 @@ QHBoxLayout* NumbersForm::addRow(const char* name, QWidget* left, QWidget* right
 void NumbersForm::setTexts(const QString& title, const QStringList& labelTexts, const QString& accept,
                            const QString& reject)
 {
-    dialog->setWindowTitle(title);
-    for (qsizetype i = 0; i < labels.size(); ++i)
-        labels[i]->setText(labelTexts[i]);
-    buttons[0]->setText(accept);
-    buttons[1]->setText(reject);
+    dialog_->setWindowTitle(title);
+    for (qsizetype i = 0; i < labels_.size(); ++i)
+        labels_[i]->setText(labelTexts[i]);
+    buttons_[0]->setText(accept);
+    buttons_[1]->setText(reject);
     fit();
 }
 
@@ -120,7 +120,7 @@ bool NumbersForm::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::LanguageChange:
-        translate();
+        translate_();
         break;
     case QEvent::FontChange:
     case QEvent::StyleChange:
@@ -136,16 +136,16 @@ bool NumbersForm::eventFilter(QObject* watched, QEvent* event)
 // The labels get one width, else the lines would not stand below one another.
 void NumbersForm::fit()
 {
-    QSize labelSize(smallest.labelWidth, rowHeight);
-    for (const QLabel* label : std::as_const(labels))
+    QSize labelSize(smallest_.labelWidth, rowHeight);
+    for (const QLabel* label : std::as_const(labels_))
         labelSize = labelSize.expandedTo(label->sizeHint());
-    for (QLabel* label : std::as_const(labels))
+    for (QLabel* label : std::as_const(labels_))
         label->setFixedSize(labelSize);
-    for (QLineEdit* line : std::as_const(lines))
+    for (QLineEdit* line : std::as_const(lines_))
         line->setFixedSize(sizeOfLine(*line));
-    for (QPushButton* button : std::as_const(buttons))
+    for (QPushButton* button : std::as_const(buttons_))
         button->setMinimumSize(sizeOfButton(*button));
-    rows->activate(); // a visible dialog's layout takes note of new sizes later only
-    dialog->setFixedSize(
-        rows->minimumSize().expandedTo(smallest.dialog).expandedTo({titleWidth(*dialog), 0}));
+    rows_->activate(); // a visible dialog's layout takes note of new sizes later only
+    dialog_->setFixedSize(
+        rows_->minimumSize().expandedTo(smallest_.dialog).expandedTo({titleWidth(*dialog_), 0}));
 }

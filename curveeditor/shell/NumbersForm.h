@@ -34,7 +34,7 @@ public:
     NumbersForm(QDialog* dialog, const QString& name, const Smallest& smallest,
                 std::function<void()> translate);
 
-    QVBoxLayout* column() const { return rows; }
+    QVBoxLayout* column() const { return rows_; }
 
     /// A row for a number of 9 characters, whose line is named to assistive tools by its label.
     std::tuple<QHBoxLayout*, QLabel*, QLineEdit*> addNumber(const char* layout, const char* label,
@@ -52,11 +52,11 @@ private:
     QHBoxLayout* addRow(const char* name, QWidget* left, QWidget* right);
     void fit();
 
-    QDialog* const dialog;
-    const Smallest smallest;
-    const std::function<void()> translate;
-    QVBoxLayout* const rows;
-    QList<QLabel*> labels;
-    QList<QLineEdit*> lines;
-    QList<QPushButton*> buttons;
+    QDialog* const dialog_;
+    const Smallest smallest_;
+    const std::function<void()> translate_;
+    QVBoxLayout* const rows_;
+    QList<QLabel*> labels_;
+    QList<QLineEdit*> lines_;
+    QList<QPushButton*> buttons_;
 };

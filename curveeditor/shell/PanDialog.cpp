@@ -10,15 +10,15 @@ PanDialog::PanDialog(QWidget* parent, const QString& name, bool /*modal*/, Qt::W
     : QDialog(parent, flags)
 {
     setDialogFamily(this);
-    form = new NumbersForm(this, name, {40, {180, 90}}, [this] { languageChange(); });
-    PanDialogLayout = form->column();
-    std::tie(layout2_2, textLabel3_2_2, panX) = form->addNumber("layout2_2", "textLabel3_2_2", "panX");
-    std::tie(layout5, textLabel1_2, panY) = form->addNumber("layout5", "textLabel1_2", "panY");
-    std::tie(layout5_2, allDonePan, cancelPan) = form->addButtons("layout5_2", "allDonePan", "cancelPan");
+    form_ = new NumbersForm(this, name, {40, {180, 90}}, [this] { languageChange(); });
+    PanDialogLayout = form_->column();
+    std::tie(layout2_2, textLabel3_2_2, panX) = form_->addNumber("layout2_2", "textLabel3_2_2", "panX");
+    std::tie(layout5, textLabel1_2, panY) = form_->addNumber("layout5", "textLabel1_2", "panY");
+    std::tie(layout5_2, allDonePan, cancelPan) = form_->addButtons("layout5_2", "allDonePan", "cancelPan");
     PanDialog::languageChange();
 }
 
 void PanDialog::languageChange()
 {
-    form->setTexts(tr("pan selection"), {tr("Pan X"), tr("Pan Y")}, tr("Ok"), tr("Cancel"));
+    form_->setTexts(tr("pan selection"), {tr("Pan X"), tr("Pan Y")}, tr("Ok"), tr("Cancel"));
 }

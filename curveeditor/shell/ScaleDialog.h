@@ -40,5 +40,5 @@ protected Q_SLOTS:
     virtual void languageChange();
 
 private:
-    NumbersForm* form = nullptr;
+    NumbersForm* form_ = nullptr;
 };

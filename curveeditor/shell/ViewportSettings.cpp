@@ -10,13 +10,13 @@ ViewportSettings::ViewportSettings(QWidget* parent, const QString& name, bool /*
                                    Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
-    form = new NumbersForm(this, name, {30, {180, 140}}, [this] { languageChange(); });
-    ViewportSettingsLayout = form->column();
-    std::tie(layout2, textLabel3, minX) = form->addNumber("layout2", "textLabel3", "minX");
-    std::tie(layout5, textLabel1, minY) = form->addNumber("layout5", "textLabel1", "minY");
-    std::tie(layout4, textLabel2, maxX) = form->addNumber("layout4", "textLabel2", "maxX");
-    std::tie(layout3, textLabel4, maxY) = form->addNumber("layout3", "textLabel4", "maxY");
-    std::tie(layout5_2, allDone, cancel) = form->addButtons("layout5_2", "allDone", "cancel");
+    form_ = new NumbersForm(this, name, {30, {180, 140}}, [this] { languageChange(); });
+    ViewportSettingsLayout = form_->column();
+    std::tie(layout2, textLabel3, minX) = form_->addNumber("layout2", "textLabel3", "minX");
+    std::tie(layout5, textLabel1, minY) = form_->addNumber("layout5", "textLabel1", "minY");
+    std::tie(layout4, textLabel2, maxX) = form_->addNumber("layout4", "textLabel2", "maxX");
+    std::tie(layout3, textLabel4, maxY) = form_->addNumber("layout3", "textLabel4", "maxY");
+    std::tie(layout5_2, allDone, cancel) = form_->addButtons("layout5_2", "allDone", "cancel");
     const QList<QWidget*> widgets = findChildren<QWidget*>();
     for (QWidget* widget : widgets)
         setDialogFamily(widget);
@@ -25,6 +25,6 @@ ViewportSettings::ViewportSettings(QWidget* parent, const QString& name, bool /*
 
 void ViewportSettings::languageChange()
 {
-    form->setTexts(tr("viewPort Settings"), {tr("MinX"), tr("MinY"), tr("MaxX"), tr("MaxY")}, tr("Ok"),
+    form_->setTexts(tr("viewPort Settings"), {tr("MinX"), tr("MinY"), tr("MaxX"), tr("MaxY")}, tr("Ok"),
                    tr("Cancel"));
 }

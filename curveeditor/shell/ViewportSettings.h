@@ -46,5 +46,5 @@ protected Q_SLOTS:
     virtual void languageChange();
 
 private:
-    NumbersForm* form = nullptr;
+    NumbersForm* form_ = nullptr;
 };
