@@ -28,10 +28,11 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves, const 
     entry_ = nullptr;
     previewed_ = {};
     checkpoint_.clear();
-    before_.clear();
-    for (const auto& curve : curves) {
-        curve->mend();
-        before_.push_back({curve, curve->state()});
+    before_.resize(curves.size());
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+        curves[i]->mend();
+        before_[i].curve = curves[i];
+        curves[i]->copyTo(before_[i].state); // into the memory of the edit before
     }
     return ++id_;
 }

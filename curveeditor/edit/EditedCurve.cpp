@@ -32,11 +32,16 @@ std::string EditedCurve::formula() const
 CurveState EditedCurve::state() const
 {
     CurveState state;
+    copyTo(state);
+    return state;
+}
+
+void EditedCurve::copyTo(CurveState& state) const
+{
     if (spline_)
-        state.spline = spline_->state();
+        spline_->copyTo(state.spline);
     state.kind = kind_;
     state.formula = formula();
-    return state;
 }
 
 std::uint64_t EditedCurve::fingerprint() const

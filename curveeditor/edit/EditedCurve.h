@@ -33,6 +33,8 @@ public:
     std::string formula() const;
     CurveKind kind() const { return kind_; }
     CurveState state() const;
+    /// The same into a state whose memory is used again.
+    void copyTo(CurveState& state) const;
     /// Whether `state` is what the curve holds now, the kind aside.
     std::uint64_t fingerprint() const;
 

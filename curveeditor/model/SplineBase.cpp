@@ -452,13 +452,19 @@ void SplineBase::setTanRight(PointInfo* point, const double& value)
 SplineState SplineBase::state() const
 {
     SplineState state;
+    copyTo(state);
+    return state;
+}
+
+void SplineBase::copyTo(SplineState& state) const
+{
+    state.points.clear();
     state.points.reserve(points_.size());
     for (const PointInfo* point : points_)
         state.points.push_back(*point);
     state.firstType = firstType;
     state.lastType = lastType;
     state.defaultValue = defaultValue;
-    return state;
 }
 
 bool SplineBase::assign(const SplineState& state)

@@ -178,6 +178,8 @@ public:
     /// The whole content as a value; see `SplineState`.
     /// @{
     SplineState state() const;
+    /// The same into a state whose memory is used again.
+    void copyTo(SplineState& state) const;
 
     /// Makes `state` the content. A point whose serial is there before and after keeps its address; the others
     /// are made, with the serial of the state, or freed. Takes linear time. A state without points, whose times
