@@ -15,11 +15,6 @@ constexpr QColor lineColor(32, 32, 32);
 constexpr QColor textColor(224, 224, 224);
 constexpr QColor warningColor(255, 55, 33);
 
-QString withInserted(const QString& text, int position, const QString& piece)
-{
-    return text.left(position) + piece + text.mid(position);
-}
-
 } // namespace
 
 ExpressionEditLine::ExpressionEditLine(QWidget* parent, const QString& name) : QLineEdit(parent)
@@ -41,11 +36,37 @@ ExpressionEditLine::ExpressionEditLine(QWidget* parent, const QString& name) : Q
         QStringLiteral("1/14 cos(t)+3*exp(-(t-520)^2/2000)+8*exp(-(t-600)^2/2000)+2*exp(-(t-700)^2/4000)"));
 }
 
+void ExpressionEditLine::showFormula(const QString& formula)
+{
+    const bool fits = formula.size() <= maxLength();
+    setReadOnly(!fits);
+    setText(fits ? formula : formula.left(maxLength() - 1) + QChar(0x2026));
+    if (!fits)
+        home(false);
+}
+
+bool ExpressionEditLine::replaceText(const QString& text)
+{
+    const bool isTaken = !isReadOnly() && text.size() <= maxLength();
+    if (isTaken)
+        setText(text);
+    return isTaken;
+}
+
+bool ExpressionEditLine::insertText(const QString& piece)
+{
+    const qsizetype rest = text().size() - selectedText().size();
+    const bool isTaken = !isReadOnly() && rest + piece.size() <= maxLength();
+    if (isTaken)
+        insert(piece);
+    return isTaken;
+}
+
 void ExpressionEditLine::showMessage(const ParseMessage& message)
 {
     lastMessage = message;
-    setText(QString::fromStdString(message.text));
-    if (message.errors.empty())
+    const bool fits = replaceText(QString::fromStdString(message.text));
+    if (!fits || message.errors.empty())
         return;
     showErrorColors();
     const auto& [offset, length] = message.errors.front();
@@ -56,7 +77,8 @@ void ExpressionEditLine::showMessage(const ParseMessage& message)
 
 void ExpressionEditLine::insertUnderscore()
 {
-    setText(withInserted(text(), cursorPosition(), QStringLiteral("_")));
+    deselect();
+    insertText(QStringLiteral("_"));
     setFocus();
 }
 
@@ -112,7 +134,7 @@ void ExpressionEditLine::dropEvent(QDropEvent* event)
         QString dropped = event->mimeData()->text();
         dropped.replace(QLatin1Char(' '), QLatin1Char('_'));
         deselect(); // what is selected is not replaced
-        insert(dropped);
+        insertText(dropped);
         end(false);
     }
     setFocus();

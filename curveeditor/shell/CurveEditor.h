@@ -381,13 +381,14 @@ private:
     bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
     void showContent();
     void showLineText();
+    void showLineTip();
     void setCurveEditableOn(NodeStruct* record);
     void setCurveEditableOff(NodeStruct* record);
     void putOnCanvas(NodeStruct& record);
     void takeOffCanvas(NodeStruct& record);
     void showSelectedRow(NodeStruct& record);
 
-    void parseBuiltText();
+    void parseBuiltText(bool isBuilt);
     void setSplineToolsEnabled(bool enabled);
     void showFirstType(int type);
     void showLastType(int type);

@@ -260,7 +260,7 @@ void CurveEditor::connectActions()
 void CurveEditor::languageChange()
 {
     setWindowTitle(tr("Curve Editor"));
-    commandLine->setToolTip(tr("Here appears the expression"));
+    showLineTip();
     commandLine->setWhatsThis(tr("This's the expression parsed"));
 
     const std::initializer_list<std::pair<QAction*, QString>> texts = {

@@ -45,6 +45,8 @@ QStringList variablesRead(FunctionFloatBase* const* holder)
 
 void CurveEditor::executeCommand()
 {
+    if (commandLine->isReadOnly())
+        return; // what stands there is not the whole formula
     ParseMessage message;
     const bool isSameCurve = d_->functionEdit->canvas.parseExpression(commandLine->text(), message);
     if (!isSameCurve)
@@ -56,10 +58,11 @@ void CurveEditor::executeCommand()
     refreshCommandLine();
 }
 
-void CurveEditor::parseBuiltText()
+void CurveEditor::parseBuiltText(bool isBuilt)
 {
     commandLine->setFocus();
-    executeCommand();
+    if (isBuilt)
+        executeCommand();
 }
 
 void CurveEditor::insertUnaryFunc(int id)
@@ -67,8 +70,7 @@ void CurveEditor::insertUnaryFunc(int id)
     const QString function = entryText(*d_->unaryMenu, id);
     if (function.isEmpty())
         return;
-    commandLine->setText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text()));
-    parseBuiltText();
+    parseBuiltText(commandLine->replaceText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text())));
 }
 
 void CurveEditor::insertBinaryFunc(int id)
@@ -76,8 +78,7 @@ void CurveEditor::insertBinaryFunc(int id)
     const QString sign = entryText(*d_->binaryMenu, id);
     if (sign.isEmpty())
         return;
-    commandLine->setText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign));
-    parseBuiltText();
+    parseBuiltText(commandLine->replaceText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign)));
 }
 
 void CurveEditor::insertTernaryFunc(int id)
@@ -85,8 +86,8 @@ void CurveEditor::insertTernaryFunc(int id)
     const QString function = entryText(*d_->ternaryMenu, id);
     if (function.isEmpty())
         return;
-    commandLine->setText(QStringLiteral(" %1( X, %2, X) ").arg(function, commandLine->text()));
-    parseBuiltText();
+    parseBuiltText(
+        commandLine->replaceText(QStringLiteral(" %1( X, %2, X) ").arg(function, commandLine->text())));
 }
 
 void CurveEditor::insertIVarFunc(int id)
@@ -94,8 +95,7 @@ void CurveEditor::insertIVarFunc(int id)
     const QString variable = entryText(*d_->iVarMenu, id);
     if (variable.isEmpty())
         return;
-    commandLine->insert(QStringLiteral(" %1 ").arg(variable));
-    parseBuiltText();
+    parseBuiltText(commandLine->insertText(QStringLiteral(" %1 ").arg(variable)));
 }
 
 void CurveEditor::insertDVarFunc(int id)
@@ -103,8 +103,7 @@ void CurveEditor::insertDVarFunc(int id)
     const QString variable = entryText(*d_->dVarMenu, id);
     if (variable.isEmpty())
         return;
-    commandLine->insert(variable);
-    parseBuiltText();
+    parseBuiltText(commandLine->insertText(variable));
 }
 
 void CurveEditor::setExpression()
@@ -182,7 +181,15 @@ void CurveEditor::showLineText()
         return;
     d_->lineCurve = curve;
     d_->lineFormula = formula;
-    commandLine->setText(formula);
+    commandLine->showFormula(formula);
+    showLineTip();
+}
+
+void CurveEditor::showLineTip()
+{
+    commandLine->setToolTip(commandLine->isReadOnly()
+                                ? tr("This expression is too long for the line and can't be edited here")
+                                : tr("Here appears the expression"));
 }
 
 void CurveEditor::setSplineToolsEnabled(bool enabled)

@@ -45,8 +45,9 @@ private Q_SLOTS:
         QCOMPARE(line.text(), QString::fromUtf8("größe + t"));
         QCOMPARE(line.palette(), saved);
         QVERIFY(saved.color(QPalette::Text).lightness() - saved.color(QPalette::Base).lightness() > 128);
+        line.showMessage(messageOf("1", 0, 1));
         line.showMessage(messageOf(std::string(20000, '1'), 17000, 5));
-        QVERIFY(line.text().size() == 16384 && !line.hasSelectedText());
+        QCOMPARE(line.text(), "1");
         QTest::mouseClick(&line, Qt::LeftButton);
         QCOMPARE(line.palette(), saved);
     }

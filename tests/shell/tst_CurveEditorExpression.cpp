@@ -4,6 +4,8 @@
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 
+#include <QMimeData>
+
 #include <optional>
 
 class tst_CurveEditorExpression : public QObject
@@ -42,6 +44,34 @@ private Q_SLOTS:
         fixture->editor.cleanSelecteds();
         enter("t");
         QVERIFY(line().text().isEmpty() && !splineToolsEnabled());
+    }
+
+    void formulaLongerThanTheLineOutlivesIt()
+    {
+        setExpression("c.z", QString("t+").repeated(8192) + "t");
+        FunctionFloatBase* const kept = fixture->curves["c.z"].expression;
+        fixture->editor.setEditingNode("c.z");
+        QVERIFY(line().text().size() == 16384 && line().text().endsWith(u'\u2026'));
+        const QString shown = line().text();
+        QVERIFY(line().toolTip().contains("too long"));
+        QTest::keyClicks(&line(), "7\r");
+        for (const char* const button : {"Unary functions", "I vars"})
+            fixture->menu(button)->actions().first()->trigger();
+        QMimeData data;
+        data.setText("b.y");
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&line(), &drop);
+        QCOMPARE(line().text(), shown);
+        QCOMPARE(fixture->curves["c.z"].expression, kept);
+        fixture->editor.setEditingNode("A.x");
+        const QString full(16384, '1'); // a menu must not cut it
+        line().setText(full);
+        for (const char* const button : {"Binary functions", "I vars"})
+            fixture->menu(button)->actions().first()->trigger();
+        QCOMPARE(line().text(), full);
+        QVERIFY(!line().toolTip().contains("too long"));
+        enter("t");
+        QVERIFY(fixture->curves["A.x"].expression);
     }
 
     void gapReadsAsZero()
