@@ -39,10 +39,27 @@ QString numberText(double value, int room)
     return text;
 }
 
+/// The number with at most `most` and at least `fewest` decimals, as many as fit; empty if none fits.
+QString decimalsThatFit(double value, int most, int fewest, int room)
+{
+    for (int decimals = most; decimals >= fewest; --decimals) {
+        const QString text = QString::asprintf("%.*f", decimals, value);
+        if (text.size() <= room)
+            return text;
+    }
+    return QString();
+}
+
 double dragWeight(double pressValue)
 {
     const double largest = std::numeric_limits<float>::max();
     return double(static_cast<float>(std::min(std::abs(pressValue), largest))) + 1.0;
+}
+
+bool movesCursor(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Left || key.key() == Qt::Key_Right || key.key() == Qt::Key_Home ||
+           key.key() == Qt::Key_End;
 }
 
 bool holdsDragButton(Qt::MouseButtons buttons)
@@ -97,7 +114,10 @@ QString CustomEditLine::textFor(double value) const
 
 void CustomEditLine::setValue(double value, const char* label)
 {
-    setText(QString::asprintf("%.3f [%s]", value, label));
+    const QString tag = QStringLiteral(" [%1]").arg(QLatin1String(label));
+    const QString tagged = decimalsThatFit(value, 3, 1, maxLength() - static_cast<int>(tag.size()));
+    const QString plain = tagged.isEmpty() ? decimalsThatFit(value, 3, 0, maxLength()) : tagged + tag;
+    setText(plain.isEmpty() ? numberText(value, maxLength()) : plain);
 }
 
 QSize CustomEditLine::sizeHint() const
@@ -148,7 +168,7 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
         return;
     const double distance = event->globalPosition().toPoint().y() - pressGlobalY;
     const double value = clampToBounds(pressValue - dragWeight(pressValue) * (distance * stepPerPixel));
-    setValue(value);
+    setText(textFor(value)); // also over a text that stands for the same number
     Q_EMIT newValueSet(value, this);
 }
 
@@ -158,6 +178,8 @@ void CustomEditLine::keyPressEvent(QKeyEvent* event)
         return event->ignore();
     if (event->key() == Qt::Key_Escape)
         return cancelEdit();
+    if (text().isEmpty() && movesCursor(*event))
+        checkTextBounds();
     handlingKey_ = true;
     QLineEdit::keyPressEvent(event);
     handlingKey_ = false;

@@ -4,7 +4,8 @@
 #include <QLineEdit>
 
 /// A line for one number. It shows three decimals, reports every change at once, keeps what it reports
-/// between two bounds, and changes its number when the mouse is dragged up or down over it.
+/// between two bounds, and changes its number when the mouse is dragged up or down over it. Typing leaves the text as
+/// typed; a drag, and a key that moves the cursor in an empty line, show the number that the text stands for.
 ///
 /// The text is the value: no number is kept beside it. A text that is no number counts as 0.0, also "nan"; an
 /// infinite one counts as the bound on its side. The decimal sign is "." whatever the locale; a comma is read as
@@ -32,8 +33,8 @@ public:
     /// The text that `setValue` shows for a number.
     QString textFor(double value) const;
 
-    /// Shows `value` with three decimals and the label in brackets, "1.000 [Time]". A text that is too long
-    /// loses its end.
+    /// Shows `value` with three decimals and the label in brackets, "1.000 [Time]". Where that does not fit, the
+    /// number is rounded to two decimals or one, else it stands without the label, with an exponent if it must.
     void setValue(double value, const char* label);
 
     /// Wide enough for the longest number that the maximum length lets in; the minimum too, so that no layout

@@ -60,6 +60,15 @@ private Q_SLOTS:
         QTest::keyClicks(&line, "2.5");
         QCOMPARE(line.text(), "12.5");
         QCOMPARE(line.reported, (Values{1.0, 10.0, 10.0, 10.0}));
+        QTest::mousePress(&line, Qt::LeftButton, {}, QPoint(5, 5));
+        QTest::mouseMove(&line, QPoint(5, 1)); // 12.5 and more is 10.0 again
+        QTest::mouseRelease(&line, Qt::LeftButton);
+        QCOMPARE(line.text(), "10.000");
+        line.clear();
+        QTest::keyClick(&line, Qt::Key_Backspace);
+        QVERIFY(line.text().isEmpty());
+        QTest::keyClick(&line, Qt::Key_Left);
+        QCOMPARE(line.text(), "0.000");
         line.setValue(9.0);
         QCOMPARE(line.text(), "9.000");
     }
@@ -75,8 +84,13 @@ private Q_SLOTS:
             QCOMPARE(line.text(), QString(text));
         }
         line.setMaxLength(15);
-        line.setValue(-1234.5, "Cursor");
-        QCOMPARE(line.text(), "-1234.500 [Curs");
+        for (const auto& [value, text] : {std::pair{-10.126, "-10.13 [Cursor]"},
+                                          {-1234.5, "-1234.500"},
+                                          {123456789012345.75, "123456789012346"},
+                                          {-1.25e15, "-1.25000000e+15"}}) {
+            line.setValue(value, "Cursor");
+            QCOMPARE(line.text(), QString(text));
+        }
     }
 
     void dragFollowsTheDistanceFromThePress()
