@@ -148,9 +148,10 @@ public:
     /// Draws all curves anew. To be called after each change that the host makes by itself; points may be
     /// gone then.
     void updateCurves();
-    /// While the dialog is visible: the curve, if it is on the canvas, becomes a spline curve, and the object
-    /// in its variable is deleted. While it is hidden: the object in `*function` is deleted. The variable is
-    /// null afterwards.
+    /// While the dialog is visible: the curve becomes a spline curve, the object in its variable is deleted, and
+    /// the variable is null then. `function` is not read, and may be null; a curve that is not on the canvas is
+    /// left alone. While the dialog is hidden: the object in `*function` is deleted, whatever the names are, and
+    /// `*function` is null then; a null `function` changes nothing.
     void deleteExpression(const QString& nodeName, const QString& curveName, FunctionFloatBase** function);
     /// Writes the table of all curves on the canvas: a banner, then one row for each whole time within the
     /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes
@@ -175,7 +176,8 @@ public:
     /// Whether horizontal numbers show as frames, or as time.
     bool isModeFrames() const override;
     bool isModeTime() const;
-    /// Gives the dialog, its menus and most of its labels a font; the fields and the grid keep theirs.
+    /// Gives the dialog, all in it and its menus a font. The numbers of the grid, the menu over points and the
+    /// boxes that it opens keep theirs.
     virtual void setFont(const QFont& font);
     /// The widgets of the node page, for the form that fills them.
     NodePageWidgets nodePageWidgets() const override;
@@ -288,7 +290,8 @@ public Q_SLOTS:
     /// Asks for factors or offsets of time and value for the selected points.
     void setScaleSelection();
     void setPanSelection();
-    /// Shows all that the limits allow. Limits that can't be shown are mended first: put in order if they are
+    /// Shows all that the limits allow, and counts frames from then on, on the axis, in the menu and in the field of
+    /// the node page with its label. Limits that can't be shown are mended first: put in order if they are
     /// reversed, else replaced by those of a new editor.
     void resetViewport();
     void completeViewport();

@@ -10,7 +10,7 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
 
-    SplineBase zoom;                      // the host owns its curves ...
+    SplineBase zoom;                      // the host owns its curves, new ones hold a point (0, 0), ...
     FunctionFloatBase* formula = nullptr; // ... and one expression variable for each
     zoom.addPoint(5.0, 2.0);
     zoom.addPoint(10.0, -1.0);
@@ -22,7 +22,13 @@ int main(int argc, char* argv[])
                                         : QString::number(zoom(5.0)) + " at 5")
                             << Qt::endl;
     });
-    editor.setControlPointColor(Qt::white);
+    editor.setControlPointColor(QColor(210, 210, 210)); // black on black else
+    editor.setFrameLinesColor(QColor(60, 60, 60));      // a grid that stays behind the curves
+    editor.setFrameHLineColor(QColor(110, 110, 110));
+    editor.setFrameVLineColor(QColor(110, 110, 110));
+    editor.setFrameFontColor(QColor(190, 190, 190));
+    editor.setFps(24.0);  // frames per time unit
+    editor.setShowTime(); // the axis counts frames else
     editor.setTimeRange(-0.5, 10.5);
     editor.addCurve("Camera", "zoom", Qt::yellow, 0.0F, &zoom, &formula, -3.0F, 3.0F);
     editor.setDefaultSelected("Camera", "zoom");
