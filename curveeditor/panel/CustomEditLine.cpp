@@ -88,15 +88,15 @@ CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit
 
 void CustomEditLine::setBounds(double low, double high)
 {
-    minValue = low;
-    maxValue = high;
+    minValue_ = low;
+    maxValue_ = high;
 }
 
 double CustomEditLine::clampToBounds(double value) const
 {
-    if (value < minValue)
-        return minValue;
-    return value > maxValue ? maxValue : value;
+    if (value < minValue_)
+        return minValue_;
+    return value > maxValue_ ? maxValue_ : value;
 }
 
 void CustomEditLine::setValue(double value)
@@ -144,9 +144,9 @@ void CustomEditLine::mousePressEvent(QMouseEvent* event)
     QLineEdit::mousePressEvent(event);
     if (event->button() == Qt::RightButton)
         return;
-    dragging = true;
-    pressGlobalY = event->globalPosition().toPoint().y();
-    pressValue = numberIn(text());
+    dragging_ = true;
+    pressGlobalY_ = event->globalPosition().toPoint().y();
+    pressValue_ = numberIn(text());
 }
 
 // The base would paste the selection of the desktop at a middle release, over the number just dragged.
@@ -164,10 +164,10 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
     QLineEdit::mouseMoveEvent(event);
     if (!holdsDragButton(event->buttons()))
         stopDrag();
-    if (!dragging)
+    if (!dragging_)
         return;
-    const double distance = event->globalPosition().toPoint().y() - pressGlobalY;
-    const double value = clampToBounds(pressValue - dragWeight(pressValue) * (distance * stepPerPixel));
+    const double distance = event->globalPosition().toPoint().y() - pressGlobalY_;
+    const double value = clampToBounds(pressValue_ - dragWeight(pressValue_) * (distance * stepPerPixel));
     setText(textFor(value)); // also over a text that stands for the same number
     Q_EMIT newValueSet(value, this);
 }
@@ -212,14 +212,14 @@ bool CustomEditLine::event(QEvent* event)
 
 void CustomEditLine::cancelEdit()
 {
-    dragging = false;
+    dragging_ = false;
     Q_EMIT editCancelled(this);
     reportText();
 }
 
 void CustomEditLine::stopDrag()
 {
-    if (std::exchange(dragging, false))
+    if (std::exchange(dragging_, false))
         Q_EMIT editFinished(this);
 }
 

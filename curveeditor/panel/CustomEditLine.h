@@ -76,10 +76,10 @@ private:
     void reportText();
     void cancelEdit();
 
-    int pressGlobalY = 0;
-    double pressValue = 0.0;
-    bool dragging = false;
-    double maxValue = 0.0;
-    double minValue = 0.0;
+    int pressGlobalY_ = 0;
+    double pressValue_ = 0.0;
+    bool dragging_ = false;
+    double maxValue_ = 0.0;
+    double minValue_ = 0.0;
     bool handlingKey_ = false;
 };

@@ -31,7 +31,7 @@ ExpressionEditLine::ExpressionEditLine(QWidget* parent, const QString& name) : Q
     colors.setColor(QPalette::Base, lineColor);
     colors.setColor(QPalette::Text, textColor);
     setPalette(colors);
-    savedPalette = palette();
+    savedPalette_ = palette();
     setText(
         QStringLiteral("1/14 cos(t)+3*exp(-(t-520)^2/2000)+8*exp(-(t-600)^2/2000)+2*exp(-(t-700)^2/4000)"));
 }
@@ -64,7 +64,7 @@ bool ExpressionEditLine::insertText(const QString& piece)
 
 void ExpressionEditLine::showMessage(const ParseMessage& message)
 {
-    lastMessage = message;
+    lastMessage_ = message;
     const bool fits = replaceText(QString::fromStdString(message.text));
     if (!fits || message.errors.empty())
         return;
@@ -143,17 +143,17 @@ void ExpressionEditLine::dropEvent(QDropEvent* event)
 
 void ExpressionEditLine::showErrorColors()
 {
-    QPalette colors = savedPalette;
+    QPalette colors = savedPalette_;
     colors.setColor(QPalette::HighlightedText, warningColor);
     colors.setColor(QPalette::Highlight, colors.color(QPalette::Base));
     setPalette(colors);
-    errorShown = true;
+    errorShown_ = true;
 }
 
 void ExpressionEditLine::restoreColors()
 {
-    if (!errorShown)
+    if (!errorShown_)
         return;
-    setPalette(savedPalette);
-    errorShown = false;
+    setPalette(savedPalette_);
+    errorShown_ = false;
 }

@@ -44,7 +44,7 @@ private:
     void showErrorColors();
     void restoreColors();
 
-    QPalette savedPalette;
-    ParseMessage lastMessage;
-    bool errorShown = false;
+    QPalette savedPalette_;
+    ParseMessage lastMessage_;
+    bool errorShown_ = false;
 };
