@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/DependencyCheck.h>
+#include <curveeditor/canvas/ReleasedAction.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 #include <curveeditor/files/CurveFile.h>
@@ -43,7 +44,7 @@ CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QS
                              const QColor& color, float defaultValue, SplineBase* spline,
                              FunctionFloatBase** expression, float minValue, float maxValue)
     : canvas_(canvas), curve_(canvas->door().history().curve(name, spline, expression)),
-      action_(std::make_unique<QAction>()), canvasSpline_(std::make_unique<CanvasSpline>(spline)),
+      action_(new QAction), canvasSpline_(std::make_unique<CanvasSpline>(spline)),
       canvasExpression_(std::make_unique<CanvasExpression>()), control_(canvas_->door(), curve_),
       defaultValue_(defaultValue), minValue_(minValue), maxValue_(maxValue)
 {
@@ -51,15 +52,18 @@ CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QS
     action_->setText(tr(name.toUtf8().constData()));
     action_->setCheckable(true);
     if (menu) {
-        curvesGroup(menu)->addAction(action_.get());
-        menu->addAction(action_.get());
+        curvesGroup(menu)->addAction(action_);
+        menu->addAction(action_);
     }
-    connect(action_.get(), &QAction::triggered, this, &CurveNodeBase::setThisNode);
+    connect(action_, &QAction::triggered, this, &CurveNodeBase::setThisNode);
     curve_->setKind(getExpression() ? CurveKind::Expression : CurveKind::Spline);
     setColor(color, Qt::black);
 }
 
-CurveNodeBase::~CurveNodeBase() = default;
+CurveNodeBase::~CurveNodeBase()
+{
+    releaseAction(action_);
+}
 
 void CurveNodeBase::setName(const QString& newName)
 {

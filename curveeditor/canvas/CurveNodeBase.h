@@ -114,7 +114,7 @@ private:
 
     CanvasFunctionBase* canvas_;
     std::shared_ptr<EditedCurve> curve_;
-    std::unique_ptr<QAction> action_;
+    QAction* action_; ///< owned
     std::unique_ptr<CanvasSpline> canvasSpline_;
     std::unique_ptr<CanvasExpression> canvasExpression_;
     ControlSplineNode control_;

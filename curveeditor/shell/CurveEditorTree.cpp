@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditorPrivate.h>
 
+#include <curveeditor/canvas/ReleasedAction.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/FunctionEditor.h>
@@ -44,12 +45,16 @@ Record* firstRecord(const std::vector<std::unique_ptr<Record>>& list, Test test)
 
 CurveEditor::MainNodeStruct::~MainNodeStruct()
 {
-    delete menu;
+    if (!menu)
+        return;
+    menu->parentWidget()->removeAction(menu->menuAction());
+    menu->deleteLater();
 }
 
 CurveEditor::NodeStruct::~NodeStruct()
 {
-    delete action;
+    if (action)
+        releaseAction(action);
     delete editingItem;
 }
 

@@ -147,6 +147,24 @@ private Q_SLOTS:
         QCOMPARE(fixture->changes, QStringList{"A/x"});
     }
 
+    void chosenEntryMayBeRemovedByItsReceiver()
+    {
+        CurveEditor& editor = fixture->editor;
+        const QPointer<QAction> entry = fixture->submenu("D vars", 2)->actions()[0];
+        const auto removal = QObject::connect(&editor, &CurveEditor::curveHasChanged,
+                                              [&] { editor.removeNode("c"); }); // the entry and its menu
+        entry->trigger();
+        QVERIFY(QObject::disconnect(removal));
+        QCOMPARE(line().text(), "c.z");
+        QCOMPARE(fixture->menu("D vars")->actions().size(), 3);
+
+        editor.setEditingNode("b.y");
+        QObject::connect(&editor, &CurveEditor::currentCurveChanged, [&] { editor.removeCurve("A", "x"); });
+        fixture->menu("Curves")->actions()[0]->trigger();
+        QCOMPARE(fixture->menu("Curves")->actions().size(), 1);
+        QTRY_VERIFY(!entry);
+    }
+
     void dependencyWalk_data()
     {
         QTest::addColumn<QString>("current");
