@@ -11,6 +11,7 @@
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/SplineBase.h>
 
 #include <QAction>
@@ -19,11 +20,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <vector>
 
 namespace {
 
 constexpr int samplesPerView = 5000;
+constexpr int fewestSamples = 64;
+constexpr int mostNodesOfFullView = 16384; // more than any formula that fits into the formula line has
 constexpr double defaultFramesPerTimeUnit = 10.0;
 
 /// The exclusive group of all curves in that menu, which lives as long as the menu.
@@ -38,13 +42,36 @@ QActionGroup* curvesGroup(QWidget* menu)
     return group;
 }
 
+int nodeCount(const FunctionFloatBase& root)
+{
+    int count = 0;
+    std::vector<const FunctionFloatBase*> pending = {&root};
+    while (!pending.empty()) {
+        const FunctionFloatOperation* const operation = FunctionFloatOperation::of(*pending.back());
+        pending.pop_back();
+        ++count;
+        for (std::size_t i = 0; operation && i < operation->getOperandCount(); ++i)
+            pending.push_back(operation->getOperand(i));
+    }
+    return count;
+}
+
+/// A huge formula is sampled at fewer times, so that the work for a view has a bound.
+int sampleCount(const FunctionFloatBase& expression)
+{
+    const int nodes = nodeCount(expression);
+    if (nodes <= mostNodesOfFullView)
+        return samplesPerView;
+    return std::max(fewestSamples, int(std::int64_t(samplesPerView) * mostNodesOfFullView / nodes));
+}
+
 } // namespace
 
 CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QString& name,
                              const QColor& color, float defaultValue, SplineBase* spline,
                              FunctionFloatBase** expression, float minValue, float maxValue)
-    : canvas_(canvas), curve_(canvas->door().history().curve(name, spline, expression)),
-      action_(new QAction), canvasSpline_(std::make_unique<CanvasSpline>(spline)),
+    : canvas_(canvas), curve_(canvas->door().history().curve(name, spline, expression)), action_(new QAction),
+      canvasSpline_(std::make_unique<CanvasSpline>(spline)),
       canvasExpression_(std::make_unique<CanvasExpression>()), control_(canvas_->door(), curve_),
       defaultValue_(defaultValue), minValue_(minValue), maxValue_(maxValue)
 {
@@ -144,17 +171,19 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
     std::vector<int> lineStarts;
     const PlaneMapping view = viewport.mapping();
     if (view.canShow()) {
-        const double step = view.timeSpan() / samplesPerView;
-        std::vector<double> times(samplesPerView);
-        std::vector<double> values(samplesPerView);
-        for (int i = 0; i < samplesPerView; ++i)
+        const int intervals = sampleCount(*getExpression());
+        const int count = intervals < samplesPerView ? intervals + 1 : intervals; // wide gaps reach the end
+        const double step = view.timeSpan() / intervals;
+        std::vector<double> times(static_cast<std::size_t>(count));
+        std::vector<double> values(times.size());
+        for (int i = 0; i < count; ++i)
             times[std::size_t(i)] = i * step + view.timeMin;
         getExpression()->evaluateBlock(times.data(), viewport.fps, values.data(), values.size());
 
-        const double xScale = view.pixelWidth * (1.0 / samplesPerView);
-        line.reserve(samplesPerView);
+        const double xScale = view.pixelWidth * (1.0 / intervals);
+        line.reserve(count);
         bool joined = true;
-        for (int i = 0; i < samplesPerView; ++i) {
+        for (int i = 0; i < count; ++i) {
             const double value = values[std::size_t(i)];
             const bool finite = std::isfinite(value);
             if (finite) {

@@ -82,7 +82,7 @@ public:
     double getClampedValue(const double& time) const;
 
     /// Rebuilds the picture if the curve is changed or the view dirty, and paints it. An expression is
-    /// sampled at 5000 times across the view; where it has no finite value the line has a gap.
+    /// sampled at 5000 times across the view, at fewer if it has more than 16384 nodes, but at 64 at least; where it has no finite value the line has a gap.
     void draw(ViewPort* viewport, QPainter* painter);
 
     /// Asks the editor whether the curve depends on itself. If it does, returns true, and `withFunc` is the full

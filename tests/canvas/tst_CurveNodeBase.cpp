@@ -60,6 +60,7 @@ private Q_SLOTS:
 
     void expressionIsDrawnWithinItsRangeAndTheCanvas()
     {
+        const QByteArray huge = QByteArray("t+").repeated(20000) + 't'; // 40001 nodes
         const struct
         {
             const char* text;
@@ -67,7 +68,8 @@ private Q_SLOTS:
             int points, breaks, lastRow;
         } cases[] = {{"4", 3.0f, 5000, 0, 20},          {"t-20", 3.0f, 5000, 0, 50},
                      {"1e300", HUGE_VALF, 5000, 0, -1}, {"-1e300", HUGE_VALF, 5000, 0, 100},
-                     {"log(0)", HUGE_VALF, 0, 0, 0},    {"if((t>5)*(t<10), 0/0, 0)", 3.0f, 3751, 1, 50}};
+                     {"log(0)", HUGE_VALF, 0, 0, 0},    {"if((t>5)*(t<10), 0/0, 0)", 3.0f, 3751, 1, 50},
+                     {huge.data(), 3.0f, 2048, 0, 20}};
         for (const auto& c : cases) {
             HostCurve curve;
             CanvasScene scene;
