@@ -205,6 +205,8 @@ void CurveEditor::createExpressionTool()
     d_->ternaryMenu = createExpressionMenu(tr("Ternary functions"), {"if"}, &CurveEditor::insertTernaryFunc);
     d_->iVarMenu = createExpressionMenu(tr("I vars"), {"t", "f"}, &CurveEditor::insertIVarFunc);
     d_->dVarMenu = createExpressionMenu(tr("D vars"), {}, &CurveEditor::insertDVarFunc);
+    for (QMenu* const growing : {d_->curvesMenu, d_->dVarMenu})
+        growing->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // else it makes columns
     // A click on a menu button would else pass the focus to the dialog, and the line would drop its
     // selection.
     expressionTool->setFocusProxy(commandLine);

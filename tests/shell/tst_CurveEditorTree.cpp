@@ -44,6 +44,19 @@ private Q_SLOTS:
         QCOMPARE(fixture->current(), "a.x");
     }
 
+    void longMenusScrollInOneColumn()
+    {
+        for (int i = 0; i < 200; ++i)
+            fixture->open(QStringLiteral("a.curve %1").arg(i));
+        for (QMenu* const menu : {fixture->menu("Curves"), fixture->submenu("D vars", 0)}) {
+            menu->popup({});
+            QCOMPARE(menu->actionGeometry(menu->actions().last()).left(),
+                     menu->actionGeometry(menu->actions().first()).left());
+            QVERIFY(menu->height() <= menu->screen()->geometry().height());
+            menu->close();
+        }
+    }
+
     void renamesReachEveryPlace_data()
     {
         QTest::addColumn<QString>("newName");
