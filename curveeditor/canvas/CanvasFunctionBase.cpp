@@ -313,6 +313,11 @@ bool CanvasFunctionBase::hasSinglePoint() const
     return current_ && current_->control().hasSingleSelection();
 }
 
+bool CanvasFunctionBase::hasSelectedPoint() const
+{
+    return current_ && current_->isSpline() && current_->control().hasSelection();
+}
+
 void CanvasFunctionBase::settle()
 {
     if (viewport_ && viewport_->gesture.isAtPoints())

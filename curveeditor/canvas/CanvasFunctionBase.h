@@ -105,6 +105,8 @@ public:
     bool getCurrentValue(const double& time, double& value) const;
     /// Exactly one point is selected.
     bool hasSinglePoint() const;
+    /// The current curve is a spline of which a point is selected.
+    bool hasSelectedPoint() const;
     void setCurrentToSpline(const bool& dropExpression);
     void setCurrentToExpression();
     /// Back to a spline of one point at the default value; the expression is deleted. Reports each curve.

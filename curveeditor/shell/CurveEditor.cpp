@@ -105,6 +105,7 @@ void CurveEditor::connectEditingList()
         rightButtonPressedEditingItem(checkListsEditing->itemAt(position),
                                       checkListsEditing->viewport()->mapToGlobal(position), 0);
     });
+    connect(d_->functionEdit, &FunctionEditor::selectionShown, this, &CurveEditor::enablePointTools);
     connect(d_->editingMenu.get(), &ControlMenu2::setRemoveItem, this,
             &CurveEditor::slotMenuEditingNodeRemove);
     connect(d_->editingMenu.get(), &ControlMenu2::setColorChange, this,

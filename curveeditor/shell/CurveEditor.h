@@ -393,6 +393,7 @@ private:
 
     void parseBuiltText(bool isBuilt);
     void setSplineToolsEnabled(bool enabled);
+    void enablePointTools();
     void showFirstType(int type);
     void showLastType(int type);
     void setMinTime(const double& val);

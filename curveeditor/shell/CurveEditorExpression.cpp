@@ -161,6 +161,7 @@ void CurveEditor::showContent()
     const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     const bool isSpline = !canvas.noCurrentCurve() && !canvas.isCurrentExpression();
     setSplineToolsEnabled(isSpline);
+    enablePointTools();
     if (canvas.noCurrentCurve())
         return;
     deleteCurve->setEnabled(!isSpline);
@@ -194,16 +195,23 @@ void CurveEditor::showLineTip()
 
 void CurveEditor::setSplineToolsEnabled(bool enabled)
 {
-    for (QToolButton* const button :
-         {d_->fitButton, d_->fitHButton, d_->fitVButton, d_->scaleButton, d_->panButton})
+    for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton})
         button->setEnabled(enabled);
-    for (QAction* const action : {d_->setCompleteAction, d_->setCompleteHAction, d_->setCompleteVAction,
-                                  d_->openScaleSelection, d_->openPanSelection})
+    for (QAction* const action : {d_->setCompleteAction, d_->setCompleteHAction, d_->setCompleteVAction})
         action->setEnabled(enabled);
     for (QMenu* const menu : {d_->firstNodeMenu, d_->lastNodeMenu})
         menu->setEnabled(enabled);
     for (QComboBox* const combo : {nodeFirst, nodeLast})
         combo->setEnabled(enabled);
+}
+
+void CurveEditor::enablePointTools()
+{
+    const bool enabled = d_->functionEdit->canvas.hasSelectedPoint();
+    for (QToolButton* const button : {d_->scaleButton, d_->panButton})
+        button->setEnabled(enabled);
+    for (QAction* const action : {d_->openScaleSelection, d_->openPanSelection})
+        action->setEnabled(enabled);
 }
 
 bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc)

@@ -87,6 +87,7 @@ void FunctionEditor::closeNodeForm()
 void FunctionEditor::showSelection(bool enable)
 {
     nodeForm.updateForm(isCurrentSpline() ? canvas.currentControl() : nullptr, enable);
+    Q_EMIT selectionShown();
 }
 
 void FunctionEditor::resetAllCurves()

@@ -81,6 +81,8 @@ Q_SIGNALS:
     void setPosInfo(const double& valueX, const double& valueY);
     /// The place of the mouse in the plane, and the value of the current curve at that time: 0.0 without one.
     void setFuncPosInfo(const double& valueX, const double& valueY, const double& val);
+    /// The selection may be another one, or be empty now.
+    void selectionShown();
 
 protected:
     bool event(QEvent* event) override;

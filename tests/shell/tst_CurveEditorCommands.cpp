@@ -34,6 +34,24 @@ private Q_SLOTS:
         QCOMPARE(fixture->canvas.timeMax, 5.0);
     }
 
+    void pointToolsFollowTheSelection()
+    {
+        const auto* const button = fixture->editor.findChild<QToolButton*>("Scale");
+        const auto* const action = fixture->menu("Options")->actions()[8];
+        const auto both = [&](bool enabled) {
+            return button->isEnabled() == enabled && action->isEnabled() == enabled;
+        };
+        QVERIFY(both(false));
+        fixture->clickPoint();
+        QVERIFY(both(true));
+        QTest::keyClick(&fixture->canvas, Qt::Key_Delete);
+        QVERIFY(both(false));
+        fixture->editor.undo();
+        QVERIFY(both(true));
+        fixture->open("cam.other");
+        QVERIFY(both(false));
+    }
+
     void pannedPointShowsInTheField()
     {
         fixture->clickPoint();
