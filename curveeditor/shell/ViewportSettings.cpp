@@ -26,5 +26,5 @@ ViewportSettings::ViewportSettings(QWidget* parent, const QString& name, bool /*
 void ViewportSettings::languageChange()
 {
     form_->setTexts(tr("viewPort Settings"), {tr("MinX"), tr("MinY"), tr("MaxX"), tr("MaxY")}, tr("Ok"),
-                   tr("Cancel"));
+                    tr("Cancel"));
 }
