@@ -31,13 +31,13 @@ const char* const formula =
 class Scene
 {
 public:
-    explicit Scene(int splines = curveCount, int expressions = 0)
+    explicit Scene(int splines = curveCount, int expressions = 0, int points = pointCount)
     {
-        editor_.setTimeRange(0.0, pointCount);
+        editor_.setTimeRange(0.0, points);
         editor_.setMinValue(-3.0);
         editor_.setMaxValue(3.0);
         for (int i = 0; i < splines + expressions; ++i)
-            addCurve(i, i >= splines);
+            addCurve(i, i >= splines, points);
         editor_.show();
         canvas_ = editor_.findChild<FunctionEditor*>();
         canvas_->setFixedSize(canvasSize);
@@ -74,11 +74,11 @@ private:
         FunctionFloatBase* expression = nullptr;
     };
 
-    void addCurve(int number, bool isExpression)
+    void addCurve(int number, bool isExpression, int points)
     {
         curves_.push_back(std::make_unique<Curve>());
         Curve& curve = *curves_.back();
-        for (int i = 1; i < pointCount; ++i)
+        for (int i = 1; i < points; ++i)
             curve.spline.addPoint(i, 2.8 * std::sin(i * 0.02 + number) * std::cos(i * 0.003 + number));
         ParseMessage message;
         if (isExpression)
@@ -115,6 +115,37 @@ void dragOfAPoint(benchmark::State& state)
 void dragOfAPointWithTheFormClosed(benchmark::State& state)
 {
     dragStep(state, false);
+}
+
+/// What press and release cost in a curve of that many points, beside a repaint of it, which each of them does.
+void pressOrRelease(benchmark::State& state, bool isPress)
+{
+    Scene scene(1, 0, int(state.range(0)));
+    const QPoint start = scene.pixel(unsigned(state.range(0) / 2));
+    for (auto _ : state) {
+        if (!isPress) {
+            state.PauseTiming();
+            scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
+            scene.send(QEvent::MouseMove, start + QPoint(0, 20), Qt::LeftButton);
+            scene.send(QEvent::MouseMove, start, Qt::LeftButton);
+            state.ResumeTiming();
+        }
+        scene.send(isPress ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, start, Qt::LeftButton);
+    }
+}
+void press(benchmark::State& state)
+{
+    pressOrRelease(state, true);
+}
+void release(benchmark::State& state)
+{
+    pressOrRelease(state, false);
+}
+void repaintOfOneCurve(benchmark::State& state)
+{
+    Scene scene(1, 0, int(state.range(0)));
+    for (auto _ : state)
+        scene.canvas().canvas.paint();
 }
 
 void dragOfAllPoints(benchmark::State& state)
@@ -188,6 +219,9 @@ void sensorTable(benchmark::State& state)
 
 BENCHMARK(dragOfAPoint)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOfAPointWithTheFormClosed)->Unit(benchmark::kMillisecond);
+BENCHMARK(press)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(release)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOfAllPoints)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfAStableView)->Unit(benchmark::kMillisecond);
 BENCHMARK(viewChange)->Unit(benchmark::kMillisecond);
