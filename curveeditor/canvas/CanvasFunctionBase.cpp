@@ -328,7 +328,7 @@ void CanvasFunctionBase::settle()
 /// To be called when all is settled, so that nothing foreign runs before the work is done.
 QPointer<CurveNodeBase> CanvasFunctionBase::edit(CurveNodeBase& node, const QString& text, const Work& work)
 {
-    const QPointer<CurveNodeBase> guard(&node);
+    QPointer<CurveNodeBase> guard(&node);
     door_.begin(text, {node.curve()});
     work(*node.curve());
     door_.commit();

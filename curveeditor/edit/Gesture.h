@@ -59,9 +59,9 @@ public:
 private:
     struct Point
     {
-        PointSerial serial;
+        PointSerial serial = 0;
         Place start; ///< at the begin of the leg
-        double near; ///< the time at which it was seen last
+        double near = 0.0; ///< the time at which it was seen last
     };
 
     void beginLeg(const SplineBase& spline, const Place& anchor, bool scaling);

@@ -67,7 +67,7 @@ private:
     class Points;
     struct Entry
     {
-        std::size_t index;
+        std::size_t index = 0;
         SplineBase::PointInfo info;
     };
     template <typename Value> struct Change
