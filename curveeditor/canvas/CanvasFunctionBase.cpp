@@ -325,14 +325,14 @@ void CanvasFunctionBase::settle()
     door_.commit();
 }
 
-/// To be called when all is settled, so that nothing foreign runs before the work is done.
-QPointer<CurveNodeBase> CanvasFunctionBase::edit(CurveNodeBase& node, const QString& text, const Work& work)
+/// To be called when all is settled, so that nothing foreign runs before the work is done. The node may be gone
+/// afterwards.
+void CanvasFunctionBase::edit(const CurveNodeBase& node, const QString& text, const Work& work)
 {
-    QPointer<CurveNodeBase> guard(&node);
-    door_.begin(text, {node.curve()});
-    work(*node.curve());
+    const std::shared_ptr<EditedCurve> curve = node.curve();
+    door_.begin(text, {curve});
+    work(*curve);
     door_.commit();
-    return guard;
 }
 
 /// Edits the current curve; `text` has a place for its name.
@@ -345,7 +345,9 @@ void CanvasFunctionBase::editSettled(const QString& text, const Work& work)
 
 void CanvasFunctionBase::editAndReport(CurveNodeBase& node, const QString& text, const Work& work)
 {
-    if (const QPointer<CurveNodeBase> curve = edit(node, text, work))
+    const QPointer<CurveNodeBase> curve(&node);
+    edit(node, text, work);
+    if (curve)
         curve->emitCurveChanged();
 }
 

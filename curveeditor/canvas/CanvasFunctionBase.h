@@ -275,7 +275,7 @@ private:
     void stepSelection(bool forward);
 
     using Work = std::function<void(EditedCurve&)>;
-    QPointer<CurveNodeBase> edit(CurveNodeBase& node, const QString& text, const Work& work);
+    void edit(const CurveNodeBase& node, const QString& text, const Work& work);
     void editSettled(const QString& text, const Work& work);
     void editAndReport(CurveNodeBase& node, const QString& text, const Work& work);
     void editSelections(const QString& text, const std::function<void(ControlSplineNode&)>& work);

@@ -60,7 +60,7 @@ private:
     struct Point
     {
         PointSerial serial = 0;
-        Place start; ///< at the begin of the leg
+        Place start;       ///< at the begin of the leg
         double near = 0.0; ///< the time at which it was seen last
     };
 

@@ -74,7 +74,7 @@ bool replaceFile(const QString& path, const std::string& content)
     const QString random = QString::number(QRandomGenerator::system()->generate64(), 36);
     const QByteArray target = QFile::encodeName(path);
     const QByteArray fresh = QFile::encodeName(folder + QLatin1String("/.curve-") + random);
-    struct stat old;
+    struct stat old = {};
     const bool hasOld = ::stat(target.constData(), &old) == 0;
     const mode_t mode = hasOld ? old.st_mode & 0777 : 0666;
     if (!writeNewFile(fresh.constData(), mode, content))

@@ -2,7 +2,7 @@
 #include <curveeditor/model/CurveDiff.h>
 
 #include <algorithm>
-#include <cstring>
+#include <cmath>
 #include <sstream>
 #include <utility>
 
@@ -10,9 +10,11 @@ namespace {
 
 using PointInfo = SplineBase::PointInfo;
 
+/// As whole states are compared: -0.0 is another number than 0.0, and not-a-number the same as itself.
 bool hasSameBits(double left, double right)
 {
-    return std::memcmp(&left, &right, sizeof(double)) == 0;
+    return (left == right && std::signbit(left) == std::signbit(right)) ||
+           (std::isnan(left) && std::isnan(right));
 }
 
 const char* typeName(std::int32_t type)
@@ -30,6 +32,7 @@ const char* typeName(std::int32_t type)
 template <typename Entries> std::vector<std::uint32_t> serialsOf(const Entries& entries)
 {
     std::vector<std::uint32_t> serials;
+    serials.reserve(entries.size());
     for (const auto& entry : entries)
         serials.push_back(entry.info.serial);
     return serials;
@@ -48,14 +51,14 @@ public:
     }
     explicit Points(const SplineState& state)
         : firstType(state.firstType), lastType(state.lastType), defaultValue(state.defaultValue),
-          points_(state.points.data()), size_(state.points.size())
+          state_(&state), size_(state.points.size())
     {
     }
 
     std::size_t size() const { return size_; }
     const PointInfo& operator[](std::size_t index) const
     {
-        return points_ ? points_[index] : *pointers_[index];
+        return state_ ? state_->points[index] : *pointers_[index];
     }
 
     /// The behaviours that need a span act only where there is one.
@@ -67,7 +70,7 @@ public:
 
 private:
     const PointInfo* const* pointers_ = nullptr;
-    const PointInfo* points_ = nullptr;
+    const SplineState* state_ = nullptr;
     std::size_t size_;
 };
 

@@ -2,6 +2,7 @@
 #include <curveeditor/model/SplineState.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <iterator>
@@ -11,6 +12,14 @@ namespace {
 using PointInfo = SplineBase::PointInfo;
 
 static_assert(sizeof(PointInfo) == 80, "a point has no padding, whose bits would be compared");
+
+/// The bits of a value, in words that can be compared.
+template <typename Value> auto wordsOf(const Value& value)
+{
+    std::array<std::uint64_t, (sizeof(Value) + 7) / 8> words{};
+    std::memcpy(words.data(), &value, sizeof(value));
+    return words;
+}
 
 /// Mixes words into one number, each by a multiplication with the golden ratio and a shift.
 class Mixer
@@ -23,21 +32,13 @@ public:
     }
     template <typename Value> void addBits(const Value& value)
     {
-        std::uint64_t word = 0;
-        std::memcpy(&word, &value, sizeof(value));
-        add(word);
-    }
-    void addPoint(const PointInfo& point)
-    {
-        std::uint64_t words[sizeof(PointInfo) / sizeof(std::uint64_t)];
-        std::memcpy(words, &point, sizeof(point));
-        for (const std::uint64_t word : words)
+        for (const std::uint64_t word : wordsOf(value))
             add(word);
     }
     std::uint64_t result() const { return sum_; }
 
 private:
-    std::uint64_t sum_ = 0;
+    std::uint64_t sum_ = 1;
 };
 
 std::uint64_t mixed(Mixer points, std::int32_t firstType, std::int32_t lastType, double defaultValue)
@@ -52,13 +53,13 @@ std::uint64_t mixed(Mixer points, std::int32_t firstType, std::int32_t lastType,
 
 bool isSamePoint(const PointInfo& left, const PointInfo& right)
 {
-    return std::memcmp(&left, &right, sizeof(PointInfo)) == 0;
+    return wordsOf(left) == wordsOf(right);
 }
 
 bool SplineState::operator==(const SplineState& other) const
 {
     return firstType == other.firstType && lastType == other.lastType &&
-           std::memcmp(&defaultValue, &other.defaultValue, sizeof(double)) == 0 &&
+           wordsOf(defaultValue) == wordsOf(other.defaultValue) &&
            std::equal(points.begin(), points.end(), other.points.begin(), other.points.end(), isSamePoint);
 }
 
@@ -78,7 +79,7 @@ std::uint64_t SplineState::fingerprint() const
 {
     Mixer mixer;
     for (const PointInfo& point : points)
-        mixer.addPoint(point);
+        mixer.addBits(point);
     return mixed(mixer, firstType, lastType, defaultValue);
 }
 
@@ -86,6 +87,6 @@ std::uint64_t fingerprintOf(const SplineBase& spline)
 {
     Mixer mixer;
     for (const PointInfo* point : spline.getControlPoints())
-        mixer.addPoint(*point);
+        mixer.addBits(*point);
     return mixed(mixer, spline.firstType, spline.lastType, spline.getDefaultValue());
 }

@@ -43,7 +43,7 @@ QString numberText(double value, int room)
 QString decimalsThatFit(double value, int most, int fewest, int room)
 {
     for (int decimals = most; decimals >= fewest; --decimals) {
-        const QString text = QString::asprintf("%.*f", decimals, value);
+        QString text = QString::asprintf("%.*f", decimals, value);
         if (text.size() <= room)
             return text;
     }
