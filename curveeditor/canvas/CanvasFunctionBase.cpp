@@ -329,7 +329,7 @@ void CanvasFunctionBase::settle()
 /// afterwards.
 void CanvasFunctionBase::edit(const CurveNodeBase& node, const QString& text, const Work& work)
 {
-    const std::shared_ptr<EditedCurve> curve = node.curve();
+    const std::shared_ptr<EditedCurve>& curve = node.curve();
     door_.begin(text, {curve});
     work(*curve);
     door_.commit();
