@@ -6,6 +6,7 @@
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
+#include <curveeditor/shell/ViewportSettings.h>
 
 #include <QAction>
 #include <QBackingStore>
@@ -14,6 +15,7 @@
 #include <QUndoStack>
 
 #include <functional>
+#include <sstream>
 
 namespace {
 
@@ -250,6 +252,21 @@ private Q_SLOTS:
             QString warning;
             closeBox(warning);
             s.enter("a.z");
+        });
+        row("load", 1, x, [](Scene& s) {
+            std::stringstream file;
+            QVERIFY(s.canvas.canvas.saveCurve(file));
+            s.drag(5.0, 1.0, 6.0, 2.0);
+            s.editor.undoStack()->undo();
+            s.changes.clear();
+            QVERIFY(s.canvas.canvas.loadCurve(file));
+            s.editor.refreshCommandLine();
+        });
+        row("a key in the time field after Set Range", 0, x + x, [](Scene& s) {
+            s.clickPoint();
+            whenOpen<ViewportSettings>([](ViewportSettings& dialog) { dialog.accept(); });
+            s.editor.setRange();
+            QTest::keyClick(s.editor.posX, Qt::Key_Right);
         });
         row("formula deleted", 1, {"a/z"}, [](Scene& s) {
             s.canvas.canvas.setCurrentCurve("a.z");
