@@ -56,6 +56,14 @@ QSize deviceSize(const ViewPort& view, double devicePixelRatio)
                  truncateToInt(std::ceil(view.pixelHeight * devicePixelRatio)));
 }
 
+/// What stands where a view reaches past the picture: the first colour of a palette, if it has one.
+QColor colorOfPixelZero(const QImage& image)
+{
+    if (image.colorCount() > 0)
+        return QColor::fromRgba(image.color(0));
+    return image.hasAlphaChannel() ? Qt::transparent : Qt::black;
+}
+
 } // namespace
 
 BackgroundImage::BackgroundImage(const QString& fileName) : sourceImage(decoded(fileName)) {}
@@ -70,7 +78,7 @@ void BackgroundImage::updateForView(ViewPort* view, double devicePixelRatio)
     QPixmap pixmap(deviceSize(*view, devicePixelRatio));
     if (pixmap.isNull())
         return;
-    pixmap.fill(sourceImage.hasAlphaChannel() ? Qt::transparent : Qt::black);
+    pixmap.fill(colorOfPixelZero(sourceImage));
     // Crops and scales in one pass over the visible pixels: cutting the part out first costs a copy of the
     // whole picture at a far view.
     QPainter(&pixmap).drawImage(QRectF(pixmap.rect()), sourceImage, part);

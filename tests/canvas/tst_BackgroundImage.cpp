@@ -43,6 +43,13 @@ private Q_SLOTS:
         QVERIFY(!shows(0.0, 0.01, {}, {}));
         QVERIFY(background.viewPixmap.isNull());
 
+        QImage palette(600, 600, QImage::Format_Indexed8);
+        palette.setColorTable({QColor(Qt::green).rgb(), QColor(Qt::red).rgb()});
+        palette.fill(1);
+        palette.save(folder.filePath("palette.png"));
+        background = BackgroundImage(folder.filePath("palette.png"));
+        QVERIFY(shows(4.5, 15.5, Qt::red, Qt::green));
+
         background = BackgroundImage(folder.path());
         QVERIFY(!shows(-1.0, 10.0, {}, {}));
     }
