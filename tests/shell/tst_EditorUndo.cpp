@@ -162,6 +162,7 @@ private Q_SLOTS:
             s.press(5.0, 1.0);
             s.move(6.0, 2.0);
             s.canvas.canvas.setCurrentCurve("a.y");
+            QCOMPARE(s.commits, QStringList{"a/x"}); // the drag ends with it
             s.canvas.canvas.currentControl()->selectOnly(s.curves["a.y"].spline[1]);
             s.move(7.0, 2.0);
             s.canvas.canvas.currentControl()->selectOnly(nullptr);
