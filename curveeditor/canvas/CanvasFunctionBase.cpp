@@ -423,12 +423,6 @@ void CanvasFunctionBase::resetCurves(const std::vector<QPointer<CurveNodeBase>>&
     }
 }
 
-void CanvasFunctionBase::notifyCurrentChanged()
-{
-    if (current_)
-        current_->emitCurveChanged();
-}
-
 bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
     settle();

@@ -112,8 +112,6 @@ public:
     /// Back to a spline of one point at the default value; the expression is deleted. Reports each curve.
     void resetAllCurves();
     void resetCurrentCurve();
-    /// Reports the current curve as changed.
-    void notifyCurrentChanged();
 
     /// Parses `text` for the current curve. A text that can't be parsed leaves the curve as it is. One that makes
     /// the curve depend on itself is taken, but the curve's kind stays and nothing is reported; `message` gets

@@ -32,7 +32,6 @@ public:
     };
 
     Kind kind() const { return kind_; }
-    bool isIdle() const { return kind_ == Kind::Idle; }
     bool isAtPoints() const { return kind_ == Kind::Points || kind_ == Kind::Tangent; }
     bool isAtView() const { return kind_ == Kind::Band || kind_ == Kind::Pan || kind_ == Kind::Zoom; }
 

@@ -133,11 +133,6 @@ void FunctionEditor::completeViewport()
     completeViewportV();
 }
 
-void FunctionEditor::currentNodeHasChanged()
-{
-    canvas.currentNodeHasChanged();
-}
-
 bool FunctionEditor::event(QEvent* event)
 {
     // Tab moves the focus without ever becoming a key press, so it is handled before the focus goes.

@@ -73,9 +73,6 @@ public:
     /// Public, as the dialog hands on each key that reaches it.
     void keyPressEvent(QKeyEvent* event) override;
 
-public Q_SLOTS:
-    void currentNodeHasChanged();
-
 Q_SIGNALS:
     /// The place of the mouse in the plane. Silent while a single point is selected.
     void setPosInfo(const double& valueX, const double& valueY);
