@@ -27,17 +27,27 @@ constexpr int pointCount = 1000;
 const char* const formula =
     "1/14 cos(t)+3*exp(-(t-520)^2/2000)+8*exp(-(t-600)^2/2000)+2*exp(-(t-700)^2/4000)";
 
-/// A dialog whose canvas shows 100 splines of 1,000 points, or as many expressions, on 1600 x 900 pixels.
+/// What the canvas shows, 100 smooth splines of 1,000 points within their bounds if nothing else is said.
+struct Content
+{
+    int splines = curveCount;
+    int expressions = 0;
+    int points = pointCount;
+    double swings = 3.0; ///< across the view
+    float bound = 10.0f; ///< the values reach 2.8
+};
+
+/// A dialog whose canvas has 1600 x 900 logical pixels.
 class Scene
 {
 public:
-    explicit Scene(int splines = curveCount, int expressions = 0, int points = pointCount)
+    explicit Scene(const Content& content = {})
     {
-        editor_.setTimeRange(0.0, points);
+        editor_.setTimeRange(0.0, content.points);
         editor_.setMinValue(-3.0);
         editor_.setMaxValue(3.0);
-        for (int i = 0; i < splines + expressions; ++i)
-            addCurve(i, i >= splines, points);
+        for (int i = 0; i < content.splines + content.expressions; ++i)
+            addCurve(i, content);
         editor_.show();
         canvas_ = editor_.findChild<FunctionEditor*>();
         canvas_->setFixedSize(canvasSize);
@@ -53,8 +63,10 @@ public:
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
+    CurveEditor& editor() { return editor_; }
     FunctionEditor& canvas() { return *canvas_; }
-    SplineBase::PointInfo* point(unsigned index) { return curves_.back()->spline.modify(index); }
+    SplineBase& spline() { return curves_.back()->spline; }
+    SplineBase::PointInfo* point(unsigned index) { return spline().modify(index); }
     QPoint pixel(unsigned index)
     {
         return {canvas_->timeToPixel(point(index)->time), canvas_->valueToPixel(point(index)->pos)};
@@ -66,6 +78,8 @@ public:
                           type == QEvent::MouseButtonRelease ? Qt::NoButton : button, keys);
         QApplication::sendEvent(canvas_, &event);
     }
+    /// What the last calls made out of date reaches the screen.
+    void show() { QApplication::processEvents(); }
 
 private:
     struct Curve
@@ -74,18 +88,19 @@ private:
         FunctionFloatBase* expression = nullptr;
     };
 
-    void addCurve(int number, bool isExpression, int points)
+    void addCurve(int number, const Content& content)
     {
         curves_.push_back(std::make_unique<Curve>());
         Curve& curve = *curves_.back();
-        for (int i = 1; i < points; ++i)
-            curve.spline.addPoint(i, 2.8 * std::sin(i * 0.02 + number) * std::cos(i * 0.003 + number));
+        const double pace = 2.0 * M_PI * content.swings / content.points;
+        for (int i = 1; i < content.points; ++i)
+            curve.spline.addPoint(i, 2.8 * std::sin(i * pace + number) * std::cos(i * pace * 0.15 + number));
         ParseMessage message;
-        if (isExpression)
+        if (number >= content.splines)
             curve.expression = FunctionParserBase::instance()->parseString(formula, message);
         const QString name = QString::number(number);
         editor_.addCurve("Bench", name, QColor::fromHsv(number * 3 % 360, 200, 255), 0.0f, &curve.spline,
-                         &curve.expression, -10.0f, 10.0f);
+                         &curve.expression, -content.bound, content.bound);
         editor_.setDefaultSelected("Bench", name);
     }
 
@@ -94,33 +109,28 @@ private:
     FunctionEditor* canvas_ = nullptr;
 };
 
-/// A move event, all that it causes, and the buffer rendered.
-void dragStep(benchmark::State& state, bool formOpen)
+/// A move event, all that it causes, and the frame shown.
+void dragStep(benchmark::State& state, const Content& content, bool formOpen = true)
 {
-    Scene scene;
-    const QPoint start = scene.pixel(500);
+    Scene scene(content);
+    const QPoint start = scene.pixel(unsigned(content.points / 2));
     scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
     if (!formOpen)
         scene.canvas().closeNodeForm();
     if (scene.canvas().nodeForm.isActive() != formOpen)
         state.SkipWithError("the node form is not as it should be");
+    scene.show();
     int step = 0;
-    for (auto _ : state)
+    for (auto _ : state) {
         scene.send(QEvent::MouseMove, start + QPoint(0, 10 + ++step % 50), Qt::LeftButton);
-}
-void dragOfAPoint(benchmark::State& state)
-{
-    dragStep(state, true);
-}
-void dragOfAPointWithTheFormClosed(benchmark::State& state)
-{
-    dragStep(state, false);
+        scene.show();
+    }
 }
 
 /// What press and release cost in a curve of that many points, beside a repaint of it, which each of them does.
 void pressOrRelease(benchmark::State& state, bool isPress)
 {
-    Scene scene(1, 0, int(state.range(0)));
+    Scene scene(Content{.splines = 1, .points = int(state.range(0))});
     const QPoint start = scene.pixel(unsigned(state.range(0) / 2));
     for (auto _ : state) {
         if (!isPress) {
@@ -131,6 +141,7 @@ void pressOrRelease(benchmark::State& state, bool isPress)
             state.ResumeTiming();
         }
         scene.send(isPress ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, start, Qt::LeftButton);
+        scene.show();
     }
 }
 void press(benchmark::State& state)
@@ -143,30 +154,49 @@ void release(benchmark::State& state)
 }
 void repaintOfOneCurve(benchmark::State& state)
 {
-    Scene scene(1, 0, int(state.range(0)));
-    for (auto _ : state)
+    Scene scene(Content{.splines = 1, .points = int(state.range(0))});
+    for (auto _ : state) {
         scene.canvas().canvas.paint();
+        scene.show();
+    }
 }
 
 void dragOfAllPoints(benchmark::State& state)
 {
-    Scene scene;
-    for (unsigned i = 0; i < pointCount; ++i)
-        scene.canvas().canvas.currentControl()->toggleSelected(scene.point(i));
+    Scene scene(
+        Content{.splines = state.range(0) == pointCount ? curveCount : 1, .points = int(state.range(0))});
+    std::vector<PointSerial> points;
+    for (const SplineBase::PointInfo* point : scene.spline().getControlPoints())
+        points.push_back(point->serial);
+    scene.canvas().canvas.currentControl()->selection().selectAll(points);
     const QPoint start(800, 20);
     scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
+    scene.show();
     int step = 0;
     for (auto _ : state) {
         ++step;
         scene.send(QEvent::MouseMove, start + QPoint(step % 50, step % 40), Qt::LeftButton);
+        scene.show();
     }
 }
 
 void repaintOfAStableView(benchmark::State& state)
 {
     Scene scene;
-    for (auto _ : state)
+    for (auto _ : state) {
         scene.canvas().canvas.paint();
+        scene.show();
+    }
+}
+
+void tickOfTheTimeLine(benchmark::State& state)
+{
+    Scene scene;
+    int step = 0;
+    for (auto _ : state) {
+        scene.editor().setTimeLine(double(++step % pointCount));
+        scene.show();
+    }
 }
 
 /// A pan step: every curve is sampled and drawn anew.
@@ -175,17 +205,14 @@ void panStep(benchmark::State& state, Scene& scene)
     scene.canvas().zoomView(-400, 200);
     scene.send(QEvent::MouseButtonPress, QPoint(800, 450), Qt::MiddleButton, Qt::AltModifier);
     int step = 0;
-    for (auto _ : state)
+    for (auto _ : state) {
         scene.send(QEvent::MouseMove, QPoint(800 + ++step % 50, 450), Qt::MiddleButton, Qt::AltModifier);
+        scene.show();
+    }
 }
-void viewChange(benchmark::State& state)
+void viewChange(benchmark::State& state, const Content& content)
 {
-    Scene scene;
-    panStep(state, scene);
-}
-void viewChangeWithOneExpression(benchmark::State& state)
-{
-    Scene scene(0, 1);
+    Scene scene(content);
     panStep(state, scene);
 }
 void viewChangeWithALargePicture(benchmark::State& state)
@@ -198,7 +225,7 @@ void viewChangeWithALargePicture(benchmark::State& state)
             picture.setPixel(x, y, qRgb(x * y % 256, x % 256, y % 256));
     }
     picture.save(fileName);
-    Scene scene(1);
+    Scene scene(Content{.splines = 1});
     scene.canvas().canvas.loadImage(fileName);
     panStep(state, scene);
 }
@@ -206,7 +233,7 @@ void viewChangeWithALargePicture(benchmark::State& state)
 /// 400 rows of 100 curves, half of them expressions.
 void sensorTable(benchmark::State& state)
 {
-    Scene scene(curveCount / 2, curveCount / 2);
+    Scene scene(Content{.splines = curveCount / 2, .expressions = curveCount / 2});
     scene.canvas().setLimitTimeMin(0.0);
     scene.canvas().setLimitTimeMax(399.0);
     for (auto _ : state) {
@@ -217,16 +244,52 @@ void sensorTable(benchmark::State& state)
     }
 }
 
-BENCHMARK(dragOfAPoint)->Unit(benchmark::kMillisecond);
-BENCHMARK(dragOfAPointWithTheFormClosed)->Unit(benchmark::kMillisecond);
+/// The dialog stands on the screen while a thousand curves come onto its canvas one by one.
+void openingCurvesOneByOne(benchmark::State& state)
+{
+    std::vector<SplineBase> splines(1000);
+    std::vector<FunctionFloatBase*> expressions(splines.size(), nullptr);
+    for (SplineBase& spline : splines) {
+        for (int i = 1; i < 10; ++i)
+            spline.addPoint(i, i % 3);
+    }
+    for (auto _ : state) {
+        CurveEditor editor;
+        editor.show();
+        for (std::size_t i = 0; i < splines.size(); ++i) {
+            const QString name = QString::number(i);
+            editor.addCurve("Bench", name, Qt::red, 0.0f, &splines[i], &expressions[i], -10.0f, 10.0f);
+            editor.setDefaultSelected("Bench", name);
+            QApplication::processEvents();
+        }
+    }
+}
+
+const Content swinging{.swings = 50.0};
+const Content clamped{.bound = 2.0f};
+const Content dense{.points = 10000};
+const Content oneLong{.splines = 1, .points = 100000};
+const Content formulas{.splines = 0, .expressions = curveCount};
+const Content oneFormula{.splines = 0, .expressions = 1};
+
+BENCHMARK_CAPTURE(dragStep, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, smoothWithTheFormClosed, Content(), false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, swinging, swinging)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, clamped, clamped)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, dense, dense)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, oneLong, oneLong)->Unit(benchmark::kMillisecond);
 BENCHMARK(press)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(release)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(dragOfAllPoints)->Unit(benchmark::kMillisecond);
+BENCHMARK(dragOfAllPoints)->Arg(pointCount)->Arg(40000)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfAStableView)->Unit(benchmark::kMillisecond);
-BENCHMARK(viewChange)->Unit(benchmark::kMillisecond);
-BENCHMARK(viewChangeWithOneExpression)->Unit(benchmark::kMillisecond);
+BENCHMARK(tickOfTheTimeLine)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, swinging, swinging)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, formulas, formulas)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, oneFormula, oneFormula)->Unit(benchmark::kMillisecond);
 BENCHMARK(viewChangeWithALargePicture)->Unit(benchmark::kMillisecond);
+BENCHMARK(openingCurvesOneByOne)->Unit(benchmark::kMillisecond);
 BENCHMARK(sensorTable)->Unit(benchmark::kMillisecond);
 
 } // namespace

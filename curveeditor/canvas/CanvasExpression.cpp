@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasExpression.h>
 
-#include <curveeditor/canvas/LineWithGaps.h>
-
-#include <QPainter>
+#include <QColor>
 
 void CanvasExpression::setColors(const QPen& pen, const QColor& background)
 {
@@ -15,14 +13,7 @@ void CanvasExpression::setColors(const QPen& pen, const QColor& background)
                                   (color.blue() + background.blue()) / 2));
 }
 
-void CanvasExpression::setLine(const QPolygon& points, const std::vector<int>& starts)
+void CanvasExpression::draw(CurvePainter& curves) const
 {
-    curveLine = points;
-    lineStarts = starts;
-}
-
-void CanvasExpression::draw(QPainter* painter) const
-{
-    painter->setPen(selected ? selectedPen : unselectedPen);
-    drawLineWithGaps(painter, curveLine, lineStarts);
+    curves.drawSolid(curveLine, (selected ? selectedPen : unselectedPen).color());
 }

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/CanvasLayer.h>
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/edit/CurveEdit.h>
 #include <curveeditor/edit/Gesture.h>
 
 #include <QColor>
 #include <QObject>
-#include <QPixmap>
 #include <QPointer>
 #include <QStringList>
 
 #include <functional>
 #include <iosfwd>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 class BackgroundImage;
@@ -172,16 +174,15 @@ public:
     /// @name The picture
     /// @{
 
-    /// Draws everything into the buffer, rebuilding only what is out of date, and lets the widget show it. A
-    /// widget that is not visible is painted when it is shown.
+    /// Brings what is out of date up to date and lets the widget show it. A widget that is not visible is
+    /// painted when it is shown.
     void paint();
     /// Until as many `releasePaint` follow, `paint` waits; the last one paints.
     void holdPaint() { ++paintHolds_; }
     void releasePaint();
-    /// For the widget's `paintEvent`: shows the buffer, after `paint`ing anew if the event was not caused by
-    /// `paint` itself.
+    /// For the widget's `paintEvent`: brings the picture up to date and draws it.
     void showBuffer(QPainter* painter);
-    /// Gives the buffer the size and the pixel ratio of the widget.
+    /// Takes the size and the pixel ratio of the widget.
     void resizeBuffer();
 
     /// These store; the change shows at the next paint. The colours of markers and handles are shared by all
@@ -245,14 +246,9 @@ private:
     /// For walks that run foreign code: a curve that goes on the way becomes null.
     std::vector<QPointer<CurveNodeBase>> presentCurves() const;
 
-    void render();
-    void fitBuffer();
-    void drawBackground(QPainter& painter, const QRect& canvasRect);
-    void drawMark(QPainter& painter) const;
-    void drawBand(QPainter& painter) const;
-    void drawSelectionSpan(QPainter& painter) const;
-    void drawCurves(QPainter& painter);
-    bool isBandOpen() const;
+    void updatePicture();
+    CanvasLayer::Content layerContent() const;
+    std::optional<std::pair<int, int>> selectedColumns() const;
 
     void connectPointMenu();
     void takeReport(const EditReport& report);
@@ -289,7 +285,6 @@ private:
     Gesture::Place lastPlace_;
     bool bandSelects_ = false; ///< the release of the rubber band selects the points in it
     bool showMark_ = false;
-    bool bufferFresh_ = false;
     int paintHolds_ = 0;
     CurveNodeBase* current_ = nullptr;
     std::vector<std::unique_ptr<CurveNodeBase>> curves_;
@@ -299,6 +294,7 @@ private:
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;
     QColor selectionColor_ = QColor(20, 10, 105);
-    QPixmap backBuffer_;
+    CanvasLayer layer_;
+    quint64 viewNumber_ = 0; ///< counts the changes of the view
     QColor canvasColor_ = Qt::black;
 };

@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/CanvasGrid.h>
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QPainter>
@@ -12,29 +13,14 @@
 
 #include <algorithm>
 
-namespace {
-
-QPen dottedPen()
-{
-    return QPen(Qt::white, 1, Qt::DotLine);
-}
-
-QSize deviceSize(const QWidget& widget)
-{
-    return (QSizeF(widget.size()) * widget.devicePixelRatioF()).toSize();
-}
-
-} // namespace
-
 void CanvasFunctionBase::paint()
 {
     if (paintHolds_ > 0)
         return;
     QWidget* const canvas = widget();
-    bufferFresh_ = canvas && canvas->isVisible();
-    if (!bufferFresh_)
+    if (!canvas || !canvas->isVisible())
         return;
-    render();
+    updatePicture();
     canvas->update();
 }
 
@@ -46,113 +32,78 @@ void CanvasFunctionBase::releasePaint()
 
 void CanvasFunctionBase::showBuffer(QPainter* painter)
 {
-    if (!bufferFresh_)
-        render();
-    bufferFresh_ = false;
-    painter->drawPixmap(0, 0, backBuffer_);
+    updatePicture();
+    layer_.draw(painter);
+    if (!viewport_ || !current_)
+        return;
+    painter->setBackground(canvasColor_);
+    painter->setBackgroundMode(Qt::OpaqueMode);
+    CurvePainter curves(painter, layer_.pixelRatio());
+    current_->draw(curves);
 }
 
 void CanvasFunctionBase::resizeBuffer()
 {
     const QWidget* const canvas = widget();
-    if (!canvas)
+    if (!canvas || !layer_.resize(canvas->size(), canvas->devicePixelRatioF()) || !viewport_)
         return;
-    backBuffer_ = QPixmap(deviceSize(*canvas));
-    backBuffer_.setDevicePixelRatio(canvas->devicePixelRatioF());
-    backBuffer_.fill(canvasColor_);
+    viewport_->pixelRatio = layer_.pixelRatio();
+    viewport_->dirty = true;
 }
 
-void CanvasFunctionBase::fitBuffer()
+void CanvasFunctionBase::updatePicture()
 {
-    const QWidget* const canvas = widget();
-    const bool sharp = qFuzzyCompare(backBuffer_.devicePixelRatio(), canvas->devicePixelRatioF());
-    if (sharp && backBuffer_.size() == deviceSize(*canvas))
-        return;
     resizeBuffer();
-    if (viewport_)
-        viewport_->dirty = true;
-}
-
-void CanvasFunctionBase::render()
-{
-    fitBuffer();
-    if (!viewport_ || backBuffer_.isNull())
+    if (!viewport_ || layer_.isNull())
         return;
-    const QRect canvasRect = widget()->rect();
-    QPainter painter(&backBuffer_);
-    // Qt draws long polylines about twice as fast, pixel for pixel the same, when a clip is set.
-    painter.setClipRect(canvasRect);
-    painter.setBackground(canvasColor_);
-
-    drawBackground(painter, canvasRect);
-    if (viewport_->canShow()) {
-        drawMark(painter);
-        drawBand(painter);
-        drawSelectionSpan(painter);
-    }
-    if (viewport_->dirty)
+    if (viewport_->dirty) {
+        ++viewNumber_;
         grid_->layout(viewport_);
-    grid_->draw(&painter);
-    drawCurves(painter);
+        if (image_)
+            image_->updateForView(viewport_, layer_.pixelRatio());
+    }
+    grid_->placeTimeLine(*viewport_);
+    for (const auto& curve : curves_)
+        curve->update(viewport_);
     viewport_->dirty = false;
+    layer_.show(layerContent());
 }
 
-void CanvasFunctionBase::drawBackground(QPainter& painter, const QRect& canvasRect)
+CanvasLayer::Content CanvasFunctionBase::layerContent() const
 {
-    if (image_ && viewport_->dirty)
-        image_->updateForView(viewport_, backBuffer_.devicePixelRatio());
-    if (!image_ || !image_->coversCanvas())
-        painter.eraseRect(canvasRect);
-    if (image_)
-        image_->draw(&painter);
+    CanvasLayer::Content content;
+    content.view = viewNumber_;
+    content.canvasColor = canvasColor_;
+    content.selectionColor = selectionColor_;
+    content.background = image_.get();
+    content.grid = grid_.get();
+    content.gridColors = grid_->colors();
+    content.timeLine = grid_->timeLineX;
+    for (const auto& curve : curves_) {
+        if (curve.get() != current_)
+            content.curves.emplace_back(curve.get(), curve->pictureNumber());
+    }
+    if (!viewport_->canShow())
+        return content;
+    if (showMark_)
+        content.mark =
+            QPoint(viewport_->timeToPixel(lastPlace_.time), viewport_->valueToPixel(lastPlace_.value));
+    if (viewport_->bandValid || viewport_->bandActive)
+        content.band = viewport_->bandRect();
+    else
+        content.selection = selectedColumns();
+    content.isBandValid = viewport_->bandValid;
+    return content;
 }
 
-void CanvasFunctionBase::drawMark(QPainter& painter) const
-{
-    if (!showMark_)
-        return;
-    const int column = viewport_->timeToPixel(lastPlace_.time);
-    const int row = viewport_->valueToPixel(lastPlace_.value);
-    painter.setPen(dottedPen());
-    painter.drawLine(0, row, viewport_->pixelWidth, row);
-    painter.drawLine(column, 0, column, viewport_->pixelHeight);
-}
-
-void CanvasFunctionBase::drawBand(QPainter& painter) const
-{
-    const QRect band = viewport_->bandRect();
-    if (!isBandOpen() || band.isEmpty())
-        return;
-    painter.setPen(dottedPen());
-    painter.setBrush(viewport_->bandValid ? selectionColor_ : canvasColor_);
-    painter.drawRect(band.adjusted(0, 0, -1, -1));
-}
-
-bool CanvasFunctionBase::isBandOpen() const
-{
-    return viewport_->bandValid || viewport_->bandActive;
-}
-
-void CanvasFunctionBase::drawSelectionSpan(QPainter& painter) const
+std::optional<std::pair<int, int>> CanvasFunctionBase::selectedColumns() const
 {
     double first = 0.0;
     double last = 0.0;
-    if (isBandOpen() || !current_ || !current_->isSpline() ||
-        !current_->control().getSelectionSpan(first, last))
-        return;
-    const int left = viewport_->timeToPixel(std::min(first, last));
-    const int right = viewport_->timeToPixel(std::max(first, last));
-    painter.fillRect(left, 0, right - left, viewport_->pixelHeight, selectionColor_);
-}
-
-void CanvasFunctionBase::drawCurves(QPainter& painter)
-{
-    for (const auto& curve : curves_) {
-        if (curve.get() != current_)
-            curve->draw(viewport_, &painter);
-    }
-    if (current_)
-        current_->draw(viewport_, &painter);
+    if (!current_ || !current_->isSpline() || !current_->control().getSelectionSpan(first, last))
+        return std::nullopt;
+    return std::pair(viewport_->timeToPixel(std::min(first, last)),
+                     viewport_->timeToPixel(std::max(first, last)));
 }
 
 void CanvasFunctionBase::setSelectionColor(const QColor& color)

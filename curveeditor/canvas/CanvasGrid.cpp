@@ -94,7 +94,7 @@ void CanvasGrid::layout(ViewPort* view)
 {
     gridWidth = view->pixelWidth;
     gridHeight = view->pixelHeight;
-    timeLineX = -1;
+    placeTimeLine(*view);
 
     Axis x;
     Axis y;
@@ -102,7 +102,6 @@ void CanvasGrid::layout(ViewPort* view)
         const double factor = view->showFrames ? view->fps : 1.0;
         x = axisBetween(factor * view->timeMin, factor * view->timeMax);
         y = axisBetween(view->valueMin, view->valueMax);
-        timeLineX = view->timeToPixel(view->timeLine);
     }
 
     stepX = x.step;
@@ -125,6 +124,16 @@ void CanvasGrid::layout(ViewPort* view)
         const int row = truncateToPixel(height - y.position(j, height));
         lines << QPoint(0, row) << QPoint(width, row);
     }
+}
+
+void CanvasGrid::placeTimeLine(const ViewPort& view)
+{
+    timeLineX = view.canShow() ? view.timeToPixel(view.timeLine) : -1;
+}
+
+std::array<QColor, 5> CanvasGrid::colors() const
+{
+    return {linePen.color(), fontColor, timeLineColor, frameVLineColor, frameHLineColor};
 }
 
 void CanvasGrid::draw(QPainter* painter)

@@ -6,6 +6,8 @@
 #include <QPen>
 #include <QPolygon>
 
+#include <array>
+
 class QPainter;
 class QWidget;
 class ViewPort;
@@ -14,8 +16,8 @@ class ViewPort;
 /// the left edge, and the time line. The spacing follows from the visible range.
 ///
 /// Positions on the horizontal axis are frames (time × `fps`) while the view counts frames, else time units;
-/// on the vertical axis they are values. The canvas owns the grid, calls `layout` when the view is dirty,
-/// then `draw`.
+/// on the vertical axis they are values. The canvas owns the grid, calls `layout` when the view is dirty
+/// and `placeTimeLine` before each `draw`.
 class CanvasGrid
 {
 public:
@@ -46,6 +48,10 @@ public:
     /// half, quarter and so on. An axis that has no finite span above zero (a view without span, `fps` not
     /// above zero while frames are shown) gets no line; a view that can't be shown gets nothing at all.
     void layout(ViewPort* view);
+    /// Places the time line, which moves without the view.
+    void placeTimeLine(const ViewPort& view);
+    /// All colours that are drawn with.
+    std::array<QColor, 5> colors() const;
 
     /// Draws lines, edges, time line and labels as laid out; nothing for a view that can't be shown. Leaves
     /// the painter's background mode opaque: dotted lines that follow fill their gaps.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasSpline.h>
 
-#include <curveeditor/canvas/LineWithGaps.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 
@@ -50,34 +49,43 @@ bool goesOnBehindLast(int lastType)
            lastType == SplineBase::FollowTangent;
 }
 
-struct Sample
+struct Samples
 {
-    double time;
-    double value;
+    std::vector<double> times;
+    std::vector<double> values;
 };
 
-std::vector<Sample> samplesBetween(const SplineBase& spline, double left, double right, double viewSpan)
+Samples samplesBetween(const SplineBase& spline, double left, double right, double viewSpan)
 {
     const double share =
         right > left ? std::min((right - left) * samplesPerView / viewSpan, samplesPerView) : 0.0;
     const double step = share > 0.0 ? (right - left) / share : 0.0;
-    std::vector<double> times(std::size_t(share) + 1);
-    for (std::size_t i = 0; i < times.size(); ++i)
-        times[i] = double(i) * step + left;
-    std::vector<double> values(times.size());
-    spline.evaluate(times.data(), values.data(), times.size());
-
-    std::vector<Sample> samples;
-    samples.reserve(times.size());
-    for (std::size_t i = 0; i < times.size(); ++i)
-        samples.push_back({times[i], values[i]});
+    Samples samples;
+    samples.times.resize(std::size_t(share) + 1);
+    samples.values.resize(samples.times.size());
+    for (std::size_t i = 0; i < samples.times.size(); ++i)
+        samples.times[i] = double(i) * step + left;
+    spline.evaluate(samples.times.data(), samples.values.data(), samples.times.size());
     return samples;
 }
 
-void addGap(std::vector<int>& gaps, qsizetype index)
+/// A gap stands for each stretch of samples that have no finite value.
+template <typename Clamp>
+DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, const Clamp& clamp)
 {
-    if (gaps.empty() || gaps.back() != int(index))
-        gaps.push_back(int(index));
+    DeviceLine line;
+    line.points.resize(qsizetype(samples.times.size()));
+    QPoint* const begin = line.points.data();
+    QPoint* end = begin;
+    for (std::size_t i = 0; i < samples.times.size(); ++i) {
+        const double value = samples.values[i];
+        if (std::isfinite(value))
+            *end++ = samplePixel(view, samples.times[i], clamp(value));
+        else if (line.gaps.empty() || line.gaps.back() != end - begin)
+            line.gaps.push_back(int(end - begin));
+    }
+    line.points.resize(end - begin);
+    return line;
 }
 
 bool meetsCanvas(const QRect& marker, const ViewPort& view)
@@ -110,13 +118,6 @@ bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center)
            std::abs(dotProduct(across, center)) < qint64(grabDistanceOfLine) * across.manhattanLength();
 }
 
-QPen linePen(const QColor& color, Qt::PenStyle style)
-{
-    QPen pen(color, 1, style);
-    pen.setCosmetic(true);
-    return pen;
-}
-
 } // namespace
 
 CanvasSpline::CanvasSpline(const SplineBase* spline) : spline_(spline)
@@ -135,53 +136,81 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
 {
     viewport = newViewport;
     nodePixels.clear();
-    curveLine.clear();
-    rawLine.clear();
-    postLine.clear();
-    curveGaps.clear();
-    postGaps.clear();
-    if (pointCount() == 0 || !viewport->canShow())
+    curveLine = rawLine = postLine = startLine_ = endLine_ = {};
+    isShown_ = pointCount() > 0 && viewport->canShow();
+    if (!isShown_)
         return;
+    if (selected)
+        placePoints();
 
     const SplineBase& spline = *spline_;
-    const PlaneMapping view = viewport->mapping();
-    for (const SplineBase::PointInfo* point : spline.getControlPoints())
-        nodePixels.append(nodePixel(view, *point));
-
+    const PlaneMapping view = viewport->deviceMapping();
+    const auto bounded = [minValue, maxValue](double value) {
+        return clampValue(value, double(minValue), double(maxValue));
+    };
     const double viewSpan = viewport->timeMax - viewport->timeMin;
     const double left = std::max(viewport->timeMin, spline.getFirst()->time);
     const double right = std::min(viewport->timeMax, spline.getLast()->time);
-    for (const auto& [time, value] : samplesBetween(spline, left, right, viewSpan)) {
-        if (std::isfinite(value)) {
-            curveLine.append(samplePixel(view, time, clampValue(value, minValue, maxValue)));
-            rawLine.append(samplePixel(view, time, value));
-        } else {
-            addGap(curveGaps, curveLine.size());
-        }
-    }
+    const Samples samples = samplesBetween(spline, left, right, viewSpan);
+    curveLine = lineThrough(samples, view, bounded);
+    const bool clampBites = std::any_of(samples.values.begin(), samples.values.end(),
+                                        [&](double value) { return bounded(value) != value; });
+    rawLine = clampBites ? lineThrough(samples, view, [](double value) { return value; }) : curveLine;
     if (goesOnBehindLast(spline.lastType) && right < viewport->timeMax) {
         const double start = std::max(viewport->timeMin, right);
-        for (const auto& [time, value] : samplesBetween(spline, start, viewport->timeMax, viewSpan)) {
-            if (std::isfinite(value))
-                postLine.append(samplePixel(view, time, clampValue(value, minValue, maxValue)));
-            else
-                addGap(postGaps, postLine.size());
-        }
+        postLine = lineThrough(samplesBetween(spline, start, viewport->timeMax, viewSpan), view, bounded);
     }
+    placeEnds();
 }
 
-void CanvasSpline::draw(QPainter* painter, const Selection& selection, SplineEdits::Part dragged) const
+void CanvasSpline::placePoints()
 {
-    if (nodePixels.isEmpty())
+    if (!isShown_ || !nodePixels.isEmpty())
         return;
-    drawLines(painter);
+    const PlaneMapping view = viewport->mapping();
+    nodePixels.resize(pointCount());
+    QPoint* pixel = nodePixels.data();
+    for (const SplineBase::PointInfo* point : spline_->getControlPoints())
+        *pixel++ = nodePixel(view, *point);
+}
+
+/// The level lines before the curve and behind it.
+void CanvasSpline::placeEnds()
+{
+    const SplineBase& spline = *spline_;
+    const PlaneMapping view = viewport->deviceMapping();
+    const auto& [points, gaps] = curveLine;
+    const bool startIsMissing = !gaps.empty() && gaps.front() == 0;
+    const bool endIsMissing = !gaps.empty() && gaps.back() == points.size();
+    QPoint first = startIsMissing ? nodePixel(view, *spline.getFirst()) : points.first();
+    QPoint last = endIsMissing ? nodePixel(view, *spline.getLast()) : points.last();
+    const int rowOfZero = view.pixelRow(viewport->withinLimits(0.0));
+    if (spline.firstType == SplineBase::Zero)
+        first.setY(rowOfZero);
+    if (spline.lastType == SplineBase::Zero)
+        last.setY(rowOfZero);
+    if (first.x() > 0)
+        startLine_.points << first << QPoint(0, first.y());
+    if (last.x() >= view.pixelWidth)
+        return;
+    if (goesOnBehindLast(spline.lastType))
+        endLine_ = postLine;
+    else
+        endLine_.points << last << QPoint(view.pixelWidth, last.y());
+}
+
+void CanvasSpline::draw(CurvePainter& curves, const Selection& selection, SplineEdits::Part dragged) const
+{
+    if (!isShown_)
+        return;
+    drawLines(curves);
     if (!selected)
         return;
     const std::vector<bool> marked = selection.marks(*spline_);
-    drawMarkers(painter, marked);
+    drawMarkers(curves.painter(), marked);
     for (int index = 0; index < shownPoints(); ++index) {
         if (marked[std::size_t(index)] && meetsCanvas(square(nodePixels[index], nodeSize), *viewport))
-            drawHandles(painter, index, dragged);
+            drawHandles(curves.painter(), index, dragged);
     }
 }
 
@@ -211,35 +240,15 @@ CanvasSpline::Hit CanvasSpline::hitTest(const QPoint& pixel, const Selection& se
     return {};
 }
 
-void CanvasSpline::drawLines(QPainter* painter) const
+void CanvasSpline::drawLines(CurvePainter& curves) const
 {
     const QColor lead = selected ? selectedColor : unselectedColor;
-    const SplineBase& spline = *spline_;
-    const bool startIsMissing = !curveGaps.empty() && curveGaps.front() == 0;
-    const bool endIsMissing = !curveGaps.empty() && curveGaps.back() == curveLine.size();
-    QPoint first = startIsMissing ? nodePixels.first() : curveLine.first();
-    QPoint last = endIsMissing ? nodePixels.last() : curveLine.last();
-    if (spline.firstType == SplineBase::Zero)
-        first.setY(viewport->valueToPixel(0.0));
-    if (spline.lastType == SplineBase::Zero)
-        last.setY(viewport->valueToPixel(0.0));
-
-    painter->setPen(linePen(lead, Qt::DotLine));
-    if (first.x() > 0)
-        painter->drawLine(first, QPoint(0, first.y()));
-    if (last.x() < viewport->pixelWidth) {
-        if (goesOnBehindLast(spline.lastType))
-            drawLineWithGaps(painter, postLine, postGaps);
-        else
-            painter->drawLine(last, QPoint(viewport->pixelWidth, last.y()));
-    }
+    curves.drawDotted(startLine_, lead);
+    curves.drawDotted(endLine_, lead);
     // The solid line would cover an equal dotted one pixel for pixel, and dots are slow.
-    if (rawLine != curveLine) {
-        painter->setPen(linePen(unselectedColor, Qt::DotLine));
-        drawLineWithGaps(painter, rawLine, curveGaps);
-    }
-    painter->setPen(linePen(lead, Qt::SolidLine));
-    drawLineWithGaps(painter, curveLine, curveGaps);
+    if (rawLine != curveLine)
+        curves.drawDotted(rawLine, unselectedColor);
+    curves.drawSolid(curveLine, lead);
 }
 
 void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marked) const
@@ -266,7 +275,7 @@ void CanvasSpline::drawHandles(QPainter* painter, int index, SplineEdits::Part d
         return typeOf(end) == SplineBase::Bezier || typeOf(end) == SplineBase::Tcb;
     };
 
-    painter->setPen(linePen(controlPointSelectedColor, Qt::DotLine));
+    painter->setPen(QPen(controlPointSelectedColor, 1, Qt::DotLine));
     painter->drawLine(pixel, QPoint(pixel.x(), 0));
     painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
     if (index < last && endsCurvedSegment(index + 1)) {
@@ -283,7 +292,7 @@ void CanvasSpline::drawHandle(QPainter* painter, const QPoint& from, const QPoin
                               bool fixed) const
 {
     const QColor& color = dragged && !fixed ? controllerSelectedColor : controllerColor;
-    painter->setPen(linePen(color, Qt::SolidLine));
+    painter->setPen(QPen(color, 1));
     painter->drawLine(from, to);
     if (fixed) {
         painter->fillRect(square(to, fixedHandleSize), color);

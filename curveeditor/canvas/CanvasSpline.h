@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/edit/PlaneMapping.h>
+#include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/edit/SplineEdits.h>
 
 #include <QColor>
@@ -9,6 +9,7 @@
 
 #include <vector>
 
+class PlaneMapping;
 class QPainter;
 class ViewPort;
 
@@ -16,8 +17,8 @@ class ViewPort;
 /// curve or the view changes. Draws them, and tells which point or tangent handle lies under the mouse.
 ///
 /// Owned by the curve on the canvas. The selection stands beside it; spline and viewport belong to others and
-/// must outlive it. Between a change by the host and the next `rebuild` the picture is that of before, and reads
-/// of the spline only points that are there. Pixels are logical.
+/// must outlive it. Lines are device pixels, all else logical ones. Between a change by the host and the next `rebuild` the picture is that of before, and reads
+/// of the spline only points that are there.
 class CanvasSpline
 {
 public:
@@ -36,12 +37,14 @@ public:
 
     /// Samples the spline anew, at most 1001 times for the span of its points and 1001 times behind it.
     /// `minValue` and `maxValue` clamp the values, the lower bound first. With a view that can't be shown the
-    /// picture is empty.
+    /// picture is empty. The pixels of the points are placed only for the current curve.
     void rebuild(ViewPort* newViewport, float minValue, float maxValue);
+    /// Places the pixels of the points if the last `rebuild` did not: for a curve that became the current one.
+    void placePoints();
     /// Draws the picture, of the current curve also its points and the handles of the selected ones, those of
     /// the dragged part highlighted. Evaluates nothing. The painter has an opaque background of the canvas
     /// colour, which fills the gaps of dotted lines.
-    void draw(QPainter* painter, const Selection& selection, SplineEdits::Part dragged) const;
+    void draw(CurvePainter& curves, const Selection& selection, SplineEdits::Part dragged) const;
 
     /// The end of the outgoing handle of the point `index` that stands at `pixel`: on the slope as the view
     /// shows it, to the right, 45 pixels away if `plain`, else (0.333 + length) * 45 pixels with the length
@@ -66,16 +69,13 @@ public:
     QColor selectedColor;
     ViewPort* viewport = nullptr; ///< The view of the last `rebuild`.
     QPolygon nodePixels;          ///< The pixel of each control point, at most 100 pixels off the canvas.
-    QPolygon curveLine;           ///< The curve within the span of its points, clamped.
-    QPolygon postLine; ///< The curve behind the last point where it is more than a level line, clamped.
-    QPolygon rawLine;  ///< The samples of `curveLine`, not clamped.
-    /// Where the curve has no finite value: the indices in `curveLine`, and so in `rawLine`, before which a
-    /// line is broken. The number of its points is among them if the end of the span is missing.
-    std::vector<int> curveGaps;
-    std::vector<int> postGaps; ///< The same for `postLine`.
+    DeviceLine curveLine;         ///< The curve within the span of its points, clamped.
+    DeviceLine postLine; ///< The curve behind the last point where it is more than a level line, clamped.
+    DeviceLine rawLine;  ///< The samples of `curveLine`, not clamped.
 
 private:
-    void drawLines(QPainter* painter) const;
+    void placeEnds();
+    void drawLines(CurvePainter& curves) const;
     void drawMarkers(QPainter* painter, const std::vector<bool>& marked) const;
     void drawHandles(QPainter* painter, int index, SplineEdits::Part dragged) const;
     void drawHandle(QPainter* painter, const QPoint& from, const QPoint& to, bool dragged, bool square) const;
@@ -85,6 +85,9 @@ private:
     Hit hitCurrent(const QPoint& pixel, const Selection& selection) const;
 
     const SplineBase* spline_;
+    bool isShown_ = false;
+    DeviceLine startLine_; ///< From the curve's start to the left edge.
+    DeviceLine endLine_;
 
     inline static QColor controlPointColor{0, 0, 0};
     inline static QColor controlPointSelectedColor{255, 0, 0};

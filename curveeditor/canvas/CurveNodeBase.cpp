@@ -107,6 +107,7 @@ void CurveNodeBase::setColor(const QColor& color, const QColor& background)
 {
     canvasSpline_->setColors(color, background);
     canvasExpression_->setColors(QPen(color, 0, Qt::SolidLine), background);
+    renewPictureNumber();
 }
 
 QColor CurveNodeBase::getColor() const
@@ -147,29 +148,38 @@ double CurveNodeBase::framesPerTimeUnit() const
     return viewport ? viewport->fps : defaultFramesPerTimeUnit;
 }
 
-void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)
+void CurveNodeBase::update(ViewPort* viewport)
 {
-    const bool stale = changed || viewport->dirty;
-    if (isSpline()) {
-        if (stale)
-            canvasSpline_->rebuild(viewport, minValue_, maxValue_);
-        canvasSpline_->draw(painter, control_.selection(), control_.activePart);
-        changed = false;
+    if (isSpline() && canvasSpline_->selected)
+        canvasSpline_->placePoints();
+    if ((!changed && !viewport->dirty) || (!isSpline() && !getExpression()))
         return;
-    }
-    if (!getExpression())
-        return;
-    if (stale)
+    if (isSpline())
+        canvasSpline_->rebuild(viewport, minValue_, maxValue_);
+    else
         sampleExpression(*viewport);
-    canvasExpression_->draw(painter);
     changed = false;
+    renewPictureNumber();
+}
+
+void CurveNodeBase::draw(CurvePainter& curves) const
+{
+    if (isSpline())
+        canvasSpline_->draw(curves, control_.selection(), control_.activePart);
+    else if (getExpression())
+        canvasExpression_->draw(curves);
+}
+
+void CurveNodeBase::renewPictureNumber()
+{
+    static quint64 last = 0;
+    pictureNumber_ = ++last;
 }
 
 void CurveNodeBase::sampleExpression(const ViewPort& viewport)
 {
-    QPolygon line;
-    std::vector<int> lineStarts;
-    const PlaneMapping view = viewport.mapping();
+    DeviceLine line;
+    const PlaneMapping view = viewport.deviceMapping();
     if (view.canShow()) {
         const int intervals = sampleCount(*getExpression());
         const int count = intervals < samplesPerView ? intervals + 1 : intervals; // wide gaps reach the end
@@ -181,21 +191,21 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
         getExpression()->evaluateBlock(times.data(), viewport.fps, values.data(), values.size());
 
         const double xScale = view.pixelWidth * (1.0 / intervals);
-        line.reserve(count);
+        line.points.reserve(count);
         bool joined = true;
         for (int i = 0; i < count; ++i) {
             const double value = values[std::size_t(i)];
             const bool finite = std::isfinite(value);
             if (finite) {
                 if (!joined)
-                    lineStarts.push_back(int(line.size()));
+                    line.gaps.push_back(int(line.points.size()));
                 const double row = std::clamp(view.row(clamped(value)), -1.0, double(view.pixelHeight));
-                line.append(QPoint(truncateToInt(i * xScale), truncateToInt(row)));
+                line.points.append(QPoint(truncateToInt(i * xScale), truncateToInt(row)));
             }
             joined = finite;
         }
     }
-    canvasExpression_->setLine(line, lineStarts);
+    canvasExpression_->curveLine = line;
 }
 
 bool CurveNodeBase::findsCycle(QString& withFunc) const

@@ -14,10 +14,10 @@
 class CanvasExpression;
 class CanvasFunctionBase;
 class CanvasSpline;
+class CurvePainter;
 class FunctionFloatBase;
 class ParseMessage;
 class QAction;
-class QPainter;
 class QWidget;
 class SplineBase;
 class ViewPort;
@@ -46,7 +46,7 @@ public:
                   float maxValue);
     ~CurveNodeBase() override;
 
-    bool changed = true; ///< The picture is out of date; set by the canvas, cleared by `draw`.
+    bool changed = true; ///< The picture is out of date; set by the canvas, cleared by `update`.
 
     /// The full name: group, ".", curve.
     QString getName() const { return curve_->name; }
@@ -81,9 +81,14 @@ public:
     /// empty holder gives 0.0. The lower bound is tested first; not-a-number stays what it is.
     double getClampedValue(const double& time) const;
 
-    /// Rebuilds the picture if the curve is changed or the view dirty, and paints it. An expression is
-    /// sampled at 5000 times across the view, at fewer if it has more than 16384 nodes, but at 64 at least; where it has no finite value the line has a gap.
-    void draw(ViewPort* viewport, QPainter* painter);
+    /// Rebuilds the picture if the curve is changed or the view dirty. An expression is sampled at 5000 times
+    /// across the view, at fewer if it has more than 16384 nodes, but at 64 at least; where it has no finite
+    /// value the line has a gap.
+    void update(ViewPort* viewport);
+    /// Paints the picture.
+    void draw(CurvePainter& curves) const;
+    /// Another number for each picture that the curve had, and never that of another curve.
+    quint64 pictureNumber() const { return pictureNumber_; }
 
     /// Asks the editor whether the curve depends on itself. If it does, returns true, and `withFunc` is the full
     /// name of the curve that closes the cycle.
@@ -109,6 +114,7 @@ Q_SIGNALS:
 
 private:
     void sampleExpression(const ViewPort& viewport);
+    void renewPictureNumber();
     double clamped(double value) const;
     double framesPerTimeUnit() const;
 
@@ -121,4 +127,5 @@ private:
     float defaultValue_;
     float minValue_;
     float maxValue_;
+    quint64 pictureNumber_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/MouseState.h>
 
 #include <QMouseEvent>
+#include <QtGlobal>
 
 #include <algorithm>
 #include <cmath>
@@ -52,6 +53,21 @@ PlaneMapping ViewPort::mapping() const
     return {timeMin, timeMax, valueMin, valueMax, pixelWidth, pixelHeight};
 }
 
+PlaneMapping ViewPort::deviceMapping() const
+{
+    return {timeMin,
+            timeMax,
+            valueMin,
+            valueMax,
+            qRound(pixelWidth * pixelRatio),
+            qRound(pixelHeight * pixelRatio)};
+}
+
+double ViewPort::withinLimits(double value) const
+{
+    return within(value, limitValueMin, limitValueMax);
+}
+
 bool ViewPort::canShow() const
 {
     return mapping().canShow();
@@ -90,7 +106,7 @@ int ViewPort::timeToPixel(const double& t) const
 
 int ViewPort::valueToPixel(const double& v) const
 {
-    return mapping().pixelRow(within(v, limitValueMin, limitValueMax));
+    return mapping().pixelRow(withinLimits(v));
 }
 
 void ViewPort::panView(const int& dx, const int& dy)

@@ -25,10 +25,11 @@ class ViewPort
 public:
     static constexpr double usualThreshold = double(0.05f);
 
-    int pixelWidth = 0;  ///< of the canvas
-    int pixelHeight = 0; ///< of the canvas
-    int anchorX = 0;     ///< column of the last mouse press
-    int anchorY = 0;     ///< row of the last mouse press
+    int pixelWidth = 0;      ///< of the canvas
+    int pixelHeight = 0;     ///< of the canvas
+    double pixelRatio = 1.0; ///< device pixels for each logical one; written by the canvas
+    int anchorX = 0;         ///< column of the last mouse press
+    int anchorY = 0;         ///< row of the last mouse press
     bool showFrames = true;
     double fps = 10.0;     ///< frames per time unit
     double timeLine = 0.0; ///< time at which the time line stands
@@ -64,6 +65,10 @@ public:
 
     /// The visible range and the canvas size as they are now. Everything here that maps asks it.
     PlaneMapping mapping() const;
+    /// The same in device pixels.
+    PlaneMapping deviceMapping() const;
+    /// The value, or the limit next to it.
+    double withinLimits(double value) const;
 
     /// True if the view has width, height and span and all its numbers are finite. Any other view can only
     /// come from a host or from typed limits, or stand before the first resize; painting draws nothing for
@@ -75,7 +80,7 @@ public:
     void setShowFrames(const bool& on);
     bool isShowFrames() const { return showFrames; }
 
-    /// These only store: the caller sets `dirty`. A limit takes the edge of the visible range with it.
+    /// These only store: the caller sets `dirty`, but for the time line. A limit takes the edge of the visible range with it.
     void setFps(const double& framesPerTimeUnit) { fps = framesPerTimeUnit; }
     void setTimeLine(const double& time) { timeLine = time; }
     void setLimitTimeMin(const double& time) { limitTimeMin = timeMin = time; }

@@ -256,7 +256,7 @@ void CurveEditor::setTimeLine(const double& val)
     if (!std::isfinite(val))
         return;
     d_->functionEdit->setTimeLine(val);
-    paintChangedView();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::setTimeLine(int val)

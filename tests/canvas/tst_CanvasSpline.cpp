@@ -39,7 +39,8 @@ struct Fixture
         QPainter painter(&image);
         painter.setBackground(Qt::darkBlue);
         painter.setBackgroundMode(Qt::OpaqueMode);
-        picture.draw(&painter, selection, dragged);
+        CurvePainter curves(&painter, 1.0);
+        picture.draw(curves, selection, dragged);
         return image;
     }
     QRect boundsOf(const QColor& color)
@@ -68,7 +69,7 @@ private Q_SLOTS:
     {
         const auto sizesAndColumns = [](double firstTime, double lastTime) {
             const Fixture f({{firstTime, 1.0}, {lastTime, 2.0}}, SplineBase::Tcb, SplineBase::Loop);
-            const auto& [curve, post] = std::tie(f.picture.curveLine, f.picture.postLine);
+            const auto& [curve, post] = std::tie(f.picture.curveLine.points, f.picture.postLine.points);
             return QList({int(curve.size()), curve.first().x(), int(post.size()), post.value(0).x()});
         };
         QCOMPARE(sizesAndColumns(4.0, 4.0), QList({1, 400, 601, 400}));
@@ -82,7 +83,8 @@ private Q_SLOTS:
         Fixture f({{-1.0, -2.0}, {11.0, 1.0}}, SplineBase::Linear);
         QVERIFY(f.boundsOf(f.picture.unselectedColor).isEmpty());
         f.picture.rebuild(&f.view, -1.0f, -1.5f);
-        QCOMPARE(QPoint(f.picture.curveLine.first().y(), f.picture.curveLine.last().y()), QPoint(400, 450));
+        QCOMPARE(QPoint(f.picture.curveLine.points.first().y(), f.picture.curveLine.points.last().y()),
+                 QPoint(400, 450));
         QVERIFY(f.boundsOf(f.picture.unselectedColor).height() > 200);
     }
 
@@ -101,6 +103,7 @@ private Q_SLOTS:
         f.picture.selected = false;
         QVERIFY(f.boundsOf(Qt::red).isEmpty());
         f.spline.firstType = SplineBase::Zero;
+        f.picture.rebuild(&f.view, -1e9f, 1e9f);
         QCOMPARE(f.boundsOf(f.picture.unselectedColor).bottom(), 300);
     }
 
@@ -150,7 +153,7 @@ private Q_SLOTS:
             f.picture.rebuild(&f.view, -1.0f, 1.0f);
             f.drawn();
             f.picture.hitTest({500, 300}, f.selection);
-            QVERIFY(f.picture.rawLine.size() + f.picture.postLine.size() <= 2002);
+            QVERIFY(f.picture.rawLine.points.size() + f.picture.postLine.points.size() <= 2002);
             QVERIFY(QRect(-100, -100, 1201, 801).contains(f.picture.nodePixels.boundingRect()));
         }
     }

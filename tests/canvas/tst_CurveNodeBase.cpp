@@ -75,9 +75,9 @@ private Q_SLOTS:
             CanvasScene scene;
             const CurveNodeBase* const node = scene.add(curve, "a.x", c.text, -c.range, c.range);
             const CanvasExpression& picture = *node->getCanvasExpression();
-            QCOMPARE(int(picture.curveLine.size()), c.points);
-            QCOMPARE(int(picture.lineStarts.size()), c.breaks);
-            QCOMPARE(picture.curveLine.value(c.points - 1).y(), c.lastRow);
+            QCOMPARE(int(picture.curveLine.points.size()), c.points);
+            QCOMPARE(int(picture.curveLine.gaps.size()), c.breaks);
+            QCOMPARE(picture.curveLine.points.value(c.points - 1).y(), c.lastRow);
             QCOMPARE(picture.unselectedPen.color(), QColor(127, 0, 0));
         }
     }
