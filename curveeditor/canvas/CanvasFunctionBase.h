@@ -247,7 +247,8 @@ private:
     std::vector<QPointer<CurveNodeBase>> presentCurves() const;
 
     void updatePicture();
-    CanvasLayer::Content layerContent() const;
+    CanvasLayer::Backdrop backdrop() const;
+    CanvasLayer::Curves curvesBehindCurrent() const;
     std::optional<std::pair<int, int>> selectedColumns() const;
 
     void connectPointMenu();

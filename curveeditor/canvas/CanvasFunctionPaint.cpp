@@ -66,34 +66,40 @@ void CanvasFunctionBase::updatePicture()
     for (const auto& curve : curves_)
         curve->update(viewport_);
     viewport_->dirty = false;
-    layer_.show(layerContent());
+    layer_.show(backdrop(), curvesBehindCurrent());
 }
 
-CanvasLayer::Content CanvasFunctionBase::layerContent() const
+CanvasLayer::Backdrop CanvasFunctionBase::backdrop() const
 {
-    CanvasLayer::Content content;
-    content.view = viewNumber_;
-    content.canvasColor = canvasColor_;
-    content.selectionColor = selectionColor_;
-    content.background = image_.get();
-    content.grid = grid_.get();
-    content.gridColors = grid_->colors();
-    content.timeLine = grid_->timeLineX;
-    for (const auto& curve : curves_) {
-        if (curve.get() != current_)
-            content.curves.emplace_back(curve.get(), curve->pictureNumber());
-    }
+    CanvasLayer::Backdrop backdrop;
+    backdrop.view = viewNumber_;
+    backdrop.canvasColor = canvasColor_;
+    backdrop.selectionColor = selectionColor_;
+    backdrop.background = image_.get();
+    backdrop.grid = grid_.get();
+    backdrop.gridColors = grid_->colors();
+    backdrop.timeLine = grid_->timeLineX;
     if (!viewport_->canShow())
-        return content;
+        return backdrop;
     if (showMark_)
-        content.mark =
+        backdrop.mark =
             QPoint(viewport_->timeToPixel(lastPlace_.time), viewport_->valueToPixel(lastPlace_.value));
     if (viewport_->bandValid || viewport_->bandActive)
-        content.band = viewport_->bandRect();
+        backdrop.band = viewport_->bandRect();
     else
-        content.selection = selectedColumns();
-    content.isBandValid = viewport_->bandValid;
-    return content;
+        backdrop.selection = selectedColumns();
+    backdrop.isBandValid = viewport_->bandValid;
+    return backdrop;
+}
+
+CanvasLayer::Curves CanvasFunctionBase::curvesBehindCurrent() const
+{
+    CanvasLayer::Curves curves;
+    for (const auto& curve : curves_) {
+        if (curve.get() != current_)
+            curves.emplace_back(curve.get(), curve->pictureNumber());
+    }
+    return curves;
 }
 
 std::optional<std::pair<int, int>> CanvasFunctionBase::selectedColumns() const

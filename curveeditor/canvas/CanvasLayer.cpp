@@ -9,11 +9,19 @@
 
 #include <QPainter>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 QPen dottedPen()
 {
     return QPen(Qt::white, 1, Qt::DotLine);
+}
+
+bool startsWith(const CanvasLayer::Curves& curves, const CanvasLayer::Curves& start)
+{
+    return start.size() <= curves.size() && std::equal(start.begin(), start.end(), curves.begin());
 }
 
 } // namespace
@@ -26,47 +34,84 @@ bool CanvasLayer::resize(const QSize& size, double pixelRatio)
     image_ = QImage(deviceSize, QImage::Format_RGB32);
     image_.setDevicePixelRatio(pixelRatio);
     image_.fill(Qt::black);
-    content_ = {};
+    backdrop_ = {};
+    curves_.clear();
     return true;
 }
 
-void CanvasLayer::show(Content content)
+void CanvasLayer::show(const Backdrop& backdrop, const Curves& curves)
 {
-    if (content == content_)
+    const Backdrop before = std::exchange(backdrop_, backdrop);
+    const Curves curvesBefore = std::exchange(curves_, curves);
+    const QRect whole(QPoint(), image_.size());
+    Backdrop withoutMove = before;
+    withoutMove.timeLine = backdrop.timeLine;
+    if (backdrop != withoutMove || !startsWith(curves, curvesBefore)) {
+        renderBackdrop(whole);
+        renderCurves(whole, 0);
         return;
-    content_ = std::move(content);
-    render();
+    }
+    if (backdrop.timeLine != before.timeLine) {
+        for (const int column : {before.timeLine, backdrop.timeLine}) {
+            const QRect part = whole & columnsOfTimeLine(column);
+            renderBackdrop(part);
+            renderCurves(part, 0);
+        }
+    }
+    renderCurves(whole, curvesBefore.size());
+}
+
+/// In device pixels, with some to spare.
+QRect CanvasLayer::columnsOfTimeLine(int column) const
+{
+    const double ratio = image_.devicePixelRatio();
+    return QRect(int((column - 2) * ratio), 0, int(std::ceil(4 * ratio)) + 1, image_.height());
 }
 
 void CanvasLayer::draw(QPainter* painter) const
 {
-    // Qt copies an image of the same pixels at once, and one of another scale pixel by pixel.
+    // Qt copies an image of the same pixels at once, and one that has a pixel ratio pixel by pixel.
+    const QImage pixels(image_.constBits(), image_.width(), image_.height(), image_.bytesPerLine(),
+                        image_.format());
     const DevicePixels devicePixels(painter, image_.devicePixelRatio());
-    QImage pixels = image_;
-    pixels.setDevicePixelRatio(1.0);
     painter->drawImage(0, 0, pixels);
 }
 
-void CanvasLayer::render()
+void CanvasLayer::renderBackdrop(const QRect& part)
 {
     QPainter painter(&image_);
-    // Qt draws long polylines about twice as fast, pixel for pixel the same, when a clip is set.
-    painter.setClipRect(QRect(QPoint(), size()));
-    painter.setBackground(content_.canvasColor);
+    clip(painter, part);
     drawBackground(painter);
     drawMark(painter);
     drawBand(painter);
     drawSelection(painter);
-    content_.grid->draw(&painter);
+    backdrop_.grid->draw(&painter);
+}
+
+void CanvasLayer::renderCurves(const QRect& part, std::size_t first)
+{
+    QPainter painter(&image_);
+    clip(painter, part);
     painter.setBackgroundMode(Qt::OpaqueMode);
-    CurvePainter curves(&painter, image_.devicePixelRatio(), &image_);
-    for (const auto& curve : content_.curves)
-        curve.first->draw(curves);
+    CurvePainter curvePainter(&painter, image_.devicePixelRatio());
+    curvePainter.writeInto(&image_, part);
+    for (std::size_t i = first; i < curves_.size(); ++i)
+        curves_[i].first->draw(curvePainter);
+}
+
+/// To device pixels. Qt draws a part of the picture as it draws the whole, pixel for pixel.
+void CanvasLayer::clip(QPainter& painter, const QRect& part) const
+{
+    const double ratio = image_.devicePixelRatio();
+    painter.scale(1.0 / ratio, 1.0 / ratio);
+    painter.setClipRect(part);
+    painter.resetTransform();
+    painter.setBackground(backdrop_.canvasColor);
 }
 
 void CanvasLayer::drawBackground(QPainter& painter) const
 {
-    BackgroundImage* const background = content_.background;
+    BackgroundImage* const background = backdrop_.background;
     if (!background || !background->coversCanvas())
         painter.eraseRect(QRect(QPoint(), size()));
     if (background)
@@ -75,28 +120,28 @@ void CanvasLayer::drawBackground(QPainter& painter) const
 
 void CanvasLayer::drawMark(QPainter& painter) const
 {
-    if (!content_.mark)
+    if (!backdrop_.mark)
         return;
     painter.setPen(dottedPen());
-    painter.drawLine(0, content_.mark->y(), size().width(), content_.mark->y());
-    painter.drawLine(content_.mark->x(), 0, content_.mark->x(), size().height());
+    painter.drawLine(0, backdrop_.mark->y(), size().width(), backdrop_.mark->y());
+    painter.drawLine(backdrop_.mark->x(), 0, backdrop_.mark->x(), size().height());
 }
 
 void CanvasLayer::drawBand(QPainter& painter) const
 {
-    if (!content_.band)
+    if (!backdrop_.band)
         return;
     painter.setPen(dottedPen());
-    painter.setBrush(content_.isBandValid ? content_.selectionColor : content_.canvasColor);
-    painter.drawRect(content_.band->adjusted(0, 0, -1, -1));
+    painter.setBrush(backdrop_.isBandValid ? backdrop_.selectionColor : backdrop_.canvasColor);
+    painter.drawRect(backdrop_.band->adjusted(0, 0, -1, -1));
 }
 
 void CanvasLayer::drawSelection(QPainter& painter) const
 {
-    if (!content_.selection)
+    if (!backdrop_.selection)
         return;
-    const auto [left, right] = *content_.selection;
-    painter.fillRect(left, 0, right - left, size().height(), content_.selectionColor);
+    const auto [left, right] = *backdrop_.selection;
+    painter.fillRect(left, 0, right - left, size().height(), backdrop_.selectionColor);
 }
 
 QSize CanvasLayer::size() const

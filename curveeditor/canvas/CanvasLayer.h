@@ -19,12 +19,13 @@ class QPainter;
 
 /// What lies behind the current curve: background, mark, rubber band, selection, grid and the other curves, held as
 /// one image. It is drawn anew only when what it shows has changed, so that an edit of the current curve draws one
-/// curve. The canvas owns it.
+/// curve. A curve that comes on top is drawn onto it, and where only the time line moves its columns are drawn anew.
+/// The canvas owns it.
 class CanvasLayer
 {
 public:
-    /// All that the image depends on; two that are equal give the same image. Pixels are logical.
-    struct Content
+    /// What the image depends on but for the curves; two that are equal look the same. Pixels are logical.
+    struct Backdrop
     {
         quint64 view = 0; ///< another number after each change of range, size, pixel ratio or axes
         QColor canvasColor;
@@ -37,16 +38,16 @@ public:
         CanvasGrid* grid = nullptr;                   ///< laid out for the view
         std::array<QColor, 5> gridColors;
         int timeLine = -1;
-        /// The curves from back to front, with the numbers of their pictures.
-        std::vector<std::pair<const CurveNodeBase*, quint64>> curves;
 
-        bool operator==(const Content& other) const = default;
+        bool operator==(const Backdrop& other) const = default;
     };
+    /// From back to front, each with the number of its picture.
+    using Curves = std::vector<std::pair<const CurveNodeBase*, quint64>>;
 
     /// Takes a size in logical pixels. Returns false if it had that size and ratio already.
     bool resize(const QSize& size, double pixelRatio);
-    /// The layer shows `content` from now on.
-    void show(Content content);
+    /// The image shows these from now on.
+    void show(const Backdrop& backdrop, const Curves& curves);
     /// Puts the image at the corner of what `painter` draws on.
     void draw(QPainter* painter) const;
 
@@ -54,13 +55,17 @@ public:
     double pixelRatio() const { return image_.devicePixelRatio(); }
 
 private:
-    void render();
+    void renderBackdrop(const QRect& part);
+    void renderCurves(const QRect& part, std::size_t first);
+    void clip(QPainter& painter, const QRect& part) const;
+    QRect columnsOfTimeLine(int column) const;
     void drawBackground(QPainter& painter) const;
     void drawMark(QPainter& painter) const;
     void drawBand(QPainter& painter) const;
     void drawSelection(QPainter& painter) const;
     QSize size() const;
 
-    Content content_;
+    Backdrop backdrop_;
+    Curves curves_;
     QImage image_;
 };

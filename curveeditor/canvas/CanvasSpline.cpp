@@ -32,7 +32,7 @@ QPoint nodePixel(const PlaneMapping& view, const SplineBase::PointInfo& point)
 
 QPoint samplePixel(const PlaneMapping& view, double time, double value)
 {
-    return QPoint(view.pixelColumn(time),
+    return QPoint(truncateToPixel(view.column(time)),
                   truncateToPixel(std::clamp(view.row(value), -1.0, double(view.pixelHeight))));
 }
 
@@ -88,6 +88,11 @@ DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, const C
     return line;
 }
 
+bool isMarked(const std::vector<bool>& marked, int index)
+{
+    return !marked.empty() && marked[std::size_t(index)];
+}
+
 bool meetsCanvas(const QRect& marker, const ViewPort& view)
 {
     return marker.right() > 0 && marker.left() < view.pixelWidth && marker.bottom() > 0 &&
@@ -120,6 +125,49 @@ bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center)
 
 } // namespace
 
+/// Draws lines of one colour that end in squares or circles all at once.
+class HandleBatch
+{
+public:
+    explicit HandleBatch(QPainter* painter) : painter_(painter) {}
+    ~HandleBatch() { flush(); }
+    Q_DISABLE_COPY_MOVE(HandleBatch)
+
+    void add(const QPoint& from, const QPoint& to, const QColor& color, bool endsInSquare)
+    {
+        if (color != color_)
+            flush();
+        color_ = color;
+        lines_.emplace_back(from, to);
+        if (endsInSquare)
+            squares_.push_back(square(to, fixedHandleSize));
+        else
+            circles_.push_back(square(to, nodeSize));
+    }
+
+    void flush()
+    {
+        painter_->setPen(QPen(color_, 1));
+        painter_->drawLines(lines_.data(), int(lines_.size()));
+        // An outline would make the circle a pixel wider.
+        painter_->setPen(Qt::NoPen);
+        painter_->setBrush(color_);
+        painter_->drawRects(squares_.data(), int(squares_.size()));
+        for (const QRect& circle : circles_)
+            painter_->drawEllipse(circle);
+        lines_.clear();
+        squares_.clear();
+        circles_.clear();
+    }
+
+private:
+    QPainter* painter_;
+    QColor color_;
+    std::vector<QLine> lines_;
+    std::vector<QRect> squares_;
+    std::vector<QRect> circles_;
+};
+
 CanvasSpline::CanvasSpline(const SplineBase* spline) : spline_(spline)
 {
     setColors(Qt::white, Qt::black);
@@ -135,6 +183,7 @@ void CanvasSpline::setColors(const QColor& color, const QColor& background)
 void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue)
 {
     viewport = newViewport;
+    view_ = viewport->mapping();
     nodePixels.clear();
     curveLine = rawLine = postLine = startLine_ = endLine_ = {};
     isShown_ = pointCount() > 0 && viewport->canShow();
@@ -167,11 +216,10 @@ void CanvasSpline::placePoints()
 {
     if (!isShown_ || !nodePixels.isEmpty())
         return;
-    const PlaneMapping view = viewport->mapping();
     nodePixels.resize(pointCount());
     QPoint* pixel = nodePixels.data();
     for (const SplineBase::PointInfo* point : spline_->getControlPoints())
-        *pixel++ = nodePixel(view, *point);
+        *pixel++ = nodePixel(view_, *point);
 }
 
 /// The level lines before the curve and behind it.
@@ -208,10 +256,8 @@ void CanvasSpline::draw(CurvePainter& curves, const Selection& selection, Spline
         return;
     const std::vector<bool> marked = selection.marks(*spline_);
     drawMarkers(curves.painter(), marked);
-    for (int index = 0; index < shownPoints(); ++index) {
-        if (marked[std::size_t(index)] && meetsCanvas(square(nodePixels[index], nodeSize), *viewport))
-            drawHandles(curves.painter(), index, dragged);
-    }
+    if (!marked.empty())
+        drawHandles(curves.painter(), marked, dragged);
 }
 
 QPoint CanvasSpline::rightHandle(const QPoint& pixel, unsigned index, bool plain) const
@@ -251,18 +297,52 @@ void CanvasSpline::drawLines(CurvePainter& curves) const
     curves.drawSolid(curveLine, lead);
 }
 
+/// Markers that touch in one column are one rectangle.
 void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marked) const
 {
     for (const bool chosen : {false, true}) {
         const QColor& color = chosen ? controlPointSelectedColor : controlPointColor;
+        QRect rect;
         for (int index = 0; index < shownPoints(); ++index) {
-            if (marked[std::size_t(index)] == chosen)
-                painter->fillRect(square(nodePixels[index], nodeSize), color);
+            if (isMarked(marked, index) != chosen)
+                continue;
+            const QRect marker = square(nodePixels[index], nodeSize);
+            const bool touches = marker.left() == rect.left() && marker.top() <= rect.bottom() + 1 &&
+                                 marker.bottom() >= rect.top() - 1;
+            if (touches) {
+                rect |= marker;
+                continue;
+            }
+            painter->fillRect(rect, color);
+            rect = marker;
         }
+        painter->fillRect(rect, color);
     }
 }
 
-void CanvasSpline::drawHandles(QPainter* painter, int index, SplineEdits::Part dragged) const
+/// Points in one column share the dotted line through it: the last one draws it.
+void CanvasSpline::drawHandles(QPainter* painter, const std::vector<bool>& marked,
+                               SplineEdits::Part dragged) const
+{
+    std::vector<int> shown;
+    for (int index = 0; index < shownPoints(); ++index) {
+        if (isMarked(marked, index) && meetsCanvas(square(nodePixels[index], nodeSize), *viewport))
+            shown.push_back(index);
+    }
+    HandleBatch batch(painter);
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const QPoint pixel = nodePixels[shown[i]];
+        if (i + 1 == shown.size() || nodePixels[shown[i + 1]].x() != pixel.x()) {
+            batch.flush();
+            painter->setPen(QPen(controlPointSelectedColor, 1, Qt::DotLine));
+            painter->drawLine(pixel, QPoint(pixel.x(), 0));
+            painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
+        }
+        addHandles(batch, shown[i], dragged);
+    }
+}
+
+void CanvasSpline::addHandles(HandleBatch& batch, int index, SplineEdits::Part dragged) const
 {
     using SplineEdits::Part;
     const int last = pointCount() - 1;
@@ -274,40 +354,19 @@ void CanvasSpline::drawHandles(QPainter* painter, int index, SplineEdits::Part d
     const auto endsCurvedSegment = [&typeOf](int end) {
         return typeOf(end) == SplineBase::Bezier || typeOf(end) == SplineBase::Tcb;
     };
-
-    painter->setPen(QPen(controlPointSelectedColor, 1, Qt::DotLine));
-    painter->drawLine(pixel, QPoint(pixel.x(), 0));
-    painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
-    if (index < last && endsCurvedSegment(index + 1)) {
-        const bool isDragged = dragged == Part::BothTangents || dragged == Part::RightTangent;
-        drawHandle(painter, pixel, rightHandle(pixel, unsigned(index), index == 0), isDragged, fixed);
-    }
-    if (index > 0 && endsCurvedSegment(index)) {
-        const bool isDragged = dragged == Part::BothTangents || dragged == Part::LeftTangent;
-        drawHandle(painter, pixel, leftHandle(pixel, unsigned(index), index == last), isDragged, fixed);
-    }
-}
-
-void CanvasSpline::drawHandle(QPainter* painter, const QPoint& from, const QPoint& to, bool dragged,
-                              bool fixed) const
-{
-    const QColor& color = dragged && !fixed ? controllerSelectedColor : controllerColor;
-    painter->setPen(QPen(color, 1));
-    painter->drawLine(from, to);
-    if (fixed) {
-        painter->fillRect(square(to, fixedHandleSize), color);
-        return;
-    }
-    // An outline would make the circle a pixel wider.
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(color);
-    painter->drawEllipse(square(to, nodeSize));
+    const auto add = [&](const QPoint& end, Part part) {
+        const bool isDragged = !fixed && (dragged == Part::BothTangents || dragged == part);
+        batch.add(pixel, end, isDragged ? controllerSelectedColor : controllerColor, fixed);
+    };
+    if (index < last && endsCurvedSegment(index + 1))
+        add(rightHandle(pixel, unsigned(index), index == 0), Part::RightTangent);
+    if (index > 0 && endsCurvedSegment(index))
+        add(leftHandle(pixel, unsigned(index), index == last), Part::LeftTangent);
 }
 
 QPoint CanvasSpline::handleEnd(const QPoint& pixel, double slope, double length, int side) const
 {
-    const double pixelSlope =
-        std::clamp(viewport->mapping().pixelSlope(slope), -steepestSlope, steepestSlope);
+    const double pixelSlope = std::clamp(view_.pixelSlope(slope), -steepestSlope, steepestSlope);
     const double across = side / std::sqrt(double(float(1.0 + pixelSlope * pixelSlope)));
     const double reach = std::clamp(length, -longestHandle, longestHandle);
     return QPoint(truncateToPixel(pixel.x() + reach * across),

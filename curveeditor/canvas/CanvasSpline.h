@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/CurvePainter.h>
+#include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/edit/SplineEdits.h>
 
 #include <QColor>
@@ -9,7 +10,7 @@
 
 #include <vector>
 
-class PlaneMapping;
+class HandleBatch;
 class QPainter;
 class ViewPort;
 
@@ -77,14 +78,15 @@ private:
     void placeEnds();
     void drawLines(CurvePainter& curves) const;
     void drawMarkers(QPainter* painter, const std::vector<bool>& marked) const;
-    void drawHandles(QPainter* painter, int index, SplineEdits::Part dragged) const;
-    void drawHandle(QPainter* painter, const QPoint& from, const QPoint& to, bool dragged, bool square) const;
+    void drawHandles(QPainter* painter, const std::vector<bool>& marked, SplineEdits::Part dragged) const;
+    void addHandles(HandleBatch& batch, int index, SplineEdits::Part dragged) const;
     QPoint handleEnd(const QPoint& pixel, double slope, double length, int side) const;
     int pointCount() const;
     int shownPoints() const;
     Hit hitCurrent(const QPoint& pixel, const Selection& selection) const;
 
     const SplineBase* spline_;
+    PlaneMapping view_; ///< In logical pixels.
     bool isShown_ = false;
     DeviceLine startLine_; ///< From the curve's start to the left edge.
     DeviceLine endLine_;

@@ -4,7 +4,9 @@
 #include <curveeditor/canvas/ColumnRuns.h>
 
 #include <QPolygon>
+#include <QRect>
 
+#include <utility>
 #include <vector>
 
 class QColor;
@@ -29,9 +31,12 @@ struct DeviceLine
 class CurvePainter
 {
 public:
-    /// `painter` draws in logical pixels and outlives this. If it draws on an opaque image of 32 bits from its
-    /// corner on, that image can be passed too: solid lines are written into it, which is faster.
-    CurvePainter(QPainter* painter, double pixelRatio, QImage* image = nullptr);
+    /// `painter` draws in logical pixels and outlives this.
+    CurvePainter(QPainter* painter, double pixelRatio);
+
+    /// Solid lines are written into `image` from now on, which is faster. It is opaque, of 32 bits, and what the
+    /// painter draws on from its corner on. Only what lies in `part`, in device pixels, is drawn.
+    void writeInto(QImage* image, const QRect& part);
 
     /// For all that is no line of a curve.
     QPainter* painter() const { return painter_; }
@@ -41,12 +46,14 @@ public:
 
 private:
     void drawWithQt(const DeviceLine& line, const QColor& color, Qt::PenStyle style);
-    void fill(const QColor& color);
+    std::pair<int, int> pointsNear(const QPoint* points, int count) const;
+    void fillRects(const QColor& color);
     void fillImage(const QColor& color);
 
     QPainter* painter_;
     double pixelRatio_;
-    QImage* image_;
+    QImage* image_ = nullptr;
+    QRect part_;
     int width_;
     std::vector<ColumnRun> runs_;
 };

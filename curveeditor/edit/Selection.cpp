@@ -9,6 +9,22 @@ namespace {
 
 constexpr std::size_t fewPoints = 4; // are found by looking at all points of a spline for each
 
+/// Many points mostly stand in the order of the spline. Returns false if they do not, or one is missing.
+bool findInOrder(const std::vector<PointSerial>& points, const SplineBase& spline,
+                 std::vector<std::int32_t>& indices)
+{
+    const auto& held = spline.getControlPoints();
+    std::size_t index = 0;
+    for (std::size_t i = 0; i < points.size(); ++i, ++index) {
+        while (index < held.size() && held[index]->serial != points[i])
+            ++index;
+        if (index == held.size())
+            return false;
+        indices[i] = std::int32_t(index);
+    }
+    return true;
+}
+
 } // namespace
 
 std::vector<std::int32_t> indicesOf(const std::vector<PointSerial>& points, const SplineBase& spline)
@@ -25,6 +41,9 @@ std::vector<std::int32_t> indicesOf(const std::vector<PointSerial>& points, cons
         }
         return indices;
     }
+    if (findInOrder(points, spline, indices))
+        return indices;
+    std::fill(indices.begin(), indices.end(), -1);
     std::unordered_map<PointSerial, std::size_t> places;
     for (std::size_t i = 0; i < points.size(); ++i)
         places.emplace(points[i], i);
@@ -107,15 +126,14 @@ void Selection::dropLost(const SplineBase& spline)
 
 std::vector<bool> Selection::marks(const SplineBase& spline) const
 {
-    const auto& points = spline.getControlPoints();
-    std::vector<bool> marks(points.size(), false);
     if (isEmpty())
-        return marks;
-    std::vector<PointSerial> selected = listed_;
-    selected.push_back(current_);
-    for (const std::int32_t index : indicesOf(selected, spline)) {
-        if (index >= 0)
-            marks[std::size_t(index)] = true;
+        return {};
+    std::vector<bool> marks(spline.getControlPointsNumber(), false);
+    for (const auto& points : {listed_, std::vector{current_}}) {
+        for (const std::int32_t index : indicesOf(points, spline)) {
+            if (index >= 0)
+                marks[std::size_t(index)] = true;
+        }
     }
     return marks;
 }

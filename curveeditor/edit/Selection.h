@@ -41,7 +41,7 @@ public:
     /// Takes out what `spline` does not hold.
     void dropLost(const SplineBase& spline);
 
-    /// For each point of the spline, in its order, whether it is selected.
+    /// For each point of the spline, in its order, whether it is selected; empty if none is.
     std::vector<bool> marks(const SplineBase& spline) const;
     /// The times of the listed points that `spline` holds, in the order of the list.
     std::vector<double> listedTimes(const SplineBase& spline) const;
