@@ -14,8 +14,12 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include <qcustomplot.h>
+
 #include <cmath>
 #include <cstdlib>
+#include <ctime>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -109,6 +113,64 @@ private:
     FunctionEditor* canvas_ = nullptr;
 };
 
+/// The peer: QCustomPlot with the same curves, sampled at the 1000 times that the canvas takes.
+class Peer
+{
+public:
+    explicit Peer(double swings = 3.0)
+    {
+        plot_.resize(canvasSize);
+        plot_.setBackground(Qt::black);
+        plot_.yAxis->setRange(-3.0, 3.0);
+        for (int number = 0; number < curveCount; ++number) {
+            for (int i = 0; i <= pointCount; ++i) {
+                const double pace = 2.0 * M_PI * swings / pointCount;
+                times_[i] = i;
+                values_[i] = 2.8 * std::sin(i * pace + number) * std::cos(i * pace * 0.15 + number);
+            }
+            plot_.addGraph()->setPen(QPen(QColor::fromHsv(number * 3 % 360, 200, 255), 1));
+            plot_.graph()->setAntialiased(false);
+            plot_.graph()->setData(times_, values_, true);
+        }
+        plot_.show();
+        showView(0);
+    }
+    void showView(int step)
+    {
+        plot_.xAxis->setRange(step % 50, pointCount);
+        show();
+    }
+    void showEdit(int step)
+    {
+        values_[pointCount / 2] = step % 5 * 0.1;
+        plot_.graph()->setData(times_, values_, true);
+        show();
+    }
+    void show()
+    {
+        plot_.replot(QCustomPlot::rpImmediateRefresh);
+        QApplication::processEvents();
+    }
+
+private:
+    QCustomPlot plot_;
+    QVector<double> times_ = QVector<double>(pointCount + 1);
+    QVector<double> values_ = times_;
+};
+
+/// Prints how many times longer the peer takes, in CPU time of this run.
+void compare(benchmark::State& state, const std::function<void(int)>& peerStep)
+{
+    constexpr int steps = 20;
+    const std::clock_t start = std::clock();
+    for (int i = 0; i < steps; ++i)
+        peerStep(i);
+    const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC / steps;
+    state.counters["QCustomPlot_ms"] = seconds * 1000.0;
+    state.counters["QCustomPlot/ours"] =
+        benchmark::Counter(seconds, benchmark::Counter::kIsIterationInvariantRate);
+}
+
 /// A move event, all that it causes, and the frame shown.
 void dragStep(benchmark::State& state, const Content& content, bool formOpen = true)
 {
@@ -124,6 +186,10 @@ void dragStep(benchmark::State& state, const Content& content, bool formOpen = t
     for (auto _ : state) {
         scene.send(QEvent::MouseMove, start + QPoint(0, 10 + ++step % 50), Qt::LeftButton);
         scene.show();
+    }
+    if (content.splines == curveCount && content.points == pointCount) {
+        Peer peer(content.swings);
+        compare(state, [&peer](int number) { peer.showEdit(number); });
     }
 }
 
@@ -187,6 +253,8 @@ void repaintOfAStableView(benchmark::State& state)
         scene.canvas().canvas.paint();
         scene.show();
     }
+    Peer peer;
+    compare(state, [&peer](int) { peer.show(); });
 }
 
 void tickOfTheTimeLine(benchmark::State& state)
@@ -214,6 +282,10 @@ void viewChange(benchmark::State& state, const Content& content)
 {
     Scene scene(content);
     panStep(state, scene);
+    if (content.splines == curveCount) {
+        Peer peer(content.swings);
+        compare(state, [&peer](int number) { peer.showView(number); });
+    }
 }
 void viewChangeWithALargePicture(benchmark::State& state)
 {
