@@ -3,8 +3,10 @@
 // Expressions, each task beside its peer muParser and beside the same formula written in C++. Ratios within
 // one run count, not times.
 
+#include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/SplineBase.h>
 
 #include <benchmark/benchmark.h>
 #include <muParser.h>
@@ -164,5 +166,33 @@ void parsingMuParser(benchmark::State& state)
     }
 }
 BENCHMARK(parsingMuParser);
+
+// A redraw of the last of 30 curves, each of which reads the one before; the first is a spline.
+void blockOfChain(benchmark::State& state)
+{
+    constexpr std::size_t length = 30;
+    std::array<FunctionFloatBase*, length> holders{};
+    std::vector<std::unique_ptr<FunctionFloatBase>> chain;
+    SplineBase spline;
+    for (int i = 1; i < 10; ++i)
+        spline.addPoint(380.0 + 40.0 * i, i % 3);
+    CurveVariables variables;
+    FunctionParserBase::instance()->setVarMapper(&variables);
+    variables.add("c.0", &spline, &holders[0]);
+    for (std::size_t i = 1; i < length; ++i) {
+        chain.push_back(parse("c." + std::to_string(i - 1) + "*0.9+t/1000"));
+        holders[i] = chain.back().get();
+        variables.add("c." + std::to_string(i), nullptr, &holders[i]);
+    }
+    const std::vector<double> times = sampleTimes();
+    std::vector<double> values(times.size());
+    for (auto _ : state) {
+        holders.back()->evaluateBlock(times.data(), framesPerTimeUnit, values.data(), times.size());
+        benchmark::DoNotOptimize(values.data());
+        benchmark::ClobberMemory();
+    }
+    countValues(state, times.size());
+}
+BENCHMARK(blockOfChain);
 
 } // namespace

@@ -12,6 +12,8 @@
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
+#include <curveeditor/model/FunctionFloatVariable.h>
+#include <curveeditor/model/ParserVarMapper.h>
 #include <curveeditor/model/SplineBase.h>
 
 #include <QAction>
@@ -21,6 +23,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -28,6 +32,7 @@ namespace {
 constexpr int samplesPerView = 5000;
 constexpr int fewestSamples = 64;
 constexpr int mostNodesOfFullView = 16384; // more than any formula that fits into the formula line has
+constexpr int mostNodesCounted = samplesPerView / fewestSamples * mostNodesOfFullView;
 constexpr double defaultFramesPerTimeUnit = 10.0;
 
 /// The exclusive group of all curves in that menu, which lives as long as the menu.
@@ -42,24 +47,62 @@ QActionGroup* curvesGroup(QWidget* menu)
     return group;
 }
 
-int nodeCount(const FunctionFloatBase& root)
+/// Another curve's expression that `node` reads, null if it reads none.
+const FunctionFloatBase* expressionRead(const FunctionFloatBase& node)
+{
+    const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node);
+    const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
+    return variable && variable->isMapped() && mapper ? mapper->getExpression(variable->getKey()->name)
+                                                      : nullptr;
+}
+
+/// The nodes of `root`. Adds to `read` the expressions that it reads, each as often as it is read.
+int countNodes(const FunctionFloatBase& root, std::vector<const FunctionFloatBase*>& read)
 {
     int count = 0;
     std::vector<const FunctionFloatBase*> pending = {&root};
     while (!pending.empty()) {
-        const FunctionFloatOperation* const operation = FunctionFloatOperation::of(*pending.back());
+        const FunctionFloatBase& node = *pending.back();
+        const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node);
         pending.pop_back();
         ++count;
         for (std::size_t i = 0; operation && i < operation->getOperandCount(); ++i)
             pending.push_back(operation->getOperand(i));
+        if (const FunctionFloatBase* const other = operation ? nullptr : expressionRead(node))
+            read.push_back(other);
     }
     return count;
 }
 
-/// A huge formula is sampled at fewer times, so that the work for a view has a bound.
+/// The nodes of `root` and of all that it reads, each once, as they are evaluated in one reading. Stops where
+/// they are more than `mostNodesCounted`.
+int countNodesOfReading(const FunctionFloatBase& root)
+{
+    int count = 0;
+    std::unordered_set<const FunctionFloatBase*> seen;
+    std::vector<const FunctionFloatBase*> pending = {&root};
+    while (!pending.empty() && count < mostNodesCounted) {
+        const FunctionFloatBase& expression = *pending.back();
+        pending.pop_back();
+        if (seen.insert(&expression).second)
+            count += countNodes(expression, pending);
+    }
+    return count;
+}
+
+/// A formula that is huge, with all that it reads, is sampled at fewer times, so that the work for a view has
+/// a bound.
 int sampleCount(const FunctionFloatBase& expression)
 {
-    const int nodes = nodeCount(expression);
+    std::vector<const FunctionFloatBase*> readings;
+    std::int64_t nodes = countNodes(expression, readings);
+    std::unordered_map<const FunctionFloatBase*, int> known;
+    for (std::size_t i = 0; i < readings.size() && nodes < mostNodesCounted; ++i) {
+        const auto [place, isNew] = known.try_emplace(readings[i], 0);
+        if (isNew)
+            place->second = countNodesOfReading(*readings[i]);
+        nodes += place->second;
+    }
     if (nodes <= mostNodesOfFullView)
         return samplesPerView;
     return std::max(fewestSamples, int(std::int64_t(samplesPerView) * mostNodesOfFullView / nodes));

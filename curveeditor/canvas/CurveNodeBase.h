@@ -82,8 +82,8 @@ public:
     double getClampedValue(const double& time) const;
 
     /// Rebuilds the picture if the curve is changed or the view dirty. An expression is sampled at 5000 times
-    /// across the view, at fewer if it has more than 16384 nodes, but at 64 at least; where it has no finite
-    /// value the line has a gap.
+    /// across the view, at fewer if it has more than 16384 nodes, those of the curves' expressions that it reads
+    /// among them, but at 64 at least; where it has no finite value the line has a gap.
     void update(ViewPort* viewport);
     /// Paints the picture.
     void draw(CurvePainter& curves) const;

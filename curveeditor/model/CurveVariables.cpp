@@ -5,12 +5,16 @@
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/SplineBase.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <vector>
 
 namespace {
+
+constexpr std::size_t longestBlock = 256;
 
 bool isSame(double a, double b)
 {
@@ -28,6 +32,26 @@ struct Curve
     std::uint64_t reading = 0;
     double time = 0.0;
     double frame = 0.0;
+
+    // The values of the last block, and when they were read.
+    std::vector<double> values;
+    std::uint64_t blockReading = 0;
+};
+
+/// The times of a reading in blocks.
+struct Block
+{
+    const double* times = nullptr;
+    double framesPerTimeUnit = 0.0;
+    std::size_t count = 0;
+
+    /// True if these times are some of its own: not only equal, but in the same place.
+    bool holds(const double* some, double framesPerTime, std::size_t someCount) const
+    {
+        const std::less_equal<const double*> isUpTo;
+        return isUpTo(times, some) && isUpTo(some + someCount, times + count) &&
+               isSame(framesPerTime, framesPerTimeUnit);
+    }
 };
 
 bool isRunning(const Curve& curve)
@@ -45,8 +69,13 @@ struct CurveVariables::Private
     bool isKnownNow(const Curve& curve) const;
     void read(Curve& curve);
 
-    // A reading begins with a curve that no other curve reads.
+    Curve* find(const ParserVarMapper& names, const std::string& name);
+    void readBlock(Curve* curve, const double* times, double* values, std::size_t count);
+    void evaluateBlock(Curve& curve);
+
+    // A reading begins with a curve that no other curve reads. It has a block if it is one of blocks.
     std::map<std::string, Curve, std::less<>> curves;
+    Block block;
     std::uint64_t reading = 0;
     int depth = 0;
     FunctionParserBase::keyStruct* time = FunctionParserBase::instance()->getKey("t");
@@ -89,17 +118,77 @@ bool CurveVariables::rename(const std::string& oldName, const std::string& newNa
 
 double CurveVariables::getValue(const std::string& name) const
 {
-    auto place = d_->curves.find(name);
-    if (place == d_->curves.end() && hasName(name))
-        place = d_->curves.find(getStoredName(name));
-    if (place == d_->curves.end() || place->second.evaluating)
+    Curve* const curve = d_->find(*this, name);
+    if (!curve || curve->evaluating)
         return 0.0;
     if (d_->depth == 0)
         ++d_->reading;
-    Curve& curve = place->second;
-    if (!d_->isKnownNow(curve) && d_->depth < maximumDepth && !isRunning(curve))
-        d_->read(curve);
-    return d_->isKnownNow(curve) ? curve.value : 0.0;
+    if (!d_->isKnownNow(*curve) && d_->depth < maximumDepth && !isRunning(*curve))
+        d_->read(*curve);
+    return d_->isKnownNow(*curve) ? curve->value : 0.0;
+}
+
+void CurveVariables::getValues(const std::string& name, const double* times, double framesPerTimeUnit,
+                               double* values, std::size_t count) const
+{
+    const bool isBlockKnown = d_->depth == 0 || d_->block.holds(times, framesPerTimeUnit, count);
+    if (!isBlockKnown || !d_->time->holdsDouble() || !d_->frame->holdsDouble()) {
+        ParserVarMapper::getValues(name, times, framesPerTimeUnit, values, count);
+        return;
+    }
+    if (d_->depth > 0) {
+        d_->readBlock(d_->find(*this, name), times, values, count);
+        return;
+    }
+    for (std::size_t done = 0; done < count; done += d_->block.count) {
+        d_->block = {times + done, framesPerTimeUnit, std::min(count - done, longestBlock)};
+        ++d_->reading;
+        d_->readBlock(d_->find(*this, name), times + done, values + done, d_->block.count);
+    }
+    d_->block = Block();
+}
+
+const FunctionFloatBase* CurveVariables::getExpression(const std::string& name) const
+{
+    const Curve* const curve = d_->find(*this, name);
+    return curve && curve->expression ? *curve->expression : nullptr;
+}
+
+Curve* CurveVariables::Private::find(const ParserVarMapper& names, const std::string& name)
+{
+    auto place = curves.find(name);
+    if (place == curves.end() && names.hasName(name))
+        place = curves.find(getStoredName(name));
+    return place == curves.end() ? nullptr : &place->second;
+}
+
+void CurveVariables::Private::readBlock(Curve* curve, const double* times, double* values, std::size_t count)
+{
+    const bool canRead = curve && !curve->evaluating;
+    if (canRead && curve->blockReading != reading && depth < maximumDepth && !isRunning(*curve))
+        evaluateBlock(*curve);
+    if (canRead && curve->blockReading == reading) {
+        std::copy_n(curve->values.begin() + (times - block.times), count, values);
+    } else {
+        std::fill_n(values, count, 0.0);
+    }
+}
+
+// At all times of the block, whichever of them are asked for first: then each curve is evaluated once.
+void CurveVariables::Private::evaluateBlock(Curve& curve)
+{
+    curve.values.assign(block.count, 0.0);
+    ++depth;
+    curve.evaluating = true;
+    if (curve.expression && *curve.expression) {
+        (*curve.expression)
+            ->evaluateBlock(block.times, block.framesPerTimeUnit, curve.values.data(), block.count);
+    } else if (curve.spline) {
+        curve.spline->evaluate(block.times, curve.values.data(), block.count);
+    }
+    curve.evaluating = false;
+    --depth;
+    curve.blockReading = reading;
 }
 
 bool CurveVariables::Private::isKnownNow(const Curve& curve) const

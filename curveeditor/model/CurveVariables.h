@@ -20,7 +20,8 @@ class SplineBase;
 ///
 /// Curves that depend on themselves are harmless: a curve that is met again while it is being evaluated gives
 /// 0.0, whether it is read here or its parsed expression is evaluated by itself, as for drawing. So does one
-/// that lies more than `maximumDepth` curves deep. Within one reading each curve is evaluated once.
+/// that lies more than `maximumDepth` curves deep. Within one reading each curve is evaluated once. An
+/// expression that is evaluated in blocks reads curves in blocks, each of them as `evaluateBlock` gives it.
 class CURVEEDITOR_EXPORT CurveVariables : public ParserVarMapper
 {
 public:
@@ -52,6 +53,11 @@ public:
 
     /// The curve's value at the present `t` and `f`; 0.0 for a name that `hasName` does not know.
     double getValue(const std::string& name) const override;
+    void getValues(const std::string& name, const double* times, double framesPerTimeUnit, double* values,
+                   std::size_t count) const override;
+
+    /// What is in the curve's holder; null for a name that `hasName` does not know.
+    const FunctionFloatBase* getExpression(const std::string& name) const override;
 
 private:
     struct Private;

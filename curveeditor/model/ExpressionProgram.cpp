@@ -214,68 +214,67 @@ bool takesSign(Code code)
     return code == Code::MultiplyConstant || code == Code::DivideByConstant || code == Code::DivideConstant;
 }
 
-bool holdsDouble(const FunctionParserBase::keyStruct& key)
-{
-    return key.type == 3 && key.value;
-}
-
-double valueOf(const Instruction& variable)
-{
-    return variable.code == Code::Variable ? variable.key->getValue()
-                                           : FunctionParserBase::instance()->readMapped(*variable.key);
-}
-
 bool isOperand(Code code)
 {
     return code == Code::Constant || code == Code::Variable || code == Code::MappedVariable;
 }
 
-/// The times of one block, filled up to a multiple of `blockStep` with the last of them.
+/// The times of one block, filled up to a multiple of `blockStep` with the last of them. They lie in a row of
+/// the heap, since expressions may read each other in long chains.
 class BlockTimes
 {
 public:
-    explicit BlockTimes(double framesPerTimeUnit) : framesPerTimeUnit_(framesPerTimeUnit) {}
+    /// `row` has room for the longest block that is set.
+    BlockTimes(double* row, double framesPerTimeUnit) : times_(row), framesPerTimeUnit_(framesPerTimeUnit) {}
 
-    /// Takes `count` times, from 1 to `longestBlock`.
+    /// Takes `count` times, at least 1. They must stay until the next ones are taken.
     void set(const double* times, std::size_t count)
     {
-        paddedCount_ = (count + blockStep - 1) / blockStep * blockStep;
-        std::copy_n(times, count, times_.begin());
-        std::fill(times_.begin() + std::ptrdiff_t(count), times_.begin() + std::ptrdiff_t(paddedCount_),
-                  times[count - 1]);
+        source_ = times;
+        count_ = count;
+        std::copy_n(times, count, times_);
+        pad(times_);
     }
 
-    std::size_t getPaddedCount() const { return paddedCount_; }
+    std::size_t getPaddedCount() const { return (count_ + blockStep - 1) / blockStep * blockStep; }
 
     /// Writes the value of the constant or variable at each time to `row`.
     void load(const Instruction& instruction, double* row)
     {
         if (instruction.code == Code::Constant) {
-            std::fill_n(row, paddedCount_, instruction.constant);
-        } else if (instruction.code == Code::MappedVariable || !holdsDouble(*instruction.key)) {
-            loadOneByOne(instruction, row);
+            std::fill_n(row, getPaddedCount(), instruction.constant);
+        } else if (instruction.code == Code::MappedVariable) {
+            // At their own address: a mapper may know them again.
+            FunctionParserBase::instance()->readMapped(*instruction.key, source_, framesPerTimeUnit_, row,
+                                                       count_);
+            pad(row);
+        } else if (!instruction.key->holdsDouble()) {
+            loadOneByOne(*instruction.key, row);
         } else if (instruction.key == time_) {
-            std::copy_n(times_.begin(), paddedCount_, row);
+            std::copy_n(times_, getPaddedCount(), row);
         } else {
-            std::transform(times_.begin(), times_.begin() + std::ptrdiff_t(paddedCount_), row,
+            std::transform(times_, times_ + getPaddedCount(), row,
                            [this](double time) { return time * framesPerTimeUnit_; });
         }
     }
 
 private:
-    void loadOneByOne(const Instruction& instruction, double* row)
+    void pad(double* row) const { std::fill(row + count_, row + getPaddedCount(), row[count_ - 1]); }
+
+    void loadOneByOne(const FunctionParserBase::keyStruct& key, double* row)
     {
-        for (std::size_t i = 0; i < paddedCount_; ++i) {
+        for (std::size_t i = 0; i < getPaddedCount(); ++i) {
             now_.set(times_[i], framesPerTimeUnit_);
-            row[i] = valueOf(instruction);
+            row[i] = key.getValue();
         }
     }
 
     EvaluationTime now_;
     const FunctionParserBase::keyStruct* const time_ = FunctionParserBase::instance()->getKey("t");
+    const double* source_ = nullptr;
+    std::size_t count_ = 0;
+    double* times_;
     double framesPerTimeUnit_;
-    std::size_t paddedCount_ = 0;
-    std::array<double, longestBlock> times_{};
 };
 
 } // namespace
@@ -434,8 +433,8 @@ void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, 
 {
     const std::size_t stride =
         std::clamp(largestBlockStack / depth_ / blockStep * blockStep, blockStep, longestBlock);
-    const auto rows = std::make_unique_for_overwrite<double[]>(depth_ * stride);
-    BlockTimes now(framesPerTimeUnit);
+    const auto rows = std::make_unique_for_overwrite<double[]>((depth_ + 1) * stride);
+    BlockTimes now(rows.get() + depth_ * stride, framesPerTimeUnit);
     while (count > 0) {
         const std::size_t length = std::min(count, stride);
         now.set(times, length);

@@ -29,3 +29,13 @@ double FunctionFloatVariable::evaluate()
 {
     return mapped_ ? FunctionParserBase::instance()->readMapped(*key_) : key_->getValue();
 }
+
+void FunctionFloatVariable::evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
+                                          std::size_t count)
+{
+    if (mapped_) {
+        FunctionParserBase::instance()->readMapped(*key_, times, framesPerTimeUnit, values, count);
+    } else {
+        FunctionFloatBase::evaluateBlock(times, framesPerTimeUnit, values, count);
+    }
+}

@@ -23,6 +23,8 @@ public:
 
     /// The variable's present value.
     double evaluate() override;
+    void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
+                       std::size_t count) override;
 
 protected:
     FunctionFloatVariable(FunctionParserBase::keyStruct* key, bool mapped);

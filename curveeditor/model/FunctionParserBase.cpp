@@ -93,6 +93,20 @@ double FunctionParserBase::readMapped(keyStruct& key) const
     return key.getValue();
 }
 
+void FunctionParserBase::readMapped(keyStruct& key, const double* times, double framesPerTimeUnit,
+                                    double* values, std::size_t count) const
+{
+    if (varMapper_ && varMapper_->hasName(key.name)) {
+        varMapper_->getValues(key.name, times, framesPerTimeUnit, values, count);
+    } else {
+        std::fill_n(values, count, 0.0);
+    }
+    for (std::size_t i = key.holdsDouble() && count > 0 ? count - 1 : 0; i < count; ++i) {
+        key.setValue(values[i]);
+        values[i] = key.getValue();
+    }
+}
+
 void FunctionParserBase::setVarMapper(const ParserVarMapper* const mapper)
 {
     varMapper_ = mapper;

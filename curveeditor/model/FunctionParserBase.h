@@ -58,6 +58,9 @@ public:
         /// does not fit), or as true unless it equals 0.0 (NaN is true). Does nothing for any other `type`.
         void setValue(const double& v);
 
+        /// True if the storage holds each number as it is.
+        bool holdsDouble() const { return type == 3 && value; }
+
     private:
         static std::int32_t toInt(double v);
     };
@@ -91,6 +94,10 @@ public:
     /// Asks the mapper for the variable of `key`, one other than `t` and `f`, and stores its present value in
     /// `key`. Returns it as the type of `key`; 0.0 if the name is not known.
     double readMapped(keyStruct& key) const;
+
+    /// The same at `count` times, as `ParserVarMapper::getValues`; the last value stays in `key`.
+    void readMapped(keyStruct& key, const double* times, double framesPerTimeUnit, double* values,
+                    std::size_t count) const;
 
     /// Takes the source of all variables other than `t` and `f`; null for none. It stays the caller's. One
     /// that is destroyed takes itself out. Trees that exist keep their names and read them from the new

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/ParserVarMapper.h>
 
+#include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/ExpressionToken.h>
 #include <curveeditor/model/FunctionParserBase.h>
 
@@ -54,6 +55,21 @@ ParserVarMapper::~ParserVarMapper()
     FunctionParserBase* const parser = FunctionParserBase::instance();
     if (parser->getVarMapper() == this)
         parser->setVarMapper(nullptr);
+}
+
+void ParserVarMapper::getValues(const std::string& name, const double* times, double framesPerTimeUnit,
+                                double* values, std::size_t count) const
+{
+    EvaluationTime now;
+    for (std::size_t i = 0; i < count; ++i) {
+        now.set(times[i], framesPerTimeUnit);
+        values[i] = hasName(name) ? getValue(name) : 0.0;
+    }
+}
+
+const FunctionFloatBase* ParserVarMapper::getExpression(const std::string&) const
+{
+    return nullptr;
 }
 
 std::int32_t ParserVarMapper::getType(const std::string&) const

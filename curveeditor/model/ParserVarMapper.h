@@ -9,11 +9,14 @@
 #include <string>
 #include <string_view>
 
+class FunctionFloatBase;
+
 /// Where expressions find the variables other than `t` and `f`. A host derives a class that adds the names it
 /// knows and gives their values, and hands it to `FunctionParserBase::setVarMapper`; or it uses
 /// `CurveVariables`, which is such a class.
 ///
-/// An expression reads its variables by name at each evaluation. So a name may be removed, added again or
+/// An expression reads its variables by name at each evaluation, and a block of them at once where it is
+/// evaluated in blocks. So a name may be removed, added again or
 /// come from another mapper at any time: while it is not known it reads as 0.0.
 class CURVEEDITOR_EXPORT ParserVarMapper
 {
@@ -27,6 +30,18 @@ public:
 
     /// The present value of the variable `name`. Only called for names that `hasName` knows.
     virtual double getValue(const std::string& name) const = 0;
+
+    /// The values of the variable `name` at `count` times: `values[i]` becomes the one with `t` = `times[i]`,
+    /// in time units, and `f` = `times[i]` * `framesPerTimeUnit`. `t` and `f` have their old values again
+    /// afterwards. `values` may be the same array as `times`, but may not overlap it otherwise.
+    ///
+    /// This class calls `getValue` for each time. A mapper that can do better overrides it.
+    virtual void getValues(const std::string& name, const double* times, double framesPerTimeUnit,
+                           double* values, std::size_t count) const;
+
+    /// The expression whose value the variable `name` has now, for those who ask how much work reading it is;
+    /// in this class null, for none. It stays the host's.
+    virtual const FunctionFloatBase* getExpression(const std::string& name) const;
 
     /// The type of the variable, as in `FunctionParserBase::keyStruct`: its value is converted to this type
     /// when it is read. In this class 3, double.

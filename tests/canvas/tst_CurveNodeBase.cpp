@@ -2,6 +2,7 @@
 #include "CanvasScene.h"
 
 #include <curveeditor/canvas/CanvasExpression.h>
+#include <curveeditor/model/CurveVariables.h>
 
 #include <cmath>
 
@@ -61,15 +62,29 @@ private Q_SLOTS:
     void expressionIsDrawnWithinItsRangeAndTheCanvas()
     {
         const QByteArray huge = QByteArray("t+").repeated(20000) + 't'; // 40001 nodes
+        CurveVariables variables;
+        FunctionParserBase::instance()->setVarMapper(&variables);
+        ParseMessage message;
+        HostCurve other, chain;
+        variables.add("g.huge", nullptr, &other.expression);
+        variables.add("g.chain", nullptr, &chain.expression);
+        other.expression =
+            FunctionParserBase::instance()->parseString(huge.toStdString() + "+g.chain", message);
+        chain.expression = FunctionParserBase::instance()->parseString("g.huge+g.chain", message); // a circle
         const struct
         {
             const char* text;
             float range;
             int points, breaks, lastRow;
-        } cases[] = {{"4", 3.0f, 5000, 0, 20},          {"t-20", 3.0f, 5000, 0, 50},
-                     {"1e300", HUGE_VALF, 5000, 0, -1}, {"-1e300", HUGE_VALF, 5000, 0, 100},
-                     {"log(0)", HUGE_VALF, 0, 0, 0},    {"if((t>5)*(t<10), 0/0, 0)", 3.0f, 3751, 1, 50},
-                     {huge.data(), 3.0f, 2048, 0, 20}};
+        } cases[] = {{"4", 3.0f, 5000, 0, 20},
+                     {"t-20", 3.0f, 5000, 0, 50},
+                     {"1e300", HUGE_VALF, 5000, 0, -1},
+                     {"-1e300", HUGE_VALF, 5000, 0, 100},
+                     {"log(0)", HUGE_VALF, 0, 0, 0},
+                     {"if((t>5)*(t<10), 0/0, 0)", 3.0f, 3751, 1, 50},
+                     {huge.data(), 3.0f, 2048, 0, 20},
+                     {"g.huge", 3.0f, 2048, 0, 20},
+                     {"g.chain+g.chain", 3.0f, 1024, 0, 20}};
         for (const auto& c : cases) {
             HostCurve curve;
             CanvasScene scene;

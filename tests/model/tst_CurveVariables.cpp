@@ -7,7 +7,8 @@
 
 #include <QTest>
 
-#include <algorithm>
+#include <cmath>
+#include <cstring>
 #include <limits>
 #include <list>
 #include <memory>
@@ -51,11 +52,15 @@ private:
     std::list<HostCurve> curves_;
 };
 
+/// Infinite unless the expression has the same value by itself and in a block.
 double valueAt(FunctionFloatBase& expression, double time)
 {
+    double values[]{time + 2.0, time, time - 2.0};
+    expression.evaluateBlock(values, 25.0, values, 3);
     EvaluationTime now;
     now.set(time, 25.0);
-    return expression.evaluate();
+    const double value = expression.evaluate();
+    return std::memcmp(&value, &values[1], sizeof value) == 0 ? value : HUGE_VAL;
 }
 
 } // namespace
@@ -129,15 +134,14 @@ private Q_SLOTS:
         own.set("g.own+3");
         HostCurve outside;
         outside.set("100g.a");
-        QCOMPARE(outside.holder->evaluate(), 100.0 * (1.0 + 10.0));
-        QCOMPARE(a.holder->evaluate(), 1.0 + 10.0);
+        QCOMPARE(valueAt(*outside.holder, 1.0), 100.0 * (1.0 + 10.0));
+        QCOMPARE(valueAt(*a.holder, 1.0), 1.0 + 10.0);
         for (int round = 0; round < 2; ++round)
-            QCOMPARE(own.holder->evaluate(), 3.0);
+            QCOMPARE(valueAt(*own.holder, 1.0), 3.0);
         QCOMPARE(host.variables->getValue("g.own"), 3.0);
-        double values[]{1.0, 2.0};
-        a.holder->evaluateBlock(values, 25.0, values, 2);
-        QCOMPARE(values[1], 11.0);
-        QCOMPARE(host.variables->getValue("g.a"), 11.0);
+        host.add("g.both").set("g.a+100g.b"); // reads g.b as g.a found it
+        outside.set("g.both");
+        QCOMPARE(valueAt(*outside.holder, 1.0), 11.0 + 1000.0);
     }
 
     void chainIsReadOncePerCurve()
@@ -169,9 +173,43 @@ private Q_SLOTS:
             }
         };
         extendTo(1, CurveVariables::maximumDepth);
-        QCOMPARE(last->holder->evaluate(), 1.0);
+        QCOMPARE(valueAt(*last->holder, 1.0), 1.0);
         extendTo(CurveVariables::maximumDepth + 1, 20000);
-        QCOMPARE(last->holder->evaluate(), 0.0);
+        QCOMPARE(valueAt(*last->holder, 1.0), 0.0);
+    }
+
+    void blockOfDeepExpressionsIsReadOncePerCurve()
+    {
+        struct Counter : FunctionFloatBase
+        {
+            int count = 0;
+            double evaluate() override
+            {
+                FunctionParserBase::instance()->getKey("g.c0"); // reads this very curve
+                return ++count;
+            }
+        };
+        Host host;
+        Counter counter;
+        FunctionFloatBase* holder = &counter;
+        host.variables->add("g.c0", nullptr, &holder);
+        host.add("g.c1").set("g.c0");
+        constexpr int length = 12;
+        for (int i = 2; i <= length; ++i) { // the higher, the longer its blocks
+            const int depth = 200 - 10 * i;
+            host.add("g.c" + std::to_string(i))
+                .set(QString("%1g.c%2*g.c%3%4")
+                         .arg(QString("t-(").repeated(depth))
+                         .arg(i - 1)
+                         .arg(i - 2)
+                         .arg(QString(")").repeated(depth))
+                         .toStdString());
+        }
+        HostCurve reader;
+        reader.set("1*g.c" + std::to_string(length));
+        std::vector<double> values(300);
+        reader.holder->evaluateBlock(values.data(), 25.0, values.data(), values.size());
+        QCOMPARE(counter.count, int(values.size()));
     }
 
     void blockEqualsOneByOne()
@@ -186,10 +224,23 @@ private Q_SLOTS:
         std::vector<double> times(300);
         for (std::size_t i = 0; i < times.size(); ++i)
             times[i] = double(i) * 0.1 - 5.0;
-        std::vector<double> values(times.size());
-        reader.holder->evaluateBlock(times.data(), 25.0, values.data(), times.size());
-        for (std::size_t i = 0; i < times.size(); ++i)
-            QCOMPARE(values[i], valueAt(*reader.holder, times[i]));
+        FunctionParserBase::keyStruct& t = *FunctionParserBase::instance()->getKey("t");
+        const FunctionParserBase::keyStruct parsersOwn = t;
+        for (const bool isParsersOwn : {true, false}) {
+            float hostsTime = 0.0f;
+            if (!isParsersOwn) {
+                t.type = 2;
+                t.value = &hostsTime;
+            }
+            std::vector<double> values(times.size());
+            reader.holder->evaluateBlock(times.data(), 25.0, values.data(), times.size());
+            for (std::size_t i = 0; i < times.size(); ++i) {
+                EvaluationTime now;
+                now.set(times[i], 25.0);
+                QCOMPARE(values[i], reader.holder->evaluate());
+            }
+        }
+        t = parsersOwn;
     }
 
     void curvesMayShiftTime()
@@ -206,6 +257,14 @@ private Q_SLOTS:
                 const double value = delayed->evaluate();
                 t.setValue(now);
                 return value;
+            }
+            void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
+                               std::size_t count) override
+            {
+                std::vector<double> earlier(times, times + count);
+                for (double& time : earlier)
+                    time -= 1.0;
+                delayed->evaluateBlock(earlier.data(), framesPerTimeUnit, values, count);
             }
         };
         Host host;
