@@ -4,6 +4,7 @@
 #include <curveeditor/model/SplineState.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <charconv>
 #include <cmath>
@@ -166,6 +167,65 @@ std::size_t countUntil(const std::vector<double>& times, double time)
     return low + countInWindow(times.data() + low, high - low, time);
 }
 
+/// So many times are looked up together, and only where they pass so many points that looking up takes longer
+/// than the values.
+constexpr std::size_t batchSize = 32;
+constexpr std::size_t passedPoints = 12;
+
+using Places = std::array<std::size_t, batchSize>;
+
+/// True if the times pass several points each. Also where they fall.
+bool arePlacesFarApart(const Places& places)
+{
+    return places.back() - places.front() > 4 * batchSize;
+}
+
+/// `countUntil`, for a place that is expected near `guess`.
+std::size_t countAround(const std::vector<double>& times, std::size_t guess, double time)
+{
+    constexpr std::size_t reach = 4;
+    const std::size_t low = guess - std::min(guess, reach);
+    const std::size_t high = low + 2 * reach;
+    if (high < times.size() && times[low] <= time && time < times[high])
+        return low + countInWindow(times.data() + low, 2 * reach, time);
+    return countUntil(times, time);
+}
+
+/// What `countUntil` finds for each of the `batchSize` times `wanted`.
+void findPlaces(const std::vector<double>& times, const double* wanted, Places& places)
+{
+    places.front() = countUntil(times, wanted[0]);
+    places.back() = countUntil(times, wanted[batchSize - 1]);
+    if (!arePlacesFarApart(places)) {
+        const double last = wanted[batchSize - 1];
+        std::size_t place = places.front();
+        bool rises = true;
+        for (std::size_t i = 1; i < batchSize - 1; ++i) {
+            rises = rises && wanted[i - 1] <= wanted[i] && wanted[i] <= last;
+            if (!rises) [[unlikely]]
+                place = countUntil(times, wanted[i]);
+            while (place < times.size() && times[place] <= wanted[i])
+                ++place;
+            places[i] = place;
+        }
+        return;
+    }
+    // Each in the middle of two others: those of one step do not wait for each other.
+    for (std::size_t step = batchSize / 2; step > 0; step /= 2) {
+        for (std::size_t i = step; i < batchSize - 1; i += 2 * step) {
+            const std::size_t next = std::min(i + step, batchSize - 1);
+            places[i] = countAround(times, (places[i - step] + places[next]) / 2, wanted[i]);
+        }
+    }
+}
+
+void prefetch([[maybe_unused]] const PointInfo* point)
+{
+#ifdef __GNUC__
+    __builtin_prefetch(point);
+#endif
+}
+
 /// Adds zeros: a value that is not finite makes none of them. Four sums run beside each other.
 bool areFinite(const double* values, std::size_t count)
 {
@@ -196,10 +256,10 @@ public:
         start_ = from.time / timeUnit;
         length_ = to.time / timeUnit - start_;
         ease_ = Cubic::hermite(0.0, 1.0, 1.0 - from.easeFrom, 1.0 - to.easeTo);
+        isEased_ = to.type != Bezier;
         if (to.type == Bezier) {
             value_ = Cubic::hermite(fromPos, toPos, from.tanRight / slopeUnit * length_,
                                     to.tanLeft / slopeUnit * length_);
-            ease_ = {0.0, 1.0, 0.0, 0.0};
         } else if (to.type == Tcb) {
             value_ = Cubic::hermite(fromPos, toPos, leavingSlope(spline, endIndex - 1).over(length_),
                                     arrivingSlope(spline, endIndex).over(length_));
@@ -208,7 +268,21 @@ public:
         }
     }
 
-    double operator()(double time) const { return value_(ease_(place(time))) * valueUnit; }
+    double operator()(double time) const
+    {
+        const double u = place(time);
+        return value_(isEased_ ? ease_(u) : u) * valueUnit;
+    }
+    void evaluate(const double* times, double* values, std::size_t count) const
+    {
+        if (isEased_) {
+            for (std::size_t i = 0; i < count; ++i)
+                values[i] = value_(ease_(place(times[i]))) * valueUnit;
+        } else {
+            for (std::size_t i = 0; i < count; ++i)
+                values[i] = value_(place(times[i])) * valueUnit;
+        }
+    }
     Slope slopeWithoutEase(double time) const { return {value_.slope(place(time)), length_, slopeUnit}; }
 
     /// What the computed slopes are where a segment of `type` leaves and arrives at a point.
@@ -265,6 +339,7 @@ private:
 
     double start_ = 0.0, length_ = 0.0;
     Cubic value_ = {}, ease_ = {};
+    bool isEased_ = false;
 };
 
 SplineBase::SplineBase()
@@ -307,6 +382,12 @@ void SplineBase::evaluateBlock(const double* times, double* values, std::size_t 
 {
     std::size_t index = 0;
     for (std::size_t done = 0; done < count;) {
+        if (count - done >= batchSize && times_.size() - index > passedPoints &&
+            times[done + batchSize - 1] >= times_[index + passedPoints]) {
+            index = evaluateBatch(times + done, values + done);
+            done += batchSize;
+            continue;
+        }
         const double time = times[done];
         const bool isInNext = endsSegment(index + 1) && times_[index] <= time && time < times_[index + 1];
         index = isInNext ? index + 1 : countUntil(times_, time);
@@ -319,9 +400,29 @@ void SplineBase::evaluateBlock(const double* times, double* values, std::size_t 
         std::size_t next = done + 1;
         while (next < count && times[next] >= start && times[next] < end)
             ++next;
-        for (; done < next; ++done)
-            values[done] = segment(times[done]);
+        segment.evaluate(times + done, values + done, next - done);
+        done = next;
     }
+}
+
+// Points lie anywhere in memory: those of a batch are fetched while the first of them are worked on. Gives the
+// place of the last time.
+std::size_t SplineBase::evaluateBatch(const double* times, double* values) const
+{
+    Places places;
+    findPlaces(times_, times, places);
+    if (arePlacesFarApart(places)) {
+        for (const std::size_t place : places) {
+            if (endsSegment(place)) {
+                prefetch(points_[place - 1]);
+                prefetch(points_[place]);
+            }
+        }
+    }
+    for (std::size_t i = 0; i < batchSize; ++i)
+        values[i] =
+            endsSegment(places[i]) ? Segment<false>(*this, places[i])(times[i]) : valueOutside(times[i]);
+    return places.back();
 }
 
 std::int32_t SplineBase::findIndex(const PointInfo* point) const

@@ -98,6 +98,28 @@ private Q_SLOTS:
         }
     }
 
+    void blockThatPassesManyPointsGivesTheBitsOfSingleValues()
+    {
+        SplineBase spline;
+        for (int i = 1; i < 4000; ++i) {
+            spline.addPoint(i + 0.4 * std::sin(i), std::cos(7 * i));
+            spline.modify(i)->type = i / 5 % 3;
+        }
+        for (const double step : {0.3, 0.7, 3.0, 9.0, 100.0, -1.3}) {
+            Numbers times, values;
+            for (double time = step > 0.0 ? -20.0 : 4020.0; time > -21.0 && time < 4200.0; time += step)
+                times.push_back(time);
+            for (int disorder = 0; disorder < 3; ++disorder) {
+                values.assign(times.size(), 0.5);
+                spline.evaluate(times.data(), values.data(), times.size());
+                for (std::size_t i = 0; i < times.size(); ++i)
+                    QCOMPARE(std::bit_cast<quint64>(values[i]), std::bit_cast<quint64>(spline(times[i])));
+                for (std::size_t i = 7; i < times.size(); i += 19)
+                    times[i] = disorder > 0 ? notANumber : times[i / 2];
+            }
+        }
+    }
+
     void behavioursGoOnOutsideThePoints()
     {
         SplineBase spline;
