@@ -144,6 +144,8 @@ public:
     ///
     /// `addPoint`, `remove` and `setTime` move 16 bytes in memory for each point that changes its index, which is
     /// up to some 20 microseconds for 100,000 points; `addPoint` and `setTime` find the place by a search by time.
+    /// So many points that go one by one take time in the square of their number: 80,000 of them half a second from
+    /// the front by `remove`, and a second to the end by `setTime`. `assign` of a changed `state` is linear.
     /// @{
 
     /// Inserts a point, behind those at the same time. Its type is that of the segment into which it falls,
