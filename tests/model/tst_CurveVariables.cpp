@@ -7,8 +7,8 @@
 
 #include <QTest>
 
+#include <bit>
 #include <cmath>
-#include <cstring>
 #include <limits>
 #include <list>
 #include <memory>
@@ -60,7 +60,7 @@ double valueAt(FunctionFloatBase& expression, double time)
     EvaluationTime now;
     now.set(time, 25.0);
     const double value = expression.evaluate();
-    return std::memcmp(&value, &values[1], sizeof value) == 0 ? value : HUGE_VAL;
+    return std::bit_cast<quint64>(value) == std::bit_cast<quint64>(values[1]) ? value : HUGE_VAL;
 }
 
 } // namespace
