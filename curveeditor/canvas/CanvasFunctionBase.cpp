@@ -318,6 +318,12 @@ bool CanvasFunctionBase::hasSelectedPoint() const
     return current_ && current_->isSpline() && current_->control().hasSelection();
 }
 
+bool CanvasFunctionBase::hasPointAt(const QPoint& pixel) const
+{
+    return current_ && current_->isSpline() &&
+           current_->getCanvasSpline()->hitTest(pixel, current_->control().selection()).point != 0;
+}
+
 void CanvasFunctionBase::settle()
 {
     if (viewport_ && viewport_->gesture.isAtPoints())

@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/edit/CurveEdit.h>
 #include <curveeditor/edit/Gesture.h>
+#include <curveeditor/edit/ViewStep.h>
 
 #include <QColor>
 #include <QObject>
@@ -107,6 +108,8 @@ public:
     bool getCurrentValue(const double& time, double& value) const;
     /// Exactly one point is selected.
     bool hasSinglePoint() const;
+    /// A point of the current spline, or a handle of the selected one, lies under that pixel.
+    bool hasPointAt(const QPoint& pixel) const;
     /// The current curve is a spline of which a point is selected.
     bool hasSelectedPoint() const;
     void setCurrentToSpline(const bool& dropExpression);
@@ -146,6 +149,13 @@ public:
     /// reports nothing.
     void scaleSelection(const double& timeFactor, const double& valueFactor);
     void panSelection(const double& timeOffset, const double& valueOffset);
+
+    /// Edits the selected points of the current spline, and reports it; nothing happens if there are none. The text of
+    /// the edit is `one` or `many`, see `ControlSplineNode::editText`.
+    using PointWork = std::function<void(SplineBase&, const std::vector<PointSerial>&)>;
+    void editSelection(const QString& one, const QString& many, const PointWork& work);
+    /// The distance of the grid's lines in value units; 0.0 before the first paint or without lines.
+    double gridStep() const;
 
     /// Times of the first and the last point, lowest and highest value of the points. An expression, or a
     /// spline of fewer than two points, leaves the arguments as they are.
@@ -204,6 +214,16 @@ public:
     void clearImage();
     /// @}
 
+    /// @name The view
+    /// They paint. The limits of the view hold; without a curve nothing happens.
+    /// @{
+
+    /// Shows the points of all splines, and the values of all curves between them.
+    void showAllCurves();
+    /// Shows the selected points, or else the current curve.
+    void showSelection();
+    /// @}
+
     /// @name Events of the widget
     /// The widget calls `paint` after each; the point menu alone paints before it opens.
     /// @{
@@ -250,6 +270,9 @@ private:
     CanvasLayer::Backdrop backdrop() const;
     CanvasLayer::Curves curvesBehindCurrent() const;
     std::optional<std::pair<int, int>> selectedColumns() const;
+
+    void showCurves(const std::vector<const CurveNodeBase*>& curves);
+    void showRanges(const AxisRange& times, const AxisRange& values);
 
     void connectPointMenu();
     void takeReport(const EditReport& report);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 
+#include <curveeditor/canvas/CanvasGrid.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/MouseState.h>
 #include <curveeditor/canvas/ViewPort.h>
@@ -312,6 +313,25 @@ void CanvasFunctionBase::editSelections(const QString& text,
     door_.commit();
     Q_EMIT selectionChanged(false);
     paint();
+}
+
+void CanvasFunctionBase::editSelection(const QString& one, const QString& many, const PointWork& work)
+{
+    if (!canEditSelection())
+        return;
+    ControlSplineNode& control = current_->control();
+    const QPointer<CanvasFunctionBase> guard(this);
+    editAndReport(*current_, control.editText(one, many),
+                  [&](EditedCurve& curve) { work(*curve.spline(), control.selection().edited()); });
+    if (!guard)
+        return;
+    Q_EMIT selectionChanged(false);
+    paint();
+}
+
+double CanvasFunctionBase::gridStep() const
+{
+    return grid_->stepY;
 }
 
 void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& valueFactor)

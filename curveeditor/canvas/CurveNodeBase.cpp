@@ -31,6 +31,7 @@ namespace {
 
 constexpr int samplesPerView = 5000;
 constexpr int fewestSamples = 64;
+constexpr std::size_t samplesOfExtent = 1000;
 constexpr int mostNodesOfFullView = 16384; // more than any formula that fits into the formula line has
 constexpr int mostNodesCounted = samplesPerView / fewestSamples * mostNodesOfFullView;
 constexpr double defaultFramesPerTimeUnit = 10.0;
@@ -189,6 +190,27 @@ double CurveNodeBase::framesPerTimeUnit() const
 {
     const ViewPort* const viewport = canvas_->getViewport();
     return viewport ? viewport->fps : defaultFramesPerTimeUnit;
+}
+
+void CurveNodeBase::includeValues(const AxisRange& range, AxisRange& values) const
+{
+    std::vector<double> times(samplesOfExtent);
+    std::vector<double> found(times.size());
+    for (std::size_t i = 0; i < times.size(); ++i)
+        times[i] = range.low + range.span() * double(i) / double(times.size() - 1);
+    if (isSpline() && getSpline()) {
+        getSpline()->evaluate(times.data(), found.data(), times.size());
+        for (const SplineBase::PointInfo* point : getSpline()->getControlPoints())
+            values.include(point->pos);
+    } else if (!isSpline() && getExpression()) {
+        getExpression()->evaluateBlock(times.data(), framesPerTimeUnit(), found.data(), found.size());
+    } else {
+        return;
+    }
+    for (const double value : found) {
+        if (std::isfinite(value))
+            values.include(clamped(value));
+    }
 }
 
 void CurveNodeBase::update(ViewPort* viewport)

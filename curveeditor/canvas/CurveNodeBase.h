@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/edit/ViewStep.h>
 
 #include <QColor>
 #include <QObject>
@@ -80,6 +81,9 @@ public:
     /// The value within the clamp range, of an expression with `t` and `f` set for `time` and given back. An
     /// empty holder gives 0.0. The lower bound is tested first; not-a-number stays what it is.
     double getClampedValue(const double& time) const;
+
+    /// Widens `values` by what the picture shows between these times: the clamped curve, and the points.
+    void includeValues(const AxisRange& times, AxisRange& values) const;
 
     /// Rebuilds the picture if the curve is changed or the view dirty. An expression is sampled at 5000 times
     /// across the view, at fewer if it has more than 16384 nodes, those of the curves' expressions that it reads

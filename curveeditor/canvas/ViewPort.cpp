@@ -63,6 +63,22 @@ PlaneMapping ViewPort::deviceMapping() const
             qRound(pixelHeight * pixelRatio)};
 }
 
+void ViewPort::showView(const PlaneMapping& view)
+{
+    const bool isSame = timeMin == view.timeMin && timeMax == view.timeMax && valueMin == view.valueMin &&
+                        valueMax == view.valueMax;
+    dirty = dirty || !isSame;
+    timeMin = view.timeMin;
+    timeMax = view.timeMax;
+    valueMin = view.valueMin;
+    valueMax = view.valueMax;
+}
+
+ViewStep::Limits ViewPort::limits() const
+{
+    return {{limitTimeMin, limitTimeMax}, {limitValueMin, limitValueMax}};
+}
+
 double ViewPort::withinLimits(double value) const
 {
     return within(value, limitValueMin, limitValueMax);
@@ -222,11 +238,7 @@ void ViewPort::cancelDrag()
 {
     if (!gesture.isAtView())
         return;
-    const PlaneMapping& start = gesture.start();
-    timeMin = start.timeMin;
-    timeMax = start.timeMax;
-    valueMin = start.valueMin;
-    valueMax = start.valueMax;
+    showView(gesture.start());
     bandValid = false;
     bandActive = false;
     dirty = true;

@@ -3,6 +3,7 @@
 
 #include <curveeditor/edit/Gesture.h>
 #include <curveeditor/edit/PlaneMapping.h>
+#include <curveeditor/edit/ViewStep.h>
 
 #include <QRect>
 
@@ -67,6 +68,9 @@ public:
     PlaneMapping mapping() const;
     /// The same in device pixels.
     PlaneMapping deviceMapping() const;
+    /// Takes the visible range of `view`, and makes the view dirty if it is another one.
+    void showView(const PlaneMapping& view);
+    ViewStep::Limits limits() const;
     /// The value, or the limit next to it.
     double withinLimits(double value) const;
 

@@ -6,6 +6,7 @@
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/shell/EditMenu.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
@@ -53,6 +54,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     d_->functionEdit->setFocusPolicy(Qt::ClickFocus);
     functionView->setObjectName(QStringLiteral("functionView"));
     d_->functionEdit->setObjectName(QStringLiteral("functionEdit"));
+    new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
     setTabOrder(tabWidget2->tabBar(), d_->functionEdit);
 
     resize(400, 300);
@@ -249,6 +251,11 @@ void CurveEditor::setMaxTime(const double& val)
     if (isModeFrames())
         showTimeBounds();
     paintChangedView();
+}
+
+void CurveEditor::setViewGestures(bool on)
+{
+    d_->functionEdit->viewGestures.setEnabled(on);
 }
 
 void CurveEditor::setTimeLine(const double& val)

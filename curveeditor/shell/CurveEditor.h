@@ -148,6 +148,9 @@ public:
     /// Draws all curves anew. To be called after each change that the host makes by itself; points may be
     /// gone then.
     void updateCurves();
+
+    /// Whether wheel, touch pad, Space and the middle button move and zoom the view, as they do at first.
+    void setViewGestures(bool on);
     /// While the dialog is visible: the curve becomes a spline curve, the object in its variable is deleted, and
     /// the variable is null then. `function` is not read, and may be null; a curve that is not on the canvas is
     /// left alone. While the dialog is hidden: the object in `*function` is deleted, whatever the names are, and

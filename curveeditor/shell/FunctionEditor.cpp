@@ -21,7 +21,8 @@ bool isPlainTab(const QKeyEvent& event)
 } // namespace
 
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
-    : QWidget(parent), ViewPort(0, 0), canvas(this, editor), nodeForm(editor)
+    : QWidget(parent), ViewPort(0, 0), canvas(this, editor), nodeForm(editor),
+      viewGestures(this, canvas, *this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);

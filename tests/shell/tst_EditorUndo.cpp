@@ -1,129 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "EditorFixture.h"
+#include "EditorScene.h"
 
-#include <curveeditor/canvas/ControlMenu.h>
-#include <curveeditor/model/CurveVariables.h>
-#include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
 #include <QAction>
-#include <QBackingStore>
 #include <QScreen>
 #include <QTemporaryDir>
-#include <QUndoStack>
 
 #include <functional>
 #include <sstream>
-
-namespace {
-
-/// An editor with three curves: the spline "a.x", which is current, with points at (0, 0), (5, 1) and (8, -1), the
-/// spline "a.y", and "a.z", a formula that reads "a.x". The operations are what a user does.
-struct Scene : EditorFixture
-{
-    Scene() : EditorFixture({})
-    {
-        FunctionParserBase::instance()->setVarMapper(&variables);
-        for (const QString name : {"a.x", "a.y", "a.z"})
-            add(name);
-        for (auto& [name, curve] : curves)
-            variables.add(name.toStdString(), &curve.spline, &curve.expression);
-        curves["a.x"].spline.modify(1)->type = SplineBase::Bezier;
-        curves["a.x"].spline.addPoint(8.0, -1.0);
-        curves["a.y"].spline.setPos(curves["a.y"].spline.modify(1), -2.0);
-        ParseMessage message;
-        curves["a.z"].expression = FunctionParserBase::instance()->parseString("a.x+1", message);
-        for (const QString name : {"a.z", "a.y", "a.x"})
-            editor.setEditingNode(name);
-        editor.resize(900, 700);
-        QTest::qWait(0);
-        editor.updateCurves();
-        QObject::connect(&editor, &CurveEditor::curveEdited, [this](const CurveChange& change) {
-            if (change.phase == CurveChange::Phase::Commit)
-                commits.append(change.group + QLatin1Char('/') + change.curve);
-            intervals.append({change.timeFirst, change.timeLast});
-        });
-        changes.clear();
-    }
-    std::map<QString, CurveState> states()
-    {
-        std::map<QString, CurveState> found;
-        for (const QString name : {"a.x", "a.y", "a.z"})
-            found[name] = canvas.canvas.findCurve(name)->curve()->state();
-        return found;
-    }
-    /// What the user sees of the canvas, without a paint that nobody asked for.
-    QImage shown()
-    {
-        QCoreApplication::processEvents();
-        const auto& window = static_cast<const QImage&>(*editor.backingStore()->paintDevice());
-        return window.copy(QRect(canvas.mapTo(&editor, QPoint()), canvas.size()));
-    }
-    bool showsWhatIsDrawnFromScratch()
-    {
-        const QImage present = shown();
-        editor.updateCurves();
-        return present == shown();
-    }
-    void mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button = Qt::LeftButton,
-               Qt::KeyboardModifiers keys = {})
-    {
-        const bool isMove = type == QEvent::MouseMove;
-        QMouseEvent event(type, at, canvas.mapToGlobal(at), isMove ? Qt::NoButton : button,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : button, keys);
-        QApplication::sendEvent(&canvas, &event);
-    }
-    void press(double t, double v, Qt::KeyboardModifiers keys = {})
-    {
-        mouse(QEvent::MouseButtonPress, pixel(t, v), Qt::LeftButton, keys);
-    }
-    void move(double t, double v, Qt::KeyboardModifiers keys = {})
-    {
-        mouse(QEvent::MouseMove, pixel(t, v), Qt::LeftButton, keys);
-    }
-    void release(double t, double v) { mouse(QEvent::MouseButtonRelease, pixel(t, v)); }
-    void drag(double t, double v, double toTime, double toValue, Qt::KeyboardModifiers keys = {})
-    {
-        press(t, v);
-        move((t + toTime) / 2.0, v, keys);
-        move(toTime, toValue, keys);
-        release(toTime, toValue);
-    }
-    void selectTwo()
-    {
-        clickPoint();
-        press(8.0, -1.0, Qt::ShiftModifier);
-        changes.clear();
-    }
-    void choose(int id)
-    {
-        whenOpen<ControlMenu>([id](ControlMenu& menu) {
-            menu.handleMenu(id);
-            menu.close();
-        });
-        mouse(QEvent::MouseButtonPress, pixel(6.0, 2.0), Qt::RightButton);
-    }
-    void type(CustomEditLine* field, const QString& text)
-    {
-        field->setFocus();
-        field->selectAll();
-        QTest::keyClicks(field, text);
-    }
-    void enter(const QString& text)
-    {
-        editor.commandLine->setText(text);
-        QTest::keyClick(editor.commandLine, Qt::Key_Return);
-    }
-    int entries() const { return editor.undoStack()->count(); }
-
-    CurveVariables variables;
-    QStringList commits;
-    QList<QPointF> intervals;
-};
-
-} // namespace
 
 class tst_EditorUndo : public QObject
 {
@@ -191,6 +78,14 @@ private Q_SLOTS:
         row("Delete", 1, x, [](Scene& s) { s.selectTwo(), QTest::keyClick(&s.canvas, Qt::Key_Delete); });
         row("Delete without a selection", 0, x, [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Delete); });
         row("arrows", 0, {}, [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Right); });
+        row("nudges", 2, x + x + x, [](Scene& s) {
+            s.clickPoint();
+            QTest::keyClick(&s.canvas, Qt::Key_Right, Qt::AltModifier);
+            QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0 + 1.0 / s.canvas.fps);
+            const double value = s.curves["a.x"].spline[1]->pos;
+            QTest::keyClick(&s.canvas, Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+            QCOMPARE(s.curves["a.x"].spline[1]->pos, value - s.canvas.canvas.gridStep());
+        });
         row("stepping", 0, x + x, [](Scene& s) {
             s.clickPoint();
             QTest::mouseClick(s.editor.nextNode, Qt::LeftButton);

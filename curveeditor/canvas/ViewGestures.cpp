@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/ViewGestures.h>
+
+#include <curveeditor/canvas/CanvasFunctionBase.h>
+#include <curveeditor/canvas/ViewPort.h>
+
+#include <QInputDevice>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QWheelEvent>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double notch = 120.0; // of a wheel, in the unit of its events
+constexpr double zoomOfNotch = 1.25;
+constexpr double mostNotches = 20.0; // of one event
+constexpr double pixelsOfNotch = 60.0;
+constexpr double strongestPinch = 4.0;
+
+bool isOfTouchPad(const QWheelEvent& event)
+{
+    return event.deviceType() == QInputDevice::DeviceType::TouchPad || event.phase() != Qt::NoScrollPhase;
+}
+
+} // namespace
+
+ViewGestures::ViewGestures(QWidget* widget, CanvasFunctionBase& canvas, ViewPort& view)
+    : widget_(widget), canvas_(canvas), view_(view)
+{
+    widget->installEventFilter(this);
+}
+
+void ViewGestures::setEnabled(bool on)
+{
+    isEnabled_ = on;
+    button_ = Qt::NoButton;
+    holdSpace(false);
+}
+
+bool ViewGestures::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != widget_ || !isEnabled_)
+        return false;
+    switch (event->type()) {
+    case QEvent::Wheel:
+        return takeWheel(*static_cast<QWheelEvent*>(event));
+    case QEvent::NativeGesture:
+        return takePinch(*static_cast<QNativeGestureEvent*>(event));
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return takeKey(*static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
+    case QEvent::FocusOut:
+        holdSpace(false);
+        return false;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return takePress(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseMove:
+        return takeMove(*static_cast<QMouseEvent*>(event));
+    case QEvent::MouseButtonRelease:
+        return takeRelease(*static_cast<QMouseEvent*>(event));
+    default:
+        return false;
+    }
+}
+
+bool ViewGestures::takeWheel(const QWheelEvent& event)
+{
+    const Qt::KeyboardModifiers keys = event.modifiers() & ~Qt::KeypadModifier;
+    const bool onlyTimes = keys == Qt::ControlModifier;
+    const bool onlyValues = keys == Qt::ShiftModifier;
+    if (isOfTouchPad(event) && keys == Qt::NoModifier) {
+        pan(event.pixelDelta().isNull() ? QPointF(event.angleDelta()) / notch * pixelsOfNotch
+                                        : QPointF(event.pixelDelta()));
+        return true;
+    }
+    const int delta = event.angleDelta().y() != 0 ? event.angleDelta().y() : event.angleDelta().x();
+    if (delta == 0 || (keys != Qt::NoModifier && !onlyTimes && !onlyValues))
+        return false;
+    const double factor = std::pow(zoomOfNotch, -std::clamp(delta / notch, -mostNotches, mostNotches));
+    zoom(event.position(), onlyValues ? 1.0 : factor, onlyTimes ? 1.0 : factor);
+    return true;
+}
+
+bool ViewGestures::takePinch(const QNativeGestureEvent& event)
+{
+    if (event.gestureType() != Qt::ZoomNativeGesture)
+        return false;
+    const double factor = std::clamp(1.0 - event.value(), 1.0 / strongestPinch, strongestPinch);
+    zoom(event.position(), factor, factor);
+    return true;
+}
+
+bool ViewGestures::takeKey(const QKeyEvent& event, bool isPress)
+{
+    if (event.key() != Qt::Key_Space || (isPress && event.modifiers() != Qt::NoModifier))
+        return false;
+    if (!event.isAutoRepeat() && (!isPress || widget_->hasFocus()))
+        holdSpace(isPress);
+    return true;
+}
+
+bool ViewGestures::takePress(const QMouseEvent& event)
+{
+    const bool bySpace = isSpaceHeld_ && event.button() == Qt::LeftButton;
+    const bool byMiddle = event.button() == Qt::MiddleButton && event.modifiers() == Qt::NoModifier &&
+                          !canvas_.hasSelectedPoint() && !canvas_.hasPointAt(event.position().toPoint());
+    if (button_ != Qt::NoButton || (!bySpace && !byMiddle) || !view_.canShow())
+        return false;
+    canvas_.settle();
+    widget_->setFocus();
+    view_.gesture.beginAtView(Gesture::Kind::Pan, view_.mapping());
+    button_ = event.button();
+    last_ = event.position();
+    widget_->setCursor(Qt::ClosedHandCursor);
+    return true;
+}
+
+bool ViewGestures::takeMove(const QMouseEvent& event)
+{
+    if (button_ == Qt::NoButton)
+        return false;
+    if (view_.gesture.kind() == Gesture::Kind::Pan && event.buttons().testFlag(button_))
+        pan(event.position() - last_);
+    last_ = event.position();
+    return true;
+}
+
+bool ViewGestures::takeRelease(const QMouseEvent& event)
+{
+    if (button_ == Qt::NoButton || event.button() != button_)
+        return button_ != Qt::NoButton;
+    button_ = Qt::NoButton;
+    view_.gesture.end();
+    holdSpace(isSpaceHeld_);
+    return true;
+}
+
+void ViewGestures::zoom(const QPointF& pixel, double timeFactor, double valueFactor)
+{
+    view_.showView(ViewStep::zoomed(view_.mapping(), view_.limits(), pixel, timeFactor, valueFactor));
+    canvas_.paint();
+}
+
+void ViewGestures::pan(const QPointF& distance)
+{
+    view_.showView(ViewStep::panned(view_.mapping(), view_.limits(), distance));
+    canvas_.paint();
+}
+
+void ViewGestures::holdSpace(bool on)
+{
+    isSpaceHeld_ = on;
+    if (button_ != Qt::NoButton)
+        return;
+    if (on)
+        widget_->setCursor(Qt::OpenHandCursor);
+    else
+        widget_->unsetCursor();
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QPointF>
+
+class CanvasFunctionBase;
+class QKeyEvent;
+class QMouseEvent;
+class QNativeGestureEvent;
+class QWheelEvent;
+class QWidget;
+class ViewPort;
+
+/// Wheel, touch pad, Space and the middle button at the view of a canvas, as an event filter, so that the widget's own
+/// handlers do not know of them: the wheel zooms about the mouse, with Ctrl the times only, with Shift the values
+/// only; two fingers on a touch pad move the view and a pinch zooms it; a drag with Space held moves it, and so does
+/// one with the middle button where nothing is selected and no point lies. Escape takes a drag back.
+///
+/// Held by the widget; canvas and view outlive it.
+class ViewGestures : public QObject
+{
+    Q_OBJECT
+
+public:
+    ViewGestures(QWidget* widget, CanvasFunctionBase& canvas, ViewPort& view);
+
+    /// Switched off, all these events are the widget's.
+    void setEnabled(bool on);
+    bool isEnabled() const { return isEnabled_; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool takeWheel(const QWheelEvent& event);
+    bool takePinch(const QNativeGestureEvent& event);
+    bool takeKey(const QKeyEvent& event, bool isPress);
+    bool takePress(const QMouseEvent& event);
+    bool takeMove(const QMouseEvent& event);
+    bool takeRelease(const QMouseEvent& event);
+    void zoom(const QPointF& pixel, double timeFactor, double valueFactor);
+    void pan(const QPointF& distance);
+    void holdSpace(bool on);
+
+    QWidget* widget_;
+    CanvasFunctionBase& canvas_;
+    ViewPort& view_;
+    bool isEnabled_ = true;
+    bool isSpaceHeld_ = false;
+    Qt::MouseButton button_ = Qt::NoButton; ///< drags the view
+    QPointF last_;
+};

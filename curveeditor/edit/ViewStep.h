@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/PlaneMapping.h>
+
+#include <QPointF>
+
+/// A range of times or values.
+struct AxisRange
+{
+    double low = 0.0;
+    double high = 0.0;
+
+    double span() const { return high - low; }
+    /// Makes it large enough to hold `number`; not-a-number changes nothing.
+    void include(double number);
+};
+
+/// Steps of the view: each gives the view that follows on another one. Limits hold, yet a step is never refused: it
+/// goes as far as they let it. A view that lies outside its limits is not torn back, but can't go further out. No
+/// side gets shorter than 1e-9, nor than 0.0002 of its distance from zero. A view that can't be shown, and steps
+/// that are not finite, leave all as it is.
+namespace ViewStep {
+
+/// What the limits of a view are.
+struct Limits
+{
+    AxisRange time;
+    AxisRange value;
+};
+
+/// Multiplies the visible spans; the place under `pixel` stays where it is.
+PlaneMapping zoomed(const PlaneMapping& view, const Limits& limits, const QPointF& pixel, double timeFactor,
+                    double valueFactor);
+/// Moves the content of the view by a distance in pixels.
+PlaneMapping panned(const PlaneMapping& view, const Limits& limits, const QPointF& distance);
+/// Shows these ranges, with a tenth of the values' span free above and below. A range without span shows what
+/// stands there in the middle of the span that is visible now.
+PlaneMapping showing(const PlaneMapping& view, const Limits& limits, const AxisRange& times,
+                     const AxisRange& values);
+
+} // namespace ViewStep

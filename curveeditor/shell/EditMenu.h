@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/canvas/PointCommands.h>
+
+#include <QKeySequence>
+#include <QObject>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+class FunctionEditor;
+class QAction;
+class QKeyEvent;
+class QMenu;
+
+/// Fills the menu "Edit" with all commands on points and on the view, each with its key. The keys act while the canvas
+/// has the focus, so that fields keep them, and before the keys of a host in whose window the dialog is docked.
+/// Entries are enabled as the situation allows when the menu opens or a key is pressed.
+///
+/// A child of the menu. It filters the events of the canvas.
+class EditMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    EditMenu(QMenu* menu, FunctionEditor& canvas);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    using Condition = std::function<bool()>;
+    void add(const QString& text, const QString& key, const Condition& isPossible,
+             const std::function<void()>& work);
+    void addSelection();
+    void addMoves();
+    void addView();
+    void updateEntries();
+    QAction* entryOf(const QKeyEvent& event);
+
+    FunctionEditor& canvas_;
+    PointCommands points_;
+    QMenu* const menu_;
+    QMenu* target_; ///< what `add` adds to
+    std::vector<std::pair<QAction*, Condition>> entries_;
+};

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "EditorScene.h"
+
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
+#include <QWheelEvent>
+
+#include <functional>
+
+namespace {
+
+void wheel(Scene& s, const QPointF& at, const QPoint& delta, Qt::KeyboardModifiers keys = {},
+           Qt::ScrollPhase phase = Qt::NoScrollPhase)
+{
+    QWheelEvent event(at, s.canvas.mapToGlobal(at), {}, delta, Qt::NoButton, keys, phase, false);
+    QApplication::sendEvent(&s.canvas, &event);
+}
+
+void drag(Scene& s, Qt::MouseButton button)
+{
+    s.mouse(QEvent::MouseButtonPress, {200, 200}, button);
+    s.mouse(QEvent::MouseMove, {230, 180}, button);
+    s.mouse(QEvent::MouseButtonRelease, {230, 180}, button);
+}
+
+QList<double> sides(const FunctionEditor& canvas)
+{
+    return {canvas.timeMin, canvas.timeMax, canvas.valueMin, canvas.valueMax};
+}
+
+} // namespace
+
+class tst_EditorHands : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void viewFollowsTheHand()
+    {
+        struct Case
+        {
+            const char* name;
+            std::function<void(Scene&)> gesture;
+            bool time, value, staysUnderMouse;
+        };
+        const QPointF at(200, 150);
+        const Case cases[] = {
+            {"wheel",
+             [&](Scene& s) {
+                 wheel(s, at, {0, 120});
+             },
+             true, true, true},
+            {"wheel with Ctrl",
+             [&](Scene& s) {
+                 wheel(s, at, {0, 30}, Qt::ControlModifier);
+             },
+             true, false, true},
+            {"wheel with Shift",
+             [&](Scene& s) {
+                 wheel(s, at, {0, -15}, Qt::ShiftModifier);
+             },
+             false, true, true},
+            {"huge wheel",
+             [&](Scene& s) {
+                 wheel(s, at, {0, 1 << 30});
+             },
+             true, true, true},
+            {"wheel with Alt",
+             [&](Scene& s) {
+                 wheel(s, at, {0, 120}, Qt::AltModifier);
+             },
+             false, false, true},
+            {"wheel at rest", [&](Scene& s) { wheel(s, at, {}); }, false, false, true},
+            {"two fingers",
+             [&](Scene& s) {
+                 wheel(s, at, {-60, 0}, {}, Qt::ScrollUpdate);
+             },
+             true, false, false},
+            {"pinch",
+             [&](Scene& s) {
+                 QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                                           at, at, s.canvas.mapToGlobal(at), 0.5, {});
+                 QApplication::sendEvent(&s.canvas, &event);
+             },
+             true, true, true},
+            {"middle", [](Scene& s) { drag(s, Qt::MiddleButton); }, true, true, false},
+            {"middle with a selection", [](Scene& s) { s.clickPoint(), drag(s, Qt::MiddleButton); }, false,
+             false, true},
+            {"Space",
+             [](Scene& s) {
+                 QTest::keyPress(&s.canvas, Qt::Key_Space);
+                 drag(s, Qt::LeftButton);
+                 QTest::keyRelease(&s.canvas, Qt::Key_Space);
+                 QVERIFY(!s.canvas.bandActive);
+             },
+             true, true, false},
+            {"Space that went elsewhere",
+             [](Scene& s) {
+                 QTest::keyPress(&s.canvas, Qt::Key_Space);
+                 s.editor.commandLine->setFocus();
+                 drag(s, Qt::LeftButton);
+             },
+             false, false, true},
+            {"Escape",
+             [](Scene& s) {
+                 s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
+                 s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
+                 QTest::keyClick(&s.canvas, Qt::Key_Escape);
+                 s.mouse(QEvent::MouseMove, {240, 180}, Qt::MiddleButton);
+                 s.mouse(QEvent::MouseButtonRelease, {240, 180}, Qt::MiddleButton);
+                 QVERIFY(s.editor.isVisible());
+             },
+             false, false, true},
+            {"off",
+             [&](Scene& s) {
+                 s.editor.setViewGestures(false), wheel(s, at, {0, 120});
+             },
+             false, false, true},
+            {"Home", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Home); }, true, true, false},
+            {"F", [](Scene& s) { s.clickPoint(), QTest::keyClick(&s.canvas, Qt::Key_F); }, true, true, false},
+        };
+        for (const Case& c : cases) {
+            Scene s;
+            s.editor.setMinValue(-20.0);
+            s.editor.setMaxValue(20.0);
+            s.canvas.showView({0.0, 9.0, -5.0, 5.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
+            s.canvas.canvas.paint();
+            const QList<double> before = sides(s.canvas);
+            const PlaneMapping view = s.canvas.mapping();
+            c.gesture(s);
+            const QList<double> after = sides(s.canvas);
+            QVERIFY2((before.mid(0, 2) != after.mid(0, 2)) == c.time, c.name);
+            QVERIFY2((before.mid(2) != after.mid(2)) == c.value, c.name);
+            const PlaneMapping now = s.canvas.mapping();
+            const bool isUnderMouse = qAbs(now.timeAt(at.x()) - view.timeAt(at.x())) < 1e-9 &&
+                                      qAbs(now.valueAt(at.y()) - view.valueAt(at.y())) < 1e-9;
+            QVERIFY2(isUnderMouse == c.staysUnderMouse, c.name);
+            QVERIFY2(s.showsWhatIsDrawnFromScratch(), c.name);
+            QCOMPARE(s.entries(), 0);
+        }
+    }
+
+    void selectionFollowsTheKeys()
+    {
+        Scene s;
+        const auto count = [&s] {
+            return int(s.canvas.canvas.currentControl()->selection().edited().size());
+        };
+        const struct
+        {
+            Qt::Key key;
+            Qt::KeyboardModifiers modifiers;
+            int selected;
+        } steps[] = {{Qt::Key_A, Qt::ControlModifier, 3},
+                     {Qt::Key_I, Qt::ControlModifier, 0},
+                     {Qt::Key_Left, Qt::ShiftModifier, 1},
+                     {Qt::Key_Left, Qt::ShiftModifier, 2},
+                     {Qt::Key_I, Qt::ControlModifier, 1},
+                     {Qt::Key_Right, Qt::ShiftModifier, 2},
+                     {Qt::Key_Right, Qt::ShiftModifier, 3},
+                     {Qt::Key_Right, Qt::ShiftModifier, 3},
+                     {Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, 0}};
+        for (const auto& step : steps) {
+            QTest::keyClick(&s.canvas, step.key, step.modifiers);
+            QCOMPARE(count(), step.selected);
+            QVERIFY(s.showsWhatIsDrawnFromScratch());
+        }
+        s.editor.commandLine->setFocus();
+        QTest::keyClick(s.editor.commandLine, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(count(), 0);
+    }
+};
+
+QTEST_MAIN(tst_EditorHands)
+#include "tst_EditorHands.moc"
