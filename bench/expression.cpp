@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 
-// Expressions, each task beside its peer muParser and beside the same formula written in C++. Ratios within
+// Expressions, each task beside its peers muParser and fparser and beside the same formula written in C++. Ratios within
 // one run count, not times.
+
+#include "FParserPeer.h"
 
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/FunctionFloatBase.h>
@@ -29,6 +31,8 @@ const std::string formulaWithOperators =
 
 constexpr std::size_t sampleCount = 5000;
 constexpr double framesPerTimeUnit = 25.0;
+
+const std::string polynomial = "if(t>500,(t-500)*(t-500)*0.01-t,3*t^2+2*t-1)";
 
 std::vector<double> sampleTimes()
 {
@@ -75,12 +79,12 @@ void countValues(benchmark::State& state, std::size_t valuesPerIteration)
     state.SetItemsProcessed(state.iterations() * std::int64_t(valuesPerIteration));
 }
 
-void oneByOne(benchmark::State& state)
+void oneByOne(benchmark::State& state, const std::string& text)
 {
     FunctionParserBase* const parser = FunctionParserBase::instance();
     FunctionParserBase::keyStruct* const t = parser->getKey("t");
     FunctionParserBase::keyStruct* const f = parser->getKey("f");
-    const auto expression = parse(formula);
+    const auto expression = parse(text);
     const std::vector<double> times = sampleTimes();
     for (auto _ : state) {
         for (const double time : times) {
@@ -91,7 +95,21 @@ void oneByOne(benchmark::State& state)
     }
     countValues(state, times.size());
 }
-BENCHMARK(oneByOne);
+BENCHMARK_CAPTURE(oneByOne, formula, formula);
+BENCHMARK_CAPTURE(oneByOne, polynomial, polynomial);
+
+void oneByOneFParser(benchmark::State& state, const std::string& text)
+{
+    FParserPeer peer(text);
+    const std::vector<double> times = sampleTimes();
+    for (auto _ : state) {
+        for (const double time : times)
+            benchmark::DoNotOptimize(peer.evaluate(time, time * framesPerTimeUnit));
+    }
+    countValues(state, times.size());
+}
+BENCHMARK_CAPTURE(oneByOneFParser, formula, formulaWithOperators);
+BENCHMARK_CAPTURE(oneByOneFParser, polynomial, polynomial);
 
 void oneByOneMuParser(benchmark::State& state)
 {
@@ -156,6 +174,15 @@ void parsing(benchmark::State& state)
         benchmark::DoNotOptimize(parse(formula)->evaluate());
 }
 BENCHMARK(parsing);
+
+void parsingFParser(benchmark::State& state)
+{
+    for (auto _ : state) {
+        FParserPeer peer(formulaWithOperators);
+        benchmark::DoNotOptimize(peer.evaluate(500.0, 0.0));
+    }
+}
+BENCHMARK(parsingFParser);
 
 void parsingMuParser(benchmark::State& state)
 {
