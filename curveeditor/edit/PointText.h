@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/SplineBase.h>
+
+#include <QCoreApplication>
+#include <QString>
+
+#include <vector>
+
+/// Points as text, for the clipboard: a table of a head line and one row for each point, which a spreadsheet reads.
+///
+/// Written are columns separated by tabs, every number in the shortest form that reads back to the same bits, with
+/// "." as decimal sign whatever the locale. The types are "Linear", "Bezier" and "Tcb"; a number that is no type is
+/// written as "Linear", as which it acts.
+///
+/// Read is that table, with any of its columns in any order as long as time and value are among them, and a table
+/// of two columns, time and value, without a head line or under one with other words. Columns are separated by
+/// tabs, else by semicolons, commas or blanks. A comma that does not separate is a decimal sign. Empty lines are
+/// passed over; capitals in the words make no difference.
+class PointText
+{
+    Q_DECLARE_TR_FUNCTIONS(PointText)
+
+public:
+    /// More rows are not read.
+    static constexpr int maximumRows = 1'000'000;
+
+    /// Either points, ascending in time and without serials, or what is wrong with the text, for the user.
+    struct Result
+    {
+        std::vector<SplineBase::PointInfo> points;
+        QString message; ///< names the line, the first is 1; empty if there are points
+    };
+
+    static QString write(const std::vector<SplineBase::PointInfo>& points);
+    /// Any text may be given. What the columns leave open is as in a new `SplineBase::PointInfo`.
+    static Result read(const QString& text);
+
+private:
+    class Reader;
+};

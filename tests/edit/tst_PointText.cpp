@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/edit/PointText.h>
+#include <curveeditor/model/SplineState.h>
+
+#include <QElapsedTimer>
+#include <QLocale>
+#include <QTest>
+
+using Points = std::vector<SplineBase::PointInfo>;
+
+class tst_PointText : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tableReadsBackToTheSameBits()
+    {
+        QLocale::setDefault(QLocale(QLocale::German));
+        Points points;
+        for (int index = 0; index < 10'000; ++index) {
+            const double number = (index + 1) / 3.0;
+            points.push_back({number, -0.0, 1e300, -number, 0.1, number * 1e-300, 3, -1, 1, index % 3});
+        }
+        QElapsedTimer timer;
+        timer.start();
+        const QString text = PointText::write(points);
+        const Points read = PointText::read(text).points;
+        QVERIFY2(timer.elapsed() < 100 * 10, "far slower than one must wait for, sanitizers included");
+        QVERIFY(std::equal(read.begin(), read.end(), points.begin(), points.end(), isSamePoint));
+        const QString head =
+            "time\tvalue\ttype\tincoming\toutgoing\ttension\tcontinuity\tbias\teaseTo\teaseFrom\n";
+        QVERIFY(text.startsWith(head + "0.3333333333333333\t-0\tLinear\t1e+300\t"));
+        QVERIFY(PointText::write({{.type = 7}}).contains("\tLinear\t"));
+    }
+
+    /// In each of the texts the points are (0.5, -2) and (1.5, 3000), if not said otherwise.
+    void tablesOfOthersAreRead_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("tabs, decimal commas") << "0,5\t-2\r\n1,5\t3e3\r\n";
+        QTest::newRow("head line, semicolons") << "Seconds (s);Height\n0,5 ; -2\n\n1.5;+3000\n";
+        QTest::newRow("commas") << "time,value\r0.5,-2\r1.5,3000";
+        QTest::newRow("commas and blanks") << "0.5, -2\n1.5, 3000";
+        QTest::newRow("blanks, decimal commas") << "  0,5   -2,0\n1,5 3000";
+        QTest::newRow("later point first") << "\uFEFF1.5 3000\n0.5 -2";
+        QTest::newRow("columns in another order") << "Type;VALUE;Time\nbezier;-2;0.5\nTcb;3000;1.5";
+    }
+    void tablesOfOthersAreRead()
+    {
+        QFETCH(QString, text);
+        const PointText::Result result = PointText::read(text);
+        QCOMPARE(result.message, QString());
+        QCOMPARE(result.points.size(), std::size_t(2));
+        QCOMPARE(result.points[0].time, 0.5);
+        QCOMPARE(result.points[0].pos, -2.0);
+        QCOMPARE(result.points[0].type, text.contains("bezier") ? SplineBase::Bezier : SplineBase::Tcb);
+        QCOMPARE(result.points[1].time, 1.5);
+        QCOMPARE(result.points[1].pos, 3000.0);
+    }
+
+    void faultIsToldWithItsLine_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("message");
+        const QString noNumber = QStringLiteral("Line %1: \"%2\" is no number that a point can have.");
+        QTest::newRow("empty") << " \n\t\r\n"
+                               << "The text holds no points.";
+        QTest::newRow("head line alone") << "time\tvalue\n"
+                                         << "The text holds no points.";
+        QTest::newRow("words") << "To be or not"
+                               << "Line 1: \"To\" is no column of points.";
+        QTest::newRow("two words") << "To be\nor not" << noNumber.arg(2).arg("or");
+        QTest::newRow("binary") << QString::fromLatin1("\0\1 7\n", 5) << noNumber.arg(1).arg("??");
+        QTest::newRow("not finite") << "1\t2\n\n3\t1e999" << noNumber.arg(3).arg("1e999");
+        QTest::newRow("infinite") << "1\t2\r\n3\tinf" << noNumber.arg(2).arg("inf");
+        QTest::newRow("number and more") << "1\t2 m" << noNumber.arg(1).arg("2 m");
+        QTest::newRow("two decimal signs") << "1\t1.000,5" << noNumber.arg(1).arg("1.000,5");
+        QTest::newRow("long") << "1\t" + QString(99, 'x') << noNumber.arg(1).arg(QString(20, 'x') + "...");
+        QTest::newRow("other width") << "1 2\n3"
+                                     << "Line 2: 1 columns where 2 are expected.";
+        QTest::newRow("no head line") << "1 2 3"
+                                      << "Line 1: 3 columns where 2 are expected.";
+        QTest::newRow("twice") << "time;value;TIME"
+                               << "Line 1: The column \"time\" is there twice.";
+        QTest::newRow("missing") << "time;type"
+                                 << "Line 1: The column \"value\" is missing.";
+        QTest::newRow("type") << "time;value;type\n1;2;3"
+                              << "Line 2: \"3\" is no type of a point.";
+        QTest::newRow("too many") << QStringLiteral("1 2\n").repeated(PointText::maximumRows + 1)
+                                  << "Line 1000001: More than 1000000 points.";
+    }
+    void faultIsToldWithItsLine()
+    {
+        QFETCH(QString, text);
+        const PointText::Result result = PointText::read(text);
+        QTEST(result.message, "message");
+        QVERIFY(result.points.empty());
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_PointText)
+#include "tst_PointText.moc"
