@@ -74,7 +74,7 @@ std::optional<double> numberOf(std::string_view field)
 {
     std::string text(field);
     std::replace(text.begin(), text.end(), ',', '.'); // two signs are no number any more
-    const bool hasPlus = text.size() > 1 && text[0] == '+' && text[1] != '-';
+    const bool hasPlus = text[0] == '+' && text[1] != '-';
     const char* const end = text.data() + text.size();
     double number = 0.0;
     const auto [rest, error] = std::from_chars(text.data() + (hasPlus ? 1 : 0), end, number);
@@ -158,7 +158,6 @@ public:
 
 private:
     bool nextLine(std::string_view& line);
-    char findSeparator() const;
     bool readHead(const Fields& fields);
     bool readRow(const Fields& fields);
     bool readField(std::string_view field, const Column& column, PointInfo& point);
@@ -184,12 +183,14 @@ PointText::Result PointText::read(const QString& text)
 
 PointText::Result PointText::Reader::read()
 {
-    const char separator = findSeparator();
+    char separator = 0;
     std::string_view line;
     bool isFine = true;
     while (isFine && nextLine(line)) {
-        const Fields fields = split(line, separator);
         const bool isFirst = columns_.empty();
+        if (isFirst)
+            separator = separatorOf(line);
+        const Fields fields = split(line, separator);
         const bool isHead = isFirst && std::none_of(fields.begin(), fields.end(), [](std::string_view field) {
                                 return numberOf(field).has_value();
                             });
@@ -218,17 +219,6 @@ bool PointText::Reader::nextLine(std::string_view& line)
             return true;
     }
     return false;
-}
-
-/// That of the first row of numbers, as words of a head line may have blanks in them.
-char PointText::Reader::findSeparator() const
-{
-    Reader lines(text_);
-    std::string_view head;
-    std::string_view row;
-    if (lines.nextLine(head) && head.find_first_of("0123456789") != std::string_view::npos)
-        return separatorOf(head);
-    return separatorOf(lines.nextLine(row) ? row : head);
 }
 
 bool PointText::Reader::readHead(const Fields& fields)

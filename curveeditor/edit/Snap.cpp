@@ -21,7 +21,7 @@ std::vector<double> sorted(std::vector<double> numbers)
 class Snap::Nearest
 {
 public:
-    /// Looks no further than `reach`.
+    /// Looks for what is less than `reach` away.
     Nearest(double coordinate, double reach) : coordinate_(coordinate), snapped_(coordinate), distance_(reach)
     {
     }
@@ -29,14 +29,13 @@ public:
     void attract(double candidate, Kind kind)
     {
         const double distance = std::abs(candidate - coordinate_);
-        if (!(distance <= distance_))
-            return;
-        const bool isSame = kinds_ != Nothing && candidate == snapped_;
-        if (distance == distance_ && kinds_ != Nothing && !isSame)
-            return; // of two that are equally near the first one
-        kinds_ = isSame ? kinds_ | kind : unsigned(kind);
-        snapped_ = candidate;
-        distance_ = distance;
+        if (kinds_ != Nothing && candidate == snapped_) {
+            kinds_ |= kind;
+        } else if (distance < distance_) {
+            kinds_ = kind;
+            snapped_ = candidate;
+            distance_ = distance;
+        }
     }
 
     void attract(const std::vector<double>& ascending, Kind kind)
@@ -105,7 +104,7 @@ Snap::Result Snap::snapped(const Gesture::Place& place, const PlaneMapping& mapp
 
 void Snap::attractTime(Nearest& nearest) const
 {
-    if ((kinds & Frames) && fps > 0.0 && std::isfinite(fps))
+    if ((kinds & Frames) && fps > 0.0)
         nearest.attract(std::round(nearest.coordinate() * fps) / fps, Frames);
     if (kinds & GridLines)
         nearest.attract(gridTimes_, GridLines);

@@ -11,7 +11,8 @@
 /// What a place of the plane snaps to in a drag: frames, grid lines, the times and values of other points, and the
 /// time line. A value; it is filled when the drag begins and asked at each step.
 ///
-/// Time and value snap independently, each to what is nearest of the kinds that are on, if that is near enough.
+/// Time and value snap independently, each to the nearest of the kinds that are on, the first kind of two that
+/// are equally near.
 /// A frame and the time line are times alone. Numbers that are not finite attract nothing.
 class Snap
 {
@@ -27,7 +28,7 @@ public:
 
     /// The `Kind`s that are on, or-ed; none at first.
     unsigned kinds = Nothing;
-    /// How far away from a place, in pixels of each axis, it is attracted.
+    /// How near a place must come to be attracted, in pixels of each axis.
     double reach = 8.0;
     /// Frames in one time unit; there are none unless it is finite and positive.
     double fps = 0.0;

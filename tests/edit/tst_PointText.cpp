@@ -76,7 +76,7 @@ private Q_SLOTS:
         QTest::newRow("number and more") << "1\t2 m" << noNumber.arg(1).arg("2 m");
         QTest::newRow("two decimal signs") << "1\t1.000,5" << noNumber.arg(1).arg("1.000,5");
         QTest::newRow("long") << "1\t" + QString(99, 'x') << noNumber.arg(1).arg(QString(20, 'x') + "...");
-        QTest::newRow("other width") << "1 2\n3"
+        QTest::newRow("other width") << "1,2\n3"
                                      << "Line 2: 1 columns where 2 are expected.";
         QTest::newRow("no head line") << "1 2 3"
                                       << "Line 1: 3 columns where 2 are expected.";

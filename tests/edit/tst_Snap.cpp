@@ -34,7 +34,9 @@ private Q_SLOTS:
         row("points", Snap::Points, {5.4, 7.2}, {5.5, 7.0}, Snap::Points, Snap::Points);
         row("moving point", Snap::Points, {30.1, 30.1}, {30.1, 30.1}, 0u, 0u);
         row("time line", Snap::TimeLine, {12.6, 12.6}, {12.5, 12.6}, Snap::TimeLine, 0u);
-        row("nearest of all", all, {12.4, 12.0}, {12.5, 12.0}, Snap::TimeLine, 0u);
+        row("nearest is the last", all, {12.4, 12.0}, {12.5, 12.0}, Snap::TimeLine, 0u);
+        row("nearest is the first", all, {12.2, 12.0}, {12.0, 12.0}, Snap::Frames, 0u);
+        row("equally near", all, {12.25, 12.0}, {12.0, 12.0}, Snap::Frames, 0u);
         row("several at one place", all, {10.1, 10.0}, {10.0, 10.0}, Snap::Frames | Snap::GridLines,
             Snap::GridLines);
         row("last", all, {105.0, 105.0}, {105.0, 105.0}, 0u, 0u);
@@ -48,7 +50,7 @@ private Q_SLOTS:
         Snap snap;
         snap.fps = 0.5;
         snap.timeLine = 12.5;
-        snap.setGridLines({20.0, 0.0, infinity, 10.0}, {20.0, qQNaN(), 10.0});
+        snap.setGridLines({20.0, 0.0, infinity, 10.0}, {10.0, qQNaN(), qQNaN(), 20.0});
         snap.setPoints({&spline, nullptr}, {spline.getLast()->serial});
         QFETCH(unsigned, kinds);
         QFETCH(QPointF, place);
@@ -72,7 +74,8 @@ private Q_SLOTS:
         }
         snap.fps = 1.0;
         QCOMPARE(snap.snapped({2.1, 3.1}, mapping).place.time, 2.0);
-        QCOMPARE(snap.snapped({2.1, 3.1}, {}).place.time, 2.1);
+        for (const PlaneMapping& empty : {PlaneMapping(), PlaneMapping(-1e308, 1e308, 0.0, 50.0, 1000, 500)})
+            QCOMPARE(snap.snapped({2.1, 3.1}, empty).place.time, 2.1);
     }
 };
 
