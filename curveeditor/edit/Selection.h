@@ -17,6 +17,8 @@ using PointSerial = std::uint32_t;
 class Selection
 {
 public:
+    bool operator==(const Selection& other) const = default;
+
     PointSerial current() const { return current_; }
     /// The points of a multiple selection, in the order in which they were listed.
     const std::vector<PointSerial>& listed() const { return listed_; }

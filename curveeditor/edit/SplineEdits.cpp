@@ -80,6 +80,27 @@ void SplineEdits::write(SplineBase& spline, PointSerial serial, Field field, dou
         point->*member(field) = number;
 }
 
+void SplineEdits::write(SplineBase& spline, const std::vector<PointSerial>& points, Field field,
+                        double number)
+{
+    if (!std::isfinite(number))
+        return;
+    if (field != Field::Time) {
+        for (PointInfo* const point : find(spline, points))
+            point->*member(field) = number;
+        return;
+    }
+    SplineState state = spline.state();
+    const std::unordered_set<PointSerial> moving(points.begin(), points.end());
+    const auto rest =
+        std::stable_partition(state.points.begin(), state.points.end(),
+                              [&](const PointInfo& point) { return moving.count(point.serial) == 0; });
+    std::for_each(rest, state.points.end(), [number](PointInfo& point) { point.time = number; });
+    std::inplace_merge(state.points.begin(), rest, state.points.end(),
+                       [](const PointInfo& left, const PointInfo& right) { return left.time < right.time; });
+    spline.assign(state);
+}
+
 void SplineEdits::setFirstType(SplineBase& spline, int type)
 {
     spline.firstType = type;

@@ -18,6 +18,8 @@ enum class Field { Time, Value, Tension, Continuity, Bias, TangentLeft, TangentR
 
 double read(const SplineBase::PointInfo& point, Field field);
 void write(SplineBase& spline, PointSerial point, Field field, double number);
+/// The same for many points, in linear time; those that get a time stand behind others at it, in their own order.
+void write(SplineBase& spline, const std::vector<PointSerial>& points, Field field, double number);
 
 /// How the curve goes on before its first and after its last point, see `SplineBase::Behaviour`.
 void setFirstType(SplineBase& spline, int type);

@@ -6,6 +6,7 @@
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/panel/PointTablePage.h>
 #include <curveeditor/shell/EditMenu.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
@@ -56,11 +57,14 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     d_->functionEdit->setObjectName(QStringLiteral("functionEdit"));
     new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
     setTabOrder(tabWidget2->tabBar(), d_->functionEdit);
+    d_->pointTable = new PointTablePage(this);
+    tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
 
     resize(400, 300);
     connectWidgets();
     connectActions();
     connectEditingList();
+    connectPointTable();
     setFocusPolicy(Qt::StrongFocus);
     setShowFrames();
     showTimeBounds();
@@ -72,6 +76,7 @@ CurveEditor::~CurveEditor()
 {
     // The canvas goes first, while all that its signals and its node form reach is still there.
     delete d_->functionEdit;
+    delete d_->pointTable; // while the dialog can still tell it the unit of times
     checkListsEditing->disconnect(this);
     d_->nodeList.clear();
     d_->mainNodeList.clear();
@@ -93,6 +98,27 @@ void CurveEditor::connectWidgets()
             &CurveEditor::showStepTexts);
     connect(d_->functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
     connect(d_->functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
+}
+
+void CurveEditor::connectPointTable()
+{
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    connect(d_->functionEdit, &FunctionEditor::selectionShown, this, &CurveEditor::showPoints);
+    connect(&canvas, &CanvasFunctionBase::edited, this, &CurveEditor::showPoints);
+    connect(d_->pointTable, &PointTablePage::edited, &canvas, &CanvasFunctionBase::nodeHasChanged);
+    connect(d_->pointTable, &PointTablePage::selectionPicked, d_->functionEdit, [this] {
+        d_->functionEdit->showSelection(true);
+        d_->functionEdit->canvas.paint();
+    });
+    connect(d_->pointTable, &QWidget::windowTitleChanged, tabWidget2, [this](const QString& title) {
+        tabWidget2->setTabText(tabWidget2->indexOf(d_->pointTable), title);
+    });
+}
+
+void CurveEditor::showPoints()
+{
+    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    d_->pointTable->show(canvas.isCurrentExpression() ? nullptr : canvas.currentControl());
 }
 
 void CurveEditor::connectEditingList()

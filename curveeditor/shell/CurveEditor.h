@@ -353,6 +353,7 @@ private:
     void createExpressionTool();
     void connectActions();
     void connectWidgets();
+    void connectPointTable();
     void connectEditingList();
     QAction* createAction(const char* name);
     QAction* createToggleAction(const char* name, QActionGroup* group);
@@ -386,6 +387,7 @@ private:
     void tellCurrentCurve();
     bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
     void showContent();
+    void showPoints();
     void showLineText();
     void showLineTip();
     void setCurveEditableOn(NodeStruct* record);

@@ -240,6 +240,7 @@ void CurveEditor::setShowTime()
     d_->functionEdit->setShowFrames(false);
     posX->setValue(timeOfFrame(typedNumber(*posX)));
     showTimeBounds();
+    showPoints();
     d_->functionEdit->canvas.paint();
 }
 
@@ -251,6 +252,7 @@ void CurveEditor::setShowFrames()
     d_->functionEdit->setShowFrames(true);
     posX->setValue(shownTime(typedNumber(*posX)));
     showTimeBounds();
+    showPoints();
     d_->functionEdit->canvas.paint();
 }
 

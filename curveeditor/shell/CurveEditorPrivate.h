@@ -11,6 +11,7 @@
 
 class CustomEditLine;
 class FunctionEditor;
+class PointTablePage;
 class QAction;
 class QMenu;
 class QToolButton;
@@ -28,6 +29,7 @@ struct CurveEditor::Private
     QString lineFormula; ///< ... and that formula
 
     FunctionEditor* functionEdit = nullptr;
+    PointTablePage* pointTable = nullptr;
     std::unique_ptr<ControlMenu2> editingMenu;
 
     QMenu* fileMenu = nullptr;

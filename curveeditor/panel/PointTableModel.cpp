@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/panel/PointTableModel.h>
+
+#include <curveeditor/panel/NodePage.h>
+
+#include <QLocale>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+using Field = SplineEdits::Field;
+
+constexpr double parameterBound = 10.0;
+constexpr double easeBound = 1.0;
+
+struct Numbers
+{
+    Field field;
+    double bound; ///< 0.0 for none
+};
+
+/// What a column holds; that of the types has no number.
+constexpr std::array<Numbers, PointTableModel::ColumnCount> numbers = {{{Field::Time, 0.0},
+                                                                        {Field::Value, 0.0},
+                                                                        {},
+                                                                        {Field::TangentLeft, 0.0},
+                                                                        {Field::TangentRight, 0.0},
+                                                                        {Field::Tension, parameterBound},
+                                                                        {Field::Continuity, parameterBound},
+                                                                        {Field::Bias, parameterBound},
+                                                                        {Field::EaseTo, easeBound},
+                                                                        {Field::EaseFrom, easeBound}}};
+
+std::vector<PointSerial> serialsOf(const ControlSplineNode* control)
+{
+    std::vector<PointSerial> serials;
+    if (!control || !control->getSpline())
+        return serials;
+    const auto& points = control->getSpline()->getControlPoints();
+    serials.reserve(points.size());
+    for (const SplineBase::PointInfo* const point : points)
+        serials.push_back(point->serial);
+    return serials;
+}
+
+/// Without an exponent where that is readable.
+QString shortestText(double number)
+{
+    const double size = std::abs(number);
+    const bool isPlain = number == 0.0 || (size >= 1e-5 && size < 1e15);
+    return QString::number(number, isPlain ? 'f' : 'g', QLocale::FloatingPointShortest);
+}
+
+} // namespace
+
+PointTableModel::PointTableModel(const NodePage* unit, QObject* parent)
+    : QAbstractTableModel(parent), unit_(unit)
+{
+}
+
+bool PointTableModel::show(ControlSplineNode* control)
+{
+    std::vector<PointSerial> rows = serialsOf(control);
+    Q_EMIT headerDataChanged(Qt::Horizontal, Time, Time);
+    if (control == control_ && rows == rows_) {
+        if (!rows_.empty())
+            Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+        return false;
+    }
+    beginResetModel();
+    control_ = control;
+    rows_.swap(rows);
+    endResetModel();
+    return true;
+}
+
+int PointTableModel::rowOf(PointSerial point) const
+{
+    const auto found = std::find(rows_.begin(), rows_.end(), point);
+    return found == rows_.end() ? -1 : int(found - rows_.begin());
+}
+
+PointSerial PointTableModel::pointIn(int row) const
+{
+    return row >= 0 && row < rowCount() ? rows_[std::size_t(row)] : 0;
+}
+
+QStringList PointTableModel::typeNames()
+{
+    return {tr("Linear"), tr("Bezier"), tr("Tcb")};
+}
+
+int PointTableModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(rows_.size());
+}
+
+int PointTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+const SplineBase::PointInfo* PointTableModel::pointOf(const QModelIndex& cell) const
+{
+    const SplineBase::PointInfo* const point = control_ ? control_->pointAt(cell.row()) : nullptr;
+    return point && point->serial == pointIn(cell.row()) ? point : nullptr;
+}
+
+QVariant PointTableModel::data(const QModelIndex& cell, int role) const
+{
+    if (role == Qt::TextAlignmentRole)
+        return int(Qt::AlignVCenter | (cell.column() == Type ? Qt::AlignLeft : Qt::AlignRight));
+    const SplineBase::PointInfo* const point = pointOf(cell);
+    if (!point || (role != Qt::DisplayRole && role != Qt::EditRole))
+        return {};
+    return textOf(*point, cell.column());
+}
+
+QString PointTableModel::textOf(const SplineBase::PointInfo& point, int column) const
+{
+    if (column == Type) {
+        const bool isKnown = point.type == SplineBase::Bezier || point.type == SplineBase::Tcb;
+        return typeNames().at(isKnown ? point.type : SplineBase::Linear);
+    }
+    const double number = SplineEdits::read(point, numbers[std::size_t(column)].field);
+    return shortestText(column == Time && unit_->isModeFrames() ? number * unit_->getFps() : number);
+}
+
+QVariant PointTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole)
+        return {};
+    if (orientation == Qt::Vertical)
+        return section;
+    const QStringList titles = {unit_->isModeFrames() ? tr("Frame") : tr("Time"),
+                                tr("Value"),
+                                tr("Type"),
+                                tr("Incoming"),
+                                tr("Outgoing"),
+                                tr("Tension"),
+                                tr("Continuity"),
+                                tr("Bias"),
+                                tr("Ease To"),
+                                tr("Ease From")};
+    return titles.value(section);
+}
+
+Qt::ItemFlags PointTableModel::flags(const QModelIndex& cell) const
+{
+    return cell.isValid()
+               ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemNeverHasChildren
+               : Qt::NoItemFlags;
+}
+
+bool PointTableModel::setData(const QModelIndex& cell, const QVariant& value, int role)
+{
+    return role == Qt::EditRole && setText(cell, value.toString(), {cell.row()});
+}
+
+bool PointTableModel::setText(const QModelIndex& cell, const QString& text, const std::vector<int>& rows)
+{
+    const SplineBase::PointInfo* const point = pointOf(cell);
+    if (!point)
+        return false;
+    std::vector<PointSerial> points;
+    for (const int row : rows)
+        points.push_back(pointIn(row));
+    if (cell.column() == Type) {
+        const auto type = int(typeNames().indexOf(text));
+        return type >= 0 &&
+               edit(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2"),
+                    points.size(), [&](SplineBase& spline) { SplineEdits::setType(spline, points, type); });
+    }
+    double number = 0.0;
+    const Field field = numbers[std::size_t(cell.column())].field;
+    return readNumber(*point, cell.column(), text, number) &&
+           edit(tr("Change a number of a point of %1"), tr("Change a number of %1 points of %2"),
+                points.size(),
+                [&](SplineBase& spline) { SplineEdits::write(spline, points, field, number); });
+}
+
+bool PointTableModel::readNumber(const SplineBase::PointInfo& point, int column, const QString& text,
+                                 double& number) const
+{
+    const auto& [field, bound] = numbers[std::size_t(column)];
+    number = SplineEdits::read(point, field);
+    if (text == textOf(point, column))
+        return true;
+    bool isNumber = false;
+    number = QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
+    if (column == Time && unit_->isModeFrames())
+        number /= unit_->getFps();
+    if (bound != 0.0)
+        number = std::clamp(number, -bound, bound);
+    return isNumber && std::isfinite(number);
+}
+
+/// An edit that is open elsewhere is told when it is committed, and who hears of it may take the curve away.
+template <typename Work>
+bool PointTableModel::edit(const QString& one, const QString& many, std::size_t count, Work work)
+{
+    const QPointer<ControlSplineNode> control(control_);
+    const QPointer<PointTableModel> guard(this);
+    control->door().commit();
+    if (!control || !control->getSpline())
+        return false;
+    const QString& name = control->curve()->name;
+    CurveEdit& door = control->door();
+    door.begin(count == 1 ? one.arg(name) : many.arg(count).arg(name), {control->curve()});
+    work(*control->getSpline());
+    const bool hasChanged = door.commit();
+    if (hasChanged && guard)
+        Q_EMIT edited(control);
+    return hasChanged;
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/canvas/ControlSplineNode.h>
+
+#include <QAbstractTableModel>
+#include <QPointer>
+#include <QStringList>
+
+#include <vector>
+
+class NodePage;
+
+/// The points of one curve as the rows of a table, ascending in time, and their fields as its columns.
+///
+/// Numbers are read from the spline when they are asked for, and shown in the shortest form that reads back to the
+/// same bits, with "." as decimal sign; a comma is read as one. What stands in a row is known by the point's
+/// serial, so the host may do anything to spline and curve between two calls: a point that is gone shows nothing
+/// and is not edited. After a change by others `show` brings the rows up to date.
+class PointTableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Column {
+        Time,
+        Value,
+        Type,
+        Incoming,
+        Outgoing,
+        Tension,
+        Continuity,
+        Bias,
+        EaseTo,
+        EaseFrom,
+        ColumnCount
+    };
+
+    /// `unit` tells whether times are frames; it must outlive the model.
+    explicit PointTableModel(const NodePage* unit, QObject* parent = nullptr);
+
+    /// Shows the points of `control` as they are now, none for null. Linear in the points. Returns whether the
+    /// rows are others than before; the model is reset then.
+    bool show(ControlSplineNode* control);
+    ControlSplineNode* control() const { return control_; }
+
+    /// The row of the point; -1 if it is not shown.
+    int rowOf(PointSerial point) const;
+    PointSerial pointIn(int row) const;
+
+    /// Gives the field in the column of `cell` to the points of all `rows`, as one edit. A text that is no finite
+    /// number, or no type, changes nothing and gives false; so does an edit that leaves all as it was. The text on
+    /// show in `cell` stands for that very number. Parameters and ease are kept within -10 ... 10 and -1 ... 1.
+    bool setText(const QModelIndex& cell, const QString& text, const std::vector<int>& rows);
+    /// As the column of types shows them.
+    static QStringList typeNames();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& cell, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& cell) const override;
+    bool setData(const QModelIndex& cell, const QVariant& value, int role = Qt::EditRole) override;
+
+Q_SIGNALS:
+    /// The user changed the curve of that selection; null if it is gone by now.
+    void edited(ControlSplineNode* control);
+
+private:
+    const SplineBase::PointInfo* pointOf(const QModelIndex& cell) const;
+    QString textOf(const SplineBase::PointInfo& point, int column) const;
+    bool readNumber(const SplineBase::PointInfo& point, int column, const QString& text,
+                    double& number) const;
+    template <typename Work> bool edit(const QString& one, const QString& many, std::size_t count, Work work);
+
+    const NodePage* unit_;
+    QPointer<ControlSplineNode> control_;
+    std::vector<PointSerial> rows_;
+};

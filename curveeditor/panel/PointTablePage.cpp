@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/panel/PointTablePage.h>
+
+#include <QComboBox>
+#include <QEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr const char* pickedProperty = "picked";
+constexpr int digitsInSight = 12;
+
+std::vector<int> selectedRows(const QTableView& view)
+{
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : view.selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+/// Edits cells. What the user has not touched in an editor is not written, and what is typed is not overwritten
+/// when the host changes the curve meanwhile.
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    explicit CellDelegate(QTableView* view) : QStyledItemDelegate(view), view_(view) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& cell) const override
+    {
+        if (cell.column() != PointTableModel::Type)
+            return QStyledItemDelegate::createEditor(parent, option, cell);
+        auto* const combo = new QComboBox(parent);
+        combo->addItems(PointTableModel::typeNames());
+        combo->setCurrentIndex(-1);
+        connect(combo, &QComboBox::activated, combo, [combo] { combo->setProperty(pickedProperty, true); });
+        return combo;
+    }
+
+    void setEditorData(QWidget* editor, const QModelIndex& cell) const override
+    {
+        if (isTouched(*editor))
+            return;
+        if (auto* const combo = qobject_cast<QComboBox*>(editor))
+            combo->setCurrentText(cell.data().toString());
+        else
+            QStyledItemDelegate::setEditorData(editor, cell);
+    }
+
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& cell) const override
+    {
+        if (!isTouched(*editor))
+            return;
+        std::vector<int> rows = selectedRows(*view_);
+        if (!std::binary_search(rows.begin(), rows.end(), cell.row()))
+            rows = {cell.row()};
+        const auto* const combo = qobject_cast<QComboBox*>(editor);
+        const auto* const line = qobject_cast<QLineEdit*>(editor);
+        static_cast<PointTableModel*>(model)->setText(cell, combo ? combo->currentText() : line->text(),
+                                                      rows);
+    }
+
+private:
+    static bool isTouched(const QWidget& editor)
+    {
+        const auto* const line = qobject_cast<const QLineEdit*>(&editor);
+        return line ? line->isModified() : editor.property(pickedProperty).toBool();
+    }
+
+    QTableView* view_;
+};
+
+} // namespace
+
+PointTablePage::PointTablePage(const NodePage* unit, QWidget* parent)
+    : QWidget(parent), model_(unit), view_(new QTableView(this))
+{
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(view_);
+    setSizePolicy(QSizePolicy::Ignored,
+                  QSizePolicy::Ignored); // the other pages decide how much room there is
+    view_->setObjectName(QStringLiteral("pointTable"));
+    view_->setModel(&model_);
+    view_->setItemDelegate(new CellDelegate(view_));
+    view_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                           QAbstractItemView::AnyKeyPressed);
+    view_->setTabKeyNavigation(false);
+    view_->setWordWrap(false);
+    view_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    view_->verticalHeader()->setDefaultSectionSize(view_->verticalHeader()->minimumSectionSize());
+    view_->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance(u'0') * digitsInSight);
+    translate();
+    connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &PointTablePage::pickSelection);
+    connect(&model_, &PointTableModel::edited, this, &PointTablePage::edited);
+}
+
+void PointTablePage::show(ControlSplineNode* control)
+{
+    control_ = control;
+    if (!isVisible())
+        return;
+    const QScopedValueRollback showing(isShowing_, true);
+    const QModelIndex cell = view_->currentIndex();
+    const PointSerial point = model_.pointIn(cell.row());
+    const bool areOthers = model_.show(control);
+    if (areOthers)
+        view_->selectionModel()->setCurrentIndex(model_.index(model_.rowOf(point), cell.column()),
+                                                 QItemSelectionModel::NoUpdate);
+    if (areOthers || (control && !(control->selection() == shown_)))
+        selectRows();
+}
+
+void PointTablePage::selectRows()
+{
+    shown_ = control_ ? control_->selection() : Selection();
+    QItemSelection rows;
+    const bool hasSpline = control_ && control_->getSpline();
+    const std::vector<bool> marks = hasSpline ? shown_.marks(*control_->getSpline()) : std::vector<bool>();
+    for (auto begin = std::find(marks.begin(), marks.end(), true); begin != marks.end();) {
+        const auto end = std::find(begin, marks.end(), false);
+        rows.append({model_.index(int(begin - marks.begin()), 0),
+                     model_.index(int(end - marks.begin()) - 1, PointTableModel::ColumnCount - 1)});
+        begin = std::find(end, marks.end(), true);
+    }
+    view_->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    if (rows.isEmpty() || rows.contains(view_->currentIndex()))
+        return;
+    const int column = std::max(view_->currentIndex().column(), 0);
+    view_->selectionModel()->setCurrentIndex(model_.index(rows.front().top(), column),
+                                             QItemSelectionModel::NoUpdate);
+}
+
+void PointTablePage::pickSelection()
+{
+    if (isShowing_ || !control_)
+        return;
+    std::vector<PointSerial> points;
+    for (const int row : selectedRows(*view_))
+        points.push_back(model_.pointIn(row));
+    Selection& selection = control_->selection();
+    if (points.size() == 1)
+        selection.selectOnly(points.front());
+    else
+        selection.selectAll(std::move(points));
+    shown_ = selection;
+    Q_EMIT selectionPicked();
+}
+
+void PointTablePage::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    show(control_);
+}
+
+void PointTablePage::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+    QWidget::changeEvent(event);
+}
+
+void PointTablePage::translate()
+{
+    setWindowTitle(tr("Points"));
+    view_->setAccessibleName(tr("Points of the current curve"));
+    view_->setWhatsThis(tr("What is typed into a cell goes to all selected rows"));
+}

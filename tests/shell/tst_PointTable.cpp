@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+#include "EditorFixture.h"
+
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTableView>
+#include <QUndoStack>
+
+namespace {
+
+/// An editor with the page "Points" in front.
+struct Scene : EditorFixture
+{
+    Scene() : EditorFixture({"a.y", "a.x"})
+    {
+        x.addPoint(7.0, 0.1);
+        x.addPoint(9.0, 1.0 / 3.0);
+        editor.setShowTime();
+        editor.tabWidget2->setCurrentIndex(2);
+    }
+    QModelIndex cell(int row, int column) const { return table.model()->index(row, column); }
+    QString text(int row, int column) const { return cell(row, column).data().toString(); }
+    /// The columns of times, of values, and so on, from top to bottom.
+    QString column(int column) const
+    {
+        QStringList texts;
+        for (int row = 0; row < table.model()->rowCount(); ++row)
+            texts += text(row, column);
+        return texts.join(' ');
+    }
+    QString selectedRows() const
+    {
+        QStringList rows;
+        for (int row = 0; row < table.model()->rowCount(); ++row) {
+            if (table.selectionModel()->isRowSelected(row))
+                rows += QString::number(row);
+        }
+        return rows.join(' ');
+    }
+    void select(int first, int last)
+    {
+        table.selectRow(first);
+        table.selectionModel()->select({cell(first, 0), cell(last, 9)}, QItemSelectionModel::Select);
+    }
+    QLineEdit* openCell(int row, int column)
+    {
+        table.setFocus();
+        table.selectionModel()->setCurrentIndex(cell(row, column), QItemSelectionModel::NoUpdate);
+        table.edit(cell(row, column));
+        return table.findChild<QLineEdit*>();
+    }
+    void type(int row, int column, const QString& typed)
+    {
+        QLineEdit* const line = openCell(row, column);
+        QTest::keyClicks(line, typed);
+        pressReturn(line);
+    }
+    /// What is typed is written as soon as the line has seen the key.
+    static void pressReturn(QLineEdit* line)
+    {
+        QTest::keyClick(line, Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    const Selection& selection() const { return canvas.canvas.currentControl()->selection(); }
+
+    SplineBase& x = curves["a.x"].spline;
+    QTableView& table = *editor.findChild<QTableView*>(QStringLiteral("pointTable"));
+};
+
+enum { Time, Value, Type, Incoming, Outgoing, Tension, Continuity, Bias, EaseTo, EaseFrom };
+
+} // namespace
+
+class tst_PointTable : public QObject
+{
+    Q_OBJECT
+
+    using Work = std::function<void(Scene&)>;
+
+private Q_SLOTS:
+    void init() { scene_.emplace(); }
+    void cleanup() { scene_.reset(); }
+
+    void numbersShowInFullPrecision()
+    {
+        Scene& s = *scene_;
+        QCOMPARE(s.editor.tabWidget2->tabText(2), "Points");
+        QCOMPARE(s.column(Time), "0 5 7 9");
+        QCOMPARE(s.column(Value), "0 1 0.1 0.3333333333333333");
+        s.x.modify(1)->pos = 1e300;
+        s.x.modify(2)->type = 77;
+        s.editor.setFps(25.0);
+        s.editor.setShowFrames();
+        QCOMPARE(s.column(Time), "0 125 175 225");
+        QCOMPARE(s.table.model()->headerData(0, Qt::Horizontal), "Frame");
+        QCOMPARE(s.column(Value), "0 1e+300 0.1 0.3333333333333333");
+        QCOMPARE(s.column(Type), "Tcb Tcb Linear Tcb");
+    }
+
+    void typedTextIsOneEdit_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown"); // empty for no edit
+        QTest::addColumn<int>("lastSelected");
+        const auto row = [](const char* name, int column, const QString& typed, const QString& shown,
+                            int lastSelected = 1) {
+            QTest::newRow(name) << column << typed << shown << lastSelected;
+        };
+        row("value", Value, "2.123456789012345", "0 2.123456789012345 0.1 0.3333333333333333");
+        row("comma", Value, "-2,5", "0 -2.5 0.1 0.3333333333333333");
+        row("three values", Value, "4", "0 4 4 4", 3);
+        row("time past another", Time, "8", "0 7 8 9");
+        row("three times", Time, "-1", "-1 -1 -1 0", 3);
+        row("beyond a bound", Tension, "11", "0 10 10 0", 2);
+        row("below a bound", EaseFrom, "-7", "0 -1 0 0");
+        row("slope", Incoming, "1e3", "0 1000 0 0");
+        row("same number", Value, "1", "");
+        row("shown text goes to all", Value, "1", "0 1 1 0.3333333333333333", 2);
+        row("word", Value, "x", "");
+        row("nothing", Value, "", "");
+        row("infinite", Time, "inf", "");
+        row("not a number", Bias, "nan", "");
+    }
+    void typedTextIsOneEdit()
+    {
+        QFETCH(int, column);
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        QFETCH(int, lastSelected);
+        Scene& s = *scene_;
+        const QString before = s.column(column);
+        s.select(1, lastSelected);
+        s.changes.clear();
+        s.type(1, column, typed);
+        QCOMPARE(s.column(column), shown.isEmpty() ? before : shown);
+        QCOMPARE(s.editor.undoStack()->count(), shown.isEmpty() ? 0 : 1);
+        QCOMPARE(s.changes, shown.isEmpty() ? QStringList() : QStringList("a/x"));
+        QCOMPARE(s.selection().edited().size(), std::size_t(lastSelected));
+        s.editor.undo();
+        QCOMPARE(s.column(column), before);
+    }
+
+    void frameIsTypedAsItShows()
+    {
+        Scene& s = *scene_;
+        s.editor.setFps(3.0);
+        s.editor.setShowFrames();
+        s.type(3, Time, "30");
+        QCOMPARE(s.x[3]->time, 10.0);
+        s.editor.setFps(0.0);
+        s.type(3, Time, "1");
+        QCOMPARE(s.x[3]->time, 10.0);
+    }
+
+    void typeIsChosenForAllSelectedRows()
+    {
+        Scene& s = *scene_;
+        s.select(1, 2);
+        s.openCell(1, Type);
+        auto* combo = s.table.findChild<QComboBox*>();
+        QCOMPARE(combo->currentText(), "Tcb");
+        QTest::keyClick(combo, Qt::Key_Up);
+        s.editor.updateCurves(); // the choice stays
+        QTest::keyClick(combo, Qt::Key_Return);
+        s.canvas.setFocus();
+        QCOMPARE(s.column(Type), "Tcb Bezier Bezier Tcb");
+        QCOMPARE(s.editor.undoStack()->count(), 1);
+    }
+
+    void selectionIsThatOfTheCanvas()
+    {
+        Scene& s = *scene_;
+        s.clickPoint();
+        QCOMPARE(s.selectedRows(), "1");
+        QCOMPARE(s.table.currentIndex().row(), 1);
+        QTest::keyClick(&s.canvas, Qt::Key_Right);
+        QCOMPARE(s.selectedRows(), "2");
+        s.select(2, 3);
+        QCOMPARE(s.selection().edited(), (std::vector{s.x[2]->serial, s.x[3]->serial}));
+        s.table.selectRow(0);
+        QCOMPARE(s.selection().edited(), std::vector{s.x[0]->serial});
+        QVERIFY(s.selection().hasSingle() && s.editor.posX->isEnabled());
+        QVERIFY(s.changes.count() <= 3 && s.editor.undoStack()->count() == 0);
+        s.table.clearSelection();
+        QVERIFY(s.selection().isEmpty());
+        s.select(1, 2);
+        QTest::keyClick(&s.table, Qt::Key_Delete);
+        QCOMPARE(s.column(Time), "0 9");
+        s.editor.undo();
+        QCOMPARE(s.selectedRows(), "1 2");
+        s.editor.setEditingNode("a.y");
+        s.canvas.canvas.setCurrentCurve("a.y");
+        QCOMPARE(s.column(Time), "0 5");
+        QCOMPARE(s.selectedRows(), "");
+        s.canvas.setCurrentToExpression();
+        QCOMPARE(s.table.model()->rowCount(), 0);
+    }
+
+    void hiddenPageComputesNothing()
+    {
+        Scene& s = *scene_;
+        s.editor.tabWidget2->setCurrentIndex(0);
+        QSignalSpy resets(s.table.model(), &QAbstractItemModel::modelReset);
+        QSignalSpy changes(s.table.model(), &QAbstractItemModel::dataChanged);
+        s.x.addPoint(20.0, 2.0);
+        s.editor.updateCurves();
+        s.clickPoint();
+        QVERIFY(resets.isEmpty() && changes.isEmpty());
+        s.editor.tabWidget2->setCurrentIndex(2);
+        QCOMPARE(s.column(Time), "0 5 7 9 20");
+        QCOMPARE(s.selectedRows(), "1");
+    }
+
+    /// The host does something while a cell is open; then Return is pressed in the cell, if it still is.
+    void hostChangesTheCurveDuringTyping_data()
+    {
+        QTest::addColumn<Work>("work");
+        QTest::addColumn<QString>("values");
+        const auto row = [](const char* name, const QString& values, const Work& work) {
+            QTest::newRow(name) << work << values;
+        };
+        row("other value", "0 42 0.1 0.5",
+            [](Scene& s) { s.x.modify(3)->pos = 0.5, s.editor.updateCurves(); });
+        row("point gone", "0 0.1 0.3333333333333333", [](Scene& s) { s.x.remove(s.x[1]); });
+        row("point gone and told", "0 0.1 0.3333333333333333",
+            [](Scene& s) { s.x.remove(s.x[1]), s.editor.updateCurves(); });
+        row("all gone", "0", [](Scene& s) { s.x.reset(); });
+        row("curve closed", "0 1", [](Scene& s) { s.canvas.setCurveEditableOff("a.x"); });
+        row("curve removed", "0 1", [](Scene& s) { s.editor.removeCurve("a", "x"); });
+        row("formula", "", [](Scene& s) { s.canvas.setCurrentToExpression(); });
+        row("curve removed in the report", "0 1", [](Scene& s) {
+            QObject::connect(&s.editor, &CurveEditor::curveEdited, &s.editor,
+                             [&s] { s.editor.removeCurve("a", "x"); });
+        });
+        row("curve removed by the edit before", "0 1", [](Scene& s) {
+            CurveEdit& door = s.canvas.canvas.door();
+            door.begin({}, {s.canvas.canvas.currentControl()->curve()});
+            s.x.modify(1)->pos = 3.0;
+            QObject::connect(&s.editor, &CurveEditor::curveEdited, &s.editor,
+                             [&s] { s.editor.removeCurve("a", "x"); });
+        });
+    }
+    void hostChangesTheCurveDuringTyping()
+    {
+        QFETCH(Work, work);
+        Scene& s = *scene_;
+        const QPointer<QLineEdit> line(s.openCell(1, Value));
+        QTest::keyClicks(line, "42");
+        work(s);
+        QVERIFY(line->text() == "42" || line->isHidden());
+        s.pressReturn(line);
+        QVERIFY(!line);
+        s.editor.updateCurves();
+        QTEST(s.column(Value), "values");
+    }
+
+    void longCurveOpensAtOnce()
+    {
+        Scene& s = *scene_;
+        SplineState state = s.x.state();
+        state.points.resize(100'000);
+        for (std::size_t index = 0; index < state.points.size(); ++index)
+            state.points[index] = {.time = double(index)};
+        QVERIFY(s.x.assign(state));
+        s.x.mend();
+        s.editor.tabWidget2->setCurrentIndex(0);
+        s.editor.updateCurves();
+        QElapsedTimer timer;
+        const auto isQuick = [&timer](const char* what) {
+            qInfo("%s: %lld ms", what, timer.elapsed());
+            return timer.restart() < 1000; // ten times what one must wait for, sanitizers included
+        };
+        timer.start();
+        s.editor.tabWidget2->setCurrentIndex(2);
+        s.table.viewport()->repaint();
+        QVERIFY(isQuick("open"));
+        s.table.scrollToBottom();
+        s.table.viewport()->repaint();
+        QVERIFY(isQuick("scroll"));
+        s.table.selectAll();
+        s.table.viewport()->repaint();
+        QVERIFY(isQuick("select"));
+        s.type(99'999, Value, "3");
+        QVERIFY(isQuick("edit"));
+        QCOMPARE(s.x[50'000]->pos, 3.0);
+    }
+
+private:
+    std::optional<Scene> scene_;
+};
+
+QTEST_MAIN(tst_PointTable)
+#include "tst_PointTable.moc"
