@@ -328,6 +328,7 @@ void CanvasFunctionBase::settle()
 {
     if (viewport_ && viewport_->gesture.isAtPoints())
         viewport_->gesture.end();
+    guide.end();
     door_.commit();
 }
 

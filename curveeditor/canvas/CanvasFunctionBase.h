@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CanvasLayer.h>
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/edit/CurveEdit.h>
+#include <curveeditor/edit/DragGuide.h>
 #include <curveeditor/edit/Gesture.h>
 #include <curveeditor/edit/ViewStep.h>
 
@@ -26,6 +27,7 @@ class CurveNodeBase;
 class DependencyCheck;
 class FunctionFloatBase;
 class ParseMessage;
+class MouseState;
 class QKeyEvent;
 class QMouseEvent;
 class QPainter;
@@ -154,6 +156,8 @@ public:
     /// the edit is `one` or `many`, see `ControlSplineNode::editText`.
     using PointWork = std::function<void(SplineBase&, const std::vector<PointSerial>&)>;
     void editSelection(const QString& one, const QString& many, const PointWork& work);
+    /// Edits the current spline, and reports it; `text` has a place for its name.
+    void editSpline(const QString& text, const std::function<void(SplineBase&)>& work);
     /// The distance of the grid's lines in value units; 0.0 before the first paint or without lines.
     double gridStep() const;
 
@@ -164,6 +168,9 @@ public:
     /// A new point at the place of the last press, if the current curve is a spline. While the point menu is
     /// open over another canvas nothing happens.
     void createNodeAtCursor();
+    /// Snapping, and the axis along which a drag of points moves; both act from the next step of a drag on.
+    DragGuide guide;
+
     /// Ends a drag of points and typing on the node page, as release and leaving do, without a report of
     /// `curveHasChanged`. What hears of them may take curves away, so it comes before all else that edits, opens or
     /// closes curves.
@@ -267,6 +274,7 @@ private:
     std::vector<QPointer<CurveNodeBase>> presentCurves() const;
 
     void updatePicture();
+    void drawSnapMark(QPainter& painter) const;
     CanvasLayer::Backdrop backdrop() const;
     CanvasLayer::Curves curvesBehindCurrent() const;
     std::optional<std::pair<int, int>> selectedColumns() const;
@@ -288,7 +296,8 @@ private:
     bool pressOnEmptyCanvas(const QMouseEvent& event);
     void openPointMenu(const QMouseEvent& event);
     void beginDrag();
-    void dragSelection(const Gesture::Place& place, bool scaling);
+    void beginGuide();
+    void dragSelection(const Gesture::Place& mouse, const MouseState& held);
     bool selectInBand();
     void stepSelection(bool forward);
 

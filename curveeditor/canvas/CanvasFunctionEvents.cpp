@@ -141,7 +141,7 @@ void CanvasFunctionBase::mouseMove(QMouseEvent* event)
     const MouseState held = stateBefore(*event);
     const Gesture::Place place = placeAt(*viewport_, event->position().toPoint());
     if (viewport_->gesture.isAtPoints())
-        dragSelection(place, held.has(Qt::ShiftModifier) || held.has(Qt::MiddleButton));
+        dragSelection(place, held);
     lastPlace_ = place;
 }
 
@@ -156,10 +156,30 @@ void CanvasFunctionBase::beginDrag()
     drag_ =
         door_.begin(control.editText(one, tr("Move %1 points of %2")), curves, viewport_->gesture.points());
     readersOf_.clear();
+    beginGuide();
 }
 
-void CanvasFunctionBase::dragSelection(const Gesture::Place& place, bool scaling)
+void CanvasFunctionBase::beginGuide()
 {
+    const Gesture& gesture = viewport_->gesture;
+    guide.snap.fps = viewport_->fps;
+    guide.snap.timeLine = viewport_->timeLine;
+    guide.snap.setGridLines(grid_->times(*viewport_), grid_->values());
+    std::vector<const SplineBase*> splines;
+    for (const auto& curve : curves_) {
+        if (curve->isSpline())
+            splines.push_back(curve->getSpline());
+    }
+    guide.snap.setPoints(splines, gesture.points());
+    guide.begin(gesture.grabbed(viewport_->mapping()), lastPlace_, !gesture.isMultiple());
+}
+
+void CanvasFunctionBase::dragSelection(const Gesture::Place& mouse, const MouseState& held)
+{
+    const bool scaling = held.has(Qt::ShiftModifier) || held.has(Qt::MiddleButton);
+    const bool isGuided = !scaling && viewport_->gesture.kind() == Gesture::Kind::Points;
+    const Gesture::Place place =
+        isGuided ? guide.guided(mouse, viewport_->mapping(), held.has(Qt::ControlModifier)) : mouse;
     ControlSplineNode& control = current_->control();
     if (!door_.isOpen(drag_) || !control.getSpline())
         return viewport_->gesture.cancel();
@@ -216,6 +236,7 @@ bool CanvasFunctionBase::cancelGesture()
     if (!viewport_->gesture.isAtPoints())
         return false;
     viewport_->gesture.cancel();
+    guide.end();
     if (door_.isOpen(drag_))
         door_.cancel();
     return true;
@@ -326,6 +347,20 @@ void CanvasFunctionBase::editSelection(const QString& one, const QString& many, 
     if (!guard)
         return;
     Q_EMIT selectionChanged(false);
+    paint();
+}
+
+void CanvasFunctionBase::editSpline(const QString& text, const std::function<void(SplineBase&)>& work)
+{
+    settle();
+    if (!current_ || !current_->isSpline() || !current_->getSpline())
+        return;
+    const QPointer<CanvasFunctionBase> guard(this);
+    editAndReport(*current_, text.arg(current_->getName()),
+                  [&](EditedCurve& curve) { work(*curve.spline()); });
+    if (!guard)
+        return;
+    Q_EMIT selectionChanged(true);
     paint();
 }
 

@@ -40,6 +40,23 @@ void CanvasFunctionBase::showBuffer(QPainter* painter)
     painter->setBackgroundMode(Qt::OpaqueMode);
     CurvePainter curves(painter, layer_.pixelRatio());
     current_->draw(curves);
+    drawSnapMark(*painter);
+}
+
+/// Lines through what a dragged point has snapped to.
+void CanvasFunctionBase::drawSnapMark(QPainter& painter) const
+{
+    const Snap::Result& hit = guide.hit();
+    painter.setPen(QPen(grid_->timeLineColor, 1, Qt::DashLine));
+    painter.setBackgroundMode(Qt::TransparentMode);
+    if (hit.timeKinds != Snap::Nothing) {
+        const int column = viewport_->timeToPixel(hit.place.time);
+        painter.drawLine(column, 0, column, viewport_->pixelHeight);
+    }
+    if (hit.valueKinds != Snap::Nothing) {
+        const int row = viewport_->valueToPixel(hit.place.value);
+        painter.drawLine(0, row, viewport_->pixelWidth, row);
+    }
 }
 
 void CanvasFunctionBase::resizeBuffer()

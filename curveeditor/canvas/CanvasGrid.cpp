@@ -131,6 +131,23 @@ void CanvasGrid::placeTimeLine(const ViewPort& view)
     timeLineX = view.canShow() ? view.timeToPixel(view.timeLine) : -1;
 }
 
+std::vector<double> CanvasGrid::times(const ViewPort& view) const
+{
+    const double factor = view.showFrames ? view.fps : 1.0;
+    std::vector<double> times;
+    for (int i = 0; i < countX; ++i)
+        times.push_back((i * stepX + firstX) / factor);
+    return times;
+}
+
+std::vector<double> CanvasGrid::values() const
+{
+    std::vector<double> values;
+    for (int j = 0; j < countY; ++j)
+        values.push_back(j * stepY + firstY);
+    return values;
+}
+
 std::array<QColor, 5> CanvasGrid::colors() const
 {
     return {linePen.color(), fontColor, timeLineColor, frameVLineColor, frameHLineColor};

@@ -7,6 +7,7 @@
 #include <QPolygon>
 
 #include <array>
+#include <vector>
 
 class QPainter;
 class QWidget;
@@ -50,6 +51,9 @@ public:
     void layout(ViewPort* view);
     /// Places the time line, which moves without the view.
     void placeTimeLine(const ViewPort& view);
+    /// Where the lines are: times in time units, values in value units.
+    std::vector<double> times(const ViewPort& view) const;
+    std::vector<double> values() const;
     /// All colours that are drawn with.
     std::array<QColor, 5> colors() const;
 

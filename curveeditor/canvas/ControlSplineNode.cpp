@@ -31,6 +31,14 @@ void ControlSplineNode::selectOnly(const SplineBase::PointInfo* point)
     selection_.selectOnly(point ? point->serial : 0);
 }
 
+void ControlSplineNode::selectPoints(const std::vector<PointSerial>& points)
+{
+    if (points.size() > 1)
+        selection_.selectAll(points);
+    else
+        selection_.selectOnly(points.empty() ? 0 : points.front());
+}
+
 void ControlSplineNode::toggleSelected(const SplineBase::PointInfo* point)
 {
     if (point && getSpline())

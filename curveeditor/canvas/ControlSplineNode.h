@@ -39,6 +39,8 @@ public:
     const SplineBase::PointInfo* getCurrent() const;
     /// Makes `point` the only selected point; with null nothing is selected.
     void selectOnly(const SplineBase::PointInfo* point);
+    /// Selects these points and no other.
+    void selectPoints(const std::vector<PointSerial>& points);
     /// Adds `point` to the selection, or takes it out; null changes nothing.
     void toggleSelected(const SplineBase::PointInfo* point);
     /// Selects the points strictly inside a rectangle of the plane, drops all others, and returns whether there

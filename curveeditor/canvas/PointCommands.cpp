@@ -4,6 +4,12 @@
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/ControlSplineNode.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/canvas/WarningBox.h>
+#include <curveeditor/edit/PointText.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
 
 #include <algorithm>
 #include <cmath>
@@ -69,10 +75,7 @@ void PointCommands::extendSelection(bool forward)
 
 void PointCommands::nudge(double frames, double tenthsOfGridStep)
 {
-    const ViewPort* const view = canvas_.getViewport();
-    if (!view)
-        return;
-    const double time = frames == 0.0 || view->fps == 0.0 ? 0.0 : frames / view->fps;
+    const double time = frames * frame();
     const double value = tenthsOfGridStep * canvas_.gridStep() / 10.0;
     if ((time == 0.0 && value == 0.0) || !std::isfinite(time) || !std::isfinite(value))
         return;
@@ -80,6 +83,70 @@ void PointCommands::nudge(double frames, double tenthsOfGridStep)
                           [&](SplineBase& spline, const std::vector<PointSerial>& points) {
                               SplineEdits::panPoints(spline, points, time, value);
                           });
+}
+
+void PointCommands::copy()
+{
+    const ControlSplineNode* const present = control();
+    if (!present || !canEdit())
+        return;
+    QGuiApplication::clipboard()->setText(
+        PointText::write(SplineEdits::copyOf(*present->getSpline(), present->selection().edited())));
+}
+
+void PointCommands::cut()
+{
+    copy();
+    canvas_.editSelection(tr("Cut a point of %1"), tr("Cut %1 points of %2"), &SplineEdits::removePoints);
+}
+
+bool PointCommands::canPaste() const
+{
+    const QMimeData* const content = QGuiApplication::clipboard()->mimeData();
+    return control() && content && content->hasText();
+}
+
+void PointCommands::paste(bool whereTheyWere)
+{
+    if (!canPaste())
+        return;
+    PointText::Result result = PointText::read(QGuiApplication::clipboard()->text());
+    if (!result.message.isEmpty())
+        return showWarning(tr("Paste points"), result.message);
+    const ViewPort* const view = canvas_.getViewport();
+    const double shift = whereTheyWere || !view ? 0.0 : view->timeLine - result.points.front().time;
+    for (SplineBase::PointInfo& point : result.points)
+        point.time += shift;
+    add(tr("Paste points into %1"), result.points);
+}
+
+void PointCommands::duplicate()
+{
+    canvas_.settle();
+    const ControlSplineNode* const present = control();
+    if (!present || !canEdit())
+        return;
+    std::vector<SplineBase::PointInfo> points =
+        SplineEdits::copyOf(*present->getSpline(), present->selection().edited());
+    for (SplineBase::PointInfo& point : points)
+        point.time += frame();
+    add(tr("Duplicate points of %1"), points);
+}
+
+/// In time units; 0.0 if there are none.
+double PointCommands::frame() const
+{
+    const ViewPort* const view = canvas_.getViewport();
+    const double frame = view && view->fps != 0.0 ? 1.0 / view->fps : 0.0;
+    return std::isfinite(frame) ? frame : 0.0;
+}
+
+void PointCommands::add(const QString& text, const std::vector<SplineBase::PointInfo>& points)
+{
+    canvas_.editSpline(text, [this, &points](SplineBase& spline) {
+        const std::vector<PointSerial> added = SplineEdits::addPoints(spline, points);
+        control()->selectPoints(added);
+    });
 }
 
 void PointCommands::select(const std::vector<bool>& marks)
@@ -93,10 +160,7 @@ void PointCommands::select(const std::vector<bool>& marks)
         if (marks[i])
             points.push_back(present->pointAt(int(i))->serial);
     }
-    if (points.size() > 1)
-        present->selection().selectAll(points);
-    else
-        present->selection().selectOnly(points.empty() ? 0 : points.front());
+    present->selectPoints(points);
     Q_EMIT canvas_.selectionChanged(true);
     canvas_.paint();
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/model/SplineBase.h>
+
 #include <QCoreApplication>
 
 #include <functional>
@@ -8,7 +10,6 @@
 
 class CanvasFunctionBase;
 class ControlSplineNode;
-class SplineBase;
 
 /// What menus and keys do to the points of the current curve, beyond what mouse and bare keys do. Each edit is one
 /// step of the undo stack and is reported as any other. Without a current spline, or where nothing is selected that
@@ -35,8 +36,21 @@ public:
     /// Moves the selected points by frames and by tenths of the grid's step in value.
     void nudge(double frames, double tenthsOfGridStep);
 
+    /// The selected points as a table on the clipboard, see `PointText`.
+    void copy();
+    /// The same, and they go; the last point of a curve stays.
+    void cut();
+    bool canPaste() const;
+    /// The points of a table on the clipboard, the first of them at the time line, or all `whereTheyWere`. They are
+    /// selected. Text that is no table is told in a box, and nothing is changed.
+    void paste(bool whereTheyWere);
+    /// The selected points once more, a frame later. The new ones are selected.
+    void duplicate();
+
 private:
     ControlSplineNode* control() const;
+    double frame() const;
+    void add(const QString& text, const std::vector<SplineBase::PointInfo>& points);
     void select(const std::vector<bool>& marks);
 
     CanvasFunctionBase& canvas_;

@@ -56,6 +56,7 @@ bool ViewGestures::eventFilter(QObject* watched, QEvent* event)
         return takeKey(*static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
     case QEvent::FocusOut:
         holdSpace(false);
+        canvas_.guide.axis = DragGuide::Axis::Both;
         return false;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -98,11 +99,25 @@ bool ViewGestures::takePinch(const QNativeGestureEvent& event)
 
 bool ViewGestures::takeKey(const QKeyEvent& event, bool isPress)
 {
+    if (event.key() == Qt::Key_X || event.key() == Qt::Key_Y)
+        return takeAxisKey(event, isPress);
     if (event.key() != Qt::Key_Space || (isPress && event.modifiers() != Qt::NoModifier))
         return false;
     if (!event.isAutoRepeat() && (!isPress || widget_->hasFocus()))
         holdSpace(isPress);
     return true;
+}
+
+/// X keeps the values still, and Y the times.
+bool ViewGestures::takeAxisKey(const QKeyEvent& event, bool isPress)
+{
+    const bool isCommand = isPress && event.modifiers() != Qt::NoModifier;
+    if (!event.isAutoRepeat() && !isCommand) {
+        const DragGuide::Axis held =
+            event.key() == Qt::Key_X ? DragGuide::Axis::Time : DragGuide::Axis::Value;
+        canvas_.guide.axis = isPress ? held : DragGuide::Axis::Both;
+    }
+    return false;
 }
 
 bool ViewGestures::takePress(const QMouseEvent& event)

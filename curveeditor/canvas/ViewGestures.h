@@ -15,7 +15,8 @@ class ViewPort;
 /// Wheel, touch pad, Space and the middle button at the view of a canvas, as an event filter, so that the widget's own
 /// handlers do not know of them: the wheel zooms about the mouse, with Ctrl the times only, with Shift the values
 /// only; two fingers on a touch pad move the view and a pinch zooms it; a drag with Space held moves it, and so does
-/// one with the middle button where nothing is selected and no point lies. Escape takes a drag back.
+/// one with the middle button where nothing is selected and no point lies. Escape takes a drag back. While X or Y is
+/// held a drag of points moves along that axis alone.
 ///
 /// Held by the widget; canvas and view outlive it.
 class ViewGestures : public QObject
@@ -35,6 +36,7 @@ private:
     bool takeWheel(const QWheelEvent& event);
     bool takePinch(const QNativeGestureEvent& event);
     bool takeKey(const QKeyEvent& event, bool isPress);
+    bool takeAxisKey(const QKeyEvent& event, bool isPress);
     bool takePress(const QMouseEvent& event);
     bool takeMove(const QMouseEvent& event);
     bool takeRelease(const QMouseEvent& event);

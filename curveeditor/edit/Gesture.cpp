@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/Gesture.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -65,6 +66,19 @@ TimeInterval Gesture::step(SplineBase& spline, const Place& place, bool scaling,
     }
     touched.unite(influence(spline));
     return touched;
+}
+
+Gesture::Place Gesture::grabbed(const PlaneMapping& view) const
+{
+    const auto distance = [&](const Point& point) {
+        return std::abs(view.column(point.start.time) - view.column(anchor_.time)) +
+               std::abs(view.row(point.start.value) - view.row(anchor_.value));
+    };
+    const auto nearest =
+        std::min_element(points_.begin(), points_.end(), [&](const Point& left, const Point& right) {
+            return distance(left) < distance(right);
+        });
+    return nearest == points_.end() ? anchor_ : nearest->start;
 }
 
 std::vector<PointSerial> Gesture::points() const

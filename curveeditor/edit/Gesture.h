@@ -52,6 +52,10 @@ public:
     /// for a drag across all of `view`; a change of `scaling` begins a new leg from where the points are.
     TimeInterval step(SplineBase& spline, const Place& place, bool scaling, const PlaneMapping& view);
 
+    /// Where the point that is nearest to the press was, and whether several are dragged.
+    Place grabbed(const PlaneMapping& view) const;
+    bool isMultiple() const { return isMultiple_; }
+
     /// The points that the drag moves.
     std::vector<PointSerial> points() const;
 

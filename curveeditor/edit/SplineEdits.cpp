@@ -116,6 +116,45 @@ void SplineEdits::addPoint(SplineBase& spline, double time, double value)
     spline.addPoint(time, value);
 }
 
+std::vector<PointSerial> SplineEdits::addPoints(SplineBase& spline, std::vector<SplineBase::PointInfo> points)
+{
+    const auto isEarlier = [](const SplineBase::PointInfo& left, const SplineBase::PointInfo& right) {
+        return left.time < right.time;
+    };
+    std::erase_if(points, [](const SplineBase::PointInfo& point) {
+        return !std::isfinite(point.time) || !std::isfinite(point.pos);
+    });
+    std::stable_sort(points.begin(), points.end(), isEarlier);
+    for (SplineBase::PointInfo& point : points)
+        point.serial = 0;
+    SplineState state = spline.state();
+    SplineState both = state;
+    both.points.clear();
+    std::merge(state.points.begin(), state.points.end(), points.begin(), points.end(),
+               std::back_inserter(both.points), isEarlier);
+    if (points.empty() || !spline.assign(both))
+        return {};
+    spline.mend();
+    std::vector<PointSerial> serials;
+    for (std::size_t i = 0; i < both.points.size(); ++i) {
+        if (both.points[i].serial == 0)
+            serials.push_back(spline.getControlPoints()[i]->serial);
+    }
+    return serials;
+}
+
+std::vector<SplineBase::PointInfo> SplineEdits::copyOf(const SplineBase& spline,
+                                                       const std::vector<PointSerial>& points)
+{
+    std::vector<std::int32_t> indices = indicesOf(points, spline);
+    std::erase_if(indices, [](std::int32_t index) { return index < 0; });
+    std::sort(indices.begin(), indices.end());
+    std::vector<SplineBase::PointInfo> copies;
+    for (const std::int32_t index : indices)
+        copies.push_back(*spline.getControlPoints()[std::size_t(index)]);
+    return copies;
+}
+
 void SplineEdits::removePoints(SplineBase& spline, const std::vector<PointSerial>& points)
 {
     if (points.empty())

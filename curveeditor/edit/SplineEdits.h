@@ -26,6 +26,11 @@ void setFirstType(SplineBase& spline, int type);
 void setLastType(SplineBase& spline, int type);
 
 void addPoint(SplineBase& spline, double time, double value);
+/// Adds points as they are, behind those of the same time; their serials are new. Points whose time or value is not
+/// finite are left out. Returns the serials, in order of time. Linear in the points of both.
+std::vector<PointSerial> addPoints(SplineBase& spline, std::vector<SplineBase::PointInfo> points);
+/// The points with these serials, in the order of the spline.
+std::vector<SplineBase::PointInfo> copyOf(const SplineBase& spline, const std::vector<PointSerial>& points);
 /// The last point that is left in the spline stays.
 void removePoints(SplineBase& spline, const std::vector<PointSerial>& points);
 

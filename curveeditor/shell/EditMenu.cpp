@@ -10,8 +10,10 @@
 EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     : QObject(menu), canvas_(canvas), points_(canvas.canvas), menu_(menu), target_(menu)
 {
+    addClipboard();
     addSelection();
     addMoves();
+    addSnapping();
     addView();
     connect(menu, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
     canvas.installEventFilter(this);
@@ -25,6 +27,36 @@ void EditMenu::add(const QString& text, const QString& key, const Condition& isP
     action->setShortcutContext(
         Qt::WidgetShortcut); // of the menu: Qt only shows it, the event filter triggers
     entries_.emplace_back(action, isPossible);
+}
+
+void EditMenu::addToggle(const QString& text, const QString& key, const Condition& isOn,
+                         const std::function<void(bool)>& work)
+{
+    add(
+        text, key, [] { return true; }, [] {});
+    QAction* const action = entries_.back().first;
+    action->setCheckable(true);
+    action->setChecked(isOn());
+    connect(action, &QAction::toggled, this, work);
+    toggles_.emplace_back(action, isOn);
+}
+
+void EditMenu::addClipboard()
+{
+    const Condition canEdit = [this] {
+        return points_.canEdit();
+    };
+    const Condition canPaste = [this] {
+        return points_.canPaste();
+    };
+    menu_->addSeparator();
+    add(tr("Cut points"), QStringLiteral("Ctrl+X"), canEdit, [this] { points_.cut(); });
+    add(tr("Copy points"), QStringLiteral("Ctrl+C"), canEdit, [this] { points_.copy(); });
+    add(tr("Paste points at the time line"), QStringLiteral("Ctrl+V"), canPaste,
+        [this] { points_.paste(false); });
+    add(tr("Paste points where they were"), QStringLiteral("Ctrl+Shift+V"), canPaste,
+        [this] { points_.paste(true); });
+    add(tr("Duplicate points"), QStringLiteral("Ctrl+D"), canEdit, [this] { points_.duplicate(); });
 }
 
 void EditMenu::addSelection()
@@ -70,6 +102,28 @@ void EditMenu::addMoves()
     target_ = menu_;
 }
 
+void EditMenu::addSnapping()
+{
+    DragGuide& guide = canvas_.canvas.guide;
+    target_ = menu_->addMenu(tr("Snapping"));
+    addToggle(
+        tr("Snap while dragging (Ctrl: the other way)"), QStringLiteral("S"),
+        [&guide] { return guide.isSnapping; }, [&guide](bool on) { guide.isSnapping = on; });
+    target_->addSeparator();
+    const std::pair<QString, Snap::Kind> kinds[] = {{tr("To frames"), Snap::Frames},
+                                                    {tr("To grid lines"), Snap::GridLines},
+                                                    {tr("To points"), Snap::Points},
+                                                    {tr("To the time line"), Snap::TimeLine}};
+    for (const auto& [text, kind] : kinds) {
+        addToggle(
+            text, {}, [&guide, kind = kind] { return (guide.snap.kinds & kind) != 0; },
+            [&guide, kind = kind](bool on) {
+                guide.snap.kinds = on ? guide.snap.kinds | kind : guide.snap.kinds & ~unsigned(kind);
+            });
+    }
+    target_ = menu_;
+}
+
 void EditMenu::addView()
 {
     const Condition hasCurve = [this] {
@@ -85,6 +139,8 @@ void EditMenu::updateEntries()
 {
     for (const auto& [action, isPossible] : entries_)
         action->setEnabled(isPossible());
+    for (const auto& [action, isOn] : toggles_)
+        action->setChecked(isOn());
 }
 
 QAction* EditMenu::entryOf(const QKeyEvent& event)

@@ -33,7 +33,11 @@ private:
     using Condition = std::function<bool()>;
     void add(const QString& text, const QString& key, const Condition& isPossible,
              const std::function<void()>& work);
+    void addToggle(const QString& text, const QString& key, const Condition& isOn,
+                   const std::function<void(bool)>& work);
+    void addClipboard();
     void addSelection();
+    void addSnapping();
     void addMoves();
     void addView();
     void updateEntries();
@@ -42,6 +46,7 @@ private:
     FunctionEditor& canvas_;
     PointCommands points_;
     QMenu* const menu_;
-    QMenu* target_; ///< what `add` adds to
-    std::vector<std::pair<QAction*, Condition>> entries_;
+    QMenu* target_;                                       ///< what `add` adds to
+    std::vector<std::pair<QAction*, Condition>> entries_; ///< and whether they can be used
+    std::vector<std::pair<QAction*, Condition>> toggles_; ///< and whether they are on
 };

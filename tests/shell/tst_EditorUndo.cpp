@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
+#include <curveeditor/model/SplineState.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
 #include <QAction>
+#include <QClipboard>
 #include <QScreen>
 #include <QTemporaryDir>
 
@@ -85,6 +87,69 @@ private Q_SLOTS:
             const double value = s.curves["a.x"].spline[1]->pos;
             QTest::keyClick(&s.canvas, Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
             QCOMPARE(s.curves["a.x"].spline[1]->pos, value - s.canvas.canvas.gridStep());
+        });
+        row("cut and paste", 2, x + x, [](Scene& s) {
+            const SplineBase& spline = s.curves["a.x"].spline;
+            s.selectTwo();
+            QTest::keyClick(&s.canvas, Qt::Key_X, Qt::ControlModifier);
+            QCOMPARE(spline.getControlPointsNumber(), 1u);
+            s.editor.setTimeLine(2.0);
+            QTest::keyClick(&s.canvas, Qt::Key_V, Qt::ControlModifier);
+            QCOMPARE(QPointF(spline[1]->time, spline[2]->time), QPointF(2.0, 5.0));
+            QCOMPARE(s.canvas.canvas.currentControl()->selection().edited().size(), 2u);
+        });
+        row("paste into another curve", 1, {"a/x", "a/y"}, [](Scene& s) {
+            s.clickPoint();
+            QTest::keyClick(&s.canvas, Qt::Key_C, Qt::ControlModifier);
+            s.canvas.canvas.setCurrentCurve("a.y");
+            QTest::keyClick(&s.canvas, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+            SplineBase::PointInfo pasted = *s.curves["a.y"].spline[2];
+            pasted.serial = s.curves["a.x"].spline[1]->serial;
+            QVERIFY(isSamePoint(pasted, *s.curves["a.x"].spline[1]));
+        });
+        row("paste what is no table", 0, {}, [](Scene& s) {
+            QApplication::clipboard()->setText("1 2\nword 3");
+            QString message;
+            closeBox(message);
+            QTest::keyClick(&s.canvas, Qt::Key_V, Qt::ControlModifier);
+            QVERIFY(message.contains('2'));
+        });
+        row("duplicate", 1, x, [](Scene& s) {
+            s.selectTwo();
+            QTest::keyClick(&s.canvas, Qt::Key_D, Qt::ControlModifier);
+            QCOMPARE(s.curves["a.x"].spline.getControlPointsNumber(), 5u);
+        });
+        row("drag that snaps", 1, x, [](Scene& s) {
+            QTest::keyClick(&s.canvas, Qt::Key_S);
+            s.canvas.canvas.guide.snap.kinds = Snap::Frames | Snap::Points;
+            s.press(5.0, 1.0);
+            s.move(6.03, -1.98);
+            const SplineBase::PointInfo& point = *s.curves["a.x"].spline[1];
+            QCOMPARE(QPointF(point.time, point.pos), QPointF(6.0, -2.0));
+            s.move(6.53, -1.9, Qt::ControlModifier);
+            QVERIFY(point.time != 6.5);
+            s.release(6.5, -1.9);
+        });
+        row("drag of two that snaps", 1, x, [](Scene& s) {
+            s.selectTwo();
+            s.canvas.canvas.guide.snap.kinds = Snap::Frames;
+            s.press(5.3, 1.0);
+            s.move(6.32, 1.5, Qt::ControlModifier);
+            QCOMPARE(s.curves["a.x"].spline[1]->time, 6.0);
+            s.release(6.32, 1.5);
+        });
+        row("drag along an axis", 1, x, [](Scene& s) {
+            s.press(5.0, 1.0);
+            QTest::keyPress(&s.canvas, Qt::Key_X);
+            s.move(6.0, 2.0);
+            const SplineBase::PointInfo& point = *s.curves["a.x"].spline[1];
+            QCOMPARE(point.pos, 1.0);
+            QTest::keyRelease(&s.canvas, Qt::Key_X);
+            QTest::keyPress(&s.canvas, Qt::Key_Y);
+            s.move(7.0, 2.0);
+            QCOMPARE(point.time, 5.0);
+            QTest::keyRelease(&s.canvas, Qt::Key_Y);
+            s.release(7.0, 2.0);
         });
         row("stepping", 0, x + x, [](Scene& s) {
             s.clickPoint();
