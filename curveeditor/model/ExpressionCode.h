@@ -48,5 +48,16 @@ enum class ExpressionCode : std::uint8_t {
     PowerByConstant,
     PowerOfConstant,
     GreaterThanConstant,
-    LessThanConstant
+    LessThanConstant,
+
+    // Only in programs: two operations in one, the first of them named first.
+    AddConstantSquare,
+    DivideByConstantExp,
+    MultiplyConstantAdd,
+    MultiplyConstantSubtract,
+    MultiplyAdd,
+    MultiplySubtract,
+    MultiplyAddConstant,
+    ChooseAdd,
+    ChooseSubtract
 };

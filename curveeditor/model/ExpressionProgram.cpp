@@ -25,22 +25,28 @@ constexpr std::size_t usualSize = 32;
 constexpr std::size_t longestBlock = 256;
 constexpr std::size_t largestBlockStack = 64 * longestBlock;
 
+double read(const FunctionParserBase::keyStruct& key)
+{
+    return key.holdsDouble() ? *static_cast<const double*>(key.value) : key.getValue();
+}
+
 double compute(const Instruction* begin, const Instruction* end, double* stack)
 {
     double x = 0.0;
     double* top = stack;
     for (const Instruction* instruction = begin; instruction != end; ++instruction) {
+        if (instruction->key) {
+            *top++ = x;
+            x = read(*instruction->key);
+        }
         switch (instruction->code) {
         case Code::Constant:
             *top++ = x;
             x = instruction->constant;
             break;
         case Code::Variable:
-            *top++ = x;
-            x = instruction->key->getValue();
             break;
         case Code::MappedVariable:
-            *top++ = x;
             x = FunctionParserBase::instance()->readMapped(*instruction->key);
             break;
         case Code::Negate:
@@ -158,6 +164,38 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
             top -= 2;
             x = top[0] != 0.0 ? top[1] : x;
             break;
+        case Code::AddConstantSquare:
+            x = x + instruction->constant;
+            x = x * x;
+            break;
+        case Code::DivideByConstantExp:
+            x = std::exp(x / instruction->constant);
+            break;
+        case Code::MultiplyConstantAdd:
+            x = *--top + x * instruction->constant;
+            break;
+        case Code::MultiplyConstantSubtract:
+            x = *--top - x * instruction->constant;
+            break;
+        case Code::MultiplyAdd:
+            top -= 2;
+            x = top[0] + top[1] * x;
+            break;
+        case Code::MultiplySubtract:
+            top -= 2;
+            x = top[0] - top[1] * x;
+            break;
+        case Code::MultiplyAddConstant:
+            x = *--top * x + instruction->constant;
+            break;
+        case Code::ChooseAdd:
+            top -= 3;
+            x = top[0] + (top[1] != 0.0 ? top[2] : x);
+            break;
+        case Code::ChooseSubtract:
+            top -= 3;
+            x = top[0] - (top[1] != 0.0 ? top[2] : x);
+            break;
         }
     }
     return x;
@@ -212,11 +250,6 @@ double computeConstant(double operand, const Instruction& operation)
 bool takesSign(Code code)
 {
     return code == Code::MultiplyConstant || code == Code::DivideByConstant || code == Code::DivideConstant;
-}
-
-bool isOperand(Code code)
-{
-    return code == Code::Constant || code == Code::Variable || code == Code::MappedVariable;
 }
 
 /// The times of one block, filled up to a multiple of `blockStep` with the last of them. They lie in a row of
@@ -416,6 +449,7 @@ private:
 ExpressionProgram::ExpressionProgram(const FunctionFloatOperation& root)
 {
     Compiler(*this).compile(root);
+    fuse(instructions_);
 }
 
 double ExpressionProgram::run() const
@@ -424,7 +458,7 @@ double ExpressionProgram::run() const
     const Instruction* const end = begin + instructions_.size();
     if (depth_ > usualDepth)
         return compute(begin, end, std::make_unique_for_overwrite<double[]>(depth_).get());
-    double stack[usualDepth]{};
+    double stack[usualDepth];
     return compute(begin, end, stack);
 }
 
@@ -440,12 +474,11 @@ void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, 
         now.set(times, length);
         double* top = rows.get() - stride;
         for (const Instruction& instruction : instructions_) {
-            if (isOperand(instruction.code)) {
+            if (instruction.key || instruction.code == Code::Constant) {
                 top += stride;
                 now.load(instruction, top);
-            } else {
-                top = applyToBlock(instruction, top, stride, now.getPaddedCount());
             }
+            top = applyToBlock(instruction, top, stride, now.getPaddedCount());
         }
         std::copy_n(rows.get(), length, values);
         times += length;
