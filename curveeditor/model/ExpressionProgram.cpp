@@ -359,21 +359,22 @@ private:
 
     void begin(const FunctionFloatBase& node)
     {
-        if (const FunctionFloatConstant* const constant = node.getConstantRef()) {
+        if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node)) {
+            beginOperation(*operation);
+        } else if (const FunctionFloatConstant* const constant = node.getConstantRef()) {
             operands_.push_back({true, constant->getValue()});
         } else if (const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node)) {
             addOperand(
                 {variable->isMapped() ? Code::MappedVariable : Code::Variable, 0.0, variable->getKey()});
-        } else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node)) {
-            beginOperation(*operation);
         }
     }
 
     void beginOperation(const FunctionFloatOperation& operation)
     {
         tasks_.push_back({Step::Finish, &operation});
-        for (std::size_t i = operation.getOperandCount(); i-- > 0;) {
-            if (operation.isTernary())
+        const std::size_t count = operation.getOperandCount();
+        for (std::size_t i = count; i-- > 0;) {
+            if (count == 3)
                 tasks_.push_back({Step::Load, nullptr});
             tasks_.push_back({Step::Begin, operation.getOperand(i)});
         }
@@ -397,9 +398,10 @@ private:
 
     void addOperation(const FunctionFloatOperation& operation)
     {
-        if (operation.isUnary()) {
+        const std::size_t count = operation.getOperandCount();
+        if (count == 1) {
             addToLast(Instruction{operation.getCode()});
-        } else if (operation.isBinary()) {
+        } else if (count == 2) {
             addBinary(operation.getCode());
         } else {
             operands_.resize(operands_.size() - 2);

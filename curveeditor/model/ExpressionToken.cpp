@@ -94,10 +94,10 @@ const TokenRule* findSymbolBehindValue(char symbol)
 const TokenRule* findFunction(std::string_view name)
 {
     const auto fits = [=](const TokenRule& rule) {
-        return rule.role == Role::Function && rule.text == name;
+        return rule.text.size() == name.size() && rule.text.front() == name.front() && rule.text == name;
     };
-    const auto* const rule = std::find_if(rules.begin(), rules.end(), fits);
-    return rule == rules.end() ? nullptr : rule;
+    const auto rule = std::find_if(functions.begin(), functions.end(), fits);
+    return rule == functions.end() ? nullptr : &*rule;
 }
 
 const TokenRule& ruleOf(ExpressionCode code)

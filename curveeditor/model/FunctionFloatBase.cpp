@@ -85,6 +85,11 @@ const FunctionFloatVariableInt* FunctionFloatBase::getVariableIntRef() const
     return nullptr;
 }
 
+const FunctionFloatOperation* FunctionFloatBase::asOperation() const
+{
+    return nullptr;
+}
+
 std::string FunctionFloatBase::getString()
 {
     return text;

@@ -8,6 +8,7 @@
 
 class FunctionFloatBinary;
 class FunctionFloatConstant;
+class FunctionFloatOperation;
 class FunctionFloatTernary;
 class FunctionFloatUnary;
 class FunctionFloatVariableBool;
@@ -83,4 +84,9 @@ public:
     /// the place of its time in the block.
     virtual void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
                                std::size_t count);
+
+private:
+    friend class FunctionFloatOperation;
+
+    virtual const FunctionFloatOperation* asOperation() const;
 };

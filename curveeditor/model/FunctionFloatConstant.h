@@ -3,6 +3,7 @@
 
 #include <curveeditor/model/FunctionFloatBase.h>
 
+#include <cstddef>
 #include <string_view>
 
 /// A number. `text` is the number as it was typed.
@@ -10,6 +11,9 @@ class CURVEEDITOR_EXPORT FunctionFloatConstant : public FunctionFloatBase
 {
 public:
     ~FunctionFloatConstant() override;
+
+    static void* operator new(std::size_t size);
+    static void operator delete(void* memory, std::size_t size);
 
     /// The number: finite, not negative.
     double getValue() const { return value_; }

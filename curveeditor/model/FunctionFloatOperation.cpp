@@ -3,14 +3,13 @@
 
 #include <curveeditor/model/ExpressionProgram.h>
 #include <curveeditor/model/ExpressionWriter.h>
-#include <curveeditor/model/FunctionFloatBinary.h>
-#include <curveeditor/model/FunctionFloatTernary.h>
-#include <curveeditor/model/FunctionFloatUnary.h>
+#include <curveeditor/model/NodeMemory.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace {
+
+constexpr std::size_t usualSize = 16;
 
 /// Sets a mark for as long as it lives.
 class Running
@@ -29,15 +28,6 @@ private:
 
 } // namespace
 
-const FunctionFloatOperation* FunctionFloatOperation::of(const FunctionFloatBase& node)
-{
-    if (const FunctionFloatBinary* const binary = node.getBinaryRef())
-        return binary;
-    if (const FunctionFloatUnary* const unary = node.getUnaryRef())
-        return unary;
-    return node.getTernaryRef();
-}
-
 FunctionFloatOperation::FunctionFloatOperation(ExpressionCode code, std::string_view name,
                                                Operands&& operands)
     : code_(code), operands_(std::move(operands))
@@ -48,26 +38,35 @@ FunctionFloatOperation::FunctionFloatOperation(ExpressionCode code, std::string_
 FunctionFloatOperation::~FunctionFloatOperation()
 {
     std::vector<std::unique_ptr<FunctionFloatBase>> orphans;
-    moveOperationsTo(orphans);
+    freeOperands(orphans);
     while (!orphans.empty()) {
         const std::unique_ptr<FunctionFloatBase> node = std::move(orphans.back());
         orphans.pop_back();
-        static_cast<FunctionFloatOperation&>(*node).moveOperationsTo(orphans);
+        static_cast<FunctionFloatOperation&>(*node).freeOperands(orphans);
     }
 }
 
-void FunctionFloatOperation::moveOperationsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes)
+void* FunctionFloatOperation::operator new(std::size_t size)
+{
+    return NodeMemory::take(size);
+}
+
+void FunctionFloatOperation::operator delete(void* memory, std::size_t size)
+{
+    NodeMemory::give(memory, size);
+}
+
+void FunctionFloatOperation::freeOperands(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes)
 {
     for (std::unique_ptr<FunctionFloatBase>& operand : operands_) {
-        if (operand && of(*operand))
+        if (operand && of(*operand)) {
+            if (nodes.capacity() == 0)
+                nodes.reserve(usualSize);
             nodes.push_back(std::move(operand));
+        } else {
+            operand.reset();
+        }
     }
-}
-
-std::size_t FunctionFloatOperation::getOperandCount() const
-{
-    return std::size_t(
-        std::count_if(operands_.begin(), operands_.end(), [](const auto& operand) { return !!operand; }));
 }
 
 const FunctionFloatBase* FunctionFloatOperation::getOperand(std::size_t index) const

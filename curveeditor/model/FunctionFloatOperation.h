@@ -24,10 +24,16 @@ public:
 
     ~FunctionFloatOperation() override;
 
-    /// `node` as an operation, null if it is none.
-    static const FunctionFloatOperation* of(const FunctionFloatBase& node);
+    static void* operator new(std::size_t size);
+    static void operator delete(void* memory, std::size_t size);
 
-    std::size_t getOperandCount() const;
+    /// `node` as an operation, null if it is none.
+    static const FunctionFloatOperation* of(const FunctionFloatBase& node) { return node.asOperation(); }
+
+    std::size_t getOperandCount() const
+    {
+        return std::size_t(!!operands_[0]) + !!operands_[1] + !!operands_[2];
+    }
 
     /// The operand at `index`, in the order of the text; null from the last one on.
     const FunctionFloatBase* getOperand(std::size_t index) const;
@@ -47,8 +53,10 @@ protected:
     FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands&& operands);
 
 private:
+    const FunctionFloatOperation* asOperation() const override { return this; }
     const ExpressionProgram& program();
-    void moveOperationsTo(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes);
+    // Those that are operations go to `nodes`.
+    void freeOperands(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes);
 
     ExpressionCode code_;
     bool running_ = false;

@@ -410,7 +410,7 @@ private Q_SLOTS:
         addRows(R"(
             t => 0;   f => 0;   7 => 0;   1/3 => 0;   t*2-f/3 => 0;   1-t => 0;   2/t => 0;   2/-t => 0;
             -t/3 => 0;   -t*3 => 0;   t-f*t/f+t => 0;   t>3 => 0;   3>t => 0;   f<t => 0;   t>f => 0;
-            if(t>1,t,-t) => 0;   if(t/t,1,2) => 0;   rnd(t) => 0;   ceil(t/3) => 0;   floor(t) => 0;
+            if(t>1,t,-t) => 0;   if(t,1,2) => 0;   rnd(t) => 0;   ceil(t/3) => 0;   floor(t) => 0;
             sqrt(t) => 0;   abs(t) => 0;   t^2 => 0;   tan(t)+l10(t) => 0;   acos(t)+asin(t)+atan(t) => 0;
             cosh(t)+sinh(t)+tanh(t) => 0;   j0(t)-j1(f) => 0;   a.x*t => 0;   a.int+t => 0;   cos(t) => 5;
             sin(f) => 5;   exp(t) => 5;   exp(-t) => 5;   log(t) => 5;   t^3 => 5;   2^t => 5;   t^f => 5;
