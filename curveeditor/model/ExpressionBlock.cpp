@@ -48,19 +48,12 @@ inline void forEachPair(double* left, const double* right, std::size_t count, Fu
         left[i] = function(left[i], right[i]);
 }
 
-template <typename Function>
-inline void forEachTriple(double* first, const double* second, const double* third, std::size_t count,
-                          Function function)
+inline void choose(double* condition, const double* a, const double* b, std::size_t count)
 {
     const std::size_t end = count / blockStep * blockStep;
     CURVEEDITOR_VECTOR_LOOP
     for (std::size_t i = 0; i < end; ++i)
-        first[i] = function(first[i], second[i], third[i]);
-}
-
-inline void choose(double* condition, const double* a, const double* b, std::size_t count)
-{
-    forEachTriple(condition, a, b, count, [](double x, double y, double z) { return x != 0.0 ? y : z; });
+        condition[i] = condition[i] != 0.0 ? a[i] : b[i];
 }
 
 } // namespace
@@ -186,40 +179,7 @@ double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* 
     case Code::Choose:
         choose(below - stride, below, top, count);
         return below - stride;
-    case Code::AddConstantSquare:
-        forEach(top, count, [=](double x) { return (x + c) * (x + c); });
-        return top;
-    case Code::DivideByConstantExp:
-        forEach(top, count, [=](double x) { return std::exp(x / c); });
-        return top;
-    case Code::MultiplyConstantAdd:
-        forEachPair(below, top, count, [=](double x, double y) { return x + y * c; });
-        return below;
-    case Code::MultiplyConstantSubtract:
-        forEachPair(below, top, count, [=](double x, double y) { return x - y * c; });
-        return below;
-    case Code::MultiplyAddConstant:
-        forEachPair(below, top, count, [=](double x, double y) { return x * y + c; });
-        return below;
-    case Code::MultiplyAdd:
-        forEachTriple(below - stride, below, top, count,
-                      [](double x, double y, double z) { return x + y * z; });
-        return below - stride;
-    case Code::MultiplySubtract:
-        forEachTriple(below - stride, below, top, count,
-                      [](double x, double y, double z) { return x - y * z; });
-        return below - stride;
-    case Code::ChooseAdd:
-        choose(below - stride, below, top, count);
-        forEachPair(below - 2 * stride, below - stride, count, [](double x, double y) { return x + y; });
-        return below - 2 * stride;
-    case Code::ChooseSubtract:
-        choose(below - stride, below, top, count);
-        forEachPair(below - 2 * stride, below - stride, count, [](double x, double y) { return x - y; });
-        return below - 2 * stride;
-    case Code::Constant:
-    case Code::Variable:
-    case Code::MappedVariable:
+    default: // an operand, or several in one
         break;
     }
     return top;

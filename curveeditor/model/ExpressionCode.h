@@ -50,14 +50,25 @@ enum class ExpressionCode : std::uint8_t {
     GreaterThanConstant,
     LessThanConstant,
 
-    // Only in programs: two operations in one, the first of them named first.
+    // Only in programs: several in one, see `ExpressionFusion.h`.
+    VariableAddConstant,
+    VariableMultiplyConstant,
+    VariableGreaterThanConstant,
+    VariableLessThanConstant,
+    VariableSquare,
+    VariableAddConstantSquare,
+    AddVariable,
+    SubtractVariable,
+    MultiplyVariable,
+    DivideByVariable,
+    MultiplyVariableAddedConstant,
+    MultiplyVariableAddConstant,
     AddConstantSquare,
     DivideByConstantExp,
     MultiplyConstantAdd,
+    AddVariableMultiplyConstant,
     MultiplyConstantSubtract,
     MultiplyAdd,
-    MultiplySubtract,
-    MultiplyAddConstant,
-    ChooseAdd,
-    ChooseSubtract
+    ChooseSubtract,
+    ChooseAdd
 };

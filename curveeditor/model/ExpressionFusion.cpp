@@ -1,63 +1,90 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/model/ExpressionProgram.h>
+#include <curveeditor/model/ExpressionFusion.h>
 
 namespace {
 
 using Code = ExpressionCode;
-using Instruction = ExpressionProgram::Instruction;
 
-/// The code that does `first`, then `second`; `second` if there is none.
-Code fusedCode(Code first, Code second)
+enum class ConstantOf { First, Second };
+
+struct Fusion
 {
-    switch (second) {
-    case Code::Square:
-        return first == Code::AddConstant ? Code::AddConstantSquare : second;
-    case Code::Exp:
-        return first == Code::DivideByConstant ? Code::DivideByConstantExp : second;
-    case Code::AddConstant:
-        return first == Code::Multiply ? Code::MultiplyAddConstant : second;
-    case Code::Add:
-        return first == Code::MultiplyConstant ? Code::MultiplyConstantAdd
-               : first == Code::Multiply       ? Code::MultiplyAdd
-               : first == Code::Choose         ? Code::ChooseAdd
-                                               : second;
-    case Code::Subtract:
-        return first == Code::MultiplyConstant ? Code::MultiplyConstantSubtract
-               : first == Code::Multiply       ? Code::MultiplySubtract
-               : first == Code::Choose         ? Code::ChooseSubtract
-                                               : second;
-    default:
-        return second;
+    Code first;
+    Code second;
+    Code result;
+    ConstantOf constant;
+};
+
+/// A row whose first code is fused itself stands below that of this code.
+constexpr Fusion fusions[] = {
+    {Code::Variable, Code::AddConstant, Code::VariableAddConstant, ConstantOf::Second},
+    {Code::Variable, Code::MultiplyConstant, Code::VariableMultiplyConstant, ConstantOf::Second},
+    {Code::Variable, Code::GreaterThanConstant, Code::VariableGreaterThanConstant, ConstantOf::Second},
+    {Code::Variable, Code::LessThanConstant, Code::VariableLessThanConstant, ConstantOf::Second},
+    {Code::Variable, Code::Square, Code::VariableSquare, ConstantOf::Second},
+    {Code::Variable, Code::Add, Code::AddVariable, ConstantOf::Second},
+    {Code::Variable, Code::Subtract, Code::SubtractVariable, ConstantOf::Second},
+    {Code::Variable, Code::Multiply, Code::MultiplyVariable, ConstantOf::Second},
+    {Code::Variable, Code::Divide, Code::DivideByVariable, ConstantOf::Second},
+    {Code::VariableAddConstant, Code::Square, Code::VariableAddConstantSquare, ConstantOf::First},
+    {Code::VariableAddConstant, Code::Multiply, Code::MultiplyVariableAddedConstant, ConstantOf::First},
+    {Code::MultiplyVariable, Code::AddConstant, Code::MultiplyVariableAddConstant, ConstantOf::Second},
+    {Code::AddConstant, Code::Square, Code::AddConstantSquare, ConstantOf::First},
+    {Code::DivideByConstant, Code::Exp, Code::DivideByConstantExp, ConstantOf::First},
+    {Code::MultiplyConstant, Code::Add, Code::MultiplyConstantAdd, ConstantOf::First},
+    {Code::VariableMultiplyConstant, Code::Add, Code::AddVariableMultiplyConstant, ConstantOf::First},
+    {Code::MultiplyConstant, Code::Subtract, Code::MultiplyConstantSubtract, ConstantOf::First},
+    {Code::Multiply, Code::Add, Code::MultiplyAdd, ConstantOf::First},
+    {Code::Choose, Code::Subtract, Code::ChooseSubtract, ConstantOf::First},
+    {Code::Choose, Code::Add, Code::ChooseAdd, ConstantOf::First},
+};
+
+constexpr std::size_t codeCount = std::size_t(Code::ChooseAdd) + 1;
+
+constexpr std::array<ExpressionParts, codeCount> partsOfAll()
+{
+    std::array<ExpressionParts, codeCount> all;
+    for (std::size_t code = 0; code < codeCount; ++code)
+        all[code] = {{Code(code)}, 1};
+    for (const Fusion& fusion : fusions) {
+        ExpressionParts& parts = all[std::size_t(fusion.result)];
+        parts = all[std::size_t(fusion.first)];
+        parts.codes[parts.count++] = fusion.second;
     }
+    return all;
 }
 
-/// Makes `first` do `second` too, if one instruction can do both.
-bool absorb(Instruction& first, const Instruction& second)
+constexpr std::array<ExpressionParts, codeCount> allParts = partsOfAll();
+
+/// For each two codes the row of their fusion, counted from 1.
+using RowTable = std::array<std::array<unsigned char, codeCount>, codeCount>;
+
+constexpr RowTable rowsOfAll()
 {
-    if (second.key || second.code == Code::Constant)
-        return false;
-    if (first.code == Code::Variable) {
-        first.code = second.code;
-        first.constant = second.constant;
-        return true;
-    }
-    const Code both = fusedCode(first.code, second.code);
-    if (both == second.code)
-        return false;
-    first.code = both;
-    if (both == Code::MultiplyAddConstant)
-        first.constant = second.constant;
-    return true;
+    RowTable rows{};
+    unsigned char row = 0;
+    for (const Fusion& fusion : fusions)
+        rows[std::size_t(fusion.first)][std::size_t(fusion.second)] = ++row;
+    return rows;
 }
+
+constexpr RowTable rowTable = rowsOfAll();
 
 } // namespace
 
-void fuse(std::vector<Instruction>& instructions)
+bool fuse(ExpressionProgram::Instruction& last, const ExpressionProgram::Instruction& next)
 {
-    std::size_t last = 0;
-    for (std::size_t i = 1; i < instructions.size(); ++i) {
-        if (!absorb(instructions[last], instructions[i]))
-            instructions[++last] = instructions[i];
-    }
-    instructions.resize(last + 1);
+    const std::size_t row = rowTable[std::size_t(last.code)][std::size_t(next.code)];
+    if (row == 0)
+        return false;
+    const Fusion& fusion = fusions[row - 1];
+    last.code = fusion.result;
+    if (fusion.constant == ConstantOf::Second)
+        last.constant = next.constant;
+    return true;
+}
+
+const ExpressionParts& partsOf(ExpressionCode code)
+{
+    return allParts[std::size_t(code)];
 }

@@ -2,6 +2,7 @@
 #include <curveeditor/model/ExpressionProgram.h>
 
 #include <curveeditor/model/EvaluationTime.h>
+#include <curveeditor/model/ExpressionFusion.h>
 #include <curveeditor/model/FunctionFloatConstant.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionFloatVariable.h>
@@ -25,9 +26,14 @@ constexpr std::size_t usualSize = 32;
 constexpr std::size_t longestBlock = 256;
 constexpr std::size_t largestBlockStack = 64 * longestBlock;
 
-double read(const FunctionParserBase::keyStruct& key)
+double valueOf(const FunctionParserBase::keyStruct& key)
 {
     return key.holdsDouble() ? *static_cast<const double*>(key.value) : key.getValue();
+}
+
+double square(double x)
+{
+    return x * x;
 }
 
 double compute(const Instruction* begin, const Instruction* end, double* stack)
@@ -35,18 +41,17 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
     double x = 0.0;
     double* top = stack;
     for (const Instruction* instruction = begin; instruction != end; ++instruction) {
-        if (instruction->key) {
-            *top++ = x;
-            x = read(*instruction->key);
-        }
         switch (instruction->code) {
         case Code::Constant:
             *top++ = x;
             x = instruction->constant;
             break;
         case Code::Variable:
+            *top++ = x;
+            x = valueOf(*instruction->key);
             break;
         case Code::MappedVariable:
+            *top++ = x;
             x = FunctionParserBase::instance()->readMapped(*instruction->key);
             break;
         case Code::Negate:
@@ -164,15 +169,59 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
             top -= 2;
             x = top[0] != 0.0 ? top[1] : x;
             break;
+        case Code::VariableAddConstant:
+            *top++ = x;
+            x = valueOf(*instruction->key) + instruction->constant;
+            break;
+        case Code::VariableMultiplyConstant:
+            *top++ = x;
+            x = valueOf(*instruction->key) * instruction->constant;
+            break;
+        case Code::VariableGreaterThanConstant:
+            *top++ = x;
+            x = valueOf(*instruction->key) > instruction->constant ? 1.0 : 0.0;
+            break;
+        case Code::VariableLessThanConstant:
+            *top++ = x;
+            x = valueOf(*instruction->key) < instruction->constant ? 1.0 : 0.0;
+            break;
+        case Code::VariableSquare:
+            *top++ = x;
+            x = square(valueOf(*instruction->key));
+            break;
+        case Code::VariableAddConstantSquare:
+            *top++ = x;
+            x = square(valueOf(*instruction->key) + instruction->constant);
+            break;
+        case Code::AddVariable:
+            x = x + valueOf(*instruction->key);
+            break;
+        case Code::SubtractVariable:
+            x = x - valueOf(*instruction->key);
+            break;
+        case Code::MultiplyVariable:
+            x = x * valueOf(*instruction->key);
+            break;
+        case Code::DivideByVariable:
+            x = x / valueOf(*instruction->key);
+            break;
+        case Code::MultiplyVariableAddedConstant:
+            x = x * (valueOf(*instruction->key) + instruction->constant);
+            break;
+        case Code::MultiplyVariableAddConstant:
+            x = x * valueOf(*instruction->key) + instruction->constant;
+            break;
         case Code::AddConstantSquare:
-            x = x + instruction->constant;
-            x = x * x;
+            x = square(x + instruction->constant);
             break;
         case Code::DivideByConstantExp:
             x = std::exp(x / instruction->constant);
             break;
         case Code::MultiplyConstantAdd:
             x = *--top + x * instruction->constant;
+            break;
+        case Code::AddVariableMultiplyConstant:
+            x = x + valueOf(*instruction->key) * instruction->constant;
             break;
         case Code::MultiplyConstantSubtract:
             x = *--top - x * instruction->constant;
@@ -181,20 +230,13 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
             top -= 2;
             x = top[0] + top[1] * x;
             break;
-        case Code::MultiplySubtract:
-            top -= 2;
-            x = top[0] - top[1] * x;
-            break;
-        case Code::MultiplyAddConstant:
-            x = *--top * x + instruction->constant;
+        case Code::ChooseSubtract:
+            top -= 3;
+            x = top[0] - (top[1] != 0.0 ? top[2] : x);
             break;
         case Code::ChooseAdd:
             top -= 3;
             x = top[0] + (top[1] != 0.0 ? top[2] : x);
-            break;
-        case Code::ChooseSubtract:
-            top -= 3;
-            x = top[0] - (top[1] != 0.0 ? top[2] : x);
             break;
         }
     }
@@ -250,6 +292,11 @@ double computeConstant(double operand, const Instruction& operation)
 bool takesSign(Code code)
 {
     return code == Code::MultiplyConstant || code == Code::DivideByConstant || code == Code::DivideConstant;
+}
+
+bool isOperand(Code code)
+{
+    return code == Code::Constant || code == Code::Variable || code == Code::MappedVariable;
 }
 
 /// The times of one block, filled up to a multiple of `blockStep` with the last of them. They lie in a row of
@@ -406,7 +453,7 @@ private:
         } else {
             operands_.resize(operands_.size() - 2);
             depth_ -= 2;
-            instructions_.push_back({operation.getCode()});
+            append({operation.getCode()});
         }
     }
 
@@ -422,7 +469,7 @@ private:
             addToLast(withConstantLeft(code, left.constant));
         } else {
             --depth_;
-            instructions_.push_back({code});
+            append({code});
         }
     }
 
@@ -438,7 +485,14 @@ private:
             instructions_.pop_back();
             operation.constant = -operation.constant;
         }
-        instructions_.push_back(operation);
+        append(operation);
+    }
+
+    /// To the instruction before it, if the two can be one.
+    void append(const Instruction& operation)
+    {
+        if (!fuse(instructions_.back(), operation))
+            instructions_.push_back(operation);
     }
 
     Instructions& instructions_;
@@ -451,7 +505,6 @@ private:
 ExpressionProgram::ExpressionProgram(const FunctionFloatOperation& root)
 {
     Compiler(*this).compile(root);
-    fuse(instructions_);
 }
 
 double ExpressionProgram::run() const
@@ -460,7 +513,7 @@ double ExpressionProgram::run() const
     const Instruction* const end = begin + instructions_.size();
     if (depth_ > usualDepth)
         return compute(begin, end, std::make_unique_for_overwrite<double[]>(depth_).get());
-    double stack[usualDepth];
+    double stack[usualDepth]{};
     return compute(begin, end, stack);
 }
 
@@ -476,11 +529,15 @@ void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, 
         now.set(times, length);
         double* top = rows.get() - stride;
         for (const Instruction& instruction : instructions_) {
-            if (instruction.key || instruction.code == Code::Constant) {
-                top += stride;
-                now.load(instruction, top);
+            for (const Code code : partsOf(instruction.code)) {
+                const Instruction part{code, instruction.constant, instruction.key};
+                if (isOperand(code)) {
+                    top += stride;
+                    now.load(part, top);
+                } else {
+                    top = applyToBlock(part, top, stride, now.getPaddedCount());
+                }
             }
-            top = applyToBlock(instruction, top, stride, now.getPaddedCount());
         }
         std::copy_n(rows.get(), length, values);
         times += length;

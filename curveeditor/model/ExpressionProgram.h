@@ -20,7 +20,7 @@ public:
     {
         ExpressionCode code = ExpressionCode::Constant;
         double constant = 0.0;
-        FunctionParserBase::keyStruct* key = nullptr; // of a variable that is read before the operation
+        FunctionParserBase::keyStruct* key = nullptr; // of a variable
     };
 
     explicit ExpressionProgram(const FunctionFloatOperation& root);
@@ -34,10 +34,6 @@ private:
     std::vector<Instruction> instructions_;
     std::size_t depth_ = 0;
 };
-
-/// Makes one instruction of each two neighbours that have a common form. Values stay the same to the last bit,
-/// and variables are read in the same order.
-void fuse(std::vector<ExpressionProgram::Instruction>& instructions);
 
 /// How many values a vector instruction takes at most.
 inline constexpr std::size_t blockStep = 8;

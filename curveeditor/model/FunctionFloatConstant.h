@@ -12,6 +12,7 @@ class CURVEEDITOR_EXPORT FunctionFloatConstant : public FunctionFloatBase
 public:
     ~FunctionFloatConstant() override;
 
+    // Nodes take memory that freed ones left.
     static void* operator new(std::size_t size);
     static void operator delete(void* memory, std::size_t size);
 

@@ -24,6 +24,7 @@ public:
 
     ~FunctionFloatOperation() override;
 
+    // Nodes take memory that freed ones left.
     static void* operator new(std::size_t size);
     static void operator delete(void* memory, std::size_t size);
 

@@ -196,7 +196,7 @@ private Q_SLOTS:
             if ( 0 , f , 7 ) => 7;   if(0/0,1,2) => 1;   (0/0>1)+(0/0<1) => 0;   l10(1000) => 3;
             rnd(2.5)-rnd(-2.5) => 6;   abs(-t)+sqrt(t+2) => 4;   ceil(1.1)+floor(-1.1) => 0;   1/0 => inf;
             -1/0 => -inf;   log(-1) => nan;   0^0 => 1;   1-t => -1;   1/t => 0.5;   3^t => 9;   1>t => 0;
-            1<t => 1;   t<1 => 0)");
+            1<t => 1;   t<1 => 0;   t<2 => 0;   t>2 => 0)");
         const std::vector<std::pair<const char*, double>> functions{
             {"\t1 +\n1\r", 2.0},
             {"log(t)", std::log(2.0)},
