@@ -34,16 +34,10 @@ constexpr std::array<Numbers, PointTableModel::ColumnCount> numbers = {{{Field::
                                                                         {Field::EaseTo, easeBound},
                                                                         {Field::EaseFrom, easeBound}}};
 
-std::vector<PointSerial> serialsOf(const ControlSplineNode* control)
+const std::vector<SplineBase::PointInfo*>& pointsOf(const ControlSplineNode* control)
 {
-    std::vector<PointSerial> serials;
-    if (!control || !control->getSpline())
-        return serials;
-    const auto& points = control->getSpline()->getControlPoints();
-    serials.reserve(points.size());
-    for (const SplineBase::PointInfo* const point : points)
-        serials.push_back(point->serial);
-    return serials;
+    static const std::vector<SplineBase::PointInfo*> none;
+    return control && control->getSpline() ? control->getSpline()->getControlPoints() : none;
 }
 
 /// Without an exponent where that is readable.
@@ -63,16 +57,20 @@ PointTableModel::PointTableModel(const NodePage* unit, QObject* parent)
 
 bool PointTableModel::show(ControlSplineNode* control)
 {
-    std::vector<PointSerial> rows = serialsOf(control);
+    const auto& points = pointsOf(control);
+    const bool areSame = std::equal(points.begin(), points.end(), rows_.begin(), rows_.end(),
+                                    [](const auto* point, PointSerial row) { return point->serial == row; });
     Q_EMIT headerDataChanged(Qt::Horizontal, Time, Time);
-    if (control == control_ && rows == rows_) {
+    if (control == control_ && areSame) {
         if (!rows_.empty())
             Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
         return false;
     }
     beginResetModel();
     control_ = control;
-    rows_.swap(rows);
+    rows_.resize(points.size());
+    std::transform(points.begin(), points.end(), rows_.begin(),
+                   [](const auto* point) { return point->serial; });
     endResetModel();
     return true;
 }
@@ -114,9 +112,8 @@ QVariant PointTableModel::data(const QModelIndex& cell, int role) const
     if (role == Qt::TextAlignmentRole)
         return int(Qt::AlignVCenter | (cell.column() == Type ? Qt::AlignLeft : Qt::AlignRight));
     const SplineBase::PointInfo* const point = pointOf(cell);
-    if (!point || (role != Qt::DisplayRole && role != Qt::EditRole))
-        return {};
-    return textOf(*point, cell.column());
+    const bool isText = role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole;
+    return point && isText ? textOf(*point, cell.column()) : QVariant();
 }
 
 QString PointTableModel::textOf(const SplineBase::PointInfo& point, int column) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/PointTablePage.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QEvent>
 #include <QHeaderView>
@@ -15,7 +16,8 @@
 namespace {
 
 constexpr const char* pickedProperty = "picked";
-constexpr int digitsInSight = 12;
+constexpr int digitsInSight = 11;
+constexpr int digitsOfLongest = 22;
 
 std::vector<int> selectedRows(const QTableView& view)
 {
@@ -80,10 +82,24 @@ private:
     QTableView* view_;
 };
 
+class PointTableView : public QTableView
+{
+public:
+    using QTableView::QTableView;
+
+protected:
+    /// Not one that the model's reset has closed already, as an edit that it commits itself can cause.
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override
+    {
+        if (!editor->isHidden())
+            QTableView::closeEditor(editor, hint);
+    }
+};
+
 } // namespace
 
 PointTablePage::PointTablePage(const NodePage* unit, QWidget* parent)
-    : QWidget(parent), model_(unit), view_(new QTableView(this))
+    : QWidget(parent), model_(unit), view_(new PointTableView(this))
 {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -100,7 +116,11 @@ PointTablePage::PointTablePage(const NodePage* unit, QWidget* parent)
     view_->setWordWrap(false);
     view_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view_->verticalHeader()->setDefaultSectionSize(view_->verticalHeader()->minimumSectionSize());
-    view_->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance(u'0') * digitsInSight);
+    const int digitWidth = fontMetrics().horizontalAdvance(u'0');
+    view_->horizontalHeader()->setHighlightSections(false);
+    view_->horizontalHeader()->setDefaultSectionSize(digitWidth * digitsInSight);
+    for (const int column : {PointTableModel::Time, PointTableModel::Value})
+        view_->setColumnWidth(column, digitWidth * digitsOfLongest);
     translate();
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &PointTablePage::pickSelection);
@@ -115,7 +135,10 @@ void PointTablePage::show(ControlSplineNode* control)
     const QScopedValueRollback showing(isShowing_, true);
     const QModelIndex cell = view_->currentIndex();
     const PointSerial point = model_.pointIn(cell.row());
+    const bool hasFocus = isAncestorOf(QApplication::focusWidget());
     const bool areOthers = model_.show(control);
+    if (hasFocus)
+        view_->setFocus(); // a reset takes it away from an open cell
     if (areOthers)
         view_->selectionModel()->setCurrentIndex(model_.index(model_.rowOf(point), cell.column()),
                                                  QItemSelectionModel::NoUpdate);
