@@ -44,7 +44,7 @@ const std::vector<SplineBase::PointInfo*>& pointsOf(const ControlSplineNode* con
 QString shortestText(double number)
 {
     const double size = std::abs(number);
-    const bool isPlain = number == 0.0 || (size >= 1e-5 && size < 1e15);
+    const bool isPlain = size >= 1e-5 && size < 1e15;
     return QString::number(number, isPlain ? 'f' : 'g', QLocale::FloatingPointShortest);
 }
 
@@ -103,8 +103,7 @@ int PointTableModel::columnCount(const QModelIndex& parent) const
 
 const SplineBase::PointInfo* PointTableModel::pointOf(const QModelIndex& cell) const
 {
-    const SplineBase::PointInfo* const point = control_ ? control_->pointAt(cell.row()) : nullptr;
-    return point && point->serial == pointIn(cell.row()) ? point : nullptr;
+    return control_ ? control_->pointAt(cell.row()) : nullptr;
 }
 
 QVariant PointTableModel::data(const QModelIndex& cell, int role) const
@@ -187,12 +186,11 @@ bool PointTableModel::readNumber(const SplineBase::PointInfo& point, int column,
     if (text == textOf(point, column))
         return true;
     bool isNumber = false;
-    number = QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
-    if (column == Time && unit_->isModeFrames())
-        number /= unit_->getFps();
+    const double typed = QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
+    number = column == Time && unit_->isModeFrames() ? typed / unit_->getFps() : typed;
     if (bound != 0.0)
         number = std::clamp(number, -bound, bound);
-    return isNumber && std::isfinite(number);
+    return isNumber && std::isfinite(typed);
 }
 
 /// An edit that is open elsewhere is told when it is committed, and who hears of it may take the curve away.

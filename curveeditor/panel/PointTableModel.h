@@ -14,9 +14,9 @@ class NodePage;
 /// The points of one curve as the rows of a table, ascending in time, and their fields as its columns.
 ///
 /// Numbers are read from the spline when they are asked for, and shown in the shortest form that reads back to the
-/// same bits, with "." as decimal sign; a comma is read as one. What stands in a row is known by the point's
-/// serial, so the host may do anything to spline and curve between two calls: a point that is gone shows nothing
-/// and is not edited. After a change by others `show` brings the rows up to date.
+/// same bits, with "." as decimal sign; a comma is read as one. The host may do anything to spline and curve between two
+/// calls: edits name the points by their serials, and pass over those that are gone. After a change by others
+/// `show` brings the rows up to date.
 class PointTableModel : public QAbstractTableModel
 {
     Q_OBJECT

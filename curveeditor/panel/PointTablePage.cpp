@@ -148,7 +148,9 @@ void PointTablePage::show(ControlSplineNode* control)
 
 void PointTablePage::selectRows()
 {
-    shown_ = control_ ? control_->selection() : Selection();
+    const Selection selection = control_ ? control_->selection() : Selection();
+    const bool areOthers = !(selection == shown_);
+    shown_ = selection;
     QItemSelection rows;
     const bool hasSpline = control_ && control_->getSpline();
     const std::vector<bool> marks = hasSpline ? shown_.marks(*control_->getSpline()) : std::vector<bool>();
@@ -159,7 +161,7 @@ void PointTablePage::selectRows()
         begin = std::find(end, marks.end(), true);
     }
     view_->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
-    if (rows.isEmpty() || rows.contains(view_->currentIndex()))
+    if (!areOthers || rows.isEmpty() || rows.contains(view_->currentIndex()))
         return;
     const int column = std::max(view_->currentIndex().column(), 0);
     view_->selectionModel()->setCurrentIndex(model_.index(rows.front().top(), column),
