@@ -137,7 +137,7 @@ void PointTablePage::show(ControlSplineNode* control)
     const PointSerial point = model_.pointIn(cell.row());
     const bool hasFocus = isAncestorOf(QApplication::focusWidget());
     const bool areOthers = model_.show(control);
-    if (hasFocus)
+    if (areOthers && hasFocus)
         view_->setFocus(); // a reset takes it away from an open cell
     if (areOthers)
         view_->selectionModel()->setCurrentIndex(model_.index(model_.rowOf(point), cell.column()),

@@ -218,7 +218,7 @@ private Q_SLOTS:
                           s.table.visualRect(s.cell(3, 0)).center());
         QCOMPARE(s.selection().edited(), std::vector{s.x[2]->serial});
         QCOMPARE(s.table.currentIndex().row(), 3);
-        s.table.selectRow(0);
+        QTest::mouseClick(s.table.viewport(), Qt::LeftButton, {}, s.table.visualRect(s.cell(0, 0)).center());
         QCOMPARE(s.selection().edited(), std::vector{s.x[0]->serial});
         QVERIFY(s.selection().hasSingle() && s.editor.posX->isEnabled());
         QVERIFY(s.changes.count() <= 3 && s.editor.undoStack()->count() == 0);
@@ -299,7 +299,7 @@ private Q_SLOTS:
         const QPointer<QLineEdit> line(s.openCell(1, Value));
         QTest::keyClicks(line, "42");
         work(s);
-        QVERIFY(line->text() == "42" || line->isHidden());
+        QVERIFY((line->text() == "42" && line->hasFocus()) || line->isHidden());
         s.pressReturn(line);
         QVERIFY(!line);
         s.editor.updateCurves();
