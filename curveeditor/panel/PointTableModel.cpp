@@ -161,9 +161,8 @@ bool PointTableModel::setText(const QModelIndex& cell, const QString& text, cons
     const SplineBase::PointInfo* const point = pointOf(cell);
     if (!point)
         return false;
-    std::vector<PointSerial> points;
-    for (const int row : rows)
-        points.push_back(pointIn(row));
+    std::vector<PointSerial> points(rows.size());
+    std::transform(rows.begin(), rows.end(), points.begin(), [this](int row) { return pointIn(row); });
     if (cell.column() == Type) {
         const auto type = int(typeNames().indexOf(text));
         return type >= 0 &&
