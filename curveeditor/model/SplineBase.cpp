@@ -601,6 +601,8 @@ bool SplineBase::assign(const SplineState& state)
         }
         points.push_back(place ? place : new PointInfo);
         *points.back() = point;
+        if (point.serial == 0)
+            points.back()->serial = newSerial();
     }
     for (const auto& [serial, point] : moved)
         delete point;

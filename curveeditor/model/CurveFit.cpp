@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/CurveFit.h>
+
+#include <curveeditor/model/HermiteFit.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+using CurveFit::Options;
+using CurveFit::Result;
+using CurveFit::Status;
+using CurveFit::Steps;
+using PointInfo = SplineBase::PointInfo;
+
+PointInfo bezierPoint(double time, double value)
+{
+    PointInfo point;
+    point.time = time;
+    point.pos = value;
+    point.type = SplineBase::Bezier;
+    return point;
+}
+
+bool isTolerance(double number)
+{
+    return number >= 0.0;
+}
+
+Result refusal(Status status)
+{
+    Result result;
+    result.status = status;
+    return result;
+}
+
+/// Those of the samples that are finite, without what lies between the first and the last at one time.
+FitSamples usable(const std::vector<double>& times, const std::vector<double>& values)
+{
+    FitSamples samples;
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        if (!std::isfinite(times[i]) || !std::isfinite(values[i]))
+            continue;
+        const std::size_t count = samples.times.size();
+        if (count >= 2 && samples.times[count - 2] == times[i]) {
+            samples.values.back() = values[i];
+        } else {
+            samples.times.push_back(times[i]);
+            samples.values.push_back(values[i]);
+        }
+    }
+    return samples;
+}
+
+void appendPiece(std::vector<PointInfo>& points, const FitSamples& samples, const Options& options)
+{
+    for (const FitKnot& knot : HermiteFit(samples, options.tolerance, options.monotone).knots()) {
+        points.push_back(bezierPoint(samples.times[knot.sample], knot.value));
+        points.back().tanLeft = knot.left;
+        points.back().tanRight = knot.right;
+    }
+}
+
+/// The points of the pieces between the steps.
+std::vector<PointInfo> fittedPoints(const FitSamples& samples, const Options& options)
+{
+    std::vector<PointInfo> points;
+    FitSamples piece;
+    for (std::size_t i = 0; i < samples.times.size(); ++i) {
+        if (!piece.times.empty() && piece.times.back() == samples.times[i]) {
+            appendPiece(points, piece, options);
+            piece = FitSamples();
+        }
+        piece.times.push_back(samples.times[i]);
+        piece.values.push_back(samples.values[i]);
+    }
+    appendPiece(points, piece, options);
+    return points;
+}
+
+/// A point for each sample.
+std::vector<PointInfo> allPoints(const FitSamples& samples)
+{
+    std::vector<PointInfo> points;
+    for (std::size_t i = 0; i < samples.times.size(); ++i)
+        points.push_back(bezierPoint(samples.times[i], samples.values[i]));
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        points[i].tanLeft = points[i].tanRight = CurveFit::smoothSlope(
+            i > 0 ? &points[i - 1] : nullptr, points[i], i + 1 < points.size() ? &points[i + 1] : nullptr);
+    }
+    return points;
+}
+
+/// Of the real curve. The first of two samples at one time is a point, and so is never away from it.
+double deviationFrom(const FitSamples& samples, const SplineState& state)
+{
+    SplineBase spline;
+    spline.assign(state);
+    std::vector<double> values(samples.times.size());
+    spline.evaluate(samples.times.data(), values.data(), values.size());
+    double greatest = 0.0;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const bool isArrival = i + 1 < values.size() && samples.times[i] == samples.times[i + 1];
+        if (!isArrival)
+            greatest = std::max(greatest, std::abs(values[i] - samples.values[i]));
+    }
+    return greatest;
+}
+
+/// The times of the steps; none if they are refused.
+std::vector<double> timesOf(const Steps& steps, Status& status)
+{
+    const double span = steps.last - steps.first;
+    status = Status::BadRange;
+    if (!std::isfinite(span) || !std::isfinite(steps.step) || !(span >= 0.0) || !(steps.step > 0.0))
+        return {};
+    const double count = std::floor(span / steps.step);
+    status = Status::TooManyPoints;
+    if (!(count < double(CurveFit::stepLimit)))
+        return {};
+    status = Status::Done;
+    std::vector<double> times;
+    for (std::size_t i = 0; i <= std::size_t(count); ++i)
+        times.push_back(std::min(steps.first + double(i) * steps.step, steps.last));
+    if (times.back() < steps.last)
+        times.push_back(steps.last);
+    return times;
+}
+
+std::vector<double> valuesOf(const std::function<double(double)>& function, const std::vector<double>& times)
+{
+    std::vector<double> values(times.size());
+    std::transform(times.begin(), times.end(), values.begin(), function);
+    return values;
+}
+
+} // namespace
+
+Result CurveFit::fit(const std::vector<double>& times, const std::vector<double>& values,
+                     const Options& options)
+{
+    if (!isTolerance(options.tolerance))
+        return refusal(Status::BadTolerance);
+    if (times.size() != values.size())
+        return refusal(Status::SizesDiffer);
+    const FitSamples samples = usable(times, values);
+    if (!std::is_sorted(samples.times.begin(), samples.times.end()))
+        return refusal(Status::TimesDescend);
+    if (samples.times.empty())
+        return refusal(Status::NoSamples);
+    Result result;
+    result.status = Status::Done;
+    result.spline.points = fittedPoints(samples, options);
+    result.deviation = deviationFrom(samples, result.spline);
+    if (result.deviation > options.tolerance) {
+        result.spline.points = allPoints(samples);
+        result.deviation = deviationFrom(samples, result.spline);
+    }
+    return result;
+}
+
+Result CurveFit::simplify(const SplineBase& spline, const Options& options)
+{
+    const auto& points = spline.getControlPoints();
+    std::vector<double> times, values;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const double start = points[i]->time;
+        times.push_back(start);
+        values.push_back(points[i]->pos);
+        if (i + 1 == points.size() || points[i + 1]->time == start)
+            continue;
+        const double end = points[i + 1]->time;
+        for (std::size_t k = 1; k < samplesInSegment; ++k) {
+            const double share = double(k) / double(samplesInSegment);
+            const double time = std::lerp(start, end, share);
+            if (times.back() < time && time < end) {
+                times.push_back(time);
+                values.push_back(spline(time));
+            }
+        }
+    }
+    Result result = fit(times, values, options);
+    result.spline.firstType = spline.firstType;
+    result.spline.lastType = spline.lastType;
+    result.spline.defaultValue = spline.getDefaultValue();
+    return result;
+}
+
+Result CurveFit::bake(const std::function<double(double)>& function, const Steps& steps,
+                      SplineBase::NodeType type)
+{
+    Status status;
+    const std::vector<double> times = timesOf(steps, status);
+    if (status != Status::Done)
+        return refusal(status);
+    Result result;
+    result.spline.points = allPoints(usable(times, valuesOf(function, times)));
+    for (PointInfo& point : result.spline.points)
+        point.type = type;
+    result.status = result.spline.points.empty() ? Status::NoSamples : Status::Done;
+    return result;
+}
+
+Result CurveFit::bake(const std::function<double(double)>& function, const Steps& steps,
+                      const Options& options)
+{
+    Status status;
+    const std::vector<double> times = timesOf(steps, status);
+    if (status != Status::Done)
+        return refusal(status);
+    return fit(times, valuesOf(function, times), options);
+}
+
+double CurveFit::smoothSlope(const PointInfo* previous, const PointInfo& point, const PointInfo* next)
+{
+    const double before = previous ? point.time - previous->time : 0.0;
+    const double behind = next ? next->time - point.time : 0.0;
+    const double arriving = before > 0.0 ? (point.pos - previous->pos) / before : 0.0;
+    const double leaving = behind > 0.0 ? (next->pos - point.pos) / behind : 0.0;
+    double slope = 0.0;
+    if (!(before > 0.0) || !(behind > 0.0)) {
+        slope = arriving + leaving;
+    } else if ((arriving > 0.0) == (leaving > 0.0)) {
+        const double least = std::min(std::abs(arriving), std::abs(leaving));
+        const double parabola = (arriving * behind + leaving * before) / (before + behind);
+        slope = std::copysign(std::min(std::abs(parabola), 3.0 * least), arriving);
+    }
+    return std::isfinite(slope) ? slope : 0.0;
+}

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+#include <curveeditor/model/SplineState.h>
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+/// Few `Bezier` points for many samples.
+///
+/// The results are values: give them to a spline with `SplineBase::assign`, which makes the serials of their
+/// points. All functions may run on several threads at once. Times are in time units, values and tolerances in
+/// value units.
+namespace CurveFit {
+
+enum class Status {
+    Done,
+    NoSamples,    ///< there are none, or none is finite
+    SizesDiffer,  ///< not as many values as times
+    TimesDescend, ///< a time is earlier than the one before it
+    BadTolerance, ///< negative, or not a number
+    BadRange,     ///< steps that are not finite or not greater than zero, or that end before they begin
+    TooManyPoints ///< more steps than `stepLimit`
+};
+
+struct Options
+{
+    /// How far the curve may be away from a sample, 0.0 or more. With an infinite one the ends alone stay.
+    double tolerance = 0.0;
+    /// Between two points, where the samples rise or stand still, so does the curve; where they fall, likewise.
+    /// So monotone samples make a monotone curve.
+    bool monotone = false;
+};
+
+struct Result
+{
+    Status status = Status::NoSamples;
+    SplineState spline;     ///< without points unless `status` is `Done`
+    double deviation = 0.0; ///< the greatest distance in value from a sample to the curve
+
+    bool isDone() const { return status == Status::Done; }
+};
+
+/// The curve of few `Bezier` points that is nowhere further than the tolerance from a sample, in the sense of
+/// least squares near the samples, and that stops at its ends.
+///
+/// Kept as points with exactly their value: the first and the last sample, and those where the samples turn, if
+/// they rise above, or fall below, both sides by more than twice the tolerance. The curve turns there too. Both
+/// tangents of a point have one slope unless the samples have a corner there.
+///
+/// - One sample makes one point. Two make a straight line.
+/// - A step between two samples makes a point at each. Samples at the same time are a step: the curve arrives at
+///   the first of them and leaves from the last; those between are passed over.
+/// - With tolerance 0.0 the curve goes through all samples.
+/// - Samples whose time or value is not finite are passed over.
+///
+/// Noise that needs a point for each sample takes as long as some 200 passes over the samples; a curve that needs
+/// few points takes less.
+CURVEEDITOR_EXPORT Result fit(const std::vector<double>& times, const std::vector<double>& values,
+                              const Options& options);
+
+/// A spline fitted to its own samples, `samplesInSegment` in each segment and all points; between these the
+/// curves may be a little further apart. Behaviours and default value stay.
+CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, const Options& options);
+constexpr std::size_t samplesInSegment = 24;
+
+/// Times from `first` to `last` at equal distances; the last distance is shorter where `step` does not divide
+/// them.
+struct Steps
+{
+    double first = 0.0, last = 0.0;
+    double step = 1.0; ///< above 0.0
+};
+constexpr std::size_t stepLimit = 1'000'000;
+
+/// `function` at each step as a point of that type. The slopes of `Bezier` points are those of `smoothSlope`.
+/// Steps at which the function is not finite are passed over. What the function throws goes through.
+CURVEEDITOR_EXPORT Result bake(const std::function<double(double)>& function, const Steps& steps,
+                               SplineBase::NodeType type);
+/// The same with as few `Bezier` points as `fit` finds.
+CURVEEDITOR_EXPORT Result bake(const std::function<double(double)>& function, const Steps& steps,
+                               const Options& options);
+
+/// The slope at `point` with which a cubic curve does not overshoot: that of the parabola through the neighbours,
+/// 0.0 where the values turn, at most three times the slope of the chord to either neighbour. A neighbour that
+/// is null, or at the same time, does not count; without any it is 0.0.
+///
+/// Fritsch and Carlson, "Monotone Piecewise Cubic Interpolation" (1980).
+CURVEEDITOR_EXPORT double smoothSlope(const SplineBase::PointInfo* previous,
+                                      const SplineBase::PointInfo& point, const SplineBase::PointInfo* next);
+
+} // namespace CurveFit
