@@ -285,11 +285,12 @@ void HermiteFit::solve(std::vector<FitKnot>& knots, Edges edges) const
         }
         limitToTurn(knots[i]);
     }
-    if (isMonotone_) {
-        limitToRuns(knots, std::size_t(edges == Edges::Fixed && isInnerEdge(knots, 0)),
-                    knots.size() -
-                        std::size_t(edges == Edges::Fixed && isInnerEdge(knots, knots.size() - 1)));
-    }
+    const bool isFixed = edges == Edges::Fixed;
+    const std::size_t first = std::size_t(isFixed && isInnerEdge(knots, 0));
+    const std::size_t last = knots.size() - std::size_t(isFixed && isInnerEdge(knots, knots.size() - 1));
+    if (isMonotone_)
+        limitValues(knots, first, last);
+    limitSlopes(knots, first, last);
 }
 
 /// Whether the curve goes on beyond the knot, although the knots end there.
@@ -307,26 +308,31 @@ void HermiteFit::limitToTurn(FitKnot& knot) const
     }
 }
 
-// Values stay on their side of the middles between samples, and so in the order of these; slopes stay where
-// Fritsch and Carlson found the pieces monotone.
-void HermiteFit::limitToRuns(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const
+// Values stay on their side of the middles between samples, and so in the order of these.
+void HermiteFit::limitValues(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const
 {
     const auto& values = samples_.values;
     for (std::size_t i = first; i < last; ++i) {
         FitKnot& knot = knots[i];
-        if (knot.isPinned || knot.sample == 0 || knot.sample == samples_.last())
+        if (knot.isPinned)
             continue;
         const double before = std::midpoint(values[knot.sample - 1], values[knot.sample]);
         const double behind = std::midpoint(values[knot.sample], values[knot.sample + 1]);
         knot.value = std::clamp(knot.value, std::min(before, behind), std::max(before, behind));
     }
+}
+
+// To where Fritsch and Carlson found the pieces monotone.
+void HermiteFit::limitSlopes(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const
+{
     for (std::size_t i = first; i < last; ++i) {
         FitKnot& knot = knots[i];
-        if (i > 0 && isRun(knots[i - 1], knot))
+        const bool hasLeft = i > 0, hasRight = i + 1 < knots.size();
+        if (hasLeft && (knot.isLimited || isRun(knots[i - 1], knot)))
             knot.left = limited(knot.left, chordOf(samples_, knots[i - 1], knot));
-        if (i + 1 < knots.size() && isRun(knot, knots[i + 1]))
+        if (hasRight && (knot.isLimited || isRun(knot, knots[i + 1])))
             knot.right = limited(knot.right, chordOf(samples_, knot, knots[i + 1]));
-        if (!knot.isCorner && i > 0 && i + 1 < knots.size())
+        if (!knot.isCorner && hasLeft && hasRight)
             knot.left = knot.right = std::abs(knot.left) < std::abs(knot.right) ? knot.left : knot.right;
     }
 }
@@ -341,7 +347,8 @@ bool HermiteFit::isMonotone(const FitKnot& from, const FitKnot& to) const
 
 bool HermiteFit::isRun(const FitKnot& from, const FitKnot& to) const
 {
-    return rises_[from.sample] == rises_[to.sample] || falls_[from.sample] == falls_[to.sample];
+    return isMonotone_ &&
+           (rises_[from.sample] == rises_[to.sample] || falls_[from.sample] == falls_[to.sample]);
 }
 
 double HermiteFit::deviation(const FitKnot& from, const FitKnot& to) const
@@ -358,7 +365,24 @@ double HermiteFit::deviation(const FitKnot& from, const FitKnot& to) const
 
 bool HermiteFit::holds(const FitKnot& from, const FitKnot& to) const
 {
-    return deviation(from, to) <= tolerance_ && (!isMonotone_ || !isRun(from, to) || isMonotone(from, to));
+    return deviation(from, to) <= tolerance_ && (!isRun(from, to) || isMonotone(from, to)) &&
+           staysNear(from, to);
+}
+
+// Few or uneven samples would let the curve swing out between them. It is a Bezier curve: it lies among its four
+// control values.
+bool HermiteFit::staysNear(const FitKnot& from, const FitKnot& to) const
+{
+    const std::size_t first = from.sample > 0 ? from.sample - 1 : 0;
+    const std::size_t last = std::min(to.sample + 1, samples_.last());
+    const auto begin = samples_.values.begin();
+    const auto [least, greatest] =
+        std::minmax_element(begin + std::ptrdiff_t(first), begin + std::ptrdiff_t(last) + 1);
+    const double margin = 0.5 * (*greatest - *least) + tolerance_;
+    const double third = (samples_.times[to.sample] - samples_.times[from.sample]) / 3.0;
+    const double leaving = from.value + from.right * third, arriving = to.value - to.left * third;
+    return std::max(leaving, arriving) <= *greatest + margin &&
+           std::min(leaving, arriving) >= *least - margin;
 }
 
 // Where the samples have a corner, or else where the curve is furthest from them; never near the ends, so that
@@ -390,7 +414,8 @@ void HermiteFit::pin(FitKnot& knot) const
     knot.isPinned = true;
 }
 
-// Between samples that follow each other there is no place to split: there the curve goes through both.
+// Between samples that follow each other there is no place to split: there the curve goes through both, if need be
+// without a bend too many.
 bool HermiteFit::refine(std::vector<FitKnot>& knots, bool isThorough) const
 {
     std::vector<FitKnot> refined;
@@ -399,6 +424,8 @@ bool HermiteFit::refine(std::vector<FitKnot>& knots, bool isThorough) const
         FitKnot &from = knots[i], &to = knots[i + 1];
         const bool isBad = !holds(from, to);
         isRefined = isRefined || isBad;
+        if (isBad && to.sample == from.sample + 1 && from.isPinned && to.isPinned)
+            from.isLimited = to.isLimited = true;
         if (isBad && (isThorough || to.sample == from.sample + 1)) {
             pin(from);
             pin(to);

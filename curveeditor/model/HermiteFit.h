@@ -21,6 +21,7 @@ struct FitKnot
     double left = 0.0, right = 0.0; ///< slopes
     bool isKept = false;            ///< an end, or a turn
     bool isPinned = false;          ///< goes through its sample
+    bool isLimited = false;         ///< the curve must not turn beside it
     bool isCorner = false;          ///< the slopes may differ
     int turn = 0;                   ///< 1 where the samples are greatest, -1 where they are least
 };
@@ -56,12 +57,14 @@ private:
     void solve(std::vector<FitKnot>& knots, Edges edges) const;
     Sums sumsOver(std::size_t first, std::size_t last) const;
     void limitToTurn(FitKnot& knot) const;
-    void limitToRuns(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
+    void limitValues(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
+    void limitSlopes(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
     bool isRun(const FitKnot& from, const FitKnot& to) const;
     bool isInnerEdge(const std::vector<FitKnot>& knots, std::size_t index) const;
     bool isMonotone(const FitKnot& from, const FitKnot& to) const;
 
     double deviation(const FitKnot& from, const FitKnot& to) const;
+    bool staysNear(const FitKnot& from, const FitKnot& to) const;
     bool holds(const FitKnot& from, const FitKnot& to) const;
     std::size_t placeToSplit(const FitKnot& from, const FitKnot& to) const;
     void pin(FitKnot& knot) const;
