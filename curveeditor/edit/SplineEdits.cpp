@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/SplineEdits.h>
 
+#include <curveeditor/model/CurveFit.h>
 #include <curveeditor/model/SplineState.h>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <unordered_set>
 
 namespace {
@@ -60,6 +62,56 @@ void move(SplineBase& spline, PointInfo* point, double time, double value)
 {
     spline.setTime(point, time);
     spline.setPos(point, value);
+}
+
+/// A point among its neighbours, which are null at the ends of the spline.
+struct Neighbourhood
+{
+    Neighbourhood(const SplineBase& spline, unsigned index)
+        : previous(index > 0 ? spline[index - 1] : nullptr), point(*spline[index]), next(spline[index + 1])
+    {
+    }
+    bool hasBezierLeft() const { return previous && point.type == SplineBase::Bezier; }
+    bool hasBezierRight() const { return next && next->type == SplineBase::Bezier; }
+
+    const PointInfo* previous;
+    const PointInfo& point;
+    const PointInfo* next;
+};
+
+/// Gives both tangents of each point the slope that `slopeOf` finds from its neighbourhood.
+template <typename SlopeOf>
+void setTangents(SplineBase& spline, const std::vector<PointSerial>& points, SlopeOf slopeOf)
+{
+    for (const std::int32_t index : indicesOf(points, spline)) {
+        if (index < 0)
+            continue;
+        const Neighbourhood around(spline, unsigned(index));
+        if (!around.hasBezierLeft() && !around.hasBezierRight())
+            continue;
+        const double slope = slopeOf(around);
+        spline.setTanLeft(spline.modify(index), slope);
+        spline.setTanRight(spline.modify(index), slope);
+    }
+}
+
+/// The index of the last of the points at `time`, -1 if there is none.
+std::int32_t lastAt(const SplineBase& spline, double time)
+{
+    const auto& points = spline.getControlPoints();
+    const auto behind =
+        std::upper_bound(points.begin(), points.end(), time,
+                         [](double earlier, const PointInfo* point) { return earlier < point->time; });
+    return behind != points.begin() && behind[-1]->time == time ? std::int32_t(behind - points.begin()) - 1
+                                                                : -1;
+}
+
+/// A `Bezier` segment that was not there before becomes a straight line. Both points keep their other tangent.
+void straighten(PointInfo& from, PointInfo& to)
+{
+    const double slope = (to.pos - from.pos) / (to.time - from.time);
+    if (to.type == SplineBase::Bezier && std::isfinite(slope))
+        from.tanRight = to.tanLeft = slope;
 }
 
 } // namespace
@@ -153,6 +205,23 @@ std::vector<SplineBase::PointInfo> SplineEdits::copyOf(const SplineBase& spline,
     for (const std::int32_t index : indices)
         copies.push_back(*spline.getControlPoints()[std::size_t(index)]);
     return copies;
+PointSerial SplineEdits::insertOnCurve(SplineBase& spline, double time)
+{
+    if (!std::isfinite(time))
+        return 0;
+    std::int32_t index = lastAt(spline, time);
+    if (index >= 0)
+        return spline.modify(index)->serial;
+    spline.addPoint(time, spline(time));
+    index = lastAt(spline, time);
+    if (index < 0)
+        return 0;
+    const std::int32_t last = std::int32_t(spline.getControlPointsNumber()) - 1;
+    if (index == 0)
+        straighten(*spline.modify(0), *spline.modify(1));
+    else if (index == last)
+        straighten(*spline.modify(last - 1), *spline.modify(last));
+    return spline.modify(index)->serial;
 }
 
 void SplineEdits::removePoints(SplineBase& spline, const std::vector<PointSerial>& points)
@@ -190,6 +259,28 @@ void SplineEdits::setType(SplineBase& spline, const std::vector<PointSerial>& po
         if (PointInfo* const point = spline.modify(static_cast<unsigned>(index)))
             point->type = type;
     }
+}
+
+void SplineEdits::flattenTangents(SplineBase& spline, const std::vector<PointSerial>& points)
+{
+    setTangents(spline, points, [](const Neighbourhood&) { return 0.0; });
+}
+
+void SplineEdits::alignTangents(SplineBase& spline, const std::vector<PointSerial>& points)
+{
+    setTangents(spline, points, [](const Neighbourhood& around) {
+        const double left = around.point.tanLeft, right = around.point.tanRight;
+        if (!around.hasBezierLeft())
+            return right;
+        return around.hasBezierRight() ? std::midpoint(left, right) : left;
+    });
+}
+
+void SplineEdits::smoothTangents(SplineBase& spline, const std::vector<PointSerial>& points)
+{
+    setTangents(spline, points, [](const Neighbourhood& around) {
+        return CurveFit::smoothSlope(around.previous, around.point, around.next);
+    });
 }
 
 void SplineEdits::place(SplineBase& spline, PointSerial serial, double time, double value)

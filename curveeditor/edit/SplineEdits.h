@@ -31,11 +31,29 @@ void addPoint(SplineBase& spline, double time, double value);
 std::vector<PointSerial> addPoints(SplineBase& spline, std::vector<SplineBase::PointInfo> points);
 /// The points with these serials, in the order of the spline.
 std::vector<SplineBase::PointInfo> copyOf(const SplineBase& spline, const std::vector<PointSerial>& points);
+/// Adds a point on the curve, which keeps its shape: exactly in `Bezier` segments, and in `Linear` segments without
+/// ease, but for `Tcb` segments beside it, whose slopes follow from the neighbours. Any other segment still goes
+/// through the point. Outside the points a `Bezier` segment to it is a straight line. Gives the point; the last one
+/// that is there at that time already is given as it is. Gives 0, and adds nothing, for a time that is not finite.
+PointSerial insertOnCurve(SplineBase& spline, double time);
 /// The last point that is left in the spline stays.
 void removePoints(SplineBase& spline, const std::vector<PointSerial>& points);
 
 /// Gives the points a `SplineBase::NodeType`. A new `Bezier` point keeps the slopes that it showed.
 void setType(SplineBase& spline, const std::vector<PointSerial>& points, int type);
+
+/// @name Tangents
+/// Of those of the points that stand at an end of a `Bezier` segment; the others are passed over. Both tangents of
+/// a point become the same.
+/// @{
+
+/// Slope 0.0.
+void flattenTangents(SplineBase& spline, const std::vector<PointSerial>& points);
+/// The mean of both slopes; where one side alone is a `Bezier` segment, its slope.
+void alignTangents(SplineBase& spline, const std::vector<PointSerial>& points);
+/// A slope with which the curve does not overshoot, see `CurveFit::smoothSlope`.
+void smoothTangents(SplineBase& spline, const std::vector<PointSerial>& points);
+/// @}
 
 void place(SplineBase& spline, PointSerial point, double time, double value);
 /// Gives tangents of the point the slope of the line from the point to a place, never steeper than 1000. The

@@ -15,7 +15,9 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double bendingWeight = 1e-9;
 /// A knot that is taken out changes so many others to each side.
 constexpr std::size_t reach = 3;
-constexpr int roundLimit = 60;
+/// From then on all samples of a piece that is not good become knots.
+constexpr int thoroughRound = 60;
+constexpr int roundLimit = thoroughRound + 8;
 
 /// Symmetric equations whose matrix is zero far from the diagonal.
 class BandedEquations
@@ -447,10 +449,14 @@ bool HermiteFit::refine(std::vector<FitKnot>& knots, bool isThorough) const
 
 std::vector<FitKnot> HermiteFit::enoughKnots() const
 {
+    const bool canReckon = std::isfinite(valueUnit_) && std::isfinite(timeUnit_);
     std::vector<FitKnot> knots = firstKnots();
     solve(knots, Edges::Free);
-    for (int round = 0; round < 2 * roundLimit && refine(knots, round >= roundLimit); ++round)
+    for (int round = canReckon ? 0 : thoroughRound; round < roundLimit; ++round) {
+        if (!refine(knots, round >= thoroughRound))
+            break;
         solve(knots, Edges::Free);
+    }
     return knots;
 }
 

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <cmath>
+#include <functional>
 
 using SplineEdits::Part;
 
@@ -97,6 +98,38 @@ private Q_SLOTS:
         QCOMPARE(tangents(Part::RightTangent, -1.0, 2.0), QPointF(slope, -slope));
     }
 
+    void tangentsOfBezierPointsAreShaped()
+    {
+        using Shape = std::function<void(SplineBase&, const std::vector<PointSerial>&)>;
+        using Slopes = std::vector<QPointF>;
+        const auto shaped = [](const Shape& shape) {
+            SplineBase spline; // the last segment but one and the one before it are Bezier
+            SplineState state = spline.state();
+            state.points.clear();
+            const double times[] = {0.0, 1.0, 2.0, 4.0, 5.0}, values[] = {0.0, 1.0, 2.0, 22.0, 8.0};
+            for (std::size_t i = 0; i < 5; ++i) {
+                state.points.push_back({.time = times[i], .pos = values[i], .tanLeft = 6.0, .tanRight = 2.0});
+                state.points.back().type = i == 2 || i == 3 ? SplineBase::Bezier : SplineBase::Linear;
+            }
+            spline.assign(state);
+            std::vector<PointSerial> all = {0};
+            for (const auto* point : spline.getControlPoints())
+                all.push_back(point->serial);
+            shape(spline, all);
+            Slopes slopes;
+            for (const auto* point : spline.getControlPoints())
+                slopes.emplace_back(point->tanLeft, point->tanRight);
+            return slopes;
+        };
+        const QPointF old(6.0, 2.0);
+        const auto both = [](double slope) {
+            return QPointF(slope, slope);
+        };
+        QCOMPARE(shaped(SplineEdits::flattenTangents), Slopes({old, both(0.0), both(0.0), both(0.0), old}));
+        QCOMPARE(shaped(SplineEdits::alignTangents), Slopes({old, both(2.0), both(4.0), both(6.0), old}));
+        QCOMPARE(shaped(SplineEdits::smoothTangents), Slopes({old, both(1.0), both(3.0), both(0.0), old}));
+    }
+
     void pointsAreScaledAndPanned()
     {
         Fixture f;
@@ -110,6 +143,45 @@ private Q_SLOTS:
         QCOMPARE(place(), QPointF(0.5, -2.5));
         SplineEdits::panPoints(f.spline, {point}, HUGE_VAL, std::nan(""));
         QCOMPARE(place(), QPointF(0.5, -2.5));
+    }
+
+    void pointInsertedOnTheCurveKeepsItsShape_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("lastType");
+        QTest::addColumn<double>("time");
+        QTest::addColumn<bool>("keepsAll");
+        QTest::newRow("Bezier") << int(SplineBase::Bezier) << int(SplineBase::Loop) << 1.75 << true;
+        QTest::newRow("Linear") << int(SplineBase::Linear) << int(SplineBase::Loop) << 1.75 << true;
+        QTest::newRow("Tcb") << int(SplineBase::Tcb) << int(SplineBase::Loop) << 1.75 << false;
+        QTest::newRow("before") << int(SplineBase::Bezier) << int(SplineBase::Zero) << -1.0 << true;
+        QTest::newRow("behind") << int(SplineBase::Bezier) << int(SplineBase::FollowTangent) << 9.0 << true;
+        QTest::newRow("next round") << int(SplineBase::Linear) << int(SplineBase::LoopOffset) << 9.0 << false;
+    }
+    void pointInsertedOnTheCurveKeepsItsShape()
+    {
+        QFETCH(const int, type);
+        QFETCH(const int, lastType);
+        QFETCH(const double, time);
+        QFETCH(const bool, keepsAll);
+        Fixture f;
+        for (auto* const point : f.spline.getControlPoints()) {
+            point->type = type;
+            point->tanLeft = 0.5 - point->pos;
+            point->tanRight = point->time;
+        }
+        f.spline.lastType = lastType;
+        SplineBase before;
+        before.assign(f.spline.state());
+        const PointSerial point = SplineEdits::insertOnCurve(f.spline, time);
+        QCOMPARE(f.spline.getControlPointsNumber(), before.getControlPointsNumber() + 1);
+        QCOMPARE(f.spline[unsigned(f.spline.findIndex(point, time))]->time, time);
+        QCOMPARE(f.spline(time), before(time));
+        for (double other = -2.0; keepsAll && other < 12.0; other += 0.125)
+            QVERIFY(std::abs(f.spline(other) - before(other)) < 1e-12);
+        QCOMPARE(SplineEdits::insertOnCurve(f.spline, time), point);
+        QCOMPARE(SplineEdits::insertOnCurve(f.spline, HUGE_VAL), 0u);
+        QCOMPARE(f.spline.getControlPointsNumber(), before.getControlPointsNumber() + 1);
     }
 
     void pointsThatBecomeBezierKeepTheCurve()

@@ -71,7 +71,7 @@ private Q_SLOTS:
         row("corners", wholeTimes(1001), triangle, 0.1, 11);
         row("steps", wholeTimes(1000), square, 0.001, 20);
         row("noise", wholeTimes(2000), noise(2000), 1.0, 2000);
-        row("within the noise", wholeTimes(2000), noise(2000), 600.0, 4);
+        row("within the noise", wholeTimes(2000), noise(2000), 600.0, 40);
         row("step in time", {0.0, 1.0, 2.0, 2.0, 2.0, 3.0, 4.0}, {0.0, 1.0, 2.0, 9.0, 5.0, 4.0, 3.0}, 1e-9,
             4);
         row("steps at both ends", {1.0, 1.0, 2.0, 2.0}, {0.0, 1.0, 1.0, 3.0}, 0.0, 4);
@@ -102,6 +102,111 @@ private Q_SLOTS:
             QVERIFY2(greatest <= tolerance, qPrintable(QString::number(greatest)));
             QCOMPARE(result.deviation, greatest);
         }
+    }
+
+    void samplesThatCannotBeFittedAreRefused()
+    {
+        const auto status = [](const Numbers& times, const Numbers& values, double tolerance) {
+            const Result result = CurveFit::fit(times, values, {tolerance, false});
+            return result.spline.points.empty() ? result.status : Status::Done;
+        };
+        QCOMPARE(status({}, {}, 1.0), Status::NoSamples);
+        QCOMPARE(status({notANumber, 1.0}, {1.0, infinity}, 1.0), Status::NoSamples);
+        QCOMPARE(status({1.0, 2.0}, {1.0}, 1.0), Status::SizesDiffer);
+        QCOMPARE(status({1.0, 3.0, 2.0}, {1.0, 1.0, 1.0}, 1.0), Status::TimesDescend);
+        QCOMPARE(status({1.0}, {1.0}, -1.0), Status::BadTolerance);
+        QCOMPARE(status({1.0}, {1.0}, notANumber), Status::BadTolerance);
+    }
+
+    void turnsThatStandOutAreKept()
+    {
+        const Numbers values = sampled(
+            [](double t) { return std::sin(t / 20.0) + 0.3 * std::sin(t / 3.0) + 0.001 * std::cos(7.0 * t); },
+            400);
+        const Result result = CurveFit::fit(wholeTimes(400), values, {0.02, false});
+        const auto greatest = std::max_element(values.begin(), values.end());
+        const auto& points = result.spline.points;
+        const auto point = std::find_if(points.begin(), points.end(), [&](const SplineBase::PointInfo& each) {
+            return each.time == double(greatest - values.begin());
+        });
+        QVERIFY(point != points.end());
+        QVERIFY(point->pos == *greatest && point->tanLeft == 0.0 && point->tanRight == 0.0);
+        QVERIFY(points.front().pos == values.front() && points.back().pos == values.back());
+    }
+
+    void monotoneSamplesStayMonotone()
+    {
+        Numbers values = noise(400);
+        for (std::size_t i = 1; i < values.size(); ++i)
+            values[i] = values[i - 1] - (i % 40 < 20 ? std::pow(values[i] / 1000.0, 8.0) : 0.0);
+        const Result result = CurveFit::fit(wholeTimes(400), values, {0.3, true});
+        QVERIFY(result.spline.points.size() < 80);
+        SplineBase spline;
+        QVERIFY(spline.assign(result.spline));
+        for (double time = 0.0; time < 399.0; time += 1.0 / 16)
+            QVERIFY(spline(time + 1.0 / 16) <= spline(time) + 1e-12);
+    }
+
+    void curveDoesNotSwingOutBetweenUnevenSamples()
+    {
+        Numbers times, values = noise(300);
+        for (std::size_t i = 0; i < values.size(); ++i)
+            times.push_back(double(i / 2) + (i % 2 == 1 ? 1e-4 : 0.0));
+        SplineBase spline;
+        QVERIFY(spline.assign(CurveFit::fit(times, values, {50.0, false}).spline));
+        for (double time = 0.0; time < 149.0; time += 1.0 / 16)
+            QVERIFY(std::abs(spline(time) - 500.0) < 1050.0);
+    }
+
+    void splineIsSimplified()
+    {
+        SplineBase spline, simple;
+        for (int i = 1; i <= 1000; ++i)
+            spline.addPoint(0.01 * i, std::sin(0.01 * i));
+        spline.addPoint(10.0, 3.0);
+        spline.lastType = SplineBase::Loop;
+        spline.setDefaultValue(4.0);
+        const Result result = CurveFit::simplify(spline, {0.001, false});
+        QVERIFY(result.isDone() && simple.assign(result.spline));
+        QVERIFY(simple.getControlPointsNumber() < 14);
+        QVERIFY(simple.getFirst()->serial != 0 && simple.getFirst()->serial != simple.getLast()->serial);
+        for (double time = 0.0; time < 25.0; time += 1.0 / 128)
+            QVERIFY(std::abs(simple(time) - spline(time)) < 0.0011);
+        QCOMPARE(simple.getDefaultValue(), 4.0);
+    }
+
+    void functionIsBaked()
+    {
+        const auto function = [](double t) {
+            return t == 2.0 ? notANumber : t * t;
+        };
+        const auto times = [&](double first, double last, double step) {
+            Numbers times;
+            for (const auto& point :
+                 CurveFit::bake(function, {first, last, step}, SplineBase::Linear).spline.points)
+                times.push_back(point.type == SplineBase::Linear && point.pos == function(point.time)
+                                    ? point.time
+                                    : -1.0);
+            return times;
+        };
+        QCOMPARE(times(0.0, 3.5, 1.0), Numbers({0.0, 1.0, 3.0, 3.5}));
+        QCOMPARE(times(4.0, 4.0, 1.0), Numbers({4.0}));
+        QCOMPARE(times(1.0, 0.0, 1.0), Numbers());
+        const auto status = [&](double last, double step) {
+            const Status linear = CurveFit::bake(function, {0.0, last, step}, SplineBase::Linear).status;
+            const Status fitted = CurveFit::bake(function, {0.0, last, step}, Options{0.1, false}).status;
+            return linear == fitted ? linear : Status::Done;
+        };
+        QCOMPARE(status(-1.0, 1.0), Status::BadRange);
+        QCOMPARE(status(1.0, 0.0), Status::BadRange);
+        QCOMPARE(status(notANumber, 1.0), Status::BadRange);
+        QCOMPARE(status(infinity, 1.0), Status::BadRange);
+        QCOMPARE(status(1.0, 1e-300), Status::TooManyPoints);
+        SplineBase smooth;
+        QVERIFY(smooth.assign(CurveFit::bake(function, {0.0, 8.0, 0.5}, SplineBase::Bezier).spline));
+        QVERIFY(std::abs(smooth(5.25) - 5.25 * 5.25) < 1e-9);
+        const Result few = CurveFit::bake(function, {0.0, 8.0, 0.01}, Options{1e-6, false});
+        QCOMPARE(few.spline.points.size(), std::size_t(2));
     }
 };
 
