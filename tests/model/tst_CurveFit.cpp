@@ -164,6 +164,7 @@ private Q_SLOTS:
         for (int i = 1; i <= 1000; ++i)
             spline.addPoint(0.01 * i, std::sin(0.01 * i));
         spline.addPoint(10.0, 3.0);
+        spline.modify(1000u)->type = SplineBase::Linear;
         spline.lastType = SplineBase::Loop;
         spline.setDefaultValue(4.0);
         const Result result = CurveFit::simplify(spline, {0.001, false});
@@ -181,13 +182,13 @@ private Q_SLOTS:
             return t == 2.0 ? notANumber : t * t;
         };
         const auto times = [&](double first, double last, double step) {
-            Numbers times;
+            Numbers baked;
             for (const auto& point :
                  CurveFit::bake(function, {first, last, step}, SplineBase::Linear).spline.points)
-                times.push_back(point.type == SplineBase::Linear && point.pos == function(point.time)
+                baked.push_back(point.type == SplineBase::Linear && point.pos == function(point.time)
                                     ? point.time
                                     : -1.0);
-            return times;
+            return baked;
         };
         QCOMPARE(times(0.0, 3.5, 1.0), Numbers({0.0, 1.0, 3.0, 3.5}));
         QCOMPARE(times(4.0, 4.0, 1.0), Numbers({4.0}));
