@@ -169,7 +169,7 @@ Result CurveFit::simplify(const SplineBase& spline, const Options& options)
         const double start = points[i]->time;
         times.push_back(start);
         values.push_back(points[i]->pos);
-        if (i + 1 == points.size() || points[i + 1]->time == start)
+        if (i + 1 == points.size())
             continue;
         const double end = points[i + 1]->time;
         for (std::size_t k = 1; k < samplesInSegment; ++k) {

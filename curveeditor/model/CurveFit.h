@@ -47,7 +47,7 @@ struct Result
 /// least squares near the samples, and that stops at its ends.
 ///
 /// Kept as points with exactly their value: the first and the last sample, and those where the samples turn, if
-/// they rise above, or fall below, both sides by more than twice the tolerance. The curve turns there too. Both
+/// they rise above, or fall below, both sides by more than twice the tolerance. There the slope is 0.0. Both
 /// tangents of a point have one slope unless the samples have a corner there.
 ///
 /// - One sample makes one point. Two make a straight line.

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 /// So little counts how much the pieces bend, beside the samples: it decides only what these leave open.
 constexpr double bendingWeight = 1e-9;
 /// A knot that is taken out changes so many others to each side.
@@ -122,8 +121,6 @@ HermiteFit::HermiteFit(const FitSamples& samples, double tolerance, bool isMonot
         valueUnit_ = std::max(valueUnit_, std::abs(value - samples.values.front()));
     if (samples.last() > 0)
         timeUnit_ = samples.times.back() - samples.times.front();
-    if (valueUnit_ == 0.0)
-        valueUnit_ = 1.0;
     findCorners();
     if (isMonotone)
         findRuns();
@@ -177,14 +174,14 @@ std::vector<FitKnot> HermiteFit::firstKnots() const
 {
     const auto& values = samples_.values;
     std::vector<FitKnot> knots;
-    const auto keep = [&](std::size_t sample, int turn) {
+    const auto keep = [&](std::size_t sample, bool isTurn) {
         if (!knots.empty() && knots.back().sample >= sample)
             return;
         knots.push_back(knotAt(sample));
         knots.back().isKept = knots.back().isPinned = true;
-        knots.back().turn = turn;
+        knots.back().isTurn = isTurn;
     };
-    keep(0, 0);
+    keep(0, false);
     std::size_t greatest = 0, least = 0;
     int direction = 0;
     for (std::size_t i = 1; i <= samples_.last(); ++i) {
@@ -193,16 +190,16 @@ std::vector<FitKnot> HermiteFit::firstKnots() const
         if (values[i] < values[least])
             least = i;
         if (direction >= 0 && values[i] < values[greatest] - 2.0 * tolerance_) {
-            keep(greatest, 1);
+            keep(greatest, true);
             direction = -1;
             least = i;
         } else if (direction <= 0 && values[i] > values[least] + 2.0 * tolerance_) {
-            keep(least, -1);
+            keep(least, true);
             direction = 1;
             greatest = i;
         }
     }
-    keep(samples_.last(), 0);
+    keep(samples_.last(), false);
     return knots;
 }
 
@@ -251,7 +248,7 @@ void HermiteFit::solve(std::vector<FitKnot>& knots, Edges edges) const
             continue;
         if (!knot.isPinned)
             unknowns[i].value = count++;
-        if (knot.turn == 0 || knot.isCorner) {
+        if (!knot.isTurn || knot.isCorner) {
             unknowns[i].left = count++;
             unknowns[i].right = knot.isCorner ? count++ : *unknowns[i].left;
         }
@@ -285,7 +282,6 @@ void HermiteFit::solve(std::vector<FitKnot>& knots, Edges edges) const
             knots[i].left = finiteOrZero(solution[*unknowns[i].left] * slopeUnit);
             knots[i].right = finiteOrZero(solution[*unknowns[i].right] * slopeUnit);
         }
-        limitToTurn(knots[i]);
     }
     const bool isFixed = edges == Edges::Fixed;
     const std::size_t first = std::size_t(isFixed && isInnerEdge(knots, 0));
@@ -300,14 +296,6 @@ bool HermiteFit::isInnerEdge(const std::vector<FitKnot>& knots, std::size_t inde
 {
     return (index == 0 && knots[index].sample > 0) ||
            (index + 1 == knots.size() && knots[index].sample < samples_.last());
-}
-
-void HermiteFit::limitToTurn(FitKnot& knot) const
-{
-    if (knot.turn != 0) {
-        knot.left = knot.turn > 0 ? std::max(knot.left, 0.0) : std::min(knot.left, 0.0);
-        knot.right = knot.turn > 0 ? std::min(knot.right, 0.0) : std::max(knot.right, 0.0);
-    }
 }
 
 // Values stay on their side of the middles between samples, and so in the order of these.
@@ -359,8 +347,7 @@ double HermiteFit::deviation(const FitKnot& from, const FitKnot& to) const
     double greatest = std::abs(to.value - samples_.values[to.sample]);
     for (std::size_t i = from.sample; i < to.sample; ++i) {
         const double distance = std::abs(piece(samples_.times[i]) - samples_.values[i]);
-        if (!(distance <= greatest))
-            greatest = std::isnan(distance) ? infinity : distance;
+        greatest = std::max(greatest, distance);
     }
     return greatest;
 }
@@ -449,14 +436,10 @@ bool HermiteFit::refine(std::vector<FitKnot>& knots, bool isThorough) const
 
 std::vector<FitKnot> HermiteFit::enoughKnots() const
 {
-    const bool canReckon = std::isfinite(valueUnit_) && std::isfinite(timeUnit_);
     std::vector<FitKnot> knots = firstKnots();
     solve(knots, Edges::Free);
-    for (int round = canReckon ? 0 : thoroughRound; round < roundLimit; ++round) {
-        if (!refine(knots, round >= thoroughRound))
-            break;
+    for (int round = 0; round < roundLimit && refine(knots, round >= thoroughRound); ++round)
         solve(knots, Edges::Free);
-    }
     return knots;
 }
 

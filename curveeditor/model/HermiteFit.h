@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 /// Samples without a step in time: their times ascend strictly, all numbers are finite, there is at least one.
@@ -23,7 +24,7 @@ struct FitKnot
     bool isPinned = false;          ///< goes through its sample
     bool isLimited = false;         ///< the curve must not turn beside it
     bool isCorner = false;          ///< the slopes may differ
-    int turn = 0;                   ///< 1 where the samples are greatest, -1 where they are least
+    bool isTurn = false;            ///< has slope 0.0 unless it is a corner
 };
 
 /// Finds few knots for which the cubic Hermite pieces between them are near all samples.
@@ -31,6 +32,8 @@ struct FitKnot
 /// Knots are inserted until the tolerance holds, and then taken out where it goes on to hold. For given knots
 /// the curve is linear in their values and slopes, and so these are the solution of normal equations. A knot
 /// that is taken out changes its neighbours only, a few to both sides.
+///
+/// Where numbers are so huge or tiny that the equations can't be reckoned, the tolerance may be missed.
 class HermiteFit
 {
 public:
@@ -56,7 +59,6 @@ private:
 
     void solve(std::vector<FitKnot>& knots, Edges edges) const;
     Sums sumsOver(std::size_t first, std::size_t last) const;
-    void limitToTurn(FitKnot& knot) const;
     void limitValues(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
     void limitSlopes(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
     bool isRun(const FitKnot& from, const FitKnot& to) const;
@@ -75,7 +77,7 @@ private:
     const FitSamples& samples_;
     double tolerance_;
     bool isMonotone_;
-    double valueUnit_ = 0.0, timeUnit_ = 1.0;
+    double valueUnit_ = std::numeric_limits<double>::min(), timeUnit_ = 1.0;
     std::vector<double> kinks_;              ///< how much the slope changes at a corner, 0.0 elsewhere
     std::vector<std::size_t> rises_, falls_; ///< until a sample, if the curve is to be monotone
 };

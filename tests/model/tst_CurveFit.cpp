@@ -34,6 +34,11 @@ Numbers sampled(const std::function<double(double)>& function, std::size_t count
     return values;
 }
 
+double bell(double x, double middle, double left, double right)
+{
+    return std::exp(-0.5 * std::pow((x - middle) / (x < middle ? left : right), 2.0));
+}
+
 Numbers noise(std::size_t count)
 {
     std::mt19937 random(1);
@@ -52,7 +57,12 @@ private Q_SLOTS:
         QTest::addColumn<double>("tolerance");
         QTest::addColumn<int>("mostPoints");
 
+        Numbers tinyStep = wholeTimes(1000);
+        tinyStep[1] = 1e-200;
         const Numbers wave = sampled([](double t) { return std::sin(t / 50.0); }, 1000);
+        const Numbers bells = sampled(
+            [](double t) { return 1.217 * bell(t, 77.0, 11.8, 36.0) + 0.681 * bell(t, 99.0, 26.0, 13.8); },
+            471);
         const Numbers triangle = sampled([](double t) { return std::abs(std::remainder(t, 200.0)); }, 1001);
         const Numbers square =
             sampled([](double t) { return std::fmod(t, 200.0) < 100.0 ? 1.0 : 0.0; }, 1000);
@@ -66,6 +76,8 @@ private Q_SLOTS:
         row("line", wholeTimes(500), line, 1e-12, 2);
         row("standing still", wholeTimes(500), Numbers(500, 0.1), 0.0, 2);
         row("wave", wholeTimes(1000), wave, 0.001, 23);
+        row("tiny step first", tinyStep, wave, 0.05, 23);
+        row("bells", wholeTimes(471), bells, 0.00178, 14);
         row("any distance", wholeTimes(1000), wave, infinity, 2);
         row("each value", wholeTimes(1000), wave, 0.0, 1000);
         row("corners", wholeTimes(1001), triangle, 0.1, 11);
