@@ -34,7 +34,7 @@ public:
     }
     void addRight(std::size_t row, double number) { right_[row] += number; }
 
-    /// By Cholesky's factors. An unknown that the equations leave open becomes 0.0.
+    /// By Cholesky's factors. Not finite where the equations leave an unknown open.
     std::vector<double> solution() &&
     {
         for (std::size_t j = 0; j < rows_.size(); ++j)
@@ -51,10 +51,6 @@ private:
     std::size_t reachFrom(std::size_t row) const { return std::min(width, rows_.size() - row); }
     void eliminate(std::size_t j)
     {
-        if (!(rows_[j][0] > 0.0)) {
-            rows_[j] = {1.0};
-            right_[j] = 0.0;
-        }
         for (std::size_t i = 1; i < reachFrom(j); ++i) {
             const double factor = rows_[j][i] / rows_[j][0];
             for (std::size_t k = i; k < reachFrom(j); ++k)
@@ -117,8 +113,6 @@ private:
 HermiteFit::HermiteFit(const FitSamples& samples, double tolerance, bool isMonotone)
     : samples_(samples), tolerance_(tolerance), isMonotone_(isMonotone)
 {
-    for (const double value : samples.values)
-        valueUnit_ = std::max(valueUnit_, std::abs(value - samples.values.front()));
     if (samples.last() > 0)
         timeUnit_ = samples.times.back() - samples.times.front();
     findCorners();
@@ -143,11 +137,11 @@ void HermiteFit::findCorners()
     for (std::size_t i = 1; i + 1 < count; ++i)
         changes[i] = (values[i + 1] - values[i]) / (times[i + 1] - times[i]) -
                      (values[i] - values[i - 1]) / (times[i] - times[i - 1]);
-    kinks_.assign(count, 0.0);
+    isCorner_.assign(count, false);
     for (std::size_t i = 2; i + 3 < count; ++i) {
         const double kink = std::abs(changes[i] + changes[i + 1]);
         if (kink > 4.0 * (std::abs(changes[i - 1]) + std::abs(changes[i + 2])))
-            kinks_[std::abs(changes[i]) < std::abs(changes[i + 1]) ? i + 1 : i] = kink;
+            isCorner_[std::abs(changes[i]) < std::abs(changes[i + 1]) ? i + 1 : i] = true;
     }
 }
 
@@ -166,7 +160,7 @@ FitKnot HermiteFit::knotAt(std::size_t sample) const
     FitKnot knot;
     knot.sample = sample;
     knot.value = samples_.values[sample];
-    knot.isCorner = kinks_[sample] > 0.0;
+    knot.isCorner = isCorner_[sample];
     return knot;
 }
 
@@ -208,10 +202,10 @@ HermiteFit::Sums HermiteFit::sumsOver(std::size_t first, std::size_t last) const
     Sums sums;
     const double start = samples_.times[first];
     const double length = samples_.times[last] - start;
-    const double perValue = 1.0 / valueUnit_, origin = samples_.values.front();
+    const double origin = samples_.values.front();
     for (std::size_t i = first; i < last; ++i) {
         const double u = (samples_.times[i] - start) / length, v = 1.0 - u;
-        const double value = (samples_.values[i] - origin) * perValue;
+        const double value = samples_.values[i] - origin;
         const std::array<double, 4> basis = {v * v * (1.0 + 2.0 * u), u * v * v, u * u * (3.0 - 2.0 * u),
                                              -u * u * v};
         for (std::size_t row = 0; row < 4; ++row) {
@@ -254,14 +248,14 @@ void HermiteFit::solve(std::vector<FitKnot>& knots, Edges edges) const
         }
     }
     BandedEquations equations(count);
-    const double origin = samples_.values.front(), slopeUnit = valueUnit_ / timeUnit_;
+    const double origin = samples_.values.front(), slopeUnit = 1.0 / timeUnit_;
     for (std::size_t i = 0; i + 1 < knots.size(); ++i) {
         const FitKnot &from = knots[i], &to = knots[i + 1];
         const Sums sums = sumsOver(from.sample, to.sample);
         const std::array places = {unknowns[i].value, unknowns[i].right, unknowns[i + 1].value,
                                    unknowns[i + 1].left};
-        const std::array known = {(from.value - origin) / valueUnit_, from.right / slopeUnit,
-                                  (to.value - origin) / valueUnit_, to.left / slopeUnit};
+        const std::array known = {(from.value - origin), from.right / slopeUnit, (to.value - origin),
+                                  to.left / slopeUnit};
         for (std::size_t row = 0; row < 4; ++row) {
             if (!places[row])
                 continue;
@@ -277,7 +271,7 @@ void HermiteFit::solve(std::vector<FitKnot>& knots, Edges edges) const
     const std::vector<double> solution = std::move(equations).solution();
     for (std::size_t i = 0; i < knots.size(); ++i) {
         if (unknowns[i].value)
-            knots[i].value = finiteOrZero(origin + solution[*unknowns[i].value] * valueUnit_);
+            knots[i].value = finiteOrZero(origin + solution[*unknowns[i].value]);
         if (unknowns[i].left) {
             knots[i].left = finiteOrZero(solution[*unknowns[i].left] * slopeUnit);
             knots[i].right = finiteOrZero(solution[*unknowns[i].right] * slopeUnit);
@@ -286,8 +280,6 @@ void HermiteFit::solve(std::vector<FitKnot>& knots, Edges edges) const
     const bool isFixed = edges == Edges::Fixed;
     const std::size_t first = std::size_t(isFixed && isInnerEdge(knots, 0));
     const std::size_t last = knots.size() - std::size_t(isFixed && isInnerEdge(knots, knots.size() - 1));
-    if (isMonotone_)
-        limitValues(knots, first, last);
     limitSlopes(knots, first, last);
 }
 
@@ -296,20 +288,6 @@ bool HermiteFit::isInnerEdge(const std::vector<FitKnot>& knots, std::size_t inde
 {
     return (index == 0 && knots[index].sample > 0) ||
            (index + 1 == knots.size() && knots[index].sample < samples_.last());
-}
-
-// Values stay on their side of the middles between samples, and so in the order of these.
-void HermiteFit::limitValues(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const
-{
-    const auto& values = samples_.values;
-    for (std::size_t i = first; i < last; ++i) {
-        FitKnot& knot = knots[i];
-        if (knot.isPinned)
-            continue;
-        const double before = std::midpoint(values[knot.sample - 1], values[knot.sample]);
-        const double behind = std::midpoint(values[knot.sample], values[knot.sample + 1]);
-        knot.value = std::clamp(knot.value, std::min(before, behind), std::max(before, behind));
-    }
 }
 
 // To where Fritsch and Carlson found the pieces monotone.
@@ -374,27 +352,21 @@ bool HermiteFit::staysNear(const FitKnot& from, const FitKnot& to) const
            std::min(leaving, arriving) >= *least - margin;
 }
 
-// Where the samples have a corner, or else where the curve is furthest from them; never near the ends, so that
-// the pieces shrink fast.
+// Where the curve is furthest from the samples, but never near the ends, so that the pieces shrink fast.
 std::size_t HermiteFit::placeToSplit(const FitKnot& from, const FitKnot& to) const
 {
     const Piece piece(samples_, from, to);
     const std::size_t margin = std::max<std::size_t>(1, (to.sample - from.sample) / 8);
-    const double length = samples_.times[to.sample] - samples_.times[from.sample];
-    std::size_t corner = 0, furthest = from.sample + margin;
-    double greatestKink = 8.0 * tolerance_ / length, greatest = 0.0;
+    std::size_t furthest = from.sample + margin;
+    double greatest = 0.0;
     for (std::size_t i = furthest; i + margin <= to.sample; ++i) {
         const double distance = std::abs(piece(samples_.times[i]) - samples_.values[i]);
-        if (kinks_[i] > greatestKink) {
-            greatestKink = kinks_[i];
-            corner = i;
-        }
         if (distance > greatest) {
             greatest = distance;
             furthest = i;
         }
     }
-    return corner > 0 ? corner : furthest;
+    return furthest;
 }
 
 void HermiteFit::pin(FitKnot& knot) const

@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstddef>
-#include <limits>
 #include <vector>
 
 /// Samples without a step in time: their times ascend strictly, all numbers are finite, there is at least one.
@@ -59,7 +58,6 @@ private:
 
     void solve(std::vector<FitKnot>& knots, Edges edges) const;
     Sums sumsOver(std::size_t first, std::size_t last) const;
-    void limitValues(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
     void limitSlopes(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
     bool isRun(const FitKnot& from, const FitKnot& to) const;
     bool isInnerEdge(const std::vector<FitKnot>& knots, std::size_t index) const;
@@ -77,7 +75,7 @@ private:
     const FitSamples& samples_;
     double tolerance_;
     bool isMonotone_;
-    double valueUnit_ = std::numeric_limits<double>::min(), timeUnit_ = 1.0;
-    std::vector<double> kinks_;              ///< how much the slope changes at a corner, 0.0 elsewhere
+    double timeUnit_ = 1.0;
+    std::vector<bool> isCorner_;             ///< for each sample
     std::vector<std::size_t> rises_, falls_; ///< until a sample, if the curve is to be monotone
 };

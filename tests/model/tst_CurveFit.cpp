@@ -57,8 +57,11 @@ private Q_SLOTS:
         QTest::addColumn<double>("tolerance");
         QTest::addColumn<int>("mostPoints");
 
-        Numbers tinyStep = wholeTimes(1000);
-        tinyStep[1] = 1e-200;
+        const auto multiplied = [](Numbers numbers, double factor) {
+            for (double& number : numbers)
+                number *= factor;
+            return numbers;
+        };
         const Numbers wave = sampled([](double t) { return std::sin(t / 50.0); }, 1000);
         const Numbers bells = sampled(
             [](double t) { return 1.217 * bell(t, 77.0, 11.8, 36.0) + 0.681 * bell(t, 99.0, 26.0, 13.8); },
@@ -76,7 +79,8 @@ private Q_SLOTS:
         row("line", wholeTimes(500), line, 1e-12, 2);
         row("standing still", wholeTimes(500), Numbers(500, 0.1), 0.0, 2);
         row("wave", wholeTimes(1000), wave, 0.001, 23);
-        row("tiny step first", tinyStep, wave, 0.05, 23);
+        row("short times", multiplied(wholeTimes(1000), 1e-200), wave, 0.001, 23);
+        row("huge values", wholeTimes(1000), multiplied(wave, huge), 1.0, 1000);
         row("bells", wholeTimes(471), bells, 0.00178, 14);
         row("any distance", wholeTimes(1000), wave, infinity, 2);
         row("each value", wholeTimes(1000), wave, 0.0, 1000);
@@ -165,10 +169,12 @@ private Q_SLOTS:
         Numbers times, values = noise(300);
         for (std::size_t i = 0; i < values.size(); ++i)
             times.push_back(double(i / 2) + (i % 2 == 1 ? 1e-4 : 0.0));
-        SplineBase spline;
-        QVERIFY(spline.assign(CurveFit::fit(times, values, {50.0, false}).spline));
-        for (double time = 0.0; time < 149.0; time += 1.0 / 16)
-            QVERIFY(std::abs(spline(time) - 500.0) < 1050.0);
+        for (const double tolerance : {0.0, 50.0}) {
+            SplineBase spline;
+            QVERIFY(spline.assign(CurveFit::fit(times, values, {tolerance, false}).spline));
+            for (double time = 0.0; time < 149.0; time += 1.0 / 16)
+                QVERIFY(std::abs(spline(time) - 500.0) < 1050.0);
+        }
     }
 
     void splineIsSimplified()
@@ -187,6 +193,9 @@ private Q_SLOTS:
         for (double time = 0.0; time < 25.0; time += 1.0 / 128)
             QVERIFY(std::abs(simple(time) - spline(time)) < 0.0011);
         QCOMPARE(simple.getDefaultValue(), 4.0);
+        SplineBase twoPoints;
+        twoPoints.addPoint(5e-324, 1.0);
+        QCOMPARE(CurveFit::simplify(twoPoints, {0.0, false}).spline.points.size(), std::size_t(2));
     }
 
     void functionIsBaked()
