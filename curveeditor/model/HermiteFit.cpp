@@ -280,6 +280,8 @@ void HermiteFit::solve(std::vector<FitKnot>& knots, Edges edges) const
     const bool isFixed = edges == Edges::Fixed;
     const std::size_t first = std::size_t(isFixed && isInnerEdge(knots, 0));
     const std::size_t last = knots.size() - std::size_t(isFixed && isInnerEdge(knots, knots.size() - 1));
+    if (isMonotone_)
+        limitValues(knots, first, last);
     limitSlopes(knots, first, last);
 }
 
@@ -288,6 +290,20 @@ bool HermiteFit::isInnerEdge(const std::vector<FitKnot>& knots, std::size_t inde
 {
     return (index == 0 && knots[index].sample > 0) ||
            (index + 1 == knots.size() && knots[index].sample < samples_.last());
+}
+
+// Values stay on their side of the middles between samples, and so in the order of these.
+void HermiteFit::limitValues(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const
+{
+    const auto& values = samples_.values;
+    for (std::size_t i = first; i < last; ++i) {
+        FitKnot& knot = knots[i];
+        if (knot.isPinned)
+            continue;
+        const double before = std::midpoint(values[knot.sample - 1], values[knot.sample]);
+        const double behind = std::midpoint(values[knot.sample], values[knot.sample + 1]);
+        knot.value = std::clamp(knot.value, std::min(before, behind), std::max(before, behind));
+    }
 }
 
 // To where Fritsch and Carlson found the pieces monotone.

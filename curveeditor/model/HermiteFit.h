@@ -58,6 +58,7 @@ private:
 
     void solve(std::vector<FitKnot>& knots, Edges edges) const;
     Sums sumsOver(std::size_t first, std::size_t last) const;
+    void limitValues(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
     void limitSlopes(std::vector<FitKnot>& knots, std::size_t first, std::size_t last) const;
     bool isRun(const FitKnot& from, const FitKnot& to) const;
     bool isInnerEdge(const std::vector<FitKnot>& knots, std::size_t index) const;
