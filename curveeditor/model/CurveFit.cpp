@@ -191,7 +191,7 @@ Result CurveFit::simplify(const SplineBase& spline, const Options& options)
 Result CurveFit::bake(const std::function<double(double)>& function, const Steps& steps,
                       SplineBase::NodeType type)
 {
-    Status status;
+    Status status = Status::Done;
     const std::vector<double> times = timesOf(steps, status);
     if (status != Status::Done)
         return refusal(status);
@@ -206,7 +206,7 @@ Result CurveFit::bake(const std::function<double(double)>& function, const Steps
 Result CurveFit::bake(const std::function<double(double)>& function, const Steps& steps,
                       const Options& options)
 {
-    Status status;
+    Status status = Status::Done;
     const std::vector<double> times = timesOf(steps, status);
     if (status != Status::Done)
         return refusal(status);

@@ -141,13 +141,18 @@ private Q_SLOTS:
             [](double t) { return std::sin(t / 20.0) + 0.3 * std::sin(t / 3.0) + 0.001 * std::cos(7.0 * t); },
             400);
         const Result result = CurveFit::fit(wholeTimes(400), values, {0.02, false});
-        const auto greatest = std::max_element(values.begin(), values.end());
         const auto& points = result.spline.points;
-        const auto point = std::find_if(points.begin(), points.end(), [&](const SplineBase::PointInfo& each) {
-            return each.time == double(greatest - values.begin());
-        });
-        QVERIFY(point != points.end());
-        QVERIFY(point->pos == *greatest && point->tanLeft == 0.0 && point->tanRight == 0.0);
+        const auto [least, greatest] = std::minmax_element(values.begin(), values.end());
+        for (const auto turn : {least, greatest}) {
+            const auto point =
+                std::find_if(points.begin(), points.end(), [&](const SplineBase::PointInfo& each) {
+                    return each.time == double(turn - values.begin());
+                });
+            QVERIFY(point != points.end());
+            QVERIFY(point->pos == *turn && point->tanLeft == 0.0);
+        }
+        for (const SplineBase::PointInfo& point : points)
+            QVERIFY(point.tanLeft == point.tanRight || &point == &points.front() || &point == &points.back());
         QVERIFY(points.front().pos == values.front() && points.back().pos == values.back());
     }
 
