@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <numeric>
 #include <unordered_set>
@@ -205,6 +206,8 @@ std::vector<SplineBase::PointInfo> SplineEdits::copyOf(const SplineBase& spline,
     for (const std::int32_t index : indices)
         copies.push_back(*spline.getControlPoints()[std::size_t(index)]);
     return copies;
+}
+
 PointSerial SplineEdits::insertOnCurve(SplineBase& spline, double time)
 {
     if (!std::isfinite(time))
