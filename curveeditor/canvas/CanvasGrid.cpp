@@ -135,6 +135,7 @@ std::vector<double> CanvasGrid::times(const ViewPort& view) const
 {
     const double factor = view.showFrames ? view.fps : 1.0;
     std::vector<double> times;
+    times.reserve(std::size_t(countX));
     for (int i = 0; i < countX; ++i)
         times.push_back((i * stepX + firstX) / factor);
     return times;
@@ -143,6 +144,7 @@ std::vector<double> CanvasGrid::times(const ViewPort& view) const
 std::vector<double> CanvasGrid::values() const
 {
     std::vector<double> values;
+    values.reserve(std::size_t(countY));
     for (int j = 0; j < countY; ++j)
         values.push_back(j * stepY + firstY);
     return values;

@@ -133,6 +133,37 @@ void PointCommands::duplicate()
     add(tr("Duplicate points of %1"), points);
 }
 
+void PointCommands::insertAtTimeLine()
+{
+    if (const ViewPort* const view = canvas_.getViewport())
+        insertAt(view->timeLine);
+}
+
+void PointCommands::insertAt(double time)
+{
+    canvas_.editSpline(tr("Insert a point on %1"), [this, time](SplineBase& spline) {
+        control()->selection().selectOnly(SplineEdits::insertOnCurve(spline, time));
+    });
+}
+
+void PointCommands::flattenTangents()
+{
+    canvas_.editSelection(tr("Flatten a point of %1"), tr("Flatten %1 points of %2"),
+                          &SplineEdits::flattenTangents);
+}
+
+void PointCommands::alignTangents()
+{
+    canvas_.editSelection(tr("Align the tangents of a point of %1"),
+                          tr("Align the tangents of %1 points of %2"), &SplineEdits::alignTangents);
+}
+
+void PointCommands::smoothTangents()
+{
+    canvas_.editSelection(tr("Smooth a point of %1"), tr("Smooth %1 points of %2"),
+                          &SplineEdits::smoothTangents);
+}
+
 /// In time units; 0.0 if there are none.
 double PointCommands::frame() const
 {

@@ -47,6 +47,17 @@ public:
     /// The selected points once more, a frame later. The new ones are selected.
     void duplicate();
 
+    /// A new point at the time line on the curve, which keeps its shape, see `SplineEdits::insertOnCurve`. It is
+    /// selected.
+    void insertAtTimeLine();
+    /// The same at the time where the mouse is, in the plane of the canvas.
+    void insertAt(double time);
+
+    /// Tangents of the selected points, see `SplineEdits`.
+    void flattenTangents();
+    void alignTangents();
+    void smoothTangents();
+
 private:
     ControlSplineNode* control() const;
     double frame() const;

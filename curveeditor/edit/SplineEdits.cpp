@@ -203,6 +203,7 @@ std::vector<SplineBase::PointInfo> SplineEdits::copyOf(const SplineBase& spline,
     std::erase_if(indices, [](std::int32_t index) { return index < 0; });
     std::sort(indices.begin(), indices.end());
     std::vector<SplineBase::PointInfo> copies;
+    copies.reserve(indices.size());
     for (const std::int32_t index : indices)
         copies.push_back(*spline.getControlPoints()[std::size_t(index)]);
     return copies;

@@ -4,6 +4,7 @@
 #include <curveeditor/shell/FunctionEditor.h>
 
 #include <QAction>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -13,6 +14,7 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     addClipboard();
     addSelection();
     addMoves();
+    addShaping();
     addSnapping();
     addView();
     connect(menu, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
@@ -100,6 +102,36 @@ void EditMenu::addMoves()
             [this, move] { points_.nudge(10 * move.frames, 10 * move.tenths); });
     }
     target_ = menu_;
+}
+
+void EditMenu::addShaping()
+{
+    const Condition canSelect = [this] {
+        return points_.canSelect();
+    };
+    const Condition canEdit = [this] {
+        return points_.canEdit();
+    };
+    menu_->addSeparator();
+    add(tr("Insert a point on the curve at the mouse"), QStringLiteral("I"), canSelect,
+        [this] { insertUnderMouse(); });
+    add(tr("Insert a point on the curve at the time line"), QStringLiteral("Shift+I"), canSelect,
+        [this] { points_.insertAtTimeLine(); });
+    target_ = menu_->addMenu(tr("Tangents"));
+    add(tr("Flatten"), {}, canEdit, [this] { points_.flattenTangents(); });
+    add(tr("Align both sides"), {}, canEdit, [this] { points_.alignTangents(); });
+    add(tr("Smooth without overshoot"), {}, canEdit, [this] { points_.smoothTangents(); });
+    target_ = menu_;
+}
+
+/// Chosen from the menu, the mouse is elsewhere: the time line has its own entry.
+void EditMenu::insertUnderMouse()
+{
+    const QPoint mouse = canvas_.mapFromGlobal(QCursor::pos());
+    if (canvas_.rect().contains(mouse))
+        points_.insertAt(canvas_.pixelToTime(mouse.x()));
+    else
+        points_.insertAtTimeLine();
 }
 
 void EditMenu::addSnapping()

@@ -38,6 +38,8 @@ private:
     void addClipboard();
     void addSelection();
     void addSnapping();
+    void addShaping();
+    void insertUnderMouse();
     void addMoves();
     void addView();
     void updateEntries();

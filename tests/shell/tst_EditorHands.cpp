@@ -148,9 +148,9 @@ private Q_SLOTS:
         };
         const struct
         {
-            Qt::Key key;
+            Qt::Key key = Qt::Key_unknown;
             Qt::KeyboardModifiers modifiers;
-            int selected;
+            int selected = 0;
         } steps[] = {{Qt::Key_A, Qt::ControlModifier, 3},
                      {Qt::Key_I, Qt::ControlModifier, 0},
                      {Qt::Key_Left, Qt::ShiftModifier, 1},

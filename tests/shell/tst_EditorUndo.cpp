@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
+#include <curveeditor/canvas/PointCommands.h>
 #include <curveeditor/model/SplineState.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
@@ -118,6 +119,17 @@ private Q_SLOTS:
             s.selectTwo();
             QTest::keyClick(&s.canvas, Qt::Key_D, Qt::ControlModifier);
             QCOMPARE(s.curves["a.x"].spline.getControlPointsNumber(), 5u);
+        });
+        row("insert and smooth", 2, x + x, [](Scene& s) {
+            SplineBase& spline = s.curves["a.x"].spline;
+            const double value = spline(2.0);
+            s.editor.setTimeLine(2.0);
+            QTest::keyClick(&s.canvas, Qt::Key_I, Qt::ShiftModifier);
+            QCOMPARE(QPointF(spline[1]->time, spline[1]->pos), QPointF(2.0, value));
+            QVERIFY(s.canvas.canvas.currentControl()->isSelected(spline[1]));
+            PointCommands(s.canvas.canvas).selectAll();
+            PointCommands(s.canvas.canvas).flattenTangents();
+            QCOMPARE(spline[1]->tanRight, 0.0);
         });
         row("drag that snaps", 1, x, [](Scene& s) {
             QTest::keyClick(&s.canvas, Qt::Key_S);
