@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/CurveEdit.h>
-#include <curveeditor/edit/Gesture.h>
+#include <curveeditor/edit/PointDrag.h>
 
 #include <benchmark/benchmark.h>
 
 #include <QUndoStack>
 
 #include <malloc.h>
+#include <optional>
 
 namespace {
 
@@ -21,20 +22,20 @@ struct Scene
     }
     void press()
     {
-        gesture.beginAtPoints(spline, selection, SplineEdits::Part::Point, {0.0, 0.0});
-        door.begin("drag", {curve}, gesture.points());
+        drag.emplace(spline, selection, SplineEdits::Part::Point, PointDrag::Place(), false);
+        door.begin("drag", {{curve, drag->points()}});
     }
     void step(double value)
     {
         const double time = double(spline.getControlPointsNumber() / 2);
-        door.preview(gesture.step(spline, {time, value}, false, view));
+        door.preview(drag->step(spline, {time, value}, false, view));
     }
 
     SplineBase spline;
     CurveEdit door;
     std::shared_ptr<EditedCurve> curve = door.history().curve("a.x", &spline, nullptr);
     Selection selection;
-    Gesture gesture;
+    std::optional<PointDrag> drag;
     PlaneMapping view{0.0, 10.0, 0.0, 10.0, 1000, 1000};
 };
 

@@ -240,13 +240,14 @@ void CanvasFunctionBase::markEdited(const EditReport& report)
         names.append(curve->getName());
     }
     if (!isDrag)
-        readersOf_.clear();
-    if (readersOf_ != names) {
-        readersOf_ = names;
-        readers_ = readersOf(names);
-    }
+        readers_.clear();
+    auto readers = readers_.find(report.curve->name);
+    if (readers == readers_.end())
+        readers = readers_.insert(report.curve->name, readersOf(names));
     for (const auto& curve : curves_) {
-        if (readers_.contains(DependencyCheck::lowerVariableName(curve->getName())))
+        if (readers->isEmpty())
+            return;
+        if (readers->contains(DependencyCheck::lowerVariableName(curve->getName())))
             markStale(*curve);
     }
 }
@@ -315,21 +316,23 @@ bool CanvasFunctionBase::hasSinglePoint() const
 
 bool CanvasFunctionBase::hasSelectedPoint() const
 {
-    return current_ && current_->isSpline() && current_->control().hasSelection();
+    return !selectedCurves().empty();
 }
 
 bool CanvasFunctionBase::hasPointAt(const QPoint& pixel) const
 {
-    return current_ && current_->isSpline() &&
-           current_->getCanvasSpline()->hitTest(pixel, current_->control().selection()).point != 0;
+    const std::vector<CurveNodeBase*> reach = curvesInReach();
+    return std::any_of(reach.begin(), reach.end(), [&pixel](CurveNodeBase* curve) {
+        return curve->getCanvasSpline()->hitTest(pixel, curve->control().selection()).point != 0;
+    });
 }
 
-void CanvasFunctionBase::settle()
+CurveEdit::Curves CanvasFunctionBase::settle()
 {
     if (viewport_ && viewport_->gesture.isAtPoints())
         viewport_->gesture.end();
     guide.end();
-    door_.commit();
+    return door_.commit();
 }
 
 /// To be called when all is settled, so that nothing foreign runs before the work is done. The node may be gone

@@ -9,6 +9,7 @@
 #include <curveeditor/edit/ViewStep.h>
 
 #include <QColor>
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -110,9 +111,9 @@ public:
     bool getCurrentValue(const double& time, double& value) const;
     /// Exactly one point is selected.
     bool hasSinglePoint() const;
-    /// A point of the current spline, or a handle of the selected one, lies under that pixel.
+    /// A point that can be hit, or a handle of the selected one, lies under that pixel.
     bool hasPointAt(const QPoint& pixel) const;
-    /// The current curve is a spline of which a point is selected.
+    /// A point of the current spline is selected, or with `setEditsAllCurves` one of any.
     bool hasSelectedPoint() const;
     void setCurrentToSpline(const bool& dropExpression);
     void setCurrentToExpression();
@@ -152,7 +153,13 @@ public:
     void scaleSelection(const double& timeFactor, const double& valueFactor);
     void panSelection(const double& timeOffset, const double& valueOffset);
 
-    /// Edits the selected points of the current spline, and reports it; nothing happens if there are none. The text of
+    /// For commands that select points: lets them work on each curve in reach, and shows what is selected then.
+    using NodeWork = std::function<void(ControlSplineNode&)>;
+    void changeSelections(const NodeWork& work);
+    /// There is a spline of which points can be selected.
+    bool hasCurveInReach() const { return !curvesInReach().empty(); }
+
+    /// Edits the selected points, and reports it; nothing happens if there are none. The text of
     /// the edit is `one` or `many`, see `ControlSplineNode::editText`.
     using PointWork = std::function<void(SplineBase&, const std::vector<PointSerial>&)>;
     void editSelection(const QString& one, const QString& many, const PointWork& work);
@@ -168,13 +175,20 @@ public:
     /// A new point at the place of the last press, if the current curve is a spline. While the point menu is
     /// open over another canvas nothing happens.
     void createNodeAtCursor();
+    /// Whether the points of all splines on the canvas show and can be hit, and a gesture, a band or a command acts
+    /// on the selected points of all of them as one step. Else those of the current curve alone do, as at first.
+    void setEditsAllCurves(bool on);
+    bool editsAllCurves() const { return editsAllCurves_; }
+    /// While it is set a drag with the left button adds a band to what is selected, wherever it begins.
+    bool isBandHeld = false;
     /// Snapping, and the axis along which a drag of points moves; both act from the next step of a drag on.
     DragGuide guide;
 
     /// Ends a drag of points and typing on the node page, as release and leaving do, without a report of
     /// `curveHasChanged`. What hears of them may take curves away, so it comes before all else that edits, opens or
     /// closes curves.
-    void settle();
+    /// Returns the curves that have changed by what was ended.
+    CurveEdit::Curves settle();
     /// Takes a gesture back, at points or at the view; what is left of it does nothing. Returns whether there
     /// was one.
     bool cancelGesture();
@@ -289,6 +303,12 @@ private:
     void markEdited(const EditReport& report);
     QStringList readersOf(const QStringList& names) const;
 
+    CanvasSpline::Hit hitPoint(const QPoint& pixel);
+    std::vector<CurveNodeBase*> curvesInReach() const;
+    std::vector<CurveNodeBase*> selectedCurves() const;
+    bool hasMultipleSelection() const;
+    bool isOutsideSelection(double time) const;
+    void selectOnly(PointSerial point);
     bool pickCurve(const QPoint& pixel);
     bool hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const;
     void updateSelection(PointSerial point, bool shift);
@@ -296,16 +316,24 @@ private:
     bool pressOnEmptyCanvas(const QMouseEvent& event);
     void openPointMenu(const QMouseEvent& event);
     void beginDrag();
-    void beginGuide();
+    void beginGuide(bool keepsDistance);
     void dragSelection(const Gesture::Place& mouse, const MouseState& held);
-    bool selectInBand();
+    void selectInBand();
+    void reportOthers(const CurveEdit::Curves& changed, const CurveNodeBase* reported);
     void stepSelection(bool forward);
 
     using Work = std::function<void(EditedCurve&)>;
     void edit(const CurveNodeBase& node, const QString& text, const Work& work);
     void editSettled(const QString& text, const Work& work);
     void editAndReport(CurveNodeBase& node, const QString& text, const Work& work);
-    void editSelections(const QString& text, const std::function<void(ControlSplineNode&)>& work);
+    void editSelections(const QString& text, const NodeWork& work);
+    static QString editText(const std::vector<CurveNodeBase*>& nodes, const QString& one,
+                            const QString& many);
+    CurveEdit::Curves editPoints(const std::vector<CurveNodeBase*>& nodes, const QString& one,
+                                 const QString& many, const NodeWork& work);
+    void editPointsAndReport(const std::vector<CurveNodeBase*>& nodes, const QString& one, const QString& many,
+                             const NodeWork& work);
+    void editPointsQuietly(const QString& one, const QString& many, const NodeWork& work);
     void resetCurves(const std::vector<QPointer<CurveNodeBase>>& curves, const QString& text);
     bool canEditSelection();
     void createPoint(const Gesture::Place& place);
@@ -316,13 +344,16 @@ private:
     CurveEdit door_;
     CurveEdit::Id drag_ = 0; ///< the edit of a drag of points
     Gesture::Place lastPlace_;
-    bool bandSelects_ = false; ///< the release of the rubber band selects the points in it
+    bool editsAllCurves_ = false;
+    std::vector<QPointer<CurveNodeBase>> dragged_; ///< by the gesture, in the order of its drags
+    bool bandSelects_ = false; ///< the release of the rubber band selects the points in it ...
+    bool bandAdds_ = false;    ///< ... and leaves the others selected
     bool showMark_ = false;
     int paintHolds_ = 0;
     CurveNodeBase* current_ = nullptr;
     std::vector<std::unique_ptr<CurveNodeBase>> curves_;
-    QStringList readersOf_; ///< the curves whose drag `readers_` is kept for
-    QStringList readers_;   ///< lower variable names of the curves that read it
+    /// For a curve that is dragged, the lower variable names of the curves that read it.
+    QHash<QString, QStringList> readers_;
     ViewPort* viewport_ = nullptr;
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;

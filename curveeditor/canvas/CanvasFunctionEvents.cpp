@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -43,17 +44,26 @@ bool CanvasFunctionBase::mousePress(QMouseEvent* event)
     bandSelects_ = false;
     viewport_->gesture.end();
     const QPoint pixel = event->position().toPoint();
-    if (!current_->isSpline())
-        return event->button() == Qt::LeftButton && pickCurve(pixel);
+    const bool isLeft = event->button() == Qt::LeftButton;
+    if (!current_->isSpline() && !editsAllCurves_)
+        return isLeft && pickCurve(pixel);
 
     lastPlace_ = placeAt(*viewport_, pixel);
     const MouseState held = stateBefore(*event);
     if (held.has(Qt::AltModifier))
         return false;
+    bandAdds_ = isBandHeld && isLeft;
+    if (bandAdds_) {
+        bandSelects_ = true;
+        return false;
+    }
 
+    const CanvasSpline::Hit hit = hitPoint(pixel);
+    if (!current_)
+        return true;
+    if (!current_->isSpline())
+        return isLeft && pressOnEmptyCanvas(*event);
     ControlSplineNode& control = current_->control();
-    control.dropLostPoints();
-    const CanvasSpline::Hit hit = current_->getCanvasSpline()->hitTest(pixel, control.selection());
     control.activePart = hit.part;
     if (hit.point != 0 && held.has(Qt::ShiftModifier)) {
         control.selection().toggle(hit.point, *control.getSpline());
@@ -61,16 +71,105 @@ bool CanvasFunctionBase::mousePress(QMouseEvent* event)
         return true;
     }
     updateSelection(hit.point, held.has(Qt::ShiftModifier));
-    return control.hasSelection() ? pressOnSelection(*event) : pressOnEmptyCanvas(*event);
+    return hasSelectedPoint() ? pressOnSelection(*event) : pressOnEmptyCanvas(*event);
+}
+
+/// What lies there of the current curve, or else of another one in reach, which becomes the current one. Who hears of
+/// that may take curves away.
+CanvasSpline::Hit CanvasFunctionBase::hitPoint(const QPoint& pixel)
+{
+    dropLostPoints();
+    std::vector<CurveNodeBase*> reach = curvesInReach();
+    std::reverse(reach.begin() + (current_->isSpline() ? 1 : 0), reach.end()); // from the front to the back
+    for (CurveNodeBase* const curve : reach) {
+        const bool isOwn = curve == current_;
+        const Selection selection = isOwn ? curve->control().selection() : Selection();
+        const CanvasSpline::Hit hit = curve->getCanvasSpline()->hitTest(pixel, selection);
+        if (hit.point == 0)
+            continue;
+        const QPointer<CurveNodeBase> next(curve);
+        if (!isOwn)
+            setCurrentCurve(next);
+        return next && next == current_ ? hit : CanvasSpline::Hit();
+    }
+    return {};
 }
 
 void CanvasFunctionBase::updateSelection(PointSerial point, bool shift)
 {
-    ControlSplineNode& control = current_->control();
-    const bool keepsSelection =
-        control.hasMultipleSelection() && (shift || !control.isOutsideSelection(lastPlace_.time));
+    const bool keepsSelection = hasMultipleSelection() && (shift || !isOutsideSelection(lastPlace_.time));
     if (!keepsSelection)
-        control.selection().selectOnly(point);
+        selectOnly(point);
+}
+
+void CanvasFunctionBase::selectOnly(PointSerial point)
+{
+    for (CurveNodeBase* const curve : curvesInReach())
+        curve->control().selection().selectOnly(0);
+    current_->control().selection().selectOnly(point);
+}
+
+std::vector<CurveNodeBase*> CanvasFunctionBase::curvesInReach() const
+{
+    std::vector<CurveNodeBase*> reach;
+    if (current_ && current_->isSpline() && current_->getSpline())
+        reach.push_back(current_);
+    if (!editsAllCurves_)
+        return reach;
+    for (const auto& curve : curves_) {
+        const bool isThere = std::any_of(reach.begin(), reach.end(), [&curve](const CurveNodeBase* other) {
+            return other->getSpline() == curve->getSpline();
+        });
+        if (curve->isSpline() && curve->getSpline() && !isThere)
+            reach.push_back(curve.get());
+    }
+    return reach;
+}
+
+std::vector<CurveNodeBase*> CanvasFunctionBase::selectedCurves() const
+{
+    std::vector<CurveNodeBase*> selected = curvesInReach();
+    std::erase_if(selected, [](const CurveNodeBase* curve) { return !curve->control().hasSelection(); });
+    return selected;
+}
+
+bool CanvasFunctionBase::hasMultipleSelection() const
+{
+    const std::vector<CurveNodeBase*> selected = selectedCurves();
+    return selected.size() > 1 || (!selected.empty() && selected.front()->control().hasMultipleSelection());
+}
+
+bool CanvasFunctionBase::isOutsideSelection(double time) const
+{
+    bool isAfterOne = false;
+    bool isBeforeOne = false;
+    for (const CurveNodeBase* const curve : selectedCurves()) {
+        for (const double selected : curve->control().selectedTimes()) {
+            isAfterOne = isAfterOne || selected < time;
+            isBeforeOne = isBeforeOne || selected > time;
+        }
+    }
+    return !isAfterOne || !isBeforeOne;
+}
+
+void CanvasFunctionBase::changeSelections(const NodeWork& work)
+{
+    settle();
+    dropLostPoints();
+    for (CurveNodeBase* const curve : curvesInReach())
+        work(curve->control());
+    Q_EMIT selectionChanged(true);
+    paint();
+}
+
+void CanvasFunctionBase::setEditsAllCurves(bool on)
+{
+    settle();
+    editsAllCurves_ = on;
+    for (const auto& curve : curves_)
+        curve->getCanvasSpline()->showsPoints = on;
+    Q_EMIT selectionChanged(false);
+    paint();
 }
 
 bool CanvasFunctionBase::pressOnSelection(const QMouseEvent& event)
@@ -117,15 +216,16 @@ void CanvasFunctionBase::mouseDoubleClick(QMouseEvent* event)
     if (!current_ || !viewport_)
         return;
     const QPoint pixel = event->position().toPoint();
+    const CanvasSpline::Hit hit = hitPoint(pixel);
+    if (!current_)
+        return;
     if (!current_->isSpline()) {
         pickCurve(pixel);
         return;
     }
     ControlSplineNode& control = current_->control();
-    control.dropLostPoints();
-    const CanvasSpline::Hit hit = current_->getCanvasSpline()->hitTest(pixel, control.selection());
     control.activePart = hit.part;
-    control.selection().selectOnly(hit.point);
+    selectOnly(hit.point);
     const MouseState held = stateBefore(*event);
     if (held.has(Qt::ShiftModifier) || held.has(Qt::ControlModifier))
         return;
@@ -136,7 +236,7 @@ void CanvasFunctionBase::mouseDoubleClick(QMouseEvent* event)
 
 void CanvasFunctionBase::mouseMove(QMouseEvent* event)
 {
-    if (!current_ || !viewport_ || !current_->isSpline())
+    if (!viewport_ || curvesInReach().empty())
         return;
     const MouseState held = stateBefore(*event);
     const Gesture::Place place = placeAt(*viewport_, event->position().toPoint());
@@ -147,21 +247,29 @@ void CanvasFunctionBase::mouseMove(QMouseEvent* event)
 
 void CanvasFunctionBase::beginDrag()
 {
-    ControlSplineNode& control = current_->control();
-    const QString one = control.activePart == SplineEdits::Part::Point ? tr("Move a point of %1")
-                                                                       : tr("Change a tangent of %1");
-    viewport_->gesture.beginAtPoints(*control.getSpline(), control.selection(), control.activePart,
-                                     lastPlace_);
-    const CurveEdit::Curves curves = {control.curve()};
-    drag_ =
-        door_.begin(control.editText(one, tr("Move %1 points of %2")), curves, viewport_->gesture.points());
-    readersOf_.clear();
-    beginGuide();
+    const SplineEdits::Part part = current_->control().activePart;
+    const QString one =
+        part == SplineEdits::Part::Point ? tr("Move a point of %1") : tr("Change a tangent of %1");
+    const bool keepsDistance = hasMultipleSelection();
+    std::vector<PointDrag> drags;
+    std::vector<CurveEdit::Target> targets;
+    dragged_.clear();
+    for (CurveNodeBase* const curve : selectedCurves()) {
+        const ControlSplineNode& control = curve->control();
+        drags.emplace_back(*control.getSpline(), control.selection(), part, lastPlace_, keepsDistance);
+        targets.push_back({control.curve(), drags.back().points()});
+        dragged_.emplace_back(curve);
+    }
+    const QString text = editText(selectedCurves(), one, tr("Move %1 points of %2"));
+    viewport_->gesture.beginAtPoints(std::move(drags));
+    drag_ = door_.begin(text, std::move(targets));
+    readers_.clear();
+    beginGuide(keepsDistance);
 }
 
-void CanvasFunctionBase::beginGuide()
+void CanvasFunctionBase::beginGuide(bool keepsDistance)
 {
-    const Gesture& gesture = viewport_->gesture;
+    Gesture& gesture = viewport_->gesture;
     guide.snap.fps = viewport_->fps;
     guide.snap.timeLine = viewport_->timeLine;
     guide.snap.setGridLines(grid_->times(*viewport_), grid_->values());
@@ -170,8 +278,13 @@ void CanvasFunctionBase::beginGuide()
         if (curve->isSpline())
             splines.push_back(curve->getSpline());
     }
-    guide.snap.setPoints(splines, gesture.points());
-    guide.begin(gesture.grabbed(viewport_->mapping()), lastPlace_, !gesture.isMultiple());
+    std::vector<PointSerial> moving;
+    for (const PointDrag& drag : gesture.drags()) {
+        const std::vector<PointSerial> points = drag.points();
+        moving.insert(moving.end(), points.begin(), points.end());
+    }
+    guide.snap.setPoints(splines, moving);
+    guide.begin(gesture.grabbed(lastPlace_, viewport_->mapping()), lastPlace_, !keepsDistance);
 }
 
 void CanvasFunctionBase::dragSelection(const Gesture::Place& mouse, const MouseState& held)
@@ -180,48 +293,66 @@ void CanvasFunctionBase::dragSelection(const Gesture::Place& mouse, const MouseS
     const bool isGuided = !scaling && viewport_->gesture.kind() == Gesture::Kind::Points;
     const Gesture::Place place =
         isGuided ? guide.guided(mouse, viewport_->mapping(), held.has(Qt::ControlModifier)) : mouse;
-    ControlSplineNode& control = current_->control();
-    if (!door_.isOpen(drag_) || !control.getSpline())
+    const bool areThere = std::all_of(dragged_.begin(), dragged_.end(),
+                                      [](const auto& curve) { return curve && curve->getSpline(); });
+    if (!door_.isOpen(drag_) || !areThere)
         return viewport_->gesture.cancel();
-    const TimeInterval touched =
-        viewport_->gesture.step(*control.getSpline(), place, scaling, viewport_->mapping());
-    Selection& selection = control.selection();
-    if (selection.hasMultiple())
-        selection.setCurrent(selection.listed().back());
-    endSinglePointEdit(selection);
-    door_.preview(touched);
+    std::vector<TimeInterval> touched;
+    for (std::size_t i = 0; i < dragged_.size(); ++i) {
+        ControlSplineNode& control = dragged_[i]->control();
+        touched.push_back(viewport_->gesture.drags()[i].step(*control.getSpline(), place, scaling,
+                                                             viewport_->mapping()));
+        Selection& selection = control.selection();
+        if (selection.hasMultiple())
+            selection.setCurrent(selection.listed().back());
+        endSinglePointEdit(selection);
+    }
+    for (std::size_t i = 0; i < touched.size() && door_.isOpen(drag_); ++i)
+        door_.preview(touched[i], i);
 }
 
 void CanvasFunctionBase::mouseRelease(QMouseEvent* event)
 {
     if (!viewport_)
         return;
-    if (!current_ || !current_->isSpline() || viewport_->gesture.kind() == Gesture::Kind::Cancelled) {
+    if (curvesInReach().empty() || viewport_->gesture.kind() == Gesture::Kind::Cancelled) {
         viewport_->bandValid = false;
         viewport_->bandActive = false;
         if (viewport_->gesture.kind() == Gesture::Kind::Cancelled)
             viewport_->gesture.end();
         return;
     }
-    ControlSplineNode& control = current_->control();
-    control.dropLostPoints();
-    const bool any =
-        control.hasSelection() || (bandSelects_ && !stateBefore(*event).isEmpty() && selectInBand());
+    dropLostPoints();
+    if (bandSelects_ && !stateBefore(*event).isEmpty() && (bandAdds_ || !hasSelectedPoint()))
+        selectInBand();
+    const bool any = hasSelectedPoint();
     const QPointer<CurveNodeBase> curve(current_);
     bandSelects_ = false;
-    settle();
+    const CurveEdit::Curves changed = settle();
     if (any && curve)
         curve->emitCurveChanged();
+    reportOthers(changed, curve);
 }
 
-bool CanvasFunctionBase::selectInBand()
+void CanvasFunctionBase::selectInBand()
 {
     double timeLow = 0.0;
     double timeHigh = 0.0;
     double valueLow = 0.0;
     double valueHigh = 0.0;
     viewport_->takeBand(timeLow, timeHigh, valueLow, valueHigh);
-    return current_->control().selectInBand(timeLow, timeHigh, valueLow, valueHigh);
+    for (CurveNodeBase* const curve : curvesInReach())
+        curve->control().selectInBand(timeLow, timeHigh, valueLow, valueHigh, bandAdds_);
+}
+
+/// Of the curves that an edit changed, all but one that has been reported already.
+void CanvasFunctionBase::reportOthers(const CurveEdit::Curves& changed, const CurveNodeBase* reported)
+{
+    for (const auto& curve : presentCurves()) {
+        if (curve && curve != reported &&
+            std::find(changed.begin(), changed.end(), curve->curve()) != changed.end())
+            curve->emitCurveChanged();
+    }
 }
 
 bool CanvasFunctionBase::cancelGesture()
@@ -254,12 +385,14 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event, bool isFocused)
     markStale(*current_);
     control.dropLostPoints();
     if (event->key() == Qt::Key_Delete) {
-        const QString text = control.editText(tr("Delete a point of %1"), tr("Delete %1 points of %2"));
-        editAndReport(*current_, text, [&control](EditedCurve& curve) {
-            if (curve.spline())
-                SplineEdits::removePoints(*curve.spline(), control.selection().edited());
-            control.selectOnly(nullptr);
-        });
+        const auto nodes = current_->isSpline() ? selectedCurves() : std::vector{current_};
+        editPointsAndReport(nodes, tr("Delete a point of %1"), tr("Delete %1 points of %2"),
+                            [](ControlSplineNode& selected) {
+                                if (selected.getSpline())
+                                    SplineEdits::removePoints(*selected.getSpline(),
+                                                              selected.selection().edited());
+                                selected.selectOnly(nullptr);
+                            });
     } else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
         if (isFocused || control.hasSelection())
             stepSelection(event->key() == Qt::Key_Right);
@@ -340,14 +473,51 @@ void CanvasFunctionBase::editSelection(const QString& one, const QString& many, 
 {
     if (!canEditSelection())
         return;
-    ControlSplineNode& control = current_->control();
     const QPointer<CanvasFunctionBase> guard(this);
-    editAndReport(*current_, control.editText(one, many),
-                  [&](EditedCurve& curve) { work(*curve.spline(), control.selection().edited()); });
+    editPointsAndReport(selectedCurves(), one, many, [&work](ControlSplineNode& control) {
+        work(*control.getSpline(), control.selection().edited());
+    });
     if (!guard)
         return;
     Q_EMIT selectionChanged(false);
     paint();
+}
+
+QString CanvasFunctionBase::editText(const std::vector<CurveNodeBase*>& nodes, const QString& one,
+                                     const QString& many)
+{
+    if (nodes.size() == 1)
+        return nodes.front()->control().editText(one, many);
+    std::size_t count = 0;
+    for (const CurveNodeBase* const node : nodes)
+        count += node->control().selection().edited().size();
+    return many.arg(count).arg(tr("%1 curves").arg(nodes.size()));
+}
+
+/// As one step. To be called when all is settled; the nodes may be gone afterwards.
+CurveEdit::Curves CanvasFunctionBase::editPoints(const std::vector<CurveNodeBase*>& nodes, const QString& one,
+                                                 const QString& many, const NodeWork& work)
+{
+    CurveEdit::Curves curves;
+    for (const CurveNodeBase* const node : nodes)
+        curves.push_back(node->curve());
+    door_.begin(editText(nodes, one, many), curves);
+    for (CurveNodeBase* const node : nodes)
+        work(node->control());
+    return door_.commit();
+}
+
+/// The current curve is reported in any case.
+void CanvasFunctionBase::editPointsAndReport(const std::vector<CurveNodeBase*>& nodes, const QString& one,
+                                             const QString& many, const NodeWork& work)
+{
+    const QPointer<CanvasFunctionBase> guard(this);
+    const QPointer<CurveNodeBase> current(current_);
+    const CurveEdit::Curves changed = editPoints(nodes, one, many, work);
+    if (current)
+        current->emitCurveChanged();
+    if (guard)
+        reportOthers(changed, current);
 }
 
 void CanvasFunctionBase::editSpline(const QString& text, const std::function<void(SplineBase&)>& work)
@@ -373,33 +543,36 @@ void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& 
 {
     if ((timeFactor == 1.0 && valueFactor == 1.0) || !canEditSelection())
         return;
-    ControlSplineNode& control = current_->control();
-    edit(*current_, control.editText(tr("Scale a point of %1"), tr("Scale %1 points of %2")),
-         [&](EditedCurve& curve) {
-             SplineEdits::scalePoints(*curve.spline(), control.selection().edited(), timeFactor, valueFactor);
-         });
-    paint();
+    editPointsQuietly(tr("Scale a point of %1"), tr("Scale %1 points of %2"), [&](ControlSplineNode& control) {
+        SplineEdits::scalePoints(*control.getSpline(), control.selection().edited(), timeFactor, valueFactor);
+    });
 }
 
 void CanvasFunctionBase::panSelection(const double& timeOffset, const double& valueOffset)
 {
     if ((timeOffset == 0.0 && valueOffset == 0.0) || !canEditSelection())
         return;
-    ControlSplineNode& control = current_->control();
-    edit(*current_, control.editText(tr("Pan a point of %1"), tr("Pan %1 points of %2")),
-         [&](EditedCurve& curve) {
-             SplineEdits::panPoints(*curve.spline(), control.selection().edited(), timeOffset, valueOffset);
-         });
-    paint();
+    editPointsQuietly(tr("Pan a point of %1"), tr("Pan %1 points of %2"), [&](ControlSplineNode& control) {
+        SplineEdits::panPoints(*control.getSpline(), control.selection().edited(), timeOffset, valueOffset);
+    });
+}
+
+/// Does not report the curve if it is the only one.
+void CanvasFunctionBase::editPointsQuietly(const QString& one, const QString& many, const NodeWork& work)
+{
+    const QPointer<CanvasFunctionBase> guard(this);
+    const CurveEdit::Curves changed = editPoints(selectedCurves(), one, many, work);
+    if (guard && changed.size() > 1)
+        reportOthers(changed, nullptr);
+    if (guard)
+        paint();
 }
 
 bool CanvasFunctionBase::canEditSelection()
 {
     settle();
-    if (!current_ || !current_->isSpline() || !current_->getSpline())
-        return false;
-    current_->control().dropLostPoints();
-    return current_->control().hasSelection();
+    dropLostPoints();
+    return hasSelectedPoint();
 }
 
 bool CanvasFunctionBase::pickCurve(const QPoint& pixel)

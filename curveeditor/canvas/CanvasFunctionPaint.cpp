@@ -121,12 +121,16 @@ CanvasLayer::Curves CanvasFunctionBase::curvesBehindCurrent() const
 
 std::optional<std::pair<int, int>> CanvasFunctionBase::selectedColumns() const
 {
-    double first = 0.0;
-    double last = 0.0;
-    if (!current_ || !current_->isSpline() || !current_->control().getSelectionSpan(first, last))
+    std::vector<double> ends;
+    for (const CurveNodeBase* const curve : selectedCurves()) {
+        const std::vector<double> times = curve->control().selectedTimes();
+        if (!times.empty())
+            ends.insert(ends.end(), {times.front(), times.back()});
+    }
+    if (!hasMultipleSelection() || ends.empty())
         return std::nullopt;
-    return std::pair(viewport_->timeToPixel(std::min(first, last)),
-                     viewport_->timeToPixel(std::max(first, last)));
+    const auto [first, last] = std::minmax_element(ends.begin(), ends.end());
+    return std::pair(viewport_->timeToPixel(*first), viewport_->timeToPixel(*last));
 }
 
 void CanvasFunctionBase::setSelectionColor(const QColor& color)

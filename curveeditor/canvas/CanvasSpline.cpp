@@ -189,7 +189,7 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     isShown_ = pointCount() > 0 && viewport->canShow();
     if (!isShown_)
         return;
-    if (selected)
+    if (selected || showsPoints)
         placePoints();
 
     const SplineBase& spline = *spline_;
@@ -252,11 +252,11 @@ void CanvasSpline::draw(CurvePainter& curves, const Selection& selection, Spline
     if (!isShown_)
         return;
     drawLines(curves);
-    if (!selected)
+    if (!selected && !showsPoints)
         return;
     const std::vector<bool> marked = selection.marks(*spline_);
     drawMarkers(curves.painter(), marked);
-    if (!marked.empty())
+    if (selected && !marked.empty())
         drawHandles(curves.painter(), marked, dragged);
 }
 

@@ -38,12 +38,12 @@ public:
 
     /// Samples the spline anew, at most 1001 times for the span of its points and 1001 times behind it.
     /// `minValue` and `maxValue` clamp the values, the lower bound first. With a view that can't be shown the
-    /// picture is empty. The pixels of the points are placed only for the current curve.
+    /// picture is empty. The pixels of the points are placed only where these show.
     void rebuild(ViewPort* newViewport, float minValue, float maxValue);
     /// Places the pixels of the points if the last `rebuild` did not: for a curve that became the current one.
     void placePoints();
-    /// Draws the picture, of the current curve also its points and the handles of the selected ones, those of
-    /// the dragged part highlighted. Evaluates nothing. The painter has an opaque background of the canvas
+    /// Draws the picture and the points, if they show; of the current curve also the handles of the selected ones,
+    /// those of the dragged part highlighted. Evaluates nothing. The painter has an opaque background of the canvas
     /// colour, which fills the gaps of dotted lines.
     void draw(CurvePainter& curves, const Selection& selection, SplineEdits::Part dragged) const;
 
@@ -65,7 +65,8 @@ public:
     /// no right handle.
     Hit hitTest(const QPoint& pixel, const Selection& selection) const;
 
-    bool selected = false; ///< This curve is the current one; written by the canvas.
+    bool selected = false;    ///< This curve is the current one; written by the canvas.
+    bool showsPoints = false; ///< Its points are drawn, and can be hit, though it is not; likewise.
     QColor unselectedColor;
     QColor selectedColor;
     ViewPort* viewport = nullptr; ///< The view of the last `rebuild`.

@@ -45,12 +45,16 @@ void ControlSplineNode::toggleSelected(const SplineBase::PointInfo* point)
         selection_.toggle(point->serial, *getSpline());
 }
 
-bool ControlSplineNode::selectInBand(double timeLow, double timeHigh, double valueLow, double valueHigh)
+bool ControlSplineNode::selectInBand(double timeLow, double timeHigh, double valueLow, double valueHigh,
+                                     bool adds)
 {
+    const std::vector<bool> marks = adds && getSpline() ? selection_.marks(*getSpline()) : std::vector<bool>();
     std::vector<PointSerial> inside;
     for (int index = 0; index < pointCount(); ++index) {
         const SplineBase::PointInfo& point = *pointAt(index);
-        if (point.time > timeLow && point.time < timeHigh && point.pos > valueLow && point.pos < valueHigh)
+        const bool isInside =
+            point.time > timeLow && point.time < timeHigh && point.pos > valueLow && point.pos < valueHigh;
+        if (isInside || (!marks.empty() && marks[std::size_t(index)]))
             inside.push_back(point.serial);
     }
     selection_.selectAll(std::move(inside));
@@ -90,25 +94,14 @@ int ControlSplineNode::pointCount() const
     return getSpline() ? int(getSpline()->getControlPointsNumber()) : 0;
 }
 
-bool ControlSplineNode::getSelectionSpan(double& first, double& last) const
+std::vector<double> ControlSplineNode::selectedTimes() const
 {
-    if (!hasMultipleSelection() || !getSpline())
-        return false;
-    const std::vector<double> times = selection_.listedTimes(*getSpline());
-    if (times.size() < 2)
-        return false;
-    first = times.front();
-    last = times.back();
-    return true;
-}
-
-bool ControlSplineNode::isOutsideSelection(double time) const
-{
-    if (!hasMultipleSelection() || !getSpline())
-        return false;
-    const std::vector<double> times = selection_.listedTimes(*getSpline());
-    return std::none_of(times.begin(), times.end(), [time](double entry) { return entry < time; }) ||
-           std::none_of(times.begin(), times.end(), [time](double entry) { return entry > time; });
+    std::vector<double> times;
+    for (const std::int32_t index : indicesOf(selection_.edited(), *getSpline())) {
+        if (index >= 0)
+            times.push_back(pointAt(index)->time);
+    }
+    return times;
 }
 
 void ControlSplineNode::popupMenu(const QPoint& globalPosition)

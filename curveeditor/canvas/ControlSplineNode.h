@@ -45,7 +45,8 @@ public:
     void toggleSelected(const SplineBase::PointInfo* point);
     /// Selects the points strictly inside a rectangle of the plane, drops all others, and returns whether there
     /// are any. The last one becomes the current point too.
-    bool selectInBand(double timeLow, double timeHigh, double valueLow, double valueHigh);
+    /// If `adds`, the others stay selected.
+    bool selectInBand(double timeLow, double timeHigh, double valueLow, double valueHigh, bool adds = false);
     /// For after a change by the host: mends the spline, and takes out of the selection what it does not hold any
     /// more.
     void dropLostPoints();
@@ -60,10 +61,8 @@ public:
     /// The point of that index; null if the index is out of range.
     const SplineBase::PointInfo* pointAt(int index) const;
     int pointCount() const;
-    /// The times of the first and the last point of a multiple selection, false without two of them.
-    bool getSelectionSpan(double& first, double& last) const;
-    /// Whether `time` lies at or outside either end of a multiple selection; false without one.
-    bool isOutsideSelection(double time) const;
+    /// Of the points that an edit would act on.
+    std::vector<double> selectedTimes() const;
 
     /// What a drag of the single current point edits.
     SplineEdits::Part activePart = SplineEdits::Part::Point;

@@ -215,8 +215,10 @@ void CurveNodeBase::includeValues(const AxisRange& range, AxisRange& values) con
 
 void CurveNodeBase::update(ViewPort* viewport)
 {
-    if (isSpline() && canvasSpline_->selected)
+    if (isSpline() && (canvasSpline_->selected || canvasSpline_->showsPoints))
         canvasSpline_->placePoints();
+    if (drawnSelection_ != shownSelection())
+        renewPictureNumber();
     if ((!changed && !viewport->dirty) || (!isSpline() && !getExpression()))
         return;
     if (isSpline())
@@ -235,10 +237,17 @@ void CurveNodeBase::draw(CurvePainter& curves) const
         canvasExpression_->draw(curves);
 }
 
+/// What of the selection is to be seen if the curve is not the current one.
+std::optional<Selection> CurveNodeBase::shownSelection() const
+{
+    return canvasSpline_->showsPoints ? std::optional(control_.selection()) : std::nullopt;
+}
+
 void CurveNodeBase::renewPictureNumber()
 {
     static quint64 last = 0;
     pictureNumber_ = ++last;
+    drawnSelection_ = shownSelection();
 }
 
 void CurveNodeBase::sampleExpression(const ViewPort& viewport)

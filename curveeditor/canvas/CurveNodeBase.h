@@ -10,6 +10,7 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <utility>
 
 class CanvasExpression;
@@ -119,6 +120,7 @@ Q_SIGNALS:
 private:
     void sampleExpression(const ViewPort& viewport);
     void renewPictureNumber();
+    std::optional<Selection> shownSelection() const;
     double clamped(double value) const;
     double framesPerTimeUnit() const;
 
@@ -132,4 +134,5 @@ private:
     float minValue_;
     float maxValue_;
     quint64 pictureNumber_ = 0;
+    std::optional<Selection> drawnSelection_; ///< in the picture of that number
 };

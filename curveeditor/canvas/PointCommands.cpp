@@ -18,12 +18,18 @@ PointCommands::PointCommands(CanvasFunctionBase& canvas) : canvas_(canvas) {}
 
 bool PointCommands::canSelect() const
 {
-    return control() != nullptr;
+    return canvas_.hasCurveInReach();
 }
 
 bool PointCommands::canEdit() const
 {
     return canvas_.hasSelectedPoint();
+}
+
+bool PointCommands::canCopy() const
+{
+    const ControlSplineNode* const present = control();
+    return present && present->hasSelection();
 }
 
 ControlSplineNode* PointCommands::control() const
@@ -34,43 +40,32 @@ ControlSplineNode* PointCommands::control() const
 
 void PointCommands::selectAll()
 {
-    if (const ControlSplineNode* const present = control())
-        select(std::vector<bool>(std::size_t(present->pointCount()), true));
+    changeMarks([](Marks& marks) { marks.assign(marks.size(), true); });
 }
 
 void PointCommands::selectNone()
 {
-    select({});
+    changeMarks([](Marks& marks) { marks.assign(marks.size(), false); });
 }
 
 void PointCommands::selectOthers()
 {
-    const ControlSplineNode* const present = control();
-    if (!present)
-        return;
-    std::vector<bool> marks = present->selection().marks(*present->getSpline());
-    marks.resize(std::size_t(present->pointCount()), false);
-    marks.flip();
-    select(marks);
+    changeMarks([](Marks& marks) { marks.flip(); });
 }
 
 void PointCommands::extendSelection(bool forward)
 {
-    const ControlSplineNode* const present = control();
-    if (!present)
-        return;
-    std::vector<bool> marks = present->selection().marks(*present->getSpline());
-    marks.resize(std::size_t(present->pointCount()), false);
-    if (forward) {
-        const auto last = std::find(marks.rbegin(), marks.rend(), true);
-        if (last != marks.rbegin())
-            *(last == marks.rend() ? marks.begin() : last.base()) = true;
-    } else {
+    const bool isAnySelected = canEdit();
+    changeMarks([forward, isAnySelected](Marks& marks) {
         const auto first = std::find(marks.begin(), marks.end(), true);
-        if (first != marks.begin())
+        const auto last = std::find(marks.rbegin(), marks.rend(), true);
+        if (isAnySelected && first == marks.end())
+            return;
+        if (forward && last != marks.rbegin())
+            *(last == marks.rend() ? marks.begin() : last.base()) = true;
+        else if (!forward && first != marks.begin())
             *(first - 1) = true;
-    }
-    select(marks);
+    });
 }
 
 void PointCommands::nudge(double frames, double tenthsOfGridStep)
@@ -88,7 +83,7 @@ void PointCommands::nudge(double frames, double tenthsOfGridStep)
 void PointCommands::copy()
 {
     const ControlSplineNode* const present = control();
-    if (!present || !canEdit())
+    if (!canCopy())
         return;
     QGuiApplication::clipboard()->setText(
         PointText::write(SplineEdits::copyOf(*present->getSpline(), present->selection().edited())));
@@ -96,8 +91,12 @@ void PointCommands::copy()
 
 void PointCommands::cut()
 {
+    if (!canCopy())
+        return;
     copy();
-    canvas_.editSelection(tr("Cut a point of %1"), tr("Cut %1 points of %2"), &SplineEdits::removePoints);
+    canvas_.editSpline(tr("Cut points of %1"), [this](SplineBase& spline) {
+        SplineEdits::removePoints(spline, control()->selection().edited());
+    });
 }
 
 bool PointCommands::canPaste() const
@@ -124,7 +123,7 @@ void PointCommands::duplicate()
 {
     canvas_.settle();
     const ControlSplineNode* const present = control();
-    if (!present || !canEdit())
+    if (!canCopy())
         return;
     std::vector<SplineBase::PointInfo> points =
         SplineEdits::copyOf(*present->getSpline(), present->selection().edited());
@@ -180,18 +179,18 @@ void PointCommands::add(const QString& text, const std::vector<SplineBase::Point
     });
 }
 
-void PointCommands::select(const std::vector<bool>& marks)
+/// For each curve in reach `change` gets which of its points are selected.
+void PointCommands::changeMarks(const std::function<void(Marks&)>& change)
 {
-    canvas_.settle();
-    ControlSplineNode* const present = control();
-    if (!present)
-        return;
-    std::vector<PointSerial> points;
-    for (std::size_t i = 0; i < marks.size() && int(i) < present->pointCount(); ++i) {
-        if (marks[i])
-            points.push_back(present->pointAt(int(i))->serial);
-    }
-    present->selectPoints(points);
-    Q_EMIT canvas_.selectionChanged(true);
-    canvas_.paint();
+    canvas_.changeSelections([&change](ControlSplineNode& control) {
+        Marks marks = control.selection().marks(*control.getSpline());
+        marks.resize(std::size_t(control.pointCount()), false);
+        change(marks);
+        std::vector<PointSerial> points;
+        for (std::size_t i = 0; i < marks.size(); ++i) {
+            if (marks[i])
+                points.push_back(control.pointAt(int(i))->serial);
+        }
+        control.selectPoints(points);
+    });
 }

@@ -11,9 +11,10 @@
 class CanvasFunctionBase;
 class ControlSplineNode;
 
-/// What menus and keys do to the points of the current curve, beyond what mouse and bare keys do. Each edit is one
-/// step of the undo stack and is reported as any other. Without a current spline, or where nothing is selected that
-/// could be edited, they do nothing. The canvas outlives it.
+/// What menus and keys do to the points of the current curve, beyond what mouse and bare keys do; where all curves are
+/// edited at once, selecting, moving and shaping act on all of them. Each edit is one step of the undo stack and is
+/// reported as any other. Without a current spline, or where nothing is selected that could be edited, they do
+/// nothing. The canvas outlives it.
 class PointCommands
 {
     Q_DECLARE_TR_FUNCTIONS(PointCommands)
@@ -23,8 +24,10 @@ public:
 
     /// The current curve is a spline.
     bool canSelect() const;
-    /// A point of it is selected.
+    /// A point is selected ...
     bool canEdit() const;
+    /// ... that is one of the current curve.
+    bool canCopy() const;
 
     void selectAll();
     void selectNone();
@@ -62,7 +65,8 @@ private:
     ControlSplineNode* control() const;
     double frame() const;
     void add(const QString& text, const std::vector<SplineBase::PointInfo>& points);
-    void select(const std::vector<bool>& marks);
+    using Marks = std::vector<bool>;
+    void changeMarks(const std::function<void(Marks&)>& change);
 
     CanvasFunctionBase& canvas_;
 };

@@ -39,6 +39,7 @@ void ViewGestures::setEnabled(bool on)
 {
     isEnabled_ = on;
     button_ = Qt::NoButton;
+    canvas_.isBandHeld = false;
     holdSpace(false);
 }
 
@@ -56,6 +57,7 @@ bool ViewGestures::eventFilter(QObject* watched, QEvent* event)
         return takeKey(*static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
     case QEvent::FocusOut:
         holdSpace(false);
+        canvas_.isBandHeld = false;
         canvas_.guide.axis = DragGuide::Axis::Both;
         return false;
     case QEvent::MouseButtonPress:
@@ -101,6 +103,8 @@ bool ViewGestures::takeKey(const QKeyEvent& event, bool isPress)
 {
     if (event.key() == Qt::Key_X || event.key() == Qt::Key_Y)
         return takeAxisKey(event, isPress);
+    if (event.key() == Qt::Key_B && !event.isAutoRepeat())
+        canvas_.isBandHeld = isPress && event.modifiers() == Qt::NoModifier;
     if (event.key() != Qt::Key_Space || (isPress && event.modifiers() != Qt::NoModifier))
         return false;
     if (!event.isAutoRepeat() && (!isPress || widget_->hasFocus()))

@@ -16,7 +16,7 @@ class ViewPort;
 /// handlers do not know of them: the wheel zooms about the mouse, with Ctrl the times only, with Shift the values
 /// only; two fingers on a touch pad move the view and a pinch zooms it; a drag with Space held moves it, and so does
 /// one with the middle button where nothing is selected and no point lies. Escape takes a drag back. While X or Y is
-/// held a drag of points moves along that axis alone.
+/// held a drag of points moves along that axis alone; while B is held a drag adds a band to what is selected.
 ///
 /// Held by the widget; canvas and view outlive it.
 class ViewGestures : public QObject

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -19,32 +20,40 @@ CurveEdit::CurveEdit(QObject* parent) : QObject(parent)
     connect(&history_, &EditHistory::aboutToStep, this, &CurveEdit::interrupt);
 }
 
-CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves, const std::vector<PointSerial>& own)
+CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves)
+{
+    std::vector<Target> targets;
+    for (const auto& curve : curves)
+        targets.push_back({curve});
+    return begin(text, std::move(targets));
+}
+
+CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
 {
     commit();
     isOpen_ = true;
     text_ = text;
-    own_ = {own.begin(), own.end()};
     entry_ = nullptr;
     previewed_ = {};
     checkpoint_.clear();
-    before_.resize(curves.size());
-    for (std::size_t i = 0; i < curves.size(); ++i) {
-        curves[i]->mend();
-        before_[i].curve = curves[i];
-        curves[i]->copyTo(before_[i].state); // into the memory of the edit before
+    before_.resize(targets.size());
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+        Before& before = before_[i];
+        before.curve = std::move(targets[i].curve);
+        before.own = std::move(targets[i].own);
+        before.curve->mend();
+        before.curve->copyTo(before.state); // into the memory of the edit before
     }
     return ++id_;
 }
 
-void CurveEdit::preview(const TimeInterval& touched)
+void CurveEdit::preview(const TimeInterval& touched, std::size_t curve)
 {
-    if (isOpen_ && !touched.isEmpty() && !before_.empty())
-        history_.tell({before_.front().curve,
-                       touched,
-                       EditReport::Phase::Preview,
-                       EditReport::Cause::Edit,
-                       {own_.begin(), own_.end()}});
+    if (!isOpen_ || touched.isEmpty() || before_.empty())
+        return;
+    const Before& before = before_[curve];
+    history_.tell(
+        {before.curve, touched, EditReport::Phase::Preview, EditReport::Cause::Edit, before.own});
 }
 
 void CurveEdit::checkpoint()
@@ -55,7 +64,7 @@ void CurveEdit::checkpoint()
     const std::vector<EditHistory::Part> parts = changes();
     checkpoint_.clear();
     for (const Before& before : before_)
-        checkpoint_.push_back({before.curve, before.curve->state()});
+        checkpoint_.push_back({before.curve, before.own, before.curve->state()});
     keepEntry(parts);
     TimeInterval touched =
         std::exchange(previewed_, parts.empty() ? TimeInterval() : parts.front().diff.touched());
@@ -63,16 +72,19 @@ void CurveEdit::checkpoint()
     preview(touched);
 }
 
-bool CurveEdit::commit()
+CurveEdit::Curves CurveEdit::commit()
 {
     if (!isOpen_)
-        return false;
+        return {};
     continueAboveForeignEntry();
     isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
     keepEntry(parts);
     report(parts, EditReport::Phase::Commit, EditReport::Cause::Edit);
-    return !parts.empty();
+    Curves changed;
+    for (const EditHistory::Part& part : parts)
+        changed.push_back(part.curve);
+    return changed;
 }
 
 void CurveEdit::cancel()
@@ -102,7 +114,7 @@ std::vector<EditHistory::Part> CurveEdit::changes() const
             return CurveDiff::between(state, *curve.spline(), curve.kind(), curve.formula());
         };
         CurveDiff diff = diffFrom(before.state);
-        const bool isOwn = isOwnAlone(diff);
+        const bool isOwn = isOwnAlone(before, diff);
         const CurveState rest = isOwn ? CurveState() : withOwnPointsBack(before);
         if (!isOwn)
             diff = diffFrom(rest);
@@ -113,33 +125,35 @@ std::vector<EditHistory::Part> CurveEdit::changes() const
     return parts;
 }
 
-bool CurveEdit::isOwnAlone(const CurveDiff& diff) const
+bool CurveEdit::isOwnAlone(const Before& before, const CurveDiff& diff)
 {
-    if (own_.empty())
+    if (before.own.empty())
         return true;
+    const std::unordered_set<PointSerial> own(before.own.begin(), before.own.end());
     const std::vector<PointSerial> points = diff.pointsBefore();
     const std::vector<PointSerial> pointsAfter = diff.pointsAfter();
     const std::unordered_set<PointSerial> after(pointsAfter.begin(), pointsAfter.end());
     return diff.concernsPointsOnly() && points.size() == after.size() &&
            std::all_of(points.begin(), points.end(),
-                       [&](PointSerial point) { return own_.count(point) > 0 && after.count(point) > 0; });
+                       [&](PointSerial point) { return own.count(point) > 0 && after.count(point) > 0; });
 }
 
-CurveState CurveEdit::baseline(const Before& before) const
+CurveState CurveEdit::baseline(const Before& before)
 {
     const EditedCurve& curve = *before.curve;
     const CurveDiff diff = CurveDiff::between(before.state, *curve.spline(), curve.kind(), curve.formula());
-    return isOwnAlone(diff) ? before.state : withOwnPointsBack(before);
+    return isOwnAlone(before, diff) ? before.state : withOwnPointsBack(before);
 }
 
-CurveState CurveEdit::withOwnPointsBack(const Before& before) const
+CurveState CurveEdit::withOwnPointsBack(const Before& before)
 {
     using PointInfo = SplineBase::PointInfo;
+    const std::unordered_set<PointSerial> own(before.own.begin(), before.own.end());
     CurveState state = before.curve->state();
     std::vector<PointInfo>& points = state.spline.points;
     std::unordered_set<PointSerial> present;
     for (const PointInfo& point : points) {
-        if (own_.count(point.serial) > 0)
+        if (own.count(point.serial) > 0)
             present.insert(point.serial);
     }
     std::erase_if(points, [&](const PointInfo& point) { return present.count(point.serial) > 0; });

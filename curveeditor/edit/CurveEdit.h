@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <memory>
-#include <unordered_set>
 #include <vector>
 
 /// The one door through which hands change curves.
@@ -18,8 +17,8 @@
 /// `begin` notes the state of the curves; whatever is written until `commit` is one value then, one entry of the
 /// undo stack, and one report. An edit that changed nothing leaves neither. One edit is open at a time.
 ///
-/// An edit that runs while foreign code may run, such as a drag, names the points that are its own: what the
-/// host changes beside them in the meantime is neither part of the edit nor taken back with it.
+/// An edit that runs while foreign code may run, such as a drag, names the points of each curve that are its own:
+/// what the host changes beside them in the meantime is neither part of the edit nor taken back with it.
 class CurveEdit : public QObject
 {
     Q_OBJECT
@@ -28,6 +27,13 @@ public:
     using Curves = std::vector<std::shared_ptr<EditedCurve>>;
     using Id = std::uint64_t;
 
+    /// A curve, and the points of it that are the edit's own; without any all of it is.
+    struct Target
+    {
+        std::shared_ptr<EditedCurve> curve;
+        std::vector<PointSerial> own = {};
+    };
+
     explicit CurveEdit(QObject* parent = nullptr);
 
     EditHistory& history() { return history_; }
@@ -35,18 +41,19 @@ public:
     /// Opens an edit. `text` says to the user what it does. One that is open is committed first, which runs
     /// foreign code: who is not sure calls `commit`, and then looks for what to edit. Linear in the points of the
     /// curves, as are all the others here but `preview`.
-    Id begin(const QString& text, const Curves& curves, const std::vector<PointSerial>& own = {});
+    Id begin(const QString& text, const Curves& curves);
+    Id begin(const QString& text, std::vector<Target> targets);
     bool isOpen() const { return isOpen_; }
     /// Whether it is that edit which is open.
     bool isOpen(Id id) const { return isOpen_ && id == id_; }
 
-    /// Reports a step of the open edit.
-    void preview(const TimeInterval& touched);
+    /// Reports a step of the open edit at its first curve, or that of an index, which must not be too high.
+    void preview(const TimeInterval& touched, std::size_t curve = 0);
     /// Makes what is done so far an entry, which grows with the edit, and reports it as a step: for an edit that
     /// lasts longer than a host may wait with a step back, as typing does.
     void checkpoint();
-    /// Ends the edit. Returns whether it changed anything.
-    bool commit();
+    /// Ends the edit. Returns the curves that it changed.
+    Curves commit();
     /// Takes the edit back and ends it.
     void cancel();
 
@@ -54,15 +61,16 @@ private:
     struct Before
     {
         std::shared_ptr<EditedCurve> curve;
+        std::vector<PointSerial> own;
         CurveState state;
     };
 
     std::vector<EditHistory::Part> changes() const;
     /// Whether nothing but the edit's own points differ.
-    bool isOwnAlone(const CurveDiff& diff) const;
+    static bool isOwnAlone(const Before& before, const CurveDiff& diff);
     /// What the curve would be now without the edit.
-    CurveState baseline(const Before& before) const;
-    CurveState withOwnPointsBack(const Before& before) const;
+    static CurveState baseline(const Before& before);
+    static CurveState withOwnPointsBack(const Before& before);
     void continueAboveForeignEntry();
     void keepEntry(const std::vector<EditHistory::Part>& parts);
     void report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,
@@ -74,7 +82,6 @@ private:
     bool isOpen_ = false;
     QString text_;
     std::vector<Before> before_;
-    std::unordered_set<PointSerial> own_;
     EditCommand* entry_ = nullptr;   ///< of the open edit; the stack's, which may have deleted it
     std::vector<Before> checkpoint_; ///< the curves when that entry was made or grew
     TimeInterval previewed_;         ///< of the last checkpoint

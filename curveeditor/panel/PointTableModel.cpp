@@ -205,7 +205,7 @@ bool PointTableModel::edit(const QString& one, const QString& many, std::size_t 
     CurveEdit& door = control->door();
     door.begin(count == 1 ? one.arg(name) : many.arg(count).arg(name), {control->curve()});
     work(*control->getSpline());
-    const bool hasChanged = door.commit();
+    const bool hasChanged = !door.commit().empty();
     if (hasChanged && guard)
         Q_EMIT edited(control);
     return hasChanged;

@@ -267,7 +267,7 @@ bool TcbEditorForm::beginEdit(CustomEditLine* sender, const SplineBase::PointInf
     const std::shared_ptr<EditedCurve>& curve = currentControl_->curve();
     before_ = *currentControl_->pointAt(index);
     door_ = &currentControl_->door();
-    edit_ = door_->begin(tr("Change a number of a point of %1").arg(curve->name), {curve}, {point.serial});
+    edit_ = door_->begin(tr("Change a number of a point of %1").arg(curve->name), {{curve, {point.serial}}});
     editedField_ = sender;
     return true;
 }

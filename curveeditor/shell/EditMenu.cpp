@@ -45,20 +45,20 @@ void EditMenu::addToggle(const QString& text, const QString& key, const Conditio
 
 void EditMenu::addClipboard()
 {
-    const Condition canEdit = [this] {
-        return points_.canEdit();
+    const Condition canCopy = [this] {
+        return points_.canCopy();
     };
     const Condition canPaste = [this] {
         return points_.canPaste();
     };
     menu_->addSeparator();
-    add(tr("Cut points"), QStringLiteral("Ctrl+X"), canEdit, [this] { points_.cut(); });
-    add(tr("Copy points"), QStringLiteral("Ctrl+C"), canEdit, [this] { points_.copy(); });
+    add(tr("Cut points"), QStringLiteral("Ctrl+X"), canCopy, [this] { points_.cut(); });
+    add(tr("Copy points"), QStringLiteral("Ctrl+C"), canCopy, [this] { points_.copy(); });
     add(tr("Paste points at the time line"), QStringLiteral("Ctrl+V"), canPaste,
         [this] { points_.paste(false); });
     add(tr("Paste points where they were"), QStringLiteral("Ctrl+Shift+V"), canPaste,
         [this] { points_.paste(true); });
-    add(tr("Duplicate points"), QStringLiteral("Ctrl+D"), canEdit, [this] { points_.duplicate(); });
+    add(tr("Duplicate points"), QStringLiteral("Ctrl+D"), canCopy, [this] { points_.duplicate(); });
 }
 
 void EditMenu::addSelection()
@@ -66,6 +66,11 @@ void EditMenu::addSelection()
     const Condition canSelect = [this] {
         return points_.canSelect();
     };
+    menu_->addSeparator();
+    CanvasFunctionBase& curves = canvas_.canvas;
+    addToggle(
+        tr("Edit all curves at once"), QStringLiteral("A"), [&curves] { return curves.editsAllCurves(); },
+        [&curves](bool on) { curves.setEditsAllCurves(on); });
     menu_->addSeparator();
     add(tr("Select all points"), QStringLiteral("Ctrl+A"), canSelect, [this] { points_.selectAll(); });
     add(tr("Select no point"), QStringLiteral("Ctrl+Shift+A"), canSelect, [this] { points_.selectNone(); });

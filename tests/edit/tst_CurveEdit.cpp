@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/CurveEdit.h>
-#include <curveeditor/edit/Gesture.h>
+#include <curveeditor/edit/PointDrag.h>
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
@@ -99,7 +99,7 @@ private Q_SLOTS:
         f.door.begin("edit", {f.curve});
         edit(f);
         const CurveState after = f.curve->state();
-        QCOMPARE(f.door.commit(), before != after);
+        QCOMPARE(!f.door.commit().empty(), before != after);
         QTEST(f.stack().count(), "entries");
         QCOMPARE(f.reports.size(), f.stack().count());
         for (int round = 0; round < 2; ++round) {
@@ -137,7 +137,7 @@ private Q_SLOTS:
     {
         for (const bool isTakenBack : {false, true}) {
             Fixture f;
-            f.door.begin("drag", {f.curve}, {f.serial(1)});
+            f.door.begin("drag", {{f.curve, {f.serial(1)}}});
             f.spline.setPos(f.spline.modify(1u), 7.0);
             f.spline.addPoint(2.5, 5.0);
             f.spline.lastType = SplineBase::Zero;
@@ -154,7 +154,7 @@ private Q_SLOTS:
     {
         Fixture f;
         const CurveState before = f.curve->state();
-        const CurveEdit::Id id = f.door.begin("type", {f.curve}, {f.serial(1)});
+        const CurveEdit::Id id = f.door.begin("type", {{f.curve, {f.serial(1)}}});
         for (const double value : {5.0, 55.0}) {
             f.spline.setPos(f.spline.modify(1u), value);
             f.door.checkpoint();
@@ -169,7 +169,7 @@ private Q_SLOTS:
         QVERIFY(f.curve->state() == before && !f.door.isOpen(id));
         f.stack().redo();
         QCOMPARE(f.spline[1]->pos, 6.0);
-        f.door.begin("type", {f.curve}, {f.serial(1)});
+        f.door.begin("type", {{f.curve, {f.serial(1)}}});
         f.spline.setPos(f.spline.modify(1u), 7.0);
         f.door.checkpoint();
         f.door.cancel();
@@ -181,7 +181,7 @@ private Q_SLOTS:
     {
         Fixture f;
         f.move(1, 7.0);
-        f.door.begin("drag", {f.curve}, {f.serial(1)});
+        f.door.begin("drag", {{f.curve, {f.serial(1)}}});
         f.spline.setPos(f.spline.modify(1u), 9.0);
         f.stack().undo();
         QCOMPARE(f.spline[1]->pos, 1.0);
@@ -201,7 +201,7 @@ private Q_SLOTS:
             for (const bool isTyping : {false, true}) {
                 Fixture f;
                 f.move(1, 7.0);
-                f.door.begin("drag", {f.curve}, {f.serial(1)});
+                f.door.begin("drag", {{f.curve, {f.serial(1)}}});
                 f.spline.setPos(f.spline.modify(1), 9.0);
                 if (isTyping)
                     f.door.checkpoint();
@@ -217,13 +217,13 @@ private Q_SLOTS:
     void typingGoesOnAboveAForeignEntry()
     {
         Fixture f;
-        f.door.begin("type", {f.curve}, {f.serial(1)});
+        f.door.begin("type", {{f.curve, {f.serial(1)}}});
         f.spline.setPos(f.spline.modify(1), 2.0);
         f.door.checkpoint();
         f.stack().push(new QUndoCommand("host"));
         f.spline.setPos(f.spline.modify(1), 23.0);
         f.door.checkpoint();
-        QVERIFY(f.door.commit());
+        QVERIFY(!f.door.commit().empty());
         QCOMPARE(f.stack().count(), 3);
         for (const double value : {2.0, 2.0, 1.0}) {
             f.stack().undo();
@@ -234,12 +234,12 @@ private Q_SLOTS:
     void numberTypedBackIsTold()
     {
         Fixture f;
-        f.door.begin("type", {f.curve}, {f.serial(1)});
+        f.door.begin("type", {{f.curve, {f.serial(1)}}});
         for (const double value : {2.0, 1.0}) {
             f.spline.setPos(f.spline.modify(1), value);
             f.door.checkpoint();
         }
-        QVERIFY(!f.door.commit());
+        QVERIFY(f.door.commit().empty());
         QCOMPARE(f.reports, QStringList(2, "preview edit a.x"));
     }
 
@@ -327,19 +327,18 @@ private Q_SLOTS:
         const PlaneMapping view(0.0, 10.0, 0.0, 10.0, 100, 100);
         Selection selection;
         selection.selectAll({f.serial(1), f.serial(2)});
-        Gesture gesture;
-        gesture.beginAtPoints(f.spline, selection, SplineEdits::Part::Point, {1.0, 1.0});
+        PointDrag drag(f.spline, selection, SplineEdits::Part::Point, {1.0, 1.0}, true);
         const PointSerial first = f.serial(1);
         for (int i = 0; i < 1000; ++i)
-            gesture.step(f.spline, {1.0 + 0.1 * (i % 7), 1.0 / 3.0 * i}, false, view);
-        gesture.step(f.spline, {1.5, 1.5}, false, view);
+            drag.step(f.spline, {1.0 + 0.1 * (i % 7), 1.0 / 3.0 * i}, false, view);
+        drag.step(f.spline, {1.5, 1.5}, false, view);
         QCOMPARE(f.spline[1]->time, 1.5);
         QCOMPARE(f.spline[2]->pos, 4.5);
-        gesture.step(f.spline, {11.5, 1.5}, true, view);
+        drag.step(f.spline, {11.5, 1.5}, true, view);
         QCOMPARE(f.spline.findIndex(first, 0.0), 2);
         QCOMPARE(f.spline[2]->time, 7.5);
         f.spline.remove(f.spline[2]);
-        gesture.step(f.spline, {1.5, 1.5}, true, view);
+        drag.step(f.spline, {1.5, 1.5}, true, view);
         QCOMPARE(f.spline.getControlPointsNumber(), 3u);
     }
 };

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/PlaneMapping.h>
+#include <curveeditor/edit/SplineEdits.h>
+
+#include <vector>
+
+/// A drag of points of one curve, or of a handle of a point. It computes each step from where the points were at its
+/// beginning, so nothing accumulates. It names points by their serials and holds no pointer: between two steps the
+/// host may do anything. A value.
+class PointDrag
+{
+public:
+    /// A place in the plane.
+    struct Place
+    {
+        double time = 0.0;
+        double value = 0.0;
+    };
+
+    /// A drag of what is selected, pressed at `anchor`. If `keepsDistance`, the points keep their distances to the
+    /// mouse; else the single point goes to where the mouse is, or `part` of its tangents is aimed there.
+    PointDrag(const SplineBase& spline, const Selection& selection, SplineEdits::Part part,
+              const Place& anchor, bool keepsDistance);
+
+    /// Moves the points to where the mouse at `place` takes them, and gives the times at which the curve may
+    /// have changed by that. While `scaling`, points that keep their distance are multiplied about the origin of the
+    /// plane, by 5 for a drag across all of `view`; a change of `scaling` begins a new leg from where the points are.
+    TimeInterval step(SplineBase& spline, const Place& place, bool scaling, const PlaneMapping& view);
+
+    bool isAtTangent() const { return part_ != SplineEdits::Part::Point; }
+    bool keepsDistance() const { return keepsDistance_; }
+
+    /// The points that the drag moves.
+    std::vector<PointSerial> points() const;
+    /// Where they were when the leg began.
+    std::vector<Place> starts() const;
+
+private:
+    struct Point
+    {
+        PointSerial serial = 0;
+        Place start;       ///< at the begin of the leg
+        double near = 0.0; ///< the time at which it was seen last
+    };
+
+    void beginLeg(const SplineBase& spline, const Place& anchor, bool scaling);
+    Place target(const Point& point, const Place& place, const PlaneMapping& view) const;
+    static std::int32_t indexOf(const Point& point, const SplineBase& spline);
+    TimeInterval influence(const SplineBase& spline) const;
+    void aim(SplineBase& spline, const Place& place) const;
+
+    SplineEdits::Part part_;
+    bool keepsDistance_;
+    bool isScaling_ = false;
+    Place anchor_;
+    Place last_;
+    std::vector<Point> points_;
+};
