@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/PointCommands.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/SplineBase.h>
@@ -246,6 +247,22 @@ void dragOfAllPoints(benchmark::State& state)
     }
 }
 
+void dragOfAllCurves(benchmark::State& state)
+{
+    Scene scene;
+    scene.canvas().canvas.setEditsAllCurves(true);
+    PointCommands(scene.canvas().canvas).selectAll();
+    const QPoint start(800, 20);
+    scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
+    scene.show();
+    int step = 0;
+    for (auto _ : state) {
+        ++step;
+        scene.send(QEvent::MouseMove, start + QPoint(step % 50, step % 40), Qt::LeftButton);
+        scene.show();
+    }
+}
+
 void repaintOfAStableView(benchmark::State& state)
 {
     Scene scene;
@@ -354,6 +371,7 @@ BENCHMARK(press)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(release)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOfAllPoints)->Arg(pointCount)->Arg(40000)->Unit(benchmark::kMillisecond);
+BENCHMARK(dragOfAllCurves)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfAStableView)->Unit(benchmark::kMillisecond);
 BENCHMARK(tickOfTheTimeLine)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, smooth, Content())->Unit(benchmark::kMillisecond);

@@ -165,6 +165,13 @@ private Q_SLOTS:
             QCOMPARE(count(), step.selected);
             QVERIFY(s.showsWhatIsDrawnFromScratch());
         }
+        s.clickPoint();
+        QTest::keyPress(&s.canvas, Qt::Key_B);
+        s.drag(7.0, 0.0, 9.0, -2.0);
+        QTest::keyRelease(&s.canvas, Qt::Key_B);
+        QCOMPARE(count(), 2);
+        s.drag(8.5, 0.0, 9.0, 2.0);
+        QCOMPARE(count(), 0);
         s.editor.commandLine->setFocus();
         QTest::keyClick(s.editor.commandLine, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(count(), 0);

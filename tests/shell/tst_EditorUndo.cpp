@@ -163,6 +163,28 @@ private Q_SLOTS:
             QTest::keyRelease(&s.canvas, Qt::Key_Y);
             s.release(7.0, 2.0);
         });
+        row("drag at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
+            QTest::keyClick(&s.canvas, Qt::Key_A);
+            QTest::keyClick(&s.canvas, Qt::Key_A, Qt::ControlModifier);
+            s.drag(6.0, 2.0, 7.0, 1.0);
+            QVERIFY(qAbs(s.curves["a.y"].spline[1]->time - 6.0) < 0.05);
+        });
+        row("drag of a point of another curve", 1, {"a/y"}, [](Scene& s) {
+            s.clickPoint();
+            s.changes.clear();
+            s.canvas.canvas.setEditsAllCurves(true);
+            s.drag(5.0, -2.0, 6.0, 2.0);
+            QCOMPARE(s.current(), "a.y");
+            QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0);
+        });
+        row("commands at all curves", 2, {"a/z", "a/x", "a/y", "a/z", "a/x", "a/y"}, [](Scene& s) {
+            s.canvas.canvas.setCurrentCurve("a.z");
+            QTest::keyClick(&s.canvas, Qt::Key_A);
+            s.drag(4.0, 2.5, 9.0, -2.5);
+            QTest::keyClick(&s.canvas, Qt::Key_Up, Qt::AltModifier);
+            QTest::keyClick(&s.canvas, Qt::Key_Delete);
+            QCOMPARE(s.curves["a.y"].spline.getControlPointsNumber(), 1u);
+        });
         row("stepping", 0, x + x, [](Scene& s) {
             s.clickPoint();
             QTest::mouseClick(s.editor.nextNode, Qt::LeftButton);
