@@ -183,6 +183,8 @@ public:
     bool isBandHeld = false;
     /// Snapping, and the axis along which a drag of points moves; both act from the next step of a drag on.
     DragGuide guide;
+    /// Gives it what there is to snap to now, but for the points that move.
+    void prepareSnap(const std::vector<PointSerial>& moving);
 
     /// Ends a drag of points and typing on the node page, as release and leaving do, without a report of
     /// `curveHasChanged`. What hears of them may take curves away, so it comes before all else that edits, opens or
@@ -331,8 +333,8 @@ private:
                             const QString& many);
     CurveEdit::Curves editPoints(const std::vector<CurveNodeBase*>& nodes, const QString& one,
                                  const QString& many, const NodeWork& work);
-    void editPointsAndReport(const std::vector<CurveNodeBase*>& nodes, const QString& one, const QString& many,
-                             const NodeWork& work);
+    void editPointsAndReport(const std::vector<CurveNodeBase*>& nodes, const QString& one,
+                             const QString& many, const NodeWork& work);
     void editPointsQuietly(const QString& one, const QString& many, const NodeWork& work);
     void resetCurves(const std::vector<QPointer<CurveNodeBase>>& curves, const QString& text);
     bool canEditSelection();

@@ -270,6 +270,17 @@ void CanvasFunctionBase::beginDrag()
 void CanvasFunctionBase::beginGuide(bool keepsDistance)
 {
     Gesture& gesture = viewport_->gesture;
+    std::vector<PointSerial> moving;
+    for (const PointDrag& drag : gesture.drags()) {
+        const std::vector<PointSerial> points = drag.points();
+        moving.insert(moving.end(), points.begin(), points.end());
+    }
+    prepareSnap(moving);
+    guide.begin(gesture.grabbed(lastPlace_, viewport_->mapping()), lastPlace_, !keepsDistance);
+}
+
+void CanvasFunctionBase::prepareSnap(const std::vector<PointSerial>& moving)
+{
     guide.snap.fps = viewport_->fps;
     guide.snap.timeLine = viewport_->timeLine;
     guide.snap.setGridLines(grid_->times(*viewport_), grid_->values());
@@ -278,13 +289,7 @@ void CanvasFunctionBase::beginGuide(bool keepsDistance)
         if (curve->isSpline())
             splines.push_back(curve->getSpline());
     }
-    std::vector<PointSerial> moving;
-    for (const PointDrag& drag : gesture.drags()) {
-        const std::vector<PointSerial> points = drag.points();
-        moving.insert(moving.end(), points.begin(), points.end());
-    }
     guide.snap.setPoints(splines, moving);
-    guide.begin(gesture.grabbed(lastPlace_, viewport_->mapping()), lastPlace_, !keepsDistance);
 }
 
 void CanvasFunctionBase::dragSelection(const Gesture::Place& mouse, const MouseState& held)
@@ -300,8 +305,8 @@ void CanvasFunctionBase::dragSelection(const Gesture::Place& mouse, const MouseS
     std::vector<TimeInterval> touched;
     for (std::size_t i = 0; i < dragged_.size(); ++i) {
         ControlSplineNode& control = dragged_[i]->control();
-        touched.push_back(viewport_->gesture.drags()[i].step(*control.getSpline(), place, scaling,
-                                                             viewport_->mapping()));
+        touched.push_back(
+            viewport_->gesture.drags()[i].step(*control.getSpline(), place, scaling, viewport_->mapping()));
         Selection& selection = control.selection();
         if (selection.hasMultiple())
             selection.setCurrent(selection.listed().back());
@@ -385,14 +390,13 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event, bool isFocused)
     markStale(*current_);
     control.dropLostPoints();
     if (event->key() == Qt::Key_Delete) {
-        const auto nodes = current_->isSpline() ? selectedCurves() : std::vector{current_};
-        editPointsAndReport(nodes, tr("Delete a point of %1"), tr("Delete %1 points of %2"),
-                            [](ControlSplineNode& selected) {
-                                if (selected.getSpline())
-                                    SplineEdits::removePoints(*selected.getSpline(),
-                                                              selected.selection().edited());
-                                selected.selectOnly(nullptr);
-                            });
+        const auto nodes = current_->isSpline() || editsAllCurves_ ? selectedCurves() : std::vector{current_};
+        editPointsAndReport(
+            nodes, tr("Delete a point of %1"), tr("Delete %1 points of %2"), [](ControlSplineNode& selected) {
+                if (selected.getSpline())
+                    SplineEdits::removePoints(*selected.getSpline(), selected.selection().edited());
+                selected.selectOnly(nullptr);
+            });
     } else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
         if (isFocused || control.hasSelection())
             stepSelection(event->key() == Qt::Key_Right);
@@ -543,9 +547,11 @@ void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& 
 {
     if ((timeFactor == 1.0 && valueFactor == 1.0) || !canEditSelection())
         return;
-    editPointsQuietly(tr("Scale a point of %1"), tr("Scale %1 points of %2"), [&](ControlSplineNode& control) {
-        SplineEdits::scalePoints(*control.getSpline(), control.selection().edited(), timeFactor, valueFactor);
-    });
+    editPointsQuietly(tr("Scale a point of %1"), tr("Scale %1 points of %2"),
+                      [&](ControlSplineNode& control) {
+                          SplineEdits::scalePoints(*control.getSpline(), control.selection().edited(),
+                                                   timeFactor, valueFactor);
+                      });
 }
 
 void CanvasFunctionBase::panSelection(const double& timeOffset, const double& valueOffset)

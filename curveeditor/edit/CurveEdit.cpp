@@ -52,8 +52,7 @@ void CurveEdit::preview(const TimeInterval& touched, std::size_t curve)
     if (!isOpen_ || touched.isEmpty() || before_.empty())
         return;
     const Before& before = before_[curve];
-    history_.tell(
-        {before.curve, touched, EditReport::Phase::Preview, EditReport::Cause::Edit, before.own});
+    history_.tell({before.curve, touched, EditReport::Phase::Preview, EditReport::Cause::Edit, before.own});
 }
 
 void CurveEdit::checkpoint()

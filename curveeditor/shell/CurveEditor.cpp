@@ -96,6 +96,7 @@ void CurveEditor::connectWidgets()
     connect(&d_->functionEdit->canvas, &CanvasFunctionBase::edited, this, &CurveEditor::tellEdit);
     connect(&d_->functionEdit->canvas.door().history(), &EditHistory::stackChanged, this,
             &CurveEditor::showStepTexts);
+    connect(&d_->functionEdit->timeLineDrag, &TimeLineDrag::dragged, this, &CurveEditor::timeLineDragged);
     connect(d_->functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
     connect(d_->functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
 }
@@ -282,6 +283,11 @@ void CurveEditor::setMaxTime(const double& val)
 void CurveEditor::setViewGestures(bool on)
 {
     d_->functionEdit->viewGestures.setEnabled(on);
+}
+
+void CurveEditor::setTimeLineDraggable(bool on)
+{
+    d_->functionEdit->timeLineDrag.setEnabled(on);
 }
 
 void CurveEditor::setTimeLine(const double& val)

@@ -151,6 +151,9 @@ public:
 
     /// Whether wheel, touch pad, Space and the middle button move and zoom the view, as they do at first.
     void setViewGestures(bool on);
+    /// Whether the user may move the time line: by its foot at the lower edge of the canvas, and by the keys comma and
+    /// period. `timeLineDragged` tells where it is then. At first only the host moves it.
+    void setTimeLineDraggable(bool on);
     /// While the dialog is visible: the curve becomes a spline curve, the object in its variable is deleted, and
     /// the variable is null then. `function` is not read, and may be null; a curve that is not on the canvas is
     /// left alone. While the dialog is hidden: the object in `*function` is deleted, whatever the names are, and
@@ -333,6 +336,8 @@ Q_SIGNALS:
     void curveClosed(const QString& nodeName, const QString& curveName);
     /// Another curve is the current one now; both names are empty if there is none.
     void currentCurveChanged(const QString& nodeName, const QString& curveName);
+    /// The user has moved the time line, see `setTimeLineDraggable`. The slot may set it to another time.
+    void timeLineDragged(double time);
 
 protected:
     bool event(QEvent* event) override;

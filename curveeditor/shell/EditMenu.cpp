@@ -170,6 +170,13 @@ void EditMenu::addView()
     add(tr("Show all curves"), QStringLiteral("Home"), hasCurve, [this] { canvas_.canvas.showAllCurves(); });
     add(tr("Show selected points or the curve"), QStringLiteral("F"), hasCurve,
         [this] { canvas_.canvas.showSelection(); });
+    const Condition canDrag = [this] {
+        return canvas_.timeLineDrag.isEnabled();
+    };
+    add(tr("Time line a frame later"), QStringLiteral("."), canDrag,
+        [this] { canvas_.timeLineDrag.moveByFrames(1); });
+    add(tr("Time line a frame earlier"), QStringLiteral(","), canDrag,
+        [this] { canvas_.timeLineDrag.moveByFrames(-1); });
 }
 
 void EditMenu::updateEntries()

@@ -22,7 +22,7 @@ bool isPlainTab(const QKeyEvent& event)
 
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     : QWidget(parent), ViewPort(0, 0), canvas(this, editor), nodeForm(editor),
-      viewGestures(this, canvas, *this)
+      viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);

@@ -123,6 +123,7 @@ void DemoWindow::connectEditor()
             [this] { transport_->setRange(host_.getRange().timeMin, host_.getRange().timeMax); });
     connect(transport_, &Transport::timeChanged, this,
             [this](double time) { host_.getEditor().setTimeLine(time); });
+    connect(&host_.getEditor(), &CurveEditor::timeLineDragged, transport_, &Transport::setTime);
     connect(&host_.getEditor(), &CurveEditor::curveHasChanged, this, &DemoWindow::logChange);
 }
 

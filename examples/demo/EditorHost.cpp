@@ -30,6 +30,7 @@ EditorHost::EditorHost(CurveStore& store, QWidget* parent)
 {
     editor_->setFps(framesPerTimeUnit);
     editor_->setShowTime();
+    editor_->setTimeLineDraggable(true);
     setColors(*editor_);
     editor_->resize(editorSize);
     for (const auto& curve : store_.getCurves()) {

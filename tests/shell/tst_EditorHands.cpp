@@ -140,6 +140,38 @@ private Q_SLOTS:
         }
     }
 
+    void timeLineFollowsTheHandWhereTheHostAllowsIt()
+    {
+        Scene s;
+        QList<double> told;
+        connect(&s.editor, &CurveEditor::timeLineDragged, [&told](double time) { told.append(time); });
+        const int foot = s.canvas.pixelHeight - 4;
+        const auto dragFoot = [&s, foot](double time, bool cancels) {
+            s.mouse(QEvent::MouseButtonPress, {s.canvas.timeToPixel(s.canvas.timeLine) + 3, foot});
+            s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(time), 30});
+            if (cancels)
+                QTest::keyClick(&s.canvas, Qt::Key_Escape);
+            s.mouse(QEvent::MouseButtonRelease, {s.canvas.timeToPixel(time), 30});
+        };
+        s.editor.setTimeLine(2.0);
+        dragFoot(4.0, false);
+        QTest::keyClick(&s.canvas, Qt::Key_Period);
+        QCOMPARE(told.size(), 0);
+        s.editor.setTimeLineDraggable(true);
+        dragFoot(4.0, false);
+        QVERIFY(told.size() == 1 && qAbs(s.canvas.timeLine - 4.0) < 0.05);
+        dragFoot(100.0, true);
+        QCOMPARE(told.mid(1), (QList<double>{s.canvas.limitTimeMax, told[0]}));
+        s.canvas.canvas.guide.isSnapping = true;
+        dragFoot(6.02, false);
+        QCOMPARE(s.canvas.timeLine, 6.0);
+        QTest::keyClick(&s.canvas, Qt::Key_Comma);
+        QCOMPARE(told.last(), 6.0 - 1.0 / s.canvas.fps);
+        QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
+        s.press(5.0, 1.0); // the line can't be taken above its foot
+        QCOMPARE(s.canvas.canvas.currentControl()->currentIndex(), 1);
+    }
+
     void selectionFollowsTheKeys()
     {
         Scene s;

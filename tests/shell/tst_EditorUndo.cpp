@@ -177,7 +177,7 @@ private Q_SLOTS:
             QCOMPARE(s.current(), "a.y");
             QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0);
         });
-        row("commands at all curves", 2, {"a/z", "a/x", "a/y", "a/z", "a/x", "a/y"}, [](Scene& s) {
+        row("commands at all curves", 2, {"a/z", "a/z", "a/y", "a/x", "a/z", "a/y", "a/x"}, [](Scene& s) {
             s.canvas.canvas.setCurrentCurve("a.z");
             QTest::keyClick(&s.canvas, Qt::Key_A);
             s.drag(4.0, 2.5, 9.0, -2.5);
