@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/MouseState.h>
 #include <curveeditor/canvas/StepKey.h>
+#include <curveeditor/shell/CanvasAccessible.h>
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QKeyEvent>
@@ -38,6 +39,8 @@ FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     connect(&canvas.door().history(), &EditHistory::aboutToStep, &nodeForm, &TcbEditorForm::stopDrags);
     connect(&canvas, &CanvasFunctionBase::selectionChanged, this, &FunctionEditor::showSelection);
     setMouseTracking(true);
+    CanvasAccessible::install();
+    new CanvasAnnouncer(this);
 }
 
 FunctionEditor::~FunctionEditor() = default;

@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CanvasAccessible.h>
+
+#include <curveeditor/edit/SplineEdits.h>
+#include <curveeditor/shell/FunctionEditor.h>
+
+#include <QAccessibleActionInterface>
+#include <QPointer>
+
+#include <iterator>
+#include <utility>
+
+namespace {
+
+/// The current curve, if it is a spline.
+ControlSplineNode* splineOf(const FunctionEditor& canvas)
+{
+    ControlSplineNode* const control = canvas.canvas.currentControl();
+    return control && !canvas.canvas.isCurrentExpression() && control->getSpline() ? control : nullptr;
+}
+
+class PointAccessible : public QAccessibleInterface, public QAccessibleActionInterface
+{
+    Q_DECLARE_TR_FUNCTIONS(PointAccessible)
+
+public:
+    PointAccessible(FunctionEditor* canvas, PointSerial serial) : canvas_(canvas), serial_(serial) {}
+
+    PointSerial serial() const { return serial_; }
+
+    bool isValid() const override { return index() >= 0; }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return parent() ? parent()->window() : nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(canvas_); }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
+    QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    QString text(QAccessible::Text kind) const override;
+    QRect rect() const override;
+    QAccessible::State state() const override;
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
+    }
+    QStringList actionNames() const override { return {selectName(), deleteName()}; }
+    QString localizedActionName(const QString& name) const override { return tr(name.toUtf8().constData()); }
+    QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
+    void doAction(const QString& name) override;
+
+private:
+    static QString selectName() { return QStringLiteral(QT_TR_NOOP("Select")); }
+    static QString deleteName() { return QStringLiteral(QT_TR_NOOP("Delete")); }
+    int index() const;
+    const SplineBase::PointInfo* point() const;
+
+    QPointer<FunctionEditor> canvas_;
+    PointSerial serial_;
+};
+
+int PointAccessible::index() const
+{
+    const ControlSplineNode* const control = canvas_ ? splineOf(*canvas_) : nullptr;
+    return control ? indicesOf({serial_}, *control->getSpline()).front() : -1;
+}
+
+const SplineBase::PointInfo* PointAccessible::point() const
+{
+    const int present = index();
+    return present < 0 ? nullptr : splineOf(*canvas_)->pointAt(present);
+}
+
+QString PointAccessible::text(QAccessible::Text kind) const
+{
+    const SplineBase::PointInfo* const present = point();
+    if (!present)
+        return {};
+    const QString value = QString::number(present->pos);
+    if (kind == QAccessible::Value)
+        return value;
+    if (kind == QAccessible::Description) {
+        const QString types[] = {tr("Tcb point"), tr("Bezier point"), tr("Linear point")};
+        const int type = present->type;
+        return type == SplineBase::Tcb ? types[0] : types[type == SplineBase::Bezier ? 1 : 2];
+    }
+    if (kind != QAccessible::Name)
+        return {};
+    const double time = canvas_->isShowFrames() ? present->time * canvas_->fps : present->time;
+    const QString name = canvas_->isShowFrames() ? tr("Point %1 of %2, frame %3, value %4")
+                                                 : tr("Point %1 of %2, time %3, value %4");
+    return name.arg(index() + 1).arg(splineOf(*canvas_)->pointCount()).arg(QString::number(time), value);
+}
+
+QRect PointAccessible::rect() const
+{
+    const SplineBase::PointInfo* const present = point();
+    if (!present)
+        return {};
+    QRect marker(0, 0, 9, 9);
+    marker.moveCenter({canvas_->timeToPixel(present->time), canvas_->valueToPixel(present->pos)});
+    return marker.translated(canvas_->mapToGlobal(QPoint()));
+}
+
+QAccessible::State PointAccessible::state() const
+{
+    QAccessible::State state;
+    const SplineBase::PointInfo* const present = point();
+    state.invalid = !present;
+    if (!present)
+        return state;
+    const ControlSplineNode& control = *splineOf(*canvas_);
+    state.selectable = state.multiSelectable = state.focusable = true;
+    state.selected = control.isSelected(present);
+    state.focused = canvas_->hasFocus() && control.hasSingleSelection() && state.selected;
+    state.offscreen = !canvas_->rect().contains(canvas_->mapFromGlobal(rect().center()));
+    return state;
+}
+
+void PointAccessible::doAction(const QString& name)
+{
+    const QPointer<FunctionEditor> canvas(canvas_);
+    if (!point())
+        return;
+    canvas->canvas.settle();
+    if (!canvas || !point())
+        return;
+    splineOf(*canvas)->selectOnly(point());
+    if (name == deleteName())
+        canvas->canvas.editSelection(tr("Delete a point of %1"), tr("Delete %1 points of %2"),
+                                     &SplineEdits::removePoints);
+    if (!canvas)
+        return;
+    canvas->showSelection(true);
+    canvas->canvas.paint();
+}
+
+QAccessibleInterface* makeInterface(const QString& className, QObject* object)
+{
+    auto* const canvas =
+        className == QLatin1String("FunctionEditor") ? qobject_cast<FunctionEditor*>(object) : nullptr;
+    return canvas ? new CanvasAccessible(canvas) : nullptr;
+}
+
+} // namespace
+
+CanvasAccessible::CanvasAccessible(FunctionEditor* canvas)
+    : QAccessibleWidget(canvas, QAccessible::Canvas), canvas_(canvas)
+{
+}
+
+CanvasAccessible::~CanvasAccessible()
+{
+    for (const auto& [point, id] : points_)
+        QAccessible::deleteAccessibleInterface(id);
+}
+
+void CanvasAccessible::install()
+{
+    QAccessible::installFactory(&makeInterface);
+}
+
+int CanvasAccessible::childCount() const
+{
+    const ControlSplineNode* const control = splineOf(*canvas_);
+    return control ? control->pointCount() : 0;
+}
+
+QAccessibleInterface* CanvasAccessible::child(int index) const
+{
+    const ControlSplineNode* const control = splineOf(*canvas_);
+    const SplineBase::PointInfo* const point = control ? control->pointAt(index) : nullptr;
+    return point ? childOf(point->serial) : nullptr;
+}
+
+QAccessibleInterface* CanvasAccessible::childOf(PointSerial point) const
+{
+    const auto known = points_.find(point);
+    if (known != points_.end())
+        return QAccessible::accessibleInterface(known->second);
+    forgetLostPoints();
+    auto* const made = new PointAccessible(canvas_, point);
+    points_.emplace(point, QAccessible::registerAccessibleInterface(made));
+    return made;
+}
+
+/// Now and then, so that it costs little.
+void CanvasAccessible::forgetLostPoints() const
+{
+    constexpr std::size_t few = 64;
+    if (points_.size() < few + 2 * std::size_t(childCount()))
+        return;
+    for (auto entry = points_.begin(); entry != points_.end();) {
+        const QAccessibleInterface* const point = QAccessible::accessibleInterface(entry->second);
+        const bool isLost = !point || !point->isValid();
+        if (isLost)
+            QAccessible::deleteAccessibleInterface(entry->second);
+        entry = isLost ? points_.erase(entry) : std::next(entry);
+    }
+}
+
+int CanvasAccessible::indexOfChild(const QAccessibleInterface* child) const
+{
+    const auto* const point = dynamic_cast<const PointAccessible*>(child);
+    const ControlSplineNode* const control = splineOf(*canvas_);
+    return point && control ? indicesOf({point->serial()}, *control->getSpline()).front() : -1;
+}
+
+QAccessibleInterface* CanvasAccessible::childAt(int x, int y) const
+{
+    if (!splineOf(*canvas_))
+        return nullptr;
+    const QPoint pixel = canvas_->mapFromGlobal(QPoint(x, y));
+    const CanvasSpline::Hit hit = canvas_->canvas.currentSpline()->hitTest(pixel, {});
+    return hit.point != 0 ? childOf(hit.point) : nullptr;
+}
+
+QAccessibleInterface* CanvasAccessible::focusChild() const
+{
+    const ControlSplineNode* const control = splineOf(*canvas_);
+    const SplineBase::PointInfo* const point =
+        control && canvas_->hasFocus() ? control->getCurrent() : nullptr;
+    return point ? childOf(point->serial) : nullptr;
+}
+
+QString CanvasAccessible::text(QAccessible::Text kind) const
+{
+    const CanvasFunctionBase& curves = canvas_->canvas;
+    if (kind == QAccessible::Name)
+        return curves.noCurrentCurve() ? tr("Canvas without a curve")
+                                       : tr("Canvas, curve %1").arg(curves.getCurrentCurveName());
+    if (kind != QAccessible::Description || curves.noCurrentCurve())
+        return QAccessibleWidget::text(kind);
+    if (const ControlSplineNode* const control = splineOf(*canvas_))
+        return tr("%1 points, %2 selected")
+            .arg(control->pointCount())
+            .arg(control->selection().edited().size());
+    return tr("Formula %1").arg(curves.getCurrentExpressionText());
+}
+
+CanvasAnnouncer::CanvasAnnouncer(FunctionEditor* canvas) : QObject(canvas), canvas_(canvas)
+{
+    connect(canvas, &FunctionEditor::selectionShown, this, &CanvasAnnouncer::announce);
+    connect(&canvas->canvas, &CanvasFunctionBase::edited, this, [this](const EditReport& report) {
+        if (report.phase == EditReport::Phase::Commit)
+            announce();
+    });
+}
+
+void CanvasAnnouncer::announce()
+{
+    QAccessibleInterface* const all = QAccessible::queryAccessibleInterface(canvas_);
+    if (canvas_->gesture.isAtPoints() || !all)
+        return;
+    const ControlSplineNode* const control = splineOf(*canvas_);
+    const SplineBase::PointInfo* const point = control ? control->getCurrent() : nullptr;
+    const PointSerial serial = point && control->hasSingleSelection() ? point->serial : 0;
+    QAccessibleInterface* const one = serial != 0 ? all->child(control->currentIndex()) : nullptr;
+    const QString place = one ? one->text(QAccessible::Name) : QString();
+    const QString canvas = all->text(QAccessible::Name) + all->text(QAccessible::Description);
+    if (std::exchange(toldCanvas_, canvas) != canvas) {
+        send(QAccessible::NameChanged, all);
+        send(QAccessible::DescriptionChanged, all);
+    }
+    const bool isAnother = std::exchange(toldPoint_, serial) != serial;
+    const bool hasMoved = std::exchange(toldPlace_, place) != place;
+    if (!one)
+        return;
+    if (isAnother)
+        send(QAccessible::Selection, one);
+    if (isAnother && canvas_->hasFocus())
+        send(QAccessible::Focus, one);
+    else if (hasMoved)
+        send(QAccessible::NameChanged, one);
+}
+
+void CanvasAnnouncer::send(QAccessible::Event kind, QAccessibleInterface* about)
+{
+    QAccessibleEvent event(about, kind);
+    QAccessible::updateAccessibility(&event);
+    Q_EMIT announced(kind, about->text(QAccessible::Name));
+}
