@@ -171,9 +171,12 @@ int CanvasAccessible::childCount() const
 
 QAccessibleInterface* CanvasAccessible::child(int index) const
 {
-    const ControlSplineNode* const control = splineOf(*canvas_);
-    const SplineBase::PointInfo* const point = control ? control->pointAt(index) : nullptr;
-    return point ? childOf(point->serial) : nullptr;
+    ControlSplineNode* const control = splineOf(*canvas_);
+    if (!control || !control->pointAt(index))
+        return nullptr;
+    if (control->pointAt(index)->serial == 0) // as a host has written it
+        control->dropLostPoints();
+    return childOf(control->pointAt(index)->serial);
 }
 
 QAccessibleInterface* CanvasAccessible::childOf(PointSerial point) const
@@ -273,7 +276,7 @@ void CanvasAnnouncer::announce()
         send(QAccessible::Selection, one);
     if (isAnother && canvas_->hasFocus())
         send(QAccessible::Focus, one);
-    else if (hasMoved)
+    if (hasMoved && !isAnother)
         send(QAccessible::NameChanged, one);
 }
 
