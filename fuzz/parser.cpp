@@ -34,7 +34,7 @@ public:
     OddNames()
     {
         for (const char* name : {"a.x", "a.x-2", "2*a.x", "cam-1.x (left)", "e", "5.2", "cos", "cos(t)-a.x",
-                                 "1e2.x", "gr\xc3\xbc\xc3\x9f.x"})
+                                 "1e2.x", "=a.x", "==t", "max(t", "pi-t", "gr\xc3\xbc\xc3\x9f.x"})
             addName(name);
         FunctionParserBase::instance()->setVarMapper(this);
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <curveeditor/model/ExpressionArithmetic.h>
 #include <curveeditor/model/ExpressionProgram.h>
 
 #include <cmath>
@@ -175,6 +176,27 @@ double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* 
         return below;
     case Code::Less:
         forEachPair(below, top, count, [](double x, double y) { return x < y ? 1.0 : 0.0; });
+        return below;
+    case Code::GreaterOrEqual:
+        forEachPair(below, top, count, [](double x, double y) { return x >= y ? 1.0 : 0.0; });
+        return below;
+    case Code::LessOrEqual:
+        forEachPair(below, top, count, [](double x, double y) { return x <= y ? 1.0 : 0.0; });
+        return below;
+    case Code::Equal:
+        forEachPair(below, top, count, [](double x, double y) { return x == y ? 1.0 : 0.0; });
+        return below;
+    case Code::NotEqual:
+        forEachPair(below, top, count, [](double x, double y) { return x != y ? 1.0 : 0.0; });
+        return below;
+    case Code::Minimum:
+        forEachPair(below, top, count, [](double x, double y) { return minimum(x, y); });
+        return below;
+    case Code::Maximum:
+        forEachPair(below, top, count, [](double x, double y) { return maximum(x, y); });
+        return below;
+    case Code::Modulo:
+        forEachPair(below, top, count, [](double x, double y) { return flooredModulo(x, y); });
         return below;
     case Code::Choose:
         choose(below - stride, below, top, count);

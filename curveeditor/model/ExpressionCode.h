@@ -12,6 +12,10 @@ enum class ExpressionCode : std::uint8_t {
     Multiply,
     Divide,
     Power,
+    GreaterOrEqual,
+    LessOrEqual,
+    Equal,
+    NotEqual,
     Greater,
     Less,
     Cos,
@@ -33,6 +37,9 @@ enum class ExpressionCode : std::uint8_t {
     Floor,
     BesselJ0,
     BesselJ1,
+    Minimum,
+    Maximum,
+    Modulo,
     Choose,
 
     // Only in programs: operands, and operations with one constant operand c.

@@ -15,6 +15,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <system_error>
 
 namespace {
@@ -31,6 +32,11 @@ bool isOpen(const TokenRule& rule)
 bool isIndependent(std::string_view name)
 {
     return name.size() == 1 && (toLowerAscii(name[0]) == 't' || toLowerAscii(name[0]) == 'f');
+}
+
+bool isPi(std::string_view name)
+{
+    return name.size() == 2 && toLowerAscii(name[0]) == 'p' && toLowerAscii(name[1]) == 'i';
 }
 
 } // namespace
@@ -81,37 +87,62 @@ void ExpressionParser::skipBlanks()
         ++position_;
 }
 
+std::size_t ExpressionParser::knownNameLength(std::string_view text) const
+{
+    const ParserVarMapper* const mapper = variables_.getVarMapper();
+    return mapper ? mapper->getNameLength(text) : 0;
+}
+
 bool ExpressionParser::hasOpenGroup() const
 {
     return std::any_of(pending_.begin(), pending_.end(),
                        [](const Pending& pending) { return isOpen(*pending.rule); });
 }
 
+// A comparison of two characters ends where a name begins that is known with the second of them, or with both.
+const TokenRule* ExpressionParser::findSymbol() const
+{
+    const auto find = valueExpected_ ? findSymbolForValue : findSymbolBehindValue;
+    const TokenRule* const rule = find(rest());
+    if (!rule || rule->text.size() == 1)
+        return rule;
+    const TokenRule* const shorter = find(rest().substr(0, 1));
+    return knownNameLength(rest().substr(shorter ? 1 : 0)) > 0 ? shorter : rule;
+}
+
+void ExpressionParser::passOperator(std::size_t length)
+{
+    lastOperator_ = position_;
+    lastOperatorLength_ = length;
+    position_ += length;
+}
+
 void ExpressionParser::readForValue()
 {
-    const TokenRule* const rule = findSymbolForValue(text_[position_]);
+    const TokenRule* const rule = findSymbol();
     if (!rule) {
         readValue();
     } else if (rule->role == TokenRole::Sign) {
         if (rule->operandCount > 0)
             pending_.push_back({rule, position_, 0});
-        lastOperator_ = position_++;
+        passOperator(1);
     } else if (rule->role == TokenRole::Open) {
         pushOpen(*rule);
     } else {
         const bool noPartner = rule->role == TokenRole::Close && !hasOpenGroup();
-        fail(noPartner ? ParseMessage::UnmatchedParenthesis : ParseMessage::OtherError, position_, 1);
+        fail(noPartner ? ParseMessage::UnmatchedParenthesis : ParseMessage::OtherError, position_,
+             rule->text.size());
     }
 }
 
 void ExpressionParser::readBehindValue()
 {
-    const TokenRule* const rule = findSymbolBehindValue(text_[position_]);
+    const TokenRule* const rule = findSymbol();
     if (!rule) {
         readValue();
     } else if (rule->role == TokenRole::Infix) {
         pushInfix(*rule);
-        lastOperator_ = position_++;
+        passOperator(rule->text.size());
     } else if (rule->role == TokenRole::Open) {
         pushOpen(*rule);
     } else if (rule->role == TokenRole::Close) {
@@ -123,12 +154,12 @@ void ExpressionParser::readBehindValue()
 
 void ExpressionParser::readValue()
 {
-    const ParserVarMapper* const mapper = variables_.getVarMapper();
-    const std::size_t known = mapper ? mapper->getNameLength(rest()) : 0;
+    const std::size_t known = knownNameLength(rest());
     const std::size_t number = numberLength(rest());
     const std::size_t name = number > 0 ? 0 : nameLength(rest());
     const TokenRule* const function = functionFollows(name) ? findFunction(rest().substr(0, name)) : nullptr;
-    const bool builtIn = number > 0 || function || isIndependent(rest().substr(0, name));
+    const bool firmFunction = function && !function->yieldsToNames;
+    const bool builtIn = number > 0 || firmFunction || isIndependent(rest().substr(0, name));
     const bool parenthesisFollows = function && rest()[name] == '(';
 
     if (known > (builtIn ? std::max(number, name) + parenthesisFollows : 0)) {
@@ -193,6 +224,11 @@ void ExpressionParser::readName(std::size_t length)
     if (isIndependent(name)) {
         message_.text[position_] = toLowerAscii(name[0]);
         pushVariable(variables_.getKey(std::string(name)), false);
+    } else if (isPi(name)) {
+        std::copy_n(FunctionFloatConstant::pi.begin(), length,
+                    message_.text.begin() + std::ptrdiff_t(position_));
+        values_.emplace_back(new FunctionFloatConstant(std::numbers::pi, FunctionFloatConstant::pi));
+        valueExpected_ = false;
     } else {
         addError(ParseMessage::UnknownVariable, position_, length);
         values_.emplace_back(new FunctionFloatConstant(0.0, "0"));
@@ -252,7 +288,7 @@ void ExpressionParser::separate()
         return;
     }
     valueExpected_ = true;
-    lastOperator_ = position_++;
+    passOperator(1);
 }
 
 void ExpressionParser::close()
@@ -318,7 +354,7 @@ void ExpressionParser::finish()
     } else if (lastOperator_ == nowhere) {
         fail(ParseMessage::OtherError, 0, 0);
     } else {
-        fail(ParseMessage::OtherError, lastOperator_, 1);
+        fail(ParseMessage::OtherError, lastOperator_, lastOperatorLength_);
     }
 }
 

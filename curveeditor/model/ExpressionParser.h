@@ -34,10 +34,13 @@ private:
     };
 
     std::string_view rest() const { return text_.substr(position_); }
+    std::size_t knownNameLength(std::string_view text) const;
     bool hasOpenGroup() const;
     bool functionFollows(std::size_t length) const;
     void skipBlanks();
 
+    const TokenRule* findSymbol() const;
+    void passOperator(std::size_t length);
     void readForValue();
     void readBehindValue();
     void readValue();
@@ -66,6 +69,7 @@ private:
     std::string_view text_;
     std::size_t position_ = 0;
     std::size_t lastOperator_;
+    std::size_t lastOperatorLength_ = 0;
     bool valueExpected_ = true;
     bool failed_ = false;
     std::vector<Pending> pending_;

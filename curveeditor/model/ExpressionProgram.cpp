@@ -2,6 +2,7 @@
 #include <curveeditor/model/ExpressionProgram.h>
 
 #include <curveeditor/model/EvaluationTime.h>
+#include <curveeditor/model/ExpressionArithmetic.h>
 #include <curveeditor/model/ExpressionFusion.h>
 #include <curveeditor/model/FunctionFloatConstant.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
@@ -165,6 +166,27 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
         case Code::Less:
             x = *--top < x ? 1.0 : 0.0;
             break;
+        case Code::GreaterOrEqual:
+            x = *--top >= x ? 1.0 : 0.0;
+            break;
+        case Code::LessOrEqual:
+            x = *--top <= x ? 1.0 : 0.0;
+            break;
+        case Code::Equal:
+            x = *--top == x ? 1.0 : 0.0;
+            break;
+        case Code::NotEqual:
+            x = *--top != x ? 1.0 : 0.0;
+            break;
+        case Code::Minimum:
+            x = minimum(*--top, x);
+            break;
+        case Code::Maximum:
+            x = maximum(*--top, x);
+            break;
+        case Code::Modulo:
+            x = flooredModulo(*--top, x);
+            break;
         case Code::Choose:
             top -= 2;
             x = top[0] != 0.0 ? top[1] : x;
@@ -294,6 +316,23 @@ bool takesSign(Code code)
     return code == Code::MultiplyConstant || code == Code::DivideByConstant || code == Code::DivideConstant;
 }
 
+// With one constant operand, the others take it from the stack.
+bool hasFormWithConstant(Code code)
+{
+    switch (code) {
+    case Code::Add:
+    case Code::Subtract:
+    case Code::Multiply:
+    case Code::Divide:
+    case Code::Power:
+    case Code::Greater:
+    case Code::Less:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool isOperand(Code code)
 {
     return code == Code::Constant || code == Code::Variable || code == Code::MappedVariable;
@@ -420,8 +459,9 @@ private:
     {
         tasks_.push_back({Step::Finish, &operation});
         const std::size_t count = operation.getOperandCount();
+        const bool loadsConstants = count > 1 && !hasFormWithConstant(operation.getCode());
         for (std::size_t i = count; i-- > 0;) {
-            if (count == 3)
+            if (loadsConstants)
                 tasks_.push_back({Step::Load, nullptr});
             tasks_.push_back({Step::Begin, operation.getOperand(i)});
         }

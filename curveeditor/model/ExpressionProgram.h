@@ -9,7 +9,7 @@
 
 class FunctionFloatOperation;
 
-/// An expression as a flat list of instructions for a machine with a stack. Operations without variables are
+/// An expression as a flat list of instructions for a machine with a stack. Arithmetic without variables is
 /// computed once, when the program is made. Holds keys of the parser and nothing of the tree. Running it
 /// changes nothing in it: it may be run again while it runs, which happens when a host's own variable
 /// evaluates the expression that reads it.

@@ -11,7 +11,7 @@ namespace {
 using Code = ExpressionCode;
 using Role = TokenRole;
 
-// What makes no node, then the rest in the order of ExpressionCode.
+// What makes no node, then the rest in the order of ExpressionCode. A symbol stands above those that begin it.
 constexpr std::array rules{
     TokenRule{"+", Role::Sign},
     TokenRule{"(", Role::Open},
@@ -23,6 +23,10 @@ constexpr std::array rules{
     TokenRule{"*", Role::Infix, Code::Multiply, 2, 3},
     TokenRule{"/", Role::Infix, Code::Divide, 2, 3},
     TokenRule{"^", Role::Infix, Code::Power, 2, 5, true},
+    TokenRule{">=", Role::Infix, Code::GreaterOrEqual, 2, 1},
+    TokenRule{"<=", Role::Infix, Code::LessOrEqual, 2, 1},
+    TokenRule{"==", Role::Infix, Code::Equal, 2, 1},
+    TokenRule{"!=", Role::Infix, Code::NotEqual, 2, 1},
     TokenRule{">", Role::Infix, Code::Greater, 2, 1},
     TokenRule{"<", Role::Infix, Code::Less, 2, 1},
     TokenRule{"cos", Role::Function, Code::Cos, 1},
@@ -44,6 +48,9 @@ constexpr std::array rules{
     TokenRule{"floor", Role::Function, Code::Floor, 1},
     TokenRule{"j0", Role::Function, Code::BesselJ0, 1},
     TokenRule{"j1", Role::Function, Code::BesselJ1, 1},
+    TokenRule{"min", Role::Function, Code::Minimum, 2, 0, false, true},
+    TokenRule{"max", Role::Function, Code::Maximum, 2, 0, false, true},
+    TokenRule{"mod", Role::Function, Code::Modulo, 2, 0, false, true},
     TokenRule{"if", Role::Function, Code::Choose, 3},
 };
 
@@ -62,12 +69,12 @@ constexpr bool standsInOrderOfCodes()
 }
 static_assert(standsInOrderOfCodes());
 
-const TokenRule* findSymbol(char symbol, Role excluded)
+const TokenRule* findSymbol(std::string_view text, Role excluded)
 {
-    if (isNameByte(symbol))
+    if (isNameByte(text.front()))
         return nullptr;
     const auto fits = [=](const TokenRule& rule) {
-        return rule.text.front() == symbol && rule.role != excluded;
+        return rule.text.front() == text.front() && rule.role != excluded && text.starts_with(rule.text);
     };
     const auto rule = std::find_if(symbols.begin(), symbols.end(), fits);
     return rule == symbols.end() ? nullptr : &*rule;
@@ -80,15 +87,15 @@ std::size_t digitsLength(std::string_view text)
 
 } // namespace
 
-const TokenRule* findSymbolForValue(char symbol)
+const TokenRule* findSymbolForValue(std::string_view text)
 {
-    const TokenRule* const sign = findSymbol(symbol, Role::Infix);
-    return sign ? sign : findSymbol(symbol, Role::Sign);
+    const TokenRule* const sign = findSymbol(text, Role::Infix);
+    return sign ? sign : findSymbol(text, Role::Sign);
 }
 
-const TokenRule* findSymbolBehindValue(char symbol)
+const TokenRule* findSymbolBehindValue(std::string_view text)
 {
-    return findSymbol(symbol, Role::Sign);
+    return findSymbol(text, Role::Sign);
 }
 
 const TokenRule* findFunction(std::string_view name)

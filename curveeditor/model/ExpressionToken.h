@@ -25,11 +25,13 @@ struct TokenRule
     std::size_t operandCount = 0;
     int tightness = 0; ///< of operators: the higher binds its operands first
     bool rightToLeft = false;
+    bool yieldsToNames = false; ///< a known name that begins with the function goes before it
 };
 
-/// The operator or mark that `symbol` stands for, where a value is expected or behind one; null for none.
-const TokenRule* findSymbolForValue(char symbol);
-const TokenRule* findSymbolBehindValue(char symbol);
+/// The operator or mark with which `text` begins, where a value is expected or behind one; the longest, null for
+/// none.
+const TokenRule* findSymbolForValue(std::string_view text);
+const TokenRule* findSymbolBehindValue(std::string_view text);
 
 /// The function of that name, null for none.
 const TokenRule* findFunction(std::string_view name);

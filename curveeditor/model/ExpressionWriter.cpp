@@ -2,6 +2,7 @@
 #include <curveeditor/model/ExpressionWriter.h>
 
 #include <curveeditor/model/ExpressionToken.h>
+#include <curveeditor/model/FunctionFloatConstant.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
@@ -16,8 +17,8 @@ constexpr int tightnessOfValues = 1000;
 // What ends a value in parentheses: the first of these with which it is no beginning of a longer name. They
 // keep the value to the last bit.
 constexpr std::array<std::string_view, 4> guardsOfValues{")", "*1)", "/1.)", "^1e0)"};
-// The argument of a function gets parentheses, then a sign instead.
-constexpr std::size_t functionGuardCount = 2;
+// The first argument of a function, or what a comparison stands before, gets parentheses, then a sign instead.
+constexpr std::size_t operationGuardCount = 2;
 
 // A guard may hide what stands before it, and so on to the beginning. From then on all is guarded at once.
 constexpr int longestChainOfGuards = 8;
@@ -70,7 +71,9 @@ void ExpressionWriter::writeOnce()
     while (!pieces_.empty()) {
         const Piece piece = pieces_.back();
         pieces_.pop_back();
-        if (!piece.node) {
+        if (!piece.text.empty()) {
+            if (piece.node)
+                starts_.push_back({piece.node, text_.size() + piece.text.find_first_of("=!"), 0});
             text_ += piece.text;
         } else if (const FunctionFloatOperation* const operation = FunctionFloatOperation::of(*piece.node)) {
             writeOperation(*operation);
@@ -82,10 +85,12 @@ void ExpressionWriter::writeOnce()
 
 void ExpressionWriter::writeValue(const FunctionFloatBase& value)
 {
+    const FunctionFloatConstant* const constant = value.getConstantRef();
+    const std::string_view text = constant ? constant->getWritten() : std::string_view(value.text);
     const std::size_t guards = guardsOf(value);
     text_ += guards > 0 ? "(" : "";
-    starts_.push_back({&value, text_.size(), value.text.size()});
-    text_ += value.text;
+    starts_.push_back({&value, text_.size(), text.size()});
+    text_ += text;
     if (guards == 0)
         return;
     const std::string_view guard = guardsOfValues[guards - 1];
@@ -103,10 +108,18 @@ void ExpressionWriter::writeOperation(const FunctionFloatOperation& operation)
         text_ += rule.text;
         putOperand(*operation.getOperand(0), tightnessOf(*operation.getOperand(0)) < rule.tightness);
     } else {
-        putOperand(*operation.getOperand(1), rightNeedsParentheses(rule, *operation.getOperand(1)));
-        putText(rule.text);
-        putOperand(*operation.getOperand(0), leftNeedsParentheses(rule, *operation.getOperand(0)));
+        writeInfix(operation, rule);
     }
+}
+
+void ExpressionWriter::writeInfix(const FunctionFloatOperation& operation, const TokenRule& rule)
+{
+    const std::size_t guards = guardsOf(operation);
+    const FunctionFloatBase& right = *operation.getOperand(1);
+    putOperand(right, guards == 1 || rightNeedsParentheses(rule, right));
+    putText(guards == operationGuardCount ? "+" : "");
+    pieces_.push_back({rule.text.size() > 1 ? &operation : nullptr, rule.text});
+    putOperand(*operation.getOperand(0), leftNeedsParentheses(rule, *operation.getOperand(0)));
 }
 
 void ExpressionWriter::writeFunction(const FunctionFloatOperation& operation, const TokenRule& rule)
@@ -120,13 +133,14 @@ void ExpressionWriter::writeFunction(const FunctionFloatOperation& operation, co
     }
     const std::size_t guards = guardsOf(operation);
     putOperand(*operation.getOperand(0), guards == 1);
-    putText(guards == functionGuardCount ? "+" : "");
+    putText(guards == operationGuardCount ? "+" : "");
     putText("(");
 }
 
 void ExpressionWriter::putText(std::string_view text)
 {
-    pieces_.push_back({nullptr, text});
+    if (!text.empty())
+        pieces_.push_back({nullptr, text});
 }
 
 void ExpressionWriter::putOperand(const FunctionFloatBase& operand, bool inParentheses)
@@ -161,7 +175,7 @@ bool ExpressionWriter::guardHiddenStarts(bool guardAll)
     for (const Start& start : starts_) {
         const std::size_t guards = guardsOf(*start.node);
         const std::size_t most =
-            FunctionFloatOperation::of(*start.node) ? functionGuardCount : guardsOfValues.size();
+            FunctionFloatOperation::of(*start.node) ? operationGuardCount : guardsOfValues.size();
         if (guards < most && (isHidden(start) || (guardAll && guards == 0))) {
             guards_[start.node] = guards + 1;
             guardedAny = true;

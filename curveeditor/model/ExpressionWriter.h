@@ -22,8 +22,8 @@ public:
 private:
     struct Piece
     {
-        const FunctionFloatBase* node; // null for a piece of text
-        std::string_view text;
+        const FunctionFloatBase* node; // null for a mere piece of text
+        std::string_view text;         // with a node, its sign, which names may hide
     };
     struct Start
     {
@@ -35,13 +35,14 @@ private:
     void writeOnce();
     void writeValue(const FunctionFloatBase& value);
     void writeOperation(const FunctionFloatOperation& operation);
+    void writeInfix(const FunctionFloatOperation& operation, const TokenRule& rule);
     void writeFunction(const FunctionFloatOperation& operation, const TokenRule& rule);
 
     // What is put last is written first.
     void putText(std::string_view text);
     void putOperand(const FunctionFloatBase& operand, bool inParentheses);
 
-    // Finds values and functions that would be read as a longer known name, together with what follows them:
+    // Finds values, functions and comparisons that would be read as a longer known name, together with what follows them:
     // with "a.x" and "a.x-2" known, the difference of a.x and 2 is written (a.x)-2. Each gets its next guard,
     // and if `guardAll` then so does all that has none. Returns true if there are new ones.
     bool guardHiddenStarts(bool guardAll);

@@ -3,7 +3,7 @@
 
 #include <curveeditor/model/FunctionFloatOperation.h>
 
-/// An operator between two operands; a product without an operator is one too.
+/// An operator between two operands, or a function of two arguments; a product without an operator is one too.
 class CURVEEDITOR_EXPORT FunctionFloatBinary : public FunctionFloatOperation
 {
 public:

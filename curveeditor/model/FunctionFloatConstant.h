@@ -4,12 +4,16 @@
 #include <curveeditor/model/FunctionFloatBase.h>
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
-/// A number. `text` is the number as it was typed.
+/// A number. `text` is the number as it was typed, or `pi`.
 class CURVEEDITOR_EXPORT FunctionFloatConstant : public FunctionFloatBase
 {
 public:
+    /// The name of the constant pi.
+    static constexpr std::string_view pi = "pi";
+
     ~FunctionFloatConstant() override;
 
     // Nodes take memory that freed ones left.
@@ -22,6 +26,11 @@ public:
     bool isConstant() const override { return true; }
     const FunctionFloatConstant* getConstantRef() const override { return this; }
     double evaluate() override { return value_; }
+    std::string getString() override { return std::string(getWritten()); }
+
+    /// What the parser reads back as this number: `text`, or the digits of pi where a variable has that name.
+    std::string_view getWritten() const;
+
     void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
                        std::size_t count) override;
 

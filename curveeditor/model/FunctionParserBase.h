@@ -25,7 +25,7 @@ class ParserVarMapper;
 ///
 /// | Written                    | Meaning                                                                   |
 /// |----------------------------|---------------------------------------------------------------------------|
-/// | `a > b`, `a < b`           | 1.0 or 0.0                                                                |
+/// | `a > b`, `a < b`           | 1.0 or 0.0; and `>=`, `<=`, `==`, `!=`. Not-a-number equals nothing       |
 /// | `a + b`, `a - b`           | sum and difference                                                        |
 /// | `a * b`, `a / b`, `a b`    | without an operator where a name, a function or "(" follows a value       |
 /// | `-a`, `+a`                 | signs                                                                     |
@@ -33,14 +33,19 @@ class ParserVarMapper;
 /// | `cos(a)`                   | and sin, tan, acos, asin, atan, cosh, sinh, tanh (radians), exp, abs,     |
 /// |                            | sqrt, ceil, floor, log (natural), l10 (decimal), rnd (to the nearest      |
 /// |                            | integer, half away from zero), j0, j1 (Bessel functions, first kind)      |
+/// | `min(a, b)`, `max(a, b)`   | the lesser, the greater; not-a-number if either is that                   |
+/// | `mod(a, b)`                | the rest of a / b, with the sign of b: mod(-1, 3) is 2. Not-a-number for  |
+/// |                            | b = 0.0                                                                   |
 /// | `if(c, a, b)`              | a unless c is 0.0, then b                                                 |
 /// | `520`, `5.2`, `.5`, `1e-3` | numbers; an "e" belongs to them only where digits follow                  |
+/// | `pi`                       | 3.14159..., ASCII case aside                                              |
 ///
 /// A name runs over letters, digits, "_", "." and bytes above 127, but a known name may hold any other
 /// character too: known names are tried first, the longest first, without regard to ASCII case. A name is
 /// known only as a whole: with `cam` known, "camera" is another name. Where a number, or a function with its
-/// "(", is as long as a known name, the number or function stands. White space separates and means nothing
-/// else.
+/// "(", is as long as a known name, the number or function stands. But a known name goes before `pi`, before
+/// `min`, `max` and `mod`, and before the comparisons of two characters if it begins with "=" or "!": with `min`
+/// known, "min(2)" is a product. White space separates and means nothing else.
 class CURVEEDITOR_EXPORT FunctionParserBase
 {
 public:
@@ -79,7 +84,7 @@ public:
     /// Parses `text`, UTF-8, and fills `message`; see `ParseMessage`. Returns a new tree that the caller
     /// owns, or null if there is any error. Depth of nesting costs no stack.
     ///
-    /// `message.text` is `text` with each known variable in its stored, lower-case form. Each unknown
+    /// `message.text` is `text` with each known variable, and `pi`, in its stored, lower-case form. Each unknown
     /// variable has a span; any other error ends the parsing and has a span only if it is the first.
     FunctionFloatBase* parseString(const std::string& text, ParseMessage& message);
 

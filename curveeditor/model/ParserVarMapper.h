@@ -59,8 +59,9 @@ public:
     static std::string getStoredName(std::string_view name);
 
 protected:
-    /// Makes `name` known, in its stored form. An empty name is passed over, and a name that starts with an
-    /// operator, a parenthesis or a comma is never found in a text.
+    /// Makes `name` known, in its stored form. An empty name is passed over, and a name that starts with one of
+    /// + - * / ^ > <, a parenthesis or a comma is never found in a text. With "=", `pi`, `min`, `max` or `mod`
+    /// as a name, the comparisons, the constant or the function of that beginning are not found.
     void addName(std::string_view name);
     void removeName(std::string_view name);
 

@@ -138,8 +138,9 @@ struct CommaPunctuation : std::numpunct<char>
 std::string randomText(std::mt19937& random, int depth)
 {
     static const std::vector<std::string> patterns{
-        "t",   "f",   "2",       ".5",  "1e-3",  "t",     "-%",  "(%)", "exp(%)", "if(%,%,%)",
-        "%+%", "%-%", "(%)-(%)", "%*%", "%/(%)", "(%)^%", "%^%", "%>%", "% <(%)", "% (%)"};
+        "t",         "f",    "2",    ".5",      "1e-3",     "pi",       "-%",     "(%)",  "exp(%)",
+        "if(%,%,%)", "%+%",  "%-%",  "(%)-(%)", "%*%",      "%/(%)",    "(%)^%",  "%^%",  "%>%",
+        "%<=%",      "%>=%", "%==%", "%!=(%)",  "min(%,%)", "max(%,%)", "% <(%)", "% (%)"};
     std::string text = patterns[random() % (depth > 0 ? patterns.size() : 6)];
     for (std::size_t i = text.find('%'); i != std::string::npos; i = text.find('%'))
         text.replace(i, 1, randomText(random, depth - 1));
@@ -166,6 +167,12 @@ double valueNodeByNode(const FunctionFloatBase& node)
                                          {Code::Divide, a / b},
                                          {Code::Power, b == 2.0 ? a * a : std::pow(a, b)},
                                          {Code::Greater, a > b},
+                                         {Code::GreaterOrEqual, a >= b},
+                                         {Code::LessOrEqual, a <= b},
+                                         {Code::Equal, a == b},
+                                         {Code::NotEqual, a != b},
+                                         {Code::Minimum, std::isnan(b) ? b : std::min(a, b)},
+                                         {Code::Maximum, std::isnan(b) ? b : std::max(a, b)},
                                          {Code::Less, a < b}};
     return results.at(operation->getCode());
 }
@@ -196,7 +203,12 @@ private Q_SLOTS:
             if ( 0 , f , 7 ) => 7;   if(0/0,1,2) => 1;   (0/0>1)+(0/0<1) => 0;   l10(1000) => 3;
             rnd(2.5)-rnd(-2.5) => 6;   abs(-t)+sqrt(t+2) => 4;   ceil(1.1)+floor(-1.1) => 0;   1/0 => inf;
             -1/0 => -inf;   log(-1) => nan;   0^0 => 1;   1-t => -1;   1/t => 0.5;   3^t => 9;   1>t => 0;
-            1<t => 1;   t<1 => 0;   t<2 => 0;   t>2 => 0)");
+            1<t => 1;   t<1 => 0;   t<2 => 0;   t>2 => 0;   1+1>=t => 1;   t>=3 => 0;
+            t<=2 => 1;   t<=1 => 0;   t==2 => 1;   t==3 => 0;   t!=2 => 0;   t!=3 => 1;   3>=2==1 => 1;
+            (0/0==0/0)+(0/0>=0)+(0/0<=0) => 0;   0/0!=0/0 => 1;   min(t,3)-max(t,3) => -1;
+            min(0/0,t) => nan;   min(t,0/0) => nan;   max(0/0,t) => nan;   max(t,0/0) => nan;
+            mod(-1,3) => 2;   mod(7,-3) => -2;   mod(-7,-3) => -1;   1/mod(-t,1) => inf;   mod(t,0) => nan;
+            mod(t+.5,2) => 0.5;   2pi => 6.283185307179586)");
         const std::vector<std::pair<const char*, double>> functions{
             {"\t1 +\n1\r", 2.0},
             {"log(t)", std::log(2.0)},
@@ -231,7 +243,9 @@ private Q_SLOTS:
             *t => 4 0 1 1;   t+*2 => 4 2 1 1;   2 345 => 4 2 3 1;   1.2.3 => 4 3 2 1;   (t)2 => 4 3 1 1;
             () => 4 1 1 1;   (t+) => 4 3 1 1;   cos() => 4 4 1 1;   cos(t,2) => 4 5 1 1;
             if(t,1) => 4 6 1 1;   if(t,1,2,3) => 4 8 1 1;   if(t,,2) => 4 5 1 1;   (t,2) => 4 2 1 1;
-            t,2 => 4 1 1 1;   t$2 => 4 1 1 1;   [t] => 4 0 1 1;   1e400 => 4 0 5 1;   1e-400 => 4 0 6 1)");
+            t,2 => 4 1 1 1;   min => 1 0 3 1;   pit => 1 0 3 1;   min(1) => 4 5 1 1;   min(1,2,3) => 4 7 1 1;
+            >= => 4 0 2 1;   t== => 4 1 2 1;   t===2 => 4 3 1 1;   t = f => 4 2 1 1;   t!f => 4 1 1 1;
+            t$2 => 4 1 1 1;   [t] => 4 0 1 1;   1e400 => 4 0 5 1;   1e-400 => 4 0 6 1)");
     }
 
     void badTextHasSpan()
@@ -252,7 +266,8 @@ private Q_SLOTS:
             T => t;   ((5.0)) => 5.0;   1/14 cos( t ) => 1/14*cos(t);   (t-(f-2))-(3*4) => t-(f-2)-3*4;
             t+(f+2) => t+(f+2);   t*(f/2) => t*(f/2);   (t^f)^2^3 => (t^f)^2^3;   (-t)^2 => (-t)^2;
             -(t^2) => -t^2;   -(t*2) => -(t*2);   (-t)*2 => -t*2;   2^(-t) => 2^-t;   t-(-(-f)) => t---f;
-            (t>1)>f => t>1>f;   t>(1>f) => t>(1>f);   if((t), (f+1), +2) => if(t,f+1,2);   5.t => 5.*t)");
+            (t>1)>f => t>1>f;   t>(1>f) => t>(1>f);   (t>=1)<=(f!=2) => t>=1<=(f!=2);
+            min( (t) , f==1 )PI => min(t,f==1)*pi;   if((t), (f+1), +2) => if(t,f+1,2);   5.t => 5.*t)");
     }
 
     void getStringIsShortAndReadsBack()
@@ -291,14 +306,15 @@ private Q_SLOTS:
             Cam-1.X_(LEFT)+t => 4;   cam-1.x_(lef) => nan;   CAM - 1 => 1;   cam-1.x => 3;
             cam-1.xt => nan;   cam-1 => 1;   camt => nan;   2cam cam(2) => 16;   5.2 => 5.2;   520.x => 5;
             cos(0) => 1;   cos => 6;   2e => 14;   2exp(0) => 2;   grüß.x => 8;   T => 3;
-            #1.x#1.x => 100)");
+            #1.x#1.x => 100;   t=b => 33;   t<=b => 1;   t==b => nan;   t==c => 36;   t != 2 => 1;
+            min(t) => 39;   PI => 14)");
     }
 
     void knownNamesAreRead()
     {
         QFETCH(QString, text);
         const TestMapper mapper({"cam-1.x (left)", "Cam", "cam-1.x", "5.2", "520.x", "cos", "e",
-                                 "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x"});
+                                 "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x", "=b", "==c", "min", "pi"});
         const Parsed parsed = parse(text.toStdString());
         QFETCH(QString, expected);
         QVERIFY(isSame(parsed.tree ? valueAt(*parsed.tree, 3.0) : notANumber, expected.toDouble()));
@@ -308,8 +324,8 @@ private Q_SLOTS:
 
     void nameThatWouldHideOthersIsGuarded()
     {
-        const TestMapper mapper(
-            {"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a", "g.a)", "1)", "sin(", "tan(t", "tan(("});
+        const TestMapper mapper({"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a", "g.a)", "1)", "sin(", "tan(t",
+                                 "tan((", "=f", "==t", "==(", "max(t", "pi-2"});
         const std::vector<std::pair<std::string, std::string>> cases{{"g.a * 2", "g.a*2"},
                                                                      {"g.a-2", "g.a-2"},
                                                                      {"g.a - 2", "(g.a/1.)-2"},
@@ -320,7 +336,11 @@ private Q_SLOTS:
                                                                      {"cos (t)-2", "cos((t))-2"},
                                                                      {"-g.a", "-g.a"},
                                                                      {"sin(t)", "sin(t)"},
-                                                                     {"tan (t)", "tan(+t)"}};
+                                                                     {"tan (t)", "tan(+t)"},
+                                                                     {"t >= f", "t>=(f)"},
+                                                                     {"f == t", "f==+t"},
+                                                                     {"max (t,2)", "max((t),2)"},
+                                                                     {"pi - 2", "(pi)-2"}};
         for (const auto& [text, written] : cases) {
             const Parsed parsed = parse(text);
             QVERIFY2(parsed.tree, text.c_str());
@@ -328,6 +348,9 @@ private Q_SLOTS:
             QVERIFY(isSame(valueAt(written, 1.0), valueAt(*parsed.tree, 1.0)));
         }
         QCOMPARE(valueAt("-g.a", 1.0), -1.0);
+        const Parsed pi = parse("pi");
+        const TestMapper late({"pi"});
+        QCOMPARE(valueAt(pi.tree->getString(), 1.0), pi.tree->evaluate());
 
         // Here each guard makes one necessary before it.
         const TestMapper chain({"g.a", "g.a-2", "g.a+(g.a"});
@@ -415,6 +438,7 @@ private Q_SLOTS:
             cosh(t)+sinh(t)+tanh(t) => 0;   j0(t)-j1(f) => 0;   a.x*t => 0;   a.int+t => 0;   cos(t) => 5;
             sin(f) => 5;   exp(t) => 5;   exp(-t) => 5;   log(t) => 5;   t^3 => 5;   2^t => 5;   t^f => 5;
             t^-0.5 => 5;   t^0 => 5;   exp(t/3) => 5;   (f-t*2)*((t+2)^2+f*3) => 0;
+            (t>=1)-(t<=f)*2+(t==f)*4-(t!=0)*8 => 0;   min(t,f)-max(2,t) => 0;   mod(t,3)*pi-mod(7,f) => 0;
             (f-t*f)*(f+t*f)*(t*f+3) => 0;   (f-if(t>1,t,f))*(f+if(t>1,t,f)) => 0)");
     }
 
