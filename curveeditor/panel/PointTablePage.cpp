@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
@@ -82,24 +83,69 @@ private:
     QTableView* view_;
 };
 
+using Command = void (*)(PointCommands& points);
+
+/// Null for a key that is none of a command.
+Command commandOf(const QKeyEvent& key)
+{
+    if (key.matches(QKeySequence::Copy))
+        return [](PointCommands& points) {
+            points.copy();
+        };
+    if (key.matches(QKeySequence::Cut))
+        return [](PointCommands& points) {
+            points.cut();
+        };
+    if (key.matches(QKeySequence::Paste))
+        return [](PointCommands& points) {
+            points.paste(true);
+        };
+    if (key.matches(QKeySequence::SelectAll))
+        return [](PointCommands& points) {
+            points.selectAll();
+        };
+    return nullptr;
+}
+
 class PointTableView : public QTableView
 {
 public:
-    using QTableView::QTableView;
+    PointTableView(PointCommands& commands, QWidget* parent) : QTableView(parent), commands_(commands) {}
 
 protected:
+    /// A host in whose window the dialog is docked may have the same keys.
+    bool event(QEvent* event) override
+    {
+        const bool isOurs =
+            event->type() == QEvent::ShortcutOverride && commandOf(*static_cast<QKeyEvent*>(event));
+        if (isOurs)
+            event->accept();
+        return isOurs || QTableView::event(event);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (const Command command = commandOf(*event))
+            command(commands_);
+        else
+            QTableView::keyPressEvent(event);
+    }
+
     /// Not one that the model's reset has closed already, as an edit that it commits itself can cause.
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override
     {
         if (!editor->isHidden())
             QTableView::closeEditor(editor, hint);
     }
+
+private:
+    PointCommands& commands_;
 };
 
 } // namespace
 
-PointTablePage::PointTablePage(const NodePage* unit, QWidget* parent)
-    : QWidget(parent), model_(unit), view_(new PointTableView(this))
+PointTablePage::PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas, QWidget* parent)
+    : QWidget(parent), model_(unit), commands_(canvas), view_(new PointTableView(commands_, this))
 {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

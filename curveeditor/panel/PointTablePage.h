@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/PointCommands.h>
 #include <curveeditor/panel/PointTableModel.h>
 
 #include <QPointer>
@@ -9,7 +10,8 @@
 class QTableView;
 
 /// The page "Points": the points of the current curve in a table, whose selected rows are the points that are
-/// selected on the canvas. What is typed into a cell of a selected row goes to all selected rows.
+/// selected on the canvas. What is typed into a cell of a selected row goes to all selected rows. The keys to copy,
+/// cut and paste act on whole points, which are pasted where they were, and the one to select all on all points.
 ///
 /// While it is hidden it only notes which curve it has to show.
 class PointTablePage : public QWidget
@@ -17,8 +19,8 @@ class PointTablePage : public QWidget
     Q_OBJECT
 
 public:
-    /// `unit` must outlive the page.
-    explicit PointTablePage(const NodePage* unit, QWidget* parent = nullptr);
+    /// `unit` must outlive the page. `canvas` may go before it, if no key is pressed in the page any more.
+    PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas, QWidget* parent = nullptr);
 
     /// To be called when the current curve, its points, its selection or the unit of times may be others now;
     /// `control` is null if there is no spline to show.
@@ -40,6 +42,7 @@ private:
     void pickSelection();
 
     PointTableModel model_;
+    PointCommands commands_;
     QTableView* view_;
     QPointer<ControlSplineNode> control_;
     Selection shown_; ///< what the rows selected last stand for

@@ -57,7 +57,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     d_->functionEdit->setObjectName(QStringLiteral("functionEdit"));
     new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
     setTabOrder(tabWidget2->tabBar(), d_->functionEdit);
-    d_->pointTable = new PointTablePage(this);
+    d_->pointTable = new PointTablePage(this, d_->functionEdit->canvas, this);
     tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
 
     resize(400, 300);

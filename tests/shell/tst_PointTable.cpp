@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
+#include <curveeditor/edit/PointText.h>
+
 #include <QAbstractItemModelTester>
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -235,6 +238,32 @@ private Q_SLOTS:
         QCOMPARE(s.selectedRows(), "");
         s.canvas.setCurrentToExpression();
         QCOMPARE(s.table.model()->rowCount(), 0);
+    }
+
+    void keysActOnWholePoints()
+    {
+        Scene& s = *scene_;
+        s.select(1, 2);
+        QGuiApplication::clipboard()->clear();
+        const auto press = [&s](Qt::Key key) {
+            QTest::keyClick(&s.table, key, Qt::ControlModifier);
+        };
+        press(Qt::Key_C);
+        const QString copied = QGuiApplication::clipboard()->text();
+        QCOMPARE(PointText::read(copied).points.size(), std::size_t(2));
+        press(Qt::Key_X);
+        QCOMPARE(s.column(Time), "0 9");
+        QCOMPARE(QGuiApplication::clipboard()->text(), copied);
+        press(Qt::Key_V);
+        QCOMPARE(s.column(Time), "0 5 7 9");
+        QCOMPARE(s.selectedRows(), "1 2");
+        press(Qt::Key_A);
+        QCOMPARE(s.selection().edited().size(), std::size_t(4));
+        QCOMPARE(s.editor.undoStack()->count(), 2);
+        QKeyEvent override(QEvent::ShortcutOverride, Qt::Key_V, Qt::ControlModifier);
+        override.ignore();
+        QCoreApplication::sendEvent(&s.table, &override);
+        QVERIFY(override.isAccepted());
     }
 
     void hiddenPageComputesNothing()
