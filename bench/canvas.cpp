@@ -2,6 +2,7 @@
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/PointCommands.h>
+#include <curveeditor/edit/PointText.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/SplineBase.h>
@@ -11,9 +12,13 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QMouseEvent>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QWheelEvent>
 
 #include <qcustomplot.h>
 
@@ -29,6 +34,7 @@ namespace {
 constexpr QSize canvasSize(1600, 900);
 constexpr int curveCount = 100;
 constexpr int pointCount = 1000;
+enum Page { Envelope, Expression, Points };
 const char* const formula =
     "1/14 cos(t)+3*exp(-(t-520)^2/2000)+8*exp(-(t-600)^2/2000)+2*exp(-(t-700)^2/4000)";
 
@@ -83,6 +89,13 @@ public:
                           type == QEvent::MouseButtonRelease ? Qt::NoButton : button, keys);
         QApplication::sendEvent(canvas_, &event);
     }
+    void turnWheel(const QPointF& at, int notches)
+    {
+        QWheelEvent event(at, canvas_->mapToGlobal(at), {}, {0, 120 * notches}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(canvas_, &event);
+    }
+    void open(Page page) { editor_.tabWidget2->setCurrentIndex(page); }
     /// What the last calls made out of date reaches the screen.
     void show() { QApplication::processEvents(); }
 
@@ -173,9 +186,10 @@ void compare(benchmark::State& state, const std::function<void(int)>& peerStep)
 }
 
 /// A move event, all that it causes, and the frame shown.
-void dragStep(benchmark::State& state, const Content& content, bool formOpen = true)
+void dragStep(benchmark::State& state, const Content& content, bool formOpen = true, Page page = Envelope)
 {
     Scene scene(content);
+    scene.open(page);
     const QPoint start = scene.pixel(unsigned(content.points / 2));
     scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
     if (!formOpen)
@@ -188,7 +202,7 @@ void dragStep(benchmark::State& state, const Content& content, bool formOpen = t
         scene.send(QEvent::MouseMove, start + QPoint(0, 10 + ++step % 50), Qt::LeftButton);
         scene.show();
     }
-    if (content.splines == curveCount && content.points == pointCount) {
+    if (content.splines == curveCount && content.points == pointCount && page == Envelope) {
         Peer peer(content.swings);
         compare(state, [&peer](int number) { peer.showEdit(number); });
     }
@@ -304,6 +318,16 @@ void viewChange(benchmark::State& state, const Content& content)
         compare(state, [&peer](int number) { peer.showView(number); });
     }
 }
+/// A notch in, the next one out again, so that all curves stay in view.
+void wheelStep(benchmark::State& state)
+{
+    Scene scene;
+    int step = 0;
+    for (auto _ : state) {
+        scene.turnWheel({800.0, 450.0}, ++step % 2 == 0 ? -1 : 1);
+        scene.show();
+    }
+}
 void viewChangeWithALargePicture(benchmark::State& state)
 {
     const QTemporaryDir folder;
@@ -317,6 +341,49 @@ void viewChangeWithALargePicture(benchmark::State& state)
     Scene scene(Content{.splines = 1});
     scene.canvas().canvas.loadImage(fileName);
     panStep(state, scene);
+}
+
+/// A table of that many points on the clipboard goes into a curve of 1,000.
+void paste(benchmark::State& state)
+{
+    std::vector<SplineBase::PointInfo> points(std::size_t(state.range(0)));
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        points[i].time = double(i) * pointCount / double(points.size()) + 0.01;
+        points[i].pos = std::sin(double(i));
+    }
+    Scene scene(Content{.splines = 1});
+    QGuiApplication::clipboard()->setText(PointText::write(points));
+    PointCommands commands(scene.canvas().canvas);
+    for (auto _ : state) {
+        commands.paste(true);
+        scene.show();
+        state.PauseTiming();
+        if (scene.spline().getControlPointsNumber() != unsigned(pointCount + state.range(0)))
+            state.SkipWithError("the points have not come");
+        scene.editor().undo();
+        scene.show();
+        state.ResumeTiming();
+    }
+}
+
+/// The page "Points" comes to the front and has to show rows that it has not shown yet.
+void openingTheTable(benchmark::State& state)
+{
+    Scene scene(Content{.splines = 1, .points = int(state.range(0))});
+    const auto* const table = scene.editor().findChild<QTableView*>();
+    int added = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        scene.open(Envelope);
+        scene.spline().addPoint(double(state.range(0) + ++added), 0.0);
+        scene.editor().updateCurves();
+        scene.show();
+        state.ResumeTiming();
+        scene.open(Points);
+        scene.show();
+        if (table->model()->rowCount() != int(state.range(0)) + added)
+            state.SkipWithError("the rows are not shown");
+    }
 }
 
 /// 400 rows of 100 curves, half of them expressions.
@@ -367,6 +434,8 @@ BENCHMARK_CAPTURE(dragStep, swinging, swinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, clamped, clamped)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, dense, dense)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, oneLong, oneLong)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, smoothBesideTheTable, Content(), true, Points)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, oneLongBesideTheTable, oneLong, true, Points)->Unit(benchmark::kMillisecond);
 BENCHMARK(press)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(release)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
@@ -378,6 +447,9 @@ BENCHMARK_CAPTURE(viewChange, smooth, Content())->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, swinging, swinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, formulas, formulas)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, oneFormula, oneFormula)->Unit(benchmark::kMillisecond);
+BENCHMARK(wheelStep)->Unit(benchmark::kMillisecond);
+BENCHMARK(paste)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(openingTheTable)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(viewChangeWithALargePicture)->Unit(benchmark::kMillisecond);
 BENCHMARK(openingCurvesOneByOne)->Unit(benchmark::kMillisecond);
 BENCHMARK(sensorTable)->Unit(benchmark::kMillisecond);
