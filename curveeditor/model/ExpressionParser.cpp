@@ -102,6 +102,8 @@ bool ExpressionParser::hasOpenGroup() const
 // A comparison of two characters ends where a name begins that is known with the second of them, or with both.
 const TokenRule* ExpressionParser::findSymbol() const
 {
+    if (isNameByte(text_[position_]))
+        return nullptr;
     const auto find = valueExpected_ ? findSymbolForValue : findSymbolBehindValue;
     const TokenRule* const rule = find(rest());
     if (!rule || rule->text.size() == 1)

@@ -71,10 +71,9 @@ static_assert(standsInOrderOfCodes());
 
 const TokenRule* findSymbol(std::string_view text, Role excluded)
 {
-    if (isNameByte(text.front()))
-        return nullptr;
     const auto fits = [=](const TokenRule& rule) {
-        return rule.text.front() == text.front() && rule.role != excluded && text.starts_with(rule.text);
+        return rule.text.front() == text.front() && rule.role != excluded &&
+               (rule.text.size() == 1 || text.starts_with(rule.text));
     };
     const auto rule = std::find_if(symbols.begin(), symbols.end(), fits);
     return rule == symbols.end() ? nullptr : &*rule;
