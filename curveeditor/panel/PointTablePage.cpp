@@ -100,10 +100,6 @@ Command commandOf(const QKeyEvent& key)
         return [](PointCommands& points) {
             points.paste(true);
         };
-    if (key.matches(QKeySequence::SelectAll))
-        return [](PointCommands& points) {
-            points.selectAll();
-        };
     return nullptr;
 }
 
@@ -116,8 +112,9 @@ protected:
     /// A host in whose window the dialog is docked may have the same keys.
     bool event(QEvent* event) override
     {
-        const bool isOurs =
-            event->type() == QEvent::ShortcutOverride && commandOf(*static_cast<QKeyEvent*>(event));
+        const auto* const key =
+            event->type() == QEvent::ShortcutOverride ? static_cast<QKeyEvent*>(event) : nullptr;
+        const bool isOurs = key && (commandOf(*key) || key->matches(QKeySequence::SelectAll));
         if (isOurs)
             event->accept();
         return isOurs || QTableView::event(event);

@@ -11,7 +11,7 @@ class QTableView;
 
 /// The page "Points": the points of the current curve in a table, whose selected rows are the points that are
 /// selected on the canvas. What is typed into a cell of a selected row goes to all selected rows. The keys to copy,
-/// cut and paste act on whole points, which are pasted where they were, and the one to select all on all points.
+/// cut and paste act on whole points, which are pasted where they were.
 ///
 /// While it is hidden it only notes which curve it has to show.
 class PointTablePage : public QWidget
