@@ -217,7 +217,7 @@ void CanvasFunctionBase::showStep(const EditReport& report)
         selection.selectOnly(report.points.front());
     else if (report.points.size() > 1)
         selection.selectAll(report.points);
-    if (curve != current_)
+    if (curve != current_ && !editsAllCurves_)
         setCurrentCurve(curve);
 }
 

@@ -168,6 +168,10 @@ private Q_SLOTS:
             QTest::keyClick(&s.canvas, Qt::Key_A, Qt::ControlModifier);
             s.drag(6.0, 2.0, 7.0, 1.0);
             QVERIFY(qAbs(s.curves["a.y"].spline[1]->time - 6.0) < 0.05);
+            QTest::keyClick(&s.canvas, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(s.current(), "a.x");
+            QTest::keyClick(&s.canvas, Qt::Key_Y, Qt::ControlModifier);
+            s.changes = s.changes.mid(0, 2);
         });
         row("drag of a point of another curve", 1, {"a/y"}, [](Scene& s) {
             s.clickPoint();
