@@ -34,12 +34,14 @@ void CanvasFunctionBase::showSelection()
         return showCurves({current_});
     AxisRange times = nothing;
     AxisRange values = nothing;
-    const SplineBase& spline = *current_->getSpline();
-    for (const std::int32_t index : indicesOf(current_->control().selection().edited(), spline)) {
-        if (index < 0)
-            continue;
-        times.include(spline[unsigned(index)]->time);
-        values.include(spline[unsigned(index)]->pos);
+    for (const CurveNodeBase* const curve : selectedCurves()) {
+        const SplineBase& spline = *curve->getSpline();
+        for (const std::int32_t index : indicesOf(curve->control().selection().edited(), spline)) {
+            if (index < 0)
+                continue;
+            times.include(spline[unsigned(index)]->time);
+            values.include(spline[unsigned(index)]->pos);
+        }
     }
     showRanges(times, values);
 }

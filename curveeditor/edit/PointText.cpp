@@ -248,7 +248,7 @@ bool PointText::Reader::readHead(const Fields& fields)
 bool PointText::Reader::readRow(const Fields& fields)
 {
     if (fields.size() != columns_.size())
-        return fail(tr("%1 columns where %2 are expected.").arg(fields.size()).arg(columns_.size()));
+        return fail(tr("Not %2 but %1 numbers.").arg(fields.size()).arg(columns_.size()));
     if (result_.points.size() == std::size_t(maximumRows))
         return fail(tr("More than %1 points.").arg(maximumRows));
     PointInfo point;

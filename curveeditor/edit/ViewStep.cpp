@@ -8,6 +8,7 @@ namespace {
 
 constexpr double shortestSide = 1e-9;
 constexpr double shortestShareOfPosition = 0.0002;
+constexpr double timeMargin = 0.05; // shares of the span
 constexpr double valueMargin = 0.1;
 
 double shortestSpanAt(double position)
@@ -73,6 +74,13 @@ PlaneMapping viewOf(const PlaneMapping& before, const AxisRange& times, const Ax
     return view.canShow() ? view : before;
 }
 
+AxisRange withMargin(const AxisRange& range, double usualSpan, double share)
+{
+    const AxisRange shown = widened(range, usualSpan);
+    const double margin = range.span() > 0.0 ? shown.span() * share : 0.0;
+    return {shown.low - margin, shown.high + margin};
+}
+
 } // namespace
 
 void AxisRange::include(double number)
@@ -109,9 +117,8 @@ PlaneMapping ViewStep::showing(const PlaneMapping& view, const Limits& limits, c
 {
     if (!view.canShow())
         return view;
-    AxisRange high = widened(values, view.valueSpan());
-    const double margin = values.span() > 0.0 ? high.span() * valueMargin : 0.0;
-    high = {high.low - margin, high.high + margin};
-    return viewOf(view, within(widened(times, view.timeSpan()), limits.time, limits.time),
-                  within(high, limits.value, limits.value));
+    const AxisRange shownTimes = withMargin(times, view.timeSpan(), timeMargin);
+    const AxisRange shownValues = withMargin(values, view.valueSpan(), valueMargin);
+    return viewOf(view, within(shownTimes, limits.time, limits.time),
+                  within(shownValues, limits.value, limits.value));
 }

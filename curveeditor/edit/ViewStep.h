@@ -34,7 +34,8 @@ PlaneMapping zoomed(const PlaneMapping& view, const Limits& limits, const QPoint
                     double valueFactor);
 /// Moves the content of the view by a distance in pixels.
 PlaneMapping panned(const PlaneMapping& view, const Limits& limits, const QPointF& distance);
-/// Shows these ranges, with a tenth of the values' span free above and below. A range without span shows what
+/// Shows these ranges, with a tenth of the values' span free above and below, and a twentieth of that of the times
+/// at both sides. A range without span shows what
 /// stands there in the middle of the span that is visible now.
 PlaneMapping showing(const PlaneMapping& view, const Limits& limits, const AxisRange& times,
                      const AxisRange& values);

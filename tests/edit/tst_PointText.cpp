@@ -77,9 +77,9 @@ private Q_SLOTS:
         QTest::newRow("two decimal signs") << "1\t1.000,5" << noNumber.arg(1).arg("1.000,5");
         QTest::newRow("long") << "1\t" + QString(99, 'x') << noNumber.arg(1).arg(QString(20, 'x') + "...");
         QTest::newRow("other width") << "1,2\n3"
-                                     << "Line 2: 1 columns where 2 are expected.";
+                                     << "Line 2: Not 2 but 1 numbers.";
         QTest::newRow("no head line") << "1 2 3"
-                                      << "Line 1: 3 columns where 2 are expected.";
+                                      << "Line 1: Not 2 but 3 numbers.";
         QTest::newRow("twice") << "time;value;TIME"
                                << "Line 1: The column \"time\" is there twice.";
         QTest::newRow("missing") << "time;type"

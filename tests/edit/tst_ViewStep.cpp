@@ -47,8 +47,8 @@ private Q_SLOTS:
             {panned(outside, limits, {-100.0, 0.0}), "15 35 -5 5"},
             {panned(outside, limits, {100.0, 0.0}), "13 33 -5 5"},
             {panned(view, limits, {std::nan(""), 0.0}), "0 10 -5 5"},
-            {showing(view, limits, {1.0, 3.0}, {0.0, 2.0}), "1 3 -0.2 2.2"},
-            {showing(view, limits, {1.0, 30.0}, {-99.0, 99.0}), "-9 20 -10 10"},
+            {showing(view, limits, {1.0, 3.0}, {0.0, 2.0}), "0.9 3.1 -0.2 2.2"},
+            {showing(view, limits, {1.0, 30.0}, {-99.0, 99.0}), "-11.9 20 -10 10"},
             {showing(view, limits, point, point), "-2 8 -2 8"},
             {showing(view, limits, {-HUGE_VAL, HUGE_VAL}, point), "0 10 -5 5"},
         };
