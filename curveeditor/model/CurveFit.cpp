@@ -109,6 +109,57 @@ double deviationFrom(const FitSamples& samples, const SplineState& state)
     return greatest;
 }
 
+/// Of the points from one index to another, and of the curve between them.
+FitSamples samplesOf(const SplineBase& spline, std::size_t first, std::size_t last)
+{
+    const auto& points = spline.getControlPoints();
+    FitSamples samples;
+    for (std::size_t i = first; i <= last; ++i) {
+        const double start = points[i]->time;
+        samples.times.push_back(start);
+        samples.values.push_back(points[i]->pos);
+        if (i == last)
+            continue;
+        const double end = points[i + 1]->time;
+        for (std::size_t k = 1; k < CurveFit::samplesInSegment; ++k) {
+            const double time = std::lerp(start, end, double(k) / double(CurveFit::samplesInSegment));
+            if (samples.times.back() < time && time < end) {
+                samples.times.push_back(time);
+                samples.values.push_back(spline(time));
+            }
+        }
+    }
+    return samples;
+}
+
+/// Makes the segment that ends at that index one whose slopes do not follow from the points beside it.
+void holdSlopes(const SplineBase& spline, std::size_t end, std::vector<PointInfo>& points)
+{
+    if (end == 0 || end >= points.size() || points[end].type != SplineBase::Tcb)
+        return;
+    double length = 0.0;
+    points[end - 1].tanRight = spline.getTangentRightAtNode(unsigned(end), length);
+    points[end].tanLeft = spline.getTangentLeftAtNode(unsigned(end), length);
+    points[end].type = SplineBase::Bezier;
+}
+
+/// The spline with other points, two at least, from one index to another.
+SplineState withSpan(const SplineBase& spline, std::size_t first, std::size_t last,
+                     const std::vector<PointInfo>& span)
+{
+    SplineState state = spline.state();
+    std::vector<PointInfo>& points = state.points;
+    holdSlopes(spline, first, points);
+    holdSlopes(spline, last + 1, points);
+    points[first].tanRight = span.front().tanRight;
+    points[last].tanLeft = span.back().tanLeft;
+    points[last].type = SplineBase::Bezier;
+    const auto between = points.begin() + std::ptrdiff_t(first) + 1;
+    const auto end = points.erase(between, points.begin() + std::ptrdiff_t(last));
+    points.insert(end, span.begin() + 1, span.end() - 1);
+    return state;
+}
+
 /// The times of the steps; none if they are refused.
 std::vector<double> timesOf(const Steps& steps, Status& status)
 {
@@ -163,28 +214,24 @@ Result CurveFit::fit(const std::vector<double>& times, const std::vector<double>
 
 Result CurveFit::simplify(const SplineBase& spline, const Options& options)
 {
-    const auto& points = spline.getControlPoints();
-    std::vector<double> times, values;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        const double start = points[i]->time;
-        times.push_back(start);
-        values.push_back(points[i]->pos);
-        if (i + 1 == points.size())
-            continue;
-        const double end = points[i + 1]->time;
-        for (std::size_t k = 1; k < samplesInSegment; ++k) {
-            const double share = double(k) / double(samplesInSegment);
-            const double time = std::lerp(start, end, share);
-            if (times.back() < time && time < end) {
-                times.push_back(time);
-                values.push_back(spline(time));
-            }
-        }
-    }
-    Result result = fit(times, values, options);
-    result.spline.firstType = spline.firstType;
-    result.spline.lastType = spline.lastType;
-    result.spline.defaultValue = spline.getDefaultValue();
+    const std::size_t last = spline.getControlPointsNumber() - 1;
+    if (last > 0)
+        return simplify(spline, 0, last, options);
+    Result result = fit({spline.getFirst()->time}, {spline.getFirst()->pos}, options);
+    if (result.isDone())
+        result.spline = spline.state();
+    return result;
+}
+
+Result CurveFit::simplify(const SplineBase& spline, std::size_t first, std::size_t last,
+                          const Options& options)
+{
+    if (first >= last || last >= spline.getControlPointsNumber())
+        return refusal(Status::NoSamples);
+    const FitSamples samples = samplesOf(spline, first, last);
+    Result result = fit(samples.times, samples.values, options);
+    if (result.isDone())
+        result.spline = withSpan(spline, first, last, result.spline.points);
     return result;
 }
 

@@ -66,6 +66,11 @@ CURVEEDITOR_EXPORT Result fit(const std::vector<double>& times, const std::vecto
 /// A spline fitted to its own samples, `samplesInSegment` in each segment and all points; between these the
 /// curves may be a little further apart. Behaviours and default value stay.
 CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, const Options& options);
+/// The same for the points from one index to another alone: the result is the whole curve, in which those at both
+/// ends and outside keep their serials. Outside, the curve keeps its shape; a `Tcb` segment that ends there becomes
+/// `Bezier`, and loses its ease. Indices of less than two points give `NoSamples`.
+CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, std::size_t first, std::size_t last,
+                                   const Options& options);
 constexpr std::size_t samplesInSegment = 24;
 
 /// Times from `first` to `last` at equal distances; the last distance is shorter where `step` does not divide

@@ -208,6 +208,32 @@ private Q_SLOTS:
         QCOMPARE(CurveFit::simplify(twoPoints, {0.0, false}).spline.points.size(), std::size_t(2));
     }
 
+    void curveOutsideASimplifiedSpanKeepsItsShape()
+    {
+        for (const auto type : {SplineBase::Linear, SplineBase::Bezier, SplineBase::Tcb}) {
+            SplineBase spline, simple;
+            for (int i = 1; i <= 60; ++i)
+                spline.addPoint(i, std::sin(0.2 * i * i / 10.0));
+            for (SplineBase::PointInfo* const point : spline.getControlPoints()) {
+                point->type = type;
+                point->tanLeft = point->tanRight = 0.1;
+                point->easeFrom = type == SplineBase::Linear ? 0.5 : 0.0;
+            }
+            spline.firstType = SplineBase::Zero;
+            const Result result = CurveFit::simplify(spline, 20, 40, {0.01, false});
+            QVERIFY(result.isDone() && simple.assign(result.spline));
+            QVERIFY(simple(-1.0) == 0.0 && result.deviation <= 0.01);
+            for (double time = 0.0; time < 60.0; time += 1.0 / 64)
+                QVERIFY(std::abs(simple(time) - spline(time)) < (time < 20 || time > 40 ? 1e-12 : 0.012));
+            QCOMPARE(simple.findIndex(spline[20]->serial, 20.0), 20);
+            QCOMPARE(simple.getLast()->serial, spline.getLast()->serial);
+        }
+        SplineBase onePoint;
+        QVERIFY(CurveFit::simplify(onePoint, {0.0, false}).spline == onePoint.state());
+        QCOMPARE(CurveFit::simplify(onePoint, 0, 0, {0.0, false}).status, Status::NoSamples);
+        QCOMPARE(CurveFit::simplify(onePoint, {-1.0, false}).status, Status::BadTolerance);
+    }
+
     void functionIsBaked()
     {
         const auto function = [](double t) {
