@@ -165,6 +165,9 @@ public:
     void editSelection(const QString& one, const QString& many, const PointWork& work);
     /// Edits the current spline, and reports it; `text` has a place for its name.
     void editSpline(const QString& text, const std::function<void(SplineBase&)>& work);
+    /// Gives a curve of this canvas other points and reports it; it is a spline then, and loses the formula that it
+    /// showed. Points that can't be a spline's change nothing. `text` has a place for the name.
+    void setPoints(CurveNodeBase& curve, const QString& text, std::vector<SplineBase::PointInfo> points);
     /// The distance of the grid's lines in value units; 0.0 before the first paint or without lines.
     double gridStep() const;
 

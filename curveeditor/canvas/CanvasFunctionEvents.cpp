@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -536,6 +537,33 @@ void CanvasFunctionBase::editSpline(const QString& text, const std::function<voi
         return;
     Q_EMIT selectionChanged(true);
     paint();
+}
+
+void CanvasFunctionBase::setPoints(CurveNodeBase& node, const QString& text,
+                                   std::vector<SplineBase::PointInfo> points)
+{
+    const QPointer<CurveNodeBase> curve(&node);
+    settle();
+    if (!curve || !curve->getSpline())
+        return;
+    const QPointer<CanvasFunctionBase> guard(this);
+    edit(*curve, text.arg(curve->getName()), [&points](EditedCurve& edited) {
+        SplineState state = edited.spline()->state();
+        state.points = std::move(points);
+        if (!edited.spline()->assign(state))
+            return;
+        if (edited.kind() == CurveKind::Expression)
+            edited.setExpression(nullptr, {});
+        edited.setKind(CurveKind::Spline);
+    });
+    if (curve)
+        curve->control().dropLostPoints();
+    if (guard)
+        Q_EMIT changeCommandLine();
+    if (curve)
+        curve->emitCurveChanged();
+    if (guard)
+        paint();
 }
 
 double CanvasFunctionBase::gridStep() const

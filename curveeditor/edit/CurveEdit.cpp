@@ -32,6 +32,7 @@ CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
 {
     commit();
     isOpen_ = true;
+    isTrial_ = false;
     text_ = text;
     entry_ = nullptr;
     previewed_ = {};
@@ -47,8 +48,26 @@ CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
     return ++id_;
 }
 
+CurveEdit::Id CurveEdit::tryOut(const QString& text, const std::shared_ptr<EditedCurve>& curve)
+{
+    begin(text, Curves{curve});
+    isTrial_ = true;
+    tried_ = curve->fingerprint();
+    return id_;
+}
+
+void CurveEdit::keep(Id id)
+{
+    if (!isOpen(id))
+        return;
+    isTrial_ = false;
+    commit();
+}
+
 void CurveEdit::preview(const TimeInterval& touched, std::size_t curve)
 {
+    if (isTrial_)
+        tried_ = before_.front().curve->fingerprint();
     if (!isOpen_ || touched.isEmpty() || before_.empty())
         return;
     const Before& before = before_[curve];
@@ -73,6 +92,10 @@ void CurveEdit::checkpoint()
 
 CurveEdit::Curves CurveEdit::commit()
 {
+    if (isTrial_) {
+        cancel();
+        return {};
+    }
     if (!isOpen_)
         return {};
     continueAboveForeignEntry();
@@ -90,6 +113,10 @@ void CurveEdit::cancel()
 {
     if (!isOpen_)
         return;
+    if (std::exchange(isTrial_, false) && isTriedCurveForeign()) {
+        commit();
+        return;
+    }
     continueAboveForeignEntry();
     isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
@@ -194,6 +221,12 @@ void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::
         if (guard)
             history_.tell({part.curve, part.diff.touched(), phase, cause, part.diff.pointsAfter()});
     }
+}
+
+bool CurveEdit::isTriedCurveForeign() const
+{
+    const EditedCurve& curve = *before_.front().curve;
+    return curve.spline() && curve.fingerprint() != tried_;
 }
 
 void CurveEdit::interrupt()

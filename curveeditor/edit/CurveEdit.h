@@ -43,6 +43,11 @@ public:
     /// curves, as are all the others here but `preview`.
     Id begin(const QString& text, const Curves& curves);
     Id begin(const QString& text, std::vector<Target> targets);
+    /// Opens an edit that is only tried out: `keep` commits it, and whatever else ends it takes it back. Where the
+    /// host has changed the curve after the last `preview`, that stays, and all of it is an entry.
+    Id tryOut(const QString& text, const std::shared_ptr<EditedCurve>& curve);
+    /// Does nothing if that edit is not open any more.
+    void keep(Id id);
     bool isOpen() const { return isOpen_; }
     /// Whether it is that edit which is open.
     bool isOpen(Id id) const { return isOpen_ && id == id_; }
@@ -76,10 +81,13 @@ private:
     void report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,
                 EditReport::Cause cause);
     void interrupt();
+    bool isTriedCurveForeign() const;
 
     EditHistory history_;
     Id id_ = 0;
     bool isOpen_ = false;
+    bool isTrial_ = false;
+    std::uint64_t tried_ = 0; ///< fingerprint of the curve that is tried out, as the edit left it
     QString text_;
     std::vector<Before> before_;
     EditCommand* entry_ = nullptr;   ///< of the open edit; the stack's, which may have deleted it

@@ -8,6 +8,7 @@
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/PointTablePage.h>
 #include <curveeditor/shell/EditMenu.h>
+#include <curveeditor/shell/FitDialog.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
@@ -74,7 +75,8 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
 
 CurveEditor::~CurveEditor()
 {
-    // The canvas goes first, while all that its signals and its node form reach is still there.
+    qDeleteAll(findChildren<FitDialog*>(QString(), Qt::FindDirectChildrenOnly));
+    // The canvas goes before all else, while all that its signals and its node form reach is still there.
     delete d_->functionEdit;
     delete d_->pointTable; // while the dialog can still tell it the unit of times
     checkListsEditing->disconnect(this);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/EditMenu.h>
 
+#include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/shell/BakeDialog.h>
 #include <curveeditor/shell/FunctionEditor.h>
+#include <curveeditor/shell/SimplifyDialog.h>
 
 #include <QAction>
 #include <QCursor>
@@ -15,6 +18,7 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     addSelection();
     addMoves();
     addShaping();
+    addFits();
     addSnapping();
     addView();
     connect(menu, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
@@ -127,6 +131,27 @@ void EditMenu::addShaping()
     add(tr("Align both sides"), {}, canEdit, [this] { points_.alignTangents(); });
     add(tr("Smooth without overshoot"), {}, canEdit, [this] { points_.smoothTangents(); });
     target_ = menu_;
+}
+
+void EditMenu::addFits()
+{
+    const Condition canSimplify = [this] {
+        return points_.canSelect() && canvas_.canvas.currentControl()->pointCount() > 2;
+    };
+    const Condition canBake = [this] {
+        return canvas_.canvas.currentSplineBase() != nullptr;
+    };
+    add(tr("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
+        [this, canSimplify] { open<SimplifyDialog>(canSimplify); });
+    add(tr("Bake…"), QStringLiteral("Shift+B"), canBake, [this, canBake] { open<BakeDialog>(canBake); });
+}
+
+/// To settle may run foreign code.
+template <typename Dialog> void EditMenu::open(const Condition& isPossible)
+{
+    canvas_.canvas.settle();
+    if (isPossible())
+        (new Dialog(menu_->parentWidget(), canvas_.canvas))->open();
 }
 
 /// Chosen from the menu, the mouse is elsewhere: the time line has its own entry.

@@ -19,7 +19,7 @@ class QMenu;
 /// has the focus, so that fields keep them, and before the keys of a host in whose window the dialog is docked.
 /// Entries are enabled as the situation allows when the menu opens or a key is pressed.
 ///
-/// A child of the menu. It filters the events of the canvas.
+/// A child of the menu, whose parent is that of the dialogs. It filters the events of the canvas.
 class EditMenu : public QObject
 {
     Q_OBJECT
@@ -40,6 +40,8 @@ private:
     void addSnapping();
     void addShaping();
     void insertUnderMouse();
+    void addFits();
+    template <typename Dialog> void open(const Condition& isPossible);
     void addMoves();
     void addView();
     void updateEntries();

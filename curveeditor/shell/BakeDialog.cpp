@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/BakeDialog.h>
+
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/model/EvaluationTime.h>
+
+#include <QComboBox>
+#include <QDeadlineTimer>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr qint64 longestEvaluation = 1000;  // milliseconds
+constexpr int fitted = SplineBase::Tcb + 1; // behind the types of points
+
+} // namespace
+
+BakeDialog::BakeDialog(QWidget* editor, CanvasFunctionBase& canvas)
+    : FitDialog(editor, canvas, tr("Bake")), fps_(canvas.getViewport()->fps),
+      shownPerTime_(canvas.getViewport()->isShowFrames() && fps_ > 0.0 ? fps_ : 1.0)
+{
+    addTimes();
+    addKinds();
+    addOutcome();
+    const auto& points = result_.spline.points;
+    const auto [lowest, highest] =
+        std::minmax_element(points.begin(), points.end(),
+                            [](const auto& left, const auto& right) { return left.pos < right.pos; });
+    if (!points.empty())
+        tolerance_->setText(QString::number(usualTolerance(lowest->pos, highest->pos)));
+}
+
+void BakeDialog::addTimes()
+{
+    const ViewPort& view = *canvas().getViewport();
+    double first = view.limitTimeMin, last = view.limitTimeMax, lowest = 0.0, highest = 0.0;
+    canvas().getExtent(first, last, lowest, highest);
+    const bool areFrames = shownPerTime_ != 1.0;
+    const double step = areFrames || !(fps_ > 0.0) ? 1.0 : 1.0 / fps_;
+    from_ = addNumber("from", areFrames ? tr("&From frame") : tr("&From time"), first * shownPerTime_);
+    from_->setFocus();
+    to_ = addNumber("to", areFrames ? tr("&To frame") : tr("&To time"), last * shownPerTime_);
+    every_ = addNumber("every", tr("&Every"), step);
+}
+
+void BakeDialog::addKinds()
+{
+    kind_ = new QComboBox;
+    kind_->addItems({tr("Linear"), tr("Bezier"), tr("Tcb"), tr("As few as the tolerance allows")});
+    kind_->setCurrentIndex(SplineBase::Bezier);
+    addField("kind", tr("&Points"), kind_);
+    tolerance_ = addNumber("tolerance", tr("To&lerance"), usualTolerance(0.0, 1.0));
+    tolerance_->setEnabled(false);
+    connect(kind_, &QComboBox::currentIndexChanged, this, [this] {
+        tolerance_->setEnabled(isFitted());
+        fieldChanged();
+    });
+}
+
+bool BakeDialog::isFitted() const
+{
+    return kind_->currentIndex() == fitted;
+}
+
+std::optional<CurveFit::Steps> BakeDialog::steps() const
+{
+    const std::optional<double> from = numberIn(*from_), to = numberIn(*to_), every = numberIn(*every_);
+    if (!from || !to || !every)
+        return std::nullopt;
+    return CurveFit::Steps{*from, *to, *every};
+}
+
+FitDialog::Outcome BakeDialog::work()
+{
+    result_ = {};
+    const std::optional<CurveFit::Steps> times = steps();
+    if (!times)
+        return {tr("The times are numbers."), false};
+    if (isFitted() && numberIn(*tolerance_).value_or(-1.0) < 0.0)
+        return {toleranceHint(), false};
+    if (!curve())
+        return {};
+    result_ = bake(*times);
+    return outcomeOf(*times);
+}
+
+// Frames are whole numbers, so steps are made in what is shown.
+CurveFit::Result BakeDialog::bake(const CurveFit::Steps& times)
+{
+    samples_ = 0;
+    isLate_ = false;
+    EvaluationTime evaluationTime;
+    const QDeadlineTimer deadline(longestEvaluation);
+    const auto function = [&](double shown) {
+        isLate_ = isLate_ || deadline.hasExpired();
+        if (isLate_)
+            return std::numeric_limits<double>::quiet_NaN();
+        const double time = shown / shownPerTime_;
+        evaluationTime.set(time, fps_);
+        const double value = curve()->getValue(time);
+        samples_ += std::isfinite(value) ? 1 : 0;
+        return value;
+    };
+    CurveFit::Result result =
+        isFitted() ? CurveFit::bake(function, times, {numberIn(*tolerance_).value_or(0.0), false})
+                   : CurveFit::bake(function, times, SplineBase::NodeType(kind_->currentIndex()));
+    for (SplineBase::PointInfo& point : result.spline.points) {
+        point.time /= shownPerTime_;
+        point.tanLeft *= shownPerTime_;
+        point.tanRight *= shownPerTime_;
+    }
+    return result;
+}
+
+FitDialog::Outcome BakeDialog::outcomeOf(const CurveFit::Steps& times) const
+{
+    if (isLate_)
+        return {tr("This takes too long. Fewer points may do."), false};
+    if (!(times.step > 0.0))
+        return {tr("The step is greater than 0."), false};
+    if (times.first > times.last)
+        return {tr("The first time is later than the last."), false};
+    if (result_.status == CurveFit::Status::TooManyPoints || result_.status == CurveFit::Status::BadRange)
+        return {tr("These are more than %1 points.").arg(CurveFit::stepLimit), false};
+    if (!result_.isDone())
+        return {tr("The curve has no value there."), false};
+    const std::size_t count = result_.spline.points.size();
+    if (!isFitted())
+        return {tr("Number of points: %1").arg(count), true};
+    return {tr("%1 values become %2 points, at most %3 away.")
+                .arg(samples_)
+                .arg(count)
+                .arg(result_.deviation, 0, 'g', 3),
+            true};
+}
+
+void BakeDialog::apply()
+{
+    if (curve())
+        canvas().setPoints(*curve(), tr("Bake %1"), result_.spline.points);
+}

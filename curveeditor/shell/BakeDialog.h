@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/CurveFit.h>
+#include <curveeditor/shell/FitDialog.h>
+
+class QComboBox;
+
+/// Makes points of the current curve, be it a formula or a spline, at times of equal distance. The values are those
+/// that are not clamped: the limits of the curve act on its points as they did on the formula. Times are shown as
+/// the axis shows them.
+class BakeDialog final : public FitDialog
+{
+    Q_OBJECT
+
+public:
+    BakeDialog(QWidget* editor, CanvasFunctionBase& canvas);
+
+protected:
+    Outcome work() override;
+    void apply() override;
+
+private:
+    void addTimes();
+    void addKinds();
+    bool isFitted() const;
+    /// In the times that are shown.
+    std::optional<CurveFit::Steps> steps() const;
+    CurveFit::Result bake(const CurveFit::Steps& steps);
+    Outcome outcomeOf(const CurveFit::Steps& steps) const;
+
+    double fps_;
+    double shownPerTime_; ///< frames, or 1.0
+    CurveFit::Result result_;
+    std::size_t samples_ = 0; ///< finite values that were baked
+    bool isLate_ = false;     ///< the curve took too long to evaluate
+    QLineEdit* from_;
+    QLineEdit* to_;
+    QLineEdit* every_;
+    QComboBox* kind_;
+    QLineEdit* tolerance_;
+};

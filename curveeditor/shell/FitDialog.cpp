@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/FitDialog.h>
+
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/TitleWidth.h>
+#include <curveeditor/shell/DialogParts.h>
+
+#include <QDialogButtonBox>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int smallestWidth = 340;
+constexpr int outcomeLines = 2;
+constexpr qint64 millisecondsPerKey = 50; // longer work waits for a pause in typing
+constexpr int typingPause = 300;
+constexpr double shareOfSpan = 0.001;
+constexpr int toleranceDigits = 2;
+
+} // namespace
+
+FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas, const QString& title)
+    : QDialog(editor), canvas_(canvas), curve_(canvas.getCurrentCurve()), form_(new QFormLayout),
+      delay_(new QTimer(this))
+{
+    setDialogFamily(this);
+    setWindowTitle(title);
+    auto* const column = outerLayout<QVBoxLayout>("column", this);
+    column->addLayout(form_);
+    connect(this, &QDialog::finished, this, &QObject::deleteLater);
+    // Queued, as the canvas is still at it.
+    connect(curve_, &QObject::destroyed, this, &FitDialog::reject, Qt::QueuedConnection);
+    delay_->setSingleShot(true);
+    connect(delay_, &QTimer::timeout, this, &FitDialog::refresh);
+    editor->installEventFilter(this);
+}
+
+// Fields come before buttons in the order of the Tab key.
+void FitDialog::addOutcome()
+{
+    outcome_ = named<QLabel>("outcome", this);
+    outcome_->setTextFormat(Qt::PlainText);
+    outcome_->setWordWrap(true);
+    outcome_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    outcome_->setMinimumSize(std::max(smallestWidth, titleWidth(*this)),
+                             outcomeLines * outcome_->fontMetrics().lineSpacing());
+    layout()->addWidget(outcome_);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    layout()->addWidget(buttons);
+    ok_ = buttons->button(QDialogButtonBox::Ok);
+    ok_->setDefault(true);
+    connect(buttons, &QDialogButtonBox::accepted, this, &FitDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &FitDialog::reject);
+    refresh();
+}
+
+CurveNodeBase* FitDialog::curve() const
+{
+    return curve_;
+}
+
+void FitDialog::accept()
+{
+    if (delay_->isActive())
+        refresh();
+    if (!ok_->isEnabled())
+        return;
+    QDialog::accept();
+    apply();
+}
+
+void FitDialog::reject()
+{
+    delay_->stop();
+    QDialog::reject();
+    takeBack();
+}
+
+bool FitDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parent() && event->type() == QEvent::Hide && !event->spontaneous() && isVisible())
+        reject();
+    return QDialog::eventFilter(watched, event);
+}
+
+void FitDialog::addField(const char* name, const QString& label, QWidget* field)
+{
+    field->setObjectName(QLatin1String(name));
+    if (label.isEmpty())
+        form_->addRow(field);
+    else
+        form_->addRow(label, field);
+}
+
+QLineEdit* FitDialog::addNumber(const char* name, const QString& label, double number)
+{
+    auto* const line = new QLineEdit(QString::number(number, 'g', QLocale::FloatingPointShortest));
+    addField(name, label, line);
+    connect(line, &QLineEdit::textChanged, this, &FitDialog::fieldChanged);
+    return line;
+}
+
+void FitDialog::fieldChanged()
+{
+    if (!outcome_)
+        return;
+    if (workTime_ > millisecondsPerKey)
+        delay_->start(typingPause);
+    else
+        refresh();
+}
+
+void FitDialog::refresh()
+{
+    delay_->stop();
+    QElapsedTimer timer;
+    timer.start();
+    const Outcome outcome = work();
+    workTime_ = timer.elapsed();
+    outcome_->setText(outcome.text);
+    ok_->setEnabled(outcome.isPossible);
+}
+
+std::optional<double> FitDialog::numberIn(const QLineEdit& line)
+{
+    bool isNumber = false;
+    const double number = line.text().replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+QString FitDialog::toleranceHint()
+{
+    return tr("The tolerance is a number, 0 or more.");
+}
+
+double FitDialog::usualTolerance(double lowest, double highest)
+{
+    const double share = highest * shareOfSpan - lowest * shareOfSpan;
+    return QString::number(share > 0.0 ? share : shareOfSpan, 'g', toleranceDigits).toDouble();
+}

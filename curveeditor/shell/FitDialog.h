@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/canvas/CanvasFunctionBase.h>
+
+#include <QDialog>
+#include <QPointer>
+#include <QTimer>
+
+#include <optional>
+
+class CurveNodeBase;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// Asks how the points of the current curve are to be made anew, and says below the fields what that gives, while
+/// they are typed in. OK is enabled as long as it can be done.
+///
+/// A child of the editor, which deletes it before its canvas goes. To be opened with `open`: no loop of its own
+/// runs, so the host may do anything meanwhile. It is rejected when the editor is hidden or the curve leaves the
+/// canvas, and deletes itself in the end.
+class FitDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// There must be a current curve.
+    FitDialog(QWidget* editor, CanvasFunctionBase& canvas, const QString& title);
+
+    void accept() override;
+    void reject() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    struct Outcome
+    {
+        QString text;
+        bool isPossible = false;
+    };
+    /// What the fields ask for now.
+    virtual Outcome work() = 0;
+    virtual void apply() = 0;
+    virtual void takeBack() {}
+
+    CanvasFunctionBase& canvas() { return canvas_; }
+    /// The curve that was current at first; null if it is not on the canvas any more.
+    CurveNodeBase* curve() const;
+
+    /// A row; the name is that of the object.
+    void addField(const char* name, const QString& label, QWidget* field);
+    QLineEdit* addNumber(const char* name, const QString& label, double number);
+    /// To be called behind the last field: adds the rest and does the work for the first time.
+    void addOutcome();
+    /// For changes of fields that are no lines.
+    void fieldChanged();
+
+    /// The number in the line, with a point or a comma; none if there is another text, or it is not finite.
+    static std::optional<double> numberIn(const QLineEdit& line);
+    static QString toleranceHint();
+    /// A thousandth of that span as a number of few digits.
+    static double usualTolerance(double lowest, double highest);
+
+private:
+    void refresh();
+
+    CanvasFunctionBase& canvas_;
+    QPointer<CurveNodeBase> curve_;
+    QFormLayout* form_;
+    QLabel* outcome_ = nullptr;
+    QPushButton* ok_ = nullptr;
+    QTimer* delay_; ///< until the work is done where it takes long
+    qint64 workTime_ = 0;
+};

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/CurveTrial.h>
+#include <curveeditor/shell/FitDialog.h>
+
+class QCheckBox;
+
+/// Makes fewer points of the current spline, or of the part between its selected points if these are more than
+/// two. The canvas shows the result while the tolerance is typed.
+class SimplifyDialog final : public FitDialog
+{
+    Q_OBJECT
+
+public:
+    /// The current curve must be a spline.
+    SimplifyDialog(QWidget* editor, CanvasFunctionBase& canvas);
+
+protected:
+    Outcome work() override;
+    void apply() override;
+    void takeBack() override;
+
+private:
+    void takeSpan();
+    Outcome simplify(double tolerance);
+
+    CurveTrial trial_;
+    SplineBase original_;
+    std::size_t first_ = 0;
+    std::size_t last_ = 0;
+    bool isPart_ = false;
+    QLineEdit* tolerance_;
+    QCheckBox* monotone_;
+};

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include "EditorScene.h"
+
+#include <curveeditor/model/SplineState.h>
+#include <curveeditor/shell/BakeDialog.h>
+#include <curveeditor/shell/SimplifyDialog.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+
+#include <cmath>
+#include <functional>
+
+namespace {
+
+/// The scene, in which "a.x" has 101 points at the times 0 to 10, and what a user does at the dialogs.
+struct FitScene : Scene
+{
+    FitScene()
+    {
+        SplineState state = spline.state();
+        state.points.clear();
+        for (int i = 0; i <= 100; ++i) {
+            SplineBase::PointInfo point;
+            point.time = 0.1 * i;
+            point.pos = std::sin(0.1 * i);
+            point.type = SplineBase::Linear;
+            state.points.push_back(point);
+        }
+        spline.assign(state);
+        editor.updateCurves();
+    }
+    FitDialog* open(Qt::Key key)
+    {
+        QTest::keyClick(&canvas, key, Qt::ShiftModifier);
+        auto* const dialog = editor.findChild<FitDialog*>();
+        if (dialog && !QTest::qWaitForWindowActive(dialog))
+            qFatal("the dialog does not open");
+        return dialog;
+    }
+    static void type(const FitDialog& dialog, const char* field, const QString& text)
+    {
+        auto* const line = dialog.findChild<QLineEdit*>(QLatin1String(field));
+        line->selectAll();
+        QTest::keyClick(line, Qt::Key_Delete);
+        QTest::keyClicks(line, text);
+        QTRY_VERIFY(!dialog.findChild<QTimer*>()->isActive()); // it waits for a pause in typing
+    }
+    static QString outcome(const FitDialog& dialog) { return dialog.findChild<QLabel*>("outcome")->text(); }
+    unsigned count() const { return spline.getControlPointsNumber(); }
+
+    SplineBase& spline = curves["a.x"].spline;
+};
+
+} // namespace
+
+class tst_FitDialogs : public QObject
+{
+    Q_OBJECT
+
+    using Deed = std::function<void(FitScene&)>;
+
+private Q_SLOTS:
+    void curveFollowsTheTolerance_data()
+    {
+        QTest::addColumn<QString>("tolerance");
+        QTest::addColumn<int>("mostPoints"); // 101 where the curve stays as it is
+        QTest::newRow("usual") << QString() << 40;
+        QTest::newRow("coarse") << "0,5" << 20;
+        QTest::newRow("huge") << "1e300" << 2;
+        QTest::newRow("none") << "0" << 101;
+        for (const char* const bad : {"x", " ", "-1", "nan", "inf", "1e999", "1 2"})
+            QTest::newRow(bad) << bad << 101;
+    }
+    void curveFollowsTheTolerance()
+    {
+        QFETCH(const QString, tolerance);
+        QFETCH(const int, mostPoints);
+        const bool isDone = mostPoints < 101;
+        for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Return}) {
+            FitScene s;
+            const auto before = s.states();
+            FitDialog* const dialog = s.open(Qt::Key_S);
+            QVERIFY(int(s.count()) <= 40); // at once
+            if (!tolerance.isEmpty())
+                s.type(*dialog, "tolerance", tolerance);
+            QVERIFY2(int(s.count()) <= mostPoints, qPrintable(s.outcome(*dialog)));
+            QCOMPARE(s.states() == before, !isDone);
+            QCOMPARE(s.outcome(*dialog).startsWith(QString("101 points become %1, at").arg(s.count())),
+                     isDone);
+            QVERIFY(s.showsWhatIsDrawnFromScratch());
+            QVERIFY(s.changes.isEmpty() && s.commits.isEmpty());
+            QTest::keyClick(dialog->focusWidget(), end);
+            const bool isKept = isDone && end == Qt::Key_Return;
+            QCOMPARE(dialog->isVisible(), !isDone && end == Qt::Key_Return);
+            QCOMPARE(s.entries(), isKept ? 1 : 0);
+            QCOMPARE(s.changes, isKept ? QStringList{"a/x"} : QStringList());
+            QCOMPARE(s.commits.size(), isDone ? 1 : 0);
+            s.editor.undo();
+            QVERIFY(s.states() == before);
+            QVERIFY(s.showsWhatIsDrawnFromScratch());
+        }
+    }
+
+    void partBetweenSelectedPointsIsSimplified()
+    {
+        FitScene s;
+        s.canvas.canvas.currentControl()->selectPoints(
+            {s.spline[20]->serial, s.spline[40]->serial, s.spline[60]->serial});
+        QVERIFY(s.outcome(*s.open(Qt::Key_S)).startsWith("41 points of the selected part become "));
+        QCOMPARE(s.spline[19]->time, 0.1 * 19);
+        QCOMPARE(s.spline[s.count() - 41]->time, 0.1 * 60);
+        QVERIFY(s.count() < 80);
+    }
+
+    void simplifyNeedsASplineOfThreePoints()
+    {
+        FitScene s;
+        s.canvas.canvas.setCurrentCurve("a.z");
+        QVERIFY(!s.open(Qt::Key_S));
+        s.canvas.canvas.setCurrentCurve("a.y");
+        QVERIFY(!s.open(Qt::Key_S));
+        SplineBase& spline = s.curves["a.y"].spline;
+        for (const double value : {3.0, 4.0, 5.0}) // a step: all at one time
+            spline.addPoint(5.0, value);
+        spline.setTime(spline.modify(0), 5.0);
+        QVERIFY(s.open(Qt::Key_S));
+        QCOMPARE(QPointF(spline.getFirst()->pos, spline.getLast()->pos), QPointF(-2.0, 0.0));
+        QCOMPARE(spline.getControlPointsNumber(), 2u);
+    }
+
+    void hostMayDoAnythingMeanwhile_data()
+    {
+        QTest::addColumn<Deed>("deed");
+        QTest::addColumn<int>("pointsAfterCancel");
+        QTest::addColumn<int>("mostAfterOk");
+        const auto row = [](const char* name, int afterCancel, int mostAfterOk, const Deed& deed) {
+            QTest::newRow(name) << deed << afterCancel << mostAfterOk;
+        };
+        row("nothing", 101, 20, [](FitScene&) {});
+        row("change", 1, 1, [](FitScene& s) { s.spline.reset(), s.editor.updateCurves(); });
+        row("another curve", 101, 20, [](FitScene& s) { s.editor.setDefaultSelected("a", "y"); });
+        row("take off", 101, 101, [](FitScene& s) { s.editor.cleanSelecteds(); });
+        row("remove", 101, 101, [](FitScene& s) { s.editor.removeCurve("a", "x"); });
+        row("undo", 101, 20, [](FitScene& s) { s.editor.undo(); });
+        row("hide", 101, 101, [](FitScene& s) { s.editor.hide(); });
+        row("close", 101, 101, [](FitScene& s) { s.editor.close(); });
+        row("new stack", 101, 20, [](FitScene& s) { s.editor.setUndoStack(new QUndoStack(&s.editor)); });
+    }
+    void hostMayDoAnythingMeanwhile()
+    {
+        QFETCH(const Deed, deed);
+        QFETCH(const int, pointsAfterCancel);
+        QFETCH(const int, mostAfterOk);
+        for (const bool accepts : {false, true}) {
+            for (const Qt::Key key : {Qt::Key_S, Qt::Key_B}) {
+                FitScene s;
+                const QPointer<FitDialog> dialog = s.open(key);
+                deed(s);
+                QCoreApplication::processEvents();
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                if (dialog)
+                    s.type(*dialog, "tolerance", "0.2");
+                if (dialog && accepts)
+                    dialog->accept();
+                else if (dialog)
+                    dialog->reject();
+                if (!accepts)
+                    QCOMPARE(int(s.count()), pointsAfterCancel);
+                else if (key == Qt::Key_S)
+                    QVERIFY(int(s.count()) <= mostAfterOk);
+                QVERIFY(!s.editor.isVisible() || s.showsWhatIsDrawnFromScratch());
+            }
+        }
+    }
+
+    void editorThatGoesTakesTheTrialBack()
+    {
+        HostCurve curve;
+        for (int i = 0; i < 20; ++i)
+            curve.spline.addPoint(0.1 * i, 0.0);
+        const SplineState before = curve.spline.state();
+        const QPointer<CurveEditor> editor = new CurveEditor;
+        editor->addCurve("a", "x", Qt::green, 0.0F, &curve.spline, &curve.expression, -1.0F, 1.0F);
+        editor->setDefaultSelected("a", "x");
+        auto& canvas = *editor->findChild<FunctionEditor*>("functionEdit");
+        for (const bool isCurveThere : {true, false}) {
+            (new SimplifyDialog(editor, canvas.canvas))->open();
+            QVERIFY(curve.spline.state() != before);
+            if (isCurveThere)
+                editor->findChild<SimplifyDialog*>()->reject();
+            else
+                editor->deleteLater();
+            QTRY_COMPARE(editor.isNull(), !isCurveThere);
+            QVERIFY(curve.spline.state() == before);
+        }
+    }
+
+    void formulaBecomesPoints_data()
+    {
+        QTest::addColumn<QString>("formula");
+        QTest::addColumn<QStringList>("typed"); // from, to, every
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("outcome"); // empty where it is refused
+        const auto row = [](const char* name, const QString& formula, const QStringList& typed, int kind,
+                            const QString& outcome) {
+            QTest::newRow(name) << formula << typed << kind << outcome;
+        };
+        row("each frame", "f+10", {"0", "20", "1"}, 0, "Number of points: 21");
+        row("beyond the limits of the curve", "1e4t", {"0", "10", "2.5"}, 1, "Number of points: 5");
+        row("Tcb", "t*t", {"-5", "5", "3"}, 2, "Number of points: 5");
+        row("few", "t*t", {"0", "100", "0.1"}, 3, "1001 values become 2 points, at most ");
+        row("gaps", "log(t)", {"-10", "10", "1"}, 0, "Number of points: 10");
+        row("spline", {}, {"0", "100", "1"}, 1, "Number of points: 101");
+        row("no step", "t", {"0", "1", "0"}, 0, {});
+        row("step back", "t", {"0", "1", "-1"}, 0, {});
+        row("order", "t", {"1", "0", "1"}, 0, {});
+        row("word", "t", {"a", "1", "1"}, 0, {});
+        row("empty", "t", {"0", "", "1"}, 0, {});
+        row("too many", "t", {"0", "1e9", "1"}, 3, {});
+        row("too far", "t", {"-1e308", "1e308", "1"}, 0, {});
+        row("no value", "log(-1)", {"0", "9", "1"}, 1, {});
+    }
+    void formulaBecomesPoints()
+    {
+        QFETCH(const QString, formula);
+        QFETCH(const QStringList, typed);
+        QFETCH(const int, kind);
+        QFETCH(const QString, outcome);
+        FitScene s;
+        if (!formula.isEmpty())
+            s.enter(formula);
+        s.canvas.setFocus();
+        s.changes.clear();
+        const auto before = s.states();
+        const int entries = s.entries();
+        FitDialog* const dialog = s.open(Qt::Key_B);
+        dialog->findChild<QComboBox*>("kind")->setCurrentIndex(kind);
+        for (int i = 0; i < 3; ++i)
+            s.type(*dialog, QList<const char*>{"from", "to", "every"}[i], typed[i]);
+        QVERIFY(s.states() == before);
+        std::map<double, double> values;
+        for (const double time : {0.0, 0.7, 1.0})
+            s.canvas.canvas.getCurrentValue(time, values[time]);
+        QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+        const bool isDone = !outcome.isEmpty();
+        QVERIFY2(isDone ? s.outcome(*dialog).startsWith(outcome) : dialog->isVisible(),
+                 qPrintable(s.outcome(*dialog)));
+        QCOMPARE(s.entries(), entries + (isDone ? 1 : 0));
+        QCOMPARE(s.changes, isDone ? QStringList{"a/x"} : QStringList());
+        if (!isDone)
+            return;
+        QVERIFY(!s.curves["a.x"].expression && !s.canvas.canvas.isCurrentExpression());
+        QVERIFY(s.editor.commandLine->text().isEmpty());
+        QVERIFY(s.showsWhatIsDrawnFromScratch());
+        if (formula != "log(t)" && typed[2] == "1") {
+            for (const auto& [time, value] : values)
+                QVERIFY(std::abs(s.spline(time) - value) < 1e-2);
+        }
+        if (kind < 3)
+            QCOMPARE(s.spline.getLast()->type, kind);
+        if (formula == "1e4t")
+            QCOMPARE(s.spline.getLast()->pos, 10000.0);
+        s.editor.undo();
+        QVERIFY(s.states() == before);
+    }
+};
+
+QTEST_MAIN(tst_FitDialogs)
+#include "tst_FitDialogs.moc"
