@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,6 +14,13 @@ namespace {
 constexpr const char* screenshotOption = "screenshot";
 constexpr const char* exportOption = "export";
 constexpr const char* openOption = "open";
+constexpr const char* simplifyOption = "simplify";
+
+[[noreturn]] void refuse(const QString& reason)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(reason));
+    std::exit(EXIT_FAILURE);
+}
 
 } // namespace
 
@@ -29,18 +37,33 @@ CommandLine::CommandLine(const QCoreApplication& application)
         {screenshotOption, tr("Draw the editor into a PNG file, without a display, and end."), "FILE"},
         {exportOption, tr("Write the curves on the canvas as a table of samples and end."), "FILE"},
         {openOption, tr("Open this curve, or all curves of this group. May be given several times."), "NAME"},
+        {simplifyOption,
+         tr("Load each column of the table as few points, at most this far from its values: percent of their "
+            "span."),
+         "TOLERANCE"},
     });
     parser.process(application);
 
     const QStringList files = parser.positionalArguments();
-    if (files.size() > 1) {
-        std::fprintf(stderr, "%s\n", qPrintable(tr("Only one table can be opened.")));
-        std::exit(EXIT_FAILURE);
-    }
+    if (files.size() > 1)
+        refuse(tr("Only one table can be opened."));
     tableFile = files.value(0);
     names = parser.values(openOption);
+    if (parser.isSet(simplifyOption))
+        simplifyPercent = toleranceOf(parser.value(simplifyOption), tableFile);
     screenshotFile = parser.value(screenshotOption);
     exportFile = parser.value(exportOption);
+}
+
+double CommandLine::toleranceOf(const QString& text, const QString& table)
+{
+    bool isNumber = false;
+    const double percent = text.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(percent) || percent < 0.0)
+        refuse(tr("\"%1\" is no tolerance in percent.").arg(text));
+    if (table.isEmpty())
+        refuse(tr("To simplify takes a table."));
+    return percent;
 }
 
 bool CommandLine::needsNoDisplay(int argc, const char* const* argv)

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 /// What the demo was asked for on its command line.
 class CommandLine
 {
@@ -23,6 +25,10 @@ public:
 
     QString tableFile; ///< empty for the sample curves
     QStringList names; ///< groups and full names of curves to open; empty for the demo's own choice
+    std::optional<double> simplifyPercent; ///< tolerance for the columns of the table
     QString screenshotFile;
     QString exportFile;
+
+private:
+    static double toleranceOf(const QString& text, const QString& table);
 };

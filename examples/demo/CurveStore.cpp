@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CurveStore.h"
 
+#include <curveeditor/model/CurveFit.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
@@ -105,6 +106,18 @@ void CurveStore::forgetVariable(const std::string& variable)
     variables_.remove(variable);
     if (Curve* other = findIf(*this, [&](const Curve& curve) { return variableName(curve) == variable; }))
         variables_.add(variable, &other->spline, &other->expression);
+}
+
+bool simplify(Curve& curve, double percent)
+{
+    const auto& points = curve.spline.getControlPoints();
+    const auto [lowest, highest] =
+        std::minmax_element(points.begin(), points.end(),
+                            [](const auto* left, const auto* right) { return left->pos < right->pos; });
+    const double tolerance = ((*highest)->pos - (*lowest)->pos) * percent / 100.0;
+    const CurveFit::Result result = CurveFit::simplify(curve.spline, {tolerance, false});
+    const bool isFewer = result.isDone() && result.spline.points.size() < points.size();
+    return isFewer && !curve.expression && curve.spline.assign(result.spline);
 }
 
 double valueAt(const Curve& curve, double time, double fps)

@@ -79,5 +79,9 @@ private:
     CurveVariables variables_;
 };
 
+/// Gives the spline of a curve fewer points, none of its values further away than that share of their span. Returns
+/// false, and changes nothing, if no fewer do; so it is for a formula.
+bool simplify(Curve& curve, double percent);
+
 /// The value of a curve at a time within its clamps; `fps` frames make a time unit.
 double valueAt(const Curve& curve, double time, double fps);

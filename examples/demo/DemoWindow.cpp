@@ -26,6 +26,7 @@ namespace {
 constexpr QSize windowSize(330, 700);
 constexpr int windowGap = 12;
 constexpr int mostLogLines = 1000;
+constexpr double usualTolerance = 0.1;
 
 } // namespace
 
@@ -105,6 +106,7 @@ void DemoWindow::createMenus()
     curveMenu->addAction(tr("&Open"), QKeySequence(Qt::CTRL | Qt::Key_O), this, &DemoWindow::openSelected);
     curveMenu->addAction(tr("&Rename…"), QKeySequence(Qt::Key_F2), this, &DemoWindow::renameSelected);
     curveMenu->addAction(tr("Re&move"), this, &DemoWindow::removeSelected);
+    curveMenu->addAction(tr("&Simplify…"), this, &DemoWindow::simplifySelected);
     list_->addActions(curveMenu->actions());
 
     QMenu* viewMenu = menuBar()->addMenu(tr("&View"));
@@ -131,6 +133,19 @@ Curve* DemoWindow::selectedCurve() const
 {
     const CurveList::CurveName name = CurveList::nameOf(list_->currentItem());
     return store_.find(name.group, name.curve);
+}
+
+std::vector<Curve*> DemoWindow::selectedCurves() const
+{
+    std::vector<Curve*> curves;
+    const QTreeWidgetItem* row = list_->currentItem();
+    if (Curve* curve = selectedCurve())
+        curves.push_back(curve);
+    for (const auto& curve : store_.getCurves()) {
+        if (row && !row->parent() && curve->group == row->text(0))
+            curves.push_back(curve.get());
+    }
+    return curves;
 }
 
 void DemoWindow::openSelected()
@@ -167,6 +182,27 @@ void DemoWindow::removeSelected()
         return;
     host_.remove(*curve);
     delete list_->currentItem();
+}
+
+void DemoWindow::simplifySelected()
+{
+    if (selectedCurves().empty())
+        return;
+    bool accepted = false;
+    const double percent = QInputDialog::getDouble(
+        this, tr("Simplify"), tr("Tolerance in percent of the span of a curve's values:"), usualTolerance,
+        0.0, 100.0, 4, &accepted);
+    if (!accepted)
+        return;
+    for (Curve* curve : selectedCurves()) {
+        const unsigned before = curve->spline.getControlPointsNumber();
+        simplify(*curve, percent);
+        log_->appendPlainText(tr("%1: of %2 points %3")
+                                  .arg(curve->fullName())
+                                  .arg(before)
+                                  .arg(curve->spline.getControlPointsNumber()));
+    }
+    host_.getEditor().updateCurves();
 }
 
 void DemoWindow::exportTable()

@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 
+#include <vector>
+
 class CurveList;
 class CurveStore;
 class QPlainTextEdit;
@@ -32,9 +34,12 @@ private:
     void createMenus();
     void connectEditor();
     Curve* selectedCurve() const;
+    /// All of the group whose row is selected.
+    std::vector<Curve*> selectedCurves() const;
     void openSelected();
     void renameSelected();
     void removeSelected();
+    void simplifySelected();
     void exportTable();
     void showEditor();
     void logChange(const QString& group, const QString& name);

@@ -5,6 +5,8 @@
 #include "DistinctColor.h"
 #include "Table.h"
 
+#include <curveeditor/model/CurveFit.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -42,6 +44,17 @@ PlaneRange rangeOf(const Table& table)
     return range;
 }
 
+/// Fits a curve to the rows, which leaves more freedom than the straight lines between them. Returns false if it has
+/// no fewer points than there are rows.
+bool fitSpline(SplineBase& spline, const std::vector<double>& times, const std::vector<double>& values,
+               double percent)
+{
+    const auto [lowest, highest] = std::minmax_element(values.begin(), values.end());
+    const CurveFit::Result result =
+        CurveFit::fit(times, values, {(*highest - *lowest) * percent / 100.0, false});
+    return result.isDone() && result.spline.points.size() < times.size() && spline.assign(result.spline);
+}
+
 void fillSpline(SplineBase& spline, const std::vector<double>& times, const std::vector<double>& values)
 {
     spline.setTime(spline.modify(0), times.front());
@@ -54,7 +67,7 @@ void fillSpline(SplineBase& spline, const std::vector<double>& times, const std:
 
 } // namespace
 
-void addTableCurves(CurveStore& store, const Table& table)
+void addTableCurves(CurveStore& store, const Table& table, std::optional<double> tolerance)
 {
     constexpr float widest = std::numeric_limits<float>::max();
     const PlaneRange range = rangeOf(table);
@@ -65,6 +78,7 @@ void addTableCurves(CurveStore& store, const Table& table)
         curve->minValue = -widest;
         curve->maxValue = widest;
         curve->defaultValue = float(std::clamp(column.values.front(), -double(widest), double(widest)));
-        fillSpline(curve->spline, table.times, column.values);
+        if (!tolerance || !fitSpline(curve->spline, table.times, column.values, *tolerance))
+            fillSpline(curve->spline, table.times, column.values);
     }
 }

@@ -36,8 +36,9 @@ bool report(const QString& reason)
 
 // The curves of the table, or the samples if there is no name. Returns an empty text, or why there is no
 // table.
-QString fillStore(CurveStore& store, const QString& fileName)
+QString fillStore(CurveStore& store, const CommandLine& commandLine)
 {
+    const QString& fileName = commandLine.tableFile;
     if (fileName.isEmpty()) {
         addSampleCurves(store);
         return QString();
@@ -49,7 +50,7 @@ QString fillStore(CurveStore& store, const QString& fileName)
     const std::optional<Table> table = reader.read();
     if (!table)
         return QStringLiteral("%1:%2: %3").arg(fileName).arg(reader.getLine()).arg(reader.getReason());
-    addTableCurves(store, *table);
+    addTableCurves(store, *table, commandLine.simplifyPercent);
     return QString();
 }
 
@@ -111,7 +112,7 @@ int main(int argc, char* argv[])
     }
 
     CurveStore store;
-    if (!report(fillStore(store, commandLine.tableFile)))
+    if (!report(fillStore(store, commandLine)))
         return EXIT_FAILURE;
     const QStringList names = namesToOpen(store, commandLine);
 

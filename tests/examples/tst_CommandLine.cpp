@@ -35,6 +35,9 @@ private Q_SLOTS:
         QTest::newRow("two tables") << QStringList{"a", "b"};
         QTest::newRow("unknown option") << QStringList{"--picture", "a"};
         QTest::newRow("unknown curve") << QStringList{"--open", "Camera.none", "--export", path("none")};
+        QTest::newRow("no tolerance") << QStringList{"--simplify", "x", "a", "--export", path("b")};
+        QTest::newRow("tolerance below 0") << QStringList{"--simplify", "-1", "a", "--export", path("b")};
+        QTest::newRow("nothing to simplify") << QStringList{"--simplify", "1", "--export", path("b")};
         QTest::newRow("picture nowhere") << QStringList{"--screenshot", path("none/a.png")};
         QTest::newRow("table nowhere") << QStringList{"--export", path("none/a.txt")};
     }
@@ -43,7 +46,7 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, arguments);
         QCOMPARE(run(arguments), 1);
-        QVERIFY(!errors_.isEmpty());
+        QVERIFY(!errors_.isEmpty() && !QFile::exists(path("b")));
     }
 
     void screenshotShowsTheCurves_data()
@@ -89,6 +92,18 @@ private Q_SLOTS:
         QCOMPARE(content("out.txt"), expected);
         QCOMPARE(run({path("out.txt"), "--export", path("again.txt")}), 0);
         QCOMPARE(content("again.txt"), expected);
+    }
+
+    void tableIsSimplifiedWithinTheTolerance()
+    {
+        const QString name = writeTable("0 0\n1 1\n2 0\n3 1\n4 0\n5 1\n6 0\n");
+        QList<QByteArray> tables;
+        for (const char* const percent : {"0", "20", "100"}) {
+            QCOMPARE(run({name, "--simplify", percent, "--export", path("out.txt")}), 0);
+            tables.append(content("out.txt"));
+        }
+        QVERIFY(tables[0] == tables[1] && tables[1] != tables[2]);
+        QVERIFY(tables[0].contains("3,\t1.000000"));
     }
 
 private:

@@ -136,6 +136,29 @@ private Q_SLOTS:
         QCOMPARE(store_->findReported("Camera", "1"), store_->find("Camera", "Schwenk ä.1"));
     }
 
+    void simplifyByTheMenuReachesTheEditor()
+    {
+        Curve* key = store_->find("Light", "key intensity");
+        for (int i = 0; i <= 100; ++i)
+            key->spline.addPoint(0.1 * i, std::sin(0.1 * i));
+        window_->getHost().open(*key);
+        auto* canvas = window_->getHost().getEditor().findChild<QWidget*>("functionEdit");
+        const QImage before = canvas->grab().toImage();
+        list_->setCurrentItem(rowOf(list_, "Light.key intensity")->parent());
+        QTimer::singleShot(0, [] {
+            auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            dialog->setDoubleValue(10.0);
+            dialog->accept();
+        });
+        for (QAction* action : list_->actions()) {
+            if (action->text().contains("Simplify"))
+                action->trigger();
+        }
+        QVERIFY(key->spline.getControlPointsNumber() < 30);
+        QVERIFY(store_->find("Light", "fill intensity")->expression);
+        QVERIFY(canvas->grab().toImage() != before);
+    }
+
 private:
     std::unique_ptr<CurveStore> store_;
     std::unique_ptr<DemoWindow> window_;
