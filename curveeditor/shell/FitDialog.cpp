@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QScreen>
+#include <QShowEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -21,6 +23,7 @@ namespace {
 
 constexpr int smallestWidth = 340;
 constexpr int outcomeLines = 2;
+constexpr int gapBelowCanvas = 4;
 constexpr qint64 millisecondsPerKey = 50; // longer work waits for a pause in typing
 constexpr int typingPause = 300;
 constexpr double shareOfSpan = 0.001;
@@ -90,6 +93,19 @@ bool FitDialog::eventFilter(QObject* watched, QEvent* event)
     if (watched == parent() && event->type() == QEvent::Hide && !event->spontaneous() && isVisible())
         reject();
     return QDialog::eventFilter(watched, event);
+}
+
+// Below the canvas, where it does not hide what it shows.
+void FitDialog::showEvent(QShowEvent* event)
+{
+    const auto* const canvas = qobject_cast<QWidget*>(canvas_.parent());
+    const QRect room = screen()->availableGeometry();
+    if (canvas && !event->spontaneous()) {
+        const QPoint corner = canvas->mapToGlobal(canvas->rect().bottomLeft()) + QPoint(0, gapBelowCanvas);
+        move(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())),
+             std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - height())));
+    }
+    QDialog::showEvent(event);
 }
 
 void FitDialog::addField(const char* name, const QString& label, QWidget* field)

@@ -34,6 +34,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
+    void showEvent(QShowEvent* event) override;
+
     struct Outcome
     {
         QString text;

@@ -197,7 +197,7 @@ void DemoWindow::simplifySelected()
     for (Curve* curve : selectedCurves()) {
         const unsigned before = curve->spline.getControlPointsNumber();
         simplify(*curve, percent);
-        log_->appendPlainText(tr("%1: of %2 points %3")
+        log_->appendPlainText(tr("%1: %2 points, now %3")
                                   .arg(curve->fullName())
                                   .arg(before)
                                   .arg(curve->spline.getControlPointsNumber()));

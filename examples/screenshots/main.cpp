@@ -4,14 +4,19 @@
 #include "EditorHost.h"
 #include "SampleCurves.h"
 
+#include <curveeditor/model/CurveFit.h>
 #include <curveeditor/model/SplineBase.h>
 #include <curveeditor/shell/CurveEditor.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
+#include <QPainter>
 #include <QTabWidget>
 #include <QTest>
 
+#include <cmath>
 #include <cstdio>
 
 namespace {
@@ -34,6 +39,35 @@ public:
     }
 
     CurveEditor& editor() { return host_.getEditor(); }
+
+    // The current curve as a sensor would give it.
+    void takeSamples()
+    {
+        const auto sample = [this](double time) {
+            return current_->spline(time) + 0.05 * std::sin(40.0 * time);
+        };
+        const PlaneRange range = host_.getRange();
+        const CurveFit::Steps steps{range.timeMin, range.timeMax, (range.timeMax - range.timeMin) / 400.0};
+        current_->spline.assign(CurveFit::bake(sample, steps, SplineBase::Linear).spline);
+        editor().updateCurves();
+    }
+
+    // The editor with the dialog that this entry of the menu "Edit" opens.
+    QPixmap withDialog(const QString& entry)
+    {
+        for (QAction* const action : editor().findChildren<QAction*>()) {
+            if (action->text() == entry)
+                action->trigger();
+        }
+        auto* const dialog = editor().findChild<QDialog*>();
+        if (!dialog)
+            return QPixmap();
+        QApplication::processEvents();
+        QPixmap picture = editor().grab();
+        const QPoint corner = editor().mapFromGlobal(dialog->pos());
+        QPainter(&picture).drawPixmap(corner, dialog->grab());
+        return picture;
+    }
 
     void selectPoint(unsigned index)
     {
@@ -77,10 +111,13 @@ bool drawPictures(const QDir& folder)
     tcb.selectPoint(1);
     Scene observer({"Observer.x", "Observer.y", "Observer.z", "Observer.sensor"});
     observer.editor().tabWidget2->setCurrentIndex(1);
+    Scene samples({"Camera.pan"});
+    samples.takeSamples();
     QApplication::processEvents();
     return save(bezier.editor().grab(), folder.filePath("editor.png")) &&
            save(bezier.editor().tabWidget2->grab(), folder.filePath("page-bezier.png")) &&
            save(tcb.editor().tabWidget2->grab(), folder.filePath("page-tcb.png")) &&
+           save(samples.withDialog(QStringLiteral("Simplify…")), folder.filePath("simplify.png")) &&
            save(observer.editor().grab(), folder.filePath("expression.png"));
 }
 

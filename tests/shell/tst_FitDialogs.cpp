@@ -83,6 +83,7 @@ private Q_SLOTS:
             const auto before = s.states();
             FitDialog* const dialog = s.open(Qt::Key_S);
             QVERIFY(int(s.count()) <= 40); // at once
+            QVERIFY(dialog->y() > s.canvas.mapToGlobal(s.canvas.rect().bottomLeft()).y());
             if (!tolerance.isEmpty())
                 s.type(*dialog, "tolerance", tolerance);
             QVERIFY2(int(s.count()) <= mostPoints, qPrintable(s.outcome(*dialog)));
