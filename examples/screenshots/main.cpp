@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QLineEdit>
 #include <QPainter>
 #include <QTabWidget>
 #include <QTest>
@@ -20,6 +21,8 @@
 #include <cstdio>
 
 namespace {
+
+constexpr int pauseInTyping = 500; // milliseconds
 
 // The sample curves in an editor on which a user has selected a point of the current one.
 class Scene
@@ -52,8 +55,8 @@ public:
         editor().updateCurves();
     }
 
-    // The editor with the dialog that this entry of the menu "Edit" opens.
-    QPixmap withDialog(const QString& entry)
+    // The editor with the dialog that this entry of the menu "Edit" opens, that tolerance typed in.
+    QPixmap withDialog(const QString& entry, const QString& tolerance)
     {
         for (QAction* const action : editor().findChildren<QAction*>()) {
             if (action->text() == entry)
@@ -62,10 +65,14 @@ public:
         auto* const dialog = editor().findChild<QDialog*>();
         if (!dialog)
             return QPixmap();
-        QApplication::processEvents();
+        dialog->findChild<QLineEdit*>(QStringLiteral("tolerance"))->setText(tolerance);
+        QTest::qWait(pauseInTyping);
         QPixmap picture = editor().grab();
-        const QPoint corner = editor().mapFromGlobal(dialog->pos());
-        QPainter(&picture).drawPixmap(corner, dialog->grab());
+        QRect place(editor().mapFromGlobal(dialog->pos()), dialog->size());
+        QPainter painter(&picture);
+        painter.drawPixmap(place, dialog->grab());
+        painter.setPen(Qt::darkGray);
+        painter.drawRect(place);
         return picture;
     }
 
@@ -117,7 +124,8 @@ bool drawPictures(const QDir& folder)
     return save(bezier.editor().grab(), folder.filePath("editor.png")) &&
            save(bezier.editor().tabWidget2->grab(), folder.filePath("page-bezier.png")) &&
            save(tcb.editor().tabWidget2->grab(), folder.filePath("page-tcb.png")) &&
-           save(samples.withDialog(QStringLiteral("Simplify…")), folder.filePath("simplify.png")) &&
+           save(samples.withDialog(QStringLiteral("Simplify…"), QStringLiteral("0.1")),
+                folder.filePath("simplify.png")) &&
            save(observer.editor().grab(), folder.filePath("expression.png"));
 }
 
