@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/CurveTrial.h>
 
-#include <QSignalBlocker>
-
 #include <utility>
 
 CurveTrial::CurveTrial(CurveEdit& door, std::shared_ptr<EditedCurve> curve, const QString& text)
@@ -10,14 +8,6 @@ CurveTrial::CurveTrial(CurveEdit& door, std::shared_ptr<EditedCurve> curve, cons
       before_(curve_->state()), shown_(before_.spline), fingerprintBefore_(curve_->fingerprint()),
       fingerprintShown_(fingerprintBefore_)
 {
-}
-
-CurveTrial::~CurveTrial()
-{
-    if (!door_)
-        return;
-    const QSignalBlocker silence(door_->history());
-    takeBack();
 }
 
 bool CurveTrial::isPossible() const

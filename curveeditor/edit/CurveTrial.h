@@ -7,8 +7,8 @@
 
 /// An edit of a curve's spline that a user tries out: shown as often as wanted, then kept as one step or taken back.
 ///
-/// Foreign code may run while it lasts. Where the host has changed the curve or taken it away, the trial changes
-/// nothing any more. Where something else was edited, which takes it back, it can be shown and kept all the same.
+/// Foreign code may run while it lasts. Any other edit takes it back, as the end of the canvas does; then it can still
+/// be shown anew and kept. Where the host has changed the curve or taken it away, the trial changes nothing any more.
 class CurveTrial
 {
     Q_DISABLE_COPY_MOVE(CurveTrial)
@@ -16,8 +16,6 @@ class CurveTrial
 public:
     /// Mends the curve. An edit that is open is committed first. `text` says to the user what it does.
     CurveTrial(CurveEdit& door, std::shared_ptr<EditedCurve> curve, const QString& text);
-    /// Takes back, without a report, what was neither kept nor taken back.
-    ~CurveTrial();
 
     /// The curve as it was at first.
     const CurveState& before() const { return before_; }
