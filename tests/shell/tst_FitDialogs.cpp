@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QThread>
 
 #include <cmath>
 #include <functional>
@@ -51,6 +52,17 @@ struct FitScene : Scene
     unsigned count() const { return spline.getControlPointsNumber(); }
 
     SplineBase& spline = curves["a.x"].spline;
+};
+
+/// A formula of a host that takes its time once it is told to.
+struct SlowFormula : FunctionFloatBase
+{
+    double evaluate() override
+    {
+        QThread::usleep(isSlow ? 2000 : 0);
+        return 1.0;
+    }
+    bool isSlow = false;
 };
 
 } // namespace
@@ -185,6 +197,7 @@ private Q_SLOTS:
         const QPointer<CurveEditor> editor = new CurveEditor;
         editor->addCurve("a", "x", Qt::green, 0.0F, &curve.spline, &curve.expression, -1.0F, 1.0F);
         editor->setDefaultSelected("a", "x");
+        editor->show();
         auto& canvas = *editor->findChild<FunctionEditor*>("functionEdit");
         for (const bool isCurveThere : {true, false}) {
             (new SimplifyDialog(editor, canvas.canvas))->open();
@@ -196,6 +209,22 @@ private Q_SLOTS:
             QTRY_COMPARE(editor.isNull(), !isCurveThere);
             QVERIFY(curve.spline.state() == before);
         }
+    }
+
+    void slowFormulaDoesNotHoldTheEditorUp()
+    {
+        FitScene s;
+        auto* const formula = new SlowFormula;
+        s.curves["a.y"].expression = formula;
+        s.editor.cleanSelecteds();
+        s.editor.setDefaultSelected("a", "y");
+        FitDialog* const dialog = s.open(Qt::Key_B);
+        formula->isSlow = true;
+        s.type(*dialog, "every", "0.001");
+        QVERIFY(s.outcome(*dialog).startsWith("This takes too long"));
+        formula->isSlow = false;
+        s.type(*dialog, "every", "10");
+        QVERIFY(s.outcome(*dialog).startsWith("Number"));
     }
 
     void formulaBecomesPoints_data()
@@ -262,7 +291,7 @@ private Q_SLOTS:
         if (kind < 3)
             QCOMPARE(s.spline.getLast()->type, kind);
         if (formula == "1e4t")
-            QCOMPARE(s.spline.getLast()->pos, 10000.0);
+            QCOMPARE(QPointF(s.spline(0.1), s.spline(1.0)), QPointF(1000.0, 10000.0));
         s.editor.undo();
         QVERIFY(s.states() == before);
     }
