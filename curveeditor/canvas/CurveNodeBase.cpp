@@ -48,6 +48,17 @@ QActionGroup* curvesGroup(QWidget* menu)
     return group;
 }
 
+/// Puts an entry where its text belongs in a menu whose others are in order.
+void insertSorted(QWidget* menu, QAction* entry)
+{
+    menu->removeAction(entry);
+    const QList<QAction*> entries = menu->actions();
+    const auto next =
+        std::upper_bound(entries.begin(), entries.end(), entry->text(),
+                         [](const QString& text, const QAction* other) { return text < other->text(); });
+    menu->insertAction(next == entries.end() ? nullptr : *next, entry);
+}
+
 /// Another curve's expression that `node` reads, null if it reads none.
 const FunctionFloatBase* expressionRead(const FunctionFloatBase& node)
 {
@@ -124,7 +135,7 @@ CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QS
     action_->setCheckable(true);
     if (menu) {
         curvesGroup(menu)->addAction(action_);
-        menu->addAction(action_);
+        insertSorted(menu, action_);
     }
     connect(action_, &QAction::triggered, this, &CurveNodeBase::setThisNode);
     curve_->setKind(getExpression() ? CurveKind::Expression : CurveKind::Spline);
@@ -140,6 +151,11 @@ void CurveNodeBase::setName(const QString& newName)
 {
     curve_->name = newName;
     action_->setText(newName);
+    const QList<QObject*> places = action_->associatedObjects();
+    for (QObject* const place : places) {
+        if (auto* const menu = qobject_cast<QWidget*>(place))
+            insertSorted(menu, action_);
+    }
 }
 
 void CurveNodeBase::toggleAction()

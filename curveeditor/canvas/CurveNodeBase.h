@@ -40,8 +40,8 @@ class CurveNodeBase : public QObject
     Q_OBJECT
 
 public:
-    /// Adds an entry of the curve's name to `menu`, in an exclusive group that belongs to that menu. A filled
-    /// holder makes it an expression curve. `menu` may be null; `canvas`, `menu`, `spline` and `expression` are
+    /// Adds an entry of the curve's name to `menu`, whose entries are in ascending order, in an exclusive group
+    /// that belongs to that menu. A filled holder makes it an expression curve. `menu` may be null; `canvas`, `menu`, `spline` and `expression` are
     /// not owned. Tells nobody: it is for the canvas to make the curve its current one.
     CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QString& name, const QColor& color,
                   float defaultValue, SplineBase* spline, FunctionFloatBase** expression, float minValue,

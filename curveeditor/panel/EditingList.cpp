@@ -6,13 +6,42 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QTextDocument>
 
 namespace {
+
+constexpr QColor outline(128, 128, 128); // so that a curve in the colour of the list has its square too
 
 bool mayNameCurve(const QMimeData& data)
 {
     return data.hasText() && !data.text().contains(QLatin1Char('?'));
 }
+
+/// Draws the colour of a curve as a square, sharp whatever the ratio of pixels, and the same in a selected row.
+class CurveRowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& row) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, row);
+        const auto color = row.data(Qt::DecorationRole).value<QColor>();
+        if (!color.isValid() || !option->widget)
+            return;
+        const qreal ratio = option->widget->devicePixelRatioF();
+        QPixmap square(option->decorationSize * ratio);
+        square.fill(outline);
+        const int edge = qMax(1, qRound(ratio));
+        QPainter(&square).fillRect(square.rect().adjusted(edge, edge, -edge, -edge), color);
+        square.setDevicePixelRatio(ratio);
+        option->icon = QIcon(square);
+        option->icon.addPixmap(square, QIcon::Selected);
+    }
+};
 
 } // namespace
 
@@ -21,9 +50,13 @@ EditingList::EditingList(QWidget* parent, const QString& name) : QTreeWidget(par
     setObjectName(name);
     setColumnCount(1);
     setHeaderHidden(true);
-    header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(QHeaderView::Stretch);
     setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideMiddle);
+    setItemDelegate(new CurveRowDelegate(this));
+    fitSquares();
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSortingEnabled(true);
@@ -65,9 +98,66 @@ void EditingList::dropEvent(QDropEvent* event)
         Q_EMIT setNodeForEdit(event->mimeData()->text());
 }
 
-// A row reaches at least to the right edge, so that a click behind a short name still meets it.
-void EditingList::resizeEvent(QResizeEvent* event)
+void EditingList::setCurveName(QTreeWidgetItem* row, const QString& name)
 {
-    header()->setMinimumSectionSize(viewport()->width());
-    QTreeWidget::resizeEvent(event);
+    row->setText(0, name);
+    row->setToolTip(0, Qt::mightBeRichText(name) ? Qt::convertFromPlainText(name) : name);
+}
+
+void EditingList::setCurveColor(QTreeWidgetItem* row, const QColor& color)
+{
+    row->setData(0, Qt::DecorationRole, color);
+}
+
+void EditingList::setFilter(const QString& part)
+{
+    filter_ = part;
+    filterRows(0, topLevelItemCount() - 1);
+    scrollToItem(selectedItem());
+}
+
+void EditingList::filterRows(int first, int last)
+{
+    for (int row = first; row <= last; ++row) {
+        QTreeWidgetItem* const item = topLevelItem(row);
+        item->setHidden(!item->text(0).contains(filter_, Qt::CaseInsensitive) && !item->isSelected());
+    }
+}
+
+void EditingList::rowsInserted(const QModelIndex& parent, int first, int last)
+{
+    QTreeWidget::rowsInserted(parent, first, last);
+    if (!filter_.isEmpty())
+        filterRows(first, last);
+}
+
+// A changed name may have moved its row already, so that `first` is no longer its place.
+void EditingList::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles)
+{
+    QTreeWidget::dataChanged(first, last, roles);
+    if (!filter_.isEmpty())
+        filterRows(0, topLevelItemCount() - 1);
+}
+
+void EditingList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTreeWidgetItem* const row = itemFromIndex(selected.indexes().value(0));
+    if (row && row->isHidden()) {
+        row->setHidden(false);
+        scrollToItem(row);
+    }
+    QTreeWidget::selectionChanged(selected, deselected);
+}
+
+void EditingList::changeEvent(QEvent* event)
+{
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitSquares();
+}
+
+void EditingList::fitSquares()
+{
+    const int side = fontMetrics().ascent();
+    setIconSize({side, side});
 }

@@ -4,8 +4,9 @@
 #include <QTreeWidget>
 
 /// The list of the curves that are on the canvas: one column of full names in ascending order, of which one
-/// is selected. Whoever fills the list owns what its rows stand for; the list only turns a dropped name and
-/// the Delete key into signals.
+/// is selected, each with a square in the colour of its curve. A name that is longer than the list is wide is
+/// shortened in the middle. Whoever fills the list owns what its rows stand for; the list only turns a dropped name
+/// and the Delete key into signals.
 class EditingList : public QTreeWidget
 {
     Q_OBJECT
@@ -15,6 +16,16 @@ public:
 
     /// The selected row, null if there is none.
     QTreeWidgetItem* selectedItem() const;
+
+    /// Gives a row the full name of its curve, which its tool tip shows whole.
+    static void setCurveName(QTreeWidgetItem* row, const QString& name);
+    static void setCurveColor(QTreeWidgetItem* row, const QColor& color);
+
+public Q_SLOTS:
+    /// Hides the rows whose names do not contain `part`, whatever the case of its letters; an empty text shows all.
+    /// The selected row is always in sight. Rows that come, change or are selected later are treated alike, but none
+    /// is hidden because it is no longer selected: rows don't move while they are clicked.
+    void setFilter(const QString& part);
 
 Q_SIGNALS:
     /// The user asks to take the curve of this row off the canvas. Null if no row is selected.
@@ -28,5 +39,14 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void rowsInserted(const QModelIndex& parent, int first, int last) override;
+    void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+private:
+    void filterRows(int first, int last);
+    void fitSquares();
+
+    QString filter_;
 };

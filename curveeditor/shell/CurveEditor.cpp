@@ -5,6 +5,7 @@
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
+#include <curveeditor/panel/EditingListPanel.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/PointTablePage.h>
 #include <curveeditor/shell/EditMenu.h>
@@ -15,9 +16,9 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -40,10 +41,6 @@ bool isTabStop(const QWidget& widget)
 CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(std::make_unique<Private>())
 {
     preInit();
-    checkListsEditing->header()->hide();
-    // Measuring only the rows in sight keeps a list of a thousand curves fast.
-    checkListsEditing->header()->setResizeContentsPrecision(0);
-    checkListsEditing->setUniformRowHeights(true);
 
     auto* const layout = new QHBoxLayout(functionView);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -88,8 +85,8 @@ void CurveEditor::connectWidgets()
 {
     connect(commandLine, &QLineEdit::returnPressed, this, &CurveEditor::executeCommand);
     connect(deleteCurve, &QPushButton::pressed, this, &CurveEditor::deleteCurveClicked);
-    for (QWidget* const searching :
-         std::initializer_list<QWidget*>{nodeFirst, nodeLast, nodeTypeCombo, checkListsEditing})
+    for (QWidget* const searching : std::initializer_list<QWidget*>{
+             nodeFirst, nodeLast, nodeTypeCombo, checkListsEditing, listPanel->filterLine()})
         searching->installEventFilter(this);
     connect(nodeFirst, &QComboBox::activated, this, &CurveEditor::changeNodeFirstType);
     connect(nodeLast, &QComboBox::activated, this, &CurveEditor::changeNodeLastType);

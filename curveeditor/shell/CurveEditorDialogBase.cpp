@@ -3,6 +3,7 @@
 
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
+#include <curveeditor/panel/EditingListPanel.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
 #include <curveeditor/shell/DialogParts.h>
@@ -129,8 +130,11 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
 
     splitter11 = named<QSplitter>("splitter11", this);
     splitter11->setOrientation(Qt::Horizontal);
-    checkListsEditing = named<EditingList>("checkListsEditing", splitter11);
-    checkListsEditing->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    listPanel = named<EditingListPanel>("listPanel", splitter11);
+    listPanel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    checkListsEditing = listPanel->list();
+    checkListsEditing->setObjectName(QStringLiteral("checkListsEditing"));
+    checkListsEditing->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     checkListsEditing->setMinimumWidth(listWidth);
     setDialogFamily(checkListsEditing);
 
@@ -151,6 +155,7 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     tabWidget2->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     tabWidget2->setMinimumSize(0, 0);
     setDialogFamily(tabWidget2);
+    splitter11->setCollapsible(splitter11->indexOf(listPanel), false);
     splitter11->setSizes({listWidth, initialSize.width() - listWidth});
     // The canvas takes all the room that the list and the pages don't need.
     splitter11->setStretchFactor(splitter11->indexOf(splitter10), 1);

@@ -7,6 +7,7 @@
 
 class CustomEditLine;
 class EditingList;
+class EditingListPanel;
 class ExpressionEditLine;
 class PlainToolBar;
 class QComboBox;
@@ -35,6 +36,7 @@ public:
 
     PlainToolBar* mainMenu = nullptr;
     QSplitter* splitter11 = nullptr;
+    EditingListPanel* listPanel = nullptr;
     EditingList* checkListsEditing = nullptr;
     QSplitter* splitter10 = nullptr;
     QFrame* functionView = nullptr; ///< frame of the canvas

@@ -99,7 +99,9 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
     auto record = std::make_unique<NodeStruct>();
     record->spline = spline;
     record->function = function;
-    record->editingItem = new QTreeWidgetItem(QStringList(name));
+    record->editingItem = new QTreeWidgetItem;
+    EditingList::setCurveName(record->editingItem, name);
+    EditingList::setCurveColor(record->editingItem, color);
     record->action = new QAction(variableName(name), expressionTool);
     record->action->setObjectName(variableName(name));
     record->action->setData(d_->nextVariableId++);
@@ -191,7 +193,7 @@ void CurveEditor::renameRecord(NodeStruct& record, const QString& nodeName, cons
     const QString oldName = std::exchange(record.name, fullName(nodeName, curveName));
     record.nodeName = nodeName;
     record.curveName = curveName;
-    record.editingItem->setText(0, record.name);
+    EditingList::setCurveName(record.editingItem, record.name);
     record.action->setText(variableName(record.name));
     for (QString* const remembered : {&d_->toldCurrent, &d_->lineCurve}) {
         if (*remembered == oldName)
@@ -282,6 +284,7 @@ void CurveEditor::setColor(NodeStruct* record, const QColor& color)
     if (!record || !color.isValid())
         return;
     record->color = color;
+    EditingList::setCurveColor(record->editingItem, color);
     d_->functionEdit->setCurveColor(record->name, color);
 }
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
+#include <curveeditor/panel/EditingListPanel.h>
+
 #include <QColorDialog>
 #include <QContextMenuEvent>
+#include <QLineEdit>
 
 class tst_CurveEditorEditing : public QObject
 {
@@ -19,7 +22,7 @@ private Q_SLOTS:
         QCOMPARE(fixture->current(), "cam.lens");
         QTest::keyClick(&fixture->list, Qt::Key_Up);
         QCOMPARE(fixture->current(), "cam.focus");
-        fixture->menu("Curves")->actions()[0]->trigger();
+        fixture->menu("Curves")->actions()[1]->trigger();
         QCOMPARE(fixture->list.selectedItem()->text(0), "cam.lens");
         clickRow("cam.focus");
         QCOMPARE(fixture->current(), "cam.focus");
@@ -59,8 +62,39 @@ private Q_SLOTS:
             QApplication::sendEvent(fixture->list.viewport(), &event);
             const CurveNodeBase* const curve = fixture->canvas.canvas.findCurve("cam.lens");
             QCOMPARE(curve ? curve->getColor() : QColor(), choice == Removed ? QColor() : QColor(Qt::red));
+            if (curve)
+                QCOMPARE(colorOfSquare("cam.lens"), QColor(Qt::red));
         }
         QCOMPARE(fixture->changes.size(), 3);
+    }
+
+    void filterHidesRowsAndLeavesTheCanvasAlone()
+    {
+        QLineEdit& line = *fixture->editor.listPanel->filterLine();
+        for (int i = 0; i < 11; ++i) {
+            QVERIFY(!line.isVisible());
+            fixture->open(QStringLiteral("light.%1").arg(i));
+        }
+        line.setFocus();
+        QTest::keyClicks(&line, "CAM");
+        QCOMPARE(rowsInSight(), QStringList({"cam.focus", "cam.lens", "light.10"}));
+        fixture->editor.renameCurve("light", "3", "sky Cam");
+        fixture->editor.setEditingNode("light.7");
+        QCOMPARE(rowsInSight(),
+                 QStringList({"cam.focus", "cam.lens", "light.10", "light.7", "light.sky Cam"}));
+        clickRow("cam.lens");
+        QCOMPARE(fixture->current(), "cam.lens");
+        QTest::keyClick(&line, Qt::Key_Escape);
+        QVERIFY(fixture->editor.isVisible());
+        QStringList entries;
+        for (const QAction* const entry : fixture->menu("Curves")->actions())
+            entries.append(entry->text());
+        QCOMPARE(entries.size(), 13);
+        QCOMPARE(rowsInSight(), entries);
+        line.setText("light");
+        QTest::keyClick(&fixture->list, Qt::Key_Delete);
+        QVERIFY(!line.isVisible());
+        QCOMPARE(rowsInSight().size(), 12);
     }
 
     void hostMayRemovePointsAtAnyTime()
@@ -86,7 +120,7 @@ private Q_SLOTS:
         QVERIFY(selectedPoint());
         fixture = std::make_unique<EditorFixture>(QStringList{"cam.zoom", "cam.lens"});
         second.reset();
-        QVERIFY(fixture->menu("Curves")->actions()[1]->isChecked());
+        QVERIFY(fixture->menu("Curves")->actions()[0]->isChecked());
         fixture->editor.setDefaultSelected("cam", "lens");
         fixture->clickPoint();
         QCOMPARE(fixture->changes, QStringList({"cam/lens", "cam/lens"})); // opened twice, heard twice
@@ -110,6 +144,20 @@ private:
     const SplineBase::PointInfo* selectedPoint() const
     {
         return fixture->canvas.canvas.currentControl()->getCurrent();
+    }
+    QStringList rowsInSight() const
+    {
+        QStringList names;
+        for (int i = 0; i < fixture->list.topLevelItemCount(); ++i) {
+            if (!fixture->list.topLevelItem(i)->isHidden())
+                names.append(fixture->list.topLevelItem(i)->text(0));
+        }
+        return names;
+    }
+    QColor colorOfSquare(const QString& name) const
+    {
+        const int inside = fixture->list.iconSize().width() / 2;
+        return fixture->list.viewport()->grab().toImage().pixelColor(inside, rowCenter(name).y());
     }
     QPoint rowCenter(const QString& name) const
     {

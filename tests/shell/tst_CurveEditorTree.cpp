@@ -81,6 +81,7 @@ private Q_SLOTS:
             fixture->editor.renameCurve("a", "x", newName);
         QCOMPARE(fixture->current(), fullName);
         QCOMPARE(fixture->list.selectedItem()->text(0), fullName);
+        QCOMPARE(fixture->list.selectedItem()->toolTip(0), fullName);
         QCOMPARE(texts(fixture->menu("Curves")), QStringList{fullName});
         QCOMPARE(texts(fixture->menu("D vars")).value(0), fullName.section('.', 0, 0));
         QCOMPARE(texts(fixture->submenu("D vars", 0)).value(0), fullName.replace(' ', '_'));

@@ -2,6 +2,7 @@
 #include <curveeditor/canvas/TitleWidth.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/CustomEditLine.h>
+#include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
@@ -98,7 +99,7 @@ private Q_SLOTS:
         showWarning(QStringLiteral("Cyclical dependency"), QStringLiteral("<b>"));
     }
 
-    void canvasTakesTheRoomOfALargerDialog()
+    void splittersShareTheRoom()
     {
         CurveEditorDialogBase dialog;
         dialog.show();
@@ -108,6 +109,11 @@ private Q_SLOTS:
         dialog.resize(1600, 1200);
         QCOMPARE(dialog.splitter11->sizes()[0], listWidth);
         QCOMPARE(dialog.splitter10->sizes()[1], pageHeight);
+        for (const int width : {500, 150, 0}) {
+            dialog.splitter11->setSizes({width, 1600});
+            QCOMPARE(dialog.splitter11->sizes()[0] < 160, width < 160);
+            QCOMPARE(dialog.checkListsEditing->width(), qMax(150, dialog.splitter11->sizes()[0]));
+        }
     }
 
     void numberDialogReturnsWhatTheUserChoseAndFollowsTheLanguage()
