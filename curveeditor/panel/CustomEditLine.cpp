@@ -75,6 +75,7 @@ CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit
     setObjectName(name);
     setBounds(-initialBound, initialBound);
     setAlignment(Qt::AlignRight);
+    setLayoutDirection(Qt::LeftToRight); // a sign stands before its number in every language
     setMaxLength(initialMaximumLength);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -90,6 +91,16 @@ void CustomEditLine::setBounds(double low, double high)
 {
     minValue_ = low;
     maxValue_ = high;
+}
+
+void CustomEditLine::setColors(const QColor& field, const QColor& text)
+{
+    QPalette colors;
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        colors.setColor(group, QPalette::Base, field);
+        colors.setColor(group, QPalette::Text, text);
+    }
+    setPalette(colors);
 }
 
 double CustomEditLine::clampToBounds(double value) const

@@ -21,19 +21,28 @@ ExpressionEditLine::ExpressionEditLine(QWidget* parent, const QString& name) : Q
 {
     setObjectName(name);
     setAlignment(Qt::AlignRight);
+    setLayoutDirection(Qt::LeftToRight);
     setMaxLength(maximumLength);
     setFocusPolicy(Qt::StrongFocus);
     setSizeIncrement(1, 1);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMouseTracking(true);
     setAcceptDrops(true);
-    QPalette colors = palette();
-    colors.setColor(QPalette::Base, lineColor);
-    colors.setColor(QPalette::Text, textColor);
-    setPalette(colors);
-    savedPalette_ = palette();
+    setColors(lineColor, textColor, warningColor);
     setText(
         QStringLiteral("1/14 cos(t)+3*exp(-(t-520)^2/2000)+8*exp(-(t-600)^2/2000)+2*exp(-(t-700)^2/4000)"));
+}
+
+void ExpressionEditLine::setColors(const QColor& line, const QColor& text, const QColor& warning)
+{
+    QPalette colors;
+    colors.setColor(QPalette::Base, line);
+    colors.setColor(QPalette::Text, text);
+    setPalette(colors);
+    savedPalette_ = palette();
+    warning_ = warning;
+    if (errorShown_)
+        showErrorColors();
 }
 
 void ExpressionEditLine::showFormula(const QString& formula)
@@ -144,7 +153,7 @@ void ExpressionEditLine::dropEvent(QDropEvent* event)
 void ExpressionEditLine::showErrorColors()
 {
     QPalette colors = savedPalette_;
-    colors.setColor(QPalette::HighlightedText, warningColor);
+    colors.setColor(QPalette::HighlightedText, warning_);
     colors.setColor(QPalette::Highlight, colors.color(QPalette::Base));
     setPalette(colors);
     errorShown_ = true;

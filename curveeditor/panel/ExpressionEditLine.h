@@ -16,6 +16,9 @@ public:
     /// Starts with an example as its text and room for 16384 characters.
     explicit ExpressionEditLine(QWidget* parent = nullptr, const QString& name = QString());
 
+    /// The colours of the line, and of the faulty span of a formula in it.
+    void setColors(const QColor& line, const QColor& text, const QColor& warning);
+
     /// Shows a formula to be edited. One that does not fit is shown without its end, with "…" behind, and
     /// read-only, as what stands in the line is not the formula then; the next one that fits ends that.
     void showFormula(const QString& formula);
@@ -45,6 +48,7 @@ private:
     void restoreColors();
 
     QPalette savedPalette_;
+    QColor warning_;
     ParseMessage lastMessage_;
     bool errorShown_ = false;
 };

@@ -50,6 +50,14 @@ public:
         return combo;
     }
 
+    // A sign stands before its number in every language.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& cell) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, cell);
+        if (cell.column() != PointTableModel::Type)
+            option->direction = Qt::LeftToRight;
+    }
+
     void setEditorData(QWidget* editor, const QModelIndex& cell) const override
     {
         if (isTouched(*editor))
@@ -158,16 +166,21 @@ PointTablePage::PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas,
     view_->setTabKeyNavigation(false);
     view_->setWordWrap(false);
     view_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    view_->verticalHeader()->setDefaultSectionSize(view_->verticalHeader()->minimumSectionSize());
-    const int digitWidth = fontMetrics().horizontalAdvance(u'0');
     view_->horizontalHeader()->setHighlightSections(false);
-    view_->horizontalHeader()->setDefaultSectionSize(digitWidth * digitsInSight);
-    for (const int column : {PointTableModel::Time, PointTableModel::Value})
-        view_->setColumnWidth(column, digitWidth * digitsOfLongest);
+    fitToFont();
     translate();
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &PointTablePage::pickSelection);
     connect(&model_, &PointTableModel::edited, this, &PointTablePage::edited);
+}
+
+void PointTablePage::fitToFont()
+{
+    view_->verticalHeader()->setDefaultSectionSize(view_->verticalHeader()->minimumSectionSize());
+    const int digitWidth = fontMetrics().horizontalAdvance(u'0');
+    view_->horizontalHeader()->setDefaultSectionSize(digitWidth * digitsInSight);
+    for (const int column : {PointTableModel::Time, PointTableModel::Value})
+        view_->setColumnWidth(column, digitWidth * digitsOfLongest);
 }
 
 void PointTablePage::show(ControlSplineNode* control)
@@ -238,6 +251,8 @@ void PointTablePage::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
         translate();
     QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitToFont();
 }
 
 void PointTablePage::translate()

@@ -38,6 +38,7 @@ protected:
 
 private:
     void translate();
+    void fitToFont();
     void selectRows();
     void pickSelection();
 

@@ -17,7 +17,7 @@ constexpr int middleCross = 15;
 constexpr int armLength = 2;
 constexpr int borderPixels = 5;
 constexpr double heightShare = double(0.7f);
-constexpr QColor background(192, 192, 192);
+constexpr QColor backgroundColor(192, 192, 192);
 constexpr QSize smallestPicture(80, 60);
 
 void drawCross(QPainter& painter, const QPoint& center, int thickness, const QColor& color)
@@ -37,12 +37,20 @@ TcbCurveFrame::TcbCurveFrame(QWidget* parent, const QString& name) : QFrame(pare
     setCursor(Qt::CrossCursor);
     setMinimumSize(smallestPicture);
     setAutoFillBackground(true);
-    QPalette colors;
-    colors.setColor(QPalette::Window, background);
-    setPalette(colors);
+    setColors(backgroundColor, Qt::black, Qt::darkRed);
     previewSpline_.addPoint(0.0, 0.0);
     previewSpline_.addPoint(0.5, 1.0);
     previewSpline_.addPoint(1.0, 0.0);
+}
+
+void TcbCurveFrame::setColors(const QColor& background, const QColor& curve, const QColor& middle)
+{
+    QPalette colors;
+    colors.setColor(QPalette::Window, background);
+    setPalette(colors);
+    curveColor_ = curve;
+    middleColor_ = middle;
+    update();
 }
 
 void TcbCurveFrame::setFromPoint(const SplineBase::PointInfo* point)
@@ -71,6 +79,6 @@ void TcbCurveFrame::paintEvent(QPaintEvent* event)
         const double visibleY =
             std::clamp(std::trunc(y), -double(borderPixels), double(height() + borderPixels));
         drawCross(painter, {truncateToInt(x * ratio), truncateToInt(visibleY * ratio)}, thickness,
-                  count == middleCross ? Qt::darkRed : Qt::black);
+                  count == middleCross ? middleColor_ : curveColor_);
     }
 }

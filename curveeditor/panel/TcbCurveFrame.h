@@ -13,6 +13,9 @@ class TcbCurveFrame : public QFrame
 public:
     explicit TcbCurveFrame(QWidget* parent = nullptr, const QString& name = QString());
 
+    /// The colours of the background, of the crosses and of the one in the middle.
+    void setColors(const QColor& background, const QColor& curve, const QColor& middle);
+
     /// Gives the top of the hump the tension, continuity, bias, eases, tangents and type of `point`, but not
     /// its time and value. Does not repaint.
     void setFromPoint(const SplineBase::PointInfo* point);
@@ -22,4 +25,6 @@ protected:
 
 private:
     SplineBase previewSpline_;
+    QColor curveColor_;
+    QColor middleColor_;
 };

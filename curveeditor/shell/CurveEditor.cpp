@@ -373,7 +373,7 @@ void CurveEditor::setFont(const QFont& font)
              mainMenu, deleteCurve, tabWidget2, checkListsEditing, textLabel1, textLabel2, textLabel1_2,
              textLabel1_2_3_2, textLabel1_2_3_2_2, textTension, textContinuity, textOutcoming})
         widget->setFont(font);
-    limitFitButtons();
+    fitToFont();
 }
 
 void CurveEditor::setCanvasColor(const QColor& color)

@@ -368,7 +368,7 @@ private:
     void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
     QToolButton* createViewButton(QWidget* box, const QString& text);
     CustomEditLine* createReadOut(const char* name);
-    void limitFitButtons();
+    void fitToFont() override;
 
     void addNewMainNode(const QString& name);
     void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,

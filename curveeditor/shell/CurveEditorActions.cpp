@@ -11,6 +11,7 @@
 #include <QActionGroup>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QStyle>
 #include <QToolButton>
 
 namespace {
@@ -28,6 +29,7 @@ void CurveEditor::preInit()
     d_->editingMenu = std::make_unique<ControlMenu2>();
     createExpressionTool();
     languageChange();
+    fitToFont();
 }
 
 QAction* CurveEditor::createAction(const char* name)
@@ -154,7 +156,6 @@ void CurveEditor::createViewButtons()
     d_->fitVButton = createViewButton(box, tr(" Fit V "));
     for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton})
         button->setFocusPolicy(Qt::NoFocus);
-    limitFitButtons();
     d_->scaleButton = createViewButton(box, tr("Scale"));
     d_->panButton = createViewButton(box, tr("Pan"));
     auto* const filler = new QFrame(box);
@@ -168,12 +169,20 @@ void CurveEditor::createViewButtons()
     connect(d_->panButton, &QToolButton::clicked, this, &CurveEditor::setPanSelection);
 }
 
-void CurveEditor::limitFitButtons()
+// Where there is little room, the read-outs go into the extension of their tool bar, but no button does.
+void CurveEditor::fitToFont()
 {
     for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton}) {
-        const QSize text = button->fontMetrics().size(Qt::TextSingleLine, button->text().trimmed());
+        const QSize text = button->fontMetrics().size(Qt::TextSingleLine, button->text());
         button->setMaximumSize(largestFitButton.expandedTo(text));
     }
+    int width = 2 * style()->pixelMetric(QStyle::PM_ToolBarExtensionExtent);
+    for (QAction* const entry : expressionTool->actions()) {
+        if (const auto* const button = qobject_cast<QToolButton*>(expressionTool->widgetForAction(entry)))
+            width += button->sizeHint().width();
+    }
+    expressionTool->setMinimumWidth(width);
+    CurveEditorDialogBase::fitToFont();
 }
 
 QMenu* CurveEditor::createExpressionMenu(const QString& text, const QStringList& entries,

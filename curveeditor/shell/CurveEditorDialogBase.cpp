@@ -22,9 +22,11 @@ namespace {
 
 constexpr QSize initialSize(844, 550);
 constexpr int listWidth = 150;
+constexpr int fewestCharacters = 13; // of a name in the list, before it is shortened
 constexpr int menuHeight = 30;
 constexpr int fieldHeight = 20;
 constexpr int stepButtonWidth = 20;
+constexpr int stepButtonMargin = 6;
 constexpr int tabSpace = 31;
 
 void setLabel(QLabel* label, QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical,
@@ -41,8 +43,7 @@ CustomEditLine* numericField(const char* name, QWidget* parent)
     auto* field = named<CustomEditLine>(name, parent);
     field->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     field->setMinimumHeight(fieldHeight);
-    setPaletteColor(field, QPalette::Text, QColor(0, 0, 0));
-    setPaletteColor(field, QPalette::Base, QColor(128, 128, 128));
+    field->setColors(QColor(128, 128, 128), QColor(0, 0, 0));
     field->setCursor(Qt::PointingHandCursor);
     field->setMouseTracking(true);
     field->setAcceptDrops(true);
@@ -53,7 +54,6 @@ QPushButton* stepButton(const char* name, QWidget* parent)
 {
     auto* button = named<QPushButton>(name, parent);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-    button->setMaximumWidth(stepButtonWidth);
     button->setCursor(Qt::PointingHandCursor);
     button->setFocusPolicy(Qt::NoFocus);
     button->setAutoRepeat(true);
@@ -71,11 +71,11 @@ QComboBox* behaviourCombo(const char* name, QWidget* parent)
     return combo;
 }
 
-// Always as wide as its content. An explicit minimum width would let the layout cut the content off.
+// At least as wide as its content. An explicit minimum width would let the layout cut the content off.
 QFrame* pageFrame(const char* name, QWidget* parent)
 {
     auto* frame = named<QFrame>(name, parent);
-    frame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    frame->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
     frame->setFrameShape(QFrame::StyledPanel);
     frame->setFrameShadow(QFrame::Raised);
     return frame;
@@ -86,6 +86,7 @@ void addRow(QGridLayout* grid, QWidget* left, QWidget* right)
     const int row = grid->rowCount() - (grid->count() == 0 ? 1 : 0);
     grid->addWidget(left, row, 0, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(right, row, 1);
+    grid->setColumnStretch(1, 1);
 }
 
 void setHelp(QWidget* widget, const QString& help)
@@ -124,8 +125,6 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
 {
     mainMenu = new PlainToolBar(this, QStringLiteral("mainMenu"));
     mainMenu->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    mainMenu->setMaximumHeight(menuHeight);
-    setDialogFamily(mainMenu);
     CurveEditorDialogBaseLayout->addWidget(mainMenu);
 
     splitter11 = named<QSplitter>("splitter11", this);
@@ -135,8 +134,6 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     checkListsEditing = listPanel->list();
     checkListsEditing->setObjectName(QStringLiteral("checkListsEditing"));
     checkListsEditing->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    checkListsEditing->setMinimumWidth(listWidth);
-    setDialogFamily(checkListsEditing);
 
     splitter10 = named<QSplitter>("splitter10", splitter11);
     splitter10->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
@@ -154,7 +151,6 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     tabWidget2 = named<QTabWidget>("tabWidget2", splitter10);
     tabWidget2->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     tabWidget2->setMinimumSize(0, 0);
-    setDialogFamily(tabWidget2);
     splitter11->setCollapsible(splitter11->indexOf(listPanel), false);
     splitter11->setSizes({listWidth, initialSize.width() - listWidth});
     // The canvas takes all the room that the list and the pages don't need.
@@ -169,6 +165,8 @@ void CurveEditorDialogBase::buildNodePage()
     buildPositionFrame();
     tabLayout->addItem(new QSpacerItem(tabSpace, fieldHeight, QSizePolicy::Expanding, QSizePolicy::Minimum));
     buildParameterFrame();
+    tabLayout->setStretchFactor(frame11, 2);
+    tabLayout->setStretchFactor(frame10, 3);
     tabWidget2->addTab(tab, QString());
 }
 
@@ -201,6 +199,8 @@ void CurveEditorDialogBase::buildPositionFrame()
     line1->setFrameShadow(QFrame::Sunken);
     frame11Layout->addWidget(line1);
     buildBehaviours();
+    frame11Layout->setStretchFactor(layout15, 1);
+    frame11Layout->setStretchFactor(layout24, 1);
 }
 
 void CurveEditorDialogBase::buildBehaviours()
@@ -241,6 +241,9 @@ void CurveEditorDialogBase::buildParameterFrame()
     buildTangentPage();
     tcbCurve = named<TcbCurveFrame>("tcbCurve", frame10);
     frame10Layout->addWidget(tcbCurve);
+    frame10Layout->setStretchFactor(layout21, 1);
+    frame10Layout->setStretchFactor(nodeTypeWidgetStack, 1);
+    frame10Layout->setStretchFactor(tcbCurve, 1);
 }
 
 void CurveEditorDialogBase::buildTcbPage()
@@ -352,6 +355,19 @@ void CurveEditorDialogBase::languageChange()
     deleteCurve->setText(tr("Delete Expression"));
     tabWidget2->setTabText(tabWidget2->indexOf(tab_2), tr("Expresion"));
     nameForAssistiveTools();
+    fitToFont();
+}
+
+void CurveEditorDialogBase::fitToFont()
+{
+    const QFontMetrics names(checkListsEditing->fontMetrics());
+    checkListsEditing->setMinimumWidth(
+        qMax(listWidth, names.height() + fewestCharacters * names.horizontalAdvance(QLatin1Char('x'))));
+    mainMenu->setMaximumHeight(qMax(menuHeight, mainMenu->sizeHint().height()));
+    for (QPushButton* const button : {prevNode, nextNode}) {
+        const int textWidth = button->fontMetrics().horizontalAdvance(button->text());
+        button->setFixedWidth(qMax(stepButtonWidth, textWidth + stepButtonMargin));
+    }
 }
 
 void CurveEditorDialogBase::nameForAssistiveTools()
@@ -381,4 +397,6 @@ void CurveEditorDialogBase::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
         languageChange();
     QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitToFont();
 }

@@ -102,6 +102,8 @@ protected Q_SLOTS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    /// Lets what is described in pixels grow with the texts. Runs whenever the font or the texts change.
+    virtual void fitToFont();
 
 private:
     void buildMenuAndSplitters();

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Draws the pictures of the user's guide: usage curve_editor_screenshots FOLDER
+// With --matrix before the folder, the dialog with each page in several fonts and both directions, to be looked at. The
+// ratio of pixels is that of QT_SCALE_FACTOR.
 #include "CurveStore.h"
 #include "EditorHost.h"
 #include "SampleCurves.h"
@@ -36,7 +38,7 @@ public:
                 host_.open(*current_);
         }
         editor().setAttribute(Qt::WA_DontShowOnScreen);
-        editor().resize(940, 640);
+        editor().resize(1060, 640);
         editor().show();
         QApplication::processEvents();
     }
@@ -129,15 +131,53 @@ bool drawPictures(const QDir& folder)
            save(observer.editor().grab(), folder.filePath("expression.png"));
 }
 
+bool drawPages(const QDir& folder, const QString& suffix)
+{
+    Scene bezier({"Camera.tilt", "Camera.focus distance", "Light.flicker", "Camera.pan"});
+    bezier.selectPoint(1);
+    Scene tcb({"Camera.pan", "Camera.zoom", "Camera.tilt"});
+    tcb.selectPoint(1);
+    Scene formula({"Observer.x", "Observer.sensor"});
+    formula.editor().tabWidget2->setCurrentIndex(1);
+    Scene points({"Camera.pan", "Camera.tilt"});
+    points.editor().tabWidget2->setCurrentIndex(2);
+    points.selectPoint(1);
+    QApplication::processEvents();
+    return save(bezier.editor().grab(), folder.filePath("bezier-" + suffix)) &&
+           save(tcb.editor().grab(), folder.filePath("tcb-" + suffix)) &&
+           save(formula.editor().grab(), folder.filePath("expression-" + suffix)) &&
+           save(points.editor().grab(), folder.filePath("points-" + suffix));
+}
+
+bool drawMatrix(const QDir& folder)
+{
+    const QString ratio = QString::number(qApp->devicePixelRatio());
+    bool areSaved = true;
+    for (const int points : {8, 12, 24}) {
+        QFont font = QApplication::font();
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+            QApplication::setLayoutDirection(direction);
+            const QString name = direction == Qt::LeftToRight ? "ltr" : "rtl";
+            areSaved =
+                areSaved && drawPages(folder, QStringLiteral("%1pt-%2-%3x.png").arg(points).arg(name, ratio));
+        }
+    }
+    return areSaved;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() != 2) {
-        std::fprintf(stderr, "usage: curve_editor_screenshots FOLDER\n");
+    const bool isMatrix = arguments.value(1) == QStringLiteral("--matrix");
+    if (arguments.size() != (isMatrix ? 3 : 2)) {
+        std::fprintf(stderr, "usage: curve_editor_screenshots [--matrix] FOLDER\n");
         return EXIT_FAILURE;
     }
-    return drawPictures(QDir(arguments.at(1))) ? EXIT_SUCCESS : EXIT_FAILURE;
+    const QDir folder(arguments.last());
+    return (isMatrix ? drawMatrix(folder) : drawPictures(folder)) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -3,7 +3,7 @@
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
-#include <curveeditor/shell/CurveEditorDialogBase.h>
+#include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
@@ -51,10 +51,9 @@ private Q_SLOTS:
         PanDialog pan;
         ScaleDialog scale;
         ViewportSettings range;
-        for (const int points : {8, 9, 12, 18}) {
+        for (const int points : {8, 9, 12, 24}) {
             QApplication::setFont(QFont("Arial", points));
-            CurveEditorDialogBase dialog;
-            dialog.resize(400, 300);
+            CurveEditor dialog;
             for (QDialog* each : std::initializer_list<QDialog*>{&dialog, &pan, &scale, &range}) {
                 each->show();
                 QVERIFY(QTest::qWaitForWindowExposed(each));
@@ -65,9 +64,13 @@ private Q_SLOTS:
                 const QList<QWidget*> widgets = each->findChildren<QWidget*>();
                 for (const QWidget* widget : widgets) {
                     const bool isLine = qobject_cast<const QLineEdit*>(widget);
-                    const bool isButton = isSmall && qobject_cast<const QPushButton*>(widget);
+                    const bool isButton = qobject_cast<const QAbstractButton*>(widget);
                     if (!widget->isVisible() || !(isLine || isButton || qobject_cast<const QLabel*>(widget)))
                         continue;
+                    if (!isSmall)
+                        QCOMPARE(widget->font(), QApplication::font());
+                    const QRect around = widget->parentWidget()->rect();
+                    QVERIFY(around.contains(widget->geometry().marginsRemoved({0, 1, 0, 1})));
                     const QString text = isLine && isSmall ? QStringLiteral("+8888e+88")
                                          : isLine          ? QStringLiteral("-1234.567")
                                                            : widget->property("text").toString();
@@ -75,13 +78,25 @@ private Q_SLOTS:
                     const QSize needed = widget->fontMetrics().size(Qt::TextSingleLine, text) + edges;
                     QVERIFY2(widget->size().expandedTo(needed) == widget->size(),
                              qPrintable(widget->objectName()));
-                    QVERIFY(!isSmall || each->rect().contains(widget->geometry()));
                 }
             }
             QCOMPARE(scale.scaleX->x(), scale.scaleY->x());
             QCOMPARE(range.minX->x(), range.maxY->x());
         }
         QApplication::setFont(usual);
+    }
+
+    void disabledFieldsLookDisabled()
+    {
+        CurveEditorDialogBase dialog;
+        const QColor usual = QApplication::palette().color(QPalette::Disabled, QPalette::Base);
+        for (CustomEditLine* const field : {dialog.node, dialog.posX, dialog.easeTo, dialog.incoming}) {
+            for (const bool isEnabled : {true, false}) {
+                field->setEnabled(isEnabled);
+                const QColor shown = field->grab().toImage().pixelColor(8, 8);
+                QCOMPARE(shown, isEnabled ? QColor(128, 128, 128) : usual);
+            }
+        }
     }
 
     void warningIsAsWideAsItsTitleAndShowsMarkupAsText()
