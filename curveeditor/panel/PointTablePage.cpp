@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/PointTablePage.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
@@ -259,5 +260,9 @@ void PointTablePage::translate()
 {
     setWindowTitle(tr("Points"));
     view_->setAccessibleName(tr("Points of the current curve"));
+    if (auto* const corner = view_->findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) {
+        corner->setAccessibleName(tr("Select all points"));
+        corner->setToolTip(tr("Selects all points of the current curve"));
+    }
     view_->setWhatsThis(tr("What is typed into a cell goes to all selected rows"));
 }

@@ -54,7 +54,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     functionView->setObjectName(QStringLiteral("functionView"));
     d_->functionEdit->setObjectName(QStringLiteral("functionEdit"));
     new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
-    setTabOrder(tabWidget2->tabBar(), d_->functionEdit);
+    d_->functionEdit->setAccessibleName(tr("Canvas"));
     d_->pointTable = new PointTablePage(this, d_->functionEdit->canvas, this);
     tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
 
@@ -64,6 +64,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     connectEditingList();
     connectPointTable();
     setFocusPolicy(Qt::StrongFocus);
+    orderTools();
     setShowFrames();
     showTimeBounds();
     showStepTexts();
@@ -79,6 +80,20 @@ CurveEditor::~CurveEditor()
     checkListsEditing->disconnect(this);
     d_->nodeList.clear();
     d_->mainNodeList.clear();
+}
+
+// The base has ordered what it has built; the canvas comes before the page that shows its point.
+void CurveEditor::orderTools()
+{
+    setTabOrder(tabWidget2->tabBar(), d_->functionEdit);
+    for (PlainToolBar* const bar : {mainMenu, expressionTool}) {
+        QWidget* previous = bar == mainMenu ? static_cast<QWidget*>(this) : outgoing;
+        const QList<QToolButton*> buttons = bar->findChildren<QToolButton*>();
+        for (QToolButton* const button : buttons) {
+            setTabOrder(previous, button);
+            previous = button->focusPolicy() == Qt::NoFocus ? previous : button;
+        }
+    }
 }
 
 void CurveEditor::connectWidgets()

@@ -369,6 +369,10 @@ private:
     QToolButton* createViewButton(QWidget* box, const QString& text);
     CustomEditLine* createReadOut(const char* name);
     void fitToFont() override;
+    void orderTools();
+    void translateMenuButtons();
+    void explainTools();
+    void nameOverflow(QToolBar* bar);
 
     void addNewMainNode(const QString& name);
     void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,

@@ -5,11 +5,13 @@
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
 #include <QAction>
 #include <QActionGroup>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QMenu>
 #include <QStyle>
 #include <QToolButton>
@@ -129,7 +131,8 @@ void CurveEditor::addMenuButton(QToolBar* bar, const QString& text, QMenu* menu)
     button->setAutoRaise(true);
     button->setMenu(menu);
     button->setPopupMode(QToolButton::InstantPopup);
-    bar->addWidget(button);
+    bar->addWidget(button)->setMenu(menu);
+    d_->menuButtons.push_back(button);
 }
 
 QToolButton* CurveEditor::createViewButton(QWidget* box, const QString& text)
@@ -270,7 +273,9 @@ void CurveEditor::connectActions()
 
 void CurveEditor::languageChange()
 {
-    setWindowTitle(tr("Curve Editor"));
+    CurveEditorDialogBase::languageChange();
+    if (d_->functionEdit)
+        textLabel1->setText(isModeFrames() ? tr("Frame:") : tr("Time:"));
     showLineTip();
     commandLine->setWhatsThis(tr("This's the expression parsed"));
 
@@ -326,4 +331,67 @@ void CurveEditor::languageChange()
 
     d_->firstNodeMenu->setTitle(d_->optionsFirstNodeAction->text());
     d_->lastNodeMenu->setTitle(d_->optionsLastNodeAction->text());
+    d_->horizontalAxisMenu->setTitle(tr("Horizontal axis"));
+    translateMenuButtons();
+    explainTools();
+    nameOverflow(mainMenu);
+    nameOverflow(expressionTool);
+}
+
+void CurveEditor::translateMenuButtons()
+{
+    const std::pair<QString, QString> texts[] = {
+        {tr("File"), tr("Resets, loads and saves curves")},
+        {tr("Curves"), tr("Chooses the current curve among those on the canvas")},
+        {tr("Options"), tr("Sets the view, the background image and the curve outside its nodes")},
+        {tr("Edit"), tr("Takes edits back, and works on the selected points and the view")},
+        {tr("Unary functions"), tr("Makes the expression the argument of a function")},
+        {tr("Binary functions"), tr("Joins the expression with a second operand")},
+        {tr("Ternary functions"), tr("Makes the expression one of the two that a condition chooses from")},
+        {tr("I vars"), tr("Inserts the time or the frame number")},
+        {tr("D vars"), tr("Inserts the value of another curve")}};
+    auto button = d_->menuButtons.begin();
+    for (const auto& [text, tip] : texts) {
+        (*button)->setText(text);
+        (*button)->setAccessibleName(text);
+        (*button)->setToolTip(tip);
+        ++button;
+    }
+}
+
+void CurveEditor::explainTools()
+{
+    const struct
+    {
+        QWidget* widget;
+        QString name;
+        QString tip;
+    } tools[] = {
+        {d_->fitButton, tr("Fit View"), tr("Shows the whole current curve")},
+        {d_->fitHButton, tr("Fit Horizontal View"), tr("Shows all times of the current curve")},
+        {d_->fitVButton, tr("Fit Vertical View"), tr("Shows all values of the current curve")},
+        {d_->scaleButton, tr("Scale selection"), tr("Scales the selected points by two factors")},
+        {d_->panButton, tr("Pan selection"), tr("Moves the selected points by two distances")},
+        {d_->funcTimeEdit, tr("Time or frame at the mouse"), tr("Time or frame number at the mouse")},
+        {d_->funcCursorEdit, tr("Value at the mouse"), tr("Value at the mouse")},
+        {d_->funcValueEdit, tr("Value of the curve"),
+         tr("Value of the current curve at the time of the mouse")}};
+    for (const auto& [widget, name, tip] : tools) {
+        widget->setAccessibleName(name);
+        widget->setToolTip(tip);
+    }
+    if (d_->functionEdit)
+        d_->functionEdit->setAccessibleName(tr("Canvas"));
+}
+
+// What has no room in a tool bar stands in the menu of its extension.
+void CurveEditor::nameOverflow(QToolBar* bar)
+{
+    const QList<QAction*> entries = bar->actions();
+    for (QAction* const entry : entries)
+        entry->setText(bar->widgetForAction(entry)->accessibleName());
+    if (auto* const extension = bar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
+        extension->setAccessibleName(tr("More"));
+        extension->setToolTip(tr("Shows what has no room in the bar"));
+    }
 }

@@ -13,10 +13,14 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTabWidget>
+
+#include <utility>
 
 namespace {
 
@@ -81,8 +85,9 @@ QFrame* pageFrame(const char* name, QWidget* parent)
     return frame;
 }
 
-void addRow(QGridLayout* grid, QWidget* left, QWidget* right)
+void addRow(QGridLayout* grid, QLabel* left, QWidget* right)
 {
+    left->setBuddy(right);
     const int row = grid->rowCount() - (grid->count() == 0 ? 1 : 0);
     grid->addWidget(left, row, 0, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(right, row, 1);
@@ -212,6 +217,8 @@ void CurveEditorDialogBase::buildBehaviours()
     nodeLast = behaviourCombo("nodeLast", frame11);
     for (QLabel* label : {textLabel1_2, textLabel1_2_2})
         setLabel(label, QSizePolicy::Preferred, QSizePolicy::Fixed, Qt::ArrowCursor, Qt::AlignLeft);
+    textLabel1_2->setBuddy(nodeFirst);
+    textLabel1_2_2->setBuddy(nodeLast);
     for (QWidget* widget : std::initializer_list<QWidget*>{textLabel1_2, nodeFirst, textLabel1_2_2, nodeLast})
         layout24->addWidget(widget);
 }
@@ -309,13 +316,13 @@ void CurveEditorDialogBase::buildExpressionPage()
     tabWidget2->addTab(tab_2, QString());
 }
 
-// As the fields stand on the page, from left to right and top to bottom.
+// As the widgets stand in the dialog and on the page, in reading order.
 void CurveEditorDialogBase::orderTabs()
 {
-    QWidget* previous = node;
-    for (QWidget* widget :
-         std::initializer_list<QWidget*>{posX, posY, nodeFirst, nodeLast, nodeTypeCombo, easeTo, easeFrom,
-                                         tension, continuity, bias, incoming, outgoing, commandLine}) {
+    QWidget* previous = listPanel->filterLine();
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             checkListsEditing, tabWidget2->tabBar(), node, posX, posY, nodeFirst, nodeLast, nodeTypeCombo,
+             easeTo, easeFrom, tension, continuity, bias, incoming, outgoing, commandLine}) {
         setTabOrder(previous, widget);
         previous = widget;
     }
@@ -330,19 +337,15 @@ void CurveEditorDialogBase::languageChange()
     setHelp(prevNode, tr("Select previous node"));
     nextNode->setText(tr(">>"));
     setHelp(nextNode, tr("Select next node"));
-    for (QWidget* field : {node, posX, posY, easeFrom, easeTo, tension, continuity, bias, outgoing, incoming})
-        setHelp(field, tr("Current node"));
+    explainFields();
     textLabel1->setText(tr("Time:"));
     textLabel2->setText(tr("Value:"));
     textLabel1_2->setText(tr("Pre-behaviour:"));
-    setHelp(nodeFirst, tr("Curve before the first node"));
     setItems(nodeFirst, {tr("Zero"), tr("Constant")});
     textLabel1_2_2->setText(tr("Post-behaviour:"));
-    setHelp(nodeLast, tr("Curve after the last node"));
     setItems(nodeLast, {tr("Zero"), tr("Constant"), tr("Loop"), tr("Loop offset"), tr("Follow Tangent")});
     textLabel1_2_3_2_2->setText(tr("Ease From:"));
     textLabel1_2_3_2->setText(tr("Ease To:"));
-    setHelp(nodeTypeCombo, tr("Type of the current node"));
     setItems(nodeTypeCombo, {tr("Tcb node"), tr("Bezier node"), tr("Linear node")});
     textTension->setText(tr("Tension:"));
     textContinuity->setText(tr("Continuity:"));
@@ -370,8 +373,39 @@ void CurveEditorDialogBase::fitToFont()
     }
 }
 
+// The tool tip says what a number does, beside the words that all fields have in common.
+void CurveEditorDialogBase::explainFields()
+{
+    const std::pair<QWidget*, QString> tips[] = {
+        {node, tr("Current node: its place among the nodes of the curve, counted from 0")},
+        {posX, tr("Current node: its time, or its frame number")},
+        {posY, tr("Current node: its value")},
+        {easeTo, tr("Current node: how the curve arrives, from 1 (it slows down) to -1 (it speeds up)")},
+        {easeFrom,
+         tr("Current node: how the curve leaves, from 1 (slowly at first) to -1 (quickly at first)")},
+        {tension,
+         tr("Current node: how tightly the curve turns, from a narrow bend at 1 to a wide one at -1")},
+        {continuity, tr("Current node: how sharp a corner the curve makes, 0 for none")},
+        {bias,
+         tr("Current node: whether its direction follows the node before (above 0) or after (below 0)")},
+        {incoming, tr("Current node: slope of the curve before it, in values per time unit")},
+        {outgoing, tr("Current node: slope of the curve after it, in values per time unit")}};
+    for (const auto& [field, tip] : tips) {
+        field->setToolTip(tip);
+        field->setWhatsThis(tr("Current node"));
+    }
+    setHelp(nodeFirst, tr("Curve before the first node"));
+    setHelp(nodeLast, tr("Curve after the last node"));
+    setHelp(nodeTypeCombo,
+            tr("Type of the current node: it shapes the curve from the node before to this one"));
+    deleteCurve->setToolTip(tr("Turns the current curve back into nodes that can be edited"));
+    tcbCurve->setToolTip(tr("What the numbers of the current node do to a curve"));
+}
+
 void CurveEditorDialogBase::nameForAssistiveTools()
 {
+    tabWidget2->setAccessibleName(tr("Pages"));
+    tabWidget2->tabBar()->setAccessibleName(tr("Pages"));
     checkListsEditing->setAccessibleName(tr("Curves on the canvas"));
     prevNode->setAccessibleName(tr("Previous node"));
     nextNode->setAccessibleName(tr("Next node"));

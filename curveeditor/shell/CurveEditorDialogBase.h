@@ -115,5 +115,6 @@ private:
     void buildTangentPage();
     void buildExpressionPage();
     void orderTabs();
+    void explainFields();
     void nameForAssistiveTools();
 };

@@ -45,6 +45,7 @@ struct CurveEditor::Private
     QMenu* iVarMenu = nullptr;
     QMenu* dVarMenu = nullptr;
 
+    std::vector<QToolButton*> menuButtons; ///< in the order of creation
     QToolButton* fitButton = nullptr;
     QToolButton* fitHButton = nullptr;
     QToolButton* fitVButton = nullptr;

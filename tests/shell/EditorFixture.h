@@ -64,8 +64,9 @@ struct EditorFixture
     void clickPoint() { QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel(5.0, 1.0)); }
     QPoint pixel(double t, double v) const { return {canvas.timeToPixel(t), canvas.valueToPixel(v)}; }
     QString current() const { return canvas.canvas.getCurrentCurveName(); }
-    QMenu* menu(const QString& button) const { return editor.findChild<QToolButton*>(button)->menu(); }
-    QMenu* submenu(const QString& button, int index) const { return menu(button)->actions()[index]->menu(); }
+    QToolButton* button(const QString& name) const { return editor.findChild<QToolButton*>(name); }
+    QMenu* menu(const QString& name) const { return button(name)->menu(); }
+    QMenu* submenu(const QString& name, int index) const { return menu(name)->actions()[index]->menu(); }
 
     std::map<QString, HostCurve> curves;
     QStringList changes;

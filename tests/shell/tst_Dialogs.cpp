@@ -8,14 +8,17 @@
 #include <curveeditor/shell/ScaleDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 class tst_Dialogs : public QObject
 {
@@ -43,6 +46,41 @@ private Q_SLOTS:
         const QList<QPushButton*> buttons = dialog.findChildren<QPushButton*>();
         for (const QPushButton* button : buttons)
             QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
+    }
+
+    void everyControlHasAName()
+    {
+        CurveEditor editor;
+        const QList<QWidget*> widgets = editor.findChildren<QWidget*>();
+        for (QWidget* const widget : widgets) {
+            const bool isControl = qobject_cast<QAbstractButton*>(widget) ||
+                                   qobject_cast<QLineEdit*>(widget) || qobject_cast<QComboBox*>(widget);
+            const bool isQts =
+                qobject_cast<QTabBar*>(widget->parent()) || qobject_cast<QLineEdit*>(widget->parent());
+            if (isQts || (!isControl && !(widget->focusPolicy() & Qt::TabFocus)))
+                continue;
+            const QByteArray place =
+                widget->metaObject()->className() + (" " + widget->objectName()).toUtf8();
+            const QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(widget);
+            QVERIFY2(face && !face->text(QAccessible::Name).isEmpty(), place);
+            QVERIFY2(!isControl || !widget->toolTip().isEmpty(), place);
+        }
+    }
+
+    void newLanguageReachesTheWholeEditor()
+    {
+        CurveEditor editor;
+        auto* const button = editor.findChild<QToolButton*>("Curves");
+        editor.setShowTime();
+        editor.nodeLast->setCurrentIndex(3);
+        for (QLabel* const label : {editor.textLabel1, editor.textTension})
+            label->setText("in the former language");
+        button->setText("in the former language");
+        QEvent change(QEvent::LanguageChange);
+        QApplication::sendEvent(&editor, &change);
+        const QStringList texts{editor.textLabel1->text(), editor.textTension->text(), button->text(),
+                                editor.nodeLast->currentText()};
+        QCOMPARE(texts, QStringList({"Time:", "Tension:", "Curves", "Loop offset"}));
     }
 
     void textsAreNotCutOffInAnyFont()

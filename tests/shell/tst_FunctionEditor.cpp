@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
+#include <curveeditor/panel/ExpressionEditLine.h>
+
+#include <QTabBar>
+#include <QTabWidget>
+
 class tst_FunctionEditor : public QObject
 {
     Q_OBJECT
@@ -34,6 +39,29 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), fixture->editor.node);
         QTest::keyClick(fixture->editor.node, Qt::Key_Backtab);
         QCOMPARE(QApplication::focusWidget(), &fixture->canvas);
+    }
+
+    void tabGoesInReadingOrder()
+    {
+        fixture->clickPoint();
+        CurveEditor& editor = fixture->editor;
+        const QList<QWidget*> page{editor.node, editor.posX, editor.posY, editor.nodeFirst, editor.nodeLast};
+        const QList<QWidget*> line{fixture->button("Unary functions"),
+                                   fixture->button("Binary functions"),
+                                   fixture->button("Ternary functions"),
+                                   fixture->button("I vars"),
+                                   fixture->button("D vars"),
+                                   editor.commandLine};
+        for (const int index : {0, 1}) {
+            editor.tabWidget2->setCurrentIndex(index);
+            fixture->button("Edit")->setFocus();
+            const QList<QWidget*> order{fixture->button("Scale"), fixture->button("Pan"), &fixture->list,
+                                        editor.tabWidget2->tabBar(), &fixture->canvas};
+            for (QWidget* const next : order + (index == 0 ? page : line)) {
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                QCOMPARE(QApplication::focusWidget(), next);
+            }
+        }
     }
 
     void fitShowsTheCurrentCurve()
