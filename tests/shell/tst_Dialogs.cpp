@@ -81,6 +81,7 @@ private Q_SLOTS:
         const QStringList texts{editor.textLabel1->text(), editor.textTension->text(), button->text(),
                                 editor.nodeLast->currentText()};
         QCOMPARE(texts, QStringList({"Time:", "Tension:", "Curves", "Loop offset"}));
+        QVERIFY(!editor.findChild<CustomEditLine*>("funcTimeEdit")->isEnabled());
     }
 
     void textsAreNotCutOffInAnyFont()
