@@ -50,6 +50,13 @@ QString decimalsThatFit(double value, int most, int fewest, int room)
     return QString();
 }
 
+QString taggedText(double value, const QString& tag, int room)
+{
+    const QString tagged = decimalsThatFit(value, 3, 1, room - static_cast<int>(tag.size()));
+    const QString plain = tagged.isEmpty() ? decimalsThatFit(value, 3, 0, room) : tagged + tag;
+    return plain.isEmpty() ? numberText(value, room) : plain;
+}
+
 double dragWeight(double pressValue)
 {
     const double largest = std::numeric_limits<float>::max();
@@ -126,18 +133,31 @@ QString CustomEditLine::textFor(double value) const
 void CustomEditLine::setValue(double value, const char* label)
 {
     const QString tag = QStringLiteral(" [%1]").arg(QLatin1String(label));
-    const QString tagged = decimalsThatFit(value, 3, 1, maxLength() - static_cast<int>(tag.size()));
-    const QString plain = tagged.isEmpty() ? decimalsThatFit(value, 3, 0, maxLength()) : tagged + tag;
-    setText(plain.isEmpty() ? numberText(value, maxLength()) : plain);
+    int room = maxLength();
+    while (room > 1 && !isInSight(taggedText(value, tag, room)))
+        --room;
+    setText(taggedText(value, tag, room));
+}
+
+int CustomEditLine::edgeWidth() const
+{
+    return QLineEdit::sizeHint().width() -
+           fontMetrics().horizontalAdvance(QLatin1Char('x')) * sizeHintCharacters;
+}
+
+bool CustomEditLine::isInSight(const QString& text) const
+{
+    return edgeWidth() + fontMetrics().horizontalAdvance(text) <= width();
+}
+
+int CustomEditLine::widthOf(int digits) const
+{
+    return edgeWidth() + fontMetrics().horizontalAdvance(QLatin1Char('0')) * digits;
 }
 
 QSize CustomEditLine::sizeHint() const
 {
-    const QFontMetrics metrics(font());
-    const int digits = metrics.horizontalAdvance(QLatin1Char('0')) * maxLength();
-    const int assumed = metrics.horizontalAdvance(QLatin1Char('x')) * sizeHintCharacters;
-    const QSize base = QLineEdit::sizeHint();
-    return {base.width() - assumed + digits, base.height()};
+    return {widthOf(maxLength()), QLineEdit::sizeHint().height()};
 }
 
 QSize CustomEditLine::minimumSizeHint() const
@@ -239,6 +259,14 @@ void CustomEditLine::changeEvent(QEvent* event)
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         stopDrag();
+}
+
+// A number that is cut is a false one. Only a line that shows where the mouse is can be that narrow.
+void CustomEditLine::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    if (!isEnabled() && !isInSight(text()))
+        clear();
 }
 
 double CustomEditLine::boundedNumber() const

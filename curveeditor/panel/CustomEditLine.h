@@ -37,13 +37,16 @@ public:
     QString textFor(double value) const;
 
     /// Shows `value` with three decimals and the label in brackets, "1.000 [Time]". Where that does not fit, the
-    /// number is rounded to two decimals or one, else it stands without the label, with an exponent if it must.
+    /// number is rounded to two decimals or one, else it stands without the label, with an exponent if it must. The
+    /// same where the line is too narrow.
     void setValue(double value, const char* label);
 
     /// Wide enough for the longest number that the maximum length lets in; the minimum too, so that no layout
     /// cuts one off.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    /// The width of a line with that many digits in sight.
+    int widthOf(int digits) const;
 
     /// Ends a drag on the line, if there is one, where it is.
     void stopDrag();
@@ -73,9 +76,12 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     double boundedNumber() const;
+    int edgeWidth() const;
+    bool isInSight(const QString& text) const;
     void reportText();
     void cancelEdit();
 

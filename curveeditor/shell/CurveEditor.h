@@ -372,7 +372,6 @@ private:
     void orderTools();
     void translateMenuButtons();
     void explainTools();
-    void nameOverflow(QToolBar* bar);
 
     void addNewMainNode(const QString& name);
     void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,

@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int readOutLength = 15;
+constexpr int fewestDigits = 7; // that a read-out has room for: the shortest form of a number is "-1e+300"
 constexpr QSize largestFitButton(30, 20);
 
 } // namespace
@@ -131,7 +132,7 @@ void CurveEditor::addMenuButton(QToolBar* bar, const QString& text, QMenu* menu)
     button->setAutoRaise(true);
     button->setMenu(menu);
     button->setPopupMode(QToolButton::InstantPopup);
-    bar->addWidget(button)->setMenu(menu);
+    bar->addWidget(button);
     d_->menuButtons.push_back(button);
 }
 
@@ -172,7 +173,7 @@ void CurveEditor::createViewButtons()
     connect(d_->panButton, &QToolButton::clicked, this, &CurveEditor::setPanSelection);
 }
 
-// Where there is little room, the read-outs go into the extension of their tool bar, but no button does.
+// A tool bar without a main window hides what has no room in it, so it is never too narrow.
 void CurveEditor::fitToFont()
 {
     for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton}) {
@@ -180,9 +181,13 @@ void CurveEditor::fitToFont()
         button->setMaximumSize(largestFitButton.expandedTo(text));
     }
     int width = 2 * style()->pixelMetric(QStyle::PM_ToolBarExtensionExtent);
-    for (QAction* const entry : expressionTool->actions()) {
-        if (const auto* const button = qobject_cast<QToolButton*>(expressionTool->widgetForAction(entry)))
+    for (const QToolButton* const button : d_->menuButtons) {
+        if (button->parent() == expressionTool)
             width += button->sizeHint().width();
+    }
+    for (CustomEditLine* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit}) {
+        readOut->setMinimumWidth(readOut->widthOf(fewestDigits));
+        width += readOut->minimumWidth();
     }
     expressionTool->setMinimumWidth(width);
     CurveEditorDialogBase::fitToFont();
@@ -231,11 +236,12 @@ void CurveEditor::createExpressionTool()
 CustomEditLine* CurveEditor::createReadOut(const char* name)
 {
     auto* const line = new CustomEditLine(expressionTool, QLatin1String(name));
+    line->setEnabled(false);
     line->setMaxLength(readOutLength);
     QPalette readable = line->palette();
     readable.setColor(QPalette::Disabled, QPalette::Text, readable.color(QPalette::Active, QPalette::Text));
     line->setPalette(readable);
-    expressionTool->addWidget(line)->setEnabled(false); // and the line with it
+    expressionTool->addWidget(line);
     return line;
 }
 
@@ -333,8 +339,6 @@ void CurveEditor::languageChange()
     d_->horizontalAxisMenu->setTitle(tr("Horizontal axis"));
     translateMenuButtons();
     explainTools();
-    nameOverflow(mainMenu);
-    nameOverflow(expressionTool);
 }
 
 void CurveEditor::translateMenuButtons()
@@ -381,16 +385,4 @@ void CurveEditor::explainTools()
     }
     if (d_->functionEdit)
         d_->functionEdit->setAccessibleName(tr("Canvas"));
-}
-
-// What has no room in a tool bar stands in the menu of its extension.
-void CurveEditor::nameOverflow(QToolBar* bar)
-{
-    const QList<QAction*> entries = bar->actions();
-    for (QAction* const entry : entries)
-        entry->setText(bar->widgetForAction(entry)->accessibleName());
-    if (auto* const extension = bar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
-        extension->setAccessibleName(tr("More"));
-        extension->setToolTip(tr("Shows what has no room in the bar"));
-    }
 }

@@ -91,6 +91,16 @@ private Q_SLOTS:
             line.setValue(value, "Cursor");
             QCOMPARE(line.text(), QString(text));
         }
+        line.show(); // a hidden one is told of its size later
+        line.resize(line.widthOf(7), 20);
+        for (const double value : {2.5, -12345.678, -1e300}) {
+            line.setValue(value, "Cursor");
+            QVERIFY(qAbs(line.text().toDouble() - value) < 0.001 * qAbs(value));
+            QVERIFY(line.widthOf(0) + line.fontMetrics().horizontalAdvance(line.text()) <= line.width());
+        }
+        line.setEnabled(false);
+        line.resize(line.widthOf(5), 20);
+        QCOMPARE(line.text(), QString());
     }
 
     void dragFollowsTheDistanceFromThePress()

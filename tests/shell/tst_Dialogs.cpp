@@ -5,6 +5,7 @@
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/PanDialog.h>
+#include <curveeditor/shell/PlainToolBar.h>
 #include <curveeditor/shell/ScaleDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
@@ -16,6 +17,7 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -55,8 +57,9 @@ private Q_SLOTS:
         for (QWidget* const widget : widgets) {
             const bool isControl = qobject_cast<QAbstractButton*>(widget) ||
                                    qobject_cast<QLineEdit*>(widget) || qobject_cast<QComboBox*>(widget);
-            const bool isQts =
-                qobject_cast<QTabBar*>(widget->parent()) || qobject_cast<QLineEdit*>(widget->parent());
+            const bool isQts = widget->objectName().startsWith("qt_") ||
+                               qobject_cast<QTabBar*>(widget->parent()) ||
+                               qobject_cast<QLineEdit*>(widget->parent());
             if (isQts || (!isControl && !(widget->focusPolicy() & Qt::TabFocus)))
                 continue;
             const QByteArray place =
@@ -93,6 +96,11 @@ private Q_SLOTS:
         for (const int points : {8, 9, 12, 24}) {
             QApplication::setFont(QFont("Arial", points));
             CurveEditor dialog;
+            dialog.tabWidget2->setCurrentIndex(1);
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+            QVERIFY(!dialog.expressionTool->findChild<QToolButton*>("qt_toolbar_ext_button")->isVisible());
+            dialog.tabWidget2->setCurrentIndex(0);
             for (QDialog* each : std::initializer_list<QDialog*>{&dialog, &pan, &scale, &range}) {
                 each->show();
                 QVERIFY(QTest::qWaitForWindowExposed(each));
