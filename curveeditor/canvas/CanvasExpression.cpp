@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasExpression.h>
 
-#include <QColor>
+#include <curveeditor/canvas/ColorContrast.h>
+#include <curveeditor/canvas/CurveEditorTheme.h>
 
 void CanvasExpression::setColors(const QPen& pen, const QColor& background)
 {
-    selectedPen = pen;
-    unselectedPen = pen;
-    const QColor color = pen.color();
-    unselectedPen.setColor(QColor((color.red() + background.red()) / 2,
-                                  (color.green() + background.green()) / 2,
-                                  (color.blue() + background.blue()) / 2));
+    const auto [current, other] = curveColors(pen.color(), background, theme_);
+    selectedPen = unselectedPen = pen;
+    selectedPen.setColor(current);
+    unselectedPen.setColor(other);
 }
 
 void CanvasExpression::draw(CurvePainter& curves) const

@@ -105,6 +105,8 @@ CurveNodeBase* CanvasFunctionBase::addCurve(QWidget* menu, const QString& name, 
     settle();
     curves_.push_back(std::make_unique<CurveNodeBase>(this, menu, name, color, defaultValue, spline,
                                                       expression, minValue, maxValue));
+    if (hasOwnTheme_)
+        curves_.back()->setColor(color, theme_.canvas);
     const QPointer<CurveNodeBase> curve(curves_.back().get());
     setCurrentCurve(curve);
     paint();
@@ -121,7 +123,7 @@ CurveNodeBase* CanvasFunctionBase::findCurve(const QString& name) const
 void CanvasFunctionBase::setCurveColor(const QString& name, const QColor& color)
 {
     if (CurveNodeBase* const curve = findCurve(name))
-        curve->setColor(color, canvasColor_);
+        curve->setColor(color, theme_.canvas);
 }
 
 void CanvasFunctionBase::renameCurve(const QString& oldName, const QString& newName)

@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CanvasLayer.h>
 #include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/edit/CurveEdit.h>
 #include <curveeditor/edit/DragGuide.h>
 #include <curveeditor/edit/Gesture.h>
@@ -221,8 +222,13 @@ public:
     /// Takes the size and the pixel ratio of the widget.
     void resizeBuffer();
 
-    /// These store; the change shows at the next paint. The colours of markers and handles are shared by all
-    /// canvases of the process.
+    /// Takes the theme, with its numbers bounded, and paints. The colours of the curves follow.
+    void setTheme(const CurveEditorTheme& theme);
+    /// The theme as it is in effect; the reference stays.
+    const CurveEditorTheme& theme();
+
+    /// These change the theme; the change shows at the next paint. Curves keep the dimmed colours that they have. All
+    /// canvases of the process share the colours of markers and handles until they have a theme of their own.
     void setSelectionColor(const QColor& color);
     void setCanvasColor(const QColor& color);
     void setControllerColor(const QColor& color);
@@ -289,6 +295,8 @@ Q_SIGNALS:
 
 private:
     QWidget* widget() const;
+    void setColor(QColor CurveEditorTheme::*part, const QColor& color);
+    void setSharedColor(QColor CurveEditorTheme::*part, const QColor& color);
     /// For walks that run foreign code: a curve that goes on the way becomes null.
     std::vector<QPointer<CurveNodeBase>> presentCurves() const;
 
@@ -346,6 +354,9 @@ private:
     void setLastType(int type);
 
     DependencyCheck* editor_;
+    CurveEditorTheme theme_;
+    bool hasOwnTheme_ = false; ///< a host has set one
+    quint64 look_ = 0;         ///< counts the changes of the theme
     CurveEdit door_;
     CurveEdit::Id drag_ = 0; ///< the edit of a drag of points
     Gesture::Place lastPlace_;
@@ -362,8 +373,6 @@ private:
     ViewPort* viewport_ = nullptr;
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;
-    QColor selectionColor_ = QColor(20, 10, 105);
     CanvasLayer layer_;
     quint64 viewNumber_ = 0; ///< counts the changes of the view
-    QColor canvasColor_ = Qt::black;
 };

@@ -18,8 +18,6 @@
 
 namespace {
 
-constexpr int pickDistance = 4;
-
 /// The canvas over which the point menu, which all canvases share, is open.
 QPointer<CanvasFunctionBase> menuCanvas;
 
@@ -627,7 +625,8 @@ bool CanvasFunctionBase::hitsCurve(const CurveNodeBase& curve, const QPoint& pix
         const double time = viewport_->pixelToTime(column);
         evaluationTime.set(time, viewport_->fps);
         const double value = curve.getValue(time);
-        if (std::isfinite(value) && std::abs(viewport_->valueToPixel(value) - pixel.y()) < pickDistance)
+        if (std::isfinite(value) &&
+            std::abs(viewport_->valueToPixel(value) - pixel.y()) < theme_.curveGrabDistance)
             return true;
     }
     return false;

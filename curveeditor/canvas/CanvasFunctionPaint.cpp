@@ -12,6 +12,21 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <array>
+
+namespace {
+
+/// Has the colours of markers and handles for all canvases without a theme of their own.
+CurveEditorTheme& sharedTheme()
+{
+    static CurveEditorTheme theme;
+    return theme;
+}
+
+constexpr std::array sharedColors = {&CurveEditorTheme::controlPoint, &CurveEditorTheme::controlPointSelected,
+                                     &CurveEditorTheme::controller, &CurveEditorTheme::controllerSelected};
+
+} // namespace
 
 void CanvasFunctionBase::paint()
 {
@@ -36,7 +51,7 @@ void CanvasFunctionBase::showBuffer(QPainter* painter)
     layer_.draw(painter);
     if (!viewport_ || !current_)
         return;
-    painter->setBackground(canvasColor_);
+    painter->setBackground(theme_.canvas);
     painter->setBackgroundMode(Qt::OpaqueMode);
     CurvePainter curves(painter, layer_.pixelRatio());
     current_->draw(curves);
@@ -47,7 +62,7 @@ void CanvasFunctionBase::showBuffer(QPainter* painter)
 void CanvasFunctionBase::drawSnapMark(QPainter& painter) const
 {
     const Snap::Result& hit = guide.hit();
-    painter.setPen(QPen(grid_->timeLineColor, 1, Qt::DashLine));
+    painter.setPen(QPen(theme_.timeLine, 1, Qt::DashLine));
     painter.setBackgroundMode(Qt::TransparentMode);
     if (hit.timeKinds != Snap::Nothing) {
         const int column = viewport_->timeToPixel(hit.place.time);
@@ -71,6 +86,7 @@ void CanvasFunctionBase::resizeBuffer()
 void CanvasFunctionBase::updatePicture()
 {
     resizeBuffer();
+    theme();
     if (!viewport_ || layer_.isNull())
         return;
     if (viewport_->dirty) {
@@ -90,11 +106,10 @@ CanvasLayer::Backdrop CanvasFunctionBase::backdrop() const
 {
     CanvasLayer::Backdrop backdrop;
     backdrop.view = viewNumber_;
-    backdrop.canvasColor = canvasColor_;
-    backdrop.selectionColor = selectionColor_;
+    backdrop.look = look_;
+    backdrop.theme = &theme_;
     backdrop.background = image_.get();
     backdrop.grid = grid_.get();
-    backdrop.gridColors = grid_->colors();
     backdrop.timeLine = grid_->timeLineX;
     if (!viewport_->canShow())
         return backdrop;
@@ -133,59 +148,93 @@ std::optional<std::pair<int, int>> CanvasFunctionBase::selectedColumns() const
     return std::pair(viewport_->timeToPixel(*first), viewport_->timeToPixel(*last));
 }
 
+void CanvasFunctionBase::setTheme(const CurveEditorTheme& theme)
+{
+    theme_ = theme.bounded();
+    hasOwnTheme_ = true;
+    ++look_;
+    for (const auto& curve : curves_)
+        curve->setColor(curve->getColor(), theme_.canvas);
+    if (viewport_)
+        viewport_->dirty = true;
+    paint();
+}
+
+const CurveEditorTheme& CanvasFunctionBase::theme()
+{
+    for (const auto color : sharedColors) {
+        if (!hasOwnTheme_ && theme_.*color != sharedTheme().*color)
+            setColor(color, sharedTheme().*color);
+    }
+    return theme_;
+}
+
+void CanvasFunctionBase::setColor(QColor CurveEditorTheme::*part, const QColor& color)
+{
+    theme_.*part = color;
+    ++look_;
+}
+
+void CanvasFunctionBase::setSharedColor(QColor CurveEditorTheme::*part, const QColor& color)
+{
+    if (!hasOwnTheme_)
+        sharedTheme().*part = color;
+    setColor(part, color);
+}
+
 void CanvasFunctionBase::setSelectionColor(const QColor& color)
 {
-    selectionColor_ = color;
+    setColor(&CurveEditorTheme::selection, color);
 }
 
 void CanvasFunctionBase::setCanvasColor(const QColor& color)
 {
-    canvasColor_ = color;
+    setColor(&CurveEditorTheme::canvas, color);
 }
 
 void CanvasFunctionBase::setControllerColor(const QColor& color)
 {
-    CanvasSpline::setControllerColor(color);
+    setSharedColor(&CurveEditorTheme::controller, color);
 }
 
 void CanvasFunctionBase::setControllerSelectedColor(const QColor& color)
 {
-    CanvasSpline::setControllerSelectedColor(color);
+    setSharedColor(&CurveEditorTheme::controllerSelected, color);
 }
 
 void CanvasFunctionBase::setControlPointColor(const QColor& color)
 {
-    CanvasSpline::setControlPointColor(color);
+    setSharedColor(&CurveEditorTheme::controlPoint, color);
 }
 
 void CanvasFunctionBase::setControlPointSelectedColor(const QColor& color)
 {
-    CanvasSpline::setControlPointSelectedColor(color);
+    setSharedColor(&CurveEditorTheme::controlPointSelected, color);
 }
 
 void CanvasFunctionBase::setFrameFontColor(const QColor& color)
 {
-    grid_->fontColor = color;
+    setColor(&CurveEditorTheme::labels, color);
 }
 
 void CanvasFunctionBase::setFrameHLineColor(const QColor& color)
 {
-    grid_->frameHLineColor = color;
+    setColor(&CurveEditorTheme::frameHLine, color);
 }
 
 void CanvasFunctionBase::setFrameVLineColor(const QColor& color)
 {
-    grid_->frameVLineColor = color;
+    setColor(&CurveEditorTheme::frameVLine, color);
 }
 
 void CanvasFunctionBase::setFrameLinesColor(const QColor& color)
 {
-    grid_->linePen = QPen(color, 0, Qt::SolidLine);
+    setColor(&CurveEditorTheme::gridLines, color);
 }
 
 void CanvasFunctionBase::setTimeLineColor(const QColor& color)
 {
-    grid_->timeLineColor = color;
+    setColor(&CurveEditorTheme::timeLine, color);
 }
 
 void CanvasFunctionBase::loadImage(const QString& fileName)

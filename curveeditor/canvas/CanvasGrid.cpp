@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasGrid.h>
 
+#include <curveeditor/canvas/CurveEditorTheme.h>
+#include <curveeditor/canvas/DevicePixels.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 
 #include <QPainter>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
 constexpr int fewestLines = 5;
 constexpr int mostLines = 100;
-constexpr int edgeWidth = 2;
-constexpr int fontStretch = 87;
 constexpr int labelGap = 4;    // between a line and its number
 constexpr int labelMargin = 5; // between an edge of the canvas and the numbers along it
 constexpr int lastColumnWithoutLabel = 12;
@@ -82,13 +84,52 @@ QString labelText(double number, bool zero)
     return zero ? QStringLiteral("0") : QStringLiteral("%1").arg(number, 0, 'G', -1);
 }
 
+QFont labelFont(const CurveEditorTheme& theme)
+{
+    QFont font;
+    if (!theme.labelFamily.isEmpty())
+        font.setFamily(theme.labelFamily);
+    font.setPointSizeF(theme.labelPoints);
+    font.setStretch(theme.labelStretch);
+    return font;
+}
+
+/// Draws lines across the whole canvas of whole device pixels, so that all of one width are equally wide.
+class DeviceLines
+{
+public:
+    explicit DeviceLines(QPainter* painter) : painter_(painter), ratio_(painter->device()->devicePixelRatio())
+    {
+    }
+    void drawUpright(int column, double width, const QColor& color) const
+    {
+        const auto [left, size] = pixels(column, width);
+        fill(QRect(left, 0, size, painter_->device()->height()), color);
+    }
+    void drawLevel(int row, double width, const QColor& color) const
+    {
+        const auto [top, size] = pixels(row, width);
+        fill(QRect(0, top, painter_->device()->width(), size), color);
+    }
+
+private:
+    std::pair<int, int> pixels(int position, double width) const
+    {
+        return {qRound((position - int(width) / 2) * ratio_), std::max(1, qRound(width * ratio_))};
+    }
+    void fill(const QRect& rect, const QColor& color) const
+    {
+        const DevicePixels devicePixels(painter_, ratio_);
+        painter_->fillRect(rect, color);
+    }
+
+    QPainter* painter_;
+    double ratio_;
+};
+
 } // namespace
 
-CanvasGrid::CanvasGrid(QWidget* canvas)
-    : widget(canvas), font(QStringLiteral("Arial"), 8), linePen(Qt::white, 1)
-{
-    font.setStretch(fontStretch);
-}
+CanvasGrid::CanvasGrid(QWidget* canvas) : widget(canvas) {}
 
 void CanvasGrid::layout(ViewPort* view)
 {
@@ -150,38 +191,39 @@ std::vector<double> CanvasGrid::values() const
     return values;
 }
 
-std::array<QColor, 5> CanvasGrid::colors() const
-{
-    return {linePen.color(), fontColor, timeLineColor, frameVLineColor, frameHLineColor};
-}
-
-void CanvasGrid::draw(QPainter* painter)
+void CanvasGrid::draw(QPainter* painter, const CurveEditorTheme& theme) const
 {
     if (lines.isEmpty())
         return;
-
-    painter->setPen(linePen);
-    painter->drawLines(lines);
-
-    painter->setPen(QPen(frameVLineColor, edgeWidth));
-    painter->drawLine(0, gridHeight, gridWidth, gridHeight);
-    painter->setPen(QPen(frameHLineColor, edgeWidth));
-    painter->drawLine(0, 0, 0, gridHeight);
-
-    if (timeLineX >= 0 && timeLineX <= gridWidth) {
-        painter->setPen(QPen(timeLineColor, edgeWidth));
-        painter->setCompositionMode(QPainter::RasterOp_SourceOrNotDestination);
-        painter->drawLine(timeLineX, 0, timeLineX, gridHeight);
-        painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
-    }
-
-    painter->setPen(fontColor);
-    drawLabels(painter);
+    drawLines(painter, theme);
+    painter->setPen(theme.labels);
+    drawLabels(painter, theme);
 }
 
-void CanvasGrid::drawLabels(QPainter* painter)
+void CanvasGrid::drawLines(QPainter* painter, const CurveEditorTheme& theme) const
 {
-    painter->setFont(font);
+    const DeviceLines straight(painter);
+    const QColor zeroColor = theme.zeroLines.isValid() ? theme.zeroLines : theme.gridLines;
+    for (int i = 0; i < countX; ++i)
+        straight.drawUpright(startOf(lines, i).x(), theme.gridWidth,
+                             i == zeroIndexX ? zeroColor : theme.gridLines);
+    for (int j = 0; j < countY; ++j)
+        straight.drawLevel(startOf(lines, countX + j).y(), theme.gridWidth,
+                           j == zeroIndexY ? zeroColor : theme.gridLines);
+    straight.drawLevel(gridHeight, theme.frameWidth, theme.frameVLine);
+    straight.drawUpright(0, theme.frameWidth, theme.frameHLine);
+
+    if (timeLineX >= 0 && timeLineX <= gridWidth) {
+        if (theme.timeLineBlends)
+            painter->setCompositionMode(QPainter::RasterOp_SourceOrNotDestination);
+        straight.drawUpright(timeLineX, theme.timeLineWidth, theme.timeLine);
+        painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+    }
+}
+
+void CanvasGrid::drawLabels(QPainter* painter, const CurveEditorTheme& theme) const
+{
+    painter->setFont(labelFont(theme));
     painter->setBackgroundMode(Qt::TransparentMode);
     const int labelRow = widget->height() - labelMargin;
     for (int i = 0; i < countX; ++i) {

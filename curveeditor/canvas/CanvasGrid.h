@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QColor>
-#include <QFont>
-#include <QPen>
 #include <QPolygon>
 
-#include <array>
 #include <vector>
 
 class QPainter;
 class QWidget;
 class ViewPort;
+struct CurveEditorTheme;
 
 /// What lies behind the curves: lines at even distances with a number at each, a line along the bottom and
 /// the left edge, and the time line. The spacing follows from the visible range.
@@ -25,13 +22,7 @@ public:
     QWidget* widget; ///< the canvas, not owned; its size in logical pixels is the length of the lines
     QPolygon lines;  ///< two points for each line: `countX` vertical lines from left to right, then `countY`
                      ///< horizontal ones from the bottom up
-    QFont font;
-    QPen linePen;
-    QColor fontColor = Qt::white;
-    QColor timeLineColor = QColor(220, 255, 255);
-    QColor frameVLineColor = QColor(220, 255, 255); ///< of the line along the bottom edge
-    QColor frameHLineColor = QColor(220, 255, 255); ///< of the line along the left edge
-    double stepX = 0.0;                             ///< distance of the vertical lines in axis units
+    double stepX = 0.0; ///< distance of the vertical lines in axis units
     double stepY = 0.0;
     double firstX = 0.0; ///< axis position of the first vertical line
     double firstY = 0.0;
@@ -54,13 +45,12 @@ public:
     /// Where the lines are: times in time units, values in value units.
     std::vector<double> times(const ViewPort& view) const;
     std::vector<double> values() const;
-    /// All colours that are drawn with.
-    std::array<QColor, 5> colors() const;
 
     /// Draws lines, edges, time line and labels as laid out; nothing for a view that can't be shown. Leaves
     /// the painter's background mode opaque: dotted lines that follow fill their gaps.
-    void draw(QPainter* painter);
+    void draw(QPainter* painter, const CurveEditorTheme& theme) const;
 
 private:
-    void drawLabels(QPainter* painter);
+    void drawLines(QPainter* painter, const CurveEditorTheme& theme) const;
+    void drawLabels(QPainter* painter, const CurveEditorTheme& theme) const;
 };

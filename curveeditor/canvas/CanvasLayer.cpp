@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/BackgroundImage.h>
 #include <curveeditor/canvas/CanvasGrid.h>
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/canvas/DevicePixels.h>
@@ -13,11 +14,6 @@
 #include <cmath>
 
 namespace {
-
-QPen dottedPen()
-{
-    return QPen(Qt::white, 1, Qt::DotLine);
-}
 
 bool startsWith(const CanvasLayer::Curves& curves, const CanvasLayer::Curves& start)
 {
@@ -65,7 +61,8 @@ void CanvasLayer::show(const Backdrop& backdrop, const Curves& curves)
 QRect CanvasLayer::columnsOfTimeLine(int column) const
 {
     const double ratio = image_.devicePixelRatio();
-    return QRect(int((column - 2) * ratio), 0, int(std::ceil(4 * ratio)) + 1, image_.height());
+    const int reach = int(std::ceil(backdrop_.theme->timeLineWidth / 2)) + 1;
+    return QRect(int((column - reach) * ratio), 0, int(std::ceil(2 * reach * ratio)) + 1, image_.height());
 }
 
 void CanvasLayer::draw(QPainter* painter) const
@@ -85,7 +82,7 @@ void CanvasLayer::renderBackdrop(const QRect& part)
     drawMark(painter);
     drawBand(painter);
     drawSelection(painter);
-    backdrop_.grid->draw(&painter);
+    backdrop_.grid->draw(&painter, *backdrop_.theme);
 }
 
 void CanvasLayer::renderCurves(const QRect& part, std::size_t first)
@@ -106,7 +103,7 @@ void CanvasLayer::clip(QPainter& painter, const QRect& part) const
     painter.scale(1.0 / ratio, 1.0 / ratio);
     painter.setClipRect(part);
     painter.resetTransform();
-    painter.setBackground(backdrop_.canvasColor);
+    painter.setBackground(backdrop_.theme->canvas);
 }
 
 void CanvasLayer::drawBackground(QPainter& painter) const
@@ -122,7 +119,7 @@ void CanvasLayer::drawMark(QPainter& painter) const
 {
     if (!backdrop_.mark)
         return;
-    painter.setPen(dottedPen());
+    painter.setPen(QPen(backdrop_.theme->mark, 1, Qt::DotLine));
     painter.drawLine(0, backdrop_.mark->y(), size().width(), backdrop_.mark->y());
     painter.drawLine(backdrop_.mark->x(), 0, backdrop_.mark->x(), size().height());
 }
@@ -131,8 +128,8 @@ void CanvasLayer::drawBand(QPainter& painter) const
 {
     if (!backdrop_.band)
         return;
-    painter.setPen(dottedPen());
-    painter.setBrush(backdrop_.isBandValid ? backdrop_.selectionColor : backdrop_.canvasColor);
+    painter.setPen(QPen(backdrop_.theme->mark, 1, Qt::DotLine));
+    painter.setBrush(backdrop_.isBandValid ? backdrop_.theme->selection : backdrop_.theme->canvas);
     painter.drawRect(backdrop_.band->adjusted(0, 0, -1, -1));
 }
 
@@ -141,7 +138,7 @@ void CanvasLayer::drawSelection(QPainter& painter) const
     if (!backdrop_.selection)
         return;
     const auto [left, right] = *backdrop_.selection;
-    painter.fillRect(left, 0, right - left, size().height(), backdrop_.selectionColor);
+    painter.fillRect(left, 0, right - left, size().height(), backdrop_.theme->selection);
 }
 
 QSize CanvasLayer::size() const

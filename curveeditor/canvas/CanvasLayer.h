@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QColor>
 #include <QImage>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
 
-#include <array>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -16,6 +14,7 @@ class BackgroundImage;
 class CanvasGrid;
 class CurveNodeBase;
 class QPainter;
+struct CurveEditorTheme;
 
 /// What lies behind the current curve: background, mark, rubber band, selection, grid and the other curves, held as
 /// one image. It is drawn anew only when what it shows has changed, so that an edit of the current curve draws one
@@ -28,15 +27,14 @@ public:
     struct Backdrop
     {
         quint64 view = 0; ///< another number after each change of range, size, pixel ratio or axes
-        QColor canvasColor;
-        QColor selectionColor;
+        quint64 look = 0; ///< another number after each change of the theme
+        const CurveEditorTheme* theme = nullptr;
         BackgroundImage* background = nullptr; ///< laid out for the view; null if there is none
         std::optional<QPoint> mark;            ///< where the last press was
         std::optional<QRect> band;
         bool isBandValid = false;
         std::optional<std::pair<int, int>> selection; ///< first and last column of the selected points
         CanvasGrid* grid = nullptr;                   ///< laid out for the view
-        std::array<QColor, 5> gridColors;
         int timeLine = -1;
 
         bool operator==(const Backdrop& other) const = default;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasSpline.h>
 
+#include <curveeditor/canvas/ColorContrast.h>
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 
@@ -8,19 +10,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
 constexpr double samplesPerView = 1000.0;
 constexpr double nodeMargin = 100.0;
-constexpr double handleUnit = 45.0;
 constexpr double shortestHandle = double(0.333f);
 constexpr double longestHandle = 1e6;
 constexpr double steepestSlope = 1e18;
-constexpr int grabDistance = 6;
-constexpr int grabDistanceOfLine = 10;
-constexpr int nodeSize = 5;
-constexpr int fixedHandleSize = 3;
 
 QPoint nodePixel(const PlaneMapping& view, const SplineBase::PointInfo& point)
 {
@@ -109,18 +107,18 @@ qint64 dotProduct(const QPoint& left, const QPoint& right)
     return qint64(left.x()) * right.x() + qint64(left.y()) * right.y();
 }
 
-bool isNear(const QPoint& distance)
+bool isNear(const QPoint& distance, const CurveEditorTheme& theme)
 {
-    return distance.manhattanLength() < grabDistance;
+    return distance.manhattanLength() < theme.grabDistance;
 }
 
-bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center)
+bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center, int grabDistance)
 {
     const qint64 dotRight = dotProduct(right, center);
     const qint64 dotLeft = dotProduct(left, center);
     const QPoint across = (right - left).transposed();
     return ((dotRight < 0 && dotLeft > 0) || (dotRight > 0 && dotLeft < 0)) &&
-           std::abs(dotProduct(across, center)) < qint64(grabDistanceOfLine) * across.manhattanLength();
+           std::abs(dotProduct(across, center)) < qint64(grabDistance) * across.manhattanLength();
 }
 
 } // namespace
@@ -129,7 +127,7 @@ bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center)
 class HandleBatch
 {
 public:
-    explicit HandleBatch(QPainter* painter) : painter_(painter) {}
+    HandleBatch(QPainter* painter, const CurveEditorTheme& theme) : painter_(painter), theme_(theme) {}
     ~HandleBatch() { flush(); }
     Q_DISABLE_COPY_MOVE(HandleBatch)
 
@@ -140,14 +138,14 @@ public:
         color_ = color;
         lines_.emplace_back(from, to);
         if (endsInSquare)
-            squares_.push_back(square(to, fixedHandleSize));
+            squares_.push_back(square(to, theme_.fixedHandleSize));
         else
-            circles_.push_back(square(to, nodeSize));
+            circles_.push_back(square(to, theme_.handleSize));
     }
 
     void flush()
     {
-        painter_->setPen(QPen(color_, 1));
+        painter_->setPen(QPen(color_, theme_.handleWidth));
         painter_->drawLines(lines_.data(), int(lines_.size()));
         // An outline would make the circle a pixel wider.
         painter_->setPen(Qt::NoPen);
@@ -162,22 +160,22 @@ public:
 
 private:
     QPainter* painter_;
+    const CurveEditorTheme& theme_;
     QColor color_;
     std::vector<QLine> lines_;
     std::vector<QRect> squares_;
     std::vector<QRect> circles_;
 };
 
-CanvasSpline::CanvasSpline(const SplineBase* spline) : spline_(spline)
+CanvasSpline::CanvasSpline(const SplineBase* spline, const CurveEditorTheme& theme)
+    : spline_(spline), theme_(theme)
 {
     setColors(Qt::white, Qt::black);
 }
 
 void CanvasSpline::setColors(const QColor& color, const QColor& background)
 {
-    selectedColor = color;
-    unselectedColor.setRgb((color.red() + background.red()) / 2, (color.green() + background.green()) / 2,
-                           (color.blue() + background.blue()) / 2);
+    std::tie(selectedColor, unselectedColor) = curveColors(color, background, theme_);
 }
 
 void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue)
@@ -264,14 +262,14 @@ QPoint CanvasSpline::rightHandle(const QPoint& pixel, unsigned index, bool plain
 {
     double length = 0.0;
     const double slope = spline_->getTangentRightAtNode(index + 1, length);
-    return handleEnd(pixel, slope, plain ? handleUnit : (shortestHandle + length) * handleUnit, 1);
+    return handleEnd(pixel, slope, theme_.handleLength * (plain ? 1.0 : shortestHandle + length), 1);
 }
 
 QPoint CanvasSpline::leftHandle(const QPoint& pixel, unsigned index, bool plain) const
 {
     double length = 0.0;
     const double slope = spline_->getTangentLeftAtNode(index, length);
-    return handleEnd(pixel, slope, plain ? handleUnit : (shortestHandle + length) * handleUnit, -1);
+    return handleEnd(pixel, slope, theme_.handleLength * (plain ? 1.0 : shortestHandle + length), -1);
 }
 
 CanvasSpline::Hit CanvasSpline::hitTest(const QPoint& pixel, const Selection& selection) const
@@ -280,7 +278,7 @@ CanvasSpline::Hit CanvasSpline::hitTest(const QPoint& pixel, const Selection& se
     if (hit.point != 0)
         return hit;
     for (int index = 0; index < shownPoints(); ++index) {
-        if (isNear(nodePixels[index] - pixel))
+        if (isNear(nodePixels[index] - pixel, theme_))
             return {spline_->getControlPoints()[std::size_t(index)]->serial, SplineEdits::Part::Point};
     }
     return {};
@@ -301,12 +299,13 @@ void CanvasSpline::drawLines(CurvePainter& curves) const
 void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marked) const
 {
     for (const bool chosen : {false, true}) {
-        const QColor& color = chosen ? controlPointSelectedColor : controlPointColor;
+        const QColor& color = chosen ? theme_.controlPointSelected : theme_.controlPoint;
         QRect rect;
         for (int index = 0; index < shownPoints(); ++index) {
             if (isMarked(marked, index) != chosen)
                 continue;
-            const QRect marker = square(nodePixels[index], nodeSize);
+            const QRect marker =
+                square(nodePixels[index], chosen ? theme_.selectedPointSize : theme_.pointSize);
             const bool touches = marker.left() == rect.left() && marker.top() <= rect.bottom() + 1 &&
                                  marker.bottom() >= rect.top() - 1;
             if (touches) {
@@ -326,15 +325,17 @@ void CanvasSpline::drawHandles(QPainter* painter, const std::vector<bool>& marke
 {
     std::vector<int> shown;
     for (int index = 0; index < shownPoints(); ++index) {
-        if (isMarked(marked, index) && meetsCanvas(square(nodePixels[index], nodeSize), *viewport))
+        if (isMarked(marked, index) &&
+            meetsCanvas(square(nodePixels[index], theme_.selectedPointSize), *viewport))
             shown.push_back(index);
     }
-    HandleBatch batch(painter);
+    HandleBatch batch(painter, theme_);
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const QPoint pixel = nodePixels[shown[i]];
         if (i + 1 == shown.size() || nodePixels[shown[i + 1]].x() != pixel.x()) {
             batch.flush();
-            painter->setPen(QPen(controlPointSelectedColor, 1, Qt::DotLine));
+            painter->setPen(
+                QPen(theme_.guide.isValid() ? theme_.guide : theme_.controlPointSelected, 1, Qt::DotLine));
             painter->drawLine(pixel, QPoint(pixel.x(), 0));
             painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
         }
@@ -356,7 +357,7 @@ void CanvasSpline::addHandles(HandleBatch& batch, int index, SplineEdits::Part d
     };
     const auto add = [&](const QPoint& end, Part part) {
         const bool isDragged = !fixed && (dragged == Part::BothTangents || dragged == part);
-        batch.add(pixel, end, isDragged ? controllerSelectedColor : controllerColor, fixed);
+        batch.add(pixel, end, isDragged ? theme_.controllerSelected : theme_.controller, fixed);
     };
     if (index < last && endsCurvedSegment(index + 1))
         add(rightHandle(pixel, unsigned(index), index == 0), Part::RightTangent);
@@ -395,14 +396,14 @@ CanvasSpline::Hit CanvasSpline::hitCurrent(const QPoint& pixel, const Selection&
     const int lastIndex = pointCount() - 1;
     const QPoint node = nodePixels[index];
     const QPoint center = node - pixel;
-    if (isNear(center))
+    if (isNear(center, theme_))
         return {point, Part::Point};
     // The handle of a segment that does not exist ends on the point itself.
     const QPoint right = index < lastIndex ? rightHandle(node, unsigned(index), index == 0) - pixel : center;
     const QPoint left = index > 0 ? leftHandle(node, unsigned(index), index == lastIndex) - pixel : center;
-    if (isNear(right))
+    if (isNear(right, theme_))
         return {point, Part::RightTangent};
-    if (isNear(left))
+    if (isNear(left, theme_))
         return {point, Part::LeftTangent};
-    return isBetween(right, left, center) ? Hit{point, Part::BothTangents} : Hit{};
+    return isBetween(right, left, center, theme_.handleGrabDistance) ? Hit{point, Part::BothTangents} : Hit{};
 }

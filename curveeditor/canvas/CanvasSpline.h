@@ -13,6 +13,7 @@
 class HandleBatch;
 class QPainter;
 class ViewPort;
+struct CurveEditorTheme;
 
 /// The picture of one spline: the pixels of its control points and up to three polylines, held until the
 /// curve or the view changes. Draws them, and tells which point or tangent handle lies under the mouse.
@@ -23,18 +24,13 @@ class ViewPort;
 class CanvasSpline
 {
 public:
-    /// The picture of `spline`, empty until the first `rebuild`.
-    explicit CanvasSpline(const SplineBase* spline);
+    /// The picture of `spline`, empty until the first `rebuild`. `theme` outlives it.
+    CanvasSpline(const SplineBase* spline, const CurveEditorTheme& theme);
 
-    /// `color` is the colour of the curve when it is current; the mean of both that of the curve otherwise.
+    /// `color` is that of the curve when it is current, and is dimmed toward `background` otherwise; the theme may
+    /// adapt both to the canvas.
     void setColors(const QColor& color, const QColor& background);
     QColor getColor() const { return selectedColor; }
-
-    /// The colours of markers and tangent handles, shared by all curves. They show at the next paint.
-    static void setControlPointColor(const QColor& color) { controlPointColor = color; }
-    static void setControlPointSelectedColor(const QColor& color) { controlPointSelectedColor = color; }
-    static void setControllerColor(const QColor& color) { controllerColor = color; }
-    static void setControllerSelectedColor(const QColor& color) { controllerSelectedColor = color; }
 
     /// Samples the spline anew, at most 1001 times for the span of its points and 1001 times behind it.
     /// `minValue` and `maxValue` clamp the values, the lower bound first. With a view that can't be shown the
@@ -48,7 +44,7 @@ public:
     void draw(CurvePainter& curves, const Selection& selection, SplineEdits::Part dragged) const;
 
     /// The end of the outgoing handle of the point `index` that stands at `pixel`: on the slope as the view
-    /// shows it, to the right, 45 pixels away if `plain`, else (0.333 + length) * 45 pixels with the length
+    /// shows it, to the right, `handleLength` away if `plain`, else 0.333 + length times as far with the length
     /// that `SplineBase::getTangentRightAtNode` gives. Needs a picture, as does `leftHandle`.
     QPoint rightHandle(const QPoint& pixel, unsigned index, bool plain) const;
     /// The same for the incoming handle, to the left.
@@ -60,7 +56,7 @@ public:
         PointSerial point = 0;
         SplineEdits::Part part = SplineEdits::Part::Point;
     };
-    /// The first control point less than 6 pixels (manhattan) from `pixel`. A single current `Bezier` point goes
+    /// The first control point less than `grabDistance` (manhattan) from `pixel`. A single current `Bezier` point goes
     /// before the others, with its handles and the line between them; the first point has no left and the last
     /// no right handle.
     Hit hitTest(const QPoint& pixel, const Selection& selection) const;
@@ -87,13 +83,9 @@ private:
     Hit hitCurrent(const QPoint& pixel, const Selection& selection) const;
 
     const SplineBase* spline_;
+    const CurveEditorTheme& theme_;
     PlaneMapping view_; ///< In logical pixels.
     bool isShown_ = false;
     DeviceLine startLine_; ///< From the curve's start to the left edge.
     DeviceLine endLine_;
-
-    inline static QColor controlPointColor{0, 0, 0};
-    inline static QColor controlPointSelectedColor{255, 0, 0};
-    inline static QColor controllerColor{255, 255, 220};
-    inline static QColor controllerSelectedColor{255, 0, 220};
 };

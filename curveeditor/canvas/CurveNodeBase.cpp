@@ -126,9 +126,9 @@ CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QS
                              const QColor& color, float defaultValue, SplineBase* spline,
                              FunctionFloatBase** expression, float minValue, float maxValue)
     : canvas_(canvas), curve_(canvas->door().history().curve(name, spline, expression)), action_(new QAction),
-      canvasSpline_(std::make_unique<CanvasSpline>(spline)),
-      canvasExpression_(std::make_unique<CanvasExpression>()), control_(canvas_->door(), curve_),
-      defaultValue_(defaultValue), minValue_(minValue), maxValue_(maxValue)
+      canvasSpline_(std::make_unique<CanvasSpline>(spline, canvas_->theme())),
+      canvasExpression_(std::make_unique<CanvasExpression>(canvas_->theme())),
+      control_(canvas_->door(), curve_), defaultValue_(defaultValue), minValue_(minValue), maxValue_(maxValue)
 {
     action_->setObjectName(name);
     action_->setText(tr(name.toUtf8().constData()));
@@ -165,14 +165,10 @@ void CurveNodeBase::toggleAction()
 
 void CurveNodeBase::setColor(const QColor& color, const QColor& background)
 {
+    color_ = color;
     canvasSpline_->setColors(color, background);
     canvasExpression_->setColors(QPen(color, 0, Qt::SolidLine), background);
     renewPictureNumber();
-}
-
-QColor CurveNodeBase::getColor() const
-{
-    return canvasSpline_->getColor();
 }
 
 double CurveNodeBase::getValue(const double& time) const

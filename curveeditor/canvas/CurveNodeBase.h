@@ -72,9 +72,9 @@ public:
     /// Checks the curve's entry in the menu; the exclusive group unchecks the others.
     void toggleAction();
 
-    /// The colour of the curve; when it is not current it is drawn in the mean of both colours.
+    /// The host's colour of the curve; when it is not current it is dimmed toward `background`.
     void setColor(const QColor& color, const QColor& background);
-    QColor getColor() const;
+    QColor getColor() const { return color_; }
 
     /// The value that is not clamped. An expression reads the variables `t` and `f`, which the caller has
     /// set; `time` plays no part then. An empty holder gives 0.0.
@@ -130,6 +130,7 @@ private:
     std::unique_ptr<CanvasSpline> canvasSpline_;
     std::unique_ptr<CanvasExpression> canvasExpression_;
     ControlSplineNode control_;
+    QColor color_;
     float defaultValue_;
     float minValue_;
     float maxValue_;

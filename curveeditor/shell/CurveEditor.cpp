@@ -8,6 +8,7 @@
 #include <curveeditor/panel/EditingListPanel.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/PointTablePage.h>
+#include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/EditMenu.h>
 #include <curveeditor/shell/FitDialog.h>
 #include <curveeditor/shell/FunctionEditor.h>
@@ -46,9 +47,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     layout->setContentsMargins(0, 0, 0, 0);
     d_->functionEdit = new FunctionEditor(functionView, this);
     layout->addWidget(d_->functionEdit);
-    QPalette black = functionView->palette();
-    black.setColor(QPalette::Window, Qt::black);
-    functionView->setPalette(black);
+    setPaletteColor(functionView, QPalette::Window, d_->functionEdit->canvas.theme().canvas);
     functionView->setFocusPolicy(Qt::ClickFocus);
     d_->functionEdit->setFocusPolicy(Qt::ClickFocus);
     functionView->setObjectName(QStringLiteral("functionView"));
@@ -389,6 +388,25 @@ void CurveEditor::setFont(const QFont& font)
              textLabel1_2_3_2, textLabel1_2_3_2_2, textTension, textContinuity, textOutcoming})
         widget->setFont(font);
     fitToFont();
+}
+
+void CurveEditor::setTheme(const CurveEditorTheme& theme)
+{
+    setPaletteColor(functionView, QPalette::Window, theme.canvas);
+    d_->functionEdit->canvas.setTheme(theme);
+}
+
+CurveEditorTheme CurveEditor::theme() const
+{
+    return d_->functionEdit->canvas.theme();
+}
+
+void CurveEditor::changeEvent(QEvent* event)
+{
+    CurveEditorDialogBase::changeEvent(event);
+    // The first of them come from constructors.
+    if (event->type() == QEvent::PaletteChange && d_ && d_->functionEdit && theme().followsPalette)
+        setTheme(CurveEditorTheme::fromPalette(palette()));
 }
 
 void CurveEditor::setCanvasColor(const QColor& color)

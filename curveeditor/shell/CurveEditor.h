@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/model/Export.h>
 #include <curveeditor/panel/NodePage.h>
@@ -188,8 +189,16 @@ public:
     /// The widgets of the node page, for the form that fills them.
     NodePageWidgets nodePageWidgets() const override;
 
-    // Colours; a change shows at the next paint. The four of points and handles hold for all editors of the
-    // process; points that are not selected are black at first, as the canvas is.
+    // The look
+
+    /// Takes all colours, widths and sizes from `theme`, and paints. An editor that never got one looks as
+    /// `CurveEditorTheme::described()`, in which points that are not selected are black as the canvas is.
+    void setTheme(const CurveEditorTheme& theme);
+    /// What the editor looks like now, with all that the setters below have changed.
+    CurveEditorTheme theme() const;
+
+    // Single colours of the theme; a change shows at the next paint. The four of points and handles hold for all
+    // editors of the process that never got a theme.
 
     void setCanvasColor(const QColor& color);
     void setSelectionColor(const QColor& color);
@@ -341,6 +350,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     /// Takes undo and redo keys from widgets that would search for a letter.
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

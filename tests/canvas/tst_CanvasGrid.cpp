@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasGrid.h>
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QPainter>
@@ -48,7 +49,7 @@ private Q_SLOTS:
             QImage image(canvas.size(), QImage::Format_RGB32);
             image.fill(Qt::gray);
             QPainter painter(&image);
-            grid.draw(&painter);
+            grid.draw(&painter, CurveEditorTheme::described());
             QVERIFY(painter.backgroundMode() == Qt::OpaqueMode && painter.compositionMode() == 0);
             QCOMPARE(image.pixelColor(grid.timeLineX - 1, 20), QColor(223, 255, 255));
             const QImage label = image.copy(firstLine + 4, 585, 8, 10);

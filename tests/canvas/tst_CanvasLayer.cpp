@@ -76,7 +76,8 @@ private Q_SLOTS:
                 ViewPort view(0, 0);
                 view.setSize(size.width(), size.height());
                 view.pixelRatio = ratio;
-                CanvasSpline picture(&spline);
+                const CurveEditorTheme theme;
+                CanvasSpline picture(&spline, theme);
                 picture.rebuild(&view, -1e9f, 1e9f);
                 const DeviceLine line = picture.curveLine;
                 const auto direct = [&line](QImage& image, QPainter& painter) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QBitmap>
@@ -51,7 +52,8 @@ struct Fixture
 
     SplineBase spline;
     ViewPort view{0, 0};
-    CanvasSpline picture{&spline};
+    CurveEditorTheme theme;
+    CanvasSpline picture{&spline, theme};
     Selection selection;
     SplineEdits::Part dragged = SplineEdits::Part::Point;
 };
