@@ -14,5 +14,6 @@ void CanvasExpression::setColors(const QPen& pen, const QColor& background)
 
 void CanvasExpression::draw(CurvePainter& curves) const
 {
-    curves.drawSolid(curveLine, (selected ? selectedPen : unselectedPen).color());
+    curves.drawSolid(curveLine, (selected ? selectedPen : unselectedPen).color(),
+                     selected ? theme_.curveWidth : theme_.otherCurveWidth);
 }

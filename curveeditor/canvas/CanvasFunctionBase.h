@@ -301,6 +301,7 @@ private:
     std::vector<QPointer<CurveNodeBase>> presentCurves() const;
 
     void updatePicture();
+    void drawFront(CurvePainter& curves) const;
     void drawSnapMark(QPainter& painter) const;
     CanvasLayer::Backdrop backdrop() const;
     CanvasLayer::Curves curvesBehindCurrent() const;

@@ -48,14 +48,29 @@ void CanvasFunctionBase::releasePaint()
 void CanvasFunctionBase::showBuffer(QPainter* painter)
 {
     updatePicture();
-    layer_.draw(painter);
+    if (!theme_.smooth || layer_.isNull()) {
+        layer_.draw(painter);
+        CurvePainter curves(painter, layer_.pixelRatio());
+        return drawFront(curves);
+    }
+    const auto drawFrontInto = [this](QPainter& onFrame, QImage& frame) {
+        CurvePainter curves(&onFrame, layer_.pixelRatio());
+        curves.writeInto(&frame, frame.rect());
+        drawFront(curves);
+    };
+    layer_.drawWith(drawFrontInto, painter);
+}
+
+/// What lies before the layer.
+void CanvasFunctionBase::drawFront(CurvePainter& curves) const
+{
     if (!viewport_ || !current_)
         return;
-    painter->setBackground(theme_.canvas);
-    painter->setBackgroundMode(Qt::OpaqueMode);
-    CurvePainter curves(painter, layer_.pixelRatio());
+    QPainter& painter = *curves.painter();
+    painter.setBackground(theme_.canvas);
+    painter.setBackgroundMode(Qt::OpaqueMode);
     current_->draw(curves);
-    drawSnapMark(*painter);
+    drawSnapMark(painter);
 }
 
 /// Lines through what a dragged point has snapped to.

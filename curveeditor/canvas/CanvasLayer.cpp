@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -65,13 +66,26 @@ QRect CanvasLayer::columnsOfTimeLine(int column) const
     return QRect(int((column - reach) * ratio), 0, int(std::ceil(2 * reach * ratio)) + 1, image_.height());
 }
 
-void CanvasLayer::draw(QPainter* painter) const
+void CanvasLayer::put(const QImage& image, QPainter* painter)
 {
     // Qt copies an image of the same pixels at once, and one that has a pixel ratio pixel by pixel.
-    const QImage pixels(image_.constBits(), image_.width(), image_.height(), image_.bytesPerLine(),
-                        image_.format());
-    const DevicePixels devicePixels(painter, image_.devicePixelRatio());
+    const QImage pixels(image.constBits(), image.width(), image.height(), image.bytesPerLine(),
+                        image.format());
+    const DevicePixels devicePixels(painter, image.devicePixelRatio());
     painter->drawImage(0, 0, pixels);
+}
+
+void CanvasLayer::drawWith(const std::function<void(QPainter&, QImage&)>& drawOn, QPainter* painter)
+{
+    if (frame_.size() != image_.size())
+        frame_ = QImage(image_.size(), image_.format());
+    frame_.setDevicePixelRatio(image_.devicePixelRatio());
+    std::memcpy(frame_.bits(), image_.constBits(), std::size_t(image_.sizeInBytes()));
+    {
+        QPainter onFrame(&frame_);
+        drawOn(onFrame, frame_);
+    }
+    put(frame_, painter);
 }
 
 void CanvasLayer::renderBackdrop(const QRect& part)

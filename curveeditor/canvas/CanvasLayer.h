@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QSize>
 
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -47,12 +48,15 @@ public:
     /// The image shows these from now on.
     void show(const Backdrop& backdrop, const Curves& curves);
     /// Puts the image at the corner of what `painter` draws on.
-    void draw(QPainter* painter) const;
+    void draw(QPainter* painter) const { put(image_, painter); }
+    /// The same with what `drawOn` draws onto a copy of it, which that writes into as into any image.
+    void drawWith(const std::function<void(QPainter&, QImage&)>& drawOn, QPainter* painter);
 
     bool isNull() const { return image_.isNull(); }
     double pixelRatio() const { return image_.devicePixelRatio(); }
 
 private:
+    static void put(const QImage& image, QPainter* painter);
     void renderBackdrop(const QRect& part);
     void renderCurves(const QRect& part, std::size_t first);
     void clip(QPainter& painter, const QRect& part) const;
@@ -66,4 +70,5 @@ private:
     Backdrop backdrop_;
     Curves curves_;
     QImage image_;
+    QImage frame_;
 };

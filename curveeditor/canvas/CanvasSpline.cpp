@@ -28,12 +28,6 @@ QPoint nodePixel(const PlaneMapping& view, const SplineBase::PointInfo& point)
                   truncateToPixel(std::clamp(view.row(point.pos), -nodeMargin, bottom)));
 }
 
-QPoint samplePixel(const PlaneMapping& view, double time, double value)
-{
-    return QPoint(truncateToPixel(view.column(time)),
-                  truncateToPixel(std::clamp(view.row(value), -1.0, double(view.pixelHeight))));
-}
-
 double clampValue(double value, double minValue, double maxValue)
 {
     if (minValue > value)
@@ -53,32 +47,36 @@ struct Samples
     std::vector<double> values;
 };
 
-Samples samplesBetween(const SplineBase& spline, double left, double right, double viewSpan)
+/// The last sample stands up to a step short of `right`, unless `reachesEnd`.
+Samples samplesBetween(const SplineBase& spline, double left, double right, double viewSpan, bool reachesEnd)
 {
     const double share =
         right > left ? std::min((right - left) * samplesPerView / viewSpan, samplesPerView) : 0.0;
     const double step = share > 0.0 ? (right - left) / share : 0.0;
     Samples samples;
     samples.times.resize(std::size_t(share) + 1);
-    samples.values.resize(samples.times.size());
     for (std::size_t i = 0; i < samples.times.size(); ++i)
         samples.times[i] = double(i) * step + left;
+    if (reachesEnd && samples.times.back() < right)
+        samples.times.push_back(right);
+    samples.values.resize(samples.times.size());
     spline.evaluate(samples.times.data(), samples.values.data(), samples.times.size());
     return samples;
 }
 
 /// A gap stands for each stretch of samples that have no finite value.
 template <typename Clamp>
-DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, const Clamp& clamp)
+DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, int scale, const Clamp& clamp)
 {
     DeviceLine line;
+    line.scale = scale;
     line.points.resize(qsizetype(samples.times.size()));
     QPoint* const begin = line.points.data();
     QPoint* end = begin;
     for (std::size_t i = 0; i < samples.times.size(); ++i) {
         const double value = samples.values[i];
         if (std::isfinite(value))
-            *end++ = samplePixel(view, samples.times[i], clamp(value));
+            *end++ = QPoint(truncateToPixel(view.column(samples.times[i])), line.rowOf(clamp(value), view));
         else if (line.gaps.empty() || line.gaps.back() != end - begin)
             line.gaps.push_back(int(end - begin));
     }
@@ -191,21 +189,24 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
         placePoints();
 
     const SplineBase& spline = *spline_;
-    const PlaneMapping view = viewport->deviceMapping();
+    const int scale = theme_.smooth ? DeviceLine::fine : 1;
+    startLine_.scale = endLine_.scale = scale;
+    const PlaneMapping view = viewport->deviceMapping(scale);
     const auto bounded = [minValue, maxValue](double value) {
         return clampValue(value, double(minValue), double(maxValue));
     };
     const double viewSpan = viewport->timeMax - viewport->timeMin;
     const double left = std::max(viewport->timeMin, spline.getFirst()->time);
     const double right = std::min(viewport->timeMax, spline.getLast()->time);
-    const Samples samples = samplesBetween(spline, left, right, viewSpan);
-    curveLine = lineThrough(samples, view, bounded);
+    const Samples samples = samplesBetween(spline, left, right, viewSpan, theme_.smooth);
+    curveLine = lineThrough(samples, view, scale, bounded);
     const bool clampBites = std::any_of(samples.values.begin(), samples.values.end(),
                                         [&](double value) { return bounded(value) != value; });
-    rawLine = clampBites ? lineThrough(samples, view, [](double value) { return value; }) : curveLine;
+    rawLine = clampBites ? lineThrough(samples, view, scale, [](double value) { return value; }) : curveLine;
     if (goesOnBehindLast(spline.lastType) && right < viewport->timeMax) {
         const double start = std::max(viewport->timeMin, right);
-        postLine = lineThrough(samplesBetween(spline, start, viewport->timeMax, viewSpan), view, bounded);
+        postLine = lineThrough(samplesBetween(spline, start, viewport->timeMax, viewSpan, theme_.smooth),
+                               view, scale, bounded);
     }
     placeEnds();
 }
@@ -224,8 +225,9 @@ void CanvasSpline::placePoints()
 void CanvasSpline::placeEnds()
 {
     const SplineBase& spline = *spline_;
-    const PlaneMapping view = viewport->deviceMapping();
-    const auto& [points, gaps] = curveLine;
+    const PlaneMapping view = viewport->deviceMapping(curveLine.scale);
+    const QPolygon& points = curveLine.points;
+    const std::vector<int>& gaps = curveLine.gaps;
     const bool startIsMissing = !gaps.empty() && gaps.front() == 0;
     const bool endIsMissing = !gaps.empty() && gaps.back() == points.size();
     QPoint first = startIsMissing ? nodePixel(view, *spline.getFirst()) : points.first();
@@ -292,7 +294,7 @@ void CanvasSpline::drawLines(CurvePainter& curves) const
     // The solid line would cover an equal dotted one pixel for pixel, and dots are slow.
     if (rawLine != curveLine)
         curves.drawDotted(rawLine, unselectedColor);
-    curves.drawSolid(curveLine, lead);
+    curves.drawSolid(curveLine, lead, selected ? theme_.curveWidth : theme_.otherCurveWidth);
 }
 
 /// Markers that touch in one column are one rectangle.

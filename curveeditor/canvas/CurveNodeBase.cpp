@@ -265,7 +265,8 @@ void CurveNodeBase::renewPictureNumber()
 void CurveNodeBase::sampleExpression(const ViewPort& viewport)
 {
     DeviceLine line;
-    const PlaneMapping view = viewport.deviceMapping();
+    line.scale = canvas_->theme().smooth ? DeviceLine::fine : 1;
+    const PlaneMapping view = viewport.deviceMapping(line.scale);
     if (view.canShow()) {
         const int intervals = sampleCount(*getExpression());
         const int count = intervals < samplesPerView ? intervals + 1 : intervals; // wide gaps reach the end
@@ -285,8 +286,7 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
             if (finite) {
                 if (!joined)
                     line.gaps.push_back(int(line.points.size()));
-                const double row = std::clamp(view.row(clamped(value)), -1.0, double(view.pixelHeight));
-                line.points.append(QPoint(truncateToInt(i * xScale), truncateToInt(row)));
+                line.points.append(QPoint(truncateToInt(i * xScale), line.rowOf(clamped(value), view)));
             }
             joined = finite;
         }

@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPen>
 
 #include <algorithm>
 
@@ -22,8 +23,7 @@ template <typename Draw> void forEachPiece(const DeviceLine& line, const Draw& d
 
 } // namespace
 
-CurvePainter::CurvePainter(QPainter* painter, double pixelRatio)
-    : painter_(painter), pixelRatio_(pixelRatio), width_(std::max(1, qRound(pixelRatio)))
+CurvePainter::CurvePainter(QPainter* painter, double pixelRatio) : painter_(painter), pixelRatio_(pixelRatio)
 {
 }
 
@@ -31,72 +31,95 @@ void CurvePainter::writeInto(QImage* image, const QRect& part)
 {
     image_ = image;
     part_ = part & image->rect();
+    stroke_.setTarget(image, part_);
 }
 
-void CurvePainter::drawSolid(const DeviceLine& line, const QColor& color)
+void CurvePainter::drawSolid(const DeviceLine& line, const QColor& color, double width)
 {
+    if (line.scale > 1 && image_)
+        return drawSmooth(line, color, width);
+    const int pixels = devicePixels(width);
+    if (line.scale > 1)
+        return drawWithQt(
+            line, QPen(color, width * pixelRatio_ * line.scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     if (color.alpha() < 255)
-        return drawWithQt(line, color, Qt::SolidLine);
+        return drawWithQt(line, QPen(color, pixels));
     runs_.clear();
-    forEachPiece(line, [this](const QPoint* points, int count) {
-        const auto [first, behind] = image_ ? pointsNear(points, count) : std::pair(0, count);
+    forEachPiece(line, [this, pixels](const QPoint* points, int count) {
+        const auto [first, behind] = image_ ? pointsNear(points, count, pixels + 1, 1) : std::pair(0, count);
         appendColumnRuns(runs_, points + first, behind - first);
     });
     if (image_)
-        fillImage(color);
+        fillImage(color, pixels);
     else
-        fillRects(color);
+        fillRects(color, pixels);
+}
+
+void CurvePainter::drawSmooth(const DeviceLine& line, const QColor& color, double width)
+{
+    const double pixels = width * pixelRatio_;
+    forEachPiece(line, [&](const QPoint* points, int count) {
+        const auto [first, behind] = pointsNear(points, count, int(pixels) + 2, line.scale);
+        stroke_.draw(points + first, behind - first, line.scale, pixels, color);
+    });
 }
 
 void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color)
 {
-    drawWithQt(line, color, Qt::DotLine);
+    drawWithQt(line, QPen(color, devicePixels(1.0) * line.scale, Qt::DotLine));
 }
 
-void CurvePainter::drawWithQt(const DeviceLine& line, const QColor& color, Qt::PenStyle style)
+int CurvePainter::devicePixels(double width) const
 {
-    const DevicePixels devicePixels(painter_, pixelRatio_);
-    painter_->setPen(QPen(color, width_, style));
+    return std::max(1, qRound(width * pixelRatio_));
+}
+
+void CurvePainter::drawWithQt(const DeviceLine& line, const QPen& pen)
+{
+    const DevicePixels devicePixels(painter_, pixelRatio_ * line.scale);
+    painter_->setRenderHint(QPainter::Antialiasing, line.scale > 1);
+    painter_->setPen(pen);
     forEachPiece(line, [this](const QPoint* points, int count) { painter_->drawPolyline(points, count); });
 }
 
-/// The points that decide on the pixels in the part that is drawn.
-std::pair<int, int> CurvePainter::pointsNear(const QPoint* points, int count) const
+/// The points that decide on the pixels in the part that is drawn, with a margin of that many pixels.
+std::pair<int, int> CurvePainter::pointsNear(const QPoint* points, int count, int margin, int scale) const
 {
-    const int margin = width_ + 1;
     const auto isLeftOf = [](const QPoint& point, int column) {
         return point.x() < column;
     };
-    const auto* const first = std::lower_bound(points, points + count, part_.left() - margin, isLeftOf);
-    const auto* const behind = std::lower_bound(first, points + count, part_.right() + margin, isLeftOf);
+    const QPoint* const first =
+        std::lower_bound(points, points + count, (part_.left() - margin) * scale, isLeftOf);
+    const QPoint* const behind =
+        std::lower_bound(first, points + count, (part_.right() + margin) * scale, isLeftOf);
     // A line depends on the one before it.
     return {std::max(int(first - points) - 2, 0), std::min(int(behind - points) + 2, count)};
 }
 
-void CurvePainter::fillRects(const QColor& color)
+void CurvePainter::fillRects(const QColor& color, int width)
 {
     std::vector<QRect> rects;
     rects.reserve(runs_.size());
-    const int before = (width_ - 1) / 2;
+    const int before = (width - 1) / 2;
     for (const ColumnRun& run : runs_)
-        rects.emplace_back(run.column - before, run.top - before, width_, run.bottom - run.top + width_);
+        rects.emplace_back(run.column - before, run.top - before, width, run.bottom - run.top + width);
     const DevicePixels devicePixels(painter_, pixelRatio_);
     painter_->setPen(Qt::NoPen);
     painter_->setBrush(color);
     painter_->drawRects(rects.data(), int(rects.size()));
 }
 
-void CurvePainter::fillImage(const QColor& color)
+void CurvePainter::fillImage(const QColor& color, int width)
 {
     const QRgb rgb = color.rgb();
-    const int before = (width_ - 1) / 2;
+    const int before = (width - 1) / 2;
     const qsizetype pitch = image_->bytesPerLine() / qsizetype(sizeof(QRgb));
     auto* const pixels = reinterpret_cast<QRgb*>(image_->bits());
     for (const ColumnRun& run : runs_) {
         const int left = std::max(run.column - before, part_.left());
-        const int right = std::min(run.column - before + width_, part_.right() + 1);
+        const int right = std::min(run.column - before + width, part_.right() + 1);
         const int top = std::max(run.top - before, part_.top());
-        const int bottom = std::min(run.bottom - before + width_, part_.bottom() + 1);
+        const int bottom = std::min(run.bottom - before + width, part_.bottom() + 1);
         for (int row = top; row < bottom; ++row) {
             for (int column = left; column < right; ++column)
                 pixels[row * pitch + column] = rgb;

@@ -2,32 +2,50 @@
 #pragma once
 
 #include <curveeditor/canvas/ColumnRuns.h>
+#include <curveeditor/canvas/SmoothStroke.h>
+#include <curveeditor/edit/PlaneMapping.h>
+#include <curveeditor/edit/Truncate.h>
 
 #include <QPolygon>
 #include <QRect>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 class QColor;
 class QImage;
 class QPainter;
+class QPen;
 
-/// Points of a curve in device pixels, from left to right.
+/// Points of a curve from left to right.
 struct DeviceLine
 {
     QPolygon points;
+    int scale = 1; ///< of them are a device pixel; more than one for lines that are drawn smooth
     /// Indices in `points`, ascending and at most their number: where one stands, the point of that index is
     /// not joined to the one before.
     std::vector<int> gaps;
 
     bool operator==(const DeviceLine& other) const = default;
+
+    /// The scale of smooth lines.
+    static constexpr int fine = 64;
+    /// The row of a value. Above and below the canvas a line runs along the edge; a smooth one goes on as far again,
+    /// so that it leaves under its own slope.
+    int rowOf(double value, const PlaneMapping& view) const
+    {
+        const double beyond = scale > 1 ? view.pixelHeight : 0.0;
+        const double above = scale > 1 ? beyond : 1.0;
+        return truncateToInt(std::clamp(view.row(value), -above, view.pixelHeight + beyond));
+    }
 };
 
-/// Draws the lines of curves, one logical pixel wide: as many device pixels as the pixel ratio says, rounded.
+/// Draws the lines of curves. Widths are logical pixels, of a line that is not smooth rounded to device pixels.
 ///
-/// Qt draws solid lines of more than one pixel up to a hundred times slower, so they are written as runs of
-/// pixels in each column. Dotted and translucent lines are Qt's.
+/// Qt draws solid lines of more than one pixel up to a hundred times slower, so they are written as runs of pixels in
+/// each column, smooth ones with their coverage. Qt draws dotted lines, translucent ones that are not smooth, and
+/// smooth ones without an image to write into.
 class CurvePainter
 {
 public:
@@ -41,19 +59,22 @@ public:
     /// For all that is no line of a curve.
     QPainter* painter() const { return painter_; }
 
-    void drawSolid(const DeviceLine& line, const QColor& color);
+    void drawSolid(const DeviceLine& line, const QColor& color, double width);
+    /// One logical pixel wide.
     void drawDotted(const DeviceLine& line, const QColor& color);
 
 private:
-    void drawWithQt(const DeviceLine& line, const QColor& color, Qt::PenStyle style);
-    std::pair<int, int> pointsNear(const QPoint* points, int count) const;
-    void fillRects(const QColor& color);
-    void fillImage(const QColor& color);
+    void drawSmooth(const DeviceLine& line, const QColor& color, double width);
+    void drawWithQt(const DeviceLine& line, const QPen& pen);
+    std::pair<int, int> pointsNear(const QPoint* points, int count, int margin, int scale) const;
+    int devicePixels(double width) const;
+    void fillRects(const QColor& color, int width);
+    void fillImage(const QColor& color, int width);
 
     QPainter* painter_;
     double pixelRatio_;
     QImage* image_ = nullptr;
     QRect part_;
-    int width_;
     std::vector<ColumnRun> runs_;
+    SmoothStroke stroke_;
 };

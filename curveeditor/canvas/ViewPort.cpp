@@ -53,14 +53,14 @@ PlaneMapping ViewPort::mapping() const
     return {timeMin, timeMax, valueMin, valueMax, pixelWidth, pixelHeight};
 }
 
-PlaneMapping ViewPort::deviceMapping() const
+PlaneMapping ViewPort::deviceMapping(int scale) const
 {
     return {timeMin,
             timeMax,
             valueMin,
             valueMax,
-            qRound(pixelWidth * pixelRatio),
-            qRound(pixelHeight * pixelRatio)};
+            qRound(pixelWidth * pixelRatio) * scale,
+            qRound(pixelHeight * pixelRatio) * scale};
 }
 
 void ViewPort::showView(const PlaneMapping& view)

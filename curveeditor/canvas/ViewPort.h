@@ -66,8 +66,8 @@ public:
 
     /// The visible range and the canvas size as they are now. Everything here that maps asks it.
     PlaneMapping mapping() const;
-    /// The same in device pixels.
-    PlaneMapping deviceMapping() const;
+    /// The same in device pixels, or in parts of them, `scale` to a pixel.
+    PlaneMapping deviceMapping(int scale = 1) const;
     /// Takes the visible range of `view`, and makes the view dirty if it is another one.
     void showView(const PlaneMapping& view);
     ViewStep::Limits limits() const;

@@ -83,10 +83,10 @@ private Q_SLOTS:
                 const auto direct = [&line](QImage& image, QPainter& painter) {
                     CurvePainter curves(&painter, image.devicePixelRatio());
                     curves.writeInto(&image, image.rect());
-                    curves.drawSolid(line, Qt::red);
+                    curves.drawSolid(line, Qt::red, 1.0);
                 };
                 const auto byRects = [&line, ratio](QImage&, QPainter& painter) {
-                    CurvePainter(&painter, ratio).drawSolid(line, Qt::red);
+                    CurvePainter(&painter, ratio).drawSolid(line, Qt::red, 1.0);
                 };
                 const auto byQt = [&line](QImage&, QPainter& painter) {
                     painter.setPen(QPen(Qt::red, 0));
@@ -108,12 +108,12 @@ private Q_SLOTS:
 
     void partOfALineIsDrawnAsInTheWhole()
     {
-        const DeviceLine line{{{0, 290}, {100, 20}, {130, 200}, {133, 199}, {135, 150}, {199, 10}}, {}};
+        const DeviceLine line{{{0, 290}, {100, 20}, {130, 200}, {133, 199}, {135, 150}, {199, 10}}, 1, {}};
         const auto part = [&line](const QRect& rect) {
             return [&line, rect](QImage& image, QPainter& painter) {
                 CurvePainter curves(&painter, 2.0);
                 curves.writeInto(&image, rect);
-                curves.drawSolid(line, Qt::red);
+                curves.drawSolid(line, Qt::red, 1.0);
             };
         };
         const QSize size(200, 300);
