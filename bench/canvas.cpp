@@ -46,6 +46,7 @@ struct Content
     int points = pointCount;
     double swings = 3.0; ///< across the view
     float bound = 10.0f; ///< the values reach 2.8
+    bool isThemed = false; ///< with smooth lines
 };
 
 /// A dialog whose canvas has 1600 x 900 logical pixels.
@@ -54,6 +55,8 @@ class Scene
 public:
     explicit Scene(const Content& content = {})
     {
+        if (content.isThemed)
+            editor_.setTheme(CurveEditorTheme::dark());
         editor_.setTimeRange(0.0, content.points);
         editor_.setMinValue(-3.0);
         editor_.setMaxValue(3.0);
@@ -202,7 +205,7 @@ void dragStep(benchmark::State& state, const Content& content, bool formOpen = t
         scene.send(QEvent::MouseMove, start + QPoint(0, 10 + ++step % 50), Qt::LeftButton);
         scene.show();
     }
-    if (content.splines == curveCount && content.points == pointCount && page == Envelope) {
+    if (content.splines == curveCount && content.points == pointCount && page == Envelope && !content.isThemed) {
         Peer peer(content.swings);
         compare(state, [&peer](int number) { peer.showEdit(number); });
     }
@@ -313,7 +316,7 @@ void viewChange(benchmark::State& state, const Content& content)
 {
     Scene scene(content);
     panStep(state, scene);
-    if (content.splines == curveCount) {
+    if (content.splines == curveCount && !content.isThemed) {
         Peer peer(content.swings);
         compare(state, [&peer](int number) { peer.showView(number); });
     }
@@ -421,6 +424,9 @@ void openingCurvesOneByOne(benchmark::State& state)
     }
 }
 
+const Content themed{.isThemed = true};
+const Content themedSwinging{.swings = 50.0, .isThemed = true};
+const Content themedClamped{.bound = 2.0f, .isThemed = true};
 const Content swinging{.swings = 50.0};
 const Content clamped{.bound = 2.0f};
 const Content dense{.points = 10000};
@@ -429,8 +435,10 @@ const Content formulas{.splines = 0, .expressions = curveCount};
 const Content oneFormula{.splines = 0, .expressions = 1};
 
 BENCHMARK_CAPTURE(dragStep, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, smoothWithTheFormClosed, Content(), false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, swinging, swinging)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, themedClamped, themedClamped)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, clamped, clamped)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, dense, dense)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, oneLong, oneLong)->Unit(benchmark::kMillisecond);
@@ -444,6 +452,9 @@ BENCHMARK(dragOfAllCurves)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfAStableView)->Unit(benchmark::kMillisecond);
 BENCHMARK(tickOfTheTimeLine)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, themed, themed)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, themedSwinging, themedSwinging)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, themedClamped, themedClamped)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, swinging, swinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, formulas, formulas)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, oneFormula, oneFormula)->Unit(benchmark::kMillisecond);

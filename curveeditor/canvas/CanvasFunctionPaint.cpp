@@ -64,13 +64,16 @@ void CanvasFunctionBase::showBuffer(QPainter* painter)
 /// What lies before the layer.
 void CanvasFunctionBase::drawFront(CurvePainter& curves) const
 {
-    if (!viewport_ || !current_)
+    if (!viewport_)
         return;
     QPainter& painter = *curves.painter();
-    painter.setBackground(theme_.canvas);
-    painter.setBackgroundMode(Qt::OpaqueMode);
-    current_->draw(curves);
-    drawSnapMark(painter);
+    if (current_) {
+        painter.setBackground(theme_.canvas);
+        painter.setBackgroundMode(theme_.smooth ? Qt::TransparentMode : Qt::OpaqueMode);
+        current_->draw(curves);
+        drawSnapMark(painter);
+    }
+    grid_->drawOver(&painter, theme_);
 }
 
 /// Lines through what a dragged point has snapped to.

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -20,6 +21,8 @@ constexpr int mostLines = 100;
 constexpr int labelGap = 4;    // between a line and its number
 constexpr int labelMargin = 5; // between an edge of the canvas and the numbers along it
 constexpr int lastColumnWithoutLabel = 12;
+constexpr int labelPadding = 3; // of the background of a label
+constexpr float labelOpacity = 0.8F;
 
 struct Axis
 {
@@ -111,6 +114,12 @@ public:
         const auto [top, size] = pixels(row, width);
         fill(QRect(0, top, painter_->device()->width(), size), color);
     }
+    /// In logical pixels.
+    double middle(int position, double width) const
+    {
+        const auto [first, size] = pixels(position, width);
+        return (first + size / 2.0) / ratio_;
+    }
 
 private:
     std::pair<int, int> pixels(int position, double width) const
@@ -196,8 +205,26 @@ void CanvasGrid::draw(QPainter* painter, const CurveEditorTheme& theme) const
     if (lines.isEmpty())
         return;
     drawLines(painter, theme);
-    painter->setPen(theme.labels);
-    drawLabels(painter, theme);
+    if (!theme.labelsInFront)
+        drawLabels(painter, theme);
+    painter->setBackgroundMode(Qt::OpaqueMode);
+}
+
+void CanvasGrid::drawOver(QPainter* painter, const CurveEditorTheme& theme) const
+{
+    if (lines.isEmpty())
+        return;
+    if (theme.labelsInFront)
+        drawSpacedLabels(painter, theme);
+    drawGrip(painter, theme);
+}
+
+QRect CanvasGrid::timeLineGrip(const CurveEditorTheme& theme) const
+{
+    const int size = theme.timeLineGrip;
+    if (!showsTimeLine() || lines.isEmpty() || size <= 0)
+        return {};
+    return QRect(timeLineX - size / 2, gridHeight - size, size, size);
 }
 
 void CanvasGrid::drawLines(QPainter* painter, const CurveEditorTheme& theme) const
@@ -213,7 +240,7 @@ void CanvasGrid::drawLines(QPainter* painter, const CurveEditorTheme& theme) con
     straight.drawLevel(gridHeight, theme.frameWidth, theme.frameVLine);
     straight.drawUpright(0, theme.frameWidth, theme.frameHLine);
 
-    if (timeLineX >= 0 && timeLineX <= gridWidth) {
+    if (showsTimeLine()) {
         if (theme.timeLineBlends)
             painter->setCompositionMode(QPainter::RasterOp_SourceOrNotDestination);
         straight.drawUpright(timeLineX, theme.timeLineWidth, theme.timeLine);
@@ -223,6 +250,7 @@ void CanvasGrid::drawLines(QPainter* painter, const CurveEditorTheme& theme) con
 
 void CanvasGrid::drawLabels(QPainter* painter, const CurveEditorTheme& theme) const
 {
+    painter->setPen(theme.labels);
     painter->setFont(labelFont(theme));
     painter->setBackgroundMode(Qt::TransparentMode);
     const int labelRow = widget->height() - labelMargin;
@@ -235,5 +263,58 @@ void CanvasGrid::drawLabels(QPainter* painter, const CurveEditorTheme& theme) co
         const int row = startOf(lines, countX + j).y();
         painter->drawText(labelMargin, row - labelGap, labelText(j * stepY + firstY, j == zeroIndexY));
     }
-    painter->setBackgroundMode(Qt::OpaqueMode);
+}
+
+/// Each in the middle of its line, those of times above the grip, and those of values above these.
+void CanvasGrid::drawSpacedLabels(QPainter* painter, const CurveEditorTheme& theme) const
+{
+    painter->setPen(theme.labels);
+    painter->setFont(labelFont(theme));
+    painter->setBackgroundMode(Qt::TransparentMode);
+    const QFontMetrics metrics = painter->fontMetrics();
+    QColor background = theme.canvas;
+    background.setAlphaF(labelOpacity);
+    QRect room(QPoint(), widget->size());
+    room.adjust(labelMargin, labelMargin / 2, -labelMargin, -labelMargin / 2 - theme.timeLineGrip);
+    const auto drawLabel = [&](const QPoint& center, const QString& text, const QRect& free) {
+        QRect rect(0, 0, metrics.horizontalAdvance(text) + 2 * labelPadding, metrics.height());
+        rect.moveCenter(center);
+        rect.moveLeft(std::max(rect.left(), room.left() - labelPadding));
+        if (!free.contains(rect.adjusted(labelPadding, 0, -labelPadding, 0)))
+            return QRect();
+        painter->fillRect(rect, background);
+        painter->drawText(rect.left() + labelPadding, rect.top() + metrics.ascent(), text);
+        return rect;
+    };
+    QRect free = room;
+    for (int i = 0; i < countX; ++i) {
+        const QPoint center(startOf(lines, i).x(), room.bottom() - metrics.height() / 2);
+        const QRect drawn = drawLabel(center, labelText(i * stepX + firstX, i == zeroIndexX), free);
+        if (!drawn.isEmpty())
+            free.setLeft(drawn.right() + labelMargin);
+    }
+    free = room.adjusted(0, 0, 0, -metrics.height() - labelMargin);
+    for (int j = 0; j < countY; ++j) {
+        const QPoint center(0, startOf(lines, countX + j).y());
+        const QRect drawn = drawLabel(center, labelText(j * stepY + firstY, j == zeroIndexY), free);
+        if (!drawn.isEmpty())
+            free.setBottom(drawn.top() - 1);
+    }
+}
+
+void CanvasGrid::drawGrip(QPainter* painter, const CurveEditorTheme& theme) const
+{
+    QRectF grip = timeLineGrip(theme);
+    if (grip.isEmpty())
+        return;
+    grip.moveCenter({DeviceLines(painter).middle(timeLineX, theme.timeLineWidth), grip.center().y()});
+    const double shoulder = grip.top() + grip.height() / 2;
+    const std::array corners = {QPointF(grip.center().x(), grip.top()), QPointF(grip.right(), shoulder),
+                                grip.bottomRight(), grip.bottomLeft(), QPointF(grip.left(), shoulder)};
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(theme.timeLine);
+    painter->drawPolygon(corners.data(), int(corners.size()));
+    painter->restore();
 }

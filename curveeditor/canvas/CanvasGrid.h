@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPolygon>
+#include <QRect>
 
 #include <vector>
 
@@ -46,11 +47,20 @@ public:
     std::vector<double> times(const ViewPort& view) const;
     std::vector<double> values() const;
 
-    /// Draws lines, edges, time line and labels as laid out; nothing for a view that can't be shown. Leaves
-    /// the painter's background mode opaque: dotted lines that follow fill their gaps.
+    /// Draws lines, edges and time line as laid out, and the labels if they lie behind the curves; nothing for a view
+    /// that can't be shown. Leaves the painter's background mode opaque: dotted lines that follow fill their gaps.
     void draw(QPainter* painter, const CurveEditorTheme& theme) const;
+    /// Draws what lies over the curves: the labels if the theme puts them in front, and the grip of the time
+    /// line.
+    void drawOver(QPainter* painter, const CurveEditorTheme& theme) const;
+    /// Where the time line can be taken, in pixels of the canvas; empty if the theme has no grip or the time line is
+    /// out of sight.
+    QRect timeLineGrip(const CurveEditorTheme& theme) const;
 
 private:
     void drawLines(QPainter* painter, const CurveEditorTheme& theme) const;
     void drawLabels(QPainter* painter, const CurveEditorTheme& theme) const;
+    void drawSpacedLabels(QPainter* painter, const CurveEditorTheme& theme) const;
+    void drawGrip(QPainter* painter, const CurveEditorTheme& theme) const;
+    bool showsTimeLine() const { return timeLineX >= 0 && timeLineX <= gridWidth; }
 };

@@ -103,7 +103,7 @@ void CanvasLayer::renderCurves(const QRect& part, std::size_t first)
 {
     QPainter painter(&image_);
     clip(painter, part);
-    painter.setBackgroundMode(Qt::OpaqueMode);
+    painter.setBackgroundMode(backdrop_.theme->smooth ? Qt::TransparentMode : Qt::OpaqueMode);
     CurvePainter curvePainter(&painter, image_.devicePixelRatio());
     curvePainter.writeInto(&image_, part);
     for (std::size_t i = first; i < curves_.size(); ++i)

@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/CurveEditorTheme.h>
+#include <curveeditor/canvas/DevicePixels.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 
@@ -121,6 +122,57 @@ bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center, in
 
 } // namespace
 
+/// A picture of one marker, to be put down many times: Qt draws each antialiased form a hundred times slower.
+class MarkerStamp
+{
+public:
+    MarkerStamp(const QPainter& painter, CurveEditorTheme::Shape shape, int size, const QColor& color,
+                const QColor& outline)
+        : ratio_(painter.device()->devicePixelRatio())
+    {
+        const double reach = size / 2.0 + outlineWidth;
+        const int side = 2 * int(std::ceil(reach * ratio_)) + 1;
+        image_ = QImage(side, side, QImage::Format_ARGB32_Premultiplied);
+        image_.fill(Qt::transparent);
+        QPainter onImage(&image_);
+        onImage.setRenderHint(QPainter::Antialiasing);
+        onImage.translate(side / 2.0, side / 2.0);
+        onImage.scale(ratio_, ratio_);
+        onImage.setPen(Qt::NoPen);
+        if (outline.isValid()) {
+            onImage.setBrush(outline);
+            drawShape(onImage, shape, reach);
+        }
+        onImage.setBrush(color);
+        drawShape(onImage, shape, size / 2.0);
+    }
+
+    /// In the middle of a logical pixel; `painter` draws in device pixels.
+    void draw(QPainter* painter, const QPoint& pixel) const
+    {
+        const double corner = 0.5 * ratio_ - image_.width() / 2.0;
+        painter->drawImage(qRound(pixel.x() * ratio_ + corner), qRound(pixel.y() * ratio_ + corner), image_);
+    }
+    double ratio() const { return ratio_; }
+
+private:
+    static constexpr double outlineWidth = 1.5;
+
+    static void drawShape(QPainter& painter, CurveEditorTheme::Shape shape, double reach)
+    {
+        const QRectF square(-reach, -reach, 2 * reach, 2 * reach);
+        if (shape == CurveEditorTheme::Shape::Circle)
+            painter.drawEllipse(square);
+        else if (shape == CurveEditorTheme::Shape::Diamond)
+            painter.drawPolygon(QPolygonF({{0, -reach}, {reach, 0}, {0, reach}, {-reach, 0}}));
+        else
+            painter.drawRect(square);
+    }
+
+    double ratio_;
+    QImage image_;
+};
+
 /// Draws lines of one colour that end in squares or circles all at once.
 class HandleBatch
 {
@@ -143,14 +195,20 @@ public:
 
     void flush()
     {
+        painter_->setRenderHint(QPainter::Antialiasing, theme_.smooth);
         painter_->setPen(QPen(color_, theme_.handleWidth));
+        // Qt draws smooth lines between the corners of pixels, and others between their middles.
+        const double middle = theme_.smooth ? 0.5 : 0.0;
+        painter_->translate(middle, middle);
         painter_->drawLines(lines_.data(), int(lines_.size()));
+        painter_->translate(-middle, -middle);
         // An outline would make the circle a pixel wider.
         painter_->setPen(Qt::NoPen);
         painter_->setBrush(color_);
         painter_->drawRects(squares_.data(), int(squares_.size()));
         for (const QRect& circle : circles_)
             painter_->drawEllipse(circle);
+        painter_->setRenderHint(QPainter::Antialiasing, false);
         lines_.clear();
         squares_.clear();
         circles_.clear();
@@ -255,9 +313,12 @@ void CanvasSpline::draw(CurvePainter& curves, const Selection& selection, Spline
     if (!selected && !showsPoints)
         return;
     const std::vector<bool> marked = selection.marks(*spline_);
-    drawMarkers(curves.painter(), marked);
+    if (!theme_.smooth)
+        drawMarkers(curves.painter(), marked);
     if (selected && !marked.empty())
         drawHandles(curves.painter(), marked, dragged);
+    if (theme_.smooth)
+        drawSmoothMarkers(curves.painter(), marked);
 }
 
 QPoint CanvasSpline::rightHandle(const QPoint& pixel, unsigned index, bool plain) const
@@ -318,6 +379,23 @@ void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marke
             rect = marker;
         }
         painter->fillRect(rect, color);
+    }
+}
+
+void CanvasSpline::drawSmoothMarkers(QPainter* painter, const std::vector<bool>& marked) const
+{
+    for (const bool chosen : {false, true}) {
+        const MarkerStamp stamp(*painter, chosen ? theme_.selectedPointShape : theme_.pointShape,
+                                chosen ? theme_.selectedPointSize : theme_.pointSize,
+                                chosen ? theme_.controlPointSelected : theme_.controlPoint,
+                                theme_.controlPointOutline);
+        const DevicePixels devicePixels(painter, stamp.ratio());
+        for (int index = 0; index < shownPoints(); ++index) {
+            const bool isCovered = index + 1 < shownPoints() && nodePixels[index] == nodePixels[index + 1] &&
+                                   isMarked(marked, index + 1) == chosen;
+            if (isMarked(marked, index) == chosen && !isCovered)
+                stamp.draw(painter, nodePixels[index]);
+        }
     }
 }
 

@@ -75,6 +75,7 @@ private:
     void placeEnds();
     void drawLines(CurvePainter& curves) const;
     void drawMarkers(QPainter* painter, const std::vector<bool>& marked) const;
+    void drawSmoothMarkers(QPainter* painter, const std::vector<bool>& marked) const;
     void drawHandles(QPainter* painter, const std::vector<bool>& marked, SplineEdits::Part dragged) const;
     void addHandles(HandleBatch& batch, int index, SplineEdits::Part dragged) const;
     QPoint handleEnd(const QPoint& pixel, double slope, double length, int side) const;

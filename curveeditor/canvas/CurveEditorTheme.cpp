@@ -33,20 +33,20 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
     theme.mark = part(mixedColor(ink, canvas, 0.55));
     theme.hint = contrastingColor(mixedColor(ink, canvas, 0.65), {canvas}, contrastOfTexts);
 
-    theme.gridLines = mixedColor(ink, canvas, 0.09);
-    theme.zeroLines = mixedColor(ink, canvas, 0.24);
+    theme.gridLines = mixedColor(ink, canvas, 0.12);
+    theme.zeroLines = mixedColor(ink, canvas, 0.28);
     theme.frameVLine = theme.frameHLine = theme.zeroLines;
     theme.labels = contrastingColor(mixedColor(ink, canvas, 0.65), {canvas}, contrastOfTexts);
     theme.labelFamily.clear();
     theme.labelStretch = 100;
-    theme.labelBackground = canvas;
+    theme.labelsInFront = true;
     theme.timeLine = part(red);
-    theme.timeLineWidth = 1.5;
+    theme.timeLineWidth = 1.0;
     theme.timeLineBlends = false;
-    theme.timeLineGrip = 11;
+    theme.timeLineGrip = 13;
 
-    theme.curveWidth = 2.25;
-    theme.otherCurveWidth = 1.25;
+    theme.curveWidth = 2.5;
+    theme.otherCurveWidth = 1.5;
     theme.otherCurveShare = 0.6;
     theme.smooth = true;
     theme.adaptsCurveColors = true;

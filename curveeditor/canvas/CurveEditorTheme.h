@@ -67,9 +67,9 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     QString labelFamily = QStringLiteral("Arial"); ///< empty: the font of the application
     double labelPoints = 8.0;                      ///< size of the labels in points, bounded as a size
     int labelStretch = 87;                         ///< per cent of the font's own width, 50 to 200
-    /// What the labels stand on, over the curves; then a label that would meet an edge or another one is left out.
-    /// Invalid: the labels lie behind the curves, on nothing.
-    QColor labelBackground;
+    /// The labels stand over the curves, each on the colour of the canvas, and one that would meet an edge or another
+    /// one is left out. Else they lie behind the curves, on nothing.
+    bool labelsInFront = false;
     QColor timeLine = QColor(220, 255, 255); ///< also of the lines through what a dragged point snaps to
     double timeLineWidth = 2.0;
     bool timeLineBlends =
@@ -83,8 +83,8 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
 
     double curveWidth = 1.0; ///< of the current curve
     double otherCurveWidth = 1.0;
-    double otherCurveShare = 0.5;   ///< how much of its colour a curve keeps that is not current
-    bool smooth = false;            ///< lines and markers are antialiased
+    double otherCurveShare = 0.5; ///< how much of its colour a curve keeps that is not current
+    bool smooth = false; ///< lines and markers are antialiased; dotted lines let shine through what is behind
     bool adaptsCurveColors = false; ///< curves are drawn darker or lighter where the canvas swallows them
     /// @}
 
