@@ -303,6 +303,7 @@ private:
     void updatePicture();
     void drawFront(CurvePainter& curves) const;
     void drawSnapMark(QPainter& painter) const;
+    void drawHint(QPainter& painter) const;
     CanvasLayer::Backdrop backdrop() const;
     CanvasLayer::Curves curvesBehindCurrent() const;
     std::optional<std::pair<int, int>> selectedColumns() const;

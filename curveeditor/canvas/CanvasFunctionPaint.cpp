@@ -74,6 +74,30 @@ void CanvasFunctionBase::drawFront(CurvePainter& curves) const
         drawSnapMark(painter);
     }
     grid_->drawOver(&painter, theme_);
+    drawHint(painter);
+}
+
+/// What can be done on a canvas that is empty, or nearly so.
+void CanvasFunctionBase::drawHint(QPainter& painter) const
+{
+    if (!theme_.hint.isValid())
+        return;
+    const SplineBase* const spline = current_ && current_->isSpline() ? current_->getSpline() : nullptr;
+    QString text;
+    if (curves_.empty())
+        text = tr("Drop the name of a curve on the list to edit it here");
+    else if (spline && spline->getControlPointsNumber() == 1)
+        text = tr("Double-click to add a point");
+    else
+        return;
+    constexpr double heightShare = 0.4; // clear of a level curve in the middle
+    painter.setFont(widget()->font());
+    QRect place = painter.fontMetrics().boundingRect(text).adjusted(-8, -4, 8, 4);
+    place.moveCenter(QPoint(viewport_->pixelWidth / 2, int(viewport_->pixelHeight * heightShare)));
+    painter.fillRect(place, theme_.canvas);
+    painter.setPen(theme_.hint);
+    painter.setBackgroundMode(Qt::TransparentMode);
+    painter.drawText(place, Qt::AlignCenter, text);
 }
 
 /// Lines through what a dragged point has snapped to.

@@ -45,23 +45,26 @@ void SmoothStroke::setTarget(QImage* image, const QRect& part)
 {
     image_ = image;
     part_ = part & image->rect();
+    changes_.assign(std::size_t(image->height() + 2), 0.0f);
 }
 
 void SmoothStroke::draw(const QPoint* points, int count, int scale, double width, const QColor& color)
 {
-    if (count < 1 || part_.isEmpty())
+    if (count < 2 || part_.isEmpty())
         return;
     const int margin = int(std::ceil(width / 2.0)) + 1;
     firstStrip_ = (part_.left() - margin) * stripsPerPixel;
     const std::size_t strips = std::size_t((part_.width() + 2 * margin) * stripsPerPixel);
+    turns_.clear();
     highest_.assign(strips, nowhere);
     lowest_.assign(strips, -nowhere);
     resample(points, count, scale);
     widen(width / 2.0);
+    roundTurns(width / 2.0);
     fill(color);
 }
 
-/// Takes the line's row in the middle of each strip, and keeps its ends and turns, which may lie between.
+/// Takes the line's row in the middle of each strip, and its ends and turns, which may lie between.
 void SmoothStroke::resample(const QPoint* points, int count, int scale)
 {
     const int strips = int(highest_.size());
@@ -75,7 +78,7 @@ void SmoothStroke::resample(const QPoint* points, int count, int scale)
         const double strip = stripOf(points[i]);
         const float row = rowOf(points[i]);
         if (i == 0 || i + 1 == count || isTurn(points[i - 1], points[i], points[i + 1]))
-            include(strip, row);
+            turns_.emplace_back(strip, row);
         if (i + 1 == count)
             return;
         const double nextStrip = stripOf(points[i + 1]);
@@ -89,15 +92,6 @@ void SmoothStroke::resample(const QPoint* points, int count, int scale)
             lower(lowest_[std::size_t(k)], between);
         }
     }
-}
-
-void SmoothStroke::include(double strip, float row)
-{
-    const double nearest = std::round(strip);
-    if (nearest < 0.0 || nearest >= double(highest_.size()))
-        return;
-    raise(highest_[std::size_t(nearest)], row);
-    lower(lowest_[std::size_t(nearest)], row);
 }
 
 /// What lies `across` from a place reaches it by the height of a circle there. A few directions are enough: the line
@@ -129,6 +123,21 @@ void SmoothStroke::widen(double radius)
     }
 }
 
+/// Where the line is steep, its ends and turns would be missed by these directions.
+void SmoothStroke::roundTurns(double radius)
+{
+    const double reach = radius * stripsPerPixel;
+    for (const auto& [strip, row] : turns_) {
+        const double behind = std::min(strip + reach, double(top_.size()) - 1.0);
+        for (auto k = std::size_t(std::max(std::ceil(strip - reach), 0.0)); double(k) <= behind; ++k) {
+            const double across = (double(k) - strip) / stripsPerPixel;
+            const auto height = float(std::sqrt(std::max(radius * radius - across * across, 0.0)));
+            raise(top_[k], row - height);
+            lower(bottom_[k], row + height);
+        }
+    }
+}
+
 void SmoothStroke::fill(const QColor& color)
 {
     const QRgb rgb = color.rgb();
@@ -150,29 +159,28 @@ void SmoothStroke::fill(const QColor& color)
         if (!(top < bottom))
             continue;
         const int firstRow = int(top);
-        const int behindRow = int(std::ceil(bottom));
-        changes_.assign(std::size_t(behindRow - firstRow + 2), 0.0f);
+        const int behindRow = std::min(int(bottom) + 1, part_.bottom() + 1);
         for (std::size_t k = strip; k < strip + stripsPerPixel; ++k)
-            addStretch(std::max(top_[k], firstOfPart), std::min(bottom_[k], behindPart), firstRow);
+            addStretch(std::max(top_[k], firstOfPart), std::min(bottom_[k], behindPart));
         float coverage = 0.0f;
         QRgb* pixel = pixels + firstRow * pitch + column;
         for (int row = firstRow; row < behindRow; ++row, pixel += pitch) {
-            coverage += changes_[std::size_t(row - firstRow)];
+            coverage += std::exchange(changes_[std::size_t(row)], 0.0f);
             *pixel = blended(rgb, *pixel, quint32(coverage * opacity + 0.5f));
         }
+        changes_[std::size_t(behindRow)] = changes_[std::size_t(behindRow) + 1] = 0.0f;
     }
 }
 
 /// Between two rows the coverage changes by what the one has of an end of the stretch, and the other does not.
-void SmoothStroke::addStretch(float top, float bottom, int firstRow)
+void SmoothStroke::addStretch(float top, float bottom)
 {
     if (!(top < bottom))
         return;
     for (const auto& [end, change] : {std::pair(top, 1.0f), std::pair(bottom, -1.0f)}) {
-        const float row = std::floor(end);
-        const float part = (end - row) / stripsPerPixel;
-        float* const changes = changes_.data() + (int(row) - firstRow);
-        changes[0] += change * (1.0f / stripsPerPixel - part);
-        changes[1] += change * part;
+        const auto row = std::size_t(end);
+        const float part = (end - float(row)) / stripsPerPixel;
+        changes_[row] += change * (1.0f / stripsPerPixel - part);
+        changes_[row + 1] += change * part;
     }
 }

@@ -106,21 +106,60 @@ private Q_SLOTS:
         QVERIFY(pixels > 10000);
     }
 
+    void smoothLinesCoverWhatQtCovers()
+    {
+        const QSize size(800, 450);
+        qint64 pixels = 0;
+        for (const SplineSpecimen& specimen : splineSpecimens()) {
+            SplineBase spline;
+            specimen.fill(spline);
+            ViewPort view(0, 0);
+            view.setSize(size.width(), size.height());
+            CurveEditorTheme theme;
+            theme.smooth = true;
+            CanvasSpline picture(&spline, theme);
+            picture.rebuild(&view, -1e9f, 1e9f);
+            const QImage byQt = drawn(size, 1.0, [&](QImage&, QPainter& painter) {
+                CurvePainter(&painter, 1.0).drawSolid(picture.curveLine, Qt::red, 2.5);
+            });
+            const QImage ours = drawn(size, 1.0, [&](QImage& image, QPainter& painter) {
+                CurvePainter curves(&painter, 1.0);
+                curves.writeInto(&image, image.rect());
+                curves.drawSolid(picture.curveLine, Qt::red, 2.5);
+            });
+            qint64 ink = 0;
+            qint64 difference = 0;
+            for (int row = 0; row < size.height(); ++row) {
+                for (int column = 0; column < size.width(); ++column) {
+                    const int expected = qRed(byQt.pixel(column, row));
+                    ink += expected;
+                    difference += std::abs(expected - qRed(ours.pixel(column, row)));
+                }
+            }
+            QVERIFY2(difference * 100 <= ink * 6, specimen.name.c_str());
+            pixels += ink / 255;
+        }
+        QVERIFY(pixels > 10000);
+    }
+
     void partOfALineIsDrawnAsInTheWhole()
     {
-        const DeviceLine line{{{0, 290}, {100, 20}, {130, 200}, {133, 199}, {135, 150}, {199, 10}}, 1, {}};
-        const auto part = [&line](const QRect& rect) {
-            return [&line, rect](QImage& image, QPainter& painter) {
-                CurvePainter curves(&painter, 2.0);
-                curves.writeInto(&image, rect);
-                curves.drawSolid(line, Qt::red, 1.0);
+        for (const int scale : {1, 2}) {
+            const DeviceLine line{
+                {{0, 290}, {100, 20}, {130, 200}, {133, 199}, {135, 150}, {199, 10}}, scale, {}};
+            const auto part = [&line](const QRect& rect) {
+                return [&line, rect](QImage& image, QPainter& painter) {
+                    CurvePainter curves(&painter, 2.0);
+                    curves.writeInto(&image, rect);
+                    curves.drawSolid(line, Qt::red, 1.0);
+                };
             };
-        };
-        const QSize size(200, 300);
-        const QImage whole = drawn(size, 1.0, part(QRect(QPoint(), size)));
-        for (int left = 0; left < size.width() - 3; ++left) {
-            const QRect rect(left, 5, 3, 280);
-            QCOMPARE(drawn(size, 1.0, part(rect)).copy(rect), whole.copy(rect));
+            const QSize size(200, 300);
+            const QImage whole = drawn(size, 1.0, part(QRect(QPoint(), size)));
+            for (int left = 0; left < size.width() - 3; ++left) {
+                const QRect rect(left, 5, 3, 280);
+                QCOMPARE(drawn(size, 1.0, part(rect)).copy(rect), whole.copy(rect));
+            }
         }
     }
 
@@ -167,14 +206,17 @@ private Q_SLOTS:
             [](Scene& s) { s.view.setShowFrames(!s.view.showFrames); },
             [](Scene& s) { s.widget.resize(180, 90), s.view.setSize(180, 90); },
         };
-        Scene s;
-        for (const auto& change : changes) {
-            const QImage before = s.picture();
-            change(s);
-            const QImage after = s.picture();
-            const QByteArray number = QByteArray::number(&change - changes);
-            QVERIFY2(after != before, number);
-            QVERIFY2(s.pictureFromScratch() == after, number);
+        for (const auto& theme : {CurveEditorTheme::described(), CurveEditorTheme::light()}) {
+            Scene s;
+            s.canvas.setTheme(theme);
+            for (const auto& change : changes) {
+                const QImage before = s.picture();
+                change(s);
+                const QImage after = s.picture();
+                const QByteArray number = QByteArray::number(&change - changes);
+                QVERIFY2(after != before, number);
+                QVERIFY2(s.pictureFromScratch() == after, number);
+            }
         }
     }
 };

@@ -75,6 +75,46 @@ private Q_SLOTS:
         QCOMPARE(view.valueMax, 1.22);
     }
 
+    void themeIsTheEditorsOwnOnceAHostHasSetIt()
+    {
+        CurveEditor& themed = fixture->editor;
+        const CurveEditor other;
+        themed.setControlPointColor(Qt::red);
+        QCOMPARE(other.theme().controlPoint, QColor(Qt::red));
+        CurveEditorTheme theme = CurveEditorTheme::light();
+        theme.grabDistance = 20;
+        theme.curveWidth = std::nan("");
+        themed.setTheme(theme);
+        QCOMPARE(themed.theme().controlPoint, theme.controlPoint);
+        QCOMPARE(themed.theme().curveWidth, 0.5);
+        themed.setControlPointColor(Qt::black);
+        QCOMPARE(other.theme().controlPoint, QColor(Qt::red));
+        themed.setCanvasColor(Qt::blue);
+        themed.updateCurves();
+        QCOMPARE(themed.theme().canvas, QColor(Qt::blue));
+        QCOMPARE(themed.grab().toImage().pixelColor(fixture->canvas.mapTo(&themed, QPoint(10, 10))),
+                 QColor(Qt::blue));
+        QVERIFY(fixture->canvas.canvas.hasPointAt(fixture->pixel(5.0, 1.0) + QPoint(19, 0)));
+        CurveEditor().setControlPointColor(Qt::black); // for the other tests
+    }
+
+    void themeOfAPaletteFollowsIt()
+    {
+        CurveEditor& editor = fixture->editor;
+        const auto canvasInPaletteOf = [&editor](const QColor& base) {
+            QPalette palette = editor.palette();
+            palette.setColor(QPalette::Base, base);
+            editor.setPalette(palette);
+            return editor.theme().canvas;
+        };
+        QCOMPARE(canvasInPaletteOf(Qt::yellow), QColor(Qt::black));
+        editor.setTheme(CurveEditorTheme::fromPalette(editor.palette()));
+        QCOMPARE(canvasInPaletteOf(Qt::darkBlue), QColor(Qt::darkBlue));
+        QCOMPARE(canvasInPaletteOf(Qt::white), QColor(Qt::white));
+        editor.setTheme(CurveEditorTheme::light());
+        QCOMPARE(canvasInPaletteOf(Qt::darkBlue), CurveEditorTheme::light().canvas);
+    }
+
 private:
     void move(double time, double value, Qt::MouseButtons buttons)
     {

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "CanvasScene.h"
+
+#include <curveeditor/canvas/ColorContrast.h>
+
+namespace {
+
+QPalette paletteOf(const QColor& base, const QColor& text, const QColor& highlight)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Highlight, highlight);
+    return palette;
+}
+
+} // namespace
+
+class tst_CurveEditorTheme : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void contrastIsThatOfTheGuidelines()
+    {
+        const auto percent = [](const QColor& left, const QColor& right) {
+            return int(100.0 * contrastOf(left, right));
+        };
+        QCOMPARE(percent(Qt::white, Qt::black), 2100);
+        QCOMPARE(percent(QColor(119, 119, 119), Qt::white), 447);
+        QCOMPARE(percent(Qt::blue, Qt::white), 859);
+        QCOMPARE(percent(Qt::yellow, Qt::white), 107);
+    }
+
+    void presetsStandOutOfTheCanvas_data()
+    {
+        QTest::addColumn<CurveEditorTheme>("theme");
+        QTest::newRow("light") << CurveEditorTheme::light();
+        QTest::newRow("dark") << CurveEditorTheme::dark();
+        const QColor colors[][3] = {{Qt::white, Qt::black, Qt::blue},
+                                    {Qt::black, Qt::white, Qt::black},
+                                    {Qt::gray, Qt::darkGray, Qt::yellow},
+                                    {QColor(118, 118, 118), QColor(118, 118, 118), Qt::red},
+                                    {Qt::darkGreen, Qt::green, Qt::white}};
+        for (const auto& [base, text, highlight] : colors)
+            QTest::addRow("%s", qPrintable(base.name()))
+                << CurveEditorTheme::fromPalette(paletteOf(base, text, highlight));
+    }
+    void presetsStandOutOfTheCanvas()
+    {
+        QFETCH(const CurveEditorTheme, theme);
+        for (const QColor& text : {theme.labels, theme.hint})
+            QVERIFY(contrastOf(text, theme.canvas) >= 4.5);
+        QVERIFY(contrastOf(theme.fieldText, theme.field) >= 4.5);
+        QVERIFY(contrastOf(theme.formulaText, theme.formula) >= 4.5);
+        QVERIFY(contrastOf(theme.formulaWarning, theme.formula) >= 4.5);
+        QList<QColor> parts{theme.controlPoint, theme.controlPointSelected,
+                            theme.controller,   theme.controllerSelected,
+                            theme.timeLine,     theme.mark};
+        for (int hue = 0; hue < 360; hue += 20) {
+            for (const auto& [saturation, value] :
+                 {std::pair(255, 255), {255, 128}, {60, 255}, {0, hue / 2}}) {
+                const auto [current, other] =
+                    curveColors(QColor::fromHsv(hue, saturation, value), theme.canvas, theme);
+                parts << current << other;
+            }
+        }
+        for (const QColor& part : parts) {
+            for (const QColor& background : {theme.canvas, theme.selection})
+                QVERIFY2(contrastOf(part, background) >= 3.0, qPrintable(part.name()));
+        }
+    }
+
+    void adaptedColorsKeepTheirHue()
+    {
+        for (const auto& [color, background] : {std::pair(Qt::yellow, Qt::white),
+                                                {Qt::cyan, Qt::white},
+                                                {Qt::green, Qt::white},
+                                                {Qt::blue, Qt::black},
+                                                {Qt::darkRed, Qt::black}}) {
+            const QColor adapted = contrastingColor(color, {background}, 3.0);
+            QVERIFY(std::abs(adapted.hslHue() - QColor(color).hslHue()) <= 20);
+            QVERIFY(contrastOf(adapted, background) < 3.1);
+        }
+        QCOMPARE(contrastingColor(Qt::red, {Qt::black}, 3.0), QColor(Qt::red));
+    }
+};
+
+QTEST_MAIN(tst_CurveEditorTheme)
+#include "tst_CurveEditorTheme.moc"
