@@ -350,11 +350,11 @@ CanvasSpline::Hit CanvasSpline::hitTest(const QPoint& pixel, const Selection& se
 void CanvasSpline::drawLines(CurvePainter& curves) const
 {
     const QColor lead = selected ? selectedColor : unselectedColor;
-    curves.drawDotted(startLine_, lead);
-    curves.drawDotted(endLine_, lead);
+    curves.drawDotted(startLine_, lead, theme_.dottedWidth);
+    curves.drawDotted(endLine_, lead, theme_.dottedWidth);
     // The solid line would cover an equal dotted one pixel for pixel, and dots are slow.
     if (rawLine != curveLine)
-        curves.drawDotted(rawLine, unselectedColor);
+        curves.drawDotted(rawLine, unselectedColor, theme_.dottedWidth);
     curves.drawSolid(curveLine, lead, selected ? theme_.curveWidth : theme_.otherCurveWidth);
 }
 

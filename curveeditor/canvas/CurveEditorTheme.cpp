@@ -47,6 +47,7 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
 
     theme.curveWidth = 2.5;
     theme.otherCurveWidth = 1.5;
+    theme.dottedWidth = 1.5;
     theme.otherCurveShare = 0.6;
     theme.smooth = true;
     theme.adaptsCurveColors = true;
@@ -102,7 +103,7 @@ CurveEditorTheme CurveEditorTheme::bounded() const
 {
     CurveEditorTheme theme = *this;
     for (double* const width : {&theme.gridWidth, &theme.frameWidth, &theme.timeLineWidth, &theme.curveWidth,
-                                &theme.otherCurveWidth, &theme.handleWidth})
+                                &theme.otherCurveWidth, &theme.dottedWidth, &theme.handleWidth})
         bound(*width, 0.5, 20.0);
     for (int* const size :
          {&theme.pointSize, &theme.selectedPointSize, &theme.handleSize, &theme.fixedHandleSize,

@@ -83,6 +83,7 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
 
     double curveWidth = 1.0; ///< of the current curve
     double otherCurveWidth = 1.0;
+    double dottedWidth = 1.0; ///< of the dotted lines of curves, outside their points and beyond their bounds
     double otherCurveShare = 0.5; ///< how much of its colour a curve keeps that is not current
     bool smooth = false; ///< lines and markers are antialiased; dotted lines let shine through what is behind
     bool adaptsCurveColors = false; ///< curves are drawn darker or lighter where the canvas swallows them

@@ -64,9 +64,10 @@ void CurvePainter::drawSmooth(const DeviceLine& line, const QColor& color, doubl
     });
 }
 
-void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color)
+void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color, double width)
 {
-    drawWithQt(line, QPen(color, devicePixels(1.0) * line.scale, Qt::DotLine));
+    const double pixels = line.scale > 1 ? width * pixelRatio_ : devicePixels(width);
+    drawWithQt(line, QPen(color, pixels * line.scale, Qt::DotLine));
 }
 
 int CurvePainter::devicePixels(double width) const

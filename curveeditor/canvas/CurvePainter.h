@@ -60,8 +60,7 @@ public:
     QPainter* painter() const { return painter_; }
 
     void drawSolid(const DeviceLine& line, const QColor& color, double width);
-    /// One logical pixel wide.
-    void drawDotted(const DeviceLine& line, const QColor& color);
+    void drawDotted(const DeviceLine& line, const QColor& color, double width);
 
 private:
     void drawSmooth(const DeviceLine& line, const QColor& color, double width);
