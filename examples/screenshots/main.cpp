@@ -2,105 +2,20 @@
 // Draws the pictures of the user's guide: usage curve_editor_screenshots FOLDER
 // With --matrix before the folder, the dialog with each page in several fonts and both directions, to be looked at. The
 // ratio of pixels is that of QT_SCALE_FACTOR.
-#include "CurveStore.h"
-#include "EditorHost.h"
-#include "SampleCurves.h"
+#include "GuideScene.h"
 
-#include <curveeditor/model/CurveFit.h>
-#include <curveeditor/model/SplineBase.h>
 #include <curveeditor/shell/CurveEditor.h>
 
-#include <QAction>
 #include <QApplication>
-#include <QDialog>
 #include <QDir>
-#include <QLineEdit>
+#include <QFont>
 #include <QPainter>
 #include <QTabWidget>
 #include <QTest>
 
-#include <cmath>
 #include <cstdio>
 
 namespace {
-
-constexpr int pauseInTyping = 500; // milliseconds
-
-// The sample curves in an editor on which a user has selected a point of the current one.
-class Scene
-{
-public:
-    explicit Scene(const QStringList& names) : host_(filledStore())
-    {
-        for (const QString& name : names) {
-            current_ = store_.find(name.section(u'.', 0, 0), name.section(u'.', 1));
-            if (current_)
-                host_.open(*current_);
-        }
-        editor().setAttribute(Qt::WA_DontShowOnScreen);
-        editor().resize(1060, 640);
-        editor().show();
-        QApplication::processEvents();
-    }
-
-    CurveEditor& editor() { return host_.getEditor(); }
-
-    // The current curve as a sensor would give it.
-    void takeSamples()
-    {
-        const auto sample = [this](double time) {
-            return current_->spline(time) + 0.05 * std::sin(40.0 * time);
-        };
-        const PlaneRange range = host_.getRange();
-        const CurveFit::Steps steps{range.timeMin, range.timeMax, (range.timeMax - range.timeMin) / 400.0};
-        current_->spline.assign(CurveFit::bake(sample, steps, SplineBase::Linear).spline);
-        editor().updateCurves();
-    }
-
-    // The editor with the dialog that this entry of the menu "Edit" opens, that tolerance typed in.
-    QPixmap withDialog(const QString& entry, const QString& tolerance)
-    {
-        for (QAction* const action : editor().findChildren<QAction*>()) {
-            if (action->text() == entry)
-                action->trigger();
-        }
-        auto* const dialog = editor().findChild<QDialog*>();
-        if (!dialog)
-            return QPixmap();
-        dialog->findChild<QLineEdit*>(QStringLiteral("tolerance"))->setText(tolerance);
-        QTest::qWait(pauseInTyping);
-        QPixmap picture = editor().grab();
-        QRect place(editor().mapFromGlobal(dialog->pos()), dialog->size());
-        QPainter painter(&picture);
-        painter.drawPixmap(place, dialog->grab());
-        painter.setPen(Qt::darkGray);
-        painter.drawRect(place);
-        return picture;
-    }
-
-    void selectPoint(unsigned index)
-    {
-        auto* const canvas = editor().findChild<QWidget*>(QStringLiteral("functionEdit"));
-        const SplineBase::PointInfo* const point = current_ ? current_->spline[index] : nullptr;
-        if (!canvas || !point)
-            return;
-        const PlaneRange range = host_.getRange();
-        const double x = (point->time - range.timeMin) / (range.timeMax - range.timeMin) * canvas->width();
-        const double y = (range.valueMax - point->pos) / (range.valueMax - range.valueMin) * canvas->height();
-        QTest::mouseClick(canvas, Qt::LeftButton, {}, QPoint(int(x), int(y)));
-    }
-
-private:
-    CurveStore& filledStore()
-    {
-        addSampleCurves(store_);
-        return store_;
-    }
-
-    CurveStore store_;
-    EditorHost host_;
-    Curve* current_ = nullptr;
-};
 
 bool save(const QPixmap& picture, const QString& fileName)
 {
@@ -110,43 +25,127 @@ bool save(const QPixmap& picture, const QString& fileName)
     return false;
 }
 
-bool drawPictures(const QDir& folder)
+QPixmap besideEachOther(const QPixmap& left, const QPixmap& right)
 {
-    const QStringList curves{"Camera.tilt", "Camera.zoom", "Camera.focus distance", "Light.flicker",
-                             "Camera.pan"};
-    Scene bezier(curves);
+    constexpr int gap = 8;
+    QPixmap both(left.width() + gap + right.width(), left.height());
+    both.fill(Qt::white);
+    QPainter painter(&both);
+    painter.drawPixmap(0, 0, left);
+    painter.drawPixmap(left.width() + gap, 0, right);
+    return both;
+}
+
+const QStringList& cameraCurves()
+{
+    static const QStringList names{"Camera.tilt", "Camera.zoom", "Camera.focus distance", "Light.flicker",
+                                   "Camera.pan"};
+    return names;
+}
+
+bool drawEditor(const QDir& folder)
+{
+    GuideScene bezier(cameraCurves());
     bezier.selectPoint(1);
-    Scene tcb({"Camera.pan", "Camera.tilt"});
+    GuideScene tcb({"Camera.pan", "Camera.tilt"});
     tcb.selectPoint(1);
-    Scene observer({"Observer.x", "Observer.y", "Observer.z", "Observer.sensor"});
+    GuideScene observer({"Observer.x", "Observer.y", "Observer.z", "Observer.sensor"});
     observer.editor().tabWidget2->setCurrentIndex(1);
-    Scene samples({"Camera.pan"});
-    samples.takeSamples();
-    QApplication::processEvents();
-    return save(bezier.editor().grab(), folder.filePath("editor.png")) &&
+    return save(bezier.wholeEditor(), folder.filePath("editor.png")) &&
            save(bezier.editor().tabWidget2->grab(), folder.filePath("page-bezier.png")) &&
            save(tcb.editor().tabWidget2->grab(), folder.filePath("page-tcb.png")) &&
-           save(samples.withDialog(QStringLiteral("Simplify…"), QStringLiteral("0.1")),
-                folder.filePath("simplify.png")) &&
-           save(observer.editor().grab(), folder.filePath("expression.png"));
+           save(observer.wholeEditor(), folder.filePath("expression.png"));
+}
+
+bool drawView(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    scene.drag(1.8, 4.0, 7.0, -3.0);
+    scene.key(Qt::Key_F);
+    return save(scene.canvasAlone(), folder.filePath("view.png"));
+}
+
+bool drawSelecting(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    scene.key(Qt::Key_A);
+    scene.drag(0.6, 4.1, 4.5, 1.0);
+    QTest::keyPress(&scene.canvas(), Qt::Key_B);
+    scene.press(5.4, 5.5);
+    scene.move(9.6, -2.5);
+    const bool isSaved = save(scene.canvasAlone(), folder.filePath("selecting.png"));
+    QTest::keyRelease(&scene.canvas(), Qt::Key_B);
+    return isSaved;
+}
+
+bool drawMoving(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    scene.key(Qt::Key_S);
+    scene.press(2.5, 2.6);
+    scene.move(3.01, 1.22);
+    return save(scene.canvasAlone(), folder.filePath("moving.png"));
+}
+
+bool drawClipboard(const QDir& folder)
+{
+    GuideScene scene({"Camera.tilt", "Camera.pan"});
+    scene.key(Qt::Key_A, Qt::ControlModifier);
+    scene.key(Qt::Key_C, Qt::ControlModifier);
+    scene.makeCurrent("Light.key intensity");
+    scene.key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    return save(scene.canvasAlone(), folder.filePath("clipboard.png"));
+}
+
+bool drawTangents(const QDir& folder)
+{
+    GuideScene scene({"Camera.pan"});
+    scene.editor().resize(640, 520);
+    scene.key(Qt::Key_A, Qt::ControlModifier);
+    scene.choose("Flatten");
+    const QPixmap flat = scene.canvasAlone();
+    scene.choose("Smooth without overshoot");
+    return save(besideEachOther(flat, scene.canvasAlone()), folder.filePath("tangents.png"));
+}
+
+bool drawTable(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    scene.editor().tabWidget2->setCurrentIndex(2);
+    scene.canvas().setFocus();
+    scene.drag(1.8, 4.0, 7.0, -3.0);
+    return save(scene.wholeEditor(), folder.filePath("table.png"));
+}
+
+bool drawFitting(const QDir& folder)
+{
+    GuideScene samples({"Camera.pan"});
+    samples.takeSamples();
+    return save(samples.withDialog(QStringLiteral("Simplify…"), QStringLiteral("0.1")),
+                folder.filePath("simplify.png"));
+}
+
+bool drawPictures(const QDir& folder)
+{
+    return drawEditor(folder) && drawView(folder) && drawSelecting(folder) && drawMoving(folder) &&
+           drawClipboard(folder) && drawTangents(folder) && drawTable(folder) && drawFitting(folder);
 }
 
 bool drawPages(const QDir& folder, const QString& suffix)
 {
-    Scene bezier({"Camera.tilt", "Camera.focus distance", "Light.flicker", "Camera.pan"});
+    GuideScene bezier({"Camera.tilt", "Camera.focus distance", "Light.flicker", "Camera.pan"});
     bezier.selectPoint(1);
-    Scene tcb({"Camera.pan", "Camera.zoom", "Camera.tilt"});
+    GuideScene tcb({"Camera.pan", "Camera.zoom", "Camera.tilt"});
     tcb.selectPoint(1);
-    Scene formula({"Observer.x", "Observer.sensor"});
+    GuideScene formula({"Observer.x", "Observer.sensor"});
     formula.editor().tabWidget2->setCurrentIndex(1);
-    Scene points({"Camera.pan", "Camera.tilt"});
+    GuideScene points({"Camera.pan", "Camera.tilt"});
     points.editor().tabWidget2->setCurrentIndex(2);
     points.selectPoint(1);
-    QApplication::processEvents();
-    return save(bezier.editor().grab(), folder.filePath("bezier-" + suffix)) &&
-           save(tcb.editor().grab(), folder.filePath("tcb-" + suffix)) &&
-           save(formula.editor().grab(), folder.filePath("expression-" + suffix)) &&
-           save(points.editor().grab(), folder.filePath("points-" + suffix));
+    return save(bezier.wholeEditor(), folder.filePath("bezier-" + suffix)) &&
+           save(tcb.wholeEditor(), folder.filePath("tcb-" + suffix)) &&
+           save(formula.wholeEditor(), folder.filePath("expression-" + suffix)) &&
+           save(points.wholeEditor(), folder.filePath("points-" + suffix));
 }
 
 bool drawMatrix(const QDir& folder)
