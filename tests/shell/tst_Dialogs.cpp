@@ -96,11 +96,6 @@ private Q_SLOTS:
         for (const int points : {8, 9, 12, 24}) {
             QApplication::setFont(QFont("Arial", points));
             CurveEditor dialog;
-            dialog.tabWidget2->setCurrentIndex(1);
-            dialog.show();
-            QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-            QVERIFY(!dialog.expressionTool->findChild<QToolButton*>("qt_toolbar_ext_button")->isVisible());
-            dialog.tabWidget2->setCurrentIndex(0);
             for (QDialog* each : std::initializer_list<QDialog*>{&dialog, &pan, &scale, &range}) {
                 each->show();
                 QVERIFY(QTest::qWaitForWindowExposed(each));
@@ -127,6 +122,9 @@ private Q_SLOTS:
                              qPrintable(widget->objectName()));
                 }
             }
+            dialog.tabWidget2->setCurrentIndex(1);
+            QTest::qWait(50); // the page is laid out step by step
+            QVERIFY(!dialog.expressionTool->findChild<QToolButton*>("qt_toolbar_ext_button")->isVisible());
             QCOMPARE(scale.scaleX->x(), scale.scaleY->x());
             QCOMPARE(range.minX->x(), range.maxY->x());
         }
