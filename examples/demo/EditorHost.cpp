@@ -12,17 +12,6 @@ namespace {
 constexpr double framesPerTimeUnit = 24.0;
 constexpr QSize editorSize(1040, 700);
 
-// The curves and their points stand out; the grid stays behind.
-void setColors(CurveEditor& editor)
-{
-    const QColor edge(110, 110, 110);
-    editor.setFrameLinesColor(QColor(60, 60, 60));
-    editor.setFrameHLineColor(edge);
-    editor.setFrameVLineColor(edge);
-    editor.setFrameFontColor(QColor(190, 190, 190));
-    editor.setControlPointColor(QColor(210, 210, 210));
-}
-
 } // namespace
 
 EditorHost::EditorHost(CurveStore& store, QWidget* parent)
@@ -31,7 +20,7 @@ EditorHost::EditorHost(CurveStore& store, QWidget* parent)
     editor_->setFps(framesPerTimeUnit);
     editor_->setShowTime();
     editor_->setTimeLineDraggable(true);
-    setColors(*editor_);
+    editor_->setTheme(CurveEditorTheme::fromPalette(editor_->palette()));
     editor_->resize(editorSize);
     for (const auto& curve : store_.getCurves()) {
         editor_->addCurve(curve->group, curve->name, curve->color, curve->defaultValue, &curve->spline,

@@ -22,11 +22,7 @@ int main(int argc, char* argv[])
                                         : QString::number(zoom(5.0)) + " at 5")
                             << Qt::endl;
     });
-    editor.setControlPointColor(QColor(210, 210, 210)); // black on black else
-    editor.setFrameLinesColor(QColor(60, 60, 60));      // a grid that stays behind the curves
-    editor.setFrameHLineColor(QColor(110, 110, 110));
-    editor.setFrameVLineColor(QColor(110, 110, 110));
-    editor.setFrameFontColor(QColor(190, 190, 190));
+    editor.setTheme(CurveEditorTheme::fromPalette(editor.palette()));
     editor.setFps(24.0);  // frames per time unit
     editor.setShowTime(); // the axis counts frames else
     editor.setTimeRange(-0.5, 10.5);

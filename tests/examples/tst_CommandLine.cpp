@@ -52,27 +52,27 @@ private Q_SLOTS:
     void screenshotShowsTheCurves_data()
     {
         QTest::addColumn<QByteArray>("table");
-        QTest::addColumn<QRgb>("color");
-        QTest::newRow("samples") << QByteArray() << QRgb(0xffffd54f);
-        QTest::newRow("table far from zero") << QByteArray("380 1000\n780 1001\n") << QRgb();
-        QTest::newRow("huge numbers") << QByteArray("-1e300 -1e300\n1e300 1e300\n") << QRgb();
+        QTest::addColumn<int>("hue"); // of the current curve, which the look keeps
+        QTest::newRow("samples") << QByteArray() << 47;
+        QTest::newRow("table far from zero") << QByteArray("380 1000\n780 1001\n") << 222;
+        QTest::newRow("huge numbers") << QByteArray("-1e300 -1e300\n1e300 1e300\n") << 222;
     }
 
     void screenshotShowsTheCurves()
     {
         QFETCH(QByteArray, table);
-        QFETCH(QRgb, color);
+        QFETCH(int, hue);
         QStringList arguments{"--screenshot", path("a.png")};
         if (!table.isEmpty())
             arguments << writeTable(table);
         QCOMPARE(run(arguments), 0);
         const QImage image(path("a.png"));
         QVERIFY(image.width() >= 800 && image.height() >= 500);
-        int pixels = 0; // of the colour, or of any strong one
+        int pixels = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
                 const QColor pixel = image.pixelColor(x, y);
-                pixels += color ? pixel.rgb() == color : pixel.saturation() > 90 && pixel.value() > 200;
+                pixels += pixel.saturation() > 90 && std::abs(pixel.hue() - hue) < 5;
             }
         }
         QVERIFY2(pixels > 300, qPrintable(QString::number(pixels)));
