@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QPainter>
+#include <QRegion>
 #include <QTest>
 #include <QWidget>
 
@@ -32,6 +33,65 @@ private Q_SLOTS:
         QCOMPARE(firstCountZero(1e15, 1e15 + 0.125, 1.0), nothing);
         QCOMPARE(firstCountZero(3.6226245078280963e-53, 3.6226245078280968e-53, 1.0), nothing);
         QCOMPARE(firstCountZero(0.0, 1.0, -10.0), nothing);
+    }
+
+    void linesAreEquallyWideAtEveryRatio()
+    {
+        QWidget canvas;
+        canvas.resize(503, 307);
+        ViewPort view(0, 0);
+        view.setSize(503, 307);
+        view.timeMax = 10.3;
+        CanvasGrid grid(&canvas);
+        grid.layout(&view);
+        grid.timeLineX = -1; // out of sight
+        for (const auto& [ratio, pixels] : {std::pair(1.0, 1), {1.5, 2}, {2.0, 2}, {3.0, 3}}) {
+            QImage image(canvas.size() * ratio, QImage::Format_RGB32);
+            image.setDevicePixelRatio(ratio);
+            image.fill(Qt::black);
+            QPainter painter(&image);
+            grid.draw(&painter, CurveEditorTheme::described());
+            QRegion columns;
+            for (int column = 20; column < image.width(); ++column) {
+                if (image.pixelColor(column, 3) == Qt::white)
+                    columns += QRect(column, 0, 1, 1);
+            }
+            QCOMPARE(columns.rectCount(), grid.countX);
+            for (const QRect& line : columns)
+                QCOMPARE(line.width(), pixels);
+        }
+    }
+
+    void labelsInFrontMeetNeitherEdgesNorEachOther()
+    {
+        CurveEditorTheme theme = CurveEditorTheme::light();
+        theme.timeLineGrip = 0;
+        for (int width = 30; width < 400; width += 3) {
+            QWidget canvas;
+            canvas.resize(width, 60);
+            ViewPort view(0, 0);
+            view.setSize(width, 60);
+            view.timeMin = -1e7 / width;
+            view.timeMax = 1e7;
+            CanvasGrid grid(&canvas);
+            grid.layout(&view);
+            QImage image(canvas.size(), QImage::Format_RGB32);
+            image.fill(theme.labels);
+            QPainter painter(&image);
+            grid.drawOver(&painter, theme);
+            const auto widest = painter.fontMetrics().horizontalAdvance("7.5E+06") + 6;
+            int run = 0;
+            for (int column = 0; column < width; ++column) {
+                run = image.pixelColor(column, 57 - painter.fontMetrics().height()) == theme.labels ? 0
+                                                                                                    : run + 1;
+                QVERIFY(run <= widest);
+            }
+            for (int row = 0; row < 60; ++row)
+                QCOMPARE(image.pixelColor(width - 2, row), theme.labels);
+            for (int column = 0; column < width; ++column)
+                QVERIFY(image.pixelColor(column, 0) == theme.labels &&
+                        image.pixelColor(column, 59) == theme.labels);
+        }
     }
 
     void drawsTimeLineAndLabelsThatClearTheEdge()

@@ -71,6 +71,27 @@ private Q_SLOTS:
         }
     }
 
+    void nearlyEmptyCanvasSaysWhatToDo()
+    {
+        CurveEditorTheme silent = CurveEditorTheme::dark();
+        silent.hint = QColor();
+        const auto saysSomething = [&silent](CanvasScene& scene) {
+            scene.canvas.setTheme(silent);
+            const QImage picture = scene.picture();
+            scene.canvas.setTheme(CurveEditorTheme::dark());
+            return scene.picture() != picture;
+        };
+        CanvasScene scene;
+        HostCurve curve;
+        QVERIFY(saysSomething(scene));
+        scene.add(curve, "a.x");
+        QVERIFY(!saysSomething(scene));
+        for (int i = 0; i < 2; ++i)
+            curve.spline.remove(curve.spline.getLast());
+        QVERIFY(saysSomething(scene));
+        QVERIFY(!CurveEditorTheme::described().hint.isValid());
+    }
+
     void adaptedColorsKeepTheirHue()
     {
         for (const auto& [color, background] : {std::pair(Qt::yellow, Qt::white),
