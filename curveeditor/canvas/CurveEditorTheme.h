@@ -96,7 +96,8 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     QColor controlPointSelected = QColor(255, 0, 0); ///< points that are
     QColor controlPointOutline;                      ///< around both; invalid: none
     QColor guide; ///< the dotted line through a selected point; invalid: as `controlPointSelected`
-    Shape pointShape = Shape::Square;
+    Shape pointShape =
+        Shape::Square; ///< where `smooth` is set, as the next and the outline; else points are squares
     Shape selectedPointShape = Shape::Square;
     int pointSize = 5;
     int selectedPointSize = 5;
