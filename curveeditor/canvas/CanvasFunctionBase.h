@@ -185,6 +185,8 @@ public:
     bool editsAllCurves() const { return editsAllCurves_; }
     /// While it is set a drag with the left button adds a band to what is selected, wherever it begins.
     bool isBandHeld = false;
+    /// Whether the picture shows that the time line can be dragged. Shows at the next paint.
+    void setOffersTimeLine(bool on);
     /// Snapping, and the axis along which a drag of points moves; both act from the next step of a drag on.
     DragGuide guide;
     /// Gives it what there is to snap to now, but for the points that move.

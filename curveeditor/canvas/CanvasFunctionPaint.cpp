@@ -291,3 +291,8 @@ void CanvasFunctionBase::clearImage()
 {
     image_.reset();
 }
+
+void CanvasFunctionBase::setOffersTimeLine(bool on)
+{
+    grid_->offersTimeLine = on;
+}

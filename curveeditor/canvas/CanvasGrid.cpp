@@ -222,7 +222,7 @@ void CanvasGrid::drawOver(QPainter* painter, const CurveEditorTheme& theme) cons
 QRect CanvasGrid::timeLineGrip(const CurveEditorTheme& theme) const
 {
     const int size = theme.timeLineGrip;
-    if (!showsTimeLine() || lines.isEmpty() || size <= 0)
+    if (!offersTimeLine || !showsTimeLine() || lines.isEmpty() || size <= 0)
         return {};
     return QRect(timeLineX - size / 2, gridHeight - size, size, size);
 }

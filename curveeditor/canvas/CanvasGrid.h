@@ -31,8 +31,9 @@ public:
     int countY = 0;
     int zeroIndexX = -1; ///< index of the vertical line at axis position 0, or -1
     int zeroIndexY = -1;
-    int timeLineX = -1; ///< pixel column of the time line
-    int gridWidth = 0;  ///< pixel size of the view at the last `layout`
+    int timeLineX = -1;          ///< pixel column of the time line
+    bool offersTimeLine = false; ///< the user may drag the time line
+    int gridWidth = 0;           ///< pixel size of the view at the last `layout`
     int gridHeight = 0;
 
     explicit CanvasGrid(QWidget* widget);
@@ -53,8 +54,8 @@ public:
     /// Draws what lies over the curves: the labels if the theme puts them in front, and the grip of the time
     /// line.
     void drawOver(QPainter* painter, const CurveEditorTheme& theme) const;
-    /// Where the time line can be taken, in pixels of the canvas; empty if the theme has no grip or the time line is
-    /// out of sight.
+    /// The grip of the time line, in pixels of the canvas; empty if the theme has none, the time line is out of sight or
+    /// it can't be dragged.
     QRect timeLineGrip(const CurveEditorTheme& theme) const;
 
 private:

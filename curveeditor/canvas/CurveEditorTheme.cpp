@@ -65,6 +65,7 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
     theme.handleSize = 7;
     theme.fixedHandleSize = 5;
 
+    theme.panelFamily.clear();
     theme.field = theme.formula = theme.preview = canvas;
     theme.fieldText = theme.formulaText = ink;
     theme.formulaWarning = contrastingColor(red, {canvas}, contrastOfTexts);

@@ -115,6 +115,9 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     /// @name Panel
     /// @{
 
+    /// Of the menu bar, the list and the pages; empty: the font of the application. Where the host has set a font of
+    /// its own this has no effect.
+    QString panelFamily = QStringLiteral("Arial Narrow");
     QColor field = QColor(128, 128, 128); ///< fields of numbers
     QColor fieldText = QColor(0, 0, 0);
     QColor formula = QColor(32, 32, 32); ///< the formula line

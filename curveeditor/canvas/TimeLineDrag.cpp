@@ -23,6 +23,8 @@ void TimeLineDrag::setEnabled(bool on)
     isEnabled_ = on;
     start_.reset();
     showCursor(false);
+    canvas_.setOffersTimeLine(on);
+    canvas_.paint();
 }
 
 void TimeLineDrag::moveByFrames(int frames)

@@ -8,6 +8,7 @@
 #include <curveeditor/panel/EditingListPanel.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/PointTablePage.h>
+#include <curveeditor/panel/TcbCurveFrame.h>
 #include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/EditMenu.h>
 #include <curveeditor/shell/FitDialog.h>
@@ -47,7 +48,6 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     layout->setContentsMargins(0, 0, 0, 0);
     d_->functionEdit = new FunctionEditor(functionView, this);
     layout->addWidget(d_->functionEdit);
-    setPaletteColor(functionView, QPalette::Window, d_->functionEdit->canvas.theme().canvas);
     functionView->setFocusPolicy(Qt::ClickFocus);
     d_->functionEdit->setFocusPolicy(Qt::ClickFocus);
     functionView->setObjectName(QStringLiteral("functionView"));
@@ -56,6 +56,8 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     d_->functionEdit->setAccessibleName(tr("Canvas"));
     d_->pointTable = new PointTablePage(this, d_->functionEdit->canvas, this);
     tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
+
+    showPanelTheme();
 
     resize(400, 300);
     connectWidgets();
@@ -372,6 +374,7 @@ void CurveEditor::paintAll()
 
 void CurveEditor::setFont(const QFont& font)
 {
+    d_->hasOwnFont = true;
     QWidget::setFont(font);
     for (QWidget* const menu :
          {d_->fileMenu, d_->curvesMenu, d_->optionsMenu, d_->editMenu, d_->firstNodeMenu, d_->lastNodeMenu,
@@ -392,8 +395,24 @@ void CurveEditor::setFont(const QFont& font)
 
 void CurveEditor::setTheme(const CurveEditorTheme& theme)
 {
-    setPaletteColor(functionView, QPalette::Window, theme.canvas);
     d_->functionEdit->canvas.setTheme(theme);
+    showPanelTheme();
+}
+
+void CurveEditor::showPanelTheme()
+{
+    const CurveEditorTheme shown = theme();
+    setPaletteColor(functionView, QPalette::Window, shown.canvas);
+    for (CustomEditLine* const field : findChildren<CustomEditLine*>())
+        field->setColors(shown.field, shown.fieldText);
+    commandLine->setColors(shown.formula, shown.formulaText, shown.formulaWarning);
+    tcbCurve->setColors(shown.preview, shown.previewCurve, shown.previewMiddle);
+    if (d_->hasOwnFont)
+        return;
+    const QFont font = shown.panelFamily.isEmpty() ? QFont() : QFont(shown.panelFamily);
+    for (QWidget* const part : std::initializer_list<QWidget*>{mainMenu, checkListsEditing, tabWidget2})
+        part->setFont(font);
+    fitToFont();
 }
 
 CurveEditorTheme CurveEditor::theme() const

@@ -424,6 +424,7 @@ private:
     double timeOfFrame(double frame) const;
     double shownTime(double time) const;
     void showTimeBounds();
+    void showPanelTheme();
     void paintAll();
     void paintChangedView();
 

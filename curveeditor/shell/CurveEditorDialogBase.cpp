@@ -9,6 +9,7 @@
 #include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -417,6 +418,8 @@ void CurveEditorDialogBase::nameForAssistiveTools()
     easeFrom->setAccessibleName(tr("Ease from"));
     easeTo->setAccessibleName(tr("Ease to"));
     nodeTypeCombo->setAccessibleName(tr("Node type"));
+    for (QComboBox* const combo : {nodeFirst, nodeLast, nodeTypeCombo})
+        combo->view()->setAccessibleName(combo->accessibleName());
     tension->setAccessibleName(tr("Tension"));
     continuity->setAccessibleName(tr("Continuity"));
     bias->setAccessibleName(tr("Bias"));

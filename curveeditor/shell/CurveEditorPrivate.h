@@ -24,6 +24,7 @@ struct CurveEditor::Private
     std::vector<std::unique_ptr<NodeStruct>> nodeList;
     int nextVariableId = 0;
     QString toldCurrent; ///< the full name that `currentCurveChanged` told last
+    bool hasOwnFont = false; ///< set by the host
     int setChanges = 0;  ///< curves are on their way onto the canvas or off it
     QString lineCurve;   ///< the curve whose formula the command line shows ...
     QString lineFormula; ///< ... and that formula

@@ -96,6 +96,8 @@ private Q_SLOTS:
         for (const int points : {8, 9, 12, 24}) {
             QApplication::setFont(QFont("Arial", points));
             CurveEditor dialog;
+            QCOMPARE(dialog.tabWidget2->font().family(), "Arial Narrow");
+            dialog.setTheme(CurveEditorTheme::light());
             for (QDialog* each : std::initializer_list<QDialog*>{&dialog, &pan, &scale, &range}) {
                 each->show();
                 QVERIFY(QTest::qWaitForWindowExposed(each));
