@@ -124,7 +124,8 @@ public:
 private:
     std::pair<int, int> pixels(int position, double width) const
     {
-        return {qRound((position - int(width) / 2) * ratio_), std::max(1, qRound(width * ratio_))};
+        const int before = int(width) / 2;
+        return {qRound((position - before) * ratio_), std::max(1, qRound(width * ratio_))};
     }
     void fill(const QRect& rect, const QColor& color) const
     {

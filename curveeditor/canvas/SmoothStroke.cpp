@@ -45,7 +45,7 @@ void SmoothStroke::setTarget(QImage* image, const QRect& part)
 {
     image_ = image;
     part_ = part & image->rect();
-    changes_.assign(std::size_t(image->height() + 2), 0.0f);
+    changes_.assign(std::size_t(image->height()) + 2, 0.0f);
 }
 
 void SmoothStroke::draw(const QPoint* points, int count, int scale, double width, const QColor& color)
@@ -54,7 +54,7 @@ void SmoothStroke::draw(const QPoint* points, int count, int scale, double width
         return;
     const int margin = int(std::ceil(width / 2.0)) + 1;
     firstStrip_ = (part_.left() - margin) * stripsPerPixel;
-    const std::size_t strips = std::size_t((part_.width() + 2 * margin) * stripsPerPixel);
+    const auto strips = std::size_t(part_.width() + 2 * std::ptrdiff_t(margin)) * stripsPerPixel;
     turns_.clear();
     highest_.assign(strips, nowhere);
     lowest_.assign(strips, -nowhere);
@@ -162,11 +162,11 @@ void SmoothStroke::fill(const QColor& color)
         const int behindRow = std::min(int(bottom) + 1, part_.bottom() + 1);
         for (std::size_t k = strip; k < strip + stripsPerPixel; ++k)
             addStretch(std::max(top_[k], firstOfPart), std::min(bottom_[k], behindPart));
-        float coverage = 0.0f;
+        float share = 0.5f; // of 256, so that the fraction is rounded off
         QRgb* pixel = pixels + firstRow * pitch + column;
         for (int row = firstRow; row < behindRow; ++row, pixel += pitch) {
-            coverage += std::exchange(changes_[std::size_t(row)], 0.0f);
-            *pixel = blended(rgb, *pixel, quint32(coverage * opacity + 0.5f));
+            share += opacity * std::exchange(changes_[std::size_t(row)], 0.0f);
+            *pixel = blended(rgb, *pixel, quint32(share));
         }
         changes_[std::size_t(behindRow)] = changes_[std::size_t(behindRow) + 1] = 0.0f;
     }
