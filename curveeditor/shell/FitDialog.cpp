@@ -35,7 +35,6 @@ FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas, const QString&
     : QDialog(editor), canvas_(canvas), curve_(canvas.getCurrentCurve()), form_(new QFormLayout),
       delay_(new QTimer(this))
 {
-    setDialogFamily(this);
     setWindowTitle(title);
     auto* const column = outerLayout<QVBoxLayout>("column", this);
     column->addLayout(form_);

@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QDialog>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QTest>
 
@@ -111,6 +112,8 @@ void GuideScene::takeSamples()
 
 void GuideScene::choose(const QString& entry)
 {
+    for (QMenu* const menu : editor().findChildren<QMenu*>())
+        Q_EMIT menu->aboutToShow(); // enables what can be done now
     for (QAction* const action : editor().findChildren<QAction*>()) {
         if (action->text() == entry)
             action->trigger();

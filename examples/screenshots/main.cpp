@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFont>
 #include <QPainter>
+#include <QPalette>
 #include <QTabWidget>
 #include <QTest>
 
@@ -55,6 +56,33 @@ bool drawEditor(const QDir& folder)
            save(bezier.editor().tabWidget2->grab(), folder.filePath("page-bezier.png")) &&
            save(tcb.editor().tabWidget2->grab(), folder.filePath("page-tcb.png")) &&
            save(observer.wholeEditor(), folder.filePath("expression.png"));
+}
+
+QPalette darkPalette()
+{
+    QPalette palette(QColor(44, 48, 54), QColor(34, 38, 44));
+    palette.setColor(QPalette::Base, QColor(22, 25, 30));
+    palette.setColor(QPalette::AlternateBase, QColor(28, 32, 38));
+    palette.setColor(QPalette::Highlight, QColor(76, 155, 255));
+    palette.setColor(QPalette::HighlightedText, QColor(10, 14, 20));
+    palette.setColor(QPalette::ToolTipBase, QColor(44, 48, 54));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, QColor(230, 237, 243));
+        palette.setColor(QPalette::Disabled, role, QColor(120, 128, 138));
+    }
+    return palette;
+}
+
+bool drawDarkEditor(const QDir& folder)
+{
+    const QPalette usual = QApplication::palette();
+    QApplication::setPalette(darkPalette());
+    GuideScene scene(cameraCurves());
+    scene.selectPoint(1);
+    const bool isSaved = save(scene.wholeEditor(), folder.filePath("editor-dark.png"));
+    QApplication::setPalette(usual);
+    return isSaved;
 }
 
 bool drawView(const QDir& folder)
@@ -127,8 +155,9 @@ bool drawFitting(const QDir& folder)
 
 bool drawPictures(const QDir& folder)
 {
-    return drawEditor(folder) && drawView(folder) && drawSelecting(folder) && drawMoving(folder) &&
-           drawClipboard(folder) && drawTangents(folder) && drawTable(folder) && drawFitting(folder);
+    return drawEditor(folder) && drawDarkEditor(folder) && drawView(folder) && drawSelecting(folder) &&
+           drawMoving(folder) && drawClipboard(folder) && drawTangents(folder) && drawTable(folder) &&
+           drawFitting(folder);
 }
 
 bool drawPages(const QDir& folder, const QString& suffix)
