@@ -272,6 +272,9 @@ public:
     /// nothing is selected, the right one begins at the first point and the left one at the last.
     /// With nothing selected an arrow begins only if `isFocused`.
     void keyPress(QKeyEvent* event, bool isFocused = true);
+    /// The menu that a right press opens, at the selected point or in the middle of the canvas. Returns when it has
+    /// closed.
+    void openPointMenuByKey();
     /// @}
 
 public Q_SLOTS:
@@ -331,7 +334,7 @@ private:
     void updateSelection(PointSerial point, bool shift);
     bool pressOnSelection(const QMouseEvent& event);
     bool pressOnEmptyCanvas(const QMouseEvent& event);
-    void openPointMenu(const QMouseEvent& event);
+    void openPointMenu(const QPoint& globalPosition);
     void beginDrag();
     void beginGuide(bool keepsDistance);
     void dragSelection(const Gesture::Place& mouse, const MouseState& held);

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -174,7 +175,7 @@ void CanvasFunctionBase::setEditsAllCurves(bool on)
 bool CanvasFunctionBase::pressOnSelection(const QMouseEvent& event)
 {
     if (event.button() == Qt::RightButton) {
-        openPointMenu(event);
+        openPointMenu(event.globalPosition().toPoint());
         return false;
     }
     if (event.button() == Qt::LeftButton || event.button() == Qt::MiddleButton)
@@ -186,7 +187,7 @@ bool CanvasFunctionBase::pressOnEmptyCanvas(const QMouseEvent& event)
 {
     if (event.button() == Qt::RightButton) {
         showMark_ = true;
-        openPointMenu(event);
+        openPointMenu(event.globalPosition().toPoint());
         return false;
     }
     if (event.button() != Qt::LeftButton)
@@ -201,12 +202,30 @@ bool CanvasFunctionBase::pressOnEmptyCanvas(const QMouseEvent& event)
     return false;
 }
 
-void CanvasFunctionBase::openPointMenu(const QMouseEvent& event)
+void CanvasFunctionBase::openPointMenu(const QPoint& globalPosition)
 {
     paint();
     menuCanvas = this;
-    current_->control().popupMenu(event.globalPosition().toPoint());
+    current_->control().popupMenu(globalPosition);
     menuCanvas = nullptr;
+}
+
+void CanvasFunctionBase::openPointMenuByKey()
+{
+    settle();
+    if (!viewport_ || !widget() || !current_ || !current_->isSpline())
+        return;
+    ControlSplineNode& control = current_->control();
+    control.dropLostPoints();
+    const SplineBase::PointInfo* const point = control.getCurrent();
+    QPoint pixel = widget()->rect().center();
+    if (point)
+        pixel = {viewport_->timeToPixel(point->time), viewport_->valueToPixel(point->pos)};
+    if (!widget()->rect().contains(pixel))
+        pixel = widget()->rect().center();
+    lastPlace_ = placeAt(*viewport_, pixel);
+    showMark_ = !control.hasSelection();
+    openPointMenu(widget()->mapToGlobal(pixel));
 }
 
 void CanvasFunctionBase::mouseDoubleClick(QMouseEvent* event)

@@ -6,6 +6,7 @@
 #include <curveeditor/shell/CanvasAccessible.h>
 #include <curveeditor/shell/CurveEditor.h>
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -199,6 +200,13 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
         canvas.paint();
     }
     reportPosition(*event);
+}
+
+// The mouse has opened the menu at its press.
+void FunctionEditor::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        canvas.openPointMenuByKey();
 }
 
 void FunctionEditor::paintEvent(QPaintEvent* /*event*/)
