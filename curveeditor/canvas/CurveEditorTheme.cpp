@@ -47,7 +47,6 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
 
     theme.curveWidth = 2.5;
     theme.otherCurveWidth = 1.5;
-    theme.dottedWidth = 1.5;
     theme.otherCurveShare = 0.6;
     theme.smooth = true;
     theme.adaptsCurveColors = true;

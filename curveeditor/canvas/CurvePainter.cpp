@@ -39,11 +39,12 @@ void CurvePainter::drawSolid(const DeviceLine& line, const QColor& color, double
     if (line.scale > 1 && image_)
         return drawSmooth(line, color, width);
     const int pixels = devicePixels(width);
-    if (line.scale > 1)
-        return drawWithQt(
-            line, QPen(color, width * pixelRatio_ * line.scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    if (line.scale > 1) {
+        const double wide = width * pixelRatio_ * line.scale;
+        return drawWithQt(line, QPen(color, wide, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin), true);
+    }
     if (color.alpha() < 255)
-        return drawWithQt(line, QPen(color, pixels));
+        return drawWithQt(line, QPen(color, pixels), false);
     runs_.clear();
     forEachPiece(line, [this, pixels](const QPoint* points, int count) {
         const auto [first, behind] = image_ ? pointsNear(points, count, pixels + 1, 1) : std::pair(0, count);
@@ -66,8 +67,9 @@ void CurvePainter::drawSmooth(const DeviceLine& line, const QColor& color, doubl
 
 void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color, double width)
 {
-    const double pixels = line.scale > 1 ? width * pixelRatio_ : devicePixels(width);
-    drawWithQt(line, QPen(color, pixels * line.scale, Qt::DotLine));
+    // Qt takes a hundred times longer for wide dots that are antialiased.
+    const int pixels = devicePixels(width);
+    drawWithQt(line, QPen(color, pixels * line.scale, Qt::DotLine), line.scale > 1 && pixels == 1);
 }
 
 int CurvePainter::devicePixels(double width) const
@@ -75,10 +77,10 @@ int CurvePainter::devicePixels(double width) const
     return std::max(1, qRound(width * pixelRatio_));
 }
 
-void CurvePainter::drawWithQt(const DeviceLine& line, const QPen& pen)
+void CurvePainter::drawWithQt(const DeviceLine& line, const QPen& pen, bool isSmooth)
 {
     const DevicePixels devicePixels(painter_, pixelRatio_ * line.scale);
-    painter_->setRenderHint(QPainter::Antialiasing, line.scale > 1);
+    painter_->setRenderHint(QPainter::Antialiasing, isSmooth);
     painter_->setPen(pen);
     forEachPiece(line, [this](const QPoint* points, int count) { painter_->drawPolyline(points, count); });
 }

@@ -64,7 +64,7 @@ public:
 
 private:
     void drawSmooth(const DeviceLine& line, const QColor& color, double width);
-    void drawWithQt(const DeviceLine& line, const QPen& pen);
+    void drawWithQt(const DeviceLine& line, const QPen& pen, bool isSmooth);
     std::pair<int, int> pointsNear(const QPoint* points, int count, int margin, int scale) const;
     int devicePixels(double width) const;
     void fillRects(const QColor& color, int width);
