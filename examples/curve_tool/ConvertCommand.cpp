@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: MIT
+#include "Commands.h"
+
+#include "CurveText.h"
+#include "Fault.h"
+#include "Progress.h"
+#include "Sampling.h"
+#include "TableText.h"
+#include "TextFiles.h"
+#include "TextNumber.h"
+
+#include <curveeditor/model/CurveFit.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <limits>
+#include <ostream>
+#include <set>
+#include <system_error>
+
+namespace {
+
+constexpr std::size_t longestName = 100; // bytes
+
+bool hasValue(const SampleTable& table, std::size_t row)
+{
+    return std::all_of(table.curves.begin(), table.curves.end(),
+                       [row](const SampleTable::Curve& curve) { return std::isfinite(curve.values[row]); });
+}
+
+// A formula has no value at some times; what is left of the table rises still.
+void leaveOutGaps(const Source& source, SampleTable& table, const Streams& streams)
+{
+    std::size_t kept = 0;
+    for (std::size_t row = 0; row < table.times.size(); ++row) {
+        if (!hasValue(table, row))
+            continue;
+        table.times[kept] = table.times[row];
+        for (SampleTable::Curve& curve : table.curves)
+            curve.values[kept] = curve.values[row];
+        ++kept;
+    }
+    if (kept == 0)
+        source.fail("the curve has no value at any of these times");
+    if (kept < table.times.size())
+        streams.messages << table.times.size() - kept << " of " << table.times.size()
+                         << " times have no value and are left out\n";
+    table.times.resize(kept);
+    for (SampleTable::Curve& curve : table.curves)
+        curve.values.resize(kept);
+}
+
+SplineState splineOf(const std::vector<double>& times, const std::vector<double>& values,
+                     const Arguments& arguments)
+{
+    if (!arguments.has("tolerance"))
+        return straightLines(times, values);
+    const auto [lowest, highest] = std::minmax_element(values.begin(), values.end());
+    CurveFit::Options options;
+    options.tolerance = Commands::toleranceFor(arguments, *lowest, *highest);
+    options.monotone = arguments.has("monotone");
+    return CurveFit::fit(times, values, options).spline;
+}
+
+std::string curveText(const Source& source, const SampleTable& table, std::size_t index,
+                      const Arguments& arguments)
+{
+    CurveFile curve;
+    curve.color = source.isTable() ? CurveFile::Color{255, 255, 255} : source.getCurve().color;
+    curve.spline.assign(splineOf(table.times, table.curves[index].values, arguments));
+    return writeCurveText(curve);
+}
+
+// A name that no other curve has, and that can't leave the folder.
+std::string fileNameFor(const std::string& curve, std::set<std::string>& taken)
+{
+    std::string name = curve.substr(0, longestName);
+    std::replace_if(
+        name.begin(), name.end(),
+        [](char c) { return (c >= 0 && c < ' ') || c == '\x7F' || c == '/' || c == '\\' || c == ':'; }, '_');
+    if (name.empty() || name.front() == '.')
+        name.insert(0, 1, '_');
+    std::string unique = name;
+    for (int i = 2; !taken.insert(toUpper(unique)).second; ++i)
+        unique = name + '-' + std::to_string(i);
+    return unique + ".crv";
+}
+
+void writeAll(const Source& source, const SampleTable& table, const Arguments& arguments,
+              const Streams& streams)
+{
+    const std::filesystem::path folder = *arguments.getText("all");
+    std::error_code error;
+    std::filesystem::create_directory(folder, error);
+    if (!std::filesystem::is_directory(folder))
+        throw Fault(folder.string() + ": " + (error ? error.message() : "is no directory"));
+    Progress progress(streams.terminal(), "writing");
+    std::set<std::string> taken;
+    for (std::size_t i = 0; i < table.curves.size(); ++i) {
+        const std::filesystem::path file = folder / fileNameFor(table.curves[i].name, taken);
+        TextFiles::write(file.string(), curveText(source, table, i, arguments), streams.out);
+        progress.at(i, table.curves.size());
+    }
+}
+
+Format outputFormat(const Arguments& arguments, const Source& source)
+{
+    const std::optional<std::string> name = arguments.getText("output-format");
+    if (name == "crv")
+        return Format::Curve;
+    if (name == "table")
+        return Format::Table;
+    if (name == "sensor")
+        return Format::Sensor;
+    if (name)
+        throw UsageFault("--output-format: " + inQuotes(*name) + " is none of crv, table and sensor");
+    if (arguments.has("all"))
+        return Format::Curve;
+    const std::optional<Format> format = formatByEnding(arguments.getOperands()[1]);
+    if (format == Format::Spectra)
+        throw UsageFault("spectra can be read, but not written");
+    return format.value_or(source.isTable() ? Format::Curve : Format::Table);
+}
+
+TimeSteps wholeNumbers(const Arguments& arguments, const Source& source)
+{
+    constexpr double limit = std::numeric_limits<int>::max();
+    if (arguments.has("step") || arguments.has("count"))
+        throw UsageFault(
+            "a sensor table has a row for each whole number; --step and --count can't change it");
+    const TimeSteps ends = Commands::stepsFor(arguments, source);
+    const double first = std::ceil(ends.at(0));
+    const double last = std::floor(ends.at(ends.size() - 1));
+    if (!(first >= -limit && last <= limit && last - first < double(TableText::mostSensorRows)))
+        throw UsageFault("a sensor table has at most " + std::to_string(TableText::mostSensorRows) +
+                         " rows, for whole numbers of 32 bits");
+    if (first > last)
+        throw UsageFault("there is no whole number among these times");
+    return TimeSteps::byStep(first, last, 1.0);
+}
+
+SampleTable samplesFor(Format output, const Arguments& arguments, const Source& source)
+{
+    const std::optional<std::string> choice = arguments.getText("curve");
+    const bool isOne = choice || (output == Format::Curve && !arguments.has("all"));
+    SampleTable table;
+    if (source.isTable())
+        table = isOne ? source.getTableOf(choice) : source.getTable();
+    const double frames = Commands::framesPerTimeUnit(arguments);
+    if (output == Format::Sensor)
+        return Commands::sample(source, table, wholeNumbers(arguments, source), frames);
+    if (source.isTable() && !Commands::hasSteps(arguments))
+        return table;
+    return Commands::sample(source, table, Commands::stepsFor(arguments, source), frames);
+}
+
+void checkArguments(const Arguments& arguments)
+{
+    if (arguments.has("all") == (arguments.getOperands().size() == 2))
+        throw UsageFault("give either OUT or --all DIR");
+    if (arguments.has("all") && arguments.has("curve"))
+        throw UsageFault("--all and --curve exclude each other");
+    if (arguments.has("tolerance"))
+        Commands::toleranceFor(arguments, 0.0, 0.0);
+}
+
+void run(const Arguments& arguments, const Streams& streams)
+{
+    checkArguments(arguments);
+    const Source source = Commands::read(arguments, streams);
+    const Format output = outputFormat(arguments, source);
+    if (arguments.has("all") && output != Format::Curve)
+        throw UsageFault("--all writes curve files only");
+    if (arguments.has("tolerance") && output != Format::Curve)
+        throw UsageFault("--tolerance is for curve files only");
+
+    const bool copies = output == Format::Curve && !source.isTable() && !Commands::hasSteps(arguments);
+    if (copies && arguments.has("tolerance"))
+        throw UsageFault("--tolerance fits samples, so give --step or --count too; or see \"simplify\"");
+    if (copies && !arguments.has("all"))
+        return TextFiles::write(arguments.getOperands()[1], writeCurveText(source.getCurve()), streams.out);
+    if (copies)
+        throw UsageFault("--all is for tables");
+
+    SampleTable table = samplesFor(output, arguments, source);
+    if (output != Format::Sensor)
+        leaveOutGaps(source, table, streams);
+    if (arguments.has("all"))
+        return writeAll(source, table, arguments, streams);
+    const std::string& path = arguments.getOperands()[1];
+    const std::size_t dot = path.rfind('.');
+    const bool isCsv = dot != path.npos && toUpper(path.substr(dot)) == ".CSV";
+    TextFiles::write(path,
+                     output == Format::Curve    ? curveText(source, table, 0, arguments)
+                     : output == Format::Sensor ? TableText::writeSensor(table)
+                                                : TableText::write(table, isCsv ? ',' : '\t'),
+                     streams.out);
+}
+
+} // namespace
+
+Command Commands::convert()
+{
+    return {
+        "convert",
+        "IN OUT",
+        "Turn a curve file into a table, or a table or spectra into curve files. The ending of OUT tells "
+        "which: "
+        ".crv, or .csv, .txt, .tsv; else a curve becomes a table, and a table a curve.",
+        {{"output-format", "FORMAT", "of the output: crv, table or sensor; by its ending"},
+         {"all", "DIR", "instead of OUT: write each curve of a table into a file of this folder"},
+         curveOption,
+         formatOption,
+         fromOption,
+         toOption,
+         stepOption,
+         countOption,
+         fpsOption,
+         {"tolerance", "X", "fit few points to the samples, at most this far away; else a point for each"},
+         percentOption,
+         monotoneOption,
+         helpOption},
+        run};
+}

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "Source.h"
+
+#include "CurveText.h"
+#include "Fault.h"
+#include "Progress.h"
+#include "SpectrumText.h"
+#include "TableText.h"
+#include "TextFiles.h"
+#include "TextNumber.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+
+constexpr std::size_t mostListed = 20;
+
+std::string listOf(const SampleTable& table)
+{
+    std::string list;
+    for (std::size_t i = 0; i < std::min(table.curves.size(), mostListed); ++i)
+        list += "\n  " + std::to_string(i + 1) + "  " + inQuotes(table.curves[i].name);
+    if (table.curves.size() > mostListed)
+        list += "\n  and " + std::to_string(table.curves.size() - mostListed) + " more";
+    return list;
+}
+
+} // namespace
+
+Source::Source(const std::string& path, std::optional<Format> format, std::istream& standardInput,
+               std::ostream* terminal)
+    : path_(path)
+{
+    std::string text;
+    {
+        Progress progress(terminal, "reading " + getStem());
+        text = TextFiles::read(path, standardInput, progress);
+    }
+    format_ = format ? *format : recognise(text, path);
+    try {
+        read(text, terminal);
+    } catch (const TextFault& fault) {
+        throw Fault(TextFiles::shownName(path) + ':' + std::to_string(fault.getLine()) + ": " + fault.what());
+    }
+}
+
+void Source::read(std::string_view text, std::ostream* terminal)
+{
+    const std::size_t nul = text.find('\0');
+    if (nul != text.npos)
+        throw TextFault(std::size_t(std::count(text.begin(), text.begin() + std::ptrdiff_t(nul), '\n')) + 1,
+                        "there is a NUL byte, so this is no text in UTF-8");
+    Progress progress(terminal, "understanding " + getStem());
+    if (format_ == Format::Curve) {
+        readCurveText(text, curve_);
+    } else if (format_ == Format::Spectra) {
+        SpectrumText spectra = SpectrumText::read(text, progress);
+        table_ = std::move(spectra.table);
+        norm_ = spectra.norm;
+    } else {
+        table_ = TableText::read(text, progress);
+    }
+}
+
+SampleTable Source::getTableOf(const std::optional<std::string>& choice) const
+{
+    const auto& curves = table_.curves;
+    const auto only = [this](std::size_t index) {
+        return SampleTable{table_.timeName, table_.times, {table_.curves[index]}};
+    };
+    if (!choice && curves.size() == 1)
+        return only(0);
+    if (!choice)
+        fail("there are " + std::to_string(curves.size()) +
+             " curves; choose by --curve NAME_OR_NUMBER:" + listOf(table_));
+
+    const auto isChosen = [&](const SampleTable::Curve& curve) {
+        return curve.name == *choice;
+    };
+    const auto found = std::find_if(curves.begin(), curves.end(), isChosen);
+    if (found != curves.end() && std::count_if(found, curves.end(), isChosen) > 1)
+        fail("several curves are named " + inQuotes(*choice) + "; choose by number:" + listOf(table_));
+    if (found != curves.end())
+        return only(std::size_t(found - curves.begin()));
+    const double number = parseNumber(*choice).value_or(0.0);
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+        if (number == double(i + 1))
+            return only(i);
+    }
+    fail("there is no curve " + inQuotes(*choice) + "; there are:" + listOf(table_));
+}
+
+CurveValues Source::valuesOf(double framesPerTimeUnit) const
+{
+    try {
+        return {curve_, framesPerTimeUnit};
+    } catch (const Fault& fault) {
+        fail(fault.what());
+    }
+}
+
+std::string Source::getStem() const
+{
+    return path_ == "-" ? "standard input" : std::filesystem::path(path_).stem().string();
+}
+
+void Source::fail(const std::string& reason) const
+{
+    throw Fault(TextFiles::shownName(path_) + ": " + reason);
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Format.h"
+#include "SampleTable.h"
+#include "Sampling.h"
+
+#include <curveeditor/files/CurveFile.h>
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// What a command reads: one curve file, or a table of samples.
+class Source
+{
+public:
+    /// Reads the file; "-" is `standardInput`. The format is recognised unless it is given. Throws a `Fault` with
+    /// the name of the file and, where there is one, the line.
+    Source(const std::string& path, std::optional<Format> format, std::istream& standardInput,
+           std::ostream* terminal);
+
+    Format getFormat() const { return format_; }
+    bool isTable() const { return format_ != Format::Curve; }
+
+    const CurveFile& getCurve() const { return curve_; }    ///< if it is no table
+    const SampleTable& getTable() const { return table_; }  ///< if it is one
+    std::optional<double> getNorm() const { return norm_; } ///< of spectra, see `SpectrumText`
+
+    /// The table with nothing but the curve of that name or, where none has it, of that number from 1 on. Without
+    /// a choice, with the only curve. Throws a `Fault` that lists the curves if it can't be told which one.
+    SampleTable getTableOf(const std::optional<std::string>& choice) const;
+
+    /// The values of the curve, if it is no table.
+    CurveValues valuesOf(double framesPerTimeUnit) const;
+
+    /// The name of the file without folder and ending.
+    std::string getStem() const;
+
+    /// Throws a `Fault` about this file.
+    [[noreturn]] void fail(const std::string& reason) const;
+
+private:
+    void read(std::string_view text, std::ostream* terminal);
+
+    std::string path_;
+    Format format_ = Format::Table;
+    CurveFile curve_;
+    SampleTable table_;
+    std::optional<double> norm_;
+};

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "SampleTable.h"
+
+#include <string>
+#include <string_view>
+
+class Progress;
+
+/// Text tables: the first column is time, each other column a curve.
+///
+/// Columns stand apart by semicolons or commas; in a line without these by tabs or blanks. Empty lines and lines
+/// that begin with "#" are comments. A first line whose first field is no number names the columns. Numbers have
+/// a point as their decimal sign.
+///
+/// A sensor table is one with a head, a row for each whole number of time, and no names.
+namespace TableText {
+
+/// The most rows of a sensor table.
+constexpr std::size_t mostSensorRows = 1'000'000;
+
+/// Either of both. Throws a `TextFault` for a text that is not a whole table, for times that do not rise, and for
+/// a sensor table whose head announces another number of rows or curves.
+SampleTable read(std::string_view text, Progress& progress);
+
+/// A line of names and a line for each row, in numbers that read back to the same. `separator` is a tab or a
+/// comma. Every value is finite.
+std::string write(const SampleTable& table, char separator);
+
+/// The times are whole numbers of 32 bits. Values have six decimals; not-a-number is written as 0.0.
+std::string writeSensor(const SampleTable& table);
+
+} // namespace TableText
