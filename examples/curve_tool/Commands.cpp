@@ -70,6 +70,8 @@ SampleTable Commands::sample(const Source& source, const SampleTable& table, con
 {
     if (!source.isTable())
         return source.valuesOf(frames).sample(steps, source.getStem());
+    if (steps.size() > SampleTable::mostValues / table.curves.size())
+        throw UsageFault("these are more than " + std::to_string(SampleTable::mostValues) + " samples");
     SampleTable sampled;
     sampled.timeName = table.timeName;
     for (const SampleTable::Curve& curve : table.curves) {

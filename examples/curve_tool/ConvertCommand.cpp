@@ -15,6 +15,7 @@
 #include <cmath>
 #include <filesystem>
 #include <limits>
+#include <map>
 #include <ostream>
 #include <set>
 #include <system_error>
@@ -72,20 +73,34 @@ std::string curveText(const Source& source, const SampleTable& table, std::size_
     return writeCurveText(curve);
 }
 
-// A name that no other curve has, and that can't leave the folder.
-std::string fileNameFor(const std::string& curve, std::set<std::string>& taken)
+std::string plainName(const std::string& curve)
 {
     std::string name = curve.substr(0, longestName);
     std::replace_if(
         name.begin(), name.end(),
         [](char c) { return (c >= 0 && c < ' ') || c == '\x7F' || c == '/' || c == '\\' || c == ':'; }, '_');
-    if (name.empty() || name.front() == '.')
-        name.insert(0, 1, '_');
-    std::string unique = name;
-    for (int i = 2; !taken.insert(toUpper(unique)).second; ++i)
-        unique = name + '-' + std::to_string(i);
-    return unique + ".crv";
+    return name.empty() || name.front() == '.' ? '_' + name : name;
 }
+
+/// Names that no other curve of the folder has, capitals aside, and that can't leave the folder.
+class FileNames
+{
+public:
+    std::string nameFor(const std::string& curve)
+    {
+        const std::string name = plainName(curve);
+        int& number = numbers_[toUpper(name)];
+        std::string unique = number == 0 ? name : name + '-' + std::to_string(number);
+        while (!taken_.insert(toUpper(unique)).second)
+            unique = name + '-' + std::to_string(++number);
+        number = std::max(number, 1) + 1;
+        return unique + ".crv";
+    }
+
+private:
+    std::set<std::string> taken_;
+    std::map<std::string, int> numbers_; // the next one for a name that is there already
+};
 
 void writeAll(const Source& source, const SampleTable& table, const Arguments& arguments,
               const Streams& streams)
@@ -96,9 +111,9 @@ void writeAll(const Source& source, const SampleTable& table, const Arguments& a
     if (!std::filesystem::is_directory(folder))
         throw Fault(folder.string() + ": " + (error ? error.message() : "is no directory"));
     Progress progress(streams.terminal(), "writing");
-    std::set<std::string> taken;
+    FileNames names;
     for (std::size_t i = 0; i < table.curves.size(); ++i) {
-        const std::filesystem::path file = folder / fileNameFor(table.curves[i].name, taken);
+        const std::filesystem::path file = folder / names.nameFor(table.curves[i].name);
         TextFiles::write(file.string(), curveText(source, table, i, arguments), streams.out);
         progress.at(i, table.curves.size());
     }
@@ -205,10 +220,9 @@ Command Commands::convert()
     return {
         "convert",
         "IN OUT",
-        "Turn a curve file into a table, or a table or spectra into curve files. The ending of OUT tells "
-        "which: "
-        ".crv, or .csv, .txt, .tsv; else a curve becomes a table, and a table a curve.",
-        {{"output-format", "FORMAT", "of the output: crv, table or sensor; by its ending"},
+        "Turn curves into tables, and tables or spectra into curves.",
+        {{"output-format", "FORMAT",
+          "of the output: crv, table or sensor; by the ending of OUT: .crv, .csv, .txt, .tsv"},
          {"all", "DIR", "instead of OUT: write each curve of a table into a file of this folder"},
          curveOption,
          formatOption,

@@ -37,7 +37,7 @@ void tellSpline(const SplineBase& spline, std::ostream& out)
 
 void tellFormula(const std::string& formula, std::ostream& out)
 {
-    out << "formula: " << formula << '\n';
+    out << "formula: " << printable(formula) << '\n';
     std::string names;
     for (const std::string& name : CurveValues::variablesOf(formula))
         names += ' ' + name;

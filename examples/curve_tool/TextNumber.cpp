@@ -63,15 +63,20 @@ std::string toSixDecimals(double number)
     return {text.data(), result.ptr};
 }
 
+std::string printable(std::string_view text)
+{
+    std::string shown(text);
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
+    return shown;
+}
+
 std::string inQuotes(std::string_view text)
 {
     std::size_t end = std::min(text.size(), longestQuote);
     while (end > 0 && end < text.size() && continuesCharacter(text[end]))
         --end;
-    std::string shown(text.substr(0, end));
-    std::replace_if(
-        shown.begin(), shown.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
-    return '\'' + shown + (end < text.size() ? "...'" : "'");
+    return '\'' + printable(text.substr(0, end)) + (end < text.size() ? "...'" : "'");
 }
 
 bool isWhiteSpace(char c)

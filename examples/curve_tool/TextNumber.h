@@ -20,7 +20,10 @@ std::string toShortLimit(double limit);
 /// With six decimals.
 std::string toSixDecimals(double number);
 
-/// A piece of a file between quotation marks, cut after 40 bytes, with "?" for what can't be shown.
+/// A piece of a file with "?" for what can't be shown.
+std::string printable(std::string_view text);
+
+/// The same between quotation marks, cut after 40 bytes.
 std::string inQuotes(std::string_view text);
 
 std::string_view trimmed(std::string_view text);

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+#include "CurveTool.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sstream>
+
+namespace {
+
+const QByteArray spline = "1\n2\n3\n0\nspline 0 3 0.5\n0 1 0 0 0 0 0 0 0 0\n4 3 0 0 0 0 0 0 0 0\nend\n";
+const QByteArray formula = "1\n2\n3\n1\nlog(t)+0*f\n";
+const QByteArray table = "s,key light,b\n0,1,5\n2,3,7\n";
+const QByteArray spectra = "CGATS.17\nBEGIN_DATA_FORMAT\nSAMPLE_ID SAMPLE_NAME SPECTRAL_NM_380 nm390\n"
+                           "END_DATA_FORMAT\nNUMBER_OF_SETS 2\nBEGIN_DATA\n1 \"dark skin\" 0.5 1\n"
+                           "2 \"../x\" 2 3\nEND_DATA\n";
+const QByteArray lamp =
+    "SPECT\nSPECTRAL_BANDS \"3\"\nSPECTRAL_START_NM \"380.0\"\nSPECTRAL_END_NM \"385.0\"\n"
+    "SPECTRAL_NORM \"100.0\"\nBEGIN_DATA_FORMAT\nSPEC_380 SPEC_383 SPEC_385\n"
+    "END_DATA_FORMAT\nBEGIN_DATA\n1 2 3\nEND_DATA\n";
+const QByteArray sensor = "# KVTR Corvane Sensor Sensibility Data File\n"
+                          "# file exported with Curve Editor v0.1\n\nversion \t\t 1.0\ntype \t\t\t cye64\n"
+                          "num_curves \t\t 1\nnum_lambdas \t 3\n\n"
+                          "0,\t1.000000,\t\n1,\t2.000000,\t\n2,\t3.000000,\t\n";
+
+QByteArray without(QByteArray text, const char* part)
+{
+    return text.replace(part, "");
+}
+
+} // namespace
+
+/// Runs commands on what stands on standard input.
+class tst_CurveTool : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void writes_data()
+    {
+        QTest::addColumn<QByteArray>("input");
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QByteArray>("output");
+        const auto row = [](const char* name, const QByteArray& input, const char* command,
+                            const QByteArray& output) {
+            QTest::newRow(name) << input << command << output;
+        };
+        const QByteArray head = "file: standard input\nformat: ";
+        row("info, spline", spline, "info -",
+            head + "curve file\nkind: spline\ncolour: 1 2 3\npoints: 2\ntime: 0 to 4\nvalues: 1 to 3\n"
+                   "before: Zero\nafter: Loop offset\ndefault value: 0.5\n");
+        row("info, formula", "1\n2\n3\n1\na.b*t+c\n", "info -",
+            head + "curve file\nkind: formula\ncolour: 1 2 3\nformula: a.b*t+c\nreads: a.b t c\n");
+        row("info, spectra", lamp, "info -",
+            head + "spectra\nnorm: 100\ncurves: 1\nsamples: 3 in each\ntime: 380 to 385\n"
+                   "curve 1: '1' 1 to 3\n");
+        row("sample by count", spline, "sample - --from -1 --to 4 --count 3", "-1\t0\n1.5\t1.75\n4\t3\n");
+        row("sample by step", spline, "sample - --step=1.5", "0\t1\n1.5\t1.75\n3\t2.5\n");
+        row("steps end exactly", spline, "sample - --to 0.3 --step 0.1",
+            "0\t1\n0.1\t1.05\n0.2\t1.1\n0.3\t1.15\n");
+        row("sample a gap", formula, "sample - --from -1 --to 1 --step 1", "-1\tnan\n0\t-inf\n1\t0\n");
+        row("frames", "0 0 0\n1\nf", "sample - --format crv --from 2 --to 2 --fps 24", "2\t48\n");
+        row("sample a table", table, "sample - --curve b", "0\t5\n2\t7\n");
+        row("sample between rows", table, "sample - --curve 2 --from 1 --to 1", "1\t6\n");
+        row("byte order mark, CRLF", "\xEF\xBB\xBFt a\r\n0 1\r\n", "sample -", "0\t1\n");
+        row("exact wavelengths", lamp, "sample -", "380\t1\n382.5\t2\n385\t3\n");
+        row("curve to table", spline, "convert - - --step 2", "time\t\"standard input\"\n0\t1\n2\t2\n4\t3\n");
+        row("gaps are left out", formula, "convert - - --from 0 --to 1 --count 2",
+            "time\t\"standard input\"\n1\t0\n");
+        row("table to curve", table, "convert - - --curve b",
+            "255\n255\n255\n0\nspline 1 1 0\n0 5 0 0 0 0 0 0 0 0\n2 7 0 0 0 0 0 0 0 0\nend\n");
+        row("curve stays", spline, "convert - - --output-format crv", spline);
+        row("table to sensor table", "t a\n-0.5 0.5\n2.9 3.9\n", "convert - - --output-format sensor",
+            sensor);
+        row("sensor table to table", sensor, "convert - - --output-format table",
+            "time\tcolumn2\n0\t1\n1\t2\n2\t3\n");
+        row("spectra to table", spectra, "convert - - --output-format table",
+            "nm\t\"dark skin\"\t\"../x\"\n380\t0.5\t2\n390\t1\t3\n");
+        row("simplify a table", "0 5\n1 5\n2 5\n", "simplify - -o - --tolerance 0",
+            "255\n255\n255\n0\nspline 1 1 0\n0 5 0 0 0 0 0 0 0 1\n2 5 0 0 0 0 0 0 0 1\nend\n");
+        row("simplify stays", spline, "simplify - -o - --tolerance 0", spline);
+    }
+
+    void writes()
+    {
+        QFETCH(QByteArray, input);
+        QFETCH(QString, command);
+        QVERIFY2(run(input, command) == 0, errors_.constData());
+        QTEST(output_, "output");
+    }
+
+    void refuses_data()
+    {
+        QTest::addColumn<QByteArray>("input");
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QByteArray>("reason");
+        const auto row = [](const char* name, const QByteArray& input, const char* command, int code,
+                            const char* reason) {
+            QTest::newRow(name) << input << command << code << QByteArray(reason);
+        };
+        row("text", "# x\n0 1\n1 abc\n", "info -", 1, "standard input:3: 'abc' is no number\n");
+        row("decimal comma", "t;v\n0,5;1\n", "info -", 1,
+            "2: '0,5' is no number; the decimal sign is a point");
+        row("decimal comma, tabs", "0,5\t1,5\n", "info -", 1, ":1: '5?1' is no number; the decimal sign");
+        row("not finite", "0 1e999\n", "info -", 1, ":1: '1e999' is no finite number");
+        row("times descend", "0 1\n2 1\n1 1\n", "info -", 1, ":3: time 1 comes after 2");
+        row("times repeat", "0 1\n0 1\n", "info -", 1, ":2: time 0 is there twice");
+        row("short row", "0 1 2\n1 2\n", "info -", 1, ":2: the row has 2 columns instead of 3");
+        row("empty", "", "info -", 1, ":1: the table has no rows");
+        row("NUL", QByteArray("0 1\n1 \0", 7), "info -", 1, ":2: there is a NUL byte");
+        row("endless line", QByteArray(17 << 20, 'x'), "info -", 1, ":1: the line is longer than 16 MiB");
+        row("truncated sensor table", without(sensor, "2,\t3.000000,\t\n"), "info -", 1,
+            ":10: the head announces 3 rows, but there are 2");
+        row("truncated spectra", without(spectra, "END_DATA\n"), "info -", 1,
+            ":8: the file ends before END_DATA");
+        row("row is missing", without(spectra, "2 \"../x\" 2 3\n"), "info -", 1,
+            ":8: NUMBER_OF_SETS is 2, but there are 1");
+        row("wrong band", QByteArray(lamp).replace("SPEC_383", "SPEC_384"), "info -", 1,
+            "the field 'SPEC_384' should be at 382.5 nm");
+        row("no band", without(without(lamp, "SPEC_383"), " 2"), "info -", 1, "SPECTRAL_BANDS is 3");
+        row("wavelengths descend", QByteArray(spectra).replace("nm390", "nm370"), "info -", 1,
+            ":6: wavelength 370 comes after 380");
+        row("truncated curve", without(spline, "end\n"), "info -", 1,
+            "standard input:8: the file ends too early");
+        row("comma in a curve", QByteArray(spline).replace("0.5", "0,5"), "info -", 1,
+            ":5: the spline has a wrong");
+        row("which curve", table, "convert - - --output-format crv", 1,
+            "there are 2 curves; choose by --curve NAME_OR_NUMBER:\n  1  'key light'\n  2  'b'\n");
+        row("no such curve", table, "sample - --curve 3", 1, "there is no curve '3'");
+        row("curve twice", "t a a\n0 1 2\n", "sample - --curve a", 1, "several curves are named 'a'");
+        row("foreign variable", "0\n0\n0\n1\na.b+t\n", "sample - --from 0 --to 1", 1, "reads 'a.b'");
+        row("parenthesis", "0\n0\n0\n1\n(t\n", "info -", 1, "a parenthesis of the formula has no partner");
+        row("formula has no points", formula, "simplify - -o - --tolerance 1", 1, "a formula has no points");
+        row("directory", "", "info /", 1, "/: is a directory\n");
+        row("missing file", "", "info /none/a.crv", 1, "/none/a.crv: No such file or directory\n");
+        row("formula without ends", formula, "sample -", 2, "give --from and --to");
+        row("tiny step", spline, "sample - --step 1e-300", 2, "more than 10000000 samples");
+        row("lost step", spline, "sample - --from 1e300 --to 1.0000000000000002e300 --count 9", 2,
+            "too close");
+        row("rows of a sensor table", spline, "convert - - --output-format sensor --to 1e9", 2,
+            "at most 1000000");
+        row("end before begin", spline, "sample - --from 5", 2, "before they begin");
+        row("no command", "", "", 2, "a command is missing");
+        row("unknown option", "", "info --bogus -", 2, "there is no option '--bogus'");
+        row("option twice", "", "info - --curve 1 --curve 2", 2, "--curve is there twice");
+        row("no value", "", "sample - --from", 2, "--from takes a value");
+        row("bad value", spline, "sample - --from x", 2, "--from: 'x' is no number");
+        row("operands", "", "info a b", 2, "'b' is one operand too many");
+        row("spectra can't be written", spline, "convert - a.sp", 2, "not written");
+    }
+
+    void refuses()
+    {
+        QFETCH(QByteArray, input);
+        QFETCH(QString, command);
+        QFETCH(QByteArray, reason);
+        QTEST(run(input, command), "code");
+        QVERIFY2(errors_.contains(reason), errors_.constData());
+    }
+
+    void eachCurveGetsAFile()
+    {
+        QCOMPARE(run(QByteArray(spectra).replace("../x", "Dark/Skin"), "convert - --all " + path("new")), 0);
+        QCOMPARE(names("new"), (QStringList{"Dark_Skin.crv", "dark skin.crv"}));
+        QCOMPARE(run("t .a .A x\n0 1 2 3\n", "convert - --all " + path("dots")), 0);
+        QCOMPARE(names("dots"), (QStringList{"_.A-2.crv", "_.a.crv", "x.crv"}));
+        QCOMPARE(run("", "sample " + path("dots/_.A-2.crv")), 0);
+        QCOMPARE(output_, QByteArray("0\t2\n"));
+    }
+
+    void fileIsReplacedAsAWholeOrNotAtAll()
+    {
+        QCOMPARE(run(spline, "convert - " + path("target.crv")), 0);
+        QVERIFY(QFile::setPermissions(path("target.crv"), QFile::ReadOwner | QFile::WriteOwner));
+        QVERIFY(QFile::link("target.crv", path("link.crv")));
+        QCOMPARE(run(table, "convert - " + path("link.crv --curve 7")), 1);
+        QCOMPARE(run("", "convert " + path("link.crv ") + path("link.crv --step 2")), 0);
+        QVERIFY(QFileInfo(path("link.crv")).isSymLink());
+        QCOMPARE(QFile::permissions(path("target.crv")) & (QFile::ReadGroup | QFile::ReadOther),
+                 QFile::Permissions());
+        QCOMPARE(run("", "sample " + path("target.crv --count 3")), 0);
+        QCOMPARE(output_, QByteArray("0\t1\n2\t2\n4\t3\n"));
+        QVERIFY(QDir(folder_.path()).entryList({"*.new*"}).isEmpty());
+    }
+
+    void simplifyTellsWhatItDid()
+    {
+        QByteArray samples;
+        for (int i = 0; i <= 400; ++i)
+            samples += QByteArray::number(i) + ' ' + QByteArray::number(std::sin(i / 60.0), 'g', 12) + '\n';
+        QCOMPARE(run(samples, "simplify - -o - --tolerance 0.1 --percent"), 0);
+        const QRegularExpression report("^401 points become (\\d+), at most (\\S+) away\n$");
+        const QRegularExpressionMatch match = report.match(errors_);
+        QVERIFY2(match.hasMatch(), errors_.constData());
+        QVERIFY(match.captured(1).toInt() < 20 && match.captured(2).toDouble() <= 0.002);
+        QCOMPARE(output_.count('\n'), 6 + match.captured(1).toInt());
+    }
+
+    void everyCommandHasHelp()
+    {
+        for (const char* command : {"info", "sample", "simplify", "convert"}) {
+            QCOMPARE(run("", QString(command) + " --help"), 0);
+            QVERIFY(output_.startsWith(QByteArray("usage: curve-tool ") + command));
+            QCOMPARE(run("", "--help"), 0);
+            QVERIFY(output_.contains(QByteArray("\n  ") + command + ' '));
+        }
+        QCOMPARE(run("", "--version"), 0);
+        QCOMPARE(output_, QByteArray("curve-tool " CURVE_TOOL_VERSION "\n"));
+    }
+
+private:
+    QString path(const QString& name) const { return folder_.filePath(name); }
+
+    QStringList names(const QString& folder) const
+    {
+        return QDir(path(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    int run(const QByteArray& input, const QString& command)
+    {
+        std::istringstream in(input.toStdString());
+        std::ostringstream out;
+        std::ostringstream messages;
+        std::vector<std::string> words;
+        for (const QString& word : command.split(' ', Qt::SkipEmptyParts))
+            words.push_back(word.toStdString());
+        const int code = runCurveTool(words, {in, out, messages});
+        output_ = QByteArray::fromStdString(out.str());
+        errors_ = QByteArray::fromStdString(messages.str());
+        return code;
+    }
+
+    QTemporaryDir folder_;
+    QByteArray output_;
+    QByteArray errors_;
+};
+
+QTEST_GUILESS_MAIN(tst_CurveTool)
+#include "tst_CurveTool.moc"
