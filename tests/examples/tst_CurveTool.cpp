@@ -62,6 +62,8 @@ private Q_SLOTS:
         row("frames", "0 0 0\n1\nf", "sample - --format crv --from 2 --to 2 --fps 24", "2\t48\n");
         row("sample a table", table, "sample - --curve b", "0\t5\n2\t7\n");
         row("sample between rows", table, "sample - --curve 2 --from 1 --to 1", "1\t6\n");
+        row("blanks in names", "t\tkey light\tb\n0\t1\t2\n", "convert - - --output-format table",
+            "t\t\"key light\"\tb\n0\t1\t2\n");
         row("byte order mark, CRLF", "\xEF\xBB\xBFt a\r\n0 1\r\n", "sample -", "0\t1\n");
         row("exact wavelengths", lamp, "sample -", "380\t1\n382.5\t2\n385\t3\n");
         row("curve to table", spline, "convert - - --step 2", "time\t\"standard input\"\n0\t1\n2\t2\n4\t3\n");
