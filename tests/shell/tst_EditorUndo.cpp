@@ -75,12 +75,12 @@ private Q_SLOTS:
         row("double click adds", 1, x,
             [](Scene& s) { s.mouse(QEvent::MouseButtonDblClick, s.pixel(6.0, 2.5)); });
         row("menu adds", 1, x + x, [](Scene& s) { s.choose(ControlMenu::CreateKey); });
-        row("menu opened by a key", 1, x, [](Scene& s) {
+        row("menu opened by a key", 1, x + x, [](Scene& s) {
             whenOpen<ControlMenu>([](ControlMenu& menu) {
                 menu.handleMenu(ControlMenu::CreateKey);
                 menu.close();
             });
-            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint());
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
             QApplication::sendEvent(&s.canvas, &event);
             QCOMPARE(s.curves["a.x"].spline.getControlPointsNumber(), 4u);
         });
