@@ -9,7 +9,7 @@ function(run)
 endfunction()
 
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix")
-foreach(user IN ITEMS examples/minimal_host examples/curve_tool tests/install/headers)
+foreach(user IN ITEMS examples/minimal_host examples/docked_host examples/curve_tool tests/install/headers)
   run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/${user}" -B "${WORK}/${user}"
       "-DCMAKE_PREFIX_PATH=${WORK}/prefix" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}" "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
   run("${CMAKE_COMMAND}" --build "${WORK}/${user}")
