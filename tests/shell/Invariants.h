@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/panel/CustomEditLine.h>
+#include <curveeditor/panel/EditingList.h>
+#include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/FunctionEditor.h>
+
+#include <QApplication>
+#include <QMenu>
+#include <QToolButton>
+#include <QUndoStack>
+
+#include <algorithm>
+#include <cmath>
+
+/// What holds of a visible editor whenever no event is under way, as text for what does not; empty if all holds.
+class Invariants
+{
+public:
+    static QString fault(CurveEditor& editor)
+    {
+        const Invariants check(editor);
+        for (const QString& found : {check.ofCurves(), check.ofLists(), check.ofPage(), check.ofStack()}) {
+            if (!found.isEmpty())
+                return found;
+        }
+        return check.ofPicture();
+    }
+
+private:
+    explicit Invariants(CurveEditor& editor)
+        : editor_(editor), canvas_(*editor.findChild<FunctionEditor*>(QStringLiteral("functionEdit")))
+    {
+    }
+
+    QStringList namesInList() const
+    {
+        QStringList names;
+        for (int row = 0; row < editor_.checkListsEditing->topLevelItemCount(); ++row)
+            names.append(editor_.checkListsEditing->topLevelItem(row)->text(0));
+        return names;
+    }
+
+    QString ofCurves() const
+    {
+        for (const QString& name : namesInList()) {
+            const CurveNodeBase* const curve = canvas_.canvas.findCurve(name);
+            if (!curve)
+                return name + " is in the list and not on the canvas";
+            const SplineBase& spline = *curve->getSpline();
+            const auto& points = spline.getControlPoints();
+            if (points.empty())
+                return name + " has no point";
+            const bool areFinite = std::all_of(points.begin(), points.end(), [](const auto* point) {
+                return std::isfinite(point->time) && std::isfinite(point->pos);
+            });
+            const bool areOrdered =
+                std::is_sorted(points.begin(), points.end(),
+                               [](const auto* left, const auto* right) { return left->time < right->time; });
+            if (!areFinite || !areOrdered)
+                return name + " has points out of order, or numbers that are not finite";
+            if (curve->control().hasSelection() && curve->control().selection().edited().empty())
+                return name + " has a selection that can't be edited";
+        }
+        return {};
+    }
+
+    QString ofLists() const
+    {
+        QStringList inMenu;
+        QString checked;
+        for (const QAction* const action : editor_.findChild<QToolButton*>("Curves")->menu()->actions()) {
+            inMenu.append(action->text());
+            if (action->isChecked())
+                checked = action->text();
+        }
+        const QStringList names = namesInList();
+        if (inMenu != names)
+            return "menu " + inMenu.join(u',') + " and list " + names.join(u',');
+        const QString current = canvas_.canvas.noCurrentCurve() ? QString() : checked;
+        if (!canvas_.canvas.noCurrentCurve() && canvas_.canvas.getCurrentCurveName() != checked)
+            return "current is " + canvas_.canvas.getCurrentCurveName() + ", checked " + checked;
+        if (canvas_.canvas.noCurrentCurve() != names.isEmpty())
+            return "no curve is current though there are some";
+        return {};
+    }
+
+    QString ofPage() const
+    {
+        const ControlSplineNode* const control = canvas_.canvas.currentControl();
+        if (!editor_.posY->isEnabled() || !control)
+            return {};
+        const SplineBase::PointInfo* const point = control->getCurrent();
+        if (!point || !control->hasSingleSelection())
+            return "the page is open without a selected point";
+        if (!editor_.posY->hasFocus() && editor_.posY->text() != editor_.posY->textFor(point->pos))
+            return "the page shows the value " + editor_.posY->text();
+        const double time = canvas_.isShowFrames() ? point->time * canvas_.getFps() : point->time;
+        if (!editor_.posX->hasFocus() && editor_.posX->text() != editor_.posX->textFor(time))
+            return "the page shows the time " + editor_.posX->text();
+        return {};
+    }
+
+    QString ofStack() const
+    {
+        const QUndoStack& stack = *editor_.undoStack();
+        const bool isRight = stack.index() >= 0 && stack.index() <= stack.count() &&
+                             stack.canUndo() == (stack.index() > 0) &&
+                             stack.canRedo() == (stack.index() < stack.count());
+        return isRight ? QString() : QStringLiteral("the undo stack is beside itself");
+    }
+
+    QString ofPicture() const
+    {
+        if (!canvas_.isVisible() || canvas_.size().isEmpty())
+            return {};
+        QCoreApplication::processEvents();
+        const QImage present = canvas_.grab().toImage();
+        editor_.updateCurves();
+        return present == canvas_.grab().toImage() ? QString() : QStringLiteral("the picture is out of date");
+    }
+
+    CurveEditor& editor_;
+    FunctionEditor& canvas_;
+};
