@@ -121,7 +121,11 @@ void CurveEditor::connectPointTable()
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     connect(d_->functionEdit, &FunctionEditor::selectionShown, this, &CurveEditor::showPoints);
     connect(&canvas, &CanvasFunctionBase::edited, this, &CurveEditor::showPoints);
-    connect(d_->pointTable, &PointTablePage::edited, &canvas, &CanvasFunctionBase::nodeHasChanged);
+    connect(d_->pointTable, &PointTablePage::edited, d_->functionEdit,
+            [this](const ControlSplineNode* control) {
+                d_->functionEdit->showSelection(false);
+                d_->functionEdit->canvas.nodeHasChanged(control);
+            });
     connect(d_->pointTable, &PointTablePage::selectionPicked, d_->functionEdit, [this] {
         d_->functionEdit->showSelection(true);
         d_->functionEdit->canvas.paint();

@@ -95,12 +95,18 @@ private:
         const SplineBase::PointInfo* const point = control->getCurrent();
         if (!point || !control->hasSingleSelection())
             return "the page is open without a selected point";
-        if (!editor_.posY->hasFocus() && editor_.posY->text() != editor_.posY->textFor(point->pos))
-            return "the page shows the value " + editor_.posY->text();
         const double time = canvas_.isShowFrames() ? point->time * canvas_.getFps() : point->time;
-        if (!editor_.posX->hasFocus() && editor_.posX->text() != editor_.posX->textFor(time))
-            return "the page shows the time " + editor_.posX->text();
-        return {};
+        const QString value = ofField(*editor_.posY, point->pos);
+        return value.isEmpty() ? ofField(*editor_.posX, time) : value;
+    }
+
+    /// A number may stand as it was typed.
+    static QString ofField(const CustomEditLine& field, double number)
+    {
+        const QString expected = field.textFor(number).left(field.maxLength());
+        if (field.hasFocus() || field.text() == expected || field.text().toDouble() == number)
+            return {};
+        return field.accessibleName() + " shows " + field.text() + " for " + expected;
     }
 
     QString ofStack() const
