@@ -117,10 +117,11 @@ char separatorOf(std::string_view line)
     }
     if (line.find(',') == std::string_view::npos)
         return ' ';
-    // In "0,5 1,5" the commas are decimal signs, in "0.5, 1.5" and "0.5,1.5" they separate.
+    // In "0,5 1,5" the commas are decimal signs, in "0, 1", "0.5, 1.5" and "0.5,1.5" they separate.
     const Fields fields = splitAtBlanks(line);
-    const bool areNumbers = std::all_of(fields.begin(), fields.end(),
-                                        [](std::string_view field) { return numberOf(field).has_value(); });
+    const bool areNumbers = std::all_of(fields.begin(), fields.end(), [](std::string_view field) {
+        return field.back() != ',' && numberOf(field).has_value();
+    });
     return fields.size() > 1 && areNumbers ? ' ' : ',';
 }
 

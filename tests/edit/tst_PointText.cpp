@@ -33,6 +33,11 @@ private Q_SLOTS:
         QVERIFY(PointText::write({{.type = 7}}).contains("\tLinear\t"));
     }
 
+    void commaBehindAWholeNumberSeparates()
+    {
+        QCOMPARE(PointText::read("0, 1\n0.5, 2").points.size(), std::size_t(2));
+    }
+
     /// In each of the texts the points are (0.5, -2) and (1.5, 3000), if not said otherwise.
     void tablesOfOthersAreRead_data()
     {
