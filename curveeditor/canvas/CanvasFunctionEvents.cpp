@@ -192,7 +192,7 @@ bool CanvasFunctionBase::pressOnEmptyCanvas(const QMouseEvent& event)
     }
     if (event.button() != Qt::LeftButton)
         return false;
-    if (stateBefore(event).has(Qt::ControlModifier)) {
+    if (stateBefore(event).has(Qt::ControlModifier) && current_->isSpline()) {
         createPoint(lastPlace_);
         return true;
     }

@@ -193,6 +193,8 @@ private Q_SLOTS:
         row("commands at all curves", 2, {"a/z", "a/z", "a/y", "a/x", "a/z", "a/y", "a/x"}, [](Scene& s) {
             s.canvas.canvas.setCurrentCurve("a.z");
             QTest::keyClick(&s.canvas, Qt::Key_A);
+            s.press(6.0, 2.4, Qt::ControlModifier); // adds nothing to the spline behind the formula
+            s.release(6.0, 2.4);
             s.drag(4.0, 2.5, 9.0, -2.5);
             QTest::keyClick(&s.canvas, Qt::Key_Up, Qt::AltModifier);
             QTest::keyClick(&s.canvas, Qt::Key_Delete);
