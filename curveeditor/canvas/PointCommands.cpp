@@ -21,6 +21,11 @@ bool PointCommands::canSelect() const
     return canvas_.hasCurveInReach();
 }
 
+bool PointCommands::canInsert() const
+{
+    return control() != nullptr;
+}
+
 bool PointCommands::canEdit() const
 {
     return canvas_.hasSelectedPoint();

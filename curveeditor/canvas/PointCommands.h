@@ -22,8 +22,10 @@ class PointCommands
 public:
     explicit PointCommands(CanvasFunctionBase& canvas);
 
-    /// The current curve is a spline.
+    /// There is a spline of which points can be selected.
     bool canSelect() const;
+    /// The current curve is a spline.
+    bool canInsert() const;
     /// A point is selected ...
     bool canEdit() const;
     /// ... that is one of the current curve.

@@ -115,16 +115,16 @@ void EditMenu::addMoves()
 
 void EditMenu::addShaping()
 {
-    const Condition canSelect = [this] {
-        return points_.canSelect();
+    const Condition canInsert = [this] {
+        return points_.canInsert();
     };
     const Condition canEdit = [this] {
         return points_.canEdit();
     };
     menu_->addSeparator();
-    add(tr("Insert a point on the curve at the mouse"), QStringLiteral("I"), canSelect,
+    add(tr("Insert a point on the curve at the mouse"), QStringLiteral("I"), canInsert,
         [this] { insertUnderMouse(); });
-    add(tr("Insert a point on the curve at the time line"), QStringLiteral("Shift+I"), canSelect,
+    add(tr("Insert a point on the curve at the time line"), QStringLiteral("Shift+I"), canInsert,
         [this] { points_.insertAtTimeLine(); });
     target_ = menu_->addMenu(tr("Tangents"));
     add(tr("Flatten"), {}, canEdit, [this] { points_.flattenTangents(); });
@@ -136,7 +136,7 @@ void EditMenu::addShaping()
 void EditMenu::addFits()
 {
     const Condition canSimplify = [this] {
-        return points_.canSelect() && canvas_.canvas.currentControl()->pointCount() > 2;
+        return points_.canInsert() && canvas_.canvas.currentControl()->pointCount() > 2;
     };
     const Condition canBake = [this] {
         return canvas_.canvas.currentSplineBase() != nullptr;

@@ -131,7 +131,11 @@ private Q_SLOTS:
     {
         FitScene s;
         s.canvas.canvas.setCurrentCurve("a.z");
-        QVERIFY(!s.open(Qt::Key_S));
+        s.curves["a.z"].spline.addPoint(8.0, 1.0);
+        for (const bool editsAll : {false, true}) {
+            s.canvas.canvas.setEditsAllCurves(editsAll);
+            QVERIFY(!s.open(Qt::Key_S));
+        }
         s.canvas.canvas.setCurrentCurve("a.y");
         QVERIFY(!s.open(Qt::Key_S));
         SplineBase& spline = s.curves["a.y"].spline;
