@@ -105,6 +105,7 @@ CurveNodeBase* CanvasFunctionBase::addCurve(QWidget* menu, const QString& name, 
     settle();
     curves_.push_back(std::make_unique<CurveNodeBase>(this, menu, name, color, defaultValue, spline,
                                                       expression, minValue, maxValue));
+    curves_.back()->getCanvasSpline()->showsPoints = editsAllCurves_;
     if (hasOwnTheme_)
         curves_.back()->setColor(color, theme_.canvas);
     const QPointer<CurveNodeBase> curve(curves_.back().get());

@@ -185,7 +185,11 @@ private Q_SLOTS:
         row("drag of a point of another curve", 1, {"a/y"}, [](Scene& s) {
             s.clickPoint();
             s.changes.clear();
+            s.editor.cleanSelecteds();
             s.canvas.canvas.setEditsAllCurves(true);
+            for (const QString name : {"a.z", "a.y", "a.x"})
+                s.editor.setEditingNode(name);
+            QVERIFY(s.canvas.canvas.findCurve("a.y")->getCanvasSpline()->showsPoints);
             s.drag(5.0, -2.0, 6.0, 2.0);
             QCOMPARE(s.current(), "a.y");
             QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0);
