@@ -166,8 +166,11 @@ void CanvasFunctionBase::setEditsAllCurves(bool on)
 {
     settle();
     editsAllCurves_ = on;
-    for (const auto& curve : curves_)
+    for (const auto& curve : curves_) {
         curve->getCanvasSpline()->showsPoints = on;
+        if (!on && curve.get() != current_)
+            curve->control().selectOnly(nullptr); // the point menu would act on what does not show any more
+    }
     Q_EMIT selectionChanged(false);
     paint();
 }

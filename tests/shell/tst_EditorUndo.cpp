@@ -203,6 +203,9 @@ private Q_SLOTS:
             QTest::keyClick(&s.canvas, Qt::Key_Up, Qt::AltModifier);
             QTest::keyClick(&s.canvas, Qt::Key_Delete);
             QCOMPARE(s.curves["a.y"].spline.getControlPointsNumber(), 1u);
+            QTest::keyClick(&s.canvas, Qt::Key_A, Qt::ControlModifier);
+            QTest::keyClick(&s.canvas, Qt::Key_A);
+            QVERIFY(!s.canvas.canvas.findCurve("a.y")->control().hasSelection());
         });
         row("stepping", 0, x + x, [](Scene& s) {
             s.clickPoint();
