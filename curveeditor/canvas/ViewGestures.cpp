@@ -38,9 +38,8 @@ ViewGestures::ViewGestures(QWidget* widget, CanvasFunctionBase& canvas, ViewPort
 void ViewGestures::setEnabled(bool on)
 {
     isEnabled_ = on;
-    button_ = Qt::NoButton;
-    canvas_.isBandHeld = false;
-    holdSpace(false);
+    endPan();
+    releaseKeys();
 }
 
 bool ViewGestures::eventFilter(QObject* watched, QEvent* event)
@@ -56,9 +55,7 @@ bool ViewGestures::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyRelease:
         return takeKey(*static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
     case QEvent::FocusOut:
-        holdSpace(false);
-        canvas_.isBandHeld = false;
-        canvas_.guide.axis = DragGuide::Axis::Both;
+        releaseKeys();
         return false;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
@@ -142,9 +139,11 @@ bool ViewGestures::takePress(const QMouseEvent& event)
 
 bool ViewGestures::takeMove(const QMouseEvent& event)
 {
+    if (!event.buttons().testFlag(button_))
+        endPan(); // its release went astray
     if (button_ == Qt::NoButton)
         return false;
-    if (view_.gesture.kind() == Gesture::Kind::Pan && event.buttons().testFlag(button_))
+    if (view_.gesture.kind() == Gesture::Kind::Pan)
         pan(event.position() - last_);
     last_ = event.position();
     return true;
@@ -154,10 +153,17 @@ bool ViewGestures::takeRelease(const QMouseEvent& event)
 {
     if (button_ == Qt::NoButton || event.button() != button_)
         return button_ != Qt::NoButton;
+    endPan();
+    return true;
+}
+
+void ViewGestures::endPan()
+{
+    if (button_ == Qt::NoButton)
+        return;
     button_ = Qt::NoButton;
     view_.gesture.end();
     holdSpace(isSpaceHeld_);
-    return true;
 }
 
 void ViewGestures::zoom(const QPointF& pixel, double timeFactor, double valueFactor)
@@ -170,6 +176,13 @@ void ViewGestures::pan(const QPointF& distance)
 {
     view_.showView(ViewStep::panned(view_.mapping(), view_.limits(), distance));
     canvas_.paint();
+}
+
+void ViewGestures::releaseKeys()
+{
+    holdSpace(false);
+    canvas_.isBandHeld = false;
+    canvas_.guide.axis = DragGuide::Axis::Both;
 }
 
 void ViewGestures::holdSpace(bool on)

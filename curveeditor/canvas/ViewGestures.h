@@ -42,6 +42,8 @@ private:
     bool takeRelease(const QMouseEvent& event);
     void zoom(const QPointF& pixel, double timeFactor, double valueFactor);
     void pan(const QPointF& distance);
+    void endPan();
+    void releaseKeys();
     void holdSpace(bool on);
 
     QWidget* widget_;

@@ -140,6 +140,30 @@ private Q_SLOTS:
         }
     }
 
+    void releaseThatGoesAstrayHoldsNothing_data()
+    {
+        QTest::addColumn<bool>("isSwitchedOff");
+        QTest::newRow("button, behind a box of the host") << false;
+        QTest::newRow("key, where the host switches the gestures off") << true;
+    }
+    void releaseThatGoesAstrayHoldsNothing()
+    {
+        QFETCH(const bool, isSwitchedOff);
+        Scene s;
+        if (isSwitchedOff) {
+            QTest::keyPress(&s.canvas, Qt::Key_X);
+            s.editor.setViewGestures(false);
+            QTest::keyRelease(&s.canvas, Qt::Key_X);
+        } else {
+            s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
+            s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
+            s.mouse(QEvent::MouseMove, {240, 180}, Qt::NoButton);
+        }
+        s.drag(5.0, 1.0, 5.5, 2.0);
+        QVERIFY(qAbs(s.curves["a.x"].spline[1]->pos - 2.0) < 0.05);
+        QCOMPARE(s.entries(), 1);
+    }
+
     void timeLineFollowsTheHandWhereTheHostAllowsIt()
     {
         Scene s;
