@@ -109,16 +109,17 @@ bool ViewGestures::takeKey(const QKeyEvent& event, bool isPress)
     return true;
 }
 
-/// X keeps the values still, and Y the times.
+/// X keeps the values still, and Y the times. In a drag Ctrl toggles snapping and makes no command of them.
 bool ViewGestures::takeAxisKey(const QKeyEvent& event, bool isPress)
 {
-    const bool isCommand = isPress && event.modifiers() != Qt::NoModifier;
+    const bool isDragged = view_.gesture.isAtPoints();
+    const bool isCommand = isPress && event.modifiers() != Qt::NoModifier && !isDragged;
     if (!event.isAutoRepeat() && !isCommand) {
         const DragGuide::Axis held =
             event.key() == Qt::Key_X ? DragGuide::Axis::Time : DragGuide::Axis::Value;
         canvas_.guide.axis = isPress ? held : DragGuide::Axis::Both;
     }
-    return false;
+    return isDragged;
 }
 
 bool ViewGestures::takePress(const QMouseEvent& event)

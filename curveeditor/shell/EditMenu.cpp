@@ -228,7 +228,9 @@ bool EditMenu::eventFilter(QObject* watched, QEvent* event)
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     if (watched != &canvas_ || (!isOverride && event->type() != QEvent::KeyPress) || !canvas_.hasFocus())
         return false;
-    QAction* const entry = entryOf(*static_cast<QKeyEvent*>(event));
+    auto* const key = static_cast<QKeyEvent*>(event);
+    const bool isAxis = canvas_.gesture.isAtPoints() && (key->key() == Qt::Key_X || key->key() == Qt::Key_Y);
+    QAction* const entry = isAxis ? nullptr : entryOf(*key);
     if (!entry)
         return false;
     if (isOverride)

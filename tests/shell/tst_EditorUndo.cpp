@@ -166,10 +166,13 @@ private Q_SLOTS:
             const SplineBase::PointInfo& point = *s.curves["a.x"].spline[1];
             QCOMPARE(point.pos, 1.0);
             QTest::keyRelease(&s.canvas, Qt::Key_X);
-            QTest::keyPress(&s.canvas, Qt::Key_Y);
-            s.move(7.0, 2.0);
-            QCOMPARE(point.time, 5.0);
-            QTest::keyRelease(&s.canvas, Qt::Key_Y);
+            for (const Qt::KeyboardModifiers toggle : {Qt::NoModifier, Qt::ControlModifier}) {
+                QTest::keyPress(&s.canvas, Qt::Key_X, toggle); // no cut
+                QTest::keyPress(&s.canvas, Qt::Key_Y, toggle);
+                s.move(7.0, 2.0);
+                QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0);
+                QTest::keyRelease(&s.canvas, Qt::Key_Y, toggle);
+            }
             s.release(7.0, 2.0);
         });
         row("drag at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
