@@ -11,6 +11,8 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+#include <algorithm>
+
 EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     : QObject(menu), canvas_(canvas), points_(canvas.canvas), menu_(menu), target_(menu)
 {
@@ -214,13 +216,15 @@ void EditMenu::updateEntries()
 
 QAction* EditMenu::entryOf(const QKeyEvent& event)
 {
-    updateEntries();
-    const QKeySequence key(event.keyCombination());
-    for (const auto& [action, isPossible] : entries_) {
-        if (action->isEnabled() && action->shortcut().matches(key) == QKeySequence::ExactMatch)
-            return action;
-    }
-    return nullptr;
+    const QKeySequence key(QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key())));
+    const auto found = std::find_if(entries_.begin(), entries_.end(), [&key](const auto& entry) {
+        return entry.first->shortcut().matches(key) == QKeySequence::ExactMatch;
+    });
+    if (found == entries_.end())
+        return nullptr;
+    const auto& [action, isPossible] = *found; // the others might ask other applications for the clipboard
+    action->setEnabled(isPossible());
+    return action->isEnabled() ? action : nullptr;
 }
 
 bool EditMenu::eventFilter(QObject* watched, QEvent* event)

@@ -17,7 +17,7 @@ class QMenu;
 
 /// Fills the menu "Edit" with all commands on points and on the view, each with its key. The keys act while the canvas
 /// has the focus, so that fields keep them, and before the keys of a host in whose window the dialog is docked.
-/// Entries are enabled as the situation allows when the menu opens or a key is pressed.
+/// Entries are enabled as the situation allows when the menu opens or their key is pressed.
 ///
 /// A child of the menu, whose parent is that of the dialogs. It filters the events of the canvas.
 class EditMenu : public QObject

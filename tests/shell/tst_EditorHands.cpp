@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
+#include <QClipboard>
+#include <QMimeData>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QWheelEvent>
@@ -27,6 +29,18 @@ QList<double> sides(const FunctionEditor& canvas)
 {
     return {canvas.timeMin, canvas.timeMax, canvas.valueMin, canvas.valueMax};
 }
+
+/// Notes whether anybody has looked at it.
+struct WatchedClip : QMimeData
+{
+    explicit WatchedClip(bool& wasRead) : isRead(wasRead) {}
+    bool hasFormat(const QString& format) const override
+    {
+        isRead = true;
+        return QMimeData::hasFormat(format);
+    }
+    bool& isRead;
+};
 
 } // namespace
 
@@ -117,6 +131,9 @@ private Q_SLOTS:
              },
              false, false, true},
             {"Home", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Home); }, true, true, false},
+            {"Home of the keypad",
+             [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Home, Qt::KeypadModifier); }, true, true,
+             false},
             {"F", [](Scene& s) { s.clickPoint(), QTest::keyClick(&s.canvas, Qt::Key_F); }, true, true, false},
         };
         for (const Case& c : cases) {
@@ -226,6 +243,11 @@ private Q_SLOTS:
         s.drag(7.0, 0.0, 9.0, -2.0);
         QTest::keyRelease(&s.canvas, Qt::Key_B);
         QCOMPARE(count(), 2);
+        bool isClipRead = false;
+        QGuiApplication::clipboard()->setMimeData(new WatchedClip(isClipRead));
+        isClipRead = false;
+        QTest::keyClick(&s.canvas, Qt::Key_B); // another application may be slow to answer
+        QVERIFY(!isClipRead);
         s.drag(8.5, 0.0, 9.0, 2.0);
         QCOMPARE(count(), 0);
         s.editor.commandLine->setFocus();
