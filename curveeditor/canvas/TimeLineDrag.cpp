@@ -46,6 +46,8 @@ bool TimeLineDrag::eventFilter(QObject* watched, QEvent* event)
         return takeMove(*static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
         return takeRelease(*static_cast<QMouseEvent*>(event));
+    case QEvent::ShortcutOverride:
+        return takeOverride(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyPress:
         return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && takeEscape();
     case QEvent::Leave:
@@ -101,6 +103,15 @@ bool TimeLineDrag::takeRelease(const QMouseEvent& event)
     if (event.button() == Qt::LeftButton)
         start_.reset();
     return wasDragged;
+}
+
+/// A host in whose window the widget is may use Escape.
+bool TimeLineDrag::takeOverride(QKeyEvent& event) const
+{
+    const bool isOurs = start_ && event.key() == Qt::Key_Escape;
+    if (isOurs)
+        event.accept();
+    return isOurs;
 }
 
 bool TimeLineDrag::takeEscape()

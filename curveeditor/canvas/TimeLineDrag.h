@@ -6,6 +6,7 @@
 #include <optional>
 
 class CanvasFunctionBase;
+class QKeyEvent;
 class QMouseEvent;
 class QPoint;
 class QWidget;
@@ -43,6 +44,7 @@ private:
     bool takePress(const QMouseEvent& event);
     bool takeMove(const QMouseEvent& event);
     bool takeRelease(const QMouseEvent& event);
+    bool takeOverride(QKeyEvent& event) const;
     bool takeEscape();
     void showCursor(bool isAtFoot);
     void moveTo(double time);

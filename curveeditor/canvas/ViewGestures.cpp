@@ -51,6 +51,8 @@ bool ViewGestures::eventFilter(QObject* watched, QEvent* event)
         return takeWheel(*static_cast<QWheelEvent*>(event));
     case QEvent::NativeGesture:
         return takePinch(*static_cast<QNativeGestureEvent*>(event));
+    case QEvent::ShortcutOverride:
+        return takeOverride(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
         return takeKey(*static_cast<QKeyEvent*>(event), event->type() == QEvent::KeyPress);
@@ -94,6 +96,18 @@ bool ViewGestures::takePinch(const QNativeGestureEvent& event)
     const double factor = std::clamp(1.0 - event.value(), 1.0 / strongestPinch, strongestPinch);
     zoom(event.position(), factor, factor);
     return true;
+}
+
+/// A host in whose window the widget is may have the same keys.
+bool ViewGestures::takeOverride(QKeyEvent& event) const
+{
+    const bool isAxis = event.key() == Qt::Key_X || event.key() == Qt::Key_Y;
+    const bool isHeld = isAxis || event.key() == Qt::Key_B || event.key() == Qt::Key_Space;
+    const bool isOurs =
+        isHeld && (event.modifiers() == Qt::NoModifier || (isAxis && view_.gesture.isAtPoints()));
+    if (isOurs)
+        event.accept();
+    return isOurs;
 }
 
 bool ViewGestures::takeKey(const QKeyEvent& event, bool isPress)

@@ -35,6 +35,7 @@ public:
 private:
     bool takeWheel(const QWheelEvent& event);
     bool takePinch(const QNativeGestureEvent& event);
+    bool takeOverride(QKeyEvent& event) const;
     bool takeKey(const QKeyEvent& event, bool isPress);
     bool takeAxisKey(const QKeyEvent& event, bool isPress);
     bool takePress(const QMouseEvent& event);

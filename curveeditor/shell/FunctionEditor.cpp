@@ -138,8 +138,21 @@ void FunctionEditor::completeViewport()
     completeViewportV();
 }
 
+/// Inside the widget they act before those of a host in whose window it is docked.
+bool FunctionEditor::isOwnKey(const QKeyEvent& event) const
+{
+    const int key = event.key();
+    const bool isArrow = key == Qt::Key_Left || key == Qt::Key_Right;
+    const bool isPlain = !(event.modifiers() & ~Qt::KeypadModifier);
+    return (isArrow && isPlain) || (key == Qt::Key_Escape && (gesture.isAtPoints() || gesture.isAtView()));
+}
+
 bool FunctionEditor::event(QEvent* event)
 {
+    if (event->type() == QEvent::ShortcutOverride && isOwnKey(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
     // Tab moves the focus without ever becoming a key press, so it is handled before the focus goes.
     if (event->type() == QEvent::KeyPress) {
         auto* const key = static_cast<QKeyEvent*>(event);

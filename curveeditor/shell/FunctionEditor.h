@@ -96,6 +96,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    bool isOwnKey(const QKeyEvent& event) const;
     bool isCurrentSpline() const;
     void reportPosition(const QMouseEvent& event);
     void loadBand();

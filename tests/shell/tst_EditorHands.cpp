@@ -213,6 +213,29 @@ private Q_SLOTS:
         QCOMPARE(s.canvas.canvas.currentControl()->currentIndex(), 1);
     }
 
+    void keysOfTheCanvasComeBeforeThoseOfTheHost()
+    {
+        Scene s;
+        s.editor.setTimeLineDraggable(true);
+        const auto takes = [&s](Qt::Key key) {
+            QKeyEvent event(QEvent::ShortcutOverride, key, Qt::NoModifier);
+            QApplication::sendEvent(&s.canvas, &event);
+            return event.isAccepted();
+        };
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_B, Qt::Key_X, Qt::Key_Y, Qt::Key_Left, Qt::Key_Home})
+            QVERIFY(takes(key));
+        QVERIFY(!takes(Qt::Key_Q));
+        QVERIFY(!takes(Qt::Key_Escape));
+        for (const QPoint& place :
+             {s.pixel(5.0, 1.0), QPoint(s.pixel(0.0, 0.0).x(), s.canvas.pixelHeight - 4)}) {
+            s.mouse(QEvent::MouseButtonPress, place);
+            QVERIFY(takes(Qt::Key_Escape));
+            s.mouse(QEvent::MouseButtonRelease, place);
+        }
+        s.editor.setViewGestures(false);
+        QVERIFY(!takes(Qt::Key_Space));
+    }
+
     void selectionFollowsTheKeys()
     {
         Scene s;
