@@ -96,6 +96,7 @@ void PointCommands::copy()
 
 void PointCommands::cut()
 {
+    canvas_.settle(); // may make another curve the current one
     if (!canCopy())
         return;
     copy();

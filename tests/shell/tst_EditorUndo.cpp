@@ -475,6 +475,24 @@ private Q_SLOTS:
                  (QStringList{"-ax", "az", "-ay", "-az", "", "+aw", "aw", "+ay", "ay", "aw", "-aw", "ay"}));
     }
 
+    void whatIsCutIsOnTheClipboard()
+    {
+        Scene s;
+        for (const QString name : {"a.y", "a.x"}) {
+            s.canvas.canvas.setCurrentCurve(name);
+            s.canvas.canvas.currentControl()->selectOnly(s.curves[name].spline[1]);
+        }
+        s.press(5.0, 1.0);
+        s.move(6.0, 1.0);
+        QObject::connect(&s.editor, &CurveEditor::curveEdited, [&s](const CurveChange& change) {
+            if (change.phase == CurveChange::Phase::Commit)
+                s.editor.setEditingNode("a.y");
+        });
+        PointCommands(s.canvas.canvas).cut();
+        QCOMPARE(s.curves["a.y"].spline.getControlPointsNumber(), 1u);
+        QVERIFY(QGuiApplication::clipboard()->text().contains("\n5\t-2\t"));
+    }
+
     void dragTellsWhenTheCurveChanged()
     {
         Scene s;
