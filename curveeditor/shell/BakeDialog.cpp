@@ -139,6 +139,13 @@ FitDialog::Outcome BakeDialog::outcomeOf(const CurveFit::Steps& times) const
             true};
 }
 
+// The host may have changed the curve meanwhile.
+void BakeDialog::accept()
+{
+    refresh();
+    FitDialog::accept();
+}
+
 void BakeDialog::apply()
 {
     if (curve())

@@ -16,6 +16,8 @@ class BakeDialog final : public FitDialog
 public:
     BakeDialog(QWidget* editor, CanvasFunctionBase& canvas);
 
+    void accept() override;
+
 protected:
     Outcome work() override;
     void apply() override;

@@ -64,9 +64,10 @@ protected:
     /// A thousandth of that span as a number of few digits.
     static double usualTolerance(double lowest, double highest);
 
-private:
+    /// Does the work for what the fields say now.
     void refresh();
 
+private:
     CanvasFunctionBase& canvas_;
     QPointer<CurveNodeBase> curve_;
     QFormLayout* form_;

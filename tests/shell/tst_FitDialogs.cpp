@@ -185,6 +185,8 @@ private Q_SLOTS:
                 }
                 if (!accepts)
                     QCOMPARE(int(s.count()), pointsAfterCancel);
+                else if (key == Qt::Key_B && pointsAfterCancel == 1)
+                    QCOMPARE(s.spline[0]->pos, s.spline.getLast()->pos);
                 else if (key == Qt::Key_S)
                     QVERIFY(int(s.count()) <= mostAfterOk && (s.count() == 101) == (mostAfterOk == 101));
                 QVERIFY(!s.editor.isVisible() || s.showsWhatIsDrawnFromScratch());
