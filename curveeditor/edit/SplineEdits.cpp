@@ -59,10 +59,36 @@ double PointInfo::*member(SplineEdits::Field field)
     return &PointInfo::easeTo;
 }
 
-void move(SplineBase& spline, PointInfo* point, double time, double value)
+struct Place
 {
-    spline.setTime(point, time);
-    spline.setPos(point, value);
+    double time;
+    double value;
+};
+
+/// Moves each point to where `target` says, all at once: one after the other, many points would pass many.
+template <typename Target>
+void moveAll(SplineBase& spline, const std::vector<PointSerial>& points, Target target)
+{
+    const std::unordered_set<PointSerial> moving(points.begin(), points.end());
+    SplineState state = spline.state();
+    std::vector<PointInfo> resting, moved;
+    for (PointInfo point : state.points) {
+        const Place place = moving.count(point.serial) > 0 ? target(point) : Place{point.time, point.pos};
+        const bool rests = place.time == point.time || !std::isfinite(place.time);
+        if (!rests)
+            point.time = place.time;
+        if (std::isfinite(place.value))
+            point.pos = place.value;
+        (rests ? resting : moved).push_back(point);
+    }
+    const auto isEarlier = [](const PointInfo& left, const PointInfo& right) {
+        return left.time < right.time;
+    };
+    std::stable_sort(moved.begin(), moved.end(), isEarlier);
+    state.points.clear();
+    std::merge(resting.begin(), resting.end(), moved.begin(), moved.end(), std::back_inserter(state.points),
+               isEarlier);
+    spline.assign(state);
 }
 
 /// A point among its neighbours, which are null at the ends of the spline.
@@ -289,8 +315,10 @@ void SplineEdits::smoothTangents(SplineBase& spline, const std::vector<PointSeri
 
 void SplineEdits::place(SplineBase& spline, PointSerial serial, double time, double value)
 {
-    if (PointInfo* const point = find(spline, serial))
-        move(spline, point, time, value);
+    if (PointInfo* const point = find(spline, serial)) {
+        spline.setTime(point, time);
+        spline.setPos(point, value);
+    }
 }
 
 void SplineEdits::aimTangent(SplineBase& spline, PointSerial serial, Part part, double time, double value)
@@ -311,13 +339,15 @@ void SplineEdits::aimTangent(SplineBase& spline, PointSerial serial, Part part, 
 void SplineEdits::scalePoints(SplineBase& spline, const std::vector<PointSerial>& points, double timeFactor,
                               double valueFactor)
 {
-    for (PointInfo* const point : find(spline, points))
-        move(spline, point, point->time * timeFactor, point->pos * valueFactor);
+    moveAll(spline, points, [=](const PointInfo& point) {
+        return Place{point.time * timeFactor, point.pos * valueFactor};
+    });
 }
 
 void SplineEdits::panPoints(SplineBase& spline, const std::vector<PointSerial>& points, double timeOffset,
                             double valueOffset)
 {
-    for (PointInfo* const point : find(spline, points))
-        move(spline, point, point->time + timeOffset, point->pos + valueOffset);
+    moveAll(spline, points, [=](const PointInfo& point) {
+        return Place{point.time + timeOffset, point.pos + valueOffset};
+    });
 }

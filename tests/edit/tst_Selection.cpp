@@ -2,6 +2,7 @@
 #include <curveeditor/edit/Selection.h>
 #include <curveeditor/edit/SplineEdits.h>
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <cmath>
@@ -144,6 +145,23 @@ private Q_SLOTS:
         QCOMPARE(place(), QPointF(0.5, -2.5));
         SplineEdits::panPoints(f.spline, {point}, HUGE_VAL, std::nan(""));
         QCOMPARE(place(), QPointF(0.5, -2.5));
+        SplineState state;
+        std::vector<PointSerial> serials;
+        for (int i = 0; i < 100'000; ++i) {
+            state.points.emplace_back();
+            state.points.back().time = i / 2;
+            state.points.back().pos = i;
+        }
+        f.spline.assign(state);
+        for (const auto* each : f.spline.getControlPoints())
+            serials.push_back(each->serial);
+        QElapsedTimer timer;
+        timer.start();
+        SplineEdits::panPoints(f.spline, serials, 1e6, 0.0);
+        QVERIFY(timer.elapsed() < 2000); // no point passes all the others one by one
+        for (int i = 0; i < 100'000; i += 33'333)
+            QCOMPARE(QPointF(f.spline[unsigned(i)]->time, f.spline[unsigned(i)]->pos),
+                     QPointF(1e6 + i / 2, i));
     }
 
     void pointInsertedOnTheCurveKeepsItsShape_data()
