@@ -22,11 +22,12 @@ public:
     static QString fault(CurveEditor& editor)
     {
         const Invariants check(editor);
-        for (const QString& found : {check.ofCurves(), check.ofLists(), check.ofPage(), check.ofStack()}) {
+        for (const QString& found : {check.ofLists(), check.ofPage(), check.ofStack(), check.ofPicture()}) {
             if (!found.isEmpty())
                 return found;
         }
-        return check.ofPicture();
+        editor.updateCurves(); // lets go of points that the host has taken away
+        return check.ofCurves();
     }
 
 private:
@@ -61,8 +62,10 @@ private:
                                [](const auto* left, const auto* right) { return left->time < right->time; });
             if (!areFinite || !areOrdered)
                 return name + " has points out of order, or numbers that are not finite";
-            if (curve->control().hasSelection() && curve->control().selection().edited().empty())
-                return name + " has a selection that can't be edited";
+            for (const std::int32_t index : indicesOf(curve->control().selection().edited(), spline)) {
+                if (index < 0)
+                    return name + " has a selected point that is gone";
+            }
         }
         return {};
     }
