@@ -1,5 +1,4 @@
 # SPDX-License-Identifier: MIT
-include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(targets CurveEditorModel)
@@ -29,3 +28,25 @@ write_basic_package_version_file("${CMAKE_CURRENT_BINARY_DIR}/CurveEditorConfigV
   COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/CurveEditorConfig.cmake"
               "${CMAKE_CURRENT_BINARY_DIR}/CurveEditorConfigVersion.cmake" DESTINATION ${package_folder})
+
+# What pkg-config reads. The prefix follows from where the file lies, so that an installed tree can be moved; folders
+# given as absolute paths stay where they are.
+set(pkgconfig_folder "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  set(pc_prefix "${CMAKE_INSTALL_PREFIX}")
+  set(pc_libdir "${CMAKE_INSTALL_LIBDIR}")
+else()
+  file(RELATIVE_PATH way_up "/${pkgconfig_folder}" "/")
+  string(REGEX REPLACE "/$" "" way_up "${way_up}")
+  set(pc_prefix "\${pcfiledir}/${way_up}")
+  set(pc_libdir "\${prefix}/${CMAKE_INSTALL_LIBDIR}")
+endif()
+if(IS_ABSOLUTE "${CMAKE_INSTALL_INCLUDEDIR}")
+  set(pc_includedir "${CMAKE_INSTALL_INCLUDEDIR}")
+else()
+  set(pc_includedir "\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}")
+endif()
+foreach(target IN LISTS targets)
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/${target}.pc.in" "${CMAKE_CURRENT_BINARY_DIR}/${target}.pc" @ONLY)
+  install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${target}.pc" DESTINATION ${pkgconfig_folder})
+endforeach()

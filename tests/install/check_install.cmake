@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # Installs the package below WORK and builds against it, as its users would: the example hosts, and each header alone.
-# usage: cmake -DBUILD=... -DSOURCE=... -DWORK=... -DBUILD_TYPE=... -DCXX_FLAGS=... -P check_install.cmake
+# usage: cmake -DBUILD=... -DSOURCE=... -DWORK=... -DBUILD_TYPE=... -DCXX=... -DCXX_FLAGS=... -P check_install.cmake
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
   if(NOT result EQUAL 0)
@@ -8,9 +8,30 @@ function(run)
   endif()
 endfunction()
 
-run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/prefix")
+# The tree is moved after its installation, and its new place has a blank in its name.
+set(prefix "${WORK}/a prefix")
+file(REMOVE_RECURSE "${prefix}")
+run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/first")
+file(RENAME "${WORK}/first" "${prefix}")
 foreach(user IN ITEMS examples/minimal_host examples/docked_host examples/curve_tool tests/install/headers)
   run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/${user}" -B "${WORK}/${user}"
-      "-DCMAKE_PREFIX_PATH=${WORK}/prefix" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}" "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
+      "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}"
+      "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
   run("${CMAKE_COMMAND}" --build "${WORK}/${user}")
+endforeach()
+
+# One line of a host, by way of pkg-config.
+find_program(pkg_config pkg-config REQUIRED)
+file(GLOB_RECURSE package "${prefix}/*/CurveEditor.pc")
+get_filename_component(folder "${package}" DIRECTORY)
+get_filename_component(libraries "${folder}" DIRECTORY)
+set(CurveEditorModel "#include <curveeditor/model/SplineBase.h>\nint main() { return SplineBase()(1.0) != 0.0; }\n")
+set(CurveEditor "#include <curveeditor/shell/CurveEditor.h>\nint main() { return CurveEditor::staticMetaObject.className()[0] != 'C'; }\n")
+foreach(name IN ITEMS CurveEditorModel CurveEditor)
+  file(WRITE "${WORK}/${name}.cpp" "${${name}}")
+  set(ENV{PKG_CONFIG_PATH} "${folder}")
+  set(ENV{LD_LIBRARY_PATH} "${libraries}")
+  run(sh -ec "flags=$('${pkg_config}' --cflags --libs ${name})
+    eval '${CXX}' ${CXX_FLAGS} -std=c++17 -fPIC -o ${name} ${name}.cpp \"$flags\"
+    ./${name}" WORKING_DIRECTORY "${WORK}")
 endforeach()
