@@ -25,16 +25,18 @@
 class CURVEEDITOR_EXPORT CurveFile
 {
 public:
+    /// Components of 0 to 255.
     struct Color
     {
-        int red = 0;
-        int green = 0;
-        int blue = 0;
+        int red = 0;   ///< first line of the file
+        int green = 0; ///< second line
+        int blue = 0;  ///< third line
     };
+    /// Which body the file has, by the character that stands for it.
     enum Kind { Spline = 0, Expression = 1 };
 
-    Color color;
-    Kind kind = Spline;
+    Color color;            ///< black in a new one
+    Kind kind = Spline;     ///< which of the two bodies counts
     SplineBase spline;      ///< the body if `kind` is `Spline`
     std::string expression; ///< the body if `kind` is `Expression`; not parsed
 
@@ -47,14 +49,18 @@ public:
     /// Whole numbers of at most 32 digits, with or without a sign, as a stream extracts them. Components
     /// outside 0 to 255 are brought to the nearer bound.
     static bool readColor(std::istream& in, Color& color);
+    /// The character that tells spline from expression.
     static bool readKind(std::istream& in, Kind& kind);
     /// Replaces all of `spline` or nothing.
     static bool readSpline(std::istream& in, SplineBase& spline);
     /// Reads one word; a word without end, longer than any expression can be, is none.
     static bool readExpression(std::istream& in, std::string& text);
 
+    /// The three lines of the colour, as they are, also outside 0 to 255.
     static void writeColor(std::ostream& out, const Color& color);
+    /// @{
     /// The kind and the body.
     static void writeSpline(std::ostream& out, const SplineBase& spline);
     static void writeExpression(std::ostream& out, const std::string& text);
+    /// @}
 };

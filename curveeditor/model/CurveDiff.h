@@ -11,10 +11,12 @@
 /// A span of time, ends included; an end may be infinite. Empty unless `first` <= `last`.
 struct TimeInterval
 {
-    double first = std::numeric_limits<double>::infinity();
-    double last = -std::numeric_limits<double>::infinity();
+    double first = std::numeric_limits<double>::infinity(); ///< in time units
+    double last = -std::numeric_limits<double>::infinity(); ///< in time units
 
+    /// From minus to plus infinity.
     static TimeInterval everything() { return {-TimeInterval().first, TimeInterval().first}; }
+    /// Also where an end is not a number.
     bool isEmpty() const { return !(first <= last); }
     /// Grows to cover `other` too, and what lies between both.
     void unite(const TimeInterval& other);
@@ -39,25 +41,33 @@ public:
     static CurveDiff between(const CurveState& before, const SplineBase& spline, CurveKind kind,
                              const std::string& formula);
 
+    /// True if both states were equal, to the bit.
     bool isEmpty() const;
 
     /// Whether formula, kind, behaviours and default value are the same.
     bool concernsPointsOnly() const;
+    /// @{
+    /// What the curve shows on that side of the edit.
     CurveKind kindBefore() const { return kind_.before; }
     CurveKind kindAfter() const { return kind_.after; }
+    /// @}
 
+    /// @{
     /// Makes the state before the state after, or the other way about. Returns false, and changes nothing, if
     /// what differs is not in `state` as it was left. Takes linear time.
     bool apply(CurveState& state) const;
     bool revert(CurveState& state) const;
+    /// @}
 
     /// The times at which the value of the curve may differ: around each point that differs, at its old and
     /// its new place. Everything if kind or formula differ; nothing if only the default value does.
     const TimeInterval& touched() const { return touched_; }
 
+    /// @{
     /// The serials of the points that differ and are there before, or after, in the order of time.
     std::vector<std::uint32_t> pointsBefore() const;
     std::vector<std::uint32_t> pointsAfter() const;
+    /// @}
 
     /// For logs and tests: "- 1: 5 2 Bezier", a point that was there before, its index in front; "+ 1: 6 2
     /// Bezier", one that is there after; "last 1 -> 2"; "kind 0 -> 1"; `formula "" -> "t"`. A line each.

@@ -15,6 +15,7 @@
 /// value units.
 namespace CurveFit {
 
+/// How a fit came out.
 enum class Status {
     Done,
     NoSamples,    ///< there are none, or none is finite
@@ -25,6 +26,7 @@ enum class Status {
     TooManyPoints ///< more steps than `stepLimit`
 };
 
+/// What the curve has to keep to.
 struct Options
 {
     /// How far the curve may be away from a sample, 0.0 or more. With an infinite one the ends alone stay.
@@ -34,12 +36,14 @@ struct Options
     bool monotone = false;
 };
 
+/// A curve, or why there is none.
 struct Result
 {
-    Status status = Status::NoSamples;
-    SplineState spline;     ///< without points unless `status` is `Done`
-    double deviation = 0.0; ///< the greatest distance in value from a sample to the curve
+    Status status = Status::NoSamples; ///< what was wrong with the input, if not `Done`
+    SplineState spline;                ///< without points unless `status` is `Done`
+    double deviation = 0.0;            ///< the greatest distance in value from a sample to the curve
 
+    /// True if `spline` may be assigned.
     bool isDone() const { return status == Status::Done; }
 };
 
@@ -71,15 +75,18 @@ CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, const Options& opti
 /// `Bezier`, and loses its ease. Indices of less than two points give `NoSamples`.
 CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, std::size_t first, std::size_t last,
                                    const Options& options);
+/// How many samples `simplify` takes between two points of the spline.
 constexpr std::size_t samplesInSegment = 24;
 
 /// Times from `first` to `last` at equal distances; the last distance is shorter where `step` does not divide
 /// them.
 struct Steps
 {
-    double first = 0.0, last = 0.0;
-    double step = 1.0; ///< above 0.0
+    double first = 0.0; ///< finite
+    double last = 0.0;  ///< finite, not below `first`
+    double step = 1.0;  ///< above 0.0
 };
+/// The most steps that `bake` takes, so that a small step can't fill the memory.
 constexpr std::size_t stepLimit = 1'000'000;
 
 /// `function` at each step as a point of that type. The slopes of `Bezier` points are those of `smoothSlope`.

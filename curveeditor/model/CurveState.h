@@ -11,13 +11,16 @@ enum class CurveKind { Spline, Expression };
 /// The whole content of a curve as a value: its spline, its formula, and which of both it shows.
 struct CurveState
 {
-    SplineState spline;
-    CurveKind kind = CurveKind::Spline;
+    SplineState spline;                 ///< there for an expression too, which hides it
+    CurveKind kind = CurveKind::Spline; ///< which of both counts
     std::string formula; ///< UTF-8, as the user entered it; empty for a curve without a formula
 
+    /// @{
+    /// Splines are compared to the bit, formulas as texts.
     bool operator==(const CurveState& other) const
     {
         return kind == other.kind && formula == other.formula && spline == other.spline;
     }
     bool operator!=(const CurveState& other) const { return !(*this == other); }
+    /// @}
 };

@@ -37,8 +37,9 @@ public:
     std::string text;
 
     /// @name Kind
-    /// Exactly one of these is true for a parsed node: the one of its own class.
     /// @{
+
+    /// Exactly one of these is true for a parsed node: the one of its own class.
     virtual bool isUnary() const;
     virtual bool isBinary() const;
     virtual bool isTernary() const;
@@ -50,8 +51,9 @@ public:
     /// @}
 
     /// @name Typed views
-    /// This node as its own class, null for every other class.
     /// @{
+
+    /// This node as its own class, null for every other class.
     virtual const FunctionFloatUnary* getUnaryRef() const;
     virtual const FunctionFloatBinary* getBinaryRef() const;
     virtual const FunctionFloatTernary* getTernaryRef() const;

@@ -20,17 +20,21 @@ class ExpressionProgram;
 class CURVEEDITOR_EXPORT FunctionFloatOperation : public FunctionFloatBase
 {
 public:
+    /// In the order of the text; null from the last one on.
     using Operands = std::array<std::unique_ptr<FunctionFloatBase>, 3>;
 
     ~FunctionFloatOperation() override;
 
-    // Nodes take memory that freed ones left.
+    /// @{
+    /// Nodes take memory that freed ones left.
     static void* operator new(std::size_t size);
     static void operator delete(void* memory, std::size_t size);
+    /// @}
 
     /// `node` as an operation, null if it is none.
     static const FunctionFloatOperation* of(const FunctionFloatBase& node) { return node.asOperation(); }
 
+    /// 1, 2 or 3.
     std::size_t getOperandCount() const
     {
         return std::size_t(!!operands_[0]) + !!operands_[1] + !!operands_[2];
@@ -51,6 +55,7 @@ public:
                        std::size_t count) override;
 
 protected:
+    /// `name` is the operator or function as it is written; the operands are taken over.
     FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands&& operands);
 
 private:

@@ -27,6 +27,7 @@ public:
                        std::size_t count) override;
 
 protected:
+    /// `key` must be one that the parser owns.
     FunctionFloatVariable(FunctionParserBase::keyStruct* key, bool mapped);
 
 private:

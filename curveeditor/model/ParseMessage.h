@@ -21,15 +21,18 @@ public:
         OtherError = 4            ///< the span covers what could not be read
     };
 
+    /// @{
+    /// A value like any other; a new one tells of no error.
     ParseMessage() = default;
     ParseMessage(const ParseMessage&) = default;
     ParseMessage& operator=(const ParseMessage&) = default;
     ~ParseMessage();
+    /// @}
 
-    std::uint32_t flags = 0;
-    std::int32_t code = 0;
-    std::uint32_t detail = 0;
-    std::string text; ///< the expression as the parser read it, UTF-8
+    std::uint32_t flags = 0;  ///< the parser leaves 0
+    std::int32_t code = 0;    ///< a `Code`
+    std::uint32_t detail = 0; ///< the parser leaves 0
+    std::string text;         ///< the expression as the parser read it, UTF-8
 
     /// Offset and length of each faulty place in `text`, in bytes.
     std::vector<std::pair<std::uint32_t, std::uint32_t>> errors;

@@ -63,6 +63,7 @@ protected:
     /// + - * / ^ > <, a parenthesis or a comma is never found in a text. With "=", `pi`, `min`, `max` or `mod`
     /// as a name, the comparisons, the constant or the function of that beginning are not found.
     void addName(std::string_view name);
+    /// Forgets `name`, given in any form that has the same stored one. An unknown one is passed over.
     void removeName(std::string_view name);
 
 private:

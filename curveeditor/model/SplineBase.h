@@ -71,9 +71,11 @@ public:
     };
 
     /// @name Construction
-    /// A new spline holds one point at time 0.0 and value 0.0.
     /// @{
+
+    /// Holds one point at time 0.0 and value 0.0.
     SplineBase();
+    /// Frees the points.
     ~SplineBase();
     SplineBase(const SplineBase&) = delete;
     SplineBase& operator=(const SplineBase&) = delete;
@@ -96,13 +98,19 @@ public:
     /// @name Access to the points
     /// An index that is out of range, or a point that this spline does not hold, gives null.
     /// @{
+
+    /// 1 or more.
     unsigned getControlPointsNumber() const { return static_cast<unsigned>(points_.size()); }
+    /// In the order of time.
     const PointInfo* operator[](const unsigned& index) const
     {
         return index < points_.size() ? points_[index] : nullptr;
     }
+    /// The point with which the curve begins; never null.
     const PointInfo* getFirst() const { return points_.front(); }
+    /// The point with which the curve ends; never null.
     const PointInfo* getLast() const { return points_.back(); }
+    /// For writing into fields other than `time`; the spline keeps the point.
     PointInfo* modify(const unsigned& index) { return index < points_.size() ? points_[index] : nullptr; }
     /// Any other integer type. Without this one, `modify(0)` could as well mean the null point.
     template <typename Integer, std::enable_if_t<std::is_integral_v<Integer>, bool> = true>
@@ -114,7 +122,9 @@ public:
         }
         return std::uintmax_t(index) < points_.size() ? points_[std::size_t(index)] : nullptr;
     }
+    /// The same point for writing. Looks for its address.
     PointInfo* modify(const PointInfo* point) { return modify(findIndex(point)); }
+    /// All points in the order of time. The reference holds as long as the spline, its content until the next edit.
     const std::vector<PointInfo*>& getControlPoints() const { return points_; }
 
     /// The index of `point`, -1 if this spline does not hold it. Compares addresses only, so `point` may be a
@@ -171,14 +181,19 @@ public:
     /// new point if the serial is 0 or that of an earlier point. Linear where there is nothing to do.
     void mend();
 
+    /// Writes `pos`.
     void setPos(PointInfo* point, const double& value);
+    /// Writes the slope with which a `Bezier` segment arrives; the other one stays.
     void setTanLeft(PointInfo* point, const double& value);
+    /// Writes the slope with which a `Bezier` segment leaves; the other one stays.
     void setTanRight(PointInfo* point, const double& value);
     /// @}
 
     /// @name State
     /// The whole content as a value; see `SplineState`.
     /// @{
+
+    /// A copy, in linear time.
     SplineState state() const;
     /// The same into a state whose memory is used again.
     void copyTo(SplineState& state) const;
@@ -206,7 +221,10 @@ public:
     /// @name Default value
     /// A number that the spline keeps for its host; it has no influence on the curve.
     /// @{
+
+    /// 0.0 in a new spline.
     double getDefaultValue() const { return defaultValue; }
+    /// Takes any number; one that is not finite is written to a file that `load` refuses.
     void setDefaultValue(double value) { defaultValue = value; }
     /// @}
 
@@ -227,10 +245,10 @@ public:
     std::int32_t lastType = Constant;  ///< a `Behaviour`; any unknown number acts as `Constant`
 
 protected:
+    /// @{
     /// The weights of the chords at a point, from its tension, continuity and bias. The L pair gives the
     /// slope that leaves the point and the R pair the one that arrives there; 0 belongs to the chord from the
     /// previous point, 1 to the chord to the next.
-    /// @{
     double getFactorL0(const PointInfo* point) const
     {
         return factor(point->tension, point->continuity, point->bias);
@@ -249,7 +267,7 @@ protected:
     }
     /// @}
 
-    double defaultValue = 0.0;
+    double defaultValue = 0.0;                              ///< see `getDefaultValue`
     const std::vector<PointInfo*>& controlPoints = points_; ///< ascending in time, owned, never empty
 
 private:

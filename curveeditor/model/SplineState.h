@@ -12,13 +12,16 @@
 /// removed and another that was made in its place are told apart, and -0.0 differs from 0.0.
 struct CURVEEDITOR_EXPORT SplineState
 {
-    std::vector<SplineBase::PointInfo> points; ///< ascending in time
-    std::int32_t firstType = SplineBase::Constant;
-    std::int32_t lastType = SplineBase::Constant;
-    double defaultValue = 0.0;
+    std::vector<SplineBase::PointInfo> points;     ///< ascending in time
+    std::int32_t firstType = SplineBase::Constant; ///< before the first point, as `SplineBase::firstType`
+    std::int32_t lastType = SplineBase::Constant;  ///< behind the last point, as `SplineBase::lastType`
+    double defaultValue = 0.0;                     ///< see `SplineBase::getDefaultValue`
 
+    /// @{
+    /// Compare every bit, see the class.
     bool operator==(const SplineState& other) const;
     bool operator!=(const SplineState& other) const { return !(*this == other); }
+    /// @}
 
     /// What a spline can be: at least one point, times that ascend, times and values that are finite.
     bool isWhole() const;

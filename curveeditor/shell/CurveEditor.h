@@ -36,8 +36,8 @@ struct EditReport;
 /// `setDefaultSelected` or a drop of its full name (group, ".", curve) on the list, and current, which is the
 /// one curve that mouse, keys and the expression page act on.
 ///
-///     SplineBase lens;                       // the host owns its curves ...
-///     FunctionFloatBase* formula = nullptr;  // ... and the variables of their expressions
+///     SplineBase lens;                      // the host owns its curves ...
+///     FunctionFloatBase* formula = nullptr; // ... and the variables of their expressions
 ///     CurveEditor editor;
 ///     QObject::connect(&editor, &CurveEditor::curveHasChanged,
 ///                      [&](QString& group, QString& curve) { /* read lens or formula */ });
@@ -78,7 +78,7 @@ public:
         QTreeWidgetItem* item = nullptr; ///< a row for the group's pixmap; this dialog makes none
         QMenu* menu = nullptr;           ///< submenu of the "D vars" menu; deleted with the record
         int menuId = 0;                  ///< the id in the data of the submenu's entry
-        QString name;
+        QString name;                    ///< the group, as the host gave it
     };
 
     /// One registered curve.
@@ -94,13 +94,13 @@ public:
         QTreeWidgetItem* checkItem = nullptr;   ///< a row in a check list; this dialog makes none
         QTreeWidgetItem* editingItem = nullptr; ///< the row of the editing list; deleted with the record
         QAction* action = nullptr;              ///< the entry in the "D vars" menu; deleted with the record
-        QColor color;
-        float defaultValue = 0.0F;
-        float minValue = 0.0F;
-        float maxValue = 0.0F;
-        QString name;      ///< the full name: group, ".", curve
-        QString nodeName;  ///< the group, as the host gave it
-        QString curveName; ///< the curve, as the host gave it
+        QColor color;                           ///< of the curve on the canvas and of its row
+        float defaultValue = 0.0F;              ///< what a reset leaves
+        float minValue = 0.0F;                  ///< lower bound of the curve's value
+        float maxValue = 0.0F;                  ///< upper bound of the curve's value
+        QString name;                           ///< the full name: group, ".", curve
+        QString nodeName;                       ///< the group, as the host gave it
+        QString curveName;                      ///< the curve, as the host gave it
     };
 
     /// Builds the dialog: not modal, without any curve, frames shown, 10 frames per time unit, times -1.0 to
@@ -130,12 +130,14 @@ public:
     /// Gives a group's row a picture. This dialog shows no such row, so nothing is seen.
     void setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap);
 
+    /// @{
     /// The first record of that group name, full name or lower variable name (the full name with its ASCII
     /// letters in lower case and "_" for each blank, as `CurveVariables` stores it); null if there is none.
     /// The record stays the editor's.
     MainNodeStruct* searchMainNode(const QString& name);
     NodeStruct* searchAllNodeList(const QString& name);
     NodeStruct* searchAllNodeListCurveName(const QString& name);
+    /// @}
 
     /// Puts a registered curve on the canvas and makes it current. A curve that is there already is made
     /// current only; the host then hears of its changes once more for each such call, until it leaves the
@@ -180,9 +182,11 @@ public:
 
     /// Frames per time unit.
     double getFps() const override;
+    /// @{
     /// Whether horizontal numbers show as frames, or as time.
     bool isModeFrames() const override;
     bool isModeTime() const;
+    /// @}
     /// Gives the dialog, all in it and its menus a font. The numbers of the grid, the menu over points and the
     /// boxes that it opens keep theirs.
     virtual void setFont(const QFont& font);
@@ -197,39 +201,47 @@ public:
     /// What the editor looks like now, with all that the setters below have changed.
     CurveEditorTheme theme() const;
 
-    // Single colours of the theme; a change shows at the next paint. The four of points and handles hold for all
-    // editors of the process that never got a theme.
-
-    void setCanvasColor(const QColor& color);
-    void setSelectionColor(const QColor& color);
-    void setControllerColor(const QColor& color);
-    void setControllerSelectedColor(const QColor& color);
-    void setControlPointColor(const QColor& color);
-    void setControlPointSelectedColor(const QColor& color);
-    void setFrameFontColor(const QColor& color);
-    void setFrameLinesColor(const QColor& color);
-    void setFrameHLineColor(const QColor& color);
-    void setFrameVLineColor(const QColor& color);
-    void setTimeLineColor(const QColor& color);
+    /// @name Single colours of the theme
+    /// A change shows at the next paint. The four of points and handles hold for all editors of the process that never
+    /// got a theme.
+    /// @{
+    void setCanvasColor(const QColor& color);               ///< behind everything
+    void setSelectionColor(const QColor& color);            ///< of the band over the selected points
+    void setControllerColor(const QColor& color);           ///< of handles
+    void setControllerSelectedColor(const QColor& color);   ///< of the handles of selected points
+    void setControlPointColor(const QColor& color);         ///< of points
+    void setControlPointSelectedColor(const QColor& color); ///< of selected points
+    void setFrameFontColor(const QColor& color);            ///< of the numbers at the grid
+    void setFrameLinesColor(const QColor& color);           ///< of the grid
+    void setFrameHLineColor(const QColor& color);           ///< of the line along the left edge
+    void setFrameVLineColor(const QColor& color);           ///< of the line along the bottom edge
+    void setTimeLineColor(const QColor& color);             ///< of the time line and its number
+    /// @}
 
 public Q_SLOTS:
     // Host settings
 
+    /// @{
     /// Moves the time line, by a time or by a frame number.
     void setTimeLine(const double& val);
     void setTimeLine(int val);
+    /// @}
     /// Frames per time unit. Zero and less are stored, and show numbers of no use; they do no harm.
     void setFps(const double& val);
     /// The limits of time; the view shows all of it. Limits that leave no range show an empty canvas, until
     /// others follow or "Reset View" mends them.
     void setTimeRange(const double& timeMin, const double& timeMax);
+    /// @{
     /// The limits of the value, and the edge of the view with it.
     void setMinValue(const double& val);
     void setMaxValue(const double& val);
+    /// @}
 
+    /// @{
     /// Whether horizontal numbers show as time, or as frames.
     void setShowTime();
     void setShowFrames();
+    /// @}
 
     // Read-outs; times in time units
 
@@ -241,57 +253,82 @@ public Q_SLOTS:
     // For a host's own list of curves, whose rows are named by the full names below a row for each group.
     // Null and top level rows are passed over.
 
+    /// @{
+    /// Takes the signal of such a list, and does nothing.
     void pressedItem(QTreeWidgetItem* who);
     void pressedSpaceItem(QTreeWidgetItem* who);
+    /// @}
+    /// Asks for the colour of the curve that the row names.
     void rightButtonPressedItem(QTreeWidgetItem* who, const QPoint& point, int column);
     /// Puts the curve that the row names on the canvas.
     void doubleClickedItem(QTreeWidgetItem* who, const QPoint& point, int column);
 
     // The editing list
 
+    /// Does nothing: a press selects, which is what counts.
     void pressedEditingItem(QTreeWidgetItem* who);
+    /// Opens the menu of the row at `point`, in coordinates of the screen.
     void rightButtonPressedEditingItem(QTreeWidgetItem* who, const QPoint& point, int column);
+    /// Makes the curve of a selected row current. The current curve's row stays selected where none is.
     void selectionChangedEditingItem(QTreeWidgetItem* who);
     /// As `setDefaultSelected`, with the full name. Any text may come here.
     void setEditingNode(const QString& name);
+    /// Asks for the colour of the row that the menu was opened on.
     void slotMenuEditingNodeColor();
+    /// Takes the curve of the row that the menu was opened on off the canvas.
     void slotMenuEditingNodeRemove();
+    /// Takes the curve of that row off the canvas; it stays registered.
     void slotRemoveFromEditing(QTreeWidgetItem* item);
+    /// Lets hosts hear `curveHasChanged` with these names, whether there is such a curve or not.
     void emitSignalCurveHasChanged(QString& nodeName, QString& curveName);
 
     // The expression page; the ids are those in the data of the menus' entries, others have no effect
 
     /// Parses the command line for the current curve.
     void executeCommand();
+    /// @{
+    /// Puts the function of that entry around the text of the command line.
     void insertUnaryFunc(int id);
     void insertBinaryFunc(int id);
     void insertTernaryFunc(int id);
+    /// @}
+    /// @{
+    /// Inserts the variable of that entry where the cursor is.
     void insertIVarFunc(int id);
     void insertDVarFunc(int id);
+    /// @}
+    /// @{
     /// Shows the current curve as its expression, or as its spline while its expression is kept.
     void setExpression();
     void setTcb();
+    /// @}
     /// Deletes the expression of the current curve and tells the host.
     void deleteCurveClicked();
     /// Brings the dialog in line with the current curve.
     void refreshCommandLine();
+    /// To be called when the message about a fault in the text has been closed: marks the fault in the command line.
     void errorClosed();
+    /// As `DependencyCheck` says, among all registered curves.
     bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) override;
-
+    /// Those of the registered curves, whether they are on the canvas or not.
     QStringList readersOf(const QString& curve) const override;
 
     // Commands of the "Edit" menu
 
+    /// @{
     /// Take the last edit of the undo stack back, or do it again. The points that it changed become selected, and
     /// its curve the current one if it is on the canvas. During a drag of points `undo` takes the drag back.
     void undo();
     void redo();
+    /// @}
 
     // Commands of the "File" menu
 
+    /// @{
     /// Every curve on the canvas, or the current one, loses its expression and goes back to one point.
     void resetAllCheckedF();
     void resetSelectedF();
+    /// @}
     /// Asks for a file and reads the current curve from it. A file that is no whole curve is refused with a
     /// message and changes nothing.
     void loadFile();
@@ -302,30 +339,46 @@ public Q_SLOTS:
 
     /// Asks for the range of times and values.
     void setRange();
+    /// @{
     /// Asks for factors or offsets of time and value for the selected points.
     void setScaleSelection();
     void setPanSelection();
+    /// @}
     /// Shows all that the limits allow, and counts frames from then on, on the axis, in the menu and in the field of
     /// the node page with its label. Limits that can't be shown are mended first: put in order if they are
     /// reversed, else replaced by those of a new editor.
     void resetViewport();
+    /// @{
+    /// Shows all of the current spline: its times, its values with a tenth of their span on each side, or both.
     void completeViewport();
     void completeViewportH();
     void completeViewportV();
+    /// @}
     /// Asks for a picture and shows it behind the curves.
     void loadImage();
+    /// Shows no picture behind the curves any more.
     void clearImage();
+    /// @{
+    /// How the current curve goes on before its first point.
     void setFirstNodeZero();
     void setFirstNodeConstant();
+    /// @}
+    /// @{
+    /// How the current curve goes on behind its last point, as `SplineBase::Behaviour` says.
     void setLastNodeZero();
     void setLastNodeConstant();
     void setLastNodeLoop();
     void setLastNodeLoopOffset();
     void setLastNodeFollowTangent();
+    /// @}
+    /// @{
+    /// The same by the number of the `SplineBase::Behaviour`; numbers without a meaning there have no effect.
     void changeNodeFirstType(int index);
     void changeNodeLastType(int index);
+    /// @}
 
 protected Q_SLOTS:
+    /// Sets the texts of menus and tips too.
     void languageChange() override;
 
 Q_SIGNALS:
@@ -340,20 +393,26 @@ Q_SIGNALS:
     /// A curve has changed, and when: at each step of a drag, once when an edit is done, when it is taken back or
     /// done again. Not for selections, nor for calls of the host. The slot may call every operation here.
     void curveEdited(const CurveChange& change);
+    /// @{
     /// A curve came onto the canvas, or left it.
     void curveOpened(const QString& nodeName, const QString& curveName);
     void curveClosed(const QString& nodeName, const QString& curveName);
+    /// @}
     /// Another curve is the current one now; both names are empty if there is none.
     void currentCurveChanged(const QString& nodeName, const QString& curveName);
     /// The user has moved the time line, see `setTimeLineDraggable`. The slot may set it to another time.
     void timeLineDragged(double time);
 
 protected:
+    /// Keeps the undo and redo keys and Delete from shortcuts of the window in which the dialog is docked.
     bool event(QEvent* event) override;
+    /// Follows changes of language and style.
     void changeEvent(QEvent* event) override;
     /// Takes undo and redo keys from widgets that would search for a letter.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// Keys that no field took act on the canvas, or undo and redo. Escape closes the dialog unless it takes back a drag.
     void keyPressEvent(QKeyEvent* event) override;
+    /// Emits `closed`.
     void closeEvent(QCloseEvent* event) override;
     /// Makes the canvas a stop of the Tab key, between the pages and the node page.
     bool focusNextPrevChild(bool next) override;

@@ -34,6 +34,8 @@ public:
     explicit CurveEditorDialogBase(QWidget* parent = nullptr, const QString& name = QString(),
                                    bool modal = false, Qt::WindowFlags flags = {});
 
+    /// @{
+    /// Around the pages: menu, editing list and canvas side by side, the pages below.
     PlainToolBar* mainMenu = nullptr;
     QSplitter* splitter11 = nullptr;
     EditingListPanel* listPanel = nullptr;
@@ -41,7 +43,10 @@ public:
     QSplitter* splitter10 = nullptr;
     QFrame* functionView = nullptr; ///< frame of the canvas
     QTabWidget* tabWidget2 = nullptr;
+    /// @}
 
+    /// @{
+    /// On the node page, in the order of the form: a field, and the label that names it.
     QWidget* tab = nullptr; ///< the node page
     QFrame* frame11 = nullptr;
     QPushButton* prevNode = nullptr;
@@ -76,12 +81,18 @@ public:
     QLabel* textIncoming = nullptr;
     QLabel* textOutcoming = nullptr;
     TcbCurveFrame* tcbCurve = nullptr;
+    /// @}
 
+    /// @{
+    /// On the expression page: menus of what can be inserted, the command line, and what drops the expression.
     QWidget* tab_2 = nullptr; ///< the expression page
     PlainToolBar* expressionTool = nullptr;
     ExpressionEditLine* commandLine = nullptr;
     QPushButton* deleteCurve = nullptr;
+    /// @}
 
+    /// @{
+    /// The layouts, for hosts that put widgets of their own beside those of the dialog.
     QVBoxLayout* CurveEditorDialogBaseLayout = nullptr;
     QHBoxLayout* tabLayout = nullptr;
     QHBoxLayout* frame11Layout = nullptr;
@@ -95,12 +106,14 @@ public:
     QGridLayout* ioPageLayout = nullptr;
     QVBoxLayout* tabLayout_2 = nullptr;
     QHBoxLayout* layout4 = nullptr;
+    /// @}
 
 protected Q_SLOTS:
     /// Sets every text the user sees. Runs in the constructor, and again when the language changes.
     virtual void languageChange();
 
 protected:
+    /// Calls `languageChange` when the language changes.
     void changeEvent(QEvent* event) override;
     /// Lets what is described in pixels grow with the texts. Runs whenever the font or the texts change.
     virtual void fitToFont();

@@ -24,17 +24,23 @@ public:
     explicit PanDialog(QWidget* parent = nullptr, const QString& name = QString(), bool modal = false,
                        Qt::WindowFlags flags = {});
 
+    /// @{
+    /// The lines, their labels and the two buttons, named as the objects are.
     QLabel* textLabel3_2_2 = nullptr;
     QLineEdit* panX = nullptr;
     QLabel* textLabel1_2 = nullptr;
     QLineEdit* panY = nullptr;
     QPushButton* allDonePan = nullptr;
     QPushButton* cancelPan = nullptr;
+    /// @}
 
+    /// @{
+    /// What lays them out; children of the dialog.
     QVBoxLayout* PanDialogLayout = nullptr;
     QHBoxLayout* layout2_2 = nullptr;
     QHBoxLayout* layout5 = nullptr;
     QHBoxLayout* layout5_2 = nullptr;
+    /// @}
 
 protected Q_SLOTS:
     /// Sets every text the user sees.

@@ -23,17 +23,23 @@ public:
     explicit ScaleDialog(QWidget* parent = nullptr, const QString& name = QString(), bool modal = false,
                          Qt::WindowFlags flags = {});
 
+    /// @{
+    /// The lines, their labels and the two buttons, named as the objects are.
     QLabel* textLabel3_2 = nullptr;
     QLineEdit* scaleX = nullptr;
     QLabel* textLabel1 = nullptr;
     QLineEdit* scaleY = nullptr;
     QPushButton* allDoneScale = nullptr;
     QPushButton* cancelScale = nullptr;
+    /// @}
 
+    /// @{
+    /// What lays them out; children of the dialog.
     QVBoxLayout* ScaleDialogLayout = nullptr;
     QHBoxLayout* layout2_2 = nullptr;
     QHBoxLayout* layout5 = nullptr;
     QHBoxLayout* layout5_2 = nullptr;
+    /// @}
 
 protected Q_SLOTS:
     /// Sets every text the user sees.

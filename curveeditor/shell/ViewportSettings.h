@@ -23,6 +23,8 @@ public:
     explicit ViewportSettings(QWidget* parent = nullptr, const QString& name = QString(), bool modal = false,
                               Qt::WindowFlags flags = {});
 
+    /// @{
+    /// The lines, their labels and the two buttons, named as the objects are.
     QLabel* textLabel3 = nullptr;
     QLineEdit* minX = nullptr;
     QLabel* textLabel1 = nullptr;
@@ -33,13 +35,17 @@ public:
     QLineEdit* maxY = nullptr;
     QPushButton* allDone = nullptr;
     QPushButton* cancel = nullptr;
+    /// @}
 
+    /// @{
+    /// What lays them out; children of the dialog.
     QVBoxLayout* ViewportSettingsLayout = nullptr;
     QHBoxLayout* layout2 = nullptr;
     QHBoxLayout* layout5 = nullptr;
     QHBoxLayout* layout4 = nullptr;
     QHBoxLayout* layout3 = nullptr;
     QHBoxLayout* layout5_2 = nullptr;
+    /// @}
 
 protected Q_SLOTS:
     /// Sets every text the user sees.
