@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/model/CurveState.h>
+#include <curveeditor/model/Export.h>
 
 #include <cstdint>
 #include <limits>
@@ -9,7 +10,7 @@
 #include <vector>
 
 /// A span of time, ends included; an end may be infinite. Empty unless `first` <= `last`.
-struct TimeInterval
+struct CURVEEDITOR_EXPORT TimeInterval
 {
     double first = std::numeric_limits<double>::infinity(); ///< in time units
     double last = -std::numeric_limits<double>::infinity(); ///< in time units

@@ -104,6 +104,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("curve_editor_demo"));
     QApplication::setApplicationVersion(QStringLiteral(CURVE_EDITOR_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.example.CurveEditorDemo"));
     const CommandLine commandLine(application);
 
     if (!canShow && !commandLine.isBatch()) {
