@@ -29,7 +29,7 @@ class CurveNodeBase;
 class DependencyCheck;
 class FunctionFloatBase;
 class ParseMessage;
-class MouseState;
+struct MouseState;
 class QKeyEvent;
 class QMouseEvent;
 class QPainter;

@@ -406,7 +406,7 @@ Q_SIGNALS:
 protected:
     /// Keeps the undo and redo keys and Delete from shortcuts of the window in which the dialog is docked.
     bool event(QEvent* event) override;
-    /// Follows changes of language and style.
+    /// Takes the theme of a new palette, where the theme follows it.
     void changeEvent(QEvent* event) override;
     /// Takes undo and redo keys from widgets that would search for a letter.
     bool eventFilter(QObject* watched, QEvent* event) override;
