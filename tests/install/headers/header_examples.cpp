@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The examples in the comments of the installed headers, line by line.
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/shell/CurveEditor.h>
 
@@ -28,6 +29,10 @@ int main(int argc, char* argv[])
     editor.addCurve("Camera", "Lens", Qt::yellow, 35.0F, &lens, &formula, 10.0F, 200.0F);
     editor.setDefaultSelected("Camera", "Lens");
     editor.show();
+
+    CurveEditorTheme theme = CurveEditorTheme::dark();
+    theme.grabDistance = 12; // for hands that need it
+    editor.setTheme(theme);
 
     CurveFile file;
     std::istringstream in(expressionFile);
