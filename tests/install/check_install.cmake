@@ -15,7 +15,7 @@ run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/first")
 file(RENAME "${WORK}/first" "${prefix}")
 foreach(user IN ITEMS examples/minimal_host examples/docked_host examples/curve_tool tests/install/headers)
   run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/${user}" -B "${WORK}/${user}"
-      "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}"
+      -U CurveEditor_DIR "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}"
       "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
   run("${CMAKE_COMMAND}" --build "${WORK}/${user}")
 endforeach()
