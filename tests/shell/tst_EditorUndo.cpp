@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
+#include "Invariants.h"
 
 #include <curveeditor/canvas/PointCommands.h>
 #include <curveeditor/model/SplineState.h>
@@ -304,6 +305,7 @@ private Q_SLOTS:
         QTEST(s.changes, "reports");
         QCOMPARE(s.entries(), entries);
         QVERIFY(s.showsWhatIsDrawnFromScratch());
+        QCOMPARE(Invariants::fault(s.editor), QString());
         QStringList steps;
         if (entries > 0)
             QCOMPARE(QSet<QString>(s.commits.begin(), s.commits.end()).isEmpty(), false);
