@@ -73,7 +73,7 @@ void CanvasFunctionBase::drawFront(CurvePainter& curves) const
         current_->draw(curves);
         drawSnapMark(painter);
     }
-    grid_->drawOver(&painter, theme_);
+    grid_->drawGrip(&painter, theme_);
     drawHint(painter);
 }
 
@@ -153,6 +153,7 @@ CanvasLayer::Backdrop CanvasFunctionBase::backdrop() const
     backdrop.background = image_.get();
     backdrop.grid = grid_.get();
     backdrop.timeLine = grid_->timeLineX;
+    backdrop.font = QFont();
     if (!viewport_->canShow())
         return backdrop;
     if (showMark_)

@@ -206,18 +206,11 @@ void CanvasGrid::draw(QPainter* painter, const CurveEditorTheme& theme) const
     if (lines.isEmpty())
         return;
     drawLines(painter, theme);
-    if (!theme.labelsInFront)
+    if (theme.spacesLabels)
+        drawSpacedLabels(painter, theme);
+    else
         drawLabels(painter, theme);
     painter->setBackgroundMode(Qt::OpaqueMode);
-}
-
-void CanvasGrid::drawOver(QPainter* painter, const CurveEditorTheme& theme) const
-{
-    if (lines.isEmpty())
-        return;
-    if (theme.labelsInFront)
-        drawSpacedLabels(painter, theme);
-    drawGrip(painter, theme);
 }
 
 QRect CanvasGrid::timeLineGrip(const CurveEditorTheme& theme) const

@@ -48,12 +48,12 @@ public:
     std::vector<double> times(const ViewPort& view) const;
     std::vector<double> values() const;
 
-    /// Draws lines, edges and time line as laid out, and the labels if they lie behind the curves; nothing for a view
-    /// that can't be shown. Leaves the painter's background mode opaque: dotted lines that follow fill their gaps.
+    /// Draws lines, edges, time line and labels as laid out, behind the curves, whose points no label may hide; nothing
+    /// for a view that can't be shown. Leaves the painter's background mode opaque: dotted lines that follow fill their
+    /// gaps.
     void draw(QPainter* painter, const CurveEditorTheme& theme) const;
-    /// Draws what lies over the curves: the labels if the theme puts them in front, and the grip of the time
-    /// line.
-    void drawOver(QPainter* painter, const CurveEditorTheme& theme) const;
+    /// Draws the grip of the time line, which lies over the curves.
+    void drawGrip(QPainter* painter, const CurveEditorTheme& theme) const;
     /// The grip of the time line, in pixels of the canvas; empty if the theme has none, the time line is out of sight or
     /// it can't be dragged.
     QRect timeLineGrip(const CurveEditorTheme& theme) const;
@@ -62,6 +62,5 @@ private:
     void drawLines(QPainter* painter, const CurveEditorTheme& theme) const;
     void drawLabels(QPainter* painter, const CurveEditorTheme& theme) const;
     void drawSpacedLabels(QPainter* painter, const CurveEditorTheme& theme) const;
-    void drawGrip(QPainter* painter, const CurveEditorTheme& theme) const;
     bool showsTimeLine() const { return timeLineX >= 0 && timeLineX <= gridWidth; }
 };

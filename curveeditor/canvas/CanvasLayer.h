@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
 #include <QImage>
 #include <QPoint>
 #include <QRect>
@@ -37,6 +38,7 @@ public:
         std::optional<std::pair<int, int>> selection; ///< first and last column of the selected points
         CanvasGrid* grid = nullptr;                   ///< laid out for the view
         int timeLine = -1;
+        QFont font; ///< of the application, in which labels may be
 
         bool operator==(const Backdrop& other) const = default;
     };

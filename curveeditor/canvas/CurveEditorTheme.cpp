@@ -39,7 +39,7 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
     theme.labels = contrastingColor(mixedColor(ink, canvas, 0.65), {canvas}, contrastOfTexts);
     theme.labelFamily.clear();
     theme.labelStretch = 100;
-    theme.labelsInFront = true;
+    theme.spacesLabels = true;
     theme.timeLine = part(red);
     theme.timeLineWidth = 1.0;
     theme.timeLineBlends = false;

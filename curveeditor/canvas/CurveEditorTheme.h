@@ -67,9 +67,9 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     QString labelFamily = QStringLiteral("Arial"); ///< empty: the font of the application
     double labelPoints = 8.0;                      ///< size of the labels in points, bounded as a size
     int labelStretch = 87;                         ///< per cent of the font's own width, 50 to 200
-    /// The labels stand over the curves, each on the colour of the canvas, and one that would meet an edge or another
-    /// one is left out. Else they lie behind the curves, on nothing.
-    bool labelsInFront = false;
+    /// Each label stands in the middle of its line on the colour of the canvas, and one that would meet an edge or
+    /// another one is left out. Else they stand beside their lines, on nothing.
+    bool spacesLabels = false;
     QColor timeLine = QColor(220, 255, 255); ///< also of the lines through what a dragged point snaps to
     double timeLineWidth = 2.0;
     bool timeLineBlends =

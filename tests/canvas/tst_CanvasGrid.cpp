@@ -62,10 +62,13 @@ private Q_SLOTS:
         }
     }
 
-    void labelsInFrontMeetNeitherEdgesNorEachOther()
+    void spacedLabelsMeetNeitherEdgesNorEachOther()
     {
         CurveEditorTheme theme = CurveEditorTheme::light();
         theme.timeLineGrip = 0;
+        for (QColor* const line :
+             {&theme.gridLines, &theme.zeroLines, &theme.frameHLine, &theme.frameVLine, &theme.timeLine})
+            *line = theme.labels; // unseen
         for (int width = 30; width < 400; width += 3) {
             QWidget canvas;
             canvas.resize(width, 60);
@@ -78,7 +81,7 @@ private Q_SLOTS:
             QImage image(canvas.size(), QImage::Format_RGB32);
             image.fill(theme.labels);
             QPainter painter(&image);
-            grid.drawOver(&painter, theme);
+            grid.draw(&painter, theme);
             const auto widest = painter.fontMetrics().horizontalAdvance("7.5E+06") + 6;
             int run = 0;
             for (int column = 0; column < width; ++column) {
