@@ -92,7 +92,8 @@ QFont labelFont(const CurveEditorTheme& theme)
     QFont font;
     if (!theme.labelFamily.isEmpty())
         font.setFamily(theme.labelFamily);
-    font.setPointSizeF(theme.labelPoints);
+    if (theme.labelPoints >= 1.0)
+        font.setPointSizeF(theme.labelPoints);
     font.setStretch(theme.labelStretch);
     return font;
 }

@@ -38,6 +38,7 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
     theme.frameVLine = theme.frameHLine = theme.zeroLines;
     theme.labels = contrastingColor(mixedColor(ink, canvas, 0.65), {canvas}, contrastOfTexts);
     theme.labelFamily.clear();
+    theme.labelPoints = 0.0;
     theme.labelStretch = 100;
     theme.spacesLabels = true;
     theme.timeLine = part(red);
@@ -109,7 +110,7 @@ CurveEditorTheme CurveEditorTheme::bounded() const
          {&theme.pointSize, &theme.selectedPointSize, &theme.handleSize, &theme.fixedHandleSize,
           &theme.grabDistance, &theme.handleGrabDistance, &theme.curveGrabDistance})
         bound(*size, 1.0, 100.0);
-    bound(theme.labelPoints, 1.0, 100.0);
+    bound(theme.labelPoints, 0.0, 100.0);
     bound(theme.handleLength, 1.0, 100.0);
     bound(theme.timeLineGrip, 0.0, 100.0);
     bound(theme.labelStretch, 50.0, 200.0);

@@ -65,7 +65,7 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     double frameWidth = 2.0;                   ///< of both, the outer half of which lies beyond the edge
     QColor labels = QColor(255, 255, 255);
     QString labelFamily = QStringLiteral("Arial"); ///< empty: the font of the application
-    double labelPoints = 8.0;                      ///< size of the labels in points, bounded as a size
+    double labelPoints = 8.0; ///< size of the labels in points, to 100; below 1: that of the application
     int labelStretch = 87;                         ///< per cent of the font's own width, 50 to 200
     /// Each label stands in the middle of its line on the colour of the canvas, and one that would meet an edge or
     /// another one is left out. Else they stand beside their lines, on nothing.
