@@ -69,6 +69,9 @@ void DemoWindow::createWidgets()
     hint->setWordWrap(true);
     auto* filter = new QLineEdit;
     filter->setPlaceholderText(tr("Filter"));
+    filter->setAccessibleName(tr("Filter of the curves"));
+    list_->setAccessibleName(tr("Curves"));
+    log_->setAccessibleName(tr("Reports of changes"));
     filter->setClearButtonEnabled(true);
     connect(filter, &QLineEdit::textChanged, list_, &CurveList::setFilter);
     log_->setReadOnly(true);

@@ -38,12 +38,15 @@ Transport::Transport(QWidget* parent)
     playButton_->setCheckable(true);
     playButton_->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
     playButton_->setToolTip(tr("Play (Ctrl+P)"));
+    playButton_->setAccessibleName(tr("Play"));
     playButton_->setShortcut(Qt::CTRL | Qt::Key_P);
     slider_->setObjectName(QStringLiteral("timeSlider"));
     slider_->setRange(0, sliderSteps);
     slider_->setToolTip(tr("Present time"));
     field_->setObjectName(QStringLiteral("timeField"));
     field_->setToolTip(tr("Present time"));
+    for (QWidget* const widget : std::initializer_list<QWidget*>{slider_, field_})
+        widget->setAccessibleName(widget->toolTip());
     field_->setKeyboardTracking(false);
     field_->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("0000.000000")) + 30);
 
