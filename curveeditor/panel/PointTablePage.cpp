@@ -177,6 +177,8 @@ PointTablePage::PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas,
 
 void PointTablePage::fitToFont()
 {
+    for (QHeaderView* const header : {view_->horizontalHeader(), view_->verticalHeader()})
+        header->setFont(font()); // else it may have another one from the desktop
     view_->verticalHeader()->setDefaultSectionSize(view_->verticalHeader()->minimumSectionSize());
     const int digitWidth = fontMetrics().horizontalAdvance(u'0');
     view_->horizontalHeader()->setDefaultSectionSize(digitWidth * digitsInSight);
