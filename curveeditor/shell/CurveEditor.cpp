@@ -70,6 +70,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     showTimeBounds();
     showStepTexts();
     setSplineToolsEnabled(false); // until there is a current curve
+    enablePointTools();
 }
 
 CurveEditor::~CurveEditor()

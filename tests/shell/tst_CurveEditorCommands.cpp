@@ -41,7 +41,7 @@ private Q_SLOTS:
         const auto both = [&](bool enabled) {
             return button->isEnabled() == enabled && action->isEnabled() == enabled;
         };
-        QVERIFY(both(false));
+        QVERIFY(both(false) && !CurveEditor().findChild<QToolButton*>("Scale")->isEnabled());
         fixture->clickPoint();
         QVERIFY(both(true));
         QTest::keyClick(&fixture->canvas, Qt::Key_Delete);
