@@ -100,13 +100,18 @@ void CustomEditLine::setBounds(double low, double high)
     maxValue_ = high;
 }
 
-void CustomEditLine::setColors(const QColor& field, const QColor& text)
+void CustomEditLine::setColors(const QColor& field, const QColor& text, const QColor& disabledField,
+                               const QColor& disabledText)
 {
     QPalette colors;
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
         colors.setColor(group, QPalette::Base, field);
         colors.setColor(group, QPalette::Text, text);
     }
+    if (disabledField.isValid())
+        colors.setColor(QPalette::Disabled, QPalette::Base, disabledField);
+    if (disabledText.isValid())
+        colors.setColor(QPalette::Disabled, QPalette::Text, disabledText);
     setPalette(colors);
 }
 

@@ -18,8 +18,10 @@ public:
     /// Starts with bounds of -100000000.0 and 100000000.0, an empty text and room for 9 characters.
     explicit CustomEditLine(QWidget* parent = nullptr, const QString& name = QString());
 
-    /// The colours while the line is enabled; disabled, it has those of its palette's disabled group.
-    void setColors(const QColor& field, const QColor& text);
+    /// The colours while the line is enabled, and while it is not. Those of the latter that are invalid are the
+    /// application's.
+    void setColors(const QColor& field, const QColor& text, const QColor& disabledField = QColor(),
+                   const QColor& disabledText = QColor());
 
     /// Sets both bounds and leaves the text alone. They are not checked against each other.
     void setBounds(double low, double high);

@@ -408,8 +408,7 @@ void CurveEditor::showPanelTheme()
 {
     const CurveEditorTheme shown = theme();
     setPaletteColor(functionView, QPalette::Window, shown.canvas);
-    for (CustomEditLine* const field : findChildren<CustomEditLine*>())
-        field->setColors(shown.field, shown.fieldText);
+    showFieldColors();
     commandLine->setColors(shown.formula, shown.formulaText, shown.formulaWarning);
     tcbCurve->setColors(shown.preview, shown.previewCurve, shown.previewMiddle);
     if (d_->hasOwnFont)
@@ -418,6 +417,19 @@ void CurveEditor::showPanelTheme()
     for (QWidget* const part : std::initializer_list<QWidget*>{mainMenu, checkListsEditing, tabWidget2})
         part->setFont(font);
     fitToFont();
+}
+
+/// A field that is disabled differs from the others also where it is empty.
+void CurveEditor::showFieldColors()
+{
+    const CurveEditorTheme shown = theme();
+    const QColor disabledField = palette().color(QPalette::Active, QPalette::Button);
+    for (CustomEditLine* const field : findChildren<CustomEditLine*>())
+        field->setColors(shown.field, shown.fieldText, disabledField);
+    // These are never enabled, and there to be read.
+    const QColor readable = palette().color(QPalette::Active, QPalette::ButtonText);
+    for (CustomEditLine* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit})
+        readOut->setColors(shown.field, shown.fieldText, disabledField, readable);
 }
 
 CurveEditorTheme CurveEditor::theme() const
@@ -429,8 +441,12 @@ void CurveEditor::changeEvent(QEvent* event)
 {
     CurveEditorDialogBase::changeEvent(event);
     // The first of them come from constructors.
-    if (event->type() == QEvent::PaletteChange && d_ && d_->functionEdit && theme().followsPalette)
+    if (event->type() != QEvent::PaletteChange || !d_ || !d_->functionEdit)
+        return;
+    if (theme().followsPalette)
         setTheme(CurveEditorTheme::fromPalette(palette()));
+    else
+        showFieldColors();
 }
 
 void CurveEditor::setCanvasColor(const QColor& color)

@@ -484,6 +484,7 @@ private:
     double shownTime(double time) const;
     void showTimeBounds();
     void showPanelTheme();
+    void showFieldColors();
     void paintAll();
     void paintChangedView();
 

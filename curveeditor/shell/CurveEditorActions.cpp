@@ -238,9 +238,6 @@ CustomEditLine* CurveEditor::createReadOut(const char* name)
     auto* const line = new CustomEditLine(expressionTool, QLatin1String(name));
     line->setEnabled(false);
     line->setMaxLength(readOutLength);
-    QPalette readable = line->palette();
-    readable.setColor(QPalette::Disabled, QPalette::Text, readable.color(QPalette::Active, QPalette::Text));
-    line->setPalette(readable);
     expressionTool->addWidget(line);
     return line;
 }

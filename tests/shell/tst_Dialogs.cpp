@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/TitleWidth.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/CustomEditLine.h>
@@ -85,6 +86,19 @@ private Q_SLOTS:
                                 editor.nodeLast->currentText()};
         QCOMPARE(texts, QStringList({"Time:", "Tension:", "Curves", "Loop offset"}));
         QVERIFY(!editor.findChild<CustomEditLine*>("funcTimeEdit")->isEnabled());
+    }
+
+    void disabledFieldsDifferAndReadOutsCanBeRead()
+    {
+        CurveEditor editor;
+        editor.setTheme(CurveEditorTheme::dark());
+        editor.setPalette(QPalette(QColor(44, 48, 54), QColor(34, 38, 44)));
+        const QPalette field = editor.posX->palette();
+        QVERIFY(field.color(QPalette::Disabled, QPalette::Base) !=
+                field.color(QPalette::Active, QPalette::Base));
+        const QPalette readOut = editor.findChild<CustomEditLine*>("funcTimeEdit")->palette();
+        QVERIFY(contrastOf(readOut.color(QPalette::Disabled, QPalette::Text),
+                           readOut.color(QPalette::Disabled, QPalette::Base)) >= 4.5);
     }
 
     void textsAreNotCutOffInAnyFont()
