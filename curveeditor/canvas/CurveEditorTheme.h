@@ -66,7 +66,7 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     QColor labels = QColor(255, 255, 255);
     QString labelFamily = QStringLiteral("Arial"); ///< empty: the font of the application
     double labelPoints = 8.0; ///< size of the labels in points, to 100; below 1: that of the application
-    int labelStretch = 87;                         ///< per cent of the font's own width, 50 to 200
+    int labelStretch = 87;    ///< per cent of the font's own width, 50 to 200
     /// Each label stands in the middle of its line on the colour of the canvas, and one that would meet an edge or
     /// another one is left out. Else they stand beside their lines, on nothing.
     bool spacesLabels = false;
@@ -115,8 +115,8 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     /// @name Panel
     /// @{
 
-    /// Of the menu bar, the list and the pages; empty: the font of the application. Where the host has set a font of
-    /// its own this has no effect.
+    /// Of the menu bar, the list, the pages and the dialogs for numbers; empty: the font of the application. Where the
+    /// host has set a font of its own this has no effect.
     QString panelFamily = QStringLiteral("Arial Narrow");
     QColor field = QColor(128, 128, 128); ///< fields of numbers
     QColor fieldText = QColor(0, 0, 0);

@@ -33,6 +33,8 @@
 
 namespace {
 
+constexpr int pointsOfListMenu = 8;
+
 bool isTabStop(const QWidget& widget)
 {
     return (widget.focusPolicy() & Qt::TabFocus) && widget.isEnabled() && widget.isVisible();
@@ -414,8 +416,11 @@ void CurveEditor::showPanelTheme()
     if (d_->hasOwnFont)
         return;
     const QFont font = shown.panelFamily.isEmpty() ? QFont() : QFont(shown.panelFamily);
-    for (QWidget* const part : std::initializer_list<QWidget*>{mainMenu, checkListsEditing, tabWidget2})
+    for (QWidget* const part :
+         std::initializer_list<QWidget*>{mainMenu, listPanel->filterLine(), checkListsEditing, tabWidget2})
         part->setFont(font);
+    d_->editingMenu->setFont(shown.panelFamily.isEmpty() ? QFont()
+                                                         : QFont(shown.panelFamily, pointsOfListMenu));
     fitToFont();
 }
 
@@ -430,6 +435,18 @@ void CurveEditor::showFieldColors()
     const QColor readable = palette().color(QPalette::Active, QPalette::ButtonText);
     for (CustomEditLine* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit})
         readOut->setColors(shown.field, shown.fieldText, disabledField, readable);
+}
+
+/// Gives one of the small dialogs the font of the panel, where the theme has another than these have of themselves.
+void CurveEditor::showPanelFont(QDialog& dialog) const
+{
+    const QString family = theme().panelFamily;
+    if (d_->hasOwnFont || family == CurveEditorTheme::described().panelFamily)
+        return;
+    const QFont font = family.isEmpty() ? QFont() : QFont(family);
+    dialog.setFont(font);
+    for (QWidget* const part : dialog.findChildren<QWidget*>())
+        part->setFont(font);
 }
 
 CurveEditorTheme CurveEditor::theme() const

@@ -485,6 +485,7 @@ private:
     void showTimeBounds();
     void showPanelTheme();
     void showFieldColors();
+    void showPanelFont(QDialog& dialog) const;
     void paintAll();
     void paintChangedView();
 

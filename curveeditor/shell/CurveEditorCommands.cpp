@@ -157,6 +157,7 @@ void CurveEditor::clearImage()
 void CurveEditor::setRange()
 {
     ViewportSettings dialog(this);
+    showPanelFont(dialog);
     showNumber(*dialog.minX, d_->functionEdit->timeMin);
     showNumber(*dialog.minY, d_->functionEdit->valueMin);
     showNumber(*dialog.maxX, d_->functionEdit->timeMax);
@@ -174,6 +175,7 @@ void CurveEditor::setRange()
 void CurveEditor::setScaleSelection()
 {
     ScaleDialog dialog(this);
+    showPanelFont(dialog);
     dialog.scaleX->setText(QStringLiteral("1.0"));
     dialog.scaleY->setText(QStringLiteral("1.0"));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
@@ -186,6 +188,7 @@ void CurveEditor::setScaleSelection()
 void CurveEditor::setPanSelection()
 {
     PanDialog dialog(this);
+    showPanelFont(dialog);
     dialog.panX->setText(QStringLiteral("0.0"));
     dialog.panY->setText(QStringLiteral("0.0"));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());

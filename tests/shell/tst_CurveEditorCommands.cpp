@@ -56,7 +56,9 @@ private Q_SLOTS:
     {
         fixture->clickPoint();
         fixture->changes.clear();
+        fixture->editor.setTheme(CurveEditorTheme::light());
         whenOpen<PanDialog>([](PanDialog& dialog) {
+            QCOMPARE(dialog.panX->font().family(), QApplication::font().family());
             dialog.panX->setText("1");
             dialog.panY->setText("x");
             dialog.accept();
