@@ -394,8 +394,9 @@ void CurveEditor::setFont(const QFont& font)
     for (QWidget* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit})
         readOut->setFont(font);
     for (QWidget* const widget : std::initializer_list<QWidget*>{
-             mainMenu, deleteCurve, tabWidget2, checkListsEditing, textLabel1, textLabel2, textLabel1_2,
-             textLabel1_2_3_2, textLabel1_2_3_2_2, textTension, textContinuity, textOutcoming})
+             mainMenu, deleteCurve, tabWidget2, checkListsEditing, listPanel->filterLine(), textLabel1,
+             textLabel2, textLabel1_2, textLabel1_2_3_2, textLabel1_2_3_2_2, textTension, textContinuity,
+             textOutcoming})
         widget->setFont(font);
     fitToFont();
 }

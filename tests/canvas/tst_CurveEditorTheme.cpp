@@ -92,6 +92,21 @@ private Q_SLOTS:
         QVERIFY(!CurveEditorTheme::described().hint.isValid());
     }
 
+    void labelsHideNoPointsAndFollowTheFontOfTheApplication()
+    {
+        CanvasScene scene;
+        HostCurve curve;
+        scene.add(curve, "a.x");
+        curve.spline.setPos(curve.spline.modify(0u), -2.7); // where the label of frame 50 is
+        scene.canvas.setTheme(CurveEditorTheme::light());
+        const QImage picture = scene.picture();
+        QCOMPARE(picture.pixelColor(50, 77), CurveEditorTheme::light().controlPoint);
+        const QFont usual = QApplication::font();
+        QApplication::setFont(QFont(usual.family(), 2 * usual.pointSize()));
+        QVERIFY(scene.picture() != picture);
+        QApplication::setFont(usual);
+    }
+
     void adaptedColorsKeepTheirHue()
     {
         for (const auto& [color, background] : {std::pair(Qt::yellow, Qt::white),

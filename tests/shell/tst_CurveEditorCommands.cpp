@@ -58,10 +58,10 @@ private Q_SLOTS:
         fixture->changes.clear();
         fixture->editor.setTheme(CurveEditorTheme::light());
         whenOpen<PanDialog>([](PanDialog& dialog) {
-            QCOMPARE(dialog.panX->font().family(), QApplication::font().family());
             dialog.panX->setText("1");
             dialog.panY->setText("x");
             dialog.accept();
+            QCOMPARE(dialog.panX->font().family(), QApplication::font().family());
         });
         fixture->editor.setPanSelection();
         QCOMPARE(fixture->editor.posX->text(), "60.000");

@@ -92,13 +92,28 @@ private Q_SLOTS:
     {
         CurveEditor editor;
         editor.setTheme(CurveEditorTheme::dark());
-        editor.setPalette(QPalette(QColor(44, 48, 54), QColor(34, 38, 44)));
+        QPalette colors(QColor(44, 48, 54), QColor(34, 38, 44));
+        colors.setColor(QPalette::Base, editor.theme().field);
+        colors.setColor(QPalette::Disabled, QPalette::Text, QColor(70, 76, 84));
+        editor.setPalette(colors);
         const QPalette field = editor.posX->palette();
         QVERIFY(field.color(QPalette::Disabled, QPalette::Base) !=
                 field.color(QPalette::Active, QPalette::Base));
         const QPalette readOut = editor.findChild<CustomEditLine*>("funcTimeEdit")->palette();
         QVERIFY(contrastOf(readOut.color(QPalette::Disabled, QPalette::Text),
                            readOut.color(QPalette::Disabled, QPalette::Base)) >= 4.5);
+    }
+
+    void fontOfTheHostStaysWhateverTheTheme()
+    {
+        CurveEditor editor;
+        editor.setFont(QFont("Arial"));
+        editor.setTheme(CurveEditorTheme::light());
+        editor.setTheme(CurveEditorTheme::described());
+        const auto* const filter = editor.findChild<QLineEdit*>("filterLine");
+        for (const QWidget* const part :
+             std::initializer_list<const QWidget*>{editor.mainMenu, filter, editor.posX, editor.textBias})
+            QCOMPARE(part->font().family(), "Arial");
     }
 
     void textsAreNotCutOffInAnyFont()
