@@ -2,7 +2,6 @@
 #include <curveeditor/edit/PointText.h>
 #include <curveeditor/model/SplineState.h>
 
-#include <QElapsedTimer>
 #include <QLocale>
 #include <QTest>
 
@@ -21,11 +20,8 @@ private Q_SLOTS:
             const double number = (index + 1) / 3.0;
             points.push_back({number, -0.0, 1e300, -number, 0.1, number * 1e-300, 3, -1, 1, index % 3});
         }
-        QElapsedTimer timer;
-        timer.start();
         const QString text = PointText::write(points);
         const Points read = PointText::read(text).points;
-        QVERIFY2(timer.elapsed() < 1000, "far slower than one must wait for, sanitizers included");
         QVERIFY(std::equal(read.begin(), read.end(), points.begin(), points.end(), isSamePoint));
         const QString head =
             "time\tvalue\ttype\tincoming\toutgoing\ttension\tcontinuity\tbias\teaseTo\teaseFrom\n";

@@ -2,7 +2,6 @@
 #include <curveeditor/edit/Selection.h>
 #include <curveeditor/edit/SplineEdits.h>
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <cmath>
@@ -155,10 +154,7 @@ private Q_SLOTS:
         f.spline.assign(state);
         for (const auto* each : f.spline.getControlPoints())
             serials.push_back(each->serial);
-        QElapsedTimer timer;
-        timer.start();
         SplineEdits::panPoints(f.spline, serials, 1e6, 0.0);
-        QVERIFY(timer.elapsed() < 2000); // no point passes all the others one by one
         for (int i = 0; i < 100'000; i += 33'333)
             QCOMPARE(QPointF(f.spline[unsigned(i)]->time, f.spline[unsigned(i)]->pos),
                      QPointF(1e6 + i / 2, i));

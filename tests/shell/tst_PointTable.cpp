@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QSignalSpy>
@@ -337,7 +336,7 @@ private Q_SLOTS:
         QTEST(s.column(Value), "values");
     }
 
-    void longCurveOpensAtOnce()
+    void longCurveIsEditedAsAWhole()
     {
         Scene& s = *scene_;
         SplineState state = s.x.state();
@@ -348,23 +347,13 @@ private Q_SLOTS:
         s.x.mend();
         s.editor.tabWidget2->setCurrentIndex(0);
         s.editor.updateCurves();
-        QElapsedTimer timer;
-        const auto isQuick = [&timer](const char* what) {
-            qInfo("%s: %lld ms", what, timer.elapsed());
-            return timer.restart() < 1000; // ten times what one must wait for, sanitizers included
-        };
-        timer.start();
         s.editor.tabWidget2->setCurrentIndex(2);
         s.table.viewport()->repaint();
-        QVERIFY(isQuick("open"));
         s.table.scrollToBottom();
         s.table.viewport()->repaint();
-        QVERIFY(isQuick("scroll"));
         s.table.selectAll();
         s.table.viewport()->repaint();
-        QVERIFY(isQuick("select"));
         s.type(99'999, Value, "3");
-        QVERIFY(isQuick("edit"));
         QCOMPARE(s.x[50'000]->pos, 3.0);
     }
 
