@@ -2,21 +2,19 @@
 #include <curveeditor/canvas/ControlMenu.h>
 
 #include <QAction>
+#include <QEvent>
 
 ControlMenu::ControlMenu()
 {
-    const auto addEntry = [this](const QString& text, Entry id) {
-        addAction(text)->setData(id);
-    };
     setSeparatorsCollapsible(false);
     addSeparator();
-    addEntry(QStringLiteral("Selection to Linear"), SelectionToLinear);
-    addEntry(QStringLiteral("Selection to Bezier"), SelectionToBezier);
-    addEntry(QStringLiteral("Selection to Tcb"), SelectionToTcb);
+    for (const Entry id : {SelectionToLinear, SelectionToBezier, SelectionToTcb})
+        addAction(QString())->setData(id);
     addSeparator();
-    addEntry(QStringLiteral("Create key"), CreateKey);
-    addEntry(QStringLiteral("Delete key"), DeleteKey);
+    for (const Entry id : {CreateKey, DeleteKey})
+        addAction(QString())->setData(id);
     addSeparator();
+    translate();
     connect(this, &QMenu::triggered, this, [this](QAction* action) { handleMenu(action->data().toInt()); });
 }
 
@@ -32,6 +30,23 @@ void ControlMenu::setEntryEnabled(int id, bool enabled)
         if (action->data().toInt() == id)
             action->setEnabled(enabled);
     }
+}
+
+void ControlMenu::translate()
+{
+    const QString texts[] = {
+        QString(),        tr("Selection to Linear"), tr("Selection to Bezier"), tr("Selection to Tcb"),
+        tr("Create key"), tr("Delete key")};
+    const QList<QAction*> entries = actions();
+    for (QAction* const action : entries)
+        action->setText(texts[action->data().toInt()]);
+}
+
+void ControlMenu::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+    QMenu::changeEvent(event);
 }
 
 void ControlMenu::handleMenu(int id)

@@ -38,4 +38,10 @@ Q_SIGNALS:
     void deleteSelectedNodes();
     /// Follows the signal of each entry, when its slots have done their work.
     void nodeChanged();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void translate();
 };

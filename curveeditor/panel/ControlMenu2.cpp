@@ -2,6 +2,7 @@
 #include <curveeditor/panel/ControlMenu2.h>
 
 #include <QAction>
+#include <QEvent>
 #include <QFont>
 
 namespace {
@@ -13,8 +14,9 @@ enum Entry { Remove = 1, Color = 2 };
 ControlMenu2::ControlMenu2()
 {
     setFont(QFont(QStringLiteral("Arial Narrow"), 8, -1, false));
-    addAction(QStringLiteral("Remove from editing list"))->setData(Remove);
-    addAction(QStringLiteral("Change color"))->setData(Color);
+    for (const Entry id : {Remove, Color})
+        addAction(QString())->setData(id);
+    translate();
     connect(this, &QMenu::triggered, this, [this](QAction* action) { handleMenu(action->data().toInt()); });
 }
 
@@ -31,6 +33,19 @@ QTreeWidgetItem* ControlMenu2::menuItem() const
 void ControlMenu2::showMenu(const QPoint& globalPosition, int indexAtPoint)
 {
     exec(globalPosition, actions().value(indexAtPoint));
+}
+
+void ControlMenu2::translate()
+{
+    actions()[0]->setText(tr("Remove from editing list"));
+    actions()[1]->setText(tr("Change color"));
+}
+
+void ControlMenu2::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+    QMenu::changeEvent(event);
 }
 
 void ControlMenu2::handleMenu(int id)

@@ -33,6 +33,11 @@ Q_SIGNALS:
     /// Follows the signal of the choice, so its receivers see the finished change.
     void nodeChanged();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void translate();
+
     QTreeWidgetItem* menuItem_ = nullptr;
 };

@@ -137,7 +137,7 @@ QString CustomEditLine::textFor(double value) const
 
 void CustomEditLine::setValue(double value, const char* label)
 {
-    const QString tag = QStringLiteral(" [%1]").arg(QLatin1String(label));
+    const QString tag = QStringLiteral(" [%1]").arg(QString::fromUtf8(label));
     int room = maxLength();
     while (room > 1 && !isInSight(taggedText(value, tag, room)))
         --room;

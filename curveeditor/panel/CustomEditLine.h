@@ -38,7 +38,7 @@ public:
     /// The text that `setValue` shows for a number.
     QString textFor(double value) const;
 
-    /// Shows `value` with three decimals and the label in brackets, "1.000 [Time]". Where that does not fit, the
+    /// Shows `value` with three decimals and the label, in UTF-8, in brackets, "1.000 [Time]". Where that does not fit, the
     /// number is rounded to two decimals or one, else it stands without the label, with an exponent if it must. The
     /// same where the line is too narrow.
     void setValue(double value, const char* label);

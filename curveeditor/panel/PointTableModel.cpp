@@ -91,6 +91,13 @@ QStringList PointTableModel::typeNames()
     return {tr("Linear"), tr("Bezier"), tr("Tcb")};
 }
 
+void PointTableModel::translate()
+{
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+    if (!rows_.empty())
+        Q_EMIT dataChanged(index(0, Type), index(rowCount() - 1, Type));
+}
+
 int PointTableModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(rows_.size());

@@ -54,6 +54,8 @@ public:
     bool setText(const QModelIndex& cell, const QString& text, const std::vector<int>& rows);
     /// As the column of types shows them.
     static QStringList typeNames();
+    /// To be called when the language has changed: all views take their texts anew.
+    void translate();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -61,9 +61,13 @@ public:
 
     void setEditorData(QWidget* editor, const QModelIndex& cell) const override
     {
+        auto* const combo = qobject_cast<QComboBox*>(editor);
+        const QStringList names = PointTableModel::typeNames();
+        for (int type = 0; combo && type < combo->count(); ++type)
+            combo->setItemText(type, names[type]); // the language may have changed
         if (isTouched(*editor))
             return;
-        if (auto* const combo = qobject_cast<QComboBox*>(editor))
+        if (combo)
             combo->setCurrentText(cell.data().toString());
         else
             QStyledItemDelegate::setEditorData(editor, cell);
@@ -261,6 +265,7 @@ void PointTablePage::changeEvent(QEvent* event)
 void PointTablePage::translate()
 {
     setWindowTitle(tr("Points"));
+    model_.translate();
     view_->setAccessibleName(tr("Points of the current curve"));
     if (auto* const corner = view_->findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) {
         corner->setAccessibleName(tr("Select all points"));

@@ -21,7 +21,7 @@ constexpr int fitted = SplineBase::Tcb + 1; // behind the types of points
 } // namespace
 
 BakeDialog::BakeDialog(QWidget* editor, CanvasFunctionBase& canvas)
-    : FitDialog(editor, canvas, tr("Bake")), fps_(canvas.getViewport()->fps),
+    : FitDialog(editor, canvas), fps_(canvas.getViewport()->fps),
       shownPerTime_(canvas.getViewport()->isShowFrames() && fps_ > 0.0 ? fps_ : 1.0)
 {
     addTimes();
@@ -40,26 +40,43 @@ void BakeDialog::addTimes()
     const ViewPort& view = *canvas().getViewport();
     double first = view.limitTimeMin, last = view.limitTimeMax, lowest = 0.0, highest = 0.0;
     canvas().getExtent(first, last, lowest, highest);
-    const bool areFrames = shownPerTime_ != 1.0;
-    const double step = areFrames || !(fps_ > 0.0) ? 1.0 : 1.0 / fps_;
-    from_ = addNumber("from", areFrames ? tr("&From frame") : tr("&From time"), first * shownPerTime_);
+    const double step = areFrames() || !(fps_ > 0.0) ? 1.0 : 1.0 / fps_;
+    from_ = addNumber("from", first * shownPerTime_);
     from_->setFocus();
-    to_ = addNumber("to", areFrames ? tr("&To frame") : tr("&To time"), last * shownPerTime_);
-    every_ = addNumber("every", tr("&Every"), step);
+    to_ = addNumber("to", last * shownPerTime_);
+    every_ = addNumber("every", step);
 }
 
 void BakeDialog::addKinds()
 {
     kind_ = new QComboBox;
-    kind_->addItems({tr("Linear"), tr("Bezier"), tr("Tcb"), tr("As few as the tolerance allows")});
+    kind_->addItems({QString(), QString(), QString(), QString()});
     kind_->setCurrentIndex(SplineBase::Bezier);
-    addField("kind", tr("&Points"), kind_);
-    tolerance_ = addNumber("tolerance", tr("To&lerance"), usualTolerance(0.0, 1.0));
+    addField("kind", kind_);
+    tolerance_ = addNumber("tolerance", usualTolerance(0.0, 1.0));
     tolerance_->setEnabled(false);
     connect(kind_, &QComboBox::currentIndexChanged, this, [this] {
         tolerance_->setEnabled(isFitted());
         fieldChanged();
     });
+}
+
+void BakeDialog::translate()
+{
+    setWindowTitle(tr("Bake"));
+    setLabel(from_, areFrames() ? tr("&From frame") : tr("&From time"));
+    setLabel(to_, areFrames() ? tr("&To frame") : tr("&To time"));
+    setLabel(every_, tr("&Every"));
+    setLabel(kind_, tr("&Points"));
+    const QString kinds[] = {tr("Linear"), tr("Bezier"), tr("Tcb"), tr("As few as the tolerance allows")};
+    for (int index = 0; index < kind_->count(); ++index)
+        kind_->setItemText(index, kinds[index]);
+    setLabel(tolerance_, tr("To&lerance"));
+}
+
+bool BakeDialog::areFrames() const
+{
+    return shownPerTime_ != 1.0;
 }
 
 bool BakeDialog::isFitted() const

@@ -21,10 +21,12 @@ public:
 protected:
     Outcome work() override;
     void apply() override;
+    void translate() override;
 
 private:
     void addTimes();
     void addKinds();
+    bool areFrames() const;
     bool isFitted() const;
     /// In the times that are shown.
     std::optional<CurveFit::Steps> steps() const;

@@ -440,6 +440,8 @@ private:
     void fitToFont() override;
     void orderTools();
     void translateMenuButtons();
+    void translateViewButtons();
+    void showMousePlace();
     void explainTools();
 
     void addNewMainNode(const QString& name);

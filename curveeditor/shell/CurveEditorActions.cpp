@@ -32,7 +32,6 @@ void CurveEditor::preInit()
     d_->editingMenu = std::make_unique<ControlMenu2>();
     createExpressionTool();
     languageChange();
-    fitToFont();
 }
 
 QAction* CurveEditor::createAction(const char* name)
@@ -276,8 +275,11 @@ void CurveEditor::connectActions()
 void CurveEditor::languageChange()
 {
     CurveEditorDialogBase::languageChange();
-    if (d_->functionEdit)
+    if (d_->functionEdit) {
         textLabel1->setText(isModeFrames() ? tr("Frame:") : tr("Time:"));
+        d_->functionEdit->canvas.paint();
+        showMousePlace();
+    }
     showLineTip();
     commandLine->setWhatsThis(tr("This's the expression parsed"));
 
@@ -335,7 +337,9 @@ void CurveEditor::languageChange()
     d_->lastNodeMenu->setTitle(d_->optionsLastNodeAction->text());
     d_->horizontalAxisMenu->setTitle(tr("Horizontal axis"));
     translateMenuButtons();
+    translateViewButtons();
     explainTools();
+    fitToFont();
 }
 
 void CurveEditor::translateMenuButtons()
@@ -357,6 +361,15 @@ void CurveEditor::translateMenuButtons()
         (*button)->setToolTip(tip);
         ++button;
     }
+}
+
+void CurveEditor::translateViewButtons()
+{
+    d_->fitButton->setText(tr(" Fit "));
+    d_->fitHButton->setText(tr(" Fit H "));
+    d_->fitVButton->setText(tr(" Fit V "));
+    d_->scaleButton->setText(tr("Scale"));
+    d_->panButton->setText(tr("Pan"));
 }
 
 void CurveEditor::explainTools()

@@ -267,9 +267,18 @@ void CurveEditor::setPosInfo(const double& valueX, const double& valueY)
 
 void CurveEditor::setFuncPosInfo(const double& valueX, const double& valueY, const double& val)
 {
-    d_->funcTimeEdit->setValue(shownTime(valueX), isModeFrames() ? "Frame" : "Time");
-    d_->funcCursorEdit->setValue(valueY, "Cursor");
-    d_->funcValueEdit->setValue(std::isnan(val) ? 0.0 : val, "Value");
+    d_->mousePlace = {valueX, valueY, std::isnan(val) ? 0.0 : val};
+    showMousePlace();
+}
+
+void CurveEditor::showMousePlace()
+{
+    if (!d_->mousePlace)
+        return;
+    const QString timeLabel = isModeFrames() ? tr("Frame") : tr("Time");
+    d_->funcTimeEdit->setValue(shownTime(d_->mousePlace->time), timeLabel.toUtf8());
+    d_->funcCursorEdit->setValue(d_->mousePlace->value, tr("Cursor").toUtf8());
+    d_->funcValueEdit->setValue(d_->mousePlace->curveValue, tr("Value").toUtf8());
 }
 
 void CurveEditor::setFirstNodeZero()

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CustomEditLine;
@@ -20,14 +21,22 @@ class QToolButton;
 /// class, which hosts are built against. Widgets and actions belong to their Qt parents.
 struct CurveEditor::Private
 {
+    struct MousePlace
+    {
+        double time;
+        double value;
+        double curveValue;
+    };
+
     std::vector<std::unique_ptr<MainNodeStruct>> mainNodeList;
     std::vector<std::unique_ptr<NodeStruct>> nodeList;
     int nextVariableId = 0;
-    QString toldCurrent; ///< the full name that `currentCurveChanged` told last
-    bool hasOwnFont = false; ///< set by the host
-    int setChanges = 0;  ///< curves are on their way onto the canvas or off it
-    QString lineCurve;   ///< the curve whose formula the command line shows ...
-    QString lineFormula; ///< ... and that formula
+    QString toldCurrent;                  ///< the full name that `currentCurveChanged` told last
+    bool hasOwnFont = false;              ///< set by the host
+    int setChanges = 0;                   ///< curves are on their way onto the canvas or off it
+    std::optional<MousePlace> mousePlace; ///< what the read-outs show; nothing at first
+    QString lineCurve;                    ///< the curve whose formula the command line shows ...
+    QString lineFormula;                  ///< ... and that formula
 
     FunctionEditor* functionEdit = nullptr;
     PointTablePage* pointTable = nullptr;

@@ -37,8 +37,8 @@ void CurveEditor::showStepTexts()
     if (!d_->functionEdit)
         return;
     const QUndoStack& stack = *undoStack();
-    d_->undoAction->setText(tr("Undo %1").arg(stack.undoText()).trimmed());
-    d_->redoAction->setText(tr("Redo %1").arg(stack.redoText()).trimmed());
+    d_->undoAction->setText(stack.undoText().isEmpty() ? tr("Undo") : tr("Undo %1").arg(stack.undoText()));
+    d_->redoAction->setText(stack.redoText().isEmpty() ? tr("Redo") : tr("Redo %1").arg(stack.redoText()));
     d_->undoAction->setEnabled(stack.canUndo());
     d_->redoAction->setEnabled(stack.canRedo());
 }

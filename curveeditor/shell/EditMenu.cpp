@@ -23,21 +23,30 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     addFits();
     addSnapping();
     addView();
+    translate();
     connect(menu, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
     canvas.installEventFilter(this);
 }
 
-void EditMenu::add(const QString& text, const QString& key, const Condition& isPossible,
+void EditMenu::add(const char* text, const QString& key, const Condition& isPossible,
                    const std::function<void()>& work)
 {
-    QAction* const action = target_->addAction(text, this, work);
+    QAction* const action = target_->addAction(QString(), this, work);
+    texts_.emplace_back(action, text);
     action->setShortcut(QKeySequence(key));
     action->setShortcutContext(
         Qt::WidgetShortcut); // of the menu: Qt only shows it, the event filter triggers
     entries_.emplace_back(action, isPossible);
 }
 
-void EditMenu::addToggle(const QString& text, const QString& key, const Condition& isOn,
+QMenu* EditMenu::addMenu(const char* text)
+{
+    QMenu* const menu = menu_->addMenu(QString());
+    texts_.emplace_back(menu->menuAction(), text);
+    return menu;
+}
+
+void EditMenu::addToggle(const char* text, const QString& key, const Condition& isOn,
                          const std::function<void(bool)>& work)
 {
     add(
@@ -58,13 +67,13 @@ void EditMenu::addClipboard()
         return points_.canPaste();
     };
     menu_->addSeparator();
-    add(tr("Cut points"), QStringLiteral("Ctrl+X"), canCopy, [this] { points_.cut(); });
-    add(tr("Copy points"), QStringLiteral("Ctrl+C"), canCopy, [this] { points_.copy(); });
-    add(tr("Paste points at the time line"), QStringLiteral("Ctrl+V"), canPaste,
+    add(QT_TR_NOOP("Cut points"), QStringLiteral("Ctrl+X"), canCopy, [this] { points_.cut(); });
+    add(QT_TR_NOOP("Copy points"), QStringLiteral("Ctrl+C"), canCopy, [this] { points_.copy(); });
+    add(QT_TR_NOOP("Paste points at the time line"), QStringLiteral("Ctrl+V"), canPaste,
         [this] { points_.paste(false); });
-    add(tr("Paste points where they were"), QStringLiteral("Ctrl+Shift+V"), canPaste,
+    add(QT_TR_NOOP("Paste points where they were"), QStringLiteral("Ctrl+Shift+V"), canPaste,
         [this] { points_.paste(true); });
-    add(tr("Duplicate points"), QStringLiteral("Ctrl+D"), canCopy, [this] { points_.duplicate(); });
+    add(QT_TR_NOOP("Duplicate points"), QStringLiteral("Ctrl+D"), canCopy, [this] { points_.duplicate(); });
 }
 
 void EditMenu::addSelection()
@@ -75,16 +84,18 @@ void EditMenu::addSelection()
     menu_->addSeparator();
     CanvasFunctionBase& curves = canvas_.canvas;
     addToggle(
-        tr("Edit all curves at once"), QStringLiteral("A"), [&curves] { return curves.editsAllCurves(); },
-        [&curves](bool on) { curves.setEditsAllCurves(on); });
+        QT_TR_NOOP("Edit all curves at once"), QStringLiteral("A"),
+        [&curves] { return curves.editsAllCurves(); }, [&curves](bool on) { curves.setEditsAllCurves(on); });
     menu_->addSeparator();
-    add(tr("Select all points"), QStringLiteral("Ctrl+A"), canSelect, [this] { points_.selectAll(); });
-    add(tr("Select no point"), QStringLiteral("Ctrl+Shift+A"), canSelect, [this] { points_.selectNone(); });
-    add(tr("Select the other points"), QStringLiteral("Ctrl+I"), canSelect,
+    add(QT_TR_NOOP("Select all points"), QStringLiteral("Ctrl+A"), canSelect,
+        [this] { points_.selectAll(); });
+    add(QT_TR_NOOP("Select no point"), QStringLiteral("Ctrl+Shift+A"), canSelect,
+        [this] { points_.selectNone(); });
+    add(QT_TR_NOOP("Select the other points"), QStringLiteral("Ctrl+I"), canSelect,
         [this] { points_.selectOthers(); });
-    add(tr("Select the next point too"), QStringLiteral("Shift+Right"), canSelect,
+    add(QT_TR_NOOP("Select the next point too"), QStringLiteral("Shift+Right"), canSelect,
         [this] { points_.extendSelection(true); });
-    add(tr("Select the previous point too"), QStringLiteral("Shift+Left"), canSelect,
+    add(QT_TR_NOOP("Select the previous point too"), QStringLiteral("Shift+Left"), canSelect,
         [this] { points_.extendSelection(false); });
 }
 
@@ -95,22 +106,22 @@ void EditMenu::addMoves()
     };
     const struct
     {
-        QString text;
-        QString key;
+        const char* text;
+        const char* key;
         int frames;
         int tenths;
-    } moves[] = {{tr("A frame later"), QStringLiteral("Right"), 1, 0},
-                 {tr("A frame earlier"), QStringLiteral("Left"), -1, 0},
-                 {tr("A tenth of a grid line up"), QStringLiteral("Up"), 0, 1},
-                 {tr("A tenth of a grid line down"), QStringLiteral("Down"), 0, -1}};
-    target_ = menu_->addMenu(tr("Move points"));
+    } moves[] = {{QT_TR_NOOP("A frame later"), "Alt+Right", 1, 0},
+                 {QT_TR_NOOP("A frame earlier"), "Alt+Left", -1, 0},
+                 {QT_TR_NOOP("A tenth of a grid line up"), "Alt+Up", 0, 1},
+                 {QT_TR_NOOP("A tenth of a grid line down"), "Alt+Down", 0, -1},
+                 {QT_TR_NOOP("A frame later, ten times"), "Alt+Shift+Right", 10, 0},
+                 {QT_TR_NOOP("A frame earlier, ten times"), "Alt+Shift+Left", -10, 0},
+                 {QT_TR_NOOP("A tenth of a grid line up, ten times"), "Alt+Shift+Up", 0, 10},
+                 {QT_TR_NOOP("A tenth of a grid line down, ten times"), "Alt+Shift+Down", 0, -10}};
+    target_ = addMenu(QT_TR_NOOP("Move points"));
     for (const auto& move : moves) {
-        add(move.text, QStringLiteral("Alt+") + move.key, canEdit,
+        add(move.text, QLatin1String(move.key), canEdit,
             [this, move] { points_.nudge(move.frames, move.tenths); });
-    }
-    for (const auto& move : moves) {
-        add(tr("%1, ten times").arg(move.text), QStringLiteral("Alt+Shift+") + move.key, canEdit,
-            [this, move] { points_.nudge(10 * move.frames, 10 * move.tenths); });
     }
     target_ = menu_;
 }
@@ -124,14 +135,14 @@ void EditMenu::addShaping()
         return points_.canEdit();
     };
     menu_->addSeparator();
-    add(tr("Insert a point on the curve at the mouse"), QStringLiteral("I"), canInsert,
+    add(QT_TR_NOOP("Insert a point on the curve at the mouse"), QStringLiteral("I"), canInsert,
         [this] { insertUnderMouse(); });
-    add(tr("Insert a point on the curve at the time line"), QStringLiteral("Shift+I"), canInsert,
+    add(QT_TR_NOOP("Insert a point on the curve at the time line"), QStringLiteral("Shift+I"), canInsert,
         [this] { points_.insertAtTimeLine(); });
-    target_ = menu_->addMenu(tr("Tangents"));
-    add(tr("Flatten"), {}, canEdit, [this] { points_.flattenTangents(); });
-    add(tr("Align both sides"), {}, canEdit, [this] { points_.alignTangents(); });
-    add(tr("Smooth without overshoot"), {}, canEdit, [this] { points_.smoothTangents(); });
+    target_ = addMenu(QT_TR_NOOP("Tangents"));
+    add(QT_TR_NOOP("Flatten"), {}, canEdit, [this] { points_.flattenTangents(); });
+    add(QT_TR_NOOP("Align both sides"), {}, canEdit, [this] { points_.alignTangents(); });
+    add(QT_TR_NOOP("Smooth without overshoot"), {}, canEdit, [this] { points_.smoothTangents(); });
     target_ = menu_;
 }
 
@@ -143,9 +154,10 @@ void EditMenu::addFits()
     const Condition canBake = [this] {
         return canvas_.canvas.currentSplineBase() != nullptr;
     };
-    add(tr("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
+    add(QT_TR_NOOP("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
         [this, canSimplify] { open<SimplifyDialog>(canSimplify); });
-    add(tr("Bake…"), QStringLiteral("Shift+B"), canBake, [this, canBake] { open<BakeDialog>(canBake); });
+    add(QT_TR_NOOP("Bake…"), QStringLiteral("Shift+B"), canBake,
+        [this, canBake] { open<BakeDialog>(canBake); });
 }
 
 /// To settle may run foreign code.
@@ -169,15 +181,15 @@ void EditMenu::insertUnderMouse()
 void EditMenu::addSnapping()
 {
     DragGuide& guide = canvas_.canvas.guide;
-    target_ = menu_->addMenu(tr("Snapping"));
+    target_ = addMenu(QT_TR_NOOP("Snapping"));
     addToggle(
-        tr("Snap while dragging (Ctrl: the other way)"), QStringLiteral("S"),
+        QT_TR_NOOP("Snap while dragging (Ctrl: the other way)"), QStringLiteral("S"),
         [&guide] { return guide.isSnapping; }, [&guide](bool on) { guide.isSnapping = on; });
     target_->addSeparator();
-    const std::pair<QString, Snap::Kind> kinds[] = {{tr("To frames"), Snap::Frames},
-                                                    {tr("To grid lines"), Snap::GridLines},
-                                                    {tr("To points"), Snap::Points},
-                                                    {tr("To the time line"), Snap::TimeLine}};
+    const std::pair<const char*, Snap::Kind> kinds[] = {{QT_TR_NOOP("To frames"), Snap::Frames},
+                                                        {QT_TR_NOOP("To grid lines"), Snap::GridLines},
+                                                        {QT_TR_NOOP("To points"), Snap::Points},
+                                                        {QT_TR_NOOP("To the time line"), Snap::TimeLine}};
     for (const auto& [text, kind] : kinds) {
         addToggle(
             text, {}, [&guide, kind = kind] { return (guide.snap.kinds & kind) != 0; },
@@ -194,16 +206,23 @@ void EditMenu::addView()
         return !canvas_.canvas.noCurrentCurve();
     };
     menu_->addSeparator();
-    add(tr("Show all curves"), QStringLiteral("Home"), hasCurve, [this] { canvas_.canvas.showAllCurves(); });
-    add(tr("Show selected points or the curve"), QStringLiteral("F"), hasCurve,
+    add(QT_TR_NOOP("Show all curves"), QStringLiteral("Home"), hasCurve,
+        [this] { canvas_.canvas.showAllCurves(); });
+    add(QT_TR_NOOP("Show selected points or the curve"), QStringLiteral("F"), hasCurve,
         [this] { canvas_.canvas.showSelection(); });
     const Condition canDrag = [this] {
         return canvas_.timeLineDrag.isEnabled();
     };
-    add(tr("Time line a frame later"), QStringLiteral("."), canDrag,
+    add(QT_TR_NOOP("Time line a frame later"), QStringLiteral("."), canDrag,
         [this] { canvas_.timeLineDrag.moveByFrames(1); });
-    add(tr("Time line a frame earlier"), QStringLiteral(","), canDrag,
+    add(QT_TR_NOOP("Time line a frame earlier"), QStringLiteral(","), canDrag,
         [this] { canvas_.timeLineDrag.moveByFrames(-1); });
+}
+
+void EditMenu::translate()
+{
+    for (const auto& [action, text] : texts_)
+        action->setText(tr(text));
 }
 
 void EditMenu::updateEntries()
@@ -225,6 +244,13 @@ QAction* EditMenu::entryOf(const QKeyEvent& event)
     const auto& [action, isPossible] = *found; // the others might ask other applications for the clipboard
     action->setEnabled(isPossible());
     return action->isEnabled() ? action : nullptr;
+}
+
+bool EditMenu::event(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        translate();
+    return QObject::event(event);
 }
 
 bool EditMenu::eventFilter(QObject* watched, QEvent* event)

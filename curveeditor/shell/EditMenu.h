@@ -27,13 +27,16 @@ class EditMenu : public QObject
 public:
     EditMenu(QMenu* menu, FunctionEditor& canvas);
 
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     using Condition = std::function<bool()>;
-    void add(const QString& text, const QString& key, const Condition& isPossible,
+    /// Texts are the untranslated ones.
+    void add(const char* text, const QString& key, const Condition& isPossible,
              const std::function<void()>& work);
-    void addToggle(const QString& text, const QString& key, const Condition& isOn,
+    QMenu* addMenu(const char* text);
+    void addToggle(const char* text, const QString& key, const Condition& isOn,
                    const std::function<void(bool)>& work);
     void addClipboard();
     void addSelection();
@@ -44,6 +47,7 @@ private:
     template <typename Dialog> void open(const Condition& isPossible);
     void addMoves();
     void addView();
+    void translate();
     void updateEntries();
     QAction* entryOf(const QKeyEvent& event);
 
@@ -51,6 +55,7 @@ private:
     PointCommands points_;
     QMenu* const menu_;
     QMenu* target_;                                       ///< what `add` adds to
+    std::vector<std::pair<QAction*, const char*>> texts_; ///< and the untranslated text
     std::vector<std::pair<QAction*, Condition>> entries_; ///< and whether they can be used
     std::vector<std::pair<QAction*, Condition>> toggles_; ///< and whether they are on
 };

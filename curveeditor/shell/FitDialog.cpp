@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/TitleWidth.h>
 #include <curveeditor/shell/DialogParts.h>
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -31,11 +32,10 @@ constexpr int toleranceDigits = 2;
 
 } // namespace
 
-FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas, const QString& title)
+FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas)
     : QDialog(editor), canvas_(canvas), curve_(canvas.getCurrentCurve()), form_(new QFormLayout),
       delay_(new QTimer(this))
 {
-    setWindowTitle(title);
     auto* const column = outerLayout<QVBoxLayout>("column", this);
     column->addLayout(form_);
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
@@ -53,8 +53,6 @@ void FitDialog::addOutcome()
     outcome_->setTextFormat(Qt::PlainText);
     outcome_->setWordWrap(true);
     outcome_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    outcome_->setMinimumSize(std::max(smallestWidth, titleWidth(*this)),
-                             outcomeLines * outcome_->fontMetrics().lineSpacing());
     layout()->addWidget(outcome_);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     layout()->addWidget(buttons);
@@ -62,6 +60,14 @@ void FitDialog::addOutcome()
     ok_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &FitDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &FitDialog::reject);
+    showTexts();
+}
+
+void FitDialog::showTexts()
+{
+    translate();
+    outcome_->setMinimumSize(std::max(smallestWidth, titleWidth(*this)),
+                             outcomeLines * outcome_->fontMetrics().lineSpacing());
     refresh();
 }
 
@@ -107,19 +113,36 @@ void FitDialog::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
 }
 
-void FitDialog::addField(const char* name, const QString& label, QWidget* field)
+void FitDialog::changeEvent(QEvent* event)
 {
-    field->setObjectName(QLatin1String(name));
-    if (label.isEmpty())
-        form_->addRow(field);
-    else
-        form_->addRow(label, field);
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange && outcome_)
+        showTexts();
 }
 
-QLineEdit* FitDialog::addNumber(const char* name, const QString& label, double number)
+void FitDialog::addField(const char* name, QWidget* field)
+{
+    field->setObjectName(QLatin1String(name));
+    auto* const label = new QLabel(this);
+    label->setBuddy(field);
+    form_->addRow(label, field);
+}
+
+void FitDialog::addBox(const char* name, QCheckBox* box)
+{
+    box->setObjectName(QLatin1String(name));
+    form_->addRow(box);
+}
+
+void FitDialog::setLabel(QWidget* field, const QString& text)
+{
+    static_cast<QLabel*>(form_->labelForField(field))->setText(text);
+}
+
+QLineEdit* FitDialog::addNumber(const char* name, double number)
 {
     auto* const line = new QLineEdit(QString::number(number, 'g', QLocale::FloatingPointShortest));
-    addField(name, label, line);
+    addField(name, line);
     connect(line, &QLineEdit::textChanged, this, &FitDialog::fieldChanged);
     return line;
 }

@@ -10,6 +10,7 @@
 #include <optional>
 
 class CurveNodeBase;
+class QCheckBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
@@ -27,7 +28,7 @@ class FitDialog : public QDialog
 
 public:
     /// There must be a current curve.
-    FitDialog(QWidget* editor, CanvasFunctionBase& canvas, const QString& title);
+    FitDialog(QWidget* editor, CanvasFunctionBase& canvas);
 
     void accept() override;
     void reject() override;
@@ -35,6 +36,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
     struct Outcome
     {
@@ -45,15 +47,20 @@ protected:
     virtual Outcome work() = 0;
     virtual void apply() = 0;
     virtual void takeBack() {}
+    /// Sets the title and the texts of the fields.
+    virtual void translate() = 0;
 
     CanvasFunctionBase& canvas() { return canvas_; }
     /// The curve that was current at first; null if it is not on the canvas any more.
     CurveNodeBase* curve() const;
 
-    /// A row; the name is that of the object.
-    void addField(const char* name, const QString& label, QWidget* field);
-    QLineEdit* addNumber(const char* name, const QString& label, double number);
-    /// To be called behind the last field: adds the rest and does the work for the first time.
+    /// A row of a label and a field; the name is that of the object.
+    void addField(const char* name, QWidget* field);
+    /// A row without a label.
+    void addBox(const char* name, QCheckBox* box);
+    QLineEdit* addNumber(const char* name, double number);
+    void setLabel(QWidget* field, const QString& text);
+    /// To be called behind the last field: adds the rest, translates and does the work for the first time.
     void addOutcome();
     /// For changes of fields that are no lines.
     void fieldChanged();
@@ -68,6 +75,7 @@ protected:
     void refresh();
 
 private:
+    void showTexts();
     CanvasFunctionBase& canvas_;
     QPointer<CurveNodeBase> curve_;
     QFormLayout* form_;

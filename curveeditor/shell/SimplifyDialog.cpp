@@ -11,7 +11,7 @@
 #include <cmath>
 
 SimplifyDialog::SimplifyDialog(QWidget* editor, CanvasFunctionBase& canvas)
-    : FitDialog(editor, canvas, tr("Simplify")),
+    : FitDialog(editor, canvas),
       trial_(canvas.door(), curve()->curve(), tr("Simplify %1").arg(curve()->getName()))
 {
     original_.assign(trial_.before().spline);
@@ -21,13 +21,20 @@ SimplifyDialog::SimplifyDialog(QWidget* editor, CanvasFunctionBase& canvas)
     const auto [lowest, highest] =
         std::minmax_element(begin, points.begin() + std::ptrdiff_t(last_) + 1,
                             [](const auto& left, const auto& right) { return left.pos < right.pos; });
-    tolerance_ = addNumber("tolerance", tr("&Tolerance"), usualTolerance(lowest->pos, highest->pos));
+    tolerance_ = addNumber("tolerance", usualTolerance(lowest->pos, highest->pos));
     tolerance_->selectAll();
     tolerance_->setFocus();
-    monotone_ = new QCheckBox(tr("&Keep rising and falling parts so"));
-    addField("monotone", {}, monotone_);
+    monotone_ = new QCheckBox;
+    addBox("monotone", monotone_);
     connect(monotone_, &QCheckBox::toggled, this, &SimplifyDialog::fieldChanged);
     addOutcome();
+}
+
+void SimplifyDialog::translate()
+{
+    setWindowTitle(tr("Simplify"));
+    setLabel(tolerance_, tr("&Tolerance"));
+    monotone_->setText(tr("&Keep rising and falling parts so"));
 }
 
 void SimplifyDialog::takeSpan()

@@ -20,6 +20,7 @@ protected:
     Outcome work() override;
     void apply() override;
     void takeBack() override;
+    void translate() override;
 
 private:
     void takeSpan();

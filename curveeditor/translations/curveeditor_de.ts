@@ -1,0 +1,1455 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>BakeDialog</name>
+    <message>
+        <source>Bake</source>
+        <translation>Backen</translation>
+    </message>
+    <message>
+        <source>&amp;From frame</source>
+        <translation>&amp;Von Bild</translation>
+    </message>
+    <message>
+        <source>&amp;From time</source>
+        <translation>&amp;Von Zeit</translation>
+    </message>
+    <message>
+        <source>&amp;To frame</source>
+        <translation>&amp;Bis Bild</translation>
+    </message>
+    <message>
+        <source>&amp;To time</source>
+        <translation>&amp;Bis Zeit</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation>&amp;Schrittweite</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <translation>&amp;Punkte</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>As few as the tolerance allows</source>
+        <translation>So wenige, wie die Toleranz zulässt</translation>
+    </message>
+    <message>
+        <source>To&amp;lerance</source>
+        <translation>To&amp;leranz</translation>
+    </message>
+    <message>
+        <source>The times are numbers.</source>
+        <translation>Die Zeiten müssen Zahlen sein.</translation>
+    </message>
+    <message>
+        <source>This takes too long. Fewer points may do.</source>
+        <translation>Das dauert zu lange. Vielleicht genügen weniger Punkte.</translation>
+    </message>
+    <message>
+        <source>The step is greater than 0.</source>
+        <translation>Die Schrittweite muss größer als 0 sein.</translation>
+    </message>
+    <message>
+        <source>The first time is later than the last.</source>
+        <translation>Die erste Zeit liegt nach der letzten.</translation>
+    </message>
+    <message>
+        <source>These are more than %1 points.</source>
+        <translation>Das sind mehr als %1 Punkte.</translation>
+    </message>
+    <message>
+        <source>The curve has no value there.</source>
+        <translation>Die Kurve hat dort keinen Wert.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Anzahl der Punkte: %1</translation>
+    </message>
+    <message>
+        <source>%1 values become %2 points, at most %3 away.</source>
+        <translation>Aus %1 Werten werden %2 Punkte, höchstens %3 entfernt.</translation>
+    </message>
+    <message>
+        <source>Bake %1</source>
+        <translation>%1 backen</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasAccessible</name>
+    <message>
+        <source>Canvas without a curve</source>
+        <translation>Zeichenfläche ohne Kurve</translation>
+    </message>
+    <message>
+        <source>Canvas, curve %1</source>
+        <translation>Zeichenfläche, Kurve %1</translation>
+    </message>
+    <message>
+        <source>%1 points, %2 selected</source>
+        <translation>%1 Punkte, %2 ausgewählt</translation>
+    </message>
+    <message>
+        <source>Formula %1</source>
+        <translation>Formel %1</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasFunctionBase</name>
+    <message>
+        <source>Variable %1 not found</source>
+        <translation>Variable %1 nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Unmatched parenthesis</source>
+        <translation>Klammer ohne Gegenstück</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannter Fehler</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>The formula of %1 can&apos;t be read any more:
+%2</source>
+        <translation>Die Formel von %1 kann nicht mehr gelesen werden:
+%2</translation>
+    </message>
+    <message>
+        <source>Delete the formula of %1</source>
+        <translation>Formel von %1 löschen</translation>
+    </message>
+    <message>
+        <source>Show the spline of %1</source>
+        <translation>Spline von %1 zeigen</translation>
+    </message>
+    <message>
+        <source>Show the formula of %1</source>
+        <translation>Formel von %1 zeigen</translation>
+    </message>
+    <message>
+        <source>Reset all curves</source>
+        <translation>Alle Kurven zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>%1 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Syntax error</source>
+        <translation>Syntaxfehler</translation>
+    </message>
+    <message>
+        <source>Enter the formula of %1</source>
+        <translation>Formel von %1 eingeben</translation>
+    </message>
+    <message>
+        <source>Cyclical dependency</source>
+        <translation>Zyklische Abhängigkeit</translation>
+    </message>
+    <message>
+        <source>Cyclical dependency has been found for d-var %1 </source>
+        <translation>Zyklische Abhängigkeit bei der abhängigen Variablen %1 gefunden</translation>
+    </message>
+    <message>
+        <source>Load %1</source>
+        <translation>%1 laden</translation>
+    </message>
+    <message>
+        <source>Change the start behaviour of %1</source>
+        <translation>Anfangsverhalten von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Change the end behaviour of %1</source>
+        <translation>Endverhalten von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>Punkt von %1 verschieben</translation>
+    </message>
+    <message>
+        <source>Change a tangent of %1</source>
+        <translation>Tangente von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>%1 Punkte von %2 verschieben</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>Punkt von %1 löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>%1 Punkte von %2 löschen</translation>
+    </message>
+    <message>
+        <source>Add a point to %1</source>
+        <translation>Punkt zu %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change the type of points</source>
+        <translation>Typ von Punkten ändern</translation>
+    </message>
+    <message>
+        <source>Delete points</source>
+        <translation>Punkte löschen</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 curves</source>
+        <translation>%1 Kurven</translation>
+    </message>
+    <message>
+        <source>Scale a point of %1</source>
+        <translation>Punkt von %1 skalieren</translation>
+    </message>
+    <message>
+        <source>Scale %1 points of %2</source>
+        <translation>%1 Punkte von %2 skalieren</translation>
+    </message>
+    <message>
+        <source>Pan a point of %1</source>
+        <translation>Punkt von %1 versetzen</translation>
+    </message>
+    <message>
+        <source>Pan %1 points of %2</source>
+        <translation>%1 Punkte von %2 versetzen</translation>
+    </message>
+    <message>
+        <source>Drop the name of a curve on the list to edit it here</source>
+        <translation>Den Namen einer Kurve auf die Liste ziehen, um sie hier zu bearbeiten</translation>
+    </message>
+    <message>
+        <source>Double-click to add a point</source>
+        <translation>Doppelklick fügt einen Punkt hinzu</translation>
+    </message>
+</context>
+<context>
+    <name>ControlMenu</name>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Auswahl zu Linear</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Auswahl zu Bézier</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Auswahl zu TCB</translation>
+    </message>
+    <message>
+        <source>Create key</source>
+        <translation>Keyframe erstellen</translation>
+    </message>
+    <message>
+        <source>Delete key</source>
+        <translation>Keyframe löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ControlMenu2</name>
+    <message>
+        <source>Remove from editing list</source>
+        <translation>Aus der Bearbeitungsliste entfernen</translation>
+    </message>
+    <message>
+        <source>Change color</source>
+        <translation>Farbe ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ControlSplineNode</name>
+    <message>
+        <source>Change the type of a point of %1</source>
+        <translation>Typ eines Punktes von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Change the type of %1 points of %2</source>
+        <translation>Typ von %1 Punkten von %2 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>CurveEditor</name>
+    <message>
+        <source>Canvas</source>
+        <translation>Zeichenfläche</translation>
+    </message>
+    <message>
+        <source>Horizontal axis</source>
+        <translation>Waagerechte Achse</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Curves</source>
+        <translation>Kurven</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source> Fit </source>
+        <translation> Einpassen </translation>
+    </message>
+    <message>
+        <source> Fit H </source>
+        <translation> Einpassen H </translation>
+    </message>
+    <message>
+        <source> Fit V </source>
+        <translation> Einpassen V </translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skalieren</translation>
+    </message>
+    <message>
+        <source>Pan</source>
+        <translation>Versetzen</translation>
+    </message>
+    <message>
+        <source>Unary functions</source>
+        <translation>Unäre Funktionen</translation>
+    </message>
+    <message>
+        <source>Binary functions</source>
+        <translation>Binäre Funktionen</translation>
+    </message>
+    <message>
+        <source>Ternary functions</source>
+        <translation>Ternäre Funktionen</translation>
+    </message>
+    <message>
+        <source>I vars</source>
+        <translation>Unabh. Var.</translation>
+    </message>
+    <message>
+        <source>D vars</source>
+        <translation>Abh. Var.</translation>
+    </message>
+    <message>
+        <source>Frame:</source>
+        <translation>Bild:</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Zeit:</translation>
+    </message>
+    <message>
+        <source>This&apos;s the expression parsed</source>
+        <translation>Dies ist der ausgewertete Ausdruck</translation>
+    </message>
+    <message>
+        <source>Reset All Checked Curves</source>
+        <translation>Alle markierten Kurven zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset curve</source>
+        <translation>Kurve zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Load curve</source>
+        <translation>Kurve laden</translation>
+    </message>
+    <message>
+        <source>Save curve</source>
+        <translation>Kurve speichern</translation>
+    </message>
+    <message>
+        <source>Set Range</source>
+        <translation>Bereich festlegen</translation>
+    </message>
+    <message>
+        <source>Reset View</source>
+        <translation>Ansicht zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Load image</source>
+        <translation>Bild laden</translation>
+    </message>
+    <message>
+        <source>Clear image</source>
+        <translation>Bild entfernen</translation>
+    </message>
+    <message>
+        <source>Fit View</source>
+        <translation>Ansicht einpassen</translation>
+    </message>
+    <message>
+        <source>Fit Horizontal View</source>
+        <translation>Ansicht waagerecht einpassen</translation>
+    </message>
+    <message>
+        <source>Fit Vertical View</source>
+        <translation>Ansicht senkrecht einpassen</translation>
+    </message>
+    <message>
+        <source>Scale selection</source>
+        <translation>Auswahl skalieren</translation>
+    </message>
+    <message>
+        <source>Pan selection</source>
+        <translation>Auswahl versetzen</translation>
+    </message>
+    <message>
+        <source>Show time</source>
+        <translation>Zeit anzeigen</translation>
+    </message>
+    <message>
+        <source>Show frames</source>
+        <translation>Bilder anzeigen</translation>
+    </message>
+    <message>
+        <source>Zero</source>
+        <translation>Null</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>Konstant</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Loop offset</source>
+        <translation>Schleife mit Versatz</translation>
+    </message>
+    <message>
+        <source>Follow tangent</source>
+        <translation>Tangente folgen</translation>
+    </message>
+    <message>
+        <source>Start Node Behaviour</source>
+        <translation>Verhalten vor dem ersten Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Last Node Behaviour</source>
+        <translation>Verhalten nach dem letzten Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Horizontal axis mode</source>
+        <translation>Modus der waagerechten Achse</translation>
+    </message>
+    <message>
+        <source>Reset all the checked curves</source>
+        <translation>Setzt alle markierten Kurven zurück</translation>
+    </message>
+    <message>
+        <source>Reset the current editing curve</source>
+        <translation>Setzt die aktuelle Kurve zurück</translation>
+    </message>
+    <message>
+        <source>Open previously saved curve</source>
+        <translation>Öffnet eine früher gespeicherte Kurve</translation>
+    </message>
+    <message>
+        <source>Save the current curve</source>
+        <translation>Speichert die aktuelle Kurve</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Ctrl+Y</source>
+        <translation>Ctrl+Y</translation>
+    </message>
+    <message>
+        <source>Ctrl+l</source>
+        <translation>Ctrl+l</translation>
+    </message>
+    <message>
+        <source>Ctrl+s</source>
+        <translation>Ctrl+s</translation>
+    </message>
+    <message>
+        <source>Alt+s</source>
+        <translation>Alt+s</translation>
+    </message>
+    <message>
+        <source>Alt+i</source>
+        <translation>Alt+i</translation>
+    </message>
+    <message>
+        <source>Alt+c</source>
+        <translation>Alt+c</translation>
+    </message>
+    <message>
+        <source>Alt+h</source>
+        <translation>Alt+h</translation>
+    </message>
+    <message>
+        <source>Alt+v</source>
+        <translation>Alt+v</translation>
+    </message>
+    <message>
+        <source>Alt+t</source>
+        <translation>Alt+t</translation>
+    </message>
+    <message>
+        <source>Alt+f</source>
+        <translation>Alt+f</translation>
+    </message>
+    <message>
+        <source>Resets, loads and saves curves</source>
+        <translation>Setzt Kurven zurück, lädt und speichert sie</translation>
+    </message>
+    <message>
+        <source>Chooses the current curve among those on the canvas</source>
+        <translation>Wählt die aktuelle Kurve unter denen auf der Zeichenfläche</translation>
+    </message>
+    <message>
+        <source>Sets the view, the background image and the curve outside its nodes</source>
+        <translation>Stellt die Ansicht, das Hintergrundbild und die Kurve außerhalb ihrer Stützpunkte ein</translation>
+    </message>
+    <message>
+        <source>Takes edits back, and works on the selected points and the view</source>
+        <translation>Nimmt Änderungen zurück und bearbeitet die ausgewählten Punkte und die Ansicht</translation>
+    </message>
+    <message>
+        <source>Makes the expression the argument of a function</source>
+        <translation>Macht den Ausdruck zum Argument einer Funktion</translation>
+    </message>
+    <message>
+        <source>Joins the expression with a second operand</source>
+        <translation>Verbindet den Ausdruck mit einem zweiten Operanden</translation>
+    </message>
+    <message>
+        <source>Makes the expression one of the two that a condition chooses from</source>
+        <translation>Macht den Ausdruck zu einem von zweien, aus denen eine Bedingung wählt</translation>
+    </message>
+    <message>
+        <source>Inserts the time or the frame number</source>
+        <translation>Fügt die Zeit oder die Bildnummer ein</translation>
+    </message>
+    <message>
+        <source>Inserts the value of another curve</source>
+        <translation>Fügt den Wert einer anderen Kurve ein</translation>
+    </message>
+    <message>
+        <source>Shows the whole current curve</source>
+        <translation>Zeigt die ganze aktuelle Kurve</translation>
+    </message>
+    <message>
+        <source>Shows all times of the current curve</source>
+        <translation>Zeigt alle Zeiten der aktuellen Kurve</translation>
+    </message>
+    <message>
+        <source>Shows all values of the current curve</source>
+        <translation>Zeigt alle Werte der aktuellen Kurve</translation>
+    </message>
+    <message>
+        <source>Scales the selected points by two factors</source>
+        <translation>Skaliert die ausgewählten Punkte mit zwei Faktoren</translation>
+    </message>
+    <message>
+        <source>Moves the selected points by two distances</source>
+        <translation>Versetzt die ausgewählten Punkte um zwei Strecken</translation>
+    </message>
+    <message>
+        <source>Time or frame at the mouse</source>
+        <translation>Zeit oder Bild an der Maus</translation>
+    </message>
+    <message>
+        <source>Time or frame number at the mouse</source>
+        <translation>Zeit oder Bildnummer an der Maus</translation>
+    </message>
+    <message>
+        <source>Value at the mouse</source>
+        <translation>Wert an der Maus</translation>
+    </message>
+    <message>
+        <source>Value of the curve</source>
+        <translation>Wert der Kurve</translation>
+    </message>
+    <message>
+        <source>Value of the current curve at the time of the mouse</source>
+        <translation>Wert der aktuellen Kurve zur Zeit an der Maus</translation>
+    </message>
+    <message>
+        <source>%1 holds no curve that can be read.</source>
+        <translation>%1 enthält keine lesbare Kurve.</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 existiert bereits.
+Soll die Datei ersetzt werden?</translation>
+    </message>
+    <message>
+        <source>The curve could not be saved to %1.</source>
+        <translation>Die Kurve konnte nicht in %1 gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Cursor</source>
+        <translation>Maus</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>This expression is too long for the line and can&apos;t be edited here</source>
+        <translation>Dieser Ausdruck ist zu lang für die Zeile und kann hier nicht bearbeitet werden</translation>
+    </message>
+    <message>
+        <source>Here appears the expression</source>
+        <translation>Hier erscheint der Ausdruck</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+</context>
+<context>
+    <name>CurveEditorDialogBase</name>
+    <message>
+        <source>Curve Editor</source>
+        <translation>Kurveneditor</translation>
+    </message>
+    <message>
+        <source>Selected variables</source>
+        <translation>Ausgewählte Variablen</translation>
+    </message>
+    <message>
+        <source>Here you can select the variables to be edited as curves</source>
+        <translation>Hier können die Variablen ausgewählt werden, die als Kurven bearbeitet werden</translation>
+    </message>
+    <message>
+        <source>&lt;&lt;</source>
+        <translation>&lt;&lt;</translation>
+    </message>
+    <message>
+        <source>Select previous node</source>
+        <translation>Vorigen Stützpunkt auswählen</translation>
+    </message>
+    <message>
+        <source>&gt;&gt;</source>
+        <translation>&gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Select next node</source>
+        <translation>Nächsten Stützpunkt auswählen</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Zeit:</translation>
+    </message>
+    <message>
+        <source>Value:</source>
+        <translation>Wert:</translation>
+    </message>
+    <message>
+        <source>Pre-behaviour:</source>
+        <translation>Verhalten davor:</translation>
+    </message>
+    <message>
+        <source>Zero</source>
+        <translation>Null</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>Konstant</translation>
+    </message>
+    <message>
+        <source>Post-behaviour:</source>
+        <translation>Verhalten danach:</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Loop offset</source>
+        <translation>Schleife mit Versatz</translation>
+    </message>
+    <message>
+        <source>Follow Tangent</source>
+        <translation>Tangente folgen</translation>
+    </message>
+    <message>
+        <source>Ease From:</source>
+        <translation>Abgang:</translation>
+    </message>
+    <message>
+        <source>Ease To:</source>
+        <translation>Ankunft:</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>TCB-Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Bézier-Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Linearer Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Tension:</source>
+        <translation>Spannung:</translation>
+    </message>
+    <message>
+        <source>Continuity:</source>
+        <translation>Kontinuität:</translation>
+    </message>
+    <message>
+        <source>Bias:</source>
+        <translation>Neigung:</translation>
+    </message>
+    <message>
+        <source>Incoming:</source>
+        <translation>Ankommend:</translation>
+    </message>
+    <message>
+        <source>Outgoing:</source>
+        <translation>Abgehend:</translation>
+    </message>
+    <message>
+        <source>Envelope</source>
+        <translation>Hüllkurve</translation>
+    </message>
+    <message>
+        <source>Here appears the expression</source>
+        <translation>Hier erscheint der Ausdruck</translation>
+    </message>
+    <message>
+        <source>This&apos;s the expression parsed</source>
+        <translation>Dies ist der ausgewertete Ausdruck</translation>
+    </message>
+    <message>
+        <source>Delete Expression</source>
+        <translation>Ausdruck löschen</translation>
+    </message>
+    <message>
+        <source>Expresion</source>
+        <translation>Ausdruck</translation>
+    </message>
+    <message>
+        <source>Current node: its place among the nodes of the curve, counted from 0</source>
+        <translation>Aktueller Stützpunkt: seine Stelle unter den Stützpunkten der Kurve, von 0 an gezählt</translation>
+    </message>
+    <message>
+        <source>Current node: its time, or its frame number</source>
+        <translation>Aktueller Stützpunkt: seine Zeit oder Bildnummer</translation>
+    </message>
+    <message>
+        <source>Current node: its value</source>
+        <translation>Aktueller Stützpunkt: sein Wert</translation>
+    </message>
+    <message>
+        <source>Current node: how the curve arrives, from 1 (it slows down) to -1 (it speeds up)</source>
+        <translation>Aktueller Stützpunkt: wie die Kurve ankommt, von 1 (sie wird langsamer) bis -1 (sie wird schneller)</translation>
+    </message>
+    <message>
+        <source>Current node: how the curve leaves, from 1 (slowly at first) to -1 (quickly at first)</source>
+        <translation>Aktueller Stützpunkt: wie die Kurve abgeht, von 1 (anfangs langsam) bis -1 (anfangs schnell)</translation>
+    </message>
+    <message>
+        <source>Current node: how tightly the curve turns, from a narrow bend at 1 to a wide one at -1</source>
+        <translation>Aktueller Stützpunkt: wie eng die Kurve biegt, von einem engen Bogen bei 1 bis zu einem weiten bei -1</translation>
+    </message>
+    <message>
+        <source>Current node: how sharp a corner the curve makes, 0 for none</source>
+        <translation>Aktueller Stützpunkt: wie scharf die Ecke der Kurve ist, 0 für keine</translation>
+    </message>
+    <message>
+        <source>Current node: whether its direction follows the node before (above 0) or after (below 0)</source>
+        <translation>Aktueller Stützpunkt: ob seine Richtung dem Stützpunkt davor (über 0) oder danach (unter 0) folgt</translation>
+    </message>
+    <message>
+        <source>Current node: slope of the curve before it, in values per time unit</source>
+        <translation>Aktueller Stützpunkt: Steigung der Kurve davor, in Werten je Zeiteinheit</translation>
+    </message>
+    <message>
+        <source>Current node: slope of the curve after it, in values per time unit</source>
+        <translation>Aktueller Stützpunkt: Steigung der Kurve danach, in Werten je Zeiteinheit</translation>
+    </message>
+    <message>
+        <source>Current node</source>
+        <translation>Aktueller Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Curve before the first node</source>
+        <translation>Kurve vor dem ersten Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Curve after the last node</source>
+        <translation>Kurve nach dem letzten Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Type of the current node: it shapes the curve from the node before to this one</source>
+        <translation>Typ des aktuellen Stützpunkts: Er formt die Kurve vom vorigen Stützpunkt bis zu diesem</translation>
+    </message>
+    <message>
+        <source>Turns the current curve back into nodes that can be edited</source>
+        <translation>Macht aus der aktuellen Kurve wieder Stützpunkte, die bearbeitet werden können</translation>
+    </message>
+    <message>
+        <source>What the numbers of the current node do to a curve</source>
+        <translation>Was die Zahlen des aktuellen Stützpunkts an einer Kurve bewirken</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Curves on the canvas</source>
+        <translation>Kurven auf der Zeichenfläche</translation>
+    </message>
+    <message>
+        <source>Previous node</source>
+        <translation>Voriger Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Next node</source>
+        <translation>Nächster Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Node index</source>
+        <translation>Nummer des Stützpunkts</translation>
+    </message>
+    <message>
+        <source>Time or frame</source>
+        <translation>Zeit oder Bild</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Pre-behaviour</source>
+        <translation>Verhalten davor</translation>
+    </message>
+    <message>
+        <source>Post-behaviour</source>
+        <translation>Verhalten danach</translation>
+    </message>
+    <message>
+        <source>Ease from</source>
+        <translation>Abgang</translation>
+    </message>
+    <message>
+        <source>Ease to</source>
+        <translation>Ankunft</translation>
+    </message>
+    <message>
+        <source>Node type</source>
+        <translation>Typ des Stützpunkts</translation>
+    </message>
+    <message>
+        <source>Tension</source>
+        <translation>Spannung</translation>
+    </message>
+    <message>
+        <source>Continuity</source>
+        <translation>Kontinuität</translation>
+    </message>
+    <message>
+        <source>Bias</source>
+        <translation>Neigung</translation>
+    </message>
+    <message>
+        <source>Outgoing tangent</source>
+        <translation>Abgehende Tangente</translation>
+    </message>
+    <message>
+        <source>Incoming tangent</source>
+        <translation>Ankommende Tangente</translation>
+    </message>
+    <message>
+        <source>Preview of the node parameters</source>
+        <translation>Vorschau der Parameter des Stützpunkts</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Ausdruck</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>Cut points</source>
+        <translation>Punkte ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy points</source>
+        <translation>Punkte kopieren</translation>
+    </message>
+    <message>
+        <source>Paste points at the time line</source>
+        <translation>Punkte an der Zeitlinie einfügen</translation>
+    </message>
+    <message>
+        <source>Paste points where they were</source>
+        <translation>Punkte an ihrer alten Stelle einfügen</translation>
+    </message>
+    <message>
+        <source>Duplicate points</source>
+        <translation>Punkte duplizieren</translation>
+    </message>
+    <message>
+        <source>Edit all curves at once</source>
+        <translation>Alle Kurven zugleich bearbeiten</translation>
+    </message>
+    <message>
+        <source>Select all points</source>
+        <translation>Alle Punkte auswählen</translation>
+    </message>
+    <message>
+        <source>Select no point</source>
+        <translation>Keinen Punkt auswählen</translation>
+    </message>
+    <message>
+        <source>Select the other points</source>
+        <translation>Die anderen Punkte auswählen</translation>
+    </message>
+    <message>
+        <source>Select the next point too</source>
+        <translation>Auch den nächsten Punkt auswählen</translation>
+    </message>
+    <message>
+        <source>Select the previous point too</source>
+        <translation>Auch den vorigen Punkt auswählen</translation>
+    </message>
+    <message>
+        <source>A frame later</source>
+        <translation>Ein Bild später</translation>
+    </message>
+    <message>
+        <source>A frame earlier</source>
+        <translation>Ein Bild früher</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line up</source>
+        <translation>Eine Zehntel-Rasterlinie nach oben</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line down</source>
+        <translation>Eine Zehntel-Rasterlinie nach unten</translation>
+    </message>
+    <message>
+        <source>A frame later, ten times</source>
+        <translation>Zehn Bilder später</translation>
+    </message>
+    <message>
+        <source>A frame earlier, ten times</source>
+        <translation>Zehn Bilder früher</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line up, ten times</source>
+        <translation>Eine Rasterlinie nach oben</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line down, ten times</source>
+        <translation>Eine Rasterlinie nach unten</translation>
+    </message>
+    <message>
+        <source>Move points</source>
+        <translation>Punkte verschieben</translation>
+    </message>
+    <message>
+        <source>Insert a point on the curve at the mouse</source>
+        <translation>Punkt an der Maus in die Kurve einfügen</translation>
+    </message>
+    <message>
+        <source>Insert a point on the curve at the time line</source>
+        <translation>Punkt an der Zeitlinie in die Kurve einfügen</translation>
+    </message>
+    <message>
+        <source>Tangents</source>
+        <translation>Tangenten</translation>
+    </message>
+    <message>
+        <source>Flatten</source>
+        <translation>Waagerecht stellen</translation>
+    </message>
+    <message>
+        <source>Align both sides</source>
+        <translation>Beide Seiten ausrichten</translation>
+    </message>
+    <message>
+        <source>Smooth without overshoot</source>
+        <translation>Glätten ohne Überschwingen</translation>
+    </message>
+    <message>
+        <source>Simplify…</source>
+        <translation>Vereinfachen …</translation>
+    </message>
+    <message>
+        <source>Bake…</source>
+        <translation>Backen …</translation>
+    </message>
+    <message>
+        <source>Snapping</source>
+        <translation>Einrasten</translation>
+    </message>
+    <message>
+        <source>Snap while dragging (Ctrl: the other way)</source>
+        <translation>Beim Ziehen einrasten (Strg: umgekehrt)</translation>
+    </message>
+    <message>
+        <source>To frames</source>
+        <translation>An Bildern</translation>
+    </message>
+    <message>
+        <source>To grid lines</source>
+        <translation>An Rasterlinien</translation>
+    </message>
+    <message>
+        <source>To points</source>
+        <translation>An Punkten</translation>
+    </message>
+    <message>
+        <source>To the time line</source>
+        <translation>An der Zeitlinie</translation>
+    </message>
+    <message>
+        <source>Show all curves</source>
+        <translation>Alle Kurven zeigen</translation>
+    </message>
+    <message>
+        <source>Show selected points or the curve</source>
+        <translation>Ausgewählte Punkte oder die Kurve zeigen</translation>
+    </message>
+    <message>
+        <source>Time line a frame later</source>
+        <translation>Zeitlinie ein Bild später</translation>
+    </message>
+    <message>
+        <source>Time line a frame earlier</source>
+        <translation>Zeitlinie ein Bild früher</translation>
+    </message>
+</context>
+<context>
+    <name>EditingListPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Filter of the curves</source>
+        <translation>Filter der Kurven</translation>
+    </message>
+    <message>
+        <source>Shows only the curves whose names contain this text; the others stay on the canvas</source>
+        <translation>Zeigt nur die Kurven, deren Namen diesen Text enthalten; die anderen bleiben auf der Zeichenfläche</translation>
+    </message>
+</context>
+<context>
+    <name>FitDialog</name>
+    <message>
+        <source>The tolerance is a number, 0 or more.</source>
+        <translation>Die Toleranz muss eine Zahl sein, 0 oder mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>PanDialog</name>
+    <message>
+        <source>pan selection</source>
+        <translation>Auswahl versetzen</translation>
+    </message>
+    <message>
+        <source>Pan X</source>
+        <translation>Versatz X</translation>
+    </message>
+    <message>
+        <source>Pan Y</source>
+        <translation>Versatz Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>PointAccessible</name>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>TCB-Punkt</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Bézier-Punkt</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Linearer Punkt</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, frame %3, value %4</source>
+        <translation>Punkt %1 von %2, Bild %3, Wert %4</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, time %3, value %4</source>
+        <translation>Punkt %1 von %2, Zeit %3, Wert %4</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>Punkt von %1 löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>%1 Punkte von %2 löschen</translation>
+    </message>
+</context>
+<context>
+    <name>PointCommands</name>
+    <message>
+        <source>Nudge a point of %1</source>
+        <translation>Punkt von %1 ein wenig verschieben</translation>
+    </message>
+    <message>
+        <source>Nudge %1 points of %2</source>
+        <translation>%1 Punkte von %2 ein wenig verschieben</translation>
+    </message>
+    <message>
+        <source>Cut points of %1</source>
+        <translation>Punkte von %1 ausschneiden</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>Punkte einfügen</translation>
+    </message>
+    <message>
+        <source>Paste points into %1</source>
+        <translation>Punkte in %1 einfügen</translation>
+    </message>
+    <message>
+        <source>Duplicate points of %1</source>
+        <translation>Punkte von %1 duplizieren</translation>
+    </message>
+    <message>
+        <source>Insert a point on %1</source>
+        <translation>Punkt in %1 einfügen</translation>
+    </message>
+    <message>
+        <source>Flatten a point of %1</source>
+        <translation>Tangenten eines Punktes von %1 waagerecht stellen</translation>
+    </message>
+    <message>
+        <source>Flatten %1 points of %2</source>
+        <translation>Tangenten von %1 Punkten von %2 waagerecht stellen</translation>
+    </message>
+    <message>
+        <source>Align the tangents of a point of %1</source>
+        <translation>Tangenten eines Punktes von %1 ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the tangents of %1 points of %2</source>
+        <translation>Tangenten von %1 Punkten von %2 ausrichten</translation>
+    </message>
+    <message>
+        <source>Smooth a point of %1</source>
+        <translation>Punkt von %1 glätten</translation>
+    </message>
+    <message>
+        <source>Smooth %1 points of %2</source>
+        <translation>%1 Punkte von %2 glätten</translation>
+    </message>
+</context>
+<context>
+    <name>PointTableModel</name>
+    <message>
+        <source>Linear</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Incoming</source>
+        <translation>Ankommend</translation>
+    </message>
+    <message>
+        <source>Outgoing</source>
+        <translation>Abgehend</translation>
+    </message>
+    <message>
+        <source>Tension</source>
+        <translation>Spannung</translation>
+    </message>
+    <message>
+        <source>Continuity</source>
+        <translation>Kontinuität</translation>
+    </message>
+    <message>
+        <source>Bias</source>
+        <translation>Neigung</translation>
+    </message>
+    <message>
+        <source>Ease To</source>
+        <translation>Ankunft</translation>
+    </message>
+    <message>
+        <source>Ease From</source>
+        <translation>Abgang</translation>
+    </message>
+    <message>
+        <source>Change the type of a point of %1</source>
+        <translation>Typ eines Punktes von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Change the type of %1 points of %2</source>
+        <translation>Typ von %1 Punkten von %2 ändern</translation>
+    </message>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>Zahl eines Punktes von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Change a number of %1 points of %2</source>
+        <translation>Zahl von %1 Punkten von %2 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>PointTablePage</name>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Points of the current curve</source>
+        <translation>Punkte der aktuellen Kurve</translation>
+    </message>
+    <message>
+        <source>Select all points</source>
+        <translation>Alle Punkte auswählen</translation>
+    </message>
+    <message>
+        <source>Selects all points of the current curve</source>
+        <translation>Wählt alle Punkte der aktuellen Kurve aus</translation>
+    </message>
+    <message>
+        <source>What is typed into a cell goes to all selected rows</source>
+        <translation>Was in eine Zelle getippt wird, gilt für alle ausgewählten Zeilen</translation>
+    </message>
+</context>
+<context>
+    <name>PointText</name>
+    <message>
+        <source>The text holds no points.</source>
+        <translation>Der Text enthält keine Punkte.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no column of points.</source>
+        <translation>„%1“ ist keine Spalte von Punkten.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is there twice.</source>
+        <translation>Die Spalte „%1“ ist doppelt vorhanden.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is missing.</source>
+        <translation>Die Spalte „%1“ fehlt.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 numbers.</source>
+        <translation>%1 statt %2 Zahlen.</translation>
+    </message>
+    <message>
+        <source>More than %1 points.</source>
+        <translation>Mehr als %1 Punkte.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of a point.</source>
+        <translation>„%1“ ist kein Typ eines Punktes.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number that a point can have.</source>
+        <translation>„%1“ ist keine Zahl, die ein Punkt haben kann.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ScaleDialog</name>
+    <message>
+        <source>scale selection</source>
+        <translation>Auswahl skalieren</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>Faktor X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>Faktor Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>SimplifyDialog</name>
+    <message>
+        <source>Simplify %1</source>
+        <translation>%1 vereinfachen</translation>
+    </message>
+    <message>
+        <source>Simplify</source>
+        <translation>Vereinfachen</translation>
+    </message>
+    <message>
+        <source>&amp;Tolerance</source>
+        <translation>&amp;Toleranz</translation>
+    </message>
+    <message>
+        <source>&amp;Keep rising and falling parts so</source>
+        <translation>&amp;Steigende und fallende Teile bleiben so</translation>
+    </message>
+    <message>
+        <source>The curve has changed meanwhile and stays as it is.</source>
+        <translation>Die Kurve hat sich inzwischen geändert und bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>No fewer than %1 points are within this tolerance.</source>
+        <translation>Mit weniger als %1 Punkten ist diese Toleranz nicht einzuhalten.</translation>
+    </message>
+    <message>
+        <source>%1 points of the selected part become %2, at most %3 away.</source>
+        <translation>Aus %1 Punkten des ausgewählten Teils werden %2, höchstens %3 entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 points become %2, at most %3 away.</source>
+        <translation>Aus %1 Punkten werden %2, höchstens %3 entfernt.</translation>
+    </message>
+</context>
+<context>
+    <name>TcbEditorForm</name>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>Zahl eines Punktes von %1 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ViewportSettings</name>
+    <message>
+        <source>viewPort Settings</source>
+        <translation>Ansichtsbereich</translation>
+    </message>
+    <message>
+        <source>MinX</source>
+        <translation>Min. X</translation>
+    </message>
+    <message>
+        <source>MinY</source>
+        <translation>Min. Y</translation>
+    </message>
+    <message>
+        <source>MaxX</source>
+        <translation>Max. X</translation>
+    </message>
+    <message>
+        <source>MaxY</source>
+        <translation>Max. Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+</TS>

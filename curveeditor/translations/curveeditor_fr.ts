@@ -1,0 +1,1455 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr">
+<context>
+    <name>BakeDialog</name>
+    <message>
+        <source>Bake</source>
+        <translation>Précalculer</translation>
+    </message>
+    <message>
+        <source>&amp;From frame</source>
+        <translation>&amp;Depuis l&apos;image</translation>
+    </message>
+    <message>
+        <source>&amp;From time</source>
+        <translation>&amp;Depuis le temps</translation>
+    </message>
+    <message>
+        <source>&amp;To frame</source>
+        <translation>&amp;Jusqu&apos;à l&apos;image</translation>
+    </message>
+    <message>
+        <source>&amp;To time</source>
+        <translation>&amp;Jusqu&apos;au temps</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation>Pa&amp;s</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <translation>&amp;Points</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>Linéaire</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>As few as the tolerance allows</source>
+        <translation>Aussi peu que la tolérance le permet</translation>
+    </message>
+    <message>
+        <source>To&amp;lerance</source>
+        <translation>To&amp;lérance</translation>
+    </message>
+    <message>
+        <source>The times are numbers.</source>
+        <translation>Les temps doivent être des nombres.</translation>
+    </message>
+    <message>
+        <source>This takes too long. Fewer points may do.</source>
+        <translation>Cela prend trop de temps. Moins de points suffisent peut-être.</translation>
+    </message>
+    <message>
+        <source>The step is greater than 0.</source>
+        <translation>Le pas doit être supérieur à 0.</translation>
+    </message>
+    <message>
+        <source>The first time is later than the last.</source>
+        <translation>Le premier temps est postérieur au dernier.</translation>
+    </message>
+    <message>
+        <source>These are more than %1 points.</source>
+        <translation>Cela fait plus de %1 points.</translation>
+    </message>
+    <message>
+        <source>The curve has no value there.</source>
+        <translation>La courbe n&apos;a pas de valeur à cet endroit.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Nombre de points&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 values become %2 points, at most %3 away.</source>
+        <translation>%1 valeurs deviennent %2 points, à %3 au plus.</translation>
+    </message>
+    <message>
+        <source>Bake %1</source>
+        <translation>Précalculer %1</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasAccessible</name>
+    <message>
+        <source>Canvas without a curve</source>
+        <translation>Canevas sans courbe</translation>
+    </message>
+    <message>
+        <source>Canvas, curve %1</source>
+        <translation>Canevas, courbe %1</translation>
+    </message>
+    <message>
+        <source>%1 points, %2 selected</source>
+        <translation>%1 points, %2 sélectionnés</translation>
+    </message>
+    <message>
+        <source>Formula %1</source>
+        <translation>Formule %1</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasFunctionBase</name>
+    <message>
+        <source>Variable %1 not found</source>
+        <translation>Variable %1 introuvable</translation>
+    </message>
+    <message>
+        <source>Unmatched parenthesis</source>
+        <translation>Parenthèse non appariée</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Erreur inconnue</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>The formula of %1 can&apos;t be read any more:
+%2</source>
+        <translation>La formule de %1 ne peut plus être lue&#xa0;:
+%2</translation>
+    </message>
+    <message>
+        <source>Delete the formula of %1</source>
+        <translation>Supprimer la formule de %1</translation>
+    </message>
+    <message>
+        <source>Show the spline of %1</source>
+        <translation>Afficher la spline de %1</translation>
+    </message>
+    <message>
+        <source>Show the formula of %1</source>
+        <translation>Afficher la formule de %1</translation>
+    </message>
+    <message>
+        <source>Reset all curves</source>
+        <translation>Réinitialiser toutes les courbes</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>Réinitialiser %1</translation>
+    </message>
+    <message>
+        <source>Syntax error</source>
+        <translation>Erreur de syntaxe</translation>
+    </message>
+    <message>
+        <source>Enter the formula of %1</source>
+        <translation>Saisir la formule de %1</translation>
+    </message>
+    <message>
+        <source>Cyclical dependency</source>
+        <translation>Dépendance cyclique</translation>
+    </message>
+    <message>
+        <source>Cyclical dependency has been found for d-var %1 </source>
+        <translation>Une dépendance cyclique a été trouvée pour la variable dépendante %1</translation>
+    </message>
+    <message>
+        <source>Load %1</source>
+        <translation>Charger %1</translation>
+    </message>
+    <message>
+        <source>Change the start behaviour of %1</source>
+        <translation>Modifier le comportement initial de %1</translation>
+    </message>
+    <message>
+        <source>Change the end behaviour of %1</source>
+        <translation>Modifier le comportement final de %1</translation>
+    </message>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>Déplacer un point de %1</translation>
+    </message>
+    <message>
+        <source>Change a tangent of %1</source>
+        <translation>Modifier une tangente de %1</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>Déplacer %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>Supprimer un point de %1</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>Supprimer %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Add a point to %1</source>
+        <translation>Ajouter un point à %1</translation>
+    </message>
+    <message>
+        <source>Change the type of points</source>
+        <translation>Modifier le type de points</translation>
+    </message>
+    <message>
+        <source>Delete points</source>
+        <translation>Supprimer des points</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 curves</source>
+        <translation>%1 courbes</translation>
+    </message>
+    <message>
+        <source>Scale a point of %1</source>
+        <translation>Mettre à l&apos;échelle un point de %1</translation>
+    </message>
+    <message>
+        <source>Scale %1 points of %2</source>
+        <translation>Mettre à l&apos;échelle %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Pan a point of %1</source>
+        <translation>Décaler un point de %1</translation>
+    </message>
+    <message>
+        <source>Pan %1 points of %2</source>
+        <translation>Décaler %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Drop the name of a curve on the list to edit it here</source>
+        <translation>Déposez le nom d&apos;une courbe sur la liste pour la modifier ici</translation>
+    </message>
+    <message>
+        <source>Double-click to add a point</source>
+        <translation>Double-cliquez pour ajouter un point</translation>
+    </message>
+</context>
+<context>
+    <name>ControlMenu</name>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Sélection en linéaire</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Sélection en Bézier</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Sélection en TCB</translation>
+    </message>
+    <message>
+        <source>Create key</source>
+        <translation>Créer une clé</translation>
+    </message>
+    <message>
+        <source>Delete key</source>
+        <translation>Supprimer la clé</translation>
+    </message>
+</context>
+<context>
+    <name>ControlMenu2</name>
+    <message>
+        <source>Remove from editing list</source>
+        <translation>Retirer de la liste d&apos;édition</translation>
+    </message>
+    <message>
+        <source>Change color</source>
+        <translation>Changer la couleur</translation>
+    </message>
+</context>
+<context>
+    <name>ControlSplineNode</name>
+    <message>
+        <source>Change the type of a point of %1</source>
+        <translation>Modifier le type d&apos;un point de %1</translation>
+    </message>
+    <message>
+        <source>Change the type of %1 points of %2</source>
+        <translation>Modifier le type de %1 points de %2</translation>
+    </message>
+</context>
+<context>
+    <name>CurveEditor</name>
+    <message>
+        <source>Canvas</source>
+        <translation>Canevas</translation>
+    </message>
+    <message>
+        <source>Horizontal axis</source>
+        <translation>Axe horizontal</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Curves</source>
+        <translation>Courbes</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Options</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Édition</translation>
+    </message>
+    <message>
+        <source> Fit </source>
+        <translation> Ajuster </translation>
+    </message>
+    <message>
+        <source> Fit H </source>
+        <translation> Ajuster H </translation>
+    </message>
+    <message>
+        <source> Fit V </source>
+        <translation> Ajuster V </translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Échelle</translation>
+    </message>
+    <message>
+        <source>Pan</source>
+        <translation>Décaler</translation>
+    </message>
+    <message>
+        <source>Unary functions</source>
+        <translation>Fonctions unaires</translation>
+    </message>
+    <message>
+        <source>Binary functions</source>
+        <translation>Fonctions binaires</translation>
+    </message>
+    <message>
+        <source>Ternary functions</source>
+        <translation>Fonctions ternaires</translation>
+    </message>
+    <message>
+        <source>I vars</source>
+        <translation>Var. indép.</translation>
+    </message>
+    <message>
+        <source>D vars</source>
+        <translation>Var. dép.</translation>
+    </message>
+    <message>
+        <source>Frame:</source>
+        <translation>Image&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Temps&#xa0;:</translation>
+    </message>
+    <message>
+        <source>This&apos;s the expression parsed</source>
+        <translation>Ceci est l&apos;expression analysée</translation>
+    </message>
+    <message>
+        <source>Reset All Checked Curves</source>
+        <translation>Réinitialiser toutes les courbes cochées</translation>
+    </message>
+    <message>
+        <source>Reset curve</source>
+        <translation>Réinitialiser la courbe</translation>
+    </message>
+    <message>
+        <source>Load curve</source>
+        <translation>Charger une courbe</translation>
+    </message>
+    <message>
+        <source>Save curve</source>
+        <translation>Enregistrer la courbe</translation>
+    </message>
+    <message>
+        <source>Set Range</source>
+        <translation>Définir l&apos;étendue</translation>
+    </message>
+    <message>
+        <source>Reset View</source>
+        <translation>Réinitialiser la vue</translation>
+    </message>
+    <message>
+        <source>Load image</source>
+        <translation>Charger une image</translation>
+    </message>
+    <message>
+        <source>Clear image</source>
+        <translation>Effacer l&apos;image</translation>
+    </message>
+    <message>
+        <source>Fit View</source>
+        <translation>Ajuster la vue</translation>
+    </message>
+    <message>
+        <source>Fit Horizontal View</source>
+        <translation>Ajuster la vue horizontale</translation>
+    </message>
+    <message>
+        <source>Fit Vertical View</source>
+        <translation>Ajuster la vue verticale</translation>
+    </message>
+    <message>
+        <source>Scale selection</source>
+        <translation>Mettre la sélection à l&apos;échelle</translation>
+    </message>
+    <message>
+        <source>Pan selection</source>
+        <translation>Décaler la sélection</translation>
+    </message>
+    <message>
+        <source>Show time</source>
+        <translation>Afficher le temps</translation>
+    </message>
+    <message>
+        <source>Show frames</source>
+        <translation>Afficher les images</translation>
+    </message>
+    <message>
+        <source>Zero</source>
+        <translation>Zéro</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>Constante</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Loop offset</source>
+        <translation>Boucle avec décalage</translation>
+    </message>
+    <message>
+        <source>Follow tangent</source>
+        <translation>Suivre la tangente</translation>
+    </message>
+    <message>
+        <source>Start Node Behaviour</source>
+        <translation>Comportement au nœud de début</translation>
+    </message>
+    <message>
+        <source>Last Node Behaviour</source>
+        <translation>Comportement au nœud de fin</translation>
+    </message>
+    <message>
+        <source>Horizontal axis mode</source>
+        <translation>Mode de l&apos;axe horizontal</translation>
+    </message>
+    <message>
+        <source>Reset all the checked curves</source>
+        <translation>Réinitialise toutes les courbes cochées</translation>
+    </message>
+    <message>
+        <source>Reset the current editing curve</source>
+        <translation>Réinitialise la courbe en cours</translation>
+    </message>
+    <message>
+        <source>Open previously saved curve</source>
+        <translation>Ouvre une courbe enregistrée précédemment</translation>
+    </message>
+    <message>
+        <source>Save the current curve</source>
+        <translation>Enregistre la courbe en cours</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Ctrl+Y</source>
+        <translation>Ctrl+Y</translation>
+    </message>
+    <message>
+        <source>Ctrl+l</source>
+        <translation>Ctrl+l</translation>
+    </message>
+    <message>
+        <source>Ctrl+s</source>
+        <translation>Ctrl+s</translation>
+    </message>
+    <message>
+        <source>Alt+s</source>
+        <translation>Alt+s</translation>
+    </message>
+    <message>
+        <source>Alt+i</source>
+        <translation>Alt+i</translation>
+    </message>
+    <message>
+        <source>Alt+c</source>
+        <translation>Alt+c</translation>
+    </message>
+    <message>
+        <source>Alt+h</source>
+        <translation>Alt+h</translation>
+    </message>
+    <message>
+        <source>Alt+v</source>
+        <translation>Alt+v</translation>
+    </message>
+    <message>
+        <source>Alt+t</source>
+        <translation>Alt+t</translation>
+    </message>
+    <message>
+        <source>Alt+f</source>
+        <translation>Alt+f</translation>
+    </message>
+    <message>
+        <source>Resets, loads and saves curves</source>
+        <translation>Réinitialise, charge et enregistre des courbes</translation>
+    </message>
+    <message>
+        <source>Chooses the current curve among those on the canvas</source>
+        <translation>Choisit la courbe en cours parmi celles du canevas</translation>
+    </message>
+    <message>
+        <source>Sets the view, the background image and the curve outside its nodes</source>
+        <translation>Règle la vue, l&apos;image de fond et la courbe hors de ses nœuds</translation>
+    </message>
+    <message>
+        <source>Takes edits back, and works on the selected points and the view</source>
+        <translation>Annule des modifications et agit sur les points sélectionnés et la vue</translation>
+    </message>
+    <message>
+        <source>Makes the expression the argument of a function</source>
+        <translation>Fait de l&apos;expression l&apos;argument d&apos;une fonction</translation>
+    </message>
+    <message>
+        <source>Joins the expression with a second operand</source>
+        <translation>Combine l&apos;expression avec un second opérande</translation>
+    </message>
+    <message>
+        <source>Makes the expression one of the two that a condition chooses from</source>
+        <translation>Fait de l&apos;expression l&apos;une des deux entre lesquelles une condition choisit</translation>
+    </message>
+    <message>
+        <source>Inserts the time or the frame number</source>
+        <translation>Insère le temps ou le numéro d&apos;image</translation>
+    </message>
+    <message>
+        <source>Inserts the value of another curve</source>
+        <translation>Insère la valeur d&apos;une autre courbe</translation>
+    </message>
+    <message>
+        <source>Shows the whole current curve</source>
+        <translation>Affiche toute la courbe en cours</translation>
+    </message>
+    <message>
+        <source>Shows all times of the current curve</source>
+        <translation>Affiche tous les temps de la courbe en cours</translation>
+    </message>
+    <message>
+        <source>Shows all values of the current curve</source>
+        <translation>Affiche toutes les valeurs de la courbe en cours</translation>
+    </message>
+    <message>
+        <source>Scales the selected points by two factors</source>
+        <translation>Met les points sélectionnés à l&apos;échelle selon deux facteurs</translation>
+    </message>
+    <message>
+        <source>Moves the selected points by two distances</source>
+        <translation>Décale les points sélectionnés de deux distances</translation>
+    </message>
+    <message>
+        <source>Time or frame at the mouse</source>
+        <translation>Temps ou image à la souris</translation>
+    </message>
+    <message>
+        <source>Time or frame number at the mouse</source>
+        <translation>Temps ou numéro d&apos;image à la souris</translation>
+    </message>
+    <message>
+        <source>Value at the mouse</source>
+        <translation>Valeur à la souris</translation>
+    </message>
+    <message>
+        <source>Value of the curve</source>
+        <translation>Valeur de la courbe</translation>
+    </message>
+    <message>
+        <source>Value of the current curve at the time of the mouse</source>
+        <translation>Valeur de la courbe en cours au temps de la souris</translation>
+    </message>
+    <message>
+        <source>%1 holds no curve that can be read.</source>
+        <translation>%1 ne contient aucune courbe lisible.</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 existe déjà.
+Voulez-vous le remplacer&#xa0;?</translation>
+    </message>
+    <message>
+        <source>The curve could not be saved to %1.</source>
+        <translation>La courbe n&apos;a pas pu être enregistrée dans %1.</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Tous les fichiers (*)</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Temps</translation>
+    </message>
+    <message>
+        <source>Cursor</source>
+        <translation>Souris</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Valeur</translation>
+    </message>
+    <message>
+        <source>This expression is too long for the line and can&apos;t be edited here</source>
+        <translation>Cette expression est trop longue pour la ligne et ne peut pas être modifiée ici</translation>
+    </message>
+    <message>
+        <source>Here appears the expression</source>
+        <translation>L&apos;expression apparaît ici</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Annuler&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Rétablir&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
+</context>
+<context>
+    <name>CurveEditorDialogBase</name>
+    <message>
+        <source>Curve Editor</source>
+        <translation>Éditeur de courbes</translation>
+    </message>
+    <message>
+        <source>Selected variables</source>
+        <translation>Variables sélectionnées</translation>
+    </message>
+    <message>
+        <source>Here you can select the variables to be edited as curves</source>
+        <translation>Vous pouvez sélectionner ici les variables à modifier sous forme de courbes</translation>
+    </message>
+    <message>
+        <source>&lt;&lt;</source>
+        <translation>&lt;&lt;</translation>
+    </message>
+    <message>
+        <source>Select previous node</source>
+        <translation>Sélectionner le nœud précédent</translation>
+    </message>
+    <message>
+        <source>&gt;&gt;</source>
+        <translation>&gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Select next node</source>
+        <translation>Sélectionner le nœud suivant</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>Temps&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Value:</source>
+        <translation>Valeur&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Pre-behaviour:</source>
+        <translation>Avant&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Zero</source>
+        <translation>Zéro</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>Constante</translation>
+    </message>
+    <message>
+        <source>Post-behaviour:</source>
+        <translation>Après&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Boucle</translation>
+    </message>
+    <message>
+        <source>Loop offset</source>
+        <translation>Boucle avec décalage</translation>
+    </message>
+    <message>
+        <source>Follow Tangent</source>
+        <translation>Suivre la tangente</translation>
+    </message>
+    <message>
+        <source>Ease From:</source>
+        <translation>Départ&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Ease To:</source>
+        <translation>Arrivée&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>Nœud TCB</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Nœud de Bézier</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Nœud linéaire</translation>
+    </message>
+    <message>
+        <source>Tension:</source>
+        <translation>Tension&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Continuity:</source>
+        <translation>Continuité&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Bias:</source>
+        <translation>Biais&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Incoming:</source>
+        <translation>Entrante&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Outgoing:</source>
+        <translation>Sortante&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Envelope</source>
+        <translation>Enveloppe</translation>
+    </message>
+    <message>
+        <source>Here appears the expression</source>
+        <translation>L&apos;expression apparaît ici</translation>
+    </message>
+    <message>
+        <source>This&apos;s the expression parsed</source>
+        <translation>Ceci est l&apos;expression analysée</translation>
+    </message>
+    <message>
+        <source>Delete Expression</source>
+        <translation>Supprimer l&apos;expression</translation>
+    </message>
+    <message>
+        <source>Expresion</source>
+        <translation>Expression</translation>
+    </message>
+    <message>
+        <source>Current node: its place among the nodes of the curve, counted from 0</source>
+        <translation>Nœud en cours&#xa0;: sa place parmi les nœuds de la courbe, comptée à partir de 0</translation>
+    </message>
+    <message>
+        <source>Current node: its time, or its frame number</source>
+        <translation>Nœud en cours&#xa0;: son temps ou son numéro d&apos;image</translation>
+    </message>
+    <message>
+        <source>Current node: its value</source>
+        <translation>Nœud en cours&#xa0;: sa valeur</translation>
+    </message>
+    <message>
+        <source>Current node: how the curve arrives, from 1 (it slows down) to -1 (it speeds up)</source>
+        <translation>Nœud en cours&#xa0;: comment la courbe arrive, de 1 (elle ralentit) à -1 (elle accélère)</translation>
+    </message>
+    <message>
+        <source>Current node: how the curve leaves, from 1 (slowly at first) to -1 (quickly at first)</source>
+        <translation>Nœud en cours&#xa0;: comment la courbe part, de 1 (lentement au début) à -1 (vite au début)</translation>
+    </message>
+    <message>
+        <source>Current node: how tightly the curve turns, from a narrow bend at 1 to a wide one at -1</source>
+        <translation>Nœud en cours&#xa0;: combien la courbe se resserre, d&apos;un virage serré à 1 à un large à -1</translation>
+    </message>
+    <message>
+        <source>Current node: how sharp a corner the curve makes, 0 for none</source>
+        <translation>Nœud en cours&#xa0;: combien la courbe forme un angle vif, 0 pour aucun</translation>
+    </message>
+    <message>
+        <source>Current node: whether its direction follows the node before (above 0) or after (below 0)</source>
+        <translation>Nœud en cours&#xa0;: si sa direction suit le nœud d&apos;avant (au-dessus de 0) ou d&apos;après (en dessous de 0)</translation>
+    </message>
+    <message>
+        <source>Current node: slope of the curve before it, in values per time unit</source>
+        <translation>Nœud en cours&#xa0;: pente de la courbe avant lui, en valeurs par unité de temps</translation>
+    </message>
+    <message>
+        <source>Current node: slope of the curve after it, in values per time unit</source>
+        <translation>Nœud en cours&#xa0;: pente de la courbe après lui, en valeurs par unité de temps</translation>
+    </message>
+    <message>
+        <source>Current node</source>
+        <translation>Nœud en cours</translation>
+    </message>
+    <message>
+        <source>Curve before the first node</source>
+        <translation>Courbe avant le premier nœud</translation>
+    </message>
+    <message>
+        <source>Curve after the last node</source>
+        <translation>Courbe après le dernier nœud</translation>
+    </message>
+    <message>
+        <source>Type of the current node: it shapes the curve from the node before to this one</source>
+        <translation>Type du nœud en cours&#xa0;: il façonne la courbe du nœud précédent à celui-ci</translation>
+    </message>
+    <message>
+        <source>Turns the current curve back into nodes that can be edited</source>
+        <translation>Retransforme la courbe en cours en nœuds modifiables</translation>
+    </message>
+    <message>
+        <source>What the numbers of the current node do to a curve</source>
+        <translation>L&apos;effet des nombres du nœud en cours sur une courbe</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Pages</translation>
+    </message>
+    <message>
+        <source>Curves on the canvas</source>
+        <translation>Courbes sur le canevas</translation>
+    </message>
+    <message>
+        <source>Previous node</source>
+        <translation>Nœud précédent</translation>
+    </message>
+    <message>
+        <source>Next node</source>
+        <translation>Nœud suivant</translation>
+    </message>
+    <message>
+        <source>Node index</source>
+        <translation>Numéro du nœud</translation>
+    </message>
+    <message>
+        <source>Time or frame</source>
+        <translation>Temps ou image</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Valeur</translation>
+    </message>
+    <message>
+        <source>Pre-behaviour</source>
+        <translation>Comportement avant</translation>
+    </message>
+    <message>
+        <source>Post-behaviour</source>
+        <translation>Comportement après</translation>
+    </message>
+    <message>
+        <source>Ease from</source>
+        <translation>Départ</translation>
+    </message>
+    <message>
+        <source>Ease to</source>
+        <translation>Arrivée</translation>
+    </message>
+    <message>
+        <source>Node type</source>
+        <translation>Type de nœud</translation>
+    </message>
+    <message>
+        <source>Tension</source>
+        <translation>Tension</translation>
+    </message>
+    <message>
+        <source>Continuity</source>
+        <translation>Continuité</translation>
+    </message>
+    <message>
+        <source>Bias</source>
+        <translation>Biais</translation>
+    </message>
+    <message>
+        <source>Outgoing tangent</source>
+        <translation>Tangente sortante</translation>
+    </message>
+    <message>
+        <source>Incoming tangent</source>
+        <translation>Tangente entrante</translation>
+    </message>
+    <message>
+        <source>Preview of the node parameters</source>
+        <translation>Aperçu des paramètres du nœud</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>Expression</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>Cut points</source>
+        <translation>Couper les points</translation>
+    </message>
+    <message>
+        <source>Copy points</source>
+        <translation>Copier les points</translation>
+    </message>
+    <message>
+        <source>Paste points at the time line</source>
+        <translation>Coller les points à la ligne de temps</translation>
+    </message>
+    <message>
+        <source>Paste points where they were</source>
+        <translation>Coller les points là où ils étaient</translation>
+    </message>
+    <message>
+        <source>Duplicate points</source>
+        <translation>Dupliquer les points</translation>
+    </message>
+    <message>
+        <source>Edit all curves at once</source>
+        <translation>Modifier toutes les courbes à la fois</translation>
+    </message>
+    <message>
+        <source>Select all points</source>
+        <translation>Sélectionner tous les points</translation>
+    </message>
+    <message>
+        <source>Select no point</source>
+        <translation>Ne sélectionner aucun point</translation>
+    </message>
+    <message>
+        <source>Select the other points</source>
+        <translation>Sélectionner les autres points</translation>
+    </message>
+    <message>
+        <source>Select the next point too</source>
+        <translation>Sélectionner aussi le point suivant</translation>
+    </message>
+    <message>
+        <source>Select the previous point too</source>
+        <translation>Sélectionner aussi le point précédent</translation>
+    </message>
+    <message>
+        <source>A frame later</source>
+        <translation>Une image plus tard</translation>
+    </message>
+    <message>
+        <source>A frame earlier</source>
+        <translation>Une image plus tôt</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line up</source>
+        <translation>Un dixième de ligne de grille vers le haut</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line down</source>
+        <translation>Un dixième de ligne de grille vers le bas</translation>
+    </message>
+    <message>
+        <source>A frame later, ten times</source>
+        <translation>Dix images plus tard</translation>
+    </message>
+    <message>
+        <source>A frame earlier, ten times</source>
+        <translation>Dix images plus tôt</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line up, ten times</source>
+        <translation>Une ligne de grille vers le haut</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line down, ten times</source>
+        <translation>Une ligne de grille vers le bas</translation>
+    </message>
+    <message>
+        <source>Move points</source>
+        <translation>Déplacer les points</translation>
+    </message>
+    <message>
+        <source>Insert a point on the curve at the mouse</source>
+        <translation>Insérer un point sur la courbe à la souris</translation>
+    </message>
+    <message>
+        <source>Insert a point on the curve at the time line</source>
+        <translation>Insérer un point sur la courbe à la ligne de temps</translation>
+    </message>
+    <message>
+        <source>Tangents</source>
+        <translation>Tangentes</translation>
+    </message>
+    <message>
+        <source>Flatten</source>
+        <translation>Aplatir</translation>
+    </message>
+    <message>
+        <source>Align both sides</source>
+        <translation>Aligner les deux côtés</translation>
+    </message>
+    <message>
+        <source>Smooth without overshoot</source>
+        <translation>Lisser sans dépassement</translation>
+    </message>
+    <message>
+        <source>Simplify…</source>
+        <translation>Simplifier…</translation>
+    </message>
+    <message>
+        <source>Bake…</source>
+        <translation>Précalculer…</translation>
+    </message>
+    <message>
+        <source>Snapping</source>
+        <translation>Magnétisme</translation>
+    </message>
+    <message>
+        <source>Snap while dragging (Ctrl: the other way)</source>
+        <translation>Aimanter lors du glissement (Ctrl&#xa0;: l&apos;inverse)</translation>
+    </message>
+    <message>
+        <source>To frames</source>
+        <translation>Aux images</translation>
+    </message>
+    <message>
+        <source>To grid lines</source>
+        <translation>Aux lignes de grille</translation>
+    </message>
+    <message>
+        <source>To points</source>
+        <translation>Aux points</translation>
+    </message>
+    <message>
+        <source>To the time line</source>
+        <translation>À la ligne de temps</translation>
+    </message>
+    <message>
+        <source>Show all curves</source>
+        <translation>Afficher toutes les courbes</translation>
+    </message>
+    <message>
+        <source>Show selected points or the curve</source>
+        <translation>Afficher les points sélectionnés ou la courbe</translation>
+    </message>
+    <message>
+        <source>Time line a frame later</source>
+        <translation>Ligne de temps une image plus tard</translation>
+    </message>
+    <message>
+        <source>Time line a frame earlier</source>
+        <translation>Ligne de temps une image plus tôt</translation>
+    </message>
+</context>
+<context>
+    <name>EditingListPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>Filtre</translation>
+    </message>
+    <message>
+        <source>Filter of the curves</source>
+        <translation>Filtre des courbes</translation>
+    </message>
+    <message>
+        <source>Shows only the curves whose names contain this text; the others stay on the canvas</source>
+        <translation>N&apos;affiche que les courbes dont le nom contient ce texte&#xa0;; les autres restent sur le canevas</translation>
+    </message>
+</context>
+<context>
+    <name>FitDialog</name>
+    <message>
+        <source>The tolerance is a number, 0 or more.</source>
+        <translation>La tolérance doit être un nombre, 0 ou plus.</translation>
+    </message>
+</context>
+<context>
+    <name>PanDialog</name>
+    <message>
+        <source>pan selection</source>
+        <translation>Décaler la sélection</translation>
+    </message>
+    <message>
+        <source>Pan X</source>
+        <translation>Décalage X</translation>
+    </message>
+    <message>
+        <source>Pan Y</source>
+        <translation>Décalage Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>PointAccessible</name>
+    <message>
+        <source>Select</source>
+        <translation>Sélectionner</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>Point TCB</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Point de Bézier</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Point linéaire</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, frame %3, value %4</source>
+        <translation>Point %1 sur %2, image %3, valeur %4</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, time %3, value %4</source>
+        <translation>Point %1 sur %2, temps %3, valeur %4</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>Supprimer un point de %1</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>Supprimer %1 points de %2</translation>
+    </message>
+</context>
+<context>
+    <name>PointCommands</name>
+    <message>
+        <source>Nudge a point of %1</source>
+        <translation>Déplacer légèrement un point de %1</translation>
+    </message>
+    <message>
+        <source>Nudge %1 points of %2</source>
+        <translation>Déplacer légèrement %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Cut points of %1</source>
+        <translation>Couper des points de %1</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>Coller des points</translation>
+    </message>
+    <message>
+        <source>Paste points into %1</source>
+        <translation>Coller des points dans %1</translation>
+    </message>
+    <message>
+        <source>Duplicate points of %1</source>
+        <translation>Dupliquer des points de %1</translation>
+    </message>
+    <message>
+        <source>Insert a point on %1</source>
+        <translation>Insérer un point sur %1</translation>
+    </message>
+    <message>
+        <source>Flatten a point of %1</source>
+        <translation>Aplatir un point de %1</translation>
+    </message>
+    <message>
+        <source>Flatten %1 points of %2</source>
+        <translation>Aplatir %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Align the tangents of a point of %1</source>
+        <translation>Aligner les tangentes d&apos;un point de %1</translation>
+    </message>
+    <message>
+        <source>Align the tangents of %1 points of %2</source>
+        <translation>Aligner les tangentes de %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Smooth a point of %1</source>
+        <translation>Lisser un point de %1</translation>
+    </message>
+    <message>
+        <source>Smooth %1 points of %2</source>
+        <translation>Lisser %1 points de %2</translation>
+    </message>
+</context>
+<context>
+    <name>PointTableModel</name>
+    <message>
+        <source>Linear</source>
+        <translation>Linéaire</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Temps</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Valeur</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>Incoming</source>
+        <translation>Entrante</translation>
+    </message>
+    <message>
+        <source>Outgoing</source>
+        <translation>Sortante</translation>
+    </message>
+    <message>
+        <source>Tension</source>
+        <translation>Tension</translation>
+    </message>
+    <message>
+        <source>Continuity</source>
+        <translation>Continuité</translation>
+    </message>
+    <message>
+        <source>Bias</source>
+        <translation>Biais</translation>
+    </message>
+    <message>
+        <source>Ease To</source>
+        <translation>Arrivée</translation>
+    </message>
+    <message>
+        <source>Ease From</source>
+        <translation>Départ</translation>
+    </message>
+    <message>
+        <source>Change the type of a point of %1</source>
+        <translation>Modifier le type d&apos;un point de %1</translation>
+    </message>
+    <message>
+        <source>Change the type of %1 points of %2</source>
+        <translation>Modifier le type de %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>Modifier un nombre d&apos;un point de %1</translation>
+    </message>
+    <message>
+        <source>Change a number of %1 points of %2</source>
+        <translation>Modifier un nombre de %1 points de %2</translation>
+    </message>
+</context>
+<context>
+    <name>PointTablePage</name>
+    <message>
+        <source>Points</source>
+        <translation>Points</translation>
+    </message>
+    <message>
+        <source>Points of the current curve</source>
+        <translation>Points de la courbe en cours</translation>
+    </message>
+    <message>
+        <source>Select all points</source>
+        <translation>Sélectionner tous les points</translation>
+    </message>
+    <message>
+        <source>Selects all points of the current curve</source>
+        <translation>Sélectionne tous les points de la courbe en cours</translation>
+    </message>
+    <message>
+        <source>What is typed into a cell goes to all selected rows</source>
+        <translation>Ce qui est saisi dans une cellule vaut pour toutes les lignes sélectionnées</translation>
+    </message>
+</context>
+<context>
+    <name>PointText</name>
+    <message>
+        <source>The text holds no points.</source>
+        <translation>Le texte ne contient aucun point.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no column of points.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas une colonne de points.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is there twice.</source>
+        <translation>La colonne «&#xa0;%1&#xa0;» est présente deux fois.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is missing.</source>
+        <translation>La colonne «&#xa0;%1&#xa0;» manque.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 numbers.</source>
+        <translation>%1 nombres au lieu de %2.</translation>
+    </message>
+    <message>
+        <source>More than %1 points.</source>
+        <translation>Plus de %1 points.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of a point.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un type de point.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number that a point can have.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre qu&apos;un point peut avoir.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Ligne %1&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ScaleDialog</name>
+    <message>
+        <source>scale selection</source>
+        <translation>Mettre la sélection à l&apos;échelle</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>Échelle X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>Échelle Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>SimplifyDialog</name>
+    <message>
+        <source>Simplify %1</source>
+        <translation>Simplifier %1</translation>
+    </message>
+    <message>
+        <source>Simplify</source>
+        <translation>Simplifier</translation>
+    </message>
+    <message>
+        <source>&amp;Tolerance</source>
+        <translation>&amp;Tolérance</translation>
+    </message>
+    <message>
+        <source>&amp;Keep rising and falling parts so</source>
+        <translation>&amp;Garder les parties croissantes et décroissantes</translation>
+    </message>
+    <message>
+        <source>The curve has changed meanwhile and stays as it is.</source>
+        <translation>La courbe a changé entre-temps et reste telle quelle.</translation>
+    </message>
+    <message>
+        <source>No fewer than %1 points are within this tolerance.</source>
+        <translation>Moins de %1 points ne respectent pas cette tolérance.</translation>
+    </message>
+    <message>
+        <source>%1 points of the selected part become %2, at most %3 away.</source>
+        <translation>%1 points de la partie sélectionnée deviennent %2, à %3 au plus.</translation>
+    </message>
+    <message>
+        <source>%1 points become %2, at most %3 away.</source>
+        <translation>%1 points deviennent %2, à %3 au plus.</translation>
+    </message>
+</context>
+<context>
+    <name>TcbEditorForm</name>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>Modifier un nombre d&apos;un point de %1</translation>
+    </message>
+</context>
+<context>
+    <name>ViewportSettings</name>
+    <message>
+        <source>viewPort Settings</source>
+        <translation>Réglages de la vue</translation>
+    </message>
+    <message>
+        <source>MinX</source>
+        <translation>X min.</translation>
+    </message>
+    <message>
+        <source>MinY</source>
+        <translation>Y min.</translation>
+    </message>
+    <message>
+        <source>MaxX</source>
+        <translation>X max.</translation>
+    </message>
+    <message>
+        <source>MaxY</source>
+        <translation>Y max.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+</TS>

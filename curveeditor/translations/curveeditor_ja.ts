@@ -1,0 +1,1455 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja">
+<context>
+    <name>BakeDialog</name>
+    <message>
+        <source>Bake</source>
+        <translation>ベイク</translation>
+    </message>
+    <message>
+        <source>&amp;From frame</source>
+        <translation>開始フレーム(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;From time</source>
+        <translation>開始時間(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To frame</source>
+        <translation>終了フレーム(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;To time</source>
+        <translation>終了時間(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation>間隔(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <translation>ポイント(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>リニア</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>ベジェ</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>As few as the tolerance allows</source>
+        <translation>許容差の範囲で最少</translation>
+    </message>
+    <message>
+        <source>To&amp;lerance</source>
+        <translation>許容差(&amp;L)</translation>
+    </message>
+    <message>
+        <source>The times are numbers.</source>
+        <translation>時間には数値を入力してください。</translation>
+    </message>
+    <message>
+        <source>This takes too long. Fewer points may do.</source>
+        <translation>時間がかかりすぎます。ポイントを減らしてみてください。</translation>
+    </message>
+    <message>
+        <source>The step is greater than 0.</source>
+        <translation>間隔は 0 より大きくしてください。</translation>
+    </message>
+    <message>
+        <source>The first time is later than the last.</source>
+        <translation>開始が終了より後になっています。</translation>
+    </message>
+    <message>
+        <source>These are more than %1 points.</source>
+        <translation>ポイントが %1 個を超えています。</translation>
+    </message>
+    <message>
+        <source>The curve has no value there.</source>
+        <translation>その範囲ではカーブに値がありません。</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>ポイント数: %1</translation>
+    </message>
+    <message>
+        <source>%1 values become %2 points, at most %3 away.</source>
+        <translation>%1 個の値が %2 個のポイントになります (ずれは最大 %3)。</translation>
+    </message>
+    <message>
+        <source>Bake %1</source>
+        <translation>%1 をベイク</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasAccessible</name>
+    <message>
+        <source>Canvas without a curve</source>
+        <translation>キャンバス、カーブなし</translation>
+    </message>
+    <message>
+        <source>Canvas, curve %1</source>
+        <translation>キャンバス、カーブ %1</translation>
+    </message>
+    <message>
+        <source>%1 points, %2 selected</source>
+        <translation>ポイント %1 個、選択 %2 個</translation>
+    </message>
+    <message>
+        <source>Formula %1</source>
+        <translation>式 %1</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasFunctionBase</name>
+    <message>
+        <source>Variable %1 not found</source>
+        <translation>変数 %1 が見つかりません</translation>
+    </message>
+    <message>
+        <source>Unmatched parenthesis</source>
+        <translation>括弧の対応が取れていません</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>不明なエラー</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>The formula of %1 can&apos;t be read any more:
+%2</source>
+        <translation>%1 の式を読み取れなくなりました:
+%2</translation>
+    </message>
+    <message>
+        <source>Delete the formula of %1</source>
+        <translation>%1 の式を削除</translation>
+    </message>
+    <message>
+        <source>Show the spline of %1</source>
+        <translation>%1 のスプラインを表示</translation>
+    </message>
+    <message>
+        <source>Show the formula of %1</source>
+        <translation>%1 の式を表示</translation>
+    </message>
+    <message>
+        <source>Reset all curves</source>
+        <translation>すべてのカーブをリセット</translation>
+    </message>
+    <message>
+        <source>Reset %1</source>
+        <translation>%1 をリセット</translation>
+    </message>
+    <message>
+        <source>Syntax error</source>
+        <translation>構文エラー</translation>
+    </message>
+    <message>
+        <source>Enter the formula of %1</source>
+        <translation>%1 の式を入力</translation>
+    </message>
+    <message>
+        <source>Cyclical dependency</source>
+        <translation>循環依存</translation>
+    </message>
+    <message>
+        <source>Cyclical dependency has been found for d-var %1 </source>
+        <translation>従属変数 %1 で循環依存が見つかりました</translation>
+    </message>
+    <message>
+        <source>Load %1</source>
+        <translation>%1 を読み込み</translation>
+    </message>
+    <message>
+        <source>Change the start behaviour of %1</source>
+        <translation>%1 の開始動作を変更</translation>
+    </message>
+    <message>
+        <source>Change the end behaviour of %1</source>
+        <translation>%1 の終了動作を変更</translation>
+    </message>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>%1 のポイントを移動</translation>
+    </message>
+    <message>
+        <source>Change a tangent of %1</source>
+        <translation>%1 の接線を変更</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>%2 のポイント %1 個を移動</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>%1 のポイントを削除</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>%2 のポイント %1 個を削除</translation>
+    </message>
+    <message>
+        <source>Add a point to %1</source>
+        <translation>%1 にポイントを追加</translation>
+    </message>
+    <message>
+        <source>Change the type of points</source>
+        <translation>ポイントの種類を変更</translation>
+    </message>
+    <message>
+        <source>Delete points</source>
+        <translation>ポイントを削除</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 curves</source>
+        <translation>%1 本のカーブ</translation>
+    </message>
+    <message>
+        <source>Scale a point of %1</source>
+        <translation>%1 のポイントをスケール</translation>
+    </message>
+    <message>
+        <source>Scale %1 points of %2</source>
+        <translation>%2 のポイント %1 個をスケール</translation>
+    </message>
+    <message>
+        <source>Pan a point of %1</source>
+        <translation>%1 のポイントをずらす</translation>
+    </message>
+    <message>
+        <source>Pan %1 points of %2</source>
+        <translation>%2 のポイント %1 個をずらす</translation>
+    </message>
+    <message>
+        <source>Drop the name of a curve on the list to edit it here</source>
+        <translation>カーブの名前をリストにドロップすると、ここで編集できます</translation>
+    </message>
+    <message>
+        <source>Double-click to add a point</source>
+        <translation>ダブルクリックでポイントを追加</translation>
+    </message>
+</context>
+<context>
+    <name>ControlMenu</name>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>選択をリニアに</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>選択をベジェに</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>選択を TCB に</translation>
+    </message>
+    <message>
+        <source>Create key</source>
+        <translation>キーを作成</translation>
+    </message>
+    <message>
+        <source>Delete key</source>
+        <translation>キーを削除</translation>
+    </message>
+</context>
+<context>
+    <name>ControlMenu2</name>
+    <message>
+        <source>Remove from editing list</source>
+        <translation>編集リストから外す</translation>
+    </message>
+    <message>
+        <source>Change color</source>
+        <translation>色を変更</translation>
+    </message>
+</context>
+<context>
+    <name>ControlSplineNode</name>
+    <message>
+        <source>Change the type of a point of %1</source>
+        <translation>%1 のポイントの種類を変更</translation>
+    </message>
+    <message>
+        <source>Change the type of %1 points of %2</source>
+        <translation>%2 のポイント %1 個の種類を変更</translation>
+    </message>
+</context>
+<context>
+    <name>CurveEditor</name>
+    <message>
+        <source>Canvas</source>
+        <translation>キャンバス</translation>
+    </message>
+    <message>
+        <source>Horizontal axis</source>
+        <translation>横軸</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Curves</source>
+        <translation>カーブ</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>オプション</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>編集</translation>
+    </message>
+    <message>
+        <source> Fit </source>
+        <translation> 全体表示 </translation>
+    </message>
+    <message>
+        <source> Fit H </source>
+        <translation> 横全体 </translation>
+    </message>
+    <message>
+        <source> Fit V </source>
+        <translation> 縦全体 </translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>スケール</translation>
+    </message>
+    <message>
+        <source>Pan</source>
+        <translation>ずらす</translation>
+    </message>
+    <message>
+        <source>Unary functions</source>
+        <translation>単項関数</translation>
+    </message>
+    <message>
+        <source>Binary functions</source>
+        <translation>二項関数</translation>
+    </message>
+    <message>
+        <source>Ternary functions</source>
+        <translation>三項関数</translation>
+    </message>
+    <message>
+        <source>I vars</source>
+        <translation>独立変数</translation>
+    </message>
+    <message>
+        <source>D vars</source>
+        <translation>従属変数</translation>
+    </message>
+    <message>
+        <source>Frame:</source>
+        <translation>フレーム:</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>時間:</translation>
+    </message>
+    <message>
+        <source>This&apos;s the expression parsed</source>
+        <translation>解析された式です</translation>
+    </message>
+    <message>
+        <source>Reset All Checked Curves</source>
+        <translation>選択したカーブをすべてリセット</translation>
+    </message>
+    <message>
+        <source>Reset curve</source>
+        <translation>カーブをリセット</translation>
+    </message>
+    <message>
+        <source>Load curve</source>
+        <translation>カーブを読み込む</translation>
+    </message>
+    <message>
+        <source>Save curve</source>
+        <translation>カーブを保存</translation>
+    </message>
+    <message>
+        <source>Set Range</source>
+        <translation>範囲を設定</translation>
+    </message>
+    <message>
+        <source>Reset View</source>
+        <translation>表示をリセット</translation>
+    </message>
+    <message>
+        <source>Load image</source>
+        <translation>画像を読み込む</translation>
+    </message>
+    <message>
+        <source>Clear image</source>
+        <translation>画像を消去</translation>
+    </message>
+    <message>
+        <source>Fit View</source>
+        <translation>全体を表示</translation>
+    </message>
+    <message>
+        <source>Fit Horizontal View</source>
+        <translation>横方向の全体を表示</translation>
+    </message>
+    <message>
+        <source>Fit Vertical View</source>
+        <translation>縦方向の全体を表示</translation>
+    </message>
+    <message>
+        <source>Scale selection</source>
+        <translation>選択をスケール</translation>
+    </message>
+    <message>
+        <source>Pan selection</source>
+        <translation>選択をずらす</translation>
+    </message>
+    <message>
+        <source>Show time</source>
+        <translation>時間を表示</translation>
+    </message>
+    <message>
+        <source>Show frames</source>
+        <translation>フレームを表示</translation>
+    </message>
+    <message>
+        <source>Zero</source>
+        <translation>ゼロ</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>一定</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Loop offset</source>
+        <translation>オフセット付きループ</translation>
+    </message>
+    <message>
+        <source>Follow tangent</source>
+        <translation>接線に従う</translation>
+    </message>
+    <message>
+        <source>Start Node Behaviour</source>
+        <translation>開始ノードの動作</translation>
+    </message>
+    <message>
+        <source>Last Node Behaviour</source>
+        <translation>終了ノードの動作</translation>
+    </message>
+    <message>
+        <source>Horizontal axis mode</source>
+        <translation>横軸のモード</translation>
+    </message>
+    <message>
+        <source>Reset all the checked curves</source>
+        <translation>選択したカーブをすべてリセットします</translation>
+    </message>
+    <message>
+        <source>Reset the current editing curve</source>
+        <translation>現在のカーブをリセットします</translation>
+    </message>
+    <message>
+        <source>Open previously saved curve</source>
+        <translation>保存したカーブを開きます</translation>
+    </message>
+    <message>
+        <source>Save the current curve</source>
+        <translation>現在のカーブを保存します</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z</source>
+        <translation>Ctrl+Z</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Ctrl+Y</source>
+        <translation>Ctrl+Y</translation>
+    </message>
+    <message>
+        <source>Ctrl+l</source>
+        <translation>Ctrl+l</translation>
+    </message>
+    <message>
+        <source>Ctrl+s</source>
+        <translation>Ctrl+s</translation>
+    </message>
+    <message>
+        <source>Alt+s</source>
+        <translation>Alt+s</translation>
+    </message>
+    <message>
+        <source>Alt+i</source>
+        <translation>Alt+i</translation>
+    </message>
+    <message>
+        <source>Alt+c</source>
+        <translation>Alt+c</translation>
+    </message>
+    <message>
+        <source>Alt+h</source>
+        <translation>Alt+h</translation>
+    </message>
+    <message>
+        <source>Alt+v</source>
+        <translation>Alt+v</translation>
+    </message>
+    <message>
+        <source>Alt+t</source>
+        <translation>Alt+t</translation>
+    </message>
+    <message>
+        <source>Alt+f</source>
+        <translation>Alt+f</translation>
+    </message>
+    <message>
+        <source>Resets, loads and saves curves</source>
+        <translation>カーブのリセット、読み込み、保存を行います</translation>
+    </message>
+    <message>
+        <source>Chooses the current curve among those on the canvas</source>
+        <translation>キャンバス上のカーブから現在のカーブを選びます</translation>
+    </message>
+    <message>
+        <source>Sets the view, the background image and the curve outside its nodes</source>
+        <translation>表示、背景画像、ノードの外側のカーブを設定します</translation>
+    </message>
+    <message>
+        <source>Takes edits back, and works on the selected points and the view</source>
+        <translation>編集の取り消しと、選択したポイントや表示の操作を行います</translation>
+    </message>
+    <message>
+        <source>Makes the expression the argument of a function</source>
+        <translation>式を関数の引数にします</translation>
+    </message>
+    <message>
+        <source>Joins the expression with a second operand</source>
+        <translation>式を 2 つ目のオペランドと結びます</translation>
+    </message>
+    <message>
+        <source>Makes the expression one of the two that a condition chooses from</source>
+        <translation>式を、条件が選ぶ 2 つの式の一方にします</translation>
+    </message>
+    <message>
+        <source>Inserts the time or the frame number</source>
+        <translation>時間またはフレーム番号を挿入します</translation>
+    </message>
+    <message>
+        <source>Inserts the value of another curve</source>
+        <translation>ほかのカーブの値を挿入します</translation>
+    </message>
+    <message>
+        <source>Shows the whole current curve</source>
+        <translation>現在のカーブ全体を表示します</translation>
+    </message>
+    <message>
+        <source>Shows all times of the current curve</source>
+        <translation>現在のカーブのすべての時間を表示します</translation>
+    </message>
+    <message>
+        <source>Shows all values of the current curve</source>
+        <translation>現在のカーブのすべての値を表示します</translation>
+    </message>
+    <message>
+        <source>Scales the selected points by two factors</source>
+        <translation>選択したポイントを 2 つの倍率でスケールします</translation>
+    </message>
+    <message>
+        <source>Moves the selected points by two distances</source>
+        <translation>選択したポイントを 2 つの距離だけずらします</translation>
+    </message>
+    <message>
+        <source>Time or frame at the mouse</source>
+        <translation>マウス位置の時間またはフレーム</translation>
+    </message>
+    <message>
+        <source>Time or frame number at the mouse</source>
+        <translation>マウス位置の時間またはフレーム番号</translation>
+    </message>
+    <message>
+        <source>Value at the mouse</source>
+        <translation>マウス位置の値</translation>
+    </message>
+    <message>
+        <source>Value of the curve</source>
+        <translation>カーブの値</translation>
+    </message>
+    <message>
+        <source>Value of the current curve at the time of the mouse</source>
+        <translation>マウス位置の時間における現在のカーブの値</translation>
+    </message>
+    <message>
+        <source>%1 holds no curve that can be read.</source>
+        <translation>%1 には読み取れるカーブがありません。</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 はすでに存在します。
+置き換えますか?</translation>
+    </message>
+    <message>
+        <source>The curve could not be saved to %1.</source>
+        <translation>カーブを %1 に保存できませんでした。</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>フレーム</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>Cursor</source>
+        <translation>カーソル</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>This expression is too long for the line and can&apos;t be edited here</source>
+        <translation>この式は長すぎてこの行に収まらないため、ここでは編集できません</translation>
+    </message>
+    <message>
+        <source>Here appears the expression</source>
+        <translation>ここに式が表示されます</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>元に戻す: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>やり直す: %1</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>やり直す</translation>
+    </message>
+</context>
+<context>
+    <name>CurveEditorDialogBase</name>
+    <message>
+        <source>Curve Editor</source>
+        <translation>カーブ エディター</translation>
+    </message>
+    <message>
+        <source>Selected variables</source>
+        <translation>選択した変数</translation>
+    </message>
+    <message>
+        <source>Here you can select the variables to be edited as curves</source>
+        <translation>カーブとして編集する変数をここで選びます</translation>
+    </message>
+    <message>
+        <source>&lt;&lt;</source>
+        <translation>&lt;&lt;</translation>
+    </message>
+    <message>
+        <source>Select previous node</source>
+        <translation>前のノードを選択</translation>
+    </message>
+    <message>
+        <source>&gt;&gt;</source>
+        <translation>&gt;&gt;</translation>
+    </message>
+    <message>
+        <source>Select next node</source>
+        <translation>次のノードを選択</translation>
+    </message>
+    <message>
+        <source>Time:</source>
+        <translation>時間:</translation>
+    </message>
+    <message>
+        <source>Value:</source>
+        <translation>値:</translation>
+    </message>
+    <message>
+        <source>Pre-behaviour:</source>
+        <translation>前の動作:</translation>
+    </message>
+    <message>
+        <source>Zero</source>
+        <translation>ゼロ</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>一定</translation>
+    </message>
+    <message>
+        <source>Post-behaviour:</source>
+        <translation>後の動作:</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Loop offset</source>
+        <translation>オフセット付きループ</translation>
+    </message>
+    <message>
+        <source>Follow Tangent</source>
+        <translation>接線に従う</translation>
+    </message>
+    <message>
+        <source>Ease From:</source>
+        <translation>出発イーズ:</translation>
+    </message>
+    <message>
+        <source>Ease To:</source>
+        <translation>到達イーズ:</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>TCB ノード</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>ベジェ ノード</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>リニア ノード</translation>
+    </message>
+    <message>
+        <source>Tension:</source>
+        <translation>テンション:</translation>
+    </message>
+    <message>
+        <source>Continuity:</source>
+        <translation>連続性:</translation>
+    </message>
+    <message>
+        <source>Bias:</source>
+        <translation>バイアス:</translation>
+    </message>
+    <message>
+        <source>Incoming:</source>
+        <translation>入力側:</translation>
+    </message>
+    <message>
+        <source>Outgoing:</source>
+        <translation>出力側:</translation>
+    </message>
+    <message>
+        <source>Envelope</source>
+        <translation>エンベロープ</translation>
+    </message>
+    <message>
+        <source>Here appears the expression</source>
+        <translation>ここに式が表示されます</translation>
+    </message>
+    <message>
+        <source>This&apos;s the expression parsed</source>
+        <translation>解析された式です</translation>
+    </message>
+    <message>
+        <source>Delete Expression</source>
+        <translation>式を削除</translation>
+    </message>
+    <message>
+        <source>Expresion</source>
+        <translation>式</translation>
+    </message>
+    <message>
+        <source>Current node: its place among the nodes of the curve, counted from 0</source>
+        <translation>現在のノード: カーブのノードの中での位置 (0 から数えます)</translation>
+    </message>
+    <message>
+        <source>Current node: its time, or its frame number</source>
+        <translation>現在のノード: 時間またはフレーム番号</translation>
+    </message>
+    <message>
+        <source>Current node: its value</source>
+        <translation>現在のノード: 値</translation>
+    </message>
+    <message>
+        <source>Current node: how the curve arrives, from 1 (it slows down) to -1 (it speeds up)</source>
+        <translation>現在のノード: カーブの入り方。1 (減速) から -1 (加速) まで</translation>
+    </message>
+    <message>
+        <source>Current node: how the curve leaves, from 1 (slowly at first) to -1 (quickly at first)</source>
+        <translation>現在のノード: カーブの出方。1 (最初はゆっくり) から -1 (最初は速く) まで</translation>
+    </message>
+    <message>
+        <source>Current node: how tightly the curve turns, from a narrow bend at 1 to a wide one at -1</source>
+        <translation>現在のノード: カーブの曲がり具合。1 で狭く、-1 で広く曲がります</translation>
+    </message>
+    <message>
+        <source>Current node: how sharp a corner the curve makes, 0 for none</source>
+        <translation>現在のノード: カーブの角の鋭さ。0 なら角はできません</translation>
+    </message>
+    <message>
+        <source>Current node: whether its direction follows the node before (above 0) or after (below 0)</source>
+        <translation>現在のノード: 向きが前のノード (0 より大) と後のノード (0 より小) のどちらに従うか</translation>
+    </message>
+    <message>
+        <source>Current node: slope of the curve before it, in values per time unit</source>
+        <translation>現在のノード: その前のカーブの傾き (単位時間あたりの値)</translation>
+    </message>
+    <message>
+        <source>Current node: slope of the curve after it, in values per time unit</source>
+        <translation>現在のノード: その後のカーブの傾き (単位時間あたりの値)</translation>
+    </message>
+    <message>
+        <source>Current node</source>
+        <translation>現在のノード</translation>
+    </message>
+    <message>
+        <source>Curve before the first node</source>
+        <translation>最初のノードより前のカーブ</translation>
+    </message>
+    <message>
+        <source>Curve after the last node</source>
+        <translation>最後のノードより後のカーブ</translation>
+    </message>
+    <message>
+        <source>Type of the current node: it shapes the curve from the node before to this one</source>
+        <translation>現在のノードの種類: 前のノードからこのノードまでのカーブの形を決めます</translation>
+    </message>
+    <message>
+        <source>Turns the current curve back into nodes that can be edited</source>
+        <translation>現在のカーブを編集できるノードに戻します</translation>
+    </message>
+    <message>
+        <source>What the numbers of the current node do to a curve</source>
+        <translation>現在のノードの数値がカーブに与える効果</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>ページ</translation>
+    </message>
+    <message>
+        <source>Curves on the canvas</source>
+        <translation>キャンバス上のカーブ</translation>
+    </message>
+    <message>
+        <source>Previous node</source>
+        <translation>前のノード</translation>
+    </message>
+    <message>
+        <source>Next node</source>
+        <translation>次のノード</translation>
+    </message>
+    <message>
+        <source>Node index</source>
+        <translation>ノード番号</translation>
+    </message>
+    <message>
+        <source>Time or frame</source>
+        <translation>時間またはフレーム</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Pre-behaviour</source>
+        <translation>前の動作</translation>
+    </message>
+    <message>
+        <source>Post-behaviour</source>
+        <translation>後の動作</translation>
+    </message>
+    <message>
+        <source>Ease from</source>
+        <translation>出発イーズ</translation>
+    </message>
+    <message>
+        <source>Ease to</source>
+        <translation>到達イーズ</translation>
+    </message>
+    <message>
+        <source>Node type</source>
+        <translation>ノードの種類</translation>
+    </message>
+    <message>
+        <source>Tension</source>
+        <translation>テンション</translation>
+    </message>
+    <message>
+        <source>Continuity</source>
+        <translation>連続性</translation>
+    </message>
+    <message>
+        <source>Bias</source>
+        <translation>バイアス</translation>
+    </message>
+    <message>
+        <source>Outgoing tangent</source>
+        <translation>出力側の接線</translation>
+    </message>
+    <message>
+        <source>Incoming tangent</source>
+        <translation>入力側の接線</translation>
+    </message>
+    <message>
+        <source>Preview of the node parameters</source>
+        <translation>ノード パラメーターのプレビュー</translation>
+    </message>
+    <message>
+        <source>Expression</source>
+        <translation>式</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>Cut points</source>
+        <translation>ポイントを切り取り</translation>
+    </message>
+    <message>
+        <source>Copy points</source>
+        <translation>ポイントをコピー</translation>
+    </message>
+    <message>
+        <source>Paste points at the time line</source>
+        <translation>タイムラインの位置にポイントを貼り付け</translation>
+    </message>
+    <message>
+        <source>Paste points where they were</source>
+        <translation>元の位置にポイントを貼り付け</translation>
+    </message>
+    <message>
+        <source>Duplicate points</source>
+        <translation>ポイントを複製</translation>
+    </message>
+    <message>
+        <source>Edit all curves at once</source>
+        <translation>すべてのカーブを同時に編集</translation>
+    </message>
+    <message>
+        <source>Select all points</source>
+        <translation>すべてのポイントを選択</translation>
+    </message>
+    <message>
+        <source>Select no point</source>
+        <translation>ポイントの選択を解除</translation>
+    </message>
+    <message>
+        <source>Select the other points</source>
+        <translation>ポイントの選択を反転</translation>
+    </message>
+    <message>
+        <source>Select the next point too</source>
+        <translation>次のポイントも選択</translation>
+    </message>
+    <message>
+        <source>Select the previous point too</source>
+        <translation>前のポイントも選択</translation>
+    </message>
+    <message>
+        <source>A frame later</source>
+        <translation>1 フレーム後へ</translation>
+    </message>
+    <message>
+        <source>A frame earlier</source>
+        <translation>1 フレーム前へ</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line up</source>
+        <translation>グリッド線の 1/10 上へ</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line down</source>
+        <translation>グリッド線の 1/10 下へ</translation>
+    </message>
+    <message>
+        <source>A frame later, ten times</source>
+        <translation>10 フレーム後へ</translation>
+    </message>
+    <message>
+        <source>A frame earlier, ten times</source>
+        <translation>10 フレーム前へ</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line up, ten times</source>
+        <translation>グリッド線 1 本分上へ</translation>
+    </message>
+    <message>
+        <source>A tenth of a grid line down, ten times</source>
+        <translation>グリッド線 1 本分下へ</translation>
+    </message>
+    <message>
+        <source>Move points</source>
+        <translation>ポイントを移動</translation>
+    </message>
+    <message>
+        <source>Insert a point on the curve at the mouse</source>
+        <translation>マウス位置のカーブ上にポイントを挿入</translation>
+    </message>
+    <message>
+        <source>Insert a point on the curve at the time line</source>
+        <translation>タイムライン位置のカーブ上にポイントを挿入</translation>
+    </message>
+    <message>
+        <source>Tangents</source>
+        <translation>接線</translation>
+    </message>
+    <message>
+        <source>Flatten</source>
+        <translation>水平にする</translation>
+    </message>
+    <message>
+        <source>Align both sides</source>
+        <translation>両側をそろえる</translation>
+    </message>
+    <message>
+        <source>Smooth without overshoot</source>
+        <translation>オーバーシュートなしで滑らかに</translation>
+    </message>
+    <message>
+        <source>Simplify…</source>
+        <translation>簡略化…</translation>
+    </message>
+    <message>
+        <source>Bake…</source>
+        <translation>ベイク…</translation>
+    </message>
+    <message>
+        <source>Snapping</source>
+        <translation>スナップ</translation>
+    </message>
+    <message>
+        <source>Snap while dragging (Ctrl: the other way)</source>
+        <translation>ドラッグ中にスナップ (Ctrl で逆)</translation>
+    </message>
+    <message>
+        <source>To frames</source>
+        <translation>フレームに</translation>
+    </message>
+    <message>
+        <source>To grid lines</source>
+        <translation>グリッド線に</translation>
+    </message>
+    <message>
+        <source>To points</source>
+        <translation>ポイントに</translation>
+    </message>
+    <message>
+        <source>To the time line</source>
+        <translation>タイムラインに</translation>
+    </message>
+    <message>
+        <source>Show all curves</source>
+        <translation>すべてのカーブを表示</translation>
+    </message>
+    <message>
+        <source>Show selected points or the curve</source>
+        <translation>選択したポイントまたはカーブを表示</translation>
+    </message>
+    <message>
+        <source>Time line a frame later</source>
+        <translation>タイムラインを 1 フレーム後へ</translation>
+    </message>
+    <message>
+        <source>Time line a frame earlier</source>
+        <translation>タイムラインを 1 フレーム前へ</translation>
+    </message>
+</context>
+<context>
+    <name>EditingListPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>フィルター</translation>
+    </message>
+    <message>
+        <source>Filter of the curves</source>
+        <translation>カーブのフィルター</translation>
+    </message>
+    <message>
+        <source>Shows only the curves whose names contain this text; the others stay on the canvas</source>
+        <translation>名前にこの文字列を含むカーブだけを表示します。ほかのカーブはキャンバスに残ります</translation>
+    </message>
+</context>
+<context>
+    <name>FitDialog</name>
+    <message>
+        <source>The tolerance is a number, 0 or more.</source>
+        <translation>許容差には 0 以上の数値を入力してください。</translation>
+    </message>
+</context>
+<context>
+    <name>PanDialog</name>
+    <message>
+        <source>pan selection</source>
+        <translation>選択をずらす</translation>
+    </message>
+    <message>
+        <source>Pan X</source>
+        <translation>ずらす量 X</translation>
+    </message>
+    <message>
+        <source>Pan Y</source>
+        <translation>ずらす量 Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>PointAccessible</name>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>TCB ポイント</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>ベジェ ポイント</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>リニア ポイント</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, frame %3, value %4</source>
+        <translation>ポイント %1 / %2、フレーム %3、値 %4</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, time %3, value %4</source>
+        <translation>ポイント %1 / %2、時間 %3、値 %4</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>%1 のポイントを削除</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>%2 のポイント %1 個を削除</translation>
+    </message>
+</context>
+<context>
+    <name>PointCommands</name>
+    <message>
+        <source>Nudge a point of %1</source>
+        <translation>%1 のポイントを微調整</translation>
+    </message>
+    <message>
+        <source>Nudge %1 points of %2</source>
+        <translation>%2 のポイント %1 個を微調整</translation>
+    </message>
+    <message>
+        <source>Cut points of %1</source>
+        <translation>%1 のポイントを切り取り</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>ポイントを貼り付け</translation>
+    </message>
+    <message>
+        <source>Paste points into %1</source>
+        <translation>%1 にポイントを貼り付け</translation>
+    </message>
+    <message>
+        <source>Duplicate points of %1</source>
+        <translation>%1 のポイントを複製</translation>
+    </message>
+    <message>
+        <source>Insert a point on %1</source>
+        <translation>%1 上にポイントを挿入</translation>
+    </message>
+    <message>
+        <source>Flatten a point of %1</source>
+        <translation>%1 のポイントの接線を水平にする</translation>
+    </message>
+    <message>
+        <source>Flatten %1 points of %2</source>
+        <translation>%2 のポイント %1 個の接線を水平にする</translation>
+    </message>
+    <message>
+        <source>Align the tangents of a point of %1</source>
+        <translation>%1 のポイントの接線をそろえる</translation>
+    </message>
+    <message>
+        <source>Align the tangents of %1 points of %2</source>
+        <translation>%2 のポイント %1 個の接線をそろえる</translation>
+    </message>
+    <message>
+        <source>Smooth a point of %1</source>
+        <translation>%1 のポイントを滑らかにする</translation>
+    </message>
+    <message>
+        <source>Smooth %1 points of %2</source>
+        <translation>%2 のポイント %1 個を滑らかにする</translation>
+    </message>
+</context>
+<context>
+    <name>PointTableModel</name>
+    <message>
+        <source>Linear</source>
+        <translation>リニア</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>ベジェ</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>フレーム</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時間</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Incoming</source>
+        <translation>入力側</translation>
+    </message>
+    <message>
+        <source>Outgoing</source>
+        <translation>出力側</translation>
+    </message>
+    <message>
+        <source>Tension</source>
+        <translation>テンション</translation>
+    </message>
+    <message>
+        <source>Continuity</source>
+        <translation>連続性</translation>
+    </message>
+    <message>
+        <source>Bias</source>
+        <translation>バイアス</translation>
+    </message>
+    <message>
+        <source>Ease To</source>
+        <translation>到達イーズ</translation>
+    </message>
+    <message>
+        <source>Ease From</source>
+        <translation>出発イーズ</translation>
+    </message>
+    <message>
+        <source>Change the type of a point of %1</source>
+        <translation>%1 のポイントの種類を変更</translation>
+    </message>
+    <message>
+        <source>Change the type of %1 points of %2</source>
+        <translation>%2 のポイント %1 個の種類を変更</translation>
+    </message>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>%1 のポイントの数値を変更</translation>
+    </message>
+    <message>
+        <source>Change a number of %1 points of %2</source>
+        <translation>%2 のポイント %1 個の数値を変更</translation>
+    </message>
+</context>
+<context>
+    <name>PointTablePage</name>
+    <message>
+        <source>Points</source>
+        <translation>ポイント</translation>
+    </message>
+    <message>
+        <source>Points of the current curve</source>
+        <translation>現在のカーブのポイント</translation>
+    </message>
+    <message>
+        <source>Select all points</source>
+        <translation>すべてのポイントを選択</translation>
+    </message>
+    <message>
+        <source>Selects all points of the current curve</source>
+        <translation>現在のカーブのすべてのポイントを選択します</translation>
+    </message>
+    <message>
+        <source>What is typed into a cell goes to all selected rows</source>
+        <translation>セルに入力した内容は、選択したすべての行に反映されます</translation>
+    </message>
+</context>
+<context>
+    <name>PointText</name>
+    <message>
+        <source>The text holds no points.</source>
+        <translation>テキストにポイントがありません。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no column of points.</source>
+        <translation>「%1」はポイントの列ではありません。</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is there twice.</source>
+        <translation>列「%1」が重複しています。</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is missing.</source>
+        <translation>列「%1」がありません。</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 numbers.</source>
+        <translation>数値が %2 個ではなく %1 個です。</translation>
+    </message>
+    <message>
+        <source>More than %1 points.</source>
+        <translation>ポイントが %1 個を超えています。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of a point.</source>
+        <translation>「%1」はポイントの種類ではありません。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number that a point can have.</source>
+        <translation>「%1」はポイントに使える数値ではありません。</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>%1 行目: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ScaleDialog</name>
+    <message>
+        <source>scale selection</source>
+        <translation>選択をスケール</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>倍率 X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>倍率 Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>SimplifyDialog</name>
+    <message>
+        <source>Simplify %1</source>
+        <translation>%1 を簡略化</translation>
+    </message>
+    <message>
+        <source>Simplify</source>
+        <translation>簡略化</translation>
+    </message>
+    <message>
+        <source>&amp;Tolerance</source>
+        <translation>許容差(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Keep rising and falling parts so</source>
+        <translation>増加と減少の部分を保つ(&amp;K)</translation>
+    </message>
+    <message>
+        <source>The curve has changed meanwhile and stays as it is.</source>
+        <translation>カーブがその間に変更されたため、そのままにします。</translation>
+    </message>
+    <message>
+        <source>No fewer than %1 points are within this tolerance.</source>
+        <translation>この許容差では %1 個より少なくできません。</translation>
+    </message>
+    <message>
+        <source>%1 points of the selected part become %2, at most %3 away.</source>
+        <translation>選択部分のポイント %1 個が %2 個になります (ずれは最大 %3)。</translation>
+    </message>
+    <message>
+        <source>%1 points become %2, at most %3 away.</source>
+        <translation>ポイント %1 個が %2 個になります (ずれは最大 %3)。</translation>
+    </message>
+</context>
+<context>
+    <name>TcbEditorForm</name>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>%1 のポイントの数値を変更</translation>
+    </message>
+</context>
+<context>
+    <name>ViewportSettings</name>
+    <message>
+        <source>viewPort Settings</source>
+        <translation>表示範囲の設定</translation>
+    </message>
+    <message>
+        <source>MinX</source>
+        <translation>最小 X</translation>
+    </message>
+    <message>
+        <source>MinY</source>
+        <translation>最小 Y</translation>
+    </message>
+    <message>
+        <source>MaxX</source>
+        <translation>最大 X</translation>
+    </message>
+    <message>
+        <source>MaxY</source>
+        <translation>最大 Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+</TS>
