@@ -277,7 +277,6 @@ void CurveEditor::languageChange()
     CurveEditorDialogBase::languageChange();
     if (d_->functionEdit) {
         textLabel1->setText(isModeFrames() ? tr("Frame:") : tr("Time:"));
-        d_->functionEdit->canvas.paint();
         showMousePlace();
     }
     showLineTip();

@@ -11,7 +11,6 @@
 #include <QAccessible>
 #include <QAction>
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QRegularExpression>
 #include <QTabBar>
 #include <QTableView>
@@ -114,6 +113,8 @@ private Q_SLOTS:
         s.choose(0);                // makes the menu over points
         s.editor.tabWidget2->setCurrentIndex(2);
         s.editor.nodeLast->setCurrentIndex(3);
+        auto* const table = s.editor.findChild<QTableView*>("pointTable");
+        table->edit(table->model()->index(1, 2)); // a list of types
         CurveEditor empty;
         empty.setTheme(CurveEditorTheme::light());
         empty.show();
