@@ -188,6 +188,14 @@ void PointTablePage::fitToFont()
     view_->horizontalHeader()->setDefaultSectionSize(digitWidth * digitsInSight);
     for (const int column : {PointTableModel::Time, PointTableModel::Value})
         view_->setColumnWidth(column, digitWidth * digitsOfLongest);
+    fitToTitles();
+}
+
+void PointTablePage::fitToTitles()
+{
+    const QHeaderView& titles = *view_->horizontalHeader();
+    for (int column = 0; column < PointTableModel::ColumnCount; ++column)
+        view_->setColumnWidth(column, std::max(view_->columnWidth(column), titles.sectionSizeHint(column)));
 }
 
 void PointTablePage::show(ControlSplineNode* control)
@@ -266,6 +274,7 @@ void PointTablePage::translate()
 {
     setWindowTitle(tr("Points"));
     model_.translate();
+    fitToTitles();
     view_->setAccessibleName(tr("Points of the current curve"));
     if (auto* const corner = view_->findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly)) {
         corner->setAccessibleName(tr("Select all points"));

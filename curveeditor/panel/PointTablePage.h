@@ -39,6 +39,7 @@ protected:
 private:
     void translate();
     void fitToFont();
+    void fitToTitles();
     void selectRows();
     void pickSelection();
 

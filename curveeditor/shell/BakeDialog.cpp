@@ -50,6 +50,7 @@ void BakeDialog::addTimes()
 void BakeDialog::addKinds()
 {
     kind_ = new QComboBox;
+    kind_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     kind_->addItems({QString(), QString(), QString(), QString()});
     kind_->setCurrentIndex(SplineBase::Bezier);
     addField("kind", kind_);

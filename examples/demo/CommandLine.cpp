@@ -14,6 +14,7 @@ namespace {
 constexpr const char* screenshotOption = "screenshot";
 constexpr const char* exportOption = "export";
 constexpr const char* openOption = "open";
+constexpr const char* languageOption = "language";
 constexpr const char* simplifyOption = "simplify";
 
 [[noreturn]] void refuse(const QString& reason)
@@ -41,6 +42,7 @@ CommandLine::CommandLine(const QCoreApplication& application)
          tr("Load each column of the table as few points, at most this far from its values: percent of their "
             "span."),
          "TOLERANCE"},
+        {languageOption, tr("Show the editor in this language: de, en, es, fr or ja."), "LANGUAGE"},
     });
     parser.process(application);
 
@@ -51,6 +53,7 @@ CommandLine::CommandLine(const QCoreApplication& application)
     names = parser.values(openOption);
     if (parser.isSet(simplifyOption))
         simplifyPercent = toleranceOf(parser.value(simplifyOption), tableFile);
+    language = parser.value(languageOption);
     screenshotFile = parser.value(screenshotOption);
     exportFile = parser.value(exportOption);
 }

@@ -26,6 +26,7 @@ public:
     QString tableFile; ///< empty for the sample curves
     QStringList names; ///< groups and full names of curves to open; empty for the demo's own choice
     std::optional<double> simplifyPercent; ///< tolerance for the columns of the table
+    QString language;                      ///< of the editor, as in "de"; empty for English
     QString screenshotFile;
     QString exportFile;
 

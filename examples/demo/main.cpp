@@ -8,8 +8,12 @@
 #include "TableCurves.h"
 #include "TableReader.h"
 
+#include <curveeditor/shell/Translations.h>
+
 #include <QApplication>
 #include <QFile>
+#include <QLibraryInfo>
+#include <QTranslator>
 
 #include <cstdio>
 #include <cstdlib>
@@ -32,6 +36,19 @@ bool report(const QString& reason)
     if (!reason.isEmpty())
         std::fprintf(stderr, "%s\n", qPrintable(reason));
     return reason.isEmpty();
+}
+
+// The texts of the editor, and Qt's own where its translations are installed. Returns an empty text, or why not.
+QString chooseLanguage(const QString& language, QTranslator& qtTexts)
+{
+    if (language.isEmpty())
+        return QString();
+    const QLocale locale(language);
+    if (!installCurveEditorTranslation(locale))
+        return QCoreApplication::translate("main", "There is no translation into \"%1\".").arg(language);
+    if (qtTexts.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&qtTexts);
+    return QString();
 }
 
 // The curves of the table, or the samples if there is no name. Returns an empty text, or why there is no
@@ -112,6 +129,9 @@ int main(int argc, char* argv[])
         return EXIT_FAILURE;
     }
 
+    QTranslator qtTexts;
+    if (!report(chooseLanguage(commandLine.language, qtTexts)))
+        return EXIT_FAILURE;
     CurveStore store;
     if (!report(fillStore(store, commandLine)))
         return EXIT_FAILURE;

@@ -35,6 +35,7 @@ private Q_SLOTS:
         QTest::newRow("two tables") << QStringList{"a", "b"};
         QTest::newRow("unknown option") << QStringList{"--picture", "a"};
         QTest::newRow("unknown curve") << QStringList{"--open", "Camera.none", "--export", path("none")};
+        QTest::newRow("unknown language") << QStringList{"--language", "xx", "--export", path("none")};
         QTest::newRow("no tolerance") << QStringList{"--simplify", "x", "a", "--export", path("b")};
         QTest::newRow("tolerance below 0") << QStringList{"--simplify", "-1", "a", "--export", path("b")};
         QTest::newRow("nothing to simplify") << QStringList{"--simplify", "1", "--export", path("b")};
