@@ -76,6 +76,7 @@ protected:
 
 private:
     void showTexts();
+
     CanvasFunctionBase& canvas_;
     QPointer<CurveNodeBase> curve_;
     QFormLayout* form_;
