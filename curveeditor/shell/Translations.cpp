@@ -39,7 +39,7 @@ bool installCurveEditorTranslation(const QLocale& locale)
     const QStringList languages = locale.uiLanguages();
     for (const QString& name : languages) {
         const QString language = name.section(QLatin1Char('-'), 0, 0);
-        const bool isEnglish = language == QLatin1String("en") || language == QLatin1String("C");
+        const bool isEnglish = language == QLatin1String("en");
         if (!isEnglish && !translator->load(QStringLiteral(":/curveeditor/curveeditor_%1.qm").arg(language)))
             continue;
         if (!isEnglish)
