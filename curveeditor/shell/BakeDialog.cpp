@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/model/EvaluationTime.h>
+#include <curveeditor/shell/DialogParts.h>
 
 #include <QComboBox>
 #include <QDeadlineTimer>
@@ -50,7 +51,6 @@ void BakeDialog::addTimes()
 void BakeDialog::addKinds()
 {
     kind_ = new QComboBox;
-    kind_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     kind_->addItems({QString(), QString(), QString(), QString()});
     kind_->setCurrentIndex(SplineBase::Bezier);
     addField("kind", kind_);
@@ -72,6 +72,7 @@ void BakeDialog::translate()
     const QString kinds[] = {tr("Linear"), tr("Bezier"), tr("Tcb"), tr("As few as the tolerance allows")};
     for (int index = 0; index < kind_->count(); ++index)
         kind_->setItemText(index, kinds[index]);
+    fitToItems(kind_);
     setLabel(tolerance_, tr("To&lerance"));
 }
 

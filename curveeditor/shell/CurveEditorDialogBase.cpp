@@ -104,10 +104,10 @@ void setHelp(QWidget* widget, const QString& help)
 void setItems(QComboBox* combo, const QStringList& items)
 {
     const int index = combo->currentIndex();
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToContents); // also in the next language
     combo->clear();
     combo->addItems(items);
     combo->setCurrentIndex(index < 0 ? 0 : index);
+    fitToItems(combo);
 }
 
 } // namespace

@@ -1,9 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/DialogParts.h>
 
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
+
 void setDialogFamily(QWidget* widget)
 {
     widget->setFont(QFont(QStringLiteral("Arial Narrow")));
+}
+
+// A new style makes a box measure its items. A policy to follow them would resize it behind the back of its layout.
+void fitToItems(QComboBox* box)
+{
+    QEvent change(QEvent::StyleChange);
+    QCoreApplication::sendEvent(box, &change);
 }
 
 void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& color)

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QWidget>
 
+class QComboBox;
+
 /// A new object of `Kind`, child of `parent`, with that object name.
 template <class Kind, class Parent> Kind* named(const char* name, Parent* parent)
 {
@@ -38,6 +40,9 @@ template <class Layout> Layout* innerLayout(const char* name, QBoxLayout* outer)
 
 /// Gives a widget the font family of the dialogs; size and style stay those of its parent.
 void setDialogFamily(QWidget* widget);
+
+/// Gives a box the width that its present items take; else it keeps that of its first ones.
+void fitToItems(QComboBox* box);
 
 /// Sets one colour of a widget, the same in all of its states.
 void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& color);
