@@ -21,7 +21,7 @@ QPointer<QTranslator> installed;
 
 void replaceTranslator(QTranslator* translator)
 {
-    const QPointer<QTranslator> former = installed;
+    QTranslator* const former = installed;
     installed = translator;
     if (translator)
         QCoreApplication::installTranslator(translator);
