@@ -44,8 +44,8 @@ struct Content
     int splines = curveCount;
     int expressions = 0;
     int points = pointCount;
-    double swings = 3.0; ///< across the view
-    float bound = 10.0f; ///< the values reach 2.8
+    double swings = 3.0;   ///< across the view
+    float bound = 10.0f;   ///< the values reach 2.8
     bool isThemed = false; ///< with smooth lines
 };
 
@@ -205,7 +205,8 @@ void dragStep(benchmark::State& state, const Content& content, bool formOpen = t
         scene.send(QEvent::MouseMove, start + QPoint(0, 10 + ++step % 50), Qt::LeftButton);
         scene.show();
     }
-    if (content.splines == curveCount && content.points == pointCount && page == Envelope && !content.isThemed) {
+    if (content.splines == curveCount && content.points == pointCount && page == Envelope &&
+        !content.isThemed) {
         Peer peer(content.swings);
         compare(state, [&peer](int number) { peer.showEdit(number); });
     }

@@ -254,14 +254,19 @@ bool TcbEditorForm::isEditing() const
     return editedField_ && door_ && door_->isOpen(edit_);
 }
 
-// An edit that is open elsewhere is told when it is committed, and who hears of it may take the point away.
+// An edit that is open elsewhere is told when it is committed, and who hears of it may take the curve away.
+bool TcbEditorForm::endOtherEdit()
+{
+    const QPointer<ControlSplineNode> control(currentControl_);
+    control->door().commit();
+    return control && control == currentControl_;
+}
+
 bool TcbEditorForm::beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point)
 {
     if (isEditing() && editedField_ == sender && before_.serial == point.serial)
         return true;
-    const QPointer<ControlSplineNode> control(currentControl_);
-    control->door().commit();
-    const int index = control == currentControl_ ? editableIndex() : -1;
+    const int index = endOtherEdit() ? editableIndex() : -1;
     if (index < 0 || currentControl_->pointAt(index)->serial != point.serial)
         return false;
     const std::shared_ptr<EditedCurve>& curve = currentControl_->curve();

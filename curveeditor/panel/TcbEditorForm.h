@@ -74,6 +74,7 @@ private:
     int singleIndex(const ControlSplineNode* control) const;
     int editableIndex() const;
     bool isEditing() const;
+    bool endOtherEdit();
     bool beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point);
     void writeNumber(CustomEditLine* sender, const Row& row, double number);
     double editedNumber(double value, const CustomEditLine& sender, const Row& row,

@@ -79,9 +79,8 @@ QString PointAccessible::text(QAccessible::Text kind) const
     const SplineBase::PointInfo* const present = point();
     if (!present)
         return {};
-    const QString value = QString::number(present->pos);
     if (kind == QAccessible::Value)
-        return value;
+        return QString::number(present->pos);
     if (kind == QAccessible::Description) {
         const QString types[] = {tr("Tcb point"), tr("Bezier point"), tr("Linear point")};
         const int type = present->type;
@@ -92,7 +91,7 @@ QString PointAccessible::text(QAccessible::Text kind) const
     const double time = canvas_->isShowFrames() ? present->time * canvas_->fps : present->time;
     const QString name = canvas_->isShowFrames() ? tr("Point %1 of %2, frame %3, value %4")
                                                  : tr("Point %1 of %2, time %3, value %4");
-    return name.arg(index() + 1).arg(splineOf(*canvas_)->pointCount()).arg(QString::number(time), value);
+    return name.arg(index() + 1).arg(splineOf(*canvas_)->pointCount()).arg(QString::number(time), QString::number(present->pos));
 }
 
 QRect PointAccessible::rect() const
