@@ -257,9 +257,9 @@ bool TcbEditorForm::isEditing() const
 // An edit that is open elsewhere is told when it is committed, and who hears of it may take the curve away.
 bool TcbEditorForm::endOtherEdit()
 {
-    const QPointer<ControlSplineNode> control(currentControl_);
-    control->door().commit();
-    return control && control == currentControl_;
+    const ControlSplineNode* const before = currentControl_;
+    currentControl_->door().commit();
+    return currentControl_ && currentControl_ == before;
 }
 
 bool TcbEditorForm::beginEdit(CustomEditLine* sender, const SplineBase::PointInfo& point)
