@@ -48,7 +48,8 @@ void ControlSplineNode::toggleSelected(const SplineBase::PointInfo* point)
 bool ControlSplineNode::selectInBand(double timeLow, double timeHigh, double valueLow, double valueHigh,
                                      bool adds)
 {
-    const std::vector<bool> marks = adds && getSpline() ? selection_.marks(*getSpline()) : std::vector<bool>();
+    const std::vector<bool> marks =
+        adds && getSpline() ? selection_.marks(*getSpline()) : std::vector<bool>();
     std::vector<PointSerial> inside;
     for (int index = 0; index < pointCount(); ++index) {
         const SplineBase::PointInfo& point = *pointAt(index);

@@ -91,7 +91,9 @@ QString PointAccessible::text(QAccessible::Text kind) const
     const double time = canvas_->isShowFrames() ? present->time * canvas_->fps : present->time;
     const QString name = canvas_->isShowFrames() ? tr("Point %1 of %2, frame %3, value %4")
                                                  : tr("Point %1 of %2, time %3, value %4");
-    return name.arg(index() + 1).arg(splineOf(*canvas_)->pointCount()).arg(QString::number(time), QString::number(present->pos));
+    return name.arg(index() + 1)
+        .arg(splineOf(*canvas_)->pointCount())
+        .arg(QString::number(time), QString::number(present->pos));
 }
 
 QRect PointAccessible::rect() const
