@@ -107,7 +107,8 @@ private:
     static QString ofField(const CustomEditLine& field, double number)
     {
         const QString expected = field.textFor(number).left(field.maxLength());
-        if (field.hasFocus() || field.text() == expected || field.text().toDouble() == number)
+        const bool isTypedInto = field.window()->focusWidget() == &field;
+        if (isTypedInto || field.text() == expected || field.text().toDouble() == number)
             return {};
         return field.accessibleName() + " shows " + field.text() + " for " + expected;
     }
