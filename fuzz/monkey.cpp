@@ -370,8 +370,8 @@ const std::vector<Playground::Event>& Playground::events()
          [](Playground& p, Dice& dice) {
              const auto fields = p.editor().findChildren<CustomEditLine*>();
              CustomEditLine* const field = fields[dice.below(int(fields.size()))];
-             if (!field->isEnabled())
-                 return;
+             if (!field->isEnabled() || !p.editor().isActiveWindow())
+                 return; // no user types there
              field->setFocus();
              QTest::keyClicks(field, QString::number(dice.number()));
              if (dice.oneOf(2))
