@@ -89,6 +89,12 @@ bool ViewGestures::takeWheel(const QWheelEvent& event)
     return true;
 }
 
+void ViewGestures::zoomByNotches(int notches)
+{
+    const double factor = std::pow(zoomOfNotch, -notches);
+    zoom(QRectF(widget_->rect()).center(), factor, factor);
+}
+
 bool ViewGestures::takePinch(const QNativeGestureEvent& event)
 {
     if (event.gestureType() != Qt::ZoomNativeGesture)

@@ -30,6 +30,9 @@ public:
     void setEnabled(bool on);
     bool isEnabled() const { return isEnabled_; }
 
+    /// As notches of the wheel in the middle of the canvas; positive ones zoom in.
+    void zoomByNotches(int notches);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

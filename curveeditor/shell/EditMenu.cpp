@@ -210,6 +210,10 @@ void EditMenu::addView()
         [this] { canvas_.canvas.showAllCurves(); });
     add(QT_TR_NOOP("Show selected points or the curve"), QStringLiteral("F"), hasCurve,
         [this] { canvas_.canvas.showSelection(); });
+    add(QT_TR_NOOP("Zoom in"), QStringLiteral("+"), hasCurve,
+        [this] { canvas_.viewGestures.zoomByNotches(1); });
+    add(QT_TR_NOOP("Zoom out"), QStringLiteral("-"), hasCurve,
+        [this] { canvas_.viewGestures.zoomByNotches(-1); });
     const Condition canDrag = [this] {
         return canvas_.timeLineDrag.isEnabled();
     };

@@ -1072,6 +1072,14 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Ausgewählte Punkte oder die Kurve zeigen</translation>
     </message>
     <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
         <source>Time line a frame later</source>
         <translation>Zeitlinie ein Bild später</translation>
     </message>

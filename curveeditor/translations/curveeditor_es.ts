@@ -1072,6 +1072,14 @@ Do you want to replace it?</source>
         <translation>Mostrar los puntos seleccionados o la curva</translation>
     </message>
     <message>
+        <source>Zoom in</source>
+        <translation>Acercar</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Alejar</translation>
+    </message>
+    <message>
         <source>Time line a frame later</source>
         <translation>Línea de tiempo un fotograma después</translation>
     </message>

@@ -1072,6 +1072,14 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>Afficher les points sélectionnés ou la courbe</translation>
     </message>
     <message>
+        <source>Zoom in</source>
+        <translation>Zoom avant</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Zoom arrière</translation>
+    </message>
+    <message>
         <source>Time line a frame later</source>
         <translation>Ligne de temps une image plus tard</translation>
     </message>

@@ -1072,6 +1072,14 @@ Do you want to replace it?</source>
         <translation>選択したポイントまたはカーブを表示</translation>
     </message>
     <message>
+        <source>Zoom in</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>縮小</translation>
+    </message>
+    <message>
         <source>Time line a frame later</source>
         <translation>タイムラインを 1 フレーム後へ</translation>
     </message>

@@ -134,6 +134,7 @@ private Q_SLOTS:
             {"Home of the keypad",
              [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Home, Qt::KeypadModifier); }, true, true,
              false},
+            {"minus", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Minus); }, true, true, false},
             {"F", [](Scene& s) { s.clickPoint(), QTest::keyClick(&s.canvas, Qt::Key_F); }, true, true, false},
         };
         for (const Case& c : cases) {
