@@ -239,7 +239,10 @@ void EditMenu::updateEntries()
 
 QAction* EditMenu::entryOf(const QKeyEvent& event)
 {
-    const QKeySequence key(QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, Qt::Key(event.key())));
+    Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (event.key() == Qt::Key_Plus) // takes Shift on many keyboards
+        modifiers &= ~Qt::ShiftModifier;
+    const QKeySequence key(QKeyCombination(modifiers, Qt::Key(event.key())));
     const auto found = std::find_if(entries_.begin(), entries_.end(), [&key](const auto& entry) {
         return entry.first->shortcut().matches(key) == QKeySequence::ExactMatch;
     });

@@ -135,6 +135,8 @@ private Q_SLOTS:
              [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Home, Qt::KeypadModifier); }, true, true,
              false},
             {"minus", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Minus); }, true, true, false},
+            {"plus", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Plus, Qt::ShiftModifier); }, true,
+             true, false},
             {"F", [](Scene& s) { s.clickPoint(), QTest::keyClick(&s.canvas, Qt::Key_F); }, true, true, false},
         };
         for (const Case& c : cases) {
