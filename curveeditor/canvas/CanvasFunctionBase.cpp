@@ -325,8 +325,9 @@ bool CanvasFunctionBase::hasSelectedPoint() const
 bool CanvasFunctionBase::hasPointAt(const QPoint& pixel) const
 {
     const std::vector<CurveNodeBase*> reach = curvesInReach();
-    return std::any_of(reach.begin(), reach.end(), [&pixel](CurveNodeBase* curve) {
-        return curve->getCanvasSpline()->hitTest(pixel, curve->control().selection()).point != 0;
+    return std::any_of(reach.begin(), reach.end(), [this, &pixel](CurveNodeBase* curve) {
+        const Selection selection = curve == current_ ? curve->control().selection() : Selection();
+        return curve->getCanvasSpline()->hitTest(pixel, selection).point != 0;
     });
 }
 
