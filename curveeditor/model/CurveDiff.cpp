@@ -38,10 +38,8 @@ template <typename Entries> std::vector<std::uint32_t> serialsOf(const Entries& 
     return serials;
 }
 
-} // namespace
-
 /// The points and behaviours of a spline or of a state, under the same names.
-class CurveDiff::Points
+class Points
 {
 public:
     explicit Points(const SplineBase& spline)
@@ -74,20 +72,7 @@ private:
     std::size_t size_;
 };
 
-void TimeInterval::unite(const TimeInterval& other)
-{
-    if (other.isEmpty())
-        return;
-    first = std::min(first, other.first);
-    last = std::max(last, other.last);
-}
-
-TimeInterval influenceOf(const SplineBase& spline, std::size_t index)
-{
-    return CurveDiff::influence(CurveDiff::Points(spline), index);
-}
-
-TimeInterval CurveDiff::influence(const Points& points, std::size_t index)
+TimeInterval influence(const Points& points, std::size_t index)
 {
     if (index >= points.size())
         return {};
@@ -110,45 +95,170 @@ TimeInterval CurveDiff::influence(const Points& points, std::size_t index)
     return interval;
 }
 
+struct Entry
+{
+    std::size_t index = 0;
+    PointInfo info;
+};
+
+template <typename Value> struct Change
+{
+    Value before{};
+    Value after{};
+
+    bool isNone() const { return before == after; }
+};
+
+} // namespace
+
+void TimeInterval::unite(const TimeInterval& other)
+{
+    if (other.isEmpty())
+        return;
+    first = std::min(first, other.first);
+    last = std::max(last, other.last);
+}
+
+TimeInterval influenceOf(const SplineBase& spline, std::size_t index)
+{
+    return influence(Points(spline), index);
+}
+
+struct CurveDiff::Private
+{
+    Private() = default;
+    Private(const Points& before, const Points& after);
+
+    void notePoints(const Points& before, const Points& after);
+    void noteTouched(const Points& before, const Points& after);
+    void noteContent(Change<CurveKind> kinds, const std::string& before, const std::string& after);
+
+    bool isEmpty() const;
+    bool concernsPointsOnly() const;
+    Private inverse() const;
+    bool apply(CurveState& state) const;
+    bool replacePoints(std::vector<PointInfo>& points) const;
+
+    std::vector<Entry> removed;  ///< ascending indices in the points before
+    std::vector<Entry> inserted; ///< ascending indices in the points after
+    Change<std::int32_t> firstType, lastType;
+    Change<double> defaultValue;
+    Change<CurveKind> kind;
+    Change<std::string> formula;
+    TimeInterval touched;
+};
+
+CurveDiff::CurveDiff()
+{
+    static const auto nothing = std::make_shared<const Private>();
+    d_ = nothing;
+}
+
+CurveDiff::CurveDiff(std::shared_ptr<const Private> differences) : d_(std::move(differences)) {}
+
 CurveDiff CurveDiff::between(const CurveState& before, const CurveState& after)
 {
-    CurveDiff diff = compare(Points(before.spline), Points(after.spline));
-    diff.kind_ = {before.kind, after.kind};
-    diff.noteFormula(before.formula, after.formula);
-    return diff;
+    const auto diff = std::make_shared<Private>(Points(before.spline), Points(after.spline));
+    diff->noteContent({before.kind, after.kind}, before.formula, after.formula);
+    return CurveDiff(diff);
 }
 
 CurveDiff CurveDiff::between(const CurveState& before, const SplineBase& spline, CurveKind kind,
                              const std::string& formula)
 {
-    CurveDiff diff = compare(Points(before.spline), Points(spline));
-    diff.kind_ = {before.kind, kind};
-    diff.noteFormula(before.formula, formula);
-    return diff;
+    const auto diff = std::make_shared<Private>(Points(before.spline), Points(spline));
+    diff->noteContent({before.kind, kind}, before.formula, formula);
+    return CurveDiff(diff);
 }
 
-CurveDiff CurveDiff::compare(const Points& before, const Points& after)
+bool CurveDiff::isEmpty() const
 {
-    CurveDiff diff;
-    diff.firstType_ = {before.firstType, after.firstType};
-    diff.lastType_ = {before.lastType, after.lastType};
-    diff.defaultValue_ = {before.defaultValue, after.defaultValue};
-    diff.comparePoints(before, after);
-    diff.noteTouched(before, after);
-    return diff;
+    return d_->isEmpty();
+}
+
+bool CurveDiff::concernsPointsOnly() const
+{
+    return d_->concernsPointsOnly();
+}
+
+CurveKind CurveDiff::kindBefore() const
+{
+    return d_->kind.before;
+}
+
+CurveKind CurveDiff::kindAfter() const
+{
+    return d_->kind.after;
+}
+
+bool CurveDiff::apply(CurveState& state) const
+{
+    return d_->apply(state);
+}
+
+bool CurveDiff::revert(CurveState& state) const
+{
+    return d_->inverse().apply(state);
+}
+
+const TimeInterval& CurveDiff::touched() const
+{
+    return d_->touched;
+}
+
+std::vector<std::uint32_t> CurveDiff::pointsBefore() const
+{
+    return serialsOf(d_->removed);
+}
+
+std::vector<std::uint32_t> CurveDiff::pointsAfter() const
+{
+    return serialsOf(d_->inserted);
+}
+
+std::string CurveDiff::toString() const
+{
+    std::ostringstream text;
+    const auto writePoints = [&text](char sign, const std::vector<Entry>& entries) {
+        for (const Entry& entry : entries)
+            text << sign << ' ' << entry.index << ": " << entry.info.time << ' ' << entry.info.pos << ' '
+                 << typeName(entry.info.type) << '\n';
+    };
+    const auto writeChange = [&text](const char* name, const auto& before, const auto& after) {
+        if (before != after)
+            text << name << ' ' << before << " -> " << after << '\n';
+    };
+    writePoints('-', d_->removed);
+    writePoints('+', d_->inserted);
+    writeChange("first", d_->firstType.before, d_->firstType.after);
+    writeChange("last", d_->lastType.before, d_->lastType.after);
+    writeChange("default", d_->defaultValue.before, d_->defaultValue.after);
+    writeChange("kind", int(d_->kind.before), int(d_->kind.after));
+    writeChange("formula", '"' + d_->formula.before + '"', '"' + d_->formula.after + '"');
+    return text.str();
+}
+
+CurveDiff::Private::Private(const Points& before, const Points& after)
+    : firstType{before.firstType, after.firstType}, lastType{before.lastType, after.lastType},
+      defaultValue{before.defaultValue, after.defaultValue}
+{
+    notePoints(before, after);
+    noteTouched(before, after);
 }
 
 // An unchanged formula is not kept, it may be long.
-void CurveDiff::noteFormula(const std::string& before, const std::string& after)
+void CurveDiff::Private::noteContent(Change<CurveKind> kinds, const std::string& before,
+                                     const std::string& after)
 {
+    kind = kinds;
     if (before != after)
-        formula_ = {before, after};
-    if (before != after || kind_.before != kind_.after)
-        touched_ = TimeInterval::everything();
+        formula = {before, after};
+    if (!formula.isNone() || !kind.isNone())
+        touched = TimeInterval::everything();
 }
 
 // Both lists ascend in time: of two points that are not the same one, the earlier is missing on the other side.
-void CurveDiff::comparePoints(const Points& before, const Points& after)
+void CurveDiff::Private::notePoints(const Points& before, const Points& after)
 {
     std::size_t beforeEnd = before.size();
     std::size_t afterEnd = after.size();
@@ -172,135 +282,97 @@ void CurveDiff::comparePoints(const Points& before, const Points& after)
         const bool isGone = isOne || j == afterEnd || (both && before[i].time < after[j].time);
         const bool isNew = isOne || !isGone;
         if (isGone) {
-            removed_.push_back({i, before[i]});
+            removed.push_back({i, before[i]});
             ++i;
         }
         if (isNew) {
-            inserted_.push_back({j, after[j]});
+            inserted.push_back({j, after[j]});
             ++j;
         }
     }
 }
 
-void CurveDiff::noteTouched(const Points& before, const Points& after)
+void CurveDiff::Private::noteTouched(const Points& before, const Points& after)
 {
-    for (const Entry& entry : removed_)
-        touched_.unite(influence(before, entry.index));
-    for (const Entry& entry : inserted_)
-        touched_.unite(influence(after, entry.index));
+    for (const Entry& entry : removed)
+        touched.unite(influence(before, entry.index));
+    for (const Entry& entry : inserted)
+        touched.unite(influence(after, entry.index));
     const TimeInterval everything = TimeInterval::everything();
     const bool goesOnChanges = before.lastType != after.lastType || before.hasSpan() != after.hasSpan();
     for (const Points* points : {&before, &after}) {
         if (points->size() == 0)
             continue;
         if (before.firstType != after.firstType)
-            touched_.unite({everything.first, (*points)[0].time});
+            touched.unite({everything.first, (*points)[0].time});
         if (goesOnChanges)
-            touched_.unite({(*points)[points->size() - 1].time, everything.last});
+            touched.unite({(*points)[points->size() - 1].time, everything.last});
     }
 }
 
-bool CurveDiff::isEmpty() const
+bool CurveDiff::Private::isEmpty() const
 {
-    return removed_.empty() && inserted_.empty() && concernsPointsOnly();
+    return removed.empty() && inserted.empty() && concernsPointsOnly();
 }
 
-bool CurveDiff::concernsPointsOnly() const
+bool CurveDiff::Private::concernsPointsOnly() const
 {
-    return firstType_.before == firstType_.after && lastType_.before == lastType_.after &&
-           kind_.before == kind_.after && hasSameBits(defaultValue_.before, defaultValue_.after) &&
-           formula_.before == formula_.after;
+    return firstType.isNone() && lastType.isNone() && kind.isNone() && formula.isNone() &&
+           hasSameBits(defaultValue.before, defaultValue.after);
 }
 
-bool CurveDiff::apply(CurveState& state) const
+bool CurveDiff::Private::apply(CurveState& state) const
 {
-    const bool changesFormula = formula_.before != formula_.after;
+    const bool changesFormula = !formula.isNone();
     SplineState& spline = state.spline;
-    if (state.kind != kind_.before || (changesFormula && state.formula != formula_.before) ||
-        spline.firstType != firstType_.before || spline.lastType != lastType_.before ||
-        !hasSameBits(spline.defaultValue, defaultValue_.before) || !replacePoints(spline.points))
+    if (state.kind != kind.before || (changesFormula && state.formula != formula.before) ||
+        spline.firstType != firstType.before || spline.lastType != lastType.before ||
+        !hasSameBits(spline.defaultValue, defaultValue.before) || !replacePoints(spline.points))
         return false;
-    spline.firstType = firstType_.after;
-    spline.lastType = lastType_.after;
-    spline.defaultValue = defaultValue_.after;
-    state.kind = kind_.after;
+    spline.firstType = firstType.after;
+    spline.lastType = lastType.after;
+    spline.defaultValue = defaultValue.after;
+    state.kind = kind.after;
     if (changesFormula)
-        state.formula = formula_.after;
+        state.formula = formula.after;
     return true;
 }
 
-bool CurveDiff::revert(CurveState& state) const
+CurveDiff::Private CurveDiff::Private::inverse() const
 {
-    return inverse().apply(state);
-}
-
-CurveDiff CurveDiff::inverse() const
-{
-    CurveDiff diff = *this;
-    std::swap(diff.removed_, diff.inserted_);
-    std::swap(diff.firstType_.before, diff.firstType_.after);
-    std::swap(diff.lastType_.before, diff.lastType_.after);
-    std::swap(diff.defaultValue_.before, diff.defaultValue_.after);
-    std::swap(diff.kind_.before, diff.kind_.after);
-    std::swap(diff.formula_.before, diff.formula_.after);
+    Private diff = *this;
+    std::swap(diff.removed, diff.inserted);
+    std::swap(diff.firstType.before, diff.firstType.after);
+    std::swap(diff.lastType.before, diff.lastType.after);
+    std::swap(diff.defaultValue.before, diff.defaultValue.after);
+    std::swap(diff.kind.before, diff.kind.after);
+    std::swap(diff.formula.before, diff.formula.after);
     return diff;
 }
 
-bool CurveDiff::replacePoints(std::vector<SplineBase::PointInfo>& points) const
+bool CurveDiff::Private::replacePoints(std::vector<PointInfo>& points) const
 {
     const auto isThere = [&points](const Entry& entry) {
         return entry.index < points.size() && isSamePoint(points[entry.index], entry.info);
     };
-    if (!std::all_of(removed_.begin(), removed_.end(), isThere))
+    if (!std::all_of(removed.begin(), removed.end(), isThere))
         return false;
-    std::vector<SplineBase::PointInfo> result;
-    result.reserve(points.size() + inserted_.size());
-    auto removed = removed_.begin();
-    auto inserted = inserted_.begin();
+    std::vector<PointInfo> result;
+    result.reserve(points.size() + inserted.size());
+    auto gone = removed.begin();
+    auto added = inserted.begin();
     for (std::size_t i = 0; i <= points.size(); ++i) {
-        for (; inserted != inserted_.end() && inserted->index == result.size(); ++inserted)
-            result.push_back(inserted->info);
-        if (removed != removed_.end() && removed->index == i)
-            ++removed;
+        for (; added != inserted.end() && added->index == result.size(); ++added)
+            result.push_back(added->info);
+        if (gone != removed.end() && gone->index == i)
+            ++gone;
         else if (i < points.size())
             result.push_back(points[i]);
     }
-    for (; inserted != inserted_.end() && inserted->index == result.size(); ++inserted)
-        result.push_back(inserted->info);
-    if (inserted != inserted_.end())
+    for (; added != inserted.end() && added->index == result.size(); ++added)
+        result.push_back(added->info);
+    if (added != inserted.end())
         return false;
     points.swap(result);
     return true;
-}
-
-std::vector<std::uint32_t> CurveDiff::pointsBefore() const
-{
-    return serialsOf(removed_);
-}
-
-std::vector<std::uint32_t> CurveDiff::pointsAfter() const
-{
-    return serialsOf(inserted_);
-}
-
-std::string CurveDiff::toString() const
-{
-    std::ostringstream text;
-    const auto writePoints = [&text](char sign, const std::vector<Entry>& entries) {
-        for (const Entry& entry : entries)
-            text << sign << ' ' << entry.index << ": " << entry.info.time << ' ' << entry.info.pos << ' '
-                 << typeName(entry.info.type) << '\n';
-    };
-    const auto writeChange = [&text](const char* name, const auto& before, const auto& after) {
-        if (before != after)
-            text << name << ' ' << before << " -> " << after << '\n';
-    };
-    writePoints('-', removed_);
-    writePoints('+', inserted_);
-    writeChange("first", firstType_.before, firstType_.after);
-    writeChange("last", lastType_.before, lastType_.after);
-    writeChange("default", defaultValue_.before, defaultValue_.after);
-    writeChange("kind", int(kind_.before), int(kind_.after));
-    writeChange("formula", '"' + formula_.before + '"', '"' + formula_.after + '"');
-    return text.str();
 }

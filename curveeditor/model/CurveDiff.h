@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,12 +30,18 @@ struct CURVEEDITOR_EXPORT TimeInterval
 CURVEEDITOR_EXPORT TimeInterval influenceOf(const SplineBase& spline, std::size_t index);
 
 /// What leads from one state of a curve to another: a value that holds only what differs, so that it can be
-/// kept for thousands of edits.
+/// kept for thousands of edits. Copies share what they hold.
 class CURVEEDITOR_EXPORT CurveDiff
 {
 public:
     /// Nothing differs.
-    CurveDiff() = default;
+    CurveDiff();
+    /// @{
+    /// A move is a copy too, so that what was moved from stays of use.
+    CurveDiff(const CurveDiff&) = default;
+    CurveDiff& operator=(const CurveDiff&) = default;
+    ~CurveDiff() = default;
+    /// @}
 
     /// Takes linear time, and no more memory than the points that differ.
     static CurveDiff between(const CurveState& before, const CurveState& after);
@@ -49,8 +56,8 @@ public:
     bool concernsPointsOnly() const;
     /// @{
     /// What the curve shows on that side of the edit.
-    CurveKind kindBefore() const { return kind_.before; }
-    CurveKind kindAfter() const { return kind_.after; }
+    CurveKind kindBefore() const;
+    CurveKind kindAfter() const;
     /// @}
 
     /// @{
@@ -62,7 +69,7 @@ public:
 
     /// The times at which the value of the curve may differ: around each point that differs, at its old and
     /// its new place. Everything if kind or formula differ; nothing if only the default value does.
-    const TimeInterval& touched() const { return touched_; }
+    const TimeInterval& touched() const;
 
     /// @{
     /// The serials of the points that differ and are there before, or after, in the order of time.
@@ -75,32 +82,9 @@ public:
     std::string toString() const;
 
 private:
-    class Points;
-    struct Entry
-    {
-        std::size_t index = 0;
-        SplineBase::PointInfo info;
-    };
-    template <typename Value> struct Change
-    {
-        Value before{};
-        Value after{};
-    };
+    struct Private;
 
-    static CurveDiff compare(const Points& before, const Points& after);
-    void comparePoints(const Points& before, const Points& after);
-    void noteTouched(const Points& before, const Points& after);
-    static TimeInterval influence(const Points& points, std::size_t index);
-    void noteFormula(const std::string& before, const std::string& after);
-    CurveDiff inverse() const;
-    bool replacePoints(std::vector<SplineBase::PointInfo>& points) const;
-    friend TimeInterval influenceOf(const SplineBase& spline, std::size_t index);
+    explicit CurveDiff(std::shared_ptr<const Private> differences);
 
-    std::vector<Entry> removed_;  ///< ascending indices in the points before
-    std::vector<Entry> inserted_; ///< ascending indices in the points after
-    Change<std::int32_t> firstType_, lastType_;
-    Change<double> defaultValue_;
-    Change<CurveKind> kind_;
-    Change<std::string> formula_;
-    TimeInterval touched_;
+    std::shared_ptr<const Private> d_; ///< never null
 };

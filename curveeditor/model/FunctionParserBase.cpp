@@ -8,10 +8,25 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <functional>
 #include <limits>
+#include <map>
 #include <unordered_set>
 
-FunctionParserBase::FunctionParserBase()
+struct FunctionParserBase::Private
+{
+    struct Variable
+    {
+        keyStruct key;
+        alignas(double) std::byte storage[sizeof(double)]{};
+    };
+
+    std::map<std::string, Variable, std::less<>> keys;
+    const ParserVarMapper* varMapper = nullptr;
+};
+
+FunctionParserBase::FunctionParserBase() : d_(std::make_unique<Private>())
 {
     makeKey("t", 3);
     makeKey("f", 3);
@@ -45,10 +60,10 @@ FunctionParserBase::keyStruct* FunctionParserBase::getKey(const std::string& nam
 {
     const std::string stored = ParserVarMapper::getStoredName(name);
     if (stored == "t" || stored == "f")
-        return &keyTable_.find(stored)->second.key;
-    if (!varMapper_ || !varMapper_->hasName(stored))
+        return &d_->keys.find(stored)->second.key;
+    if (!d_->varMapper || !d_->varMapper->hasName(stored))
         return nullptr;
-    keyStruct* const key = makeKey(stored, varMapper_->getType(stored));
+    keyStruct* const key = makeKey(stored, d_->varMapper->getType(stored));
     readMapped(*key);
     return key;
 }
@@ -77,8 +92,8 @@ FunctionParserBase::getAllVars(const FunctionFloatBase* expression)
 
 FunctionParserBase::keyStruct* FunctionParserBase::makeKey(std::string_view name, std::int32_t type)
 {
-    const auto [place, isNew] = keyTable_.try_emplace(std::string(name));
-    Variable& variable = place->second;
+    const auto [place, isNew] = d_->keys.try_emplace(std::string(name));
+    Private::Variable& variable = place->second;
     if (isNew) {
         variable.key.name = name;
         variable.key.value = variable.storage;
@@ -89,15 +104,15 @@ FunctionParserBase::keyStruct* FunctionParserBase::makeKey(std::string_view name
 
 double FunctionParserBase::readMapped(keyStruct& key) const
 {
-    key.setValue(varMapper_ && varMapper_->hasName(key.name) ? varMapper_->getValue(key.name) : 0.0);
+    key.setValue(d_->varMapper && d_->varMapper->hasName(key.name) ? d_->varMapper->getValue(key.name) : 0.0);
     return key.getValue();
 }
 
 void FunctionParserBase::readMapped(keyStruct& key, const double* times, double framesPerTimeUnit,
                                     double* values, std::size_t count) const
 {
-    if (varMapper_ && varMapper_->hasName(key.name)) {
-        varMapper_->getValues(key.name, times, framesPerTimeUnit, values, count);
+    if (d_->varMapper && d_->varMapper->hasName(key.name)) {
+        d_->varMapper->getValues(key.name, times, framesPerTimeUnit, values, count);
     } else {
         std::fill_n(values, count, 0.0);
     }
@@ -109,10 +124,10 @@ void FunctionParserBase::readMapped(keyStruct& key, const double* times, double 
 
 void FunctionParserBase::setVarMapper(const ParserVarMapper* const mapper)
 {
-    varMapper_ = mapper;
+    d_->varMapper = mapper;
 }
 
 const ParserVarMapper* FunctionParserBase::getVarMapper() const
 {
-    return varMapper_;
+    return d_->varMapper;
 }

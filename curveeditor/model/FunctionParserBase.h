@@ -6,8 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -115,19 +114,14 @@ public:
 private:
     friend class ExpressionParser;
 
-    struct Variable
-    {
-        keyStruct key;
-        alignas(double) std::byte storage[sizeof(double)]{};
-    };
+    struct Private;
 
     FunctionParserBase();
     ~FunctionParserBase();
 
     keyStruct* makeKey(std::string_view name, std::int32_t type);
 
-    std::map<std::string, Variable, std::less<>> keyTable_;
-    const ParserVarMapper* varMapper_ = nullptr;
+    const std::unique_ptr<Private> d_;
 };
 
 inline double FunctionParserBase::keyStruct::getValue() const

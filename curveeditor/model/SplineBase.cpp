@@ -342,7 +342,13 @@ private:
     bool isEased_ = false;
 };
 
-SplineBase::SplineBase()
+struct SplineBase::Private
+{
+    /// Of the serials as they were given; it tells when one was written over.
+    std::uint64_t serialSum = 0;
+};
+
+SplineBase::SplineBase() : d_(std::make_unique<Private>())
 {
     insertNew(0, PointInfo());
 }
@@ -485,7 +491,7 @@ void SplineBase::remove(const PointInfo* point)
         return;
     times_.erase(times_.begin() + (place - points_.begin()));
     points_.erase(place);
-    serialSum_ -= point->serial;
+    d_->serialSum -= point->serial;
     delete point;
 }
 
@@ -519,7 +525,7 @@ void SplineBase::mend()
         isInOrder = isInOrder && point.time == times_[i];
         serialSum += point.serial;
     }
-    if (serialSum != serialSum_)
+    if (serialSum != d_->serialSum)
         renewCopiedSerials();
     if (isInOrder)
         return;
@@ -532,11 +538,11 @@ void SplineBase::mend()
 void SplineBase::renewCopiedSerials()
 {
     std::unordered_set<std::uint32_t> seen = {0};
-    serialSum_ = 0;
+    d_->serialSum = 0;
     for (PointInfo* const point : points_) {
         if (!seen.insert(point->serial).second)
             point->serial = newSerial();
-        serialSum_ += point->serial;
+        d_->serialSum += point->serial;
     }
 }
 
@@ -609,9 +615,9 @@ bool SplineBase::assign(const SplineState& state)
     for (const PointInfo* point : copies)
         delete point;
     points_.swap(points);
-    serialSum_ = 0;
+    d_->serialSum = 0;
     for (const PointInfo* point : points_)
-        serialSum_ += point->serial;
+        d_->serialSum += point->serial;
     times_.resize(points_.size());
     std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
@@ -679,7 +685,7 @@ void SplineBase::load(SplineBase* spline, std::istream& in)
     spline->defaultValue = loaded.defaultValue;
     spline->points_.swap(loaded.points_);
     spline->times_.swap(loaded.times_);
-    std::swap(spline->serialSum_, loaded.serialSum_);
+    spline->d_.swap(loaded.d_);
 }
 
 std::size_t SplineBase::indexOf(const PointInfo* point) const
@@ -741,7 +747,7 @@ std::uint32_t SplineBase::newSerial()
 void SplineBase::insertNew(std::size_t index, PointInfo point)
 {
     point.serial = newSerial();
-    serialSum_ += point.serial;
+    d_->serialSum += point.serial;
     const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
     points_.insert(points_.begin() + place, new PointInfo(point));
@@ -753,7 +759,7 @@ void SplineBase::clear()
         delete point;
     points_.clear();
     times_.clear();
-    serialSum_ = 0;
+    d_->serialSum = 0;
 }
 
 bool SplineBase::readText(std::istream& in)

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
+#include <memory>
 #include <type_traits>
 #include <vector>
 
@@ -271,6 +272,7 @@ protected:
     const std::vector<PointInfo*>& controlPoints = points_; ///< ascending in time, owned, never empty
 
 private:
+    struct Private;
     template <bool isWide> class Segment;
 
     static double factor(double tension, double continuity, double bias)
@@ -290,8 +292,8 @@ private:
     void clear();
     bool readText(std::istream& in);
 
+    // What evaluation reads stands here, all else behind the pointer.
     std::vector<PointInfo*> points_;
-    /// Of the serials as they were given; it tells when one was written over.
-    std::uint64_t serialSum_ = 0;
     std::vector<double> times_; ///< the time of each point once more, side by side for the search
+    std::unique_ptr<Private> d_;
 };
