@@ -13,9 +13,21 @@ set(prefix "${WORK}/a prefix")
 file(REMOVE_RECURSE "${prefix}")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --prefix "${WORK}/first")
 file(RENAME "${WORK}/first" "${prefix}")
+# A later version beside it, found first, is passed over by those who ask for this one.
+set(later "${WORK}/later")
+file(REMOVE_RECURSE "${later}")
+file(COPY "${prefix}/" DESTINATION "${later}")
+file(GLOB_RECURSE version "${later}/CurveEditorConfigVersion.cmake")
+file(READ "${version}" text)
+string(REGEX MATCH "PACKAGE_VERSION \"([0-9.]+)\"" line "${text}")
+string(REPLACE "\"${CMAKE_MATCH_1}\"" "\"0.99.0\"" text "${text}")
+file(WRITE "${version}" "${text}")
+file(REMOVE_RECURSE "${later}/include")
+set(ENV{CMAKE_PREFIX_PATH} "${later}:${prefix}")
+
 foreach(user IN ITEMS examples/minimal_host examples/docked_host examples/curve_tool tests/install/headers)
   run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/${user}" -B "${WORK}/${user}"
-      -U CurveEditor_DIR "-DCMAKE_PREFIX_PATH=${prefix}" "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}"
+      -U CurveEditor_DIR "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_BUILD_TYPE=${BUILD_TYPE}"
       "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
   run("${CMAKE_COMMAND}" --build "${WORK}/${user}")
 endforeach()
