@@ -99,21 +99,23 @@ void DemoWindow::createWidgets()
 
 void DemoWindow::createMenus()
 {
+    const auto add = [this](QMenu* menu, const QString& text, auto work, const QKeySequence& keys = {}) {
+        menu->addAction(text, this, work)->setShortcut(keys);
+    };
     QMenu* fileMenu = menuBar()->addMenu(tr("&File"));
-    fileMenu->addAction(tr("&Export table…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), this,
-                        &DemoWindow::exportTable);
+    add(fileMenu, tr("&Export table…"), &DemoWindow::exportTable, Qt::CTRL | Qt::SHIFT | Qt::Key_E);
     fileMenu->addSeparator();
-    fileMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+    add(fileMenu, tr("&Quit"), &QWidget::close, QKeySequence::Quit);
 
     QMenu* curveMenu = menuBar()->addMenu(tr("&Curve"));
-    curveMenu->addAction(tr("&Open"), QKeySequence(Qt::CTRL | Qt::Key_O), this, &DemoWindow::openSelected);
-    curveMenu->addAction(tr("&Rename…"), QKeySequence(Qt::Key_F2), this, &DemoWindow::renameSelected);
-    curveMenu->addAction(tr("Re&move"), this, &DemoWindow::removeSelected);
-    curveMenu->addAction(tr("&Simplify…"), this, &DemoWindow::simplifySelected);
+    add(curveMenu, tr("&Open"), &DemoWindow::openSelected, Qt::CTRL | Qt::Key_O);
+    add(curveMenu, tr("&Rename…"), &DemoWindow::renameSelected, Qt::Key_F2);
+    add(curveMenu, tr("Re&move"), &DemoWindow::removeSelected);
+    add(curveMenu, tr("&Simplify…"), &DemoWindow::simplifySelected);
     list_->addActions(curveMenu->actions());
 
     QMenu* viewMenu = menuBar()->addMenu(tr("&View"));
-    viewMenu->addAction(tr("&Editor"), QKeySequence(Qt::CTRL | Qt::Key_1), this, &DemoWindow::showEditor);
+    add(viewMenu, tr("&Editor"), &DemoWindow::showEditor, Qt::CTRL | Qt::Key_1);
 }
 
 void DemoWindow::connectEditor()
