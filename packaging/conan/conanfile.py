@@ -21,7 +21,7 @@ class CurveEditorRecipe(ConanFile):
 
     def export_sources(self):
         root = os.path.join(self.recipe_folder, "..", "..")
-        for pattern in ["CMakeLists.txt", "LICENSE", "cmake/*", "curveeditor/*"]:
+        for pattern in ["CMakeLists.txt", "LICENSE", "cmake/*", "curveeditor/*", "docs/Doxyfile.in"]:
             copy(self, pattern, src=root, dst=self.export_sources_folder)
 
     def requirements(self):
