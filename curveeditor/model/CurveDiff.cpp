@@ -2,7 +2,7 @@
 #include <curveeditor/model/CurveDiff.h>
 
 #include <algorithm>
-#include <cmath>
+#include <bit>
 #include <sstream>
 #include <utility>
 
@@ -10,11 +10,9 @@ namespace {
 
 using PointInfo = SplineBase::PointInfo;
 
-/// As whole states are compared: -0.0 is another number than 0.0, and not-a-number the same as itself.
 bool hasSameBits(double left, double right)
 {
-    return (left == right && std::signbit(left) == std::signbit(right)) ||
-           (std::isnan(left) && std::isnan(right));
+    return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
 }
 
 const char* typeName(std::int32_t type)

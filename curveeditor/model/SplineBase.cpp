@@ -73,6 +73,14 @@ template <typename Place> Place findFromBothEnds(Place first, Place last, const 
     return last;
 }
 
+/// What a serial adds to the sum of all. Spread over all bits, so that other serials hardly come to the same sum.
+std::uint64_t serialShare(const PointInfo& point)
+{
+    std::uint64_t share = point.serial * 0x9E3779B97F4A7C15U;
+    share = (share ^ (share >> 29)) * 0xBF58476D1CE4E5B9U;
+    return share ^ (share >> 32);
+}
+
 template <typename Number> void append(std::string& text, Number number, char separator)
 {
     char digits[32];
@@ -491,7 +499,7 @@ void SplineBase::remove(const PointInfo* point)
         return;
     times_.erase(times_.begin() + (place - points_.begin()));
     points_.erase(place);
-    d_->serialSum -= point->serial;
+    d_->serialSum -= serialShare(*point);
     delete point;
 }
 
@@ -523,7 +531,7 @@ void SplineBase::mend()
         if (!std::isfinite(point.pos))
             point.pos = 0.0;
         isInOrder = isInOrder && point.time == times_[i];
-        serialSum += point.serial;
+        serialSum += serialShare(point);
     }
     if (serialSum != d_->serialSum)
         renewCopiedSerials();
@@ -542,7 +550,7 @@ void SplineBase::renewCopiedSerials()
     for (PointInfo* const point : points_) {
         if (!seen.insert(point->serial).second)
             point->serial = newSerial();
-        d_->serialSum += point->serial;
+        d_->serialSum += serialShare(*point);
     }
 }
 
@@ -589,13 +597,17 @@ bool SplineBase::assign(const SplineState& state)
     // Mostly each point is where it was; only the others have to be looked for.
     std::unordered_map<std::uint32_t, PointInfo*> moved;
     std::vector<PointInfo*> copies;
+    std::uint64_t sumBefore = 0;
     for (std::size_t i = 0; i < points_.size(); ++i) {
+        sumBefore += serialShare(*points_[i]);
         const bool stays = i < state.points.size() && state.points[i].serial == points_[i]->serial;
         if (!stays && !moved.emplace(points_[i]->serial, points_[i]).second)
             copies.push_back(points_[i]);
     }
     std::vector<PointInfo*> points;
     points.reserve(state.points.size());
+    bool mayRepeat = sumBefore != d_->serialSum;
+    std::uint64_t sum = 0;
     for (std::size_t i = 0; i < state.points.size(); ++i) {
         const PointInfo& point = state.points[i];
         const bool stays = i < points_.size() && point.serial == points_[i]->serial;
@@ -605,19 +617,19 @@ bool SplineBase::assign(const SplineState& state)
             place = found->second;
             moved.erase(found);
         }
+        mayRepeat = mayRepeat || !place;
         points.push_back(place ? place : new PointInfo);
         *points.back() = point;
-        if (point.serial == 0)
-            points.back()->serial = newSerial();
+        sum += serialShare(point);
     }
     for (const auto& [serial, point] : moved)
         delete point;
     for (const PointInfo* point : copies)
         delete point;
     points_.swap(points);
-    d_->serialSum = 0;
-    for (const PointInfo* point : points_)
-        d_->serialSum += point->serial;
+    d_->serialSum = sum;
+    if (mayRepeat)
+        renewCopiedSerials();
     times_.resize(points_.size());
     std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
@@ -747,7 +759,7 @@ std::uint32_t SplineBase::newSerial()
 void SplineBase::insertNew(std::size_t index, PointInfo point)
 {
     point.serial = newSerial();
-    d_->serialSum += point.serial;
+    d_->serialSum += serialShare(point);
     const auto place = std::ptrdiff_t(index);
     times_.insert(times_.begin() + place, point.time);
     points_.insert(points_.begin() + place, new PointInfo(point));

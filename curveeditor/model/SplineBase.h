@@ -200,8 +200,9 @@ public:
     void copyTo(SplineState& state) const;
 
     /// Makes `state` the content. A point whose serial is there before and after keeps its address; the others
-    /// are made, with the serial of the state or, where that is 0, a new one, or freed. Takes linear time. A state without points, whose times
-    /// descend, or with a time or value that is not finite changes nothing and gives false.
+    /// are made, with the serial of the state or, where that is 0 or an earlier point's, a new one, or freed.
+    /// Takes linear time. A state without points, whose times descend, or with a time or value that is not
+    /// finite changes nothing and gives false.
     bool assign(const SplineState& state);
     /// @}
 

@@ -184,8 +184,31 @@ private Q_SLOTS:
         QVERIFY(spline[1] == point && point->serial != 0 && spline(0.5) == 9.0);
         *point = *spline[2];
         *spline.modify(3) = *spline[2];
+        const SplineState copies = spline.state();
         const SplineState state = SplineBase().state();
         QVERIFY(spline.assign(state) && spline.state() == state);
+        QVERIFY(spline.assign(copies) && spline[1]->serial != spline[2]->serial);
+        QVERIFY(spline[2]->serial != spline[3]->serial && spline[3]->serial != spline[1]->serial);
+    }
+
+    void aPointThatIsCopiedOverItsNeighboursMakesNewOnes()
+    {
+        SplineBase spline;
+        spline.addPoint(1.0, 1.0);
+        spline.addPoint(2.0, 2.0);
+        *spline.modify(0) = *spline.modify(2) = *spline[1]; // the sum of the serials stays
+        spline.mend();
+        QVERIFY(spline[0]->serial != spline[1]->serial && spline[1]->serial != spline[2]->serial);
+    }
+
+    void everyBitOfTheDefaultValueCounts()
+    {
+        SplineBase spline;
+        spline.setDefaultValue(NAN);
+        CurveState state{spline.state(), {}, {}};
+        spline.setDefaultValue(-NAN);
+        const CurveDiff diff = CurveDiff::between(state, spline, {}, {});
+        QVERIFY(!diff.isEmpty() && diff.apply(state) && state.spline == spline.state());
     }
 };
 
