@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Require.h"
+
 #include <Fault.h>
 #include <Progress.h>
 #include <SampleTable.h>
@@ -8,15 +10,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <string>
 #include <string_view>
-
-inline void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
 
 /// What a reader gave is whole: times rise, all numbers are finite, and no curve is shorter than its times.
 inline void requireWhole(const SampleTable& table)

@@ -1,22 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "Require.h"
+
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <sstream>
 #include <string>
 
 namespace {
-
-void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
 
 std::string text(const CurveFile& file)
 {
