@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <functional>
+#include <future>
 #include <limits>
 #include <random>
 
@@ -266,6 +267,34 @@ private Q_SLOTS:
         QVERIFY(std::abs(smooth(5.25) - 5.25 * 5.25) < 1e-9);
         const Result few = CurveFit::bake(function, {0.0, 8.0, 0.01}, Options{1e-6, false});
         QCOMPARE(few.spline.points.size(), std::size_t(2));
+    }
+
+    void threadsReadOneSplineAtOnce()
+    {
+        SplineBase spline;
+        for (int i = 1; i < 300; ++i) {
+            spline.addPoint(i, std::cos(7 * i));
+            spline.modify(i)->type = i / 5 % 3;
+        }
+        spline.lastType = SplineBase::LoopOffset;
+        const auto read = [&spline] {
+            Numbers values = sampled([](double t) { return 3.7 * t - 9.0; }, 200);
+            spline.evaluate(values.data(), values.data(), values.size());
+            double length = 0.0;
+            for (unsigned i = 0; i < 300; ++i)
+                values.insert(values.end(), {spline(i * 1.3), spline.getTangentLeftAtNode(i, length),
+                                             spline.getTangentRightAtNode(i, length)});
+            SplineBase simple;
+            if (simple.assign(CurveFit::simplify(spline, {0.1, true}).spline))
+                values.push_back(simple(7.3));
+            return values;
+        };
+        const Numbers values = read();
+        std::vector<std::future<Numbers>> readers;
+        for (int i = 0; i < 4; ++i)
+            readers.push_back(std::async(std::launch::async, read));
+        for (auto& reader : readers)
+            QVERIFY(reader.get() == values);
     }
 };
 
