@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <filesystem>
 #include <string>
 
 /// Where a curve file stands on disk, and how it gets there. Paths are those of Qt's file dialogs, with "/".
@@ -18,10 +19,9 @@ public:
     /// is another one.
     static bool replacesAnotherFile(const QString& chosen);
 
-    /// Makes `content` the content of the file. It is written beside the file and takes its place when it is
-    /// complete and on the disk: on any fault until then the file stays as it was and the result is false. It
-    /// is false too if the folder's new entry did not reach the disk; the file may be the old one again after
-    /// a crash of the machine, but is always one of the two. Of a symbolic link the file that it points to is
-    /// replaced, or made. A folder, a pipe, a device or a file that may not be written is refused.
+    /// The same path as the standard library names it.
+    static std::filesystem::path nativePath(const QString& path);
+
+    /// `FileReplacement::write`, true if that found no fault.
     static bool replace(const QString& path, const std::string& content);
 };

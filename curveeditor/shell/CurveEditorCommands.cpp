@@ -68,11 +68,6 @@ void mendLimits(double& low, double& high, double usualLow, double usualHigh)
     }
 }
 
-std::filesystem::path nativePath(const QString& path)
-{
-    return std::filesystem::path(path.toStdU16String());
-}
-
 } // namespace
 
 void CurveEditor::resetAllCheckedF()
@@ -107,7 +102,7 @@ void CurveEditor::loadFile()
     const QString path = CurveFileStore::pathToLoad(chosen);
     if (!QFileInfo(path).isFile()) // to open a pipe would wait for its writer
         return;
-    std::ifstream in(nativePath(path));
+    std::ifstream in(CurveFileStore::nativePath(path));
     if (!in.is_open())
         return;
     const bool isCurve = canvas.loadCurve(in);

@@ -4,13 +4,13 @@
 #include "Fault.h"
 #include "Progress.h"
 
+#include <curveeditor/files/FileReplacement.h>
+
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <istream>
-#include <memory>
 #include <ostream>
 #include <system_error>
 
@@ -19,8 +19,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t blockSize = std::size_t(1) << 20;
-constexpr int mostNamesTried = 100;
-constexpr int mostLinks = 40;
 
 [[noreturn]] void fail(const std::string& path, const std::string& reason)
 {
@@ -31,12 +29,6 @@ constexpr int mostLinks = 40;
 {
     fail(path, error != 0 ? std::generic_category().message(error) : "could not be used");
 }
-
-struct Closer
-{
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, Closer>;
 
 std::string readStream(const std::string& path, std::istream& in, std::size_t expected, Progress& progress)
 {
@@ -55,64 +47,13 @@ std::string readStream(const std::string& path, std::istream& in, std::size_t ex
     return text;
 }
 
-void writeContent(const std::string& path, std::FILE* file, std::string_view content)
-{
-    if (std::fwrite(content.data(), 1, content.size(), file) != content.size() || std::fflush(file) != 0)
-        failBySystem(path, errno);
-}
-
-File openToWrite(const std::string& path, const std::string& name, const char* mode)
+void writeToDevice(const std::string& path, std::string_view content)
 {
     errno = 0;
-    File file(std::fopen(name.c_str(), mode));
-    if (!file)
+    std::ofstream device(path, std::ios::binary);
+    device << content << std::flush;
+    if (!device)
         failBySystem(path, errno);
-    return file;
-}
-
-// Where the links end, be there a file or not.
-fs::path behindLinks(fs::path path)
-{
-    std::error_code error;
-    for (int i = 0; i < mostLinks && fs::is_symlink(path, error); ++i)
-        path = path.parent_path() / fs::read_symlink(path, error);
-    return path;
-}
-
-// A new file beside the one of that name.
-File makeBeside(const std::string& path, const fs::path& target, fs::path& made)
-{
-    for (int i = 0; i < mostNamesTried; ++i) {
-        made = target;
-        made += ".new" + std::to_string(i);
-        if (File file{std::fopen(made.string().c_str(), "wbx")})
-            return file;
-        if (errno != EEXIST)
-            break;
-    }
-    failBySystem(path, errno);
-}
-
-void replace(const std::string& path, const fs::path& target, bool exists, std::string_view content)
-{
-    if (exists)
-        openToWrite(path, target.string(), "r+b"); // refuses a file that may not be written
-    fs::path made;
-    File file = makeBeside(path, target, made);
-    std::error_code error;
-    try {
-        writeContent(path, file.get(), content);
-        if (std::fclose(file.release()) != 0)
-            failBySystem(path, errno);
-        if (exists)
-            fs::permissions(made, fs::status(target).permissions(), error);
-        fs::rename(made, target, error);
-        if (error)
-            fail(path, error.message());
-    } catch (const Fault&) {
-        fs::remove(made, error);
-        throw;
-    }
 }
 
 } // namespace
@@ -148,8 +89,10 @@ void TextFiles::write(const std::string& path, std::string_view content, std::os
     if (fs::is_directory(status))
         fail(path, "is a directory");
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        writeContent(path, openToWrite(path, path, "wb").get(), content);
+        writeToDevice(path, content);
         return;
     }
-    replace(path, behindLinks(path), fs::exists(status), content);
+    error = FileReplacement::write(path, content);
+    if (error)
+        fail(path, error.message());
 }

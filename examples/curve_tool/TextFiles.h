@@ -19,9 +19,7 @@ std::string shownName(const std::string& path);
 
 std::string read(const std::string& path, std::istream& standardInput, Progress& progress);
 
-/// Makes `content` the content of the file: written beside it, in place of it when complete. On any fault an old
-/// file stays as it was. Of a symbolic link, the file that it points to is replaced; a pipe or device is written
-/// to.
+/// Makes `content` the content of the file by `FileReplacement::write`; a pipe or device is written to.
 void write(const std::string& path, std::string_view content, std::ostream& standardOutput);
 
 } // namespace TextFiles

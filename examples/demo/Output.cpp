@@ -1,27 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "Output.h"
 
+#include <curveeditor/files/FileReplacement.h>
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 #include <QPixmap>
-#include <QSaveFile>
 #include <QTextStream>
+
+#include <cstddef>
+#include <string_view>
+#include <system_error>
 
 namespace {
 
+QString reasonFor(const QString& fileName, const QString& fault)
+{
+    return QStringLiteral("%1: %2").arg(fileName, fault);
+}
+
 QString writeFile(const QString& fileName, const QByteArray& content)
 {
-    QSaveFile replacement(fileName);
-    QFile device(fileName); // a pipe can't be replaced
-    const bool replaces = !QFileInfo::exists(fileName) || QFileInfo(fileName).isFile();
-    QFileDevice& file = replaces ? static_cast<QFileDevice&>(replacement) : device;
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() &&
-        (!replaces || replacement.commit()))
-        return QString();
-    return QStringLiteral("%1: %2").arg(fileName, file.errorString());
+    const QFileInfo present(fileName);
+    if (present.exists() && !present.isFile()) { // a pipe can't be replaced
+        QFile device(fileName);
+        const bool isDone =
+            device.open(QIODevice::WriteOnly) && device.write(content) == content.size() && device.flush();
+        return isDone ? QString() : reasonFor(fileName, device.errorString());
+    }
+    const std::string_view bytes(content.constData(), std::size_t(content.size()));
+    const std::error_code error = FileReplacement::write(present.filesystemFilePath(), bytes);
+    return error ? reasonFor(fileName, QString::fromLocal8Bit(error.message().c_str())) : QString();
 }
 
 } // namespace

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/model/Export.h>
+
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+/// The way in which a file of a user is written: whatever happens, it is the old one or the new one, whole. Needs
+/// no Qt.
+namespace FileReplacement {
+
+/// Makes `content` the content of the file, or makes a file of it; an empty code says that it is on the disk. The
+/// content is written beside the file, under a hidden name, and takes its place when it is complete and synced: on
+/// any fault until then the file stays as it was. The last fault that can be is that the folder's new entry could
+/// not be synced; then the file is the new one, but may be the old one again after a crash of the machine. Only a
+/// process that is killed leaves the hidden file.
+///
+/// Permissions are kept. Of a symbolic link the file that it points to is replaced, or made. A folder, a pipe, a
+/// device or a file that may not be written is refused. Where there is no POSIX nothing is synced.
+CURVEEDITOR_EXPORT std::error_code write(const std::filesystem::path& path, std::string_view content);
+
+} // namespace FileReplacement

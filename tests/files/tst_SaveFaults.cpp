@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/files/CurveFile.h>
+#include <curveeditor/files/CurveFileStore.h>
+
+#include <QtTest>
+
+#include <algorithm>
+#include <cerrno>
+#include <iostream>
+#include <random>
+#include <sstream>
+#include <string_view>
+
+#include <sys/stat.h>
+
+namespace {
+
+constexpr int usualKills = 20;
+constexpr int longestSave = 60000; // milliseconds
+constexpr int usualPoints = 2000;
+constexpr int manyPoints = 20000;
+
+// What this program does as one of the savers that it starts.
+int save(int points, const QString& path)
+{
+    CurveFile file;
+    for (int i = 0; i < points; ++i)
+        file.spline.addPoint(i, 1.0 / (i + 1));
+    std::ostringstream content;
+    if (file.write(content) && CurveFileStore::replace(path, content.str()))
+        return EXIT_SUCCESS;
+    std::cerr << "could not be saved\n";
+    return EXIT_FAILURE;
+}
+
+const QByteArray old(1000, 'o');
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+}
+
+void write(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("no room for the test");
+}
+
+} // namespace
+
+class tst_SaveFaults : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(outside_.isValid() && inside_.isValid());
+        QVERIFY(QFile::link("out.txt", link()));
+        umask(022);
+    }
+
+    void init()
+    {
+        QFETCH(QStringList, saver);
+        const bool isLong = QLatin1String(QTest::currentTestFunction()).startsWith(QLatin1String("kill"));
+        const QString points = QString::number(isLong ? manyPoints : usualPoints);
+        saver_ = saver.replaceInStrings("POINTS", points);
+        write(outside("in.txt"), "t x\n0 0\n" + points.toUtf8() + " 1\n");
+        prepare();
+        QVERIFY2(run(command(link())), errors_);
+        new_ = contentOf(target());
+        QVERIFY(new_.size() > old.size());
+    }
+
+    void failedCallLeavesOldOrNew_data() { savers(); }
+    void failedCallLeavesOldOrNew()
+    {
+        const QByteArrayList writingCalls = {"open", "write", "fsync", "rename"};
+        QByteArrayList calls;
+        int lastSync = 0;
+        for (const int error : {EIO, ENOSPC}) {
+            for (int i = 1; runWith(QString::number(error), i); ++i) {
+                calls.append(report_);
+                lastSync = report_ == "fsync" ? i : lastSync;
+                QVERIFY2(isOldOrNew() && litter() == 0, report_);
+                QVERIFY2(!isDone_ || !writingCalls.contains(report_), report_);
+            }
+            QVERIFY(isDone_ && isOldOrNew());
+        }
+        for (const QByteArray& call : writingCalls)
+            QVERIFY2(calls.contains(call), call);
+        runWith(QString::number(EINVAL), lastSync);
+        QVERIFY(isDone_ && isOldOrNew()); // the file system does not sync folders
+        int i = 1;
+        while (runWith("short", i++))
+            QVERIFY(isDone_ && isOldOrNew() && litter() == 0);
+        QVERIFY(i > 2);
+    }
+
+    void lossOfPowerLeavesOldOrNew_data() { savers(); }
+    void lossOfPowerLeavesOldOrNew()
+    {
+        for (const char* how : {"drop", "undo"}) {
+            for (int i = 1; runWith(how, i); ++i)
+                QVERIFY2(isOldOrNew() && litter() <= 1, report_);
+            QVERIFY(isDone_ && isOldOrNew() && litter() == 0);
+        }
+    }
+
+    void killLeavesOldOrNew_data() { savers(); }
+    void killLeavesOldOrNew()
+    {
+        runWith("", 0);
+        const int duration = report_.toInt();
+        std::mt19937 random(1);
+        std::uniform_int_distribution<int> delay(1, std::max(duration, 1));
+        int fresh = 0;
+        const int kills = std::max(qEnvironmentVariableIntValue("CURVEEDITOR_TEST_KILLS"), usualKills);
+        for (int i = 0; i < kills; ++i) {
+            runWith("", 0, delay(random));
+            QVERIFY(isOldOrNew() && litter() <= 1);
+            fresh += contentOf(target()) == new_;
+        }
+        qInfo("%d kills within %d us: %d files are new", kills, duration, fresh);
+    }
+
+    void fullDiskLeavesOld_data() { savers(); }
+    void fullDiskLeavesOld()
+    {
+        prepare();
+        QVERIFY(!run(QStringList{"sh", "-c", "trap '' XFSZ; ulimit -f 16; exec \"$0\" \"$@\""} +
+                     command(link())));
+        QVERIFY(!errors_.isEmpty() && contentOf(target()) == old && litter() == 0);
+        QVERIFY(!run(command("/dev/full")));
+        QVERIFY(!errors_.isEmpty() && !QFileInfo("/dev/full").isFile());
+
+        if (!run({"unshare", "-rm", "mount", "-t", "tmpfs", "none", inside_.path()}))
+            QSKIP("no file system can be mounted here");
+        const char* script = "cp -a \"$0\" \"$1\" && mount -t tmpfs -o size=24k none \"$0\" && "
+                             "cp -a \"$1/.\" \"$0\" && rm \"$1\"/* || exit 0; disk=$1; shift; "
+                             "\"$@\"; code=$?; cp -a \"$0/.\" \"$disk\"; exit $code";
+        const QString disk = outside(QTest::currentDataTag());
+        QVERIFY(
+            !run(QStringList{"unshare", "-rm", "sh", "-c", script, inside_.path(), disk} + command(link())));
+        QVERIFY(!errors_.isEmpty() && contentOf(disk + "/out.txt") == old);
+        QCOMPARE(filesIn(disk), 2);
+    }
+
+private:
+    static void savers()
+    {
+        QTest::addColumn<QStringList>("saver");
+        QTest::newRow("curve") << QStringList{QCoreApplication::applicationFilePath(), "--save", "POINTS"};
+#ifdef DEMO
+        QTest::newRow("demo") << QStringList{DEMO, "in.txt", "--export"};
+        QTest::newRow("tool") << QStringList{CURVE_TOOL, "convert",         "--count", "POINTS",
+                                             "in.txt",   "--output-format", "table"};
+#endif
+    }
+    QString outside(const QString& name) const
+    {
+        return outside_.filePath(name);
+    }
+    QString link() const
+    {
+        return inside_.filePath("link.txt");
+    }
+    QString target() const
+    {
+        return inside_.filePath("out.txt");
+    }
+    QStringList command(const QString& path) const
+    {
+        return saver_ + QStringList{path};
+    }
+    static int filesIn(const QString& folder)
+    {
+        return int(QDir(folder).entryList(QDir::Files | QDir::Hidden).size());
+    }
+    int litter() const
+    {
+        return filesIn(inside_.path()) - 2;
+    }
+
+    void prepare() const
+    {
+        for (const QString& name : QDir(inside_.path()).entryList(QDir::Files | QDir::Hidden))
+            QVERIFY(name == "link.txt" || QFile::remove(inside_.filePath(name)));
+        write(target(), old);
+        QVERIFY(chmod(QFile::encodeName(target()), 0664) == 0);
+    }
+
+    /// True if the program says that it is done.
+    bool run(const QStringList& words, const QProcessEnvironment& environment = {})
+    {
+        QProcess process;
+        QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+        all.insert(environment);
+        process.setProcessEnvironment(all);
+        process.setWorkingDirectory(outside_.path());
+        process.start(words[0], words.mid(1));
+        const bool isOver = process.waitForFinished(longestSave);
+        errors_ = process.readAllStandardError();
+        return isOver && process.exitStatus() == QProcess::NormalExit && process.exitCode() == EXIT_SUCCESS;
+    }
+
+    /// One save with a fault; false if no call was left to fail.
+    bool runWith(const QString& how, int call, int alarm = 0)
+    {
+        prepare();
+        write(outside("report"), "");
+        QProcessEnvironment environment;
+        environment.insert("LD_PRELOAD", FAILING_FILES);
+        environment.insert("FAULT_FOLDER", inside_.path());
+        environment.insert("FAULT_REPORT", outside("report"));
+        environment.insert("FAULT_HOW", how);
+        environment.insert("FAULT_CALL", QString::number(call));
+        if (alarm > 0)
+            environment.insert("FAULT_ALARM", QString::number(alarm));
+        isDone_ = run(command(link()), environment);
+        report_ = contentOf(outside("report"));
+        return report_.toInt() == 0;
+    }
+
+    /// Also that the link and the permissions are there, and that a save that is done is the new one.
+    bool isOldOrNew() const
+    {
+        struct stat status = {};
+        const QByteArray content = contentOf(target());
+        return QFileInfo(link()).isSymLink() && (content == new_ || (content == old && !isDone_)) &&
+               stat(QFile::encodeName(target()), &status) == 0 && (status.st_mode & 0777) == 0664;
+    }
+
+    QTemporaryDir inside_, outside_;
+    QStringList saver_;
+    QByteArray new_, errors_, report_;
+    bool isDone_ = false;
+};
+
+int main(int argc, char* argv[])
+{
+    if (argc == 4 && std::string_view(argv[1]) == "--save")
+        return save(std::atoi(argv[2]), QFile::decodeName(argv[3]));
+    const QCoreApplication application(argc, argv);
+    tst_SaveFaults test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_SaveFaults.moc"
