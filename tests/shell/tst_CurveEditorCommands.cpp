@@ -153,6 +153,20 @@ private Q_SLOTS:
         fixture->editor.saveFile();
     }
 
+    void failedSaveIsReported()
+    {
+        QString warning;
+        QVERIFY(QDir(folder.path()).mkdir("scene.crv"));
+        choose(folder.filePath("Scene"), [&warning] {
+            whenOpen<QMessageBox>([&warning](QMessageBox& box) {
+                closeBox(warning);
+                box.button(QMessageBox::Yes)->click();
+            });
+        });
+        fixture->editor.saveFile();
+        QCOMPARE(warning, "The curve could not be saved to " + folder.filePath("scene.crv") + ".");
+    }
+
     void otherFileIsReplacedOnlyIfConfirmed()
     {
         for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {

@@ -3,12 +3,11 @@
 // FAULT_CALLth, counted from 1. FAULT_HOW tells how: a number of errno; "short", half of what is to be written; or
 // a loss of power just before the call, or at the end if there are fewer calls: "drop" empties the files whose
 // content was not synced, "undo" takes back a rename, too, that the folder was not synced after. Its name is
-// written to the file FAULT_REPORT, or the microseconds from the first call to the end if none failed. The program
+// written to the file FAULT_REPORT, or the microseconds from the first call to the last if none failed. The program
 // is killed FAULT_ALARM microseconds after the first call.
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <set>
 #include <string>
@@ -36,8 +35,8 @@ struct State
     int callsLeft = std::atoi(setting("FAULT_CALL").c_str());
     bool hasFailed = false;
     std::set<std::string> unsynced;
-    std::string renamed; // to this name, while the folder is not synced
-    Clock::time_point start;
+    std::string renamed;           // to this name, while the folder is not synced
+    Clock::time_point start, last; // call
 };
 
 State& state()
@@ -77,7 +76,7 @@ void losePower()
         return;
     if (losesPower())
         losePower();
-    report(std::to_string((Clock::now() - state().start) / std::chrono::microseconds(1)));
+    report(std::to_string((state().last - state().start) / std::chrono::microseconds(1)));
 }
 
 std::string pathOf(int file)
@@ -109,6 +108,7 @@ bool fails(const char* name, const std::string& path)
         return false;
     if (state().start == Clock::time_point())
         startAlarm();
+    state().last = Clock::now();
     const bool isShort = state().how == "short";
     if ((isShort && std::string(name) != "write") || --state().callsLeft != 0)
         return false;
