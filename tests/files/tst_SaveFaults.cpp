@@ -18,7 +18,7 @@ namespace {
 constexpr int usualKills = 20;
 constexpr int longestSave = 60000; // milliseconds
 constexpr int usualPoints = 2000;
-constexpr int manyPoints = 100000;
+constexpr int manyPoints = 50000;
 
 // What this program does as one of the savers that it starts.
 int save(int points, const QString& path)
