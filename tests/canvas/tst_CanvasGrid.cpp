@@ -89,8 +89,12 @@ private Q_SLOTS:
                                                                                                     : run + 1;
                 QVERIFY(run <= widest);
             }
-            for (int row = 0; row < 60; ++row)
+            run = 0;
+            for (int row = 0; row < 60; ++row) {
+                run = image.pixelColor(3, row) == theme.labels ? 0 : run + 1;
+                QVERIFY(run <= painter.fontMetrics().height());
                 QCOMPARE(image.pixelColor(width - 2, row), theme.labels);
+            }
             for (int column = 0; column < width; ++column)
                 QVERIFY(image.pixelColor(column, 0) == theme.labels &&
                         image.pixelColor(column, 59) == theme.labels);

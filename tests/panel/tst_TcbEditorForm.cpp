@@ -150,14 +150,16 @@ private Q_SLOTS:
     void buttonsWrapAtTheEnds()
     {
         QSignalSpy changed(form.get(), &TcbEditorForm::nodeTcbChanged);
-        select(2);
-        QTest::mouseClick(&page->next, Qt::LeftButton);
-        QCOMPARE(page->node.text(), "0");
+        select(1);
+        for (const char* const shown : {"2", "0"}) {
+            QTest::mouseClick(&page->next, Qt::LeftButton);
+            QCOMPARE(page->node.text(), shown);
+        }
         QTest::mouseClick(&page->prev, Qt::LeftButton);
         QTest::mouseClick(&page->prev, Qt::LeftButton);
         QCOMPARE(page->node.text(), "1");
         QCOMPARE(control->getCurrent(), (*spline)[1]);
-        QCOMPARE(changed.count(), 3);
+        QCOMPARE(changed.count(), 4);
     }
 
     void comboConvertsThePoint()

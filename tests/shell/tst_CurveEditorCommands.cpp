@@ -93,9 +93,9 @@ private Q_SLOTS:
     void unusableRangeIsMendedByResetView()
     {
         QFETCH(QStringList, typed);
-        fixture->editor.setTimeRange(-1.23456e-05, 10.0);
+        fixture->editor.setTimeRange(-1.23456e-05, 10.1235);
         whenOpen<ViewportSettings>([typed](ViewportSettings& dialog) {
-            QVERIFY(qAbs(dialog.minX->text().toDouble() + 1.23456e-05) < 1e-7);
+            QVERIFY(qAbs(dialog.minX->text().toDouble() + 1.23456e-05) < 1e-7 && dialog.maxX->text() == "10.1235");
             dialog.minX->setText(typed[0]);
             dialog.minY->setText(typed[1]);
             dialog.maxX->setText(typed[2]);

@@ -211,6 +211,9 @@ private Q_SLOTS:
         QCOMPARE(s.canvas.timeLine, 6.0);
         QTest::keyClick(&s.canvas, Qt::Key_Comma);
         QCOMPARE(told.last(), 6.0 - 1.0 / s.canvas.fps);
+        s.editor.setTimeLine(s.canvas.limitTimeMin);
+        QTest::keyClick(&s.canvas, Qt::Key_Comma);
+        QCOMPARE(s.canvas.timeLine, s.canvas.limitTimeMin);
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
         s.press(5.0, 1.0); // the line can't be taken above its foot
         QCOMPARE(s.canvas.canvas.currentControl()->currentIndex(), 1);
@@ -258,6 +261,9 @@ private Q_SLOTS:
                      {Qt::Key_Right, Qt::ShiftModifier, 2},
                      {Qt::Key_Right, Qt::ShiftModifier, 3},
                      {Qt::Key_Right, Qt::ShiftModifier, 3},
+                     {Qt::Key_A, {}, 3}, // all curves at once
+                     {Qt::Key_I, Qt::ControlModifier, 0},
+                     {Qt::Key_A, {}, 0},
                      {Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, 0}};
         for (const auto& step : steps) {
             QTest::keyClick(&s.canvas, step.key, step.modifiers);

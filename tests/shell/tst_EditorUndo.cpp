@@ -353,6 +353,7 @@ private Q_SLOTS:
         for (const auto& reply : replies) {
             Scene s;
             const CurveState innocent = s.states()["a.y"];
+            s.editor.renameCurve("a", "z", "Z"); // still reads "a.x"
             bool isFirst = true;
             connect(&s.editor, &CurveEditor::curveHasChanged, [&] {
                 if (std::exchange(isFirst, false))
