@@ -35,6 +35,7 @@ struct Scene : EditorFixture
             if (change.phase == CurveChange::Phase::Commit)
                 commits.append(change.group + QLatin1Char('/') + change.curve);
             intervals.append({change.timeFirst, change.timeLast});
+            lastCause = change.cause;
         });
         changes.clear();
     }
@@ -112,4 +113,5 @@ struct Scene : EditorFixture
     CurveVariables variables;
     QStringList commits;
     QList<QPointF> intervals;
+    CurveChange::Cause lastCause = CurveChange::Cause::Edit;
 };

@@ -262,8 +262,8 @@ private Q_SLOTS:
                      {Qt::Key_Right, Qt::ShiftModifier, 3},
                      {Qt::Key_Right, Qt::ShiftModifier, 3},
                      {Qt::Key_A, {}, 3}, // all curves at once
-                     {Qt::Key_I, Qt::ControlModifier, 0},
-                     {Qt::Key_A, {}, 0},
+                     {Qt::Key_A, Qt::ControlModifier, 3},
+                     {Qt::Key_A, {}, 3},
                      {Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, 0}};
         for (const auto& step : steps) {
             QTest::keyClick(&s.canvas, step.key, step.modifiers);
