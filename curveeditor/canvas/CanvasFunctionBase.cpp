@@ -188,8 +188,13 @@ void CanvasFunctionBase::setCurrentCurve(CurveNodeBase* curve)
 
 void CanvasFunctionBase::setCurrentCurve(const QString& name)
 {
-    for (const auto& curve : presentCurves()) {
-        if (curve && curve->getName() == name)
+    std::vector<QPointer<CurveNodeBase>> named;
+    for (const auto& curve : curves_) {
+        if (curve->getName() == name)
+            named.emplace_back(curve.get());
+    }
+    for (const auto& curve : named) {
+        if (curve)
             setCurrentCurve(curve);
     }
 }

@@ -59,14 +59,32 @@ EditingList::EditingList(QWidget* parent, const QString& name) : QTreeWidget(par
     fitSquares();
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setSortingEnabled(true);
-    sortByColumn(0, Qt::AscendingOrder);
+    sortRows();
     setAcceptDrops(true);
 }
 
 QTreeWidgetItem* EditingList::selectedItem() const
 {
     return selectedItems().value(0);
+}
+
+// Qt itself would sort all rows for each that comes.
+void EditingList::addRow(QTreeWidgetItem* row)
+{
+    int place = 0;
+    for (int behind = topLevelItemCount(); place < behind;) {
+        const int middle = (place + behind) / 2;
+        if (*row < *topLevelItem(middle))
+            behind = middle;
+        else
+            place = middle + 1;
+    }
+    insertTopLevelItem(place, row);
+}
+
+void EditingList::sortRows()
+{
+    sortByColumn(0, Qt::AscendingOrder);
 }
 
 // Delete ends here: in the dialog it would delete the selected points of the curve that is current
@@ -131,12 +149,11 @@ void EditingList::rowsInserted(const QModelIndex& parent, int first, int last)
         filterRows(first, last);
 }
 
-// A changed name may have moved its row already, so that `first` is no longer its place.
 void EditingList::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles)
 {
     QTreeWidget::dataChanged(first, last, roles);
     if (!filter_.isEmpty())
-        filterRows(0, topLevelItemCount() - 1);
+        filterRows(first.row(), last.row());
 }
 
 void EditingList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)

@@ -17,6 +17,11 @@ public:
     /// The selected row, null if there is none.
     QTreeWidgetItem* selectedItem() const;
 
+    /// Takes a row in where its name belongs.
+    void addRow(QTreeWidgetItem* row);
+    /// Puts the rows in order again, after names have changed.
+    void sortRows();
+
     /// Gives a row the full name of its curve, which its tool tip shows whole.
     static void setCurveName(QTreeWidgetItem* row, const QString& name);
     static void setCurveColor(QTreeWidgetItem* row, const QColor& color);

@@ -373,12 +373,6 @@ void CurveEditor::paintChangedView()
     d_->functionEdit->canvas.paint();
 }
 
-void CurveEditor::paintAll()
-{
-    d_->functionEdit->canvas.paint();
-    update();
-}
-
 void CurveEditor::setFont(const QFont& font)
 {
     d_->hasOwnFont = true;

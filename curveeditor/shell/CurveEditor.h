@@ -488,7 +488,6 @@ private:
     void showPanelTheme();
     void showFieldColors();
     void showPanelFont(QDialog& dialog) const;
-    void paintAll();
     void paintChangedView();
 
     std::unique_ptr<Private> d_;

@@ -140,13 +140,13 @@ void CurveEditor::loadImage()
     if (!QFileInfo(name).isFile() || !QFile(name).open(QIODevice::ReadOnly))
         return;
     d_->functionEdit->canvas.loadImage(name);
-    paintAll();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::clearImage()
 {
     d_->functionEdit->canvas.clearImage();
-    paintAll();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::setRange()
@@ -209,25 +209,25 @@ void CurveEditor::resetViewport()
     }
     showTimeBounds();
     d_->functionEdit->showSelection(false);
-    paintAll();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::completeViewport()
 {
     d_->functionEdit->completeViewport();
-    paintAll();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::completeViewportH()
 {
     d_->functionEdit->completeViewportH();
-    paintAll();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::completeViewportV()
 {
     d_->functionEdit->completeViewportV();
-    paintAll();
+    d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::setShowTime()

@@ -43,7 +43,7 @@ void CurveEditor::putOnCanvas(NodeStruct& record)
         record.minValue, record.maxValue);
     if (!record.editingItem->treeWidget()) {
         const QSignalBlocker silence(checkListsEditing);
-        checkListsEditing->addTopLevelItem(record.editingItem);
+        checkListsEditing->addRow(record.editingItem);
     }
     showSelectedRow(record);
     d_->functionEdit->canvas.setCurrentCurve(record.name);

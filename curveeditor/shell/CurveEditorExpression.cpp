@@ -152,7 +152,7 @@ void CurveEditor::refreshCommandLine()
     if (NodeStruct* const record = searchAllNodeList(canvas.getCurrentCurveName()))
         showSelectedRow(*record);
     if (!canvas.noCurrentCurve())
-        paintAll();
+        d_->functionEdit->canvas.paint();
     tellCurrentCurve();
 }
 

@@ -165,8 +165,11 @@ void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName,
     const QString newName = fullName(nodeName, newCurveName);
     if (!searchMainNode(nodeName) || searchAllNodeList(newName))
         return;
-    if (NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName)))
-        renameRecord(*record, nodeName, newCurveName);
+    NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName));
+    if (!record)
+        return;
+    renameRecord(*record, nodeName, newCurveName);
+    checkListsEditing->sortRows();
 }
 
 void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName)
@@ -183,6 +186,7 @@ void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName
         return;
     for (NodeStruct* const record : records)
         renameRecord(*record, newNodeName, newName(record).mid(newNodeName.length() + 1));
+    checkListsEditing->sortRows();
     group->name = newNodeName;
     group->menu->setObjectName(newNodeName);
     group->menu->setTitle(newNodeName);

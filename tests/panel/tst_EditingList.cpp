@@ -23,7 +23,8 @@ private Q_SLOTS:
     {
         KeyCounter dialog;
         EditingList list(&dialog);
-        list.addTopLevelItems({new QTreeWidgetItem({"light.key"}), new QTreeWidgetItem({"camera.focus"})});
+        for (const char* name : {"light.key", "camera.focus"})
+            list.addRow(new QTreeWidgetItem({name}));
         connect(&list, &EditingList::supressFromEditing, &list, [](QTreeWidgetItem* item) { delete item; });
         QSignalSpy spy(&list, &EditingList::supressFromEditing);
         QTest::keyClick(&list, Qt::Key_Delete);
