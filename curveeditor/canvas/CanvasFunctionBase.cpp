@@ -260,12 +260,13 @@ void CanvasFunctionBase::markEdited(const EditReport& report)
     }
 }
 
-QStringList CanvasFunctionBase::readersOf(const QStringList& names) const
+QSet<QString> CanvasFunctionBase::readersOf(const QStringList& names) const
 {
-    QStringList readers;
+    QSet<QString> readers;
     for (const QString& name : names) {
-        if (editor_)
-            readers += editor_->readersOf(DependencyCheck::lowerVariableName(name));
+        const QStringList found =
+            editor_ ? editor_->readersOf(DependencyCheck::lowerVariableName(name)) : QStringList();
+        readers.unite(QSet<QString>(found.begin(), found.end()));
     }
     return readers;
 }

@@ -13,6 +13,7 @@
 #include <QHash>
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 #include <QStringList>
 
 #include <functional>
@@ -321,7 +322,7 @@ private:
     void showStep(const EditReport& report);
     void markStale(CurveNodeBase& curve);
     void markEdited(const EditReport& report);
-    QStringList readersOf(const QStringList& names) const;
+    QSet<QString> readersOf(const QStringList& names) const;
 
     CanvasSpline::Hit hitPoint(const QPoint& pixel);
     std::vector<CurveNodeBase*> curvesInReach() const;
@@ -376,7 +377,7 @@ private:
     CurveNodeBase* current_ = nullptr;
     std::vector<std::unique_ptr<CurveNodeBase>> curves_;
     /// For a curve that is dragged, the lower variable names of the curves that read it.
-    QHash<QString, QStringList> readers_;
+    QHash<QString, QSet<QString>> readers_;
     ViewPort* viewport_ = nullptr;
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;

@@ -6,6 +6,7 @@
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/CurvePainter.h>
+#include <curveeditor/canvas/ExpressionSampler.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QPainter>
@@ -138,8 +139,13 @@ void CanvasFunctionBase::updatePicture()
             image_->updateForView(viewport_, layer_.pixelRatio());
     }
     grid_->placeTimeLine(*viewport_);
-    for (const auto& curve : curves_)
+    std::vector<CurveNodeBase*> expressions;
+    for (const auto& curve : curves_) {
         curve->update(viewport_);
+        if (curve->needsSamples(*viewport_))
+            expressions.push_back(curve.get());
+    }
+    ExpressionSampler::sample(expressions, *viewport_, theme_.smooth);
     viewport_->dirty = false;
     layer_.show(backdrop(), curvesBehindCurrent());
 }

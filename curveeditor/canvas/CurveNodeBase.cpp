@@ -7,13 +7,9 @@
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/canvas/ReleasedAction.h>
 #include <curveeditor/canvas/ViewPort.h>
-#include <curveeditor/edit/Truncate.h>
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/FunctionFloatBase.h>
-#include <curveeditor/model/FunctionFloatOperation.h>
-#include <curveeditor/model/FunctionFloatVariable.h>
-#include <curveeditor/model/ParserVarMapper.h>
 #include <curveeditor/model/SplineBase.h>
 
 #include <QAction>
@@ -22,18 +18,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <unordered_map>
-#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace {
 
-constexpr int samplesPerView = 5000;
-constexpr int fewestSamples = 64;
 constexpr std::size_t samplesOfExtent = 1000;
-constexpr int mostNodesOfFullView = 16384; // more than any formula that fits into the formula line has
-constexpr int mostNodesCounted = samplesPerView / fewestSamples * mostNodesOfFullView;
 constexpr double defaultFramesPerTimeUnit = 10.0;
 
 /// The exclusive group of all curves in that menu, which lives as long as the menu.
@@ -57,67 +47,6 @@ void insertSorted(QWidget* menu, QAction* entry)
         std::upper_bound(entries.begin(), entries.end(), entry->text(),
                          [](const QString& text, const QAction* other) { return text < other->text(); });
     menu->insertAction(next == entries.end() ? nullptr : *next, entry);
-}
-
-/// Another curve's expression that `node` reads, null if it reads none.
-const FunctionFloatBase* expressionRead(const FunctionFloatBase& node)
-{
-    const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node);
-    const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
-    return variable && variable->isMapped() && mapper ? mapper->getExpression(variable->getKey()->name)
-                                                      : nullptr;
-}
-
-/// The nodes of `root`. Adds to `read` the expressions that it reads, each as often as it is read.
-int countNodes(const FunctionFloatBase& root, std::vector<const FunctionFloatBase*>& read)
-{
-    int count = 0;
-    std::vector<const FunctionFloatBase*> pending = {&root};
-    while (!pending.empty()) {
-        const FunctionFloatBase& node = *pending.back();
-        const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node);
-        pending.pop_back();
-        ++count;
-        for (std::size_t i = 0; operation && i < operation->getOperandCount(); ++i)
-            pending.push_back(operation->getOperand(i));
-        if (const FunctionFloatBase* const other = operation ? nullptr : expressionRead(node))
-            read.push_back(other);
-    }
-    return count;
-}
-
-/// The nodes of `root` and of all that it reads, each once, as they are evaluated in one reading. Stops where
-/// they are more than `mostNodesCounted`.
-int countNodesOfReading(const FunctionFloatBase& root)
-{
-    int count = 0;
-    std::unordered_set<const FunctionFloatBase*> seen;
-    std::vector<const FunctionFloatBase*> pending = {&root};
-    while (!pending.empty() && count < mostNodesCounted) {
-        const FunctionFloatBase& expression = *pending.back();
-        pending.pop_back();
-        if (seen.insert(&expression).second)
-            count += countNodes(expression, pending);
-    }
-    return count;
-}
-
-/// A formula that is huge, with all that it reads, is sampled at fewer times, so that the work for a view has
-/// a bound.
-int sampleCount(const FunctionFloatBase& expression)
-{
-    std::vector<const FunctionFloatBase*> readings;
-    std::int64_t nodes = countNodes(expression, readings);
-    std::unordered_map<const FunctionFloatBase*, int> known;
-    for (std::size_t i = 0; i < readings.size() && nodes < mostNodesCounted; ++i) {
-        const auto [place, isNew] = known.try_emplace(readings[i], 0);
-        if (isNew)
-            place->second = countNodesOfReading(*readings[i]);
-        nodes += place->second;
-    }
-    if (nodes <= mostNodesOfFullView)
-        return samplesPerView;
-    return std::max(fewestSamples, int(std::int64_t(samplesPerView) * mostNodesOfFullView / nodes));
 }
 
 } // namespace
@@ -231,12 +160,9 @@ void CurveNodeBase::update(ViewPort* viewport)
         canvasSpline_->placePoints();
     if (drawnSelection_ != shownSelection())
         renewPictureNumber();
-    if ((!changed && !viewport->dirty) || (!isSpline() && !getExpression()))
+    if ((!changed && !viewport->dirty) || !isSpline())
         return;
-    if (isSpline())
-        canvasSpline_->rebuild(viewport, minValue_, maxValue_);
-    else
-        sampleExpression(*viewport);
+    canvasSpline_->rebuild(viewport, minValue_, maxValue_);
     changed = false;
     renewPictureNumber();
 }
@@ -262,36 +188,16 @@ void CurveNodeBase::renewPictureNumber()
     drawnSelection_ = shownSelection();
 }
 
-void CurveNodeBase::sampleExpression(const ViewPort& viewport)
+bool CurveNodeBase::needsSamples(const ViewPort& viewport) const
 {
-    DeviceLine line;
-    line.scale = canvas_->theme().smooth ? DeviceLine::fine : 1;
-    const PlaneMapping view = viewport.deviceMapping(line.scale);
-    if (view.canShow()) {
-        const int intervals = sampleCount(*getExpression());
-        const int count = intervals < samplesPerView ? intervals + 1 : intervals; // wide gaps reach the end
-        const double step = view.timeSpan() / intervals;
-        std::vector<double> times(static_cast<std::size_t>(count));
-        std::vector<double> values(times.size());
-        for (int i = 0; i < count; ++i)
-            times[std::size_t(i)] = i * step + view.timeMin;
-        getExpression()->evaluateBlock(times.data(), viewport.fps, values.data(), values.size());
+    return !isSpline() && getExpression() && (changed || viewport.dirty);
+}
 
-        const double xScale = view.pixelWidth * (1.0 / intervals);
-        line.points.reserve(count);
-        bool joined = true;
-        for (int i = 0; i < count; ++i) {
-            const double value = values[std::size_t(i)];
-            const bool finite = std::isfinite(value);
-            if (finite) {
-                if (!joined)
-                    line.gaps.push_back(int(line.points.size()));
-                line.points.append(QPoint(truncateToInt(i * xScale), line.rowOf(clamped(value), view)));
-            }
-            joined = finite;
-        }
-    }
-    canvasExpression_->curveLine = line;
+void CurveNodeBase::setExpressionLine(DeviceLine line)
+{
+    canvasExpression_->curveLine = std::move(line);
+    changed = false;
+    renewPictureNumber();
 }
 
 bool CurveNodeBase::findsCycle(QString& withFunc) const

@@ -23,6 +23,7 @@ class QAction;
 class QWidget;
 class SplineBase;
 class ViewPort;
+struct DeviceLine;
 
 /// One curve on the canvas: a named function of time that is either a spline or an expression. It joins the
 /// host's spline and the host's expression holder to the pictures of both kinds, to an entry of the "Curves"
@@ -86,10 +87,15 @@ public:
     /// Widens `values` by what the picture shows between these times: the clamped curve, and the points.
     void includeValues(const AxisRange& times, AxisRange& values) const;
 
-    /// Rebuilds the picture if the curve is changed or the view dirty. An expression is sampled at 5000 times
-    /// across the view, at fewer if it has more than 16384 nodes, those of the curves' expressions that it reads
-    /// among them, but at 64 at least; where it has no finite value the line has a gap.
+    /// `value` within the clamp range.
+    double clamped(double value) const;
+
+    /// Rebuilds the picture of a spline if the curve is changed or the view dirty.
     void update(ViewPort* viewport);
+    /// Whether the curve shows an expression whose line is to be made anew, for the same reasons.
+    bool needsSamples(const ViewPort& viewport) const;
+    /// Takes the line that the `ExpressionSampler` has made. The curve is not changed any more then.
+    void setExpressionLine(DeviceLine line);
     /// Paints the picture.
     void draw(CurvePainter& curves) const;
     /// Another number for each picture that the curve had, and never that of another curve.
@@ -118,10 +124,8 @@ Q_SIGNALS:
     void curveHasChanged(QString& nodeName, QString& curveName);
 
 private:
-    void sampleExpression(const ViewPort& viewport);
     void renewPictureNumber();
     std::optional<Selection> shownSelection() const;
-    double clamped(double value) const;
     double framesPerTimeUnit() const;
 
     CanvasFunctionBase* canvas_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/CurveVariables.h>
 
+#include <curveeditor/model/BlockReading.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/SplineBase.h>
@@ -13,8 +14,6 @@
 #include <vector>
 
 namespace {
-
-constexpr std::size_t longestBlock = 256;
 
 bool isSame(double a, double b)
 {
@@ -70,13 +69,17 @@ struct CurveVariables::Private
     void read(Curve& curve);
 
     Curve* find(const ParserVarMapper& names, const std::string& name);
+    std::size_t beginBlock(const double* times, double framesPerTimeUnit, std::size_t count);
     void readBlock(Curve* curve, const double* times, double* values, std::size_t count);
     void evaluateBlock(Curve& curve);
 
-    // A reading begins with a curve that no other curve reads. It has a block if it is one of blocks.
+    // A reading begins with a curve that no other curve reads, or goes on where a `BlockReading` says so and no
+    // curve was found to depend on itself. It has a block if it is one of blocks.
     std::map<std::string, Curve, std::less<>> curves;
     Block block;
     std::uint64_t reading = 0;
+    std::uint64_t blockReading = 0; ///< number of the `BlockReading` that the reading belongs to, 0 for none
+    bool wasCut = false; ///< a curve gave 0.0 in this reading because of those that were reading it
     int depth = 0;
     FunctionParserBase::keyStruct* time = FunctionParserBase::instance()->getKey("t");
     FunctionParserBase::keyStruct* frame = FunctionParserBase::instance()->getKey("f");
@@ -119,13 +122,17 @@ bool CurveVariables::rename(const std::string& oldName, const std::string& newNa
 double CurveVariables::getValue(const std::string& name) const
 {
     Curve* const curve = d_->find(*this, name);
-    if (!curve || curve->evaluating)
+    if (!curve)
         return 0.0;
     if (d_->depth == 0)
         ++d_->reading;
-    if (!d_->isKnownNow(*curve) && d_->depth < maximumDepth && !isRunning(*curve))
+    const bool canRead = !curve->evaluating;
+    if (canRead && !d_->isKnownNow(*curve) && d_->depth < maximumDepth && !isRunning(*curve))
         d_->read(*curve);
-    return d_->isKnownNow(*curve) ? curve->value : 0.0;
+    if (canRead && d_->isKnownNow(*curve))
+        return curve->value;
+    d_->wasCut = true;
+    return 0.0;
 }
 
 void CurveVariables::getValues(const std::string& name, const double* times, double framesPerTimeUnit,
@@ -140,10 +147,10 @@ void CurveVariables::getValues(const std::string& name, const double* times, dou
         d_->readBlock(d_->find(*this, name), times, values, count);
         return;
     }
-    for (std::size_t done = 0; done < count; done += d_->block.count) {
-        d_->block = {times + done, framesPerTimeUnit, std::min(count - done, longestBlock)};
-        ++d_->reading;
-        d_->readBlock(d_->find(*this, name), times + done, values + done, d_->block.count);
+    for (std::size_t done = 0; done < count;) {
+        const std::size_t length = d_->beginBlock(times + done, framesPerTimeUnit, count - done);
+        d_->readBlock(d_->find(*this, name), times + done, values + done, length);
+        done += length;
     }
     d_->block = Block();
 }
@@ -162,6 +169,27 @@ Curve* CurveVariables::Private::find(const ParserVarMapper& names, const std::st
     return place == curves.end() ? nullptr : &place->second;
 }
 
+/// Returns how many of the times lie in the block.
+std::size_t CurveVariables::Private::beginBlock(const double* times, double framesPerTimeUnit,
+                                                std::size_t count)
+{
+    const BlockReading* const shared = BlockReading::present();
+    std::uint64_t number = 0;
+    if (shared)
+        block = {shared->times(), shared->framesPerTimeUnit(), shared->count()};
+    if (shared && block.holds(times, framesPerTimeUnit, count)) {
+        number = shared->number();
+    } else {
+        count = std::min(count, BlockReading::longest);
+        block = {times, framesPerTimeUnit, count};
+    }
+    if (number == 0 || number != blockReading || wasCut)
+        ++reading;
+    blockReading = number;
+    wasCut = false;
+    return count;
+}
+
 void CurveVariables::Private::readBlock(Curve* curve, const double* times, double* values, std::size_t count)
 {
     const bool canRead = curve && !curve->evaluating;
@@ -170,6 +198,7 @@ void CurveVariables::Private::readBlock(Curve* curve, const double* times, doubl
     if (canRead && curve->blockReading == reading) {
         std::copy_n(curve->values.begin() + (times - block.times), count, values);
     } else {
+        wasCut = wasCut || curve;
         std::fill_n(values, count, 0.0);
     }
 }

@@ -96,6 +96,28 @@ private Q_SLOTS:
             QCOMPARE(picture.unselectedPen.color(), QColor(127, 0, 0));
         }
     }
+
+    void whatExpressionsReadIsEvaluatedOnceForAll()
+    {
+        struct Counter : FunctionFloatBase
+        {
+            int count = 0;
+            double evaluate() override { return ++count; }
+        } counter;
+        FunctionFloatBase* holder = &counter;
+        CurveVariables variables;
+        FunctionParserBase::instance()->setVarMapper(&variables);
+        variables.add("g.n", nullptr, &holder);
+        HostCurve curves[2];
+        CanvasScene scene;
+        scene.add(curves[0], "a.x",
+                  QString("t-(").repeated(200) + "g.n" + QString(")").repeated(200)); // short blocks
+        scene.add(curves[1], "a.y", "2*g.n");
+        counter.count = 0;
+        scene.setTimes(0.0, 30.0);
+        scene.canvas.paint();
+        QCOMPARE(counter.count, 5000);
+    }
 };
 
 QTEST_MAIN(tst_CurveNodeBase)

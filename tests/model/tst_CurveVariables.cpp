@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <curveeditor/model/BlockReading.h>
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/FunctionFloatBase.h>
@@ -142,6 +143,14 @@ private Q_SLOTS:
         host.add("g.both").set("g.a+100g.b"); // reads g.b as g.a found it
         outside.set("g.both");
         QCOMPARE(valueAt(*outside.holder, 1.0), 11.0 + 1000.0);
+        const double time = 1.0;
+        const BlockReading reading(&time, 25.0, 1);
+        double value = 0.0;
+        for (const auto& [curve, expected] :
+             {std::pair(&a, 11.0), {&b, 11.0}, {&own, 3.0}, {&outside, 1011.0}}) {
+            curve->holder->evaluateBlock(&time, 25.0, &value, 1);
+            QCOMPARE(value, expected);
+        }
     }
 
     void chainIsReadOncePerCurve()

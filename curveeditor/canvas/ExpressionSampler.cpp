@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/ExpressionSampler.h>
+
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/CurvePainter.h>
+#include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/Truncate.h>
+#include <curveeditor/model/BlockReading.h>
+#include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionFloatOperation.h>
+#include <curveeditor/model/FunctionFloatVariable.h>
+#include <curveeditor/model/ParserVarMapper.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <map>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+namespace {
+
+constexpr int samplesPerView = 5000;
+constexpr int fewestSamples = 64;
+constexpr int mostNodesOfFullView = 16384; // more than any formula that fits into the formula line has
+constexpr int mostNodesCounted = samplesPerView / fewestSamples * mostNodesOfFullView;
+
+using Expressions = std::vector<const FunctionFloatBase*>;
+
+/// Another curve's expression that `node` reads, null if it reads none.
+const FunctionFloatBase* expressionRead(const FunctionFloatBase& node)
+{
+    const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node);
+    const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
+    return variable && variable->isMapped() && mapper ? mapper->getExpression(variable->getKey()->name)
+                                                      : nullptr;
+}
+
+/// The nodes of `root`. Adds to `read` the expressions that it reads, each as often as it is read.
+int countNodes(const FunctionFloatBase& root, Expressions& read)
+{
+    int count = 0;
+    Expressions pending = {&root};
+    while (!pending.empty()) {
+        const FunctionFloatBase& node = *pending.back();
+        const FunctionFloatOperation* const operation = FunctionFloatOperation::of(node);
+        pending.pop_back();
+        ++count;
+        for (std::size_t i = 0; operation && i < operation->getOperandCount(); ++i)
+            pending.push_back(operation->getOperand(i));
+        if (const FunctionFloatBase* const other = operation ? nullptr : expressionRead(node))
+            read.push_back(other);
+    }
+    return count;
+}
+
+/// The nodes of these and of all that they read, each once, as they are evaluated in one reading. Stops where they
+/// are more than `mostNodesCounted`.
+int countNodesOfReading(Expressions pending)
+{
+    int count = 0;
+    std::unordered_set<const FunctionFloatBase*> seen;
+    while (!pending.empty() && count < mostNodesCounted) {
+        const FunctionFloatBase& expression = *pending.back();
+        pending.pop_back();
+        if (seen.insert(&expression).second)
+            count += countNodes(expression, pending);
+    }
+    return count;
+}
+
+/// Few numbers come out, so that most curves are sampled at the same times.
+int intervalsOf(const FunctionFloatBase& expression)
+{
+    Expressions readings;
+    std::int64_t nodes = countNodes(expression, readings);
+    std::unordered_map<const FunctionFloatBase*, int> known;
+    for (std::size_t i = 0; i < readings.size() && nodes < mostNodesCounted; ++i) {
+        const auto [place, isNew] = known.try_emplace(readings[i], 0);
+        if (isNew)
+            place->second = countNodesOfReading({readings[i]});
+        nodes += place->second;
+    }
+    if (nodes <= mostNodesOfFullView)
+        return samplesPerView;
+    const auto most = unsigned(std::int64_t(samplesPerView) * mostNodesOfFullView / nodes);
+    return std::max(fewestSamples, int(std::bit_floor(most + 1)) - 1);
+}
+
+/// A line that grows sample by sample.
+class GrowingLine
+{
+public:
+    GrowingLine(CurveNodeBase* curve, int scale) : curve_(curve) { line_.scale = scale; }
+
+    void add(const double* times, double framesPerTimeUnit, std::size_t count, const int* columns,
+             const PlaneMapping& view)
+    {
+        double values[BlockReading::longest];
+        curve_->getExpression()->evaluateBlock(times, framesPerTimeUnit, values, count);
+        for (std::size_t i = 0; i < count; ++i) {
+            const bool isFinite = std::isfinite(values[i]);
+            if (isFinite) {
+                if (!isJoined_)
+                    line_.gaps.push_back(int(line_.points.size()));
+                line_.points.append(QPoint(columns[i], line_.rowOf(curve_->clamped(values[i]), view)));
+            }
+            isJoined_ = isFinite;
+        }
+    }
+    void reserve(std::size_t count) { line_.points.reserve(qsizetype(count)); }
+    void finish() { curve_->setExpressionLine(std::move(line_)); }
+
+private:
+    CurveNodeBase* curve_;
+    DeviceLine line_;
+    bool isJoined_ = true;
+};
+
+void addSamples(std::vector<GrowingLine>& lines, int intervals, const PlaneMapping& view,
+                double framesPerTimeUnit)
+{
+    // Wide gaps reach the end.
+    const auto count = std::size_t(intervals < samplesPerView ? intervals + 1 : intervals);
+    const double step = view.timeSpan() / intervals;
+    const double xScale = view.pixelWidth * (1.0 / intervals);
+    std::vector<double> times(count);
+    std::vector<int> columns(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        times[i] = double(i) * step + view.timeMin;
+        columns[i] = truncateToInt(double(i) * xScale);
+    }
+    for (GrowingLine& line : lines)
+        line.reserve(count);
+    for (std::size_t done = 0; done < count; done += BlockReading::longest) {
+        const std::size_t length = std::min(count - done, BlockReading::longest);
+        const BlockReading reading(&times[done], framesPerTimeUnit, length);
+        for (GrowingLine& line : lines)
+            line.add(&times[done], framesPerTimeUnit, length, &columns[done], view);
+    }
+}
+
+} // namespace
+
+void ExpressionSampler::sample(const std::vector<CurveNodeBase*>& curves, const ViewPort& viewport,
+                               bool smooth)
+{
+    const int scale = smooth ? DeviceLine::fine : 1;
+    const PlaneMapping view = viewport.deviceMapping(scale);
+    Expressions expressions;
+    for (const CurveNodeBase* const curve : curves)
+        expressions.push_back(curve->getExpression());
+    const bool isFullView = countNodesOfReading(expressions) <= mostNodesOfFullView;
+    std::map<int, std::vector<GrowingLine>> lines; // by the number of intervals
+    for (CurveNodeBase* const curve : curves)
+        lines[isFullView ? samplesPerView : intervalsOf(*curve->getExpression())].emplace_back(curve, scale);
+    for (auto& [intervals, group] : lines) {
+        if (view.canShow())
+            addSamples(group, intervals, view, viewport.fps);
+        for (GrowingLine& line : group)
+            line.finish();
+    }
+}
