@@ -82,6 +82,9 @@ CurveEditor::~CurveEditor()
     delete d_->functionEdit;
     delete d_->pointTable; // while the dialog can still tell it the unit of times
     checkListsEditing->disconnect(this);
+    d_->nodeOfName.clear();
+    for (const auto& record : d_->nodeList)
+        record->action = nullptr; // goes with its parent; Qt looks for each among all that are deleted later
     d_->nodeList.clear();
     d_->mainNodeList.clear();
 }

@@ -4,6 +4,7 @@
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/shell/CurveEditor.h>
 
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -30,6 +31,7 @@ struct CurveEditor::Private
 
     std::vector<std::unique_ptr<MainNodeStruct>> mainNodeList;
     std::vector<std::unique_ptr<NodeStruct>> nodeList;
+    QHash<QString, NodeStruct*> nodeOfName; ///< those of the list, by full name
     int nextVariableId = 0;
     QString toldCurrent;                  ///< the full name that `currentCurveChanged` told last
     bool hasOwnFont = false;              ///< set by the host

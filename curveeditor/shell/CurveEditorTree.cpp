@@ -113,6 +113,7 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
     record->name = name;
     record->nodeName = group->name;
     record->curveName = name.mid(group->name.length() + 1);
+    d_->nodeOfName.insert(name, record.get());
     d_->nodeList.push_back(std::move(record));
 }
 
@@ -155,6 +156,7 @@ void CurveEditor::eraseRecord(const QString& name)
                                     [record](const auto& other) { return other.get() == record; });
     const std::unique_ptr<NodeStruct> erased = std::move(*place);
     d_->nodeList.erase(place);
+    d_->nodeOfName.remove(name);
     if (isOpen)
         Q_EMIT curveClosed(erased->nodeName, erased->curveName);
     tellCurrentCurve();
@@ -195,6 +197,8 @@ void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName
 void CurveEditor::renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName)
 {
     const QString oldName = std::exchange(record.name, fullName(nodeName, curveName));
+    d_->nodeOfName.remove(oldName);
+    d_->nodeOfName.insert(record.name, &record);
     record.nodeName = nodeName;
     record.curveName = curveName;
     EditingList::setCurveName(record.editingItem, record.name);
@@ -221,7 +225,7 @@ CurveEditor::MainNodeStruct* CurveEditor::searchMainNode(const QString& name)
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeList(const QString& name)
 {
-    return firstRecord(d_->nodeList, [&](const NodeStruct& record) { return record.name == name; });
+    return d_->nodeOfName.value(name);
 }
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& name)
