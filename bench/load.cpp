@@ -38,6 +38,7 @@ struct Load
 const Load loads[] = {
     {.name = "100 curves, none shown", .curves = 100, .shown = 0, .points = 1000},
     {.name = "1,000 curves, none shown", .curves = 1000, .shown = 0, .points = 1000},
+    {.name = "10,000 curves, none shown", .curves = 10000, .shown = 0, .points = 10},
     {.name = "100 curves, 10 shown", .curves = 100, .shown = 10, .points = 1000},
     {.name = "1,000 curves, 100 shown", .curves = 1000, .shown = 100, .points = 1000},
     {.name = "100 curves, all shown", .curves = 100, .shown = 100, .points = 10},
