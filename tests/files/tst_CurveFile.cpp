@@ -68,16 +68,15 @@ private Q_SLOTS:
         CurveFile whole, file;
         whole.spline.addPoint(1234567.875, 0.1);
         const std::string spline = text(whole), before = text(file);
-        std::vector<std::string> contents = {"Dear reader",
-                                             std::string("\177ELF\0\1", 6),
-                                             "1\n2.5\n3\n1\nt\n",
-                                             "1\n2\n3\n1\n",
-                                             "1\n+-2\n3\n1\nt\n",
-                                             "1\n" + std::string(1000, '2') + "\n3\n1\nt\n",
-                                             "1\n2\n3\n1\n" + std::string((1u << 20) + 1, 't'),
-                                             "1\n2\n3\n0\n1000000000000 1 2 3\n"};
-        for (std::size_t length = 0; length < spline.size() - 1; ++length)
-            contents.push_back(spline.substr(0, length));
+        const std::vector<std::string> contents = {"Dear reader",
+                                                   std::string("\177ELF\0\1", 6),
+                                                   "1\n2.5\n3\n1\nt\n",
+                                                   "1\n2\n3\n1\n",
+                                                   "1\n+-2\n3\n1\nt\n",
+                                                   "1\n" + std::string(1000, '2') + "\n3\n1\nt\n",
+                                                   "1\n2\n3\n1\n" + std::string((1u << 20) + 1, 't'),
+                                                   "1\n2\n3\n0\n1000000000000 1 2 3\n",
+                                                   spline.substr(0, spline.size() / 2)};
         for (const std::string& content : contents) {
             QVERIFY2(!read(file, content), content.substr(0, 100).c_str());
             QVERIFY(text(file) == before && file.expression.empty());
