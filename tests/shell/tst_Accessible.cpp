@@ -29,16 +29,34 @@ private Q_SLOTS:
         QCOMPARE(s.canvas.mapFromGlobal(middle), s.pixel(5.0, 1.0));
         QCOMPARE(canvas->childAt(middle.x(), middle.y()), second);
 
-        second->actionInterface()->doAction("Select");
+        QVERIFY(second->childCount() == 0 && !second->child(0) && second->indexOfChild(canvas) == -1);
+        QVERIFY(!second->childAt(middle.x(), middle.y()) && second->window() == canvas->window());
+        QCOMPARE(second->role(), QAccessible::ListItem);
+        QCOMPARE(second->text(QAccessible::Value), "1");
+        s.editor.setShowTime();
+        QCOMPARE(second->text(QAccessible::Name), "Point 2 of 3, time 5, value 1");
+
+        const QStringList actions = second->actionInterface()->actionNames();
+        QCOMPARE(second->actionInterface()->localizedActionName(actions[0]), "Select");
+        second->actionInterface()->doAction(actions[0]);
         QVERIFY(second->state().selected && canvas->focusChild() == second);
         QVERIFY(s.editor.posY->isEnabled());
         QCOMPARE(canvas->text(QAccessible::Description), "3 points, 1 selected");
-        second->actionInterface()->doAction("Delete");
+        second->actionInterface()->doAction(actions[1]);
         QCOMPARE(s.changes, QStringList{"a/x"});
         QCOMPARE(s.entries(), 1);
         QVERIFY(canvas->childCount() == 2 && !second->isValid() && second->rect().isEmpty());
-        second->actionInterface()->doAction("Delete");
+        second->actionInterface()->doAction(actions[1]);
         QCOMPARE(canvas->childCount(), 2);
+        QCOMPARE(canvas->indexOfChild(second), -1);
+        const QAccessible::Id lost = QAccessible::uniqueId(second);
+        for (int i = 0; i < 100; ++i) { // points that come and go leave nothing behind
+            SplineBase& spline = s.curves["a.x"].spline;
+            spline.addPoint(20.0, 0.0);
+            QVERIFY(canvas->child(2));
+            spline.remove(spline[2]);
+        }
+        QVERIFY(!QAccessible::accessibleInterface(lost));
         s.canvas.canvas.setCurrentCurve("a.z");
         QVERIFY(canvas->childCount() == 0 && !canvas->child(0));
     }

@@ -71,14 +71,22 @@ private Q_SLOTS:
 
     void behaviourShowsInMenuAndComboBox()
     {
-        const QList<QAction*> actions = fixture->submenu("Options", 10)->actions();
-        for (int type = 4; type >= 0; --type) {
-            actions[type]->trigger();
-            QCOMPARE(fixture->curves["cam.lens"].spline.lastType, type);
-            QCOMPARE(fixture->editor.nodeLast->currentIndex(), type);
-            Q_EMIT fixture->editor.nodeLast->activated(4 - type);
-            QVERIFY(actions[4 - type]->isChecked());
-        }
+        SplineBase& spline = fixture->curves["cam.lens"].spline;
+        const auto check = [this](int submenu, QComboBox* combo, const auto& kept) {
+            const QList<QAction*> actions = fixture->submenu("Options", submenu)->actions();
+            QCOMPARE(actions.size(), combo->count());
+            for (int type = combo->count() - 1, other = 0; type >= 0; --type, ++other) {
+                actions[type]->trigger();
+                QCOMPARE(int(kept), type);
+                QCOMPARE(combo->currentIndex(), type);
+                Q_EMIT combo->activated(other);
+                QVERIFY(int(kept) == other && actions[other]->isChecked());
+            }
+            Q_EMIT combo->activated(77);
+            QCOMPARE(int(kept), combo->count() - 1);
+        };
+        check(9, fixture->editor.nodeFirst, spline.firstType);
+        check(10, fixture->editor.nodeLast, spline.lastType);
         QVERIFY(fixture->changes.isEmpty());
     }
 
@@ -128,7 +136,22 @@ private Q_SLOTS:
             editor.setShowFrames();
             QCOMPARE(editor.posX->clampToBounds(1e6), qMax(0.0, 20.0 * fps));
             editor.setTimeLine(25);
-            QCOMPARE(fixture->canvas.timeLine, fps == 0.0 ? 0.0 : 25.0 / fps);
+            for (const double none : {qQNaN(), qInf()}) {
+                editor.setTimeLine(none);
+                editor.setTimeRange(none, none);
+                editor.setMinValue(none);
+                editor.setMaxValue(none);
+            }
+            const FunctionEditor& view = fixture->canvas;
+            QCOMPARE(view.timeLine, fps == 0.0 ? 0.0 : 25.0 / fps);
+            QCOMPARE(QRectF(view.timeMin, view.valueMin, view.timeMax, view.valueMax),
+                     QRectF(0.0, -3.0, 20.0, 3.0));
+            editor.setShowTime();
+            editor.setShowTime();
+            QCOMPARE(editor.posX->text(), fps == 0.0 ? "0.000" : "5.000");
+            editor.resetViewport();
+            QVERIFY(editor.isModeFrames());
+            QCOMPARE(editor.posX->text(), QString::number(5.0 * fps, 'f', 3));
         }
     }
 

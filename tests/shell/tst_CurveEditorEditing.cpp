@@ -126,6 +126,18 @@ private Q_SLOTS:
         QCOMPARE(fixture->changes, QStringList({"cam/lens", "cam/lens"})); // opened twice, heard twice
     }
 
+    void escapeClosesTheWindowButNoDockedEditor()
+    {
+        QWidget host;
+        for (QWidget* const parent : {&host, static_cast<QWidget*>(nullptr)}) {
+            fixture->editor.setParent(parent);
+            fixture->editor.show();
+            host.show();
+            QTest::keyClick(&fixture->editor, Qt::Key_Escape);
+            QCOMPARE(fixture->editor.isVisible(), parent != nullptr);
+        }
+    }
+
     void dialogMayBeDeletedFromItsOwnSignal()
     {
         HostCurve curve;

@@ -32,6 +32,10 @@ private Q_SLOTS:
         enter("2 T");
         QCOMPARE(line().text(), "2*t");
         QVERIFY(!fixture->canvas.nodeForm.isActive());
+        fixture->editor.setTcb();
+        QVERIFY(splineToolsEnabled() && fixture->curves["A.x"].expression);
+        fixture->editor.setExpression();
+        QVERIFY(!splineToolsEnabled());
         fixture->editor.setEditingNode("b.y");
         QVERIFY(line().text().isEmpty() && splineToolsEnabled());
         fixture->canvas.canvas.setCurrentCurve("A.x");
@@ -129,6 +133,13 @@ private Q_SLOTS:
         choose("I vars", [] {});
         QCOMPARE(line().text(), "t<f");
         QCOMPARE(fixture->editor.focusWidget(), &line());
+        for (const auto insert :
+             {&CurveEditor::insertUnaryFunc, &CurveEditor::insertBinaryFunc, &CurveEditor::insertTernaryFunc,
+              &CurveEditor::insertIVarFunc, &CurveEditor::insertDVarFunc})
+            (fixture->editor.*insert)(-1);
+        QCOMPARE(line().text(), "t<f");
+        fixture->editor.errorClosed();
+        QCOMPARE(line().text(), "t<f_");
     }
 
     void cycleIsToldAndMendedByAnotherVariable()

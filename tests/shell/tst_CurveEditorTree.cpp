@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
+#include <QColorDialog>
+#include <QTreeWidget>
+
 class tst_CurveEditorTree : public QObject
 {
     Q_OBJECT
@@ -19,8 +22,10 @@ private Q_SLOTS:
         CurveEditor& editor = fixture->editor;
         HostCurve other;
         editor.addCurve("a", "x", Qt::red, 1, &other.spline, &other.expression, 0, 1);
+        editor.addCurve("a", "n", Qt::red, 1, nullptr, &other.expression, 0, 1);
         for (const QString& name : {QString(), QString("b"), QString("A"), QString(70000, '.')}) {
             editor.removeNode(name);
+            editor.removeCurve(name, "x");
             editor.renameNode(name, "c");
             editor.renameCurve("a", name, "z");
             editor.setEditingNode(name);
@@ -42,6 +47,33 @@ private Q_SLOTS:
         QVERIFY(!fixture->canvas.nodeForm.isActive());
         fixture->open("a.x");
         QCOMPARE(fixture->current(), "a.x");
+    }
+
+    void rowsOfAHostsOwnListStandForCurves()
+    {
+        CurveEditor& editor = fixture->editor;
+        QTreeWidget list;
+        auto* const group = new QTreeWidgetItem(&list, {"a"});
+        auto* const row = new QTreeWidgetItem(group, {"a.x"});
+        editor.searchMainNode("a")->item = group;
+        editor.searchAllNodeList("a.x")->checkItem = row;
+        for (QTreeWidgetItem* const item : {static_cast<QTreeWidgetItem*>(nullptr), group, row}) {
+            QCOMPARE(fixture->current(), "None");
+            editor.doubleClickedItem(item, {}, 0);
+            if (item == row)
+                whenOpen<QColorDialog>([](QColorDialog& dialog) {
+                    QCOMPARE(dialog.currentColor(), QColor(Qt::green));
+                    dialog.setCurrentColor(Qt::red);
+                    dialog.accept();
+                });
+            editor.rightButtonPressedItem(item, {}, 0);
+        }
+        QCOMPARE(fixture->canvas.canvas.findCurve("a.x")->getColor(), QColor(Qt::red));
+        QPixmap picture(8, 8);
+        picture.fill(Qt::blue);
+        for (const char* const name : {"none", "a", "ba"})
+            editor.setMainNodePixmap(name, picture);
+        QVERIFY(!group->icon(0).isNull());
     }
 
     void longMenusScrollInOneColumn()

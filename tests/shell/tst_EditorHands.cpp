@@ -11,11 +11,23 @@
 
 namespace {
 
-void wheel(Scene& s, const QPointF& at, const QPoint& delta, Qt::KeyboardModifiers keys = {},
-           Qt::ScrollPhase phase = Qt::NoScrollPhase)
+using Deed = std::function<void(Scene&)>;
+
+const QPoint mouse(200, 150);
+
+Deed wheel(const QPoint& delta, Qt::KeyboardModifiers keys = {}, Qt::ScrollPhase phase = Qt::NoScrollPhase)
 {
-    QWheelEvent event(at, s.canvas.mapToGlobal(at), {}, delta, Qt::NoButton, keys, phase, false);
-    QApplication::sendEvent(&s.canvas, &event);
+    return [=](Scene& s) {
+        QWheelEvent event(mouse, s.canvas.mapToGlobal(mouse), {}, delta, Qt::NoButton, keys, phase, false);
+        QApplication::sendEvent(&s.canvas, &event);
+    };
+}
+
+Deed press(Qt::Key key, Qt::KeyboardModifiers keys = {})
+{
+    return [=](Scene& s) {
+        QTest::keyClick(&s.canvas, key, keys);
+    };
 }
 
 void drag(Scene& s, Qt::MouseButton button)
@@ -54,46 +66,21 @@ private Q_SLOTS:
         struct Case
         {
             const char* name;
-            std::function<void(Scene&)> gesture;
+            Deed gesture;
             bool time, value, staysUnderMouse;
         };
-        const QPointF at(200, 150);
         const Case cases[] = {
-            {"wheel",
-             [&](Scene& s) {
-                 wheel(s, at, {0, 120});
-             },
-             true, true, true},
-            {"wheel with Ctrl",
-             [&](Scene& s) {
-                 wheel(s, at, {0, 30}, Qt::ControlModifier);
-             },
-             true, false, true},
-            {"wheel with Shift",
-             [&](Scene& s) {
-                 wheel(s, at, {0, -15}, Qt::ShiftModifier);
-             },
-             false, true, true},
-            {"huge wheel",
-             [&](Scene& s) {
-                 wheel(s, at, {0, 1 << 30});
-             },
-             true, true, true},
-            {"wheel with Alt",
-             [&](Scene& s) {
-                 wheel(s, at, {0, 120}, Qt::AltModifier);
-             },
-             false, false, true},
-            {"wheel at rest", [&](Scene& s) { wheel(s, at, {}); }, false, false, true},
-            {"two fingers",
-             [&](Scene& s) {
-                 wheel(s, at, {-60, 0}, {}, Qt::ScrollUpdate);
-             },
-             true, false, false},
+            {"wheel", wheel({0, 120}), true, true, true},
+            {"wheel with Ctrl", wheel({0, 30}, Qt::ControlModifier), true, false, true},
+            {"wheel with Shift", wheel({0, -15}, Qt::ShiftModifier), false, true, true},
+            {"huge wheel", wheel({0, 1 << 30}), true, true, true},
+            {"wheel with Alt", wheel({0, 120}, Qt::AltModifier), false, false, true},
+            {"wheel at rest", wheel({}), false, false, true},
+            {"two fingers", wheel({-60, 0}, {}, Qt::ScrollUpdate), true, false, false},
             {"pinch",
-             [&](Scene& s) {
+             [](Scene& s) {
                  QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
-                                           at, at, s.canvas.mapToGlobal(at), 0.5, {});
+                                           mouse, mouse, s.canvas.mapToGlobal(mouse), 0.5, {});
                  QApplication::sendEvent(&s.canvas, &event);
              },
              true, true, true},
@@ -126,17 +113,14 @@ private Q_SLOTS:
              },
              false, false, true},
             {"off",
-             [&](Scene& s) {
-                 s.editor.setViewGestures(false), wheel(s, at, {0, 120});
+             [](Scene& s) {
+                 s.editor.setViewGestures(false), wheel({0, 120})(s);
              },
              false, false, true},
-            {"Home", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Home); }, true, true, false},
-            {"Home of the keypad",
-             [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Home, Qt::KeypadModifier); }, true, true,
-             false},
-            {"minus", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Minus); }, true, true, false},
-            {"plus", [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Plus, Qt::ShiftModifier); }, true,
-             true, false},
+            {"Home", press(Qt::Key_Home), true, true, false},
+            {"Home of the keypad", press(Qt::Key_Home, Qt::KeypadModifier), true, true, false},
+            {"minus", press(Qt::Key_Minus), true, true, false},
+            {"plus", press(Qt::Key_Plus, Qt::ShiftModifier), true, true, false},
             {"F", [](Scene& s) { s.clickPoint(), QTest::keyClick(&s.canvas, Qt::Key_F); }, true, true, false},
         };
         for (const Case& c : cases) {
@@ -152,8 +136,8 @@ private Q_SLOTS:
             QVERIFY2((before.mid(0, 2) != after.mid(0, 2)) == c.time, c.name);
             QVERIFY2((before.mid(2) != after.mid(2)) == c.value, c.name);
             const PlaneMapping now = s.canvas.mapping();
-            const bool isUnderMouse = qAbs(now.timeAt(at.x()) - view.timeAt(at.x())) < 1e-9 &&
-                                      qAbs(now.valueAt(at.y()) - view.valueAt(at.y())) < 1e-9;
+            const bool isUnderMouse = qAbs(now.timeAt(mouse.x()) - view.timeAt(mouse.x())) < 1e-9 &&
+                                      qAbs(now.valueAt(mouse.y()) - view.valueAt(mouse.y())) < 1e-9;
             QVERIFY2(isUnderMouse == c.staysUnderMouse, c.name);
             QVERIFY2(s.showsWhatIsDrawnFromScratch(), c.name);
             QCOMPARE(s.entries(), 0);
@@ -240,6 +224,42 @@ private Q_SLOTS:
         }
         s.editor.setViewGestures(false);
         QVERIFY(!takes(Qt::Key_Space));
+    }
+
+    void menuOffersWhatIsPossible()
+    {
+        Scene s;
+        QMenu* const menu = s.menu("Edit");
+        const auto entry = [menu](const QString& text) {
+            const QList<QAction*> all = menu->findChildren<QAction*>();
+            return *std::find_if(all.begin(), all.end(),
+                                 [&](const QAction* action) { return action->text().startsWith(text); });
+        };
+        const auto offered = [&](const QStringList& texts) {
+            menu->popup({});
+            menu->close();
+            QList<bool> are;
+            for (const QString& text : texts)
+                are.append(entry(text)->isEnabled());
+            return are;
+        };
+        const QStringList texts{"Copy", "Select all", "Flatten", "Simplify", "Bake", "Time line"};
+        QCOMPARE(offered(texts), (QList<bool>{false, true, false, true, true, false}));
+        s.clickPoint();
+        s.editor.setTimeLineDraggable(true);
+        s.canvas.canvas.setEditsAllCurves(true);
+        QVERIFY(!entry("Edit all")->isChecked());
+        QCOMPARE(offered(texts), QList<bool>(6, true));
+        QVERIFY(entry("Edit all")->isChecked());
+        s.canvas.canvas.setEditsAllCurves(false);
+        s.canvas.canvas.setCurrentCurve("a.z");
+        QCOMPARE(offered(texts), (QList<bool>{false, false, false, false, true, true}));
+        unsigned& kinds = s.canvas.canvas.guide.snap.kinds;
+        kinds = Snap::GridLines;
+        offered({});
+        entry("To grid lines")->trigger();
+        entry("To frames")->trigger();
+        QCOMPARE(kinds, unsigned(Snap::Frames));
     }
 
     void selectionFollowsTheKeys()

@@ -141,6 +141,15 @@ private Q_SLOTS:
             PointCommands(s.canvas.canvas).flattenTangents();
             QCOMPARE(spline[1]->tanRight, 0.0);
         });
+        row("insert at the mouse, or else at the time line", 2, x + x, [](Scene& s) {
+            const SplineBase& spline = s.curves["a.x"].spline;
+            s.editor.setTimeLine(2.0);
+            for (const QPoint& mouse : {s.pixel(3.0, 0.0), QPoint(10, -10)}) {
+                QCursor::setPos(s.canvas.mapToGlobal(mouse));
+                QTest::keyClick(&s.canvas, Qt::Key_I);
+            }
+            QVERIFY(spline[1]->time == 2.0 && qAbs(spline[2]->time - 3.0) < 0.05);
+        });
         row("drag that snaps", 1, x, [](Scene& s) {
             QTest::keyClick(&s.canvas, Qt::Key_S);
             s.canvas.canvas.guide.snap.kinds = Snap::Frames | Snap::Points;

@@ -67,9 +67,13 @@ private Q_SLOTS:
     void fitShowsTheCurrentCurve()
     {
         const FunctionEditor& view = fixture->canvas;
-        fixture->editor.completeViewport();
-        QCOMPARE(QRectF(view.timeMin, view.valueMin, view.timeMax, view.valueMax),
-                 QRectF(0.0, -0.1, 5.0, 1.1));
+        const auto sides = [&view] {
+            return QRectF(view.timeMin, view.valueMin, view.timeMax, view.valueMax);
+        };
+        QTest::mouseClick(fixture->button("Fit H"), Qt::LeftButton);
+        QCOMPARE(sides(), QRectF(0.0, -3.0, 5.0, 3.0));
+        QTest::mouseClick(fixture->button("Fit V"), Qt::LeftButton);
+        QCOMPARE(sides(), QRectF(0.0, -0.1, 5.0, 1.1));
         fixture->editor.setExpression();
         fixture->editor.completeViewport();
         QCOMPARE(view.valueMax, 1.22);
@@ -96,6 +100,27 @@ private Q_SLOTS:
                  QColor(Qt::blue));
         QVERIFY(fixture->canvas.canvas.hasPointAt(fixture->pixel(5.0, 1.0) + QPoint(19, 0)));
         CurveEditor().setControlPointColor(Qt::black); // for the other tests
+    }
+
+    void hostGivesEachPartItsColor()
+    {
+        using Theme = CurveEditorTheme;
+        const std::pair<void (CurveEditor::*)(const QColor&), QColor Theme::*> parts[] = {
+            {&CurveEditor::setSelectionColor, &Theme::selection},
+            {&CurveEditor::setControllerColor, &Theme::controller},
+            {&CurveEditor::setControllerSelectedColor, &Theme::controllerSelected},
+            {&CurveEditor::setControlPointSelectedColor, &Theme::controlPointSelected},
+            {&CurveEditor::setFrameFontColor, &Theme::labels},
+            {&CurveEditor::setFrameLinesColor, &Theme::gridLines},
+            {&CurveEditor::setFrameHLineColor, &Theme::frameHLine},
+            {&CurveEditor::setFrameVLineColor, &Theme::frameVLine},
+            {&CurveEditor::setTimeLineColor, &Theme::timeLine}};
+        fixture->editor.setTheme(Theme::light());
+        for (const auto& [give, part] : parts) {
+            (fixture->editor.*give)(Qt::magenta);
+            QCOMPARE(fixture->editor.theme().*part, QColor(Qt::magenta));
+            fixture->editor.setTheme(Theme::light());
+        }
     }
 
     void themeOfAPaletteFollowsIt()
