@@ -62,6 +62,7 @@ struct EditorFixture
     }
     /// Presses and releases the left button on the second point of the current curve.
     void clickPoint() { QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel(5.0, 1.0)); }
+    void key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&canvas, key, keys); }
     QPoint pixel(double t, double v) const { return {canvas.timeToPixel(t), canvas.valueToPixel(v)}; }
     QString current() const { return canvas.canvas.getCurrentCurveName(); }
     QToolButton* button(const QString& name) const { return editor.findChild<QToolButton*>(name); }

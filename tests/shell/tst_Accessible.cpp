@@ -75,14 +75,14 @@ private Q_SLOTS:
         const QString moved = QString::number(QAccessible::NameChanged, 16) + u' ';
         const QString first = "Point 1 of 3, frame 0, value 0";
         const QString second = "Point 2 of 3, frame 50, value ";
-        QTest::keyClick(&s.canvas, Qt::Key_Right);
-        QTest::keyClick(&s.canvas, Qt::Key_Right);
+        s.key(Qt::Key_Right);
+        s.key(Qt::Key_Right);
         QCOMPARE(told, (QStringList{selected + first, focused + first, selected + second + "1",
                                     focused + second + "1"}));
-        QTest::keyClick(&s.canvas, Qt::Key_Tab); // opens the page
+        s.key(Qt::Key_Tab); // opens the page
         s.type(s.editor.posY, "3");
         s.canvas.setFocus();
-        QTest::keyClick(&s.canvas, Qt::Key_Z, Qt::ControlModifier);
+        s.key(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(told.mid(4), (QStringList{moved + second + "3", moved + second + "1"}));
         s.drag(5.0, 1.0, 6.0, 1.0);
         QCOMPARE(told.size(), 7); // a drag is told when it is done

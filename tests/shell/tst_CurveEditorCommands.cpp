@@ -44,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(both(false) && !CurveEditor().findChild<QToolButton*>("Scale")->isEnabled());
         fixture->clickPoint();
         QVERIFY(both(true));
-        QTest::keyClick(&fixture->canvas, Qt::Key_Delete);
+        fixture->key(Qt::Key_Delete);
         QVERIFY(both(false));
         fixture->editor.undo();
         QVERIFY(both(true));

@@ -26,7 +26,7 @@ Deed wheel(const QPoint& delta, Qt::KeyboardModifiers keys = {}, Qt::ScrollPhase
 Deed press(Qt::Key key, Qt::KeyboardModifiers keys = {})
 {
     return [=](Scene& s) {
-        QTest::keyClick(&s.canvas, key, keys);
+        s.key(key, keys);
     };
 }
 
@@ -106,7 +106,7 @@ private Q_SLOTS:
              [](Scene& s) {
                  s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
                  s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
-                 QTest::keyClick(&s.canvas, Qt::Key_Escape);
+                 s.key(Qt::Key_Escape);
                  s.mouse(QEvent::MouseMove, {240, 180}, Qt::MiddleButton);
                  s.mouse(QEvent::MouseButtonRelease, {240, 180}, Qt::MiddleButton);
                  QVERIFY(s.editor.isVisible());
@@ -121,7 +121,7 @@ private Q_SLOTS:
             {"Home of the keypad", press(Qt::Key_Home, Qt::KeypadModifier), true, true, false},
             {"minus", press(Qt::Key_Minus), true, true, false},
             {"plus", press(Qt::Key_Plus, Qt::ShiftModifier), true, true, false},
-            {"F", [](Scene& s) { s.clickPoint(), QTest::keyClick(&s.canvas, Qt::Key_F); }, true, true, false},
+            {"F", [](Scene& s) { s.clickPoint(), s.key(Qt::Key_F); }, true, true, false},
         };
         for (const Case& c : cases) {
             Scene s;
@@ -144,28 +144,25 @@ private Q_SLOTS:
         }
     }
 
-    void releaseThatGoesAstrayHoldsNothing_data()
-    {
-        QTest::addColumn<bool>("isSwitchedOff");
-        QTest::newRow("button, behind a box of the host") << false;
-        QTest::newRow("key, where the host switches the gestures off") << true;
-    }
     void releaseThatGoesAstrayHoldsNothing()
     {
-        QFETCH(const bool, isSwitchedOff);
-        Scene s;
-        if (isSwitchedOff) {
-            QTest::keyPress(&s.canvas, Qt::Key_X);
-            s.editor.setViewGestures(false);
-            QTest::keyRelease(&s.canvas, Qt::Key_X);
-        } else {
-            s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
-            s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
-            s.mouse(QEvent::MouseMove, {240, 180}, Qt::NoButton);
+        const Deed deeds[] = {[](Scene& s) { // behind a box of the host
+                                  s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
+                                  s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
+                                  s.mouse(QEvent::MouseMove, {240, 180}, Qt::NoButton);
+                              },
+                              [](Scene& s) {
+                                  QTest::keyPress(&s.canvas, Qt::Key_X);
+                                  s.editor.setViewGestures(false);
+                                  QTest::keyRelease(&s.canvas, Qt::Key_X);
+                              }};
+        for (const Deed& deed : deeds) {
+            Scene s;
+            deed(s);
+            s.drag(5.0, 1.0, 5.5, 2.0);
+            QVERIFY(qAbs(s.curves["a.x"].spline[1]->pos - 2.0) < 0.05);
+            QCOMPARE(s.entries(), 1);
         }
-        s.drag(5.0, 1.0, 5.5, 2.0);
-        QVERIFY(qAbs(s.curves["a.x"].spline[1]->pos - 2.0) < 0.05);
-        QCOMPARE(s.entries(), 1);
     }
 
     void timeLineFollowsTheHandWhereTheHostAllowsIt()
@@ -178,12 +175,12 @@ private Q_SLOTS:
             s.mouse(QEvent::MouseButtonPress, {s.canvas.timeToPixel(s.canvas.timeLine) + 3, foot});
             s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(time), 30});
             if (cancels)
-                QTest::keyClick(&s.canvas, Qt::Key_Escape);
+                s.key(Qt::Key_Escape);
             s.mouse(QEvent::MouseButtonRelease, {s.canvas.timeToPixel(time), 30});
         };
         s.editor.setTimeLine(2.0);
         dragFoot(4.0, false);
-        QTest::keyClick(&s.canvas, Qt::Key_Period);
+        s.key(Qt::Key_Period);
         QCOMPARE(told.size(), 0);
         s.editor.setTimeLineDraggable(true);
         dragFoot(4.0, false);
@@ -193,10 +190,10 @@ private Q_SLOTS:
         s.canvas.canvas.guide.isSnapping = true;
         dragFoot(6.02, false);
         QCOMPARE(s.canvas.timeLine, 6.0);
-        QTest::keyClick(&s.canvas, Qt::Key_Comma);
+        s.key(Qt::Key_Comma);
         QCOMPARE(told.last(), 6.0 - 1.0 / s.canvas.fps);
         s.editor.setTimeLine(s.canvas.limitTimeMin);
-        QTest::keyClick(&s.canvas, Qt::Key_Comma);
+        s.key(Qt::Key_Comma);
         QCOMPARE(s.canvas.timeLine, s.canvas.limitTimeMin);
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
         s.press(5.0, 1.0); // the line can't be taken above its foot
@@ -286,7 +283,7 @@ private Q_SLOTS:
                      {Qt::Key_A, {}, 3},
                      {Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, 0}};
         for (const auto& step : steps) {
-            QTest::keyClick(&s.canvas, step.key, step.modifiers);
+            s.key(step.key, step.modifiers);
             QCOMPARE(count(), step.selected);
             QVERIFY(s.showsWhatIsDrawnFromScratch());
         }
@@ -298,7 +295,7 @@ private Q_SLOTS:
         bool isClipRead = false;
         QGuiApplication::clipboard()->setMimeData(new WatchedClip(isClipRead));
         isClipRead = false;
-        QTest::keyClick(&s.canvas, Qt::Key_B); // another application may be slow to answer
+        s.key(Qt::Key_B); // another application may be slow to answer
         QVERIFY(!isClipRead);
         s.drag(8.5, 0.0, 9.0, 2.0);
         QCOMPARE(count(), 0);

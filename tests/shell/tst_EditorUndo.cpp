@@ -62,7 +62,7 @@ private Q_SLOTS:
         row("Escape during a drag", 0, {}, [](Scene& s) {
             s.press(5.0, 1.0);
             s.move(6.0, 2.0);
-            QTest::keyClick(&s.canvas, Qt::Key_Escape);
+            s.key(Qt::Key_Escape);
             s.move(7.0, 2.0);
             s.release(7.0, 2.0);
             QVERIFY(s.editor.isVisible() && s.lastCause == CurveChange::Cause::Cancel);
@@ -88,32 +88,32 @@ private Q_SLOTS:
         row("menu changes types", 1, x,
             [](Scene& s) { s.selectTwo(), s.choose(ControlMenu::SelectionToLinear); });
         row("menu deletes", 1, x, [](Scene& s) { s.selectTwo(), s.choose(ControlMenu::DeleteKey); });
-        row("Delete", 1, x, [](Scene& s) { s.selectTwo(), QTest::keyClick(&s.canvas, Qt::Key_Delete); });
-        row("Delete without a selection", 0, x, [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Delete); });
-        row("arrows", 0, {}, [](Scene& s) { QTest::keyClick(&s.canvas, Qt::Key_Right); });
+        row("Delete", 1, x, [](Scene& s) { s.selectTwo(), s.key(Qt::Key_Delete); });
+        row("Delete without a selection", 0, x, [](Scene& s) { s.key(Qt::Key_Delete); });
+        row("arrows", 0, {}, [](Scene& s) { s.key(Qt::Key_Right); });
         row("nudges", 2, x + x + x, [](Scene& s) {
             s.clickPoint();
-            QTest::keyClick(&s.canvas, Qt::Key_Right, Qt::AltModifier);
+            s.key(Qt::Key_Right, Qt::AltModifier);
             QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0 + 1.0 / s.canvas.fps);
             const double value = s.curves["a.x"].spline[1]->pos;
-            QTest::keyClick(&s.canvas, Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+            s.key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
             QCOMPARE(s.curves["a.x"].spline[1]->pos, value - s.canvas.canvas.gridStep());
         });
         row("cut and paste", 2, x + x, [](Scene& s) {
             const SplineBase& spline = s.curves["a.x"].spline;
             s.selectTwo();
-            QTest::keyClick(&s.canvas, Qt::Key_X, Qt::ControlModifier);
+            s.key(Qt::Key_X, Qt::ControlModifier);
             QCOMPARE(spline.getControlPointsNumber(), 1u);
             s.editor.setTimeLine(2.0);
-            QTest::keyClick(&s.canvas, Qt::Key_V, Qt::ControlModifier);
+            s.key(Qt::Key_V, Qt::ControlModifier);
             QCOMPARE(QPointF(spline[1]->time, spline[2]->time), QPointF(2.0, 5.0));
             QCOMPARE(s.canvas.canvas.currentControl()->selection().edited().size(), 2u);
         });
         row("paste into another curve", 1, {"a/x", "a/y"}, [](Scene& s) {
             s.clickPoint();
-            QTest::keyClick(&s.canvas, Qt::Key_C, Qt::ControlModifier);
+            s.key(Qt::Key_C, Qt::ControlModifier);
             s.canvas.canvas.setCurrentCurve("a.y");
-            QTest::keyClick(&s.canvas, Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+            s.key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
             SplineBase::PointInfo pasted = *s.curves["a.y"].spline[2];
             pasted.serial = s.curves["a.x"].spline[1]->serial;
             QVERIFY(isSamePoint(pasted, *s.curves["a.x"].spline[1]));
@@ -122,19 +122,19 @@ private Q_SLOTS:
             QApplication::clipboard()->setText("1 2\nword 3");
             QString message;
             closeBox(message);
-            QTest::keyClick(&s.canvas, Qt::Key_V, Qt::ControlModifier);
+            s.key(Qt::Key_V, Qt::ControlModifier);
             QVERIFY(message.contains('2'));
         });
         row("duplicate", 1, x, [](Scene& s) {
             s.selectTwo();
-            QTest::keyClick(&s.canvas, Qt::Key_D, Qt::ControlModifier);
+            s.key(Qt::Key_D, Qt::ControlModifier);
             QCOMPARE(s.curves["a.x"].spline.getControlPointsNumber(), 5u);
         });
         row("insert and smooth", 2, x + x, [](Scene& s) {
             SplineBase& spline = s.curves["a.x"].spline;
             const double value = spline(2.0);
             s.editor.setTimeLine(2.0);
-            QTest::keyClick(&s.canvas, Qt::Key_I, Qt::ShiftModifier);
+            s.key(Qt::Key_I, Qt::ShiftModifier);
             QCOMPARE(QPointF(spline[1]->time, spline[1]->pos), QPointF(2.0, value));
             QVERIFY(s.canvas.canvas.currentControl()->isSelected(spline[1]));
             PointCommands(s.canvas.canvas).selectAll();
@@ -146,12 +146,12 @@ private Q_SLOTS:
             s.editor.setTimeLine(2.0);
             for (const QPoint& mouse : {s.pixel(3.0, 0.0), QPoint(10, -10)}) {
                 QCursor::setPos(s.canvas.mapToGlobal(mouse));
-                QTest::keyClick(&s.canvas, Qt::Key_I);
+                s.key(Qt::Key_I);
             }
             QVERIFY(spline[1]->time == 2.0 && qAbs(spline[2]->time - 3.0) < 0.05);
         });
         row("drag that snaps", 1, x, [](Scene& s) {
-            QTest::keyClick(&s.canvas, Qt::Key_S);
+            s.key(Qt::Key_S);
             s.canvas.canvas.guide.snap.kinds = Snap::Frames | Snap::Points;
             s.press(5.0, 1.0);
             s.move(6.03, -1.98);
@@ -186,13 +186,13 @@ private Q_SLOTS:
             s.release(7.0, 2.0);
         });
         row("drag at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
-            QTest::keyClick(&s.canvas, Qt::Key_A);
-            QTest::keyClick(&s.canvas, Qt::Key_A, Qt::ControlModifier);
+            s.key(Qt::Key_A);
+            s.key(Qt::Key_A, Qt::ControlModifier);
             s.drag(6.0, 2.0, 7.0, 1.0);
             QVERIFY(qAbs(s.curves["a.y"].spline[1]->time - 6.0) < 0.05);
-            QTest::keyClick(&s.canvas, Qt::Key_Z, Qt::ControlModifier);
+            s.key(Qt::Key_Z, Qt::ControlModifier);
             QCOMPARE(s.current(), "a.x");
-            QTest::keyClick(&s.canvas, Qt::Key_Y, Qt::ControlModifier);
+            s.key(Qt::Key_Y, Qt::ControlModifier);
             s.changes = s.changes.mid(0, 2);
         });
         row("drag of a point of another curve", 1, {"a/y"}, [](Scene& s) {
@@ -209,15 +209,15 @@ private Q_SLOTS:
         });
         row("commands at all curves", 2, {"a/z", "a/z", "a/y", "a/x", "a/z", "a/y", "a/x"}, [](Scene& s) {
             s.canvas.canvas.setCurrentCurve("a.z");
-            QTest::keyClick(&s.canvas, Qt::Key_A);
+            s.key(Qt::Key_A);
             s.press(6.0, 2.4, Qt::ControlModifier); // adds nothing to the spline behind the formula
             s.release(6.0, 2.4);
             s.drag(4.0, 2.5, 9.0, -2.5);
-            QTest::keyClick(&s.canvas, Qt::Key_Up, Qt::AltModifier);
-            QTest::keyClick(&s.canvas, Qt::Key_Delete);
+            s.key(Qt::Key_Up, Qt::AltModifier);
+            s.key(Qt::Key_Delete);
             QCOMPARE(s.curves["a.y"].spline.getControlPointsNumber(), 1u);
-            QTest::keyClick(&s.canvas, Qt::Key_A, Qt::ControlModifier);
-            QTest::keyClick(&s.canvas, Qt::Key_A);
+            s.key(Qt::Key_A, Qt::ControlModifier);
+            s.key(Qt::Key_A);
             QVERIFY(!s.canvas.canvas.findCurve("a.y")->control().hasSelection());
         });
         row("stepping", 0, x + x, [](Scene& s) {
@@ -321,12 +321,12 @@ private Q_SLOTS:
         for (int round = 0; round < 2; ++round) {
             s.changes.clear();
             for (int i = 0; i < entries; ++i)
-                QTest::keyClick(&s.canvas, Qt::Key_Z, Qt::ControlModifier);
+                s.key(Qt::Key_Z, Qt::ControlModifier);
             QVERIFY(s.states() == before);
             QVERIFY(s.showsWhatIsDrawnFromScratch());
             QCOMPARE(s.changes.isEmpty(), entries == 0);
             for (int i = 0; i < entries; ++i)
-                QTest::keyClick(&s.canvas, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+                s.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
             QVERIFY(s.states() == after);
             QVERIFY(s.showsWhatIsDrawnFromScratch());
         }
@@ -387,7 +387,7 @@ private Q_SLOTS:
         s.editor.setTimeLine(3.0);
         s.shown();
         spline.addPoint(5.0, 1.0);
-        QTest::keyClick(&s.canvas, Qt::Key_Delete);
+        s.key(Qt::Key_Delete);
         QCOMPARE(spline.getControlPointsNumber(), 2u);
         QCOMPARE(s.entries(), 0);
     }
@@ -400,14 +400,16 @@ private Q_SLOTS:
             [](Scene& s) { s.editor.resetSelectedF(); },
             [](Scene& s) { s.editor.removeCurve("a", "x"); },
             [](Scene& s) { s.curves["a.x"].spline.reset(), s.editor.updateCurves(); },
+            [](Scene& s) { s.editor.hide(), s.curves["a.x"].spline.reset(), s.editor.updateCurves(); },
         };
         for (const auto& change : changes) {
             Scene s;
             s.clickPoint();
             QCOMPARE(s.editor.node->text(), "1");
             change(s);
+            QVERIFY(!s.canvas.nodeForm.isActive() && !s.canvas.canvas.hasSinglePoint());
             QVERIFY(s.editor.node->text().isEmpty() && s.editor.tension->text().isEmpty());
-            QTest::keyClick(&s.canvas, Qt::Key_T);
+            s.key(Qt::Key_T);
             QVERIFY(!s.canvas.nodeForm.isActive());
         }
     }

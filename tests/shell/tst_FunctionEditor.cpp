@@ -32,7 +32,7 @@ private Q_SLOTS:
         for (const Qt::Key key : {Qt::Key_A, Qt::Key_T, Qt::Key_Left, Qt::Key_Tab}) {
             fixture->clickPoint();
             fixture->canvas.closeNodeForm();
-            QTest::keyClick(&fixture->canvas, key);
+            fixture->key(key);
             QCOMPARE(fixture->canvas.nodeForm.isActive(), key == Qt::Key_T || key == Qt::Key_Tab);
             QCOMPARE(fixture->editor.node->text(), key == Qt::Key_Left ? "0" : "1");
         }
@@ -45,19 +45,23 @@ private Q_SLOTS:
     {
         fixture->clickPoint();
         CurveEditor& editor = fixture->editor;
-        const QList<QWidget*> page{editor.node, editor.posX, editor.posY, editor.nodeFirst, editor.nodeLast};
-        const QList<QWidget*> line{fixture->button("Unary functions"),
-                                   fixture->button("Binary functions"),
-                                   fixture->button("Ternary functions"),
-                                   fixture->button("I vars"),
-                                   fixture->button("D vars"),
-                                   editor.commandLine};
-        for (const int index : {0, 1}) {
-            editor.tabWidget2->setCurrentIndex(index);
+        const QList<QWidget*> page{editor.node,     editor.posX,          editor.posY,   editor.nodeFirst,
+                                   editor.nodeLast, editor.nodeTypeCombo, editor.easeTo, editor.easeFrom};
+        const QList<QWidget*> pages[] = {
+            page + QList<QWidget*>{editor.tension, editor.continuity, editor.bias},
+            page + QList<QWidget*>{editor.incoming, editor.outgoing},
+            {fixture->button("Unary functions"), fixture->button("Binary functions"),
+             fixture->button("Ternary functions"), fixture->button("I vars"), fixture->button("D vars"),
+             editor.commandLine}};
+        for (const int index : {0, 1, 2}) {
+            editor.tabWidget2->setCurrentIndex(index / 2);
+            fixture->curves["cam.lens"].spline.modify(1)->type =
+                index == 1 ? SplineBase::Bezier : SplineBase::Tcb;
+            editor.updateCurves();
             fixture->button("Edit")->setFocus();
             const QList<QWidget*> order{fixture->button("Scale"), fixture->button("Pan"), &fixture->list,
                                         editor.tabWidget2->tabBar(), &fixture->canvas};
-            for (QWidget* const next : order + (index == 0 ? page : line)) {
+            for (QWidget* const next : order + pages[index]) {
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
                 QCOMPARE(QApplication::focusWidget(), next);
             }

@@ -213,7 +213,7 @@ private Q_SLOTS:
         s.clickPoint();
         QCOMPARE(s.selectedRows(), "1");
         QCOMPARE(s.table.currentIndex().row(), 1);
-        QTest::keyClick(&s.canvas, Qt::Key_Right);
+        s.key(Qt::Key_Right);
         QCOMPARE(s.selectedRows(), "2");
         QVERIFY(picks.isEmpty());
         s.select(2, 3);
