@@ -10,6 +10,8 @@
 #include <QBackingStore>
 #include <QUndoStack>
 
+#include <functional>
+
 /// An editor with three curves: the spline "a.x", which is current, with points at (0, 0), (5, 1) and (8, -1), the
 /// spline "a.y", and "a.z", a formula that reads "a.x". The operations are what a user does.
 struct Scene : EditorFixture
@@ -109,9 +111,14 @@ struct Scene : EditorFixture
         QTest::keyClick(editor.commandLine, Qt::Key_Return);
     }
     int entries() const { return editor.undoStack()->count(); }
+    ControlSplineNode& control() const { return *canvas.canvas.currentControl(); }
 
+    SplineBase& x = curves["a.x"].spline;
     CurveVariables variables;
     QStringList commits;
     QList<QPointF> intervals;
     CurveChange::Cause lastCause = CurveChange::Cause::Edit;
 };
+
+/// What a user or a host does there.
+using Deed = std::function<void(Scene&)>;

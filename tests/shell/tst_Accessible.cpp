@@ -15,7 +15,7 @@ private Q_SLOTS:
     void pointsAreChildrenOfTheCanvas()
     {
         Scene s;
-        s.curves["a.x"].spline.modify(1)->serial = 0;
+        s.x.modify(1)->serial = 0;
         QAccessibleInterface* const canvas = QAccessible::queryAccessibleInterface(&s.canvas);
         QCOMPARE(canvas->childCount(), 3);
         QCOMPARE(canvas->text(QAccessible::Name), "Canvas, curve a.x");
@@ -51,10 +51,9 @@ private Q_SLOTS:
         QCOMPARE(canvas->indexOfChild(second), -1);
         const QAccessible::Id lost = QAccessible::uniqueId(second);
         for (int i = 0; i < 100; ++i) { // points that come and go leave nothing behind
-            SplineBase& spline = s.curves["a.x"].spline;
-            spline.addPoint(20.0, 0.0);
+            s.x.addPoint(20.0, 0.0);
             QVERIFY(canvas->child(2));
-            spline.remove(spline[2]);
+            s.x.remove(s.x[2]);
         }
         QVERIFY(!QAccessible::accessibleInterface(lost));
         s.canvas.canvas.setCurrentCurve("a.z");

@@ -7,11 +7,7 @@
 #include <QPointingDevice>
 #include <QWheelEvent>
 
-#include <functional>
-
 namespace {
-
-using Deed = std::function<void(Scene&)>;
 
 const QPoint mouse(200, 150);
 
@@ -160,7 +156,7 @@ private Q_SLOTS:
             Scene s;
             deed(s);
             s.drag(5.0, 1.0, 5.5, 2.0);
-            QVERIFY(qAbs(s.curves["a.x"].spline[1]->pos - 2.0) < 0.05);
+            QVERIFY(qAbs(s.x[1]->pos - 2.0) < 0.05);
             QCOMPARE(s.entries(), 1);
         }
     }
@@ -197,7 +193,7 @@ private Q_SLOTS:
         QCOMPARE(s.canvas.timeLine, s.canvas.limitTimeMin);
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
         s.press(5.0, 1.0); // the line can't be taken above its foot
-        QCOMPARE(s.canvas.canvas.currentControl()->currentIndex(), 1);
+        QCOMPARE(s.control().currentIndex(), 1);
     }
 
     void keysOfTheCanvasComeBeforeThoseOfTheHost()
@@ -263,7 +259,7 @@ private Q_SLOTS:
     {
         Scene s;
         const auto count = [&s] {
-            return int(s.canvas.canvas.currentControl()->selection().edited().size());
+            return int(s.control().selection().edited().size());
         };
         const struct
         {

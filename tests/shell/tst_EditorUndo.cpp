@@ -13,24 +13,20 @@
 #include <QScreen>
 #include <QTemporaryDir>
 
-#include <functional>
 #include <sstream>
 
 class tst_EditorUndo : public QObject
 {
     Q_OBJECT
 
-    using Gesture = std::function<void(Scene&)>;
-
 private Q_SLOTS:
     void gestureIsReportedAndTakenBack_data()
     {
-        QTest::addColumn<Gesture>("gesture");
+        QTest::addColumn<Deed>("gesture");
         QTest::addColumn<int>("entries");
         QTest::addColumn<QStringList>("reports");
         const QStringList x = {"a/x"};
-        const auto row = [](const char* name, int entries, const QStringList& reports,
-                            const Gesture& gesture) {
+        const auto row = [](const char* name, int entries, const QStringList& reports, const Deed& gesture) {
             QTest::newRow(name) << gesture << entries << reports;
         };
         row("press without a move", 0, x, [](Scene& s) { s.clickPoint(); });
@@ -45,7 +41,7 @@ private Q_SLOTS:
             s.mouse(QEvent::MouseButtonPress, handle);
             s.move(6.0, 3.0);
             s.release(6.0, 3.0);
-            QVERIFY(s.curves["a.x"].spline[1]->tanRight > 1.5);
+            QVERIFY(s.x[1]->tanRight > 1.5);
         });
         row("band", 0, x, [](Scene& s) { s.drag(3.0, 2.5, 9.0, -2.0); });
         row("time line", 0, {}, [](Scene& s) { s.editor.setTimeLine(3.0); });
@@ -54,9 +50,9 @@ private Q_SLOTS:
             s.move(6.0, 2.0);
             s.canvas.canvas.setCurrentCurve("a.y");
             QCOMPARE(s.commits, QStringList{"a/x"}); // the drag ends with it
-            s.canvas.canvas.currentControl()->selectOnly(s.curves["a.y"].spline[1]);
+            s.control().selectOnly(s.curves["a.y"].spline[1]);
             s.move(7.0, 2.0);
-            s.canvas.canvas.currentControl()->selectOnly(nullptr);
+            s.control().selectOnly(nullptr);
             s.release(7.0, 2.0);
         });
         row("Escape during a drag", 0, {}, [](Scene& s) {
@@ -70,7 +66,7 @@ private Q_SLOTS:
         });
         row("Ctrl adds", 1, x, [](Scene& s) {
             s.press(6.0, 2.5, Qt::ControlModifier);
-            s.canvas.canvas.currentControl()->selectOnly(nullptr);
+            s.control().selectOnly(nullptr);
             s.release(6.0, 2.5);
         });
         row("double click adds", 1, x,
@@ -83,7 +79,7 @@ private Q_SLOTS:
             });
             QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
             QApplication::sendEvent(&s.canvas, &event);
-            QCOMPARE(s.curves["a.x"].spline.getControlPointsNumber(), 4u);
+            QCOMPARE(s.x.getControlPointsNumber(), 4u);
         });
         row("menu changes types", 1, x,
             [](Scene& s) { s.selectTwo(), s.choose(ControlMenu::SelectionToLinear); });
@@ -94,20 +90,19 @@ private Q_SLOTS:
         row("nudges", 2, x + x + x, [](Scene& s) {
             s.clickPoint();
             s.key(Qt::Key_Right, Qt::AltModifier);
-            QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0 + 1.0 / s.canvas.fps);
-            const double value = s.curves["a.x"].spline[1]->pos;
+            QCOMPARE(s.x[1]->time, 5.0 + 1.0 / s.canvas.fps);
+            const double value = s.x[1]->pos;
             s.key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
-            QCOMPARE(s.curves["a.x"].spline[1]->pos, value - s.canvas.canvas.gridStep());
+            QCOMPARE(s.x[1]->pos, value - s.canvas.canvas.gridStep());
         });
         row("cut and paste", 2, x + x, [](Scene& s) {
-            const SplineBase& spline = s.curves["a.x"].spline;
             s.selectTwo();
             s.key(Qt::Key_X, Qt::ControlModifier);
-            QCOMPARE(spline.getControlPointsNumber(), 1u);
+            QCOMPARE(s.x.getControlPointsNumber(), 1u);
             s.editor.setTimeLine(2.0);
             s.key(Qt::Key_V, Qt::ControlModifier);
-            QCOMPARE(QPointF(spline[1]->time, spline[2]->time), QPointF(2.0, 5.0));
-            QCOMPARE(s.canvas.canvas.currentControl()->selection().edited().size(), 2u);
+            QCOMPARE(QPointF(s.x[1]->time, s.x[2]->time), QPointF(2.0, 5.0));
+            QCOMPARE(s.control().selection().edited().size(), 2u);
         });
         row("paste into another curve", 1, {"a/x", "a/y"}, [](Scene& s) {
             s.clickPoint();
@@ -115,8 +110,8 @@ private Q_SLOTS:
             s.canvas.canvas.setCurrentCurve("a.y");
             s.key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
             SplineBase::PointInfo pasted = *s.curves["a.y"].spline[2];
-            pasted.serial = s.curves["a.x"].spline[1]->serial;
-            QVERIFY(isSamePoint(pasted, *s.curves["a.x"].spline[1]));
+            pasted.serial = s.x[1]->serial;
+            QVERIFY(isSamePoint(pasted, *s.x[1]));
         });
         row("paste what is no table", 0, {}, [](Scene& s) {
             QApplication::clipboard()->setText("1 2\nword 3");
@@ -128,34 +123,32 @@ private Q_SLOTS:
         row("duplicate", 1, x, [](Scene& s) {
             s.selectTwo();
             s.key(Qt::Key_D, Qt::ControlModifier);
-            QCOMPARE(s.curves["a.x"].spline.getControlPointsNumber(), 5u);
+            QCOMPARE(s.x.getControlPointsNumber(), 5u);
         });
         row("insert and smooth", 2, x + x, [](Scene& s) {
-            SplineBase& spline = s.curves["a.x"].spline;
-            const double value = spline(2.0);
+            const double value = s.x(2.0);
             s.editor.setTimeLine(2.0);
             s.key(Qt::Key_I, Qt::ShiftModifier);
-            QCOMPARE(QPointF(spline[1]->time, spline[1]->pos), QPointF(2.0, value));
-            QVERIFY(s.canvas.canvas.currentControl()->isSelected(spline[1]));
+            QCOMPARE(QPointF(s.x[1]->time, s.x[1]->pos), QPointF(2.0, value));
+            QVERIFY(s.control().isSelected(s.x[1]));
             PointCommands(s.canvas.canvas).selectAll();
             PointCommands(s.canvas.canvas).flattenTangents();
-            QCOMPARE(spline[1]->tanRight, 0.0);
+            QCOMPARE(s.x[1]->tanRight, 0.0);
         });
         row("insert at the mouse, or else at the time line", 2, x + x, [](Scene& s) {
-            const SplineBase& spline = s.curves["a.x"].spline;
             s.editor.setTimeLine(2.0);
             for (const QPoint& mouse : {s.pixel(3.0, 0.0), QPoint(10, -10)}) {
                 QCursor::setPos(s.canvas.mapToGlobal(mouse));
                 s.key(Qt::Key_I);
             }
-            QVERIFY(spline[1]->time == 2.0 && qAbs(spline[2]->time - 3.0) < 0.05);
+            QVERIFY(s.x[1]->time == 2.0 && qAbs(s.x[2]->time - 3.0) < 0.05);
         });
         row("drag that snaps", 1, x, [](Scene& s) {
             s.key(Qt::Key_S);
             s.canvas.canvas.guide.snap.kinds = Snap::Frames | Snap::Points;
             s.press(5.0, 1.0);
             s.move(6.03, -1.98);
-            const SplineBase::PointInfo& point = *s.curves["a.x"].spline[1];
+            const SplineBase::PointInfo& point = *s.x[1];
             QCOMPARE(QPointF(point.time, point.pos), QPointF(6.0, -2.0));
             s.move(6.53, -1.9, Qt::ControlModifier);
             QVERIFY(point.time != 6.5);
@@ -166,21 +159,21 @@ private Q_SLOTS:
             s.canvas.canvas.guide.snap.kinds = Snap::Frames;
             s.press(5.3, 1.0);
             s.move(6.32, 1.5, Qt::ControlModifier);
-            QCOMPARE(s.curves["a.x"].spline[1]->time, 6.0);
+            QCOMPARE(s.x[1]->time, 6.0);
             s.release(6.32, 1.5);
         });
         row("drag along an axis", 1, x, [](Scene& s) {
             s.press(5.0, 1.0);
             QTest::keyPress(&s.canvas, Qt::Key_X);
             s.move(6.0, 2.0);
-            const SplineBase::PointInfo& point = *s.curves["a.x"].spline[1];
+            const SplineBase::PointInfo& point = *s.x[1];
             QCOMPARE(point.pos, 1.0);
             QTest::keyRelease(&s.canvas, Qt::Key_X);
             for (const Qt::KeyboardModifiers toggle : {Qt::NoModifier, Qt::ControlModifier}) {
                 QTest::keyPress(&s.canvas, Qt::Key_X, toggle); // no cut
                 QTest::keyPress(&s.canvas, Qt::Key_Y, toggle);
                 s.move(7.0, 2.0);
-                QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0);
+                QCOMPARE(s.x[1]->time, 5.0);
                 QTest::keyRelease(&s.canvas, Qt::Key_Y, toggle);
             }
             s.release(7.0, 2.0);
@@ -205,7 +198,7 @@ private Q_SLOTS:
             QVERIFY(s.canvas.canvas.findCurve("a.y")->getCanvasSpline()->showsPoints);
             s.drag(5.0, -2.0, 6.0, 2.0);
             QCOMPARE(s.current(), "a.y");
-            QCOMPARE(s.curves["a.x"].spline[1]->time, 5.0);
+            QCOMPARE(s.x[1]->time, 5.0);
         });
         row("commands at all curves", 2, {"a/z", "a/z", "a/y", "a/x", "a/z", "a/y", "a/x"}, [](Scene& s) {
             s.canvas.canvas.setCurrentCurve("a.z");
@@ -240,7 +233,7 @@ private Q_SLOTS:
             s.clickPoint();
             s.type(s.editor.posY, "7");
             QTest::keyClick(s.editor.posY, Qt::Key_Escape);
-            QCOMPARE(s.editor.posY->text(), QString::asprintf("%.3f", s.curves["a.x"].spline[1]->pos));
+            QCOMPARE(s.editor.posY->text(), QString::asprintf("%.3f", s.x[1]->pos));
             s.commits.clear();
         });
         row("drag on a field", 1, x + x + x, [](Scene& s) {
@@ -305,7 +298,7 @@ private Q_SLOTS:
     }
     void gestureIsReportedAndTakenBack()
     {
-        QFETCH(const Gesture, gesture);
+        QFETCH(const Deed, gesture);
         QFETCH(const int, entries);
         Scene s;
         const auto before = s.states();
@@ -315,9 +308,7 @@ private Q_SLOTS:
         QCOMPARE(s.entries(), entries);
         QVERIFY(s.showsWhatIsDrawnFromScratch());
         QCOMPARE(Invariants::fault(s.editor), QString());
-        QStringList steps;
-        if (entries > 0)
-            QCOMPARE(QSet<QString>(s.commits.begin(), s.commits.end()).isEmpty(), false);
+        QVERIFY(entries == 0 || !s.commits.isEmpty());
         for (int round = 0; round < 2; ++round) {
             s.changes.clear();
             for (int i = 0; i < entries; ++i)
@@ -351,7 +342,7 @@ private Q_SLOTS:
 
     void receiverMayDoAnythingInsideReturn()
     {
-        const std::function<void(Scene&)> replies[] = {
+        const Deed replies[] = {
             [](Scene& s) { s.editor.removeCurve("a", "x"); },
             [](Scene& s) { s.canvas.canvas.setCurrentCurve("a.y"); },
             [](Scene& s) { s.editor.deleteExpression("a", "x", &s.curves["a.x"].expression); },
@@ -380,27 +371,26 @@ private Q_SLOTS:
     void hostMayTakePointsAwayBetweenTwoPaints()
     {
         Scene s;
-        SplineBase& spline = s.curves["a.x"].spline;
         s.selectTwo();
-        spline.remove(spline[2]);
-        spline.remove(spline[1]);
+        s.x.remove(s.x[2]);
+        s.x.remove(s.x[1]);
         s.editor.setTimeLine(3.0);
         s.shown();
-        spline.addPoint(5.0, 1.0);
+        s.x.addPoint(5.0, 1.0);
         s.key(Qt::Key_Delete);
-        QCOMPARE(spline.getControlPointsNumber(), 2u);
+        QCOMPARE(s.x.getControlPointsNumber(), 2u);
         QCOMPARE(s.entries(), 0);
     }
 
     void pageShowsNoPointThatIsNotCurrent()
     {
-        const std::function<void(Scene&)> changes[] = {
+        const Deed changes[] = {
             [](Scene& s) { s.canvas.canvas.setCurrentCurve("a.y"); },
             [](Scene& s) { s.canvas.canvas.setCurrentCurve("a.z"); },
             [](Scene& s) { s.editor.resetSelectedF(); },
             [](Scene& s) { s.editor.removeCurve("a", "x"); },
-            [](Scene& s) { s.curves["a.x"].spline.reset(), s.editor.updateCurves(); },
-            [](Scene& s) { s.editor.hide(), s.curves["a.x"].spline.reset(), s.editor.updateCurves(); },
+            [](Scene& s) { s.x.reset(), s.editor.updateCurves(); },
+            [](Scene& s) { s.editor.hide(), s.x.reset(), s.editor.updateCurves(); },
         };
         for (const auto& change : changes) {
             Scene s;
@@ -474,7 +464,7 @@ private Q_SLOTS:
         s.editor.renameCurve("a", "x", "w");
         s.changes.clear();
         s.editor.undo();
-        QVERIFY(s.curves["a.x"].spline.state() == before.spline);
+        QVERIFY(s.x.state() == before.spline);
         QCOMPARE(s.changes, QStringList{"a/w"});
         s.editor.redo();
         for (const char* const name : {"a.w", "a.y", "a.y"})
@@ -482,7 +472,7 @@ private Q_SLOTS:
         s.shown();
         s.editor.undo();
         QVERIFY(s.current() == "a.w" && s.showsWhatIsDrawnFromScratch());
-        QVERIFY(s.curves["a.x"].spline.state() == before.spline);
+        QVERIFY(s.x.state() == before.spline);
         s.editor.removeCurve("a", "w");
         QVERIFY(!s.editor.undoStack()->canRedo());
         QCOMPARE(told,
@@ -494,7 +484,7 @@ private Q_SLOTS:
         Scene s;
         for (const QString name : {"a.y", "a.x"}) {
             s.canvas.canvas.setCurrentCurve(name);
-            s.canvas.canvas.currentControl()->selectOnly(s.curves[name].spline[1]);
+            s.control().selectOnly(s.curves[name].spline[1]);
         }
         s.press(5.0, 1.0);
         s.move(6.0, 1.0);
@@ -510,10 +500,9 @@ private Q_SLOTS:
     void dragTellsWhenTheCurveChanged()
     {
         Scene s;
-        SplineBase& spline = s.curves["a.x"].spline;
         for (const double time : {-0.5, 9.0, 9.5})
-            spline.addPoint(time, 0.0);
-        for (auto* point : spline.getControlPoints())
+            s.x.addPoint(time, 0.0);
+        for (auto* point : s.x.getControlPoints())
             point->type = SplineBase::Linear;
         s.editor.updateCurves();
         s.drag(5.0, 1.0, 6.0, 2.0);

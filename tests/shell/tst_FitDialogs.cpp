@@ -11,7 +11,6 @@
 #include <QThread>
 
 #include <cmath>
-#include <functional>
 
 namespace {
 
@@ -20,7 +19,7 @@ struct FitScene : Scene
 {
     FitScene()
     {
-        SplineState state = spline.state();
+        SplineState state = x.state();
         state.points.clear();
         for (int i = 0; i <= 100; ++i) {
             SplineBase::PointInfo point;
@@ -29,7 +28,7 @@ struct FitScene : Scene
             point.type = SplineBase::Linear;
             state.points.push_back(point);
         }
-        spline.assign(state);
+        x.assign(state);
         editor.updateCurves();
     }
     FitDialog* open(Qt::Key key)
@@ -51,9 +50,7 @@ struct FitScene : Scene
         QTRY_VERIFY(!pause->isActive());
     }
     static QString outcome(const FitDialog& dialog) { return dialog.findChild<QLabel*>("outcome")->text(); }
-    unsigned count() const { return spline.getControlPointsNumber(); }
-
-    SplineBase& spline = curves["a.x"].spline;
+    unsigned count() const { return x.getControlPointsNumber(); }
 };
 
 /// A formula of a host that takes its time once it is told to.
@@ -72,8 +69,6 @@ struct SlowFormula : FunctionFloatBase
 class tst_FitDialogs : public QObject
 {
     Q_OBJECT
-
-    using Deed = std::function<void(FitScene&)>;
 
 private Q_SLOTS:
     void curveFollowsTheTolerance_data()
@@ -121,11 +116,10 @@ private Q_SLOTS:
     void partBetweenSelectedPointsIsSimplified()
     {
         FitScene s;
-        s.canvas.canvas.currentControl()->selectPoints(
-            {s.spline[20]->serial, s.spline[40]->serial, s.spline[60]->serial});
+        s.control().selectPoints({s.x[20]->serial, s.x[40]->serial, s.x[60]->serial});
         QVERIFY(s.outcome(*s.open(Qt::Key_S)).startsWith("41 points of the selected part become "));
-        QCOMPARE(s.spline[19]->time, 0.1 * 19);
-        QCOMPARE(s.spline[s.count() - 41]->time, 0.1 * 60);
+        QCOMPARE(s.x[19]->time, 0.1 * 19);
+        QCOMPARE(s.x[s.count() - 41]->time, 0.1 * 60);
         QVERIFY(s.count() < 80);
     }
 
@@ -157,15 +151,15 @@ private Q_SLOTS:
         const auto row = [](const char* name, int afterCancel, int mostAfterOk, const Deed& deed) {
             QTest::newRow(name) << deed << afterCancel << mostAfterOk;
         };
-        row("nothing", 101, 20, [](FitScene&) {});
-        row("change", 1, 1, [](FitScene& s) { s.spline.reset(), s.editor.updateCurves(); });
-        row("another curve", 101, 20, [](FitScene& s) { s.editor.setDefaultSelected("a", "y"); });
-        row("take off", 101, 101, [](FitScene& s) { s.editor.cleanSelecteds(); });
-        row("remove", 101, 101, [](FitScene& s) { s.editor.removeCurve("a", "x"); });
-        row("undo", 101, 20, [](FitScene& s) { s.editor.undo(); });
-        row("hide", 101, 101, [](FitScene& s) { s.editor.hide(); });
-        row("close", 101, 101, [](FitScene& s) { s.editor.close(); });
-        row("new stack", 101, 20, [](FitScene& s) { s.editor.setUndoStack(new QUndoStack(&s.editor)); });
+        row("nothing", 101, 20, [](Scene&) {});
+        row("change", 1, 1, [](Scene& s) { s.x.reset(), s.editor.updateCurves(); });
+        row("another curve", 101, 20, [](Scene& s) { s.editor.setDefaultSelected("a", "y"); });
+        row("take off", 101, 101, [](Scene& s) { s.editor.cleanSelecteds(); });
+        row("remove", 101, 101, [](Scene& s) { s.editor.removeCurve("a", "x"); });
+        row("undo", 101, 20, [](Scene& s) { s.editor.undo(); });
+        row("hide", 101, 101, [](Scene& s) { s.editor.hide(); });
+        row("close", 101, 101, [](Scene& s) { s.editor.close(); });
+        row("new stack", 101, 20, [](Scene& s) { s.editor.setUndoStack(new QUndoStack(&s.editor)); });
     }
     void hostMayDoAnythingMeanwhile()
     {
@@ -188,7 +182,7 @@ private Q_SLOTS:
                 if (!accepts)
                     QCOMPARE(int(s.count()), pointsAfterCancel);
                 else if (key == Qt::Key_B && pointsAfterCancel == 1)
-                    QCOMPARE(s.spline[0]->pos, s.spline.getLast()->pos);
+                    QCOMPARE(s.x[0]->pos, s.x.getLast()->pos);
                 else if (key == Qt::Key_S)
                     QVERIFY(int(s.count()) <= mostAfterOk && (s.count() == 101) == (mostAfterOk == 101));
                 QVERIFY(!s.editor.isVisible() || s.showsWhatIsDrawnFromScratch());
@@ -294,12 +288,12 @@ private Q_SLOTS:
         QVERIFY(s.showsWhatIsDrawnFromScratch());
         if (formula != "log(t)" && typed[2] == "1") {
             for (const auto& [time, value] : values)
-                QVERIFY(std::abs(s.spline(time) - value) < 1e-2);
+                QVERIFY(std::abs(s.x(time) - value) < 1e-2);
         }
         if (kind < 3)
-            QCOMPARE(s.spline.getLast()->type, kind);
+            QCOMPARE(s.x.getLast()->type, kind);
         if (formula == "1e4t")
-            QCOMPARE(QPointF(s.spline(0.1), s.spline(1.0)), QPointF(1000.0, 10000.0));
+            QCOMPARE(QPointF(s.x(0.1), s.x(1.0)), QPointF(1000.0, 10000.0));
         s.editor.undo();
         QVERIFY(s.states() == before);
     }
