@@ -8,7 +8,9 @@
 #include <curveeditor/shell/FunctionEditor.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QMenu>
+#include <QTableView>
 #include <QToolButton>
 #include <QUndoStack>
 
@@ -22,7 +24,8 @@ public:
     static QString fault(CurveEditor& editor)
     {
         const Invariants check(editor);
-        for (const QString& found : {check.ofLists(), check.ofPage(), check.ofStack(), check.ofPicture()}) {
+        for (const QString& found :
+             {check.ofLists(), check.ofPage(), check.ofUnit(), check.ofStack(), check.ofPicture()}) {
             if (!found.isEmpty())
                 return found;
         }
@@ -111,6 +114,14 @@ private:
         if (isTypedInto || field.text() == expected || field.text().toDouble() == number)
             return {};
         return field.accessibleName() + " shows " + field.text() + " for " + expected;
+    }
+
+    QString ofUnit() const
+    {
+        const QString unit = canvas_.isShowFrames() ? "Frame" : "Time";
+        const auto* const table = editor_.findChild<QTableView*>("pointTable")->model();
+        const QString shown = editor_.textLabel1->text() + table->headerData(0, Qt::Horizontal).toString();
+        return shown == unit + u':' + unit ? QString() : "shown are " + shown + " for " + unit;
     }
 
     QString ofStack() const
