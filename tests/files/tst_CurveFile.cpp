@@ -1,18 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/files/CurveFile.h>
+#include <model/CommaLocale.h>
 
 #include <QtTest>
 
-#include <locale>
 #include <sstream>
 
 namespace {
-
-struct CommaPunctuation : std::numpunct<char>
-{
-    char do_decimal_point() const override { return ','; }
-    std::string do_grouping() const override { return "\1"; }
-};
 
 std::string text(const CurveFile& file)
 {
@@ -36,16 +30,13 @@ class tst_CurveFile : public QObject
 private Q_SLOTS:
     void splineComesBackInEveryLocale()
     {
-        const std::locale before =
-            std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation));
+        const CommaLocale commas;
         CurveFile written, reread;
         written.color = {255, 128, 0};
         written.spline.addPoint(1234567.875, 0.1);
         reread.kind = CurveFile::Expression;
         const std::string content = text(written);
-        const bool isRead = read(reread, content);
-        std::locale::global(before);
-        QVERIFY(isRead && content.starts_with("255\n128\n0\n0\n"));
+        QVERIFY(read(reread, content) && content.starts_with("255\n128\n0\n0\n"));
         QCOMPARE(text(reread), content);
         QCOMPARE(reread.spline(1234567.875), 0.1);
     }

@@ -4,6 +4,7 @@
 #include <curveeditor/model/FunctionFloatConstant.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
+#include <model/CommaLocale.h>
 
 #include <QTest>
 
@@ -13,15 +14,12 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <locale>
 #include <map>
 #include <memory>
 #include <random>
 #include <string>
 #include <tuple>
 #include <vector>
-
-#include <math.h> // j0 and j1 are in no other header
 
 namespace {
 
@@ -127,13 +125,6 @@ private:
     std::map<std::string, std::pair<double, std::int32_t>> values_;
 };
 
-struct CommaPunctuation : std::numpunct<char>
-{
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
 // A text in which each "%" of a random pattern is another such text.
 std::string randomText(std::mt19937& random, int depth)
 {
@@ -208,17 +199,13 @@ private Q_SLOTS:
             (0/0==0/0)+(0/0>=0)+(0/0<=0) => 0;   0/0!=0/0 => 1;   min(t,3)-max(t,3) => -1;
             min(0/0,t) => nan;   min(t,0/0) => nan;   max(0/0,t) => nan;   max(t,0/0) => nan;
             mod(-1,3) => 2;   mod(7,-3) => -2;   mod(-7,-3) => -1;   1/mod(-t,1) => inf;   mod(t,0) => nan;
-            mod(t+.5,2) => 0.5;   2pi => 6.283185307179586)");
-        const std::vector<std::pair<const char*, double>> functions{
-            {"\t1 +\n1\r", 2.0},
-            {"log(t)", std::log(2.0)},
-            {"cos(t)+sin(t)+tan(t)", std::cos(2.0) + std::sin(2.0) + std::tan(2.0)},
-            {"acos(.3)+asin(.4)+atan(t)", std::acos(0.3) + std::asin(0.4) + std::atan(2.0)},
-            {"cosh(t)+sinh(t)+tanh(t)", std::cosh(2.0) + std::sinh(2.0) + std::tanh(2.0)},
-            {"j0(t)+j1(-t)", ::j0(2.0) + ::j1(-2.0)},
-            {"1/14 cos(t)+3*exp(-(t-5)^2/20)", 1.0 / 14.0 * std::cos(2.0) + 3.0 * std::exp(-9.0 / 20.0)}};
-        for (const auto& [text, expected] : functions)
-            QTest::newRow(text) << QString(text) << QString::number(expected, 'g', 17);
+            mod(t+.5,2) => 0.5;   2pi => 6.283185307179586;   log(t) => 0.6931471805599453;
+            cos(t) => -0.4161468365471424;   sin(t) => 0.9092974268256817;   tan(t) => -2.185039863261519;
+            acos(.3) => 1.2661036727794992;   asin(.3) => 0.3046926540153975;   exp(t) => 7.38905609893065;
+            atan(t) => 1.1071487177940904;   cosh(t) => 3.7621956910836314;   sinh(t) => 3.6268604078470186;
+            tanh(t) => 0.9640275800758169;   j0(t) => 0.22389077914123567;   j1(-t) => -0.5767248077568734)");
+        QTest::newRow("white space") << "\t1 +\n1\r"
+                                     << "2";
     }
 
     void goodTextHasValue()
@@ -273,11 +260,39 @@ private Q_SLOTS:
     void getStringIsShortAndReadsBack()
     {
         QFETCH(QString, text);
-        QFETCH(QString, expected);
         const Parsed parsed = parse(text.toStdString());
         QVERIFY(parsed.tree);
-        QCOMPARE(QString::fromStdString(parsed.tree->getString()), expected);
-        QVERIFY(isSame(valueAt(expected.toStdString(), 3.0), valueAt(*parsed.tree, 3.0)));
+        const std::string written = parsed.tree->getString();
+        QTEST(QString::fromStdString(written), "expected");
+        QVERIFY(isSame(valueAt(written, 3.0), valueAt(*parsed.tree, 3.0)));
+    }
+
+    void nameThatWouldHideOthersIsGuarded_data()
+    {
+        addRows(R"(
+            g.a * 2 => g.a*2;   g.a-2 => g.a-2;   g.a - 2 => (g.a/1.)-2;   g.a - 3 => g.a-3;
+            cos(g.a ) => cos((g.a/1.));   cos(1 ) => cos((1/1.));   2 * g.a => (2)*g.a;
+            cos (t)-2 => cos((t))-2;   -g.a => -g.a;   sin(t) => sin(t);   tan (t) => tan(+t);
+            t >= f => t>=(f);   f == t => f==+t;   max (t,2) => max((t),2);   pi - 2 => (pi)-2)");
+    }
+
+    void nameThatWouldHideOthersIsGuarded()
+    {
+        const TestMapper mapper({"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a", "g.a)", "1)", "sin(", "tan(t",
+                                 "tan((", "=f", "==t", "==(", "max(t", "pi-2"});
+        getStringIsShortAndReadsBack();
+    }
+
+    void lateAndManyNamesAreGuarded()
+    {
+        const Parsed pi = parse("pi");
+        const TestMapper late({"pi"});
+        QCOMPARE(valueAt(pi.tree->getString(), 1.0), pi.tree->evaluate());
+
+        // Here each guard makes one necessary before it.
+        const TestMapper chain({"g.a", "g.a-2", "g.a+(g.a"});
+        const Parsed parsed = parse(QByteArray("g.a+").repeated(20000).toStdString() + "g.a - 2");
+        QVERIFY(parse(parsed.tree->getString()).tree);
     }
 
     void randomTextReadsBack()
@@ -307,55 +322,19 @@ private Q_SLOTS:
             cam-1.xt => nan;   cam-1 => 1;   camt => nan;   2cam cam(2) => 16;   5.2 => 5.2;   520.x => 5;
             cos(0) => 1;   cos => 6;   2e => 14;   2exp(0) => 2;   grüß.x => 8;   T => 3;
             #1.x#1.x => 100;   t=b => 33;   t<=b => 1;   t==b => nan;   t==c => 36;   t != 2 => 1;
-            min(t) => 39;   PI => 14)");
+            min(t) => 39;   PI => 14;   -cam => -2)");
     }
 
     void knownNamesAreRead()
     {
         QFETCH(QString, text);
         const TestMapper mapper({"cam-1.x (left)", "Cam", "cam-1.x", "5.2", "520.x", "cos", "e",
-                                 "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x", "=b", "==c", "min", "pi"});
+                                 "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x", "=b", "==c", "min", "pi", "-cam"});
         const Parsed parsed = parse(text.toStdString());
         QFETCH(QString, expected);
         QVERIFY(isSame(parsed.tree ? valueAt(*parsed.tree, 3.0) : notANumber, expected.toDouble()));
         QCOMPARE(QString::fromStdString(parsed.message.text), parsed.tree ? text.toLower() : text);
         QCOMPARE(parsed.message.code, parsed.tree ? 0 : int(ParseMessage::UnknownVariable));
-    }
-
-    void nameThatWouldHideOthersIsGuarded()
-    {
-        const TestMapper mapper({"g.a", "g.a-2", "2*g.a", "cos(t)-2", "-g.a", "g.a)", "1)", "sin(", "tan(t",
-                                 "tan((", "=f", "==t", "==(", "max(t", "pi-2"});
-        const std::vector<std::pair<std::string, std::string>> cases{{"g.a * 2", "g.a*2"},
-                                                                     {"g.a-2", "g.a-2"},
-                                                                     {"g.a - 2", "(g.a/1.)-2"},
-                                                                     {"g.a - 3", "g.a-3"},
-                                                                     {"cos(g.a )", "cos((g.a/1.))"},
-                                                                     {"cos(1 )", "cos((1/1.))"},
-                                                                     {"2 * g.a", "(2)*g.a"},
-                                                                     {"cos (t)-2", "cos((t))-2"},
-                                                                     {"-g.a", "-g.a"},
-                                                                     {"sin(t)", "sin(t)"},
-                                                                     {"tan (t)", "tan(+t)"},
-                                                                     {"t >= f", "t>=(f)"},
-                                                                     {"f == t", "f==+t"},
-                                                                     {"max (t,2)", "max((t),2)"},
-                                                                     {"pi - 2", "(pi)-2"}};
-        for (const auto& [text, written] : cases) {
-            const Parsed parsed = parse(text);
-            QVERIFY2(parsed.tree, text.c_str());
-            QCOMPARE(parsed.tree->getString(), written);
-            QVERIFY(isSame(valueAt(written, 1.0), valueAt(*parsed.tree, 1.0)));
-        }
-        QCOMPARE(valueAt("-g.a", 1.0), -1.0);
-        const Parsed pi = parse("pi");
-        const TestMapper late({"pi"});
-        QCOMPARE(valueAt(pi.tree->getString(), 1.0), pi.tree->evaluate());
-
-        // Here each guard makes one necessary before it.
-        const TestMapper chain({"g.a", "g.a-2", "g.a+(g.a"});
-        const Parsed parsed = parse(QByteArray("g.a+").repeated(20000).toStdString() + "g.a - 2");
-        QVERIFY(parse(parsed.tree->getString()).tree);
     }
 
     void keyConvertsToItsType()
@@ -380,8 +359,6 @@ private Q_SLOTS:
     void keysAreFoundByName()
     {
         FunctionParserBase* const parser = FunctionParserBase::instance();
-        QCOMPARE(parser, FunctionParserBase::instance());
-        QVERIFY(parser->getKey("t") && parser->getKey("f") && parser->getKey("t") != parser->getKey("f"));
         QCOMPARE(parser->getKey("a.x"), nullptr);
         {
             TestMapper mapper({"a.x"});
@@ -482,18 +459,6 @@ private Q_SLOTS:
         QCOMPARE(values[1], 22.0);
         QCOMPARE(t.getValue(), 3.0);
         QCOMPARE(f.getValue(), 4.0);
-
-        // A host may let the variables be its own, of any type.
-        const Key parsersOwn = t;
-        float hostsTime = 7.0f;
-        t.type = 2;
-        t.value = &hostsTime;
-        const Parsed parsed = parse("t*1");
-        parsed.tree->evaluateBlock(times, 10.0, values, 2);
-        QCOMPARE(values[0], double(0.1f));
-        QCOMPARE(hostsTime, 7.0f);
-        QCOMPARE(parsed.tree->evaluate(), 7.0);
-        t = parsersOwn;
     }
 
     void hostsOwnExpressionIsEvaluatedInBlocks()
@@ -571,16 +536,11 @@ private Q_SLOTS:
 
     void localeDoesNotMatter()
     {
-        const std::locale before =
-            std::locale::global(std::locale(std::locale::classic(), new CommaPunctuation));
+        const CommaLocale commas;
         const Parsed parsed = parse("1234.5+1e-3+.25");
-        const bool isRead = parsed.tree && parsed.tree->evaluate() == 1234.5 + 1e-3 + 0.25;
-        const std::string written = parsed.tree ? parsed.tree->getString() : std::string();
-        const Parsed wrong = parse("1,5");
-        std::locale::global(before);
-        QVERIFY(isRead);
-        QCOMPARE(written, std::string("1234.5+1e-3+.25"));
-        QVERIFY(!wrong.tree);
+        QVERIFY(parsed.tree && parsed.tree->evaluate() == 1234.5 + 1e-3 + 0.25);
+        QCOMPARE(parsed.tree->getString(), std::string("1234.5+1e-3+.25"));
+        QVERIFY(!parse("1,5").tree);
     }
 };
 

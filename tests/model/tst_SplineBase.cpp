@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/SplineBase.h>
+#include <model/CommaLocale.h>
 #include <specimens/SplineSpecimens.h>
 
 #include <QtTest>
@@ -7,7 +8,6 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
-#include <locale>
 #include <map>
 #include <sstream>
 
@@ -17,11 +17,6 @@ using Places = std::vector<std::pair<double, double>>;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-struct CommaPunctuation : std::numpunct<char>
-{
-    char do_decimal_point() const override { return ','; }
-};
 
 constexpr auto fieldBytes = offsetof(PointInfo, type) + sizeof(PointInfo::type);
 const auto isSame = [](const PointInfo& a, const PointInfo& b) {
@@ -231,7 +226,7 @@ private Q_SLOTS:
 
     void textReadsBackToTheSameBitsOrChangesNothing()
     {
-        const std::locale previous = std::locale::global(std::locale({}, new CommaPunctuation));
+        const CommaLocale commas;
         SplineBase spline, loaded;
         spline.addPoint(12345.678, 0.5);
         *spline.modify(0) = {0.0, -0.0, 0.1, 5e-324, 1.0 / 3, -1e308, 1234.5, 1e22, 1e-300, 2};
@@ -262,7 +257,6 @@ private Q_SLOTS:
             SplineBase::load(&loaded, in);
             QVERIFY2(in.fail() && loaded[0] == point && loaded.lastType == 0, content.c_str());
         }
-        std::locale::global(previous);
     }
 };
 
