@@ -10,7 +10,6 @@
 
 #include <bit>
 #include <cmath>
-#include <limits>
 #include <list>
 #include <memory>
 #include <string>
@@ -20,16 +19,17 @@ namespace {
 
 struct HostCurve
 {
-    SplineBase spline;
-    std::unique_ptr<FunctionFloatBase> expression;
-    FunctionFloatBase* holder = nullptr;
-
+    explicit HostCurve(const std::string& text = "") { set(text); }
     void set(const std::string& text)
     {
         ParseMessage message;
         expression.reset(FunctionParserBase::instance()->parseString(text, message));
         holder = expression.get();
     }
+
+    SplineBase spline;
+    std::unique_ptr<FunctionFloatBase> expression;
+    FunctionFloatBase* holder = nullptr;
 };
 
 class Host
@@ -40,11 +40,20 @@ public:
         FunctionParserBase::instance()->setVarMapper(variables.get());
     }
 
-    HostCurve& add(const std::string& name)
+    HostCurve& add(const std::string& name, const std::string& text = "")
     {
-        HostCurve& curve = curves_.emplace_back();
+        HostCurve& curve = curves_.emplace_back(text);
         variables->add(name, &curve.spline, &curve.holder);
         return curve;
+    }
+
+    /// Adds g.cN for each N, with `text` in which %1 is the one before it. Returns the last.
+    HostCurve& addChain(int first, int last, const QString& text)
+    {
+        for (int i = first; i <= last; ++i)
+            add("g.c" + std::to_string(i),
+                QString(text).replace("%1", QString("g.c%1").arg(i - 1)).toStdString());
+        return curves_.back();
     }
 
     std::unique_ptr<CurveVariables> variables;
@@ -76,8 +85,7 @@ private Q_SLOTS:
         Host host;
         HostCurve& ramp = host.add("g.ramp");
         ramp.spline.addPoint(10.0, 100.0);
-        HostCurve& reader = host.add("g.reader");
-        reader.set("g.ramp+t");
+        const HostCurve& reader = host.add("g.reader", "g.ramp+t");
         QCOMPARE(valueAt(*reader.holder, 4.0), ramp.spline(4.0) + 4.0);
         QCOMPARE(valueAt(*reader.holder, 20.0), 100.0 + 20.0);
 
@@ -94,10 +102,9 @@ private Q_SLOTS:
     void namesFollowAddRemoveAndRename()
     {
         Host host;
-        host.add("Cam 1.Left Eye").set("5");
-        host.add("").set("6");
-        HostCurve reader;
-        reader.set("2CAM_1.left_eye");
+        host.add("Cam 1.Left Eye", "5");
+        host.add("", "6");
+        const HostCurve reader("2CAM_1.left_eye");
         QVERIFY(reader.holder);
         QCOMPARE(reader.holder->evaluate(), 10.0);
 
@@ -106,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(reader.holder->evaluate(), 0.0);
         host.variables->rename("Cam 2.left eye", "cam_1.left_eye");
         QCOMPARE(reader.holder->evaluate(), 10.0);
-        host.add("CAM 1.LEFT_EYE").set("8");
+        host.add("CAM 1.LEFT_EYE", "8");
         host.add("g.other");
         QVERIFY(host.variables->rename("cam_1.left_eye", "Cam_1.left_eye"));
         QVERIFY(!host.variables->rename("g.other", "cam_1.left_eye") && host.variables->hasName("g.other"));
@@ -118,7 +125,7 @@ private Q_SLOTS:
         host.variables->remove("cam_1.left_eye");
         host.variables->remove("cam_1.left_eye");
         QCOMPARE(reader.holder->evaluate(), 0.0);
-        host.add("cam_1.left_eye").set("7");
+        host.add("cam_1.left_eye", "7");
         QCOMPARE(reader.holder->evaluate(), 14.0);
         host.variables.reset();
         QCOMPARE(reader.holder->evaluate(), 0.0);
@@ -128,19 +135,17 @@ private Q_SLOTS:
     {
         Host host;
         HostCurve& a = host.add("g.a");
-        HostCurve& b = host.add("g.b");
+        HostCurve& b = host.add("g.b", "g.a+10");
         HostCurve& own = host.add("g.own");
         a.set("g.b+1");
-        b.set("g.a+10");
         own.set("g.own+3");
-        HostCurve outside;
-        outside.set("100g.a");
+        HostCurve outside("100g.a");
         QCOMPARE(valueAt(*outside.holder, 1.0), 100.0 * (1.0 + 10.0));
         QCOMPARE(valueAt(*a.holder, 1.0), 1.0 + 10.0);
         for (int round = 0; round < 2; ++round)
             QCOMPARE(valueAt(*own.holder, 1.0), 3.0);
         QCOMPARE(host.variables->getValue("g.own"), 3.0);
-        host.add("g.both").set("g.a+100g.b"); // reads g.b as g.a found it
+        host.add("g.both", "g.a+100g.b"); // reads g.b as g.a found it
         outside.set("g.both");
         QCOMPARE(valueAt(*outside.holder, 1.0), 11.0 + 1000.0);
         const double time = 1.0;
@@ -156,35 +161,21 @@ private Q_SLOTS:
     void chainIsReadOncePerCurve()
     {
         Host host;
-        host.add("g.c0").set("t");
-        constexpr int length = 1000;
-        HostCurve* last = nullptr;
-        for (int i = 1; i <= length; ++i) {
-            last = &host.add("g.c" + std::to_string(i));
-            const QString before = QString("g.c%1").arg(i - 1);
-            last->set(QString("%1*.5+.5*%1").arg(before).toStdString());
-        }
+        host.add("g.c0", "t");
+        const HostCurve& last = host.addChain(1, 1000, "%1*.5+.5*%1");
         // Read once for each occurrence this would take 2^1000 steps, also where the time equals nothing.
-        QCOMPARE(valueAt(*last->holder, 3.0), 3.0);
-        QCOMPARE(valueAt(*last->holder, 4.0), 4.0);
-        QVERIFY(qIsNaN(valueAt(*last->holder, std::numeric_limits<double>::quiet_NaN())));
+        QCOMPARE(valueAt(*last.holder, 3.0), 3.0);
+        QCOMPARE(valueAt(*last.holder, 4.0), 4.0);
+        QVERIFY(qIsNaN(valueAt(*last.holder, NAN)));
     }
 
     void endlessChainEnds()
     {
         Host host;
-        host.add("g.c0").set("1");
-        HostCurve* last = nullptr;
-        const auto extendTo = [&](int first, int end) {
-            for (int i = first; i <= end; ++i) {
-                last = &host.add("g.c" + std::to_string(i));
-                last->set("g.c" + std::to_string(i - 1));
-            }
-        };
-        extendTo(1, CurveVariables::maximumDepth);
-        QCOMPARE(valueAt(*last->holder, 1.0), 1.0);
-        extendTo(CurveVariables::maximumDepth + 1, 20000);
-        QCOMPARE(valueAt(*last->holder, 1.0), 0.0);
+        host.add("g.c0", "1");
+        constexpr int depth = CurveVariables::maximumDepth;
+        QCOMPARE(valueAt(*host.addChain(1, depth, "%1").holder, 1.0), 1.0);
+        QCOMPARE(valueAt(*host.addChain(depth + 1, 20000, "%1").holder, 1.0), 0.0);
     }
 
     void blockOfDeepExpressionsIsReadOncePerCurve()
@@ -202,20 +193,15 @@ private Q_SLOTS:
         Counter counter;
         FunctionFloatBase* holder = &counter;
         host.variables->add("g.c0", nullptr, &holder);
-        host.add("g.c1").set("g.c0");
+        host.add("g.c1", "g.c0");
         constexpr int length = 12;
         for (int i = 2; i <= length; ++i) { // the higher, the longer its blocks
             const int depth = 200 - 10 * i;
-            host.add("g.c" + std::to_string(i))
-                .set(QString("%1g.c%2*g.c%3%4")
-                         .arg(QString("t-(").repeated(depth))
-                         .arg(i - 1)
-                         .arg(i - 2)
-                         .arg(QString(")").repeated(depth))
-                         .toStdString());
+            const QString twoBefore = QString("*g.c%1").arg(i - 2);
+            host.addChain(i, i,
+                          QString("t-(").repeated(depth) + "%1" + twoBefore + QString(")").repeated(depth));
         }
-        HostCurve reader;
-        reader.set("1*g.c" + std::to_string(length));
+        const HostCurve reader("1*g.c" + std::to_string(length));
         std::vector<double> values(300);
         reader.holder->evaluateBlock(values.data(), 25.0, values.data(), values.size());
         QCOMPARE(counter.count, int(values.size()));
@@ -227,27 +213,24 @@ private Q_SLOTS:
         HostCurve& ramp = host.add("g.ramp");
         ramp.spline.addPoint(10.0, 100.0);
         ramp.spline.addPoint(13.0, -20.0);
-        host.add("g.middle").set("g.ramp*f-cos(t)");
-        HostCurve& reader = host.add("g.reader");
-        reader.set("if(g.middle>t,g.ramp,g.middle/3)");
+        host.add("g.middle", "g.ramp*f-cos(t)");
+        const HostCurve& reader = host.add("g.reader", "if(g.middle>t,g.ramp,g.middle/3)");
         std::vector<double> times(300);
         for (std::size_t i = 0; i < times.size(); ++i)
             times[i] = double(i) * 0.1 - 5.0;
         FunctionParserBase::keyStruct& t = *FunctionParserBase::instance()->getKey("t");
         const FunctionParserBase::keyStruct parsersOwn = t;
         for (const bool isParsersOwn : {true, false}) {
-            float hostsTime = 0.0f;
+            float hostsTime = 7.0f;
             if (!isParsersOwn) {
                 t.type = 2;
                 t.value = &hostsTime;
             }
             std::vector<double> values(times.size());
             reader.holder->evaluateBlock(times.data(), 25.0, values.data(), times.size());
-            for (std::size_t i = 0; i < times.size(); ++i) {
-                EvaluationTime now;
-                now.set(times[i], 25.0);
-                QCOMPARE(values[i], reader.holder->evaluate());
-            }
+            QCOMPARE(hostsTime, 7.0f);
+            for (std::size_t i = 0; i < times.size(); ++i)
+                QCOMPARE(values[i], valueAt(*reader.holder, times[i]));
         }
         t = parsersOwn;
     }
@@ -277,18 +260,14 @@ private Q_SLOTS:
             }
         };
         Host host;
-        host.add("g.time").set("t");
-        HostCurve reader;
-        reader.set("g.time");
+        host.add("g.time", "t");
+        const HostCurve reader("g.time");
         Delay delay;
         delay.delayed = reader.holder;
         FunctionFloatBase* holder = &delay;
         host.variables->add("g.delayed", nullptr, &holder);
-        HostCurve both;
-        both.set("g.time+100g.delayed+10000g.time");
-        HostCurve sum;
-        host.variables->add("g.sum", nullptr, &both.holder);
-        sum.set("g.sum");
+        host.add("g.sum", "g.time+100g.delayed+10000g.time");
+        const HostCurve sum("g.sum");
         QCOMPARE(valueAt(*sum.holder, 5.0), 5.0 + 400.0 + 50000.0);
     }
 };
