@@ -105,40 +105,32 @@ private Q_SLOTS:
     void randomEditsGoForthAndBack()
     {
         std::mt19937 random(1);
-        const auto below = [&random](int count) {
-            return int(random() % unsigned(count));
+        const auto below = [&random](std::size_t count) {
+            return int(random() % count);
         };
         for (int round = 0; round < 2000 && !QTest::currentTestFailed(); ++round) {
             Curve curve;
             SplineBase& spline = curve.spline;
-            const auto edit = [&] {
-                PointInfo* const point = spline.modify(below(int(spline.getControlPointsNumber())));
-                const double number = below(11);
-                switch (below(9)) {
-                case 0:
-                    return spline.addPoint(number, below(5));
-                case 1:
-                    return spline.remove(point);
-                case 2:
-                    return spline.setTime(point, number);
-                case 3:
-                    return spline.setPos(point, number);
-                case 4:
-                    point->type = below(3);
-                    return;
-                case 5:
-                    point->tanLeft = point->tension = point->easeTo = number / 10.0;
-                    return;
-                case 6:
-                    spline.lastType = below(5);
-                    return;
-                case 7:
-                    spline.firstType = below(2);
-                    return;
-                default:
+            PointInfo* point = nullptr;
+            double number = 0.0;
+            const std::function<void()> edits[] = {
+                [&] { spline.addPoint(number, below(5)); },
+                [&] { spline.remove(point); },
+                [&] { spline.setTime(point, number); },
+                [&] { spline.setPos(point, number); },
+                [&] { point->type = below(3); },
+                [&] { point->tanLeft = point->tension = point->easeTo = number / 10.0; },
+                [&] { spline.lastType = below(5); },
+                [&] { spline.firstType = below(2); },
+                [&] {
                     point->time = number;
                     spline.mend();
-                }
+                },
+            };
+            const auto edit = [&] {
+                point = spline.modify(below(spline.getControlPointsNumber()));
+                number = below(11);
+                edits[below(std::size(edits))]();
             };
             for (int i = below(30); i > 0; --i)
                 edit();

@@ -7,6 +7,7 @@
 #include <functional>
 #include <future>
 #include <limits>
+#include <numeric>
 #include <random>
 
 using CurveFit::Options;
@@ -23,8 +24,7 @@ Q_DECLARE_METATYPE(Numbers)
 Numbers wholeTimes(std::size_t count)
 {
     Numbers times(count);
-    for (std::size_t i = 0; i < count; ++i)
-        times[i] = double(i);
+    std::iota(times.begin(), times.end(), 0.0);
     return times;
 }
 
