@@ -37,11 +37,20 @@ struct Fixture
     }
     ~Fixture() { delete expression; }
     PointSerial serial(unsigned index) const { return spline[index]->serial; }
+    void set(unsigned index, double value) { spline.setPos(spline.modify(index), value); }
+    /// One edit as a whole.
     void move(unsigned index, double value)
     {
         door.begin("move", {curve});
-        spline.setPos(spline.modify(index), value);
+        set(index, value);
         door.commit();
+    }
+    /// Opens an edit of the point at index 1.
+    void begin(const char* name) { door.begin(name, {{curve, {serial(1)}}}); }
+    void type(double value)
+    {
+        set(1, value);
+        door.checkpoint();
     }
     QUndoStack& stack() { return *door.history().stack(); }
 
@@ -71,8 +80,8 @@ private Q_SLOTS:
         };
         row("nothing", 0, [](Fixture&) {});
         row("there and back", 0, [](Fixture& f) {
-            f.spline.setPos(f.spline.modify(1u), 7.0);
-            f.spline.setPos(f.spline.modify(1u), 1.0);
+            f.set(1, 7.0);
+            f.set(1, 1.0);
         });
         row("moved across", 1, [](Fixture& f) { f.spline.setTime(f.spline.modify(0u), 2.0); });
         row("added", 1, [](Fixture& f) { SplineEdits::addPoint(f.spline, 2.0, 5.0); });
@@ -122,7 +131,7 @@ private Q_SLOTS:
         otherSpline.addPoint(1.0, 1.0);
         f.door.commit();
         f.move(1, 8.0);
-        f.spline.setPos(f.spline.modify(3u), 0.0);
+        f.set(3, 0.0);
         const CurveState left = f.curve->state();
         f.stack().undo();
         QVERIFY(f.curve->state() == left);
@@ -137,8 +146,8 @@ private Q_SLOTS:
     {
         for (const bool isTakenBack : {false, true}) {
             Fixture f;
-            f.door.begin("drag", {{f.curve, {f.serial(1)}}});
-            f.spline.setPos(f.spline.modify(1u), 7.0);
+            f.begin("drag");
+            f.set(1, 7.0);
             f.spline.addPoint(2.5, 5.0);
             f.spline.lastType = SplineBase::Zero;
             isTakenBack ? f.door.cancel() : void(f.door.commit());
@@ -154,24 +163,17 @@ private Q_SLOTS:
     {
         Fixture f;
         const CurveState before = f.curve->state();
-        const CurveEdit::Id id = f.door.begin("type", {{f.curve, {f.serial(1)}}});
-        for (const double value : {5.0, 55.0}) {
-            f.spline.setPos(f.spline.modify(1u), value);
-            f.door.checkpoint();
-            QCOMPARE(f.stack().count(), 1);
+        f.begin("type");
+        for (const double value : {5.0, 55.0, 1.0, 6.0}) {
+            f.type(value);
+            QCOMPARE(f.stack().count(), value == 1.0 ? 0 : 1);
         }
-        f.spline.setPos(f.spline.modify(1u), 1.0);
-        f.door.checkpoint();
-        QCOMPARE(f.stack().count(), 0);
-        f.spline.setPos(f.spline.modify(1u), 6.0);
-        f.door.checkpoint();
         f.stack().undo();
-        QVERIFY(f.curve->state() == before && !f.door.isOpen(id));
+        QVERIFY(f.curve->state() == before && !f.door.isOpen());
         f.stack().redo();
         QCOMPARE(f.spline[1]->pos, 6.0);
-        f.door.begin("type", {{f.curve, {f.serial(1)}}});
-        f.spline.setPos(f.spline.modify(1u), 7.0);
-        f.door.checkpoint();
+        f.begin("type");
+        f.type(7.0);
         f.door.cancel();
         QCOMPARE(f.spline[1]->pos, 6.0);
         QCOMPARE(f.stack().count(), 1);
@@ -181,8 +183,8 @@ private Q_SLOTS:
     {
         Fixture f;
         f.move(1, 7.0);
-        f.door.begin("drag", {{f.curve, {f.serial(1)}}});
-        f.spline.setPos(f.spline.modify(1u), 9.0);
+        f.begin("drag");
+        f.set(1, 9.0);
         f.stack().undo();
         QCOMPARE(f.spline[1]->pos, 1.0);
         QCOMPARE(f.reports.mid(1), (QStringList{"commit cancel a.x", "commit undo a.x"}));
@@ -195,16 +197,14 @@ private Q_SLOTS:
             [](Fixture& f) { f.door.history().forget("a.x"); },
             [](Fixture& f) { f.stack().undo(); },
             [](Fixture& f) { f.stack().push(new QUndoCommand("host")); },
-            [](Fixture& f) { f.spline.setPos(f.spline.modify(1), 1.0); },
+            [](Fixture& f) { f.set(1, 1.0); },
         };
         for (const auto& reply : replies) {
             for (const bool isTyping : {false, true}) {
                 Fixture f;
                 f.move(1, 7.0);
-                f.door.begin("drag", {{f.curve, {f.serial(1)}}});
-                f.spline.setPos(f.spline.modify(1), 9.0);
-                if (isTyping)
-                    f.door.checkpoint();
+                f.begin("drag");
+                isTyping ? f.type(9.0) : f.set(1, 9.0);
                 f.whenReported = [&] {
                     reply(f);
                 };
@@ -217,12 +217,10 @@ private Q_SLOTS:
     void typingGoesOnAboveAForeignEntry()
     {
         Fixture f;
-        f.door.begin("type", {{f.curve, {f.serial(1)}}});
-        f.spline.setPos(f.spline.modify(1), 2.0);
-        f.door.checkpoint();
+        f.begin("type");
+        f.type(2.0);
         f.stack().push(new QUndoCommand("host"));
-        f.spline.setPos(f.spline.modify(1), 23.0);
-        f.door.checkpoint();
+        f.type(23.0);
         QVERIFY(!f.door.commit().empty());
         QCOMPARE(f.stack().count(), 3);
         for (const double value : {2.0, 2.0, 1.0}) {
@@ -234,11 +232,9 @@ private Q_SLOTS:
     void numberTypedBackIsTold()
     {
         Fixture f;
-        f.door.begin("type", {{f.curve, {f.serial(1)}}});
-        for (const double value : {2.0, 1.0}) {
-            f.spline.setPos(f.spline.modify(1), value);
-            f.door.checkpoint();
-        }
+        f.begin("type");
+        f.type(2.0);
+        f.type(1.0);
         QVERIFY(f.door.commit().empty());
         QCOMPARE(f.reports, QStringList(2, "preview edit a.x"));
     }

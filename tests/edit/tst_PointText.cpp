@@ -63,32 +63,27 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("message");
+        const auto row = [](const char* name, const QString& text, const QString& message) {
+            QTest::newRow(name) << text << message;
+        };
         const QString noNumber = QStringLiteral("Line %1: \"%2\" is no number that a point can have.");
-        QTest::newRow("empty") << " \n\t\r\n"
-                               << "The text holds no points.";
-        QTest::newRow("head line alone") << "time\tvalue\n"
-                                         << "The text holds no points.";
-        QTest::newRow("words") << "To be or not"
-                               << "Line 1: \"To\" is no column of points.";
-        QTest::newRow("two words") << "To be\nor not" << noNumber.arg(2).arg("or");
-        QTest::newRow("binary") << QString::fromLatin1("\0\1 7\n", 5) << noNumber.arg(1).arg("??");
-        QTest::newRow("not finite") << "1\t2\n\n3\t1e999" << noNumber.arg(3).arg("1e999");
-        QTest::newRow("infinite") << "1\t2\r\n3\tinf" << noNumber.arg(2).arg("inf");
-        QTest::newRow("number and more") << "1\t2 m" << noNumber.arg(1).arg("2 m");
-        QTest::newRow("two decimal signs") << "1\t1.000,5" << noNumber.arg(1).arg("1.000,5");
-        QTest::newRow("long") << "1\t" + QString(99, 'x') << noNumber.arg(1).arg(QString(20, 'x') + "...");
-        QTest::newRow("other width") << "1,2\n3"
-                                     << "Line 2: Not 2 but 1 numbers.";
-        QTest::newRow("no head line") << "1 2 3"
-                                      << "Line 1: Not 2 but 3 numbers.";
-        QTest::newRow("twice") << "time;value;TIME"
-                               << "Line 1: The column \"time\" is there twice.";
-        QTest::newRow("missing") << "time;type"
-                                 << "Line 1: The column \"value\" is missing.";
-        QTest::newRow("type") << "time;value;type\n1;2;3"
-                              << "Line 2: \"3\" is no type of a point.";
-        QTest::newRow("too many") << QStringLiteral("1 2\n").repeated(PointText::maximumRows + 1)
-                                  << "Line 1000001: More than 1000000 points.";
+        row("empty", " \n\t\r\n", "The text holds no points.");
+        row("head line alone", "time\tvalue\n", "The text holds no points.");
+        row("words", "To be or not", "Line 1: \"To\" is no column of points.");
+        row("two words", "To be\nor not", noNumber.arg(2).arg("or"));
+        row("binary", QString::fromLatin1("\0\1 7\n", 5), noNumber.arg(1).arg("??"));
+        row("not finite", "1\t2\n\n3\t1e999", noNumber.arg(3).arg("1e999"));
+        row("infinite", "1\t2\r\n3\tinf", noNumber.arg(2).arg("inf"));
+        row("number and more", "1\t2 m", noNumber.arg(1).arg("2 m"));
+        row("two decimal signs", "1\t1.000,5", noNumber.arg(1).arg("1.000,5"));
+        row("long", "1\t" + QString(99, 'x'), noNumber.arg(1).arg(QString(20, 'x') + "..."));
+        row("other width", "1,2\n3", "Line 2: Not 2 but 1 numbers.");
+        row("no head line", "1 2 3", "Line 1: Not 2 but 3 numbers.");
+        row("twice", "time;value;TIME", "Line 1: The column \"time\" is there twice.");
+        row("missing", "time;type", "Line 1: The column \"value\" is missing.");
+        row("type", "time;value;type\n1;2;3", "Line 2: \"3\" is no type of a point.");
+        row("too many", QStringLiteral("1 2\n").repeated(PointText::maximumRows + 1),
+            "Line 1000001: More than 1000000 points.");
     }
     void faultIsToldWithItsLine()
     {
