@@ -48,6 +48,17 @@ void write(const QString& path, const QByteArray& content)
         qFatal("no room for the test");
 }
 
+void addSavers()
+{
+    QTest::addColumn<QStringList>("saver");
+    QTest::newRow("curve") << QStringList{QCoreApplication::applicationFilePath(), "--save", "POINTS"};
+#ifdef DEMO
+    QTest::newRow("demo") << QStringList{DEMO, "in.txt", "--export"};
+    QTest::newRow("tool") << QStringList{CURVE_TOOL, "convert",         "--count", "POINTS",
+                                         "in.txt",   "--output-format", "table"};
+#endif
+}
+
 } // namespace
 
 class tst_SaveFaults : public QObject
@@ -55,6 +66,7 @@ class tst_SaveFaults : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase_data() { addSavers(); }
     void initTestCase()
     {
         QVERIFY(outside_.isValid() && inside_.isValid());
@@ -64,7 +76,7 @@ private Q_SLOTS:
 
     void init()
     {
-        QFETCH(QStringList, saver);
+        QFETCH_GLOBAL(QStringList, saver);
         const bool isLong = QLatin1String(QTest::currentTestFunction()).startsWith(QLatin1String("kill"));
         const QString points = QString::number(isLong ? manyPoints : usualPoints);
         saver_ = saver.replaceInStrings("POINTS", points);
@@ -75,7 +87,6 @@ private Q_SLOTS:
         QVERIFY(new_.size() > old.size());
     }
 
-    void failedCallLeavesOldOrNew_data() { savers(); }
     void failedCallLeavesOldOrNew()
     {
         const QByteArrayList writingCalls = {"open", "write", "fsync", "rename"};
@@ -100,7 +111,6 @@ private Q_SLOTS:
         QVERIFY(i > 2);
     }
 
-    void lossOfPowerLeavesOldOrNew_data() { savers(); }
     void lossOfPowerLeavesOldOrNew()
     {
         for (const char* how : {"drop", "undo"}) {
@@ -110,7 +120,6 @@ private Q_SLOTS:
         }
     }
 
-    void killLeavesOldOrNew_data() { savers(); }
     void killLeavesOldOrNew()
     {
         runWith("", 0);
@@ -127,7 +136,6 @@ private Q_SLOTS:
         qInfo("%d kills within %d us: %d files are new", kills, duration, fresh);
     }
 
-    void fullDiskLeavesOld_data() { savers(); }
     void fullDiskLeavesOld()
     {
         prepare();
@@ -142,7 +150,8 @@ private Q_SLOTS:
         const char* script = "cp -a \"$0\" \"$1\" && mount -t tmpfs -o size=24k none \"$0\" && "
                              "cp -a \"$1/.\" \"$0\" && rm \"$1\"/* || exit 0; disk=$1; shift; "
                              "\"$@\"; code=$?; cp -a \"$0/.\" \"$disk\"; exit $code";
-        const QString disk = outside(QTest::currentDataTag());
+        const QTemporaryDir copies;
+        const QString disk = copies.filePath("disk");
         QVERIFY(
             !run(QStringList{"unshare", "-rm", "sh", "-c", script, inside_.path(), disk} + command(link())));
         QVERIFY(!errors_.isEmpty() && contentOf(disk + "/out.txt") == old);
@@ -150,40 +159,15 @@ private Q_SLOTS:
     }
 
 private:
-    static void savers()
-    {
-        QTest::addColumn<QStringList>("saver");
-        QTest::newRow("curve") << QStringList{QCoreApplication::applicationFilePath(), "--save", "POINTS"};
-#ifdef DEMO
-        QTest::newRow("demo") << QStringList{DEMO, "in.txt", "--export"};
-        QTest::newRow("tool") << QStringList{CURVE_TOOL, "convert",         "--count", "POINTS",
-                                             "in.txt",   "--output-format", "table"};
-#endif
-    }
-    QString outside(const QString& name) const
-    {
-        return outside_.filePath(name);
-    }
-    QString link() const
-    {
-        return inside_.filePath("link.txt");
-    }
-    QString target() const
-    {
-        return inside_.filePath("out.txt");
-    }
-    QStringList command(const QString& path) const
-    {
-        return saver_ + QStringList{path};
-    }
+    QString outside(const QString& name) const { return outside_.filePath(name); }
+    QString link() const { return inside_.filePath("link.txt"); }
+    QString target() const { return inside_.filePath("out.txt"); }
+    QStringList command(const QString& path) const { return saver_ + QStringList{path}; }
     static int filesIn(const QString& folder)
     {
         return int(QDir(folder).entryList(QDir::Files | QDir::Hidden).size());
     }
-    int litter() const
-    {
-        return filesIn(inside_.path()) - 2;
-    }
+    int litter() const { return filesIn(inside_.path()) - 2; }
 
     void prepare() const
     {
@@ -194,12 +178,9 @@ private:
     }
 
     /// True if the program says that it is done.
-    bool run(const QStringList& words, const QProcessEnvironment& environment = {})
+    bool run(const QStringList& words)
     {
         QProcess process;
-        QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
-        all.insert(environment);
-        process.setProcessEnvironment(all);
         process.setWorkingDirectory(outside_.path());
         process.start(words[0], words.mid(1));
         const bool isOver = process.waitForFinished(longestSave);
@@ -212,15 +193,14 @@ private:
     {
         prepare();
         write(outside("report"), "");
-        QProcessEnvironment environment;
-        environment.insert("LD_PRELOAD", FAILING_FILES);
-        environment.insert("FAULT_FOLDER", inside_.path());
-        environment.insert("FAULT_REPORT", outside("report"));
-        environment.insert("FAULT_HOW", how);
-        environment.insert("FAULT_CALL", QString::number(call));
-        if (alarm > 0)
-            environment.insert("FAULT_ALARM", QString::number(alarm));
-        isDone_ = run(command(link()), environment);
+        const QStringList withFault = {"env",
+                                       "FAULT_FOLDER=" + inside_.path(),
+                                       "FAULT_REPORT=" + outside("report"),
+                                       "FAULT_HOW=" + how,
+                                       "FAULT_CALL=" + QString::number(call),
+                                       "FAULT_ALARM=" + QString::number(alarm),
+                                       "LD_PRELOAD=" FAILING_FILES};
+        isDone_ = run(withFault + command(link()));
         report_ = contentOf(outside("report"));
         return report_.toInt() == 0;
     }

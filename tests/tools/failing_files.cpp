@@ -4,7 +4,7 @@
 // a loss of power just before the call, or at the end if there are fewer calls: "drop" empties the files whose
 // content was not synced, "undo" takes back a rename, too, that the folder was not synced after. Its name is
 // written to the file FAULT_REPORT, or the microseconds from the first call to the last if none failed. The program
-// is killed FAULT_ALARM microseconds after the first call.
+// is killed FAULT_ALARM microseconds after the first call, unless that is 0.
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -94,11 +94,8 @@ bool concerns(const std::string& path)
 void startAlarm()
 {
     state().start = Clock::now();
-    const std::string delay = setting("FAULT_ALARM");
-    if (delay.empty())
-        return;
     std::signal(SIGALRM, [](int) { kill(getpid(), SIGKILL); });
-    const itimerval timer = {{}, {0, std::atoi(delay.c_str())}};
+    const itimerval timer = {{}, {0, std::atoi(setting("FAULT_ALARM").c_str())}};
     setitimer(ITIMER_REAL, &timer, nullptr);
 }
 
@@ -140,11 +137,7 @@ int openFile(const char* path, int flags, mode_t mode)
     return file;
 }
 
-int openLargeFile(const char* path, int flags, mode_t mode) asm("open64");
-int openLargeFile(const char* path, int flags, mode_t mode)
-{
-    return openFile(path, flags, mode);
-}
+[[gnu::alias("open")]] int openLargeFile(const char* path, int flags, mode_t mode) asm("open64");
 
 ssize_t write(int file, const void* bytes, size_t size)
 {
