@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <QTest>
 
+#include <algorithm>
+
 using Points = std::vector<SplineBase::PointInfo>;
 
 class tst_PointText : public QObject
@@ -21,8 +23,7 @@ private Q_SLOTS:
             points.push_back({number, -0.0, 1e300, -number, 0.1, number * 1e-300, 3, -1, 1, index % 3});
         }
         const QString text = PointText::write(points);
-        const Points read = PointText::read(text).points;
-        QVERIFY(std::equal(read.begin(), read.end(), points.begin(), points.end(), isSamePoint));
+        QVERIFY(std::ranges::equal(PointText::read(text).points, points, isSamePoint));
         const QString head =
             "time\tvalue\ttype\tincoming\toutgoing\ttension\tcontinuity\tbias\teaseTo\teaseFrom\n";
         QVERIFY(text.startsWith(head + "0.3333333333333333\t-0\tLinear\t1e+300\t"));
@@ -51,12 +52,9 @@ private Q_SLOTS:
         QFETCH(QString, text);
         const PointText::Result result = PointText::read(text);
         QCOMPARE(result.message, QString());
-        QCOMPARE(result.points.size(), std::size_t(2));
-        QCOMPARE(result.points[0].time, 0.5);
-        QCOMPARE(result.points[0].pos, -2.0);
-        QCOMPARE(result.points[0].type, text.contains("bezier") ? SplineBase::Bezier : SplineBase::Tcb);
-        QCOMPARE(result.points[1].time, 1.5);
-        QCOMPARE(result.points[1].pos, 3000.0);
+        const int type = text.contains("bezier") ? SplineBase::Bezier : SplineBase::Tcb;
+        const Points expected = {{.time = 0.5, .pos = -2.0, .type = type}, {.time = 1.5, .pos = 3000.0}};
+        QVERIFY(std::ranges::equal(result.points, expected, isSamePoint));
     }
 
     void faultIsToldWithItsLine_data()

@@ -37,6 +37,9 @@ class tst_Selection : public QObject
 {
     Q_OBJECT
 
+    using Insertion =
+        std::tuple<int, int, double, bool>; // type of points and behind the last, time, keeps all
+
 private Q_SLOTS:
     void toggledPointsAreListedInTheOrderOfTime()
     {
@@ -70,19 +73,6 @@ private Q_SLOTS:
         }
     }
 
-    void copiedPointBecomesAPointOfItsOwn()
-    {
-        Fixture f;
-        const PointSerial original = f.serial(1);
-        *f.spline.modify(4) = *f.spline[1];
-        f.spline.modify(4)->time = 8.0;
-        f.spline.mend();
-        QCOMPARE(f.spline.getLast()->time, 8.0);
-        QVERIFY(f.serial(1) == original && f.spline.getLast()->serial != original);
-        SplineEdits::removePoints(f.spline, {original});
-        QCOMPARE(f.spline.getControlPointsNumber(), 5u);
-    }
-
     void aimedTangentsTakeTheSlopeOfTheMouse()
     {
         const double slope = 2.0 / (1.0 + std::sqrt(5.0) * 0.001);
@@ -104,13 +94,11 @@ private Q_SLOTS:
         using Slopes = std::vector<QPointF>;
         const auto shaped = [](const Shape& shape) {
             SplineBase spline; // the last segment but one and the one before it are Bezier
-            SplineState state = spline.state();
-            state.points.clear();
-            const double times[] = {0.0, 1.0, 3.0, 5.0, 6.0}, values[] = {0.0, 1.0, 5.0, 33.0, 8.0};
-            for (std::size_t i = 0; i < 5; ++i) {
-                state.points.push_back({.time = times[i], .pos = values[i], .tanLeft = 6.0, .tanRight = 2.0});
-                state.points.back().type = i == 2 || i == 3 ? SplineBase::Bezier : SplineBase::Linear;
-            }
+            SplineState state;
+            for (const auto& [time, value] :
+                 {std::pair(0.0, 0.0), {1.0, 1.0}, {3.0, 5.0}, {5.0, 33.0}, {6.0, 8.0}})
+                state.points.push_back({.time = time, .pos = value, .tanLeft = 6.0, .tanRight = 2.0});
+            state.points[2].type = state.points[3].type = SplineBase::Bezier;
             spline.assign(state);
             std::vector<PointSerial> all = {0};
             for (const auto* point : spline.getControlPoints())
@@ -146,11 +134,8 @@ private Q_SLOTS:
         QCOMPARE(place(), QPointF(0.5, -2.5));
         SplineState state;
         std::vector<PointSerial> serials;
-        for (int i = 0; i < 100'000; ++i) {
-            state.points.emplace_back();
-            state.points.back().time = i / 2;
-            state.points.back().pos = i;
-        }
+        for (int i = 0; i < 100'000; ++i)
+            state.points.push_back({.time = double(i / 2), .pos = double(i)});
         f.spline.assign(state);
         for (const auto* each : f.spline.getControlPoints())
             serials.push_back(each->serial);
@@ -162,23 +147,18 @@ private Q_SLOTS:
 
     void pointInsertedOnTheCurveKeepsItsShape_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("lastType");
-        QTest::addColumn<double>("time");
-        QTest::addColumn<bool>("keepsAll");
-        QTest::newRow("Bezier") << int(SplineBase::Bezier) << int(SplineBase::Loop) << 1.75 << true;
-        QTest::newRow("Linear") << int(SplineBase::Linear) << int(SplineBase::Loop) << 1.75 << true;
-        QTest::newRow("Tcb") << int(SplineBase::Tcb) << int(SplineBase::Loop) << 1.75 << false;
-        QTest::newRow("before") << int(SplineBase::Bezier) << int(SplineBase::Zero) << -1.0 << true;
-        QTest::newRow("behind") << int(SplineBase::Bezier) << int(SplineBase::FollowTangent) << 9.0 << true;
-        QTest::newRow("next round") << int(SplineBase::Linear) << int(SplineBase::LoopOffset) << 9.0 << false;
+        QTest::addColumn<Insertion>("insertion");
+        QTest::newRow("Bezier") << Insertion{SplineBase::Bezier, SplineBase::Loop, 1.75, true};
+        QTest::newRow("Linear") << Insertion{SplineBase::Linear, SplineBase::Loop, 1.75, true};
+        QTest::newRow("Tcb") << Insertion{SplineBase::Tcb, SplineBase::Loop, 1.75, false};
+        QTest::newRow("before") << Insertion{SplineBase::Bezier, SplineBase::Zero, -1.0, true};
+        QTest::newRow("behind") << Insertion{SplineBase::Bezier, SplineBase::FollowTangent, 9.0, true};
+        QTest::newRow("next round") << Insertion{SplineBase::Linear, SplineBase::LoopOffset, 9.0, false};
     }
     void pointInsertedOnTheCurveKeepsItsShape()
     {
-        QFETCH(const int, type);
-        QFETCH(const int, lastType);
-        QFETCH(const double, time);
-        QFETCH(const bool, keepsAll);
+        QFETCH(const Insertion, insertion);
+        const auto [type, lastType, time, keepsAll] = insertion;
         Fixture f;
         for (auto* const point : f.spline.getControlPoints()) {
             point->type = type;

@@ -16,31 +16,28 @@ private Q_SLOTS:
     void placeSnapsToTheNearest_data()
     {
         QTest::addColumn<unsigned>("kinds");
-        QTest::addColumn<QPointF>("place");
-        QTest::addColumn<QPointF>("snapped");
-        QTest::addColumn<unsigned>("timeKinds");
-        QTest::addColumn<unsigned>("valueKinds");
-        const auto row = [](const char* name, unsigned kinds, QPointF place, QPointF snapped,
-                            unsigned timeKinds, unsigned valueKinds) {
-            QTest::newRow(name) << kinds << place << snapped << timeKinds << valueKinds;
+        QTest::addColumn<Gesture::Place>("place");
+        QTest::addColumn<Snap::Result>("expected");
+        const auto row = [](const char* name, unsigned kinds, Gesture::Place place, Snap::Result expected) {
+            QTest::newRow(name) << kinds << place << expected;
         };
         const unsigned all = Snap::Frames | Snap::GridLines | Snap::Points | Snap::TimeLine;
-        row("nothing is on", 0u, {2.1, 3.1}, {2.1, 3.1}, 0u, 0u);
-        row("frame", Snap::Frames, {3.9, 3.1}, {4.0, 3.1}, Snap::Frames, 0u);
-        row("frame too far", Snap::Frames, {3.1, 3.1}, {3.1, 3.1}, 0u, 0u);
-        row("grid below and above", Snap::GridLines, {10.1, 19.5}, {10.0, 20.0}, Snap::GridLines,
-            Snap::GridLines);
-        row("value alone", Snap::GridLines, {15.0, 10.5}, {15.0, 10.0}, 0u, Snap::GridLines);
-        row("points", Snap::Points, {5.4, 7.2}, {5.5, 7.0}, Snap::Points, Snap::Points);
-        row("moving point", Snap::Points, {30.1, 30.1}, {30.1, 30.1}, 0u, 0u);
-        row("time line", Snap::TimeLine, {12.6, 12.6}, {12.5, 12.6}, Snap::TimeLine, 0u);
-        row("nearest is the last", all, {12.4, 12.0}, {12.5, 12.0}, Snap::TimeLine, 0u);
-        row("nearest is the first", all, {12.2, 12.0}, {12.0, 12.0}, Snap::Frames, 0u);
-        row("equally near", all, {12.25, 12.0}, {12.0, 12.0}, Snap::Frames, 0u);
-        row("several at one place", all, {10.1, 10.0}, {10.0, 10.0}, Snap::Frames | Snap::GridLines,
-            Snap::GridLines);
-        row("last", all, {105.0, 105.0}, {105.0, 105.0}, 0u, 0u);
-        row("not finite", all, {qQNaN(), infinity}, {qQNaN(), infinity}, 0u, 0u);
+        row("nothing is on", 0u, {2.1, 3.1}, {{2.1, 3.1}, 0u, 0u});
+        row("frame", Snap::Frames, {3.9, 3.1}, {{4.0, 3.1}, Snap::Frames, 0u});
+        row("frame too far", Snap::Frames, {3.1, 3.1}, {{3.1, 3.1}, 0u, 0u});
+        row("grid below and above", Snap::GridLines, {10.1, 19.5},
+            {{10.0, 20.0}, Snap::GridLines, Snap::GridLines});
+        row("value alone", Snap::GridLines, {15.0, 10.5}, {{15.0, 10.0}, 0u, Snap::GridLines});
+        row("points", Snap::Points, {5.4, 7.2}, {{5.5, 7.0}, Snap::Points, Snap::Points});
+        row("moving point", Snap::Points, {30.1, 30.1}, {{30.1, 30.1}, 0u, 0u});
+        row("time line", Snap::TimeLine, {12.6, 12.6}, {{12.5, 12.6}, Snap::TimeLine, 0u});
+        row("nearest is the last", all, {12.4, 12.0}, {{12.5, 12.0}, Snap::TimeLine, 0u});
+        row("nearest is the first", all, {12.2, 12.0}, {{12.0, 12.0}, Snap::Frames, 0u});
+        row("equally near", all, {12.25, 12.0}, {{12.0, 12.0}, Snap::Frames, 0u});
+        row("several at one place", all, {10.1, 10.0},
+            {{10.0, 10.0}, Snap::Frames | Snap::GridLines, Snap::GridLines});
+        row("last", all, {105.0, 105.0}, {{105.0, 105.0}, 0u, 0u});
+        row("not finite", all, {qQNaN(), infinity}, {{qQNaN(), infinity}, 0u, 0u});
     }
     void placeSnapsToTheNearest()
     {
@@ -52,15 +49,15 @@ private Q_SLOTS:
         snap.timeLine = 12.5;
         snap.setGridLines({20.0, 0.0, infinity, 10.0}, {10.0, qQNaN(), qQNaN(), 20.0});
         snap.setPoints({&spline, nullptr}, {spline.getLast()->serial});
-        QFETCH(unsigned, kinds);
-        QFETCH(QPointF, place);
-        QFETCH(QPointF, snapped);
+        QFETCH(const unsigned, kinds);
+        QFETCH(const Gesture::Place, place);
+        QFETCH(const Snap::Result, expected);
         snap.kinds = kinds;
-        const Snap::Result result = snap.snapped({place.x(), place.y()}, {0.0, 100.0, 0.0, 50.0, 1000, 500});
-        QCOMPARE(result.place.time, snapped.x());
-        QCOMPARE(result.place.value, snapped.y());
-        QTEST(result.timeKinds, "timeKinds");
-        QTEST(result.valueKinds, "valueKinds");
+        const Snap::Result result = snap.snapped(place, {0.0, 100.0, 0.0, 50.0, 1000, 500});
+        QCOMPARE(result.place.time, expected.place.time);
+        QCOMPARE(result.place.value, expected.place.value);
+        QCOMPARE(result.timeKinds, expected.timeKinds);
+        QCOMPARE(result.valueKinds, expected.valueKinds);
     }
 
     void withoutFramesOrCanvasNothingMoves()

@@ -58,11 +58,6 @@ private Q_SLOTS:
         QTest::addColumn<double>("tolerance");
         QTest::addColumn<int>("mostPoints");
 
-        const auto multiplied = [](Numbers numbers, double factor) {
-            for (double& number : numbers)
-                number *= factor;
-            return numbers;
-        };
         const Numbers wave = sampled([](double t) { return std::sin(t / 50.0); }, 1000);
         const Numbers bells = sampled(
             [](double t) { return 1.217 * bell(t, 77.0, 11.8, 36.0) + 0.681 * bell(t, 99.0, 26.0, 13.8); },
@@ -80,8 +75,9 @@ private Q_SLOTS:
         row("line", wholeTimes(500), line, 1e-12, 2);
         row("standing still", wholeTimes(500), Numbers(500, 0.1), 0.0, 2);
         row("wave", wholeTimes(1000), wave, 0.001, 23);
-        row("short times", multiplied(wholeTimes(1000), 1e-200), wave, 0.001, 23);
-        row("huge values", wholeTimes(1000), multiplied(wave, huge), 1.0, 1000);
+        row("short times", sampled([](double t) { return 1e-200 * t; }, 1000), wave, 0.001, 23);
+        row("huge values", wholeTimes(1000),
+            sampled([](double t) { return huge * std::sin(t / 50.0); }, 1000), 1.0, 1000);
         row("bells", wholeTimes(471), bells, 0.00178, 14);
         row("any distance", wholeTimes(1000), wave, infinity, 2);
         row("each value", wholeTimes(1000), wave, 0.0, 1000);

@@ -243,12 +243,9 @@ private Q_SLOTS:
             FunctionFloatBase* delayed = nullptr;
             double evaluate() override
             {
-                FunctionParserBase::keyStruct& t = *FunctionParserBase::instance()->getKey("t");
-                const double now = t.getValue();
-                t.setValue(now - 1.0);
-                const double value = delayed->evaluate();
-                t.setValue(now);
-                return value;
+                EvaluationTime earlier;
+                earlier.set(FunctionParserBase::instance()->getKey("t")->getValue() - 1.0, 25.0);
+                return delayed->evaluate();
             }
             void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
                                std::size_t count) override

@@ -168,13 +168,6 @@ double valueNodeByNode(const FunctionFloatBase& node)
     return results.at(operation->getCode());
 }
 
-double referenceAt(const FunctionFloatBase& expression, double time)
-{
-    EvaluationTime now;
-    now.set(time, 25.0);
-    return valueNodeByNode(expression);
-}
-
 } // namespace
 
 class tst_FunctionParser : public QObject
@@ -305,10 +298,13 @@ private Q_SLOTS:
             const std::string written = first.tree->getString();
             const Parsed second = parse(written);
             QVERIFY2(second.tree && second.tree->getString() == written, text.c_str());
-            for (const double time : {-1.5, 0.0, 0.7, infinity, notANumber})
-                QVERIFY2(isSame(valueAt(*first.tree, time), valueAt(*second.tree, time)) &&
-                             isSame(valueAt(*first.tree, time), referenceAt(*first.tree, time)),
-                         text.c_str());
+            for (const double time : {-1.5, 0.0, 0.7, infinity, notANumber}) {
+                EvaluationTime now;
+                now.set(time, 25.0);
+                const double value = first.tree->evaluate();
+                QVERIFY2(isSame(value, second.tree->evaluate()), text.c_str());
+                QVERIFY2(isSame(value, valueNodeByNode(*first.tree)), text.c_str());
+            }
             for (const std::string& shorter : withoutOneGroup(written))
                 QVERIFY2(!parse(shorter).tree || parse(shorter).tree->getString() != written,
                          written.c_str());
@@ -436,7 +432,7 @@ private Q_SLOTS:
             parsed.tree->evaluateBlock(times.data(), 24.0, values.data(), count);
             for (std::size_t i = 0; i < count; ++i) {
                 const double single = valueAt(*parsed.tree, times[i], 24.0);
-                QVERIFY2(isSame(values[i], single) || distance(values[i], single) <= expected.toDouble(),
+                QVERIFY2(distance(values[i], single) <= expected.toDouble(),
                          qPrintable(QString::number(times[i], 'g', 17)));
                 double alone = times[i];
                 parsed.tree->evaluateBlock(&alone, 24.0, &alone, 1);

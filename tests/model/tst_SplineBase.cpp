@@ -159,8 +159,8 @@ private Q_SLOTS:
             spline.modify(1)->type = type;
             double values[] = {-1e308, -5e307, 0.0, 1.0, 9e307};
             spline.evaluate(values, values, std::size(values));
-            QVERIFY(std::all_of(std::begin(values), std::end(values),
-                                [](double value) { return std::isfinite(value); }));
+            for (const double value : values)
+                QVERIFY(std::isfinite(value));
         }
     }
 

@@ -57,25 +57,23 @@ void report(const std::string& text)
     call(SYS_close, file);
 }
 
-bool losesPower()
+/// False if the fault is another one.
+bool losePower()
 {
-    return state().how == "drop" || state().how == "undo";
-}
-
-void losePower()
-{
+    if (state().how != "drop" && state().how != "undo")
+        return false;
     if (state().how == "undo" && !state().renamed.empty())
         call(SYS_renameat2, AT_FDCWD, state().old.c_str(), AT_FDCWD, state().renamed.c_str(), 0);
     for (const std::string& path : state().unsynced)
         call(SYS_truncate, path.c_str(), 0);
+    return true;
 }
 
 [[gnu::destructor]] void end()
 {
     if (state().hasFailed || state().start == Clock::time_point())
         return;
-    if (losesPower())
-        losePower();
+    losePower();
     report(std::to_string((state().last - state().start) / std::chrono::microseconds(1)));
 }
 
@@ -88,7 +86,7 @@ std::string pathOf(int file)
 
 bool concerns(const std::string& path)
 {
-    return !state().folder.empty() && path.compare(0, state().folder.size(), state().folder) == 0;
+    return !state().folder.empty() && path.starts_with(state().folder);
 }
 
 void startAlarm()
@@ -111,10 +109,8 @@ bool fails(const char* name, const std::string& path)
         return false;
     state().hasFailed = true;
     report(name);
-    if (losesPower()) {
-        losePower();
+    if (losePower())
         kill(getpid(), SIGKILL);
-    }
     errno = std::atoi(state().how.c_str());
     return true;
 }
@@ -157,7 +153,7 @@ int fsync(int file)
     const std::string path = pathOf(file);
     const int result = run("fsync", path, SYS_fsync, file);
     state().unsynced.erase(path);
-    if (state().renamed.compare(0, path.size() + 1, path + '/') == 0)
+    if (state().renamed.starts_with(path + '/'))
         state().renamed.clear();
     return result;
 }
