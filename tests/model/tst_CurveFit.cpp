@@ -65,14 +65,13 @@ private Q_SLOTS:
         const Numbers triangle = sampled([](double t) { return std::abs(std::remainder(t, 200.0)); }, 1001);
         const Numbers square =
             sampled([](double t) { return std::fmod(t, 200.0) < 100.0 ? 1.0 : 0.0; }, 1000);
-        const Numbers line = sampled([](double t) { return 3.0 - 0.1 * t; }, 500);
         const auto row = [](const char* name, const Numbers& times, const Numbers& values, double tolerance,
                             int most) {
             QTest::newRow(name) << times << values << tolerance << most;
         };
         row("one sample", {4.0}, {5.0}, 0.0, 1);
         row("two samples", {4.0, 6.0}, {5.0, -5.0}, 0.0, 2);
-        row("line", wholeTimes(500), line, 1e-12, 2);
+        row("line", wholeTimes(500), sampled([](double t) { return 3.0 - 0.1 * t; }, 500), 1e-12, 2);
         row("standing still", wholeTimes(500), Numbers(500, 0.1), 0.0, 2);
         row("wave", wholeTimes(1000), wave, 0.001, 23);
         row("short times", sampled([](double t) { return 1e-200 * t; }, 1000), wave, 0.001, 23);
@@ -141,10 +140,8 @@ private Q_SLOTS:
         const auto& points = result.spline.points;
         const auto [least, greatest] = std::minmax_element(values.begin(), values.end());
         for (const auto turn : {least, greatest}) {
-            const auto point =
-                std::find_if(points.begin(), points.end(), [&](const SplineBase::PointInfo& each) {
-                    return each.time == double(turn - values.begin());
-                });
+            const double time = double(turn - values.begin());
+            const auto point = std::ranges::find(points, time, &SplineBase::PointInfo::time);
             QVERIFY(point != points.end());
             QVERIFY(point->pos == *turn && point->tanLeft == 0.0);
         }
