@@ -98,7 +98,7 @@ private Q_SLOTS:
             for (const auto& [time, value] :
                  {std::pair(0.0, 0.0), {1.0, 1.0}, {3.0, 5.0}, {5.0, 33.0}, {6.0, 8.0}})
                 state.points.push_back({.time = time, .pos = value, .tanLeft = 6.0, .tanRight = 2.0});
-            state.points[2].type = state.points[3].type = SplineBase::Bezier;
+            state.points[0].type = state.points[2].type = state.points[3].type = SplineBase::Bezier;
             spline.assign(state);
             std::vector<PointSerial> all = {0};
             for (const auto* point : spline.getControlPoints())
