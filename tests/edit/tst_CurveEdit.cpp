@@ -29,7 +29,7 @@ struct Fixture
             const QStringList phases = {"preview", "commit"}, causes = {"edit", "undo", "redo", "cancel"};
             reports << phases[int(report.phase)] + ' ' + causes[int(report.cause)] + ' ' + report.curve->name;
             if (whenReported)
-                std::exchange(whenReported, {})();
+                std::exchange(whenReported, {})(*this);
         });
     }
     ~Fixture() { delete expression; }
@@ -56,7 +56,7 @@ struct Fixture
     CurveEdit door;
     std::shared_ptr<EditedCurve> curve = door.history().curve("a.x", &spline, &expression);
     QStringList reports;
-    std::function<void()> whenReported;
+    std::function<void(Fixture&)> whenReported;
 };
 
 } // namespace
@@ -207,9 +207,7 @@ private Q_SLOTS:
                 f.move(1, 7.0);
                 f.begin("drag");
                 isTyping ? f.type(9.0) : f.set(1, 9.0);
-                f.whenReported = [&] {
-                    reply(f);
-                };
+                f.whenReported = reply;
                 f.stack().undo();
                 QVERIFY(!f.door.isOpen() && f.stack().index() <= f.stack().count());
             }
@@ -269,7 +267,7 @@ private Q_SLOTS:
             shared->undo();
             QCOMPARE(second.spline[1]->pos, 1.0);
             shared->redo();
-            f.whenReported = [&] {
+            f.whenReported = [&](Fixture&) {
                 shared.reset();
             };
             f.move(1, 3.0);

@@ -37,8 +37,8 @@ class tst_Selection : public QObject
 {
     Q_OBJECT
 
-    using Insertion =
-        std::tuple<int, int, double, bool>; // type of points and behind the last, time, keeps all
+    /// Type of the points, type behind the last, time, and whether the whole curve keeps its shape.
+    using Insertion = std::tuple<int, int, double, bool>;
 
 private Q_SLOTS:
     void toggledPointsAreListedInTheOrderOfTime()

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <bit>
+#include <cmath>
 #include <functional>
 #include <random>
 
@@ -198,11 +199,12 @@ private Q_SLOTS:
     void everyBitOfTheDefaultValueCounts()
     {
         SplineBase spline;
-        spline.setDefaultValue(NAN);
         CurveState state{spline.state(), {}, {}};
-        spline.setDefaultValue(-NAN);
-        const CurveDiff diff = CurveDiff::between(state, spline, {}, {});
-        QVERIFY(!diff.isEmpty() && diff.apply(state) && state.spline == spline.state());
+        for (const double value : {-0.0, std::nan(""), -std::nan("")}) {
+            spline.setDefaultValue(value);
+            const CurveDiff diff = CurveDiff::between(state, spline, {}, {});
+            QVERIFY(!diff.isEmpty() && diff.apply(state) && state.spline == spline.state());
+        }
     }
 };
 

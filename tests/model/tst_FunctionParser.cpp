@@ -27,18 +27,14 @@ constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 using Key = FunctionParserBase::keyStruct;
 
+FunctionParserBase* const parser = FunctionParserBase::instance();
+
 struct Parsed
 {
-    std::unique_ptr<FunctionFloatBase> tree;
+    explicit Parsed(const std::string& text) : tree(parser->parseString(text, message)) {}
     ParseMessage message;
+    std::unique_ptr<FunctionFloatBase> tree;
 };
-
-Parsed parse(const std::string& text)
-{
-    Parsed parsed;
-    parsed.tree.reset(FunctionParserBase::instance()->parseString(text, parsed.message));
-    return parsed;
-}
 
 double valueAt(FunctionFloatBase& expression, double time, double framesPerTimeUnit = 25.0)
 {
@@ -49,7 +45,7 @@ double valueAt(FunctionFloatBase& expression, double time, double framesPerTimeU
 
 double valueAt(const std::string& text, double time)
 {
-    const Parsed parsed = parse(text);
+    const Parsed parsed(text);
     return parsed.tree ? valueAt(*parsed.tree, time) : notANumber;
 }
 
@@ -107,7 +103,7 @@ public:
     {
         for (const std::string& name : names)
             add(name, 1.0 + double(values_.size()));
-        FunctionParserBase::instance()->setVarMapper(this);
+        parser->setVarMapper(this);
     }
 
     void add(const std::string& name, double value, std::int32_t type = 3)
@@ -204,7 +200,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, text);
         QFETCH(QString, expected);
-        const Parsed parsed = parse(text.toStdString());
+        const Parsed parsed(text.toStdString());
         QVERIFY(parsed.tree);
         QVERIFY(parsed.message.errors.empty());
         QVERIFY(distance(valueAt(*parsed.tree, 2.0), expected.toDouble()) <= 1.0);
@@ -230,7 +226,7 @@ private Q_SLOTS:
     void badTextHasSpan()
     {
         QFETCH(QString, text);
-        const Parsed parsed = parse(text.toStdString());
+        const Parsed parsed(text.toStdString());
         QVERIFY(!parsed.tree);
         QVERIFY(!parsed.message.errors.empty());
         const auto& [offset, length] = parsed.message.errors.front();
@@ -252,7 +248,7 @@ private Q_SLOTS:
     void getStringIsShortAndReadsBack()
     {
         QFETCH(QString, text);
-        const Parsed parsed = parse(text.toStdString());
+        const Parsed parsed(text.toStdString());
         QVERIFY(parsed.tree);
         const std::string written = parsed.tree->getString();
         QTEST(QString::fromStdString(written), "expected");
@@ -277,14 +273,14 @@ private Q_SLOTS:
 
     void lateAndManyNamesAreGuarded()
     {
-        const Parsed pi = parse("pi");
+        const Parsed pi("pi");
         const TestMapper late({"pi"});
         QCOMPARE(valueAt(pi.tree->getString(), 1.0), pi.tree->evaluate());
 
         // Here each guard makes one necessary before it.
         const TestMapper chain({"g.a", "g.a-2", "g.a+(g.a"});
-        const Parsed parsed = parse(QByteArray("g.a+").repeated(20000).toStdString() + "g.a - 2");
-        QVERIFY(parse(parsed.tree->getString()).tree);
+        const Parsed parsed(QByteArray("g.a+").repeated(20000).toStdString() + "g.a - 2");
+        QVERIFY(Parsed(parsed.tree->getString()).tree);
     }
 
     void randomTextReadsBack()
@@ -292,10 +288,10 @@ private Q_SLOTS:
         std::mt19937 random(20240607);
         for (int i = 0; i < 2000; ++i) {
             const std::string text = randomText(random, 5);
-            const Parsed first = parse(text);
+            const Parsed first(text);
             QVERIFY2(first.tree, text.c_str());
             const std::string written = first.tree->getString();
-            const Parsed second = parse(written);
+            const Parsed second(written);
             QVERIFY2(second.tree && second.tree->getString() == written, text.c_str());
             for (const double time : {-1.5, 0.0, 0.7, infinity, notANumber}) {
                 EvaluationTime now;
@@ -305,7 +301,7 @@ private Q_SLOTS:
                 QVERIFY2(isSame(value, valueNodeByNode(*first.tree)), text.c_str());
             }
             for (const std::string& shorter : withoutOneGroup(written))
-                QVERIFY2(!parse(shorter).tree || parse(shorter).tree->getString() != written,
+                QVERIFY2(!Parsed(shorter).tree || Parsed(shorter).tree->getString() != written,
                          written.c_str());
         }
     }
@@ -325,7 +321,7 @@ private Q_SLOTS:
         QFETCH(QString, text);
         const TestMapper mapper({"cam-1.x (left)", "Cam", "cam-1.x", "5.2", "520.x", "cos", "e",
                                  "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x", "=b", "==c", "min", "pi", "-cam"});
-        const Parsed parsed = parse(text.toStdString());
+        const Parsed parsed(text.toStdString());
         QFETCH(QString, expected);
         QVERIFY(isSame(parsed.tree ? valueAt(*parsed.tree, 3.0) : notANumber, expected.toDouble()));
         QCOMPARE(QString::fromStdString(parsed.message.text), parsed.tree ? text.toLower() : text);
@@ -353,7 +349,6 @@ private Q_SLOTS:
 
     void keysAreFoundByName()
     {
-        FunctionParserBase* const parser = FunctionParserBase::instance();
         TestMapper mapper({"a.x"});
         Key* const key = parser->getKey("A.x");
         QVERIFY(key && key->name == "a.x" && !parser->getKey("b.y"));
@@ -366,22 +361,22 @@ private Q_SLOTS:
     void allVarsAreListedOnce()
     {
         const TestMapper mapper({"b.y", "a.x"});
-        const Parsed parsed = parse("B.y*if(f>1,a.x,t)+b.y-t");
+        const Parsed parsed("B.y*if(f>1,a.x,t)+b.y-t");
         std::vector<std::string> names;
-        for (const Key* key : FunctionParserBase::instance()->getAllVars(parsed.tree.get()))
+        for (const Key* key : parser->getAllVars(parsed.tree.get()))
             names.push_back(key->name);
         QCOMPARE(names, (std::vector<std::string>{"b.y", "f", "a.x", "t"}));
-        QVERIFY(FunctionParserBase::instance()->getAllVars(nullptr).empty());
+        QVERIFY(parser->getAllVars(nullptr).empty());
     }
 
     void variablesMayGoWhileTheyAreRead()
     {
         auto mapper = std::make_unique<TestMapper>(std::vector<std::string>{"a.x", "b.y"});
-        const Parsed sum = parse("10a.x+b.y");
+        const Parsed sum("10a.x+b.y");
         QCOMPARE(sum.tree->evaluate(), 12.0);
         mapper->remove("a.x");
         QCOMPARE(sum.tree->evaluate(), 2.0);
-        QVERIFY(!parse("a.x").tree);
+        QVERIFY(!Parsed("a.x").tree);
         {
             const TestMapper other({"b.y", "a.x"});
             QCOMPARE(sum.tree->evaluate(), 21.0);
@@ -390,7 +385,6 @@ private Q_SLOTS:
         }
         QCOMPARE(sum.tree->evaluate(), 0.0);
         QCOMPARE(sum.tree->getString(), std::string("10*a.x+b.y"));
-        FunctionParserBase* const parser = FunctionParserBase::instance();
         QVERIFY(!parser->getVarMapper() && !parser->getKey("a.x"));
     }
 
@@ -420,7 +414,7 @@ private Q_SLOTS:
             times.push_back(double(i) * 0.37 - 50.0);
         QFETCH(QString, text);
         QFETCH(QString, expected);
-        const Parsed parsed = parse(text.toStdString());
+        const Parsed parsed(text.toStdString());
         for (const std::size_t count : {std::size_t(0), std::size_t(1), std::size_t(257), times.size()}) {
             std::vector<double> values(count + 1, 12345.0);
             parsed.tree->evaluateBlock(times.data(), 24.0, values.data(), count);
@@ -438,15 +432,12 @@ private Q_SLOTS:
 
     void blockKeepsTimeAndFrame()
     {
-        Key& t = *FunctionParserBase::instance()->getKey("t");
-        Key& f = *FunctionParserBase::instance()->getKey("f");
+        Key& t = *parser->getKey("t");
+        Key& f = *parser->getKey("f");
         struct Twice : FunctionFloatBase
         {
             Twice() { text = "twice"; }
-            double evaluate() override
-            {
-                return 2.0 * FunctionParserBase::instance()->getKey("t")->getValue();
-            }
+            double evaluate() override { return 2.0 * parser->getKey("t")->getValue(); }
         };
         t.setValue(3.0);
         f.setValue(4.0);
@@ -456,11 +447,11 @@ private Q_SLOTS:
         twice.evaluateBlock(values, 25.0, values, 2);
         QVERIFY(values[0] == 3.0 && values[1] == 8.0);
         const TestMapper mapper({"a.x"});
-        parse("t+f*a.x").tree->evaluateBlock(times, 10.0, values, 2);
+        Parsed("t+f*a.x").tree->evaluateBlock(times, 10.0, values, 2);
         QCOMPARE(values[1], 22.0);
         QVERIFY(t.getValue() == 3.0 && f.getValue() == 4.0);
         QVERIFY(twice.getString() == "twice" && !twice.isUnary() && !twice.getBinaryRef());
-        QVERIFY(FunctionParserBase::instance()->getAllVars(&twice).empty());
+        QVERIFY(parser->getAllVars(&twice).empty());
     }
 
     void sizeIsNoDanger_data()
@@ -480,8 +471,7 @@ private Q_SLOTS:
         QFETCH(QString, expected);
         const QStringList parts = text.remove(' ').split('|');
         const int count = parts[3].toInt();
-        const Parsed parsed =
-            parse((parts[0].repeated(count) + parts[1] + parts[2].repeated(count)).toStdString());
+        const Parsed parsed((parts[0].repeated(count) + parts[1] + parts[2].repeated(count)).toStdString());
         const int code = expected.section(' ', 0, 0).toInt();
         QCOMPARE(parsed.message.code, code);
         QCOMPARE(!parsed.tree, code != 0);
@@ -493,14 +483,14 @@ private Q_SLOTS:
         QCOMPARE(value, sum);
         QCOMPARE(valueAt(*parsed.tree, 1.0), sum);
         QCOMPARE(valueAt(parsed.tree->getString(), 1.0), sum);
-        QVERIFY(FunctionParserBase::instance()->getAllVars(parsed.tree.get()).size() <= 1);
+        QVERIFY(parser->getAllVars(parsed.tree.get()).size() <= 1);
     }
 
     void tooLongTextIsAnError()
     {
         const std::string longest(FunctionParserBase::maximumLength - 1, ' ');
-        QVERIFY(parse(longest + "t").tree);
-        const Parsed parsed = parse(longest + "t+2");
+        QVERIFY(Parsed(longest + "t").tree);
+        const Parsed parsed(longest + "t+2");
         QVERIFY(!parsed.tree);
         QCOMPARE(parsed.message.code, int(ParseMessage::OtherError));
         QCOMPARE(parsed.message.errors.front(),
@@ -508,9 +498,9 @@ private Q_SLOTS:
 
         // As written, a sign stands between two groups, and one byte is too much with the last of these.
         const QByteArray groups = QByteArray("(t+1)").repeated(174763);
-        const Parsed longestProduct = parse(groups.chopped(5).toStdString());
-        QVERIFY(longestProduct.tree && parse(longestProduct.tree->getString()).tree);
-        const Parsed product = parse(groups.toStdString());
+        const Parsed longestProduct(groups.chopped(5).toStdString());
+        QVERIFY(longestProduct.tree && Parsed(longestProduct.tree->getString()).tree);
+        const Parsed product(groups.toStdString());
         QVERIFY(!product.tree);
         QCOMPARE(product.message.errors.front(),
                  std::pair(std::uint32_t(groups.size() - 1), std::uint32_t(1)));
@@ -519,10 +509,10 @@ private Q_SLOTS:
     void localeDoesNotMatter()
     {
         const CommaLocale commas;
-        const Parsed parsed = parse("1234.5+1e-3+.25");
+        const Parsed parsed("1234.5+1e-3+.25");
         QVERIFY(parsed.tree && parsed.tree->evaluate() == 1234.5 + 1e-3 + 0.25);
         QCOMPARE(parsed.tree->getString(), std::string("1234.5+1e-3+.25"));
-        QVERIFY(!parse("1,5").tree);
+        QVERIFY(!Parsed("1,5").tree);
     }
 };
 
