@@ -43,7 +43,7 @@ struct Fixture
         door.commit();
     }
     /// Opens an edit of the point at index 1.
-    void begin(const char* name) { door.begin(name, {{curve, {serial(1)}}}); }
+    CurveEdit::Id begin(const char* name) { return door.begin(name, {{curve, {serial(1)}}}); }
     void type(double value)
     {
         set(1, value);
@@ -160,14 +160,14 @@ private Q_SLOTS:
     {
         Fixture f;
         const CurveState before = f.curve->state();
-        f.begin("type");
+        const CurveEdit::Id id = f.begin("type");
         for (const double value : {5.0, 55.0, 1.0, 6.0}) {
             f.type(value);
             QCOMPARE(f.stack().count(), value == 1.0 ? 0 : 1);
         }
         QCOMPARE(f.reports, QStringList(4, "preview edit a.x"));
         f.stack().undo();
-        QVERIFY(f.curve->state() == before && !f.door.isOpen());
+        QVERIFY(f.curve->state() == before && !f.door.isOpen(id));
         f.stack().redo();
         QCOMPARE(f.spline[1]->pos, 6.0);
         f.begin("type");

@@ -215,7 +215,6 @@ private Q_SLOTS:
         ramp.spline.addPoint(10.0, 100.0);
         ramp.spline.addPoint(13.0, -20.0);
         host.add("g.middle", "g.ramp*f-cos(t)");
-        const HostCurve& reader = host.add("g.reader", "if(g.middle>t,g.ramp,g.middle/3)");
         std::vector<double> times(300);
         for (std::size_t i = 0; i < times.size(); ++i)
             times[i] = double(i) * 0.1 - 5.0;
@@ -227,6 +226,7 @@ private Q_SLOTS:
                 t.type = 2;
                 t.value = &hostsTime;
             }
+            const HostCurve reader("if(g.middle>t,g.ramp,g.middle/3)");
             std::vector<double> values(times.size());
             reader.holder->evaluateBlock(times.data(), 25.0, values.data(), times.size());
             QCOMPARE(hostsTime, 7.0f);
