@@ -9,10 +9,31 @@
 #include <curveeditor/model/FunctionParserBase.h>
 
 #include <QApplication>
+#include <QBitmap>
 #include <QMenu>
 #include <QPainter>
 #include <QTest>
 #include <QTimer>
+
+#include <functional>
+
+/// What `draw` paints on the background, at that many device pixels for each logical one.
+inline QImage drawn(const QSize& size, const std::function<void(QPainter&)>& draw,
+                    const QColor& background = Qt::black, double ratio = 1.0)
+{
+    QImage image(size * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(background);
+    QPainter painter(&image);
+    draw(painter);
+    return image;
+}
+
+/// Where the colour is; with `Qt::MaskInColor` where others are.
+inline QRegion placesOf(const QColor& color, const QImage& image, Qt::MaskMode mode = Qt::MaskOutColor)
+{
+    return QRegion(QBitmap::fromImage(image.createMaskFromColor(color.rgb(), mode)));
+}
 
 /// A host's curve with points at (5, 0), (10, 0) and (15, 0).
 struct HostCurve

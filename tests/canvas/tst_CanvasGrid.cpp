@@ -1,12 +1,34 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/canvas/CanvasGrid.h>
-#include <curveeditor/canvas/CurveEditorTheme.h>
-#include <curveeditor/canvas/ViewPort.h>
+#include "CanvasScene.h"
 
-#include <QPainter>
-#include <QRegion>
-#include <QTest>
-#include <QWidget>
+#include <curveeditor/canvas/CanvasGrid.h>
+
+#include <optional>
+
+namespace {
+
+/// A grid on a canvas of that many pixels.
+struct GridScene
+{
+    GridScene(const QSize& size, double timeMin, double timeMax)
+    {
+        canvas.resize(size);
+        view.setSize(size.width(), size.height());
+        setTimes(timeMin, timeMax);
+    }
+    void setTimes(double low, double high)
+    {
+        view.timeMin = low;
+        view.timeMax = high;
+        grid.layout(&view);
+    }
+
+    QWidget canvas;
+    ViewPort view{0, 0};
+    CanvasGrid grid{&canvas};
+};
+
+} // namespace
 
 class tst_CanvasGrid : public QObject
 {
@@ -16,15 +38,10 @@ private Q_SLOTS:
     void linesFollowFromTheRange()
     {
         const auto firstCountZero = [](double low, double high, double fps) {
-            QWidget canvas;
-            ViewPort view(0, 0);
-            view.setSize(100, 100);
-            view.setLimitTimeMin(low);
-            view.setLimitTimeMax(high);
-            view.setFps(fps);
-            CanvasGrid grid(&canvas);
-            grid.layout(&view);
-            return QList({grid.firstX, double(grid.countX), double(grid.zeroIndexX)});
+            GridScene s(QSize(100, 100), low, high);
+            s.view.setFps(fps);
+            s.grid.layout(&s.view);
+            return QList({s.grid.firstX, double(s.grid.countX), double(s.grid.zeroIndexX)});
         };
         const QList nothing({0.0, 0.0, -1.0});
         QCOMPARE(firstCountZero(0.0, 1.0, 1.0), QList({0.0, 5.0, 0.0}));
@@ -37,27 +54,16 @@ private Q_SLOTS:
 
     void linesAreEquallyWideAtEveryRatio()
     {
-        QWidget canvas;
-        canvas.resize(503, 307);
-        ViewPort view(0, 0);
-        view.setSize(503, 307);
-        view.timeMax = 10.3;
-        CanvasGrid grid(&canvas);
-        grid.layout(&view);
-        grid.timeLineX = -1; // out of sight
+        GridScene s(QSize(503, 307), -1.0, 10.3);
+        s.grid.timeLineX = -1; // out of sight
+        const auto draw = [&s](QPainter& painter) {
+            s.grid.draw(&painter, CurveEditorTheme::described());
+        };
         for (const auto& [ratio, pixels] : {std::pair(1.0, 1), {1.5, 2}, {2.0, 2}, {3.0, 3}}) {
-            QImage image(canvas.size() * ratio, QImage::Format_RGB32);
-            image.setDevicePixelRatio(ratio);
-            image.fill(Qt::black);
-            QPainter painter(&image);
-            grid.draw(&painter, CurveEditorTheme::described());
-            QRegion columns;
-            for (int column = 20; column < image.width(); ++column) {
-                if (image.pixelColor(column, 3) == Qt::white)
-                    columns += QRect(column, 0, 1, 1);
-            }
-            QCOMPARE(columns.rectCount(), grid.countX);
-            for (const QRect& line : columns)
+            const QImage image = drawn(s.canvas.size(), draw, Qt::black, ratio);
+            const QRegion lines = placesOf(Qt::white, image) & QRect(20, 3, image.width(), 1);
+            QCOMPARE(lines.rectCount(), s.grid.countX);
+            for (const QRect& line : lines)
                 QCOMPARE(line.width(), pixels);
         }
     }
@@ -70,55 +76,35 @@ private Q_SLOTS:
              {&theme.gridLines, &theme.zeroLines, &theme.frameHLine, &theme.frameVLine, &theme.timeLine})
             *line = theme.labels; // unseen
         for (int width = 30; width < 400; width += 3) {
-            QWidget canvas;
-            canvas.resize(width, 60);
-            ViewPort view(0, 0);
-            view.setSize(width, 60);
-            view.timeMin = -1e7 / width;
-            view.timeMax = 1e7;
-            CanvasGrid grid(&canvas);
-            grid.layout(&view);
-            QImage image(canvas.size(), QImage::Format_RGB32);
-            image.fill(theme.labels);
-            QPainter painter(&image);
-            grid.draw(&painter, theme);
-            const auto widest = painter.fontMetrics().horizontalAdvance("7.5E+06") + 6;
-            int run = 0;
-            for (int column = 0; column < width; ++column) {
-                run = image.pixelColor(column, 57 - painter.fontMetrics().height()) == theme.labels ? 0
-                                                                                                    : run + 1;
-                QVERIFY(run <= widest);
-            }
-            run = 0;
-            for (int row = 0; row < 60; ++row) {
-                run = image.pixelColor(3, row) == theme.labels ? 0 : run + 1;
-                QVERIFY(run <= painter.fontMetrics().height());
-                QCOMPARE(image.pixelColor(width - 2, row), theme.labels);
-            }
-            for (int column = 0; column < width; ++column)
-                QVERIFY(image.pixelColor(column, 0) == theme.labels &&
-                        image.pixelColor(column, 59) == theme.labels);
+            GridScene s(QSize(width, 60), -1e7 / width, 1e7);
+            std::optional<QFontMetrics> font;
+            const auto draw = [&](QPainter& painter) {
+                s.grid.draw(&painter, theme);
+                font = painter.fontMetrics();
+            };
+            const QImage image = drawn(s.canvas.size(), draw, theme.labels);
+            const QRegion labels = placesOf(theme.labels, image, Qt::MaskInColor);
+            for (const QRect& label : labels& QRect(0, 57 - font->height(), width, 1))
+                QVERIFY(label.width() <= font->horizontalAdvance("7.5E+06") + 6);
+            for (const QRect& label : labels& QRect(3, 0, 1, 60))
+                QVERIFY(label.height() <= font->height());
+            QVERIFY(QRect(0, 1, width - 2, 58).contains(labels.boundingRect()));
         }
     }
 
     void drawsTimeLineAndLabelsThatClearTheEdge()
     {
-        QWidget canvas;
-        canvas.resize(1100, 600);
-        ViewPort view(0, 0);
-        view.setSize(1100, 600);
-        view.valueMin = -2.9;
-        CanvasGrid grid(&canvas);
         for (const int firstLine : {100, 8}) {
-            view.timeMin = -firstLine / 100.0;
-            view.timeMax = view.timeLine = 11.0 + view.timeMin;
-            grid.layout(&view);
-            QImage image(canvas.size(), QImage::Format_RGB32);
-            image.fill(Qt::gray);
-            QPainter painter(&image);
-            grid.draw(&painter, CurveEditorTheme::described());
-            QVERIFY(painter.backgroundMode() == Qt::OpaqueMode && painter.compositionMode() == 0);
-            QCOMPARE(image.pixelColor(grid.timeLineX - 1, 20), QColor(223, 255, 255));
+            GridScene s(QSize(1100, 600), 0.0, 1.0);
+            s.view.valueMin = -2.9;
+            s.view.timeLine = 11.0 - firstLine / 100.0;
+            s.setTimes(-firstLine / 100.0, s.view.timeLine);
+            const auto draw = [&s](QPainter& painter) {
+                s.grid.draw(&painter, CurveEditorTheme::described());
+                QVERIFY(painter.backgroundMode() == Qt::OpaqueMode && painter.compositionMode() == 0);
+            };
+            const QImage image = drawn(s.canvas.size(), draw, Qt::gray);
+            QCOMPARE(image.pixelColor(s.grid.timeLineX - 1, 20), QColor(223, 255, 255));
             const QImage label = image.copy(firstLine + 4, 585, 8, 10);
             QCOMPARE(label == image.copy(firstLine + 40, 585, 8, 10), firstLine == 8);
         }

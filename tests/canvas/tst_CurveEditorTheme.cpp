@@ -3,19 +3,6 @@
 
 #include <curveeditor/canvas/ColorContrast.h>
 
-namespace {
-
-QPalette paletteOf(const QColor& base, const QColor& text, const QColor& highlight)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Base, base);
-    palette.setColor(QPalette::Text, text);
-    palette.setColor(QPalette::Highlight, highlight);
-    return palette;
-}
-
-} // namespace
-
 class tst_CurveEditorTheme : public QObject
 {
     Q_OBJECT
@@ -42,18 +29,23 @@ private Q_SLOTS:
                                     {Qt::gray, Qt::darkGray, Qt::yellow},
                                     {QColor(118, 118, 118), QColor(118, 118, 118), Qt::red},
                                     {Qt::darkGreen, Qt::green, Qt::white}};
-        for (const auto& [base, text, highlight] : colors)
-            QTest::addRow("%s", qPrintable(base.name()))
-                << CurveEditorTheme::fromPalette(paletteOf(base, text, highlight));
+        for (const auto& [base, text, highlight] : colors) {
+            QPalette palette;
+            palette.setColor(QPalette::Base, base);
+            palette.setColor(QPalette::Text, text);
+            palette.setColor(QPalette::Highlight, highlight);
+            QTest::addRow("%s", qPrintable(base.name())) << CurveEditorTheme::fromPalette(palette);
+        }
     }
     void presetsStandOutOfTheCanvas()
     {
         QFETCH(const CurveEditorTheme, theme);
-        for (const QColor& text : {theme.labels, theme.hint})
-            QVERIFY(contrastOf(text, theme.canvas) >= 4.5);
-        QVERIFY(contrastOf(theme.fieldText, theme.field) >= 4.5);
-        QVERIFY(contrastOf(theme.formulaText, theme.formula) >= 4.5);
-        QVERIFY(contrastOf(theme.formulaWarning, theme.formula) >= 4.5);
+        for (const auto& [text, background] : {std::pair(theme.labels, theme.canvas),
+                                               {theme.hint, theme.canvas},
+                                               {theme.fieldText, theme.field},
+                                               {theme.formulaText, theme.formula},
+                                               {theme.formulaWarning, theme.formula}})
+            QVERIFY2(contrastOf(text, background) >= 4.5, qPrintable(text.name()));
         QList<QColor> parts{theme.controlPoint, theme.controlPointSelected,
                             theme.controller,   theme.controllerSelected,
                             theme.timeLine,     theme.mark};

@@ -97,7 +97,7 @@ private Q_SLOTS:
         }
     }
 
-    void whatExpressionsReadIsEvaluatedOnceForAll()
+    void whatExpressionsReadIsEvaluatedOnceForAllAndNotForAnEdit()
     {
         struct Counter : FunctionFloatBase
         {
@@ -108,13 +108,17 @@ private Q_SLOTS:
         CurveVariables variables;
         FunctionParserBase::instance()->setVarMapper(&variables);
         variables.add("g.n", nullptr, &holder);
-        HostCurve curves[2];
+        HostCurve curves[3];
         CanvasScene scene;
         scene.add(curves[0], "a.x",
                   QString("t-(").repeated(200) + "g.n" + QString(")").repeated(200)); // short blocks
         scene.add(curves[1], "a.y", "2*g.n");
+        scene.add(curves[2], "a.z")->control().selectOnly(curves[2].spline.modify(1u));
         counter.count = 0;
         scene.setTimes(0.0, 30.0);
+        scene.canvas.paint();
+        QCOMPARE(counter.count, 5000);
+        scene.canvas.panSelection(1.0, 1.0);
         scene.canvas.paint();
         QCOMPARE(counter.count, 5000);
     }
