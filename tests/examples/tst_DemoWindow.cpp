@@ -6,12 +6,11 @@
 #include "Transport.h"
 
 #include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/FunctionEditor.h>
 
 #include <QInputDialog>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTimer>
-#include <QToolButton>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -43,6 +42,7 @@ private Q_SLOTS:
         window_ = std::make_unique<DemoWindow>(*store_);
         window_->showBoth();
         list_ = window_->findChild<CurveList*>();
+        canvas_ = window_->getHost().getEditor().findChild<FunctionEditor*>();
     }
 
     void cleanup()
@@ -75,9 +75,8 @@ private Q_SLOTS:
         const QPoint place = list_->visualItemRect(row).center();
         QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, place);
-        EditorHost& host = window_->getHost();
-        QVERIFY(host.isOpen(*store_->find("Observer", "y")));
-        QCOMPARE(host.getRange().timeMin, 380.0);
+        QVERIFY(window_->getHost().isOpen(*store_->find("Observer", "y")));
+        QCOMPARE(canvas_->timeMin, 380.0);
         QCOMPARE(window_->findChild<Transport*>()->getTime(), 380.0);
     }
 
@@ -87,17 +86,12 @@ private Q_SLOTS:
         window_->findChild<Transport*>()->setTime(6.0);
         Curve* pan = store_->find("Camera", "pan");
         window_->getHost().open(*pan);
-        CurveEditor& editor = window_->getHost().getEditor();
-        auto* canvas = editor.findChild<QWidget*>("functionEdit");
-        const PlaneRange range = window_->getHost().getRange();
-        const auto place = [&](double time, double value) {
-            return QPoint(
-                int((time - range.timeMin) / (range.timeMax - range.timeMin) * canvas->width()),
-                int((range.valueMax - value) / (range.valueMax - range.valueMin) * canvas->height()));
+        const auto place = [this](double time, double value) {
+            return QPoint(canvas_->timeToPixel(time), canvas_->valueToPixel(value));
         };
-        QTest::mousePress(canvas, Qt::LeftButton, {}, place(6.0, pan->spline(6.0)));
-        QTest::mouseMove(canvas, place(6.0, 3.0));
-        QTest::mouseRelease(canvas, Qt::LeftButton, {}, place(6.0, 3.0));
+        QTest::mousePress(canvas_, Qt::LeftButton, {}, place(6.0, pan->spline(6.0)));
+        QTest::mouseMove(canvas_, place(6.0, 3.0));
+        QTest::mouseRelease(canvas_, Qt::LeftButton, {}, place(6.0, 3.0));
         const QString text = window_->findChild<QPlainTextEdit*>()->toPlainText();
         QVERIFY2(text.startsWith("Camera.pan = ") && text.endsWith(" at 6"), qPrintable(text));
         QCOMPARE(text.section(u' ', 2, 2).toDouble(), QString::number(pan->spline(6.0), 'g', 6).toDouble());
@@ -120,15 +114,7 @@ private Q_SLOTS:
     {
         list_->setCurrentItem(rowOf(list_, "Camera.pan"));
         window_->getHost().open(*store_->find("Camera", "pan"));
-        QTimer::singleShot(0, [] {
-            auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-            dialog->setTextValue("Schwenk ä.1");
-            dialog->accept();
-        });
-        for (QAction* action : list_->actions()) {
-            if (action->text().contains("Rename"))
-                action->trigger();
-        }
+        choose("Rename", [](QInputDialog& dialog) { dialog.setTextValue("Schwenk ä.1"); });
         QVERIFY(store_->find("Camera", "Schwenk ä.1"));
         QVERIFY(rowOf(list_, "Camera.Schwenk ä.1"));
         QVERIFY(window_->getHost().isOpen(*store_->find("Camera", "Schwenk ä.1")));
@@ -145,28 +131,34 @@ private Q_SLOTS:
             fill->spline.addPoint(0.1 * i, 0.0);
         }
         window_->getHost().open(*key);
-        auto* canvas = window_->getHost().getEditor().findChild<QWidget*>("functionEdit");
         list_->setCurrentItem(rowOf(list_, "Light.key intensity")->parent());
-        QTimer::singleShot(0, [] {
-            auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-            dialog->setDoubleValue(10.0);
-            dialog->accept();
-        });
-        for (QAction* action : list_->actions()) {
-            if (action->text().contains("Simplify"))
-                action->trigger();
-        }
+        choose("Simplify", [](QInputDialog& dialog) { dialog.setDoubleValue(10.0); });
         QVERIFY(key->spline.getControlPointsNumber() < 30);
         QVERIFY(fill->spline.getControlPointsNumber() > 100);
-        const QImage shown = canvas->grab().toImage();
+        const QImage shown = canvas_->grab().toImage();
         window_->getHost().getEditor().updateCurves();
-        QVERIFY(canvas->grab().toImage() == shown);
+        QVERIFY(canvas_->grab().toImage() == shown);
     }
 
 private:
+    /// Chooses that entry of the menu of the list, and accepts its dialog as `fill` leaves it.
+    template <typename Fill> void choose(const QString& entry, Fill fill)
+    {
+        QTimer::singleShot(0, qApp, [fill] {
+            auto& dialog = dynamic_cast<QInputDialog&>(*QApplication::activeModalWidget());
+            fill(dialog);
+            dialog.accept();
+        });
+        for (QAction* action : list_->actions()) {
+            if (action->text().contains(entry))
+                action->trigger();
+        }
+    }
+
     std::unique_ptr<CurveStore> store_;
     std::unique_ptr<DemoWindow> window_;
     CurveList* list_ = nullptr;
+    FunctionEditor* canvas_ = nullptr;
 };
 
 QTEST_MAIN(tst_DemoWindow)
