@@ -168,9 +168,7 @@ private Q_SLOTS:
             s.canvas.scaleSelection(std::nan(""), std::nan(""));
             s.canvas.panSelection(1.0, 2.0);
         });
-        row("node form", "5 10 15 r1", [](Scene& s) { s.canvas.currentNodeHasChanged(); });
         row("reset", "0/1.5 r1", [](Scene& s) { s.select({0, 1}).canvas.resetAllCurves(); });
-        row("expression", "5 10 15 r1", [](Scene& s) { s.canvas.parseExpression("t", s.message); });
         row("load", "5 10 15 r1", [](Scene& s) {
             std::stringstream file;
             s.canvas.saveCurve(file);

@@ -37,18 +37,13 @@ class tst_DemoWindow : public QObject
 private Q_SLOTS:
     void init()
     {
+        window_.reset();
         store_ = std::make_unique<CurveStore>();
         addSampleCurves(*store_);
         window_ = std::make_unique<DemoWindow>(*store_);
         window_->showBoth();
         list_ = window_->findChild<CurveList*>();
         canvas_ = window_->getHost().getEditor().findChild<FunctionEditor*>();
-    }
-
-    void cleanup()
-    {
-        window_.reset();
-        store_.reset();
     }
 
     void expressionsFollowTheCurvesThatTheyRead()

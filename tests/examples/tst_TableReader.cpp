@@ -46,8 +46,7 @@ private Q_SLOTS:
         row("sensor rows", "520,\t0.25,\t1,\t\n521,\t0.5,\t2,\t",
             "time: 520 521; Table/column2: 0.25 0.5; Table/column3: 1 2");
         row("sensor table",
-            "# file\n\nversion \t\t 1.0\ntype \t\t\t cye64\nnum_curves \t\t 1\nnum_lambdas \t "
-            "1\n\n5,\t2,\t\n",
+            "# a\n\nversion\t 1.0\ntype\t cye64\nnum_curves\t 1\nnum_lambdas\t 1\n\n5,\t2,\t\n",
             "time: 5; Table/column2: 2");
         row("comments and empty lines", "# a\n\n0 1\n  # b\n1 2", "time: 0 1; Table/column2: 1 2");
         row("times in any order", "2 20\n0 0\n1 10\n", "time: 0 1 2; Table/column2: 0 10 20");
@@ -61,10 +60,7 @@ private Q_SLOTS:
             "time: 0; Table/key light: 1; Table/b: 2");
         row("quotes", "\"t\" ,\"a, \"\"b\"\" c\" , d\n0, \"1\",2",
             "time: 0; Table/a, \"b\" c: 1; Table/d: 2");
-        row("byte order mark",
-            "\xEF\xBB\xBF"
-            "t,a\n0,1\n",
-            "time: 0; Table/a: 1");
+        row("byte order mark", "\xEF\xBB\xBFt,a\n0,1\n", "time: 0; Table/a: 1");
         row("extremes", "1e300 -1e-300\n", "time: 1e+300; Table/column2: -1e-300");
         row("empty file", "", "0: the table has no rows");
         row("names alone", "# x\nt a\n\n", "3: the table has no rows");

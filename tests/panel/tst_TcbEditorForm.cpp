@@ -11,17 +11,26 @@
 #include <QTest>
 
 #include <cmath>
-#include <memory>
+#include <optional>
 
 namespace {
 
-struct FakePage : NodePage
+/// A node page with its form, for a curve of the points (0, 0), (1, 10) and (2, 30).
+struct Scene : NodePage
 {
-    FakePage()
+    Scene()
     {
         nodeTypeCombo.addItems({"Tcb node", "Bezier node", "Linear node"});
         stack.addWidget(new QWidget);
         stack.addWidget(new QWidget);
+        spline.addPoint(1.0, 10.0);
+        spline.addPoint(2.0, 30.0);
+    }
+    SplineBase::PointInfo* select(unsigned index)
+    {
+        control->selectOnly(spline.modify(index));
+        form.updateForm(&*control, true);
+        return spline.modify(index);
     }
     NodePageWidgets nodePageWidgets() const override { return widgets; }
     void setPosInfo(const double& valueX, const double& valueY) override
@@ -42,6 +51,11 @@ struct FakePage : NodePage
     NodePageWidgets widgets{&prev,     &next,       &node,          &posX,     &posY,
                             &tension,  &continuity, &bias,          &incoming, &outgoing,
                             &easeFrom, &easeTo,     &nodeTypeCombo, &stack,    &preview};
+    SplineBase spline;
+    CurveEdit door;
+    std::optional<ControlSplineNode> control{std::in_place, door,
+                                             door.history().curve("a.x", &spline, nullptr)};
+    TcbEditorForm form{this};
 };
 
 } // namespace
@@ -50,81 +64,60 @@ class tst_TcbEditorForm : public QObject
 {
     Q_OBJECT
 
-    std::unique_ptr<SplineBase> spline;
-    std::unique_ptr<CurveEdit> door;
-    std::unique_ptr<ControlSplineNode> control;
-    std::unique_ptr<FakePage> page;
-    std::unique_ptr<TcbEditorForm> form;
-
-    SplineBase::PointInfo* select(unsigned index)
-    {
-        control->selectOnly(spline->modify(index));
-        form->updateForm(control.get(), true);
-        return spline->modify(index);
-    }
+    std::optional<Scene> s;
 
 private Q_SLOTS:
-    void init()
-    {
-        page = std::make_unique<FakePage>();
-        spline = std::make_unique<SplineBase>();
-        spline->addPoint(1.0, 10.0);
-        spline->addPoint(2.0, 30.0);
-        door = std::make_unique<CurveEdit>();
-        control =
-            std::make_unique<ControlSplineNode>(*door, door->history().curve("a.x", spline.get(), nullptr));
-        form = std::make_unique<TcbEditorForm>(page.get());
-    }
+    void init() { s.emplace(); }
 
     void opensForASinglePointOnly()
     {
-        control->selectOnly(spline->modify(1u));
-        form->updateForm(control.get(), false);
-        QCOMPARE(page->posY.text(), "10.000");
-        QVERIFY(!form->isActive() && !page->posX.isEnabled());
-        form->updateForm(control.get(), true);
-        QVERIFY(form->isActive() && page->posX.isEnabled() && page->next.isEnabled());
+        s->control->selectOnly(s->spline.modify(1u));
+        s->form.updateForm(&*s->control, false);
+        QCOMPARE(s->posY.text(), "10.000");
+        QVERIFY(!s->form.isActive() && !s->posX.isEnabled());
+        s->form.updateForm(&*s->control, true);
+        QVERIFY(s->form.isActive() && s->posX.isEnabled() && s->next.isEnabled());
         for (const char* selected : {"two points", "one listed point without a current one"}) {
-            control->toggleSelected(spline->modify(2u));
-            form->updateForm(control.get(), true);
-            QVERIFY2(!form->isActive() && !page->nodeTypeCombo.isEnabled(), selected);
+            s->control->toggleSelected(s->spline.modify(2u));
+            s->form.updateForm(&*s->control, true);
+            QVERIFY2(!s->form.isActive() && !s->nodeTypeCombo.isEnabled(), selected);
         }
-        QCOMPARE(page->posY.text(), "10.000");
+        QCOMPARE(s->posY.text(), "10.000");
     }
 
     void showsThePointOfEachType()
     {
         for (const auto& [type, entry] : {std::pair{2, 0}, {1, 1}, {0, 2}, {77, 2}}) {
-            *spline->modify(1u) = {1.0, 10.0, 1.5, 2.5, 12.0, 4.5, 5.5, 0.25, 0.75, type, 77};
-            select(1);
+            *s->spline.modify(1u) = {1.0, 10.0, 1.5, 2.5, 12.0, 4.5, 5.5, 0.25, 0.75, type, 77};
+            s->select(1);
             QString shown;
             for (const CustomEditLine* field :
-                 {&page->node, &page->posX, &page->posY, &page->incoming, &page->outgoing, &page->tension,
-                  &page->continuity, &page->bias, &page->easeTo, &page->easeFrom})
+                 {&s->node, &s->posX, &s->posY, &s->incoming, &s->outgoing, &s->tension, &s->continuity,
+                  &s->bias, &s->easeTo, &s->easeFrom})
                 shown += field->text() + ' ';
             QCOMPARE(shown, "1 1.000 10.000 1.500 2.500 12.000 4.500 5.500 0.250 0.750 ");
-            QCOMPARE(page->nodeTypeCombo.currentIndex(), entry);
-            QCOMPARE(page->stack.currentIndex(), entry == 1 ? 1 : 0);
+            QCOMPARE(s->nodeTypeCombo.currentIndex(), entry);
+            QCOMPARE(s->stack.currentIndex(), entry == 1 ? 1 : 0);
         }
     }
 
     void typedNumberReachesThePointAndIsReported()
     {
         using Point = SplineBase::PointInfo;
-        const Point* point = select(1);
-        QSignalSpy changed(form.get(), &TcbEditorForm::nodeTcbChanged);
-        for (const auto& [field, number, bound] : {std::tuple{&page->posY, &Point::pos, 11.0},
-                                                   {&page->tension, &Point::tension, 10.0},
-                                                   {&page->continuity, &Point::continuity, 10.0},
-                                                   {&page->bias, &Point::bias, 10.0},
-                                                   {&page->incoming, &Point::tanLeft, 11.0},
-                                                   {&page->outgoing, &Point::tanRight, 11.0},
-                                                   {&page->easeFrom, &Point::easeFrom, 1.0},
-                                                   {&page->easeTo, &Point::easeTo, 1.0}}) {
+        const Point* point = s->select(1);
+        QSignalSpy changed(&s->form, &TcbEditorForm::nodeTcbChanged);
+        for (const auto& [field, number, bound] : {std::tuple{&s->posY, &Point::pos, 11.0},
+                                                   {&s->tension, &Point::tension, 10.0},
+                                                   {&s->continuity, &Point::continuity, 10.0},
+                                                   {&s->bias, &Point::bias, 10.0},
+                                                   {&s->incoming, &Point::tanLeft, 11.0},
+                                                   {&s->outgoing, &Point::tanRight, 11.0},
+                                                   {&s->easeFrom, &Point::easeFrom, 1.0},
+                                                   {&s->easeTo, &Point::easeTo, 1.0}}) {
             field->clear();
             QTest::keyClicks(field, "11");
             QCOMPARE(point->*number, bound);
-            form->valueChanged(std::nan(""), field);
+            s->form.valueChanged(std::nan(""), field);
             QCOMPARE(point->*number, bound);
         }
         QCOMPARE(changed.count(), 16);
@@ -132,82 +125,82 @@ private Q_SLOTS:
 
     void typedTimeIsInTheUnitOnShow()
     {
-        const SplineBase::PointInfo* point = select(1);
-        form->setTimeBounds(20.0, -1.0);
+        const SplineBase::PointInfo* point = s->select(1);
+        s->form.setTimeBounds(20.0, -1.0);
         for (const auto& [frames, fps, time, index] : {std::tuple{false, 10.0, 5.0, "2"},
                                                        {true, 10.0, 0.5, "1"},
                                                        {true, -2.0, -2.5, "0"},
                                                        {true, 0.0, -2.5, "0"}}) {
-            page->frames = frames;
-            page->fps = fps;
-            page->posX.clear();
-            QTest::keyClicks(&page->posX, "5");
+            s->frames = frames;
+            s->fps = fps;
+            s->posX.clear();
+            QTest::keyClicks(&s->posX, "5");
             QCOMPARE(point->time, time);
-            QCOMPARE(page->node.text(), index);
+            QCOMPARE(s->node.text(), index);
         }
     }
 
     void buttonsWrapAtTheEnds()
     {
-        QSignalSpy changed(form.get(), &TcbEditorForm::nodeTcbChanged);
-        select(1);
+        QSignalSpy changed(&s->form, &TcbEditorForm::nodeTcbChanged);
+        s->select(1);
         for (const auto& [button, shown] :
-             {std::pair{&page->next, "2"}, {&page->next, "0"}, {&page->prev, "2"}, {&page->prev, "1"}}) {
+             {std::pair{&s->next, "2"}, {&s->next, "0"}, {&s->prev, "2"}, {&s->prev, "1"}}) {
             QTest::mouseClick(button, Qt::LeftButton);
-            QCOMPARE(page->node.text(), shown);
+            QCOMPARE(s->node.text(), shown);
         }
-        QCOMPARE(control->getCurrent(), (*spline)[1]);
+        QCOMPARE(s->control->getCurrent(), s->spline[1]);
         QCOMPARE(changed.count(), 4);
     }
 
     void comboConvertsThePoint()
     {
-        const SplineBase::PointInfo* point = select(1);
+        const SplineBase::PointInfo* point = s->select(1);
         double length = 0.0;
-        const double slope = spline->getTangentLeftAtNode(1, length);
+        const double slope = s->spline.getTangentLeftAtNode(1, length);
         for (const auto& [key, type] : {std::pair{Qt::Key_Down, 1}, {Qt::Key_Down, 0}, {Qt::Key_Home, 2}}) {
-            QTest::keyClick(&page->nodeTypeCombo, key);
+            QTest::keyClick(&s->nodeTypeCombo, key);
             QCOMPARE(point->type, type);
-            QCOMPARE(page->stack.currentIndex(), type == SplineBase::Bezier ? 1 : 0);
+            QCOMPARE(s->stack.currentIndex(), type == SplineBase::Bezier ? 1 : 0);
         }
-        QCOMPARE(page->incoming.text(), QString::asprintf("%.3f", slope));
+        QCOMPARE(s->incoming.text(), QString::asprintf("%.3f", slope));
     }
 
     void pointThatIsGoneIsNotTouched()
     {
         const std::function<void()> losses[] = {
-            [this] { spline->remove(spline->modify(1u)); },
-            [this] { spline->reset(); },
-            [this] { control->selectOnly(nullptr); },
-            [this] { form->disableFields(); },
-            [this] { control.reset(); },
+            [this] { s->spline.remove(s->spline.modify(1u)); },
+            [this] { s->spline.reset(); },
+            [this] { s->control->selectOnly(nullptr); },
+            [this] { s->form.disableFields(); },
+            [this] { s->control.reset(); },
         };
         for (const std::function<void()>& loseThePoint : losses) {
             init();
-            select(1);
+            s->select(1);
             loseThePoint();
-            QSignalSpy changed(form.get(), &TcbEditorForm::nodeTcbChanged);
-            form->clickedNext();
-            form->clickedPrev();
-            form->changeNodeType(1);
-            form->valueChanged(7.0, &page->posX);
+            QSignalSpy changed(&s->form, &TcbEditorForm::nodeTcbChanged);
+            s->form.clickedNext();
+            s->form.clickedPrev();
+            s->form.changeNodeType(1);
+            s->form.valueChanged(7.0, &s->posX);
             QCOMPARE(changed.count(), 0);
-            QVERIFY(spline->getLast()->time < 7.0);
+            QVERIFY(s->spline.getLast()->time < 7.0);
         }
     }
 
     void previewMarksItsMiddleAndFollowsTheParameters()
     {
-        page->preview.resize(305, 205);
-        const QImage atRest = page->preview.grab().toImage();
+        s->preview.resize(305, 205);
+        const QImage atRest = s->preview.grab().toImage();
         QCOMPARE(atRest.pixelColor(150, 60), QColor(Qt::darkRed));
         QCOMPARE(atRest.pixelColor(10, 188), QColor(Qt::black));
         SplineBase::PointInfo point{50.0, -80.0};
-        page->preview.setFromPoint(&point);
-        QCOMPARE(page->preview.grab().toImage(), atRest);
+        s->preview.setFromPoint(&point);
+        QCOMPARE(s->preview.grab().toImage(), atRest);
         point = {0.0, 0.0, 1e300, -1e300, -1e300, 1e300, 1e300, 1e300, -1e300, SplineBase::Bezier};
-        page->preview.setFromPoint(&point);
-        QVERIFY(page->preview.grab().toImage() != atRest);
+        s->preview.setFromPoint(&point);
+        QVERIFY(s->preview.grab().toImage() != atRest);
     }
 };
 
