@@ -87,10 +87,7 @@ struct CanvasScene
     }
     QImage shown()
     {
-        QImage image(widget.size(), QImage::Format_RGB32);
-        QPainter painter(&image);
-        canvas.showBuffer(&painter);
-        return image;
+        return drawn(widget.size(), [this](QPainter& painter) { canvas.showBuffer(&painter); });
     }
 
     QMenu menu;

@@ -3,8 +3,6 @@
 
 #include <specimens/SplineSpecimens.h>
 
-#include <QTemporaryDir>
-
 #include <numeric>
 
 namespace {
@@ -152,10 +150,6 @@ private Q_SLOTS:
 
     void layerShowsWhatHasChanged()
     {
-        const QTemporaryDir folder;
-        QImage image(10, 10, QImage::Format_RGB32);
-        image.fill(Qt::blue);
-        QVERIFY(image.save(folder.filePath("image.png")));
         const std::function<void(Scene&)> changes[] = {
             [](Scene& s) { s.view.setTimeLine(7.0); },
             [](Scene& s) { s.canvas.setTimeLineColor(Qt::black); },
@@ -174,8 +168,6 @@ private Q_SLOTS:
             [](Scene& s) { s.view.bandActive = false; },
             [](Scene& s) { s.select(0, 2); },
             [](Scene& s) { s.select(0, 1); },
-            [&](Scene& s) { s.canvas.loadImage(folder.filePath("image.png")); },
-            [](Scene& s) { s.canvas.clearImage(); },
             [](Scene& s) { s.canvas.setCurveColor("a.z", Qt::yellow); },
             [](Scene& s) { s.canvas.setCurrentCurve("a.z"); },
             [](Scene& s) { s.canvas.setCurrentCurve("a.y"); },

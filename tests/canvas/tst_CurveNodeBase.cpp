@@ -71,28 +71,23 @@ private Q_SLOTS:
         other.expression =
             FunctionParserBase::instance()->parseString(huge.toStdString() + "+g.chain", message);
         chain.expression = FunctionParserBase::instance()->parseString("g.huge+g.chain", message); // a circle
-        const struct
-        {
-            const char* text;
-            float range;
-            int points, breaks, lastRow;
-        } cases[] = {{"4", 3.0f, 5000, 0, 20},
-                     {"t-20", 3.0f, 5000, 0, 50},
-                     {"1e300", HUGE_VALF, 5000, 0, -1},
-                     {"-1e300", HUGE_VALF, 5000, 0, 100},
-                     {"log(0)", HUGE_VALF, 0, 0, 0},
-                     {"if((t>5)*(t<10), 0/0, 0)", 3.0f, 3751, 1, 50},
-                     {huge.data(), 3.0f, 2048, 0, 20},
-                     {"g.huge", 3.0f, 2048, 0, 20},
-                     {"g.chain+g.chain", 3.0f, 1024, 0, 20}};
-        for (const auto& c : cases) {
+        for (const auto& [text, range, points, breaks, lastRow] :
+             {std::tuple{"4", 3.0f, 5000, 0, 20},
+              {"t-20", 3.0f, 5000, 0, 50},
+              {"1e300", HUGE_VALF, 5000, 0, -1},
+              {"-1e300", HUGE_VALF, 5000, 0, 100},
+              {"log(0)", HUGE_VALF, 0, 0, 0},
+              {"if((t>5)*(t<10), 0/0, 0)", 3.0f, 3751, 1, 50},
+              {huge.data(), 3.0f, 2048, 0, 20},
+              {"g.huge", 3.0f, 2048, 0, 20},
+              {"g.chain+g.chain", 3.0f, 1024, 0, 20}}) {
             HostCurve curve;
             CanvasScene scene;
-            const CurveNodeBase* const node = scene.add(curve, "a.x", c.text, -c.range, c.range);
+            const CurveNodeBase* const node = scene.add(curve, "a.x", text, -range, range);
             const CanvasExpression& picture = *node->getCanvasExpression();
-            QCOMPARE(int(picture.curveLine.points.size()), c.points);
-            QCOMPARE(int(picture.curveLine.gaps.size()), c.breaks);
-            QCOMPARE(picture.curveLine.points.value(c.points - 1).y(), c.lastRow);
+            QCOMPARE(int(picture.curveLine.points.size()), points);
+            QCOMPARE(int(picture.curveLine.gaps.size()), breaks);
+            QCOMPARE(picture.curveLine.points.value(points - 1).y(), lastRow);
             QCOMPARE(picture.unselectedPen.color(), QColor(127, 0, 0));
         }
     }
