@@ -70,8 +70,11 @@ private Q_SLOTS:
         const QPoint place = list_->visualItemRect(row).center();
         QTest::mouseClick(list_->viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(list_->viewport(), Qt::LeftButton, {}, place);
-        QVERIFY(window_->getHost().isOpen(*store_->find("Observer", "y")));
-        QCOMPARE(canvas_->timeMin, 380.0);
+        Curve* curve = store_->find("Observer", "y");
+        QVERIFY(window_->getHost().isOpen(*curve));
+        const auto& [timeMin, timeMax, valueMin, valueMax] = curve->range;
+        QCOMPARE(QList({canvas_->timeMin, canvas_->timeMax, canvas_->valueMin, canvas_->valueMax}),
+                 QList({timeMin, timeMax, valueMin, valueMax}));
         QCOMPARE(window_->findChild<Transport*>()->getTime(), 380.0);
     }
 
