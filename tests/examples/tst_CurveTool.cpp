@@ -65,7 +65,7 @@ private Q_SLOTS:
         row("sample between rows", table, "sample - --curve 2 --from 1 --to 1", "1\t6\n");
         row("blanks in names", "t\tkey light\tb\n0\t1\t2\n", "convert - - --output-format table",
             "t\t\"key light\"\tb\n0\t1\t2\n");
-        row("byte order mark, CRLF", "\xEF\xBB\xBFt a\r\n0 1\r\n", "sample -", "0\t1\n");
+        row("byte order mark, CRLF", "\xEF\xBB\xBF-1 2\r\n0 1\r\n", "sample -", "-1\t2\n0\t1\n");
         row("exact wavelengths", lamp, "sample -", "380\t1\n382.5\t2\n385\t3\n");
         row("curve to table", spline, "convert - - --step 2", "time\t\"standard input\"\n0\t1\n2\t2\n4\t3\n");
         row("gaps are left out", formula, "convert - - --from 0 --to 1 --count 2",

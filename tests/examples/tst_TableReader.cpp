@@ -60,7 +60,7 @@ private Q_SLOTS:
             "time: 0; Table/key light: 1; Table/b: 2");
         row("quotes", "\"t\" ,\"a, \"\"b\"\" c\" , d\n0, \"1\",2",
             "time: 0; Table/a, \"b\" c: 1; Table/d: 2");
-        row("byte order mark", "\xEF\xBB\xBFt,a\n0,1\n", "time: 0; Table/a: 1");
+        row("byte order mark", "\xEF\xBB\xBF-1,2\n", "time: -1; Table/column2: 2");
         row("extremes", "1e300 -1e-300\n", "time: 1e+300; Table/column2: -1e-300");
         row("empty file", "", "0: the table has no rows");
         row("names alone", "# x\nt a\n\n", "3: the table has no rows");
