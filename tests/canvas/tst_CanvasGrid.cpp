@@ -84,7 +84,7 @@ private Q_SLOTS:
             };
             const QImage image = drawn(s.canvas.size(), draw, theme.labels);
             const QRegion labels = placesOf(theme.labels, image, Qt::MaskInColor);
-            for (const QRect& label : labels& QRect(0, 57 - font->height(), width, 1))
+            for (const QRect& label : labels& QRect(0, 58 - font->height(), width, 1))
                 QVERIFY(label.width() <= font->horizontalAdvance("7.5E+06") + 6);
             for (const QRect& label : labels& QRect(3, 0, 1, 60))
                 QVERIFY(label.height() <= font->height());
