@@ -216,7 +216,6 @@ private Q_SLOTS:
         QCOMPARE(shown(120, 80), QColor(Qt::green));
         s.view.extendBand(68, 90);
         QCOMPARE(shown(64, 80), QColor(Qt::green));
-        s.canvas.paint();
         s.widget.hide();
         s.canvas.setCanvasColor(Qt::white);
         s.canvas.paint();
