@@ -136,8 +136,9 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
 
 void TcbEditorForm::clearLostPoint(const ControlSplineNode* control)
 {
-    const bool isShown = control && control == currentControl_ && control->selection().contains(shownPoint_);
-    if (shownPoint_ == 0 || isShown)
+    const bool isOneOfMany = control && control == currentControl_ && !control->hasSingleSelection() &&
+                             control->selection().contains(shownPoint_);
+    if (shownPoint_ == 0 || isOneOfMany)
         return;
     shownPoint_ = 0;
     widgets_.node->clear();

@@ -50,7 +50,7 @@ protected:
     /// Sets the title and the texts of the fields.
     virtual void translate() = 0;
 
-    CanvasFunctionBase& canvas() { return canvas_; }
+    CanvasFunctionBase& canvas() const { return canvas_; }
     /// The curve that was current at first; null if it is not on the canvas any more.
     CurveNodeBase* curve() const;
 

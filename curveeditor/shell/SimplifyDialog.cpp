@@ -50,12 +50,13 @@ void SimplifyDialog::takeSpan()
 
 FitDialog::Outcome SimplifyDialog::work()
 {
+    const bool wasLost = hasLostPoint();
     const std::optional<double> tolerance = numberIn(*tolerance_);
     Outcome outcome{toleranceHint(), false};
     if (tolerance && *tolerance >= 0.0)
         outcome = simplify(*tolerance);
     const bool isShown = outcome.isPossible ? trial_.isPossible() : trial_.show(trial_.before().spline);
-    canvas().paint();
+    showTrial(wasLost);
     if (!isShown)
         return {tr("The curve has changed meanwhile and stays as it is."), false};
     return outcome;
@@ -89,6 +90,20 @@ void SimplifyDialog::apply()
 
 void SimplifyDialog::takeBack()
 {
+    const bool wasLost = hasLostPoint();
     trial_.takeBack();
+    showTrial(wasLost);
+}
+
+/// Whether the trial is without the point that is selected, which then is on no page.
+bool SimplifyDialog::hasLostPoint() const
+{
+    const ControlSplineNode* const control = canvas().currentControl();
+    return control && control->hasSingleSelection() && !control->getCurrent();
+}
+
+void SimplifyDialog::showTrial(bool wasPointLost)
+{
     canvas().paint();
+    Q_EMIT canvas().selectionChanged(wasPointLost);
 }

@@ -25,6 +25,8 @@ protected:
 private:
     void takeSpan();
     Outcome simplify(double tolerance);
+    bool hasLostPoint() const;
+    void showTrial(bool wasPointLost);
 
     CurveTrial trial_;
     SplineBase original_;

@@ -123,6 +123,21 @@ private Q_SLOTS:
         QVERIFY(s.count() < 80);
     }
 
+    void pageShowsTheSelectedPointWhileItIsThere()
+    {
+        FitScene s;
+        s.control().selectOnly(s.x[50]);
+        s.canvas.showSelection(true);
+        FitDialog* const dialog = s.open(Qt::Key_S);
+        for (const char* const tolerance : {"0.5", "0", "0.6"}) {
+            s.type(*dialog, "tolerance", tolerance);
+            QCOMPARE(s.editor.posX->text(), s.count() == 101 ? "50.000" : "");
+            QCOMPARE(s.canvas.nodeForm.isActive(), s.count() == 101);
+        }
+        dialog->reject();
+        QVERIFY(s.editor.posX->text() == "50.000" && s.canvas.nodeForm.isActive());
+    }
+
     void simplifyNeedsASplineOfThreePoints()
     {
         FitScene s;
