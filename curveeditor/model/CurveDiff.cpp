@@ -107,6 +107,11 @@ template <typename Value> struct Change
     bool isNone() const { return before == after; }
 };
 
+template <> bool Change<double>::isNone() const
+{
+    return hasSameBits(before, after);
+}
+
 } // namespace
 
 void TimeInterval::unite(const TimeInterval& other)
@@ -222,17 +227,18 @@ std::string CurveDiff::toString() const
             text << sign << ' ' << entry.index << ": " << entry.info.time << ' ' << entry.info.pos << ' '
                  << typeName(entry.info.type) << '\n';
     };
-    const auto writeChange = [&text](const char* name, const auto& before, const auto& after) {
-        if (before != after)
-            text << name << ' ' << before << " -> " << after << '\n';
+    const auto writeChange = [&text](const char* name, const auto& change) {
+        if (!change.isNone())
+            text << name << ' ' << change.before << " -> " << change.after << '\n';
     };
     writePoints('-', d_->removed);
     writePoints('+', d_->inserted);
-    writeChange("first", d_->firstType.before, d_->firstType.after);
-    writeChange("last", d_->lastType.before, d_->lastType.after);
-    writeChange("default", d_->defaultValue.before, d_->defaultValue.after);
-    writeChange("kind", int(d_->kind.before), int(d_->kind.after));
-    writeChange("formula", '"' + d_->formula.before + '"', '"' + d_->formula.after + '"');
+    writeChange("first", d_->firstType);
+    writeChange("last", d_->lastType);
+    writeChange("default", d_->defaultValue);
+    writeChange("kind", Change<int>{int(d_->kind.before), int(d_->kind.after)});
+    writeChange("formula",
+                Change<std::string>{'"' + d_->formula.before + '"', '"' + d_->formula.after + '"'});
     return text.str();
 }
 
@@ -316,7 +322,7 @@ bool CurveDiff::Private::isEmpty() const
 bool CurveDiff::Private::concernsPointsOnly() const
 {
     return firstType.isNone() && lastType.isNone() && kind.isNone() && formula.isNone() &&
-           hasSameBits(defaultValue.before, defaultValue.after);
+           defaultValue.isNone();
 }
 
 bool CurveDiff::Private::apply(CurveState& state) const

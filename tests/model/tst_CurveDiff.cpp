@@ -82,7 +82,8 @@ private Q_SLOTS:
             {[&] { spline.addPoint(4.0, 3.0); }, "+ 3: 4 3 Tcb\n", 4.0, 8.0},
             {[&] { spline.firstType = SplineBase::Zero; }, "first 1 -> 0\n", -INFINITY, 0.0},
             {[&] { spline.lastType = SplineBase::Loop; }, "last 1 -> 2\n", 10.0, INFINITY},
-            {[&] { spline.setDefaultValue(2.5); }, "default 0 -> 2.5\n", INFINITY, -INFINITY},
+            {[&] { spline.setDefaultValue(-0.0); }, "default 0 -> -0\n", INFINITY, -INFINITY},
+            {[&] { spline.setDefaultValue(2.5); }, "default -0 -> 2.5\n", INFINITY, -INFINITY},
             {[&] { curve.formula = std::string("t"); }, "formula \"\" -> \"t\"\n", -INFINITY, INFINITY},
             {[&] { curve.kind = CurveKind::Expression; }, "kind 0 -> 1\n", -INFINITY, INFINITY}};
         for (const auto& [edit, text, first, last] : rows) {
