@@ -238,7 +238,7 @@ void CurveEditor::setShowTime()
     d_->functionEdit->setShowFrames(false);
     posX->setValue(timeOfFrame(typedNumber(*posX)));
     showTimeBounds();
-    showPoints();
+    d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();
 }
 
@@ -250,7 +250,7 @@ void CurveEditor::setShowFrames()
     d_->functionEdit->setShowFrames(true);
     posX->setValue(shownTime(typedNumber(*posX)));
     showTimeBounds();
-    showPoints();
+    d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();
 }
 

@@ -122,7 +122,7 @@ private Q_SLOTS:
 
     void timeAndFramesConvertTheField()
     {
-        for (const double given : {24.0, -10.0, 0.0, qQNaN()}) {
+        for (const double given : {24.0, -10.0, 0.0, 1e-4, qQNaN()}) {
             init();
             CurveEditor& editor = fixture->editor;
             editor.setFps(given);
@@ -130,7 +130,7 @@ private Q_SLOTS:
             fixture->clickPoint();
             QCOMPARE(editor.posX->text(), QString::number(5.0 * fps, 'f', 3));
             editor.setShowTime();
-            QCOMPARE(editor.posX->text(), fps == 0.0 ? "0.000" : "5.000");
+            QCOMPARE(editor.posX->text(), "5.000");
             editor.setTimeRange(0.0, 20.0);
             QCOMPARE(editor.posX->clampToBounds(1e6), 10.0);
             editor.setShowFrames();
@@ -148,7 +148,7 @@ private Q_SLOTS:
                      QRectF(0.0, -3.0, 20.0, 3.0));
             editor.setShowTime();
             editor.setShowTime();
-            QCOMPARE(editor.posX->text(), fps == 0.0 ? "0.000" : "5.000");
+            QCOMPARE(editor.posX->text(), "5.000");
             editor.resetViewport();
             QVERIFY(editor.isModeFrames());
             QCOMPARE(editor.posX->text(), QString::number(5.0 * fps, 'f', 3));
