@@ -205,7 +205,7 @@ void Playground::hostCall(Dice& dice)
     const QString curve = name.section(u'.', 1);
     HostCurve& host = curves_[name];
     CurveEditor& editor = this->editor();
-    switch (dice.below(18)) {
+    switch (dice.below(24)) {
     case 0:
         return editor.removeCurve(group, curve);
     case 1:
@@ -246,6 +246,18 @@ void Playground::hostCall(Dice& dice)
     case 16:
         editor.setMinValue(-4.0);
         return editor.setMaxValue(dice.oneOf(5) ? dice.number() : 4.0);
+    case 17:
+        return dice.oneOf(2) ? editor.resetViewport() : editor.completeViewport();
+    case 18:
+        return editor.changeNodeFirstType(dice.below(3));
+    case 19:
+        return editor.changeNodeLastType(dice.below(6));
+    case 20:
+        return dice.oneOf(2) ? editor.resetSelectedF() : editor.resetAllCheckedF();
+    case 21:
+        return dice.oneOf(2) ? editor.setTcb() : editor.setExpression();
+    case 22:
+        return editor.deleteExpression(group, curve, &host.expression);
     default:
         return editor.setDefaultSelected(group, curve);
     }
