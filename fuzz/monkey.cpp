@@ -257,7 +257,8 @@ void Playground::hostCall(Dice& dice)
     case 21:
         return dice.oneOf(2) ? editor.setTcb() : editor.setExpression();
     case 22:
-        return editor.deleteExpression(group, curve, &host.expression);
+        editor.deleteExpression(group, curve, &host.expression);
+        return tellEditors();
     default:
         return editor.setDefaultSelected(group, curve);
     }
