@@ -160,9 +160,11 @@ void CurveNodeBase::update(ViewPort* viewport)
         canvasSpline_->placePoints();
     if (drawnSelection_ != shownSelection())
         renewPictureNumber();
-    if ((!changed && !viewport->dirty) || !isSpline())
+    const bool isSampled = !isSpline() && getExpression();
+    if ((!changed && !viewport->dirty) || isSampled)
         return;
-    canvasSpline_->rebuild(viewport, minValue_, maxValue_);
+    if (isSpline())
+        canvasSpline_->rebuild(viewport, minValue_, maxValue_);
     changed = false;
     renewPictureNumber();
 }

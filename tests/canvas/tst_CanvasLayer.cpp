@@ -171,6 +171,10 @@ private Q_SLOTS:
             [](Scene& s) { s.select(0, 2); },
             [](Scene& s) { s.select(0, 1); },
             [](Scene& s) { s.canvas.setCurveColor("a.z", Qt::yellow); },
+            [](Scene& s) {
+                delete std::exchange(s.formula.expression, nullptr);
+                s.canvas.findCurve("a.y")->changed = true;
+            },
             [](Scene& s) { s.canvas.setCurrentCurve("a.z"); },
             [](Scene& s) { s.canvas.setCurrentCurve("a.y"); },
             [](Scene& s) { s.canvas.setCurrentToSpline(false); },
