@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -47,6 +48,7 @@ struct EditorFixture
         canvas.setFocus();
         QVERIFY(QTest::qWaitForWindowActive(&editor));
     }
+    ~EditorFixture() { delete owned; }
 
     void add(const QString& name)
     {
@@ -63,15 +65,42 @@ struct EditorFixture
     /// Presses and releases the left button on the second point of the current curve.
     void clickPoint() { QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel(5.0, 1.0)); }
     void key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&canvas, key, keys); }
+    /// Moves report no button of their own, only the one that is held.
+    static void sendMouse(QWidget& receiver, QEvent::Type type, const QPoint& at,
+                          Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {})
+    {
+        QMouseEvent event(type, at, receiver.mapToGlobal(at),
+                          type == QEvent::MouseMove ? Qt::NoButton : button,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : button, keys);
+        QApplication::sendEvent(&receiver, &event);
+    }
+    /// Whether the widget wants the key though a shortcut of the host may be waiting for it.
+    static bool takes(QWidget& receiver, Qt::Key key, Qt::KeyboardModifiers keys = {})
+    {
+        QKeyEvent event(QEvent::ShortcutOverride, key, keys);
+        event.ignore();
+        QApplication::sendEvent(&receiver, &event);
+        return event.isAccepted();
+    }
     QPoint pixel(double t, double v) const { return {canvas.timeToPixel(t), canvas.valueToPixel(v)}; }
+    /// The least and the greatest time in sight, and the least and the greatest value.
+    QList<double> sides() const { return {canvas.timeMin, canvas.timeMax, canvas.valueMin, canvas.valueMax}; }
     QString current() const { return canvas.canvas.getCurrentCurveName(); }
     QToolButton* button(const QString& name) const { return editor.findChild<QToolButton*>(name); }
+    static QStringList texts(const QMenu* menu)
+    {
+        QStringList all;
+        for (const QAction* const entry : menu->actions())
+            all.append(entry->text());
+        return all;
+    }
     QMenu* menu(const QString& name) const { return button(name)->menu(); }
     QMenu* submenu(const QString& name, int index) const { return menu(name)->actions()[index]->menu(); }
 
     std::map<QString, HostCurve> curves;
     QStringList changes;
-    CurveEditor editor;
+    QPointer<CurveEditor> owned = new CurveEditor; // it may go before its host
+    CurveEditor& editor = *owned;
     FunctionEditor& canvas = *editor.findChild<FunctionEditor*>(QStringLiteral("functionEdit"));
     EditingList& list = *editor.checkListsEditing;
 };

@@ -64,10 +64,7 @@ struct Scene : EditorFixture
     void mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers keys = {})
     {
-        const bool isMove = type == QEvent::MouseMove;
-        QMouseEvent event(type, at, canvas.mapToGlobal(at), isMove ? Qt::NoButton : button,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : button, keys);
-        QApplication::sendEvent(&canvas, &event);
+        sendMouse(canvas, type, at, button, keys);
     }
     void press(double t, double v, Qt::KeyboardModifiers keys = {})
     {

@@ -98,26 +98,24 @@ private Q_SLOTS:
         QVERIFY(fixture->canvas.grab().toImage() == shown);
     }
 
-    void menuEntriesBuildTheText_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("Unary functions") << "j1(t)";
-        QTest::newRow("Binary functions") << " t<X ";
-        QTest::newRow("Ternary functions") << " if( X, t, X) ";
-        QTest::newRow("I vars") << "t*f";
-    }
     void menuEntriesBuildTheText()
     {
-        QFETCH(QString, text);
-        const bool isIncomplete = text.contains('X');
-        QString warning;
-        line().setText("t");
-        if (isIncomplete)
-            closeBox(warning);
-        fixture->menu(QTest::currentDataTag())->actions().last()->trigger();
-        QCOMPARE(line().text(), text);
-        QCOMPARE(warning, isIncomplete ? "Variable X not found" : "");
-        QCOMPARE(fixture->changes.size(), isIncomplete ? 0 : 1);
+        const std::pair<const char*, QString> texts[] = {{"Unary functions", "j1(t)"},
+                                                         {"Binary functions", " t<X "},
+                                                         {"Ternary functions", " if( X, t, X) "},
+                                                         {"I vars", "t*f"}};
+        for (const auto& [button, text] : texts) {
+            const bool isIncomplete = text.contains('X');
+            QString warning;
+            fixture->changes.clear();
+            line().setText("t");
+            if (isIncomplete)
+                closeBox(warning);
+            fixture->menu(button)->actions().last()->trigger();
+            QCOMPARE(line().text(), text);
+            QVERIFY2(warning == (isIncomplete ? "Variable X not found" : ""), button);
+            QVERIFY2(fixture->changes.size() == (isIncomplete ? 0 : 1), button);
+        }
     }
 
     void placeholderIsReplacedByTheNextChoice()
@@ -176,29 +174,28 @@ private Q_SLOTS:
         QTRY_VERIFY(!entry);
     }
 
-    void dependencyWalk_data()
-    {
-        QTest::addColumn<QString>("current");
-        QTest::addColumn<QStringList>("expressions"); // of A.x, b.y, c.z, d.w
-        QTest::addColumn<QString>("with");
-        QTest::newRow("itself") << "a.x" << QStringList{"t+a.x", "", "", ""} << "A.x";
-        QTest::newRow("chain") << "a.x" << QStringList{"b.y", "c.z", "d.w", "t"} << "";
-        QTest::newRow("round of three") << "a.x" << QStringList{"b.y", "c.z", "d.w+a.x", ""} << "b.y";
-        QTest::newRow("behind a dead end") << "a.x" << QStringList{"d.w+c.z", "", "a.x", "b.y"} << "c.z";
-        QTest::newRow("others' cycle") << "a.x" << QStringList{"b.y", "c.z", "b.y", ""} << "";
-        QTest::newRow("from another curve") << "b.y" << QStringList{"", "c.z", "a.x", ""} << "b.y";
-        QTest::newRow("unknown curve") << "z.z" << QStringList{"a.x", "", "", ""} << "";
-    }
     void dependencyWalk()
     {
-        QFETCH(QStringList, expressions);
-        QFETCH(QString, current);
-        for (qsizetype i = 0; i < names.size(); ++i)
-            setExpression(names[i], expressions[i]);
-        QString found;
-        const bool isCycle = fixture->editor.checkDependencies("a.x", current, found);
-        QCOMPARE(isCycle, !found.isEmpty());
-        QTEST(found, "with");
+        const struct
+        {
+            const char* name;
+            QString current;
+            QStringList expressions; // of A.x, b.y, c.z, d.w
+            QString with;
+        } cases[] = {{"itself", "a.x", {"t+a.x", "", "", ""}, "A.x"},
+                     {"chain", "a.x", {"b.y", "c.z", "d.w", "t"}, ""},
+                     {"round of three", "a.x", {"b.y", "c.z", "d.w+a.x", ""}, "b.y"},
+                     {"behind a dead end", "a.x", {"d.w+c.z", "", "a.x", "b.y"}, "c.z"},
+                     {"others' cycle", "a.x", {"b.y", "c.z", "b.y", ""}, ""},
+                     {"from another curve", "b.y", {"", "c.z", "a.x", ""}, "b.y"},
+                     {"unknown curve", "z.z", {"a.x", "", "", ""}, ""}};
+        for (const auto& c : cases) {
+            for (qsizetype i = 0; i < names.size(); ++i)
+                setExpression(names[i], c.expressions[i]);
+            QString found;
+            const bool isCycle = fixture->editor.checkDependencies("a.x", c.current, found);
+            QVERIFY2(isCycle == !c.with.isEmpty() && found == c.with, c.name);
+        }
     }
 
     void denseGraphOfThousandCurvesEnds()

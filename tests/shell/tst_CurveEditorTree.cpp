@@ -31,8 +31,8 @@ private Q_SLOTS:
             editor.setEditingNode(name);
         }
         QCOMPARE(editor.searchAllNodeList("a.x")->spline, &fixture->curves["a.x"].spline);
-        QCOMPARE(texts(fixture->menu("D vars")), QStringList({"a", "ba", "a.b"}));
-        QCOMPARE(texts(fixture->submenu("D vars", 0)), QStringList({"a.x", "a.long_name"}));
+        QCOMPARE(fixture->texts(fixture->menu("D vars")), QStringList({"a", "ba", "a.b"}));
+        QCOMPARE(fixture->texts(fixture->submenu("D vars", 0)), QStringList({"a.x", "a.long_name"}));
     }
 
     void removedCurvesLeaveTheCanvasAndComeBack()
@@ -41,7 +41,7 @@ private Q_SLOTS:
             fixture->editor.setEditingNode(name);
         fixture->clickPoint();
         fixture->editor.removeNode("a");
-        QCOMPARE(texts(fixture->menu("D vars")), QStringList({"ba", "a.b"}));
+        QCOMPARE(fixture->texts(fixture->menu("D vars")), QStringList({"ba", "a.b"}));
         QCOMPARE(fixture->list.topLevelItemCount(), 1);
         QCOMPARE(fixture->list.selectedItem()->text(0), "ba.x");
         QVERIFY(!fixture->canvas.nodeForm.isActive());
@@ -89,45 +89,28 @@ private Q_SLOTS:
         }
     }
 
-    void renamesReachEveryPlace_data()
-    {
-        QTest::addColumn<QString>("newName");
-        QTest::addColumn<QString>("fullName");
-        QTest::newRow("curve") << "Ünd kürve"
-                               << "a.Ünd kürve";
-        QTest::newRow("group") << "new group"
-                               << "new group.x";
-        QTest::newRow("curve, taken") << "long name"
-                                      << "a.x";
-        QTest::newRow("group, taken") << "ba"
-                                      << "a.x";
-    }
     void renamesReachEveryPlace()
     {
-        QFETCH(QString, newName);
-        QFETCH(QString, fullName);
-        fixture->editor.setEditingNode("a.x");
-        if (*QTest::currentDataTag() == 'g')
-            fixture->editor.renameNode("a", newName);
-        else
-            fixture->editor.renameCurve("a", "x", newName);
-        QCOMPARE(fixture->current(), fullName);
-        QCOMPARE(fixture->list.selectedItem()->text(0), fullName);
-        QCOMPARE(fixture->list.selectedItem()->toolTip(0), fullName);
-        QCOMPARE(texts(fixture->menu("Curves")), QStringList{fullName});
-        QCOMPARE(texts(fixture->menu("D vars")).value(0), fullName.section('.', 0, 0));
-        QCOMPARE(texts(fixture->submenu("D vars", 0)).value(0), fullName.replace(' ', '_'));
+        CurveEditor& editor = fixture->editor;
+        editor.setEditingNode("a.x");
+        const auto check = [this](QString fullName) {
+            QCOMPARE(fixture->current(), fullName);
+            QCOMPARE(fixture->list.selectedItem()->text(0), fullName);
+            QCOMPARE(fixture->list.selectedItem()->toolTip(0), fullName);
+            QCOMPARE(fixture->texts(fixture->menu("Curves")), QStringList{fullName});
+            QCOMPARE(fixture->texts(fixture->menu("D vars")).value(0), fullName.section('.', 0, 0));
+            QCOMPARE(fixture->texts(fixture->submenu("D vars", 0)).value(0), fullName.replace(' ', '_'));
+        };
+        editor.renameCurve("a", "x", "long name"); // taken
+        editor.renameNode("a", "ba");              // taken
+        check("a.x");
+        editor.renameCurve("a", "x", "Ünd kürve");
+        check("a.Ünd kürve");
+        editor.renameNode("a", "new group");
+        check("new group.Ünd kürve");
     }
 
 private:
-    static QStringList texts(const QMenu* menu)
-    {
-        QStringList all;
-        for (const QAction* const entry : menu->actions())
-            all.append(entry->text());
-        return all;
-    }
-
     std::unique_ptr<EditorFixture> fixture;
 };
 

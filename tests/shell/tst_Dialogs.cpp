@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "EditorFixture.h"
+
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/TitleWidth.h>
 #include <curveeditor/canvas/WarningBox.h>
-#include <curveeditor/panel/CustomEditLine.h>
-#include <curveeditor/panel/EditingList.h>
-#include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/PlainToolBar.h>
 #include <curveeditor/shell/ScaleDialog.h>
@@ -12,17 +11,11 @@
 #include <curveeditor/shell/ViewportSettings.h>
 
 #include <QAccessible>
-#include <QComboBox>
 #include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
 
 class tst_Dialogs : public QObject
 {
@@ -149,15 +142,10 @@ private Q_SLOTS:
 
     void warningIsAsWideAsItsTitleAndShowsMarkupAsText()
     {
-        QTimer::singleShot(0, qApp, [] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            QVERIFY(box);
-            const int width = box->width();
-            const bool isPlain = box->textFormat() == Qt::PlainText;
-            const int needed = titleWidth(*box);
-            box->accept();
-            QVERIFY(isPlain);
-            QVERIFY(width >= needed);
+        whenOpen<QMessageBox>([](QMessageBox& box) {
+            box.accept();
+            QCOMPARE(box.textFormat(), Qt::PlainText);
+            QVERIFY(box.width() >= titleWidth(box));
         });
         showWarning(QStringLiteral("Cyclical dependency"), QStringLiteral("<b>"));
     }

@@ -33,11 +33,6 @@ void drag(Scene& s, Qt::MouseButton button)
     s.mouse(QEvent::MouseButtonRelease, {230, 180}, button);
 }
 
-QList<double> sides(const FunctionEditor& canvas)
-{
-    return {canvas.timeMin, canvas.timeMax, canvas.valueMin, canvas.valueMax};
-}
-
 /// Notes whether anybody has looked at it.
 struct WatchedClip : QMimeData
 {
@@ -125,10 +120,10 @@ private Q_SLOTS:
             s.editor.setMaxValue(20.0);
             s.canvas.showView({0.0, 9.0, -5.0, 5.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
             s.canvas.canvas.paint();
-            const QList<double> before = sides(s.canvas);
+            const QList<double> before = s.sides();
             const PlaneMapping view = s.canvas.mapping();
             c.gesture(s);
-            const QList<double> after = sides(s.canvas);
+            const QList<double> after = s.sides();
             QVERIFY2((before.mid(0, 2) != after.mid(0, 2)) == c.time, c.name);
             QVERIFY2((before.mid(2) != after.mid(2)) == c.value, c.name);
             const PlaneMapping now = s.canvas.mapping();
@@ -201,9 +196,7 @@ private Q_SLOTS:
         Scene s;
         s.editor.setTimeLineDraggable(true);
         const auto takes = [&s](Qt::Key key) {
-            QKeyEvent event(QEvent::ShortcutOverride, key, Qt::NoModifier);
-            QApplication::sendEvent(&s.canvas, &event);
-            return event.isAccepted();
+            return EditorFixture::takes(s.canvas, key);
         };
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_B, Qt::Key_X, Qt::Key_Y, Qt::Key_Left, Qt::Key_Home})
             QVERIFY(takes(key));

@@ -239,12 +239,8 @@ private Q_SLOTS:
         row("drag on a field", 1, x + x + x, [](Scene& s) {
             s.clickPoint();
             QTest::mousePress(s.editor.posY, Qt::LeftButton);
-            for (const int y : {40, 90}) {
-                QMouseEvent event(QEvent::MouseMove, QPointF(0, -y),
-                                  s.editor.posY->mapToGlobal(QPointF(0, -y)), Qt::NoButton, Qt::LeftButton,
-                                  {});
-                QApplication::sendEvent(s.editor.posY, &event);
-            }
+            for (const int y : {40, 90})
+                s.sendMouse(*s.editor.posY, QEvent::MouseMove, {0, -y});
             QTest::mouseRelease(s.editor.posY, Qt::LeftButton);
         });
         row("type in the combo box", 1, x + x,

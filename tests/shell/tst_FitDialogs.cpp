@@ -21,13 +21,8 @@ struct FitScene : Scene
     {
         SplineState state = x.state();
         state.points.clear();
-        for (int i = 0; i <= 100; ++i) {
-            SplineBase::PointInfo point;
-            point.time = 0.1 * i;
-            point.pos = std::sin(0.1 * i);
-            point.type = SplineBase::Linear;
-            state.points.push_back(point);
-        }
+        for (int i = 0; i <= 100; ++i)
+            state.points.push_back({.time = 0.1 * i, .pos = std::sin(0.1 * i), .type = SplineBase::Linear});
         x.assign(state);
         editor.updateCurves();
     }
@@ -207,25 +202,13 @@ private Q_SLOTS:
 
     void editorThatGoesTakesTheTrialBack()
     {
-        HostCurve curve;
-        for (int i = 0; i < 20; ++i)
-            curve.spline.addPoint(0.1 * i, 0.0);
-        const SplineState before = curve.spline.state();
-        const QPointer<CurveEditor> editor = new CurveEditor;
-        editor->addCurve("a", "x", Qt::green, 0.0F, &curve.spline, &curve.expression, -1.0F, 1.0F);
-        editor->setDefaultSelected("a", "x");
-        editor->show();
-        auto& canvas = *editor->findChild<FunctionEditor*>("functionEdit");
-        for (const bool isCurveThere : {true, false}) {
-            (new SimplifyDialog(editor, canvas.canvas))->open();
-            QVERIFY(curve.spline.state() != before);
-            if (isCurveThere)
-                editor->findChild<SimplifyDialog*>()->reject();
-            else
-                editor->deleteLater();
-            QTRY_COMPARE(editor.isNull(), !isCurveThere);
-            QVERIFY(curve.spline.state() == before);
-        }
+        FitScene s;
+        const SplineState before = s.x.state();
+        s.open(Qt::Key_S);
+        QVERIFY(s.x.state() != before);
+        s.editor.deleteLater();
+        QTRY_VERIFY(!s.owned);
+        QVERIFY(s.x.state() == before);
     }
 
     void slowFormulaDoesNotHoldTheEditorUp()

@@ -18,11 +18,11 @@ private Q_SLOTS:
     {
         QTest::mousePress(&fixture->canvas, Qt::LeftButton, {}, fixture->pixel(5.0, 1.0));
         QVERIFY(fixture->canvas.nodeForm.isActive() && fixture->canvas.gesture.isAtPoints());
-        move(7.0, 2.0, Qt::LeftButton);
+        fixture->sendMouse(fixture->canvas, QEvent::MouseMove, fixture->pixel(7.0, 2.0));
         QVERIFY(qAbs(fixture->editor.posY->text().toDouble() - 2.0) < 0.05);
         QVERIFY(fixture->changes.isEmpty());
         fixture->canvas.dirty = true;
-        move(2.0, -2.0, Qt::NoButton);
+        fixture->sendMouse(fixture->canvas, QEvent::MouseMove, fixture->pixel(2.0, -2.0), Qt::NoButton);
         QVERIFY(fixture->editor.findChild<CustomEditLine*>("funcCursorEdit")->text().startsWith('-'));
         QVERIFY(fixture->canvas.dirty);
     }
@@ -70,17 +70,13 @@ private Q_SLOTS:
 
     void fitShowsTheCurrentCurve()
     {
-        const FunctionEditor& view = fixture->canvas;
-        const auto sides = [&view] {
-            return QRectF(view.timeMin, view.valueMin, view.timeMax, view.valueMax);
-        };
         QTest::mouseClick(fixture->button("Fit H"), Qt::LeftButton);
-        QCOMPARE(sides(), QRectF(0.0, -3.0, 5.0, 3.0));
+        QCOMPARE(fixture->sides(), (QList<double>{0.0, 5.0, -3.0, 3.0}));
         QTest::mouseClick(fixture->button("Fit V"), Qt::LeftButton);
-        QCOMPARE(sides(), QRectF(0.0, -0.1, 5.0, 1.1));
+        QCOMPARE(fixture->sides(), (QList<double>{0.0, 5.0, -0.1, 1.1}));
         fixture->editor.setExpression();
         fixture->editor.completeViewport();
-        QCOMPARE(view.valueMax, 1.22);
+        QCOMPARE(fixture->canvas.valueMax, 1.22);
     }
 
     void themeIsTheEditorsOwnOnceAHostHasSetIt()
@@ -145,13 +141,6 @@ private Q_SLOTS:
     }
 
 private:
-    void move(double time, double value, Qt::MouseButtons buttons)
-    {
-        const QPointF at = fixture->pixel(time, value);
-        QMouseEvent event(QEvent::MouseMove, at, fixture->canvas.mapToGlobal(at), Qt::NoButton, buttons, {});
-        QApplication::sendEvent(&fixture->canvas, &event);
-    }
-
     std::unique_ptr<EditorFixture> fixture;
 };
 
