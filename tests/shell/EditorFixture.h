@@ -11,11 +11,14 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -117,6 +120,14 @@ template <typename Widget, typename Work> void whenOpen(Work work)
             qFatal("the widget that was expected is not open");
         work(*expected);
     });
+}
+
+/// Whether Qt has put it there, and names and translates it: a button of a box, of tabs or of a line.
+inline bool isQts(const QWidget& widget)
+{
+    const QObject* const parent = widget.parent();
+    return qobject_cast<const QDialogButtonBox*>(parent) || qobject_cast<const QTabBar*>(parent) ||
+           qobject_cast<const QLineEdit*>(parent) || widget.objectName().startsWith("qt_");
 }
 
 /// Closes the message box that opens next, and puts its text into `text`.

@@ -12,7 +12,6 @@
 #include <QMenu>
 #include <QTableView>
 #include <QToolButton>
-#include <QUndoStack>
 
 #include <algorithm>
 #include <cmath>
@@ -24,8 +23,7 @@ public:
     static QString fault(CurveEditor& editor)
     {
         const Invariants check(editor);
-        for (const QString& found :
-             {check.ofLists(), check.ofPage(), check.ofUnit(), check.ofStack(), check.ofPicture()}) {
+        for (const QString& found : {check.ofLists(), check.ofPage(), check.ofUnit(), check.ofPicture()}) {
             if (!found.isEmpty())
                 return found;
         }
@@ -122,15 +120,6 @@ private:
         const auto* const table = editor_.findChild<QTableView*>("pointTable")->model();
         const QString shown = editor_.textLabel1->text() + table->headerData(0, Qt::Horizontal).toString();
         return shown == unit + u':' + unit ? QString() : "shown are " + shown + " for " + unit;
-    }
-
-    QString ofStack() const
-    {
-        const QUndoStack& stack = *editor_.undoStack();
-        const bool isRight = stack.index() >= 0 && stack.index() <= stack.count() &&
-                             stack.canUndo() == (stack.index() > 0) &&
-                             stack.canRedo() == (stack.index() < stack.count());
-        return isRight ? QString() : QStringLiteral("the undo stack is beside itself");
     }
 
     QString ofPicture() const

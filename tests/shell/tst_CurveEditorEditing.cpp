@@ -5,7 +5,6 @@
 
 #include <QColorDialog>
 #include <QContextMenuEvent>
-#include <QLineEdit>
 
 class tst_CurveEditorEditing : public QObject
 {

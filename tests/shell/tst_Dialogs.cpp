@@ -14,7 +14,6 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QTabBar>
 #include <QTabWidget>
 
 class tst_Dialogs : public QObject
@@ -29,10 +28,7 @@ private Q_SLOTS:
         for (QWidget* const widget : widgets) {
             const bool isControl = qobject_cast<QAbstractButton*>(widget) ||
                                    qobject_cast<QLineEdit*>(widget) || qobject_cast<QComboBox*>(widget);
-            const bool isQts = widget->objectName().startsWith("qt_") ||
-                               qobject_cast<QTabBar*>(widget->parent()) ||
-                               qobject_cast<QLineEdit*>(widget->parent());
-            if (isQts || (!isControl && !(widget->focusPolicy() & Qt::TabFocus)))
+            if (isQts(*widget) || (!isControl && !(widget->focusPolicy() & Qt::TabFocus)))
                 continue;
             const QByteArray place =
                 widget->metaObject()->className() + (" " + widget->objectName()).toUtf8();

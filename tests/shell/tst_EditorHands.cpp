@@ -195,21 +195,18 @@ private Q_SLOTS:
     {
         Scene s;
         s.editor.setTimeLineDraggable(true);
-        const auto takes = [&s](Qt::Key key) {
-            return EditorFixture::takes(s.canvas, key);
-        };
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_B, Qt::Key_X, Qt::Key_Y, Qt::Key_Left, Qt::Key_Home})
-            QVERIFY(takes(key));
-        QVERIFY(!takes(Qt::Key_Q));
-        QVERIFY(!takes(Qt::Key_Escape));
+            QVERIFY(s.takes(s.canvas, key));
+        QVERIFY(!s.takes(s.canvas, Qt::Key_Q));
+        QVERIFY(!s.takes(s.canvas, Qt::Key_Escape));
         for (const QPoint& place :
              {s.pixel(5.0, 1.0), QPoint(s.pixel(0.0, 0.0).x(), s.canvas.pixelHeight - 4)}) {
             s.mouse(QEvent::MouseButtonPress, place);
-            QVERIFY(takes(Qt::Key_Escape));
+            QVERIFY(s.takes(s.canvas, Qt::Key_Escape));
             s.mouse(QEvent::MouseButtonRelease, place);
         }
         s.editor.setViewGestures(false);
-        QVERIFY(!takes(Qt::Key_Space));
+        QVERIFY(!s.takes(s.canvas, Qt::Key_Space));
     }
 
     void menuOffersWhatIsPossible()

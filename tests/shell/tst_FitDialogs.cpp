@@ -3,11 +3,9 @@
 
 #include <curveeditor/model/SplineState.h>
 #include <curveeditor/shell/BakeDialog.h>
-#include <curveeditor/shell/SimplifyDialog.h>
 
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QThread>
 
 #include <cmath>

@@ -3,7 +3,6 @@
 
 #include <curveeditor/panel/ExpressionEditLine.h>
 
-#include <QTabBar>
 #include <QTabWidget>
 
 class tst_FunctionEditor : public QObject
@@ -115,11 +114,10 @@ private Q_SLOTS:
             {&CurveEditor::setFrameHLineColor, &Theme::frameHLine},
             {&CurveEditor::setFrameVLineColor, &Theme::frameVLine},
             {&CurveEditor::setTimeLineColor, &Theme::timeLine}};
-        fixture->editor.setTheme(Theme::light());
         for (const auto& [give, part] : parts) {
+            fixture->editor.setTheme(Theme::light());
             (fixture->editor.*give)(Qt::magenta);
             QCOMPARE(fixture->editor.theme().*part, QColor(Qt::magenta));
-            fixture->editor.setTheme(Theme::light());
         }
     }
 

@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>
-#include <QLineEdit>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTabWidget>
@@ -242,19 +241,16 @@ private Q_SLOTS:
         Scene s;
         s.select(1, 2);
         QGuiApplication::clipboard()->clear();
-        const auto press = [&s](Qt::Key key) {
-            QTest::keyClick(&s.table, key, Qt::ControlModifier);
-        };
-        press(Qt::Key_C);
+        QTest::keyClick(&s.table, Qt::Key_C, Qt::ControlModifier);
         const QString copied = QGuiApplication::clipboard()->text();
         QCOMPARE(PointText::read(copied).points.size(), std::size_t(2));
-        press(Qt::Key_X);
+        QTest::keyClick(&s.table, Qt::Key_X, Qt::ControlModifier);
         QCOMPARE(s.column(Time), "0 9");
         QCOMPARE(QGuiApplication::clipboard()->text(), copied);
-        press(Qt::Key_V);
+        QTest::keyClick(&s.table, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(s.column(Time), "0 5 7 9");
         QCOMPARE(s.selectedRows(), "1 2");
-        press(Qt::Key_A);
+        QTest::keyClick(&s.table, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(s.selection().edited().size(), std::size_t(4));
         QCOMPARE(s.editor.undoStack()->count(), 2);
         for (const Qt::Key key : {Qt::Key_A, Qt::Key_V})

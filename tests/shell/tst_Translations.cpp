@@ -10,9 +10,7 @@
 
 #include <QAccessible>
 #include <QAction>
-#include <QDialogButtonBox>
 #include <QRegularExpression>
-#include <QTabBar>
 #include <QTableView>
 #include <QTranslator>
 
@@ -45,14 +43,6 @@ QStringList textsOf(const QAbstractItemModel& model)
             texts.append(model.index(row, column).data().toString());
     }
     return texts;
-}
-
-/// Qt translates the buttons of its own widgets.
-bool isQts(const QWidget& widget)
-{
-    const QObject* const parent = widget.parent();
-    return qobject_cast<const QDialogButtonBox*>(parent) || qobject_cast<const QTabBar*>(parent) ||
-           qobject_cast<const QLineEdit*>(parent) || widget.objectName().startsWith("qt_");
 }
 
 /// All that a widget shows, its menus, and what assistive tools tell of it.
