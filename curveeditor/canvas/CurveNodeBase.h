@@ -90,7 +90,8 @@ public:
     /// `value` within the clamp range.
     double clamped(double value) const;
 
-    /// Rebuilds the picture of a spline if the curve is changed or the view dirty.
+    /// Rebuilds the picture of a spline if the curve is changed or the view dirty; where there is neither a spline nor a
+    /// formula to show, it becomes an empty one.
     void update(ViewPort* viewport);
     /// Whether the curve shows an expression whose line is to be made anew, for the same reasons.
     bool needsSamples(const ViewPort& viewport) const;
