@@ -102,6 +102,7 @@ bool SimplifyDialog::hasLostPoint() const
     return control && control->hasSingleSelection() && !control->getCurrent();
 }
 
+/// `wasPointLost` says that the page was closed for want of the point; it opens if the point is back.
 void SimplifyDialog::showTrial(bool wasPointLost)
 {
     canvas().paint();
