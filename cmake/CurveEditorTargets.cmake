@@ -7,7 +7,12 @@ function(curveeditor_settings target)
   if(CURVEEDITOR_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
+  # All sources of a folder at once: what stands in their anonymous namespaces meets in one file.
+  if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+  endif()
   set_target_properties(${target} PROPERTIES
+    UNITY_BUILD_BATCH_SIZE 0
     CXX_EXTENSIONS OFF
     LINKER_LANGUAGE CXX
     CXX_VISIBILITY_PRESET hidden

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double samplesPerView = 1000.0;
+constexpr double splineSamplesPerView = 1000.0;
 constexpr double nodeMargin = 100.0;
 constexpr double shortestHandle = double(0.333f);
 constexpr double longestHandle = 1e6;
@@ -52,7 +52,7 @@ struct Samples
 Samples samplesBetween(const SplineBase& spline, double left, double right, double viewSpan, bool reachesEnd)
 {
     const double share =
-        right > left ? std::min((right - left) * samplesPerView / viewSpan, samplesPerView) : 0.0;
+        right > left ? std::min((right - left) * splineSamplesPerView / viewSpan, splineSamplesPerView) : 0.0;
     const double step = share > 0.0 ? (right - left) / share : 0.0;
     Samples samples;
     samples.times.resize(std::size_t(share) + 1);

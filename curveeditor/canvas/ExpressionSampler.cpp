@@ -22,10 +22,10 @@
 
 namespace {
 
-constexpr int samplesPerView = 5000;
+constexpr int formulaSamplesPerView = 5000;
 constexpr int fewestSamples = 64;
 constexpr int mostNodesOfFullView = 16384; // more than any formula that fits into the formula line has
-constexpr int mostNodesCounted = samplesPerView / fewestSamples * mostNodesOfFullView;
+constexpr int mostNodesCounted = formulaSamplesPerView / fewestSamples * mostNodesOfFullView;
 
 using Expressions = std::vector<const FunctionFloatBase*>;
 
@@ -84,8 +84,8 @@ int intervalsOf(const FunctionFloatBase& expression)
         nodes += place->second;
     }
     if (nodes <= mostNodesOfFullView)
-        return samplesPerView;
-    const auto most = unsigned(std::int64_t(samplesPerView) * mostNodesOfFullView / nodes);
+        return formulaSamplesPerView;
+    const auto most = unsigned(std::int64_t(formulaSamplesPerView) * mostNodesOfFullView / nodes);
     return std::max(fewestSamples, int(std::bit_floor(most + 1)) - 1);
 }
 
@@ -123,7 +123,7 @@ void addSamples(std::vector<GrowingLine>& lines, int intervals, const PlaneMappi
                 double framesPerTimeUnit)
 {
     // Wide gaps reach the end.
-    const auto count = std::size_t(intervals < samplesPerView ? intervals + 1 : intervals);
+    const auto count = std::size_t(intervals < formulaSamplesPerView ? intervals + 1 : intervals);
     const double step = view.timeSpan() / intervals;
     const double xScale = view.pixelWidth * (1.0 / intervals);
     std::vector<double> times(count);
@@ -155,7 +155,8 @@ void ExpressionSampler::sample(const std::vector<CurveNodeBase*>& curves, const 
     const bool isFullView = countNodesOfReading(expressions) <= mostNodesOfFullView;
     std::map<int, std::vector<GrowingLine>> lines; // by the number of intervals
     for (CurveNodeBase* const curve : curves)
-        lines[isFullView ? samplesPerView : intervalsOf(*curve->getExpression())].emplace_back(curve, scale);
+        lines[isFullView ? formulaSamplesPerView : intervalsOf(*curve->getExpression())].emplace_back(curve,
+                                                                                                      scale);
     for (auto& [intervals, group] : lines) {
         if (view.canShow())
             addSamples(group, intervals, view, viewport.fps);

@@ -16,6 +16,10 @@ enum class Part { Point, BothTangents, LeftTangent, RightTangent };
 /// A field of a point that the node page shows.
 enum class Field { Time, Value, Tension, Continuity, Bias, TangentLeft, TangentRight, EaseFrom, EaseTo };
 
+/// What the pages take of tension, continuity and bias, and of eases, on both sides of 0.0.
+constexpr double parameterBound = 10.0;
+constexpr double easeBound = 1.0;
+
 double read(const SplineBase::PointInfo& point, Field field);
 void write(SplineBase& spline, PointSerial point, Field field, double number);
 /// The same for many points, in linear time; those that get a time stand behind others at it, in their own order.

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr std::size_t usualSize = 16;
+constexpr std::size_t usualDepth = 16;
 constexpr std::size_t largestGrowth = 8; // of a text that getString writes, at most
 constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
@@ -44,8 +44,8 @@ bool isPi(std::string_view name)
 ExpressionParser::ExpressionParser(FunctionParserBase& variables, ParseMessage& message)
     : variables_(variables), message_(message), text_(message.text), lastOperator_(nowhere)
 {
-    pending_.reserve(usualSize);
-    values_.reserve(usualSize);
+    pending_.reserve(usualDepth);
+    values_.reserve(usualDepth);
 }
 
 std::unique_ptr<FunctionFloatBase> ExpressionParser::parse()

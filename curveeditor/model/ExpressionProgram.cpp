@@ -23,7 +23,7 @@ using Instruction = ExpressionProgram::Instruction;
 using Instructions = std::vector<Instruction>;
 
 constexpr std::size_t usualDepth = 8;
-constexpr std::size_t usualSize = 32;
+constexpr std::size_t usualInstructions = 32;
 constexpr std::size_t longestBlock = 256;
 constexpr std::size_t largestBlockStack = 64 * longestBlock;
 
@@ -406,9 +406,9 @@ public:
     explicit Compiler(ExpressionProgram& program)
         : instructions_(program.instructions_), largestDepth_(program.depth_)
     {
-        instructions_.reserve(usualSize);
-        tasks_.reserve(usualSize);
-        operands_.reserve(usualSize);
+        instructions_.reserve(usualInstructions);
+        tasks_.reserve(usualInstructions);
+        operands_.reserve(usualInstructions);
     }
 
     void compile(const FunctionFloatOperation& root)

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::size_t usualSize = 16;
+constexpr std::size_t usualNodes = 16;
 
 /// Sets a mark for as long as it lives.
 class Running
@@ -61,7 +61,7 @@ void FunctionFloatOperation::freeOperands(std::vector<std::unique_ptr<FunctionFl
     for (std::unique_ptr<FunctionFloatBase>& operand : operands_) {
         if (operand && of(*operand)) {
             if (nodes.capacity() == 0)
-                nodes.reserve(usualSize);
+                nodes.reserve(usualNodes);
             nodes.push_back(std::move(operand));
         } else {
             operand.reset();

@@ -13,7 +13,7 @@ namespace {
 /// So little counts how much the pieces bend, beside the samples: it decides only what these leave open.
 constexpr double bendingWeight = 1e-9;
 /// A knot that is taken out changes so many others to each side.
-constexpr std::size_t reach = 3;
+constexpr std::size_t neighbours = 3;
 /// From then on all samples of a piece that is not good become knots.
 constexpr int thoroughRound = 60;
 constexpr int roundLimit = thoroughRound + 8;
@@ -451,10 +451,10 @@ public:
     {
         near_.clear();
         std::size_t first = index;
-        for (std::size_t i = 0; i < reach; ++i)
+        for (std::size_t i = 0; i < neighbours; ++i)
             first = previous_[first];
         std::size_t behind = 0;
-        for (std::size_t i = first; behind <= reach; i = next_[i]) {
+        for (std::size_t i = first; behind <= neighbours; i = next_[i]) {
             if (i != index)
                 near_.push_back(i);
             if (i >= index)

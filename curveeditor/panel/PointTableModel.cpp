@@ -13,9 +13,6 @@ namespace {
 
 using Field = SplineEdits::Field;
 
-constexpr double parameterBound = 10.0;
-constexpr double easeBound = 1.0;
-
 struct Numbers
 {
     Field field;
@@ -23,16 +20,17 @@ struct Numbers
 };
 
 /// What a column holds; that of the types has no number.
-constexpr std::array<Numbers, PointTableModel::ColumnCount> numbers = {{{Field::Time, 0.0},
-                                                                        {Field::Value, 0.0},
-                                                                        {},
-                                                                        {Field::TangentLeft, 0.0},
-                                                                        {Field::TangentRight, 0.0},
-                                                                        {Field::Tension, parameterBound},
-                                                                        {Field::Continuity, parameterBound},
-                                                                        {Field::Bias, parameterBound},
-                                                                        {Field::EaseTo, easeBound},
-                                                                        {Field::EaseFrom, easeBound}}};
+constexpr std::array<Numbers, PointTableModel::ColumnCount> numbers = {
+    {{Field::Time, 0.0},
+     {Field::Value, 0.0},
+     {},
+     {Field::TangentLeft, 0.0},
+     {Field::TangentRight, 0.0},
+     {Field::Tension, SplineEdits::parameterBound},
+     {Field::Continuity, SplineEdits::parameterBound},
+     {Field::Bias, SplineEdits::parameterBound},
+     {Field::EaseTo, SplineEdits::easeBound},
+     {Field::EaseFrom, SplineEdits::easeBound}}};
 
 const std::vector<SplineBase::PointInfo*>& pointsOf(const ControlSplineNode* control)
 {

@@ -27,9 +27,6 @@ namespace {
 
 using Field = SplineEdits::Field;
 
-constexpr double parameterBound = 10.0;
-constexpr double easeBound = 1.0;
-
 enum StackPage { TcbPage = 0, TangentPage = 1 };
 enum TypeEntry { TcbEntry = 0, BezierEntry = 1, LinearEntry = 2 };
 
@@ -50,13 +47,13 @@ TypeEntry entryOfType(int type)
 const std::initializer_list<TcbEditorForm::Row> TcbEditorForm::Row::all = {
     {&NodePageWidgets::posX, Field::Time, 0.0},
     {&NodePageWidgets::posY, Field::Value, 0.0},
-    {&NodePageWidgets::tension, Field::Tension, parameterBound},
-    {&NodePageWidgets::continuity, Field::Continuity, parameterBound},
-    {&NodePageWidgets::bias, Field::Bias, parameterBound},
+    {&NodePageWidgets::tension, Field::Tension, SplineEdits::parameterBound},
+    {&NodePageWidgets::continuity, Field::Continuity, SplineEdits::parameterBound},
+    {&NodePageWidgets::bias, Field::Bias, SplineEdits::parameterBound},
     {&NodePageWidgets::incoming, Field::TangentLeft, 0.0},
     {&NodePageWidgets::outgoing, Field::TangentRight, 0.0},
-    {&NodePageWidgets::easeFrom, Field::EaseFrom, easeBound},
-    {&NodePageWidgets::easeTo, Field::EaseTo, easeBound},
+    {&NodePageWidgets::easeFrom, Field::EaseFrom, SplineEdits::easeBound},
+    {&NodePageWidgets::easeTo, Field::EaseTo, SplineEdits::easeBound},
 };
 
 const TcbEditorForm::Row* TcbEditorForm::Row::find(const NodePageWidgets& widgets,
