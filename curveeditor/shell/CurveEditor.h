@@ -60,8 +60,8 @@ struct EditReport;
 ///
 /// **Cost.** Opening and closing grow with the number of curves, a change of the view with those on the canvas, a
 /// drag, undo and redo with the points of the edited curve and the formulas that read it: each in proportion. Formulas
-/// that read each other in a chain cost its length, unless they close a circle or have more than 16384 nodes
-/// together. `docs/embedding.md` has a table.
+/// that read each other in a chain cost its length, unless they close a circle or are very long together.
+/// `docs/embedding.md` has a table.
 ///
 /// **Units.** Times are in time units everywhere; a frame number is a time multiplied by the frames per
 /// second. Names compare exactly. A name that is not known, a null list item, a number that is not finite or
