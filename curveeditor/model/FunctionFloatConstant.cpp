@@ -2,7 +2,6 @@
 #include <curveeditor/model/FunctionFloatConstant.h>
 
 #include <curveeditor/model/FunctionParserBase.h>
-#include <curveeditor/model/NodeMemory.h>
 #include <curveeditor/model/ParserVarMapper.h>
 
 #include <algorithm>
@@ -13,16 +12,6 @@ FunctionFloatConstant::FunctionFloatConstant(double value, std::string_view type
 }
 
 FunctionFloatConstant::~FunctionFloatConstant() = default;
-
-void* FunctionFloatConstant::operator new(std::size_t size)
-{
-    return NodeMemory::take(size);
-}
-
-void FunctionFloatConstant::operator delete(void* memory, std::size_t size)
-{
-    NodeMemory::give(memory, size);
-}
 
 std::string_view FunctionFloatConstant::getWritten() const
 {

@@ -16,12 +16,6 @@ public:
 
     ~FunctionFloatConstant() override;
 
-    /// @{
-    /// Nodes take memory that freed ones left.
-    static void* operator new(std::size_t size);
-    static void operator delete(void* memory, std::size_t size);
-    /// @}
-
     /// The number: finite, not negative.
     double getValue() const { return value_; }
 

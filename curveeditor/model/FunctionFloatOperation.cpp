@@ -3,7 +3,6 @@
 
 #include <curveeditor/model/ExpressionProgram.h>
 #include <curveeditor/model/ExpressionWriter.h>
-#include <curveeditor/model/NodeMemory.h>
 
 #include <utility>
 
@@ -44,16 +43,6 @@ FunctionFloatOperation::~FunctionFloatOperation()
         orphans.pop_back();
         static_cast<FunctionFloatOperation&>(*node).freeOperands(orphans);
     }
-}
-
-void* FunctionFloatOperation::operator new(std::size_t size)
-{
-    return NodeMemory::take(size);
-}
-
-void FunctionFloatOperation::operator delete(void* memory, std::size_t size)
-{
-    NodeMemory::give(memory, size);
 }
 
 void FunctionFloatOperation::freeOperands(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes)

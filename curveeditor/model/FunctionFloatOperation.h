@@ -25,12 +25,6 @@ public:
 
     ~FunctionFloatOperation() override;
 
-    /// @{
-    /// Nodes take memory that freed ones left.
-    static void* operator new(std::size_t size);
-    static void operator delete(void* memory, std::size_t size);
-    /// @}
-
     /// `node` as an operation, null if it is none.
     static const FunctionFloatOperation* of(const FunctionFloatBase& node) { return node.asOperation(); }
 

@@ -12,11 +12,13 @@
 #include <cctype>
 #include <cmath>
 #include <cstdint>
+#include <latch>
 #include <limits>
 #include <map>
 #include <memory>
 #include <random>
 #include <string>
+#include <thread>
 #include <tuple>
 #include <vector>
 
@@ -513,6 +515,27 @@ private Q_SLOTS:
         QVERIFY(parsed.tree && parsed.tree->evaluate() == 1234.5 + 1e-3 + 0.25);
         QCOMPARE(parsed.tree->getString(), std::string("1234.5+1e-3+.25"));
         QVERIFY(!Parsed("1,5").tree);
+    }
+
+    void threadsFreeFormulasAtOnce()
+    {
+        for (int round = 0; round < 50; ++round) {
+            std::vector<Parsed> mine;
+            std::vector<Parsed> others;
+            for (int i = 0; i < 40; ++i) {
+                mine.emplace_back("sin(t+1)*2-3");
+                others.emplace_back("sin(t+1)*2-3");
+                QCOMPARE(valueAt(*mine.back().tree, -1.0), -3.0);
+            }
+            std::latch start(2);
+            std::thread thread([&] {
+                start.arrive_and_wait();
+                others.clear();
+            });
+            start.arrive_and_wait();
+            mine.clear();
+            thread.join();
+        }
     }
 };
 
