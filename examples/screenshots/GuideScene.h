@@ -17,6 +17,8 @@ public:
 
     CurveEditor& editor() { return host_.getEditor(); }
     QWidget& canvas();
+    /// Where a place of the plane lies on the canvas.
+    QPoint pixel(double time, double value);
 
     void press(double time, double value);
     void move(double time, double value);
@@ -37,7 +39,6 @@ public:
 
 private:
     CurveStore& filledStore();
-    QPoint pixel(double time, double value);
     Curve* current();
 
     CurveStore store_;

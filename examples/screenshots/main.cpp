@@ -106,6 +106,24 @@ bool drawSelecting(const QDir& folder)
     return isSaved;
 }
 
+bool drawSpan(const QDir& folder)
+{
+    GuideScene scene({"Camera.tilt", "Camera.pan"});
+    scene.drag(1.8, 4.0, 7.0, -3.0);
+    QPixmap picture = scene.canvasAlone();
+    QPainter painter(&picture);
+    painter.setPen(scene.editor().theme().labels);
+    const QPoint first = scene.pixel(2.5, 8.0);
+    const QPoint last = scene.pixel(6.0, 5.0);
+    const auto write = [&](int left, int right, const QString& text) {
+        painter.drawText(QRect(QPoint(left, first.y()), QPoint(right, last.y())), Qt::AlignCenter, text);
+    };
+    write(0, first.x(), QStringLiteral("a press here\nselects anew"));
+    write(first.x(), last.x(), QStringLiteral("a drag from anywhere in here\nmoves all selected points"));
+    write(last.x(), picture.width(), QStringLiteral("a press here\nselects anew"));
+    return save(picture, folder.filePath("span.png"));
+}
+
 bool drawMoving(const QDir& folder)
 {
     GuideScene scene(cameraCurves());
@@ -156,8 +174,8 @@ bool drawFitting(const QDir& folder)
 bool drawPictures(const QDir& folder)
 {
     return drawEditor(folder) && drawDarkEditor(folder) && drawView(folder) && drawSelecting(folder) &&
-           drawMoving(folder) && drawClipboard(folder) && drawTangents(folder) && drawTable(folder) &&
-           drawFitting(folder);
+           drawSpan(folder) && drawMoving(folder) && drawClipboard(folder) && drawTangents(folder) &&
+           drawTable(folder) && drawFitting(folder);
 }
 
 bool drawPages(const QDir& folder, const QString& suffix)
