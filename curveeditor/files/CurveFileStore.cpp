@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/files/CurveFileStore.h>
 
-#include <curveeditor/files/FileReplacement.h>
-
 #include <QFileInfo>
 
 QString CurveFileStore::pathToSave(const QString& chosen)
@@ -29,9 +27,4 @@ std::filesystem::path CurveFileStore::nativePath(const QString& path)
     const QByteArray name = path.toUtf8(); // takes any text, which std::filesystem does not
     const auto* first = reinterpret_cast<const char8_t*>(name.constData());
     return {first, first + name.size()};
-}
-
-bool CurveFileStore::replace(const QString& path, const std::string& content)
-{
-    return !FileReplacement::write(nativePath(path), content);
 }

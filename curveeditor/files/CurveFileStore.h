@@ -4,9 +4,8 @@
 #include <QString>
 
 #include <filesystem>
-#include <string>
 
-/// Where a curve file stands on disk, and how it gets there. Paths are those of Qt's file dialogs, with "/".
+/// Where a curve file stands on disk. Paths are those of Qt's file dialogs, with "/".
 class CurveFileStore
 {
 public:
@@ -21,7 +20,4 @@ public:
 
     /// The same path as the standard library names it.
     static std::filesystem::path nativePath(const QString& path);
-
-    /// `FileReplacement::write`, true if that found no fault.
-    static bool replace(const QString& path, const std::string& content);
 };

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <ctime>
+#include <mutex>
 #include <random>
 #include <string>
 #include <utility>
@@ -15,6 +17,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
+#ifdef __linux__
+#include <linux/limits.h>
+#include <sys/xattr.h>
+#endif
 
 namespace fs = std::filesystem;
 
@@ -22,6 +28,17 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int longestChainOfLinks = 40;
+constexpr std::string_view hiddenStart = ".curve-";
+
+/// Of the one fault that leaves the new content in place.
+class NotYetOnDisk : public std::error_category
+{
+public:
+    const char* name() const noexcept override { return "FileReplacement"; }
+    std::string message(int) const override { return "saved, but perhaps not yet on the disk"; }
+};
+
+const NotYetOnDisk notYetOnDisk;
 
 [[noreturn]] void fail(std::errc error)
 {
@@ -42,13 +59,14 @@ fs::path behindLinks(fs::path path)
 fs::path unusedNameBeside(const fs::path& target)
 {
     std::random_device random;
-    return target.parent_path() / (".curve-" + std::to_string(random()) + '-' + std::to_string(random()));
+    return target.parent_path() /
+           (std::string(hiddenStart) + std::to_string(random()) + '-' + std::to_string(random()));
 }
 
 #ifdef _WIN32
 void requireWritable(const fs::path&) {}
 
-void writeNewFile(const fs::path& path, const fs::file_status&, std::string_view content)
+void writeNewFile(const fs::path& path, const fs::path&, std::string_view content)
 {
     std::ofstream file(path, std::ios::binary);
     file << content;
@@ -58,11 +76,23 @@ void writeNewFile(const fs::path& path, const fs::file_status&, std::string_view
 }
 
 void syncFolderOf(const fs::path&) {}
+void removeLeftoversBeside(const fs::path&) {}
 #else
 void require(bool isDone)
 {
     if (!isDone)
         throw std::system_error(errno, std::generic_category());
+}
+
+/// Says that the file system does not know of this, or that the user may not do it.
+bool isBeyondReach(int error)
+{
+    return error == EPERM || error == EACCES || error == EINVAL || error == ENOTSUP;
+}
+
+void requireWithinReach(bool isDone)
+{
+    require(isDone || isBeyondReach(errno));
 }
 
 void requireWritable(const fs::path& path)
@@ -86,10 +116,17 @@ public:
             ::close(number_);
     }
 
-    void setMode(mode_t mode) const
+    /// Owner, group, permissions and attributes, in the order in which none undoes another.
+    void resemble(const fs::path& old, const struct stat& status) const
     {
-        // Some file systems know no permissions.
-        require(::fchmod(number_, mode) == 0 || errno == EPERM || errno == ENOTSUP);
+        mode_t mode = status.st_mode & 0777;
+        requireWithinReach(::fchown(number_, status.st_uid, uid_t(-1)) == 0);
+        const bool hasGroup = ::fchown(number_, uid_t(-1), status.st_gid) == 0;
+        requireWithinReach(hasGroup);
+        if (!hasGroup) // another one gets no more than all others
+            mode = (mode & 0707) | (mode & 0007) << 3;
+        requireWithinReach(::fchmod(number_, mode) == 0);
+        takeAttributes(old);
     }
     void write(std::string_view content) const
     {
@@ -103,15 +140,37 @@ public:
     void close() { require(::close(std::exchange(number_, -1)) == 0); }
 
 private:
+    void takeAttributes(const fs::path& old) const;
+
     int number_;
 };
 
-void writeNewFile(const fs::path& path, const fs::file_status& old, std::string_view content)
+#ifdef __linux__
+void File::takeAttributes(const fs::path& old) const
 {
-    const mode_t mode = fs::exists(old) ? mode_t(old.permissions()) & 0777 : 0666;
-    File file(path, O_WRONLY | O_CREAT | O_EXCL, mode);
-    if (fs::exists(old))
-        file.setMode(mode); // beyond what the mask for new files lets through
+    std::string names(XATTR_LIST_MAX, '\0');
+    const ssize_t length = ::listxattr(old.c_str(), names.data(), names.size());
+    names.resize(std::size_t(std::max(length, ssize_t(0))));
+    std::string value(XATTR_SIZE_MAX, '\0');
+    for (std::size_t place = 0; place < names.size(); place = names.find('\0', place) + 1) {
+        const char* const name = names.data() + place;
+        const ssize_t size = ::getxattr(old.c_str(), name, value.data(), value.size());
+        if (size >= 0)
+            requireWithinReach(::fsetxattr(number_, name, value.data(), std::size_t(size), 0) == 0);
+    }
+}
+#else
+void File::takeAttributes(const fs::path&) const {}
+#endif
+
+void writeNewFile(const fs::path& path, const fs::path& old, std::string_view content)
+{
+    struct stat status = {};
+    const bool isThere = ::stat(old.c_str(), &status) == 0;
+    require(isThere || errno == ENOENT);
+    File file(path, O_WRONLY | O_CREAT | O_EXCL, isThere ? 0600 : 0666);
+    if (isThere)
+        file.resemble(old, status);
     file.write(content);
     file.sync();
     file.close();
@@ -125,17 +184,60 @@ void syncFolderOf(const fs::path& path)
     } catch (const std::system_error& fault) {
         // Files can be made in a folder that can't be read, and some file systems don't sync folders.
         const int error = fault.code().value();
-        if (error != EACCES && error != EINVAL && error != ENOTSUP)
-            throw;
+        if (!isBeyondReach(error))
+            throw std::system_error(error, notYetOnDisk);
+    }
+}
+
+/// ".curve-<digits>-<digits>"
+bool isHiddenName(std::string_view name)
+{
+    constexpr std::string_view digits = "0123456789";
+    if (name.substr(0, hiddenStart.size()) != hiddenStart)
+        return false;
+    name.remove_prefix(hiddenStart.size());
+    const std::size_t dash = name.find_first_not_of(digits);
+    return dash != 0 && dash < name.size() - 1 && name[dash] == '-' &&
+           name.find_first_not_of(digits, dash + 1) == name.npos;
+}
+
+bool isLeftover(const fs::path& path)
+{
+    constexpr std::time_t day = 24 * 60 * 60;
+    struct stat status = {};
+    return isHiddenName(path.filename().native()) && ::lstat(path.c_str(), &status) == 0 &&
+           S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
+           std::time(nullptr) - status.st_mtime > day;
+}
+
+/// Thousands of saves into one folder read it once.
+bool isLookedThrough(const fs::path& folder)
+{
+    static std::mutex mutex;
+    static fs::path last;
+    const std::lock_guard lock(mutex);
+    return std::exchange(last, folder) == folder;
+}
+
+void removeLeftoversBeside(const fs::path& target)
+{
+    std::error_code ignored;
+    const fs::path folder = fs::absolute(target, ignored).parent_path();
+    if (isLookedThrough(folder))
+        return;
+    fs::directory_iterator file(folder, ignored);
+    for (; file != fs::directory_iterator(); file.increment(ignored)) {
+        if (isLeftover(file->path()))
+            fs::remove(file->path(), ignored);
     }
 }
 #endif
 
-void replace(const fs::path& target, const fs::file_status& old, std::string_view content)
+void replace(const fs::path& target, std::string_view content)
 {
     const fs::path fresh = unusedNameBeside(target);
     try {
-        writeNewFile(fresh, old, content);
+        writeNewFile(fresh, target, content);
         fs::rename(fresh, target);
     } catch (const std::system_error&) {
         std::error_code ignored;
@@ -143,6 +245,7 @@ void replace(const fs::path& target, const fs::file_status& old, std::string_vie
         throw;
     }
     syncFolderOf(target);
+    removeLeftoversBeside(target);
 }
 
 } // namespace
@@ -160,9 +263,14 @@ std::error_code FileReplacement::write(const fs::path& path, std::string_view co
             fail(std::errc::invalid_argument);
         if (fs::exists(old))
             requireWritable(target);
-        replace(target, old, content);
+        replace(target, content);
         return {};
     } catch (const std::system_error& fault) {
         return fault.code();
     }
+}
+
+bool FileReplacement::isSaved(const std::error_code& outcome)
+{
+    return !outcome || outcome.category() == notYetOnDisk;
 }

@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/files/CurveFileStore.h>
+#include <curveeditor/files/FileReplacement.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PanDialog.h>
@@ -129,8 +130,14 @@ void CurveEditor::saveFile()
                               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;
     std::ostringstream content;
-    if (!canvas.saveCurve(content) || !CurveFileStore::replace(path, content.str()))
+    std::error_code fault = std::make_error_code(std::errc::io_error);
+    if (canvas.saveCurve(content))
+        fault = FileReplacement::write(CurveFileStore::nativePath(path), content.str());
+    if (!FileReplacement::isSaved(fault))
         showWarning(tr("Save curve"), tr("The curve could not be saved to %1.").arg(path));
+    else if (fault)
+        showWarning(tr("Save curve"),
+                    tr("The curve was saved to %1, but is perhaps not yet on the disk.").arg(path));
 }
 
 void CurveEditor::loadImage()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/files/CurveFileStore.h>
+#include <curveeditor/files/FileReplacement.h>
 
 #include <QtTest>
 
@@ -27,10 +28,11 @@ int save(int points, const QString& path)
     for (int i = 0; i < points; ++i)
         file.spline.addPoint(i, 1.0 / (i + 1));
     std::ostringstream content;
-    if (file.write(content) && CurveFileStore::replace(path, content.str()))
-        return EXIT_SUCCESS;
-    std::cerr << "could not be saved\n";
-    return EXIT_FAILURE;
+    file.write(content);
+    const std::error_code fault = FileReplacement::write(CurveFileStore::nativePath(path), content.str());
+    if (fault)
+        std::cerr << fault.message() << '\n';
+    return fault ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 
 const QByteArray old(1000, 'o');

@@ -7,6 +7,22 @@
 #include <QFileDialog>
 #include <QTemporaryDir>
 
+#include <cerrno>
+
+#include <sys/stat.h>
+
+static bool diskIsFaulty = false;
+
+// Stands before that of the C library.
+extern "C" int fsync(int file)
+{
+    struct stat status = {};
+    if (!diskIsFaulty || fstat(file, &status) != 0 || !S_ISDIR(status.st_mode))
+        return 0;
+    errno = EIO;
+    return -1;
+}
+
 class tst_CurveEditorCommands : public QObject
 {
     Q_OBJECT
@@ -186,6 +202,12 @@ private Q_SLOTS:
         });
         fixture->editor.saveFile();
         QCOMPARE(warning, "The curve could not be saved to " + folder.filePath("scene.crv") + ".");
+        diskIsFaulty = true;
+        choose(folder.filePath("safe"), [&warning] { closeBox(warning); });
+        fixture->editor.saveFile();
+        diskIsFaulty = false;
+        QCOMPARE(warning, "The curve was saved to " + folder.filePath("safe.crv") +
+                              ", but is perhaps not yet on the disk.");
     }
 
     void otherFileIsReplacedOnlyIfConfirmed()
