@@ -657,6 +657,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Redo</source>
         <translation>Wiederholen</translation>
     </message>
+    <message>
+        <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
+        <translation>Die Kurve wurde in %1 gespeichert, ist aber vielleicht noch nicht auf dem Datenträger.</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>

@@ -657,6 +657,10 @@ Do you want to replace it?</source>
         <source>Redo</source>
         <translation>Rehacer</translation>
     </message>
+    <message>
+        <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
+        <translation>La curva se guardó en %1, pero quizá aún no esté en el disco.</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>

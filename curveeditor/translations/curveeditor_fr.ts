@@ -657,6 +657,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Redo</source>
         <translation>Rétablir</translation>
     </message>
+    <message>
+        <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
+        <translation>La courbe a été enregistrée dans %1, mais n&apos;est peut-être pas encore sur le disque.</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>

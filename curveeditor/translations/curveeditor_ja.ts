@@ -657,6 +657,10 @@ Do you want to replace it?</source>
         <source>Redo</source>
         <translation>やり直す</translation>
     </message>
+    <message>
+        <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
+        <translation>カーブは %1 に保存されましたが、まだディスクに書き込まれていない可能性があります。</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
