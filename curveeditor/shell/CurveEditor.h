@@ -39,8 +39,8 @@ struct EditReport;
 ///     SplineBase lens;                      // the host owns its curves ...
 ///     FunctionFloatBase* formula = nullptr; // ... and the variables of their expressions
 ///     CurveEditor editor;
-///     QObject::connect(&editor, &CurveEditor::curveHasChanged,
-///                      [&](QString& group, QString& curve) { /* read lens or formula */ });
+///     QObject::connect(&editor, &CurveEditor::curveEdited,
+///                      [&](const CurveChange& change) { /* read lens or formula; change tells when it changed */ });
 ///     editor.setTimeRange(0.0, 20.0);
 ///     editor.addCurve("Camera", "Lens", Qt::yellow, 35.0F, &lens, &formula, 10.0F, 200.0F);
 ///     editor.setDefaultSelected("Camera", "Lens");
@@ -227,7 +227,8 @@ public Q_SLOTS:
     // Host settings
 
     /// @{
-    /// Moves the time line, by a time or by a frame number.
+    /// Moves the time line, by a time or by a frame number. Mind the type: `setTimeLine(5)` is frame 5, and
+    /// `setTimeLine(5.0)` the time 5.
     void setTimeLine(const double& val);
     void setTimeLine(int val);
     /// @}
@@ -387,7 +388,8 @@ protected Q_SLOTS:
     void languageChange() override;
 
 Q_SIGNALS:
-    /// The dialog got a close event. It closes without a question and saves nothing.
+    /// The dialog got a close event. It closes without a question and saves nothing. Mind that `reject`, `accept`
+    /// and `hide`, called by a host, give none.
     void closed();
     /// The user has edited a curve on the canvas, or selected points of it; so it may come more often than
     /// the curve changes. When the slot runs, spline and variable hold the change. The slot may call every

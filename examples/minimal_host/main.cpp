@@ -16,8 +16,8 @@ int main(int argc, char* argv[])
     zoom.addPoint(10.0, -1.0);
 
     CurveEditor editor;
-    QObject::connect(&editor, &CurveEditor::curveHasChanged, [&](const QString& group, const QString& curve) {
-        QTextStream(stdout) << group << '.' << curve << " is now "
+    QObject::connect(&editor, &CurveEditor::curveEdited, [&](const CurveChange& change) {
+        QTextStream(stdout) << change.group << '.' << change.curve << " is now "
                             << (formula ? QString::fromStdString(formula->getString())
                                         : QString::number(zoom(5.0)) + " at 5")
                             << Qt::endl;
