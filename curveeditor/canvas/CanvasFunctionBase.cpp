@@ -289,7 +289,7 @@ CanvasSpline* CanvasFunctionBase::currentSpline() const
     return current_ ? current_->getCanvasSpline() : nullptr;
 }
 
-SplineBase* CanvasFunctionBase::currentSplineBase() const
+const SplineBase* CanvasFunctionBase::currentSplineBase() const
 {
     return current_ ? current_->getSpline() : nullptr;
 }
@@ -505,18 +505,18 @@ bool CanvasFunctionBase::loadCurve(std::istream& in)
 
 void CanvasFunctionBase::setFirstType(int type)
 {
-    editSettled(tr("Change the start behaviour of %1"), [type](EditedCurve& curve) {
+    editSettled(tr("Change the start behaviour of %1"), [this, type](EditedCurve& curve) {
         if (curve.spline())
-            SplineEdits::setFirstType(*curve.spline(), type);
+            SplineEdits::setFirstType(*door_.spline(curve), type);
     });
     paint();
 }
 
 void CanvasFunctionBase::setLastType(int type)
 {
-    editSettled(tr("Change the end behaviour of %1"), [type](EditedCurve& curve) {
+    editSettled(tr("Change the end behaviour of %1"), [this, type](EditedCurve& curve) {
         if (curve.spline())
-            SplineEdits::setLastType(*curve.spline(), type);
+            SplineEdits::setLastType(*door_.spline(curve), type);
     });
     paint();
 }

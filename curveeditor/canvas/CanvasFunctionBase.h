@@ -105,7 +105,7 @@ public:
     QString getCurrentCurveName() const;
     CanvasSpline* currentSpline() const;
     ControlSplineNode* currentControl() const;
-    SplineBase* currentSplineBase() const;
+    const SplineBase* currentSplineBase() const;
     bool noCurrentCurve() const { return !current_; }
     bool isCurrentExpression() const;
     QString getCurrentExpressionText() const;

@@ -327,7 +327,7 @@ void CanvasFunctionBase::dragSelection(const Gesture::Place& mouse, const MouseS
     for (std::size_t i = 0; i < dragged_.size(); ++i) {
         ControlSplineNode& control = dragged_[i]->control();
         touched.push_back(
-            viewport_->gesture.drags()[i].step(*control.getSpline(), place, scaling, viewport_->mapping()));
+            viewport_->gesture.drags()[i].step(*control.openSpline(), place, scaling, viewport_->mapping()));
         Selection& selection = control.selection();
         if (selection.hasMultiple())
             selection.setCurrent(selection.listed().back());
@@ -415,7 +415,7 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event, bool isFocused)
         editPointsAndReport(
             nodes, tr("Delete a point of %1"), tr("Delete %1 points of %2"), [](ControlSplineNode& selected) {
                 if (selected.getSpline())
-                    SplineEdits::removePoints(*selected.getSpline(), selected.selection().edited());
+                    SplineEdits::removePoints(*selected.openSpline(), selected.selection().edited());
                 selected.selectOnly(nullptr);
             });
     } else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
@@ -427,7 +427,7 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event, bool isFocused)
 void CanvasFunctionBase::stepSelection(bool forward)
 {
     ControlSplineNode& control = current_->control();
-    SplineBase* const spline = control.getSpline();
+    const SplineBase* const spline = control.getSpline();
     if (!spline)
         return;
     const SplineBase::PointInfo* point = nullptr;
@@ -451,23 +451,24 @@ void CanvasFunctionBase::createNodeAtCursor()
 
 void CanvasFunctionBase::createPoint(const Gesture::Place& place)
 {
-    editAndReport(*current_, tr("Add a point to %1").arg(current_->getName()), [&place](EditedCurve& curve) {
-        if (curve.spline())
-            SplineEdits::addPoint(*curve.spline(), place.time, place.value);
-    });
+    editAndReport(*current_, tr("Add a point to %1").arg(current_->getName()),
+                  [this, &place](EditedCurve& curve) {
+                      if (curve.spline())
+                          SplineEdits::addPoint(*door_.spline(curve), place.time, place.value);
+                  });
 }
 
 void CanvasFunctionBase::setSelectedType(int type)
 {
     editSelections(tr("Change the type of points"), [type](ControlSplineNode& control) {
-        SplineEdits::setType(*control.getSpline(), control.selection().edited(), type);
+        SplineEdits::setType(*control.openSpline(), control.selection().edited(), type);
     });
 }
 
 void CanvasFunctionBase::deleteSelectedNodes()
 {
     editSelections(tr("Delete points"), [](ControlSplineNode& control) {
-        SplineEdits::removePoints(*control.getSpline(), control.selection().edited());
+        SplineEdits::removePoints(*control.openSpline(), control.selection().edited());
         control.selectOnly(nullptr);
     });
 }
@@ -500,7 +501,7 @@ void CanvasFunctionBase::editSelection(const QString& one, const QString& many, 
         return;
     const QPointer<CanvasFunctionBase> guard(this);
     editPointsAndReport(selectedCurves(), one, many, [&work](ControlSplineNode& control) {
-        work(*control.getSpline(), control.selection().edited());
+        work(*control.openSpline(), control.selection().edited());
     });
     if (!guard)
         return;
@@ -552,7 +553,7 @@ void CanvasFunctionBase::editSpline(const QString& text, const std::function<voi
         return;
     const QPointer<CanvasFunctionBase> guard(this);
     editAndReport(*current_, text.arg(current_->getName()),
-                  [&](EditedCurve& curve) { work(*curve.spline()); });
+                  [&](EditedCurve& curve) { work(*door_.spline(curve)); });
     if (!guard)
         return;
     Q_EMIT selectionChanged(true);
@@ -567,10 +568,10 @@ void CanvasFunctionBase::setPoints(CurveNodeBase& node, const QString& text,
     if (!curve || !curve->getSpline())
         return;
     const QPointer<CanvasFunctionBase> guard(this);
-    edit(*curve, text.arg(curve->getName()), [&points](EditedCurve& edited) {
+    edit(*curve, text.arg(curve->getName()), [this, &points](EditedCurve& edited) {
         SplineState state = edited.spline()->state();
         state.points = std::move(points);
-        if (!edited.spline()->assign(state))
+        if (!door_.spline(edited)->assign(state))
             return;
         if (edited.kind() == CurveKind::Expression)
             edited.setExpression(nullptr, {});
@@ -597,7 +598,7 @@ void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& 
         return;
     editPointsQuietly(tr("Scale a point of %1"), tr("Scale %1 points of %2"),
                       [&](ControlSplineNode& control) {
-                          SplineEdits::scalePoints(*control.getSpline(), control.selection().edited(),
+                          SplineEdits::scalePoints(*control.openSpline(), control.selection().edited(),
                                                    timeFactor, valueFactor);
                       });
 }
@@ -607,7 +608,7 @@ void CanvasFunctionBase::panSelection(const double& timeOffset, const double& va
     if ((timeOffset == 0.0 && valueOffset == 0.0) || !canEditSelection())
         return;
     editPointsQuietly(tr("Pan a point of %1"), tr("Pan %1 points of %2"), [&](ControlSplineNode& control) {
-        SplineEdits::panPoints(*control.getSpline(), control.selection().edited(), timeOffset, valueOffset);
+        SplineEdits::panPoints(*control.openSpline(), control.selection().edited(), timeOffset, valueOffset);
     });
 }
 

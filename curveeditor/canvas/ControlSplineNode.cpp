@@ -144,6 +144,6 @@ void ControlSplineNode::setSelectedType(int type)
         return;
     door_.begin(editText(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2")),
                 {curve_});
-    SplineEdits::setType(*getSpline(), selection_.edited(), type);
+    SplineEdits::setType(*openSpline(), selection_.edited(), type);
     door_.commit();
 }

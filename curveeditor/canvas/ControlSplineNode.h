@@ -30,8 +30,10 @@ public:
     static ControlMenu* menu();
 
     const std::shared_ptr<EditedCurve>& curve() const { return curve_; }
-    SplineBase* getSpline() const { return curve_->spline(); }
+    const SplineBase* getSpline() const { return curve_->spline(); }
     CurveEdit& door() { return door_; }
+    /// The spline while an edit of the curve is open; null else.
+    SplineBase* openSpline() const { return door_.spline(*curve_); }
 
     Selection& selection() { return selection_; }
     const Selection& selection() const { return selection_; }

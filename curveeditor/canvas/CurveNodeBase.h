@@ -59,7 +59,7 @@ public:
     bool isSpline() const { return kind() == CurveKind::Spline; }
     /// The content, for edits.
     const std::shared_ptr<EditedCurve>& curve() const { return curve_; }
-    SplineBase* getSpline() const { return curve_->spline(); }
+    const SplineBase* getSpline() const { return curve_->spline(); }
     /// What the holder holds; null if it is empty.
     FunctionFloatBase* getExpression() const { return curve_->expression(); }
     CanvasSpline* getCanvasSpline() const { return canvasSpline_.get(); }

@@ -64,6 +64,14 @@ void CurveEdit::keep(Id id)
     commit();
 }
 
+SplineBase* CurveEdit::spline(const EditedCurve& curve) const
+{
+    const bool isOpenHere = isOpen_ && std::any_of(before_.begin(), before_.end(), [&](const Before& before) {
+                                return before.curve.get() == &curve;
+                            });
+    return isOpenHere ? curve.spline_ : nullptr;
+}
+
 void CurveEdit::preview(const TimeInterval& touched, std::size_t curve)
 {
     if (isTrial_)

@@ -11,7 +11,7 @@
 /// The one door through which hands change curves.
 ///
 ///     door.begin(tr("Delete points"), {curve});
-///     SplineEdits::removePoints(*curve->spline(), points);
+///     SplineEdits::removePoints(*door.spline(*curve), points);
 ///     door.commit();
 ///
 /// `begin` notes the state of the curves; whatever is written until `commit` is one value then, one entry of the
@@ -51,6 +51,10 @@ public:
     bool isOpen() const { return isOpen_; }
     /// Whether it is that edit which is open.
     bool isOpen(Id id) const { return isOpen_ && id == id_; }
+
+    /// The spline of a curve of the open edit, to be written until the edit ends. Null for every other curve, and where
+    /// there is none.
+    SplineBase* spline(const EditedCurve& curve) const;
 
     /// Reports a step of the open edit at its first curve, or that of an index, which must not be too high.
     void preview(const TimeInterval& touched, std::size_t curve = 0);

@@ -32,7 +32,7 @@ bool CurveTrial::show(const SplineState& spline)
     if (!reopen())
         return false;
     const CurveState last = curve_->state();
-    curve_->spline()->assign(spline);
+    door_->spline(*curve_)->assign(spline);
     curve_->spline()->copyTo(shown_);
     fingerprintShown_ = curve_->fingerprint();
     door_->preview(CurveDiff::between(last, *curve_->spline(), curve_->kind(), curve_->formula()).touched());

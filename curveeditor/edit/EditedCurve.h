@@ -16,7 +16,7 @@
 /// shows. It outlives the curve's stay on the canvas, so that edits can be taken back later.
 ///
 /// Spline and variable are the host's and must live until `letGo`. The object in the variable is replaced and
-/// deleted here. Who writes does so between `CurveEdit::begin` and `commit`.
+/// deleted here. Who writes does so between `CurveEdit::begin` and `commit`, and gets the spline from the door.
 class EditedCurve
 {
 public:
@@ -25,7 +25,8 @@ public:
 
     QString name; ///< the full name: group, ".", curve
 
-    SplineBase* spline() const { return spline_; }
+    /// To be read; `CurveEdit::spline` gives it to be written. Null if there is none.
+    const SplineBase* spline() const { return spline_; }
     FunctionFloatBase** variable() const { return variable_; }
     /// What the variable holds; null if it is empty.
     FunctionFloatBase* expression() const { return variable_ ? *variable_ : nullptr; }
@@ -57,6 +58,8 @@ public:
     void letGo();
 
 private:
+    friend class CurveEdit;
+
     bool readSpline(std::istream& in);
     bool readExpression(std::istream& in);
     std::unique_ptr<FunctionFloatBase> expressionOf(const std::string& text);

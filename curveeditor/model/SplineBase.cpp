@@ -465,16 +465,26 @@ std::vector<PointInfo*>::const_iterator SplineBase::find(const PointInfo* point)
     return findFromBothEnds(points_.begin(), points_.end(), point);
 }
 
-PointInfo* SplineBase::getNext(const double& time)
+const PointInfo* SplineBase::getNext(const double& time) const
 {
     const auto place = std::upper_bound(times_.begin(), times_.end(), time);
     return place == times_.end() ? nullptr : points_[std::size_t(place - times_.begin())];
 }
 
-PointInfo* SplineBase::getPrev(const double& time)
+const PointInfo* SplineBase::getPrev(const double& time) const
 {
     const auto place = std::lower_bound(times_.begin(), times_.end(), time);
     return place == times_.begin() ? nullptr : points_[std::size_t(place - times_.begin()) - 1];
+}
+
+PointInfo* SplineBase::getNext(const double& time)
+{
+    return const_cast<PointInfo*>(std::as_const(*this).getNext(time));
+}
+
+PointInfo* SplineBase::getPrev(const double& time)
+{
+    return const_cast<PointInfo*>(std::as_const(*this).getPrev(time));
 }
 
 void SplineBase::addPoint(const double& time, const double& value)

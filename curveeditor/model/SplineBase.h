@@ -141,11 +141,17 @@ public:
     /// elsewhere all points are looked at.
     std::int32_t findIndex(std::uint32_t serial, double near) const;
 
+    /// @{
     /// The first point later than `time`, null if there is none.
+    const PointInfo* getNext(const double& time) const;
     PointInfo* getNext(const double& time);
+    /// @}
 
+    /// @{
     /// The last point earlier than `time`, null if there is none.
+    const PointInfo* getPrev(const double& time) const;
     PointInfo* getPrev(const double& time);
+    /// @}
     /// @}
 
     /// @name Editing

@@ -209,7 +209,7 @@ bool PointTableModel::edit(const QString& one, const QString& many, std::size_t 
     const QString& name = control->curve()->name;
     CurveEdit& door = control->door();
     door.begin(count == 1 ? one.arg(name) : many.arg(count).arg(name), {control->curve()});
-    work(*control->getSpline());
+    work(*control->openSpline());
     const bool hasChanged = !door.commit().empty();
     if (hasChanged && guard)
         Q_EMIT edited(control);

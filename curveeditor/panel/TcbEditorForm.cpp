@@ -224,7 +224,7 @@ void TcbEditorForm::writeNumber(CustomEditLine* sender, const Row& row, double n
     const SplineBase::PointInfo point = *currentControl_->pointAt(editableIndex());
     if (!beginEdit(sender, point))
         return;
-    SplineEdits::write(*currentControl_->getSpline(), point.serial, row.field, number);
+    SplineEdits::write(*currentControl_->openSpline(), point.serial, row.field, number);
     door_->checkpoint();
 }
 

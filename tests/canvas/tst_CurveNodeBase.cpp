@@ -6,6 +6,15 @@
 
 #include <cmath>
 
+/// Who does not hold the door open reads.
+template <auto accessor, typename Owner>
+constexpr bool givesToRead =
+    std::is_same_v<decltype((std::declval<Owner&>().*accessor)()), const SplineBase*>;
+static_assert(givesToRead<&EditedCurve::spline, EditedCurve> &&
+              givesToRead<&CurveNodeBase::getSpline, CurveNodeBase> &&
+              givesToRead<&ControlSplineNode::getSpline, ControlSplineNode> &&
+              givesToRead<&CanvasFunctionBase::currentSplineBase, CanvasFunctionBase>);
+
 class tst_CurveNodeBase : public QObject
 {
     Q_OBJECT

@@ -68,6 +68,19 @@ class tst_CurveEdit : public QObject
     using Edit = std::function<void(Fixture&)>;
 
 private Q_SLOTS:
+    void theDoorGivesTheSplinesOfItsOpenEdit()
+    {
+        Fixture f;
+        SplineBase other;
+        const auto stranger = f.door.history().curve("a.y", &other, nullptr);
+        QVERIFY(!f.door.spline(*f.curve));
+        f.begin("move");
+        QCOMPARE(f.door.spline(*f.curve), &f.spline);
+        QVERIFY(!f.door.spline(*stranger));
+        f.door.commit();
+        QVERIFY(!f.door.spline(*f.curve));
+    }
+
     void everyEditIsOneEntryThatLeadsBackAndForth_data()
     {
         QTest::addColumn<Edit>("edit");
