@@ -42,14 +42,15 @@ QString faultText(const ParseMessage& message)
 
 void markCycle(ParseMessage& message, const std::string& variable)
 {
-    if (variable.empty())
-        return;
     std::string text = message.text;
     std::replace(text.begin(), text.end(), ' ', '_');
-    for (auto at = text.find(variable); at != std::string::npos; at = text.find(variable, at + 1)) {
+    for (auto at = text.find(variable); !variable.empty() && at != std::string::npos;
+         at = text.find(variable, at + 1)) {
         message.errors.emplace_back(std::uint32_t(at), std::uint32_t(variable.size()));
-        message.code = ParseMessage::CyclicDependency;
     }
+    if (message.errors.empty())
+        message.errors.emplace_back(0U, std::uint32_t(message.text.size()));
+    message.code = ParseMessage::CyclicDependency;
 }
 
 } // namespace
@@ -458,21 +459,16 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
         showWarning(tr("Syntax error"), faultText(message));
         return isStillCurrent();
     }
-    QString withFunc;
-    bool isCycle = false;
-    edit(*curve, tr("Enter the formula of %1").arg(curve->getName()), [&](EditedCurve& edited) {
-        edited.setExpression(std::move(expression), text.toStdString());
-        isCycle = curve->findsCycle(withFunc);
-        if (isCycle)
-            markCycle(message, DependencyCheck::lowerVariableName(withFunc).toStdString());
-        if (message.errors.empty())
-            edited.setKind(CurveKind::Expression);
-    });
-    if (isCycle)
+    if (QString withFunc; curve->findsCycle(*expression, withFunc)) {
+        markCycle(message, DependencyCheck::lowerVariableName(withFunc).toStdString());
         showWarning(tr("Cyclical dependency"),
                     tr("Cyclical dependency has been found for d-var %1 ").arg(withFunc));
-    if (curve && message.errors.empty())
-        curve->emitCurveChanged();
+        return isStillCurrent();
+    }
+    editAndReport(*curve, tr("Enter the formula of %1").arg(curve->getName()), [&](EditedCurve& edited) {
+        edited.setExpression(std::move(expression), text.toStdString());
+        edited.setKind(CurveKind::Expression);
+    });
     return isStillCurrent();
 }
 

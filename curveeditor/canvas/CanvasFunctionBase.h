@@ -123,9 +123,9 @@ public:
     void resetAllCurves();
     void resetCurrentCurve();
 
-    /// Parses `text` for the current curve. A text that can't be parsed leaves the curve as it is. One that makes
-    /// the curve depend on itself is taken, but the curve's kind stays and nothing is reported; `message` gets
-    /// code `CyclicDependency` and a span for each place where its text names the curve that closes the cycle.
+    /// Parses `text` for the current curve. A text that can't be parsed, or that would make the curve depend on
+    /// itself, leaves the curve as it is. In the latter case `message` gets code `CyclicDependency` and a span for
+    /// each place where its text names the curve that closes the cycle, or for all of it where it does not.
     /// Either fault is told in a box, after which the curve may be gone. One without fault makes the curve an
     /// expression curve and is reported. `message` has the outcome; the result is whether the curve that was
     /// current is still the current one.

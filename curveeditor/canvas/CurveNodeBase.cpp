@@ -202,11 +202,12 @@ void CurveNodeBase::setExpressionLine(DeviceLine line)
     renewPictureNumber();
 }
 
-bool CurveNodeBase::findsCycle(QString& withFunc) const
+bool CurveNodeBase::findsCycle(FunctionFloatBase& expression, QString& withFunc) const
 {
     const QString variable = DependencyCheck::lowerVariableName(getName());
     DependencyCheck* const editor = canvas_->getEditor();
-    return editor && editor->checkDependencies(variable, variable, withFunc);
+    return editor && curve_->tryOut(expression,
+                                    [&] { return editor->checkDependencies(variable, variable, withFunc); });
 }
 
 std::pair<QString, QString> CurveNodeBase::reportedNames(const QString& fullName)

@@ -102,9 +102,9 @@ public:
     /// Another number for each picture that the curve had, and never that of another curve.
     quint64 pictureNumber() const { return pictureNumber_; }
 
-    /// Asks the editor whether the curve depends on itself. If it does, returns true, and `withFunc` is the full
-    /// name of the curve that closes the cycle.
-    bool findsCycle(QString& withFunc) const;
+    /// Asks the editor whether the curve would depend on itself with that expression. If it would, returns true, and
+    /// `withFunc` is the full name of the curve that closes the cycle.
+    bool findsCycle(FunctionFloatBase& expression, QString& withFunc) const;
 
     /// Emits `curveHasChanged` with the first and the last part of the name, which dots divide; a name
     /// without a dot gives itself twice.

@@ -69,6 +69,16 @@ void EditedCurve::setExpression(std::unique_ptr<FunctionFloatBase> newExpression
     *variable_ = newExpression.release();
 }
 
+bool EditedCurve::tryOut(FunctionFloatBase& expression, const std::function<bool()>& work) const
+{
+    if (!variable_)
+        return work();
+    FunctionFloatBase* const present = std::exchange(*variable_, &expression);
+    const bool found = work();
+    *variable_ = present;
+    return found;
+}
+
 void EditedCurve::reset(double value)
 {
     kind_ = CurveKind::Spline;

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -45,6 +46,8 @@ public:
     /// Puts `expression` into the variable; `text` is what it was parsed from. What the variable held is kept for a
     /// while, as it may have to come back although its text can't be parsed any more.
     void setExpression(std::unique_ptr<FunctionFloatBase> expression, const std::string& text);
+    /// What `work` finds out while the variable holds `expression`, which stays the caller's.
+    bool tryOut(FunctionFloatBase& expression, const std::function<bool()>& work) const;
     /// Back to a spline of one point at time 0.0; the expression is deleted. The behaviours stay.
     void reset(double value);
     /// Takes the whole state. Returns false, and changes nothing, if its formula can't be had any more.

@@ -29,7 +29,7 @@ ExpressionEditLine::ExpressionEditLine(QWidget* parent, const QString& name) : Q
     setMouseTracking(true);
     setAcceptDrops(true);
     setColors(lineColor, textColor, warningColor);
-    setText(
+    showFormula(
         QStringLiteral("1/14 cos(t)+3*exp(-(t-520)^2/2000)+8*exp(-(t-600)^2/2000)+2*exp(-(t-700)^2/4000)"));
 }
 
@@ -52,6 +52,35 @@ void ExpressionEditLine::showFormula(const QString& formula)
     setText(fits ? formula : formula.left(maxLength() - 1) + QChar(0x2026));
     if (!fits)
         home(false);
+    formula_ = text();
+    setItalic(false);
+}
+
+bool ExpressionEditLine::isUnfinished() const
+{
+    return text() != formula_;
+}
+
+void ExpressionEditLine::showUnfinished(const QString& text)
+{
+    setText(text);
+    setItalic(true);
+}
+
+// As typing, so that it can be taken back.
+void ExpressionEditLine::dropUnfinished()
+{
+    selectAll();
+    insert(formula_);
+    setItalic(false);
+}
+
+void ExpressionEditLine::setItalic(bool italic)
+{
+    QFont style; // all else is the parent's
+    if (italic)
+        style.setItalic(true);
+    setFont(style);
 }
 
 bool ExpressionEditLine::replaceText(const QString& text)
@@ -106,6 +135,8 @@ void ExpressionEditLine::mouseReleaseEvent(QMouseEvent* event)
 void ExpressionEditLine::keyPressEvent(QKeyEvent* event)
 {
     restoreColors();
+    if (event->key() == Qt::Key_Escape && isUnfinished())
+        return dropUnfinished();
     const StepKey step = stepKeyOf(*event);
     if (step == StepKey::Undo && isUndoAvailable())
         undo();
@@ -119,9 +150,14 @@ void ExpressionEditLine::keyPressEvent(QKeyEvent* event)
 
 bool ExpressionEditLine::event(QEvent* event)
 {
-    const bool asksForStep = event->type() == QEvent::ShortcutOverride &&
-                             stepKeyOf(*static_cast<QKeyEvent*>(event)) != StepKey::None;
-    return asksForStep ? false : QLineEdit::event(event);
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (stepKeyOf(key) != StepKey::None)
+            return false;
+        if (key.key() == Qt::Key_Escape && isUnfinished())
+            event->accept();
+    }
+    return QLineEdit::event(event);
 }
 
 void ExpressionEditLine::dragEnterEvent(QDragEnterEvent* event)

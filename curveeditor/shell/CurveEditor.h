@@ -17,6 +17,7 @@
 
 class CurveNodeBase;
 class CustomEditLine;
+class EditedCurve;
 class FunctionFloatBase;
 class QAction;
 class QActionGroup;
@@ -476,6 +477,8 @@ private:
     void showPoints();
     void showLineText();
     void showLineTip();
+    void keepUnfinishedText();
+    void dropUnfinishedText(EditedCurve& curve);
     void setCurveEditableOn(NodeStruct* record);
     void setCurveEditableOff(NodeStruct* record);
     void putOnCanvas(NodeStruct& record);

@@ -48,7 +48,10 @@ void CurveEditor::executeCommand()
     if (commandLine->isReadOnly())
         return; // what stands there is not the whole formula
     ParseMessage message;
+    const QString curve = d_->lineCurve;
     const bool isSameCurve = d_->functionEdit->canvas.parseExpression(commandLine->text(), message);
+    if (message.errors.empty())
+        d_->unfinishedTexts.remove(curve);
     if (!isSameCurve)
         return; // the line shows another curve's formula by now
     commandLine->showMessage(message);
@@ -132,8 +135,9 @@ void CurveEditor::errorClosed()
 void CurveEditor::deleteExpression(const QString& nodeName, const QString& curveName,
                                    FunctionFloatBase** function)
 {
+    const QString name = nodeName + QLatin1Char('.') + curveName;
+    d_->unfinishedTexts.remove(name);
     if (isVisible()) {
-        const QString name = nodeName + QLatin1Char('.') + curveName;
         if (d_->functionEdit->canvas.dropExpression(name))
             refreshCommandLine();
     } else if (function) {
@@ -162,8 +166,11 @@ void CurveEditor::showContent()
     const bool isSpline = !canvas.noCurrentCurve() && !canvas.isCurrentExpression();
     setSplineToolsEnabled(isSpline);
     enablePointTools();
-    if (canvas.noCurrentCurve())
+    if (canvas.noCurrentCurve()) {
+        keepUnfinishedText();
+        d_->lineCurve.clear();
         return;
+    }
     deleteCurve->setEnabled(!isSpline);
     showLineText();
     if (isSpline) {
@@ -180,10 +187,34 @@ void CurveEditor::showLineText()
     const QString formula = canvas.isCurrentExpression() ? canvas.getCurrentExpressionText() : QString();
     if (curve == d_->lineCurve && formula == d_->lineFormula)
         return;
+    if (curve != d_->lineCurve)
+        keepUnfinishedText();
     d_->lineCurve = curve;
     d_->lineFormula = formula;
     commandLine->showFormula(formula);
     showLineTip();
+    const auto unfinished = d_->unfinishedTexts.constFind(curve);
+    if (unfinished != d_->unfinishedTexts.cend() && unfinished->formula == formula)
+        commandLine->showUnfinished(unfinished->text);
+    d_->unfinishedTexts.remove(curve);
+}
+
+void CurveEditor::keepUnfinishedText()
+{
+    if (!d_->lineCurve.isEmpty() && commandLine->isUnfinished())
+        d_->unfinishedTexts.insert(d_->lineCurve, {d_->lineFormula, commandLine->text()});
+}
+
+/// A text over a formula that has changed meanwhile is of no use.
+void CurveEditor::dropUnfinishedText(EditedCurve& curve)
+{
+    const auto unfinished = d_->unfinishedTexts.constFind(curve.name);
+    if (unfinished == d_->unfinishedTexts.cend())
+        return;
+    FunctionFloatBase* const tree = curve.kind() == CurveKind::Expression ? curve.expression() : nullptr;
+    const QString formula = tree ? QString::fromStdString(tree->getString()) : QString();
+    if (formula != unfinished->formula)
+        d_->unfinishedTexts.erase(unfinished);
 }
 
 void CurveEditor::showLineTip()

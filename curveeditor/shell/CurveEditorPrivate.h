@@ -39,6 +39,13 @@ struct CurveEditor::Private
     std::optional<MousePlace> mousePlace; ///< what the read-outs show; nothing at first
     QString lineCurve;                    ///< the curve whose formula the command line shows ...
     QString lineFormula;                  ///< ... and that formula
+    /// What was typed over the formula of a curve that is not current and was not entered.
+    struct UnfinishedText
+    {
+        QString formula;
+        QString text;
+    };
+    QHash<QString, UnfinishedText> unfinishedTexts; ///< by full name
 
     FunctionEditor* functionEdit = nullptr;
     PointTablePage* pointTable = nullptr;

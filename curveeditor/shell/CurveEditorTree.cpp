@@ -157,6 +157,7 @@ void CurveEditor::eraseRecord(const QString& name)
     const std::unique_ptr<NodeStruct> erased = std::move(*place);
     d_->nodeList.erase(place);
     d_->nodeOfName.remove(name);
+    d_->unfinishedTexts.remove(name);
     if (isOpen)
         Q_EMIT curveClosed(erased->nodeName, erased->curveName);
     tellCurrentCurve();
@@ -207,6 +208,8 @@ void CurveEditor::renameRecord(NodeStruct& record, const QString& nodeName, cons
         if (*remembered == oldName)
             *remembered = record.name;
     }
+    if (d_->unfinishedTexts.contains(oldName))
+        d_->unfinishedTexts.insert(record.name, d_->unfinishedTexts.take(oldName));
     d_->functionEdit->canvas.renameCurve(oldName, record.name);
     d_->functionEdit->canvas.door().history().rename(oldName, record.name);
 }

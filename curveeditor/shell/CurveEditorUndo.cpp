@@ -45,6 +45,7 @@ void CurveEditor::showStepTexts()
 
 void CurveEditor::tellEdit(const EditReport& report)
 {
+    dropUnfinishedText(*report.curve);
     if (report.cause != EditReport::Cause::Edit)
         showContent();
     const NodeStruct* const record = searchAllNodeList(report.curve->name);

@@ -150,9 +150,71 @@ private Q_SLOTS:
         QCOMPARE(warning, "Cyclical dependency has been found for d-var \u00c4rger.X y ");
         QCOMPARE(line().selectedText(), "\u00c4rger.x_y");
         QVERIFY(fixture->changes.isEmpty() && splineToolsEnabled());
+        QVERIFY(!fixture->curves["A.x"].expression && !fixture->editor.undoStack()->canUndo());
         fixture->submenu("D vars", 2)->actions()[0]->trigger();
         QCOMPARE(line().text(), "2*c.z");
         QCOMPARE(fixture->changes, QStringList{"A/x"});
+    }
+
+    void unfinishedTextWaitsForItsCurveUntilItEnds()
+    {
+        CurveEditor& editor = fixture->editor;
+        const auto leave = [&] {
+            editor.setEditingNode("b.y");
+        };
+        const auto comeBack = [&] {
+            editor.setEditingNode("A.x");
+        };
+        const auto type = [&](const QString& text) {
+            line().selectAll();
+            QTest::keyClicks(&line(), text);
+        };
+        enter("t");
+        const std::tuple<const char*, const char*, std::function<void()>> ends[] = {
+            {"Return", "2*t",
+             [&] {
+                 QTest::keyClick(&line(), Qt::Key_Return);
+             }},
+            {"Escape", "2*t",
+             [&] {
+                 QTest::keyClick(&line(), Qt::Key_Escape);
+             }},
+            {"another formula and back", "2*t",
+             [&] {
+                 leave();
+                 editor.undoStack()->undo();
+                 editor.undoStack()->redo();
+             }},
+            {"deletion by the host", "", [&] {
+                 leave();
+                 editor.deleteExpression("A", "x", &fixture->curves["A.x"].expression);
+             }}};
+        for (const auto& [name, formula, end] : ends) {
+            type("2 T");
+            QVERIFY(!line().font().italic());
+            editor.cleanSelecteds(); // no curve is current
+            leave();
+            QVERIFY2(line().text().isEmpty() && !line().font().italic(), name);
+            editor.renameCurve("A", "x", "w");
+            editor.renameCurve("A", "w", "x");
+            comeBack();
+            QVERIFY2(line().text() == "2 T" && line().font().italic(), name);
+            end();
+            leave();
+            comeBack();
+            QCOMPARE(line().text(), formula);
+            QVERIFY2(!line().font().italic(), name);
+        }
+        QVERIFY(!EditorFixture::takes(line(), Qt::Key_Escape));
+        type("lost?");
+        QVERIFY(EditorFixture::takes(line(), Qt::Key_Escape));
+        QTest::keyClick(&line(), Qt::Key_Escape);
+        QTest::keyClick(&line(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(line().text(), "lost?");
+        leave();
+        editor.removeCurve("A", "x");
+        fixture->open("A.x");
+        QVERIFY(line().text().isEmpty());
     }
 
     void chosenEntryMayBeRemovedByItsReceiver()
