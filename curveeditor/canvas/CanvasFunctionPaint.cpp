@@ -145,7 +145,7 @@ void CanvasFunctionBase::updatePicture()
         if (curve->needsSamples(*viewport_))
             expressions.push_back(curve.get());
     }
-    ExpressionSampler::sample(expressions, *viewport_, theme_.smooth);
+    ExpressionSampler::sample(expressions, *viewport_, theme_);
     viewport_->dirty = false;
     layer_.show(backdrop(), curvesBehindCurrent());
 }
@@ -238,7 +238,9 @@ void CanvasFunctionBase::setSelectionColor(const QColor& color)
 
 void CanvasFunctionBase::setCanvasColor(const QColor& color)
 {
-    setColor(&CurveEditorTheme::canvas, color);
+    QColor opaque = color; // else the last picture would shine through
+    opaque.setAlpha(255);
+    setColor(&CurveEditorTheme::canvas, opaque);
 }
 
 void CanvasFunctionBase::setControllerColor(const QColor& color)

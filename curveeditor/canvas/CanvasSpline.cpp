@@ -67,10 +67,8 @@ Samples samplesBetween(const SplineBase& spline, double left, double right, doub
 
 /// A gap stands for each stretch of samples that have no finite value.
 template <typename Clamp>
-DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, int scale, const Clamp& clamp)
+DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, DeviceLine line, const Clamp& clamp)
 {
-    DeviceLine line;
-    line.scale = scale;
     line.points.resize(qsizetype(samples.times.size()));
     QPoint* const begin = line.points.data();
     QPoint* end = begin;
@@ -247,9 +245,9 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
         placePoints();
 
     const SplineBase& spline = *spline_;
-    const int scale = theme_.smooth ? DeviceLine::fine : 1;
-    startLine_.scale = endLine_.scale = scale;
-    const PlaneMapping view = viewport->deviceMapping(scale);
+    const DeviceLine empty = DeviceLine::in(theme_, viewport->pixelRatio);
+    startLine_ = endLine_ = empty;
+    const PlaneMapping view = viewport->deviceMapping(empty.scale);
     const auto bounded = [minValue, maxValue](double value) {
         return clampValue(value, double(minValue), double(maxValue));
     };
@@ -257,14 +255,14 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     const double left = std::max(viewport->timeMin, spline.getFirst()->time);
     const double right = std::min(viewport->timeMax, spline.getLast()->time);
     const Samples samples = samplesBetween(spline, left, right, viewSpan, theme_.smooth);
-    curveLine = lineThrough(samples, view, scale, bounded);
+    curveLine = lineThrough(samples, view, empty, bounded);
     const bool clampBites = std::any_of(samples.values.begin(), samples.values.end(),
                                         [&](double value) { return bounded(value) != value; });
-    rawLine = clampBites ? lineThrough(samples, view, scale, [](double value) { return value; }) : curveLine;
+    rawLine = clampBites ? lineThrough(samples, view, empty, [](double value) { return value; }) : curveLine;
     if (goesOnBehindLast(spline.lastType) && right < viewport->timeMax) {
         const double start = std::max(viewport->timeMin, right);
         postLine = lineThrough(samplesBetween(spline, start, viewport->timeMax, viewSpan, theme_.smooth),
-                               view, scale, bounded);
+                               view, empty, bounded);
     }
     placeEnds();
 }

@@ -110,6 +110,7 @@ CurveEditorTheme CurveEditorTheme::bounded() const
          {&theme.pointSize, &theme.selectedPointSize, &theme.handleSize, &theme.fixedHandleSize,
           &theme.grabDistance, &theme.handleGrabDistance, &theme.curveGrabDistance})
         bound(*size, 1.0, 100.0);
+    theme.canvas.setAlpha(255);
     bound(theme.labelPoints, 0.0, 100.0);
     bound(theme.handleLength, 1.0, 100.0);
     bound(theme.timeLineGrip, 0.0, 100.0);

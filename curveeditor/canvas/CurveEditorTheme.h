@@ -39,7 +39,7 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     static CurveEditorTheme fromPalette(const QPalette& palette);
     /// @}
 
-    /// The same with its numbers bounded.
+    /// The same with its numbers bounded and an opaque canvas.
     CurveEditorTheme bounded() const;
 
     /// When the palette of the editor changes, it takes `fromPalette` of the new one, which replaces all of this.
@@ -48,7 +48,7 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     /// @name Canvas
     /// @{
 
-    QColor canvas = QColor(0, 0, 0);
+    QColor canvas = QColor(0, 0, 0);        ///< opaque: alpha is taken off
     QColor selection = QColor(20, 10, 105); ///< behind the span of selected points, and in a rubber band
     QColor mark = QColor(255, 255, 255);    ///< rubber band and the cross of the last press, both dotted
     QColor hint;                            ///< what to do on an empty canvas; invalid: nothing is said

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/CurvePainter.h>
 
+#include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/DevicePixels.h>
 
 #include <QImage>
@@ -21,7 +22,28 @@ template <typename Draw> void forEachPiece(const DeviceLine& line, const Draw& d
     draw(line.points.constData() + begin, int(line.points.size()) - begin);
 }
 
+/// Of a line that is not smooth.
+int penPixels(double width, double pixelRatio)
+{
+    return std::max(1, qRound(width * pixelRatio));
+}
+
+/// As Qt's pens, one of an even number of pixels has its larger half above and to the left.
+int pixelsBefore(int width)
+{
+    return width / 2;
+}
+
 } // namespace
+
+DeviceLine DeviceLine::in(const CurveEditorTheme& theme, double pixelRatio)
+{
+    DeviceLine line;
+    line.scale = theme.smooth ? fine : 1;
+    line.widest =
+        penPixels(std::max({theme.curveWidth, theme.otherCurveWidth, theme.dottedWidth}), pixelRatio);
+    return line;
+}
 
 CurvePainter::CurvePainter(QPainter* painter, double pixelRatio) : painter_(painter), pixelRatio_(pixelRatio)
 {
@@ -38,7 +60,7 @@ void CurvePainter::drawSolid(const DeviceLine& line, const QColor& color, double
 {
     if (line.scale > 1 && image_)
         return drawSmooth(line, color, width);
-    const int pixels = devicePixels(width);
+    const int pixels = penPixels(width, pixelRatio_);
     if (line.scale > 1) {
         const double wide = width * pixelRatio_ * line.scale;
         return drawWithQt(line, QPen(color, wide, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin), true);
@@ -68,13 +90,8 @@ void CurvePainter::drawSmooth(const DeviceLine& line, const QColor& color, doubl
 void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color, double width)
 {
     // Qt takes a hundred times longer for wide dots that are antialiased.
-    const int pixels = devicePixels(width);
+    const int pixels = penPixels(width, pixelRatio_);
     drawWithQt(line, QPen(color, pixels * line.scale, Qt::DotLine), line.scale > 1 && pixels == 1);
-}
-
-int CurvePainter::devicePixels(double width) const
-{
-    return std::max(1, qRound(width * pixelRatio_));
 }
 
 void CurvePainter::drawWithQt(const DeviceLine& line, const QPen& pen, bool isSmooth)
@@ -103,7 +120,7 @@ void CurvePainter::fillRects(const QColor& color, int width)
 {
     std::vector<QRect> rects;
     rects.reserve(runs_.size());
-    const int before = (width - 1) / 2;
+    const int before = pixelsBefore(width);
     for (const ColumnRun& run : runs_)
         rects.emplace_back(run.column - before, run.top - before, width, run.bottom - run.top + width);
     const DevicePixels devicePixels(painter_, pixelRatio_);
@@ -115,7 +132,7 @@ void CurvePainter::fillRects(const QColor& color, int width)
 void CurvePainter::fillImage(const QColor& color, int width)
 {
     const QRgb rgb = color.rgb();
-    const int before = (width - 1) / 2;
+    const int before = pixelsBefore(width);
     const qsizetype pitch = image_->bytesPerLine() / qsizetype(sizeof(QRgb));
     auto* const pixels = reinterpret_cast<QRgb*>(image_->bits());
     for (const ColumnRun& run : runs_) {

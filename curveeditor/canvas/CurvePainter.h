@@ -17,6 +17,7 @@ class QColor;
 class QImage;
 class QPainter;
 class QPen;
+struct CurveEditorTheme;
 
 /// Points of a curve from left to right.
 struct DeviceLine
@@ -26,18 +27,22 @@ struct DeviceLine
     /// Indices in `points`, ascending and at most their number: where one stands, the point of that index is
     /// not joined to the one before.
     std::vector<int> gaps;
+    int widest = 1; ///< device pixels of the widest pen that the line is drawn with, if it is not smooth
+
+    /// An empty line in that look.
+    static DeviceLine in(const CurveEditorTheme& theme, double pixelRatio);
 
     bool operator==(const DeviceLine& other) const = default;
 
     /// The scale of smooth lines.
     static constexpr int fine = 64;
-    /// The row of a value. Above and below the canvas a line runs along the edge; a smooth one goes on as far again,
-    /// so that it leaves under its own slope.
+    /// The row of a value. Above and below the canvas a line runs along the edge, just out of sight; a smooth one goes
+    /// on as far again, so that it leaves under its own slope.
     int rowOf(double value, const PlaneMapping& view) const
     {
-        const double beyond = scale > 1 ? view.pixelHeight : 0.0;
-        const double above = scale > 1 ? beyond : 1.0;
-        return truncateToInt(std::clamp(view.row(value), -above, view.pixelHeight + beyond));
+        const double above = scale > 1 ? view.pixelHeight : widest;
+        const double below = scale > 1 ? view.pixelHeight : widest - 1;
+        return truncateToInt(std::clamp(view.row(value), -above, view.pixelHeight + below));
     }
 };
 
@@ -66,7 +71,6 @@ private:
     void drawSmooth(const DeviceLine& line, const QColor& color, double width);
     void drawWithQt(const DeviceLine& line, const QPen& pen, bool isSmooth);
     std::pair<int, int> pointsNear(const QPoint* points, int count, int margin, int scale) const;
-    int devicePixels(double width) const;
     void fillRects(const QColor& color, int width);
     void fillImage(const QColor& color, int width);
 

@@ -93,7 +93,7 @@ int intervalsOf(const FunctionFloatBase& expression)
 class GrowingLine
 {
 public:
-    GrowingLine(CurveNodeBase* curve, int scale) : curve_(curve) { line_.scale = scale; }
+    GrowingLine(CurveNodeBase* curve, const DeviceLine& empty) : curve_(curve), line_(empty) {}
 
     void add(const double* times, double framesPerTimeUnit, std::size_t count, const int* columns,
              const PlaneMapping& view)
@@ -145,10 +145,10 @@ void addSamples(std::vector<GrowingLine>& lines, int intervals, const PlaneMappi
 } // namespace
 
 void ExpressionSampler::sample(const std::vector<CurveNodeBase*>& curves, const ViewPort& viewport,
-                               bool smooth)
+                               const CurveEditorTheme& theme)
 {
-    const int scale = smooth ? DeviceLine::fine : 1;
-    const PlaneMapping view = viewport.deviceMapping(scale);
+    const DeviceLine empty = DeviceLine::in(theme, viewport.pixelRatio);
+    const PlaneMapping view = viewport.deviceMapping(empty.scale);
     Expressions expressions;
     for (const CurveNodeBase* const curve : curves)
         expressions.push_back(curve->getExpression());
@@ -156,7 +156,7 @@ void ExpressionSampler::sample(const std::vector<CurveNodeBase*>& curves, const 
     std::map<int, std::vector<GrowingLine>> lines; // by the number of intervals
     for (CurveNodeBase* const curve : curves)
         lines[isFullView ? formulaSamplesPerView : intervalsOf(*curve->getExpression())].emplace_back(curve,
-                                                                                                      scale);
+                                                                                                      empty);
     for (auto& [intervals, group] : lines) {
         if (view.canShow())
             addSamples(group, intervals, view, viewport.fps);

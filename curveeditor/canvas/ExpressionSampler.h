@@ -5,6 +5,7 @@
 
 class CurveNodeBase;
 class ViewPort;
+struct CurveEditorTheme;
 
 /// Makes the lines of curves that are shown as expressions. They are sampled together, block by block of times:
 /// where expressions read each other each is evaluated twice for all of them, once to be read and once to be
@@ -16,6 +17,7 @@ class ViewPort;
 namespace ExpressionSampler {
 
 /// The curves have expressions. Each gets its line for the view.
-void sample(const std::vector<CurveNodeBase*>& curves, const ViewPort& viewport, bool smooth);
+void sample(const std::vector<CurveNodeBase*>& curves, const ViewPort& viewport,
+            const CurveEditorTheme& theme);
 
 } // namespace ExpressionSampler

@@ -11,18 +11,33 @@ using Draw = std::function<void(QPainter&)>;
 
 const QSize size(800, 450);
 
-DeviceLine lineOf(const SplineSpecimen& specimen, double ratio, bool isSmooth)
+DeviceLine lineOf(const SplineBase& spline, double ratio, bool isSmooth, double width = 1.0)
 {
-    SplineBase spline;
-    specimen.fill(spline);
     ViewPort view(0, 0);
     view.setSize(size.width(), size.height());
     view.pixelRatio = ratio;
     CurveEditorTheme theme;
     theme.smooth = isSmooth;
+    theme.curveWidth = theme.otherCurveWidth = theme.dottedWidth = width;
     CanvasSpline picture(&spline, theme);
     picture.rebuild(&view, -1e9f, 1e9f);
     return picture.curveLine;
+}
+
+DeviceLine lineOf(const SplineSpecimen& specimen, double ratio, bool isSmooth, double width = 1.0)
+{
+    SplineBase spline;
+    specimen.fill(spline);
+    return lineOf(spline, ratio, isSmooth, width);
+}
+
+/// Of one logical pixel.
+QImage dotted(const DeviceLine& line, double ratio)
+{
+    const auto draw = [&](QPainter& painter) {
+        CurvePainter(&painter, ratio).drawDotted(line, Qt::red, 1.0);
+    };
+    return drawn(size, draw, Qt::black, ratio);
 }
 
 Draw byPainter(const DeviceLine& line, double width = 1.0)
@@ -103,7 +118,7 @@ private Q_SLOTS:
         double pixels = 0.0;
         for (const SplineSpecimen& specimen : splineSpecimens()) {
             for (const double ratio : {1.0, 1.5, 2.0}) {
-                const DeviceLine line = lineOf(specimen, ratio, false);
+                const DeviceLine line = lineOf(specimen, ratio, false, 1.0 / ratio);
                 const auto byQt = [&line](QPainter& painter) {
                     painter.setPen(QPen(Qt::red, 0));
                     std::vector<int> ends = line.gaps;
@@ -121,6 +136,27 @@ private Q_SLOTS:
             }
         }
         QVERIFY(pixels > 10000.0);
+    }
+
+    void linesCoverTheirDotsAndAreOutOfSightBeyondTheView()
+    {
+        const DeviceLine stairs{{{9, 90}, {300, 90}, {300, 20}, {500, 20}}, 1, {}};
+        for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
+            const QRegion dots = placesOf(Qt::red, dotted(stairs, ratio));
+            for (const Draw& draw : {direct(stairs), byPainter(stairs)}) {
+                const QRegion solid = placesOf(Qt::red, drawn(size, draw, Qt::black, ratio));
+                QVERIFY(!dots.isEmpty() && dots.subtracted(solid).isEmpty());
+            }
+            for (const double value : {1e6, -1e6}) {
+                SplineBase spline;
+                spline.setPos(spline.modify(0u), value);
+                spline.addPoint(5.0, value);
+                const DeviceLine line = lineOf(spline, ratio, false);
+                QVERIFY(line.points.size() > 2);
+                QCOMPARE(ink(dotted(line, ratio)), 0.0);
+                QCOMPARE(ink(drawn(size, direct(line), Qt::black, ratio)), 0.0);
+            }
+        }
     }
 
     void smoothLinesCoverWhatQtCovers()
