@@ -12,6 +12,7 @@
 #include <QColor>
 #include <QHash>
 #include <QObject>
+#include <QPoint>
 #include <QPointer>
 #include <QSet>
 #include <QStringList>
@@ -34,7 +35,6 @@ struct MouseState;
 class QKeyEvent;
 class QMouseEvent;
 class QPainter;
-class QPoint;
 class QRect;
 class QTextStream;
 class QWidget;
@@ -339,6 +339,7 @@ private:
     void beginDrag();
     void beginGuide(bool keepsDistance);
     void dragSelection(const Gesture::Place& mouse, const MouseState& held);
+    bool isClick(const QMouseEvent& release) const;
     void selectInBand();
     void reportOthers(const CurveEdit::Curves& changed, const CurveNodeBase* reported);
     void stepSelection(bool forward);
@@ -370,8 +371,15 @@ private:
     Gesture::Place lastPlace_;
     bool editsAllCurves_ = false;
     std::vector<QPointer<CurveNodeBase>> dragged_; ///< by the gesture, in the order of its drags
-    bool bandSelects_ = false; ///< the release of the rubber band selects the points in it ...
-    bool bandAdds_ = false;    ///< ... and leaves the others selected
+    struct Click
+    {
+        QPoint pixel;
+        PointSerial point;
+    };
+    std::optional<Click> click_;   ///< the press that a release at its pixel makes one
+    bool pressPicksCurve_ = false; ///< the last press has made another curve current
+    bool bandSelects_ = false;     ///< the release of the rubber band selects the points in it ...
+    bool bandAdds_ = false;        ///< ... and leaves the others selected
     bool showMark_ = false;
     int paintHolds_ = 0;
     CurveNodeBase* current_ = nullptr;

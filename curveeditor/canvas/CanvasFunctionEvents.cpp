@@ -30,7 +30,7 @@ Gesture::Place placeAt(const ViewPort& viewport, const QPoint& pixel)
 /// A point that was edited alone is selected alone: a list of one is given up.
 void endSinglePointEdit(Selection& selection)
 {
-    if (!selection.hasMultiple())
+    if (selection.hasSingle())
         selection.selectOnly(selection.current());
 }
 
@@ -42,6 +42,8 @@ bool CanvasFunctionBase::mousePress(QMouseEvent* event)
     if (!current_ || !viewport_)
         return false;
     bandSelects_ = false;
+    click_.reset();
+    pressPicksCurve_ = false;
     viewport_->gesture.end();
     const QPoint pixel = event->position().toPoint();
     const bool isLeft = event->button() == Qt::LeftButton;
@@ -71,6 +73,8 @@ bool CanvasFunctionBase::mousePress(QMouseEvent* event)
         return true;
     }
     updateSelection(hit.point, held.has(Qt::ShiftModifier));
+    if (isLeft && held.isEmpty() && hasMultipleSelection())
+        click_ = Click{pixel, hit.point};
     return hasSelectedPoint() ? pressOnSelection(*event) : pressOnEmptyCanvas(*event);
 }
 
@@ -241,7 +245,8 @@ void CanvasFunctionBase::mouseDoubleClick(QMouseEvent* event)
     if (!current_)
         return;
     if (!current_->isSpline()) {
-        pickCurve(pixel);
+        if (!pressPicksCurve_)
+            pickCurve(pixel);
         return;
     }
     ControlSplineNode& control = current_->control();
@@ -250,7 +255,7 @@ void CanvasFunctionBase::mouseDoubleClick(QMouseEvent* event)
     const MouseState held = stateBefore(*event);
     if (held.has(Qt::ShiftModifier) || held.has(Qt::ControlModifier))
         return;
-    if (control.hasSelection() || pickCurve(pixel))
+    if (control.hasSelection() || pressPicksCurve_ || pickCurve(pixel))
         return;
     createPoint(placeAt(*viewport_, pixel));
 }
@@ -277,7 +282,8 @@ void CanvasFunctionBase::beginDrag()
     dragged_.clear();
     for (CurveNodeBase* const curve : selectedCurves()) {
         const ControlSplineNode& control = curve->control();
-        drags.emplace_back(*control.getSpline(), control.selection(), part, lastPlace_, keepsDistance);
+        drags.emplace_back(*control.getSpline(), control.selection(), part, lastPlace_, viewport_->mapping(),
+                           keepsDistance);
         targets.push_back({control.curve(), drags.back().points()});
         dragged_.emplace_back(curve);
     }
@@ -354,10 +360,20 @@ void CanvasFunctionBase::mouseRelease(QMouseEvent* event)
     const bool any = hasSelectedPoint();
     const QPointer<CurveNodeBase> curve(current_);
     bandSelects_ = false;
+    if (isClick(*event))
+        selectOnly(click_->point);
     const CurveEdit::Curves changed = settle();
     if (any && curve)
         curve->emitCurveChanged();
     reportOthers(changed, curve);
+}
+
+/// Whether a press that kept several points selected ends where it began. A selection of many would hardly be left by
+/// the mouse otherwise.
+bool CanvasFunctionBase::isClick(const QMouseEvent& release) const
+{
+    return click_ && release.button() == Qt::LeftButton && viewport_->gesture.isAtPoints() &&
+           release.position().toPoint() == click_->pixel;
 }
 
 void CanvasFunctionBase::selectInBand()
@@ -600,6 +616,7 @@ void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& 
                       [&](ControlSplineNode& control) {
                           SplineEdits::scalePoints(*control.openSpline(), control.selection().edited(),
                                                    timeFactor, valueFactor);
+                          endSinglePointEdit(control.selection());
                       });
 }
 
@@ -609,6 +626,7 @@ void CanvasFunctionBase::panSelection(const double& timeOffset, const double& va
         return;
     editPointsQuietly(tr("Pan a point of %1"), tr("Pan %1 points of %2"), [&](ControlSplineNode& control) {
         SplineEdits::panPoints(*control.openSpline(), control.selection().edited(), timeOffset, valueOffset);
+        endSinglePointEdit(control.selection());
     });
 }
 
@@ -634,6 +652,7 @@ bool CanvasFunctionBase::pickCurve(const QPoint& pixel)
 {
     for (const auto& curve : curves_) {
         if (curve.get() != current_ && hitsCurve(*curve, pixel)) {
+            pressPicksCurve_ = true;
             setCurrentCurve(curve.get());
             return true;
         }

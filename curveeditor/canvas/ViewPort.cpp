@@ -36,7 +36,7 @@ void ViewPort::setSize(const int& width, const int& height)
 void ViewPort::reset()
 {
     showFrames = true;
-    gesture.end();
+    clearDrag();
     timeMin = limitTimeMin;
     timeMax = limitTimeMax;
     valueMin = limitValueMin;

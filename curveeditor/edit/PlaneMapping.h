@@ -15,6 +15,8 @@ public:
     PlaneMapping() = default;
     PlaneMapping(double timeLow, double timeHigh, double valueLow, double valueHigh, int width, int height);
 
+    bool operator==(const PlaneMapping& other) const = default;
+
     double timeMin = 0.0;
     double timeMax = 0.0;
     double valueMin = 0.0;

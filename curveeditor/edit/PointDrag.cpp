@@ -10,9 +10,9 @@ constexpr double scalePerView = 5.0;
 } // namespace
 
 PointDrag::PointDrag(const SplineBase& spline, const Selection& selection, SplineEdits::Part part,
-                     const Place& anchor, bool keepsDistance)
+                     const Place& anchor, const PlaneMapping& view, bool keepsDistance)
     : part_(keepsDistance ? SplineEdits::Part::Point : part), keepsDistance_(keepsDistance), anchor_(anchor),
-      last_(anchor)
+      last_(anchor), view_(view)
 {
     const std::vector<PointSerial> serials = selection.edited();
     const std::vector<std::int32_t> indices = indicesOf(serials, spline);
@@ -26,9 +26,11 @@ PointDrag::PointDrag(const SplineBase& spline, const Selection& selection, Splin
 
 TimeInterval PointDrag::step(SplineBase& spline, const Place& place, bool scaling, const PlaneMapping& view)
 {
-    if (scaling != isScaling_)
-        beginLeg(spline, last_, scaling);
+    if (scaling != isScaling_ || (scaling && view != view_))
+        beginLeg(spline, movedWith(view));
+    isScaling_ = scaling;
     last_ = place;
+    view_ = view;
     TimeInterval touched = influence(spline);
     if (isAtTangent())
         aim(spline, place);
@@ -62,9 +64,16 @@ std::vector<PointDrag::Place> PointDrag::starts() const
     return places;
 }
 
-void PointDrag::beginLeg(const SplineBase& spline, const Place& anchor, bool scaling)
+/// Where the mouse is in `view`, if it has only been the view that moved.
+PointDrag::Place PointDrag::movedWith(const PlaneMapping& view) const
 {
-    isScaling_ = scaling;
+    if (view == view_)
+        return last_;
+    return {view.timeAt(view_.column(last_.time)), view.valueAt(view_.row(last_.value))};
+}
+
+void PointDrag::beginLeg(const SplineBase& spline, const Place& anchor)
+{
     anchor_ = anchor;
     for (Point& point : points_) {
         const std::int32_t index = indexOf(point, spline);

@@ -19,14 +19,15 @@ public:
         double value = 0.0;
     };
 
-    /// A drag of what is selected, pressed at `anchor`. If `keepsDistance`, the points keep their distances to the
-    /// mouse; else the single point goes to where the mouse is, or `part` of its tangents is aimed there.
+    /// A drag of what is selected, pressed at `anchor` in `view`. If `keepsDistance`, the points keep their distances
+    /// to the mouse; else the single point goes to where the mouse is, or `part` of its tangents is aimed there.
     PointDrag(const SplineBase& spline, const Selection& selection, SplineEdits::Part part,
-              const Place& anchor, bool keepsDistance);
+              const Place& anchor, const PlaneMapping& view, bool keepsDistance);
 
     /// Moves the points to where the mouse at `place` takes them, and gives the times at which the curve may
     /// have changed by that. While `scaling`, points that keep their distance are multiplied about the origin of the
-    /// plane, by 5 for a drag across all of `view`; a change of `scaling` begins a new leg from where the points are.
+    /// plane, by 5 for a drag across all of `view`. A change of `scaling`, and of `view` while it scales, begins a new leg
+    /// from where the points are.
     TimeInterval step(SplineBase& spline, const Place& place, bool scaling, const PlaneMapping& view);
 
     bool isAtTangent() const { return part_ != SplineEdits::Part::Point; }
@@ -45,7 +46,8 @@ private:
         double near = 0.0; ///< the time at which it was seen last
     };
 
-    void beginLeg(const SplineBase& spline, const Place& anchor, bool scaling);
+    Place movedWith(const PlaneMapping& view) const;
+    void beginLeg(const SplineBase& spline, const Place& anchor);
     Place target(const Point& point, const Place& place, const PlaneMapping& view) const;
     static std::int32_t indexOf(const Point& point, const SplineBase& spline);
     TimeInterval influence(const SplineBase& spline) const;
@@ -56,5 +58,6 @@ private:
     bool isScaling_ = false;
     Place anchor_;
     Place last_;
+    PlaneMapping view_; ///< in which `last_` was under the mouse
     std::vector<Point> points_;
 };

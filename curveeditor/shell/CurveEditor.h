@@ -158,7 +158,9 @@ public:
     /// gone then.
     void updateCurves();
 
-    /// Whether wheel, touch pad, Space and the middle button move and zoom the view, as they do at first.
+    /// Whether wheel, touch pad, Space and the middle button move and zoom the view, as they do at first. Switched off,
+    /// these events are the host's, and so are the keys B, X and Y: none of them adds a band to the selection or holds
+    /// an axis of a drag any more. The keys Home, F, + and - stay, and so do the drags with Alt.
     void setViewGestures(bool on);
     /// Whether the user may move the time line: by its foot at the lower edge of the canvas, and by the keys comma and
     /// period. `timeLineDragged` tells where it is then. At first only the host moves it.
@@ -211,7 +213,7 @@ public:
     /// A change shows at the next paint. The four of points and handles hold for all editors of the process that never
     /// got a theme.
     /// @{
-    void setCanvasColor(const QColor& color);               ///< behind everything
+    void setCanvasColor(const QColor& color);               ///< behind everything; alpha is taken off
     void setSelectionColor(const QColor& color);            ///< of the band over the selected points
     void setControllerColor(const QColor& color);           ///< of handles
     void setControllerSelectedColor(const QColor& color);   ///< of the handles of selected points

@@ -7,9 +7,11 @@
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleHints>
 
 namespace {
 
@@ -175,6 +177,7 @@ void FunctionEditor::keyPressEvent(QKeyEvent* event)
 void FunctionEditor::mousePressEvent(QMouseEvent* event)
 {
     clearDrag();
+    lastPress_ = event->position().toPoint();
     if (!canvas.mousePress(event))
         ViewPort::mousePress(event);
     if (!canvas.noCurrentCurve())
@@ -186,6 +189,9 @@ void FunctionEditor::mousePressEvent(QMouseEvent* event)
 
 void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
 {
+    const QPoint way = event->position().toPoint() - lastPress_.value_or(event->position().toPoint());
+    if (way.manhattanLength() > QGuiApplication::styleHints()->mouseDoubleClickDistance())
+        return mousePressEvent(event);
     if (canvas.noCurrentCurve())
         return;
     canvas.mouseDoubleClick(event);
@@ -249,7 +255,7 @@ void FunctionEditor::reportPosition(const QMouseEvent& event)
     double curveValue = 0.0;
     canvas.getCurrentValue(time, curveValue);
     Q_EMIT setFuncPosInfo(time, value, curveValue);
-    if (!canvas.hasSinglePoint())
+    if (!isCurrentSpline() || !canvas.hasSinglePoint())
         Q_EMIT setPosInfo(time, value);
 }
 

@@ -7,7 +7,10 @@
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/panel/TcbEditorForm.h>
 
+#include <QPoint>
 #include <QWidget>
+
+#include <optional>
 
 class CurveEditor;
 
@@ -78,7 +81,7 @@ public:
     void keyPressEvent(QKeyEvent* event) override;
 
 Q_SIGNALS:
-    /// The place of the mouse in the plane. Silent while a single point is selected.
+    /// The place of the mouse in the plane. Silent while a single point of a spline that shows is selected.
     void setPosInfo(const double& valueX, const double& valueY);
     /// The place of the mouse in the plane, and the value of the current curve at that time: 0.0 without one.
     void setFuncPosInfo(const double& valueX, const double& valueY, const double& val);
@@ -100,4 +103,6 @@ private:
     bool isCurrentSpline() const;
     void reportPosition(const QMouseEvent& event);
     void loadBand();
+
+    std::optional<QPoint> lastPress_;
 };

@@ -45,10 +45,28 @@ struct Scene : CanvasScene
         send(QEvent::MouseMove, to, keys, button);
         send(QEvent::MouseButtonRelease, to, {}, button);
     }
+    void click(const QPoint& at, Qt::KeyboardModifiers keys = {}, Qt::MouseButton button = Qt::LeftButton)
+    {
+        press(at, keys, button);
+        send(QEvent::MouseButtonRelease, at, keys, button);
+    }
     void doubleClick(const QPoint& at)
     {
         QMouseEvent event(QEvent::MouseButtonDblClick, at, at, Qt::LeftButton, Qt::LeftButton, {});
         canvas.mouseDoubleClick(&event);
+    }
+    /// Where the spline and the formula meet, so that the one that is picked has the other one in reach.
+    void pickByDoubleClick(int secondRow)
+    {
+        setValues(1.8);
+        click({70, 30});
+        doubleClick({70, secondRow});
+        setValues(0.0);
+    }
+    void setValues(double value)
+    {
+        for (SplineBase::PointInfo* const point : spline.spline.getControlPoints())
+            point->pos = value;
     }
     void keys(const QList<Qt::Key>& list)
     {
@@ -130,6 +148,28 @@ private Q_SLOTS:
         row("band around nothing", "5 10 15 r0", [](Scene& s) { s.drag({20, 90}, {40, 40}); });
         row("double click", "5 7/4 10 15 r1", [](Scene& s) { s.doubleClick({70, 10}); });
         row("double click on a point", "5 [10] 15 r0", [](Scene& s) { s.doubleClick({100, 50}); });
+        row("double click picks a formula", "5 10 15 r0 a.y", [](Scene& s) { s.pickByDoubleClick(30); });
+        row("double click picks a spline", "5 10 15 r0",
+            [](Scene& s) { s.canvas.setCurrentCurve(s.second), s.pickByDoubleClick(30); });
+        row("and adds nothing", "5 10 15 r0",
+            [](Scene& s) { s.canvas.setCurrentCurve(s.second), s.pickByDoubleClick(36); });
+        row("click between two", "5 10 15 r1", [](Scene& s) { s.select({0, 2}).click({80, 70}); });
+        row("click on one of three", "5 [10] 15 r1", [](Scene& s) { s.select({0, 1, 2}).click({100, 50}); });
+        row("click on one that is not selected", "5 [10] 15 r1", [](Scene& s) {
+            s.select({0, 2}).click({100, 50});
+        });
+        row("Ctrl and click between two", "(5) 10 [15] r1", [](Scene& s) {
+            s.select({0, 2}).canvas.currentControl()->selection().setCurrent(s.spline.spline[2]->serial);
+            s.click({80, 70}, Qt::ControlModifier);
+        });
+        row("middle click between two", "(5) 10 (15) r1", [](Scene& s) {
+            s.select({0, 2}).click({80, 70}, {}, Qt::MiddleButton);
+        });
+        row("Escape before the release", "(5) 10 (15) r0", [](Scene& s) {
+            s.select({0, 2}).press({80, 70});
+            s.keys({Qt::Key_Escape});
+            s.send(QEvent::MouseButtonRelease, {80, 70}, {}, Qt::LeftButton);
+        });
         row("arrows", "5 [10] 15 r0", [](Scene& s) {
             s.select({0}).keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Left});
         });
@@ -168,6 +208,19 @@ private Q_SLOTS:
             s.canvas.scaleSelection(std::nan(""), std::nan(""));
             s.canvas.panSelection(1.0, 2.0);
         });
+        row("scale one of a list", "[2.5] 10 15 r0", [](Scene& s) {
+            Selection& selection = s.canvas.currentControl()->selection();
+            selection.selectAll({s.spline.spline[0]->serial});
+            s.canvas.scaleSelection(0.25, 1.0);
+            QVERIFY(selection.listed().empty());
+            selection.selectAll({s.spline.spline[0]->serial});
+            s.canvas.panSelection(1.25, 0.0);
+            QVERIFY(selection.listed().empty());
+        });
+        row("scale one listed alone", "5 (10) 15 r0", [](Scene& s) {
+            s.select({0, 1, 0}).canvas.scaleSelection(0.5, 2.0);
+            s.canvas.panSelection(0.5, 2.0);
+        });
         row("reset", "0/1.5 r1", [](Scene& s) { s.select({0, 1}).canvas.resetAllCurves(); });
         row("load", "5 10 15 r1", [](Scene& s) {
             std::stringstream file;
@@ -199,7 +252,7 @@ private Q_SLOTS:
     void pictureHasItsLayers()
     {
         Scene s;
-        s.canvas.setCanvasColor(Qt::green);
+        s.canvas.setCanvasColor(QColor(0, 255, 0, 10));
         s.canvas.setSelectionColor(Qt::blue);
         s.canvas.loadImage("no such file");
         const auto shown = [&s](int x, int y) {

@@ -85,6 +85,19 @@ private Q_SLOTS:
         QCOMPARE(drag(Qt::RightButton, {0, 300}, {50, -300}, alt, {}), QRectF(-1, -15, 11, 30));
     }
 
+    void resetEndsGesturesAtTheViewOnly()
+    {
+        ViewPort view = standardView();
+        const auto kindAfterReset = [&view] {
+            view.reset();
+            return view.gesture.kind();
+        };
+        view.gesture.beginAtView(Gesture::Kind::Band, view.mapping());
+        QCOMPARE(kindAfterReset(), Gesture::Kind::Idle);
+        view.gesture.beginAtPoints({});
+        QCOMPARE(kindAfterReset(), Gesture::Kind::Points);
+    }
+
     void mouseStateIsWhatWasHeldBeforeTheEvent()
     {
         const auto buttonsBefore = [](QEvent::Type type, Qt::MouseButtons during) {

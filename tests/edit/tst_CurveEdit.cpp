@@ -320,13 +320,13 @@ private Q_SLOTS:
         QVERIFY(f.curve->formula() == "t" && f.stack().count() == 0);
     }
 
-    void dragDoesNotAccumulateAndBeginsALegWithShift()
+    void dragDoesNotAccumulateAndBeginsALegWithShiftAndAnotherView()
     {
         Fixture f;
         const PlaneMapping view(0.0, 10.0, 0.0, 10.0, 100, 100);
         Selection selection;
         selection.selectAll({f.serial(1), f.serial(2)});
-        PointDrag drag(f.spline, selection, SplineEdits::Part::Point, {1.0, 1.0}, true);
+        PointDrag drag(f.spline, selection, SplineEdits::Part::Point, {1.0, 1.0}, view, true);
         const PointSerial first = f.serial(1);
         for (int i = 0; i < 1000; ++i)
             drag.step(f.spline, {1.0 + 0.1 * (i % 7), 1.0 / 3.0 * i}, false, view);
@@ -336,6 +336,11 @@ private Q_SLOTS:
         drag.step(f.spline, {11.5, 1.5}, true, view);
         QCOMPARE(f.spline.findIndex(first, 0.0), 2);
         QCOMPARE(f.spline[2]->time, 7.5);
+        const PlaneMapping wider(-5.0, 45.0, 0.0, 10.0, 100, 100);
+        drag.step(f.spline, {52.5, 1.5}, true, wider); // the mouse has not moved
+        QVERIFY(qAbs(f.spline[2]->time - 7.5) < 1e-9);
+        drag.step(f.spline, {52.5 - 50.0, 1.5}, true, wider);
+        QVERIFY(qAbs(f.spline[1]->time - 1.5) < 1e-9);
         f.spline.remove(f.spline[2]);
         drag.step(f.spline, {1.5, 1.5}, true, view);
         QCOMPARE(f.spline.getControlPointsNumber(), 3u);

@@ -135,6 +135,27 @@ private Q_SLOTS:
         }
     }
 
+    void viewChangeDuringAScalingDragLeavesThePointsWhereTheyAre()
+    {
+        for (const Deed& change :
+             {wheel({0, 360}), wheel({-90, 50}, {}, Qt::ScrollUpdate), press(Qt::Key_Home)}) {
+            Scene s;
+            s.selectTwo();
+            s.press(6.0, 2.0);
+            s.move(6.5, 2.5, Qt::ShiftModifier);
+            const QPointF before(s.x[2]->time, s.x[2]->pos);
+            const QPoint mouse = s.pixel(6.5, 2.5);
+            const QList<double> sides = s.sides();
+            change(s);
+            QVERIFY(s.sides() != sides);
+            s.mouse(QEvent::MouseMove, mouse, Qt::LeftButton, Qt::ShiftModifier);
+            const QPointF after(s.x[2]->time, s.x[2]->pos);
+            QVERIFY(before != QPointF(8.0, -1.0) && (after - before).manhattanLength() < 1e-9);
+            s.mouse(QEvent::MouseMove, mouse + QPoint(20, 0), Qt::LeftButton, Qt::ShiftModifier);
+            QVERIFY(s.x[2]->time > before.x() + 0.01);
+        }
+    }
+
     void releaseThatGoesAstrayHoldsNothing()
     {
         const Deed deeds[] = {[](Scene& s) { // behind a box of the host

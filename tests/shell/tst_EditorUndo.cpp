@@ -70,6 +70,19 @@ private Q_SLOTS:
         });
         row("double click adds", 1, x,
             [](Scene& s) { s.mouse(QEvent::MouseButtonDblClick, s.pixel(6.0, 2.5)); });
+        row("press soon after a click elsewhere", 1, x + x, [](Scene& s) {
+            s.clickPoint();
+            s.mouse(QEvent::MouseButtonDblClick, s.pixel(8.0, -1.0));
+            s.move(8.5, -1.0);
+            s.release(8.5, -1.0);
+            QVERIFY(s.x[2]->time > 8.4);
+        });
+        row("double click in a hurry", 1, x, [](Scene& s) {
+            s.press(6.0, 2.5);
+            s.release(6.0, 2.5);
+            s.mouse(QEvent::MouseButtonDblClick, s.pixel(6.0, 2.5) + QPoint(2, 1));
+            s.release(6.0, 2.5);
+        });
         row("menu adds", 1, x + x, [](Scene& s) { s.choose(ControlMenu::CreateKey); });
         row("menu opened by a key", 1, x + x, [](Scene& s) {
             whenOpen<ControlMenu>([](ControlMenu& menu) {

@@ -24,6 +24,11 @@ private Q_SLOTS:
         fixture->sendMouse(fixture->canvas, QEvent::MouseMove, fixture->pixel(2.0, -2.0), Qt::NoButton);
         QVERIFY(fixture->editor.findChild<CustomEditLine*>("funcCursorEdit")->text().startsWith('-'));
         QVERIFY(fixture->canvas.dirty);
+        const QString selected = fixture->editor.posY->text();
+        fixture->editor.setExpression();
+        QVERIFY(fixture->canvas.canvas.isCurrentExpression() && fixture->canvas.canvas.hasSinglePoint());
+        fixture->sendMouse(fixture->canvas, QEvent::MouseMove, fixture->pixel(3.0, -1.0), Qt::NoButton);
+        QVERIFY(selected.startsWith('2') && fixture->editor.posY->text().startsWith('-'));
     }
 
     void keysOpenThePageAndTabLeadsIntoIt()
