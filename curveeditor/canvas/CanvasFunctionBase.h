@@ -244,8 +244,8 @@ public:
     void setFrameLinesColor(const QColor& color);
     void setTimeLineColor(const QColor& color);
 
-    /// Puts a picture behind the curves, or takes it away.
-    void loadImage(const QString& fileName);
+    /// Puts a picture behind the curves, or takes it away. A file that can't be decoded changes nothing and gives false.
+    bool loadImage(const QString& fileName);
     void clearImage();
     /// @}
 

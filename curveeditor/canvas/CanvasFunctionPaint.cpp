@@ -288,12 +288,15 @@ void CanvasFunctionBase::setTimeLineColor(const QColor& color)
     setColor(&CurveEditorTheme::timeLine, color);
 }
 
-void CanvasFunctionBase::loadImage(const QString& fileName)
+bool CanvasFunctionBase::loadImage(const QString& fileName)
 {
-    clearImage();
-    image_ = std::make_unique<BackgroundImage>(fileName);
+    auto loaded = std::make_unique<BackgroundImage>(fileName);
+    if (loaded->sourceImage.isNull())
+        return false;
+    image_ = std::move(loaded);
     if (viewport_)
         viewport_->dirty = true;
+    return true;
 }
 
 void CanvasFunctionBase::clearImage()

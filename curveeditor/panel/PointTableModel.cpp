@@ -182,6 +182,14 @@ bool PointTableModel::setText(const QModelIndex& cell, const QString& text, cons
                 [&](SplineBase& spline) { SplineEdits::write(spline, points, field, number); });
 }
 
+QString PointTableModel::faultOf(const QModelIndex& cell, const QString& text) const
+{
+    const SplineBase::PointInfo* const point = pointOf(cell);
+    double number = 0.0;
+    const bool canRead = !point || cell.column() == Type || readNumber(*point, cell.column(), text, number);
+    return canRead ? QString() : tr("No finite number was typed. The old one stays.");
+}
+
 bool PointTableModel::readNumber(const SplineBase::PointInfo& point, int column, const QString& text,
                                  double& number) const
 {

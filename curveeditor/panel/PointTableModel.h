@@ -52,6 +52,8 @@ public:
     /// number, or no type, changes nothing and gives false; so does an edit that leaves all as it was. The text on
     /// show in `cell` stands for that very number. Parameters and ease are kept within -10 ... 10 and -1 ... 1.
     bool setText(const QModelIndex& cell, const QString& text, const std::vector<int>& rows);
+    /// Why that text can't be taken, for the user; empty if it can.
+    QString faultOf(const QModelIndex& cell, const QString& text) const;
     /// As the column of types shows them.
     static QStringList typeNames();
     /// To be called when the language has changed: all views take their texts anew.

@@ -11,6 +11,8 @@
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <QTimer>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -82,11 +84,25 @@ public:
             rows = {cell.row()};
         const auto* const combo = qobject_cast<QComboBox*>(editor);
         const auto* const line = qobject_cast<QLineEdit*>(editor);
-        static_cast<PointTableModel*>(model)->setText(cell, combo ? combo->currentText() : line->text(),
-                                                      rows);
+        auto* const table = static_cast<PointTableModel*>(model);
+        const QString text = combo ? combo->currentText() : line->text();
+        const QString fault = table->faultOf(cell, text);
+        if (fault.isEmpty())
+            table->setText(cell, text, rows);
+        else
+            tell(fault, cell);
     }
 
 private:
+    /// At the cell. The focus, which leaves the editor now, would hide it again.
+    void tell(const QString& fault, const QPersistentModelIndex& cell) const
+    {
+        QTimer::singleShot(0, view_, [view = view_, fault, cell] {
+            QWidget* const cells = view->viewport();
+            QToolTip::showText(cells->mapToGlobal(view->visualRect(cell).bottomLeft()), fault, cells);
+        });
+    }
+
     static bool isTouched(const QWidget& editor)
     {
         const auto* const line = qobject_cast<const QLineEdit*>(&editor);

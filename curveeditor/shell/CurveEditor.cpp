@@ -149,7 +149,7 @@ void CurveEditor::showPoints()
 
 void CurveEditor::connectEditingList()
 {
-    connect(checkListsEditing, &EditingList::setNodeForEdit, this, &CurveEditor::setEditingNode);
+    connect(checkListsEditing, &EditingList::setNodeForEdit, this, &CurveEditor::takeDroppedName);
     connect(checkListsEditing, &EditingList::supressFromEditing, this, &CurveEditor::slotRemoveFromEditing);
     connect(checkListsEditing, &QTreeWidget::itemPressed, this, &CurveEditor::pressedEditingItem);
     connect(checkListsEditing, &QTreeWidget::itemSelectionChanged, this,

@@ -363,7 +363,8 @@ public Q_SLOTS:
     void completeViewportH();
     void completeViewportV();
     /// @}
-    /// Asks for a picture and shows it behind the curves.
+    /// Asks for a picture and shows it behind the curves. A file that can't be read as one is told in a box, and the
+    /// picture that is there stays.
     void loadImage();
     /// Shows no picture behind the curves any more.
     void clearImage();
@@ -475,6 +476,7 @@ private:
     void showStepTexts();
     void tellCurrentCurve();
     bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
+    void takeDroppedName(const QString& name);
     void showContent();
     void showPoints();
     void showLineText();

@@ -13,7 +13,6 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -144,10 +143,12 @@ void CurveEditor::loadImage()
 {
     const QString name = QFileDialog::getOpenFileName(this, QString(), QString(),
                                                       QStringLiteral("*.jpg;;") + tr("All files (*)"));
-    if (!QFileInfo(name).isFile() || !QFile(name).open(QIODevice::ReadOnly))
+    if (!QFileInfo(name).isFile()) // to open a pipe would wait for its writer
         return;
-    d_->functionEdit->canvas.loadImage(name);
-    d_->functionEdit->canvas.paint();
+    if (d_->functionEdit->canvas.loadImage(name))
+        d_->functionEdit->canvas.paint();
+    else
+        showWarning(tr("Load image"), tr("%1 holds no picture that can be read.").arg(name));
 }
 
 void CurveEditor::clearImage()

@@ -2,6 +2,7 @@
 #include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/FunctionEditor.h>
@@ -9,10 +10,23 @@
 #include <QColorDialog>
 #include <QMenu>
 #include <QSignalBlocker>
+#include <QTimer>
 
 void CurveEditor::setEditingNode(const QString& name)
 {
     setCurveEditableOn(searchAllNodeList(name));
+}
+
+/// A box that opened within the drop would hold up the application from which the text comes.
+void CurveEditor::takeDroppedName(const QString& name)
+{
+    if (searchAllNodeList(name))
+        return setEditingNode(name);
+    constexpr qsizetype longest = 100;
+    const QString shown = name.size() > longest ? name.left(longest) + QChar(0x2026) : name;
+    QTimer::singleShot(0, this, [shown] {
+        showWarning(tr("Edit a curve"), tr("There is no curve of the name \"%1\".").arg(shown));
+    });
 }
 
 // What is under way is told first, and who hears of it may take curves away.

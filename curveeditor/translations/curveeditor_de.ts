@@ -661,6 +661,18 @@ Soll die Datei ersetzt werden?</translation>
         <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
         <translation>Die Kurve wurde in %1 gespeichert, ist aber vielleicht noch nicht auf dem Datenträger.</translation>
     </message>
+    <message>
+        <source>%1 holds no picture that can be read.</source>
+        <translation>%1 enthält kein lesbares Bild.</translation>
+    </message>
+    <message>
+        <source>Edit a curve</source>
+        <translation>Kurve bearbeiten</translation>
+    </message>
+    <message>
+        <source>There is no curve of the name &quot;%1&quot;.</source>
+        <translation>Es gibt keine Kurve mit dem Namen „%1“.</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -1304,6 +1316,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Change a number of %1 points of %2</source>
         <translation>Zahl von %1 Punkten von %2 ändern</translation>
+    </message>
+    <message>
+        <source>No finite number was typed. The old one stays.</source>
+        <translation>Es wurde keine endliche Zahl eingegeben. Die alte bleibt.</translation>
     </message>
 </context>
 <context>

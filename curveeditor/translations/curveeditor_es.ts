@@ -661,6 +661,18 @@ Do you want to replace it?</source>
         <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
         <translation>La curva se guardó en %1, pero quizá aún no esté en el disco.</translation>
     </message>
+    <message>
+        <source>%1 holds no picture that can be read.</source>
+        <translation>%1 no contiene ninguna imagen legible.</translation>
+    </message>
+    <message>
+        <source>Edit a curve</source>
+        <translation>Editar una curva</translation>
+    </message>
+    <message>
+        <source>There is no curve of the name &quot;%1&quot;.</source>
+        <translation>No hay ninguna curva con el nombre «%1».</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -1304,6 +1316,10 @@ Do you want to replace it?</source>
     <message>
         <source>Change a number of %1 points of %2</source>
         <translation>Cambiar un número de %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>No finite number was typed. The old one stays.</source>
+        <translation>No se ha escrito ningún número finito. Se conserva el anterior.</translation>
     </message>
 </context>
 <context>

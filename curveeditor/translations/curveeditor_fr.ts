@@ -661,6 +661,18 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
         <translation>La courbe a été enregistrée dans %1, mais n&apos;est peut-être pas encore sur le disque.</translation>
     </message>
+    <message>
+        <source>%1 holds no picture that can be read.</source>
+        <translation>%1 ne contient aucune image lisible.</translation>
+    </message>
+    <message>
+        <source>Edit a curve</source>
+        <translation>Modifier une courbe</translation>
+    </message>
+    <message>
+        <source>There is no curve of the name &quot;%1&quot;.</source>
+        <translation>Il n&apos;y a aucune courbe du nom de « %1 ».</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -1304,6 +1316,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Change a number of %1 points of %2</source>
         <translation>Modifier un nombre de %1 points de %2</translation>
+    </message>
+    <message>
+        <source>No finite number was typed. The old one stays.</source>
+        <translation>Aucun nombre fini n&apos;a été saisi. L&apos;ancien est conservé.</translation>
     </message>
 </context>
 <context>

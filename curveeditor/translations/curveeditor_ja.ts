@@ -661,6 +661,18 @@ Do you want to replace it?</source>
         <source>The curve was saved to %1, but is perhaps not yet on the disk.</source>
         <translation>カーブは %1 に保存されましたが、まだディスクに書き込まれていない可能性があります。</translation>
     </message>
+    <message>
+        <source>%1 holds no picture that can be read.</source>
+        <translation>%1 には読み取れる画像がありません。</translation>
+    </message>
+    <message>
+        <source>Edit a curve</source>
+        <translation>カーブの編集</translation>
+    </message>
+    <message>
+        <source>There is no curve of the name &quot;%1&quot;.</source>
+        <translation>「%1」という名前のカーブはありません。</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -1304,6 +1316,10 @@ Do you want to replace it?</source>
     <message>
         <source>Change a number of %1 points of %2</source>
         <translation>%2 のポイント %1 個の数値を変更</translation>
+    </message>
+    <message>
+        <source>No finite number was typed. The old one stays.</source>
+        <translation>有限の数が入力されませんでした。元の値のままです。</translation>
     </message>
 </context>
 <context>

@@ -190,6 +190,22 @@ private Q_SLOTS:
         fixture->editor.saveFile();
     }
 
+    void unreadablePictureLeavesTheOneThatIsThere()
+    {
+        fixture->editor.setMinValue(-3.0);
+        fixture->editor.setMaxValue(3.0);
+        choose(write("picture.ppm", "P6 1 1 255 \x10\x20\x30"));
+        fixture->editor.loadImage();
+        const QImage shown = fixture->canvas.grab().toImage();
+        QCOMPARE(shown.pixelColor(20, 20), QColor(0x10, 0x20, 0x30));
+        const QString path = write("broken.jpg", "no picture");
+        QString warning;
+        choose(path, [&warning] { closeBox(warning); });
+        fixture->editor.loadImage();
+        QVERIFY(warning.contains(path));
+        QCOMPARE(fixture->canvas.grab().toImage(), shown);
+    }
+
     void failedSaveIsReported()
     {
         QString warning;

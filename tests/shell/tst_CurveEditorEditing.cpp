@@ -5,6 +5,8 @@
 
 #include <QColorDialog>
 #include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QMimeData>
 
 class tst_CurveEditorEditing : public QObject
 {
@@ -41,6 +43,23 @@ private Q_SLOTS:
         QCOMPARE(fixture->list.topLevelItemCount(), 0);
         QCOMPARE(fixture->curves["cam.lens"].spline.getControlPointsNumber(), 2U);
         QVERIFY(fixture->changes.isEmpty());
+    }
+
+    void droppedNameOpensItsCurveOrIsToldToBeUnknown()
+    {
+        fixture->add("cam.pan");
+        for (const QString name : {"cam.pan", "cam.pam"}) {
+            QMimeData data;
+            data.setText(name);
+            QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(fixture->list.viewport(), &enter);
+            QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(fixture->list.viewport(), &drop);
+            QCOMPARE(fixture->current(), "cam.pan");
+        }
+        QString warning;
+        closeBox(warning);
+        QTRY_VERIFY(warning.contains("cam.pam"));
     }
 
     void menuOfTheListWorksOnTheRowUnderTheMouse()

@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableView>
+#include <QToolTip>
 #include <QUndoStack>
 
 namespace {
@@ -151,6 +152,18 @@ private Q_SLOTS:
         QCOMPARE(s.table.currentIndex().column(), column);
         QTest::keyClick(&s.table, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(s.column(column), before);
+    }
+
+    void cellThatCannotBeReadSaysWhy()
+    {
+        Scene s;
+        for (const QString typed : {"3", "x", "1e999"}) {
+            s.type(1, Value, typed);
+            QTRY_COMPARE(QToolTip::text().contains("number"), typed != "3");
+            QToolTip::hideText();
+            QTRY_VERIFY(!QToolTip::isVisible());
+        }
+        QCOMPARE(s.text(1, Value), "3");
     }
 
     void frameIsTypedAsItShows()
