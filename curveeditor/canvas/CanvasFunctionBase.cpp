@@ -68,8 +68,15 @@ CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* editor)
 
 CanvasFunctionBase::~CanvasFunctionBase()
 {
-    door_.history().disconnect(this);
+    leaveStack();
     removeAllCurves();
+}
+
+void CanvasFunctionBase::leaveStack()
+{
+    door_.history().disconnect(this);
+    settle();
+    door_.history().leaveStack();
 }
 
 void CanvasFunctionBase::connectPointMenu()
@@ -101,9 +108,9 @@ CurveNodeBase* CanvasFunctionBase::addCurve(QWidget* menu, const QString& name, 
                                             float defaultValue, SplineBase* spline,
                                             FunctionFloatBase** expression, float minValue, float maxValue)
 {
+    settle();
     if (CurveNodeBase* const present = findCurve(name))
         return present;
-    settle();
     curves_.push_back(std::make_unique<CurveNodeBase>(this, menu, name, color, defaultValue, spline,
                                                       expression, minValue, maxValue));
     curves_.back()->getCanvasSpline()->showsPoints = editsAllCurves_;
@@ -136,6 +143,7 @@ void CanvasFunctionBase::renameCurve(const QString& oldName, const QString& newN
 
 void CanvasFunctionBase::removeCurve(const QString& name)
 {
+    settle();
     if (CurveNodeBase* const curve = findCurve(name)) {
         removeCurve(curve);
         paint();
@@ -144,9 +152,10 @@ void CanvasFunctionBase::removeCurve(const QString& name)
 
 void CanvasFunctionBase::removeCurve(CurveNodeBase* curve)
 {
+    const QPointer<CurveNodeBase> present(curve);
     settle();
     const auto found = std::find_if(curves_.begin(), curves_.end(),
-                                    [curve](const auto& entry) { return entry.get() == curve; });
+                                    [&present](const auto& entry) { return entry.get() == present; });
     if (found == curves_.end())
         return;
     std::unique_ptr<CurveNodeBase> removed = std::move(*found);

@@ -198,6 +198,8 @@ public:
     /// closes curves.
     /// Returns the curves that have changed by what was ended.
     CurveEdit::Curves settle();
+    /// Ends that and tells nobody any more. To be called before whom the signals of the undo stack may reach goes.
+    void leaveStack();
     /// Takes a gesture back, at points or at the view; what is left of it does nothing. Returns whether there
     /// was one.
     bool cancelGesture();

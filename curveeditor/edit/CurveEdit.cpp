@@ -91,7 +91,10 @@ void CurveEdit::checkpoint()
     checkpoint_.clear();
     for (const Before& before : before_)
         checkpoint_.push_back({before.curve, before.own, before.curve->state()});
+    const Id id = id_;
     keepEntry(parts);
+    if (!isOpen(id))
+        return;
     TimeInterval touched =
         std::exchange(previewed_, parts.empty() ? TimeInterval() : parts.front().diff.touched());
     touched.unite(previewed_);
@@ -209,16 +212,15 @@ void CurveEdit::continueAboveForeignEntry()
     before_ = std::exchange(checkpoint_, {});
 }
 
+// The stack runs foreign code, which may end this edit and begin another one.
 void CurveEdit::keepEntry(const std::vector<EditHistory::Part>& parts)
 {
-    if (entry_) {
-        history_.amend(entry_, parts);
-    } else if (!parts.empty()) {
-        entry_ = history_.makeEntry(text_, parts);
-        history_.push(entry_);
-    }
-    if (parts.empty())
-        entry_ = nullptr;
+    EditCommand* const entry = entry_ ? entry_ : parts.empty() ? nullptr : history_.makeEntry(text_, parts);
+    const bool isNew = !std::exchange(entry_, parts.empty() ? nullptr : entry);
+    if (entry && isNew)
+        history_.push(entry);
+    else if (entry)
+        history_.amend(entry, parts);
 }
 
 void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,

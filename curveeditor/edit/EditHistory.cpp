@@ -47,15 +47,24 @@ EditHistory::EditHistory(QObject* parent) : QObject(parent), ownStack_(std::make
 EditHistory::~EditHistory()
 {
     stack()->disconnect(this);
+    leaveStack();
+    QUndoStack* const left = hostStack_;
+    if (!left || entries_.empty())
+        return;
+    connect(left, &QUndoStack::indexChanged, left, [left, isRemoving = false]() mutable {
+        if (std::exchange(isRemoving, true))
+            return;
+        removeDeadEntriesOf(*left);
+        isRemoving = false;
+    });
+}
+
+void EditHistory::leaveStack()
+{
     ownStack_->clear();
     for (EditCommand* const entry : entries_)
         entry->setParts({});
-    QUndoStack* const left = hostStack_;
-    if (!left)
-        return;
-    removeDeadEntriesOf(*left);
-    if (!entries_.empty())
-        connect(left, &QUndoStack::indexChanged, left, [left] { removeDeadEntriesOf(*left); });
+    removeDeadEntries();
 }
 
 std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase* spline,
@@ -82,10 +91,10 @@ void EditHistory::rename(const QString& oldName, const QString& newName)
     Q_EMIT stackChanged();
 }
 
-void EditHistory::forget(const QString& name)
+void EditHistory::forget(const QStringList& names)
 {
     const auto kept = std::stable_partition(curves_.begin(), curves_.end(),
-                                            [&](const auto& curve) { return curve->name != name; });
+                                            [&](const auto& curve) { return !names.contains(curve->name); });
     const std::vector<std::shared_ptr<EditedCurve>> gone(kept, curves_.end());
     curves_.erase(kept, curves_.end());
     for (const auto& curve : gone) {
@@ -141,7 +150,10 @@ EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts
 
 void EditHistory::push(EditCommand* entry)
 {
-    stack()->push(entry);
+    if (isStepping_)
+        delete entry;
+    else
+        stack()->push(entry);
 }
 
 bool EditHistory::isOnTop(EditCommand* entry) const
@@ -178,10 +190,12 @@ void EditHistory::finishStep()
 {
     if (isStepping_)
         return;
+    const QPointer<EditHistory> guard(this);
     removeDeadEntries();
+    if (!guard)
+        return;
     const std::vector<EditReport> reports = std::exchange(pending_, {});
     const auto lost = std::exchange(lostFormulas_, {});
-    const QPointer<EditHistory> guard(this);
     for (const EditReport& report : reports) {
         if (guard)
             Q_EMIT reported(report);
@@ -196,6 +210,8 @@ void EditHistory::removeDeadEntries()
 {
     if (isStepping_ || std::exchange(isRemoving_, true))
         return;
+    const QPointer<EditHistory> guard(this);
     removeDeadEntriesOf(*stack());
-    isRemoving_ = false;
+    if (guard)
+        isRemoving_ = false;
 }

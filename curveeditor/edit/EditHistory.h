@@ -56,8 +56,8 @@ public:
     /// The curve of that name, spline and variable; a new one at the first time.
     std::shared_ptr<EditedCurve> curve(const QString& name, SplineBase* spline, FunctionFloatBase** variable);
     void rename(const QString& oldName, const QString& newName);
-    /// The host takes the curve of that name away, and its entries go.
-    void forget(const QString& name);
+    /// The host takes the curves of these names away, and their entries go. That the stack tells of it comes last.
+    void forget(const QStringList& names);
 
     /// Never null. A stack that is deleted, or null given to `setStack`, brings the own one back.
     QUndoStack* stack() const;
@@ -67,7 +67,12 @@ public:
     void undo();
     void redo();
 
-    /// An entry for what is done already, to be given to `push`, which hands it to the stack.
+    /// Takes all entries off the stack, or lets them do nothing where that is not possible. To be called before whom
+    /// the signals of the stack may reach goes; the destructor does the same.
+    void leaveStack();
+
+    /// An entry for what is done already, to be given to `push`, which hands it to the stack. That can't take it while
+    /// it steps, and the edit then has none.
     EditCommand* makeEntry(const QString& text, std::vector<Part> parts);
     void push(EditCommand* entry);
     /// Whether it is that entry which the stack would take back next; it may be gone.

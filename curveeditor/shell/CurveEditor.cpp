@@ -78,6 +78,7 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
 CurveEditor::~CurveEditor()
 {
     qDeleteAll(findChildren<FitDialog*>(QString(), Qt::FindDirectChildrenOnly));
+    d_->functionEdit->canvas.leaveStack(); // who hears of it finds the dialog whole
     // The canvas goes before all else, while all that its signals and its node form reach is still there.
     delete d_->functionEdit;
     delete d_->pointTable; // while the dialog can still tell it the unit of times

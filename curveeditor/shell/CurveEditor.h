@@ -462,7 +462,7 @@ private:
     void addNewNode(MainNodeStruct* group, const QString& fullName, const QColor& color, float defaultValue,
                     SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
     void renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName);
-    void eraseRecord(const QString& name);
+    void eraseRecords(const std::vector<NodeStruct*>& records);
     std::vector<NodeStruct*> nodesOfGroup(const QString& nodeName) const;
     NodeStruct* searchCheckList(const QTreeWidgetItem* item);
     NodeStruct* searchAllNodeEditingList(const QTreeWidgetItem* item);

@@ -119,47 +119,45 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
 
 void CurveEditor::removeCurve(const QString& nodeName, const QString& curveName)
 {
-    if (!searchMainNode(nodeName))
-        return;
-    eraseRecord(fullName(nodeName, curveName));
+    d_->functionEdit->canvas.settle();
+    NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName));
+    if (record && searchMainNode(nodeName))
+        eraseRecords({record});
 }
 
 void CurveEditor::removeNode(const QString& nodeName)
 {
-    if (!searchMainNode(nodeName))
-        return;
-    const FunctionEditor::PaintPause pause(d_->functionEdit);
-    QStringList names;
-    for (const NodeStruct* const record : nodesOfGroup(nodeName))
-        names.append(record->name);
-    for (const QString& name : names)
-        eraseRecord(name);
+    d_->functionEdit->canvas.settle();
     const auto group = std::find_if(d_->mainNodeList.begin(), d_->mainNodeList.end(),
                                     [&](const auto& other) { return other->name == nodeName; });
-    if (group != d_->mainNodeList.end())
-        d_->mainNodeList.erase(group);
+    if (group == d_->mainNodeList.end())
+        return;
+    const std::unique_ptr<MainNodeStruct> erased = std::move(*group);
+    d_->mainNodeList.erase(group);
+    const FunctionEditor::PaintPause pause(d_->functionEdit);
+    eraseRecords(nodesOfGroup(nodeName));
 }
 
-// The record is gone before anybody is told, so who hears of it can't bring the curve back.
-void CurveEditor::eraseRecord(const QString& name)
+// To be called when all is settled. The records are gone before anybody is told, be it by the undo stack, so who
+// hears of it can't bring their curves back.
+void CurveEditor::eraseRecords(const std::vector<NodeStruct*>& records)
 {
-    d_->functionEdit->canvas.settle();
-    NodeStruct* const record = searchAllNodeList(name);
-    if (!record)
-        return;
-    const bool isOpen = d_->functionEdit->canvas.findCurve(name);
-    takeOffCanvas(*record);
-    d_->functionEdit->canvas.door().history().forget(name);
-    if (d_->editingMenu->menuItem() == record->editingItem)
-        d_->editingMenu->setMenuItem(nullptr);
-    const auto place = std::find_if(d_->nodeList.begin(), d_->nodeList.end(),
-                                    [record](const auto& other) { return other.get() == record; });
-    const std::unique_ptr<NodeStruct> erased = std::move(*place);
-    d_->nodeList.erase(place);
-    d_->nodeOfName.remove(name);
-    d_->unfinishedTexts.remove(name);
-    if (isOpen)
-        Q_EMIT curveClosed(erased->nodeName, erased->curveName);
+    QStringList names;
+    std::vector<std::pair<QString, QString>> closed;
+    for (NodeStruct* const record : records) {
+        names.append(record->name);
+        if (d_->functionEdit->canvas.findCurve(record->name))
+            closed.emplace_back(record->nodeName, record->curveName);
+        takeOffCanvas(*record);
+        if (d_->editingMenu->menuItem() == record->editingItem)
+            d_->editingMenu->setMenuItem(nullptr);
+        d_->nodeOfName.remove(record->name);
+        d_->unfinishedTexts.remove(record->name);
+        std::erase_if(d_->nodeList, [record](const auto& other) { return other.get() == record; });
+    }
+    d_->functionEdit->canvas.door().history().forget(names);
+    for (const auto& [nodeName, curveName] : closed)
+        Q_EMIT curveClosed(nodeName, curveName);
     tellCurrentCurve();
 }
 

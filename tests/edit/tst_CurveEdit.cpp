@@ -209,7 +209,7 @@ private Q_SLOTS:
     {
         const std::function<void(Fixture&)> replies[] = {
             [](Fixture& f) { f.stack().clear(); },
-            [](Fixture& f) { f.door.history().forget("a.x"); },
+            [](Fixture& f) { f.door.history().forget({"a.x"}); },
             [](Fixture& f) { f.stack().undo(); },
             [](Fixture& f) { f.stack().push(new QUndoCommand("host")); },
             [](Fixture& f) { f.set(1, 1.0); },
@@ -225,6 +225,41 @@ private Q_SLOTS:
                 QVERIFY(!f.door.isOpen() && f.stack().index() <= f.stack().count());
             }
         }
+    }
+
+    void checkpointTellsNothingOfAnEditThatTheStackHasEnded()
+    {
+        Fixture f;
+        SplineBase otherSpline;
+        const auto other = f.door.history().curve("a.y", &otherSpline, nullptr);
+        bool isFirst = true;
+        QObject::connect(&f.stack(), &QUndoStack::indexChanged, &f.door, [&] {
+            if (std::exchange(isFirst, false))
+                f.door.begin("other", {other});
+        });
+        f.begin("type");
+        f.type(7.0);
+        QCOMPARE(f.reports, QStringList{"commit edit a.x"});
+        otherSpline.addPoint(1.0, 1.0);
+        f.door.checkpoint();
+        f.door.commit();
+        QCOMPARE(f.stack().count(), 2);
+    }
+
+    void nothingIsPushedWhileTheStackSteps()
+    {
+        Fixture f;
+        f.begin("type");
+        f.type(2.0);
+        f.stack().push(new QUndoCommand("host"));
+        f.stack().undo();
+        f.set(1, 9.0); // the host does
+        int highest = 0;
+        QObject::connect(&f.stack(), &QUndoStack::indexChanged, &f.door,
+                         [&](int index) { highest = std::max(highest, index); });
+        f.stack().undo();
+        QCOMPARE(highest, 0);
+        QVERIFY(f.spline[1]->pos == 9.0 && !f.door.isOpen());
     }
 
     void typingGoesOnAboveAForeignEntry()
@@ -270,11 +305,11 @@ private Q_SLOTS:
             shared->push(new QUndoCommand("host's own"));
             f.move(2, 7.0);
             f.door.history().rename("a.x", "b.x");
-            f.door.history().forget("a.x");
+            f.door.history().forget({"a.x"});
             QCOMPARE(shared->undoText(), "move");
             shared->undo();
             QCOMPARE(f.reports.last(), "commit undo b.x");
-            f.door.history().forget("b.x");
+            f.door.history().forget({"b.x"});
             QCOMPARE(shared->undoText(), "host's own");
             shared->undo();
             shared->undo();
@@ -291,6 +326,20 @@ private Q_SLOTS:
             QCOMPARE(shared->count(), 1);
         }
         QCOMPARE(shared->count(), 0);
+    }
+
+    void entriesOfAGoneEditorDoNotPileUpOnTheStackOfCalls()
+    {
+        QUndoStack stack;
+        {
+            Fixture f;
+            f.door.history().setStack(&stack);
+            for (int i = 0; i < 20000; ++i)
+                f.move(1, i);
+            stack.push(new QUndoCommand("host"));
+        }
+        stack.undo();
+        QCOMPARE(stack.index(), 0);
     }
 
     void formulaWhoseVariableIsGoneComesBackOrLeavesTheCurve()

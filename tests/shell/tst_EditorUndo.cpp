@@ -376,6 +376,68 @@ private Q_SLOTS:
         }
     }
 
+    void whoHearsOfTheStackMayDoAnything_data()
+    {
+        QTest::addColumn<Deed>("deed");
+        const auto row = [](const char* name, const Deed& deed) {
+            QTest::newRow(name) << deed;
+        };
+        row("drag", [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); });
+        row("typing", [](Scene& s) { s.clickPoint(), s.type(s.editor.posY, "1.5"); });
+        row("undo", [](Scene& s) { s.editor.undo(); });
+        row("curve removed", [](Scene& s) { s.editor.removeCurve("a", "x"); });
+        row("group removed", [](Scene& s) { s.editor.removeNode("a"); });
+        row("editor gone", [](Scene& s) { delete s.owned; });
+    }
+    void whoHearsOfTheStackMayDoAnything()
+    {
+        QFETCH(const Deed, deed);
+        const Deed replies[] = {
+            [](Scene& s) { s.editor.removeCurve("a", "x"); },
+            [](Scene& s) { s.editor.removeNode("a"); },
+            [](Scene& s) { s.editor.removeNode("a"), s.open("a.x"), s.drag(5.0, 1.0, 6.0, 2.0); },
+            [](Scene& s) { s.editor.undo(), s.editor.undo(); },
+            [](Scene& s) { s.editor.renameNode("a", "b"), s.editor.resetAllCheckedF(); },
+        };
+        bool isHosts = false;
+        for (const auto& reply : replies) {
+            isHosts = !isHosts;
+            QUndoStack stack;
+            Scene s;
+            s.editor.setUndoStack(isHosts ? &stack : nullptr);
+            s.enter("t");
+            s.editor.deleteCurveClicked();
+            s.drag(5.0, 1.0, 6.0, 2.0);
+            s.drag(6.0, 2.0, 5.0, 1.0);
+            bool isFirst = true;
+            connect(s.editor.undoStack(), &QUndoStack::indexChanged, &s.editor, [&] {
+                if (std::exchange(isFirst, false))
+                    reply(s);
+            });
+            deed(s);
+            QVERIFY(!isFirst);
+            if (s.owned)
+                QCOMPARE(Invariants::fault(s.editor), QString());
+            else
+                QCOMPARE(stack.count(), 0);
+        }
+    }
+
+    void groupThatComesBackWhileItGoesIsWhole()
+    {
+        Scene s;
+        s.drag(5.0, 1.0, 6.0, 2.0);
+        const auto back =
+            connect(s.editor.undoStack(), &QUndoStack::indexChanged, &s.editor, [&] { s.open("a.y"); });
+        s.editor.removeNode("a");
+        disconnect(back);
+        QVERIFY(s.current() == "a.y" && !s.editor.searchAllNodeList("a.x"));
+        s.drag(5.0, -2.0, 6.0, 2.0);
+        QCOMPARE(s.entries(), 1);
+        s.editor.removeNode("a");
+        QVERIFY(!s.editor.searchAllNodeList("a.y") && s.canvas.canvas.noCurrentCurve());
+    }
+
     void hostMayTakePointsAwayBetweenTwoPaints()
     {
         Scene s;
