@@ -8,6 +8,7 @@
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QInputDevice>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -189,8 +190,7 @@ void FunctionEditor::mousePressEvent(QMouseEvent* event)
 
 void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    const QPoint way = event->position().toPoint() - lastPress_.value_or(event->position().toPoint());
-    if (way.manhattanLength() > QGuiApplication::styleHints()->mouseDoubleClickDistance())
+    if (!isAtLastPress(*event))
         return mousePressEvent(event);
     if (canvas.noCurrentCurve())
         return;
@@ -240,6 +240,17 @@ void FunctionEditor::resizeEvent(QResizeEvent* event)
     setSize(width(), height());
     canvas.resizeBuffer();
     canvas.paint();
+}
+
+/// As near as the two presses of a double click are.
+bool FunctionEditor::isAtLastPress(const QMouseEvent& event) const
+{
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    const bool isTouch = event.deviceType() == QInputDevice::DeviceType::TouchScreen;
+    const int reach = isTouch ? hints.touchDoubleTapDistance() : hints.mouseDoubleClickDistance();
+    const QPoint here = event.position().toPoint();
+    const QPoint way = here - lastPress_.value_or(here);
+    return qAbs(way.x()) <= reach && qAbs(way.y()) <= reach;
 }
 
 bool FunctionEditor::isCurrentSpline() const

@@ -100,6 +100,7 @@ protected:
 
 private:
     bool isOwnKey(const QKeyEvent& event) const;
+    bool isAtLastPress(const QMouseEvent& event) const;
     bool isCurrentSpline() const;
     void reportPosition(const QMouseEvent& event);
     void loadBand();

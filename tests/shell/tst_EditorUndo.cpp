@@ -80,7 +80,7 @@ private Q_SLOTS:
         row("double click in a hurry", 1, x, [](Scene& s) {
             s.press(6.0, 2.5);
             s.release(6.0, 2.5);
-            s.mouse(QEvent::MouseButtonDblClick, s.pixel(6.0, 2.5) + QPoint(2, 1));
+            s.mouse(QEvent::MouseButtonDblClick, s.pixel(6.0, 2.5) + QPoint(4, 3));
             s.release(6.0, 2.5);
         });
         row("menu adds", 1, x + x, [](Scene& s) { s.choose(ControlMenu::CreateKey); });
