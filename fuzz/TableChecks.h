@@ -38,7 +38,8 @@ inline void requireReadsBack(const SampleTable& table)
     }
     Progress silent;
     for (const char separator : {'\t', ','}) {
-        const SampleTable again = TableText::read(TableText::write(table, separator), silent);
+        const SampleTable again =
+            TableText::read(TableText::write(table, separator), TableReader::Decimal::FromText, silent);
         require(again.timeName == table.timeName && again.times == table.times);
         require(again.curves.size() == table.curves.size());
         for (std::size_t i = 0; i < table.curves.size(); ++i) {

@@ -26,10 +26,11 @@ void requirePoint(const PointInfo& point)
     require(point.type >= SplineBase::Linear && point.type <= SplineBase::Tcb && point.serial == 0);
 }
 
-void paste(const QString& text)
+void paste(const QString& text, TableReader::Decimal decimal)
 {
-    const auto [points, message] = PointText::read(text);
+    const auto [points, message, isAmbiguous] = PointText::read(text, decimal);
     require(points.empty() != message.isEmpty());
+    require(!isAmbiguous || decimal == TableReader::Decimal::FromText);
     require(std::all_of(message.begin(), message.end(), [](QChar letter) { return letter.isPrint(); }));
     if (points.empty())
         return;
@@ -38,6 +39,13 @@ void paste(const QString& text)
                            [](const auto& left, const auto& right) { return left.time < right.time; }));
     const Points again = PointText::read(PointText::write(points)).points;
     require(std::equal(again.begin(), again.end(), points.begin(), points.end(), isSamePoint));
+}
+
+void paste(const QString& text)
+{
+    for (const auto decimal :
+         {TableReader::Decimal::FromText, TableReader::Decimal::Comma, TableReader::Decimal::Point})
+        paste(text, decimal);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
 // Feeds any text to the reader of table. What it takes must be whole and read back the same once it was written as a
-// table; what it refuses must have a line within the text.
+// table; what it refuses must have a line within the text, and no text is ambiguous once the decimal sign is given.
 
 #include "TableChecks.h"
 
@@ -12,13 +12,16 @@
 
 namespace {
 
-std::optional<SampleTable> read(const std::string& text)
+std::optional<SampleTable> read(const std::string& text, TableReader::Decimal decimal)
 {
     Progress silent;
     try {
-        return TableText::read(text, silent);
+        return TableText::read(text, decimal, silent);
     } catch (const TextFault& fault) {
         requireLine(fault, text);
+        const bool isAmbiguous =
+            TableReader(text, decimal).fault().kind == TableReader::Fault::Kind::Ambiguous;
+        require(!isAmbiguous || decimal == TableReader::Decimal::FromText);
         return std::nullopt;
     }
 }
@@ -27,9 +30,13 @@ std::optional<SampleTable> read(const std::string& text)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (const auto table = read(std::string(reinterpret_cast<const char*>(data), size))) {
-        requireWhole(*table);
-        requireReadsBack(*table);
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    for (const auto decimal :
+         {TableReader::Decimal::FromText, TableReader::Decimal::Comma, TableReader::Decimal::Point}) {
+        if (const auto table = read(text, decimal)) {
+            requireWhole(*table);
+            requireReadsBack(*table);
+        }
     }
     return 0;
 }

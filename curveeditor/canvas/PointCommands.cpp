@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/canvas/DecimalQuestion.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/edit/PointText.h>
@@ -10,6 +11,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QPointer>
 
 #include <algorithm>
 #include <cmath>
@@ -115,7 +117,16 @@ void PointCommands::paste(bool whereTheyWere)
 {
     if (!canPaste())
         return;
-    PointText::Result result = PointText::read(QGuiApplication::clipboard()->text());
+    const QString text = QGuiApplication::clipboard()->text();
+    PointText::Result result = PointText::read(text);
+    if (result.isAmbiguous) {
+        const QPointer<QObject> canvas(&canvas_);
+        const std::optional<TableReader::Decimal> decimal =
+            askForDecimal(tr("Paste points"), text.toStdString());
+        if (!decimal || !canvas || !control())
+            return;
+        result = PointText::read(text, *decimal);
+    }
     if (!result.message.isEmpty())
         return showWarning(tr("Paste points"), result.message);
     const ViewPort* const view = canvas_.getViewport();
@@ -179,6 +190,11 @@ double PointCommands::frame() const
 
 void PointCommands::add(const QString& text, const std::vector<SplineBase::PointInfo>& points)
 {
+    const bool isWithinTimes =
+        std::all_of(points.begin(), points.end(),
+                    [](const SplineBase::PointInfo& point) { return std::isfinite(point.time); });
+    if (!isWithinTimes)
+        return showWarning(tr("Paste points"), tr("Moved there, the points would lie beyond all times."));
     canvas_.editSpline(text, [this, &points](SplineBase& spline) {
         const std::vector<PointSerial> added = SplineEdits::addPoints(spline, points);
         control()->selectPoints(added);

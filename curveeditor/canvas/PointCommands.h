@@ -47,7 +47,8 @@ public:
     void cut();
     bool canPaste() const;
     /// The points of a table on the clipboard, the first of them at the time line, or all `whereTheyWere`. They are
-    /// selected. Text that is no table is told in a box, and nothing is changed.
+    /// selected. Text that is no table, and a shift beyond all times, are told in a box, and nothing is changed; a
+    /// text that can be read in two ways makes a box ask which one is meant.
     void paste(bool whereTheyWere);
     /// The selected points once more, a frame later. The new ones are selected.
     void duplicate();

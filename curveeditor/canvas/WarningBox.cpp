@@ -6,12 +6,17 @@
 #include <QGridLayout>
 #include <QMessageBox>
 
+void makeRoomForTitle(QMessageBox& box)
+{
+    // The box sizes itself by its layout and passes over a minimum width.
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(titleWidth(box), 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 void showWarning(const QString& title, const QString& text)
 {
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
-    // The box sizes itself by its layout and passes over a minimum width.
-    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
-        grid->addItem(new QSpacerItem(titleWidth(box), 0), grid->rowCount(), 0, 1, grid->columnCount());
+    makeRoomForTitle(box);
     box.exec();
 }

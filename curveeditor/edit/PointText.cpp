@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/PointText.h>
 
+#include <curveeditor/files/TextFields.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
-#include <limits>
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace {
 
 using PointInfo = SplineBase::PointInfo;
-using Fields = std::vector<std::string_view>;
+using Kind = TableReader::Fault::Kind;
 
 /// A column of the table; the one without a member holds the type.
 struct Column
@@ -34,7 +33,6 @@ constexpr std::array<Column, 10> columns = {{{"time", &PointInfo::time},
                                              {"easeFrom", &PointInfo::easeFrom}}};
 
 constexpr std::array<std::string_view, 3> typeNames = {"Linear", "Bezier", "Tcb"};
-constexpr std::string_view blanks = " \t";
 constexpr qsizetype quotedLength = 20;
 
 std::string_view typeName(std::int32_t type)
@@ -61,75 +59,20 @@ const Column* columnOf(std::string_view name)
     return found == columns.end() ? nullptr : found;
 }
 
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-/// The number that the whole field stands for, infinite where a double can't hold it.
-std::optional<double> numberOf(std::string_view field)
-{
-    std::string text(field);
-    std::replace(text.begin(), text.end(), ',', '.'); // two signs are no number any more
-    const bool hasPlus = text[0] == '+' && text[1] != '-';
-    const char* const end = text.data() + text.size();
-    double number = 0.0;
-    const auto [rest, error] = std::from_chars(text.data() + (hasPlus ? 1 : 0), end, number);
-    if (error == std::errc::invalid_argument || rest != end)
-        return std::nullopt;
-    return error == std::errc() ? number : std::numeric_limits<double>::infinity();
-}
-
-Fields splitAtBlanks(std::string_view line)
-{
-    Fields fields;
-    for (std::size_t end = 0;;) {
-        const std::size_t begin = line.find_first_not_of(blanks, end);
-        if (begin == std::string_view::npos)
-            return fields;
-        end = std::min(line.find_first_of(blanks, begin), line.size());
-        fields.push_back(line.substr(begin, end - begin));
-    }
-}
-
-Fields split(std::string_view line, char separator)
-{
-    if (separator == ' ')
-        return splitAtBlanks(line);
-    Fields fields;
-    for (std::size_t begin = 0;;) {
-        const std::size_t end = std::min(line.find(separator, begin), line.size());
-        fields.push_back(trimmed(line.substr(begin, end - begin)));
-        if (end == line.size())
-            return fields;
-        begin = end + 1;
-    }
-}
-
-char separatorOf(std::string_view line)
-{
-    for (const char separator : {'\t', ';'}) {
-        if (line.find(separator) != std::string_view::npos)
-            return separator;
-    }
-    if (line.find(',') == std::string_view::npos)
-        return ' ';
-    // In "0,5 1,5" the commas are decimal signs, in "0, 1", "0.5, 1.5" and "0.5,1.5" they separate.
-    const Fields fields = splitAtBlanks(line);
-    const bool areNumbers = std::all_of(fields.begin(), fields.end(), [](std::string_view field) {
-        return field.back() != ',' && numberOf(field).has_value();
-    });
-    return fields.size() > 1 && areNumbers ? ' ' : ',';
-}
-
 void append(std::string& text, double number)
 {
     std::array<char, 32> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number);
     text.append(digits.data(), end);
+}
+
+QString shown(std::string_view field)
+{
+    QString quoted =
+        QString::fromUtf8(field.data(), qsizetype(std::min(field.size(), std::size_t(quotedLength) * 4)));
+    std::replace_if(
+        quoted.begin(), quoted.end(), [](QChar letter) { return !letter.isPrint(); }, QChar(u'?'));
+    return quoted.size() > quotedLength ? quoted.left(quotedLength) + QStringLiteral("...") : quoted;
 }
 
 } // namespace
@@ -154,53 +97,36 @@ QString PointText::write(const std::vector<PointInfo>& points)
 class PointText::Reader
 {
 public:
-    explicit Reader(std::string_view text) : text_(text) {}
+    Reader(std::string_view text, TableReader::Decimal decimal) : table_(text, decimal) {}
     Result read();
 
 private:
-    bool nextLine(std::string_view& line);
-    bool readHead(const Fields& fields);
-    bool readRow(const Fields& fields);
-    bool readField(std::string_view field, const Column& column, PointInfo& point);
+    bool readHead();
+    bool readRow();
+    bool readField(std::size_t index, PointInfo& point);
     bool fail(const QString& what);
     bool fail(const QString& what, std::string_view field);
+    void tellFault();
+    QString faultText() const;
+    static QString noNumber(std::string_view field);
 
-    std::string_view text_;
-    std::size_t place_ = 0;
-    int line_ = 0;
+    TableReader table_;
     std::vector<const Column*> columns_;
     Result result_;
 };
 
-PointText::Result PointText::read(const QString& text)
+PointText::Result PointText::read(const QString& text, TableReader::Decimal decimal)
 {
     const QByteArray bytes = text.toUtf8();
-    std::string_view view(bytes.data(), std::size_t(bytes.size()));
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (view.substr(0, byteOrderMark.size()) == byteOrderMark)
-        view.remove_prefix(byteOrderMark.size());
-    return Reader(view).read();
+    return Reader({bytes.constData(), std::size_t(bytes.size())}, decimal).read();
 }
 
 PointText::Result PointText::Reader::read()
 {
-    char separator = 0;
-    std::string_view line;
-    bool isFine = true;
-    while (isFine && nextLine(line)) {
-        const bool isFirst = columns_.empty();
-        if (isFirst)
-            separator = separatorOf(line);
-        const Fields fields = split(line, separator);
-        const bool isHead = isFirst && std::none_of(fields.begin(), fields.end(), [](std::string_view field) {
-                                return numberOf(field).has_value();
-                            });
-        if (isFirst && !isHead)
-            columns_ = {columns.data(), columns.data() + 1};
-        isFine = isHead ? readHead(fields) : readRow(fields);
+    const bool isFine = table_.names().empty() || readHead();
+    while (isFine && table_.next() && readRow()) {
     }
-    if (isFine && result_.points.empty())
-        result_.message = tr("The text holds no points.");
+    tellFault();
     if (!result_.message.isEmpty())
         result_.points.clear();
     std::stable_sort(result_.points.begin(), result_.points.end(),
@@ -208,87 +134,106 @@ PointText::Result PointText::Reader::read()
     return std::move(result_);
 }
 
-/// The next line that holds anything.
-bool PointText::Reader::nextLine(std::string_view& line)
+bool PointText::Reader::readHead()
 {
-    while (place_ < text_.size()) {
-        const std::size_t end = std::min(text_.find_first_of("\r\n", place_), text_.size());
-        line = text_.substr(place_, end - place_);
-        place_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
-        ++line_;
-        if (!trimmed(line).empty())
-            return true;
+    const std::vector<std::string>& names = table_.names();
+    const std::vector<const Column*> timeAndValue = {columns.data(), columns.data() + 1};
+    std::transform(names.begin(), names.end(), std::back_inserter(columns_), columnOf);
+    const Column* const unknown = nullptr;
+    const bool knowsNone =
+        std::count(columns_.begin(), columns_.end(), unknown) == std::ptrdiff_t(names.size());
+    if (!table_.hasHead() || (knowsNone && names.size() == 2)) {
+        columns_ = timeAndValue;
+        const bool isRow = table_.hasHead() && TextFields::number(names[1]);
+        return !isRow || fail(noNumber(names[0]));
     }
-    return false;
-}
-
-bool PointText::Reader::readHead(const Fields& fields)
-{
-    const Column* unknown = nullptr;
-    for (const std::string_view field : fields)
-        columns_.push_back(columnOf(field));
-    const bool areWords =
-        std::count(columns_.begin(), columns_.end(), unknown) == std::ptrdiff_t(fields.size());
-    if (areWords && fields.size() == 2) {
-        columns_ = {columns.data(), columns.data() + 1};
-        return true;
-    }
-    for (std::size_t index = 0; index < fields.size(); ++index) {
+    for (std::size_t index = 0; index < names.size(); ++index) {
         if (!columns_[index])
-            return fail(tr("\"%1\" is no column of points."), fields[index]);
+            return fail(tr("\"%1\" is no column of points."), names[index]);
         if (std::count(columns_.begin(), columns_.end(), columns_[index]) > 1)
-            return fail(tr("The column \"%1\" is there twice."), fields[index]);
+            return fail(tr("The column \"%1\" is there twice."), names[index]);
     }
-    for (const Column* const needed : {columns.data(), columns.data() + 1}) {
+    for (const Column* const needed : timeAndValue) {
         if (std::find(columns_.begin(), columns_.end(), needed) == columns_.end())
             return fail(tr("The column \"%1\" is missing."), needed->name);
     }
     return true;
 }
 
-bool PointText::Reader::readRow(const Fields& fields)
+bool PointText::Reader::readRow()
 {
-    if (fields.size() != columns_.size())
-        return fail(tr("Not %2 but %1 numbers.").arg(fields.size()).arg(columns_.size()));
+    if (table_.fields().size() != columns_.size())
+        return fail(tr("Not %2 but %1 numbers.").arg(table_.fields().size()).arg(columns_.size()));
     if (result_.points.size() == std::size_t(maximumRows))
         return fail(tr("More than %1 points.").arg(maximumRows));
     PointInfo point;
-    for (std::size_t index = 0; index < fields.size(); ++index) {
-        if (!readField(fields[index], *columns_[index], point))
+    for (std::size_t index = 0; index < columns_.size(); ++index) {
+        if (!readField(index, point))
             return false;
     }
     result_.points.push_back(point);
     return true;
 }
 
-bool PointText::Reader::readField(std::string_view field, const Column& column, PointInfo& point)
+bool PointText::Reader::readField(std::size_t index, PointInfo& point)
 {
-    if (!column.member) {
-        const auto* const found = std::find_if(typeNames.begin(), typeNames.end(),
-                                               [field](auto name) { return isSameWord(name, field); });
-        point.type = std::int32_t(found - typeNames.begin());
-        return found != typeNames.end() || fail(tr("\"%1\" is no type of a point."), field);
+    const Column& column = *columns_[index];
+    if (column.member) {
+        const std::optional<double> number = table_.number(index);
+        point.*column.member = number.value_or(0.0);
+        return number.has_value();
     }
-    const std::optional<double> number = numberOf(field);
-    if (!number || !std::isfinite(*number))
-        return fail(tr("\"%1\" is no number that a point can have."), field);
-    point.*column.member = *number;
-    return true;
+    const std::string& word = table_.fields()[index];
+    const auto* const found = std::find_if(typeNames.begin(), typeNames.end(),
+                                           [&word](auto name) { return isSameWord(name, word); });
+    point.type = std::int32_t(found - typeNames.begin());
+    return found != typeNames.end() || fail(tr("\"%1\" is no type of a point."), word);
+}
+
+void PointText::Reader::tellFault()
+{
+    const TableReader::Fault& fault = table_.fault();
+    if (fault.kind == Kind::None || !result_.message.isEmpty())
+        return;
+    result_.isAmbiguous = fault.kind == Kind::Ambiguous;
+    if (fault.kind == Kind::NoRows)
+        result_.message = tr("The text holds no points.");
+    else
+        result_.message = tr("Line %1: %2").arg(fault.line).arg(faultText());
+}
+
+QString PointText::Reader::faultText() const
+{
+    const TableReader::Fault& fault = table_.fault();
+    switch (fault.kind) {
+    case Kind::Ambiguous:
+        return tr("\"%1\" can be read in two ways.").arg(shown(fault.field));
+    case Kind::FieldCount:
+    case Kind::CurveCount:
+        return tr("Not %2 but %1 numbers.").arg(fault.count).arg(fault.expected);
+    case Kind::RowCount:
+        return tr("Not %2 but %1 rows.").arg(fault.count).arg(fault.expected);
+    case Kind::Quotation:
+        return tr("A quotation mark has no partner.");
+    case Kind::LongLine:
+        return tr("The line is too long.");
+    default:
+        return noNumber(fault.field);
+    }
+}
+
+QString PointText::Reader::noNumber(std::string_view field)
+{
+    return tr("\"%1\" is no number that a point can have.").arg(shown(field));
 }
 
 bool PointText::Reader::fail(const QString& what)
 {
-    result_.message = tr("Line %1: %2").arg(line_).arg(what);
+    result_.message = tr("Line %1: %2").arg(table_.line()).arg(what);
     return false;
 }
 
 bool PointText::Reader::fail(const QString& what, std::string_view field)
 {
-    QString quoted =
-        QString::fromUtf8(field.data(), qsizetype(std::min(field.size(), std::size_t(quotedLength) * 4)));
-    std::replace_if(
-        quoted.begin(), quoted.end(), [](QChar letter) { return !letter.isPrint(); }, QChar(u'?'));
-    if (quoted.size() > quotedLength)
-        quoted = quoted.left(quotedLength) + QStringLiteral("...");
-    return fail(what.arg(quoted));
+    return fail(what.arg(shown(field)));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/files/TableReader.h>
 #include <curveeditor/model/SplineBase.h>
 
 #include <QCoreApplication>
@@ -14,10 +15,9 @@
 /// "." as decimal sign whatever the locale. The types are "Linear", "Bezier" and "Tcb"; a number that is no type is
 /// written as "Linear", as which it acts.
 ///
-/// Read is that table, with any of its columns in any order as long as time and value are among them, and a table
-/// of two columns, time and value, without a head line or under one with other words. Columns are separated by
-/// tabs, else by semicolons, commas or blanks. A comma that does not separate is a decimal sign. Empty lines are
-/// passed over; capitals in the words make no difference.
+/// Read is what `TableReader` reads: that table, with any of its columns in any order as long as time and value are
+/// among them, and a table of two columns, time and value, without a head line or under one with other words.
+/// Capitals in the words make no difference.
 class PointText
 {
     Q_DECLARE_TR_FUNCTIONS(PointText)
@@ -30,12 +30,13 @@ public:
     struct Result
     {
         std::vector<SplineBase::PointInfo> points;
-        QString message; ///< names the line, the first is 1; empty if there are points
+        QString message;          ///< names the line, the first is 1; empty if there are points
+        bool isAmbiguous = false; ///< that is what is wrong: with a decimal sign it can be read in one way
     };
 
     static QString write(const std::vector<SplineBase::PointInfo>& points);
     /// Any text may be given. What the columns leave open is as in a new `SplineBase::PointInfo`.
-    static Result read(const QString& text);
+    static Result read(const QString& text, TableReader::Decimal decimal = TableReader::Decimal::FromText);
 
 private:
     class Reader;

@@ -2,7 +2,8 @@
 #include "Arguments.h"
 
 #include "Fault.h"
-#include "TextNumber.h"
+
+#include <curveeditor/files/TextFields.h>
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,7 @@ const Option& find(const std::vector<Option>& options, const std::string& name)
     const auto found = std::find_if(options.begin(), options.end(),
                                     [&](const Option& option) { return option.name == name; });
     if (found == options.end())
-        throw UsageFault("there is no option " + inQuotes("--" + name));
+        throw UsageFault("there is no option " + TextFields::inQuotes("--" + name));
     return *found;
 }
 
@@ -34,7 +35,7 @@ Arguments::Arguments(const std::vector<std::string>& words, const std::vector<Op
         }
         std::string name = *word == "-o" ? "--output" : *word == "-h" ? "--help" : *word;
         if (name.compare(0, 2, "--") != 0)
-            throw UsageFault("there is no option " + inQuotes(*word));
+            throw UsageFault("there is no option " + TextFields::inQuotes(*word));
         name.erase(0, 2);
         const std::size_t equals = name.find('=');
         const bool isJoined = equals != name.npos;
@@ -65,9 +66,9 @@ std::optional<double> Arguments::getNumber(const std::string& name) const
     const std::optional<std::string> text = getText(name);
     if (!text)
         return std::nullopt;
-    const std::optional<double> number = parseNumber(*text);
+    const std::optional<double> number = TextFields::number(*text);
     if (!number || !std::isfinite(*number))
-        throw UsageFault("--" + name + ": " + inQuotes(*text) + " is no number");
+        throw UsageFault("--" + name + ": " + TextFields::inQuotes(*text) + " is no number");
     return number;
 }
 

@@ -5,6 +5,8 @@
 #include "Sampling.h"
 #include "TextNumber.h"
 
+#include <curveeditor/files/TextFields.h>
+
 #include <cmath>
 #include <utility>
 
@@ -28,6 +30,16 @@ std::pair<double, double> endsOf(const Arguments& arguments, const Source& sourc
     return {from.value_or(first), to.value_or(last)};
 }
 
+TableReader::Decimal decimalOf(const Arguments& arguments)
+{
+    const std::optional<std::string> name = arguments.getText("decimal");
+    if (name && *name != "comma" && *name != "point")
+        throw UsageFault("--decimal: " + TextFields::inQuotes(*name) + " is neither comma nor point");
+    return !name              ? TableReader::Decimal::FromText
+           : *name == "comma" ? TableReader::Decimal::Comma
+                              : TableReader::Decimal::Point;
+}
+
 } // namespace
 
 Source Commands::read(const Arguments& arguments, const Streams& streams)
@@ -35,8 +47,10 @@ Source Commands::read(const Arguments& arguments, const Streams& streams)
     const std::optional<std::string> name = arguments.getText("format");
     const std::optional<Format> format = name ? formatNamed(*name) : std::nullopt;
     if (name && !format)
-        throw UsageFault("--format: " + inQuotes(*name) + " is none of crv, table, sensor, cgats and sp");
-    return Source(arguments.getOperands().front(), format, streams.in, streams.terminal());
+        throw UsageFault("--format: " + TextFields::inQuotes(*name) +
+                         " is none of crv, table, sensor, cgats and sp");
+    return Source(arguments.getOperands().front(), {format, decimalOf(arguments)}, streams.in,
+                  streams.terminal());
 }
 
 double Commands::framesPerTimeUnit(const Arguments& arguments)

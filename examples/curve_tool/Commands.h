@@ -34,6 +34,7 @@ constexpr Option helpOption{"help", "", "show this help"};
 constexpr Option curveOption{"curve", "NAME_OR_NUMBER", "which curve of a table; the only one"};
 constexpr Option formatOption{"format", "FORMAT",
                               "of the input: crv, table, sensor, cgats or sp; recognised"};
+constexpr Option decimalOption{"decimal", "comma|point", "the decimal sign of a table; told by the table"};
 constexpr Option fromOption{"from", "TIME", "first time; where the curve begins"};
 constexpr Option toOption{"to", "TIME", "last time; where the curve ends"};
 constexpr Option stepOption{"step", "TIME", "from one sample to the next"};

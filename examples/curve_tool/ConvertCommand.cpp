@@ -9,6 +9,7 @@
 #include "TextFiles.h"
 #include "TextNumber.h"
 
+#include <curveeditor/files/TextFields.h>
 #include <curveeditor/model/CurveFit.h>
 
 #include <algorithm>
@@ -75,10 +76,9 @@ std::string curveText(const Source& source, const SampleTable& table, std::size_
 
 std::string plainName(const std::string& curve)
 {
-    std::string name = curve.substr(0, longestName);
+    std::string name = TextFields::printable(TextFields::shortened(curve, longestName), '_');
     std::replace_if(
-        name.begin(), name.end(),
-        [](char c) { return (c >= 0 && c < ' ') || c == '\x7F' || c == '/' || c == '\\' || c == ':'; }, '_');
+        name.begin(), name.end(), [](char c) { return c == '/' || c == '\\' || c == ':'; }, '_');
     return name.empty() || name.front() == '.' ? '_' + name : name;
 }
 
@@ -129,7 +129,8 @@ Format outputFormat(const Arguments& arguments, const Source& source)
     if (name == "sensor")
         return Format::Sensor;
     if (name)
-        throw UsageFault("--output-format: " + inQuotes(*name) + " is none of crv, table and sensor");
+        throw UsageFault("--output-format: " + TextFields::inQuotes(*name) +
+                         " is none of crv, table and sensor");
     if (arguments.has("all"))
         return Format::Curve;
     const std::optional<Format> format = formatByEnding(arguments.getOperands()[1]);
@@ -226,6 +227,7 @@ Command Commands::convert()
          {"all", "DIR", "instead of OUT: write each curve of a table into a file of this folder"},
          curveOption,
          formatOption,
+         decimalOption,
          fromOption,
          toOption,
          stepOption,

@@ -3,12 +3,12 @@
 
 #include "Fault.h"
 
+#include <curveeditor/files/TextFields.h>
+
 #include <algorithm>
 #include <sstream>
 
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 [[noreturn]] void failAtPlace(std::istringstream& in, std::string_view text, const char* reason)
 {
@@ -23,8 +23,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 void readCurveText(std::string_view text, CurveFile& curve)
 {
-    if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
-        text.remove_prefix(byteOrderMark.size());
+    text = TextFields::withoutByteOrderMark(text);
     std::istringstream in{std::string(text)};
     if (!CurveFile::readColor(in, curve.color))
         failAtPlace(in, text, "the colour is not three whole numbers");

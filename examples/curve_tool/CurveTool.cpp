@@ -3,7 +3,8 @@
 
 #include "Commands.h"
 #include "Fault.h"
-#include "TextNumber.h"
+
+#include <curveeditor/files/TextFields.h>
 
 #include <algorithm>
 #include <exception>
@@ -50,7 +51,7 @@ void checkOperands(const Command& command, const Arguments& arguments)
     if (arguments.getOperands().empty())
         throw UsageFault("the file is missing");
     if (arguments.getOperands().size() > most)
-        throw UsageFault(inQuotes(arguments.getOperands()[most]) + " is one operand too many");
+        throw UsageFault(TextFields::inQuotes(arguments.getOperands()[most]) + " is one operand too many");
 }
 
 void runCommand(const std::vector<std::string>& words, const Streams& streams)
@@ -72,7 +73,7 @@ void runCommand(const std::vector<std::string>& words, const Streams& streams)
         checkOperands(command, arguments);
         return command.run(arguments, streams);
     }
-    throw UsageFault("there is no command " + inQuotes(words[0]));
+    throw UsageFault("there is no command " + TextFields::inQuotes(words[0]));
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include "TextNumber.h"
 
+#include <curveeditor/files/TextFields.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
@@ -10,7 +12,6 @@
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t lookedAt = std::size_t(1) << 16; // bytes
 constexpr std::size_t bodyOfCurve = 4;                 // words before it
 
@@ -26,8 +27,8 @@ std::optional<Format> find(const std::array<Named, count>& names, std::string_vi
 
 std::string_view takeWord(std::string_view& text)
 {
-    const auto begin = std::find_if_not(text.begin(), text.end(), isWhiteSpace);
-    const auto end = std::find_if(begin, text.end(), isWhiteSpace);
+    const auto begin = std::find_if_not(text.begin(), text.end(), TextFields::isWhiteSpace);
+    const auto end = std::find_if(begin, text.end(), TextFields::isWhiteSpace);
     const std::string_view word = text.substr(std::size_t(begin - text.begin()), std::size_t(end - begin));
     text.remove_prefix(std::size_t(end - text.begin()));
     return word;
@@ -54,9 +55,7 @@ bool isCurve(std::string_view text)
 
 std::optional<Format> formatByContent(std::string_view text)
 {
-    if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
-        text.remove_prefix(byteOrderMark.size());
-    text = text.substr(0, lookedAt);
+    text = TextFields::withoutByteOrderMark(text).substr(0, lookedAt);
     if (isCurve(text))
         return Format::Curve;
     const std::string start = toUpper(text.substr(0, 5));

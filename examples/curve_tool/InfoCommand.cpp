@@ -7,6 +7,8 @@
 
 #include "Fault.h"
 
+#include <curveeditor/files/TextFields.h>
+
 #include <algorithm>
 #include <array>
 #include <ostream>
@@ -37,7 +39,7 @@ void tellSpline(const SplineBase& spline, std::ostream& out)
 
 void tellFormula(const std::string& formula, std::ostream& out)
 {
-    out << "formula: " << printable(formula) << '\n';
+    out << "formula: " << TextFields::printable(formula) << '\n';
     std::string names;
     for (const std::string& name : CurveValues::variablesOf(formula))
         names += ' ' + name;
@@ -55,7 +57,7 @@ void tellCurve(const Source& source, std::ostream& out)
     try {
         tellFormula(curve.expression, out);
     } catch (const Fault& fault) {
-        source.fail(fault.what());
+        source.failAtFormula(fault.what());
     }
 }
 
@@ -67,7 +69,8 @@ void tellTable(const SampleTable& table, std::ostream& out)
     for (std::size_t i = 0; i < table.curves.size(); ++i) {
         const auto& [name, values] = table.curves[i];
         const auto [lowest, highest] = std::minmax_element(values.begin(), values.end());
-        out << "curve " << i + 1 << ": " << inQuotes(name) << ' ' << span(*lowest, *highest) << '\n';
+        out << "curve " << i + 1 << ": " << TextFields::inQuotes(name) << ' ' << span(*lowest, *highest)
+            << '\n';
     }
 }
 
@@ -93,6 +96,9 @@ Command Commands::info()
     return {"info",
             "FILE",
             "Tell what a file holds.",
-            {{curveOption.name, curveOption.value, "only this curve of a table"}, formatOption, helpOption},
+            {{curveOption.name, curveOption.value, "only this curve of a table"},
+             formatOption,
+             decimalOption,
+             helpOption},
             run};
 }

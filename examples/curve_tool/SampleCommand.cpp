@@ -58,6 +58,7 @@ Command Commands::sample()
     return {"sample",
             "FILE",
             "Print times and values of a curve, a row for each; \"nan\" where a formula has no value.",
-            {fromOption, toOption, stepOption, countOption, fpsOption, curveOption, formatOption, helpOption},
+            {fromOption, toOption, stepOption, countOption, fpsOption, curveOption, formatOption,
+             decimalOption, helpOption},
             run};
 }

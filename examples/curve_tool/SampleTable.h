@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/files/TableReader.h>
+
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -9,7 +11,7 @@
 struct SampleTable
 {
     /// The most values that are read, those of all curves together.
-    static constexpr std::size_t mostValues = 10'000'000;
+    static constexpr std::size_t mostValues = TableReader::mostValues;
 
     struct Curve
     {

@@ -4,6 +4,7 @@
 #include "Fault.h"
 #include "TextNumber.h"
 
+#include <curveeditor/files/TextFields.h>
 #include <curveeditor/model/CurveFit.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
@@ -29,10 +30,11 @@ std::unique_ptr<FunctionFloatBase> parse(const std::string& text)
     if (message.errors.empty())
         return formula;
     if (message.code == ParseMessage::UnknownVariable)
-        throw Fault("the formula reads " + inQuotes(firstFaultyPlace(message)) + ", which is not known here");
+        throw Fault("the formula reads " + TextFields::inQuotes(firstFaultyPlace(message)) +
+                    ", which is not known here");
     if (message.code == ParseMessage::UnmatchedParenthesis)
         throw Fault("a parenthesis of the formula has no partner");
-    throw Fault("the formula can't be read at " + inQuotes(firstFaultyPlace(message)));
+    throw Fault("the formula can't be read at " + TextFields::inQuotes(firstFaultyPlace(message)));
 }
 
 /// Knows the names for which a parser asked in vain.

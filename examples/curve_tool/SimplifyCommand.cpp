@@ -77,6 +77,7 @@ Command Commands::simplify()
              monotoneOption,
              curveOption,
              formatOption,
+             decimalOption,
              helpOption},
             run};
 }

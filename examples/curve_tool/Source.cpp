@@ -7,7 +7,8 @@
 #include "SpectrumText.h"
 #include "TableText.h"
 #include "TextFiles.h"
-#include "TextNumber.h"
+
+#include <curveeditor/files/TextFields.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -20,15 +21,21 @@ std::string listOf(const SampleTable& table)
 {
     std::string list;
     for (std::size_t i = 0; i < std::min(table.curves.size(), mostListed); ++i)
-        list += "\n  " + std::to_string(i + 1) + "  " + inQuotes(table.curves[i].name);
+        list += "\n  " + std::to_string(i + 1) + "  " + TextFields::inQuotes(table.curves[i].name);
     if (table.curves.size() > mostListed)
         list += "\n  and " + std::to_string(table.curves.size() - mostListed) + " more";
     return list;
 }
 
+std::size_t lineOf(std::string_view text, std::size_t place)
+{
+    const std::string_view before = text.substr(0, place);
+    return std::size_t(std::count(before.begin(), before.end(), '\n')) + 1;
+}
+
 } // namespace
 
-Source::Source(const std::string& path, std::optional<Format> format, std::istream& standardInput,
+Source::Source(const std::string& path, const Options& options, std::istream& standardInput,
                std::ostream* terminal)
     : path_(path)
 {
@@ -37,29 +44,29 @@ Source::Source(const std::string& path, std::optional<Format> format, std::istre
         Progress progress(terminal, "reading " + getStem());
         text = TextFiles::read(path, standardInput, progress);
     }
-    format_ = format ? *format : recognise(text, path);
+    format_ = options.format ? *options.format : recognise(text, path);
     try {
-        read(text, terminal);
+        read(text, options.decimal, terminal);
     } catch (const TextFault& fault) {
         throw Fault(TextFiles::shownName(path) + ':' + std::to_string(fault.getLine()) + ": " + fault.what());
     }
 }
 
-void Source::read(std::string_view text, std::ostream* terminal)
+void Source::read(std::string_view text, TableReader::Decimal decimal, std::ostream* terminal)
 {
     const std::size_t nul = text.find('\0');
     if (nul != text.npos)
-        throw TextFault(std::size_t(std::count(text.begin(), text.begin() + std::ptrdiff_t(nul), '\n')) + 1,
-                        "there is a NUL byte, so this is no text in UTF-8");
+        throw TextFault(lineOf(text, nul), "there is a NUL byte, so this is no text in UTF-8");
     Progress progress(terminal, "understanding " + getStem());
     if (format_ == Format::Curve) {
         readCurveText(text, curve_);
+        formulaLine_ = lineOf(text, text.rfind(curve_.expression));
     } else if (format_ == Format::Spectra) {
         SpectrumText spectra = SpectrumText::read(text, progress);
         table_ = std::move(spectra.table);
         norm_ = spectra.norm;
     } else {
-        table_ = TableText::read(text, progress);
+        table_ = TableText::read(text, decimal, progress);
     }
 }
 
@@ -80,15 +87,16 @@ SampleTable Source::getTableOf(const std::optional<std::string>& choice) const
     };
     const auto found = std::find_if(curves.begin(), curves.end(), isChosen);
     if (found != curves.end() && std::count_if(found, curves.end(), isChosen) > 1)
-        fail("several curves are named " + inQuotes(*choice) + "; choose by number:" + listOf(table_));
+        fail("several curves are named " + TextFields::inQuotes(*choice) +
+             "; choose by number:" + listOf(table_));
     if (found != curves.end())
         return only(std::size_t(found - curves.begin()));
-    const double number = parseNumber(*choice).value_or(0.0);
+    const double number = TextFields::number(*choice).value_or(0.0);
     for (std::size_t i = 0; i < curves.size(); ++i) {
         if (number == double(i + 1))
             return only(i);
     }
-    fail("there is no curve " + inQuotes(*choice) + "; there are:" + listOf(table_));
+    fail("there is no curve " + TextFields::inQuotes(*choice) + "; there are:" + listOf(table_));
 }
 
 CurveValues Source::valuesOf(double framesPerTimeUnit) const
@@ -96,7 +104,7 @@ CurveValues Source::valuesOf(double framesPerTimeUnit) const
     try {
         return {curve_, framesPerTimeUnit};
     } catch (const Fault& fault) {
-        fail(fault.what());
+        failAtFormula(fault.what());
     }
 }
 
@@ -108,4 +116,9 @@ std::string Source::getStem() const
 void Source::fail(const std::string& reason) const
 {
     throw Fault(TextFiles::shownName(path_) + ": " + reason);
+}
+
+void Source::failAtFormula(const std::string& reason) const
+{
+    throw Fault(TextFiles::shownName(path_) + ':' + std::to_string(formulaLine_) + ": " + reason);
 }

@@ -6,6 +6,7 @@
 #include "Sampling.h"
 
 #include <curveeditor/files/CurveFile.h>
+#include <curveeditor/files/TableReader.h>
 
 #include <iosfwd>
 #include <optional>
@@ -16,9 +17,15 @@
 class Source
 {
 public:
-    /// Reads the file; "-" is `standardInput`. The format is recognised unless it is given. Throws a `Fault` with
-    /// the name of the file and, where there is one, the line.
-    Source(const std::string& path, std::optional<Format> format, std::istream& standardInput,
+    /// How to read it.
+    struct Options
+    {
+        std::optional<Format> format; ///< recognised unless it is given
+        TableReader::Decimal decimal = TableReader::Decimal::FromText;
+    };
+
+    /// Reads the file; "-" is `standardInput`. Throws a `Fault` with the name of the file and the line.
+    Source(const std::string& path, const Options& options, std::istream& standardInput,
            std::ostream* terminal);
 
     Format getFormat() const { return format_; }
@@ -40,13 +47,16 @@ public:
 
     /// Throws a `Fault` about this file.
     [[noreturn]] void fail(const std::string& reason) const;
+    /// The same, with the line of its formula.
+    [[noreturn]] void failAtFormula(const std::string& reason) const;
 
 private:
-    void read(std::string_view text, std::ostream* terminal);
+    void read(std::string_view text, TableReader::Decimal decimal, std::ostream* terminal);
 
     std::string path_;
     Format format_ = Format::Table;
     CurveFile curve_;
+    std::size_t formulaLine_ = 0;
     SampleTable table_;
     std::optional<double> norm_;
 };

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "SpectrumText.h"
 
+#include "Fault.h"
 #include "Progress.h"
-#include "TextLines.h"
 #include "TextNumber.h"
+
+#include <curveeditor/files/TableReader.h>
+#include <curveeditor/files/TextFields.h>
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +24,8 @@ std::optional<double> wavelengthOf(std::string_view field)
     for (const std::string_view prefix : {"SPECTRAL_NM_", "SPECTRAL_NM", "SPECTRAL_", "SPEC_", "NM_", "NM"}) {
         if (name.compare(0, prefix.size(), prefix) != 0)
             continue;
-        const std::optional<double> wavelength = parseNumber(std::string_view(name).substr(prefix.size()));
+        const std::optional<double> wavelength =
+            TextFields::number(std::string_view(name).substr(prefix.size()));
         if (wavelength && std::isfinite(*wavelength))
             return wavelength;
     }
@@ -32,7 +36,7 @@ class SpectrumReader
 {
 public:
     SpectrumReader(std::string_view text, Progress& progress)
-        : lines_(text), size_(text.size()), progress_(progress)
+        : rest_(TextFields::withoutByteOrderMark(text)), size_(text.size()), progress_(progress)
     {
     }
 
@@ -49,34 +53,58 @@ public:
             }
         }
         if (spectra_.table.curves.empty() && !bands_.empty())
-            lines_.fail("the file ends before BEGIN_DATA");
+            fail("the file ends before BEGIN_DATA");
         if (spectra_.table.curves.empty())
-            lines_.fail("there are no spectra: no field has a name such as SPECTRAL_NM_380 or SPEC_380");
+            fail("there are no spectra: no field has a name such as SPECTRAL_NM_380 or SPEC_380");
         return std::move(spectra_);
     }
 
 private:
     bool nextLine()
     {
-        while (lines_.next()) {
-            progress_.at(size_ - lines_.getRest(), size_);
-            if (!lines_.line().empty() && lines_.line().front() != '#')
+        while (!rest_.empty()) {
+            line_ = TextFields::trimmed(TextFields::takeLine(rest_));
+            ++number_;
+            progress_.at(size_ - rest_.size(), size_);
+            if (line_.size() > TableReader::longestLine)
+                fail("the line is longer than " + std::to_string(TableReader::longestLine >> 20) + " MiB");
+            if (!line_.empty() && line_.front() != '#')
                 return true;
         }
         return false;
     }
 
+    [[noreturn]] void fail(const std::string& reason) const
+    {
+        throw TextFault(std::max(number_, std::size_t(1)), reason);
+    }
+
+    void split(std::vector<std::string>& fields) const
+    {
+        if (!TextFields::split(line_, ' ', fields))
+            fail("a quotation mark has no partner");
+    }
+
+    double numberOf(const std::string& field) const
+    {
+        const std::optional<double> number = TextFields::number(field);
+        if (!number)
+            fail(TextFields::inQuotes(field) + " is no number");
+        if (!std::isfinite(*number))
+            fail(TextFields::inQuotes(field) + " is no finite number");
+        return *number;
+    }
+
     void nextLineBefore(const char* end)
     {
         if (!nextLine())
-            lines_.fail(std::string("the file ends before ") + end);
+            fail(std::string("the file ends before ") + end);
     }
 
     std::string firstWord() const
     {
-        const std::string_view line = lines_.line();
-        const auto end = std::find_if(line.begin(), line.end(), isWhiteSpace);
-        return toUpper(line.substr(0, std::size_t(end - line.begin())));
+        const auto end = std::find_if(line_.begin(), line_.end(), TextFields::isWhiteSpace);
+        return toUpper(line_.substr(0, std::size_t(end - line_.begin())));
     }
 
     void takeKeyword(const std::string& key)
@@ -86,10 +114,10 @@ private:
                              key == "SPECTRAL_END_NM" || key == "SPECTRAL_NORM";
         if (!isCount)
             return;
-        lines_.split(' ', row_);
+        split(row_);
         if (row_.size() != 2)
-            lines_.fail(key + " takes one number");
-        announced_[key] = lines_.toNumber(row_[1]);
+            fail(key + " takes one number");
+        announced_[key] = numberOf(row_[1]);
     }
 
     std::optional<double> announced(const std::string& key) const
@@ -102,7 +130,7 @@ private:
     {
         const std::optional<double> number = announced(key);
         if (number && *number != double(found))
-            lines_.fail(key + " is " + toText(*number) + ", but there are " + std::to_string(found));
+            fail(key + " is " + toText(*number) + ", but there are " + std::to_string(found));
     }
 
     void takeFormat()
@@ -110,7 +138,7 @@ private:
         fields_.clear();
         for (nextLineBefore("END_DATA_FORMAT"); firstWord() != "END_DATA_FORMAT";
              nextLineBefore("END_DATA_FORMAT")) {
-            lines_.split(' ', row_);
+            split(row_);
             fields_.insert(fields_.end(), row_.begin(), row_.end());
         }
         checkAnnounced("NUMBER_OF_FIELDS", fields_.size());
@@ -154,24 +182,23 @@ private:
             const double share = i > 0 ? double(i) / double(wavelengths_.size() - 1) : 0.0;
             const double exact = *start * (1.0 - share) + *end * share;
             if (!(std::abs(exact - wavelengths_[i]) <= greatestRounding))
-                lines_.fail("the field " + inQuotes(fields_[bands_[i]]) + " should be at " + toText(exact) +
-                            " nm");
+                fail("the field " + TextFields::inQuotes(fields_[bands_[i]]) + " should be at " +
+                     toText(exact) + " nm");
             wavelengths_[i] = exact;
         }
         for (std::size_t i = 1; i < wavelengths_.size(); ++i) {
             if (!(wavelengths_[i] > wavelengths_[i - 1]))
-                lines_.fail("wavelength " + toText(wavelengths_[i]) + " comes after " +
-                            toText(wavelengths_[i - 1]));
+                fail("wavelength " + toText(wavelengths_[i]) + " comes after " + toText(wavelengths_[i - 1]));
         }
     }
 
     void takeData()
     {
         if (fields_.empty())
-            lines_.fail("the data comes before its format");
+            fail("the data comes before its format");
         const bool isSpectral = !bands_.empty();
         if (isSpectral && !spectra_.table.curves.empty())
-            lines_.fail("this is a second table of spectra; only one can be read");
+            fail("this is a second table of spectra; only one can be read");
         if (isSpectral)
             settleWavelengths();
         std::size_t rows = 0;
@@ -183,7 +210,7 @@ private:
         checkAnnounced("NUMBER_OF_SETS", rows);
         if (isSpectral) {
             if (rows == 0)
-                lines_.fail("the table has no rows");
+                fail("the table has no rows");
             spectra_.table.timeName = "nm";
             spectra_.table.times = wavelengths_;
             spectra_.norm = announced("SPECTRAL_NORM");
@@ -193,23 +220,25 @@ private:
 
     void takeRow(std::size_t number)
     {
-        lines_.split(' ', row_);
+        split(row_);
         if (row_.size() != fields_.size())
-            lines_.fail("the row has " + std::to_string(row_.size()) + " fields instead of " +
-                        std::to_string(fields_.size()));
+            fail("the row has " + std::to_string(row_.size()) + " fields instead of " +
+                 std::to_string(fields_.size()));
         if (number * bands_.size() > SampleTable::mostValues)
-            lines_.fail("the table has more than " + std::to_string(SampleTable::mostValues) + " values");
+            fail("the table has more than " + std::to_string(SampleTable::mostValues) + " values");
         SampleTable::Curve curve;
         if (nameColumn_)
             curve.name = row_[*nameColumn_];
         if (curve.name.empty())
             curve.name = std::to_string(number);
         for (const std::size_t band : bands_)
-            curve.values.push_back(lines_.toNumber(row_[band]));
+            curve.values.push_back(numberOf(row_[band]));
         spectra_.table.curves.push_back(std::move(curve));
     }
 
-    TextLines lines_;
+    std::string_view rest_;
+    std::string_view line_;
+    std::size_t number_ = 0;
     std::size_t size_;
     Progress& progress_;
     std::map<std::string, double> announced_; // by keyword, of the present table

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TableText.h"
 
+#include "Fault.h"
 #include "Progress.h"
-#include "TextLines.h"
 #include "TextNumber.h"
 
 #include <algorithm>
@@ -11,106 +11,14 @@
 
 namespace {
 
-class TableReader
+// Several values at one time are no curve.
+void requireRising(const TableReader::Table& read)
 {
-public:
-    TableReader(std::string_view text, Progress& progress)
-        : lines_(text), size_(text.size()), progress_(progress)
-    {
-    }
-
-    SampleTable read()
-    {
-        while (lines_.next()) {
-            progress_.at(size_ - lines_.getRest(), size_);
-            if (!lines_.line().empty() && lines_.line().front() != '#')
-                takeLine();
-        }
-        if (table_.times.empty())
-            lines_.fail("the table has no rows");
-        checkAnnounced(rows_, table_.times.size(), "rows");
-        checkAnnounced(curves_, table_.curves.size(), "curves");
-        return std::move(table_);
-    }
-
-private:
-    void takeLine()
-    {
-        lines_.split(lines_.separator(), fields_);
-        if (!table_.curves.empty()) {
-            takeRow();
-        } else if (!takeHead()) {
-            takeFirstLine();
-        }
-    }
-
-    // A line of the head of a sensor table.
-    bool takeHead()
-    {
-        if (fields_.size() != 2)
-            return false;
-        if (fields_[0] == "num_lambdas") {
-            rows_ = lines_.toNumber(fields_[1]);
-        } else if (fields_[0] == "num_curves") {
-            curves_ = lines_.toNumber(fields_[1]);
-        } else {
-            return fields_[0] == "version" || fields_[0] == "type";
-        }
-        return true;
-    }
-
-    void takeFirstLine()
-    {
-        const bool isRow = parseNumber(fields_[0]).has_value();
-        if (!isRow && lines_.separator() == ' ' && lines_.hasTab())
-            lines_.split('\t', fields_);
-        if (fields_.size() < 2)
-            lines_.fail("there is no column beside the time");
-        table_.curves.resize(fields_.size() - 1);
-        for (std::size_t i = 0; i < table_.curves.size(); ++i) {
-            const std::string& name = fields_[i + 1];
-            table_.curves[i].name = isRow || name.empty() ? "column" + std::to_string(i + 2) : name;
-        }
-        if (isRow) {
-            takeRow();
-        } else {
-            table_.timeName = fields_[0];
-        }
-    }
-
-    void takeRow()
-    {
-        const double time = lines_.toNumber(fields_[0]);
-        const std::size_t columns = table_.curves.size() + 1;
-        if (fields_.size() != columns)
-            lines_.fail("the row has " + std::to_string(fields_.size()) + " columns instead of " +
-                        std::to_string(columns));
-        if ((table_.times.size() + 1) * table_.curves.size() > SampleTable::mostValues)
-            lines_.fail("the table has more than " + std::to_string(SampleTable::mostValues) + " values");
-        if (!table_.times.empty() && !(time > table_.times.back()))
-            lines_.fail(time < table_.times.back()
-                            ? "time " + toText(time) + " comes after " + toText(table_.times.back())
-                            : "time " + toText(time) + " is there twice");
-        table_.times.push_back(time);
-        for (std::size_t i = 0; i < table_.curves.size(); ++i)
-            table_.curves[i].values.push_back(lines_.toNumber(fields_[i + 1]));
-    }
-
-    void checkAnnounced(const std::optional<double>& announced, std::size_t found, const char* what) const
-    {
-        if (announced && *announced != double(found))
-            lines_.fail("the head announces " + toText(*announced) + ' ' + what + ", but there are " +
-                        std::to_string(found));
-    }
-
-    TextLines lines_;
-    std::size_t size_;
-    Progress& progress_;
-    std::vector<std::string> fields_;
-    SampleTable table_;
-    std::optional<double> rows_;
-    std::optional<double> curves_;
-};
+    const auto twice = std::adjacent_find(read.times.begin(), read.times.end());
+    if (twice != read.times.end())
+        throw TextFault(read.lines[std::size_t(twice - read.times.begin()) + 1],
+                        "time " + toText(*twice) + " is there twice");
+}
 
 bool isPlain(char c)
 {
@@ -133,9 +41,25 @@ std::string toField(const std::string& name)
 
 } // namespace
 
-SampleTable TableText::read(std::string_view text, Progress& progress)
+SampleTable TableText::read(std::string_view text, TableReader::Decimal decimal, Progress& progress)
 {
-    return TableReader(text, progress).read();
+    TableReader reader(text, decimal);
+    const bool hasHead = reader.hasHead();
+    std::optional<TableReader::Table> read =
+        reader.readAll([&] { progress.at(reader.place(), text.size()); });
+    const TableReader::Fault& fault = reader.fault();
+    const bool isAmbiguous = fault.kind == TableReader::Fault::Kind::Ambiguous;
+    if (!read)
+        throw TextFault(fault.line,
+                        fault.message() + (isAmbiguous ? "; say --decimal comma or --decimal point" : ""));
+    requireRising(*read);
+    SampleTable table;
+    if (hasHead)
+        table.timeName = read->names[0];
+    table.times = std::move(read->times);
+    for (std::size_t i = 0; i < read->columns.size(); ++i)
+        table.curves.push_back({read->names[i + 1], std::move(read->columns[i])});
+    return table;
 }
 
 std::string TableText::write(const SampleTable& table, char separator)

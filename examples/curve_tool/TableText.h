@@ -3,16 +3,14 @@
 
 #include "SampleTable.h"
 
+#include <curveeditor/files/TableReader.h>
+
 #include <string>
 #include <string_view>
 
 class Progress;
 
-/// Text tables: the first column is time, each other column a curve.
-///
-/// Columns stand apart by semicolons or commas; in a line without these by tabs or blanks. Empty lines and lines
-/// that begin with "#" are comments. A first line whose first field is no number names the columns. Numbers have
-/// a point as their decimal sign.
+/// Text tables, see `TableReader`: the first column is time, each other column a curve.
 ///
 /// A sensor table is one with a head, a row for each whole number of time, and no names.
 namespace TableText {
@@ -20,9 +18,9 @@ namespace TableText {
 /// The most rows of a sensor table.
 constexpr std::size_t mostSensorRows = 1'000'000;
 
-/// Either of both. Throws a `TextFault` for a text that is not a whole table, for times that do not rise, and for
-/// a sensor table whose head announces another number of rows or curves.
-SampleTable read(std::string_view text, Progress& progress);
+/// Either of both. Throws a `TextFault` for a text that is not a whole table, that can be read in two ways, or in
+/// which a time is there twice.
+SampleTable read(std::string_view text, TableReader::Decimal decimal, Progress& progress);
 
 /// A line of names and a line for each row, in numbers that read back to the same. `separator` is a tab or a
 /// comma. Every value is finite.

@@ -16,6 +16,7 @@ constexpr const char* exportOption = "export";
 constexpr const char* openOption = "open";
 constexpr const char* languageOption = "language";
 constexpr const char* simplifyOption = "simplify";
+constexpr const char* decimalOption = "decimal";
 
 [[noreturn]] void refuse(const QString& reason)
 {
@@ -42,6 +43,7 @@ CommandLine::CommandLine(const QCoreApplication& application)
          tr("Load each column of the table as few points, at most this far from its values: percent of their "
             "span."),
          "TOLERANCE"},
+        {decimalOption, tr("The decimal sign of the table: comma or point."), "SIGN"},
         {languageOption, tr("Show the editor in this language: de, en, es, fr or ja."), "LANGUAGE"},
     });
     parser.process(application);
@@ -53,9 +55,18 @@ CommandLine::CommandLine(const QCoreApplication& application)
     names = parser.values(openOption);
     if (parser.isSet(simplifyOption))
         simplifyPercent = toleranceOf(parser.value(simplifyOption), tableFile);
+    if (parser.isSet(decimalOption))
+        decimal = decimalNamed(parser.value(decimalOption));
     language = parser.value(languageOption);
     screenshotFile = parser.value(screenshotOption);
     exportFile = parser.value(exportOption);
+}
+
+TableReader::Decimal CommandLine::decimalNamed(const QString& name)
+{
+    if (name != QLatin1String("comma") && name != QLatin1String("point"))
+        refuse(tr("\"%1\" is neither comma nor point.").arg(name));
+    return name == QLatin1String("comma") ? TableReader::Decimal::Comma : TableReader::Decimal::Point;
 }
 
 double CommandLine::toleranceOf(const QString& text, const QString& table)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/files/TableReader.h>
+
 #include <QCoreApplication>
 #include <QString>
 #include <QStringList>
@@ -26,10 +28,12 @@ public:
     QString tableFile; ///< empty for the sample curves
     QStringList names; ///< groups and full names of curves to open; empty for the demo's own choice
     std::optional<double> simplifyPercent; ///< tolerance for the columns of the table
+    TableReader::Decimal decimal = TableReader::Decimal::FromText; ///< decimal sign of the table
     QString language;                      ///< of the editor, as in "de"; empty for English
     QString screenshotFile;
     QString exportFile;
 
 private:
+    static TableReader::Decimal decimalNamed(const QString& name);
     static double toleranceOf(const QString& text, const QString& table);
 };

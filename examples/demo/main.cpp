@@ -4,10 +4,11 @@
 #include "DemoWindow.h"
 #include "EditorHost.h"
 #include "Output.h"
+#include "ReadTable.h"
 #include "SampleCurves.h"
 #include "TableCurves.h"
-#include "TableReader.h"
 
+#include <curveeditor/canvas/DecimalQuestion.h>
 #include <curveeditor/shell/Translations.h>
 
 #include <QApplication>
@@ -17,10 +18,12 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 namespace {
 
 constexpr qsizetype mostCurvesOpenedUnasked = 32;
+constexpr qint64 mostBytes = 512 << 20;
 
 bool hasDisplay()
 {
@@ -51,6 +54,14 @@ QString chooseLanguage(const QString& language, QTranslator& qtTexts)
     return QString();
 }
 
+void askAndRead(ReadTable& read, const QString& fileName, const QByteArray& text)
+{
+    const auto decimal =
+        askForDecimal(fileName, std::string_view(text.constData(), std::size_t(text.size())));
+    if (decimal)
+        read = readTable(text, *decimal);
+}
+
 // The curves of the table, or the samples if there is no name. Returns an empty text, or why there is no
 // table.
 QString fillStore(CurveStore& store, const CommandLine& commandLine)
@@ -63,11 +74,21 @@ QString fillStore(CurveStore& store, const CommandLine& commandLine)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("%1: %2").arg(fileName, file.errorString());
-    TableReader reader(file);
-    const std::optional<Table> table = reader.read();
-    if (!table)
-        return QStringLiteral("%1:%2: %3").arg(fileName).arg(reader.getLine()).arg(reader.getReason());
-    addTableCurves(store, *table, commandLine.simplifyPercent);
+    const QByteArray text = file.read(mostBytes + 1);
+    if (file.error() != QFileDevice::NoError)
+        return QStringLiteral("%1: %2").arg(fileName, file.errorString());
+    if (text.size() > mostBytes)
+        return QCoreApplication::translate("main", "%1: is larger than %2 MiB")
+            .arg(fileName)
+            .arg(mostBytes >> 20);
+    ReadTable read = readTable(text, commandLine.decimal);
+    if (read.isAmbiguous && commandLine.isBatch())
+        read.reason += QCoreApplication::translate("main", "; say --decimal comma or --decimal point");
+    else if (read.isAmbiguous)
+        askAndRead(read, fileName, text);
+    if (!read.table)
+        return QStringLiteral("%1:%2").arg(fileName, read.reason);
+    addTableCurves(store, *read.table, commandLine.simplifyPercent);
     return QString();
 }
 

@@ -35,12 +35,26 @@ private Q_SLOTS:
         QCOMPARE(PointText::read("0, 1\n0.5, 2").points.size(), std::size_t(2));
     }
 
+    void signOfDecimalsIsAskedForWhereItCannotBeTold()
+    {
+        for (const char* const text : {"1,234\t5", "1,5\n2,5"}) {
+            const PointText::Result result = PointText::read(text);
+            QVERIFY(result.isAmbiguous && result.points.empty());
+            QVERIFY(result.message.endsWith(" can be read in two ways."));
+        }
+        QCOMPARE(PointText::read("1,234\t5", TableReader::Decimal::Comma).points.at(0).time, 1.234);
+        QCOMPARE(PointText::read("1,234\t5", TableReader::Decimal::Point).points.at(0).time, 1234.0);
+        QCOMPARE(PointText::read("1,5\n2,5", TableReader::Decimal::Point).points.at(1).pos, 5.0);
+        const PointText::Result column = PointText::read("1,5\n2,5", TableReader::Decimal::Comma);
+        QCOMPARE(column.message, "Line 1: Not 2 but 1 numbers.");
+    }
+
     /// In each of the texts the points are (0.5, -2) and (1.5, 3000), if not said otherwise.
     void tablesOfOthersAreRead_data()
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("tabs, decimal commas") << "0,5\t-2\r\n1,5\t3e3\r\n";
-        QTest::newRow("head line, semicolons") << "Seconds (s);Height\n0,5 ; -2\n\n1.5;+3000\n";
+        QTest::newRow("head line, semicolons") << "Seconds (s);Height\n0,5 ; -2\n\n1,5;+3000\n";
         QTest::newRow("commas") << "time,value\r0.5,-2\r1.5,3000";
         QTest::newRow("commas and blanks") << "0.5, -2\n1.5, 3000";
         QTest::newRow("blanks, decimal commas") << "  0,5   -2,0\n1,5 3000";
@@ -75,7 +89,7 @@ private Q_SLOTS:
         row("number and more", "1\t2 m", noNumber.arg(1).arg("2 m"));
         row("two decimal signs", "1\t1.000,5", noNumber.arg(1).arg("1.000,5"));
         row("long", "1\t" + QString(99, 'x'), noNumber.arg(1).arg(QString(20, 'x') + "..."));
-        row("other width", "1,2\n3", "Line 2: Not 2 but 1 numbers.");
+        row("other width", "1.0,2\n3", "Line 2: Not 2 but 1 numbers.");
         row("no head line", "1 2 3", "Line 1: Not 2 but 3 numbers.");
         row("twice", "time;value;TIME", "Line 1: The column \"time\" is there twice.");
         row("missing", "time;type", "Line 1: The column \"value\" is missing.");

@@ -20,8 +20,12 @@ private Q_SLOTS:
             QTest::newRow(name) << arguments << reason;
         };
         const QString b = path("b");
-        row("text", {writeTable("a", "# a\n0 1\n1 x\n")}, path("a:3: column 2: \"x\" is not a number"));
-        row("empty", {writeTable("empty", "")}, path("empty:0: the table has no rows"));
+        row("text", {writeTable("a", "# a\n0 1\n1 x\n")}, path("a:3: 'x' is no number"));
+        row("empty", {writeTable("empty", "")}, path("empty:1: the table has no rows"));
+        row("two readings", {writeTable("pairs", "1,5\n2,5\n"), "--export", b},
+            path("pairs:1: '1,5' can be read in two ways: the comma may be the decimal sign or not; say "
+                 "--decimal comma or --decimal point"));
+        row("no such sign", {"--decimal", "dot", "a", "--export", b}, "\"dot\" is neither comma nor point.");
         row("no file", {path("missing")}, path("missing: No such file or directory"));
         row("two tables", {"a", "b"}, "Only one table can be opened.");
         row("unknown option", {"--picture", "a"}, "Unknown option 'picture'.");
@@ -73,6 +77,9 @@ private Q_SLOTS:
                  exported);
         QCOMPARE(run({path("out.txt"), "--export", path("again.txt")}), 0);
         QCOMPARE(content("again.txt"), exported);
+        const QString pairs = writeTable("pairs", "0,7\n1,8\n");
+        QCOMPARE(run({pairs, "--decimal", "point", "--export", path("out.txt")}), 0);
+        QVERIFY(content("out.txt").contains("1,\t8.000000"));
     }
 
     void tableIsSimplifiedWithinTheTolerance()

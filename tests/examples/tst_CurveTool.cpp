@@ -52,6 +52,10 @@ private Q_SLOTS:
                    "before: Zero\nafter: Loop offset\ndefault value: 0.5\n");
         row("info, formula", "1\n2\n3\n1\na.b*t+c\n", "info -",
             head + "curve file\nkind: formula\ncolour: 1 2 3\nformula: a.b*t+c\nreads: a.b t c\n");
+        row("info, control characters",
+            "t;\xC2\x9B"
+            "b\xFF\n0;1\n",
+            "info -", head + "table\ncurves: 1\nsamples: 1 in each\ntime: 0 to 0\ncurve 1: '?b?' 1 to 1\n");
         row("info, spectra", lamp, "info -",
             head + "spectra\nnorm: 100\ncurves: 1\nsamples: 3 in each\ntime: 380 to 385\n"
                    "curve 1: '1' 1 to 3\n");
@@ -65,6 +69,9 @@ private Q_SLOTS:
         row("sample between rows", table, "sample - --curve 2 --from 1 --to 1", "1\t6\n");
         row("blanks in names", "t\tkey light\tb\n0\t1\t2\n", "convert - - --output-format table",
             "t\t\"key light\"\tb\n0\t1\t2\n");
+        row("decimal commas, times descend", "t;v\n2;0,5\n1;1\n", "sample -", "1\t1\n2\t0.5\n");
+        row("comma", "0;1,234\n", "sample - --decimal comma", "0\t1.234\n");
+        row("point", "0;1,234\n", "sample - --decimal=point", "0\t1234\n");
         row("byte order mark, CRLF", "\xEF\xBB\xBF-1 2\r\n0 1\r\n", "sample -", "-1\t2\n0\t1\n");
         row("exact wavelengths", lamp, "sample -", "380\t1\n382.5\t2\n385\t3\n");
         row("curve to table", spline, "convert - - --step 2", "time\t\"standard input\"\n0\t1\n2\t2\n4\t3\n");
@@ -75,6 +82,9 @@ private Q_SLOTS:
         row("curve stays", spline, "convert - - --output-format crv", spline);
         row("table to sensor table", "t a\n-0.5 0.5\n2.9 3.9\n", "convert - - --output-format sensor",
             sensor);
+        row("a gap in a sensor table", formula, "convert - - --output-format sensor --from 0 --to 2 --fps 1",
+            altered(altered(altered(sensor, "1.000000", "-inf"), "2.000000", "0.000000"), "3.000000",
+                    "0.693147"));
         row("sensor table to table", sensor, "convert - - --output-format table",
             "time\tcolumn2\n0\t1\n1\t2\n2\t3\n");
         row("spectra to table", spectra, "convert - - --output-format table",
@@ -104,11 +114,13 @@ private Q_SLOTS:
             QTest::newRow(name) << input << command << code << QByteArray(reason);
         };
         row("text", "# x\n0 1\n1 abc\n", "standard input:3: 'abc' is no number\n");
-        row("decimal comma", "t;v\n0,5;1\n", "2: '0,5' is no number; the decimal sign is a point");
-        row("decimal comma, tabs", "0,5\t1,5\n", ":1: '5?1' is no number; the decimal sign");
+        row("decimal comma or not", "t;v\n0;1,234\n",
+            ":2: '1,234' can be read in two ways: the comma may be the decimal sign or not; say --decimal "
+            "comma");
+        row("no such sign", "0 1\n", "--decimal: 'dot' is neither comma nor point", "info - --decimal dot",
+            2);
         row("not finite", "0 1e999\n", ":1: '1e999' is no finite number");
-        row("times descend", "0 1\n2 1\n1 1\n", ":3: time 1 comes after 2");
-        row("times repeat", "0 1\n0 1\n", ":2: time 0 is there twice");
+        row("times repeat", "0 1\n2 0\n0 1\n", ":3: time 0 is there twice");
         row("short row", "0 1 2\n1 2\n", ":2: the row has 2 columns instead of 3");
         row("empty", "", ":1: the table has no rows");
         row("NUL", QByteArray("0 1\n1 \0", 7), ":2: there is a NUL byte");
@@ -129,7 +141,7 @@ private Q_SLOTS:
         row("no such curve", table, "there is no curve '3'", "sample - --curve 3");
         row("curve twice", "t a a\n0 1 2\n", "several curves are named 'a'", "sample - --curve a");
         row("foreign variable", "0\n0\n0\n1\na.b+t\n", "reads 'a.b'", "sample - --from 0 --to 1");
-        row("parenthesis", "0\n0\n0\n1\n(t\n", "a parenthesis of the formula has no partner");
+        row("parenthesis", "0\n0\n0\n1\n(t\n", ":5: a parenthesis of the formula has no partner");
         row("formula has no points", formula, "a formula has no points", "simplify - -o - --tolerance 1");
         row("directory", "", "/: is a directory\n", "info /");
         row("missing file", "", "/none/a.crv: No such file or directory\n", "info /none/a.crv");
@@ -162,6 +174,9 @@ private Q_SLOTS:
         QCOMPARE(names("new"), (QStringList{"Dark_Skin.crv", "dark skin.crv"}));
         QCOMPARE(run("t .a .A x\n0 1 2 3\n", "convert - --all " + path("dots")), 0);
         QCOMPARE(names("dots"), (QStringList{"_.A-2.crv", "_.a.crv", "x.crv"}));
+        QCOMPARE(run("t;" + QByteArray(99, 'x') + "ü;\xC2\x9B/ä\n0;1;2\n", "convert - --all " + path("odd")),
+                 0);
+        QCOMPARE(names("odd"), (QStringList{"__ä.crv", QString(99, 'x') + ".crv"}));
         QCOMPARE(run("", "sample " + path("dots/_.A-2.crv")), 0);
         QCOMPARE(output_, QByteArray("0\t2\n"));
     }

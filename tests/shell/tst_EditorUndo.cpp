@@ -132,6 +132,34 @@ private Q_SLOTS:
             s.key(Qt::Key_V, Qt::ControlModifier);
             QVERIFY(message.contains('2'));
         });
+        row("paste what can be read in two ways", 2, x + x + x, [](Scene& s) {
+            s.clickPoint();
+            QApplication::clipboard()->setText("7\t0\n9\t1,234\n");
+            for (const QString answer : {"Cancel", "Decimal comma", "Decimal point"}) {
+                whenOpen<QMessageBox>([&answer](QMessageBox& box) {
+                    QVERIFY(box.text().contains("2") && box.text().contains("    9     1.234\n"));
+                    QVERIFY(box.text().endsWith("    9     1234"));
+                    for (QAbstractButton* const button : box.buttons()) {
+                        if (button->text().remove('&') == answer)
+                            button->click();
+                    }
+                });
+                QApplication::setActiveWindow(&s.editor);
+                s.key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+                QCOMPARE(s.control().selection().edited().size(), answer == "Cancel" ? 1u : 2u);
+            }
+            QCOMPARE(QPointF(s.x[5]->pos, s.x[6]->pos), QPointF(1.234, 1234.0));
+        });
+        row("paste beyond all times", 0, x, [](Scene& s) {
+            s.clickPoint();
+            QApplication::clipboard()->setText("-1e308 2\n1e308 3");
+            s.canvas.timeLine = 1e308;
+            QString message;
+            closeBox(message);
+            s.key(Qt::Key_V, Qt::ControlModifier);
+            QVERIFY(message.contains("beyond"));
+            QVERIFY(s.control().selection().edited().size() == 1 && s.x.getControlPointsNumber() == 3);
+        });
         row("duplicate", 1, x, [](Scene& s) {
             s.selectTwo();
             s.key(Qt::Key_D, Qt::ControlModifier);

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/files/TableReader.h>
+#include <curveeditor/files/TextFields.h>
+
+#include <QtTest>
+
+namespace {
+
+using Decimal = TableReader::Decimal;
+
+// The table as "s a b: 0 1 2; 1 3 4", or why it is refused as "line: reason".
+QString readFrom(const QByteArray& text, Decimal decimal = Decimal::FromText)
+{
+    TableReader reader({text.constData(), std::size_t(text.size())}, decimal);
+    const auto table = reader.readAll();
+    if (!table)
+        return QStringLiteral("%1: %2").arg(reader.fault().line).arg(reader.fault().message().c_str());
+    QString shown;
+    for (const std::string& name : table->names)
+        shown += (shown.isEmpty() ? "" : "|") + QString::fromStdString(name);
+    for (std::size_t row = 0; row < table->times.size(); ++row) {
+        shown += (row == 0 ? ": " : "; ") + QString::number(table->times[row]);
+        for (const std::vector<double>& column : table->columns)
+            shown += ' ' + QString::number(column[row]);
+    }
+    return shown;
+}
+
+} // namespace
+
+class tst_TableReader : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsWhatPeopleWriteOrTellsLineAndReason_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("result");
+        const auto row = [](const char* name, const QByteArray& text, const char* result) {
+            QTest::newRow(name) << text << QString::fromUtf8(result);
+        };
+        const auto table = [&row](const char* name, const QByteArray& text, const char* rows) {
+            row(name, text, qPrintable("column1|column2: " + QString(rows)));
+        };
+        table("blanks", "0 1.5\n 1   -2e3 \n", "0 1.5; 1 -2000");
+        table("tabs and CRLF", "0\t1\r\n1\t+2\r\n", "0 1; 1 2");
+        table("carriage returns alone", "0 0\r1 1\r", "0 0; 1 1");
+        table("comments and empty lines", "# a\n\n0 1\n  # b\n1 2", "0 1; 1 2");
+        table("times in any order", "2 20\n0 0\n1 10\n", "0 0; 1 10; 2 20");
+        table("equal times stay in order", "1 3\n0 0\n1 1\n1 2\n", "0 0; 1 3; 1 1; 1 2");
+        table("byte order mark", "\xEF\xBB\xBF-1,2.0\n", "-1 2");
+        table("extremes", "1e300 -1e-300\n1e-999 0\n", "0 0; 1e+300 -1e-300");
+        row("sensor rows", "520,\t0.25,\t1,\t\n521,\t0.5,\t2,\t",
+            "column1|column2|column3: 520 0.25 1; 521 0.5 2");
+        row("sensor table",
+            "# a\n\nversion\t 1.0\ntype\t cye64\nnum_curves\t 1\nnum_lambdas\t 1\n\n5,\t2,\t\n",
+            "column1|column2: 5 2");
+        row("names", "time Camera.pan zoom\n0 1 2\n", "time|Camera.pan|zoom: 0 1 2");
+        row("numbers as names", "nm,1,2.5\n0,1,2\n", "nm|1|2.5: 0 1 2");
+        row("blanks in names, commas", ", key light ,Übergang\n0,1,2", "column1|key light|Übergang: 0 1 2");
+        row("blanks in names, tabs", "t\tkey light, m\t\tb\t\n0\t1\t2\t\n", "t|key light, m|b: 0 1 2");
+        row("no name, tabs", "\tb\n0\t1\n", "column1|b: 0 1");
+        row("quotes", "\"t\" ,\"a, \"\"b\"\" c\" , d\n0, \"1\",2", "t|a, \"b\" c|d: 0 1 2");
+
+        table("decimal commas, semicolons", "1,5;0,25\n0;2\n", "0 2; 1.5 0.25");
+        table("decimal commas, padded", "1,5;\t0,25;\n0;\t2;\n", "0 2; 1.5 0.25");
+        table("decimal commas, tabs", "0,5\t1,500\n", "0.5 1.5");
+        table("decimal commas, blanks", "0,5 1,5\n", "0.5 1.5");
+        table("decimal commas, quoted", "\"0,5\",\"1,5\"\n", "0.5 1.5");
+        table("nothing but a decimal comma", "0\t1,234\n0\t0,125\n", "0 1.234; 0 0.125");
+        table("thousands and a point", "0\t1,234\n1\t-12,345.5\n", "0 1234; 1 -12345.5");
+        table("several groups", "0\t1,234,567\n", "0 1.23457e+06");
+        row("head before pairs", "a,b\n1,5\n2,5\n", "a|b: 1 5; 2 5");
+        table("blank before pairs", "1, 5\n2,5\n", "1 5; 2 5");
+        table("points in pairs", "1,5\n2,5.5\n", "1 5; 2 5.5");
+        table("signs in pairs", "1,5\n2,-5\n", "1 5; 2 -5");
+        row("three columns", "1,234,567\n", "column1|column2|column3: 1 234 567");
+
+        const char* const ways = "%1: '%2' can be read in two ways: the comma may be the decimal sign or not";
+        const auto ambiguous = [&](const char* name, const QByteArray& text, int line, const char* field) {
+            row(name, text, qPrintable(QString(ways).arg(line).arg(field)));
+        };
+        ambiguous("thousands or not", "x\ty\n0\t1\n1\t1,234\n", 3, "1,234");
+        ambiguous("thousands or not, quoted", "\"1,234\",\"5,678\"\n", 1, "1,234");
+        ambiguous("thousands or not, blanks", "1,234 5,678\n", 1, "1,234");
+        ambiguous("a column or two", "\n1,5\n2,5\n", 2, "1,5");
+
+        row("empty file", "", "1: the table has no rows");
+        row("names alone", "# x\nt a\n\n", "3: the table has no rows");
+        row("time alone", "1\n2\n", "1: there is no column beside the time");
+        row("short row", "0 1 2\n\n1 2\n", "3: the row has 2 columns instead of 3");
+        row("long row", "t a\n1 2 3\n", "2: the row has 3 columns instead of 2");
+        row("empty field", "0,1,2\n1,,3\n", "2: a number is missing");
+        row("text", "0 1\n1 2x\n", "2: '2x' is no number");
+        row("hexadecimal", "0x10 0\n", "1: '0x10' is no number");
+        row("two signs", "0 +-1\n", "1: '+-1' is no number");
+        row("two decimal signs", "0\t1.000,5\n", "1: '1.000,5' is no number");
+        row("point among commas", "0\t1,5\n1.5\t0", "2: '1.5' is no number");
+        row("wrong groups", "0\t1,234.5\n1\t1,23", "2: '1,23' is no number");
+        row("not a number", "0 nan\n", "1: 'nan' is no finite number");
+        row("infinite time", "inf 1\n", "1: 'inf' is no finite number");
+        row("too large", "0 1e999\n", "1: '1e999' is no finite number");
+        row("open quotation", "t,\"a\n0,1\n", "1: a quotation mark has no partner");
+        row("lost row", "num_lambdas 2\n0 1\n", "2: the head announces 2 rows, but there are 1");
+        row("lost curve", "num_curves 2\n0 1\n", "2: the head announces 2 curves, but there are 1");
+        row("no count", "num_curves nan\n0 1\n", "1: 'nan' is no number");
+        row("binary", QByteArray("\x89PNG \0\x01\n", 8), "1: the table has no rows");
+        row("endless line", QByteArray(20 << 20, '7'), "1: the line is longer than 16 MiB");
+    }
+
+    void readsWhatPeopleWriteOrTellsLineAndReason()
+    {
+        QFETCH(QByteArray, text);
+        QTEST(readFrom(text), "result");
+    }
+
+    void decimalSignThatIsGivenHolds_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("comma");
+        QTest::addColumn<QString>("point");
+        const QString head = "column1|column2: ";
+        QTest::newRow("thousands") << QByteArray("0\t1,234") << head + "0 1.234" << head + "0 1234";
+        QTest::newRow("pairs") << QByteArray("1,5\n2,5") << "1: there is no column beside the time"
+                               << head + "1 5; 2 5";
+        QTest::newRow("blanks") << QByteArray("1,234 5,678") << head + "1.234 5.678" << head + "1234 5678";
+        QTest::newRow("points") << QByteArray("0 1.5") << "1: '1.5' is no number" << head + "0 1.5";
+        QTest::newRow("no groups") << QByteArray("0\t1,5") << head + "0 1.5"
+                                   << "1: '1,5' is no number";
+    }
+
+    void decimalSignThatIsGivenHolds()
+    {
+        QFETCH(QByteArray, text);
+        QTEST(readFrom(text, Decimal::Comma), "comma");
+        QTEST(readFrom(text, Decimal::Point), "point");
+    }
+
+    void whatIsShownIsWholeCharactersWithoutControl()
+    {
+        using namespace TextFields;
+        QCOMPARE(printable("a\x1B\x7Fü\u20AC\xC2\x9B"
+                           "b\xFF\xE2\x82"),
+                 std::string("a??ü€?b??"));
+        QCOMPARE(printable("\xE0\x82\x9Bz\xED\xA0\x80", '_'), std::string("_z_"));
+        QCOMPARE(shortened("aü€", 5), std::string_view("aü"));
+        QCOMPARE(inQuotes(std::string(39, 'x') + "ü"), '\'' + std::string(39, 'x') + "...'");
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_TableReader)
+#include "tst_TableReader.moc"
