@@ -942,6 +942,29 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>DecimalQuestion</name>
+    <message>
+        <source>Line %1 can be read in two ways. These are the rows from there on:</source>
+        <translation>Zeile %1 lässt sich auf zwei Arten lesen. Das sind die Zeilen ab dort:</translation>
+    </message>
+    <message>
+        <source>With a decimal comma</source>
+        <translation>Mit Dezimalkomma</translation>
+    </message>
+    <message>
+        <source>With a decimal point</source>
+        <translation>Mit Dezimalpunkt</translation>
+    </message>
+    <message>
+        <source>Decimal comma</source>
+        <translation>Dezimalkomma</translation>
+    </message>
+    <message>
+        <source>Decimal point</source>
+        <translation>Dezimalpunkt</translation>
+    </message>
+</context>
+<context>
     <name>EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1242,6 +1265,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Smooth %1 points of %2</source>
         <translation>%1 Punkte von %2 glätten</translation>
     </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>Dorthin verschoben, lägen die Punkte jenseits aller Zeiten.</translation>
+    </message>
 </context>
 <context>
     <name>PointTableModel</name>
@@ -1382,6 +1409,22 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Line %1: %2</source>
         <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>„%1“ lässt sich auf zwei Arten lesen.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>Nicht %2, sondern %1 Zeilen.</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>Ein Anführungszeichen hat kein Gegenstück.</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>Die Zeile ist zu lang.</translation>
     </message>
 </context>
 <context>

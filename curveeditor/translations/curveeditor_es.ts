@@ -942,6 +942,29 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>DecimalQuestion</name>
+    <message>
+        <source>Line %1 can be read in two ways. These are the rows from there on:</source>
+        <translation>La línea %1 se puede leer de dos maneras. Estas son las filas a partir de ahí:</translation>
+    </message>
+    <message>
+        <source>With a decimal comma</source>
+        <translation>Con coma decimal</translation>
+    </message>
+    <message>
+        <source>With a decimal point</source>
+        <translation>Con punto decimal</translation>
+    </message>
+    <message>
+        <source>Decimal comma</source>
+        <translation>Coma decimal</translation>
+    </message>
+    <message>
+        <source>Decimal point</source>
+        <translation>Punto decimal</translation>
+    </message>
+</context>
+<context>
     <name>EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1242,6 +1265,10 @@ Do you want to replace it?</source>
         <source>Smooth %1 points of %2</source>
         <translation>Suavizar %1 puntos de %2</translation>
     </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>Movidos allí, los puntos quedarían más allá de todo tiempo.</translation>
+    </message>
 </context>
 <context>
     <name>PointTableModel</name>
@@ -1382,6 +1409,22 @@ Do you want to replace it?</source>
     <message>
         <source>Line %1: %2</source>
         <translation>Línea %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>«%1» se puede leer de dos maneras.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>Hay %1 filas en lugar de %2.</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>Unas comillas no tienen pareja.</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>La línea es demasiado larga.</translation>
     </message>
 </context>
 <context>

@@ -942,6 +942,29 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>DecimalQuestion</name>
+    <message>
+        <source>Line %1 can be read in two ways. These are the rows from there on:</source>
+        <translation>La ligne %1 peut se lire de deux façons. Voici les lignes à partir de là&#xa0;:</translation>
+    </message>
+    <message>
+        <source>With a decimal comma</source>
+        <translation>Avec une virgule décimale</translation>
+    </message>
+    <message>
+        <source>With a decimal point</source>
+        <translation>Avec un point décimal</translation>
+    </message>
+    <message>
+        <source>Decimal comma</source>
+        <translation>Virgule décimale</translation>
+    </message>
+    <message>
+        <source>Decimal point</source>
+        <translation>Point décimal</translation>
+    </message>
+</context>
+<context>
     <name>EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1242,6 +1265,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Smooth %1 points of %2</source>
         <translation>Lisser %1 points de %2</translation>
     </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>Déplacés là, les points se trouveraient au-delà de tous les temps.</translation>
+    </message>
 </context>
 <context>
     <name>PointTableModel</name>
@@ -1382,6 +1409,22 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Line %1: %2</source>
         <translation>Ligne %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>«&#xa0;%1&#xa0;» peut se lire de deux façons.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>%1 lignes au lieu de %2.</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>Un guillemet n&apos;a pas son pendant.</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>La ligne est trop longue.</translation>
     </message>
 </context>
 <context>

@@ -942,6 +942,29 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>DecimalQuestion</name>
+    <message>
+        <source>Line %1 can be read in two ways. These are the rows from there on:</source>
+        <translation>%1 行目は 2 通りに読めます。そこからの行は次のとおりです。</translation>
+    </message>
+    <message>
+        <source>With a decimal comma</source>
+        <translation>コンマを小数点とした場合</translation>
+    </message>
+    <message>
+        <source>With a decimal point</source>
+        <translation>ピリオドを小数点とした場合</translation>
+    </message>
+    <message>
+        <source>Decimal comma</source>
+        <translation>コンマが小数点</translation>
+    </message>
+    <message>
+        <source>Decimal point</source>
+        <translation>ピリオドが小数点</translation>
+    </message>
+</context>
+<context>
     <name>EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1242,6 +1265,10 @@ Do you want to replace it?</source>
         <source>Smooth %1 points of %2</source>
         <translation>%2 のポイント %1 個を滑らかにする</translation>
     </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>そこへ動かすと、ポイントが扱える時間の範囲を超えます。</translation>
+    </message>
 </context>
 <context>
     <name>PointTableModel</name>
@@ -1382,6 +1409,22 @@ Do you want to replace it?</source>
     <message>
         <source>Line %1: %2</source>
         <translation>%1 行目: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>「%1」は 2 通りに読めます。</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>%2 行ではなく %1 行あります。</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>対になる引用符がありません。</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>行が長すぎます。</translation>
     </message>
 </context>
 <context>
