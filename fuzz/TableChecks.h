@@ -8,6 +8,8 @@
 #include <SampleTable.h>
 #include <TableText.h>
 
+#include <curveeditor/files/TextFields.h>
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -52,6 +54,10 @@ inline void requireReadsBack(const SampleTable& table)
 /// A refusal names a line of the text.
 inline void requireLine(const TextFault& fault, std::string_view text)
 {
-    const auto lines = std::size_t(std::count(text.begin(), text.end(), '\n')) + 1;
+    std::size_t lines = 1;
+    while (!text.empty()) {
+        TextFields::takeLine(text);
+        ++lines;
+    }
     require(fault.getLine() >= 1 && fault.getLine() <= lines);
 }
