@@ -297,8 +297,10 @@ private:
             return separatorBeforeTabs(line);
         if (holds(line, ';'))
             return ';';
-        if (!holds(line, ',') || !split(line, ' ', fields_))
+        if (!holds(line, ','))
             return ' ';
+        if (!split(line, ' ', fields_))
+            return ',';
         // In "0,5 1,5" the commas are decimal signs, in "0, 1", "0.5, 1.5" and "0.5,1.5" they separate.
         const bool areNumbers = std::all_of(fields_.begin(), fields_.end(),
                                             [this](const auto& field) { return isNumber(field, decimal_); });
