@@ -5,10 +5,14 @@ set(targets CurveEditorModel)
 if(TARGET CurveEditor)
   list(APPEND targets CurveEditor)
 endif()
-install(TARGETS ${targets} EXPORT CurveEditorTargets
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/CurveEditor")
+foreach(target IN LISTS targets)
+  install(TARGETS ${target} EXPORT ${target}Targets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(EXPORT ${target}Targets NAMESPACE CurveEditor:: DESTINATION ${package_folder})
+endforeach()
 
 # Headers keep their folders, so that a host includes the same paths installed and in the source tree.
 foreach(target IN LISTS targets)
@@ -20,8 +24,6 @@ foreach(target IN LISTS targets)
   endforeach()
 endforeach()
 
-set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/CurveEditor")
-install(EXPORT CurveEditorTargets NAMESPACE CurveEditor:: DESTINATION ${package_folder})
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/CurveEditorConfig.cmake.in"
   "${CMAKE_CURRENT_BINARY_DIR}/CurveEditorConfig.cmake" INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file("${CMAKE_CURRENT_BINARY_DIR}/CurveEditorConfigVersion.cmake"

@@ -23,8 +23,8 @@ int main(int argc, char* argv[])
     SplineBase lens;                      // the host owns its curves ...
     FunctionFloatBase* formula = nullptr; // ... and the variables of their expressions
     CurveEditor editor;
-    QObject::connect(&editor, &CurveEditor::curveHasChanged,
-                     [&](QString& group, QString& curve) { /* read lens or formula */ });
+    QObject::connect(&editor, &CurveEditor::curveEdited,
+                     [&](const CurveChange& change) { /* read lens or formula; change tells when it changed */ });
     editor.setTimeRange(0.0, 20.0);
     editor.addCurve("Camera", "Lens", Qt::yellow, 35.0F, &lens, &formula, 10.0F, 200.0F);
     editor.setDefaultSelected("Camera", "Lens");
