@@ -59,15 +59,17 @@ CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* editor)
     : QObject(parent), editor_(editor), grid_(std::make_unique<CanvasGrid>(widget()))
 {
     connect(&door_.history(), &EditHistory::reported, this, &CanvasFunctionBase::takeReport);
-    connect(
-        &door_.history(), &EditHistory::formulaLost, this, [](const QString& curve, const QString& formula) {
-            showWarning(tr("Undo"), tr("The formula of %1 can't be read any more:\n%2").arg(curve, formula));
-        });
+    connect(&door_.history(), &EditHistory::formulaLost, this,
+            [this](const QString& curve, const QString& formula) {
+                showWarning(widget(), tr("Undo"),
+                            tr("The formula of %1 can't be read any more:\n%2").arg(curve, formula));
+            });
     connectPointMenu();
 }
 
 CanvasFunctionBase::~CanvasFunctionBase()
 {
+    closePointMenu();
     leaveStack();
     removeAllCurves();
 }
@@ -465,12 +467,12 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
     std::unique_ptr<FunctionFloatBase> expression(
         FunctionParserBase::instance()->parseString(text.toStdString(), message));
     if (!expression || !message.errors.empty()) {
-        showWarning(tr("Syntax error"), faultText(message));
+        showWarning(widget(), tr("Syntax error"), faultText(message));
         return isStillCurrent();
     }
     if (QString withFunc; curve->findsCycle(*expression, withFunc)) {
         markCycle(message, DependencyCheck::lowerVariableName(withFunc).toStdString());
-        showWarning(tr("Cyclical dependency"),
+        showWarning(widget(), tr("Cyclical dependency"),
                     tr("Cyclical dependency has been found for d-var %1 ").arg(withFunc));
         return isStillCurrent();
     }

@@ -193,6 +193,9 @@ public:
     /// Gives it what there is to snap to now, but for the points that move.
     void prepareSnap(const std::vector<PointSerial>& moving);
 
+    /// The widget on which the curves are seen; null without one.
+    QWidget* widget() const;
+
     /// Ends a drag of points and typing on the node page, as release and leaving do, without a report of
     /// `curveHasChanged`. What hears of them may take curves away, so it comes before all else that edits, opens or
     /// closes curves.
@@ -302,7 +305,6 @@ Q_SIGNALS:
     void selectionChanged(bool shows);
 
 private:
-    QWidget* widget() const;
     void setColor(QColor CurveEditorTheme::*part, const QColor& color);
     void setSharedColor(QColor CurveEditorTheme::*part, const QColor& color);
     /// For walks that run foreign code: a curve that goes on the way becomes null.
@@ -337,6 +339,7 @@ private:
     void updateSelection(PointSerial point, bool shift);
     bool pressOnSelection(const QMouseEvent& event);
     bool pressOnEmptyCanvas(const QMouseEvent& event);
+    void closePointMenu();
     void openPointMenu(const QPoint& globalPosition);
     void beginDrag();
     void beginGuide(bool keepsDistance);

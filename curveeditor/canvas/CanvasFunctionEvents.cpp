@@ -217,6 +217,15 @@ void CanvasFunctionBase::openPointMenu(const QPoint& globalPosition)
     menuCanvas = nullptr;
 }
 
+/// A canvas that goes does not leave its menu behind.
+void CanvasFunctionBase::closePointMenu()
+{
+    if (menuCanvas != this)
+        return;
+    ControlSplineNode::menu()->disconnect(this);
+    ControlSplineNode::menu()->close();
+}
+
 void CanvasFunctionBase::openPointMenuByKey()
 {
     settle();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/DecimalQuestion.h>
 
+#include <curveeditor/canvas/ModalDialog.h>
 #include <curveeditor/canvas/WarningBox.h>
 
 #include <QCoreApplication>
@@ -62,18 +63,21 @@ private:
 
 } // namespace
 
-std::optional<TableReader::Decimal> askForDecimal(const QString& title, std::string_view text)
+std::optional<TableReader::Decimal> askForDecimal(QWidget* parent, const QString& title,
+                                                  std::string_view text)
 {
-    QMessageBox box(QMessageBox::Question, title, DecimalQuestion::question(text));
-    box.setTextFormat(Qt::PlainText);
-    const QAbstractButton* const comma = box.addButton(DecimalQuestion::comma(), QMessageBox::AcceptRole);
-    const QAbstractButton* const point = box.addButton(DecimalQuestion::point(), QMessageBox::AcceptRole);
-    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
-    makeRoomForTitle(box);
-    box.exec();
-    if (box.clickedButton() == comma)
+    ModalDialog<QMessageBox> box(QMessageBox::Question, title, DecimalQuestion::question(text),
+                                 QMessageBox::NoButton, parent);
+    box->setTextFormat(Qt::PlainText);
+    const QAbstractButton* const comma = box->addButton(DecimalQuestion::comma(), QMessageBox::AcceptRole);
+    const QAbstractButton* const point = box->addButton(DecimalQuestion::point(), QMessageBox::AcceptRole);
+    box->setDefaultButton(box->addButton(QMessageBox::Cancel));
+    makeRoomForTitle(*box);
+    if (!box.answer())
+        return std::nullopt;
+    if (box->clickedButton() == comma)
         return TableReader::Decimal::Comma;
-    if (box.clickedButton() == point)
+    if (box->clickedButton() == point)
         return TableReader::Decimal::Point;
     return std::nullopt;
 }

@@ -4,12 +4,13 @@
 #include <curveeditor/files/TableReader.h>
 
 #include <QString>
+#include <QWidget>
 
 #include <optional>
 #include <string_view>
 
 /// Asks the user in a window of its own which sign is the decimal one in a table that `TableReader` can read in two
-/// ways, and shows the first rows of each. Nothing if the user doesn't say. The window needs no parent, and what a
-/// host does meanwhile, such as to delete an editor, does it no harm.
-CURVEEDITOR_EXPORT std::optional<TableReader::Decimal> askForDecimal(const QString& title,
+/// ways, and shows the first rows of each. Nothing if the user doesn't say, or if `parent`, which may be
+/// null, was deleted meanwhile.
+CURVEEDITOR_EXPORT std::optional<TableReader::Decimal> askForDecimal(QWidget* parent, const QString& title,
                                                                      std::string_view text);

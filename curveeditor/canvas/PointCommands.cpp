@@ -6,12 +6,11 @@
 #include <curveeditor/canvas/DecimalQuestion.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
-#include <curveeditor/edit/PointText.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QPointer>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -118,17 +117,22 @@ void PointCommands::paste(bool whereTheyWere)
     if (!canPaste())
         return;
     const QString text = QGuiApplication::clipboard()->text();
-    PointText::Result result = PointText::read(text);
-    if (result.isAmbiguous) {
-        const QPointer<QObject> canvas(&canvas_);
+    const PointText::Result result = PointText::read(text);
+    if (!result.isAmbiguous)
+        return paste(result, whereTheyWere);
+    // Later, so that the menu in which this was chosen is not at work while the host may delete it.
+    QTimer::singleShot(0, &canvas_, [commands = *this, text, whereTheyWere]() mutable {
         const std::optional<TableReader::Decimal> decimal =
-            askForDecimal(tr("Paste points"), text.toStdString());
-        if (!decimal || !canvas || !control())
-            return;
-        result = PointText::read(text, *decimal);
-    }
+            askForDecimal(commands.canvas_.widget(), tr("Paste points"), text.toStdString());
+        if (decimal && commands.control())
+            commands.paste(PointText::read(text, *decimal), whereTheyWere);
+    });
+}
+
+void PointCommands::paste(PointText::Result result, bool whereTheyWere)
+{
     if (!result.message.isEmpty())
-        return showWarning(tr("Paste points"), result.message);
+        return showWarning(canvas_.widget(), tr("Paste points"), result.message);
     const ViewPort* const view = canvas_.getViewport();
     const double shift = whereTheyWere || !view ? 0.0 : view->timeLine - result.points.front().time;
     for (SplineBase::PointInfo& point : result.points)
@@ -194,7 +198,8 @@ void PointCommands::add(const QString& text, const std::vector<SplineBase::Point
         std::all_of(points.begin(), points.end(),
                     [](const SplineBase::PointInfo& point) { return std::isfinite(point.time); });
     if (!isWithinTimes)
-        return showWarning(tr("Paste points"), tr("Moved there, the points would lie beyond all times."));
+        return showWarning(canvas_.widget(), tr("Paste points"),
+                           tr("Moved there, the points would lie beyond all times."));
     canvas_.editSpline(text, [this, &points](SplineBase& spline) {
         const std::vector<PointSerial> added = SplineEdits::addPoints(spline, points);
         control()->selectPoints(added);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/PointText.h>
 #include <curveeditor/model/SplineBase.h>
 
 #include <QCoreApplication>
@@ -67,6 +68,7 @@ public:
 private:
     ControlSplineNode* control() const;
     double frame() const;
+    void paste(PointText::Result result, bool whereTheyWere);
     void add(const QString& text, const std::vector<SplineBase::PointInfo>& points);
     using Marks = std::vector<bool>;
     void changeMarks(const std::function<void(Marks&)>& change);

@@ -13,10 +13,12 @@ void makeRoomForTitle(QMessageBox& box)
         grid->addItem(new QSpacerItem(titleWidth(box), 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-void showWarning(const QString& title, const QString& text)
+void showWarning(QWidget* parent, const QString& title, const QString& text)
 {
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
-    box.setTextFormat(Qt::PlainText);
-    makeRoomForTitle(box);
-    box.exec();
+    auto* const box = new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    box->setTextFormat(Qt::PlainText);
+    makeRoomForTitle(*box);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(true);
+    box->show();
 }

@@ -61,6 +61,7 @@ EditHistory::~EditHistory()
 
 void EditHistory::leaveStack()
 {
+    const HostCalls::Call call(hostCalls);
     ownStack_->clear();
     for (EditCommand* const entry : entries_)
         entry->setParts({});
@@ -134,12 +135,14 @@ void EditHistory::connectStack(QUndoStack* stack)
 void EditHistory::undo()
 {
     Q_EMIT aboutToStep();
+    const HostCalls::Call call(hostCalls);
     stack()->undo();
 }
 
 void EditHistory::redo()
 {
     Q_EMIT aboutToStep();
+    const HostCalls::Call call(hostCalls);
     stack()->redo();
 }
 
@@ -150,6 +153,7 @@ EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts
 
 void EditHistory::push(EditCommand* entry)
 {
+    const HostCalls::Call call(hostCalls);
     if (isStepping_)
         delete entry;
     else

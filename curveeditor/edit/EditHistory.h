@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/edit/EditedCurve.h>
+#include <curveeditor/edit/HostCalls.h>
 #include <curveeditor/edit/Selection.h>
 #include <curveeditor/model/CurveDiff.h>
 
@@ -52,6 +53,8 @@ public:
 
     explicit EditHistory(QObject* parent = nullptr);
     ~EditHistory() override;
+
+    HostCalls hostCalls; ///< those of the editor; a step counts as one, as the host may listen to the stack
 
     /// The curve of that name, spline and variable; a new one at the first time.
     std::shared_ptr<EditedCurve> curve(const QString& name, SplineBase* spline, FunctionFloatBase** variable);

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QFont>
+#include <QPointer>
 
 namespace {
 
@@ -17,7 +18,6 @@ ControlMenu2::ControlMenu2()
     for (const Entry id : {Remove, Color})
         addAction(QString())->setData(id);
     translate();
-    connect(this, &QMenu::triggered, this, [this](QAction* action) { handleMenu(action->data().toInt()); });
 }
 
 void ControlMenu2::setMenuItem(QTreeWidgetItem* item)
@@ -32,7 +32,10 @@ QTreeWidgetItem* ControlMenu2::menuItem() const
 
 void ControlMenu2::showMenu(const QPoint& globalPosition, int indexAtPoint)
 {
-    exec(globalPosition, actions().value(indexAtPoint));
+    const QAction* const chosen =
+        exec(globalPosition, actions().value(indexAtPoint)); // null if the menu is gone
+    if (chosen)
+        handleMenu(chosen->data().toInt());
 }
 
 void ControlMenu2::translate()
@@ -50,9 +53,11 @@ void ControlMenu2::changeEvent(QEvent* event)
 
 void ControlMenu2::handleMenu(int id)
 {
+    const QPointer<ControlMenu2> guard(this); // it may go while a colour is chosen
     if (id == Remove)
         Q_EMIT setRemoveItem();
     if (id == Color)
         Q_EMIT setColorChange();
-    Q_EMIT nodeChanged();
+    if (guard)
+        Q_EMIT nodeChanged();
 }

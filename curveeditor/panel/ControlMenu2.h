@@ -20,7 +20,7 @@ public:
     QTreeWidgetItem* menuItem() const;
 
     /// Opens the menu with the entry of that index at `globalPosition` (screen pixels), and returns when it
-    /// has closed.
+    /// has closed and the choice is done. The menu may be deleted meanwhile.
     void showMenu(const QPoint& globalPosition, int indexAtPoint);
 
 public Q_SLOTS:

@@ -118,7 +118,11 @@ void CurveEditor::connectWidgets()
     connect(&d_->functionEdit->canvas, &CanvasFunctionBase::edited, this, &CurveEditor::tellEdit);
     connect(&d_->functionEdit->canvas.door().history(), &EditHistory::stackChanged, this,
             &CurveEditor::showStepTexts);
-    connect(&d_->functionEdit->timeLineDrag, &TimeLineDrag::dragged, this, &CurveEditor::timeLineDragged);
+    connect(&d_->functionEdit->timeLineDrag, &TimeLineDrag::dragged, this, [this](double time) {
+        const HostCalls::Call call(hostCalls());
+        Q_EMIT timeLineDragged(time);
+    });
+    connect(&hostCalls(), &HostCalls::returned, this, &CurveEditor::deleteIfDue, Qt::QueuedConnection);
     connect(d_->functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
     connect(d_->functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
 }
@@ -190,8 +194,24 @@ NodePageWidgets CurveEditor::nodePageWidgets() const
     return widgets;
 }
 
+HostCalls& CurveEditor::hostCalls() const
+{
+    return d_->functionEdit->canvas.door().history().hostCalls;
+}
+
+/// `deleteLater` comes at once where a slot of the host runs a loop; it is done when the slot has returned.
+void CurveEditor::deleteIfDue()
+{
+    if (d_->isDeletionDue && !hostCalls().isAny())
+        delete this;
+}
+
 bool CurveEditor::event(QEvent* event)
 {
+    if (event->type() == QEvent::DeferredDelete && hostCalls().isAny()) {
+        d_->isDeletionDue = true;
+        return true;
+    }
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     const auto* const key = isOverride ? static_cast<QKeyEvent*>(event) : nullptr;
     // A host in whose window the dialog is docked may have the same keys; inside the dialog they act here.
@@ -223,6 +243,9 @@ void CurveEditor::keyPressEvent(QKeyEvent* event)
     const Gesture& gesture = d_->functionEdit->gesture;
     const bool takesBack = gesture.isAtPoints() || gesture.isAtView();
     d_->functionEdit->keyPressEvent(event);
+    // The base would press the default button of a box that this very key has opened.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        return event->ignore();
     if (event->key() != Qt::Key_Escape)
         return CurveEditorDialogBase::keyPressEvent(event);
     if (!isWindow())
@@ -234,6 +257,7 @@ void CurveEditor::keyPressEvent(QKeyEvent* event)
 void CurveEditor::closeEvent(QCloseEvent* event)
 {
     event->accept();
+    const HostCalls::Call call(hostCalls());
     Q_EMIT closed();
 }
 

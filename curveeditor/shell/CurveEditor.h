@@ -19,6 +19,7 @@ class CurveNodeBase;
 class CustomEditLine;
 class EditedCurve;
 class FunctionFloatBase;
+class HostCalls;
 class QAction;
 class QActionGroup;
 class QMenu;
@@ -51,8 +52,9 @@ struct EditReport;
 /// delete the dialog first, then the curves. The editor changes splines in place and never deletes one. The
 /// object in an expression variable is shared: the editor deletes and replaces it when the user enters,
 /// deletes or resets an expression, and the host deletes what is left in the end. The dialog itself belongs
-/// to its parent, or to whoever made it. It may be deleted outside of its own events, and by `deleteLater`
-/// also from a slot of its signals, but not while a menu, a message box or a dialog of its is open.
+/// to its parent, or to whoever made it. It may be deleted at any time outside of its own events, also while a
+/// menu, a message box or a dialog of its is open, which goes with it; and by `deleteLater` from a slot of its
+/// signals too. Where that slot runs a loop of its own, the deletion waits until the slot has returned.
 ///
 /// **Order of calls.** Construct and connect; set colours, frames per second, ranges and font; `addCurve`;
 /// `setDefaultSelected`; show. While the dialog lives: `setTimeLine` when the host's clock moves,
@@ -477,6 +479,9 @@ private:
     void tellCurrentCurve();
     bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
     void takeDroppedName(const QString& name);
+    HostCalls& hostCalls() const;
+    void deleteIfDue();
+    bool mayReplace(const QString& path);
     void showContent();
     void showPoints();
     void showLineText();

@@ -248,17 +248,11 @@ void CurveEditor::connectActions()
         {d_->redoAction, &CurveEditor::redo},
         {d_->resetAllChecked, &CurveEditor::resetAllCheckedF},
         {d_->resetSelected, &CurveEditor::resetSelectedF},
-        {d_->loadCurve, &CurveEditor::loadFile},
-        {d_->saveCurve, &CurveEditor::saveFile},
-        {d_->setWaveRangeAction, &CurveEditor::setRange},
         {d_->resetRangeAction, &CurveEditor::resetViewport},
-        {d_->loadImageAction, &CurveEditor::loadImage},
         {d_->clearImageAction, &CurveEditor::clearImage},
         {d_->setCompleteAction, &CurveEditor::completeViewport},
         {d_->setCompleteHAction, &CurveEditor::completeViewportH},
         {d_->setCompleteVAction, &CurveEditor::completeViewportV},
-        {d_->openScaleSelection, &CurveEditor::setScaleSelection},
-        {d_->openPanSelection, &CurveEditor::setPanSelection},
         {d_->showTimeAction, &CurveEditor::setShowTime},
         {d_->showFramesAction, &CurveEditor::setShowFrames},
         {d_->firstNodeZeroAction, &CurveEditor::setFirstNodeZero},
@@ -270,6 +264,16 @@ void CurveEditor::connectActions()
         {d_->lastNodeFollowTangentAction, &CurveEditor::setLastNodeFollowTangent}};
     for (const auto& [action, command] : commands)
         connect(action, &QAction::triggered, this, command);
+    // These run loops. Queued, so that no menu is at work while the host may delete it.
+    const std::initializer_list<std::pair<QAction*, void (CurveEditor::*)()>> questions = {
+        {d_->loadCurve, &CurveEditor::loadFile},
+        {d_->saveCurve, &CurveEditor::saveFile},
+        {d_->setWaveRangeAction, &CurveEditor::setRange},
+        {d_->loadImageAction, &CurveEditor::loadImage},
+        {d_->openScaleSelection, &CurveEditor::setScaleSelection},
+        {d_->openPanSelection, &CurveEditor::setPanSelection}};
+    for (const auto& [action, question] : questions)
+        connect(action, &QAction::triggered, this, question, Qt::QueuedConnection);
 }
 
 void CurveEditor::languageChange()

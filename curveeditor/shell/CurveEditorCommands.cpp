@@ -2,6 +2,7 @@
 #include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/ModalDialog.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/files/CurveFileStore.h>
 #include <curveeditor/files/FileReplacement.h>
@@ -52,6 +53,16 @@ void showChoice(const QList<QAction*>& actions, QComboBox& combo, int type)
     combo.setCurrentIndex(type);
 }
 
+/// The file that the user chooses; null if there is none, or if `parent` was deleted meanwhile.
+QString askForFile(QWidget* parent, QFileDialog::AcceptMode mode, const QString& start,
+                   const QString& filters)
+{
+    ModalDialog<QFileDialog> dialog(parent, QString(), start, filters);
+    dialog->setAcceptMode(mode);
+    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    return dialog.answer() == QDialog::Accepted ? dialog->selectedFiles().value(0) : QString();
+}
+
 bool isRange(double low, double high)
 {
     return low < high && std::isfinite(high - low);
@@ -96,7 +107,7 @@ void CurveEditor::loadFile()
     if (canvas.noCurrentCurve())
         return;
     const QPointer<CurveNodeBase> curve(canvas.getCurrentCurve());
-    const QString chosen = QFileDialog::getOpenFileName(this, QString(), QString(), QStringLiteral("*.crv"));
+    const QString chosen = askForFile(this, QFileDialog::AcceptOpen, QString(), QStringLiteral("*.crv"));
     if (chosen.isNull() || !isCurrent(curve))
         return;
     const QString path = CurveFileStore::pathToLoad(chosen);
@@ -110,7 +121,17 @@ void CurveEditor::loadFile()
     if (isCurve)
         refreshCommandLine();
     else
-        showWarning(tr("Load curve"), tr("%1 holds no curve that can be read.").arg(path));
+        showWarning(this, tr("Load curve"), tr("%1 holds no curve that can be read.").arg(path));
+}
+
+/// No, if the dialog was deleted meanwhile.
+bool CurveEditor::mayReplace(const QString& path)
+{
+    ModalDialog<QMessageBox> box(QMessageBox::Question, tr("Save curve"),
+                                 tr("%1 already exists.\nDo you want to replace it?").arg(path),
+                                 QMessageBox::Yes | QMessageBox::No, this);
+    box->setDefaultButton(QMessageBox::No);
+    return box.answer() == QMessageBox::Yes;
 }
 
 void CurveEditor::saveFile()
@@ -118,37 +139,35 @@ void CurveEditor::saveFile()
     const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     if (canvas.noCurrentCurve())
         return;
+    const QPointer<CurveNodeBase> curve(canvas.getCurrentCurve());
     const QString chosen =
-        QFileDialog::getSaveFileName(this, QString(), canvas.getCurrentCurveName(), QStringLiteral("*.crv"));
+        askForFile(this, QFileDialog::AcceptSave, canvas.getCurrentCurveName(), QStringLiteral("*.crv"));
     if (chosen.isNull())
         return;
     const QString path = CurveFileStore::pathToSave(chosen);
-    if (CurveFileStore::replacesAnotherFile(chosen) &&
-        QMessageBox::question(this, tr("Save curve"),
-                              tr("%1 already exists.\nDo you want to replace it?").arg(path),
-                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
+    if (CurveFileStore::replacesAnotherFile(chosen) && !mayReplace(path))
         return;
     std::ostringstream content;
     std::error_code fault = std::make_error_code(std::errc::io_error);
-    if (canvas.saveCurve(content))
+    if (isCurrent(curve) && canvas.saveCurve(content))
         fault = FileReplacement::write(CurveFileStore::nativePath(path), content.str());
     if (!FileReplacement::isSaved(fault))
-        showWarning(tr("Save curve"), tr("The curve could not be saved to %1.").arg(path));
+        showWarning(this, tr("Save curve"), tr("The curve could not be saved to %1.").arg(path));
     else if (fault)
-        showWarning(tr("Save curve"),
+        showWarning(this, tr("Save curve"),
                     tr("The curve was saved to %1, but is perhaps not yet on the disk.").arg(path));
 }
 
 void CurveEditor::loadImage()
 {
-    const QString name = QFileDialog::getOpenFileName(this, QString(), QString(),
-                                                      QStringLiteral("*.jpg;;") + tr("All files (*)"));
+    const QString name =
+        askForFile(this, QFileDialog::AcceptOpen, QString(), QStringLiteral("*.jpg;;") + tr("All files (*)"));
     if (!QFileInfo(name).isFile()) // to open a pipe would wait for its writer
         return;
     if (d_->functionEdit->canvas.loadImage(name))
         d_->functionEdit->canvas.paint();
     else
-        showWarning(tr("Load image"), tr("%1 holds no picture that can be read.").arg(name));
+        showWarning(this, tr("Load image"), tr("%1 holds no picture that can be read.").arg(name));
 }
 
 void CurveEditor::clearImage()
@@ -159,45 +178,45 @@ void CurveEditor::clearImage()
 
 void CurveEditor::setRange()
 {
-    ViewportSettings dialog(this);
-    showPanelFont(dialog);
-    showNumber(*dialog.minX, d_->functionEdit->timeMin);
-    showNumber(*dialog.minY, d_->functionEdit->valueMin);
-    showNumber(*dialog.maxX, d_->functionEdit->timeMax);
-    showNumber(*dialog.maxY, d_->functionEdit->valueMax);
-    if (dialog.exec() != QDialog::Accepted)
+    ModalDialog<ViewportSettings> dialog(this);
+    showPanelFont(*dialog);
+    showNumber(*dialog->minX, d_->functionEdit->timeMin);
+    showNumber(*dialog->minY, d_->functionEdit->valueMin);
+    showNumber(*dialog->maxX, d_->functionEdit->timeMax);
+    showNumber(*dialog->maxY, d_->functionEdit->valueMax);
+    if (dialog.answer() != QDialog::Accepted)
         return;
-    d_->functionEdit->setLimitTimeMin(typedNumber(*dialog.minX));
-    d_->functionEdit->setLimitValueMin(typedNumber(*dialog.minY));
-    d_->functionEdit->setLimitTimeMax(typedNumber(*dialog.maxX));
-    d_->functionEdit->setLimitValueMax(typedNumber(*dialog.maxY));
+    d_->functionEdit->setLimitTimeMin(typedNumber(*dialog->minX));
+    d_->functionEdit->setLimitValueMin(typedNumber(*dialog->minY));
+    d_->functionEdit->setLimitTimeMax(typedNumber(*dialog->maxX));
+    d_->functionEdit->setLimitValueMax(typedNumber(*dialog->maxY));
     showTimeBounds();
     paintChangedView();
 }
 
 void CurveEditor::setScaleSelection()
 {
-    ScaleDialog dialog(this);
-    showPanelFont(dialog);
-    dialog.scaleX->setText(QStringLiteral("1.0"));
-    dialog.scaleY->setText(QStringLiteral("1.0"));
+    ModalDialog<ScaleDialog> dialog(this);
+    showPanelFont(*dialog);
+    dialog->scaleX->setText(QStringLiteral("1.0"));
+    dialog->scaleY->setText(QStringLiteral("1.0"));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
-    if (dialog.exec() != QDialog::Accepted || !isCurrent(curve))
+    if (dialog.answer() != QDialog::Accepted || !isCurrent(curve))
         return;
-    d_->functionEdit->canvas.scaleSelection(typedNumber(*dialog.scaleX), typedNumber(*dialog.scaleY));
+    d_->functionEdit->canvas.scaleSelection(typedNumber(*dialog->scaleX), typedNumber(*dialog->scaleY));
     d_->functionEdit->showSelection(false);
 }
 
 void CurveEditor::setPanSelection()
 {
-    PanDialog dialog(this);
-    showPanelFont(dialog);
-    dialog.panX->setText(QStringLiteral("0.0"));
-    dialog.panY->setText(QStringLiteral("0.0"));
+    ModalDialog<PanDialog> dialog(this);
+    showPanelFont(*dialog);
+    dialog->panX->setText(QStringLiteral("0.0"));
+    dialog->panY->setText(QStringLiteral("0.0"));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
-    if (dialog.exec() != QDialog::Accepted || !isCurrent(curve))
+    if (dialog.answer() != QDialog::Accepted || !isCurrent(curve))
         return;
-    d_->functionEdit->canvas.panSelection(typedNumber(*dialog.panX), typedNumber(*dialog.panY));
+    d_->functionEdit->canvas.panSelection(typedNumber(*dialog->panX), typedNumber(*dialog->panY));
     d_->functionEdit->showSelection(false);
 }
 

@@ -5,28 +5,24 @@
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
+#include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/FunctionEditor.h>
 
-#include <QColorDialog>
 #include <QMenu>
 #include <QSignalBlocker>
-#include <QTimer>
 
 void CurveEditor::setEditingNode(const QString& name)
 {
     setCurveEditableOn(searchAllNodeList(name));
 }
 
-/// A box that opened within the drop would hold up the application from which the text comes.
 void CurveEditor::takeDroppedName(const QString& name)
 {
     if (searchAllNodeList(name))
         return setEditingNode(name);
     constexpr qsizetype longest = 100;
     const QString shown = name.size() > longest ? name.left(longest) + QChar(0x2026) : name;
-    QTimer::singleShot(0, this, [shown] {
-        showWarning(tr("Edit a curve"), tr("There is no curve of the name \"%1\".").arg(shown));
-    });
+    showWarning(this, tr("Edit a curve"), tr("There is no curve of the name \"%1\".").arg(shown));
 }
 
 // What is under way is told first, and who hears of it may take curves away.
@@ -43,6 +39,7 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record)
     const QString nodeName = record->nodeName;
     const QString curveName = record->curveName;
     putOnCanvas(*record);
+    const HostCalls::Call call(hostCalls());
     if (isNew)
         Q_EMIT curveOpened(nodeName, curveName);
     tellCurrentCurve();
@@ -77,6 +74,7 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
     const QString nodeName = record->nodeName;
     const QString curveName = record->curveName;
     takeOffCanvas(*record);
+    const HostCalls::Call call(hostCalls());
     Q_EMIT curveClosed(nodeName, curveName);
     tellCurrentCurve();
 }
@@ -140,8 +138,10 @@ void CurveEditor::rightButtonPressedEditingItem(QTreeWidgetItem* who, const QPoi
 
 void CurveEditor::slotMenuEditingNodeColor()
 {
-    const QColor color = QColorDialog::getColor(getColorFromEditingNode(d_->editingMenu->menuItem()), this);
-    setColorToEditingNode(d_->editingMenu->menuItem(), color); // the host may have removed the row meanwhile
+    const QColor color = askForColor(getColorFromEditingNode(d_->editingMenu->menuItem()), this);
+    if (color.isValid())
+        setColorToEditingNode(d_->editingMenu->menuItem(),
+                              color); // the host may have removed the row meanwhile
 }
 
 void CurveEditor::slotMenuEditingNodeRemove()
@@ -156,5 +156,6 @@ void CurveEditor::slotRemoveFromEditing(QTreeWidgetItem* item)
 
 void CurveEditor::emitSignalCurveHasChanged(QString& nodeName, QString& curveName)
 {
+    const HostCalls::Call call(hostCalls());
     Q_EMIT curveHasChanged(nodeName, curveName);
 }

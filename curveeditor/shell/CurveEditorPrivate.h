@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/HostCalls.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/shell/CurveEditor.h>
 
@@ -34,6 +35,7 @@ struct CurveEditor::Private
     QHash<QString, NodeStruct*> nodeOfName; ///< those of the list, by full name
     int nextVariableId = 0;
     QString toldCurrent;                  ///< the full name that `currentCurveChanged` told last
+    bool isDeletionDue = false;           ///< as soon as the host's code has returned
     bool hasOwnFont = false;              ///< set by the host
     int setChanges = 0;                   ///< curves are on their way onto the canvas or off it
     std::optional<MousePlace> mousePlace; ///< what the read-outs show; nothing at first

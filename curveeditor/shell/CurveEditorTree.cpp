@@ -4,10 +4,10 @@
 #include <curveeditor/canvas/ReleasedAction.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
+#include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
-#include <QColorDialog>
 #include <QMenu>
 #include <QPixmap>
 #include <QSignalBlocker>
@@ -156,6 +156,7 @@ void CurveEditor::eraseRecords(const std::vector<NodeStruct*>& records)
         std::erase_if(d_->nodeList, [record](const auto& other) { return other.get() == record; });
     }
     d_->functionEdit->canvas.door().history().forget(names);
+    const HostCalls::Call call(hostCalls());
     for (const auto& [nodeName, curveName] : closed)
         Q_EMIT curveClosed(nodeName, curveName);
     tellCurrentCurve();
@@ -303,8 +304,11 @@ void CurveEditor::pressedSpaceItem(QTreeWidgetItem* /*who*/) {}
 
 void CurveEditor::rightButtonPressedItem(QTreeWidgetItem* who, const QPoint& /*point*/, int /*column*/)
 {
-    if (isBelowGroup(who))
-        setColorToNode(who, QColorDialog::getColor(getColorFromNode(who), this));
+    if (!isBelowGroup(who))
+        return;
+    const QColor color = askForColor(getColorFromNode(who), this);
+    if (color.isValid())
+        setColorToNode(who, color);
 }
 
 void CurveEditor::doubleClickedItem(QTreeWidgetItem* who, const QPoint& /*point*/, int /*column*/)

@@ -75,6 +75,7 @@ void CurveEditor::tellEdit(const EditReport& report)
     const bool isStep = change.cause == CurveChange::Cause::Undo || change.cause == CurveChange::Cause::Redo;
     const QPointer<CurveEditor> guard(this);
     const std::shared_ptr<EditedCurve> curve = report.curve;
+    const HostCalls::Call call(hostCalls());
     Q_EMIT curveEdited(change);
     if (!isStep || !guard || !searchAllNodeList(curve->name))
         return;
@@ -92,5 +93,6 @@ void CurveEditor::tellCurrentCurve()
     const NodeStruct* const record = searchAllNodeList(current);
     const QString nodeName = record ? record->nodeName : QString();
     const QString curveName = record ? record->curveName : QString();
+    const HostCalls::Call call(hostCalls());
     Q_EMIT currentCurveChanged(nodeName, curveName);
 }

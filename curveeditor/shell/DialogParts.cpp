@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/DialogParts.h>
 
+#include <curveeditor/canvas/ModalDialog.h>
+
+#include <QColorDialog>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
@@ -15,6 +18,12 @@ void fitToItems(QComboBox* box)
 {
     QEvent change(QEvent::StyleChange);
     QCoreApplication::sendEvent(box, &change);
+}
+
+QColor askForColor(const QColor& initial, QWidget* parent)
+{
+    ModalDialog<QColorDialog> dialog(initial, parent);
+    return dialog.answer() == QDialog::Accepted ? dialog->selectedColor() : QColor();
 }
 
 void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& color)

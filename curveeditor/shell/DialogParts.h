@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QBoxLayout>
+#include <QColor>
 #include <QFont>
 #include <QPalette>
 #include <QString>
@@ -43,6 +44,9 @@ void setDialogFamily(QWidget* widget);
 
 /// Gives a box the width that its present items take; else it keeps that of its first ones.
 void fitToItems(QComboBox* box);
+
+/// Asks for a colour. An invalid one if the user gives none, or if `parent` was deleted meanwhile.
+QColor askForColor(const QColor& initial, QWidget* parent);
 
 /// Sets one colour of a widget, the same in all of its states.
 void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& color);

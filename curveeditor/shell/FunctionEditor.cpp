@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyleHints>
 
 namespace {
@@ -177,9 +178,13 @@ void FunctionEditor::keyPressEvent(QKeyEvent* event)
 
 void FunctionEditor::mousePressEvent(QMouseEvent* event)
 {
+    const QPointer<FunctionEditor> guard(this); // the menu over the points runs its own loop
     clearDrag();
     lastPress_ = event->position().toPoint();
-    if (!canvas.mousePress(event))
+    const bool isTaken = canvas.mousePress(event);
+    if (!guard)
+        return;
+    if (!isTaken)
         ViewPort::mousePress(event);
     if (!canvas.noCurrentCurve())
         showSelection(isCurrentSpline());

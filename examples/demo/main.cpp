@@ -57,7 +57,7 @@ QString chooseLanguage(const QString& language, QTranslator& qtTexts)
 void askAndRead(ReadTable& read, const QString& fileName, const QByteArray& text)
 {
     const auto decimal =
-        askForDecimal(fileName, std::string_view(text.constData(), std::size_t(text.size())));
+        askForDecimal(nullptr, fileName, std::string_view(text.constData(), std::size_t(text.size())));
     if (decimal)
         read = readTable(text, *decimal);
 }

@@ -188,11 +188,9 @@ private Q_SLOTS:
         row("change under the open menu", "5 10 15 r1",
             [](Scene& s) { s.menu([&s](ControlMenu& menu) { s.first->emitCurveChanged(), menu.close(); }); });
         row("change under an open box", "5 10 15 r1", [](Scene& s) {
-            QTimer::singleShot(0, [&s] {
-                s.first->emitCurveChanged();
-                QApplication::activeModalWidget()->close();
-            });
             s.canvas.parseExpression("sin(", s.message);
+            s.first->emitCurveChanged();
+            QApplication::activeModalWidget()->close();
         });
         row("move after a drag", "[6] 10 15 r1", [](Scene& s) {
             s.drag({50, 50}, {60, 50});

@@ -130,11 +130,12 @@ inline bool isQts(const QWidget& widget)
            qobject_cast<const QLineEdit*>(parent) || widget.objectName().startsWith("qt_");
 }
 
-/// Closes the message box that opens next, and puts its text into `text`.
-inline void closeBox(QString& text)
+/// Closes the warning that is open and returns its text; empty if none is open.
+inline QString closeBox()
 {
-    whenOpen<QMessageBox>([&text](QMessageBox& box) {
-        text = box.text();
-        box.accept();
-    });
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box)
+        return QString();
+    box->accept();
+    return box->text();
 }

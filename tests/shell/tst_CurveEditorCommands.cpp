@@ -36,11 +36,12 @@ private Q_SLOTS:
         for (const char* const keys : {"Ctrl+L", "Ctrl+S", "Alt+I", "Alt+S"}) {
             init();
             QByteArray opened;
+            QTest::keySequence(&fixture->editor, QKeySequence(keys));
             whenOpen<QDialog>([&opened](QDialog& dialog) {
                 opened = dialog.metaObject()->className();
                 dialog.reject();
             });
-            QTest::keySequence(&fixture->editor, QKeySequence(keys));
+            QCoreApplication::processEvents();
             QCOMPARE(opened, QByteArray(keys) == "Alt+S" ? "ViewportSettings" : "QFileDialog");
         }
         init();
@@ -181,10 +182,9 @@ private Q_SLOTS:
     void fileThatIsNoCurveIsRefused()
     {
         const QString path = write("broken.crv", "255\n0\n0\n0\n3 points");
-        QString warning;
-        choose(path, [&warning] { closeBox(warning); });
+        choose(path);
         fixture->editor.loadFile();
-        QVERIFY(warning.contains(path) && fixture->changes.isEmpty());
+        QVERIFY(closeBox().contains(path) && fixture->changes.isEmpty());
         QCOMPARE(fixture->curves["cam.lens"].spline.getControlPointsNumber(), 2U);
         fixture->editor.cleanSelecteds();
         fixture->editor.saveFile();
@@ -199,31 +199,26 @@ private Q_SLOTS:
         const QImage shown = fixture->canvas.grab().toImage();
         QCOMPARE(shown.pixelColor(20, 20), QColor(0x10, 0x20, 0x30));
         const QString path = write("broken.jpg", "no picture");
-        QString warning;
-        choose(path, [&warning] { closeBox(warning); });
+        choose(path);
         fixture->editor.loadImage();
-        QVERIFY(warning.contains(path));
+        QVERIFY(closeBox().contains(path));
         QCOMPARE(fixture->canvas.grab().toImage(), shown);
     }
 
     void failedSaveIsReported()
     {
-        QString warning;
         QVERIFY(QDir(folder.path()).mkdir("scene.crv"));
-        choose(folder.filePath("Scene"), [&warning] {
-            whenOpen<QMessageBox>([&warning](QMessageBox& box) {
-                closeBox(warning);
-                box.button(QMessageBox::Yes)->click();
-            });
+        choose(folder.filePath("Scene"), [] {
+            whenOpen<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
         });
         fixture->editor.saveFile();
-        QCOMPARE(warning, "The curve could not be saved to " + folder.filePath("scene.crv") + ".");
+        QCOMPARE(closeBox(), "The curve could not be saved to " + folder.filePath("scene.crv") + ".");
         diskIsFaulty = true;
-        choose(folder.filePath("safe"), [&warning] { closeBox(warning); });
+        choose(folder.filePath("safe"));
         fixture->editor.saveFile();
         diskIsFaulty = false;
-        QCOMPARE(warning, "The curve was saved to " + folder.filePath("safe.crv") +
-                              ", but is perhaps not yet on the disk.");
+        QCOMPARE(closeBox(), "The curve was saved to " + folder.filePath("safe.crv") +
+                                 ", but is perhaps not yet on the disk.");
     }
 
     void otherFileIsReplacedOnlyIfConfirmed()

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/edit/HostCalls.h>
+
+HostCalls::Call::Call(HostCalls& calls) : calls_(&calls)
+{
+    ++calls_->count_;
+}
+
+HostCalls::Call::~Call()
+{
+    if (calls_ && --calls_->count_ == 0)
+        Q_EMIT calls_->returned();
+}
