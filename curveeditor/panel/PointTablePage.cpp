@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTableView>
@@ -16,12 +17,14 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
 constexpr const char* pickedProperty = "picked";
 constexpr int digitsInSight = 11;
 constexpr int digitsOfLongest = 22;
+constexpr int currentCellWidth = 2; // of the frame around it
 
 std::vector<int> selectedRows(const QTableView& view)
 {
@@ -51,6 +54,21 @@ public:
         combo->setCurrentIndex(-1);
         connect(combo, &QComboBox::activated, combo, [combo] { combo->setProperty(pickedProperty, true); });
         return combo;
+    }
+
+    // Of all selected cells this one takes what is typed.
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& cell) const override
+    {
+        QStyledItemDelegate::paint(painter, option, cell);
+        if (cell != view_->currentIndex() || !view_->hasFocus())
+            return;
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        painter->save();
+        painter->setPen(QPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text),
+                             currentCellWidth));
+        const qreal inset = currentCellWidth / 2.0;
+        painter->drawRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset));
+        painter->restore();
     }
 
     // A sign stands before its number in every language.
@@ -151,8 +169,13 @@ protected:
 
     void keyPressEvent(QKeyEvent* event) override
     {
+        const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (const Command command = commandOf(*event))
             command(commands_);
+        else if (const std::optional<CursorAction> arrow = arrowOf(*event))
+            follow(*arrow, event->modifiers().testFlag(Qt::ShiftModifier));
+        else if (isReturn && state() != EditingState)
+            goBelow();
         else
             QTableView::keyPressEvent(event);
     }
@@ -162,9 +185,53 @@ protected:
     {
         if (!editor->isHidden())
             QTableView::closeEditor(editor, hint);
+        if (hint == QAbstractItemDelegate::SubmitModelCache) // by Return
+            goBelow();
     }
 
 private:
+    /// For a bare arrow or one with Shift.
+    static std::optional<CursorAction> arrowOf(const QKeyEvent& key)
+    {
+        if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+            return {};
+        switch (key.key()) {
+        case Qt::Key_Left:
+            return MoveLeft;
+        case Qt::Key_Right:
+            return MoveRight;
+        case Qt::Key_Up:
+            return MoveUp;
+        case Qt::Key_Down:
+            return MoveDown;
+        default:
+            return {};
+        }
+    }
+
+    /// To another cell of the row the selected rows stay, to another row with Shift, which is selected too.
+    void follow(CursorAction arrow, bool shift)
+    {
+        const QModelIndex next = moveCursor(arrow, Qt::NoModifier);
+        const bool staysInRow = next.row() == currentIndex().row();
+        const QItemSelectionModel::SelectionFlags change =
+            shift ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect;
+        selectionModel()->setCurrentIndex(next, staysInRow ? QItemSelectionModel::NoUpdate
+                                                           : change | QItemSelectionModel::Rows);
+    }
+
+    /// Several selected rows stay selected as long as it is one of them.
+    void goBelow()
+    {
+        const QModelIndex below = currentIndex().siblingAtRow(currentIndex().row() + 1);
+        if (!below.isValid())
+            return;
+        const bool isSelected = selectionModel()->isSelected(below);
+        selectionModel()->setCurrentIndex(below, isSelected ? QItemSelectionModel::NoUpdate
+                                                            : QItemSelectionModel::ClearAndSelect |
+                                                                  QItemSelectionModel::Rows);
+    }
+
     PointCommands& commands_;
 };
 

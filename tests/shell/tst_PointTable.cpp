@@ -270,6 +270,52 @@ private Q_SLOTS:
             QVERIFY(s.takes(s.table, key, Qt::ControlModifier));
     }
 
+    void arrowsAndReturnStayInTheTable()
+    {
+        Scene s;
+        const auto place = [&s] {
+            const QModelIndex at = s.table.currentIndex();
+            return QStringLiteral("%1,%2: %3").arg(at.row()).arg(at.column()).arg(s.selectedRows());
+        };
+        const auto press = [&s](Qt::Key key, Qt::KeyboardModifiers keys = {}) {
+            QTest::keyClick(&s.table, key, keys);
+        };
+        s.table.setFocus();
+        s.canvas.canvas.currentControl()->selection().selectAll({s.x[0]->serial, s.x[2]->serial});
+        s.canvas.showSelection(false);
+        const struct
+        {
+            Qt::Key key;
+            Qt::KeyboardModifiers keys;
+            const char* place;
+        } steps[] = {{Qt::Key_Left, {}, "0,0: 0 2"},
+                     {Qt::Key_Right, {}, "0,1: 0 2"},
+                     {Qt::Key_Right, Qt::ShiftModifier, "0,2: 0 2"},
+                     {Qt::Key_Left, Qt::ShiftModifier, "0,1: 0 2"},
+                     {Qt::Key_Down, Qt::ShiftModifier, "1,1: 0 1 2"},
+                     {Qt::Key_Return, {}, "2,1: 0 1 2"},
+                     {Qt::Key_Enter, Qt::KeypadModifier, "3,1: 3"},
+                     {Qt::Key_Return, {}, "3,1: 3"},
+                     {Qt::Key_Up, {}, "2,1: 2"}};
+        for (const auto& step : steps) {
+            press(step.key, step.keys);
+            QCOMPARE(place(), step.place);
+        }
+        s.type(2, Value, "4");
+        QCOMPARE(place(), "3,1: 3");
+        s.select(1, 3);
+        s.table.selectionModel()->setCurrentIndex(s.cell(2, EaseFrom), QItemSelectionModel::NoUpdate);
+        press(Qt::Key_Right);
+        QCOMPARE(place(), "2,9: 1 2 3");
+        const auto corner = [&s] {
+            return s.table.viewport()->grab().toImage().pixelColor(
+                s.table.visualRect(s.table.currentIndex()).topLeft() + QPoint(1, 1));
+        };
+        QCOMPARE(corner(), s.table.palette().color(QPalette::HighlightedText));
+        s.canvas.setFocus();
+        QVERIFY(corner() != s.table.palette().color(QPalette::HighlightedText));
+    }
+
     void hiddenPageComputesNothing()
     {
         Scene s;
