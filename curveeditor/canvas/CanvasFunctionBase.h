@@ -341,8 +341,8 @@ private:
     bool pressOnEmptyCanvas(const QMouseEvent& event);
     void closePointMenu();
     void openPointMenu(const QPoint& globalPosition);
-    void beginDrag();
-    void beginGuide(bool keepsDistance);
+    void beginDrag(bool withCtrl);
+    void beginGuide(bool keepsDistance, bool withCtrl);
     void dragSelection(const Gesture::Place& mouse, const MouseState& held);
     bool isClick(const QMouseEvent& release) const;
     void selectInBand();

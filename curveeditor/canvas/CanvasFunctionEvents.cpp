@@ -186,7 +186,7 @@ bool CanvasFunctionBase::pressOnSelection(const QMouseEvent& event)
         return false;
     }
     if (event.button() == Qt::LeftButton || event.button() == Qt::MiddleButton)
-        beginDrag();
+        beginDrag(stateBefore(event).has(Qt::ControlModifier));
     return true;
 }
 
@@ -280,7 +280,7 @@ void CanvasFunctionBase::mouseMove(QMouseEvent* event)
     lastPlace_ = place;
 }
 
-void CanvasFunctionBase::beginDrag()
+void CanvasFunctionBase::beginDrag(bool withCtrl)
 {
     const SplineEdits::Part part = current_->control().activePart;
     const QString one =
@@ -300,10 +300,10 @@ void CanvasFunctionBase::beginDrag()
     viewport_->gesture.beginAtPoints(std::move(drags));
     drag_ = door_.begin(text, std::move(targets));
     readers_.clear();
-    beginGuide(keepsDistance);
+    beginGuide(keepsDistance, withCtrl);
 }
 
-void CanvasFunctionBase::beginGuide(bool keepsDistance)
+void CanvasFunctionBase::beginGuide(bool keepsDistance, bool withCtrl)
 {
     Gesture& gesture = viewport_->gesture;
     std::vector<PointSerial> moving;
@@ -312,7 +312,7 @@ void CanvasFunctionBase::beginGuide(bool keepsDistance)
         moving.insert(moving.end(), points.begin(), points.end());
     }
     prepareSnap(moving);
-    guide.begin(gesture.grabbed(lastPlace_, viewport_->mapping()), lastPlace_, !keepsDistance);
+    guide.begin(gesture.grabbed(lastPlace_, viewport_->mapping()), lastPlace_, !keepsDistance, withCtrl);
 }
 
 void CanvasFunctionBase::prepareSnap(const std::vector<PointSerial>& moving)
@@ -444,7 +444,8 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event, bool isFocused)
                 selected.selectOnly(nullptr);
             });
     } else if (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left) {
-        if (isFocused || control.hasSelection())
+        const bool isDragged = viewport_ && viewport_->gesture.isAtPoints();
+        if (!isDragged && (isFocused || control.hasSelection()))
             stepSelection(event->key() == Qt::Key_Right);
     }
 }

@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/DragGuide.h>
 
-void DragGuide::begin(const Gesture::Place& grabbed, const Gesture::Place& anchor, bool goesToMouse)
+void DragGuide::begin(const Gesture::Place& grabbed, const Gesture::Place& anchor, bool goesToMouse,
+                      bool toggled)
 {
     grabbed_ = grabbed;
     offset_ = {};
     if (!goesToMouse)
         offset_ = {grabbed.time - anchor.time, grabbed.value - anchor.value};
     hit_ = {};
+    ignoresToggle_ = toggled;
 }
 
 Gesture::Place DragGuide::guided(const Gesture::Place& mouse, const PlaneMapping& view, bool toggled)
 {
     const Gesture::Place target{mouse.time + offset_.time, mouse.value + offset_.value};
-    hit_ = isSnapping != toggled ? snap.snapped(target, view) : Snap::Result{target};
+    ignoresToggle_ = ignoresToggle_ && toggled;
+    hit_ = isSnapping != (toggled && !ignoresToggle_) ? snap.snapped(target, view) : Snap::Result{target};
     if (axis == Axis::Time) {
         hit_.place.value = grabbed_.value;
         hit_.valueKinds = Snap::Nothing;

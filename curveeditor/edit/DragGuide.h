@@ -17,8 +17,9 @@ public:
     Axis axis = Axis::Both;  ///< along which points move
 
     /// To be called when a drag begins. `grabbed` is where the point is that follows the mouse, which was pressed at
-    /// `anchor`; `goesToMouse` if it jumps there instead of keeping its distance.
-    void begin(const Gesture::Place& grabbed, const Gesture::Place& anchor, bool goesToMouse);
+    /// `anchor`; `goesToMouse` if it jumps there instead of keeping its distance. A key that was `toggled` then meant
+    /// the press, and toggles only once it has been let go.
+    void begin(const Gesture::Place& grabbed, const Gesture::Place& anchor, bool goesToMouse, bool toggled);
     /// Where the mouse would be if it led the point to where it shall go.
     Gesture::Place guided(const Gesture::Place& mouse, const PlaneMapping& view, bool toggled);
     void end() { hit_ = {}; }
@@ -30,4 +31,5 @@ private:
     Gesture::Place grabbed_;
     Gesture::Place offset_; ///< from the mouse to the point
     Snap::Result hit_;
+    bool ignoresToggle_ = false;
 };
