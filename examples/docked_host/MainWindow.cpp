@@ -5,8 +5,12 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QRandomGenerator>
+#include <QSaveFile>
+#include <QTextStream>
 #include <QToolBar>
 #include <QUndoCommand>
 
@@ -81,6 +85,9 @@ void MainWindow::addEditor()
 
 void MainWindow::addMenus()
 {
+    QMenu* const file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("Save the path of the ball…"), this, &MainWindow::save)
+        ->setShortcut(QKeySequence::Save);
     QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
     QAction* const undo = undoStack_.createUndoAction(this);
     undo->setShortcut(QKeySequence::Undo);
@@ -92,6 +99,22 @@ void MainWindow::addMenus()
     QAction* const playing = addToolBar(tr("Clock"))->addAction(tr("Play"));
     playing->setCheckable(true);
     connect(playing, &QAction::toggled, this, &MainWindow::play);
+}
+
+/// The editor has a key of the same name, which acts while the focus is in it.
+void MainWindow::save()
+{
+    const QString name = QFileDialog::getSaveFileName(this, tr("Save the path of the ball"));
+    if (name.isEmpty())
+        return;
+    QSaveFile file(name);
+    const bool isOpen = file.open(QIODevice::WriteOnly | QIODevice::Text);
+    QTextStream out(&file);
+    for (int frame = 0; isOpen && frame <= int(duration * fps); ++frame)
+        out << frame / fps << ' ' << x_.spline(frame / fps) << ' ' << y_.spline(frame / fps) << '\n';
+    out.flush();
+    if (!isOpen || !file.commit())
+        QMessageBox::warning(this, windowTitle(), tr("%1 could not be saved.").arg(name));
 }
 
 void MainWindow::changeColor()

@@ -15,7 +15,7 @@
 class CurveEditor;
 
 /// A host with the editor in a dock. The stage follows each step of an edit, and the edits of the user and the commands
-/// of the host go back in one order by the menu "Edit".
+/// of the host go back in one order by the menu "Edit". Ctrl+S saves what the host makes of the curves.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -34,6 +34,7 @@ private:
 
     void addEditor();
     void addMenus();
+    void save();
     void changeColor();
     void play(bool on);
     void advance();

@@ -9,6 +9,7 @@ Stage::Stage(const SplineBase& x, const SplineBase& y, double duration, QWidget*
     : QWidget(parent), x_(x), y_(y), duration_(duration)
 {
     setMinimumSize(320, 180);
+    setFocusPolicy(Qt::ClickFocus); // a click takes the keys from the editor
 }
 
 void Stage::setTime(double time)
