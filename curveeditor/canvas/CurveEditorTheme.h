@@ -121,7 +121,7 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     QColor field = QColor(128, 128, 128); ///< fields of numbers
     QColor fieldText = QColor(0, 0, 0);
     QColor formula = QColor(32, 32, 32); ///< the formula line
-    QColor formulaText = QColor(224, 224, 224);
+    QColor formulaText = QColor(255, 255, 255);
     QColor formulaWarning = QColor(255, 55, 33); ///< the faulty part of a formula
     QColor preview = QColor(192, 192, 192);      ///< the small picture on the node page
     QColor previewCurve = QColor(0, 0, 0);       ///< in it

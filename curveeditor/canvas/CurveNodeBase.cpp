@@ -38,17 +38,6 @@ QActionGroup* curvesGroup(QWidget* menu)
     return group;
 }
 
-/// Puts an entry where its text belongs in a menu whose others are in order.
-void insertSorted(QWidget* menu, QAction* entry)
-{
-    menu->removeAction(entry);
-    const QList<QAction*> entries = menu->actions();
-    const auto next =
-        std::upper_bound(entries.begin(), entries.end(), entry->text(),
-                         [](const QString& text, const QAction* other) { return text < other->text(); });
-    menu->insertAction(next == entries.end() ? nullptr : *next, entry);
-}
-
 } // namespace
 
 CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QString& name,
@@ -64,7 +53,7 @@ CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, QWidget* menu, const QS
     action_->setCheckable(true);
     if (menu) {
         curvesGroup(menu)->addAction(action_);
-        insertSorted(menu, action_);
+        menu->addAction(action_);
     }
     connect(action_, &QAction::triggered, this, &CurveNodeBase::setThisNode);
     curve_->setKind(getExpression() ? CurveKind::Expression : CurveKind::Spline);
@@ -80,11 +69,6 @@ void CurveNodeBase::setName(const QString& newName)
 {
     curve_->name = newName;
     action_->setText(newName);
-    const QList<QObject*> places = action_->associatedObjects();
-    for (QObject* const place : places) {
-        if (auto* const menu = qobject_cast<QWidget*>(place))
-            insertSorted(menu, action_);
-    }
 }
 
 void CurveNodeBase::toggleAction()

@@ -2,6 +2,8 @@
 #include <curveeditor/panel/CustomEditLine.h>
 
 #include <curveeditor/canvas/StepKey.h>
+#include <curveeditor/files/NumberText.h>
+#include <curveeditor/panel/FaultColors.h>
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -19,12 +21,6 @@ constexpr double initialBound = 100000000.0;
 constexpr int initialMaximumLength = 9;
 constexpr double stepPerPixel = double(0.005f);
 constexpr int sizeHintCharacters = 17; // what QLineEdit::sizeHint makes room for, in widths of an "x"
-
-double numberIn(QString text)
-{
-    const double value = text.replace(QLatin1Char(','), QLatin1Char('.')).toDouble();
-    return std::isnan(value) ? 0.0 : value;
-}
 
 QString numberText(double value, int room)
 {
@@ -63,12 +59,6 @@ double dragWeight(double pressValue)
     return double(static_cast<float>(std::min(std::abs(pressValue), largest))) + 1.0;
 }
 
-bool movesCursor(const QKeyEvent& key)
-{
-    return key.key() == Qt::Key_Left || key.key() == Qt::Key_Right || key.key() == Qt::Key_Home ||
-           key.key() == Qt::Key_End;
-}
-
 bool holdsDragButton(Qt::MouseButtons buttons)
 {
     buttons.setFlag(Qt::RightButton, false);
@@ -77,7 +67,8 @@ bool holdsDragButton(Qt::MouseButtons buttons)
 
 } // namespace
 
-CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit(parent)
+CustomEditLine::CustomEditLine(QWidget* parent, const QString& name)
+    : QLineEdit(parent), sign_(locale().decimalPoint())
 {
     setObjectName(name);
     setBounds(-initialBound, initialBound);
@@ -86,6 +77,7 @@ CustomEditLine::CustomEditLine(QWidget* parent, const QString& name) : QLineEdit
     setMaxLength(initialMaximumLength);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    connect(this, &QLineEdit::textChanged, this, &CustomEditLine::noteNumber);
     connect(this, &QLineEdit::returnPressed, this, &CustomEditLine::checkTextBounds);
     connect(this, &QLineEdit::returnPressed, this, [this] { Q_EMIT editFinished(this); });
     connect(this, &QLineEdit::textEdited, this, [this] {
@@ -112,7 +104,8 @@ void CustomEditLine::setColors(const QColor& field, const QColor& text, const QC
         colors.setColor(QPalette::Disabled, QPalette::Base, disabledField);
     if (disabledText.isValid())
         colors.setColor(QPalette::Disabled, QPalette::Text, disabledText);
-    setPalette(colors);
+    colors_ = colors;
+    setPalette(isMarked_ ? faultColors(colors_) : colors_);
 }
 
 double CustomEditLine::clampToBounds(double value) const
@@ -124,15 +117,25 @@ double CustomEditLine::clampToBounds(double value) const
 
 void CustomEditLine::setValue(double value)
 {
-    const QString shown = numberText(value, maxLength());
-    const bool isBeingTyped = hasFocus() && isModified() && shown == numberText(boundedNumber(), maxLength());
+    const QString shown = textFor(value);
+    const bool isBeingTyped = hasFocus() && isModified() && shown == textFor(number_);
     if (!isBeingTyped)
         setText(shown);
 }
 
 QString CustomEditLine::textFor(double value) const
 {
-    return numberText(value, maxLength());
+    return NumberText::inLocale(numberText(value, maxLength()), locale());
+}
+
+bool CustomEditLine::shows(double value) const
+{
+    return NumberText::withPoint(text()) == numberText(value, maxLength());
+}
+
+bool CustomEditLine::isNumber() const
+{
+    return NumberText::read(text()).has_value();
 }
 
 void CustomEditLine::setValue(double value, const char* label)
@@ -141,7 +144,7 @@ void CustomEditLine::setValue(double value, const char* label)
     int room = maxLength();
     while (room > 1 && !isInSight(taggedText(value, tag, room)))
         --room;
-    setText(taggedText(value, tag, room));
+    setText(NumberText::inLocale(taggedText(value, tag, room), locale()));
 }
 
 int CustomEditLine::edgeWidth() const
@@ -172,7 +175,23 @@ QSize CustomEditLine::minimumSizeHint() const
 
 void CustomEditLine::checkTextBounds()
 {
-    setText(numberText(boundedNumber(), maxLength()));
+    setText(textFor(isNumber() ? clampToBounds(number_) : number_));
+}
+
+/// What the program shows may lie beyond the bounds, and is no slip, be it empty.
+void CustomEditLine::noteNumber()
+{
+    const std::optional<double> number = NumberText::read(text());
+    if (number)
+        number_ = isModified() || std::isinf(*number) ? clampToBounds(*number) : *number;
+    if (number || !isModified())
+        setMarked(false);
+}
+
+void CustomEditLine::setMarked(bool isMarked)
+{
+    if (std::exchange(isMarked_, isMarked) != isMarked)
+        setPalette(isMarked ? faultColors(colors_) : colors_);
 }
 
 void CustomEditLine::mousePressEvent(QMouseEvent* event)
@@ -182,7 +201,7 @@ void CustomEditLine::mousePressEvent(QMouseEvent* event)
         return;
     dragging_ = true;
     pressGlobalY_ = event->globalPosition().toPoint().y();
-    pressValue_ = numberIn(text());
+    pressValue_ = isNumber() || isMarked_ ? number_ : 0.0;
 }
 
 // The base would paste the selection of the desktop at a middle release, over the number just dragged.
@@ -214,8 +233,6 @@ void CustomEditLine::keyPressEvent(QKeyEvent* event)
         return event->ignore();
     if (event->key() == Qt::Key_Escape)
         return cancelEdit();
-    if (text().isEmpty() && movesCursor(*event))
-        checkTextBounds();
     handlingKey_ = true;
     QLineEdit::keyPressEvent(event);
     handlingKey_ = false;
@@ -231,6 +248,8 @@ void CustomEditLine::focusInEvent(QFocusEvent* event)
 void CustomEditLine::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
+    if (isMarked_ && event->reason() != Qt::PopupFocusReason)
+        checkTextBounds();
     Q_EMIT editFinished(this);
 }
 
@@ -264,6 +283,11 @@ void CustomEditLine::changeEvent(QEvent* event)
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         stopDrag();
+    if (event->type() != QEvent::LocaleChange)
+        return;
+    const QString before = std::exchange(sign_, locale().decimalPoint());
+    if (!isModified())
+        setText(text().replace(before, sign_));
 }
 
 // A number that is cut is a false one. Only a line that shows where the mouse is can be that narrow.
@@ -274,12 +298,9 @@ void CustomEditLine::resizeEvent(QResizeEvent* event)
         clear();
 }
 
-double CustomEditLine::boundedNumber() const
-{
-    return clampToBounds(numberIn(text()));
-}
-
 void CustomEditLine::reportText()
 {
-    Q_EMIT newValueSet(boundedNumber(), this);
+    noteNumber();
+    setMarked(!isNumber());
+    Q_EMIT newValueSet(clampToBounds(number_), this);
 }

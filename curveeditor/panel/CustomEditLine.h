@@ -5,11 +5,12 @@
 
 /// A line for one number. It shows three decimals, reports every change at once, keeps what it reports
 /// between two bounds, and changes its number when the mouse is dragged up or down over it. Typing leaves the text as
-/// typed; a drag, and a key that moves the cursor in an empty line, show the number that the text stands for.
+/// typed; a drag, Return and leaving the line show the number that it stands for.
 ///
-/// The text is the value: no number is kept beside it. A text that is no number counts as 0.0, also "nan"; an
-/// infinite one counts as the bound on its side. The decimal sign is "." whatever the locale; a comma is read as
-/// one. Undo and redo keys are left to the window, since it is edits that they take back and not their typing.
+/// What the user types is read as `NumberText` says; an infinity counts as the bound on its side. While the text is
+/// no number the line is marked and reports the last number that it held, which Return or leaving puts back, so
+/// that a slip destroys nothing. The decimal sign on show is that of the widget's locale. Undo and redo keys are left
+/// to the window, since it is edits that they take back and not their typing.
 class CustomEditLine : public QLineEdit
 {
     Q_OBJECT
@@ -19,7 +20,7 @@ public:
     explicit CustomEditLine(QWidget* parent = nullptr, const QString& name = QString());
 
     /// The colours while the line is enabled, and while it is not. Those of the latter that are invalid are the
-    /// application's.
+    /// application's. A marked line looks the same in all themes.
     void setColors(const QColor& field, const QColor& text, const QColor& disabledField = QColor(),
                    const QColor& disabledText = QColor());
 
@@ -37,6 +38,10 @@ public:
 
     /// The text that `setValue` shows for a number.
     QString textFor(double value) const;
+    /// Whether the text is what `setValue` shows for that number, with whichever decimal sign.
+    bool shows(double value) const;
+    /// Whether the text is a number, if only an infinite one.
+    bool isNumber() const;
 
     /// Shows `value` with three decimals and the label, in UTF-8, in brackets, "1.000 [Time]". Where that does not fit, the
     /// number is rounded to two decimals or one, else it stands without the label, with an exponent if it must. The
@@ -81,7 +86,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    double boundedNumber() const;
+    void noteNumber();
+    void setMarked(bool isMarked);
     int edgeWidth() const;
     bool isInSight(const QString& text) const;
     void reportText();
@@ -92,5 +98,9 @@ private:
     bool dragging_ = false;
     double maxValue_ = 0.0;
     double minValue_ = 0.0;
+    double number_ = 0.0; ///< the last that the text was
     bool handlingKey_ = false;
+    bool isMarked_ = false;
+    QString sign_; ///< the decimal sign on show
+    QPalette colors_;
 };

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int maximumLength = 16384;
 constexpr QColor lineColor(32, 32, 32);
-constexpr QColor textColor(224, 224, 224);
+constexpr QColor textColor(255, 255, 255);
 constexpr QColor warningColor(255, 55, 33);
 
 } // namespace

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/PointTableModel.h>
 
+#include <curveeditor/files/NumberText.h>
 #include <curveeditor/panel/NodePage.h>
-
-#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -36,14 +35,6 @@ const std::vector<SplineBase::PointInfo*>& pointsOf(const ControlSplineNode* con
 {
     static const std::vector<SplineBase::PointInfo*> none;
     return control && control->getSpline() ? control->getSpline()->getControlPoints() : none;
-}
-
-/// Without an exponent where that is readable.
-QString shortestText(double number)
-{
-    const double size = std::abs(number);
-    const bool isPlain = size >= 1e-5 && size < 1e15;
-    return QString::number(number, isPlain ? 'f' : 'g', QLocale::FloatingPointShortest);
 }
 
 } // namespace
@@ -96,6 +87,13 @@ void PointTableModel::translate()
         Q_EMIT dataChanged(index(0, Type), index(rowCount() - 1, Type));
 }
 
+void PointTableModel::setLocale(const QLocale& locale)
+{
+    locale_ = locale;
+    if (!rows_.empty())
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+}
+
 int PointTableModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(rows_.size());
@@ -117,17 +115,23 @@ QVariant PointTableModel::data(const QModelIndex& cell, int role) const
         return int(Qt::AlignVCenter | (cell.column() == Type ? Qt::AlignLeft : Qt::AlignRight));
     const SplineBase::PointInfo* const point = pointOf(cell);
     const bool isText = role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole;
-    return point && isText ? textOf(*point, cell.column()) : QVariant();
+    return point && isText ? textOf(*point, cell.column(), role) : QVariant();
 }
 
-QString PointTableModel::textOf(const SplineBase::PointInfo& point, int column) const
+QString PointTableModel::textOf(const SplineBase::PointInfo& point, int column, int role) const
 {
     if (column == Type) {
         const bool isKnown = point.type == SplineBase::Bezier || point.type == SplineBase::Tcb;
         return typeNames().at(isKnown ? point.type : SplineBase::Linear);
     }
+    const double number = shownNumber(point, column);
+    return role == Qt::DisplayRole ? NumberText::brief(number, locale_) : NumberText::full(number, locale_);
+}
+
+double PointTableModel::shownNumber(const SplineBase::PointInfo& point, int column) const
+{
     const double number = SplineEdits::read(point, numbers[std::size_t(column)].field);
-    return shortestText(column == Time && unit_->isModeFrames() ? number * unit_->getFps() : number);
+    return column == Time && unit_->isModeFrames() ? number * unit_->getFps() : number;
 }
 
 QVariant PointTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -195,14 +199,15 @@ bool PointTableModel::readNumber(const SplineBase::PointInfo& point, int column,
 {
     const auto& [field, bound] = numbers[std::size_t(column)];
     number = SplineEdits::read(point, field);
-    if (text == textOf(point, column))
+    if (NumberText::withPoint(text) == NumberText::full(shownNumber(point, column), QLocale::c()))
         return true;
-    bool isNumber = false;
-    const double typed = QString(text).replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
-    number = column == Time && unit_->isModeFrames() ? typed / unit_->getFps() : typed;
+    const std::optional<double> typed = NumberText::read(text);
+    number = typed.value_or(0.0);
+    if (column == Time && unit_->isModeFrames())
+        number /= unit_->getFps();
     if (bound != 0.0)
         number = std::clamp(number, -bound, bound);
-    return isNumber && std::isfinite(typed);
+    return typed && std::isfinite(number);
 }
 
 /// An edit that is open elsewhere is told when it is committed, and who hears of it may take the curve away.

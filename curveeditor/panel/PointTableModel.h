@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/ControlSplineNode.h>
 
 #include <QAbstractTableModel>
+#include <QLocale>
 #include <QPointer>
 #include <QStringList>
 
@@ -13,8 +14,9 @@ class NodePage;
 
 /// The points of one curve as the rows of a table, ascending in time, and their fields as its columns.
 ///
-/// Numbers are read from the spline when they are asked for, and shown in the shortest form that reads back to the
-/// same bits, with "." as decimal sign; a comma is read as one. The host may do anything to spline and curve between two
+/// Numbers are read from the spline when they are asked for. Six digits of them are shown; to be edited, and in the
+/// tool tip, they stand in the shortest form that reads back to the same bits. What is typed is read as `NumberText`
+/// says. The host may do anything to spline and curve between two
 /// calls: edits name the points by their serials, and pass over those that are gone. After a change by others
 /// `show` brings the rows up to date.
 class PointTableModel : public QAbstractTableModel
@@ -49,8 +51,8 @@ public:
     PointSerial pointIn(int row) const;
 
     /// Gives the field in the column of `cell` to the points of all `rows`, as one edit. A text that is no finite
-    /// number, or no type, changes nothing and gives false; so does an edit that leaves all as it was. The text on
-    /// show in `cell` stands for that very number. Parameters and ease are kept within -10 ... 10 and -1 ... 1.
+    /// number, or no type, changes nothing and gives false; so does an edit that leaves all as it was. The text that
+    /// `cell` has to be edited stands for that very number. Parameters and ease are kept within -10 ... 10 and -1 ... 1.
     bool setText(const QModelIndex& cell, const QString& text, const std::vector<int>& rows);
     /// Why that text can't be taken, for the user; empty if it can.
     QString faultOf(const QModelIndex& cell, const QString& text) const;
@@ -58,6 +60,8 @@ public:
     static QStringList typeNames();
     /// To be called when the language has changed: all views take their texts anew.
     void translate();
+    /// Whose decimal sign numbers show; that of `QLocale()` at first.
+    void setLocale(const QLocale& locale);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -72,12 +76,14 @@ Q_SIGNALS:
 
 private:
     const SplineBase::PointInfo* pointOf(const QModelIndex& cell) const;
-    QString textOf(const SplineBase::PointInfo& point, int column) const;
+    QString textOf(const SplineBase::PointInfo& point, int column, int role) const;
+    double shownNumber(const SplineBase::PointInfo& point, int column) const;
     bool readNumber(const SplineBase::PointInfo& point, int column, const QString& text,
                     double& number) const;
     template <typename Work> bool edit(const QString& one, const QString& many, std::size_t count, Work work);
 
     const NodePage* unit_;
+    QLocale locale_;
     QPointer<ControlSplineNode> control_;
     std::vector<PointSerial> rows_;
 };

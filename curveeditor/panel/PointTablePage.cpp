@@ -22,8 +22,7 @@
 namespace {
 
 constexpr const char* pickedProperty = "picked";
-constexpr int digitsInSight = 11;
-constexpr int digitsOfLongest = 22;
+constexpr int digitsInSight = 13;
 constexpr int currentCellWidth = 2; // of the frame around it
 
 std::vector<int> selectedRows(const QTableView& view)
@@ -257,6 +256,7 @@ PointTablePage::PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas,
     view_->horizontalHeader()->setHighlightSections(false);
     fitToFont();
     translate();
+    model_.setLocale(locale());
     connect(view_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &PointTablePage::pickSelection);
     connect(&model_, &PointTableModel::edited, this, &PointTablePage::edited);
@@ -267,10 +267,7 @@ void PointTablePage::fitToFont()
     for (QHeaderView* const header : {view_->horizontalHeader(), view_->verticalHeader()})
         header->setFont(font()); // else it may have another one from the desktop
     view_->verticalHeader()->setDefaultSectionSize(view_->verticalHeader()->minimumSectionSize());
-    const int digitWidth = fontMetrics().horizontalAdvance(u'0');
-    view_->horizontalHeader()->setDefaultSectionSize(digitWidth * digitsInSight);
-    for (const int column : {PointTableModel::Time, PointTableModel::Value})
-        view_->setColumnWidth(column, digitWidth * digitsOfLongest);
+    view_->horizontalHeader()->setDefaultSectionSize(fontMetrics().horizontalAdvance(u'0') * digitsInSight);
     fitToTitles();
 }
 
@@ -351,6 +348,8 @@ void PointTablePage::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         fitToFont();
+    if (event->type() == QEvent::LocaleChange)
+        model_.setLocale(locale());
 }
 
 void PointTablePage::translate()

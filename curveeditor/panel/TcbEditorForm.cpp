@@ -138,9 +138,9 @@ void TcbEditorForm::clearLostPoint(const ControlSplineNode* control)
     if (shownPoint_ == 0 || isOneOfMany)
         return;
     shownPoint_ = 0;
-    widgets_.node->clear();
+    widgets_.node->setText(QString());
     for (const Row& row : Row::all)
-        (widgets_.*row.widget)->clear();
+        (widgets_.*row.widget)->setText(QString());
     showPreview(SplineBase::PointInfo());
 }
 
@@ -213,7 +213,8 @@ void TcbEditorForm::valueChanged(const double& value, CustomEditLine* sender)
     if (std::isfinite(number) && number != SplineEdits::read(point, row->field))
         writeNumber(sender, *row, number);
     if (const int shown = control == currentControl_ ? editableIndex() : -1; shown >= 0) {
-        showNodeIndex(shown);
+        if (row->field == Field::Time)
+            showNodeIndex(shown);
         showPreview(*control->pointAt(shown));
     }
     Q_EMIT nodeTcbChanged(control);
@@ -232,9 +233,9 @@ double TcbEditorForm::editedNumber(double value, const CustomEditLine& sender, c
                                    const SplineBase::PointInfo& point) const
 {
     const auto isShownFor = [&](const SplineBase::PointInfo& candidate) {
-        return sender.text() == sender.textFor(shownNumber(candidate, row));
+        return sender.shows(shownNumber(candidate, row));
     };
-    if (isShownFor(point))
+    if (!sender.isNumber() || isShownFor(point))
         return SplineEdits::read(point, row.field);
     if (isEditing() && editedField_ == &sender && isShownFor(before_))
         return SplineEdits::read(before_, row.field);

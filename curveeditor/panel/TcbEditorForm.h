@@ -16,7 +16,8 @@
 /// one point of it is selected. What stands in the fields is never a point that is selected no more.
 ///
 /// All typing in one field until it is left, Return or another edit, and a whole drag on a field, are one edit.
-/// A text that is what the form shows for the point's number means that very number, not its three decimals.
+/// A text that is what the form shows for the point's number means that very number, not its three decimals; one
+/// that is no number leaves the point alone.
 class TcbEditorForm : public QObject
 {
     Q_OBJECT

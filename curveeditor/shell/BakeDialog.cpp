@@ -3,12 +3,12 @@
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/files/NumberText.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/shell/DialogParts.h>
 
 #include <QComboBox>
 #include <QDeadlineTimer>
-#include <QLineEdit>
 
 #include <algorithm>
 #include <cmath>
@@ -33,7 +33,7 @@ BakeDialog::BakeDialog(QWidget* editor, CanvasFunctionBase& canvas)
         std::minmax_element(points.begin(), points.end(),
                             [](const auto& left, const auto& right) { return left.pos < right.pos; });
     if (!points.empty())
-        tolerance_->setText(QString::number(usualTolerance(lowest->pos, highest->pos)));
+        tolerance_->setNumber(usualTolerance(lowest->pos, highest->pos));
 }
 
 void BakeDialog::addTimes()
@@ -88,7 +88,7 @@ bool BakeDialog::isFitted() const
 
 std::optional<CurveFit::Steps> BakeDialog::steps() const
 {
-    const std::optional<double> from = numberIn(*from_), to = numberIn(*to_), every = numberIn(*every_);
+    const std::optional<double> from = from_->number(), to = to_->number(), every = every_->number();
     if (!from || !to || !every)
         return std::nullopt;
     return CurveFit::Steps{*from, *to, *every};
@@ -99,8 +99,8 @@ FitDialog::Outcome BakeDialog::work()
     result_ = {};
     const std::optional<CurveFit::Steps> times = steps();
     if (!times)
-        return {tr("The times are numbers."), false};
-    if (isFitted() && numberIn(*tolerance_).value_or(-1.0) < 0.0)
+        return {tr("The times must be numbers."), false};
+    if (isFitted() && tolerance_->number().value_or(-1.0) < 0.0)
         return {toleranceHint(), false};
     if (!curve())
         return {};
@@ -126,7 +126,7 @@ CurveFit::Result BakeDialog::bake(const CurveFit::Steps& times)
         return value;
     };
     CurveFit::Result result =
-        isFitted() ? CurveFit::bake(function, times, {numberIn(*tolerance_).value_or(0.0), false})
+        isFitted() ? CurveFit::bake(function, times, {tolerance_->number().value_or(0.0), false})
                    : CurveFit::bake(function, times, SplineBase::NodeType(kind_->currentIndex()));
     for (SplineBase::PointInfo& point : result.spline.points) {
         point.time /= shownPerTime_;
@@ -141,7 +141,7 @@ FitDialog::Outcome BakeDialog::outcomeOf(const CurveFit::Steps& times) const
     if (isLate_)
         return {tr("This takes too long. Fewer points may do."), false};
     if (!(times.step > 0.0))
-        return {tr("The step is greater than 0."), false};
+        return {tr("The step must be greater than 0."), false};
     if (times.first > times.last)
         return {tr("The first time is later than the last."), false};
     if (result_.status == CurveFit::Status::TooManyPoints || result_.status == CurveFit::Status::BadRange)
@@ -154,7 +154,7 @@ FitDialog::Outcome BakeDialog::outcomeOf(const CurveFit::Steps& times) const
     return {tr("%1 values become %2 points, at most %3 away.")
                 .arg(samples_)
                 .arg(count)
-                .arg(result_.deviation, 0, 'g', 3),
+                .arg(NumberText::inLocale(QString::number(result_.deviation, 'g', 3), locale())),
             true};
 }
 

@@ -38,9 +38,9 @@ private:
     CurveFit::Result result_;
     std::size_t samples_ = 0; ///< finite values that were baked
     bool isLate_ = false;     ///< the curve took too long to evaluate
-    QLineEdit* from_ = nullptr;
-    QLineEdit* to_ = nullptr;
-    QLineEdit* every_ = nullptr;
+    NumberLine* from_ = nullptr;
+    NumberLine* to_ = nullptr;
+    NumberLine* every_ = nullptr;
     QComboBox* kind_ = nullptr;
-    QLineEdit* tolerance_ = nullptr;
+    NumberLine* tolerance_ = nullptr;
 };

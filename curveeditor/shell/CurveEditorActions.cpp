@@ -279,6 +279,8 @@ void CurveEditor::connectActions()
 void CurveEditor::languageChange()
 {
     CurveEditorDialogBase::languageChange();
+    if (!testAttribute(Qt::WA_SetLocale))
+        unsetLocale(); // the application may have another default now
     if (d_->functionEdit) {
         textLabel1->setText(isModeFrames() ? tr("Frame:") : tr("Time:"));
         showMousePlace();

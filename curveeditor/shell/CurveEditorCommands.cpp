@@ -6,6 +6,7 @@
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/files/CurveFileStore.h>
 #include <curveeditor/files/FileReplacement.h>
+#include <curveeditor/files/NumberText.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PanDialog.h>
@@ -28,20 +29,19 @@ namespace {
 
 constexpr int shownDigits = 6;
 
-double typedNumber(const QLineEdit& line)
+double numberTypedIn(const QLineEdit& line)
 {
-    const double number = line.text().toDouble();
-    return std::isnan(number) ? 0.0 : number;
+    return NumberText::readFinite(line.text()).value_or(0.0);
 }
 
 /// Digits that the line has no room for are left out, so that no exponent is cut off.
-void showNumber(QLineEdit& line, double number)
+void showNumber(QLineEdit& line, double number, const QLocale& locale)
 {
     int digits = shownDigits;
     QString text = QString::number(number, 'g', digits);
     while (text.size() > line.maxLength() && digits > 1)
         text = QString::number(number, 'g', --digits);
-    line.setText(text);
+    line.setText(NumberText::inLocale(text, locale));
 }
 
 /// `actions` and the items of `combo` are in the order of the types.
@@ -180,16 +180,16 @@ void CurveEditor::setRange()
 {
     ModalDialog<ViewportSettings> dialog(this);
     showPanelFont(*dialog);
-    showNumber(*dialog->minX, d_->functionEdit->timeMin);
-    showNumber(*dialog->minY, d_->functionEdit->valueMin);
-    showNumber(*dialog->maxX, d_->functionEdit->timeMax);
-    showNumber(*dialog->maxY, d_->functionEdit->valueMax);
+    showNumber(*dialog->minX, d_->functionEdit->timeMin, locale());
+    showNumber(*dialog->minY, d_->functionEdit->valueMin, locale());
+    showNumber(*dialog->maxX, d_->functionEdit->timeMax, locale());
+    showNumber(*dialog->maxY, d_->functionEdit->valueMax, locale());
     if (dialog.answer() != QDialog::Accepted)
         return;
-    d_->functionEdit->setLimitTimeMin(typedNumber(*dialog->minX));
-    d_->functionEdit->setLimitValueMin(typedNumber(*dialog->minY));
-    d_->functionEdit->setLimitTimeMax(typedNumber(*dialog->maxX));
-    d_->functionEdit->setLimitValueMax(typedNumber(*dialog->maxY));
+    d_->functionEdit->setLimitTimeMin(numberTypedIn(*dialog->minX));
+    d_->functionEdit->setLimitValueMin(numberTypedIn(*dialog->minY));
+    d_->functionEdit->setLimitTimeMax(numberTypedIn(*dialog->maxX));
+    d_->functionEdit->setLimitValueMax(numberTypedIn(*dialog->maxY));
     showTimeBounds();
     paintChangedView();
 }
@@ -198,12 +198,12 @@ void CurveEditor::setScaleSelection()
 {
     ModalDialog<ScaleDialog> dialog(this);
     showPanelFont(*dialog);
-    dialog->scaleX->setText(QStringLiteral("1.0"));
-    dialog->scaleY->setText(QStringLiteral("1.0"));
+    dialog->scaleX->setText(NumberText::inLocale(QStringLiteral("1.0"), locale()));
+    dialog->scaleY->setText(NumberText::inLocale(QStringLiteral("1.0"), locale()));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
     if (dialog.answer() != QDialog::Accepted || !isCurrent(curve))
         return;
-    d_->functionEdit->canvas.scaleSelection(typedNumber(*dialog->scaleX), typedNumber(*dialog->scaleY));
+    d_->functionEdit->canvas.scaleSelection(numberTypedIn(*dialog->scaleX), numberTypedIn(*dialog->scaleY));
     d_->functionEdit->showSelection(false);
 }
 
@@ -211,12 +211,12 @@ void CurveEditor::setPanSelection()
 {
     ModalDialog<PanDialog> dialog(this);
     showPanelFont(*dialog);
-    dialog->panX->setText(QStringLiteral("0.0"));
-    dialog->panY->setText(QStringLiteral("0.0"));
+    dialog->panX->setText(NumberText::inLocale(QStringLiteral("0.0"), locale()));
+    dialog->panY->setText(NumberText::inLocale(QStringLiteral("0.0"), locale()));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
     if (dialog.answer() != QDialog::Accepted || !isCurrent(curve))
         return;
-    d_->functionEdit->canvas.panSelection(typedNumber(*dialog->panX), typedNumber(*dialog->panY));
+    d_->functionEdit->canvas.panSelection(numberTypedIn(*dialog->panX), numberTypedIn(*dialog->panY));
     d_->functionEdit->showSelection(false);
 }
 
@@ -232,7 +232,7 @@ void CurveEditor::resetViewport()
     if (wasTime) {
         textLabel1->setText(tr("Frame:"));
         d_->showFramesAction->setChecked(true);
-        posX->setValue(shownTime(typedNumber(*posX)));
+        posX->setValue(shownTime(numberTypedIn(*posX)));
     }
     showTimeBounds();
     d_->functionEdit->showSelection(false);
@@ -263,7 +263,7 @@ void CurveEditor::setShowTime()
     if (isModeTime())
         return;
     d_->functionEdit->setShowFrames(false);
-    posX->setValue(timeOfFrame(typedNumber(*posX)));
+    posX->setValue(timeOfFrame(numberTypedIn(*posX)));
     showTimeBounds();
     d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();
@@ -275,7 +275,7 @@ void CurveEditor::setShowFrames()
     if (isModeFrames())
         return;
     d_->functionEdit->setShowFrames(true);
-    posX->setValue(shownTime(typedNumber(*posX)));
+    posX->setValue(shownTime(numberTypedIn(*posX)));
     showTimeBounds();
     d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();

@@ -23,7 +23,8 @@ class QVBoxLayout;
 class TcbCurveFrame;
 
 /// The widgets of the main dialog and nothing else: it builds and names them, `CurveEditor` gives them their
-/// work. Every widget and layout is a public member named as its object; all of them are set when the
+/// work. Every widget and layout is a public member named as its object, but for the two tool bars, whose objects
+/// have no name. All of them are set when the
 /// constructor returns, and are children of the dialog that die with it.
 class CURVEEDITOR_EXPORT CurveEditorDialogBase : public QDialog
 {

@@ -11,8 +11,6 @@
 #include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
@@ -36,6 +34,7 @@ FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas)
     : QDialog(editor), canvas_(canvas), curve_(canvas.getCurrentCurve()), form_(new QFormLayout),
       delay_(new QTimer(this))
 {
+    setLocale(editor->locale());
     auto* const column = outerLayout<QVBoxLayout>("column", this);
     column->addLayout(form_);
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
@@ -95,6 +94,8 @@ void FitDialog::reject()
 
 bool FitDialog::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == parent() && event->type() == QEvent::LocaleChange)
+        setLocale(parentWidget()->locale());
     if (watched == parent() && event->type() == QEvent::Hide && !event->spontaneous() && isVisible())
         reject();
     return QDialog::eventFilter(watched, event);
@@ -139,9 +140,9 @@ void FitDialog::setLabel(QWidget* field, const QString& text)
     static_cast<QLabel*>(form_->labelForField(field))->setText(text);
 }
 
-QLineEdit* FitDialog::addNumber(const char* name, double number)
+NumberLine* FitDialog::addNumber(const char* name, double number)
 {
-    auto* const line = new QLineEdit(QString::number(number, 'g', QLocale::FloatingPointShortest));
+    auto* const line = new NumberLine(number);
     addField(name, line);
     connect(line, &QLineEdit::textChanged, this, &FitDialog::fieldChanged);
     return line;
@@ -168,16 +169,9 @@ void FitDialog::refresh()
     ok_->setEnabled(outcome.isPossible);
 }
 
-std::optional<double> FitDialog::numberIn(const QLineEdit& line)
-{
-    bool isNumber = false;
-    const double number = line.text().replace(QLatin1Char(','), QLatin1Char('.')).toDouble(&isNumber);
-    return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
-}
-
 QString FitDialog::toleranceHint()
 {
-    return tr("The tolerance is a number, 0 or more.");
+    return tr("The tolerance must be a number, 0 or more.");
 }
 
 double FitDialog::usualTolerance(double lowest, double highest)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
+#include <curveeditor/shell/NumberLine.h>
 
 #include <QDialog>
 #include <QPointer>
@@ -13,7 +14,6 @@ class CurveNodeBase;
 class QCheckBox;
 class QFormLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 /// Asks how the points of the current curve are to be made anew, and says below the fields what that gives, while
@@ -58,15 +58,13 @@ protected:
     void addField(const char* name, QWidget* field);
     /// A row without a label.
     void addBox(const char* name, QCheckBox* box);
-    QLineEdit* addNumber(const char* name, double number);
+    NumberLine* addNumber(const char* name, double number);
     void setLabel(QWidget* field, const QString& text);
     /// To be called behind the last field: adds the rest, translates and does the work for the first time.
     void addOutcome();
     /// For changes of fields that are no lines.
     void fieldChanged();
 
-    /// The number in the line, with a point or a comma; none if there is another text, or it is not finite.
-    static std::optional<double> numberIn(const QLineEdit& line);
     static QString toleranceHint();
     /// A thousandth of that span as a number of few digits.
     static double usualTolerance(double lowest, double highest);

@@ -2,6 +2,8 @@
 #include <curveeditor/shell/NumbersForm.h>
 
 #include <curveeditor/canvas/TitleWidth.h>
+#include <curveeditor/files/NumberText.h>
+#include <curveeditor/panel/FaultColors.h>
 #include <curveeditor/shell/DialogParts.h>
 
 #include <QDialog>
@@ -80,6 +82,10 @@ NumbersForm::addNumber(const char* layoutName, const char* labelName, const char
         widget->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     line->setMaxLength(lineLength);
     line->setAlignment(Qt::AlignRight);
+    connect(line, &QLineEdit::textChanged, this, [this, line](const QString& text) {
+        if (NumberText::readFinite(text))
+            showFault(*line, false);
+    });
     label->setBuddy(line);
     labels_.append(label);
     lines_.append(line);
@@ -114,6 +120,28 @@ void NumbersForm::setTexts(const QString& title, const QStringList& labelTexts, 
     buttons_[0]->setText(accept);
     buttons_[1]->setText(reject);
     fit();
+}
+
+bool NumbersForm::checkNumbers()
+{
+    QLineEdit* first = nullptr;
+    for (QLineEdit* const line : std::as_const(lines_)) {
+        const bool isFaulty = !NumberText::readFinite(line->text());
+        showFault(*line, isFaulty);
+        if (isFaulty && !first)
+            first = line;
+    }
+    if (first) {
+        first->setFocus();
+        first->selectAll();
+    }
+    return !first;
+}
+
+void NumbersForm::showFault(QLineEdit& line, bool isFaulty) const
+{
+    line.setPalette(isFaulty ? faultColors(QPalette()) : QPalette());
+    line.setToolTip(isFaulty ? tr("This is no number") : QString());
 }
 
 bool NumbersForm::eventFilter(QObject* watched, QEvent* event)

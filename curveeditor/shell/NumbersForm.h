@@ -21,6 +21,8 @@ class QVBoxLayout;
 /// font and language, the one size that its texts take. It belongs to the dialog, and so do all widgets.
 class NumbersForm : public QObject
 {
+    Q_OBJECT
+
 public:
     /// Logical pixels below which nothing shrinks, however narrow the texts are.
     struct Smallest
@@ -42,6 +44,10 @@ public:
     std::tuple<QHBoxLayout*, QPushButton*, QPushButton*> addButtons(const char* layout, const char* accept,
                                                                     const char* reject);
 
+    /// Whether each line holds a finite number, as `NumberText` reads it. Marks those that hold none, until they do,
+    /// and gives the first the focus.
+    bool checkNumbers();
+
     /// Sets every text the user sees; the labels are in the order of their rows.
     void setTexts(const QString& title, const QStringList& labelTexts, const QString& accept,
                   const QString& reject);
@@ -51,6 +57,7 @@ public:
 private:
     QHBoxLayout* addRow(const char* name, QWidget* left, QWidget* right);
     void fit();
+    void showFault(QLineEdit& line, bool isFaulty) const;
 
     QDialog* const dialog_;
     const Smallest smallest_;

@@ -18,6 +18,12 @@ PanDialog::PanDialog(QWidget* parent, const QString& name, bool /*modal*/, Qt::W
     PanDialog::languageChange();
 }
 
+void PanDialog::accept()
+{
+    if (form_->checkNumbers())
+        QDialog::accept();
+}
+
 void PanDialog::languageChange()
 {
     form_->setTexts(tr("pan selection"), {tr("Pan X"), tr("Pan Y")}, tr("Ok"), tr("Cancel"));

@@ -19,6 +19,12 @@ ScaleDialog::ScaleDialog(QWidget* parent, const QString& name, bool /*modal*/, Q
     ScaleDialog::languageChange();
 }
 
+void ScaleDialog::accept()
+{
+    if (form_->checkNumbers())
+        QDialog::accept();
+}
+
 void ScaleDialog::languageChange()
 {
     form_->setTexts(tr("scale selection"), {tr("Scale X"), tr("Scale Y")}, tr("Ok"), tr("Cancel"));

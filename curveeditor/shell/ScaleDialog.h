@@ -41,6 +41,10 @@ public:
     QHBoxLayout* layout5_2 = nullptr;
     /// @}
 
+public Q_SLOTS:
+    /// Marks the lines that hold no number, and accepts only if there are none.
+    void accept() override;
+
 protected Q_SLOTS:
     /// Sets every text the user sees.
     virtual void languageChange();

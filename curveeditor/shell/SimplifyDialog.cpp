@@ -2,10 +2,10 @@
 #include <curveeditor/shell/SimplifyDialog.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/files/NumberText.h>
 #include <curveeditor/model/CurveFit.h>
 
 #include <QCheckBox>
-#include <QLineEdit>
 
 #include <algorithm>
 #include <cmath>
@@ -51,7 +51,7 @@ void SimplifyDialog::takeSpan()
 FitDialog::Outcome SimplifyDialog::work()
 {
     const bool wasLost = hasLostPoint();
-    const std::optional<double> tolerance = numberIn(*tolerance_);
+    const std::optional<double> tolerance = tolerance_->number();
     Outcome outcome{toleranceHint(), false};
     if (tolerance && *tolerance >= 0.0)
         outcome = simplify(*tolerance);
@@ -74,7 +74,9 @@ FitDialog::Outcome SimplifyDialog::simplify(double tolerance)
     trial_.show(result.spline);
     const QString text = isPart_ ? tr("%1 points of the selected part become %2, at most %3 away.")
                                  : tr("%1 points become %2, at most %3 away.");
-    return {text.arg(count).arg(left).arg(result.deviation, 0, 'g', 3), true};
+    return {text.arg(count).arg(left).arg(
+                NumberText::inLocale(QString::number(result.deviation, 'g', 3), locale())),
+            true};
 }
 
 void SimplifyDialog::apply()

@@ -33,6 +33,6 @@ private:
     std::size_t first_ = 0;
     std::size_t last_ = 0;
     bool isPart_ = false;
-    QLineEdit* tolerance_;
+    NumberLine* tolerance_;
     QCheckBox* monotone_;
 };

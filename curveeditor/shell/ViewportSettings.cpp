@@ -23,6 +23,12 @@ ViewportSettings::ViewportSettings(QWidget* parent, const QString& name, bool /*
     ViewportSettings::languageChange();
 }
 
+void ViewportSettings::accept()
+{
+    if (form_->checkNumbers())
+        QDialog::accept();
+}
+
 void ViewportSettings::languageChange()
 {
     form_->setTexts(tr("viewPort Settings"), {tr("MinX"), tr("MinY"), tr("MaxX"), tr("MaxY")}, tr("Ok"),

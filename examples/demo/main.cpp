@@ -49,6 +49,7 @@ QString chooseLanguage(const QString& language, QTranslator& qtTexts)
     const QLocale locale(language);
     if (!installCurveEditorTranslation(locale))
         return QCoreApplication::translate("main", "There is no translation into \"%1\".").arg(language);
+    QLocale::setDefault(locale);
     if (qtTexts.load(locale, "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&qtTexts);
     return QString();

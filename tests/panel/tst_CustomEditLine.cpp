@@ -33,9 +33,15 @@ private Q_SLOTS:
     {
         for (const auto& [start, keys, reported, rewritten] :
              {std::tuple{"", "12", Values{1.0, 10.0}, "10.000"},
-              {"", "-2e0", Values{0.0, -2.0, 0.0, -2.0}, "-2.000"},
+              {"", "-2e0", Values{0.0, -2.0, -2.0, -2.0}, "-2.000"}, // "-" and "-2e" are no numbers
+              {"", "1,5", Values{1.0, 1.0, 1.5}, "1.500"},
+              {"2*", "pi", Values{0.0, 6.283185307179586}, "6.283"},
+              {"5", "--", Values{5.0, 5.0}, "5.000"},
+              {"", "12-t", Values{1.0, 10.0, 10.0, 10.0}, "10.000"},
+              {"-1/", "0", Values{-10.0}, "-10.000"},
+              {"0/", "0", Values{0.0}, "0.000"},
+              {"(1,5", ")", Values{0.0}, "0.000"},
               {"na", "n", Values{0.0}, "0.000"},
-              {"-in", "f", Values{-10.0}, "-10.000"},
               {"3.0005001", "9", Values{3.0005001}, "3.001"}}) { // no room left
             NotingLine line;
             line.setText(start);
@@ -64,13 +70,50 @@ private Q_SLOTS:
         QTest::mouseMove(&line, QPoint(5, 1)); // 12.5 and more is 10.0 again
         QTest::mouseRelease(&line, Qt::LeftButton);
         QCOMPARE(line.text(), "10.000");
-        line.clear();
-        QTest::keyClick(&line, Qt::Key_Backspace);
-        QVERIFY(line.text().isEmpty());
-        QTest::keyClick(&line, Qt::Key_Left);
-        QCOMPARE(line.text(), "0.000");
         line.setValue(9.0);
         QCOMPARE(line.text(), "9.000");
+    }
+
+    void textThatIsNoNumberIsMarkedAndReplacedByTheLastOneWhenLeft()
+    {
+        NotingLine line;
+        line.show();
+        line.setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&line));
+        const QPalette usual = line.palette();
+        line.setValue(12.0); // beyond the bounds, as a host may have it
+        line.selectAll();
+        QTest::keyClick(&line, Qt::Key_Delete);
+        QVERIFY(line.text().isEmpty() && line.palette() != usual);
+        line.setValue(12.0); // shown again meanwhile
+        QVERIFY(line.text().isEmpty() && line.palette() != usual);
+        line.clearFocus();
+        QVERIFY(line.text() == "12.000" && line.palette() == usual);
+        line.setFocus();
+        line.selectAll();
+        QTest::keyClicks(&line, "4x");
+        QVERIFY(line.palette() != usual);
+        line.setValue(7.0); // the host has moved the point
+        QVERIFY(line.text() == "7.000" && line.palette() == usual);
+        QCOMPARE(line.reported, (Values{10.0, 4.0, 4.0}));
+    }
+
+    void signIsThatOfTheLocale()
+    {
+        NotingLine line;
+        line.setMaxLength(15);
+        line.setValue(1.5);
+        line.setLocale(QLocale(QLocale::German));
+        QCOMPARE(line.text(), "1,500");
+        QVERIFY(line.shows(1.5) && !line.shows(1.6));
+        line.setValue(2000.5, "Time");
+        QCOMPARE(line.text(), "2000,500 [Time]");
+        line.setText({});
+        QTest::keyClicks(&line, "1.25");
+        line.setLocale(QLocale(QLocale::French)); // typing goes on
+        QCOMPARE(line.text(), "1.25");
+        QTest::keyClick(&line, Qt::Key_Return);
+        QCOMPARE(line.text(), "1,250");
     }
 
     void showsNumbersWithinItsMaximumLength()

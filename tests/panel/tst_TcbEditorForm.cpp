@@ -123,6 +123,34 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 16);
     }
 
+    void textThatIsNoNumberLeavesThePointAlone()
+    {
+        s->frames = true;
+        s->fps = 29.97;
+        SplineBase::PointInfo* const point = s->select(1);
+        point->time = 0.123456789;
+        point->pos = 1.00049;
+        const SplineBase::PointInfo before = *point;
+        s->form.updateForm(&*s->control, true);
+        for (CustomEditLine* field : {&s->posX, &s->posY}) {
+            field->selectAll();
+            QTest::keyClicks(field, "x");
+            QTest::keyClick(field, Qt::Key_Backspace);
+            QTest::keyClick(field, Qt::Key_Return);
+        }
+        QCOMPARE(QPointF(point->time, point->pos), QPointF(before.time, before.pos));
+    }
+
+    void nodeFieldKeepsWhatIsTypedUntilTheIndexIsShownAgain()
+    {
+        s->select(1);
+        s->node.setText("7");
+        QTest::keyClicks(&s->posY, "1");
+        QCOMPARE(s->node.text(), "7");
+        QTest::keyClicks(&s->posX, "1");
+        QCOMPARE(s->node.text(), "1");
+    }
+
     void typedTimeIsInTheUnitOnShow()
     {
         const SplineBase::PointInfo* point = s->select(1);

@@ -166,6 +166,8 @@ private Q_SLOTS:
     void numberDialogReturnsWhatTheUserChoseAndFollowsTheLanguage()
     {
         ViewportSettings range;
+        for (QLineEdit* const line : {range.minX, range.minY, range.maxX, range.maxY})
+            line->setText("0");
         for (QPushButton* button : {range.allDone, range.cancel}) {
             QTimer::singleShot(0, button, [button] { QTest::mouseClick(button, Qt::LeftButton); });
             QCOMPARE(range.exec(), button == range.allDone ? int(QDialog::Accepted) : int(QDialog::Rejected));

@@ -209,6 +209,29 @@ private Q_SLOTS:
         QVERIFY(s.x.state() == before);
     }
 
+    void stepShowsSixDigitsAndIsEditedInFull()
+    {
+        FitScene s;
+        s.editor.setFps(3.0);
+        s.editor.setShowTime();
+        FitDialog* const dialog = s.open(Qt::Key_B);
+        s.editor.setLocale(QLocale(QLocale::German));
+        dialog->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(dialog));
+        auto* const every = dialog->findChild<NumberLine*>("every");
+        for (const char* const text : {"0,333333", "0,3333333333333333", "0,333333"}) {
+            QCOMPARE(every->text(), text);
+            QCOMPARE(every->number(), std::optional(1.0 / 3.0));
+            every->hasFocus() ? every->clearFocus() : every->setFocus();
+        }
+        const QPalette usual = every->palette();
+        every->setText("1/0");
+        QVERIFY(every->palette() != usual);
+        every->setText("0");
+        QCOMPARE(s.outcome(*dialog), "The step must be greater than 0.");
+        QVERIFY(every->palette() == usual);
+    }
+
     void slowFormulaDoesNotHoldTheEditorUp()
     {
         FitScene s;

@@ -25,7 +25,7 @@ struct Scene : EditorFixture
         editor.tabWidget2->setCurrentIndex(2);
     }
     QModelIndex cell(int row, int column) const { return table.model()->index(row, column); }
-    QString text(int row, int column) const { return cell(row, column).data().toString(); }
+    QString text(int row, int column) const { return cell(row, column).data(Qt::EditRole).toString(); }
     /// The columns of times, of values, and so on, from top to bottom.
     QString column(int column) const
     {
@@ -85,7 +85,7 @@ class tst_PointTable : public QObject
     using Work = std::function<void(Scene&)>;
 
 private Q_SLOTS:
-    void numbersShowInFullPrecision()
+    void numbersShowSixDigitsAndAreEditedInFullPrecision()
     {
         Scene s;
         QCOMPARE(s.editor.tabWidget2->tabText(2), "Points");
@@ -102,6 +102,13 @@ private Q_SLOTS:
         QCOMPARE(headers.size(), 2);
         QCOMPARE(s.column(Value), "0 1e+300 0.1 0.3333333333333333");
         QCOMPARE(s.column(Type), "Tcb Tcb Linear Tcb");
+        QCOMPARE(s.cell(3, Value).data().toString(), "0.333333");
+        s.editor.setLocale(QLocale(QLocale::German));
+        QCOMPARE(s.cell(3, Value).data().toString(), "0,333333");
+        s.type(3, Value, s.text(3, Value).replace(',', '.'));
+        QCOMPARE(s.editor.undoStack()->count(), 0);
+        s.type(3, Value, "1.234");
+        QCOMPARE(s.text(3, Value), "1,234");
     }
 
     void typedTextIsOneEdit_data()
@@ -126,8 +133,9 @@ private Q_SLOTS:
         row("shown text goes to all", Value, "1", "0 1 1 0.3333333333333333", 2);
         row("word", Value, "x", "");
         row("left as it was", Value, "", "", 2);
-        row("infinite", Time, "inf", "");
-        row("infinite parameter", Tension, "-inf", "");
+        row("sum", Value, "1+,5", "0 1.5 0.1 0.3333333333333333");
+        row("infinite", Time, "1/0", "");
+        row("infinite parameter", Tension, "-1/0", "0 -10 0 0");
         row("not a number", Bias, "nan", "");
     }
     void typedTextIsOneEdit()
