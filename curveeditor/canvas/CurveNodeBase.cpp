@@ -16,7 +16,6 @@
 #include <QActionGroup>
 #include <QWidget>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 #include <vector>

@@ -52,16 +52,8 @@
         <translation>To&amp;leranz</translation>
     </message>
     <message>
-        <source>The times are numbers.</source>
-        <translation>Die Zeiten müssen Zahlen sein.</translation>
-    </message>
-    <message>
         <source>This takes too long. Fewer points may do.</source>
         <translation>Das dauert zu lange. Vielleicht genügen weniger Punkte.</translation>
-    </message>
-    <message>
-        <source>The step is greater than 0.</source>
-        <translation>Die Schrittweite muss größer als 0 sein.</translation>
     </message>
     <message>
         <source>The first time is later than the last.</source>
@@ -86,6 +78,14 @@
     <message>
         <source>Bake %1</source>
         <translation>%1 backen</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>Die Zeiten müssen Zahlen sein.</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>Die Schrittweite muss größer als 0 sein.</translation>
     </message>
 </context>
 <context>
@@ -1145,8 +1145,15 @@ Soll die Datei ersetzt werden?</translation>
 <context>
     <name>FitDialog</name>
     <message>
-        <source>The tolerance is a number, 0 or more.</source>
-        <translation>Die Toleranz muss eine Zahl sein, 0 oder mehr.</translation>
+        <source>The tolerance must be a number, 0 or more.</source>
+        <translation>Die Toleranz muss eine Zahl ab 0 sein.</translation>
+    </message>
+</context>
+<context>
+    <name>NumbersForm</name>
+    <message>
+        <source>This is no number</source>
+        <translation>Das ist keine Zahl</translation>
     </message>
 </context>
 <context>

@@ -52,16 +52,8 @@
         <translation>To&amp;lerancia</translation>
     </message>
     <message>
-        <source>The times are numbers.</source>
-        <translation>Los tiempos deben ser números.</translation>
-    </message>
-    <message>
         <source>This takes too long. Fewer points may do.</source>
         <translation>Esto tarda demasiado. Quizá basten menos puntos.</translation>
-    </message>
-    <message>
-        <source>The step is greater than 0.</source>
-        <translation>El intervalo debe ser mayor que 0.</translation>
     </message>
     <message>
         <source>The first time is later than the last.</source>
@@ -86,6 +78,14 @@
     <message>
         <source>Bake %1</source>
         <translation>Hornear %1</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>Los tiempos deben ser números.</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>El paso debe ser mayor que 0.</translation>
     </message>
 </context>
 <context>
@@ -1145,8 +1145,15 @@ Do you want to replace it?</source>
 <context>
     <name>FitDialog</name>
     <message>
-        <source>The tolerance is a number, 0 or more.</source>
-        <translation>La tolerancia debe ser un número, 0 o más.</translation>
+        <source>The tolerance must be a number, 0 or more.</source>
+        <translation>La tolerancia debe ser un número, 0 o mayor.</translation>
+    </message>
+</context>
+<context>
+    <name>NumbersForm</name>
+    <message>
+        <source>This is no number</source>
+        <translation>Esto no es un número</translation>
     </message>
 </context>
 <context>

@@ -52,16 +52,8 @@
         <translation>To&amp;lérance</translation>
     </message>
     <message>
-        <source>The times are numbers.</source>
-        <translation>Les temps doivent être des nombres.</translation>
-    </message>
-    <message>
         <source>This takes too long. Fewer points may do.</source>
         <translation>Cela prend trop de temps. Moins de points suffisent peut-être.</translation>
-    </message>
-    <message>
-        <source>The step is greater than 0.</source>
-        <translation>Le pas doit être supérieur à 0.</translation>
     </message>
     <message>
         <source>The first time is later than the last.</source>
@@ -86,6 +78,14 @@
     <message>
         <source>Bake %1</source>
         <translation>Précalculer %1</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>Les temps doivent être des nombres.</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>Le pas doit être supérieur à 0.</translation>
     </message>
 </context>
 <context>
@@ -1145,8 +1145,15 @@ Voulez-vous le remplacer&#xa0;?</translation>
 <context>
     <name>FitDialog</name>
     <message>
-        <source>The tolerance is a number, 0 or more.</source>
+        <source>The tolerance must be a number, 0 or more.</source>
         <translation>La tolérance doit être un nombre, 0 ou plus.</translation>
+    </message>
+</context>
+<context>
+    <name>NumbersForm</name>
+    <message>
+        <source>This is no number</source>
+        <translation>Ce n&apos;est pas un nombre</translation>
     </message>
 </context>
 <context>

@@ -52,16 +52,8 @@
         <translation>許容差(&amp;L)</translation>
     </message>
     <message>
-        <source>The times are numbers.</source>
-        <translation>時間には数値を入力してください。</translation>
-    </message>
-    <message>
         <source>This takes too long. Fewer points may do.</source>
         <translation>時間がかかりすぎます。ポイントを減らしてみてください。</translation>
-    </message>
-    <message>
-        <source>The step is greater than 0.</source>
-        <translation>間隔は 0 より大きくしてください。</translation>
     </message>
     <message>
         <source>The first time is later than the last.</source>
@@ -86,6 +78,14 @@
     <message>
         <source>Bake %1</source>
         <translation>%1 をベイク</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>時間には数値を入力してください。</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>間隔は 0 より大きくしてください。</translation>
     </message>
 </context>
 <context>
@@ -1145,8 +1145,15 @@ Do you want to replace it?</source>
 <context>
     <name>FitDialog</name>
     <message>
-        <source>The tolerance is a number, 0 or more.</source>
+        <source>The tolerance must be a number, 0 or more.</source>
         <translation>許容差には 0 以上の数値を入力してください。</translation>
+    </message>
+</context>
+<context>
+    <name>NumbersForm</name>
+    <message>
+        <source>This is no number</source>
+        <translation>数値ではありません</translation>
     </message>
 </context>
 <context>

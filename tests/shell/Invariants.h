@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/files/NumberText.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/CurveEditor.h>
@@ -80,7 +81,9 @@ private:
             if (action->isChecked())
                 checked = action->text();
         }
-        const QStringList names = namesInList();
+        QStringList names = namesInList();
+        inMenu.sort(); // they stand in the order of adding
+        names.sort();
         if (inMenu != names)
             return "menu " + inMenu.join(u',') + " and list " + names.join(u',');
         const QString current = canvas_.canvas.noCurrentCurve() ? QString() : checked;
@@ -108,8 +111,9 @@ private:
     static QString ofField(const CustomEditLine& field, double number)
     {
         const QString expected = field.textFor(number).left(field.maxLength());
-        const bool isTypedInto = field.window()->focusWidget() == &field;
-        if (isTypedInto || field.text() == expected || field.text().toDouble() == number)
+        const bool isTypedInto =
+            field.window()->focusWidget() == &field || (field.isModified() && !field.isNumber());
+        if (isTypedInto || field.text() == expected || NumberText::read(field.text()) == number)
             return {};
         return field.accessibleName() + " shows " + field.text() + " for " + expected;
     }

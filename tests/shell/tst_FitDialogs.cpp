@@ -217,7 +217,7 @@ private Q_SLOTS:
         FitDialog* const dialog = s.open(Qt::Key_B);
         s.editor.setLocale(QLocale(QLocale::German));
         dialog->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(dialog));
+        QTRY_VERIFY(dialog->isActiveWindow());
         auto* const every = dialog->findChild<NumberLine*>("every");
         for (const char* const text : {"0,333333", "0,3333333333333333", "0,333333"}) {
             QCOMPARE(every->text(), text);
