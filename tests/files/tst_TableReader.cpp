@@ -48,7 +48,13 @@ private Q_SLOTS:
         table("carriage returns alone", "0 0\r1 1\r", "0 0; 1 1");
         table("comments and empty lines", "# a\n\n0 1\n  # b\n1 2", "0 1; 1 2");
         table("times in any order", "2 20\n0 0\n1 10\n", "0 0; 1 10; 2 20");
-        table("equal times stay in order", "1 3\n0 0\n1 1\n1 2\n", "0 0; 1 3; 1 1; 1 2");
+        QString equal = "0 0";
+        QByteArray rows = "1 0\n";
+        for (int i = 1; i < 40; ++i) { // short lists are sorted otherwise
+            rows += "1 " + QByteArray::number(i) + '\n';
+            equal += QStringLiteral("; 1 %1").arg(i - 1);
+        }
+        table("equal times stay in order", rows + "0 0\n", qPrintable(equal + "; 1 39"));
         table("byte order mark", "\xEF\xBB\xBF-1,2.0\n", "-1 2");
         table("extremes", "1e300 -1e-300\n1e-999 0\n", "0 0; 1e+300 -1e-300");
         row("sensor rows", "520,\t0.25,\t1,\t\n521,\t0.5,\t2,\t",
