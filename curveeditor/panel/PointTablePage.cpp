@@ -17,7 +17,9 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -37,7 +39,8 @@ std::vector<int> selectedRows(const QTableView& view)
 }
 
 /// Edits cells. What the user has not touched in an editor is not written, and what is typed is not overwritten
-/// when the host changes the curve meanwhile.
+/// when the host changes the curve meanwhile. Who hears of an edit may free the editor, and Qt asks it once more after
+/// `setModelData`; so that only notes what `write` then writes.
 class CellDelegate : public QStyledItemDelegate
 {
 public:
@@ -101,13 +104,34 @@ public:
             rows = {cell.row()};
         const auto* const combo = qobject_cast<QComboBox*>(editor);
         const auto* const line = qobject_cast<QLineEdit*>(editor);
-        auto* const table = static_cast<PointTableModel*>(model);
         const QString text = combo ? combo->currentText() : line->text();
-        const QString fault = table->faultOf(cell, text);
-        if (fault.isEmpty())
-            table->setText(cell, text, rows);
-        else
-            tell(fault, cell);
+        noted_ = [this, table = static_cast<PointTableModel*>(model), cell = QPersistentModelIndex(cell),
+                  text, rows] {
+            const QString fault = table->faultOf(cell, text);
+            if (fault.isEmpty())
+                table->setText(cell, text, rows);
+            else
+                tell(fault, cell);
+        };
+    }
+
+    void write()
+    {
+        if (isFiltering_)
+            return;
+        if (const std::function<void()> work = std::exchange(noted_, nullptr))
+            work();
+    }
+
+    /// An event that freed the editor ends here.
+    bool eventFilter(QObject* editor, QEvent* event) override
+    {
+        const QPointer<QObject> guard(editor);
+        const bool wasFiltering = std::exchange(isFiltering_, true); // closing the editor hides it
+        const bool isTaken = QStyledItemDelegate::eventFilter(editor, event);
+        isFiltering_ = wasFiltering;
+        write();
+        return isTaken || !guard;
     }
 
 private:
@@ -127,6 +151,8 @@ private:
     }
 
     QTableView* view_;
+    mutable std::function<void()> noted_;
+    bool isFiltering_ = false;
 };
 
 using Command = void (*)(PointCommands& points);
@@ -152,7 +178,11 @@ Command commandOf(const QKeyEvent& key)
 class PointTableView : public QTableView
 {
 public:
-    PointTableView(PointCommands& commands, QWidget* parent) : QTableView(parent), commands_(commands) {}
+    PointTableView(PointCommands& commands, QWidget* parent)
+        : QTableView(parent), commands_(commands), cells_(new CellDelegate(this))
+    {
+        setItemDelegate(cells_);
+    }
 
 protected:
     /// A host in whose window the dialog is docked may have the same keys.
@@ -179,10 +209,18 @@ protected:
             QTableView::keyPressEvent(event);
     }
 
-    /// Not one that the model's reset has closed already, as an edit that it commits itself can cause.
+    void commitData(QWidget* editor) override
+    {
+        QTableView::commitData(editor);
+        cells_->write();
+    }
+
+    /// Not one that the model's reset has closed already, as an edit that it commits itself can cause; it may even be
+    /// freed by now.
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override
     {
-        if (!editor->isHidden())
+        const auto editors = viewport()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        if (editors.contains(editor) && !editor->isHidden())
             QTableView::closeEditor(editor, hint);
         if (hint == QAbstractItemDelegate::SubmitModelCache) // by Return
             goBelow();
@@ -232,6 +270,7 @@ private:
     }
 
     PointCommands& commands_;
+    CellDelegate* cells_;
 };
 
 } // namespace
@@ -246,7 +285,6 @@ PointTablePage::PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas,
                   QSizePolicy::Ignored); // the other pages decide how much room there is
     view_->setObjectName(QStringLiteral("pointTable"));
     view_->setModel(&model_);
-    view_->setItemDelegate(new CellDelegate(view_));
     view_->setSelectionBehavior(QAbstractItemView::SelectRows);
     view_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                            QAbstractItemView::AnyKeyPressed);

@@ -393,6 +393,30 @@ private Q_SLOTS:
         QTEST(s.column(Value), "values");
     }
 
+    void hostMayFreeTheEditorOfACell_data()
+    {
+        QTest::addColumn<Work>("leave");
+        QTest::newRow("Return") << Work([](Scene& s) { s.pressReturn(s.table.findChild<QLineEdit*>()); });
+        QTest::newRow("focus") << Work([](Scene& s) { s.canvas.setFocus(); });
+        QTest::newRow("another cell") << Work([](Scene& s) { s.table.setCurrentIndex(s.cell(2, Value)); });
+    }
+    void hostMayFreeTheEditorOfACell()
+    {
+        QFETCH(Work, leave);
+        Scene s;
+        const QPointer<QLineEdit> line(s.openCell(1, Value));
+        QTest::keyClicks(line, "42");
+        QObject::connect(&s.editor, &CurveEditor::curveEdited, &s.editor, [&s, &line] {
+            s.x.remove(s.x[3]);
+            s.editor.updateCurves();
+            QCoreApplication::sendPostedEvents(line, QEvent::DeferredDelete);
+            QVERIFY(!line);
+        });
+        leave(s);
+        QCOMPARE(s.column(Value), "0 42 0.1");
+        QCOMPARE(s.editor.undoStack()->count(), 1);
+    }
+
     void longCurveIsEditedAsAWhole()
     {
         Scene s;
