@@ -306,26 +306,32 @@ void CanvasFunctionBase::beginDrag(bool withCtrl)
 void CanvasFunctionBase::beginGuide(bool keepsDistance, bool withCtrl)
 {
     Gesture& gesture = viewport_->gesture;
-    std::vector<PointSerial> moving;
-    for (const PointDrag& drag : gesture.drags()) {
-        const std::vector<PointSerial> points = drag.points();
-        moving.insert(moving.end(), points.begin(), points.end());
-    }
-    prepareSnap(moving);
+    prepareSnap();
     guide.begin(gesture.grabbed(lastPlace_, viewport_->mapping()), lastPlace_, !keepsDistance, withCtrl);
 }
 
-void CanvasFunctionBase::prepareSnap(const std::vector<PointSerial>& moving)
+void CanvasFunctionBase::prepareSnap()
 {
     guide.snap.fps = viewport_->fps;
     guide.snap.timeLine = viewport_->timeLine;
     guide.snap.setGridLines(grid_->times(*viewport_), grid_->values());
-    std::vector<const SplineBase*> splines;
+    std::vector<Snap::Source> sources;
     for (const auto& curve : curves_) {
         if (curve->isSpline())
-            splines.push_back(curve->getSpline());
+            sources.push_back({curve->getSpline(), movingPoints(*curve)});
     }
-    guide.snap.setPoints(splines, moving);
+    guide.snap.setPoints(sources);
+}
+
+std::vector<PointSerial> CanvasFunctionBase::movingPoints(const CurveNodeBase& curve) const
+{
+    if (!viewport_->gesture.isAtPoints())
+        return {};
+    for (std::size_t i = 0; i < dragged_.size(); ++i) {
+        if (dragged_[i] && dragged_[i]->getSpline() == curve.getSpline())
+            return viewport_->gesture.drags()[i].points();
+    }
+    return {};
 }
 
 void CanvasFunctionBase::dragSelection(const Gesture::Place& mouse, const MouseState& held)

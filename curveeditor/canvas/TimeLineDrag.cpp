@@ -71,7 +71,7 @@ bool TimeLineDrag::takePress(const QMouseEvent& event)
     if (start_ || !begins)
         return start_.has_value();
     canvas_.settle();
-    canvas_.prepareSnap({});
+    canvas_.prepareSnap();
     widget_->setFocus();
     start_ = view_.timeLine;
     return true;

@@ -64,14 +64,14 @@ void Snap::setGridLines(std::vector<double> times, std::vector<double> values)
     gridValues_ = sorted(std::move(values));
 }
 
-void Snap::setPoints(const std::vector<const SplineBase*>& splines, const std::vector<PointSerial>& moving)
+void Snap::setPoints(const std::vector<Source>& sources)
 {
-    const std::unordered_set<PointSerial> excluded(moving.begin(), moving.end());
     std::vector<double> times;
     std::vector<double> values;
-    for (const SplineBase* const spline : splines) {
+    for (const auto& [spline, moving] : sources) {
         if (!spline)
             continue;
+        const std::unordered_set<PointSerial> excluded(moving.begin(), moving.end());
         for (const SplineBase::PointInfo* const point : spline->getControlPoints()) {
             if (excluded.count(point->serial) > 0)
                 continue;

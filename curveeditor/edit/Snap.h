@@ -35,8 +35,14 @@ public:
     std::optional<double> timeLine = std::nullopt;
 
     void setGridLines(std::vector<double> times, std::vector<double> values);
-    /// The points of the splines, null ones passed over, but those that move.
-    void setPoints(const std::vector<const SplineBase*>& splines, const std::vector<PointSerial>& moving);
+    /// A spline, which may be null, and the points of it that move.
+    struct Source
+    {
+        const SplineBase* spline;
+        std::vector<PointSerial> moving = {};
+    };
+    /// The points of the splines, but those that move.
+    void setPoints(const std::vector<Source>& sources);
 
     /// Where `place` comes to lie. On a canvas that can show nothing it stays.
     Result snapped(const Gesture::Place& place, const PlaneMapping& mapping) const;

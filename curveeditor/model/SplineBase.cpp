@@ -24,6 +24,10 @@ using PointInfo = SplineBase::PointInfo;
 
 constexpr double restLength = 0.667;
 constexpr double greatest = std::numeric_limits<double>::max();
+constexpr std::uint32_t greatestSerial = std::numeric_limits<std::uint32_t>::max();
+
+/// The greatest that any point of the process has had.
+std::atomic<std::uint32_t> lastSerial = 0;
 
 constexpr const char* openingWord = "spline";
 constexpr const char* closingWord = "end";
@@ -79,6 +83,14 @@ std::uint64_t serialShare(const PointInfo& point)
     std::uint64_t share = point.serial * 0x9E3779B97F4A7C15U;
     share = (share ^ (share >> 29)) * 0xBF58476D1CE4E5B9U;
     return share ^ (share >> 32);
+}
+
+/// It came from elsewhere, and is not to be given again.
+void noteSerial(std::uint32_t serial)
+{
+    std::uint32_t last = lastSerial;
+    while (last < serial && !lastSerial.compare_exchange_weak(last, serial))
+        ;
 }
 
 template <typename Number> void append(std::string& text, Number number, char separator)
@@ -354,6 +366,12 @@ struct SplineBase::Private
 {
     /// Of the serials as they were given; it tells when one was written over.
     std::uint64_t serialSum = 0;
+    /// The last number given, and the last of those that follow it and that the spline does not hold, when the process
+    /// has no others left.
+    std::uint32_t lastSpare = 0;
+    std::uint32_t spareEnd = 0;
+
+    void findSpare(std::vector<std::uint32_t> held);
 };
 
 SplineBase::SplineBase() : d_(std::make_unique<Private>())
@@ -379,7 +397,7 @@ double SplineBase::operator()(const double& time) const
 
 void SplineBase::evaluate(const double* times, double* values, std::size_t count) const
 {
-    if (times == values) {
+    if (times == values && count > 0) {
         const std::vector<double> copy(times, times + count);
         return evaluate(copy.data(), values, count);
     }
@@ -557,6 +575,9 @@ void SplineBase::renewCopiedSerials()
 {
     std::unordered_set<std::uint32_t> seen = {0};
     d_->serialSum = 0;
+    d_->spareEnd = d_->lastSpare;
+    for (const PointInfo* const point : points_)
+        noteSerial(point->serial);
     for (PointInfo* const point : points_) {
         if (!seen.insert(point->serial).second)
             point->serial = newSerial();
@@ -600,17 +621,32 @@ void SplineBase::copyTo(SplineState& state) const
     state.defaultValue = defaultValue;
 }
 
+std::vector<std::uint32_t> SplineBase::serialsIn(const SplineState& state) const
+{
+    std::vector<std::uint32_t> serials(state.points.size());
+    for (std::size_t i = 0; i < serials.size(); ++i) {
+        PointInfo point = state.points[i];
+        if (point.serial == 0 && i < points_.size())
+            point.serial = points_[i]->serial;
+        const bool isPresent =
+            state.points[i].serial == 0 && i < points_.size() && isSamePoint(point, *points_[i]);
+        serials[i] = isPresent ? point.serial : state.points[i].serial;
+    }
+    return serials;
+}
+
 bool SplineBase::assign(const SplineState& state)
 {
     if (!state.isWhole())
         return false;
+    const std::vector<std::uint32_t> serials = serialsIn(state);
     // Mostly each point is where it was; only the others have to be looked for.
     std::unordered_map<std::uint32_t, PointInfo*> moved;
     std::vector<PointInfo*> copies;
     std::uint64_t sumBefore = 0;
     for (std::size_t i = 0; i < points_.size(); ++i) {
         sumBefore += serialShare(*points_[i]);
-        const bool stays = i < state.points.size() && state.points[i].serial == points_[i]->serial;
+        const bool stays = i < serials.size() && serials[i] == points_[i]->serial;
         if (!stays && !moved.emplace(points_[i]->serial, points_[i]).second)
             copies.push_back(points_[i]);
     }
@@ -619,9 +655,8 @@ bool SplineBase::assign(const SplineState& state)
     bool mayRepeat = sumBefore != d_->serialSum;
     std::uint64_t sum = 0;
     for (std::size_t i = 0; i < state.points.size(); ++i) {
-        const PointInfo& point = state.points[i];
-        const bool stays = i < points_.size() && point.serial == points_[i]->serial;
-        const auto found = stays ? moved.end() : moved.find(point.serial);
+        const bool stays = i < points_.size() && serials[i] == points_[i]->serial;
+        const auto found = stays ? moved.end() : moved.find(serials[i]);
         PointInfo* place = stays ? points_[i] : nullptr;
         if (found != moved.end()) {
             place = found->second;
@@ -629,8 +664,9 @@ bool SplineBase::assign(const SplineState& state)
         }
         mayRepeat = mayRepeat || !place;
         points.push_back(place ? place : new PointInfo);
-        *points.back() = point;
-        sum += serialShare(point);
+        *points.back() = state.points[i];
+        points.back()->serial = serials[i];
+        sum += serialShare(*points.back());
     }
     for (const auto& [serial, point] : moved)
         delete point;
@@ -762,8 +798,33 @@ double SplineBase::valueOutside(double time) const
 
 std::uint32_t SplineBase::newSerial()
 {
-    static std::atomic<std::uint32_t> lastSerial = 0;
-    return ++lastSerial;
+    std::uint32_t last = lastSerial;
+    while (last < greatestSerial && !lastSerial.compare_exchange_weak(last, last + 1))
+        ;
+    if (last < greatestSerial)
+        return last + 1;
+    if (d_->lastSpare == d_->spareEnd) {
+        std::vector<std::uint32_t> held;
+        for (const PointInfo* const point : points_)
+            held.push_back(point->serial);
+        d_->findSpare(std::move(held));
+    }
+    return ++d_->lastSpare;
+}
+
+/// The longest run of numbers that are not held.
+void SplineBase::Private::findSpare(std::vector<std::uint32_t> held)
+{
+    held.push_back(0);
+    std::sort(held.begin(), held.end());
+    lastSpare = held.back();
+    spareEnd = greatestSerial;
+    for (std::size_t i = 1; i < held.size(); ++i) {
+        if (held[i] > held[i - 1] && held[i] - held[i - 1] - 1 > spareEnd - lastSpare) {
+            lastSpare = held[i - 1];
+            spareEnd = held[i] - 1;
+        }
+    }
 }
 
 void SplineBase::insertNew(std::size_t index, PointInfo point)

@@ -31,8 +31,8 @@ struct SplineState;
 /// Source of the slopes: Kochanek and Bartels, "Interpolating Splines with Local Tension, Continuity, and
 /// Bias Control" (1984), extended to points at uneven times.
 ///
-/// A spline is never empty. It owns its points: their addresses stay valid until `remove`, `reset`, `load` or
-/// the destructor frees them. It can't be copied. The const operations keep no hidden state, so several
+/// A spline is never empty. It owns its points: their addresses stay valid until `remove`, `reset`, `load`,
+/// `assign` or the destructor frees them. It can't be copied. The const operations keep no hidden state, so several
 /// threads may call them at once while nobody edits.
 ///
 /// Times are in time units, values in value units, slopes in value units per time unit.
@@ -66,8 +66,10 @@ public:
         double easeTo = 0.0;     ///< slows the arrival down, -1 ... 1
         double easeFrom = 0.0;   ///< slows the departure down, -1 ... 1
         std::int32_t type = Tcb; ///< a `NodeType`; any other number acts as `Linear`
-        /// Who the point is: given by the spline when the point is made, never given twice in a process, and
-        /// kept for as long as the point lives, in its saved states too. 0 is no point. To be read only.
+        /// Who the point is: given by the spline when the point is made, kept for as long as the point lives, in
+        /// its saved states too, and never given to two points of one spline. Two splines have the same ones only
+        /// after a state of one was assigned to the other, or when all numbers have been given. 0 is no point. To be
+        /// read only.
         std::uint32_t serial = 0;
     };
 
@@ -206,7 +208,8 @@ public:
     void copyTo(SplineState& state) const;
 
     /// Makes `state` the content. A point whose serial is there before and after keeps its address; the others
-    /// are made, with the serial of the state or, where that is 0 or an earlier point's, a new one, or freed.
+    /// are made, with the serial of the state or, where that is 0 or an earlier point's, a new one, or freed. A
+    /// point whose serial is 0 and that equals in all else the one that has its index now is that one.
     /// Takes linear time. A state without points, whose times descend, or with a time or value that is not
     /// finite changes nothing and gives false.
     bool assign(const SplineState& state);
@@ -294,7 +297,8 @@ private:
     std::size_t evaluateBatch(const double* times, double* values) const;
     void evaluateBlock(const double* times, double* values, std::size_t count) const;
     void insertNew(std::size_t index, PointInfo point);
-    static std::uint32_t newSerial();
+    std::uint32_t newSerial();
+    std::vector<std::uint32_t> serialsIn(const SplineState& state) const;
     void renewCopiedSerials();
     void clear();
     bool readText(std::istream& in);

@@ -29,7 +29,8 @@ private Q_SLOTS:
             {{10.0, 20.0}, Snap::GridLines, Snap::GridLines});
         row("value alone", Snap::GridLines, {15.0, 10.5}, {{15.0, 10.0}, 0u, Snap::GridLines});
         row("points", Snap::Points, {5.4, 7.2}, {{5.5, 7.0}, Snap::Points, Snap::Points});
-        row("moving point", Snap::Points, {30.1, 30.1}, {{30.1, 30.1}, 0u, 0u});
+        row("moving point", Snap::Points, {30.1, 30.9}, {{30.1, 30.9}, 0u, 0u});
+        row("its twin", Snap::Points, {60.1, 30.9}, {{60.0, 30.9}, Snap::Points, 0u});
         row("time line", Snap::TimeLine, {12.6, 12.6}, {{12.5, 12.6}, Snap::TimeLine, 0u});
         row("nearest is the last", all, {12.4, 12.0}, {{12.5, 12.0}, Snap::TimeLine, 0u});
         row("nearest is the first", all, {12.2, 12.0}, {{12.0, 12.0}, Snap::Frames, 0u});
@@ -48,7 +49,10 @@ private Q_SLOTS:
         snap.fps = 0.5;
         snap.timeLine = 12.5;
         snap.setGridLines({20.0, 0.0, infinity, 10.0}, {10.0, qQNaN(), qQNaN(), 20.0});
-        snap.setPoints({&spline, nullptr}, {spline.getLast()->serial});
+        SplineBase twin; // its point is another one, though of the same serial
+        QVERIFY(twin.assign({{*spline.getLast()}}));
+        twin.setTime(twin.modify(0), 60.0);
+        snap.setPoints({{&spline, {spline.getLast()->serial}}, {nullptr}, {&twin}});
         QFETCH(const unsigned, kinds);
         QFETCH(const Gesture::Place, place);
         QFETCH(const Snap::Result, expected);

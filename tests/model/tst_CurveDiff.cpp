@@ -6,7 +6,9 @@
 #include <bit>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <random>
+#include <set>
 
 using PointInfo = SplineBase::PointInfo;
 
@@ -185,6 +187,25 @@ private Q_SLOTS:
         QVERIFY(spline[2]->serial != spline[3]->serial && spline[3]->serial != spline[1]->serial);
     }
 
+    void pointsWithoutASerialAreThoseThatEqualThem()
+    {
+        SplineBase spline;
+        for (int i = 1; i < 4; ++i)
+            spline.addPoint(i, i);
+        const SplineState before = spline.state();
+        SplineState stored = before;
+        for (PointInfo& point : stored.points)
+            point.serial = 0;
+        QVERIFY(spline.assign(stored) && spline.state() == before);
+        stored.points[1].pos = 9.0;
+        stored.points[3].serial = before.points[2].serial;
+        QVERIFY(spline.assign(stored));
+        QCOMPARE(spline[0]->serial, before.points[0].serial);
+        QCOMPARE(spline[2]->serial, before.points[2].serial);
+        for (const unsigned changed : {1u, 3u})
+            QVERIFY(spline[changed]->serial > before.points[3].serial);
+    }
+
     void aPointThatIsCopiedOverItsNeighboursMakesNewOnes()
     {
         SplineBase spline;
@@ -205,6 +226,39 @@ private Q_SLOTS:
             spline.setDefaultValue(value);
             const CurveDiff diff = CurveDiff::between(state, spline, {}, {});
             QVERIFY(!diff.isEmpty() && diff.apply(state) && state.spline == spline.state());
+        }
+    }
+
+    /// Comes last, as the process has no new serials afterwards.
+    void serialsOfAStoredStateAreNotGivenAgain()
+    {
+        SplineBase spline, other;
+        SplineState stored;
+        for (const std::uint32_t ahead : {2u, 3u})
+            stored.points.push_back({.time = double(ahead), .serial = spline[0]->serial + ahead});
+        QVERIFY(spline.assign(stored) && spline.state() == stored);
+        const auto areDistinct = [](const SplineBase& curve) {
+            std::set<std::uint32_t> serials = {0};
+            for (const PointInfo* const point : curve.getControlPoints())
+                serials.insert(point->serial);
+            return serials.size() == curve.getControlPointsNumber() + 1;
+        };
+        for (int i = 0; i < 5; ++i)
+            spline.addPoint(i, i);
+        QVERIFY(areDistinct(spline));
+        const std::uint32_t last = std::numeric_limits<std::uint32_t>::max();
+        *other.modify(0) = {.serial = last - 3};
+        other.mend();
+        for (int i = 0; i < 10'000; ++i)
+            other.addPoint(i, i);
+        QVERIFY(areDistinct(other));
+        stored.points = {
+            {.serial = last}, {.time = 1.0, .serial = 5}, {.time = 2.0, .serial = 5}, {.time = 3.0}};
+        for (SplineBase* const curve : {&spline, &other}) {
+            QVERIFY(curve->assign(stored));
+            for (int i = 0; i < 100; ++i)
+                curve->addPoint(i, i);
+            QVERIFY(areDistinct(*curve));
         }
     }
 };
