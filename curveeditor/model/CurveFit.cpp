@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <numbers>
 #include <utility>
 
 namespace {
@@ -14,6 +16,14 @@ using CurveFit::Result;
 using CurveFit::Status;
 using CurveFit::Steps;
 using PointInfo = SplineBase::PointInfo;
+
+/// Of a segment, which follows a cubic ease of time where it is `Tcb`.
+constexpr std::size_t greatestDegree = 9;
+constexpr std::size_t mostZeros = 1200;
+
+/// What lies between the samples can be further away; a closer fit to them mostly helps.
+constexpr int mostFits = 8;
+constexpr double nextTolerance = 0.7;
 
 PointInfo bezierPoint(double time, double value)
 {
@@ -160,6 +170,59 @@ SplineState withSpan(const SplineBase& spline, std::size_t first, std::size_t la
     return state;
 }
 
+/// No less than the distance of two curves between two times, where both are polynomials, and hardly more unless it is
+/// above the tolerance.
+///
+/// Ehlich and Zeller, "Schwankung von Polynomen zwischen Gitterpunkten" (1964): a polynomial of degree n is nowhere
+/// above its greatest value at the m zeros of a Chebyshev polynomial, divided by cos(n pi / 2 m).
+double distanceWithin(const SplineBase& left, const SplineBase& right, double first, double last,
+                      double tolerance)
+{
+    double bound = 0.0;
+    std::vector<double> times, leftValues, rightValues;
+    for (std::size_t count = 4 * greatestDegree; count <= mostZeros; count *= 2) {
+        times.clear();
+        for (std::size_t i = count; i-- > 0;) {
+            const double angle = (double(i) + 0.5) * std::numbers::pi / double(count);
+            const double time = std::lerp(first, last, 0.5 + 0.5 * std::cos(angle));
+            if (first < time && time < last)
+                times.push_back(time);
+        }
+        leftValues.resize(times.size());
+        rightValues.resize(times.size());
+        left.evaluate(times.data(), leftValues.data(), times.size());
+        right.evaluate(times.data(), rightValues.data(), times.size());
+        double found = 0.0;
+        for (std::size_t i = 0; i < times.size(); ++i)
+            found = std::max(found, std::abs(leftValues[i] - rightValues[i]));
+        bound = found / std::cos(double(greatestDegree) * std::numbers::pi / double(2 * count));
+        if (found > tolerance || bound <= tolerance)
+            break;
+    }
+    return bound;
+}
+
+/// The same from one point of a spline to another, where the second curve has points of its own.
+double distanceWithin(const SplineBase& spline, const SplineState& state, std::size_t first, std::size_t last,
+                      double tolerance)
+{
+    SplineBase other;
+    if (!other.assign(state))
+        return std::numeric_limits<double>::infinity();
+    std::vector<double> times;
+    for (std::size_t i = first; i <= last; ++i)
+        times.push_back(spline.getControlPoints()[i]->time);
+    for (const PointInfo* const point : other.getControlPoints()) {
+        if (times.front() < point->time && point->time < spline.getControlPoints()[last]->time)
+            times.push_back(point->time);
+    }
+    std::sort(times.begin(), times.end());
+    double greatest = 0.0;
+    for (std::size_t i = 1; i < times.size() && greatest <= tolerance; ++i)
+        greatest = std::max(greatest, distanceWithin(spline, other, times[i - 1], times[i], tolerance));
+    return greatest;
+}
+
 /// The times of the steps; none if they are refused.
 std::vector<double> timesOf(const Steps& steps, Status& status)
 {
@@ -214,6 +277,8 @@ Result CurveFit::fit(const std::vector<double>& times, const std::vector<double>
 
 Result CurveFit::simplify(const SplineBase& spline, const Options& options)
 {
+    if (!spline.state().isWhole())
+        return refusal(Status::NotWhole);
     const std::size_t last = spline.getControlPointsNumber() - 1;
     if (last > 0)
         return simplify(spline, 0, last, options);
@@ -228,11 +293,27 @@ Result CurveFit::simplify(const SplineBase& spline, std::size_t first, std::size
 {
     if (first >= last || last >= spline.getControlPointsNumber())
         return refusal(Status::NoSamples);
+    if (!spline.state().isWhole())
+        return refusal(Status::NotWhole);
     const FitSamples samples = samplesOf(spline, first, last);
-    Result result = fit(samples.times, samples.values, options);
-    if (result.isDone())
+    Options closer = options;
+    for (int i = 0; i < mostFits; ++i) {
+        Result result = fit(samples.times, samples.values, closer);
+        if (!result.isDone())
+            return result;
+        if (result.spline.points.size() > last - first)
+            break;
         result.spline = withSpan(spline, first, last, result.spline.points);
-    return result;
+        result.deviation =
+            std::max(result.deviation, distanceWithin(spline, result.spline, first, last, options.tolerance));
+        if (result.deviation <= options.tolerance)
+            return result;
+        closer.tolerance *= nextTolerance;
+    }
+    Result unchanged;
+    unchanged.status = Status::Done;
+    unchanged.spline = spline.state();
+    return unchanged;
 }
 
 Result CurveFit::bake(const std::function<double(double)>& function, const Steps& steps,

@@ -18,12 +18,13 @@ namespace CurveFit {
 /// How a fit came out.
 enum class Status {
     Done,
-    NoSamples,    ///< there are none, or none is finite
-    SizesDiffer,  ///< not as many values as times
-    TimesDescend, ///< a time is earlier than the one before it
-    BadTolerance, ///< negative, or not a number
-    BadRange,     ///< steps that are not finite or not greater than zero, or that end before they begin
-    TooManyPoints ///< more steps than `stepLimit`
+    NoSamples,     ///< there are none, or none is finite
+    SizesDiffer,   ///< not as many values as times
+    TimesDescend,  ///< a time is earlier than the one before it
+    BadTolerance,  ///< negative, or not a number
+    BadRange,      ///< steps that are not finite or not greater than zero, or that end before they begin
+    TooManyPoints, ///< more steps than `stepLimit`
+    NotWhole       ///< a spline that could not be assigned as it is; see `SplineBase::mend`
 };
 
 /// What the curve has to keep to.
@@ -67,8 +68,10 @@ struct Result
 CURVEEDITOR_EXPORT Result fit(const std::vector<double>& times, const std::vector<double>& values,
                               const Options& options);
 
-/// A spline fitted to its own samples, `samplesInSegment` in each segment and all points; between these the
-/// curves may be a little further apart. Behaviours and default value stay.
+/// A spline fitted to its own samples, `samplesInSegment` in each segment and all points. The result is nowhere
+/// further than the tolerance from the spline, between the samples neither, and `deviation` says how far it is at
+/// most; numbers that overflow, and rounding, aside. Where no fewer points do, it is the spline as it is.
+/// Behaviours and default value stay. A spline that is not whole, see `SplineState::isWhole`, gives `NotWhole`.
 CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, const Options& options);
 /// The same for the points from one index to another alone: the result is the whole curve, in which those at both
 /// ends and outside keep their serials. Outside, the curve keeps its shape; a `Tcb` segment that ends there becomes

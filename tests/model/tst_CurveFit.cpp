@@ -228,6 +228,49 @@ private Q_SLOTS:
         QCOMPARE(CurveFit::simplify(onePoint, {-1.0, false}).status, Status::BadTolerance);
     }
 
+    void wildSplineIsNowhereFurtherThanTheTolerance()
+    {
+        std::mt19937 random(1);
+        const auto below = [&random](double bound) {
+            return (double(random() % 2001) / 1000.0 - 1.0) * bound;
+        };
+        int simplified = 0;
+        for (int round = 0; round < 40; ++round) {
+            SplineState state;
+            for (int i = 0; i < 20; ++i)
+                state.points.push_back({i / 2 + below(0.2) + i % 2 * 0.5, below(9.0), below(5.0), below(5.0),
+                                        below(1.0), below(2.0), below(2.0), below(1.0), below(1.0),
+                                        int(random() % 3)});
+            std::ranges::sort(state.points, {}, &SplineBase::PointInfo::time);
+            SplineBase spline, simple;
+            QVERIFY(spline.assign(state));
+            const double tolerance = 1.0 + below(0.9);
+            const Result result = CurveFit::simplify(spline, {tolerance, false});
+            QVERIFY(simple.assign(result.spline) && result.deviation <= tolerance);
+            simplified += simple.getControlPointsNumber() < 20;
+            for (double time = spline.getFirst()->time; time < spline.getLast()->time; time += 1.0 / 256)
+                QVERIFY(std::abs(simple(time) - spline(time)) <= result.deviation + 1e-9);
+        }
+        QVERIFY2(simplified > 4, qPrintable(QString::number(simplified)));
+    }
+
+    void splineThatIsNotWholeIsRefused()
+    {
+        for (const unsigned index : {0u, 1u, 2u}) {
+            for (const double number : {notANumber, infinity}) {
+                for (double SplineBase::PointInfo::*const field :
+                     {&SplineBase::PointInfo::time, &SplineBase::PointInfo::pos}) {
+                    SplineBase spline;
+                    spline.addPoint(1.0, 1.0);
+                    spline.addPoint(2.0, 1.0);
+                    spline.modify(index)->*field = number;
+                    QCOMPARE(CurveFit::simplify(spline, {0.1, false}).status, Status::NotWhole);
+                    QCOMPARE(CurveFit::simplify(spline, 0, 1, {0.1, false}).status, Status::NotWhole);
+                }
+            }
+        }
+    }
+
     void functionIsBaked()
     {
         const auto function = [](double t) {
