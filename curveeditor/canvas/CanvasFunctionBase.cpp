@@ -415,9 +415,11 @@ bool CanvasFunctionBase::dropExpression(const QString& name)
     CurveNodeBase* const curve = findCurve(name);
     if (!curve)
         return false;
-    curve->curve()->setKind(CurveKind::Spline);
-    curve->curve()->setExpression(nullptr, {});
-    markEdited({curve->curve()});
+    const std::shared_ptr<EditedCurve> dropped = curve->curve();
+    dropped->setKind(CurveKind::Spline);
+    dropped->setExpression(nullptr, {});
+    markEdited({dropped});
+    door_.history().forgetRetired(dropped->variable());
     return true;
 }
 

@@ -190,8 +190,8 @@ public:
     void setOffersTimeLine(bool on);
     /// Snapping, and the axis along which a drag of points moves; both act from the next step of a drag on.
     DragGuide guide;
-    /// Gives it what there is to snap to now, but for the points that move.
-    void prepareSnap(const std::vector<PointSerial>& moving);
+    /// Gives it what there is to snap to now, but for the points that are dragged.
+    void prepareSnap();
 
     /// The widget on which the curves are seen; null without one.
     QWidget* widget() const;
@@ -207,7 +207,7 @@ public:
     /// was one.
     bool cancelGesture();
     /// By order of the host: deletes the expression of that curve, which shows its spline then. No edit, and not
-    /// reported. Returns false if the curve is not on the canvas.
+    /// reported. What the curve has retired goes too. Returns false if the curve is not on the canvas.
     bool dropExpression(const QString& name);
     /// @}
 
@@ -343,6 +343,7 @@ private:
     void openPointMenu(const QPoint& globalPosition);
     void beginDrag(bool withCtrl);
     void beginGuide(bool keepsDistance, bool withCtrl);
+    std::vector<PointSerial> movingPoints(const CurveNodeBase& curve) const;
     void dragSelection(const Gesture::Place& mouse, const MouseState& held);
     bool isClick(const QMouseEvent& release) const;
     void selectInBand();

@@ -66,7 +66,7 @@ CurveNodeBase::~CurveNodeBase()
 
 void CurveNodeBase::setName(const QString& newName)
 {
-    curve_->name = newName;
+    canvas_->door().history().rename(*curve_, newName);
     action_->setText(newName);
 }
 

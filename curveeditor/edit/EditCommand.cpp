@@ -22,6 +22,16 @@ void EditCommand::drop(const EditedCurve& curve)
         part.isDead = part.isDead || part.curve.get() == &curve;
 }
 
+void EditCommand::dropFormulas(FunctionFloatBase** variable, const std::vector<std::string>& formulas)
+{
+    for (EditHistory::Part& part : parts_) {
+        const bool leadsThere = std::any_of(formulas.begin(), formulas.end(), [&part](const auto& formula) {
+            return part.diff.formulaBefore() == formula || part.diff.formulaAfter() == formula;
+        });
+        part.isDead = part.isDead || (part.curve->variable() == variable && leadsThere);
+    }
+}
+
 void EditCommand::rename(const EditedCurve& curve, const QString& oldName)
 {
     const bool concerns = std::any_of(parts_.begin(), parts_.end(),

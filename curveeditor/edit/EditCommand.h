@@ -15,6 +15,8 @@ public:
     void setParts(std::vector<EditHistory::Part> parts) { parts_ = std::move(parts); }
     /// The curve's parts do nothing from now on.
     void drop(const EditedCurve& curve);
+    /// The parts of curves of that variable that come to or from one of these formulas do nothing from now on.
+    void dropFormulas(FunctionFloatBase** variable, const std::vector<std::string>& formulas);
     /// The curve has its new name already.
     void rename(const EditedCurve& curve, const QString& oldName);
     /// Nothing is left to do: the step of the stack only removes the entry.

@@ -83,12 +83,16 @@ std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase*
 void EditHistory::rename(const QString& oldName, const QString& newName)
 {
     for (const auto& curve : curves_) {
-        if (curve->name != oldName)
-            continue;
-        curve->name = newName;
-        for (EditCommand* const entry : entries_)
-            entry->rename(*curve, oldName);
+        if (curve->name == oldName)
+            rename(*curve, newName);
     }
+}
+
+void EditHistory::rename(EditedCurve& curve, const QString& newName)
+{
+    const QString oldName = std::exchange(curve.name, newName);
+    for (EditCommand* const entry : entries_)
+        entry->rename(curve, oldName);
     Q_EMIT stackChanged();
 }
 
@@ -105,6 +109,20 @@ void EditHistory::forget(const QStringList& names)
     removeDeadEntries();
 }
 
+void EditHistory::forgetRetired(FunctionFloatBase** variable)
+{
+    std::vector<std::string> lost;
+    for (const auto& curve : curves_) {
+        if (curve->variable() != variable)
+            continue;
+        const std::vector<std::string> texts = curve->forgetRetired();
+        lost.insert(lost.end(), texts.begin(), texts.end());
+    }
+    for (EditCommand* const entry : entries_)
+        entry->dropFormulas(variable, lost);
+    removeDeadEntries();
+}
+
 QUndoStack* EditHistory::stack() const
 {
     return hostStack_ ? hostStack_.data() : ownStack_.get();
@@ -115,6 +133,7 @@ void EditHistory::setStack(QUndoStack* newStack)
     if ((newStack ? newStack : ownStack_.get()) == stack())
         return;
     hostStack_ = newStack == ownStack_.get() ? nullptr : newStack;
+    const HostCalls::Call call(hostCalls);
     ownStack_->clear();
     if (hostStack_) {
         connectStack(hostStack_);
@@ -214,6 +233,7 @@ void EditHistory::removeDeadEntries()
 {
     if (isStepping_ || std::exchange(isRemoving_, true))
         return;
+    const HostCalls::Call call(hostCalls);
     const QPointer<EditHistory> guard(this);
     removeDeadEntriesOf(*stack());
     if (guard)

@@ -58,9 +58,15 @@ public:
 
     /// The curve of that name, spline and variable; a new one at the first time.
     std::shared_ptr<EditedCurve> curve(const QString& name, SplineBase* spline, FunctionFloatBase** variable);
+    /// The curve, or all of that name, and the texts of their entries.
+    void rename(EditedCurve& curve, const QString& newName);
     void rename(const QString& oldName, const QString& newName);
     /// The host takes the curves of these names away, and their entries go. That the stack tells of it comes last.
     void forget(const QStringList& names);
+
+    /// By order of the host, which frees what its expressions read: deletes what the curves of that variable have
+    /// retired, and the entries that would bring it back go.
+    void forgetRetired(FunctionFloatBase** variable);
 
     /// Never null. A stack that is deleted, or null given to `setStack`, brings the own one back.
     QUndoStack* stack() const;

@@ -6,11 +6,20 @@
 #include <curveeditor/model/ParseMessage.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 namespace {
 
 constexpr std::size_t mostRetired = 16;
+
+/// Null if the text can't be parsed.
+std::unique_ptr<FunctionFloatBase> parsedFormula(const std::string& text)
+{
+    ParseMessage message;
+    std::unique_ptr<FunctionFloatBase> tree(FunctionParserBase::instance()->parseString(text, message));
+    return message.errors.empty() ? std::move(tree) : nullptr;
+}
 
 } // namespace
 
@@ -60,13 +69,23 @@ void EditedCurve::setExpression(std::unique_ptr<FunctionFloatBase> newExpression
 {
     if (!variable_)
         return;
-    if (*variable_)
-        retired_.emplace_back(formula(), std::unique_ptr<FunctionFloatBase>(*variable_));
+    std::string oldText = formula();
+    const bool retires = *variable_ && !parsedFormula(oldText);
+    std::unique_ptr<FunctionFloatBase> old(std::exchange(*variable_, newExpression.release()));
+    entered_ = text;
+    enteredResult_ = *variable_ ? (*variable_)->getString() : std::string();
+    if (retires)
+        retired_.emplace_back(std::move(oldText), std::move(old));
     if (retired_.size() > mostRetired)
         retired_.erase(retired_.begin());
-    entered_ = text;
-    enteredResult_ = newExpression ? newExpression->getString() : std::string();
-    *variable_ = newExpression.release();
+}
+
+std::vector<std::string> EditedCurve::forgetRetired()
+{
+    std::vector<std::string> lost;
+    for (const auto& entry : std::exchange(retired_, {}))
+        lost.push_back(entry.first);
+    return lost;
 }
 
 bool EditedCurve::tryOut(FunctionFloatBase& expression, const std::function<bool()>& work) const
@@ -85,8 +104,10 @@ void EditedCurve::reset(double value)
     setExpression(nullptr, {});
     if (!spline_)
         return;
-    spline_->reset();
-    spline_->setPos(spline_->modify(0), value);
+    SplineState state = spline_->state();
+    state.points.assign(1, {});
+    state.points.front().pos = std::isfinite(value) ? value : 0.0;
+    spline_->assign(state); // the point stays if it is this one already
 }
 
 bool EditedCurve::restore(const CurveState& state)
@@ -105,11 +126,7 @@ bool EditedCurve::restore(const CurveState& state)
 
 std::unique_ptr<FunctionFloatBase> EditedCurve::expressionOf(const std::string& text)
 {
-    ParseMessage message;
-    std::unique_ptr<FunctionFloatBase> parsed;
-    if (!text.empty())
-        parsed.reset(FunctionParserBase::instance()->parseString(text, message));
-    if (parsed && message.errors.empty())
+    if (auto parsed = parsedFormula(text))
         return parsed;
     const auto kept = std::find_if(retired_.begin(), retired_.end(),
                                    [&](const auto& entry) { return entry.first == text; });
@@ -141,9 +158,8 @@ bool EditedCurve::readExpression(std::istream& in)
     std::string text;
     if (!variable_ || !CurveFile::readExpression(in, text))
         return false;
-    ParseMessage message;
-    std::unique_ptr<FunctionFloatBase> parsed(FunctionParserBase::instance()->parseString(text, message));
-    if (!parsed || !message.errors.empty())
+    std::unique_ptr<FunctionFloatBase> parsed = parsedFormula(text);
+    if (!parsed)
         return false;
     setExpression(std::move(parsed), text);
     kind_ = CurveKind::Expression;

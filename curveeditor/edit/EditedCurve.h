@@ -43,12 +43,14 @@ public:
     /// See `SplineBase::mend`.
     void mend();
     void setKind(CurveKind kind) { kind_ = kind; }
-    /// Puts `expression` into the variable; `text` is what it was parsed from. What the variable held is kept for a
-    /// while, as it may have to come back although its text can't be parsed any more.
+    /// Puts `expression` into the variable; `text` is what it was parsed from. What the variable held is deleted or,
+    /// if its text can't be parsed again, retired: kept for a while, as it may have to come back.
     void setExpression(std::unique_ptr<FunctionFloatBase> expression, const std::string& text);
     /// What `work` finds out while the variable holds `expression`, which stays the caller's.
     bool tryOut(FunctionFloatBase& expression, const std::function<bool()>& work) const;
-    /// Back to a spline of one point at time 0.0; the expression is deleted. The behaviours stay.
+    /// Deletes what is retired, and gives the texts that can't come back any more.
+    std::vector<std::string> forgetRetired();
+    /// Back to a spline of one point at time 0.0, without an expression. The behaviours stay.
     void reset(double value);
     /// Takes the whole state. Returns false, and changes nothing, if its formula can't be had any more.
     bool restore(const CurveState& state);

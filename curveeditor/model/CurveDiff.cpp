@@ -204,6 +204,16 @@ bool CurveDiff::revert(CurveState& state) const
     return d_->inverse().apply(state);
 }
 
+const std::string& CurveDiff::formulaBefore() const
+{
+    return d_->formula.before;
+}
+
+const std::string& CurveDiff::formulaAfter() const
+{
+    return d_->formula.after;
+}
+
 const TimeInterval& CurveDiff::touched() const
 {
     return d_->touched;

@@ -61,6 +61,12 @@ public:
     /// @}
 
     /// @{
+    /// The formula on that side of the edit; both are empty if it did not change.
+    const std::string& formulaBefore() const;
+    const std::string& formulaAfter() const;
+    /// @}
+
+    /// @{
     /// Makes the state before the state after, or the other way about. Returns false, and changes nothing, if
     /// what differs is not in `state` as it was left. Takes linear time.
     bool apply(CurveState& state) const;

@@ -51,7 +51,8 @@ struct EditReport;
 /// **Ownership.** Splines and expression variables belong to the host and must outlive their registration:
 /// delete the dialog first, then the curves. The editor changes splines in place and never deletes one. The
 /// object in an expression variable is shared: the editor deletes and replaces it when the user enters,
-/// deletes or resets an expression, and the host deletes what is left in the end. The dialog itself belongs
+/// deletes or resets an expression, and the host deletes what is left in the end. An object whose text can't be
+/// parsed again is kept for undo instead; see `deleteExpression`. The dialog itself belongs
 /// to its parent, or to whoever made it. It may be deleted at any time outside of its own events, also while a
 /// menu, a message box or a dialog of its is open, which goes with it; and by `deleteLater` from a slot of its
 /// signals too. Where that slot runs a loop of its own, the deletion waits until the slot has returned.
@@ -170,7 +171,9 @@ public:
     /// While the dialog is visible: the curve becomes a spline curve, the object in its variable is deleted, and
     /// the variable is null then. `function` is not read, and may be null; a curve that is not on the canvas is
     /// left alone. While the dialog is hidden: the object in `*function` is deleted, whatever the names are, and
-    /// `*function` is null then; a null `function` changes nothing.
+    /// `*function` is null then; a null `function` changes nothing. In any case the objects that the curve had before
+    /// and that are kept for undo are deleted too, and the entries that would bring them back go: afterwards the host
+    /// may free what its own classes of expressions read.
     void deleteExpression(const QString& nodeName, const QString& curveName, FunctionFloatBase** function);
     /// Writes the table of all curves on the canvas: a banner, then one row for each whole time within the
     /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes

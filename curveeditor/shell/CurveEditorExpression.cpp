@@ -137,12 +137,15 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
 {
     const QString name = nodeName + QLatin1Char('.') + curveName;
     d_->unfinishedTexts.remove(name);
-    if (isVisible()) {
-        if (d_->functionEdit->canvas.dropExpression(name))
-            refreshCommandLine();
-    } else if (function) {
-        delete *function;
-        *function = nullptr;
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    const NodeStruct* const record = searchAllNodeList(name);
+    if (isVisible() && canvas.dropExpression(name)) {
+        refreshCommandLine();
+    } else if (isVisible() && record) {
+        canvas.door().history().forgetRetired(record->function);
+    } else if (!isVisible() && function) {
+        delete std::exchange(*function, nullptr);
+        canvas.door().history().forgetRetired(function);
         paintChangedView();
     }
 }

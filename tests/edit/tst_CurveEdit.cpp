@@ -354,8 +354,8 @@ private Q_SLOTS:
             f.curve->setExpression(parsed(text), text);
             f.door.commit();
         };
-        enter("t");
         variables.remove("b.y");
+        enter("t");
         QStringList lost;
         QObject::connect(&f.door.history(), &EditHistory::formulaLost,
                          [&](const QString& curve, const QString& formula) { lost << curve << formula; });
@@ -365,8 +365,43 @@ private Q_SLOTS:
             enter(i % 2 == 0 ? "t" : "2*t");
         for (int i = 0; i < 20; ++i)
             f.door.history().undo();
+        QVERIFY(f.curve->formula() == "b.y" && lost.isEmpty());
+        variables.add("b.y", nullptr, nullptr);
+        enter("t"); // what can be parsed is not kept
+        variables.remove("b.y");
+        f.door.history().undo();
         QCOMPARE(lost, (QStringList{"a.x", "b.y"}));
         QVERIFY(f.curve->formula() == "t" && f.stack().count() == 0);
+    }
+
+    void expressionsOfTheHostGoWhenItAsksForThat()
+    {
+        struct OwnNode : FunctionFloatBase
+        {
+            explicit OwnNode(int& count) : living(++count) {}
+            ~OwnNode() override { --living; }
+            double evaluate() override { return 7.0; }
+            std::string getString() override { return "no formula"; }
+            int& living;
+        };
+        int living = 0;
+        Fixture f;
+        f.expression = new OwnNode(living);
+        f.door.begin("delete", {f.curve});
+        f.curve->setExpression(nullptr, {});
+        f.door.commit();
+        f.move(1, 7.0);
+        f.stack().undo();
+        f.stack().undo();
+        QCOMPARE(f.expression->evaluate(), 7.0);
+        f.stack().redo();
+        f.stack().redo();
+        QCOMPARE(living, 1);
+        f.door.history().forgetRetired(&f.expression);
+        QCOMPARE(living, 0);
+        f.stack().undo();
+        QCOMPARE(f.spline[1]->pos, 1.0);
+        QVERIFY(!f.stack().canUndo());
     }
 
     void dragDoesNotAccumulateAndBeginsALegWithShiftAndAnotherView()

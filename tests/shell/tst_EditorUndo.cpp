@@ -295,6 +295,7 @@ private Q_SLOTS:
             s.editor.setPanSelection();
         });
         row("reset", 1, x, [](Scene& s) { s.clickPoint(), s.changes.clear(), s.editor.resetSelectedF(); });
+        row("reset twice", 1, x + x, [](Scene& s) { s.editor.resetSelectedF(), s.editor.resetSelectedF(); });
         row("reset all", 1, {"a/z", "a/y", "a/x"}, [](Scene& s) { s.editor.resetAllCheckedF(); });
         row("formula", 1, x, [](Scene& s) { s.enter("2 T"); });
         row("the same formula again", 1, x + x, [](Scene& s) { s.enter("2 T"), s.enter("2 T"); });
@@ -570,6 +571,49 @@ private Q_SLOTS:
         QVERIFY(!s.editor.undoStack()->canRedo());
         QCOMPARE(told,
                  (QStringList{"-ax", "az", "-ay", "-az", "", "+aw", "aw", "+ay", "ay", "aw", "-aw", "ay"}));
+    }
+
+    void entriesOfAnOpenCurveFollowItsName()
+    {
+        Scene s;
+        s.drag(5.0, 1.0, 6.0, 2.0);
+        s.editor.renameCurve("a", "x", "w");
+        QCOMPARE(s.menu("Edit")->actions()[0]->text(), "Undo Move a point of a.w");
+        s.editor.renameNode("a", "b");
+        QCOMPARE(s.editor.undoStack()->undoText(), "Move a point of b.w");
+        s.editor.cleanSelecteds();
+        s.editor.renameNode("b", "c");
+        QCOMPARE(s.editor.undoStack()->undoText(), "Move a point of c.w");
+    }
+
+    void expressionsOfTheHostGoAtOnce()
+    {
+        struct OwnNode : FunctionFloatBase
+        {
+            explicit OwnNode(const int& number) : read(number) {}
+            ~OwnNode() override { last = read; }
+            double evaluate() override { return read; }
+            std::string getString() override { return "no formula"; }
+            const int& read;
+            int last = 0;
+        };
+        const Deed places[] = {
+            [](Scene&) {},
+            [](Scene& s) { s.editor.cleanSelecteds(); },
+            [](Scene& s) { s.editor.hide(); },
+        };
+        for (const auto& place : places) {
+            Scene s;
+            s.editor.cleanSelecteds();
+            const auto number = std::make_unique<int>(7);
+            FunctionFloatBase*& expression = s.curves["a.x"].expression;
+            expression = new OwnNode(*number);
+            s.editor.setEditingNode("a.x");
+            s.editor.deleteCurveClicked();
+            place(s);
+            s.editor.deleteExpression("a", "x", &expression);
+            QVERIFY(!expression);
+        } // the number goes first
     }
 
     void whatIsCutIsOnTheClipboard()
