@@ -50,8 +50,9 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
 
     QColor canvas = QColor(0, 0, 0);        ///< opaque: alpha is taken off
     QColor selection = QColor(20, 10, 105); ///< behind the span of selected points, and in a rubber band
-    QColor mark = QColor(255, 255, 255);    ///< rubber band and the cross of the last press, both dotted
-    QColor hint;                            ///< what to do on an empty canvas; invalid: nothing is said
+    /// Rubber band and the cross of the last press, both dotted, and the frame of a canvas that has the focus.
+    QColor mark = QColor(255, 255, 255);
+    QColor hint; ///< what to do on an empty canvas; invalid: nothing is said
     /// @}
 
     /// @name Grid

@@ -32,6 +32,8 @@ public:
 
     /// As notches of the wheel in the middle of the canvas; positive ones zoom in.
     void zoomByNotches(int notches);
+    /// As if all keys were released; to be called when nobody would tell of it.
+    void releaseKeys();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -47,7 +49,6 @@ private:
     void zoom(const QPointF& pixel, double timeFactor, double valueFactor);
     void pan(const QPointF& distance);
     void endPan();
-    void releaseKeys();
     void holdSpace(bool on);
 
     QWidget* widget_;

@@ -81,6 +81,7 @@ CustomEditLine::CustomEditLine(QWidget* parent, const QString& name)
     connect(this, &QLineEdit::returnPressed, this, &CustomEditLine::checkTextBounds);
     connect(this, &QLineEdit::returnPressed, this, [this] { Q_EMIT editFinished(this); });
     connect(this, &QLineEdit::textEdited, this, [this] {
+        isTouched_ = true;
         if (!handlingKey_)
             reportText();
     });
@@ -223,6 +224,7 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
         return;
     const double distance = event->globalPosition().toPoint().y() - pressGlobalY_;
     const double value = clampToBounds(pressValue_ - dragWeight(pressValue_) * (distance * stepPerPixel));
+    isTouched_ = true;
     setText(textFor(value)); // also over a text that stands for the same number
     Q_EMIT newValueSet(value, this);
 }
@@ -232,7 +234,7 @@ void CustomEditLine::keyPressEvent(QKeyEvent* event)
     if (stepKeyOf(*event) != StepKey::None)
         return event->ignore();
     if (event->key() == Qt::Key_Escape)
-        return cancelEdit();
+        return canCancel() ? cancelEdit() : event->ignore();
     handlingKey_ = true;
     QLineEdit::keyPressEvent(event);
     handlingKey_ = false;
@@ -242,6 +244,7 @@ void CustomEditLine::keyPressEvent(QKeyEvent* event)
 void CustomEditLine::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
+    isTouched_ = false;
     Q_EMIT editBegun(this);
 }
 
@@ -259,15 +262,21 @@ bool CustomEditLine::event(QEvent* event)
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (stepKeyOf(key) != StepKey::None)
             return false;
-        if (key.key() == Qt::Key_Escape)
+        if (key.key() == Qt::Key_Escape && canCancel())
             event->accept();
     }
     return QLineEdit::event(event);
 }
 
+bool CustomEditLine::canCancel() const
+{
+    return dragging_ || isTouched_;
+}
+
 void CustomEditLine::cancelEdit()
 {
     dragging_ = false;
+    isTouched_ = false;
     Q_EMIT editCancelled(this);
     reportText();
 }

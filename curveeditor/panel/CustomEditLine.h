@@ -68,8 +68,8 @@ Q_SIGNALS:
     void newValueSet(const double& value, CustomEditLine* sender);
     /// The line got the focus.
     void editBegun(CustomEditLine* sender);
-    /// Escape was pressed: whoever keeps the number shows the one of before. `newValueSet` follows. The key goes
-    /// no further.
+    /// Escape was pressed after the user touched the number: whoever keeps it shows the one of before. `newValueSet`
+    /// follows. The key goes no further.
     void editCancelled(CustomEditLine* sender);
     /// Return was pressed, the line lost the focus, or a drag came to its end.
     void editFinished(CustomEditLine* sender);
@@ -91,11 +91,13 @@ private:
     int edgeWidth() const;
     bool isInSight(const QString& text) const;
     void reportText();
+    bool canCancel() const;
     void cancelEdit();
 
     int pressGlobalY_ = 0;
     double pressValue_ = 0.0;
     bool dragging_ = false;
+    bool isTouched_ = false; ///< by typing or a drag, since it got the focus or Escape
     double maxValue_ = 0.0;
     double minValue_ = 0.0;
     double number_ = 0.0; ///< the last that the text was

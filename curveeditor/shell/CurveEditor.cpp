@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditorPrivate.h>
 
+#include <curveeditor/canvas/PointCommands.h>
 #include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/CustomEditLine.h>
@@ -15,6 +16,7 @@
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -40,6 +42,12 @@ bool isTabStop(const QWidget& widget)
     return (widget.focusPolicy() & Qt::TabFocus) && widget.isEnabled() && widget.isVisible();
 }
 
+bool isComboWithoutFocus(const QObject& object)
+{
+    const auto* const combo = qobject_cast<const QComboBox*>(&object);
+    return combo && !combo->hasFocus();
+}
+
 } // namespace
 
 CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(std::make_unique<Private>())
@@ -54,7 +62,8 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     d_->functionEdit->setFocusPolicy(Qt::ClickFocus);
     functionView->setObjectName(QStringLiteral("functionView"));
     d_->functionEdit->setObjectName(QStringLiteral("functionEdit"));
-    new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
+    auto* const menu = new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
+    d_->keys = std::make_unique<EditorKeys>(*this, *d_->functionEdit, *menu);
     d_->functionEdit->setAccessibleName(tr("Canvas"));
     d_->pointTable = new PointTablePage(this, d_->functionEdit->canvas, this);
     tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
@@ -79,6 +88,7 @@ CurveEditor::~CurveEditor()
 {
     qDeleteAll(findChildren<FitDialog*>(QString(), Qt::FindDirectChildrenOnly));
     d_->functionEdit->canvas.leaveStack(); // who hears of it finds the dialog whole
+    d_->keys.reset();
     // The canvas goes before all else, while all that its signals and its node form reach is still there.
     delete d_->functionEdit;
     delete d_->pointTable; // while the dialog can still tell it the unit of times
@@ -212,17 +222,31 @@ bool CurveEditor::event(QEvent* event)
         d_->isDeletionDue = true;
         return true;
     }
+    if (event->type() == QEvent::FocusIn)
+        passTabOn(static_cast<QFocusEvent*>(event)->reason());
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     const auto* const key = isOverride ? static_cast<QKeyEvent*>(event) : nullptr;
     // A host in whose window the dialog is docked may have the same keys; inside the dialog they act here.
-    const bool isOurs = key && (key->key() == Qt::Key_Delete || stepKeyOf(*key) != StepKey::None);
+    const bool isOurs = key && (key->key() == Qt::Key_Delete || stepKeyOf(*key) != StepKey::None ||
+                                (key->key() == Qt::Key_Escape && meaningOfEscape()));
     if (isOurs)
         event->accept();
     return CurveEditorDialogBase::event(event) || isOurs;
 }
 
+/// Tab would be lost on the dialog itself, where nothing shows the focus.
+void CurveEditor::passTabOn(Qt::FocusReason reason)
+{
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
+        focusNextPrevChild(reason == Qt::TabFocusReason);
+}
+
 bool CurveEditor::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Wheel && isComboWithoutFocus(*watched)) {
+        event->ignore();
+        return true;
+    }
     auto* const key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
     if (!key || stepKeyOf(*key) == StepKey::None)
         return CurveEditorDialogBase::eventFilter(watched, event);
@@ -240,18 +264,44 @@ void CurveEditor::keyPressEvent(QKeyEvent* event)
     case StepKey::None:
         break;
     }
-    const Gesture& gesture = d_->functionEdit->gesture;
-    const bool takesBack = gesture.isAtPoints() || gesture.isAtView();
+    const std::function<void()> escape = event->key() == Qt::Key_Escape ? meaningOfEscape() : nullptr;
+    if (escape)
+        return escape();
     d_->functionEdit->keyPressEvent(event);
     // The base would press the default button of a box that this very key has opened.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         return event->ignore();
     if (event->key() != Qt::Key_Escape)
-        return CurveEditorDialogBase::keyPressEvent(event);
-    if (!isWindow())
-        event->ignore();
-    else if (!takesBack)
+        CurveEditorDialogBase::keyPressEvent(event);
+    else if (isWindow())
         close();
+}
+
+/// The smallest thing that is there to take back, to leave or to clear; null if only the dialog itself is left.
+std::function<void()> CurveEditor::meaningOfEscape()
+{
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    const Gesture& gesture = d_->functionEdit->gesture;
+    if (gesture.isAtPoints() || gesture.isAtView())
+        return [this, &canvas] {
+            canvas.cancelGesture();
+            d_->functionEdit->showSelection(false);
+            canvas.paint();
+        };
+    const QWidget* const focus = QApplication::focusWidget();
+    if (qobject_cast<const QLineEdit*>(focus) && isAncestorOf(focus))
+        return [this] {
+            d_->functionEdit->setFocus();
+        };
+    if (!listPanel->filterLine()->text().isEmpty())
+        return [this] {
+            listPanel->filterLine()->clear();
+        };
+    if (canvas.hasSelectedPoint())
+        return [&canvas] {
+            PointCommands(canvas).selectNone();
+        };
+    return {};
 }
 
 void CurveEditor::closeEvent(QCloseEvent* event)

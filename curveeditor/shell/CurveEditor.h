@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -420,13 +421,16 @@ Q_SIGNALS:
     void timeLineDragged(double time);
 
 protected:
-    /// Keeps the undo and redo keys and Delete from shortcuts of the window in which the dialog is docked.
+    /// Keeps the undo and redo keys, Delete and Escape from shortcuts of the window in which the dialog is docked,
+    /// Escape where it means something smaller than the dialog.
     bool event(QEvent* event) override;
     /// Takes the theme of a new palette, where the theme follows it.
     void changeEvent(QEvent* event) override;
-    /// Takes undo and redo keys from widgets that would search for a letter.
+    /// Takes undo and redo keys from widgets that would search for a letter, and the wheel from boxes that lack the
+    /// focus.
     bool eventFilter(QObject* watched, QEvent* event) override;
-    /// Keys that no field took act on the canvas, or undo and redo. Escape closes the dialog unless it takes back a drag.
+    /// Keys that no field took act on the canvas, or undo and redo. Escape takes back a drag, leaves a field, clears the
+    /// filter, or clears the selection, the first of these that is there, else it closes a dialog that is a window.
     void keyPressEvent(QKeyEvent* event) override;
     /// Emits `closed`.
     void closeEvent(QCloseEvent* event) override;
@@ -436,6 +440,8 @@ protected:
 private:
     struct Private;
 
+    std::function<void()> meaningOfEscape();
+    void passTabOn(Qt::FocusReason reason);
     void preInit();
     void createActions();
     void createMainMenu();

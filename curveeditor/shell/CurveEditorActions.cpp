@@ -38,7 +38,9 @@ QAction* CurveEditor::createAction(const char* name)
 {
     auto* const action = new QAction(this);
     action->setObjectName(QLatin1String(name));
-    addAction(action); // its shortcut works before any menu was opened
+    // Before any menu was opened, and not outside the editor, where a host may have the same keys.
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
     return action;
 }
 
@@ -133,6 +135,8 @@ void CurveEditor::addMenuButton(QToolBar* bar, const QString& text, QMenu* menu)
     button->setPopupMode(QToolButton::InstantPopup);
     bar->addWidget(button);
     d_->menuButtons.push_back(button);
+    if (bar == mainMenu)
+        connect(button, &QToolButton::triggered, this, [this] { d_->functionEdit->setFocus(); });
 }
 
 QToolButton* CurveEditor::createViewButton(QWidget* box, const QString& text)
@@ -165,6 +169,8 @@ void CurveEditor::createViewButtons()
     filler->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     layout->addWidget(filler);
 
+    for (const QToolButton* const button : box->findChildren<QToolButton*>())
+        connect(button, &QToolButton::clicked, this, [this] { d_->functionEdit->setFocus(); });
     connect(d_->fitButton, &QToolButton::clicked, this, &CurveEditor::completeViewport);
     connect(d_->fitHButton, &QToolButton::clicked, this, &CurveEditor::completeViewportH);
     connect(d_->fitVButton, &QToolButton::clicked, this, &CurveEditor::completeViewportV);
@@ -324,9 +330,6 @@ void CurveEditor::languageChange()
 
     d_->undoAction->setShortcut(tr("Ctrl+Z"));
     d_->redoAction->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
-    // A window in which the dialog is docked may have the same keys.
-    for (QAction* const action : {d_->undoAction, d_->redoAction})
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     showStepTexts();
     d_->loadCurve->setShortcut(tr("Ctrl+l"));
     d_->saveCurve->setShortcut(tr("Ctrl+s"));

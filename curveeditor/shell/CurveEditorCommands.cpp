@@ -178,6 +178,7 @@ void CurveEditor::clearImage()
 
 void CurveEditor::setRange()
 {
+    d_->functionEdit->setFocus(); // where it is when the dialog closes
     ModalDialog<ViewportSettings> dialog(this);
     showPanelFont(*dialog);
     showNumber(*dialog->minX, d_->functionEdit->timeMin, locale());
@@ -196,6 +197,7 @@ void CurveEditor::setRange()
 
 void CurveEditor::setScaleSelection()
 {
+    d_->functionEdit->setFocus(); // where it is when the dialog closes
     ModalDialog<ScaleDialog> dialog(this);
     showPanelFont(*dialog);
     dialog->scaleX->setText(NumberText::inLocale(QStringLiteral("1.0"), locale()));
@@ -209,6 +211,7 @@ void CurveEditor::setScaleSelection()
 
 void CurveEditor::setPanSelection()
 {
+    d_->functionEdit->setFocus(); // where it is when the dialog closes
     ModalDialog<PanDialog> dialog(this);
     showPanelFont(*dialog);
     dialog->panX->setText(NumberText::inLocale(QStringLiteral("0.0"), locale()));

@@ -68,11 +68,12 @@ QPushButton* stepButton(const char* name, QWidget* parent)
     return button;
 }
 
-QComboBox* behaviourCombo(const char* name, QWidget* parent)
+QComboBox* choiceCombo(const char* name, QWidget* parent)
 {
     auto* combo = named<QComboBox>(name, parent);
     combo->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     combo->setCursor(Qt::ArrowCursor);
+    combo->setFocusPolicy(Qt::StrongFocus); // not by the wheel
     return combo;
 }
 
@@ -158,6 +159,8 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     tabWidget2 = named<QTabWidget>("tabWidget2", splitter10);
     tabWidget2->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     tabWidget2->setMinimumSize(0, 0);
+    tabWidget2->setFocusProxy(nullptr); // Tab would go round between the proxy, its tab bar, and the pages
+    tabWidget2->setFocusPolicy(Qt::NoFocus);
     splitter11->setCollapsible(splitter11->indexOf(listPanel), false);
     splitter11->setSizes({listWidth, initialSize.width() - listWidth});
     // The canvas takes all the room that the list and the pages don't need.
@@ -214,9 +217,9 @@ void CurveEditorDialogBase::buildBehaviours()
 {
     layout24 = innerLayout<QVBoxLayout>("layout24", frame11Layout);
     textLabel1_2 = named<QLabel>("textLabel1_2", frame11);
-    nodeFirst = behaviourCombo("nodeFirst", frame11);
+    nodeFirst = choiceCombo("nodeFirst", frame11);
     textLabel1_2_2 = named<QLabel>("textLabel1_2_2", frame11);
-    nodeLast = behaviourCombo("nodeLast", frame11);
+    nodeLast = choiceCombo("nodeLast", frame11);
     for (QLabel* label : {textLabel1_2, textLabel1_2_2})
         setLabel(label, QSizePolicy::Preferred, QSizePolicy::Fixed, Qt::ArrowCursor, Qt::AlignLeft);
     textLabel1_2->setBuddy(nodeFirst);
@@ -237,9 +240,8 @@ void CurveEditorDialogBase::buildParameterFrame()
         setLabel(label, QSizePolicy::Preferred, QSizePolicy::Fixed, Qt::ArrowCursor, Qt::AlignRight);
     easeFrom = numericField("easeFrom", frame10);
     easeTo = numericField("easeTo", frame10);
-    nodeTypeCombo = named<QComboBox>("nodeTypeCombo", frame10);
+    nodeTypeCombo = choiceCombo("nodeTypeCombo", frame10);
     nodeTypeCombo->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    nodeTypeCombo->setCursor(Qt::ArrowCursor);
     layout21->addWidget(nodeTypeCombo, 0, 0, 1, 2);
     addRow(layout21, textLabel1_2_3_2, easeTo);
     addRow(layout21, textLabel1_2_3_2_2, easeFrom);

@@ -4,6 +4,7 @@
 #include <curveeditor/edit/HostCalls.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/shell/CurveEditor.h>
+#include <curveeditor/shell/EditorKeys.h>
 
 #include <QHash>
 #include <QString>
@@ -52,6 +53,7 @@ struct CurveEditor::Private
     FunctionEditor* functionEdit = nullptr;
     PointTablePage* pointTable = nullptr;
     std::unique_ptr<ControlMenu2> editingMenu;
+    std::unique_ptr<EditorKeys> keys;
 
     QMenu* fileMenu = nullptr;
     QMenu* curvesMenu = nullptr;

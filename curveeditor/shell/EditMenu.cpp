@@ -7,9 +7,9 @@
 #include <curveeditor/shell/SimplifyDialog.h>
 
 #include <QAction>
-#include <QCursor>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -24,8 +24,8 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     addSnapping();
     addView();
     translate();
-    connect(menu, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
     canvas.installEventFilter(this);
+    connect(menu, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
 }
 
 void EditMenu::add(const char* text, const QString& key, const Condition& isPossible,
@@ -34,8 +34,7 @@ void EditMenu::add(const char* text, const QString& key, const Condition& isPoss
     QAction* const action = target_->addAction(QString(), this, work);
     texts_.emplace_back(action, text);
     action->setShortcut(QKeySequence(key));
-    action->setShortcutContext(
-        Qt::WidgetShortcut); // of the menu: Qt only shows it, the event filter triggers
+    action->setShortcutContext(Qt::WidgetShortcut); // of the menu: Qt only shows it, `EditorKeys` triggers
     entries_.emplace_back(action, isPossible);
 }
 
@@ -84,7 +83,7 @@ void EditMenu::addSelection()
     menu_->addSeparator();
     CanvasFunctionBase& curves = canvas_.canvas;
     addToggle(
-        QT_TR_NOOP("Edit all curves at once"), QStringLiteral("A"),
+        QT_TR_NOOP("Edit all curves at once"), QStringLiteral("Shift+A"),
         [&curves] { return curves.editsAllCurves(); }, [&curves](bool on) { curves.setEditsAllCurves(on); });
     menu_->addSeparator();
     add(QT_TR_NOOP("Select all points"), QStringLiteral("Ctrl+A"), canSelect,
@@ -163,17 +162,17 @@ void EditMenu::addFits()
 /// To settle may run foreign code.
 template <typename Dialog> void EditMenu::open(const Condition& isPossible)
 {
+    canvas_.setFocus(); // where it is when the dialog closes
     canvas_.canvas.settle();
     if (isPossible())
         (new Dialog(menu_->parentWidget(), canvas_.canvas))->open();
 }
 
-/// Chosen from the menu, the mouse is elsewhere: the time line has its own entry.
+/// Chosen from the menu, the mouse is elsewhere by now.
 void EditMenu::insertUnderMouse()
 {
-    const QPoint mouse = canvas_.mapFromGlobal(QCursor::pos());
-    if (canvas_.rect().contains(mouse))
-        points_.insertAt(canvas_.pixelToTime(mouse.x()));
+    if (mouse_ && canvas_.rect().contains(*mouse_))
+        points_.insertAt(canvas_.pixelToTime(mouse_->x()));
     else
         points_.insertAtTimeLine();
 }
@@ -260,19 +259,10 @@ bool EditMenu::event(QEvent* event)
     return QObject::event(event);
 }
 
-bool EditMenu::eventFilter(QObject* watched, QEvent* event)
+bool EditMenu::eventFilter(QObject* canvas, QEvent* event)
 {
-    const bool isOverride = event->type() == QEvent::ShortcutOverride;
-    if (watched != &canvas_ || (!isOverride && event->type() != QEvent::KeyPress) || !canvas_.hasFocus())
-        return false;
-    auto* const key = static_cast<QKeyEvent*>(event);
-    const bool isAxis = canvas_.gesture.isAtPoints() && (key->key() == Qt::Key_X || key->key() == Qt::Key_Y);
-    QAction* const entry = isAxis ? nullptr : entryOf(*key);
-    if (!entry)
-        return false;
-    if (isOverride)
-        event->accept();
-    else
-        entry->trigger();
-    return true;
+    const bool isMouse = event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonPress;
+    if (canvas == &canvas_ && isMouse)
+        mouse_ = static_cast<QMouseEvent*>(event)->position().toPoint();
+    return false;
 }

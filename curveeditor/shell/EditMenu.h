@@ -5,8 +5,10 @@
 
 #include <QKeySequence>
 #include <QObject>
+#include <QPoint>
 
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -15,11 +17,10 @@ class QAction;
 class QKeyEvent;
 class QMenu;
 
-/// Fills the menu "Edit" with all commands on points and on the view, each with its key. The keys act while the canvas
-/// has the focus, so that fields keep them, and before the keys of a host in whose window the dialog is docked.
+/// Fills the menu "Edit" with all commands on points and on the view, each with its key, to which `EditorKeys` listens.
 /// Entries are enabled as the situation allows when the menu opens or their key is pressed.
 ///
-/// A child of the menu, whose parent is that of the dialogs. It filters the events of the canvas.
+/// A child of the menu, whose parent is that of the dialogs. It sees where the mouse is on the canvas.
 class EditMenu : public QObject
 {
     Q_OBJECT
@@ -28,7 +29,9 @@ public:
     EditMenu(QMenu* menu, FunctionEditor& canvas);
 
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool eventFilter(QObject* canvas, QEvent* event) override;
+    /// The entry of that key, if it can be used now, else null.
+    QAction* entryOf(const QKeyEvent& event);
 
 private:
     using Condition = std::function<bool()>;
@@ -49,10 +52,10 @@ private:
     void addView();
     void translate();
     void updateEntries();
-    QAction* entryOf(const QKeyEvent& event);
 
     FunctionEditor& canvas_;
     PointCommands points_;
+    std::optional<QPoint> mouse_; ///< its last place on the canvas
     QMenu* const menu_;
     QMenu* target_;                                       ///< what `add` adds to
     std::vector<std::pair<QAction*, const char*>> texts_; ///< and the untranslated text

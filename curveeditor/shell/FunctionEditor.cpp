@@ -148,7 +148,8 @@ bool FunctionEditor::isOwnKey(const QKeyEvent& event) const
     const int key = event.key();
     const bool isArrow = key == Qt::Key_Left || key == Qt::Key_Right;
     const bool isPlain = !(event.modifiers() & ~Qt::KeypadModifier);
-    return (isArrow && isPlain) || (key == Qt::Key_Escape && (gesture.isAtPoints() || gesture.isAtView()));
+    const bool opensPage = key == Qt::Key_T || key == Qt::Key_C;
+    return isPlain && (isArrow || opensPage);
 }
 
 bool FunctionEditor::event(QEvent* event)
@@ -170,10 +171,13 @@ void FunctionEditor::keyPressEvent(QKeyEvent* event)
 {
     if (stepKeyOf(*event) != StepKey::None)
         return event->ignore(); // the dialog steps
+    const bool takesBack = gesture.isAtPoints() || gesture.isAtView();
     canvas.keyPress(event, hasFocus());
     const int key = event->key();
     showSelection(key == Qt::Key_T || key == Qt::Key_C || key == Qt::Key_Tab);
     canvas.paint();
+    if (key == Qt::Key_Escape)
+        event->setAccepted(takesBack); // else the dialog has a use for it
 }
 
 void FunctionEditor::mousePressEvent(QMouseEvent* event)
@@ -237,6 +241,16 @@ void FunctionEditor::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     canvas.showBuffer(&painter);
+    if (hasFocus())
+        paintFocusFrame(painter);
+}
+
+void FunctionEditor::paintFocusFrame(QPainter& painter)
+{
+    const CurveEditorTheme& theme = canvas.theme();
+    painter.setPen(QPen(theme.mark, 2.0 * theme.frameWidth)); // the outer half lies beyond the edge
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(rect()));
 }
 
 void FunctionEditor::resizeEvent(QResizeEvent* event)

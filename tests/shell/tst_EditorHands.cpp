@@ -285,9 +285,9 @@ private Q_SLOTS:
                      {Qt::Key_Right, Qt::ShiftModifier, 2},
                      {Qt::Key_Right, Qt::ShiftModifier, 3},
                      {Qt::Key_Right, Qt::ShiftModifier, 3},
-                     {Qt::Key_A, {}, 3}, // all curves at once
+                     {Qt::Key_A, Qt::ShiftModifier, 3}, // all curves at once
                      {Qt::Key_A, Qt::ControlModifier, 3},
-                     {Qt::Key_A, {}, 3},
+                     {Qt::Key_A, Qt::ShiftModifier, 3},
                      {Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, 0}};
         for (const auto& step : steps) {
             s.key(step.key, step.modifiers);

@@ -174,9 +174,12 @@ private Q_SLOTS:
         });
         row("insert at the mouse, or else at the time line", 2, x + x, [](Scene& s) {
             s.editor.setTimeLine(2.0);
-            for (const QPoint& mouse : {s.pixel(3.0, 0.0), QPoint(10, -10)}) {
-                QCursor::setPos(s.canvas.mapToGlobal(mouse));
-                s.key(Qt::Key_I);
+            s.key(Qt::Key_I);
+            s.mouse(QEvent::MouseMove, s.pixel(3.0, 0.0), Qt::NoButton);
+            QCursor::setPos(s.canvas.mapToGlobal(s.pixel(7.0, 0.0))); // over the menu
+            for (QAction* const entry : s.menu("Edit")->actions()) {
+                if (entry->text().endsWith("at the mouse"))
+                    entry->trigger();
             }
             QVERIFY(s.x[1]->time == 2.0 && qAbs(s.x[2]->time - 3.0) < 0.05);
         });
@@ -199,6 +202,28 @@ private Q_SLOTS:
             QCOMPARE(s.x[1]->time, 6.0);
             s.release(6.32, 1.5);
         });
+        row("drag that begins with Ctrl", 1, x, [](Scene& s) {
+            s.canvas.canvas.guide.snap.kinds = Snap::Frames;
+            s.editor.setFps(1.0);
+            s.press(5.0, 1.0, Qt::ControlModifier);
+            const std::pair<Qt::KeyboardModifiers, bool> steps[] = {
+                {Qt::ControlModifier, false}, {Qt::NoModifier, false}, {Qt::ControlModifier, true}};
+            for (const auto& [keys, snaps] : steps) {
+                s.move(6.03, 2.0, keys);
+                QCOMPARE(s.x[1]->time == 6.0, snaps);
+            }
+            s.release(6.03, 2.0);
+        });
+        row("arrows during a drag", 1, x, [](Scene& s) {
+            s.press(5.0, 1.0);
+            s.move(6.0, 2.0);
+            for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::ShiftModifier, Qt::AltModifier}) {
+                s.key(Qt::Key_Right, keys);
+                QVERIFY(s.canvas.gesture.isAtPoints());
+            }
+            QVERIFY(s.control().hasSingleSelection() && s.control().isSelected(s.x[1]));
+            s.release(6.0, 2.0);
+        });
         row("drag along an axis", 1, x, [](Scene& s) {
             s.press(5.0, 1.0);
             QTest::keyPress(&s.canvas, Qt::Key_X);
@@ -216,7 +241,8 @@ private Q_SLOTS:
             s.release(7.0, 2.0);
         });
         row("drag at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
-            s.key(Qt::Key_A);
+            s.key(Qt::Key_A); // alone no key of that mode
+            s.key(Qt::Key_A, Qt::ShiftModifier);
             s.key(Qt::Key_A, Qt::ControlModifier);
             s.drag(6.0, 2.0, 7.0, 1.0);
             QVERIFY(qAbs(s.curves["a.y"].spline[1]->time - 6.0) < 0.05);
@@ -239,7 +265,7 @@ private Q_SLOTS:
         });
         row("commands at all curves", 2, {"a/z", "a/z", "a/y", "a/x", "a/z", "a/y", "a/x"}, [](Scene& s) {
             s.canvas.canvas.setCurrentCurve("a.z");
-            s.key(Qt::Key_A);
+            s.key(Qt::Key_A, Qt::ShiftModifier);
             s.press(6.0, 2.4, Qt::ControlModifier); // adds nothing to the spline behind the formula
             s.release(6.0, 2.4);
             s.drag(4.0, 2.5, 9.0, -2.5);
@@ -247,7 +273,7 @@ private Q_SLOTS:
             s.key(Qt::Key_Delete);
             QCOMPARE(s.curves["a.y"].spline.getControlPointsNumber(), 1u);
             s.key(Qt::Key_A, Qt::ControlModifier);
-            s.key(Qt::Key_A);
+            s.key(Qt::Key_A, Qt::ShiftModifier);
             QVERIFY(!s.canvas.canvas.findCurve("a.y")->control().hasSelection());
         });
         row("stepping", 0, x + x, [](Scene& s) {

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+class CurveEditor;
+class EditMenu;
+class FunctionEditor;
+class QAction;
+class QKeyEvent;
+class QWidget;
+
+/// Gives the keys of commands to those commands wherever in the editor the focus is, before the widget that has it
+/// sees them, and before the keys of a host in whose window the editor is docked.
+///
+/// The keys of the editor's own actions act everywhere. Those of the menu "Edit", and the letters of the canvas, act
+/// where nothing is typed: on the canvas, and on the list, buttons and tab bars, which keep the keys that move in
+/// them, Space and Delete. It must go before the canvas.
+class EditorKeys : public QObject
+{
+public:
+    EditorKeys(CurveEditor& editor, FunctionEditor& canvas, EditMenu& menu);
+
+    bool eventFilter(QObject* focus, QEvent* event) override;
+
+private:
+    void followFocus(QWidget* before, QWidget* now);
+    bool takeKey(const QWidget& focus, QKeyEvent& event);
+    QAction* actionOf(const QWidget& focus, const QKeyEvent& key) const;
+    bool handToCanvas(QKeyEvent& event);
+    bool isForCanvas(const QWidget& focus, const QKeyEvent& key) const;
+
+    CurveEditor& editor_;
+    FunctionEditor& canvas_;
+    EditMenu& menu_;
+    bool isHanding_ = false;
+};
