@@ -52,6 +52,7 @@ struct Scene : EditorFixture
     QImage shown()
     {
         QCoreApplication::processEvents();
+        QCoreApplication::processEvents(); // the focus that came back from a dialog
         const auto& window = static_cast<const QImage&>(*editor.backingStore()->paintDevice());
         return window.copy(QRect(canvas.mapTo(&editor, QPoint()), canvas.size()));
     }
