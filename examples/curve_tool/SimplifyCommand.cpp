@@ -70,7 +70,7 @@ Command Commands::simplify()
 {
     return {"simplify",
             "FILE",
-            "Write a curve of fewer points that is at most the tolerance away from samples of the old one.",
+            "Write a curve of fewer points that is at most the tolerance away from the old one.",
             {{"output", "OUT", "the new curve file (-o OUT)"},
              toleranceOption,
              percentOption,
