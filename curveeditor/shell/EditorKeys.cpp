@@ -59,14 +59,18 @@ EditorKeys::EditorKeys(CurveEditor& editor, FunctionEditor& canvas, EditMenu& me
     connect(qApp, &QApplication::focusChanged, this, &EditorKeys::followFocus);
 }
 
-void EditorKeys::followFocus(QWidget* before, QWidget* now)
+// Who had the focus may be freed by now, as an editor of the table is when it writes what was typed.
+void EditorKeys::followFocus(QWidget*, QWidget* now)
 {
-    if (before)
-        before->removeEventFilter(this);
+    if (followed_)
+        followed_->removeEventFilter(this);
+    followed_ = nullptr;
     if (now != &canvas_)
         canvas_.viewGestures.releaseKeys(); // nobody would tell of their release
-    if (now && (now == &editor_ || editor_.isAncestorOf(now)))
-        now->installEventFilter(this);
+    if (!now || (now != &editor_ && !editor_.isAncestorOf(now)))
+        return;
+    followed_ = now;
+    followed_->installEventFilter(this);
 }
 
 bool EditorKeys::eventFilter(QObject* focus, QEvent* event)

@@ -2,13 +2,14 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 class CurveEditor;
 class EditMenu;
 class FunctionEditor;
 class QAction;
 class QKeyEvent;
-class QWidget;
 
 /// Gives the keys of commands to those commands wherever in the editor the focus is, before the widget that has it
 /// sees them, and before the keys of a host in whose window the editor is docked.
@@ -33,5 +34,6 @@ private:
     CurveEditor& editor_;
     FunctionEditor& canvas_;
     EditMenu& menu_;
+    QPointer<QWidget> followed_; ///< the widget in the editor that has the focus
     bool isHanding_ = false;
 };
