@@ -147,8 +147,9 @@ private Q_SLOTS:
              }},
             {"dialog",
              [](Scene& scene) {
+                 QTest::keyClick(&scene.list, Qt::Key_S, Qt::AltModifier); // opens it by the loop
                  whenOpen<QDialog>([](QDialog& dialog) { dialog.reject(); });
-                 QTest::keyClick(&scene.list, Qt::Key_S, Qt::AltModifier);
+                 QCoreApplication::processEvents();
              }},
             {"Simplify", [](Scene& scene) {
                  QTest::keyClick(&scene.list, Qt::Key_S, Qt::ShiftModifier);
