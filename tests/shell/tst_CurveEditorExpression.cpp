@@ -28,6 +28,7 @@ private Q_SLOTS:
     {
         fixture->clickPoint();
         QVERIFY(splineToolsEnabled());
+        QCOMPARE(line().palette().color(QPalette::Text), QColor(Qt::white));
         fixture->changes.clear();
         enter("2 T");
         QCOMPARE(line().text(), "2*t");
