@@ -2,6 +2,7 @@
 #include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
@@ -66,6 +67,9 @@ void CurveEditor::parseBuiltText(bool isBuilt)
     commandLine->setFocus();
     if (isBuilt)
         executeCommand();
+    else
+        showWarning(this, tr("Formula"),
+                    tr("The line has room for no more than %1 characters.").arg(commandLine->maxLength()));
 }
 
 void CurveEditor::insertUnaryFunc(int id)

@@ -673,6 +673,14 @@ Soll die Datei ersetzt werden?</translation>
         <source>There is no curve of the name &quot;%1&quot;.</source>
         <translation>Es gibt keine Kurve mit dem Namen „%1“.</translation>
     </message>
+    <message>
+        <source>Formula</source>
+        <translation>Formel</translation>
+    </message>
+    <message>
+        <source>The line has room for no more than %1 characters.</source>
+        <translation>Die Zeile hat nur für %1 Zeichen Platz.</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>

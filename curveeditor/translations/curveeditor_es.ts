@@ -673,6 +673,14 @@ Do you want to replace it?</source>
         <source>There is no curve of the name &quot;%1&quot;.</source>
         <translation>No hay ninguna curva con el nombre «%1».</translation>
     </message>
+    <message>
+        <source>Formula</source>
+        <translation>Fórmula</translation>
+    </message>
+    <message>
+        <source>The line has room for no more than %1 characters.</source>
+        <translation>En la línea no caben más de %1 caracteres.</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>

@@ -673,6 +673,14 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>There is no curve of the name &quot;%1&quot;.</source>
         <translation>Il n&apos;y a aucune courbe du nom de « %1 ».</translation>
     </message>
+    <message>
+        <source>Formula</source>
+        <translation>Formule</translation>
+    </message>
+    <message>
+        <source>The line has room for no more than %1 characters.</source>
+        <translation>La ligne ne peut contenir que %1 caractères.</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>

@@ -673,6 +673,14 @@ Do you want to replace it?</source>
         <source>There is no curve of the name &quot;%1&quot;.</source>
         <translation>「%1」という名前のカーブはありません。</translation>
     </message>
+    <message>
+        <source>Formula</source>
+        <translation>式</translation>
+    </message>
+    <message>
+        <source>The line has room for no more than %1 characters.</source>
+        <translation>この行に入るのは %1 文字までです。</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>

@@ -60,8 +60,10 @@ private Q_SLOTS:
         const QString shown = line().text();
         QVERIFY(line().toolTip().contains("too long"));
         QTest::keyClicks(&line(), "7\r");
-        for (const char* const button : {"Unary functions", "I vars"})
+        for (const char* const button : {"Unary functions", "I vars"}) {
             fixture->menu(button)->actions().first()->trigger();
+            QVERIFY(closeBox().contains("16384"));
+        }
         QMimeData data;
         data.setText("b.y");
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
@@ -71,8 +73,10 @@ private Q_SLOTS:
         fixture->editor.setEditingNode("A.x");
         const QString full(16384, '1'); // a menu must not cut it
         line().setText(full);
-        for (const char* const button : {"Binary functions", "I vars"})
+        for (const char* const button : {"Binary functions", "I vars"}) {
             fixture->menu(button)->actions().first()->trigger();
+            QVERIFY(closeBox().contains("16384"));
+        }
         QCOMPARE(line().text(), full);
         QVERIFY(!line().toolTip().contains("too long"));
         enter("t");
