@@ -96,7 +96,7 @@ bool drawView(const QDir& folder)
 bool drawSelecting(const QDir& folder)
 {
     GuideScene scene(cameraCurves());
-    scene.key(Qt::Key_A);
+    scene.key(Qt::Key_A, Qt::ShiftModifier);
     scene.drag(0.6, 4.1, 4.5, 1.0);
     QTest::keyPress(&scene.canvas(), Qt::Key_B);
     scene.press(5.4, 5.5);
