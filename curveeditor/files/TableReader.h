@@ -31,13 +31,16 @@
 class CURVEEDITOR_EXPORT TableReader
 {
 public:
+    /// The decimal sign of the numbers; `FromText` leaves it to the table itself, see the class.
     enum class Decimal { FromText, Comma, Point };
 
     static constexpr std::size_t longestLine = std::size_t(16) << 20; ///< in bytes
     static constexpr std::size_t mostValues = 10'000'000;             ///< of `readAll`, the times aside
 
+    /// Why a table was refused.
     struct Fault
     {
+        /// What is wrong with it.
         enum class Kind {
             None,
             Ambiguous, ///< `field` can be read in two ways
@@ -52,11 +55,11 @@ public:
             NotFinite, ///< `field` is infinite, not-a-number, or larger than a double can be
             TooManyValues
         };
-        Kind kind = Kind::None;
-        std::size_t line = 0; ///< from 1 on; the last one for what is about the whole table
-        std::string field;
-        std::size_t count = 0;
-        std::size_t expected = 0;
+        Kind kind = Kind::None;   ///< `None` as long as nothing was found
+        std::size_t line = 0;     ///< from 1 on; the last one for what is about the whole table
+        std::string field;        ///< as it stands in the table, for the kinds that name it
+        std::size_t count = 0;    ///< what was found, for the kinds that name it
+        std::size_t expected = 0; ///< what should have been found, for the same
 
         /// What is wrong, in English and without the line; empty if nothing is.
         CURVEEDITOR_EXPORT std::string message() const;
@@ -65,8 +68,8 @@ public:
     /// All rows, ascending in time, which is the first column. Rows of equal time keep their order.
     struct Table
     {
-        std::vector<std::string> names; ///< as `names()`
-        std::vector<double> times;
+        std::vector<std::string> names;           ///< as `names()`
+        std::vector<double> times;                ///< the first column
         std::vector<std::vector<double>> columns; ///< all others; each as long as the times
         std::vector<std::size_t> lines;           ///< where each row stands in the text
     };
@@ -96,6 +99,7 @@ public:
     /// All rows at once instead; nothing, and a fault, if one of them is faulty. `atRow` is called at each.
     std::optional<Table> readAll(const std::function<void()>& atRow = {});
 
+    /// The first fault that was found; its kind is `None` as long as there is none.
     const Fault& fault() const;
 
 private:
