@@ -131,6 +131,11 @@ private Q_SLOTS:
         row("three pixels off", "5 10 15 r0 a.y", [](Scene& s) { s.press({20, 27}); });
         row("four pixels off", "5 10 15 r0", [](Scene& s) { s.press({20, 26}); });
         row("beside the begin", "5 10 15 r0 a.y", [](Scene& s) { s.press({9, 30}); });
+        row("beside the end", "5 10 15 r0 a.y", [](Scene& s) {
+            delete s.formula.expression;
+            s.formula.expression = FunctionParserBase::instance()->parseString("2+0*sqrt(1-t)", s.message);
+            s.press({11, 30});
+        });
         row("not a number, at row 0", "5 10 15 r0", [](Scene& s) { s.press({5, 1}); });
         row("drag", "5 15 [17/2] r1", [](Scene& s) { s.drag({101, 50}, {170, 30}); });
         row("drag two", "10 (18/1) [28/1] r1", [](Scene& s) { s.select({0, 2}).drag({70, 80}, {200, 70}); });

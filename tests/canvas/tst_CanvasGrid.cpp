@@ -50,6 +50,8 @@ private Q_SLOTS:
         QCOMPARE(firstCountZero(1e15, 1e15 + 0.125, 1.0), nothing);
         QCOMPARE(firstCountZero(3.6226245078280963e-53, 3.6226245078280968e-53, 1.0), nothing);
         QCOMPARE(firstCountZero(0.0, 1.0, -10.0), nothing);
+        GridScene s(QSize(100, 100), 0.0, 1.0); // 0 to 10 frames
+        QCOMPARE(s.grid.times(s.view), std::vector<double>({0.0, 0.25, 0.5, 0.75, 1.0}));
     }
 
     void linesAreEquallyWideAtEveryRatio()

@@ -159,6 +159,17 @@ private Q_SLOTS:
         }
     }
 
+    void translucentLinesLetThroughWhatIsBehindThem()
+    {
+        const DeviceLine level{{{9, 90}, {300, 90}}, 1, {}};
+        const auto draw = [&level](QPainter& painter) {
+            CurvePainter curves(&painter, 1.0);
+            curves.writeInto(static_cast<QImage*>(painter.device()), QRect(0, 0, 9999, 9999));
+            curves.drawSolid(level, QColor(255, 0, 0, 100), 1.0);
+        };
+        QVERIFY(qAbs(drawn(size, draw).pixelColor(100, 90).red() - 100) <= 1);
+    }
+
     void smoothLinesCoverWhatQtCovers()
     {
         double pixels = 0.0;
@@ -222,6 +233,12 @@ private Q_SLOTS:
             [](Scene& s) { s.setTimes(2.0, 12.0); },
             [](Scene& s) { s.view.setShowFrames(!s.view.showFrames); },
             [](Scene& s) { s.widget.resize(180, 90), s.view.setSize(180, 90); },
+            [](Scene& s) { // another curve of the same spline
+                s.canvas.addCurve(&s.menu, "a.w", Qt::red, 0.0f, &s.curve.spline, nullptr, -3.0f, 3.0f);
+                s.select(0, 1);
+                s.picture();
+                s.canvas.panSelection(0.0, 1.0);
+            },
         };
         for (const auto& theme : {CurveEditorTheme::described(), CurveEditorTheme::light()}) {
             Scene s;

@@ -98,6 +98,9 @@ private Q_SLOTS:
         f.spline.firstType = SplineBase::Zero;
         f.picture.rebuild(&f.view, -1e9f, 1e9f);
         QCOMPARE(f.boundsOf(f.picture.unselectedColor).bottom(), 300);
+        Fixture two({{5.0, 1.0}, {5.0, 1.0}}, SplineBase::Bezier);
+        two.select(0); // above the other one
+        QCOMPARE(two.shown().pixelColor(502, 202), QColor(Qt::red));
     }
 
     void pressFindsPointsAndTheHandlesOfTheCurrentOne()

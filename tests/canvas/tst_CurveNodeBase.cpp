@@ -64,6 +64,9 @@ private Q_SLOTS:
         CurveNodeBase* const node = scene.add(formula, "a.x", "f");
         for (const auto& [at, value] : {std::pair(0.25, 2.5), {0.3, 3.0}, {9.0, 3.0}, {-9.0, -3.0}})
             QCOMPARE(node->getClampedValue(at), value);
+        AxisRange values{0.0, 0.0};
+        node->includeValues({-20.0, 20.0}, values);
+        QCOMPARE(QPointF(values.low, values.high), QPointF(-3.0, 3.0));
         QCOMPARE(time.getValue(), 77.0);
         QCOMPARE(scene.add(reversed, "a.y", {}, 3.0f, -3.0f)->getClampedValue(5.0), 3.0);
     }

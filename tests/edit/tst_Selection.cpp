@@ -43,7 +43,8 @@ class tst_Selection : public QObject
 private Q_SLOTS:
     void toggledPointsAreListedInTheOrderOfTime()
     {
-        QCOMPARE(Fixture().listedAfterToggling({2, 2}), QList<int>{});
+        Fixture f;
+        QVERIFY(f.listedAfterToggling({2, 2}).isEmpty() && f.selection.isEmpty());
         QCOMPARE(Fixture().listedAfterToggling({4, 1}), (QList<int>{1, 4}));
         QCOMPARE(Fixture().listedAfterToggling({3, 2}), (QList<int>{3, 2}));
         QCOMPARE(Fixture().listedAfterToggling({0, 3, 2}), (QList<int>{0, 2, 3}));

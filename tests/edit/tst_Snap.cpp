@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/edit/Snap.h>
+#include <curveeditor/edit/DragGuide.h>
 
 #include <QTest>
 
@@ -62,6 +62,23 @@ private Q_SLOTS:
         QCOMPARE(result.place.value, expected.place.value);
         QCOMPARE(result.timeKinds, expected.timeKinds);
         QCOMPARE(result.valueKinds, expected.valueKinds);
+    }
+
+    void whatIsHeldStillSnapsToNothing()
+    {
+        DragGuide guide;
+        guide.isSnapping = true;
+        guide.snap.setGridLines({10.0}, {10.0});
+        guide.begin({5.0, 5.0}, {5.0, 5.0}, false);
+        for (const auto& [axis, place] : {std::pair(DragGuide::Axis::Both, QPointF(10.0, 10.0)),
+                                          {DragGuide::Axis::Time, QPointF(10.0, 5.0)},
+                                          {DragGuide::Axis::Value, QPointF(5.0, 10.0)}}) {
+            guide.axis = axis;
+            const Gesture::Place led = guide.guided({10.1, 10.1}, {0.0, 100.0, 0.0, 50.0, 1000, 500}, false);
+            QCOMPARE(QPointF(led.time, led.value), place);
+            QCOMPARE(guide.hit().timeKinds != Snap::Nothing, place.x() == 10.0);
+            QCOMPARE(guide.hit().valueKinds != Snap::Nothing, place.y() == 10.0);
+        }
     }
 
     void withoutFramesOrCanvasNothingMoves()

@@ -99,6 +99,11 @@ private Q_SLOTS:
         QCOMPARE(stat(path, &status), 0);
         QVERIFY(!isRoot || (status.st_uid == 1234 && status.st_gid == 5678));
         QCOMPARE(status.st_mode & 0777, 0667U);
+        const mode_t mask = umask(0027);
+        QVERIFY(replace(folder.filePath("fresh"), "x"));
+        umask(mask);
+        QCOMPARE(stat(QFile::encodeName(folder.filePath("fresh")), &status), 0);
+        QCOMPARE(status.st_mode & 0777, 0640U);
     }
 
     void leftoversOfKilledSavesGo()

@@ -315,14 +315,15 @@ private Q_SLOTS:
             cam-1.xt => nan;   cam-1 => 1;   camt => nan;   2cam cam(2) => 16;   5.2 => 5.2;   520.x => 5;
             cos(0) => 1;   cos => 6;   2e => 14;   2exp(0) => 2;   grüß.x => 8;   T => 3;
             #1.x#1.x => 100;   t=b => 33;   t<=b => 1;   t==b => nan;   t==c => 36;   t != 2 => 1;
-            min(t) => 39;   PI => 14;   -cam => -2)");
+            min(t) => 39;   PI => 14;   -cam => -2;   cam-2 => 16;   cam-25 => -23)");
     }
 
     void knownNamesAreRead()
     {
         QFETCH(QString, text);
         const TestMapper mapper({"cam-1.x (left)", "Cam", "cam-1.x", "5.2", "520.x", "cos", "e",
-                                 "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x", "=b", "==c", "min", "pi", "-cam"});
+                                 "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x", "=b", "==c", "min", "pi", "-cam",
+                                 "cam-2"});
         const Parsed parsed(text.toStdString());
         QFETCH(QString, expected);
         QVERIFY(isSame(parsed.tree ? valueAt(*parsed.tree, 3.0) : notANumber, expected.toDouble()));

@@ -258,6 +258,9 @@ private Q_SLOTS:
             SplineBase::load(&loaded, in);
             QVERIFY2(in.fail() && loaded[0] == point && loaded.lastType == 0, content.c_str());
         }
+        std::istringstream step(std::string(good).replace(good.find("12345.678"), 9, "0"));
+        SplineBase::load(&loaded, step);
+        QVERIFY(!step.fail() && loaded[1]->time == 0.0);
     }
 };
 
