@@ -154,17 +154,18 @@ private Q_SLOTS:
 
     void hostMayChangeOtherPointsDuringADrag()
     {
-        for (const bool isTakenBack : {false, true}) {
+        for (const auto& [isTakenBack, addsPoint] : {std::pair(false, true), {true, true}, {true, false}}) {
             Fixture f;
             f.begin("drag");
             f.set(1, 7.0);
-            f.spline.addPoint(2.5, 5.0);
+            if (addsPoint)
+                f.spline.addPoint(2.5, 5.0);
             f.spline.lastType = SplineBase::Zero;
             isTakenBack ? f.door.cancel() : void(f.door.commit());
             QCOMPARE(f.spline[1]->pos, isTakenBack ? 1.0 : 7.0);
             f.stack().undo();
             QCOMPARE(f.spline[1]->pos, 1.0);
-            QCOMPARE(f.spline.getControlPointsNumber(), 5u);
+            QCOMPARE(f.spline.getControlPointsNumber(), addsPoint ? 5u : 4u);
             QCOMPARE(f.spline.lastType, int(SplineBase::Zero));
         }
     }
@@ -298,6 +299,7 @@ private Q_SLOTS:
         SplineBase spline;
         {
             Fixture f, second;
+            f.move(3, 0.0);
             f.door.history().setStack(shared.get());
             second.door.history().setStack(shared.get());
             f.move(1, 7.0);
@@ -324,6 +326,7 @@ private Q_SLOTS:
             second.door.history().setStack(shared.get());
             second.move(1, 8.0);
             QCOMPARE(shared->count(), 1);
+            QVERIFY(!f.stack().canUndo()); // what was done before it left its own stack is no step any more
         }
         QCOMPARE(shared->count(), 0);
     }

@@ -74,6 +74,8 @@ private Q_SLOTS:
         row("point", "0;1,234\n", "sample - --decimal=point", "0\t1234\n");
         row("byte order mark, CRLF", "\xEF\xBB\xBF-1 2\r\n0 1\r\n", "sample -", "-1\t2\n0\t1\n");
         row("exact wavelengths", lamp, "sample -", "380\t1\n382.5\t2\n385\t3\n");
+        row("quotation marks in names", "t\t\"a \"\"b\"\"\"\n0\t1\n", "convert - - --output-format table",
+            "t\t\"a \"\"b\"\"\"\n0\t1\n");
         row("curve to table", spline, "convert - - --step 2", "time\t\"standard input\"\n0\t1\n2\t2\n4\t3\n");
         row("gaps are left out", formula, "convert - - --from 0 --to 1 --count 2",
             "time\t\"standard input\"\n1\t0\n");
@@ -177,6 +179,8 @@ private Q_SLOTS:
         QCOMPARE(run("t;" + QByteArray(99, 'x') + "ü;\xC2\x9B/ä\n0;1;2\n", "convert - --all " + path("odd")),
                  0);
         QCOMPARE(names("odd"), (QStringList{"__ä.crv", QString(99, 'x') + ".crv"}));
+        QCOMPARE(run("t a a a-2\n0 1 2 3\n", "convert - --all " + path("alike")), 0);
+        QCOMPARE(names("alike").size(), 3);
         QCOMPARE(run("", "sample " + path("dots/_.A-2.crv")), 0);
         QCOMPARE(output_, QByteArray("0\t2\n"));
     }
@@ -201,6 +205,8 @@ private Q_SLOTS:
         QByteArray samples;
         for (int i = 0; i <= 400; ++i)
             samples += QByteArray::number(i) + ' ' + QByteArray::number(std::sin(i / 60.0), 'g', 12) + '\n';
+        QCOMPARE(run("t a\n0 1000\n1 1001\n2 1000\n", "simplify - -o - --tolerance 10 --percent"), 0);
+        QVERIFY(errors_.startsWith("3 points stay"));
         QCOMPARE(run(samples, "simplify - -o - --tolerance 0.1 --percent"), 0);
         const QRegularExpression report("^401 points become (\\d+), at most (\\S+) away\n$");
         const QRegularExpressionMatch match = report.match(errors_);

@@ -189,6 +189,9 @@ private Q_SLOTS:
         fixture->editor.loadFile();
         QCOMPARE(fixture->curves["cam.lens"].spline(5.0), 1.0);
         QCOMPARE(fixture->changes, QStringList{"cam/lens"});
+        choose(folder.filePath("take one.crv"), [this] { fixture->open("cam.focus"); });
+        fixture->editor.loadFile(); // not into a curve that became current meanwhile
+        QCOMPARE(fixture->changes, QStringList{"cam/lens"});
     }
 
     void fileThatIsNoCurveIsRefused()

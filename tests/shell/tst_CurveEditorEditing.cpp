@@ -26,8 +26,11 @@ private Q_SLOTS:
         QCOMPARE(fixture->texts(fixture->menu("Curves")), QStringList({"cam.lens", "cam.focus"})); // as added
         fixture->menu("Curves")->actions()[0]->trigger();
         QCOMPARE(fixture->list.selectedItem()->text(0), "cam.lens");
-        clickRow("cam.focus");
-        QCOMPARE(fixture->current(), "cam.focus");
+        for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::ControlModifier}) {
+            clickRow("cam.focus", keys);
+            QCOMPARE(fixture->current(), "cam.focus");
+            QVERIFY(fixture->list.selectedItem());
+        }
         QVERIFY(fixture->changes.isEmpty());
     }
 
@@ -166,9 +169,9 @@ private:
         return fixture->list.visualItemRect(fixture->list.findItems(name, Qt::MatchExactly).value(0))
             .center();
     }
-    void clickRow(const QString& name)
+    void clickRow(const QString& name, Qt::KeyboardModifiers keys = {})
     {
-        QTest::mouseClick(fixture->list.viewport(), Qt::LeftButton, {}, rowCenter(name));
+        QTest::mouseClick(fixture->list.viewport(), Qt::LeftButton, keys, rowCenter(name));
     }
 
     std::unique_ptr<EditorFixture> fixture;

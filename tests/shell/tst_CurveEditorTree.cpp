@@ -93,6 +93,8 @@ private Q_SLOTS:
     {
         CurveEditor& editor = fixture->editor;
         editor.setEditingNode("a.x");
+        int told = 0;
+        connect(&editor, &CurveEditor::currentCurveChanged, [&told] { ++told; });
         const auto check = [this](QString fullName) {
             QCOMPARE(fixture->current(), fullName);
             QCOMPARE(fixture->list.selectedItem()->text(0), fullName);
@@ -108,6 +110,8 @@ private Q_SLOTS:
         check("a.Ünd kürve");
         editor.renameNode("a", "new group");
         check("new group.Ünd kürve");
+        editor.setEditingNode("new group.Ünd kürve");
+        QCOMPARE(told, 0); // it is the same curve still
     }
 
 private:

@@ -325,6 +325,12 @@ private Q_SLOTS:
         row("reset all", 1, {"a/z", "a/y", "a/x"}, [](Scene& s) { s.editor.resetAllCheckedF(); });
         row("formula", 1, x, [](Scene& s) { s.enter("2 T"); });
         row("the same formula again", 1, x + x, [](Scene& s) { s.enter("2 T"), s.enter("2 T"); });
+        row("drag of what is read by way of another", 2, {"a/y", "a/x"}, [](Scene& s) {
+            s.canvas.canvas.setCurrentCurve("a.y");
+            s.enter("a.z");
+            s.canvas.canvas.setCurrentCurve("a.x");
+            s.drag(5.0, 1.0, 6.0, 2.0);
+        });
         row("faulty formula", 0, {}, [](Scene& s) {
             s.enter("2*");
             QCOMPARE(closeBox(), "Unknown");
@@ -670,6 +676,8 @@ private Q_SLOTS:
         s.editor.updateCurves();
         s.drag(5.0, 1.0, 6.0, 2.0);
         QCOMPARE(s.intervals, QList<QPointF>(3, QPointF(0.0, 8.0)));
+        s.drag(6.0, 2.0, 8.5, 2.0); // past a neighbour
+        QCOMPARE(s.intervals.mid(3), QList<QPointF>({{0.0, 8.0}, {0.0, 9.0}, {0.0, 9.0}}));
         s.editor.setFirstNodeZero();
         QVERIFY(s.intervals.last().x() == -HUGE_VAL && s.intervals.last().y() == -0.5);
     }
