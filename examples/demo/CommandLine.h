@@ -27,9 +27,9 @@ public:
 
     QString tableFile; ///< empty for the sample curves
     QStringList names; ///< groups and full names of curves to open; empty for the demo's own choice
-    std::optional<double> simplifyPercent; ///< tolerance for the columns of the table
+    std::optional<double> simplifyPercent;                         ///< tolerance for the columns of the table
     TableReader::Decimal decimal = TableReader::Decimal::FromText; ///< decimal sign of the table
-    QString language;                      ///< of the editor, as in "de"; empty for English
+    QString language; ///< of the editor, as in "de"; empty for English
     QString screenshotFile;
     QString exportFile;
 
