@@ -622,12 +622,11 @@ private Q_SLOTS:
     {
         struct OwnNode : FunctionFloatBase
         {
-            explicit OwnNode(const int& number) : read(number) {}
-            ~OwnNode() override { last = read; }
-            double evaluate() override { return read; }
+            explicit OwnNode(int& count) : living(++count) {}
+            ~OwnNode() override { --living; }
+            double evaluate() override { return 7.0; }
             std::string getString() override { return "no formula"; }
-            const int& read;
-            int last = 0;
+            int& living;
         };
         const Deed places[] = {
             [](Scene&) {},
@@ -637,15 +636,15 @@ private Q_SLOTS:
         for (const auto& place : places) {
             Scene s;
             s.editor.cleanSelecteds();
-            const auto number = std::make_unique<int>(7);
+            int living = 0;
             FunctionFloatBase*& expression = s.curves["a.x"].expression;
-            expression = new OwnNode(*number);
+            expression = new OwnNode(living);
             s.editor.setEditingNode("a.x");
             s.editor.deleteCurveClicked();
             place(s);
             s.editor.deleteExpression("a", "x", &expression);
-            QVERIFY(!expression);
-        } // the number goes first
+            QVERIFY(!expression && living == 0);
+        }
     }
 
     void whatIsCutIsOnTheClipboard()
