@@ -189,7 +189,9 @@ private Q_SLOTS:
                     if ((widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() && widget->isEnabled())
                         stops.insert(widget);
                 }
-                QVERIFY(stops.contains(&s.list) && stops.contains(s.button("File")));
+                for (QWidget* const stop : std::initializer_list<QWidget*>{&s.list, s.button("File"),
+                                                                           s.editor.tabWidget2->tabBar()})
+                    QVERIFY(stops.contains(stop));
                 QList<QWidget*> forth;
                 QList<QWidget*> back;
                 for (const auto& [way, key] : {std::pair{&forth, Qt::Key_Tab}, {&back, Qt::Key_Backtab}}) {
