@@ -24,7 +24,7 @@ int main(int argc, char* argv[])
     FunctionFloatBase* formula = nullptr; // ... and the variables of their expressions
     CurveEditor editor;
     QObject::connect(&editor, &CurveEditor::curveEdited,
-                     [&](const CurveChange& change) { /* read lens or formula; change tells when it changed */ });
+                     [&](const CurveChange& change) { /* read lens or formula */ });
     editor.setTimeRange(0.0, 20.0);
     editor.addCurve("Camera", "Lens", Qt::yellow, 35.0F, &lens, &formula, 10.0F, 200.0F);
     editor.setDefaultSelected("Camera", "Lens");
