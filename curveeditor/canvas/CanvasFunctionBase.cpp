@@ -84,12 +84,7 @@ void CanvasFunctionBase::leaveStack()
 void CanvasFunctionBase::connectPointMenu()
 {
     const ControlMenu* const menu = ControlSplineNode::menu();
-    const auto connectType = [this, menu](auto signal, int type) {
-        connect(menu, signal, this, [this, type] { setSelectedType(type); });
-    };
-    connectType(&ControlMenu::setSelectedLinear, SplineBase::Linear);
-    connectType(&ControlMenu::setSelectedBezier, SplineBase::Bezier);
-    connectType(&ControlMenu::setSelectedTcb, SplineBase::Tcb);
+    connect(menu, &ControlMenu::setSelectedType, this, &CanvasFunctionBase::setSelectedType);
     connect(menu, &ControlMenu::deleteSelectedNodes, this, &CanvasFunctionBase::deleteSelectedNodes);
     connect(menu, &ControlMenu::createNodeAtCursor, this, &CanvasFunctionBase::createNodeAtCursor);
     connect(menu, &ControlMenu::nodeChanged, this, &CanvasFunctionBase::currentNodeHasChanged);

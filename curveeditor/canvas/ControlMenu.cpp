@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/ControlMenu.h>
 
+#include <curveeditor/edit/PointTypeTexts.h>
+#include <curveeditor/model/SplineBase.h>
+
 #include <QAction>
 #include <QEvent>
+#include <QHash>
 
 ControlMenu::ControlMenu()
 {
     setSeparatorsCollapsible(false);
     addSeparator();
-    for (const Entry id : {SelectionToLinear, SelectionToBezier, SelectionToTcb})
-        addAction(QString())->setData(id);
+    for (const PointType& type : PointTypes::all())
+        addAction(QString())->setData(type.menuId);
     addSeparator();
     for (const Entry id : {CreateKey, DeleteKey})
         addAction(QString())->setData(id);
@@ -23,23 +27,21 @@ void ControlMenu::showMenu(const QPoint& globalPosition, int indexAtPoint)
     exec(globalPosition, actions().value(indexAtPoint));
 }
 
-void ControlMenu::setEntryEnabled(int id, bool enabled)
+void ControlMenu::enableEntries(bool hasSelection)
 {
     const QList<QAction*> entries = actions();
-    for (QAction* action : entries) {
-        if (action->data().toInt() == id)
-            action->setEnabled(enabled);
-    }
+    for (QAction* const action : entries)
+        action->setEnabled((action->data().toInt() == CreateKey) != hasSelection);
 }
 
 void ControlMenu::translate()
 {
-    const QString texts[] = {
-        QString(),        tr("Selection to Linear"), tr("Selection to Bezier"), tr("Selection to Tcb"),
-        tr("Create key"), tr("Delete key")};
+    QHash<int, QString> texts{{CreateKey, tr("Create key")}, {DeleteKey, tr("Delete key")}};
+    for (const PointType& type : PointTypes::all())
+        texts[type.menuId] = PointTypeTexts::shown(type.selection);
     const QList<QAction*> entries = actions();
     for (QAction* const action : entries)
-        action->setText(texts[action->data().toInt()]);
+        action->setText(texts.value(action->data().toInt()));
 }
 
 void ControlMenu::changeEvent(QEvent* event)
@@ -51,22 +53,24 @@ void ControlMenu::changeEvent(QEvent* event)
 
 void ControlMenu::handleMenu(int id)
 {
-    switch (id) {
-    case SelectionToLinear:
-        Q_EMIT setSelectedLinear();
-        break;
-    case SelectionToBezier:
-        Q_EMIT setSelectedBezier();
-        break;
-    case SelectionToTcb:
-        Q_EMIT setSelectedTcb();
-        break;
-    case CreateKey:
+    if (id == CreateKey)
         Q_EMIT createNodeAtCursor();
-        break;
-    case DeleteKey:
+    if (id == DeleteKey)
         Q_EMIT deleteSelectedNodes();
-        break;
+    for (const PointType& type : PointTypes::all()) {
+        if (type.menuId == id)
+            chooseType(type.number);
     }
     Q_EMIT nodeChanged();
+}
+
+void ControlMenu::chooseType(int type)
+{
+    if (type == SplineBase::Linear)
+        Q_EMIT setSelectedLinear();
+    if (type == SplineBase::Bezier)
+        Q_EMIT setSelectedBezier();
+    if (type == SplineBase::Tcb)
+        Q_EMIT setSelectedTcb();
+    Q_EMIT setSelectedType(type);
 }

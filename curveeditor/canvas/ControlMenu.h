@@ -13,8 +13,8 @@ class ControlMenu : public QMenu
     Q_OBJECT
 
 public:
-    /// The ids of the entries, in menu order.
-    enum Entry { SelectionToLinear = 1, SelectionToBezier, SelectionToTcb, CreateKey, DeleteKey };
+    /// Ids of the entries below those of `PointTypes`.
+    enum Entry { CreateKey = 4, DeleteKey };
 
     ControlMenu();
 
@@ -23,14 +23,16 @@ public:
     /// position.
     void showMenu(const QPoint& globalPosition, int indexAtPoint);
 
-    /// Enables or disables the entry of that id; an id that no entry has is ignored.
-    void setEntryEnabled(int id, bool enabled);
+    /// Enables the entries for selected points, or those for none.
+    void enableEntries(bool hasSelection);
 
 public Q_SLOTS:
     /// Sends the signal of the entry `id`, and then `nodeChanged()`.
     void handleMenu(int id);
 
 Q_SIGNALS:
+    /// One of the types of `PointTypes` is chosen. Three of them have a signal of their own too.
+    void setSelectedType(int type);
     void setSelectedLinear();
     void setSelectedBezier();
     void setSelectedTcb();
@@ -43,5 +45,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void chooseType(int type);
     void translate();
 };

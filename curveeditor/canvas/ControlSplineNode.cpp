@@ -107,11 +107,7 @@ std::vector<double> ControlSplineNode::selectedTimes() const
 
 void ControlSplineNode::popupMenu(const QPoint& globalPosition)
 {
-    const bool any = hasSelection();
-    for (const int id : {ControlMenu::SelectionToLinear, ControlMenu::SelectionToBezier,
-                         ControlMenu::SelectionToTcb, ControlMenu::DeleteKey})
-        menu()->setEntryEnabled(id, any);
-    menu()->setEntryEnabled(ControlMenu::CreateKey, !any);
+    menu()->enableEntries(hasSelection());
     menu()->showMenu(globalPosition, 0);
 }
 
@@ -119,21 +115,6 @@ QString ControlSplineNode::editText(const QString& one, const QString& many) con
 {
     const std::size_t count = selection_.edited().size();
     return count == 1 ? one.arg(curve_->name) : many.arg(count).arg(curve_->name);
-}
-
-void ControlSplineNode::setSelectedLinear()
-{
-    setSelectedType(SplineBase::Linear);
-}
-
-void ControlSplineNode::setSelectedBezier()
-{
-    setSelectedType(SplineBase::Bezier);
-}
-
-void ControlSplineNode::setSelectedTcb()
-{
-    setSelectedType(SplineBase::Tcb);
 }
 
 void ControlSplineNode::setSelectedType(int type)

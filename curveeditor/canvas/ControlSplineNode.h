@@ -77,15 +77,14 @@ public:
     QString editText(const QString& one, const QString& many) const;
 
 public Q_SLOTS:
-    /// The selected points become `Linear`, `Bezier` or `Tcb`. A new `Bezier` point keeps the slopes that it
-    /// showed. One point that is listed, but not current, is not touched.
-    void setSelectedLinear();
-    void setSelectedBezier();
-    void setSelectedTcb();
-
-private:
+    /// The selected points become `Linear`, `Bezier`, `Tcb`, or any type. A new `Bezier` point keeps the slopes
+    /// that it showed. One point that is listed, but not current, is not touched.
+    void setSelectedLinear() { setSelectedType(SplineBase::Linear); }
+    void setSelectedBezier() { setSelectedType(SplineBase::Bezier); }
+    void setSelectedTcb() { setSelectedType(SplineBase::Tcb); }
     void setSelectedType(int type);
 
+private:
     CurveEdit& door_;
     std::shared_ptr<EditedCurve> curve_;
     Selection selection_;

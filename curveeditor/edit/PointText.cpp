@@ -2,6 +2,7 @@
 #include <curveeditor/edit/PointText.h>
 
 #include <curveeditor/files/TextFields.h>
+#include <curveeditor/model/PointTypes.h>
 
 #include <algorithm>
 #include <array>
@@ -32,13 +33,7 @@ constexpr std::array<Column, 10> columns = {{{"time", &PointInfo::time},
                                              {"easeTo", &PointInfo::easeTo},
                                              {"easeFrom", &PointInfo::easeFrom}}};
 
-constexpr std::array<std::string_view, 3> typeNames = {"Linear", "Bezier", "Tcb"};
 constexpr qsizetype quotedLength = 20;
-
-std::string_view typeName(std::int32_t type)
-{
-    return type >= 0 && std::size_t(type) < typeNames.size() ? typeNames[std::size_t(type)] : typeNames[0];
-}
 
 char lowerLetter(char letter)
 {
@@ -87,7 +82,7 @@ QString PointText::write(const std::vector<PointInfo>& points)
             if (column.member)
                 append(text, point.*column.member);
             else
-                text.append(typeName(point.type));
+                text.append(PointTypes::of(point.type).word);
             text.push_back(&column == &columns.back() ? '\n' : '\t');
         }
     }
@@ -184,10 +179,13 @@ bool PointText::Reader::readField(std::size_t index, PointInfo& point)
         return number.has_value();
     }
     const std::string& word = table_.fields()[index];
-    const auto* const found = std::find_if(typeNames.begin(), typeNames.end(),
-                                           [&word](auto name) { return isSameWord(name, word); });
-    point.type = std::int32_t(found - typeNames.begin());
-    return found != typeNames.end() || fail(tr("\"%1\" is no type of a point."), word);
+    for (const PointType& type : PointTypes::all()) {
+        if (isSameWord(type.word, word)) {
+            point.type = type.number;
+            return true;
+        }
+    }
+    return fail(tr("\"%1\" is no type of a point."), word);
 }
 
 void PointText::Reader::tellFault()

@@ -12,8 +12,7 @@
 /// Points as text, for the clipboard: a table of a head line and one row for each point, which a spreadsheet reads.
 ///
 /// Written are columns separated by tabs, every number in the shortest form that reads back to the same bits, with
-/// "." as decimal sign whatever the locale. The types are "Linear", "Bezier" and "Tcb"; a number that is no type is
-/// written as "Linear", as which it acts.
+/// "." as decimal sign whatever the locale. A type is its word in `PointTypes`.
 ///
 /// Read is what `TableReader` reads: that table, with any of its columns in any order as long as time and value are
 /// among them, and a table of two columns, time and value, without a head line or under one with other words.

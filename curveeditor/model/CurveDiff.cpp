@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/CurveDiff.h>
 
+#include <curveeditor/model/PointTypes.h>
+
 #include <algorithm>
 #include <bit>
 #include <sstream>
@@ -13,18 +15,6 @@ using PointInfo = SplineBase::PointInfo;
 bool hasSameBits(double left, double right)
 {
     return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
-}
-
-const char* typeName(std::int32_t type)
-{
-    switch (type) {
-    case SplineBase::Bezier:
-        return "Bezier";
-    case SplineBase::Tcb:
-        return "Tcb";
-    default:
-        return "Linear";
-    }
 }
 
 template <typename Entries> std::vector<std::uint32_t> serialsOf(const Entries& entries)
@@ -235,7 +225,7 @@ std::string CurveDiff::toString() const
     const auto writePoints = [&text](char sign, const std::vector<Entry>& entries) {
         for (const Entry& entry : entries)
             text << sign << ' ' << entry.index << ": " << entry.info.time << ' ' << entry.info.pos << ' '
-                 << typeName(entry.info.type) << '\n';
+                 << PointTypes::of(entry.info.type).word << '\n';
     };
     const auto writeChange = [&text](const char* name, const auto& change) {
         if (!change.isNone())

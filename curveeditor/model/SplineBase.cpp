@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/SplineBase.h>
 
+#include <curveeditor/model/PointTypes.h>
 #include <curveeditor/model/SplineState.h>
 
 #include <algorithm>
@@ -130,7 +131,7 @@ bool readPoint(std::istream& in, std::string& word, PointInfo& point)
         if (!convert(word, point.*field) || !std::isfinite(point.*field) || !readWord(in, word))
             return false;
     }
-    return convert(word, point.type) && isAmong(point.type, SplineBase::Linear, SplineBase::Tcb);
+    return convert(word, point.type) && PointTypes::of(point.type).number == point.type;
 }
 
 /// `value` where it is a number, no further than the greatest one; `otherwise` where it is none.

@@ -22,7 +22,7 @@ struct NodePageWidgets
     CustomEditLine* outgoing = nullptr;            ///< slope, values per time unit
     CustomEditLine* easeFrom = nullptr;            ///< slows the departure down, -1 ... 1
     CustomEditLine* easeTo = nullptr;              ///< slows the arrival down, -1 ... 1
-    QComboBox* nodeTypeCombo = nullptr;            ///< entries: Tcb, Bezier, Linear
+    QComboBox* nodeTypeCombo = nullptr;            ///< the types of points
     QStackedWidget* nodeTypeWidgetStack = nullptr; ///< page 0 Tcb parameters, page 1 tangents
     TcbCurveFrame* tcbCurve = nullptr;             ///< picture of what tension, continuity, bias and ease do
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/PointTableModel.h>
 
+#include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/files/NumberText.h>
 #include <curveeditor/panel/NodePage.h>
 
@@ -75,11 +76,6 @@ PointSerial PointTableModel::pointIn(int row) const
     return row >= 0 && row < rowCount() ? rows_[std::size_t(row)] : 0;
 }
 
-QStringList PointTableModel::typeNames()
-{
-    return {tr("Linear"), tr("Bezier"), tr("Tcb")};
-}
-
 void PointTableModel::translate()
 {
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
@@ -120,10 +116,8 @@ QVariant PointTableModel::data(const QModelIndex& cell, int role) const
 
 QString PointTableModel::textOf(const SplineBase::PointInfo& point, int column, int role) const
 {
-    if (column == Type) {
-        const bool isKnown = point.type == SplineBase::Bezier || point.type == SplineBase::Tcb;
-        return typeNames().at(isKnown ? point.type : SplineBase::Linear);
-    }
+    if (column == Type)
+        return PointTypeTexts::shown(PointTypes::of(point.type).name);
     const double number = shownNumber(point, column);
     return role == Qt::DisplayRole ? NumberText::brief(number, locale_) : NumberText::full(number, locale_);
 }
@@ -173,9 +167,11 @@ bool PointTableModel::setText(const QModelIndex& cell, const QString& text, cons
     std::vector<PointSerial> points(rows.size());
     std::transform(rows.begin(), rows.end(), points.begin(), [this](int row) { return pointIn(row); });
     if (cell.column() == Type) {
-        const auto type = int(typeNames().indexOf(text));
-        return type >= 0 &&
-               edit(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2"),
+        const qsizetype index = PointTypeTexts::names().indexOf(text);
+        if (index < 0)
+            return false;
+        const std::int32_t type = PointTypes::all()[std::size_t(index)].number;
+        return edit(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2"),
                     points.size(), [&](SplineBase& spline) { SplineEdits::setType(spline, points, type); });
     }
     double number = 0.0;

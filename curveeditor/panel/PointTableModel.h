@@ -6,7 +6,6 @@
 #include <QAbstractTableModel>
 #include <QLocale>
 #include <QPointer>
-#include <QStringList>
 
 #include <vector>
 
@@ -56,8 +55,6 @@ public:
     bool setText(const QModelIndex& cell, const QString& text, const std::vector<int>& rows);
     /// Why that text can't be taken, for the user; empty if it can.
     QString faultOf(const QModelIndex& cell, const QString& text) const;
-    /// As the column of types shows them.
-    static QStringList typeNames();
     /// To be called when the language has changed: all views take their texts anew.
     void translate();
     /// Whose decimal sign numbers show; that of `QLocale()` at first.

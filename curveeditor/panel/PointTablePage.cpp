@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/PointTablePage.h>
 
+#include <curveeditor/edit/PointTypeTexts.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -52,7 +54,7 @@ public:
         if (cell.column() != PointTableModel::Type)
             return QStyledItemDelegate::createEditor(parent, option, cell);
         auto* const combo = new QComboBox(parent);
-        combo->addItems(PointTableModel::typeNames());
+        combo->addItems(PointTypeTexts::names());
         combo->setCurrentIndex(-1);
         connect(combo, &QComboBox::activated, combo, [combo] { combo->setProperty(pickedProperty, true); });
         return combo;
@@ -84,7 +86,7 @@ public:
     void setEditorData(QWidget* editor, const QModelIndex& cell) const override
     {
         auto* const combo = qobject_cast<QComboBox*>(editor);
-        const QStringList names = PointTableModel::typeNames();
+        const QStringList names = PointTypeTexts::names();
         for (int type = 0; combo && type < combo->count(); ++type)
             combo->setItemText(type, names[type]); // the language may have changed
         if (isTouched(*editor))

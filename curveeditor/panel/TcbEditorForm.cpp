@@ -2,6 +2,7 @@
 #include <curveeditor/panel/TcbEditorForm.h>
 
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/model/PointTypes.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
 
@@ -28,19 +29,6 @@ namespace {
 using Field = SplineEdits::Field;
 
 enum StackPage { TcbPage = 0, TangentPage = 1 };
-enum TypeEntry { TcbEntry = 0, BezierEntry = 1, LinearEntry = 2 };
-
-TypeEntry entryOfType(int type)
-{
-    switch (type) {
-    case SplineBase::Tcb:
-        return TcbEntry;
-    case SplineBase::Bezier:
-        return BezierEntry;
-    default:
-        return LinearEntry;
-    }
-}
 
 } // namespace
 
@@ -66,7 +54,7 @@ const TcbEditorForm::Row* TcbEditorForm::Row::find(const NodePageWidgets& widget
 
 TcbEditorForm::TcbEditorForm(NodePage* editor) : editor_(editor), widgets_(editor->nodePageWidgets())
 {
-    widgets_.nodeTypeCombo->setCurrentIndex(TcbEntry);
+    widgets_.nodeTypeCombo->setCurrentIndex(0);
     disableFields();
     connect(widgets_.prevNode, &QPushButton::clicked, this, &TcbEditorForm::clickedPrev);
     connect(widgets_.nextNode, &QPushButton::clicked, this, &TcbEditorForm::clickedNext);
@@ -127,7 +115,7 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
             widget.setBounds(-row.bound, row.bound);
     }
     widgets_.nodeTypeWidgetStack->setCurrentIndex(point.type == SplineBase::Bezier ? TangentPage : TcbPage);
-    widgets_.nodeTypeCombo->setCurrentIndex(entryOfType(point.type));
+    widgets_.nodeTypeCombo->setCurrentIndex(PointTypes::of(point.type).entry);
     showPreview(point);
 }
 
@@ -181,21 +169,12 @@ void TcbEditorForm::clickedPrev()
 void TcbEditorForm::changeNodeType(int entry)
 {
     const QPointer<ControlSplineNode> control(currentControl_);
-    if (editableIndex() < 0)
+    const auto types = PointTypes::all();
+    const auto chosen = std::find_if(types.begin(), types.end(),
+                                     [entry](const PointType& type) { return type.entry == entry; });
+    if (editableIndex() < 0 || chosen == types.end())
         return;
-    switch (entry) {
-    case TcbEntry:
-        control->setSelectedTcb();
-        break;
-    case BezierEntry:
-        control->setSelectedBezier();
-        break;
-    case LinearEntry:
-        control->setSelectedLinear();
-        break;
-    default:
-        return;
-    }
+    control->setSelectedType(chosen->number);
     if (control == currentControl_)
         showPoint(control);
     Q_EMIT nodeTcbChanged(control);

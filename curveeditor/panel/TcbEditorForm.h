@@ -48,7 +48,7 @@ public Q_SLOTS:
     /// Selects the preceding point, the last after the first one, and shows it.
     void clickedPrev();
 
-    /// Gives the selected point the type of that entry of the combo box: 0 Tcb, 1 Bezier, 2 Linear.
+    /// Gives the selected point the type of that entry of the combo box, see `PointType::entry`.
     void changeNodeType(int entry);
 
     /// Writes `value`, as `sender` shows it, into the point's field of that widget. A time that is no finite

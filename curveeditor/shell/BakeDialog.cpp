@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/files/NumberText.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/shell/DialogParts.h>
@@ -16,8 +17,7 @@
 
 namespace {
 
-constexpr qint64 longestEvaluation = 1000;  // milliseconds
-constexpr int fitted = SplineBase::Tcb + 1; // behind the types of points
+constexpr qint64 longestEvaluation = 1000; // milliseconds
 
 } // namespace
 
@@ -51,8 +51,10 @@ void BakeDialog::addTimes()
 void BakeDialog::addKinds()
 {
     kind_ = new QComboBox;
-    kind_->addItems({QString(), QString(), QString(), QString()});
-    kind_->setCurrentIndex(SplineBase::Bezier);
+    for (const PointType& type : PointTypes::all())
+        kind_->addItem(QString(), type.number);
+    kind_->addItem(QString());
+    kind_->setCurrentIndex(kind_->findData(SplineBase::Bezier));
     addField("kind", kind_);
     tolerance_ = addNumber("tolerance", usualTolerance(0.0, 1.0));
     tolerance_->setEnabled(false);
@@ -69,7 +71,7 @@ void BakeDialog::translate()
     setLabel(to_, areFrames() ? tr("&To frame") : tr("&To time"));
     setLabel(every_, tr("&Every"));
     setLabel(kind_, tr("&Points"));
-    const QString kinds[] = {tr("Linear"), tr("Bezier"), tr("Tcb"), tr("As few as the tolerance allows")};
+    const QStringList kinds = PointTypeTexts::names() << tr("As few as the tolerance allows");
     for (int index = 0; index < kind_->count(); ++index)
         kind_->setItemText(index, kinds[index]);
     fitToItems(kind_);
@@ -83,7 +85,7 @@ bool BakeDialog::areFrames() const
 
 bool BakeDialog::isFitted() const
 {
-    return kind_->currentIndex() == fitted;
+    return kind_->currentIndex() == kind_->count() - 1;
 }
 
 std::optional<CurveFit::Steps> BakeDialog::steps() const
@@ -127,7 +129,7 @@ CurveFit::Result BakeDialog::bake(const CurveFit::Steps& times)
     };
     CurveFit::Result result =
         isFitted() ? CurveFit::bake(function, times, {tolerance_->number().value_or(0.0), false})
-                   : CurveFit::bake(function, times, SplineBase::NodeType(kind_->currentIndex()));
+                   : CurveFit::bake(function, times, SplineBase::NodeType(kind_->currentData().toInt()));
     for (SplineBase::PointInfo& point : result.spline.points) {
         point.time /= shownPerTime_;
         point.tanLeft *= shownPerTime_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CanvasAccessible.h>
 
+#include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/edit/SplineEdits.h>
 #include <curveeditor/shell/FunctionEditor.h>
 
@@ -81,11 +82,8 @@ QString PointAccessible::text(QAccessible::Text kind) const
         return {};
     if (kind == QAccessible::Value)
         return QString::number(present->pos);
-    if (kind == QAccessible::Description) {
-        const QString types[] = {tr("Tcb point"), tr("Bezier point"), tr("Linear point")};
-        const int type = present->type;
-        return type == SplineBase::Tcb ? types[0] : types[type == SplineBase::Bezier ? 1 : 2];
-    }
+    if (kind == QAccessible::Description)
+        return PointTypeTexts::shown(PointTypes::of(present->type).point);
     if (kind != QAccessible::Name)
         return {};
     const double time = canvas_->isShowFrames() ? present->time * canvas_->fps : present->time;

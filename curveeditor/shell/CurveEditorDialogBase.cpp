@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 
+#include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/EditingListPanel.h>
@@ -350,7 +351,7 @@ void CurveEditorDialogBase::languageChange()
     setItems(nodeLast, {tr("Zero"), tr("Constant"), tr("Loop"), tr("Loop offset"), tr("Follow Tangent")});
     textLabel1_2_3_2_2->setText(tr("Ease From:"));
     textLabel1_2_3_2->setText(tr("Ease To:"));
-    setItems(nodeTypeCombo, {tr("Tcb node"), tr("Bezier node"), tr("Linear node")});
+    setItems(nodeTypeCombo, PointTypeTexts::nodes());
     textTension->setText(tr("Tension:"));
     textContinuity->setText(tr("Continuity:"));
     textBias->setText(tr("Bias:"));

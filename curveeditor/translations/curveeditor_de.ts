@@ -32,18 +32,6 @@
         <translation>&amp;Punkte</translation>
     </message>
     <message>
-        <source>Linear</source>
-        <translation>Linear</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
         <source>As few as the tolerance allows</source>
         <translation>So wenige, wie die Toleranz zulässt</translation>
     </message>
@@ -246,18 +234,6 @@
 </context>
 <context>
     <name>ControlMenu</name>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>Auswahl zu Linear</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>Auswahl zu Bézier</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>Auswahl zu TCB</translation>
-    </message>
     <message>
         <source>Create key</source>
         <translation>Keyframe erstellen</translation>
@@ -757,18 +733,6 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Ankunft:</translation>
     </message>
     <message>
-        <source>Tcb node</source>
-        <translation>TCB-Stützpunkt</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>Bézier-Stützpunkt</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>Linearer Stützpunkt</translation>
-    </message>
-    <message>
         <source>Tension:</source>
         <translation>Spannung:</translation>
     </message>
@@ -1198,18 +1162,6 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Löschen</translation>
     </message>
     <message>
-        <source>Tcb point</source>
-        <translation>TCB-Punkt</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>Bézier-Punkt</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>Linearer Punkt</translation>
-    </message>
-    <message>
         <source>Point %1 of %2, frame %3, value %4</source>
         <translation>Punkt %1 von %2, Bild %3, Wert %4</translation>
     </message>
@@ -1287,18 +1239,6 @@ Soll die Datei ersetzt werden?</translation>
 </context>
 <context>
     <name>PointTableModel</name>
-    <message>
-        <source>Linear</source>
-        <translation>Linear</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
     <message>
         <source>Frame</source>
         <translation>Bild</translation>
@@ -1440,6 +1380,57 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>The line is too long.</source>
         <translation>Die Zeile ist zu lang.</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Linearer Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Linearer Punkt</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Auswahl zu Linear</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Bézier-Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Bézier-Punkt</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Auswahl zu Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>TCB-Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>TCB-Punkt</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Auswahl zu TCB</translation>
     </message>
 </context>
 <context>

@@ -32,18 +32,6 @@
         <translation>&amp;Puntos</translation>
     </message>
     <message>
-        <source>Linear</source>
-        <translation>Lineal</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
         <source>As few as the tolerance allows</source>
         <translation>Tan pocos como permita la tolerancia</translation>
     </message>
@@ -246,18 +234,6 @@
 </context>
 <context>
     <name>ControlMenu</name>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>Selección a lineal</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>Selección a Bézier</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>Selección a TCB</translation>
-    </message>
     <message>
         <source>Create key</source>
         <translation>Crear fotograma clave</translation>
@@ -757,18 +733,6 @@ Do you want to replace it?</source>
         <translation>Llegada:</translation>
     </message>
     <message>
-        <source>Tcb node</source>
-        <translation>Nodo TCB</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>Nodo Bézier</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>Nodo lineal</translation>
-    </message>
-    <message>
         <source>Tension:</source>
         <translation>Tensión:</translation>
     </message>
@@ -1198,18 +1162,6 @@ Do you want to replace it?</source>
         <translation>Eliminar</translation>
     </message>
     <message>
-        <source>Tcb point</source>
-        <translation>Punto TCB</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>Punto Bézier</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>Punto lineal</translation>
-    </message>
-    <message>
         <source>Point %1 of %2, frame %3, value %4</source>
         <translation>Punto %1 de %2, fotograma %3, valor %4</translation>
     </message>
@@ -1287,18 +1239,6 @@ Do you want to replace it?</source>
 </context>
 <context>
     <name>PointTableModel</name>
-    <message>
-        <source>Linear</source>
-        <translation>Lineal</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
     <message>
         <source>Frame</source>
         <translation>Fotograma</translation>
@@ -1440,6 +1380,57 @@ Do you want to replace it?</source>
     <message>
         <source>The line is too long.</source>
         <translation>La línea es demasiado larga.</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>Lineal</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Nodo lineal</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Punto lineal</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Selección a lineal</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Nodo Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Punto Bézier</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Selección a Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>Nodo TCB</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>Punto TCB</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Selección a TCB</translation>
     </message>
 </context>
 <context>

@@ -32,18 +32,6 @@
         <translation>&amp;Points</translation>
     </message>
     <message>
-        <source>Linear</source>
-        <translation>Linéaire</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
         <source>As few as the tolerance allows</source>
         <translation>Aussi peu que la tolérance le permet</translation>
     </message>
@@ -246,18 +234,6 @@
 </context>
 <context>
     <name>ControlMenu</name>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>Sélection en linéaire</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>Sélection en Bézier</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>Sélection en TCB</translation>
-    </message>
     <message>
         <source>Create key</source>
         <translation>Créer une clé</translation>
@@ -757,18 +733,6 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>Arrivée&#xa0;:</translation>
     </message>
     <message>
-        <source>Tcb node</source>
-        <translation>Nœud TCB</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>Nœud de Bézier</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>Nœud linéaire</translation>
-    </message>
-    <message>
         <source>Tension:</source>
         <translation>Tension&#xa0;:</translation>
     </message>
@@ -1198,18 +1162,6 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>Supprimer</translation>
     </message>
     <message>
-        <source>Tcb point</source>
-        <translation>Point TCB</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>Point de Bézier</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>Point linéaire</translation>
-    </message>
-    <message>
         <source>Point %1 of %2, frame %3, value %4</source>
         <translation>Point %1 sur %2, image %3, valeur %4</translation>
     </message>
@@ -1287,18 +1239,6 @@ Voulez-vous le remplacer&#xa0;?</translation>
 </context>
 <context>
     <name>PointTableModel</name>
-    <message>
-        <source>Linear</source>
-        <translation>Linéaire</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
     <message>
         <source>Frame</source>
         <translation>Image</translation>
@@ -1440,6 +1380,57 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>The line is too long.</source>
         <translation>La ligne est trop longue.</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>Linéaire</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Nœud linéaire</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Point linéaire</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Sélection en linéaire</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Nœud de Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Point de Bézier</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Sélection en Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>Nœud TCB</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>Point TCB</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Sélection en TCB</translation>
     </message>
 </context>
 <context>

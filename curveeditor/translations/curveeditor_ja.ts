@@ -32,18 +32,6 @@
         <translation>ポイント(&amp;P)</translation>
     </message>
     <message>
-        <source>Linear</source>
-        <translation>リニア</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>ベジェ</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
         <source>As few as the tolerance allows</source>
         <translation>許容差の範囲で最少</translation>
     </message>
@@ -246,18 +234,6 @@
 </context>
 <context>
     <name>ControlMenu</name>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>選択をリニアに</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>選択をベジェに</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>選択を TCB に</translation>
-    </message>
     <message>
         <source>Create key</source>
         <translation>キーを作成</translation>
@@ -757,18 +733,6 @@ Do you want to replace it?</source>
         <translation>到達イーズ:</translation>
     </message>
     <message>
-        <source>Tcb node</source>
-        <translation>TCB ノード</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>ベジェ ノード</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>リニア ノード</translation>
-    </message>
-    <message>
         <source>Tension:</source>
         <translation>テンション:</translation>
     </message>
@@ -1198,18 +1162,6 @@ Do you want to replace it?</source>
         <translation>削除</translation>
     </message>
     <message>
-        <source>Tcb point</source>
-        <translation>TCB ポイント</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>ベジェ ポイント</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>リニア ポイント</translation>
-    </message>
-    <message>
         <source>Point %1 of %2, frame %3, value %4</source>
         <translation>ポイント %1 / %2、フレーム %3、値 %4</translation>
     </message>
@@ -1287,18 +1239,6 @@ Do you want to replace it?</source>
 </context>
 <context>
     <name>PointTableModel</name>
-    <message>
-        <source>Linear</source>
-        <translation>リニア</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>ベジェ</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
     <message>
         <source>Frame</source>
         <translation>フレーム</translation>
@@ -1440,6 +1380,57 @@ Do you want to replace it?</source>
     <message>
         <source>The line is too long.</source>
         <translation>行が長すぎます。</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>リニア</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>リニア ノード</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>リニア ポイント</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>選択をリニアに</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>ベジェ</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>ベジェ ノード</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>ベジェ ポイント</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>選択をベジェに</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>TCB ノード</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>TCB ポイント</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>選択を TCB に</translation>
     </message>
 </context>
 <context>

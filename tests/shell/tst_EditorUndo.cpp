@@ -93,8 +93,7 @@ private Q_SLOTS:
             QApplication::sendEvent(&s.canvas, &event);
             QCOMPARE(s.x.getControlPointsNumber(), 4u);
         });
-        row("menu changes types", 1, x,
-            [](Scene& s) { s.selectTwo(), s.choose(ControlMenu::SelectionToLinear); });
+        row("menu changes types", 1, x, [](Scene& s) { s.selectTwo(), s.choose(1); });
         row("menu deletes", 1, x, [](Scene& s) { s.selectTwo(), s.choose(ControlMenu::DeleteKey); });
         row("Delete", 1, x, [](Scene& s) { s.selectTwo(), s.key(Qt::Key_Delete); });
         row("Delete without a selection", 0, x, [](Scene& s) { s.key(Qt::Key_Delete); });
@@ -536,7 +535,7 @@ private Q_SLOTS:
         other.clickPoint();
         s.clickPoint();
         QCOMPARE(other.editor.nodeTypeCombo->currentIndex(), 1);
-        s.choose(ControlMenu::SelectionToLinear);
+        s.choose(1);
         QCOMPARE(other.editor.nodeTypeCombo->currentIndex(), 2);
         QCOMPARE(other.entries(), 1);
         s.clickPoint();

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/PointTypes.h>
+
+#include <curveeditor/model/SplineBase.h>
+
+#include <algorithm>
+
+#define QT_TRANSLATE_NOOP(context, text) text // by which lupdate finds the texts
+
+namespace {
+
+constexpr PointType builtInTypes[] = {
+    {SplineBase::Linear, "Linear", QT_TRANSLATE_NOOP("PointType", "Linear"),
+     QT_TRANSLATE_NOOP("PointType", "Linear node"), QT_TRANSLATE_NOOP("PointType", "Linear point"),
+     QT_TRANSLATE_NOOP("PointType", "Selection to Linear"), 2, 1},
+    {SplineBase::Bezier, "Bezier", QT_TRANSLATE_NOOP("PointType", "Bezier"),
+     QT_TRANSLATE_NOOP("PointType", "Bezier node"), QT_TRANSLATE_NOOP("PointType", "Bezier point"),
+     QT_TRANSLATE_NOOP("PointType", "Selection to Bezier"), 1, 2},
+    {SplineBase::Tcb, "Tcb", QT_TRANSLATE_NOOP("PointType", "Tcb"),
+     QT_TRANSLATE_NOOP("PointType", "Tcb node"), QT_TRANSLATE_NOOP("PointType", "Tcb point"),
+     QT_TRANSLATE_NOOP("PointType", "Selection to Tcb"), 0, 3},
+};
+
+constinit std::span<const PointType> typesInUse = builtInTypes;
+
+} // namespace
+
+std::span<const PointType> PointTypes::all()
+{
+    return typesInUse;
+}
+
+const PointType& PointTypes::of(std::int32_t number)
+{
+    const auto found = std::find_if(typesInUse.begin(), typesInUse.end(),
+                                    [number](const PointType& type) { return type.number == number; });
+    return found == typesInUse.end() ? typesInUse.front() : *found;
+}
+
+void PointTypes::use(std::span<const PointType> types)
+{
+    typesInUse = types;
+}
