@@ -1,51 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/canvas/CanvasLayer.h>
-#include <curveeditor/canvas/CanvasSpline.h>
-#include <curveeditor/canvas/CurveEditorTheme.h>
-#include <curveeditor/edit/CurveEdit.h>
-#include <curveeditor/edit/DragGuide.h>
-#include <curveeditor/edit/Gesture.h>
-#include <curveeditor/edit/ViewStep.h>
+#include <curveeditor/canvas/CanvasCurves.h>
+#include <curveeditor/canvas/CanvasEdit.h>
+#include <curveeditor/canvas/CanvasHands.h>
+#include <curveeditor/canvas/CanvasPicture.h>
+#include <curveeditor/canvas/PointMenu.h>
 
-#include <QColor>
-#include <QHash>
 #include <QObject>
-#include <QPoint>
-#include <QPointer>
-#include <QSet>
-#include <QStringList>
 
 #include <functional>
 #include <iosfwd>
 #include <memory>
-#include <optional>
-#include <utility>
 #include <vector>
 
-class BackgroundImage;
-class CanvasGrid;
 class ControlSplineNode;
-class CurveNodeBase;
 class DependencyCheck;
 class FunctionFloatBase;
 class ParseMessage;
-struct MouseState;
-class QKeyEvent;
-class QMouseEvent;
-class QPainter;
-class QRect;
 class QTextStream;
-class QWidget;
-class ViewPort;
 
-/// The controller of the canvas: which curves are on it, which one is current, the picture of them all, and
-/// what mouse and keys do to the current curve.
+/// The controller of the canvas, as one front of three: its `CanvasCurves`, their `CanvasPicture`, and the
+/// `CanvasHands` that edit them. The commands on curves are its own.
 ///
 /// It is no widget. Its `QObject` parent is the widget that it paints for and whose events it gets; that
-/// widget holds it by value. It owns the curves, the grid and the background image; the viewport and the
-/// editor belong to others and outlive it. Positions are logical pixels of the widget, times are time units.
+/// widget holds it by value. The viewport and the editor belong to others and outlive it. Positions are logical pixels
+/// of the widget, times are time units.
 ///
 /// Every change of a curve goes through `door`, which also leads back: see `CurveEdit`. What it reports, an edit of
 /// this canvas or a step of the undo stack, marks the pictures of that curve and of all that read it as stale;
@@ -64,8 +44,13 @@ public:
 
     DependencyCheck* getEditor() const { return editor_; }
     ViewPort* getViewport() const { return viewport_; }
+    /// The widget on which the curves are seen; null without one.
+    QWidget* widget() const;
     /// The door through which the curves are edited.
     CurveEdit& door() { return door_; }
+    const CanvasCurves& curves() const { return curves_; }
+    CanvasHands& hands() { return hands_; }
+    CanvasGrid& grid() { return picture_.grid(); }
     /// Stores the viewport; without one nothing is painted, and mouse events do nothing.
     void setViewport(ViewPort* newViewport);
 
@@ -78,7 +63,7 @@ public:
                             SplineBase* spline, FunctionFloatBase** expression, float minValue,
                             float maxValue);
     /// The first curve of that name; null if there is none.
-    CurveNodeBase* findCurve(const QString& name) const;
+    CurveNodeBase* findCurve(const QString& name) const { return curves_.find(name); }
     void setCurveColor(const QString& name, const QColor& color);
     void renameCurve(const QString& oldName, const QString& newName);
     /// Deletes the curve; if it was the current one, the first that is left becomes current.
@@ -88,7 +73,7 @@ public:
     void removeAllCurves();
     /// Selections let go of the points that their splines do not hold any more. To be called after the host
     /// has changed splines by itself.
-    void dropLostPoints();
+    void dropLostPoints() { curves_.dropLostPoints(); }
 
     /// Makes a curve of this canvas the current one; null leaves it. Emits `changeCommandLine()` in any case.
     void setCurrentCurve(CurveNodeBase* curve);
@@ -100,23 +85,21 @@ public:
     /// @name The current curve
     /// Without one these give null, 0, false or an empty text, or do nothing.
     /// @{
-    CurveNodeBase* getCurrentCurve() const { return current_; }
+    CurveNodeBase* getCurrentCurve() const { return curves_.current(); }
     /// "None" without a current curve.
     QString getCurrentCurveName() const;
     CanvasSpline* currentSpline() const;
     ControlSplineNode* currentControl() const;
     const SplineBase* currentSplineBase() const;
-    bool noCurrentCurve() const { return !current_; }
+    bool noCurrentCurve() const { return !curves_.current(); }
     bool isCurrentExpression() const;
     QString getCurrentExpressionText() const;
     /// `value` becomes the clamped value at `time`, and the result true.
     bool getCurrentValue(const double& time, double& value) const;
     /// Exactly one point is selected.
     bool hasSinglePoint() const;
-    /// A point that can be hit, or a handle of the selected one, lies under that pixel.
-    bool hasPointAt(const QPoint& pixel) const;
     /// A point of the current spline is selected, or with `setEditsAllCurves` one of any.
-    bool hasSelectedPoint() const;
+    bool hasSelectedPoint() const { return curves_.hasSelection(); }
     void setCurrentToSpline(const bool& dropExpression);
     void setCurrentToExpression();
     /// Back to a spline of one point at the default value; the expression is deleted. Reports each curve.
@@ -142,13 +125,13 @@ public:
     bool loadCurve(std::istream& in);
 
     /// The behaviour of the spline before its first and after its last point. Paints; reports nothing.
-    void setFirstNodeZero();
-    void setFirstNodeConstant();
-    void setLastNodeZero();
-    void setLastNodeConstant();
-    void setLastNodeLoop();
-    void setLastNodeLoopOffset();
-    void setLastNodeFollowTangent();
+    void setFirstNodeZero() { setFirstType(SplineBase::Zero); }
+    void setFirstNodeConstant() { setFirstType(SplineBase::Constant); }
+    void setLastNodeZero() { setLastType(SplineBase::Zero); }
+    void setLastNodeConstant() { setLastType(SplineBase::Constant); }
+    void setLastNodeLoop() { setLastType(SplineBase::Loop); }
+    void setLastNodeLoopOffset() { setLastType(SplineBase::LoopOffset); }
+    void setLastNodeFollowTangent() { setLastType(SplineBase::FollowTangent); }
 
     /// Multiplies, or shifts, times and values of the selected points about the origin of the plane. Paints;
     /// reports nothing.
@@ -158,11 +141,12 @@ public:
     /// For commands that select points: lets them work on each curve in reach, and shows what is selected then.
     using NodeWork = std::function<void(ControlSplineNode&)>;
     void changeSelections(const NodeWork& work);
-    /// There is a spline of which points can be selected.
-    bool hasCurveInReach() const { return !curvesInReach().empty(); }
 
+    /// The road of every edit that is done at once: ends what is open, edits, tells and paints. The curves, and the
+    /// canvas itself, may be gone afterwards.
+    void edit(const CanvasEdit& edit);
     /// Edits the selected points, and reports it; nothing happens if there are none. The text of
-    /// the edit is `one` or `many`, see `ControlSplineNode::editText`.
+    /// the edit is `one` or `many`, see `CanvasEdit::ofPoints`.
     using PointWork = std::function<void(SplineBase&, const std::vector<PointSerial>&)>;
     void editSelection(const QString& one, const QString& many, const PointWork& work);
     /// Edits the current spline, and reports it; `text` has a place for its name.
@@ -170,42 +154,32 @@ public:
     /// Gives a curve of this canvas other points and reports it; it is a spline then, and loses the formula that it
     /// showed. Points that can't be a spline's change nothing. `text` has a place for the name.
     void setPoints(CurveNodeBase& curve, const QString& text, std::vector<SplineBase::PointInfo> points);
-    /// The distance of the grid's lines in value units; 0.0 before the first paint or without lines.
-    double gridStep() const;
-
     /// Times of the first and the last point, lowest and highest value of the points. An expression, or a
     /// spline of fewer than two points, leaves the arguments as they are.
     void getExtent(double& timeFirst, double& timeLast, double& valueLowest, double& valueHighest) const;
 
-    /// A new point at the place of the last press, if the current curve is a spline. While the point menu is
-    /// open over another canvas nothing happens.
+    /// A new point of the current curve, if that is a spline; reports it.
+    void createPoint(const Gesture::Place& place);
+    /// The same at the place of the last press. While the point menu is open over another canvas nothing happens.
     void createNodeAtCursor();
+    /// The selected points go. Reports the current curve, whether it had any or not; of one that shows its formula
+    /// those of the spline behind it go.
+    void deleteSelection();
     /// Whether the points of all splines on the canvas show and can be hit, and a gesture, a band or a command acts
     /// on the selected points of all of them as one step. Else those of the current curve alone do, as at first.
     void setEditsAllCurves(bool on);
-    bool editsAllCurves() const { return editsAllCurves_; }
-    /// While it is set a drag with the left button adds a band to what is selected, wherever it begins.
-    bool isBandHeld = false;
-    /// Whether the picture shows that the time line can be dragged. Shows at the next paint.
-    void setOffersTimeLine(bool on);
-    /// Snapping, and the axis along which a drag of points moves; both act from the next step of a drag on.
-    DragGuide guide;
-    /// Gives it what there is to snap to now, but for the points that are dragged.
-    void prepareSnap();
-
-    /// The widget on which the curves are seen; null without one.
-    QWidget* widget() const;
+    bool editsAllCurves() const { return curves_.editsAll(); }
 
     /// Ends a drag of points and typing on the node page, as release and leaving do, without a report of
     /// `curveHasChanged`. What hears of them may take curves away, so it comes before all else that edits, opens or
     /// closes curves.
     /// Returns the curves that have changed by what was ended.
-    CurveEdit::Curves settle();
+    CurveEdit::Curves settle() { return hands_.settle(); }
     /// Ends that and tells nobody any more. To be called before whom the signals of the undo stack may reach goes.
     void leaveStack();
     /// Takes a gesture back, at points or at the view; what is left of it does nothing. Returns whether there
     /// was one.
-    bool cancelGesture();
+    bool cancelGesture() { return hands_.cancel(); }
     /// By order of the host: deletes the expression of that curve, which shows its spline then. No edit, and not
     /// reported. What the curve has retired goes too. Returns false if the curve is not on the canvas.
     bool dropExpression(const QString& name);
@@ -221,37 +195,49 @@ public:
 
     /// Brings what is out of date up to date and lets the widget show it. A widget that is not visible is
     /// painted when it is shown.
-    void paint();
+    void paint() { picture_.paint(); }
     /// Until as many `releasePaint` follow, `paint` waits; the last one paints.
-    void holdPaint() { ++paintHolds_; }
-    void releasePaint();
+    void holdPaint() { picture_.hold(); }
+    void releasePaint() { picture_.release(); }
     /// For the widget's `paintEvent`: brings the picture up to date and draws it.
-    void showBuffer(QPainter* painter);
+    void showBuffer(QPainter* painter) { picture_.show(painter); }
     /// Takes the size and the pixel ratio of the widget.
-    void resizeBuffer();
+    void resizeBuffer() { picture_.resize(); }
 
     /// Takes the theme, with its numbers bounded, and paints. The colours of the curves follow.
     void setTheme(const CurveEditorTheme& theme);
     /// The theme as it is in effect; the reference stays.
-    const CurveEditorTheme& theme();
+    const CurveEditorTheme& theme() { return picture_.theme(); }
 
     /// These change the theme; the change shows at the next paint. Curves keep the dimmed colours that they have. All
     /// canvases of the process share the colours of markers and handles until they have a theme of their own.
-    void setSelectionColor(const QColor& color);
-    void setCanvasColor(const QColor& color);
-    void setControllerColor(const QColor& color);
-    void setControllerSelectedColor(const QColor& color);
-    void setControlPointColor(const QColor& color);
-    void setControlPointSelectedColor(const QColor& color);
-    void setFrameFontColor(const QColor& color);
-    void setFrameHLineColor(const QColor& color);
-    void setFrameVLineColor(const QColor& color);
-    void setFrameLinesColor(const QColor& color);
-    void setTimeLineColor(const QColor& color);
+    void setSelectionColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::selection, color); }
+    void setCanvasColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::canvas, color); }
+    void setControllerColor(const QColor& color)
+    {
+        picture_.setSharedColor(&CurveEditorTheme::controller, color);
+    }
+    void setControllerSelectedColor(const QColor& color)
+    {
+        picture_.setSharedColor(&CurveEditorTheme::controllerSelected, color);
+    }
+    void setControlPointColor(const QColor& color)
+    {
+        picture_.setSharedColor(&CurveEditorTheme::controlPoint, color);
+    }
+    void setControlPointSelectedColor(const QColor& color)
+    {
+        picture_.setSharedColor(&CurveEditorTheme::controlPointSelected, color);
+    }
+    void setFrameFontColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::labels, color); }
+    void setFrameHLineColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::frameHLine, color); }
+    void setFrameVLineColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::frameVLine, color); }
+    void setFrameLinesColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::gridLines, color); }
+    void setTimeLineColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::timeLine, color); }
 
     /// Puts a picture behind the curves, or takes it away. A file that can't be decoded changes nothing and gives false.
-    bool loadImage(const QString& fileName);
-    void clearImage();
+    bool loadImage(const QString& fileName) { return picture_.loadImage(fileName); }
+    void clearImage() { picture_.clearImage(); }
     /// @}
 
     /// @name The view
@@ -269,18 +255,20 @@ public:
     /// @{
 
     /// Returns true if the press is taken, so that the viewport must not see it.
-    bool mousePress(QMouseEvent* event);
-    void mouseDoubleClick(QMouseEvent* event);
-    void mouseRelease(QMouseEvent* event);
+    bool mousePress(QMouseEvent* event) { return hands_.press(*event); }
+    void mouseDoubleClick(QMouseEvent* event) { hands_.doubleClick(*event); }
+    void mouseRelease(QMouseEvent* event) { hands_.release(*event); }
     /// To be called while a button or a modifier key is held.
-    void mouseMove(QMouseEvent* event);
+    void mouseMove(QMouseEvent* event) { hands_.move(*event); }
     /// Escape takes a drag back. Delete removes the selected points. The right and left arrows go to the next and previous point; where
     /// nothing is selected, the right one begins at the first point and the left one at the last.
     /// With nothing selected an arrow begins only if `isFocused`.
-    void keyPress(QKeyEvent* event, bool isFocused = true);
+    void keyPress(QKeyEvent* event, bool isFocused = true) { hands_.key(*event, isFocused); }
     /// The menu that a right press opens, at the selected point or in the middle of the canvas. Returns when it has
     /// closed.
     void openPointMenuByKey();
+    /// The same at a position of the screen.
+    void openPointMenu(const QPoint& globalPosition) { menu_->open(globalPosition); }
     /// @}
 
 public Q_SLOTS:
@@ -289,8 +277,9 @@ public Q_SLOTS:
     /// The curve of that selection was edited on the node page: paints and reports it. Null, for a curve that is
     /// gone, does nothing.
     void nodeHasChanged(const ControlSplineNode* control);
-    /// Takes the mark of the last press away, at the next paint.
-    void hideMark();
+    /// Shows a mark at the place of the last press, or takes it away, at the next paint.
+    void showMark();
+    void hideMark() { picture_.mark.reset(); }
     /// The selected points of every curve of this canvas become of that `SplineBase::NodeType`, or go.
     void setSelectedType(int type);
     void deleteSelectedNodes();
@@ -305,96 +294,26 @@ Q_SIGNALS:
     void selectionChanged(bool shows);
 
 private:
-    void setColor(QColor CurveEditorTheme::*part, const QColor& color);
-    void setSharedColor(QColor CurveEditorTheme::*part, const QColor& color);
-    /// For walks that run foreign code: a curve that goes on the way becomes null.
-    std::vector<QPointer<CurveNodeBase>> presentCurves() const;
+    using Nodes = CanvasCurves::Nodes;
 
-    void updatePicture();
-    void drawFront(CurvePainter& curves) const;
-    void drawSnapMark(QPainter& painter) const;
-    void drawHint(QPainter& painter) const;
-    CanvasLayer::Backdrop backdrop() const;
-    CanvasLayer::Curves curvesBehindCurrent() const;
-    std::optional<std::pair<int, int>> selectedColumns() const;
-
-    void showCurves(const std::vector<const CurveNodeBase*>& curves);
-    void showRanges(const AxisRange& times, const AxisRange& values);
-
-    void connectPointMenu();
     void takeReport(const EditReport& report);
     void showStep(const EditReport& report);
-    void markStale(CurveNodeBase& curve);
-    void markEdited(const EditReport& report);
-    QSet<QString> readersOf(const QStringList& names) const;
-
-    CanvasSpline::Hit hitPoint(const QPoint& pixel);
-    std::vector<CurveNodeBase*> curvesInReach() const;
-    std::vector<CurveNodeBase*> selectedCurves() const;
-    bool hasMultipleSelection() const;
-    bool isOutsideSelection(double time) const;
-    void selectOnly(PointSerial point);
-    bool pickCurve(const QPoint& pixel);
-    bool hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const;
-    void updateSelection(PointSerial point, bool shift);
-    bool pressOnSelection(const QMouseEvent& event);
-    bool pressOnEmptyCanvas(const QMouseEvent& event);
-    void closePointMenu();
-    void openPointMenu(const QPoint& globalPosition);
-    void beginDrag(bool withCtrl);
-    void beginGuide(bool keepsDistance, bool withCtrl);
-    std::vector<PointSerial> movingPoints(const CurveNodeBase& curve) const;
-    void dragSelection(const Gesture::Place& mouse, const MouseState& held);
-    bool isClick(const QMouseEvent& release) const;
-    void selectInBand();
-    void reportOthers(const CurveEdit::Curves& changed, const CurveNodeBase* reported);
-    void stepSelection(bool forward);
-
-    using Work = std::function<void(EditedCurve&)>;
-    void edit(const CurveNodeBase& node, const QString& text, const Work& work);
-    void editSettled(const QString& text, const Work& work);
-    void editAndReport(CurveNodeBase& node, const QString& text, const Work& work);
-    void editSelections(const QString& text, const NodeWork& work);
-    static QString editText(const std::vector<CurveNodeBase*>& nodes, const QString& one,
-                            const QString& many);
-    CurveEdit::Curves editPoints(const std::vector<CurveNodeBase*>& nodes, const QString& one,
-                                 const QString& many, const NodeWork& work);
-    void editPointsAndReport(const std::vector<CurveNodeBase*>& nodes, const QString& one,
-                             const QString& many, const NodeWork& work);
-    void editPointsQuietly(const QString& one, const QString& many, const NodeWork& work);
-    void resetCurves(const std::vector<QPointer<CurveNodeBase>>& curves, const QString& text);
-    bool canEditSelection();
-    void createPoint(const Gesture::Place& place);
+    CurveEdit::Curves perform(const CanvasEdit& edit, const Nodes& targets);
+    void moveSelection(const QString& one, const QString& many, const PointWork& work);
+    void editByMenu(const QString& text, const CanvasEdit::Work& work);
+    void showSpline(bool dropsExpression, CanvasEdit::Told told);
+    static CanvasEdit resetOf(const CanvasEdit::Text& text);
+    void editBehaviour(const QString& text, void (*set)(SplineBase&, int), int type);
     void setFirstType(int type);
     void setLastType(int type);
+    void showCurves(const Nodes& curves);
+    void showRanges(const AxisRange& times, const AxisRange& values);
 
     DependencyCheck* editor_;
-    CurveEditorTheme theme_;
-    bool hasOwnTheme_ = false; ///< a host has set one
-    quint64 look_ = 0;         ///< counts the changes of the theme
-    CurveEdit door_;
-    CurveEdit::Id drag_ = 0; ///< the edit of a drag of points
-    Gesture::Place lastPlace_;
-    bool editsAllCurves_ = false;
-    std::vector<QPointer<CurveNodeBase>> dragged_; ///< by the gesture, in the order of its drags
-    struct Click
-    {
-        QPoint pixel;
-        PointSerial point;
-    };
-    std::optional<Click> click_;   ///< the press that a release at its pixel makes one
-    bool pressPicksCurve_ = false; ///< the last press has made another curve current
-    bool bandSelects_ = false;     ///< the release of the rubber band selects the points in it ...
-    bool bandAdds_ = false;        ///< ... and leaves the others selected
-    bool showMark_ = false;
-    int paintHolds_ = 0;
-    CurveNodeBase* current_ = nullptr;
-    std::vector<std::unique_ptr<CurveNodeBase>> curves_;
-    /// For a curve that is dragged, the lower variable names of the curves that read it.
-    QHash<QString, QSet<QString>> readers_;
     ViewPort* viewport_ = nullptr;
-    std::unique_ptr<CanvasGrid> grid_;
-    std::unique_ptr<BackgroundImage> image_;
-    CanvasLayer layer_;
-    quint64 viewNumber_ = 0; ///< counts the changes of the view
+    CurveEdit door_;
+    CanvasCurves curves_;
+    CanvasHands hands_;
+    CanvasPicture picture_;
+    std::unique_ptr<PointMenu> menu_;
 };

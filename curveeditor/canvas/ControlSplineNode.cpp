@@ -111,20 +111,22 @@ void ControlSplineNode::popupMenu(const QPoint& globalPosition)
     menu()->showMenu(globalPosition, 0);
 }
 
-QString ControlSplineNode::editText(const QString& one, const QString& many) const
-{
-    const std::size_t count = selection_.edited().size();
-    return count == 1 ? one.arg(curve_->name) : many.arg(count).arg(curve_->name);
-}
-
-void ControlSplineNode::setSelectedType(int type)
+bool ControlSplineNode::edit(const QString& one, const QString& many, std::size_t count,
+                             const std::function<void(SplineBase&)>& work)
 {
     const QPointer<ControlSplineNode> guard(this);
     door_.commit();
     if (!guard || !getSpline())
-        return;
-    door_.begin(editText(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2")),
-                {curve_});
-    SplineEdits::setType(*openSpline(), selection_.edited(), type);
-    door_.commit();
+        return false;
+    const QString& name = curve_->name;
+    door_.begin(count == 1 ? one.arg(name) : many.arg(count).arg(name), {curve_});
+    work(*openSpline());
+    return !door_.commit().empty();
+}
+
+void ControlSplineNode::setSelectedType(int type)
+{
+    edit(tr("Change the type of a point of %1"), tr("Change the type of %1 points of %2"),
+         selection_.edited().size(),
+         [this, type](SplineBase& spline) { SplineEdits::setType(spline, selection_.edited(), type); });
 }

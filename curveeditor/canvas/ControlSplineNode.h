@@ -6,6 +6,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 class ControlMenu;
@@ -73,8 +74,11 @@ public:
     /// returns when it has closed.
     void popupMenu(const QPoint& globalPosition);
 
-    /// The name of an edit of that many points, for the user: `one` or `many` with the curve's name in it.
-    QString editText(const QString& one, const QString& many) const;
+    /// Edits the spline of this curve alone as one step of the undo stack, called `one` or `many` with the name of the
+    /// curve and the number of points in it. What is open elsewhere ends first, and who hears of that may take the
+    /// curve away. Returns whether the curve has changed; tells nobody.
+    bool edit(const QString& one, const QString& many, std::size_t count,
+              const std::function<void(SplineBase&)>& work);
 
 public Q_SLOTS:
     /// The selected points become `Linear`, `Bezier`, `Tcb`, or any type. A new `Bezier` point keeps the slopes

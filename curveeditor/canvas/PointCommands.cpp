@@ -19,7 +19,7 @@ PointCommands::PointCommands(CanvasFunctionBase& canvas) : canvas_(canvas) {}
 
 bool PointCommands::canSelect() const
 {
-    return canvas_.hasCurveInReach();
+    return !canvas_.curves().inReach().empty();
 }
 
 bool PointCommands::canInsert() const
@@ -77,7 +77,7 @@ void PointCommands::extendSelection(bool forward)
 void PointCommands::nudge(double frames, double tenthsOfGridStep)
 {
     const double time = frames * frame();
-    const double value = tenthsOfGridStep * canvas_.gridStep() / 10.0;
+    const double value = tenthsOfGridStep * canvas_.grid().stepY / 10.0;
     if ((time == 0.0 && value == 0.0) || !std::isfinite(time) || !std::isfinite(value))
         return;
     canvas_.editSelection(tr("Nudge a point of %1"), tr("Nudge %1 points of %2"),

@@ -21,9 +21,9 @@ TimeLineDrag::TimeLineDrag(QWidget* widget, CanvasFunctionBase& canvas, ViewPort
 void TimeLineDrag::setEnabled(bool on)
 {
     isEnabled_ = on;
-    start_.reset();
+    endDrag();
     showCursor(false);
-    canvas_.setOffersTimeLine(on);
+    canvas_.grid().offersTimeLine = on;
     canvas_.paint();
 }
 
@@ -58,6 +58,17 @@ bool TimeLineDrag::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+bool TimeLineDrag::isDragged() const
+{
+    return view_.gesture.kind() == Gesture::Kind::TimeLine;
+}
+
+void TimeLineDrag::endDrag()
+{
+    if (isDragged())
+        view_.gesture.end();
+}
+
 bool TimeLineDrag::isAtFoot(const QPoint& pixel) const
 {
     return view_.canShow() && pixel.y() >= view_.pixelHeight - footHeight &&
@@ -68,47 +79,48 @@ bool TimeLineDrag::takePress(const QMouseEvent& event)
 {
     const bool begins = event.button() == Qt::LeftButton && event.modifiers() == Qt::NoModifier &&
                         view_.gesture.kind() == Gesture::Kind::Idle && isAtFoot(event.position().toPoint());
-    if (start_ || !begins)
-        return start_.has_value();
+    if (isDragged() || !begins)
+        return isDragged();
     canvas_.settle();
-    canvas_.prepareSnap();
+    canvas_.hands().prepareSnap();
     widget_->setFocus();
-    start_ = view_.timeLine;
+    view_.gesture.beginAtTimeLine(view_.timeLine);
     return true;
 }
 
 bool TimeLineDrag::takeMove(const QMouseEvent& event)
 {
-    if (!start_) {
+    if (!isDragged()) {
         showCursor(event.buttons() == Qt::NoButton && isAtFoot(event.position().toPoint()));
         return false;
     }
     const QPoint pixel = event.position().toPoint();
     Gesture::Place place{view_.pixelToTime(pixel.x()), view_.pixelToValue(pixel.y())};
-    if (canvas_.guide.isSnapping != event.modifiers().testFlag(Qt::ControlModifier)) {
-        Snap snap = canvas_.guide.snap;
+    const DragGuide& guide = canvas_.hands().guide;
+    if (guide.isSnapping != event.modifiers().testFlag(Qt::ControlModifier)) {
+        Snap snap = guide.snap;
         snap.kinds &= ~unsigned(Snap::TimeLine);
         place = snap.snapped(place, view_.mapping()).place;
     }
     if (event.buttons().testFlag(Qt::LeftButton))
         moveTo(place.time);
     else
-        start_.reset(); // its release went astray
+        endDrag(); // its release went astray
     return true;
 }
 
 bool TimeLineDrag::takeRelease(const QMouseEvent& event)
 {
-    const bool wasDragged = start_.has_value();
+    const bool wasDragged = isDragged();
     if (event.button() == Qt::LeftButton)
-        start_.reset();
+        endDrag();
     return wasDragged;
 }
 
 /// A host in whose window the widget is may use Escape.
 bool TimeLineDrag::takeOverride(QKeyEvent& event) const
 {
-    const bool isOurs = start_ && event.key() == Qt::Key_Escape;
+    const bool isOurs = isDragged() && event.key() == Qt::Key_Escape;
     if (isOurs)
         event.accept();
     return isOurs;
@@ -116,10 +128,10 @@ bool TimeLineDrag::takeOverride(QKeyEvent& event) const
 
 bool TimeLineDrag::takeEscape()
 {
-    if (!start_)
+    if (!isDragged())
         return false;
-    const double time = *start_;
-    start_.reset();
+    const double time = view_.gesture.timeLine();
+    endDrag();
     moveTo(time);
     return true;
 }

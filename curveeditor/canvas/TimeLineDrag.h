@@ -3,8 +3,6 @@
 
 #include <QObject>
 
-#include <optional>
-
 class CanvasFunctionBase;
 class QKeyEvent;
 class QMouseEvent;
@@ -40,6 +38,8 @@ Q_SIGNALS:
     void dragged(double time);
 
 private:
+    bool isDragged() const;
+    void endDrag();
     bool isAtFoot(const QPoint& pixel) const;
     bool takePress(const QMouseEvent& event);
     bool takeMove(const QMouseEvent& event);
@@ -54,5 +54,4 @@ private:
     ViewPort& view_;
     bool isEnabled_ = false;
     bool isCursorShown_ = false;
-    std::optional<double> start_; ///< where the line was at the press, while it is dragged
 };

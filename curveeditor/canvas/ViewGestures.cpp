@@ -71,6 +71,12 @@ bool ViewGestures::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+/// That which drags the view.
+Qt::MouseButton ViewGestures::dragButton() const
+{
+    return view_.gesture.viewDrag.button;
+}
+
 bool ViewGestures::takeWheel(const QWheelEvent& event)
 {
     const Qt::KeyboardModifiers keys = event.modifiers() & ~Qt::KeypadModifier;
@@ -121,7 +127,7 @@ bool ViewGestures::takeKey(const QKeyEvent& event, bool isPress)
     if (event.key() == Qt::Key_X || event.key() == Qt::Key_Y)
         return takeAxisKey(event, isPress);
     if (event.key() == Qt::Key_B && !event.isAutoRepeat())
-        canvas_.isBandHeld = isPress && event.modifiers() == Qt::NoModifier;
+        view_.gesture.keys.band = isPress && event.modifiers() == Qt::NoModifier;
     if (event.key() != Qt::Key_Space || (isPress && event.modifiers() != Qt::NoModifier))
         return false;
     if (!event.isAutoRepeat() && (!isPress || widget_->hasFocus()))
@@ -135,56 +141,55 @@ bool ViewGestures::takeAxisKey(const QKeyEvent& event, bool isPress)
     const bool isDragged = view_.gesture.isAtPoints();
     const bool isCommand = isPress && event.modifiers() != Qt::NoModifier && !isDragged;
     if (!event.isAutoRepeat() && !isCommand) {
-        const DragGuide::Axis held =
-            event.key() == Qt::Key_X ? DragGuide::Axis::Time : DragGuide::Axis::Value;
-        canvas_.guide.axis = isPress ? held : DragGuide::Axis::Both;
+        const Gesture::Axis held = event.key() == Qt::Key_X ? Gesture::Axis::Time : Gesture::Axis::Value;
+        view_.gesture.keys.axis = isPress ? held : Gesture::Axis::Both;
     }
     return isDragged;
 }
 
 bool ViewGestures::takePress(const QMouseEvent& event)
 {
-    const bool bySpace = isSpaceHeld_ && event.button() == Qt::LeftButton;
+    const bool bySpace = view_.gesture.keys.space && event.button() == Qt::LeftButton;
     const bool byMiddle = event.button() == Qt::MiddleButton && event.modifiers() == Qt::NoModifier &&
-                          !canvas_.hasSelectedPoint() && !canvas_.hasPointAt(event.position().toPoint());
-    if (button_ != Qt::NoButton || (!bySpace && !byMiddle) || !view_.canShow())
+                          !canvas_.hasSelectedPoint() &&
+                          !canvas_.hands().hasPointAt(event.position().toPoint());
+    if (dragButton() != Qt::NoButton || (!bySpace && !byMiddle) || !view_.canShow())
         return false;
     canvas_.settle();
     widget_->setFocus();
     view_.gesture.beginAtView(Gesture::Kind::Pan, view_.mapping());
-    button_ = event.button();
-    last_ = event.position();
+    view_.gesture.viewDrag = {event.button(), event.position()};
     widget_->setCursor(Qt::ClosedHandCursor);
     return true;
 }
 
 bool ViewGestures::takeMove(const QMouseEvent& event)
 {
-    if (!event.buttons().testFlag(button_))
+    if (!event.buttons().testFlag(dragButton()))
         endPan(); // its release went astray
-    if (button_ == Qt::NoButton)
+    if (dragButton() == Qt::NoButton)
         return false;
     if (view_.gesture.kind() == Gesture::Kind::Pan)
-        pan(event.position() - last_);
-    last_ = event.position();
+        pan(event.position() - view_.gesture.viewDrag.last);
+    view_.gesture.viewDrag.last = event.position();
     return true;
 }
 
 bool ViewGestures::takeRelease(const QMouseEvent& event)
 {
-    if (button_ == Qt::NoButton || event.button() != button_)
-        return button_ != Qt::NoButton;
+    if (dragButton() == Qt::NoButton || event.button() != dragButton())
+        return dragButton() != Qt::NoButton;
     endPan();
     return true;
 }
 
 void ViewGestures::endPan()
 {
-    if (button_ == Qt::NoButton)
+    if (dragButton() == Qt::NoButton)
         return;
-    button_ = Qt::NoButton;
+    view_.gesture.viewDrag = {};
     view_.gesture.end();
-    holdSpace(isSpaceHeld_);
+    holdSpace(view_.gesture.keys.space);
 }
 
 void ViewGestures::zoom(const QPointF& pixel, double timeFactor, double valueFactor)
@@ -202,14 +207,13 @@ void ViewGestures::pan(const QPointF& distance)
 void ViewGestures::releaseKeys()
 {
     holdSpace(false);
-    canvas_.isBandHeld = false;
-    canvas_.guide.axis = DragGuide::Axis::Both;
+    view_.gesture.keys = {};
 }
 
 void ViewGestures::holdSpace(bool on)
 {
-    isSpaceHeld_ = on;
-    if (button_ != Qt::NoButton)
+    view_.gesture.keys.space = on;
+    if (dragButton() != Qt::NoButton)
         return;
     if (on)
         widget_->setCursor(Qt::OpenHandCursor);

@@ -38,6 +38,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    Qt::MouseButton dragButton() const;
     bool takeWheel(const QWheelEvent& event);
     bool takePinch(const QNativeGestureEvent& event);
     bool takeOverride(QKeyEvent& event) const;
@@ -55,7 +56,4 @@ private:
     CanvasFunctionBase& canvas_;
     ViewPort& view_;
     bool isEnabled_ = true;
-    bool isSpaceHeld_ = false;
-    Qt::MouseButton button_ = Qt::NoButton; ///< drags the view
-    QPointF last_;
 };

@@ -12,15 +12,16 @@ void DragGuide::begin(const Gesture::Place& grabbed, const Gesture::Place& ancho
     ignoresToggle_ = toggled;
 }
 
-Gesture::Place DragGuide::guided(const Gesture::Place& mouse, const PlaneMapping& view, bool toggled)
+Gesture::Place DragGuide::guided(const Gesture::Place& mouse, const PlaneMapping& view, Gesture::Axis axis,
+                                 bool toggled)
 {
     const Gesture::Place target{mouse.time + offset_.time, mouse.value + offset_.value};
     ignoresToggle_ = ignoresToggle_ && toggled;
     hit_ = isSnapping != (toggled && !ignoresToggle_) ? snap.snapped(target, view) : Snap::Result{target};
-    if (axis == Axis::Time) {
+    if (axis == Gesture::Axis::Time) {
         hit_.place.value = grabbed_.value;
         hit_.valueKinds = Snap::Nothing;
-    } else if (axis == Axis::Value) {
+    } else if (axis == Gesture::Axis::Value) {
         hit_.place.time = grabbed_.time;
         hit_.timeKinds = Snap::Nothing;
     }

@@ -3,25 +3,23 @@
 
 #include <curveeditor/edit/Snap.h>
 
-/// What guides a drag of points besides the mouse: an axis along which alone they move, and snapping. A value; the
-/// canvas holds one and asks it at each step of a drag.
+/// What guides a drag of points besides the mouse: an axis along which alone they move, and snapping. A value; the hands
+/// of a canvas hold one and ask it at each step of a drag.
 class DragGuide
 {
 public:
-    enum class Axis { Both, Time, Value };
-
     DragGuide() { snap.kinds = Snap::Frames | Snap::GridLines | Snap::Points | Snap::TimeLine; }
 
     Snap snap;               ///< its kinds are what the user wants to snap to, all at first
     bool isSnapping = false; ///< unless it is toggled in the drag
-    Axis axis = Axis::Both;  ///< along which points move
 
     /// To be called when a drag begins. `grabbed` is where the point is that follows the mouse, which was pressed at
     /// `anchor`; `goesToMouse` if it jumps there instead of keeping its distance. A key that was `toggled` then meant
     /// the press, and toggles only once it has been let go.
     void begin(const Gesture::Place& grabbed, const Gesture::Place& anchor, bool goesToMouse, bool toggled);
-    /// Where the mouse would be if it led the point to where it shall go.
-    Gesture::Place guided(const Gesture::Place& mouse, const PlaneMapping& view, bool toggled);
+    /// Where the mouse would be if it led the point to where it shall go, along `axis` alone.
+    Gesture::Place guided(const Gesture::Place& mouse, const PlaneMapping& view, Gesture::Axis axis,
+                          bool toggled);
     void end() { hit_ = {}; }
 
     /// What the point has snapped to in the last step; its kinds are `Snap::Nothing` where it has not.

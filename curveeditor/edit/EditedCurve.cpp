@@ -65,6 +65,13 @@ void EditedCurve::mend()
         spline_->mend();
 }
 
+void EditedCurve::showSpline(bool dropsExpression)
+{
+    kind_ = CurveKind::Spline;
+    if (dropsExpression)
+        setExpression(nullptr, {});
+}
+
 void EditedCurve::setExpression(std::unique_ptr<FunctionFloatBase> newExpression, const std::string& text)
 {
     if (!variable_)

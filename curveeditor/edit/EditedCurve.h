@@ -43,6 +43,8 @@ public:
     /// See `SplineBase::mend`.
     void mend();
     void setKind(CurveKind kind) { kind_ = kind; }
+    /// The spline shows; the expression stays behind it, or goes.
+    void showSpline(bool dropsExpression);
     /// Puts `expression` into the variable; `text` is what it was parsed from. What the variable held is deleted or,
     /// if its text can't be parsed again, retired: kept for a while, as it may have to come back.
     void setExpression(std::unique_ptr<FunctionFloatBase> expression, const std::string& text);

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/Gesture.h>
 
+#include <curveeditor/edit/EditedCurve.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
 
-void Gesture::beginAtPoints(std::vector<PointDrag> drags)
+void Gesture::beginAtPoints(std::uint64_t edit, std::vector<Drag> drags)
 {
     end();
-    kind_ = drags.size() == 1 && drags.front().isAtTangent() ? Kind::Tangent : Kind::Points;
+    kind_ = drags.size() == 1 && drags.front().points.isAtTangent() ? Kind::Tangent : Kind::Points;
+    edit_ = edit;
     drags_ = std::move(drags);
 }
 
@@ -20,9 +23,18 @@ void Gesture::beginAtView(Kind kind, const PlaneMapping& start)
     start_ = start;
 }
 
+void Gesture::beginAtTimeLine(double start)
+{
+    end();
+    kind_ = Kind::TimeLine;
+    timeLine_ = start;
+}
+
 void Gesture::end()
 {
-    *this = Gesture();
+    kind_ = Kind::Idle;
+    edit_ = 0;
+    drags_.clear();
 }
 
 void Gesture::cancel()
@@ -31,12 +43,21 @@ void Gesture::cancel()
     kind_ = Kind::Cancelled;
 }
 
+std::vector<PointSerial> Gesture::moving(const SplineBase* spline) const
+{
+    for (const Drag& drag : drags_) {
+        if (drag.curve->spline() == spline)
+            return drag.points.points();
+    }
+    return {};
+}
+
 Gesture::Place Gesture::grabbed(const Place& anchor, const PlaneMapping& view) const
 {
     Place nearest = anchor;
     double least = std::numeric_limits<double>::infinity();
-    for (const PointDrag& drag : drags_) {
-        for (const Place& start : drag.starts()) {
+    for (const Drag& drag : drags_) {
+        for (const Place& start : drag.points.starts()) {
             const double distance = std::abs(view.column(start.time) - view.column(anchor.time)) +
                                     std::abs(view.row(start.value) - view.row(anchor.value));
             if (distance < least)

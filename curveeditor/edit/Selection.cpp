@@ -80,6 +80,12 @@ void Selection::selectAll(std::vector<PointSerial> points)
     listed_ = std::move(points);
 }
 
+void Selection::giveUpListOfOne()
+{
+    if (hasSingle())
+        selectOnly(current_);
+}
+
 void Selection::toggle(PointSerial point, const SplineBase& spline)
 {
     const auto place = std::find(listed_.begin(), listed_.end(), point);

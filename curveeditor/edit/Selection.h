@@ -36,6 +36,8 @@ public:
     void setCurrent(PointSerial point) { current_ = point; }
     /// Selects these points; the last becomes the current one too.
     void selectAll(std::vector<PointSerial> points);
+    /// For after an edit: a point that was edited alone is selected alone, and not listed.
+    void giveUpListOfOne();
     /// Adds the point to the selection or takes it out. The list stays ascending in the time that the points
     /// have in `spline`.
     void toggle(PointSerial point, const SplineBase& spline);

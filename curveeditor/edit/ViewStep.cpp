@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -82,6 +83,12 @@ AxisRange withMargin(const AxisRange& range, double usualSpan, double share)
 }
 
 } // namespace
+
+AxisRange AxisRange::nothing()
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    return {infinity, -infinity};
+}
 
 void AxisRange::include(double number)
 {

@@ -11,6 +11,10 @@ struct AxisRange
     double low = 0.0;
     double high = 0.0;
 
+    /// What includes no number yet.
+    static AxisRange nothing();
+    bool isNothing() const { return low > high; }
+
     double span() const { return high - low; }
     /// Makes it large enough to hold `number`; not-a-number changes nothing.
     void include(double number);

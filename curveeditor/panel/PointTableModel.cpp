@@ -206,20 +206,12 @@ bool PointTableModel::readNumber(const SplineBase::PointInfo& point, int column,
     return typed && std::isfinite(number);
 }
 
-/// An edit that is open elsewhere is told when it is committed, and who hears of it may take the curve away.
-template <typename Work>
-bool PointTableModel::edit(const QString& one, const QString& many, std::size_t count, Work work)
+bool PointTableModel::edit(const QString& one, const QString& many, std::size_t count,
+                           const std::function<void(SplineBase&)>& work)
 {
     const QPointer<ControlSplineNode> control(control_);
     const QPointer<PointTableModel> guard(this);
-    control->door().commit();
-    if (!control || !control->getSpline())
-        return false;
-    const QString& name = control->curve()->name;
-    CurveEdit& door = control->door();
-    door.begin(count == 1 ? one.arg(name) : many.arg(count).arg(name), {control->curve()});
-    work(*control->openSpline());
-    const bool hasChanged = !door.commit().empty();
+    const bool hasChanged = control->edit(one, many, count, work);
     if (hasChanged && guard)
         Q_EMIT edited(control);
     return hasChanged;

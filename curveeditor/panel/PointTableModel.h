@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QPointer>
 
+#include <functional>
 #include <vector>
 
 class NodePage;
@@ -77,7 +78,8 @@ private:
     double shownNumber(const SplineBase::PointInfo& point, int column) const;
     bool readNumber(const SplineBase::PointInfo& point, int column, const QString& text,
                     double& number) const;
-    template <typename Work> bool edit(const QString& one, const QString& many, std::size_t count, Work work);
+    bool edit(const QString& one, const QString& many, std::size_t count,
+              const std::function<void(SplineBase&)>& work);
 
     const NodePage* unit_;
     QLocale locale_;

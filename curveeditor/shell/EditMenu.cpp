@@ -179,7 +179,7 @@ void EditMenu::insertUnderMouse()
 
 void EditMenu::addSnapping()
 {
-    DragGuide& guide = canvas_.canvas.guide;
+    DragGuide& guide = canvas_.canvas.hands().guide;
     target_ = addMenu(QT_TR_NOOP("Snapping"));
     addToggle(
         QT_TR_NOOP("Snap while dragging (Ctrl: the other way)"), QStringLiteral("S"),

@@ -184,7 +184,6 @@ void FunctionEditor::mousePressEvent(QMouseEvent* event)
 {
     const QPointer<FunctionEditor> guard(this); // the menu over the points runs its own loop
     clearDrag();
-    lastPress_ = event->position().toPoint();
     const bool isTaken = canvas.mousePress(event);
     if (!guard)
         return;
@@ -268,7 +267,7 @@ bool FunctionEditor::isAtLastPress(const QMouseEvent& event) const
     const bool isTouch = event.deviceType() == QInputDevice::DeviceType::TouchScreen;
     const int reach = isTouch ? hints.touchDoubleTapDistance() : hints.mouseDoubleClickDistance();
     const QPoint here = event.position().toPoint();
-    const QPoint way = here - lastPress_.value_or(here);
+    const QPoint way = here - gesture.press.pixel.value_or(here);
     return qAbs(way.x()) <= reach && qAbs(way.y()) <= reach;
 }
 

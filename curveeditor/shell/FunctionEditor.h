@@ -7,10 +7,7 @@
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/panel/TcbEditorForm.h>
 
-#include <QPoint>
 #include <QWidget>
-
-#include <optional>
 
 class CurveEditor;
 
@@ -105,6 +102,4 @@ private:
     void paintFocusFrame(QPainter& painter);
     void reportPosition(const QMouseEvent& event);
     void loadBand();
-
-    std::optional<QPoint> lastPress_;
 };

@@ -96,6 +96,13 @@
     </message>
 </context>
 <context>
+    <name>CanvasEdit</name>
+    <message>
+        <source>%1 curves</source>
+        <translation>%1 Kurven</translation>
+    </message>
+</context>
+<context>
     <name>CanvasFunctionBase</name>
     <message>
         <source>Variable %1 not found</source>
@@ -168,18 +175,6 @@
         <translation>Endverhalten von %1 ändern</translation>
     </message>
     <message>
-        <source>Move a point of %1</source>
-        <translation>Punkt von %1 verschieben</translation>
-    </message>
-    <message>
-        <source>Change a tangent of %1</source>
-        <translation>Tangente von %1 ändern</translation>
-    </message>
-    <message>
-        <source>Move %1 points of %2</source>
-        <translation>%1 Punkte von %2 verschieben</translation>
-    </message>
-    <message>
         <source>Delete a point of %1</source>
         <translation>Punkt von %1 löschen</translation>
     </message>
@@ -204,10 +199,6 @@
         <translation>%1 (%2)</translation>
     </message>
     <message>
-        <source>%1 curves</source>
-        <translation>%1 Kurven</translation>
-    </message>
-    <message>
         <source>Scale a point of %1</source>
         <translation>Punkt von %1 skalieren</translation>
     </message>
@@ -223,6 +214,24 @@
         <source>Pan %1 points of %2</source>
         <translation>%1 Punkte von %2 versetzen</translation>
     </message>
+</context>
+<context>
+    <name>CanvasHands</name>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>Punkt von %1 verschieben</translation>
+    </message>
+    <message>
+        <source>Change a tangent of %1</source>
+        <translation>Tangente von %1 ändern</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>%1 Punkte von %2 verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasPicture</name>
     <message>
         <source>Drop the name of a curve on the list to edit it here</source>
         <translation>Den Namen einer Kurve auf die Liste ziehen, um sie hier zu bearbeiten</translation>

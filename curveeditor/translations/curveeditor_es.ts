@@ -96,6 +96,13 @@
     </message>
 </context>
 <context>
+    <name>CanvasEdit</name>
+    <message>
+        <source>%1 curves</source>
+        <translation>%1 curvas</translation>
+    </message>
+</context>
+<context>
     <name>CanvasFunctionBase</name>
     <message>
         <source>Variable %1 not found</source>
@@ -168,18 +175,6 @@
         <translation>Cambiar el comportamiento final de %1</translation>
     </message>
     <message>
-        <source>Move a point of %1</source>
-        <translation>Mover un punto de %1</translation>
-    </message>
-    <message>
-        <source>Change a tangent of %1</source>
-        <translation>Cambiar una tangente de %1</translation>
-    </message>
-    <message>
-        <source>Move %1 points of %2</source>
-        <translation>Mover %1 puntos de %2</translation>
-    </message>
-    <message>
         <source>Delete a point of %1</source>
         <translation>Eliminar un punto de %1</translation>
     </message>
@@ -204,10 +199,6 @@
         <translation>%1 (%2)</translation>
     </message>
     <message>
-        <source>%1 curves</source>
-        <translation>%1 curvas</translation>
-    </message>
-    <message>
         <source>Scale a point of %1</source>
         <translation>Escalar un punto de %1</translation>
     </message>
@@ -223,6 +214,24 @@
         <source>Pan %1 points of %2</source>
         <translation>Desplazar %1 puntos de %2</translation>
     </message>
+</context>
+<context>
+    <name>CanvasHands</name>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>Mover un punto de %1</translation>
+    </message>
+    <message>
+        <source>Change a tangent of %1</source>
+        <translation>Cambiar una tangente de %1</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>Mover %1 puntos de %2</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasPicture</name>
     <message>
         <source>Drop the name of a curve on the list to edit it here</source>
         <translation>Suelte el nombre de una curva en la lista para editarla aquí</translation>

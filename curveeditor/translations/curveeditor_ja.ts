@@ -96,6 +96,13 @@
     </message>
 </context>
 <context>
+    <name>CanvasEdit</name>
+    <message>
+        <source>%1 curves</source>
+        <translation>%1 本のカーブ</translation>
+    </message>
+</context>
+<context>
     <name>CanvasFunctionBase</name>
     <message>
         <source>Variable %1 not found</source>
@@ -168,18 +175,6 @@
         <translation>%1 の終了動作を変更</translation>
     </message>
     <message>
-        <source>Move a point of %1</source>
-        <translation>%1 のポイントを移動</translation>
-    </message>
-    <message>
-        <source>Change a tangent of %1</source>
-        <translation>%1 の接線を変更</translation>
-    </message>
-    <message>
-        <source>Move %1 points of %2</source>
-        <translation>%2 のポイント %1 個を移動</translation>
-    </message>
-    <message>
         <source>Delete a point of %1</source>
         <translation>%1 のポイントを削除</translation>
     </message>
@@ -204,10 +199,6 @@
         <translation>%1 (%2)</translation>
     </message>
     <message>
-        <source>%1 curves</source>
-        <translation>%1 本のカーブ</translation>
-    </message>
-    <message>
         <source>Scale a point of %1</source>
         <translation>%1 のポイントをスケール</translation>
     </message>
@@ -223,6 +214,24 @@
         <source>Pan %1 points of %2</source>
         <translation>%2 のポイント %1 個をずらす</translation>
     </message>
+</context>
+<context>
+    <name>CanvasHands</name>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>%1 のポイントを移動</translation>
+    </message>
+    <message>
+        <source>Change a tangent of %1</source>
+        <translation>%1 の接線を変更</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>%2 のポイント %1 個を移動</translation>
+    </message>
+</context>
+<context>
+    <name>CanvasPicture</name>
     <message>
         <source>Drop the name of a curve on the list to edit it here</source>
         <translation>カーブの名前をリストにドロップすると、ここで編集できます</translation>

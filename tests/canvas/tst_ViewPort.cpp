@@ -98,7 +98,7 @@ private Q_SLOTS:
         };
         view.gesture.beginAtView(Gesture::Kind::Band, view.mapping());
         QCOMPARE(kindAfterReset(), Gesture::Kind::Idle);
-        view.gesture.beginAtPoints({});
+        view.gesture.beginAtPoints(1, {});
         QCOMPARE(kindAfterReset(), Gesture::Kind::Points);
     }
 

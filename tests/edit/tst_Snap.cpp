@@ -70,11 +70,11 @@ private Q_SLOTS:
         guide.isSnapping = true;
         guide.snap.setGridLines({10.0}, {10.0});
         guide.begin({5.0, 5.0}, {5.0, 5.0}, false, false);
-        for (const auto axis : {DragGuide::Axis::Both, DragGuide::Axis::Time, DragGuide::Axis::Value}) {
-            guide.axis = axis;
-            const Gesture::Place led = guide.guided({10.1, 10.1}, {0.0, 100.0, 0.0, 50.0, 1000, 500}, false);
-            QCOMPARE(led.time == 10.0, axis != DragGuide::Axis::Value);
-            QCOMPARE(led.value == 10.0, axis != DragGuide::Axis::Time);
+        for (const auto axis : {Gesture::Axis::Both, Gesture::Axis::Time, Gesture::Axis::Value}) {
+            const Gesture::Place led =
+                guide.guided({10.1, 10.1}, {0.0, 100.0, 0.0, 50.0, 1000, 500}, axis, false);
+            QCOMPARE(led.time == 10.0, axis != Gesture::Axis::Value);
+            QCOMPARE(led.value == 10.0, axis != Gesture::Axis::Time);
             QCOMPARE(guide.hit().timeKinds != Snap::Nothing, led.time == 10.0);
             QCOMPARE(guide.hit().valueKinds != Snap::Nothing, led.value == 10.0);
         }

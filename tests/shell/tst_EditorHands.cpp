@@ -201,7 +201,7 @@ private Q_SLOTS:
         QVERIFY(told.size() == 1 && qAbs(s.canvas.timeLine - 4.0) < 0.05);
         dragFoot(100.0, true);
         QCOMPARE(told.mid(1), (QList<double>{s.canvas.limitTimeMax, told[0]}));
-        s.canvas.canvas.guide.isSnapping = true;
+        s.canvas.canvas.hands().guide.isSnapping = true;
         dragFoot(6.02, false);
         QCOMPARE(s.canvas.timeLine, 6.0);
         s.key(Qt::Key_Comma);
@@ -264,7 +264,7 @@ private Q_SLOTS:
         s.canvas.canvas.setEditsAllCurves(false);
         s.canvas.canvas.setCurrentCurve("a.z");
         QCOMPARE(offered(texts), (QList<bool>{false, false, false, false, true, true}));
-        unsigned& kinds = s.canvas.canvas.guide.snap.kinds;
+        unsigned& kinds = s.canvas.canvas.hands().guide.snap.kinds;
         kinds = Snap::GridLines;
         offered({});
         entry("To grid lines")->trigger();

@@ -114,12 +114,12 @@ private Q_SLOTS:
         QCOMPARE(s.takes(*focus, Qt::Key_T), act || qobject_cast<QLineEdit*>(focus));
         for (const Qt::Key key : {Qt::Key_B, Qt::Key_X}) {
             QTest::keyPress(focus, key);
-            QCOMPARE(s.canvas.canvas.isBandHeld || s.canvas.canvas.guide.axis != DragGuide::Axis::Both, act);
+            QCOMPARE(s.canvas.gesture.keys.band || s.canvas.gesture.keys.axis != Gesture::Axis::Both, act);
             if (key == Qt::Key_B)
                 QTest::keyRelease(focus, key);
             else
                 s.editor.commandLine->setFocus(); // hears of no release
-            QVERIFY(!s.canvas.canvas.isBandHeld && s.canvas.canvas.guide.axis == DragGuide::Axis::Both);
+            QVERIFY(!s.canvas.gesture.keys.band && s.canvas.gesture.keys.axis == Gesture::Axis::Both);
         }
         QCOMPARE(s.list.selectedItem()->text(0), "a.x");
         focus->setFocus();

@@ -104,7 +104,7 @@ private Q_SLOTS:
             QCOMPARE(s.x[1]->time, 5.0 + 1.0 / s.canvas.fps);
             const double value = s.x[1]->pos;
             s.key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
-            QCOMPARE(s.x[1]->pos, value - s.canvas.canvas.gridStep());
+            QCOMPARE(s.x[1]->pos, value - s.canvas.canvas.grid().stepY);
         });
         row("cut and paste", 2, x + x, [](Scene& s) {
             s.selectTwo();
@@ -184,7 +184,7 @@ private Q_SLOTS:
         });
         row("drag that snaps", 1, x, [](Scene& s) {
             s.key(Qt::Key_S);
-            s.canvas.canvas.guide.snap.kinds = Snap::Frames | Snap::Points;
+            s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames | Snap::Points;
             s.press(5.0, 1.0);
             s.move(6.03, -1.98);
             const SplineBase::PointInfo& point = *s.x[1];
@@ -195,14 +195,14 @@ private Q_SLOTS:
         });
         row("drag of two that snaps", 1, x, [](Scene& s) {
             s.selectTwo();
-            s.canvas.canvas.guide.snap.kinds = Snap::Frames;
+            s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames;
             s.press(5.3, 1.0);
             s.move(6.32, 1.5, Qt::ControlModifier);
             QCOMPARE(s.x[1]->time, 6.0);
             s.release(6.32, 1.5);
         });
         row("drag that begins with Ctrl", 1, x, [](Scene& s) {
-            s.canvas.canvas.guide.snap.kinds = Snap::Frames;
+            s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames;
             s.editor.setFps(1.0);
             s.press(5.0, 1.0, Qt::ControlModifier);
             const std::pair<Qt::KeyboardModifiers, bool> steps[] = {

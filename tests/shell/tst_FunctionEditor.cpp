@@ -102,7 +102,7 @@ private Q_SLOTS:
         QCOMPARE(themed.theme().canvas, QColor(Qt::blue));
         QCOMPARE(themed.grab().toImage().pixelColor(fixture->canvas.mapTo(&themed, QPoint(10, 10))),
                  QColor(Qt::blue));
-        QVERIFY(fixture->canvas.canvas.hasPointAt(fixture->pixel(5.0, 1.0) + QPoint(19, 0)));
+        QVERIFY(fixture->canvas.canvas.hands().hasPointAt(fixture->pixel(5.0, 1.0) + QPoint(19, 0)));
         CurveEditor().setControlPointColor(Qt::black); // for the other tests
     }
 

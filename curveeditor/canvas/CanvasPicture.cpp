@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include <curveeditor/canvas/CanvasFunctionBase.h>
+#include <curveeditor/canvas/CanvasPicture.h>
 
-#include <curveeditor/canvas/BackgroundImage.h>
-#include <curveeditor/canvas/CanvasGrid.h>
-#include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/CanvasCurves.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/canvas/ExpressionSampler.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/DragGuide.h>
 
 #include <QPainter>
 #include <QWidget>
 
-#include <algorithm>
 #include <array>
 
 namespace {
@@ -29,26 +27,30 @@ constexpr std::array sharedColors = {&CurveEditorTheme::controlPoint, &CurveEdit
 
 } // namespace
 
-void CanvasFunctionBase::paint()
+CanvasPicture::CanvasPicture(QWidget* widget, const CanvasCurves& curves, const DragGuide& guide)
+    : widget_(widget), curves_(curves), guide_(guide), grid_(std::make_unique<CanvasGrid>(widget))
 {
-    if (paintHolds_ > 0)
-        return;
-    QWidget* const canvas = widget();
-    if (!canvas || !canvas->isVisible())
-        return;
-    updatePicture();
-    canvas->update();
 }
 
-void CanvasFunctionBase::releasePaint()
+CanvasPicture::~CanvasPicture() = default;
+
+void CanvasPicture::paint()
 {
-    if (--paintHolds_ == 0)
+    if (holds_ > 0 || !widget_ || !widget_->isVisible())
+        return;
+    update();
+    widget_->update();
+}
+
+void CanvasPicture::release()
+{
+    if (--holds_ == 0)
         paint();
 }
 
-void CanvasFunctionBase::showBuffer(QPainter* painter)
+void CanvasPicture::show(QPainter* painter)
 {
-    updatePicture();
+    update();
     if (!theme_.smooth || layer_.isNull()) {
         layer_.draw(painter);
         CurvePainter curves(painter, layer_.pixelRatio());
@@ -63,15 +65,15 @@ void CanvasFunctionBase::showBuffer(QPainter* painter)
 }
 
 /// What lies before the layer.
-void CanvasFunctionBase::drawFront(CurvePainter& curves) const
+void CanvasPicture::drawFront(CurvePainter& curves) const
 {
     if (!viewport_)
         return;
     QPainter& painter = *curves.painter();
-    if (current_) {
+    if (curves_.current()) {
         painter.setBackground(theme_.canvas);
         painter.setBackgroundMode(theme_.smooth ? Qt::TransparentMode : Qt::OpaqueMode);
-        current_->draw(curves);
+        curves_.current()->draw(curves);
         drawSnapMark(painter);
     }
     grid_->drawGrip(&painter, theme_);
@@ -79,20 +81,22 @@ void CanvasFunctionBase::drawFront(CurvePainter& curves) const
 }
 
 /// What can be done on a canvas that is empty, or nearly so.
-void CanvasFunctionBase::drawHint(QPainter& painter) const
+QString CanvasPicture::hint() const
 {
-    if (!theme_.hint.isValid())
-        return;
-    const SplineBase* const spline = current_ && current_->isSpline() ? current_->getSpline() : nullptr;
-    QString text;
-    if (curves_.empty())
-        text = tr("Drop the name of a curve on the list to edit it here");
-    else if (spline && spline->getControlPointsNumber() == 1)
-        text = tr("Double-click to add a point");
-    else
+    if (curves_.isEmpty())
+        return tr("Drop the name of a curve on the list to edit it here");
+    const CanvasCurves::Nodes current = curves_.currentSplineOnly();
+    const bool isBare = !current.empty() && current.front()->getSpline()->getControlPointsNumber() == 1;
+    return isBare ? tr("Double-click to add a point") : QString();
+}
+
+void CanvasPicture::drawHint(QPainter& painter) const
+{
+    const QString text = hint();
+    if (!theme_.hint.isValid() || text.isEmpty())
         return;
     constexpr double heightShare = 0.4; // clear of a level curve in the middle
-    painter.setFont(widget()->font());
+    painter.setFont(widget_->font());
     QRect place = painter.fontMetrics().boundingRect(text).adjusted(-8, -4, 8, 4);
     place.moveCenter(QPoint(viewport_->pixelWidth / 2, int(viewport_->pixelHeight * heightShare)));
     painter.fillRect(place, theme_.canvas);
@@ -102,9 +106,9 @@ void CanvasFunctionBase::drawHint(QPainter& painter) const
 }
 
 /// Lines through what a dragged point has snapped to.
-void CanvasFunctionBase::drawSnapMark(QPainter& painter) const
+void CanvasPicture::drawSnapMark(QPainter& painter) const
 {
-    const Snap::Result& hit = guide.hit();
+    const Snap::Result& hit = guide_.hit();
     painter.setPen(QPen(theme_.timeLine, 1, Qt::DashLine));
     painter.setBackgroundMode(Qt::TransparentMode);
     if (hit.timeKinds != Snap::Nothing) {
@@ -117,30 +121,29 @@ void CanvasFunctionBase::drawSnapMark(QPainter& painter) const
     }
 }
 
-void CanvasFunctionBase::resizeBuffer()
+void CanvasPicture::resize()
 {
-    const QWidget* const canvas = widget();
-    if (!canvas || !layer_.resize(canvas->size(), canvas->devicePixelRatioF()) || !viewport_)
+    if (!widget_ || !layer_.resize(widget_->size(), widget_->devicePixelRatioF()) || !viewport_)
         return;
     viewport_->pixelRatio = layer_.pixelRatio();
     viewport_->dirty = true;
 }
 
-void CanvasFunctionBase::updatePicture()
+void CanvasPicture::update()
 {
-    resizeBuffer();
+    resize();
     theme();
     if (!viewport_ || layer_.isNull())
         return;
     if (viewport_->dirty) {
-        ++viewNumber_;
+        ++view_;
         grid_->layout(viewport_);
         if (image_)
             image_->updateForView(viewport_, layer_.pixelRatio());
     }
     grid_->placeTimeLine(*viewport_);
     std::vector<CurveNodeBase*> expressions;
-    for (const auto& curve : curves_) {
+    for (const auto& curve : curves_.all()) {
         curve->update(viewport_);
         if (curve->needsSamples(*viewport_))
             expressions.push_back(curve.get());
@@ -150,10 +153,10 @@ void CanvasFunctionBase::updatePicture()
     layer_.show(backdrop(), curvesBehindCurrent());
 }
 
-CanvasLayer::Backdrop CanvasFunctionBase::backdrop() const
+CanvasLayer::Backdrop CanvasPicture::backdrop() const
 {
     CanvasLayer::Backdrop backdrop;
-    backdrop.view = viewNumber_;
+    backdrop.view = view_;
     backdrop.look = look_;
     backdrop.theme = &theme_;
     backdrop.background = image_.get();
@@ -162,9 +165,8 @@ CanvasLayer::Backdrop CanvasFunctionBase::backdrop() const
     backdrop.font = QFont();
     if (!viewport_->canShow())
         return backdrop;
-    if (showMark_)
-        backdrop.mark =
-            QPoint(viewport_->timeToPixel(lastPlace_.time), viewport_->valueToPixel(lastPlace_.value));
+    if (mark)
+        backdrop.mark = QPoint(viewport_->timeToPixel(mark->time), viewport_->valueToPixel(mark->value));
     if (viewport_->bandValid || viewport_->bandActive)
         backdrop.band = viewport_->bandRect();
     else
@@ -173,43 +175,34 @@ CanvasLayer::Backdrop CanvasFunctionBase::backdrop() const
     return backdrop;
 }
 
-CanvasLayer::Curves CanvasFunctionBase::curvesBehindCurrent() const
+CanvasLayer::Curves CanvasPicture::curvesBehindCurrent() const
 {
     CanvasLayer::Curves curves;
-    for (const auto& curve : curves_) {
-        if (curve.get() != current_)
+    for (const auto& curve : curves_.all()) {
+        if (curve.get() != curves_.current())
             curves.emplace_back(curve.get(), curve->pictureNumber());
     }
     return curves;
 }
 
-std::optional<std::pair<int, int>> CanvasFunctionBase::selectedColumns() const
+std::optional<std::pair<int, int>> CanvasPicture::selectedColumns() const
 {
-    std::vector<double> ends;
-    for (const CurveNodeBase* const curve : selectedCurves()) {
-        const std::vector<double> times = curve->control().selectedTimes();
-        if (!times.empty())
-            ends.insert(ends.end(), {times.front(), times.back()});
-    }
-    if (!hasMultipleSelection() || ends.empty())
+    const std::optional<AxisRange> times = curves_.selectedTimes();
+    if (!times)
         return std::nullopt;
-    const auto [first, last] = std::minmax_element(ends.begin(), ends.end());
-    return std::pair(viewport_->timeToPixel(*first), viewport_->timeToPixel(*last));
+    return std::pair(viewport_->timeToPixel(times->low), viewport_->timeToPixel(times->high));
 }
 
-void CanvasFunctionBase::setTheme(const CurveEditorTheme& theme)
+void CanvasPicture::setTheme(const CurveEditorTheme& theme)
 {
     theme_ = theme.bounded();
     hasOwnTheme_ = true;
     ++look_;
-    for (const auto& curve : curves_)
-        curve->setColor(curve->getColor(), theme_.canvas);
     if (viewport_)
         viewport_->dirty = true;
-    paint();
 }
 
-const CurveEditorTheme& CanvasFunctionBase::theme()
+const CurveEditorTheme& CanvasPicture::theme()
 {
     for (const auto color : sharedColors) {
         if (!hasOwnTheme_ && theme_.*color != sharedTheme().*color)
@@ -218,77 +211,21 @@ const CurveEditorTheme& CanvasFunctionBase::theme()
     return theme_;
 }
 
-void CanvasFunctionBase::setColor(QColor CurveEditorTheme::*part, const QColor& color)
+void CanvasPicture::setColor(QColor CurveEditorTheme::*part, const QColor& color)
 {
     theme_.*part = color;
+    theme_.canvas.setAlpha(255); // else the last picture would shine through
     ++look_;
 }
 
-void CanvasFunctionBase::setSharedColor(QColor CurveEditorTheme::*part, const QColor& color)
+void CanvasPicture::setSharedColor(QColor CurveEditorTheme::*part, const QColor& color)
 {
     if (!hasOwnTheme_)
         sharedTheme().*part = color;
     setColor(part, color);
 }
 
-void CanvasFunctionBase::setSelectionColor(const QColor& color)
-{
-    setColor(&CurveEditorTheme::selection, color);
-}
-
-void CanvasFunctionBase::setCanvasColor(const QColor& color)
-{
-    QColor opaque = color; // else the last picture would shine through
-    opaque.setAlpha(255);
-    setColor(&CurveEditorTheme::canvas, opaque);
-}
-
-void CanvasFunctionBase::setControllerColor(const QColor& color)
-{
-    setSharedColor(&CurveEditorTheme::controller, color);
-}
-
-void CanvasFunctionBase::setControllerSelectedColor(const QColor& color)
-{
-    setSharedColor(&CurveEditorTheme::controllerSelected, color);
-}
-
-void CanvasFunctionBase::setControlPointColor(const QColor& color)
-{
-    setSharedColor(&CurveEditorTheme::controlPoint, color);
-}
-
-void CanvasFunctionBase::setControlPointSelectedColor(const QColor& color)
-{
-    setSharedColor(&CurveEditorTheme::controlPointSelected, color);
-}
-
-void CanvasFunctionBase::setFrameFontColor(const QColor& color)
-{
-    setColor(&CurveEditorTheme::labels, color);
-}
-
-void CanvasFunctionBase::setFrameHLineColor(const QColor& color)
-{
-    setColor(&CurveEditorTheme::frameHLine, color);
-}
-
-void CanvasFunctionBase::setFrameVLineColor(const QColor& color)
-{
-    setColor(&CurveEditorTheme::frameVLine, color);
-}
-
-void CanvasFunctionBase::setFrameLinesColor(const QColor& color)
-{
-    setColor(&CurveEditorTheme::gridLines, color);
-}
-
-void CanvasFunctionBase::setTimeLineColor(const QColor& color)
-{
-    setColor(&CurveEditorTheme::timeLine, color);
-}
-
-bool CanvasFunctionBase::loadImage(const QString& fileName)
+bool CanvasPicture::loadImage(const QString& fileName)
 {
     auto loaded = std::make_unique<BackgroundImage>(fileName);
     if (loaded->sourceImage.isNull())
@@ -297,14 +234,4 @@ bool CanvasFunctionBase::loadImage(const QString& fileName)
     if (viewport_)
         viewport_->dirty = true;
     return true;
-}
-
-void CanvasFunctionBase::clearImage()
-{
-    image_.reset();
-}
-
-void CanvasFunctionBase::setOffersTimeLine(bool on)
-{
-    grid_->offersTimeLine = on;
 }

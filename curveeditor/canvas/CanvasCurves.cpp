@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/CanvasCurves.h>
+
+#include <curveeditor/canvas/CanvasExpression.h>
+#include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/DependencyCheck.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+void setSelectedMark(const CurveNodeBase& curve, bool selected)
+{
+    curve.getCanvasSpline()->selected = selected;
+    curve.getCanvasExpression()->selected = selected;
+}
+
+} // namespace
+
+CanvasCurves::CanvasCurves(DependencyCheck* editor) : editor_(editor) {}
+
+CanvasCurves::~CanvasCurves() = default;
+
+CanvasCurves::Nodes CanvasCurves::nodes() const
+{
+    Nodes nodes;
+    for (const auto& curve : curves_)
+        nodes.push_back(curve.get());
+    return nodes;
+}
+
+CanvasCurves::Guarded CanvasCurves::present() const
+{
+    const Nodes all = nodes();
+    return {all.begin(), all.end()};
+}
+
+CurveNodeBase* CanvasCurves::find(const QString& name) const
+{
+    const auto found = std::find_if(curves_.begin(), curves_.end(),
+                                    [&](const auto& curve) { return curve->getName() == name; });
+    return found == curves_.end() ? nullptr : found->get();
+}
+
+CurveNodeBase* CanvasCurves::find(const EditedCurve& curve) const
+{
+    const auto found = std::find_if(curves_.begin(), curves_.end(),
+                                    [&](const auto& present) { return present->curve().get() == &curve; });
+    return found == curves_.end() ? nullptr : found->get();
+}
+
+void CanvasCurves::add(std::unique_ptr<CurveNodeBase> curve)
+{
+    curve->getCanvasSpline()->showsPoints = editsAll_;
+    curves_.push_back(std::move(curve));
+}
+
+std::unique_ptr<CurveNodeBase> CanvasCurves::take(const CurveNodeBase* curve)
+{
+    const auto found = std::find_if(curves_.begin(), curves_.end(),
+                                    [curve](const auto& present) { return present.get() == curve; });
+    if (found == curves_.end())
+        return nullptr;
+    std::unique_ptr<CurveNodeBase> taken = std::move(*found);
+    curves_.erase(found);
+    if (current_ == curve)
+        current_ = curves_.empty() ? nullptr : curves_.front().get();
+    return taken;
+}
+
+void CanvasCurves::clear()
+{
+    current_ = nullptr;
+    curves_.clear();
+}
+
+void CanvasCurves::setCurrent(CurveNodeBase& curve)
+{
+    if (current_)
+        setSelectedMark(*current_, false);
+    current_ = &curve;
+    setSelectedMark(curve, true);
+    curve.toggleAction();
+}
+
+CanvasCurves::Nodes CanvasCurves::currentOnly() const
+{
+    return current_ ? Nodes{current_} : Nodes();
+}
+
+CanvasCurves::Nodes CanvasCurves::currentSplineOnly() const
+{
+    return current_ && current_->isSpline() && current_->getSpline() ? Nodes{current_} : Nodes();
+}
+
+void CanvasCurves::setEditsAll(bool on)
+{
+    editsAll_ = on;
+    for (const auto& curve : curves_) {
+        curve->getCanvasSpline()->showsPoints = on;
+        if (!on && curve.get() != current_)
+            curve->control().selectOnly(nullptr); // the point menu would act on what does not show any more
+    }
+}
+
+CanvasCurves::Nodes CanvasCurves::inReach() const
+{
+    Nodes reach = currentSplineOnly();
+    if (!editsAll_)
+        return reach;
+    for (const auto& curve : curves_) {
+        const bool isThere = std::any_of(reach.begin(), reach.end(), [&curve](const CurveNodeBase* other) {
+            return other->getSpline() == curve->getSpline();
+        });
+        if (curve->isSpline() && curve->getSpline() && !isThere)
+            reach.push_back(curve.get());
+    }
+    return reach;
+}
+
+CanvasCurves::Nodes CanvasCurves::selected() const
+{
+    Nodes selected = inReach();
+    std::erase_if(selected, [](const CurveNodeBase* curve) { return !curve->control().hasSelection(); });
+    return selected;
+}
+
+CanvasCurves::Nodes CanvasCurves::selectedAnywhere() const
+{
+    Nodes selected;
+    for (const auto& curve : curves_) {
+        if (curve->getSpline() && curve->control().hasSelection())
+            selected.push_back(curve.get());
+    }
+    return selected;
+}
+
+bool CanvasCurves::hasMultipleSelection() const
+{
+    const Nodes nodes = selected();
+    return nodes.size() > 1 || (!nodes.empty() && nodes.front()->control().hasMultipleSelection());
+}
+
+std::optional<AxisRange> CanvasCurves::selectedTimes() const
+{
+    if (!hasMultipleSelection())
+        return std::nullopt;
+    AxisRange range = AxisRange::nothing();
+    for (const CurveNodeBase* const curve : selected()) {
+        for (const double time : curve->control().selectedTimes())
+            range.include(time);
+    }
+    return range.isNothing() ? std::nullopt : std::optional(range);
+}
+
+bool CanvasCurves::isOutsideSelection(double time) const
+{
+    const std::optional<AxisRange> range = selectedTimes();
+    return !range || time <= range->low || time >= range->high;
+}
+
+void CanvasCurves::selectOnly(PointSerial point)
+{
+    for (CurveNodeBase* const curve : inReach())
+        curve->control().selection().selectOnly(0);
+    current_->control().selection().selectOnly(point);
+}
+
+void CanvasCurves::dropLostPoints()
+{
+    for (const auto& curve : curves_)
+        curve->control().dropLostPoints();
+}
+
+// Two curves may share a spline or a variable.
+void CanvasCurves::markEdited(const EditReport& report, bool isDragStep)
+{
+    QStringList names = {report.curve->name};
+    for (const auto& curve : curves_) {
+        const EditedCurve& present = *curve->curve();
+        if (curve->curve() != report.curve && present.spline() != report.curve->spline() &&
+            (!present.variable() || present.variable() != report.curve->variable()))
+            continue;
+        curve->changed = true;
+        names.append(curve->getName());
+    }
+    if (!isDragStep)
+        readers_.clear();
+    auto readers = readers_.find(report.curve->name);
+    if (readers == readers_.end())
+        readers = readers_.insert(report.curve->name, readersOf(names));
+    for (const auto& curve : curves_) {
+        if (readers->isEmpty())
+            return;
+        if (readers->contains(DependencyCheck::lowerVariableName(curve->getName())))
+            curve->changed = true;
+    }
+}
+
+QSet<QString> CanvasCurves::readersOf(const QStringList& names) const
+{
+    QSet<QString> readers;
+    for (const QString& name : names) {
+        const QStringList found =
+            editor_ ? editor_->readersOf(DependencyCheck::lowerVariableName(name)) : QStringList();
+        readers.unite(QSet<QString>(found.begin(), found.end()));
+    }
+    return readers;
+}
+
+CanvasCurves::Guarded CanvasCurves::withFirst(CurveNodeBase* first, const CurveEdit::Curves& changed) const
+{
+    Guarded curves;
+    if (first)
+        curves.emplace_back(first);
+    for (const auto& curve : curves_) {
+        const bool hasChanged = std::find(changed.begin(), changed.end(), curve->curve()) != changed.end();
+        if (hasChanged && curve.get() != first)
+            curves.emplace_back(curve.get());
+    }
+    return curves;
+}
+
+void CanvasCurves::report(const Guarded& curves)
+{
+    for (const auto& curve : curves) {
+        if (curve)
+            curve->emitCurveChanged();
+    }
+}

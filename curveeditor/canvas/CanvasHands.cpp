@@ -1,0 +1,393 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/CanvasHands.h>
+
+#include <curveeditor/canvas/CanvasFunctionBase.h>
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/MouseState.h>
+#include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/model/EvaluationTime.h>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <utility>
+
+namespace {
+
+Gesture::Place placeAt(const ViewPort& viewport, const QPoint& pixel)
+{
+    return {viewport.pixelToTime(pixel.x()), viewport.pixelToValue(pixel.y())};
+}
+
+} // namespace
+
+CanvasHands::CanvasHands(CanvasFunctionBase& canvas, CanvasCurves& curves) : canvas_(canvas), curves_(curves)
+{
+}
+
+ViewPort* CanvasHands::viewport() const
+{
+    return canvas_.getViewport();
+}
+
+CurveEdit::Curves CanvasHands::settle()
+{
+    if (viewport() && viewport()->gesture.isAtPoints())
+        viewport()->gesture.end();
+    guide.end();
+    return canvas_.door().commit();
+}
+
+bool CanvasHands::cancel()
+{
+    if (!viewport())
+        return false;
+    Gesture& gesture = viewport()->gesture;
+    gesture.press.bandSelects = false;
+    if (gesture.isAtView()) {
+        viewport()->cancelDrag();
+        return true;
+    }
+    if (!gesture.isAtPoints())
+        return false;
+    const CurveEdit::Id edit = gesture.edit();
+    gesture.cancel();
+    guide.end();
+    if (canvas_.door().isOpen(edit))
+        canvas_.door().cancel();
+    return true;
+}
+
+bool CanvasHands::press(const QMouseEvent& event)
+{
+    settle();
+    if (!viewport())
+        return false;
+    Gesture& gesture = viewport()->gesture;
+    const QPoint pixel = event.position().toPoint();
+    gesture.end();
+    gesture.press = {};
+    gesture.press.pixel = pixel;
+    if (!curves_.current())
+        return false;
+    const bool isLeft = event.button() == Qt::LeftButton;
+    if (!curves_.current()->isSpline() && !curves_.editsAll())
+        return isLeft && pickCurve(pixel);
+
+    gesture.place = placeAt(*viewport(), pixel);
+    if (stateBefore(event).has(Qt::AltModifier))
+        return false;
+    if (gesture.keys.band && isLeft) {
+        gesture.press.bandSelects = gesture.press.bandAdds = true;
+        return false;
+    }
+    const CanvasSpline::Hit hit = hitPoint(pixel);
+    if (!curves_.current())
+        return true;
+    if (!curves_.current()->isSpline())
+        return isLeft && pressOnEmptyCanvas(event);
+    return pressOnHit(event, hit);
+}
+
+bool CanvasHands::pressOnHit(const QMouseEvent& event, const CanvasSpline::Hit& hit)
+{
+    const MouseState held = stateBefore(event);
+    CurveNodeBase& current = *curves_.current();
+    current.control().activePart = hit.part;
+    if (hit.point != 0 && held.has(Qt::ShiftModifier)) {
+        current.control().selection().toggle(hit.point, *current.getSpline());
+        current.emitCurveChanged();
+        return true;
+    }
+    updateSelection(hit.point, held.has(Qt::ShiftModifier));
+    if (event.button() == Qt::LeftButton && held.isEmpty() && curves_.hasMultipleSelection())
+        viewport()->gesture.press.click = hit.point;
+    return curves_.hasSelection() ? pressOnSelection(event) : pressOnEmptyCanvas(event);
+}
+
+/// The handles of the current curve's selected point can be hit, too.
+CanvasSpline::Hit CanvasHands::hitIn(CurveNodeBase& curve, const QPoint& pixel) const
+{
+    const Selection selection = &curve == curves_.current() ? curve.control().selection() : Selection();
+    return curve.getCanvasSpline()->hitTest(pixel, selection);
+}
+
+/// What lies there of the current curve, or else of another one in reach, which becomes the current one. Who hears of
+/// that may take curves away.
+CanvasSpline::Hit CanvasHands::hitPoint(const QPoint& pixel)
+{
+    curves_.dropLostPoints();
+    CanvasCurves::Nodes reach = curves_.inReach();
+    std::reverse(reach.begin() + (curves_.current()->isSpline() ? 1 : 0),
+                 reach.end()); // from the front to the back
+    for (CurveNodeBase* const curve : reach) {
+        const CanvasSpline::Hit hit = hitIn(*curve, pixel);
+        if (hit.point == 0)
+            continue;
+        const QPointer<CurveNodeBase> next(curve);
+        if (next != curves_.current())
+            canvas_.setCurrentCurve(next);
+        return next && next == curves_.current() ? hit : CanvasSpline::Hit();
+    }
+    return {};
+}
+
+bool CanvasHands::hasPointAt(const QPoint& pixel) const
+{
+    const CanvasCurves::Nodes reach = curves_.inReach();
+    return std::any_of(reach.begin(), reach.end(),
+                       [&](CurveNodeBase* curve) { return hitIn(*curve, pixel).point != 0; });
+}
+
+void CanvasHands::updateSelection(PointSerial point, bool shift)
+{
+    const bool keepsSelection = curves_.hasMultipleSelection() &&
+                                (shift || !curves_.isOutsideSelection(viewport()->gesture.place.time));
+    if (!keepsSelection)
+        curves_.selectOnly(point);
+}
+
+bool CanvasHands::pressOnSelection(const QMouseEvent& event)
+{
+    if (event.button() == Qt::RightButton) {
+        canvas_.openPointMenu(event.globalPosition().toPoint());
+        return false;
+    }
+    if (event.button() == Qt::LeftButton || event.button() == Qt::MiddleButton)
+        beginDrag(stateBefore(event).has(Qt::ControlModifier));
+    return true;
+}
+
+bool CanvasHands::pressOnEmptyCanvas(const QMouseEvent& event)
+{
+    Gesture& gesture = viewport()->gesture;
+    if (event.button() == Qt::RightButton) {
+        canvas_.openPointMenu(event.globalPosition().toPoint());
+        return false;
+    }
+    if (event.button() != Qt::LeftButton)
+        return false;
+    if (stateBefore(event).has(Qt::ControlModifier) && curves_.current()->isSpline()) {
+        canvas_.createPoint(gesture.place);
+        return true;
+    }
+    if (pickCurve(event.position().toPoint()))
+        return true;
+    gesture.press.bandSelects = true;
+    return false;
+}
+
+void CanvasHands::doubleClick(const QMouseEvent& event)
+{
+    settle();
+    if (!curves_.current() || !viewport())
+        return;
+    const QPoint pixel = event.position().toPoint();
+    const CanvasSpline::Hit hit = hitPoint(pixel);
+    const bool picksCurve = viewport()->gesture.press.picksCurve;
+    if (!curves_.current())
+        return;
+    if (!curves_.current()->isSpline()) {
+        if (!picksCurve)
+            pickCurve(pixel);
+        return;
+    }
+    curves_.current()->control().activePart = hit.part;
+    curves_.selectOnly(hit.point);
+    const MouseState held = stateBefore(event);
+    if (held.has(Qt::ShiftModifier) || held.has(Qt::ControlModifier))
+        return;
+    if (curves_.current()->control().hasSelection() || picksCurve || pickCurve(pixel))
+        return;
+    canvas_.createPoint(placeAt(*viewport(), pixel));
+}
+
+void CanvasHands::move(const QMouseEvent& event)
+{
+    if (!viewport() || curves_.inReach().empty())
+        return;
+    const Gesture::Place place = placeAt(*viewport(), event.position().toPoint());
+    if (viewport()->gesture.isAtPoints())
+        dragSelection(place, stateBefore(event));
+    viewport()->gesture.place = place;
+}
+
+void CanvasHands::beginDrag(bool withCtrl)
+{
+    Gesture& gesture = viewport()->gesture;
+    const PlaneMapping view = viewport()->mapping();
+    const SplineEdits::Part part = curves_.current()->control().activePart;
+    const QString one =
+        part == SplineEdits::Part::Point ? tr("Move a point of %1") : tr("Change a tangent of %1");
+    const bool keepsDistance = curves_.hasMultipleSelection();
+    const CanvasCurves::Nodes dragged = curves_.selected();
+    std::vector<Gesture::Drag> drags;
+    std::vector<CurveEdit::Target> targets;
+    for (const CurveNodeBase* const curve : dragged) {
+        const Selection& selection = curve->control().selection();
+        PointDrag drag(*curve->getSpline(), selection, part, gesture.place, view, keepsDistance);
+        targets.push_back({curve->curve(), drag.points()});
+        drags.push_back({curve->curve(), std::move(drag)});
+    }
+    const QString text = CanvasEdit::ofPoints(one, tr("Move %1 points of %2"))(dragged);
+    gesture.beginAtPoints(canvas_.door().begin(text, std::move(targets)), std::move(drags));
+    curves_.forgetReaders();
+    prepareSnap();
+    guide.begin(gesture.grabbed(gesture.place, view), gesture.place, !keepsDistance, withCtrl);
+}
+
+void CanvasHands::prepareSnap()
+{
+    guide.snap.fps = viewport()->fps;
+    guide.snap.timeLine = viewport()->timeLine;
+    guide.snap.setGridLines(canvas_.grid().times(*viewport()), canvas_.grid().values());
+    std::vector<Snap::Source> sources;
+    for (const auto& curve : curves_.all()) {
+        if (curve->isSpline())
+            sources.push_back({curve->getSpline(), viewport()->gesture.moving(curve->getSpline())});
+    }
+    guide.snap.setPoints(sources);
+}
+
+void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& held)
+{
+    Gesture& gesture = viewport()->gesture;
+    CurveEdit& door = canvas_.door();
+    if (!door.isOpen(gesture.edit()) || !areDraggedThere())
+        return gesture.cancel();
+    const PlaneMapping view = viewport()->mapping();
+    const bool scaling = held.has(Qt::ShiftModifier) || held.has(Qt::MiddleButton);
+    const bool isGuided = !scaling && gesture.kind() == Gesture::Kind::Points;
+    const Gesture::Place place =
+        isGuided ? guide.guided(mouse, view, gesture.keys.axis, held.has(Qt::ControlModifier)) : mouse;
+    std::vector<TimeInterval> touched;
+    for (Gesture::Drag& drag : gesture.drags()) {
+        touched.push_back(drag.points.step(*door.spline(*drag.curve), place, scaling, view));
+        Selection& selection = curves_.find(*drag.curve)->control().selection();
+        if (selection.hasMultiple())
+            selection.setCurrent(selection.listed().back());
+        selection.giveUpListOfOne();
+    }
+    const CurveEdit::Id edit = gesture.edit();
+    for (std::size_t i = 0; i < touched.size() && door.isOpen(edit); ++i)
+        door.preview(touched[i], i);
+}
+
+/// A host may have taken curves away, or deleted splines.
+bool CanvasHands::areDraggedThere() const
+{
+    const std::vector<Gesture::Drag>& drags = viewport()->gesture.drags();
+    return std::all_of(drags.begin(), drags.end(), [this](const Gesture::Drag& drag) {
+        return drag.curve->spline() && curves_.find(*drag.curve);
+    });
+}
+
+void CanvasHands::release(const QMouseEvent& event)
+{
+    if (!viewport())
+        return;
+    Gesture& gesture = viewport()->gesture;
+    const bool isCancelled = gesture.kind() == Gesture::Kind::Cancelled;
+    if (curves_.inReach().empty() || isCancelled) {
+        viewport()->bandValid = false;
+        viewport()->bandActive = false;
+        if (isCancelled)
+            gesture.end();
+        return;
+    }
+    curves_.dropLostPoints();
+    const bool isBand = gesture.press.bandSelects && !stateBefore(event).isEmpty();
+    if (isBand && (gesture.press.bandAdds || !curves_.hasSelection()))
+        selectInBand();
+    const QPointer<CurveNodeBase> reported(curves_.hasSelection() ? curves_.current() : nullptr);
+    gesture.press.bandSelects = false;
+    if (isClick(event))
+        curves_.selectOnly(*gesture.press.click);
+    const CurveEdit::Curves changed = settle();
+    CanvasCurves::report(curves_.withFirst(reported, changed));
+}
+
+/// Whether a press that kept several points selected ends where it began. A selection of many would hardly be left by
+/// the mouse otherwise.
+bool CanvasHands::isClick(const QMouseEvent& release) const
+{
+    const Gesture& gesture = viewport()->gesture;
+    return gesture.press.click && release.button() == Qt::LeftButton && gesture.isAtPoints() &&
+           release.position().toPoint() == gesture.press.pixel;
+}
+
+void CanvasHands::selectInBand()
+{
+    double timeLow = 0.0;
+    double timeHigh = 0.0;
+    double valueLow = 0.0;
+    double valueHigh = 0.0;
+    viewport()->takeBand(timeLow, timeHigh, valueLow, valueHigh);
+    for (CurveNodeBase* const curve : curves_.inReach())
+        curve->control().selectInBand(timeLow, timeHigh, valueLow, valueHigh,
+                                      viewport()->gesture.press.bandAdds);
+}
+
+void CanvasHands::key(const QKeyEvent& event, bool isFocused)
+{
+    if (event.key() == Qt::Key_Escape)
+        cancel();
+    CurveNodeBase* const current = curves_.current();
+    if (!current)
+        return;
+    current->changed = true;
+    current->control().dropLostPoints();
+    if (event.key() == Qt::Key_Delete)
+        return canvas_.deleteSelection();
+    const bool isArrow = event.key() == Qt::Key_Right || event.key() == Qt::Key_Left;
+    const bool isDragged = viewport() && viewport()->gesture.isAtPoints();
+    if (isArrow && !isDragged && (isFocused || current->control().hasSelection()))
+        stepSelection(event.key() == Qt::Key_Right);
+}
+
+void CanvasHands::stepSelection(bool forward)
+{
+    ControlSplineNode& control = curves_.current()->control();
+    const SplineBase* const spline = control.getSpline();
+    if (!spline)
+        return;
+    const SplineBase::PointInfo* point = nullptr;
+    if (control.hasSingleSelection()) {
+        const double time = control.getCurrent()->time;
+        point = forward ? spline->getNext(time) : spline->getPrev(time);
+    } else if (!control.hasSelection() && curves_.current()->isSpline()) {
+        point = forward ? spline->getFirst() : spline->getLast();
+    }
+    if (point)
+        control.selectOnly(point);
+}
+
+bool CanvasHands::pickCurve(const QPoint& pixel)
+{
+    for (const auto& curve : curves_.all()) {
+        if (curve.get() != curves_.current() && hitsCurve(*curve, pixel)) {
+            viewport()->gesture.press.picksCurve = true;
+            canvas_.setCurrentCurve(curve.get());
+            return true;
+        }
+    }
+    return false;
+}
+
+bool CanvasHands::hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const
+{
+    EvaluationTime evaluationTime;
+    for (int column = pixel.x() - 1; column <= pixel.x() + 1; ++column) {
+        const double time = viewport()->pixelToTime(column);
+        evaluationTime.set(time, viewport()->fps);
+        const double value = curve.getValue(time);
+        if (std::isfinite(value) &&
+            std::abs(viewport()->valueToPixel(value) - pixel.y()) < canvas_.theme().curveGrabDistance)
+            return true;
+    }
+    return false;
+}

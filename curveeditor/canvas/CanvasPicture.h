@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/canvas/BackgroundImage.h>
+#include <curveeditor/canvas/CanvasGrid.h>
+#include <curveeditor/canvas/CanvasLayer.h>
+#include <curveeditor/canvas/CurveEditorTheme.h>
+#include <curveeditor/edit/Gesture.h>
+
+#include <QCoreApplication>
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+class CanvasCurves;
+class CurvePainter;
+class DragGuide;
+class QPainter;
+class QWidget;
+class ViewPort;
+
+/// What is seen on a canvas: the look, the grid, the background image and the curves, as one picture that is brought up
+/// to date where `ViewPort::dirty`, `CurveNodeBase::changed` and what changes here ask for it. It changes no curve and
+/// reports nothing. Widget, curves, guide and view are others' and outlive it.
+class CanvasPicture
+{
+    Q_DECLARE_TR_FUNCTIONS(CanvasPicture)
+
+public:
+    /// `widget` may be null; nothing is painted then.
+    CanvasPicture(QWidget* widget, const CanvasCurves& curves, const DragGuide& guide);
+    ~CanvasPicture();
+
+    /// Without one nothing but the background is painted.
+    void setViewport(ViewPort* viewport) { viewport_ = viewport; }
+
+    /// See `CanvasFunctionBase`.
+    void paint();
+    void hold() { ++holds_; }
+    void release();
+    void show(QPainter* painter);
+    void resize();
+
+    const CurveEditorTheme& theme();
+    void setTheme(const CurveEditorTheme& theme);
+    /// A host has given a theme.
+    bool hasOwnTheme() const { return hasOwnTheme_; }
+    void setColor(QColor CurveEditorTheme::*part, const QColor& color);
+    /// The same for all canvases that have no theme of their own.
+    void setSharedColor(QColor CurveEditorTheme::*part, const QColor& color);
+
+    bool loadImage(const QString& fileName);
+    void clearImage() { image_.reset(); }
+
+    CanvasGrid& grid() { return *grid_; }
+    std::optional<Gesture::Place> mark; ///< where the point menu is open
+
+private:
+    void update();
+    void drawFront(CurvePainter& curves) const;
+    void drawSnapMark(QPainter& painter) const;
+    void drawHint(QPainter& painter) const;
+    QString hint() const;
+    CanvasLayer::Backdrop backdrop() const;
+    CanvasLayer::Curves curvesBehindCurrent() const;
+    std::optional<std::pair<int, int>> selectedColumns() const;
+
+    QWidget* widget_;
+    const CanvasCurves& curves_;
+    const DragGuide& guide_;
+    ViewPort* viewport_ = nullptr;
+    CurveEditorTheme theme_;
+    bool hasOwnTheme_ = false;
+    quint64 look_ = 0; ///< counts the changes of the theme
+    quint64 view_ = 0; ///< counts those of the view
+    int holds_ = 0;
+    std::unique_ptr<CanvasGrid> grid_;
+    std::unique_ptr<BackgroundImage> image_;
+    CanvasLayer layer_;
+};
