@@ -296,3 +296,5 @@ void CanvasFunctionBase::currentNodeHasChanged()
     if (!noCurrentCurve())
         nodeHasChanged(currentControl());
 }
+
+#include "moc_CanvasFunctionBase.cpp"

@@ -69,7 +69,7 @@ CanvasEdit::Work atSelection(const CanvasFunctionBase::PointWork& work)
 
 void removeSelection(CurveNodeBase& curve)
 {
-    atSelection(&SplineEdits::removePoints)(curve);
+    atSelection (&SplineEdits::removePoints)(curve);
     curve.control().selectOnly(nullptr);
 }
 
@@ -214,7 +214,9 @@ void CanvasFunctionBase::editSpline(const QString& text, const std::function<voi
     CanvasEdit shaping;
     shaping.text = CanvasEdit::ofCurve(text);
     shaping.targets = &CanvasCurves::currentSplineOnly;
-    shaping.work = [&work](CurveNodeBase& curve) { work(*curve.control().openSpline()); };
+    shaping.work = [&work](CurveNodeBase& curve) {
+        work(*curve.control().openSpline());
+    };
     shaping.told = CanvasEdit::Told::Targets;
     shaping.showsSelection = true;
     edit(shaping);
@@ -254,9 +256,11 @@ void CanvasFunctionBase::deleteExpression()
 void CanvasFunctionBase::showSpline(bool dropsExpression, CanvasEdit::Told told)
 {
     CanvasEdit change;
-    change.text = CanvasEdit::ofCurve(dropsExpression ? tr("Delete the formula of %1")
-                                                      : tr("Show the spline of %1"));
-    change.work = [dropsExpression](CurveNodeBase& curve) { curve.curve()->showSpline(dropsExpression); };
+    change.text =
+        CanvasEdit::ofCurve(dropsExpression ? tr("Delete the formula of %1") : tr("Show the spline of %1"));
+    change.work = [dropsExpression](CurveNodeBase& curve) {
+        curve.curve()->showSpline(dropsExpression);
+    };
     change.told = told;
     change.changesFormula = true;
     edit(change);
@@ -266,7 +270,9 @@ void CanvasFunctionBase::setCurrentToExpression()
 {
     CanvasEdit change;
     change.text = CanvasEdit::ofCurve(tr("Show the formula of %1"));
-    change.work = [](CurveNodeBase& curve) { curve.curve()->setKind(CurveKind::Expression); };
+    change.work = [](CurveNodeBase& curve) {
+        curve.curve()->setKind(CurveKind::Expression);
+    };
     change.changesFormula = true;
     edit(change);
 }

@@ -4,6 +4,8 @@
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/DevicePixels.h>
+#include <curveeditor/canvas/HandleBatch.h>
+#include <curveeditor/canvas/MarkerStamp.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 
@@ -94,11 +96,6 @@ bool meetsCanvas(const QRect& marker, const ViewPort& view)
            marker.top() < view.pixelHeight;
 }
 
-QRect square(const QPoint& center, int size)
-{
-    return QRect(center.x() - size / 2, center.y() - size / 2, size, size);
-}
-
 qint64 dotProduct(const QPoint& left, const QPoint& right)
 {
     return qint64(left.x()) * right.x() + qint64(left.y()) * right.y();
@@ -119,107 +116,6 @@ bool isBetween(const QPoint& right, const QPoint& left, const QPoint& center, in
 }
 
 } // namespace
-
-/// A picture of one marker, to be put down many times: Qt draws each antialiased form a hundred times slower.
-class MarkerStamp
-{
-public:
-    MarkerStamp(const QPainter& painter, CurveEditorTheme::Shape shape, int size, const QColor& color,
-                const QColor& outline)
-        : ratio_(painter.device()->devicePixelRatio())
-    {
-        const double reach = size / 2.0 + outlineWidth;
-        const int side = 2 * int(std::ceil(reach * ratio_)) + 1;
-        image_ = QImage(side, side, QImage::Format_ARGB32_Premultiplied);
-        image_.fill(Qt::transparent);
-        QPainter onImage(&image_);
-        onImage.setRenderHint(QPainter::Antialiasing);
-        onImage.translate(side / 2.0, side / 2.0);
-        onImage.scale(ratio_, ratio_);
-        onImage.setPen(Qt::NoPen);
-        if (outline.isValid()) {
-            onImage.setBrush(outline);
-            drawShape(onImage, shape, reach);
-        }
-        onImage.setBrush(color);
-        drawShape(onImage, shape, size / 2.0);
-    }
-
-    /// In the middle of a logical pixel; `painter` draws in device pixels.
-    void draw(QPainter* painter, const QPoint& pixel) const
-    {
-        const double corner = 0.5 * ratio_ - image_.width() / 2.0;
-        painter->drawImage(qRound(pixel.x() * ratio_ + corner), qRound(pixel.y() * ratio_ + corner), image_);
-    }
-    double ratio() const { return ratio_; }
-
-private:
-    static constexpr double outlineWidth = 1.5;
-
-    static void drawShape(QPainter& painter, CurveEditorTheme::Shape shape, double reach)
-    {
-        const QRectF square(-reach, -reach, 2 * reach, 2 * reach);
-        if (shape == CurveEditorTheme::Shape::Circle)
-            painter.drawEllipse(square);
-        else if (shape == CurveEditorTheme::Shape::Diamond)
-            painter.drawPolygon(QPolygonF({{0, -reach}, {reach, 0}, {0, reach}, {-reach, 0}}));
-        else
-            painter.drawRect(square);
-    }
-
-    double ratio_;
-    QImage image_;
-};
-
-/// Draws lines of one colour that end in squares or circles all at once.
-class HandleBatch
-{
-public:
-    HandleBatch(QPainter* painter, const CurveEditorTheme& theme) : painter_(painter), theme_(theme) {}
-    ~HandleBatch() { flush(); }
-    Q_DISABLE_COPY_MOVE(HandleBatch)
-
-    void add(const QPoint& from, const QPoint& to, const QColor& color, bool endsInSquare)
-    {
-        if (color != color_)
-            flush();
-        color_ = color;
-        lines_.emplace_back(from, to);
-        if (endsInSquare)
-            squares_.push_back(square(to, theme_.fixedHandleSize));
-        else
-            circles_.push_back(square(to, theme_.handleSize));
-    }
-
-    void flush()
-    {
-        painter_->setRenderHint(QPainter::Antialiasing, theme_.smooth);
-        painter_->setPen(QPen(color_, theme_.handleWidth));
-        // Qt draws smooth lines between the corners of pixels, and others between their middles.
-        const double middle = theme_.smooth ? 0.5 : 0.0;
-        painter_->translate(middle, middle);
-        painter_->drawLines(lines_.data(), int(lines_.size()));
-        painter_->translate(-middle, -middle);
-        // An outline would make the circle a pixel wider.
-        painter_->setPen(Qt::NoPen);
-        painter_->setBrush(color_);
-        painter_->drawRects(squares_.data(), int(squares_.size()));
-        for (const QRect& circle : circles_)
-            painter_->drawEllipse(circle);
-        painter_->setRenderHint(QPainter::Antialiasing, false);
-        lines_.clear();
-        squares_.clear();
-        circles_.clear();
-    }
-
-private:
-    QPainter* painter_;
-    const CurveEditorTheme& theme_;
-    QColor color_;
-    std::vector<QLine> lines_;
-    std::vector<QRect> squares_;
-    std::vector<QRect> circles_;
-};
 
 CanvasSpline::CanvasSpline(const SplineBase* spline, const CurveEditorTheme& theme)
     : spline_(spline), theme_(theme)
@@ -366,7 +262,7 @@ void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marke
             if (isMarked(marked, index) != chosen)
                 continue;
             const QRect marker =
-                square(nodePixels[index], chosen ? theme_.selectedPointSize : theme_.pointSize);
+                markerSquare(nodePixels[index], chosen ? theme_.selectedPointSize : theme_.pointSize);
             const bool touches = marker.left() == rect.left() && marker.top() <= rect.bottom() + 1 &&
                                  marker.bottom() >= rect.top() - 1;
             if (touches) {
@@ -404,7 +300,7 @@ void CanvasSpline::drawHandles(QPainter* painter, const std::vector<bool>& marke
     std::vector<int> shown;
     for (int index = 0; index < shownPoints(); ++index) {
         if (isMarked(marked, index) &&
-            meetsCanvas(square(nodePixels[index], theme_.selectedPointSize), *viewport))
+            meetsCanvas(markerSquare(nodePixels[index], theme_.selectedPointSize), *viewport))
             shown.push_back(index);
     }
     HandleBatch batch(painter, theme_);

@@ -74,3 +74,5 @@ void ControlMenu::chooseType(int type)
         Q_EMIT setSelectedTcb();
     Q_EMIT setSelectedType(type);
 }
+
+#include "moc_ControlMenu.cpp"

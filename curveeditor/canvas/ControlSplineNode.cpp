@@ -130,3 +130,5 @@ void ControlSplineNode::setSelectedType(int type)
          selection_.edited().size(),
          [this, type](SplineBase& spline) { SplineEdits::setType(spline, selection_.edited(), type); });
 }
+
+#include "moc_ControlSplineNode.cpp"

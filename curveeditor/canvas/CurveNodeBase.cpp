@@ -222,3 +222,5 @@ void CurveNodeBase::setThisNode()
 {
     canvas_->setCurrentCurve(this);
 }
+
+#include "moc_CurveNodeBase.cpp"

@@ -157,3 +157,5 @@ void TimeLineDrag::moveTo(double time)
     canvas_.paint();
     Q_EMIT dragged(within);
 }
+
+#include "moc_TimeLineDrag.cpp"

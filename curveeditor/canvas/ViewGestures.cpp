@@ -220,3 +220,5 @@ void ViewGestures::holdSpace(bool on)
     else
         widget_->unsetCursor();
 }
+
+#include "moc_ViewGestures.cpp"

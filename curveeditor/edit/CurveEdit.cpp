@@ -246,3 +246,5 @@ void CurveEdit::interrupt()
     else
         cancel();
 }
+
+#include "moc_CurveEdit.cpp"

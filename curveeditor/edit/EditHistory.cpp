@@ -239,3 +239,5 @@ void EditHistory::removeDeadEntries()
     if (guard)
         isRemoving_ = false;
 }
+
+#include "moc_EditHistory.cpp"

@@ -11,3 +11,5 @@ HostCalls::Call::~Call()
     if (calls_ && --calls_->count_ == 0)
         Q_EMIT calls_->returned();
 }
+
+#include "moc_HostCalls.cpp"

@@ -61,3 +61,5 @@ void ControlMenu2::handleMenu(int id)
     if (guard)
         Q_EMIT nodeChanged();
 }
+
+#include "moc_ControlMenu2.cpp"

@@ -313,3 +313,5 @@ void CustomEditLine::reportText()
     setMarked(!isNumber());
     Q_EMIT newValueSet(clampToBounds(number_), this);
 }
+
+#include "moc_CustomEditLine.cpp"

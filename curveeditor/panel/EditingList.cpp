@@ -178,3 +178,5 @@ void EditingList::fitSquares()
     const int side = fontMetrics().ascent();
     setIconSize({side, side});
 }
+
+#include "moc_EditingList.cpp"

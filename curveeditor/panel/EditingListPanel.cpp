@@ -74,3 +74,5 @@ void EditingListPanel::translate()
     filterLine_->setToolTip(
         tr("Shows only the curves whose names contain this text; the others stay on the canvas"));
 }
+
+#include "moc_EditingListPanel.cpp"

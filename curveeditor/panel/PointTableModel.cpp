@@ -216,3 +216,5 @@ bool PointTableModel::edit(const QString& one, const QString& many, std::size_t 
         Q_EMIT edited(control);
     return hasChanged;
 }
+
+#include "moc_PointTableModel.cpp"

@@ -404,3 +404,5 @@ void PointTablePage::translate()
     }
     view_->setWhatsThis(tr("What is typed into a cell goes to all selected rows"));
 }
+
+#include "moc_PointTablePage.cpp"

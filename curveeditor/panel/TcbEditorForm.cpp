@@ -322,3 +322,5 @@ void TcbEditorForm::showPreview(const SplineBase::PointInfo& point)
     widgets_.tcbCurve->setFromPoint(&point);
     widgets_.tcbCurve->repaint();
 }
+
+#include "moc_TcbEditorForm.cpp"

@@ -172,3 +172,5 @@ void BakeDialog::apply()
     if (curve())
         canvas().setPoints(*curve(), tr("Bake %1"), result_.spline.points);
 }
+
+#include "moc_BakeDialog.cpp"

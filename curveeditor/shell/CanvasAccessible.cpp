@@ -285,3 +285,5 @@ void CanvasAnnouncer::send(QAccessible::Event kind, QAccessibleInterface* about)
     QAccessible::updateAccessibility(&event);
     Q_EMIT announced(kind, about->text(QAccessible::Name));
 }
+
+#include "moc_CanvasAccessible.cpp"

@@ -593,3 +593,5 @@ void CurveEditor::setTimeLineColor(const QColor& color)
 {
     d_->functionEdit->canvas.setTimeLineColor(color);
 }
+
+#include "moc_CurveEditor.cpp"

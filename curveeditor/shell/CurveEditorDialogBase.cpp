@@ -441,3 +441,5 @@ void CurveEditorDialogBase::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitToFont();
 }
+
+#include "moc_CurveEditorDialogBase.cpp"

@@ -266,3 +266,5 @@ bool EditMenu::eventFilter(QObject* canvas, QEvent* event)
         mouse_ = static_cast<QMouseEvent*>(event)->position().toPoint();
     return false;
 }
+
+#include "moc_EditMenu.cpp"

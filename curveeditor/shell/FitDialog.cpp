@@ -179,3 +179,5 @@ double FitDialog::usualTolerance(double lowest, double highest)
     const double share = highest * shareOfSpan - lowest * shareOfSpan;
     return QString::number(share > 0.0 ? share : shareOfSpan, 'g', toleranceDigits).toDouble();
 }
+
+#include "moc_FitDialog.cpp"

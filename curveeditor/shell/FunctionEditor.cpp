@@ -295,3 +295,5 @@ void FunctionEditor::loadBand()
     bandY0 = valueMax;
     bandY1 = valueMin;
 }
+
+#include "moc_FunctionEditor.cpp"

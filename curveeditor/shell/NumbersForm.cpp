@@ -177,3 +177,5 @@ void NumbersForm::fit()
     dialog_->setFixedSize(
         rows_->minimumSize().expandedTo(smallest_.dialog).expandedTo({titleWidth(*dialog_), 0}));
 }
+
+#include "moc_NumbersForm.cpp"

@@ -28,3 +28,5 @@ void PanDialog::languageChange()
 {
     form_->setTexts(tr("pan selection"), {tr("Pan X"), tr("Pan Y")}, tr("Ok"), tr("Cancel"));
 }
+
+#include "moc_PanDialog.cpp"

@@ -29,3 +29,5 @@ void ScaleDialog::languageChange()
 {
     form_->setTexts(tr("scale selection"), {tr("Scale X"), tr("Scale Y")}, tr("Ok"), tr("Cancel"));
 }
+
+#include "moc_ScaleDialog.cpp"

@@ -110,3 +110,5 @@ void SimplifyDialog::showTrial(bool wasPointLost)
     canvas().paint();
     Q_EMIT canvas().selectionChanged(wasPointLost);
 }
+
+#include "moc_SimplifyDialog.cpp"

@@ -34,3 +34,5 @@ void ViewportSettings::languageChange()
     form_->setTexts(tr("viewPort Settings"), {tr("MinX"), tr("MinY"), tr("MaxX"), tr("MaxY")}, tr("Ok"),
                     tr("Cancel"));
 }
+
+#include "moc_ViewportSettings.cpp"

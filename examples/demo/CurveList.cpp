@@ -84,3 +84,5 @@ QTreeWidgetItem* CurveList::groupItem(const QString& group)
     item->setExpanded(true);
     return item;
 }
+
+#include "moc_CurveList.cpp"

@@ -239,3 +239,5 @@ void DemoWindow::logChange(const QString& group, const QString& name)
     log_->appendPlainText(
         tr("%1 = %2 at %3").arg(curve->fullName()).arg(value, 0, 'g', 6).arg(time, 0, 'g', 6));
 }
+
+#include "moc_DemoWindow.cpp"

@@ -75,3 +75,5 @@ void EditorHost::remove(Curve& curve)
     store_.remove(curve);
     editor_->updateCurves();
 }
+
+#include "moc_EditorHost.cpp"

@@ -113,3 +113,5 @@ void Transport::showTime()
     slider_->setValue(span > 0.0 ? int(std::lround((time_ - first_) / span * sliderSteps)) : 0);
     field_->setValue(time_);
 }
+
+#include "moc_Transport.cpp"

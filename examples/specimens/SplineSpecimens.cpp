@@ -55,32 +55,30 @@ Points mixed()
 
 std::vector<SplineSpecimen> makeSpecimens()
 {
-    constexpr auto linear = SplineBase::Linear;
-    constexpr auto bezier = SplineBase::Bezier;
-    constexpr auto tcb = SplineBase::Tcb;
+    using enum SplineBase::NodeType;
     std::vector<SplineSpecimen> specimens = {
-        {"linear", wave(linear)},
+        {"linear", wave(Linear)},
         {"bezier", waveWithSlopes(1.5, -0.5)},
-        {"tcb", wave(tcb)},
+        {"tcb", wave(Tcb)},
         {"mixed types", mixed()},
-        {"before zero", wave(tcb), SplineBase::Zero},
-        {"after zero", wave(tcb), SplineBase::Constant, SplineBase::Zero},
-        {"after constant", wave(tcb), SplineBase::Constant, SplineBase::Constant},
-        {"after loop", wave(tcb), SplineBase::Constant, SplineBase::Loop},
-        {"after loop offset", wave(tcb), SplineBase::Constant, SplineBase::LoopOffset},
-        {"after follow tangent", wave(tcb), SplineBase::Constant, SplineBase::FollowTangent},
-        {"one point", pointsOfType(tcb, {{1.0, 2.0}}), SplineBase::Constant, SplineBase::LoopOffset},
-        {"two points", pointsOfType(tcb, {{1.0, 2.0}, {3.0, -1.0}}), SplineBase::Constant,
+        {"before zero", wave(Tcb), SplineBase::Zero},
+        {"after zero", wave(Tcb), SplineBase::Constant, SplineBase::Zero},
+        {"after constant", wave(Tcb), SplineBase::Constant, SplineBase::Constant},
+        {"after loop", wave(Tcb), SplineBase::Constant, SplineBase::Loop},
+        {"after loop offset", wave(Tcb), SplineBase::Constant, SplineBase::LoopOffset},
+        {"after follow tangent", wave(Tcb), SplineBase::Constant, SplineBase::FollowTangent},
+        {"one point", pointsOfType(Tcb, {{1.0, 2.0}}), SplineBase::Constant, SplineBase::LoopOffset},
+        {"two points", pointsOfType(Tcb, {{1.0, 2.0}, {3.0, -1.0}}), SplineBase::Constant,
          SplineBase::FollowTangent},
         {"step of equal times",
-         pointsOfType(tcb, {{0.0, 0.0}, {1.0, 0.0}, {1.0, 2.0}, {1.0, 1.0}, {2.0, 1.0}})},
-        {"no span", pointsOfType(bezier, {{1.0, 0.0}, {1.0, 3.0}, {1.0, 2.0}}), SplineBase::Zero,
+         pointsOfType(Tcb, {{0.0, 0.0}, {1.0, 0.0}, {1.0, 2.0}, {1.0, 1.0}, {2.0, 1.0}})},
+        {"no span", pointsOfType(Bezier, {{1.0, 0.0}, {1.0, 3.0}, {1.0, 2.0}}), SplineBase::Zero,
          SplineBase::Loop},
         {"vertical tangents", waveWithSlopes(1000.0, 1000.0)},
         {"overhanging tangents", waveWithSlopes(-1000.0, 1000.0)},
-        {"huge numbers", pointsOfType(tcb, {{-1e300, 1e300}, {0.0, -1e300}, {1e300, 1e300}}),
+        {"huge numbers", pointsOfType(Tcb, {{-1e300, 1e300}, {0.0, -1e300}, {1e300, 1e300}}),
          SplineBase::Constant, SplineBase::LoopOffset},
-        {"tiny numbers", pointsOfType(tcb, {{-3e-308, 100.0}, {0.0, -1e-300}, {3e-308, 100.0}}),
+        {"tiny numbers", pointsOfType(Tcb, {{-3e-308, 100.0}, {0.0, -1e-300}, {3e-308, 100.0}}),
          SplineBase::Constant, SplineBase::FollowTangent},
     };
     const std::pair<const char*, double PointInfo::*> shapes[] = {
@@ -88,7 +86,7 @@ std::vector<SplineSpecimen> makeSpecimens()
     for (const auto& [name, field] : shapes) {
         for (const int value : {-10, -1, 1, 10}) {
             const std::string title = std::string(name) + ' ' + std::to_string(value);
-            specimens.push_back({title, waveWith(tcb, field, value)});
+            specimens.push_back({title, waveWith(Tcb, field, value)});
         }
     }
     const std::pair<const char*, double PointInfo::*> eases[] = {{"ease to", &PointInfo::easeTo},
@@ -96,8 +94,8 @@ std::vector<SplineSpecimen> makeSpecimens()
     for (const auto& [name, field] : eases) {
         for (const int value : {-1, 1}) {
             const std::string suffix = std::string(name) + ' ' + std::to_string(value);
-            specimens.push_back({"linear " + suffix, waveWith(linear, field, value)});
-            specimens.push_back({"tcb " + suffix, waveWith(tcb, field, value), SplineBase::Constant,
+            specimens.push_back({"linear " + suffix, waveWith(Linear, field, value)});
+            specimens.push_back({"tcb " + suffix, waveWith(Tcb, field, value), SplineBase::Constant,
                                  SplineBase::FollowTangent});
         }
     }
