@@ -122,10 +122,13 @@ private Q_SLOTS:
         QTEST(f.stack().count(), "entries");
         QCOMPARE(f.reports.size(), f.stack().count());
         for (int round = 0; round < 2; ++round) {
-            f.stack().undo();
-            QVERIFY(f.curve->state() == before);
-            f.stack().redo();
-            QVERIFY(f.curve->state() == after);
+            for (const CurveState& state : {before, after}) {
+                if (f.stack().count() >
+                    0) // the curve left the canvas and came back, which chooses what shows
+                    f.curve->setKind(CurveKind(round));
+                state == before ? f.stack().undo() : f.stack().redo();
+                QVERIFY(f.curve->state() == state);
+            }
         }
         if (f.stack().count() > 0)
             QCOMPARE(f.reports.last(), "commit redo a.x");
@@ -195,15 +198,19 @@ private Q_SLOTS:
         QCOMPARE(f.stack().count(), 1);
     }
 
-    void undoDuringADragTakesTheDragBackFirst()
+    void stepDuringADragTakesTheDragBackFirst()
     {
         Fixture f;
         f.move(1, 7.0);
-        f.begin("drag");
-        f.set(1, 9.0);
-        f.stack().undo();
-        QCOMPARE(f.spline[1]->pos, 1.0);
-        QCOMPARE(f.reports.mid(1), (QStringList{"commit cancel a.x", "commit undo a.x"}));
+        for (const double value : {1.0, 7.0}) {
+            f.reports.clear();
+            f.begin("drag");
+            f.set(1, 9.0);
+            value == 1.0 ? f.stack().undo() : f.stack().redo();
+            QCOMPARE(f.spline[1]->pos, value);
+            QCOMPARE(f.reports, (QStringList{"commit cancel a.x",
+                                             value == 1.0 ? "commit undo a.x" : "commit redo a.x"}));
+        }
     }
 
     void whoHearsOfAStepMayDoAnythingWithTheStack()
@@ -317,15 +324,17 @@ private Q_SLOTS:
             shared->undo();
             QCOMPARE(second.spline[1]->pos, 1.0);
             shared->redo();
-            f.whenReported = [&](Fixture&) {
+            second.whenReported = [&](Fixture&) {
                 shared.reset();
             };
-            f.move(1, 3.0);
-            QCOMPARE(f.spline[1]->pos, 3.0);
+            second.move(1, 3.0);
+            QVERIFY(!shared && second.spline[1]->pos == 3.0);
             shared = std::make_unique<QUndoStack>();
             second.door.history().setStack(shared.get());
             second.move(1, 8.0);
-            QCOMPARE(shared->count(), 1);
+            second.move(2, 8.0);
+            shared->undo(); // the other one waits to be done again
+            QCOMPARE(shared->count(), 2);
             QVERIFY(!f.stack().canUndo()); // what was done before it left its own stack is no step any more
         }
         QCOMPARE(shared->count(), 0);
@@ -410,7 +419,7 @@ private Q_SLOTS:
     void dragDoesNotAccumulateAndBeginsALegWithShiftAndAnotherView()
     {
         Fixture f;
-        const PlaneMapping view(0.0, 10.0, 0.0, 10.0, 100, 100);
+        const PlaneMapping view(0.0, 10.0, 0.0, 20.0, 100, 100);
         Selection selection;
         selection.selectAll({f.serial(1), f.serial(2)});
         PointDrag drag(f.spline, selection, SplineEdits::Part::Point, {1.0, 1.0}, view, true);
@@ -420,13 +429,13 @@ private Q_SLOTS:
         drag.step(f.spline, {1.5, 1.5}, false, view);
         QCOMPARE(f.spline[1]->time, 1.5);
         QCOMPARE(f.spline[2]->pos, 4.5);
-        drag.step(f.spline, {11.5, 1.5}, true, view);
+        drag.step(f.spline, {11.5, 21.5}, true, view);
         QCOMPARE(f.spline.findIndex(first, 0.0), 2);
-        QCOMPARE(f.spline[2]->time, 7.5);
-        const PlaneMapping wider(-5.0, 45.0, 0.0, 10.0, 100, 100);
-        drag.step(f.spline, {52.5, 1.5}, true, wider); // the mouse has not moved
+        QCOMPARE(QPointF(f.spline[2]->time, f.spline[2]->pos), QPointF(7.5, 7.5));
+        const PlaneMapping wider(-5.0, 45.0, 0.0, 20.0, 100, 100);
+        drag.step(f.spline, {52.5, 21.5}, true, wider); // the mouse has not moved
         QVERIFY(qAbs(f.spline[2]->time - 7.5) < 1e-9);
-        drag.step(f.spline, {52.5 - 50.0, 1.5}, true, wider);
+        drag.step(f.spline, {52.5 - 50.0, 21.5}, true, wider);
         QVERIFY(qAbs(f.spline[1]->time - 1.5) < 1e-9);
         f.spline.remove(f.spline[2]);
         drag.step(f.spline, {1.5, 1.5}, true, view);

@@ -22,7 +22,7 @@ private Q_SLOTS:
             QTest::newRow(name) << kinds << place << expected;
         };
         const unsigned all = Snap::Frames | Snap::GridLines | Snap::Points | Snap::TimeLine;
-        row("nothing is on", 0u, {2.1, 3.1}, {{2.1, 3.1}, 0u, 0u});
+        row("nothing is on", 0u, {12.4, 9.9}, {{12.4, 9.9}, 0u, 0u});
         row("frame", Snap::Frames, {3.9, 3.1}, {{4.0, 3.1}, Snap::Frames, 0u});
         row("frame too far", Snap::Frames, {3.1, 3.1}, {{3.1, 3.1}, 0u, 0u});
         row("grid below and above", Snap::GridLines, {10.1, 19.5},

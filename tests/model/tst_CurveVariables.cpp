@@ -214,7 +214,7 @@ private Q_SLOTS:
         HostCurve& ramp = host.add("g.ramp");
         ramp.spline.addPoint(10.0, 100.0);
         ramp.spline.addPoint(13.0, -20.0);
-        host.add("g.middle", "g.ramp*f-cos(t)");
+        host.add("g.middle", "g.ramp*f-mod(t,3)");
         std::vector<double> times(300);
         for (std::size_t i = 0; i < times.size(); ++i)
             times[i] = double(i) * 0.1 - 5.0;

@@ -206,6 +206,9 @@ private Q_SLOTS:
         QCOMPARE(s.canvas.timeLine, 6.0);
         s.key(Qt::Key_Comma);
         QCOMPARE(told.last(), 6.0 - 1.0 / s.canvas.fps);
+        s.canvas.canvas.hands().guide.snap.kinds = Snap::TimeLine;
+        dragFoot(6.0, false);
+        QVERIFY(s.canvas.timeLine > told[told.size() - 2]); // not held by where it stood
         s.mouse(QEvent::MouseButtonPress, {s.canvas.timeToPixel(s.canvas.timeLine), foot});
         const qsizetype count = told.size();
         s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(1.0), 30}, Qt::NoButton); // the release went astray

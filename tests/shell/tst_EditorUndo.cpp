@@ -158,8 +158,12 @@ private Q_SLOTS:
         });
         row("duplicate", 1, x, [](Scene& s) {
             s.selectTwo();
+            s.editor.setFps(1.0);
             s.key(Qt::Key_D, Qt::ControlModifier);
             QCOMPARE(s.x.getControlPointsNumber(), 5u);
+            const std::vector copies = {s.x[2]->serial, s.x[4]->serial};
+            QVERIFY(s.x[1]->serial != copies[0] && s.x[3]->serial != copies[1]);
+            QVERIFY(s.control().selection().edited() == copies);
         });
         row("insert and smooth", 2, x + x, [](Scene& s) {
             const double value = s.x(2.0);
@@ -213,6 +217,17 @@ private Q_SLOTS:
             }
             s.release(6.03, 2.0);
         });
+        row("redo during a drag", 1, x, [](Scene& s) {
+            s.drag(5.0, 1.0, 6.0, 2.0);
+            s.editor.undo();
+            s.changes.clear();
+            s.press(5.0, 1.0);
+            s.move(6.5, 2.0);
+            s.editor.redo();
+            s.move(7.0, 2.0);
+            s.release(7.0, 2.0);
+            QVERIFY(s.x[1]->time > 6.5);
+        });
         row("arrows during a drag", 1, x, [](Scene& s) {
             s.press(5.0, 1.0);
             s.move(6.0, 2.0);
@@ -261,6 +276,15 @@ private Q_SLOTS:
             s.drag(5.0, -2.0, 6.0, 2.0);
             QCOMPARE(s.current(), "a.y");
             QCOMPARE(s.x[1]->time, 5.0);
+        });
+        row("click where points of several curves lie", 0, {"a/x", "a/y", "a/x"}, [](Scene& s) {
+            s.canvas.canvas.setEditsAllCurves(true);
+            for (const QString name : {"a.x", "a.y", "a.z"}) {
+                s.canvas.canvas.setCurrentCurve(name);
+                s.press(0.0, 0.0);
+                s.release(0.0, 0.0);
+                QCOMPARE(s.current(), name == "a.z" ? "a.x" : name); // which lies in front
+            }
         });
         row("commands at all curves", 2, {"a/z", "a/z", "a/y", "a/x", "a/z", "a/y", "a/x"}, [](Scene& s) {
             s.canvas.canvas.setCurrentCurve("a.z");

@@ -106,6 +106,17 @@ private Q_SLOTS:
         }
     }
 
+    void enterTakesTheToleranceThatWaitsForAPauseInTyping()
+    {
+        FitScene s;
+        connect(&s.canvas.canvas, &CanvasFunctionBase::selectionChanged, this, [] { QThread::msleep(60); });
+        const FitDialog* const dialog = s.open(Qt::Key_S);
+        QTest::keyClicks(dialog->focusWidget(), "1e300"); // in place of the usual one
+        QVERIFY(s.count() > 2);
+        QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
+        QVERIFY(!dialog->isVisible() && s.count() == 2 && s.entries() == 1);
+    }
+
     void partBetweenSelectedPointsIsSimplified()
     {
         FitScene s;
