@@ -72,7 +72,6 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
 
     resize(400, 300);
     connectWidgets();
-    connectActions();
     connectEditingList();
     connectPointTable();
     setFocusPolicy(Qt::StrongFocus);

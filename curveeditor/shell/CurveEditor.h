@@ -22,7 +22,6 @@ class EditedCurve;
 class FunctionFloatBase;
 class HostCalls;
 class QAction;
-class QActionGroup;
 class QMenu;
 class QTextStream;
 class QToolBar;
@@ -443,17 +442,16 @@ private:
     std::function<void()> meaningOfEscape();
     void passTabOn(Qt::FocusReason reason);
     void preInit();
+    struct Command;
+    static const std::vector<Command>& commands();
+    QAction* actionOf(void (CurveEditor::*work)()) const;
     void createActions();
     void createMainMenu();
     void createViewButtons();
     void createExpressionTool();
-    void connectActions();
     void connectWidgets();
     void connectPointTable();
     void connectEditingList();
-    QAction* createAction(const char* name);
-    QAction* createToggleAction(const char* name, QActionGroup* group);
-    QMenu* createMenu(const QList<QAction*>& actions);
     QMenu* createExpressionMenu(const QString& text, const QStringList& entries,
                                 void (CurveEditor::*insert)(int));
     void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);

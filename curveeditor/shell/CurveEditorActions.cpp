@@ -16,6 +16,8 @@
 #include <QStyle>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int readOutLength = 15;
@@ -26,7 +28,6 @@ constexpr QSize largestFitButton(30, 20);
 
 void CurveEditor::preInit()
 {
-    createActions();
     createMainMenu();
     createViewButtons();
     d_->editingMenu = std::make_unique<ControlMenu2>();
@@ -34,87 +35,110 @@ void CurveEditor::preInit()
     languageChange();
 }
 
-QAction* CurveEditor::createAction(const char* name)
+/// An action of the main menu, or one that only bears a text. Texts are the untranslated ones, null for none.
+struct CurveEditor::Command
 {
-    auto* const action = new QAction(this);
-    action->setObjectName(QLatin1String(name));
-    // Before any menu was opened, and not outside the editor, where a host may have the same keys.
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    addAction(action);
-    return action;
-}
+    const char* name;
+    QMenu* Private::*menu;
+    void (CurveEditor::*work)();
+    Qt::ConnectionType how;
+    const char* text = nullptr;
+    const char* key = nullptr;
+    const char* help = nullptr;
+};
 
-QAction* CurveEditor::createToggleAction(const char* name, QActionGroup* group)
+/// In the order of their menus. A menu whose entries are a choice is a group.
+const std::vector<CurveEditor::Command>& CurveEditor::commands()
 {
-    QAction* const action = createAction(name);
-    action->setParent(group);
-    action->setCheckable(true);
-    group->addAction(action);
-    return action;
+    using P = Private;
+    using E = CurveEditor;
+    constexpr auto direct = Qt::DirectConnection;
+    constexpr auto queued = Qt::QueuedConnection; // runs a loop, in which the host may delete a menu at work
+    static const std::vector<Command> rows = {
+        {"undoAction", &P::editMenu, &E::undo, direct, nullptr, QT_TR_NOOP("Ctrl+Z")},
+        {"redoAction", &P::editMenu, &E::redo, direct},
+        {"resetAllChecked", &P::fileMenu, &E::resetAllCheckedF, direct,
+         QT_TR_NOOP("Reset All Checked Curves"), nullptr, QT_TR_NOOP("Reset all the checked curves")},
+        {"resetSelected", &P::fileMenu, &E::resetSelectedF, direct, QT_TR_NOOP("Reset curve"), nullptr,
+         QT_TR_NOOP("Reset the current editing curve")},
+        {"loadCurve", &P::fileMenu, &E::loadFile, queued, QT_TR_NOOP("Load curve"), QT_TR_NOOP("Ctrl+l"),
+         QT_TR_NOOP("Open previously saved curve")},
+        {"saveCurve", &P::fileMenu, &E::saveFile, queued, QT_TR_NOOP("Save curve"), QT_TR_NOOP("Ctrl+s"),
+         QT_TR_NOOP("Save the current curve")},
+        {"setWaveRangeAction", &P::optionsMenu, &E::setRange, queued, QT_TR_NOOP("Set Range"),
+         QT_TR_NOOP("Alt+s")},
+        {"resetRangeAction", &P::optionsMenu, &E::resetViewport, direct, QT_TR_NOOP("Reset View")},
+        {"loadImageAction", &P::optionsMenu, &E::loadImage, queued, QT_TR_NOOP("Load image"),
+         QT_TR_NOOP("Alt+i")},
+        {"clearImageAction", &P::optionsMenu, &E::clearImage, direct, QT_TR_NOOP("Clear image")},
+        {"setCompleteAction", &P::optionsMenu, &E::completeViewport, direct, QT_TR_NOOP("Fit View"),
+         QT_TR_NOOP("Alt+c")},
+        {"setCompleteHAction", &P::optionsMenu, &E::completeViewportH, direct,
+         QT_TR_NOOP("Fit Horizontal View"), QT_TR_NOOP("Alt+h")},
+        {"setCompleteVAction", &P::optionsMenu, &E::completeViewportV, direct,
+         QT_TR_NOOP("Fit Vertical View"), QT_TR_NOOP("Alt+v")},
+        {"openScaleSelection", &P::optionsMenu, &E::setScaleSelection, queued, QT_TR_NOOP("Scale selection")},
+        {"openPanSelection", &P::optionsMenu, &E::setPanSelection, queued, QT_TR_NOOP("Pan selection")},
+        {"optionsFirstNodeAction", nullptr, nullptr, direct, QT_TR_NOOP("Start Node Behaviour")},
+        {"optionsLastNodeAction", nullptr, nullptr, direct, QT_TR_NOOP("Last Node Behaviour")},
+        {"optionsHorizontalAxisAction", nullptr, nullptr, direct, QT_TR_NOOP("Horizontal axis mode")},
+        {"showTimeAction", &P::horizontalAxisMenu, &E::setShowTime, direct, QT_TR_NOOP("Show time"),
+         QT_TR_NOOP("Alt+t")},
+        {"showFramesAction", &P::horizontalAxisMenu, &E::setShowFrames, direct, QT_TR_NOOP("Show frames"),
+         QT_TR_NOOP("Alt+f")},
+        {"firstNodeZeroAction", &P::firstNodeMenu, &E::setFirstNodeZero, direct, QT_TR_NOOP("Zero")},
+        {"firstNodeConstantAction", &P::firstNodeMenu, &E::setFirstNodeConstant, direct,
+         QT_TR_NOOP("Constant")},
+        {"lastNodeZeroAction", &P::lastNodeMenu, &E::setLastNodeZero, direct, QT_TR_NOOP("Zero")},
+        {"lastNodeConstantAction", &P::lastNodeMenu, &E::setLastNodeConstant, direct, QT_TR_NOOP("Constant")},
+        {"lastNodeLoopAction", &P::lastNodeMenu, &E::setLastNodeLoop, direct, QT_TR_NOOP("Loop")},
+        {"lastNodeLoopOffsetAction", &P::lastNodeMenu, &E::setLastNodeLoopOffset, direct,
+         QT_TR_NOOP("Loop offset")},
+        {"lastNodeFollowTangentAction", &P::lastNodeMenu, &E::setLastNodeFollowTangent, direct,
+         QT_TR_NOOP("Follow tangent")}};
+    return rows;
 }
 
 void CurveEditor::createActions()
 {
-    d_->undoAction = createAction("undoAction");
-    d_->redoAction = createAction("redoAction");
-    d_->resetAllChecked = createAction("resetAllChecked");
-    d_->resetSelected = createAction("resetSelected");
-    d_->loadCurve = createAction("loadCurve");
-    d_->saveCurve = createAction("saveCurve");
-    d_->setWaveRangeAction = createAction("setWaveRangeAction");
-    d_->resetRangeAction = createAction("resetRangeAction");
-    d_->loadImageAction = createAction("loadImageAction");
-    d_->clearImageAction = createAction("clearImageAction");
-    d_->setCompleteAction = createAction("setCompleteAction");
-    d_->setCompleteHAction = createAction("setCompleteHAction");
-    d_->setCompleteVAction = createAction("setCompleteVAction");
-    d_->openScaleSelection = createAction("openScaleSelection");
-    d_->openPanSelection = createAction("openPanSelection");
-    d_->optionsFirstNodeAction = createAction("optionsFirstNodeAction");
-    d_->optionsLastNodeAction = createAction("optionsLastNodeAction");
-    d_->optionsHorizontalAxisAction = createAction("optionsHorizontalAxisAction");
-
-    auto* const axis = new QActionGroup(this);
-    d_->showTimeAction = createToggleAction("showTimeAction", axis);
-    d_->showFramesAction = createToggleAction("showFramesAction", axis);
-    d_->showFramesAction->setChecked(true);
-
-    auto* const first = new QActionGroup(this);
-    d_->firstNodeZeroAction = createToggleAction("firstNodeZeroAction", first);
-    d_->firstNodeConstantAction = createToggleAction("firstNodeConstantAction", first);
-
-    auto* const last = new QActionGroup(this);
-    d_->lastNodeZeroAction = createToggleAction("lastNodeZeroAction", last);
-    d_->lastNodeConstantAction = createToggleAction("lastNodeConstantAction", last);
-    d_->lastNodeLoopAction = createToggleAction("lastNodeLoopAction", last);
-    d_->lastNodeLoopOffsetAction = createToggleAction("lastNodeLoopOffsetAction", last);
-    d_->lastNodeFollowTangentAction = createToggleAction("lastNodeFollowTangentAction", last);
+    for (const Command& command : commands()) {
+        auto* const action = new QAction(this);
+        action->setObjectName(QLatin1String(command.name));
+        // Before any menu was opened, and not outside the editor, where a host may have the same keys.
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        addAction(action);
+        d_->actions.push_back(action);
+        if (!command.menu)
+            continue;
+        (d_.get()->*command.menu)->addAction(action);
+        connect(action, &QAction::triggered, this, command.work, command.how);
+    }
+    for (const QMenu* const choice : {d_->horizontalAxisMenu, d_->firstNodeMenu, d_->lastNodeMenu}) {
+        auto* const group = new QActionGroup(this);
+        for (QAction* const action : choice->actions()) {
+            action->setParent(group);
+            action->setCheckable(true);
+            group->addAction(action);
+        }
+    }
+    actionOf(&CurveEditor::setShowFrames)->setChecked(true);
 }
 
-QMenu* CurveEditor::createMenu(const QList<QAction*>& actions)
+QAction* CurveEditor::actionOf(void (CurveEditor::*work)()) const
 {
-    auto* const menu = new QMenu(this);
-    menu->setFont(font());
-    menu->addActions(actions);
-    return menu;
+    const auto found = std::find_if(commands().begin(), commands().end(),
+                                    [work](const Command& command) { return command.work == work; });
+    return d_->actions[std::size_t(found - commands().begin())];
 }
 
 void CurveEditor::createMainMenu()
 {
-    d_->fileMenu = createMenu({d_->resetAllChecked, d_->resetSelected, d_->loadCurve, d_->saveCurve});
-    d_->curvesMenu = createMenu({});
-    d_->optionsMenu = createMenu({d_->setWaveRangeAction, d_->resetRangeAction, d_->loadImageAction,
-                                  d_->clearImageAction, d_->setCompleteAction, d_->setCompleteHAction,
-                                  d_->setCompleteVAction, d_->openScaleSelection, d_->openPanSelection});
-    d_->editMenu = createMenu({d_->undoAction, d_->redoAction});
-    d_->firstNodeMenu = createMenu({d_->firstNodeZeroAction, d_->firstNodeConstantAction});
-    d_->lastNodeMenu = createMenu({d_->lastNodeZeroAction, d_->lastNodeConstantAction, d_->lastNodeLoopAction,
-                                   d_->lastNodeLoopOffsetAction, d_->lastNodeFollowTangentAction});
-    d_->horizontalAxisMenu = createMenu({d_->showTimeAction, d_->showFramesAction});
-    d_->horizontalAxisMenu->setTitle(tr("Horizontal axis"));
-    d_->firstNodeMenu->setIcon(d_->optionsFirstNodeAction->icon());
-    d_->lastNodeMenu->setIcon(d_->optionsLastNodeAction->icon());
-    d_->horizontalAxisMenu->setIcon(d_->optionsHorizontalAxisAction->icon());
+    for (QMenu** const menu : {&d_->fileMenu, &d_->curvesMenu, &d_->optionsMenu, &d_->editMenu,
+                               &d_->firstNodeMenu, &d_->lastNodeMenu, &d_->horizontalAxisMenu}) {
+        *menu = new QMenu(this);
+        (*menu)->setFont(font());
+    }
+    createActions();
     for (QMenu* const submenu : {d_->firstNodeMenu, d_->lastNodeMenu, d_->horizontalAxisMenu})
         d_->optionsMenu->addMenu(submenu);
 
@@ -247,41 +271,6 @@ CustomEditLine* CurveEditor::createReadOut(const char* name)
     return line;
 }
 
-void CurveEditor::connectActions()
-{
-    const std::initializer_list<std::pair<QAction*, void (CurveEditor::*)()>> commands = {
-        {d_->undoAction, &CurveEditor::undo},
-        {d_->redoAction, &CurveEditor::redo},
-        {d_->resetAllChecked, &CurveEditor::resetAllCheckedF},
-        {d_->resetSelected, &CurveEditor::resetSelectedF},
-        {d_->resetRangeAction, &CurveEditor::resetViewport},
-        {d_->clearImageAction, &CurveEditor::clearImage},
-        {d_->setCompleteAction, &CurveEditor::completeViewport},
-        {d_->setCompleteHAction, &CurveEditor::completeViewportH},
-        {d_->setCompleteVAction, &CurveEditor::completeViewportV},
-        {d_->showTimeAction, &CurveEditor::setShowTime},
-        {d_->showFramesAction, &CurveEditor::setShowFrames},
-        {d_->firstNodeZeroAction, &CurveEditor::setFirstNodeZero},
-        {d_->firstNodeConstantAction, &CurveEditor::setFirstNodeConstant},
-        {d_->lastNodeZeroAction, &CurveEditor::setLastNodeZero},
-        {d_->lastNodeConstantAction, &CurveEditor::setLastNodeConstant},
-        {d_->lastNodeLoopAction, &CurveEditor::setLastNodeLoop},
-        {d_->lastNodeLoopOffsetAction, &CurveEditor::setLastNodeLoopOffset},
-        {d_->lastNodeFollowTangentAction, &CurveEditor::setLastNodeFollowTangent}};
-    for (const auto& [action, command] : commands)
-        connect(action, &QAction::triggered, this, command);
-    // These run loops. Queued, so that no menu is at work while the host may delete it.
-    const std::initializer_list<std::pair<QAction*, void (CurveEditor::*)()>> questions = {
-        {d_->loadCurve, &CurveEditor::loadFile},
-        {d_->saveCurve, &CurveEditor::saveFile},
-        {d_->setWaveRangeAction, &CurveEditor::setRange},
-        {d_->loadImageAction, &CurveEditor::loadImage},
-        {d_->openScaleSelection, &CurveEditor::setScaleSelection},
-        {d_->openPanSelection, &CurveEditor::setPanSelection}};
-    for (const auto& [action, question] : questions)
-        connect(action, &QAction::triggered, this, question, Qt::QueuedConnection);
-}
-
 void CurveEditor::languageChange()
 {
     CurveEditorDialogBase::languageChange();
@@ -294,55 +283,20 @@ void CurveEditor::languageChange()
     showLineTip();
     commandLine->setWhatsThis(tr("This's the expression parsed"));
 
-    const std::initializer_list<std::pair<QAction*, QString>> texts = {
-        {d_->resetAllChecked, tr("Reset All Checked Curves")},
-        {d_->resetSelected, tr("Reset curve")},
-        {d_->loadCurve, tr("Load curve")},
-        {d_->saveCurve, tr("Save curve")},
-        {d_->setWaveRangeAction, tr("Set Range")},
-        {d_->resetRangeAction, tr("Reset View")},
-        {d_->loadImageAction, tr("Load image")},
-        {d_->clearImageAction, tr("Clear image")},
-        {d_->setCompleteAction, tr("Fit View")},
-        {d_->setCompleteHAction, tr("Fit Horizontal View")},
-        {d_->setCompleteVAction, tr("Fit Vertical View")},
-        {d_->openScaleSelection, tr("Scale selection")},
-        {d_->openPanSelection, tr("Pan selection")},
-        {d_->showTimeAction, tr("Show time")},
-        {d_->showFramesAction, tr("Show frames")},
-        {d_->firstNodeZeroAction, tr("Zero")},
-        {d_->firstNodeConstantAction, tr("Constant")},
-        {d_->lastNodeZeroAction, tr("Zero")},
-        {d_->lastNodeConstantAction, tr("Constant")},
-        {d_->lastNodeLoopAction, tr("Loop")},
-        {d_->lastNodeLoopOffsetAction, tr("Loop offset")},
-        {d_->lastNodeFollowTangentAction, tr("Follow tangent")},
-        {d_->optionsFirstNodeAction, tr("Start Node Behaviour")},
-        {d_->optionsLastNodeAction, tr("Last Node Behaviour")},
-        {d_->optionsHorizontalAxisAction, tr("Horizontal axis mode")}};
-    for (const auto& [action, text] : texts)
-        action->setText(text);
-
-    d_->resetAllChecked->setWhatsThis(tr("Reset all the checked curves"));
-    d_->resetSelected->setWhatsThis(tr("Reset the current editing curve"));
-    d_->loadCurve->setWhatsThis(tr("Open previously saved curve"));
-    d_->saveCurve->setWhatsThis(tr("Save the current curve"));
-
-    d_->undoAction->setShortcut(tr("Ctrl+Z"));
-    d_->redoAction->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
+    auto action = d_->actions.begin();
+    for (const Command& command : commands()) {
+        if (command.text)
+            (*action)->setText(tr(command.text));
+        if (command.key)
+            (*action)->setShortcut(tr(command.key));
+        if (command.help)
+            (*action)->setWhatsThis(tr(command.help));
+        ++action;
+    }
+    actionOf(&CurveEditor::redo)->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
     showStepTexts();
-    d_->loadCurve->setShortcut(tr("Ctrl+l"));
-    d_->saveCurve->setShortcut(tr("Ctrl+s"));
-    d_->setWaveRangeAction->setShortcut(tr("Alt+s"));
-    d_->loadImageAction->setShortcut(tr("Alt+i"));
-    d_->setCompleteAction->setShortcut(tr("Alt+c"));
-    d_->setCompleteHAction->setShortcut(tr("Alt+h"));
-    d_->setCompleteVAction->setShortcut(tr("Alt+v"));
-    d_->showTimeAction->setShortcut(tr("Alt+t"));
-    d_->showFramesAction->setShortcut(tr("Alt+f"));
-
-    d_->firstNodeMenu->setTitle(d_->optionsFirstNodeAction->text());
-    d_->lastNodeMenu->setTitle(d_->optionsLastNodeAction->text());
+    d_->firstNodeMenu->setTitle(tr("Start Node Behaviour"));
+    d_->lastNodeMenu->setTitle(tr("Last Node Behaviour"));
     d_->horizontalAxisMenu->setTitle(tr("Horizontal axis"));
     translateMenuButtons();
     translateViewButtons();

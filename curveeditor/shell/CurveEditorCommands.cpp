@@ -234,7 +234,7 @@ void CurveEditor::resetViewport()
     d_->functionEdit->reset();
     if (wasTime) {
         textLabel1->setText(tr("Frame:"));
-        d_->showFramesAction->setChecked(true);
+        actionOf(&CurveEditor::setShowFrames)->setChecked(true);
         posX->setValue(shownTime(numberTypedIn(*posX)));
     }
     showTimeBounds();
@@ -380,12 +380,10 @@ void CurveEditor::changeNodeLastType(int index)
 
 void CurveEditor::showFirstType(int type)
 {
-    showChoice({d_->firstNodeZeroAction, d_->firstNodeConstantAction}, *nodeFirst, type);
+    showChoice(d_->firstNodeMenu->actions(), *nodeFirst, type);
 }
 
 void CurveEditor::showLastType(int type)
 {
-    showChoice({d_->lastNodeZeroAction, d_->lastNodeConstantAction, d_->lastNodeLoopAction,
-                d_->lastNodeLoopOffsetAction, d_->lastNodeFollowTangentAction},
-               *nodeLast, type);
+    showChoice(d_->lastNodeMenu->actions(), *nodeLast, type);
 }

@@ -235,8 +235,9 @@ void CurveEditor::setSplineToolsEnabled(bool enabled)
 {
     for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton})
         button->setEnabled(enabled);
-    for (QAction* const action : {d_->setCompleteAction, d_->setCompleteHAction, d_->setCompleteVAction})
-        action->setEnabled(enabled);
+    for (const auto fit :
+         {&CurveEditor::completeViewport, &CurveEditor::completeViewportH, &CurveEditor::completeViewportV})
+        actionOf(fit)->setEnabled(enabled);
     for (QMenu* const menu : {d_->firstNodeMenu, d_->lastNodeMenu})
         menu->setEnabled(enabled);
     for (QComboBox* const combo : {nodeFirst, nodeLast})
@@ -248,8 +249,8 @@ void CurveEditor::enablePointTools()
     const bool enabled = d_->functionEdit->canvas.hasSelectedPoint();
     for (QToolButton* const button : {d_->scaleButton, d_->panButton})
         button->setEnabled(enabled);
-    for (QAction* const action : {d_->openScaleSelection, d_->openPanSelection})
-        action->setEnabled(enabled);
+    for (const auto tool : {&CurveEditor::setScaleSelection, &CurveEditor::setPanSelection})
+        actionOf(tool)->setEnabled(enabled);
 }
 
 bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc)

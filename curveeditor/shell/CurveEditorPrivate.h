@@ -68,6 +68,7 @@ struct CurveEditor::Private
     QMenu* iVarMenu = nullptr;
     QMenu* dVarMenu = nullptr;
 
+    std::vector<QAction*> actions;         ///< of `commands`
     std::vector<QToolButton*> menuButtons; ///< in the order of creation
     QToolButton* fitButton = nullptr;
     QToolButton* fitHButton = nullptr;
@@ -78,32 +79,4 @@ struct CurveEditor::Private
     CustomEditLine* funcTimeEdit = nullptr;
     CustomEditLine* funcCursorEdit = nullptr;
     CustomEditLine* funcValueEdit = nullptr;
-
-    QAction* undoAction = nullptr;
-    QAction* redoAction = nullptr;
-    QAction* resetAllChecked = nullptr;
-    QAction* resetSelected = nullptr;
-    QAction* loadCurve = nullptr;
-    QAction* saveCurve = nullptr;
-    QAction* setWaveRangeAction = nullptr;
-    QAction* resetRangeAction = nullptr;
-    QAction* loadImageAction = nullptr;
-    QAction* clearImageAction = nullptr;
-    QAction* setCompleteAction = nullptr;
-    QAction* setCompleteHAction = nullptr;
-    QAction* setCompleteVAction = nullptr;
-    QAction* openScaleSelection = nullptr;
-    QAction* openPanSelection = nullptr;
-    QAction* showTimeAction = nullptr;
-    QAction* showFramesAction = nullptr;
-    QAction* firstNodeZeroAction = nullptr;
-    QAction* firstNodeConstantAction = nullptr;
-    QAction* lastNodeZeroAction = nullptr;
-    QAction* lastNodeConstantAction = nullptr;
-    QAction* lastNodeLoopAction = nullptr;
-    QAction* lastNodeLoopOffsetAction = nullptr;
-    QAction* lastNodeFollowTangentAction = nullptr;
-    QAction* optionsFirstNodeAction = nullptr;
-    QAction* optionsLastNodeAction = nullptr;
-    QAction* optionsHorizontalAxisAction = nullptr;
 };

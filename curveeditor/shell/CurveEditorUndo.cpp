@@ -37,10 +37,12 @@ void CurveEditor::showStepTexts()
     if (!d_->functionEdit)
         return;
     const QUndoStack& stack = *undoStack();
-    d_->undoAction->setText(stack.undoText().isEmpty() ? tr("Undo") : tr("Undo %1").arg(stack.undoText()));
-    d_->redoAction->setText(stack.redoText().isEmpty() ? tr("Redo") : tr("Redo %1").arg(stack.redoText()));
-    d_->undoAction->setEnabled(stack.canUndo());
-    d_->redoAction->setEnabled(stack.canRedo());
+    QAction* const undo = actionOf(&CurveEditor::undo);
+    QAction* const redo = actionOf(&CurveEditor::redo);
+    undo->setText(stack.undoText().isEmpty() ? tr("Undo") : tr("Undo %1").arg(stack.undoText()));
+    redo->setText(stack.redoText().isEmpty() ? tr("Redo") : tr("Redo %1").arg(stack.redoText()));
+    undo->setEnabled(stack.canUndo());
+    redo->setEnabled(stack.canRedo());
 }
 
 void CurveEditor::tellEdit(const EditReport& report)
