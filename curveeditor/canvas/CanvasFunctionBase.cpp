@@ -177,6 +177,11 @@ ControlSplineNode* CanvasFunctionBase::currentControl() const
     return noCurrentCurve() ? nullptr : &getCurrentCurve()->control();
 }
 
+ControlSplineNode* CanvasFunctionBase::currentSplineControl() const
+{
+    return currentSplineBase() && !isCurrentExpression() ? currentControl() : nullptr;
+}
+
 bool CanvasFunctionBase::isCurrentExpression() const
 {
     return !noCurrentCurve() && !getCurrentCurve()->isSpline();

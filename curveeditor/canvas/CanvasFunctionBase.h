@@ -90,6 +90,8 @@ public:
     QString getCurrentCurveName() const;
     CanvasSpline* currentSpline() const;
     ControlSplineNode* currentControl() const;
+    /// Null for a formula too.
+    ControlSplineNode* currentSplineControl() const;
     const SplineBase* currentSplineBase() const;
     bool noCurrentCurve() const { return !curves_.current(); }
     bool isCurrentExpression() const;

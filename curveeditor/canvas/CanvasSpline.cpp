@@ -31,13 +31,6 @@ QPoint nodePixel(const PlaneMapping& view, const SplineBase::PointInfo& point)
                   truncateToPixel(std::clamp(view.row(point.pos), -nodeMargin, bottom)));
 }
 
-double clampValue(double value, double minValue, double maxValue)
-{
-    if (minValue > value)
-        return minValue;
-    return maxValue < value ? maxValue : value;
-}
-
 bool goesOnBehindLast(int lastType)
 {
     return lastType == SplineBase::Loop || lastType == SplineBase::LoopOffset ||
@@ -128,6 +121,13 @@ void CanvasSpline::setColors(const QColor& color, const QColor& background)
     std::tie(selectedColor, unselectedColor) = curveColors(color, background, theme_);
 }
 
+double CanvasSpline::clamped(double value, double minValue, double maxValue)
+{
+    if (minValue > value)
+        return minValue;
+    return maxValue < value ? maxValue : value;
+}
+
 void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue)
 {
     viewport = newViewport;
@@ -145,7 +145,7 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     startLine_ = endLine_ = empty;
     const PlaneMapping view = viewport->deviceMapping(empty.scale);
     const auto bounded = [minValue, maxValue](double value) {
-        return clampValue(value, double(minValue), double(maxValue));
+        return clamped(value, minValue, maxValue);
     };
     const double viewSpan = viewport->timeMax - viewport->timeMin;
     const double left = std::max(viewport->timeMin, spline.getFirst()->time);

@@ -32,9 +32,10 @@ public:
     void setColors(const QColor& color, const QColor& background);
     QColor getColor() const { return selectedColor; }
 
+    /// The lower bound goes first; not-a-number stays.
+    static double clamped(double value, double minValue, double maxValue);
     /// Samples the spline anew, at most 1001 times for the span of its points and 1001 times behind it.
-    /// `minValue` and `maxValue` clamp the values, the lower bound first. With a view that can't be shown the
-    /// picture is empty. The pixels of the points are placed only where these show.
+    /// `minValue` and `maxValue` clamp the values. With a view that can't be shown the picture is empty. The pixels of the points are placed only where these show.
     void rebuild(ViewPort* newViewport, float minValue, float maxValue);
     /// Places the pixels of the points if the last `rebuild` did not: for a curve that became the current one.
     void placePoints();

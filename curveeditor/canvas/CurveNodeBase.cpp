@@ -105,9 +105,7 @@ double CurveNodeBase::getClampedValue(const double& time) const
 
 double CurveNodeBase::clamped(double value) const
 {
-    if (value < double(minValue_))
-        return double(minValue_);
-    return value > double(maxValue_) ? double(maxValue_) : value;
+    return CanvasSpline::clamped(value, double(minValue_), double(maxValue_));
 }
 
 double CurveNodeBase::framesPerTimeUnit() const

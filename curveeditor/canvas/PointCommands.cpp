@@ -24,7 +24,7 @@ bool PointCommands::canSelect() const
 
 bool PointCommands::canInsert() const
 {
-    return control() != nullptr;
+    return canvas_.currentSplineControl() != nullptr;
 }
 
 bool PointCommands::canEdit() const
@@ -34,14 +34,8 @@ bool PointCommands::canEdit() const
 
 bool PointCommands::canCopy() const
 {
-    const ControlSplineNode* const present = control();
+    const ControlSplineNode* const present = canvas_.currentSplineControl();
     return present && present->hasSelection();
-}
-
-ControlSplineNode* PointCommands::control() const
-{
-    ControlSplineNode* const control = canvas_.currentControl();
-    return control && !canvas_.isCurrentExpression() && control->getSpline() ? control : nullptr;
 }
 
 void PointCommands::selectAll()
@@ -88,7 +82,7 @@ void PointCommands::nudge(double frames, double tenthsOfGridStep)
 
 void PointCommands::copy()
 {
-    const ControlSplineNode* const present = control();
+    const ControlSplineNode* const present = canvas_.currentSplineControl();
     if (!canCopy())
         return;
     QGuiApplication::clipboard()->setText(
@@ -102,14 +96,14 @@ void PointCommands::cut()
         return;
     copy();
     canvas_.editSpline(tr("Cut points of %1"), [this](SplineBase& spline) {
-        SplineEdits::removePoints(spline, control()->selection().edited());
+        SplineEdits::removePoints(spline, canvas_.currentSplineControl()->selection().edited());
     });
 }
 
 bool PointCommands::canPaste() const
 {
     const QMimeData* const content = QGuiApplication::clipboard()->mimeData();
-    return control() && content && content->hasText();
+    return canvas_.currentSplineControl() && content && content->hasText();
 }
 
 void PointCommands::paste(bool whereTheyWere)
@@ -124,7 +118,7 @@ void PointCommands::paste(bool whereTheyWere)
     QTimer::singleShot(0, &canvas_, [commands = *this, text, whereTheyWere]() mutable {
         const std::optional<TableReader::Decimal> decimal =
             askForDecimal(commands.canvas_.widget(), tr("Paste points"), text.toStdString());
-        if (decimal && commands.control())
+        if (decimal && commands.canvas_.currentSplineControl())
             commands.paste(PointText::read(text, *decimal), whereTheyWere);
     });
 }
@@ -143,7 +137,7 @@ void PointCommands::paste(PointText::Result result, bool whereTheyWere)
 void PointCommands::duplicate()
 {
     canvas_.settle();
-    const ControlSplineNode* const present = control();
+    const ControlSplineNode* const present = canvas_.currentSplineControl();
     if (!canCopy())
         return;
     std::vector<SplineBase::PointInfo> points =
@@ -162,7 +156,7 @@ void PointCommands::insertAtTimeLine()
 void PointCommands::insertAt(double time)
 {
     canvas_.editSpline(tr("Insert a point on %1"), [this, time](SplineBase& spline) {
-        control()->selection().selectOnly(SplineEdits::insertOnCurve(spline, time));
+        canvas_.currentSplineControl()->selection().selectOnly(SplineEdits::insertOnCurve(spline, time));
     });
 }
 
@@ -202,7 +196,7 @@ void PointCommands::add(const QString& text, const std::vector<SplineBase::Point
                            tr("Moved there, the points would lie beyond all times."));
     canvas_.editSpline(text, [this, &points](SplineBase& spline) {
         const std::vector<PointSerial> added = SplineEdits::addPoints(spline, points);
-        control()->selectPoints(added);
+        canvas_.currentSplineControl()->selectPoints(added);
     });
 }
 

@@ -10,7 +10,6 @@
 #include <vector>
 
 class CanvasFunctionBase;
-class ControlSplineNode;
 
 /// What menus and keys do to the points of the current curve, beyond what mouse and bare keys do; where all curves are
 /// edited at once, selecting, moving and shaping act on all of them. Each edit is one step of the undo stack and is
@@ -66,7 +65,6 @@ public:
     void smoothTangents();
 
 private:
-    ControlSplineNode* control() const;
     double frame() const;
     void paste(PointText::Result result, bool whereTheyWere);
     void add(const QString& text, const std::vector<SplineBase::PointInfo>& points);

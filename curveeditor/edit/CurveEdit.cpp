@@ -198,8 +198,7 @@ CurveState CurveEdit::withOwnPointsBack(const Before& before)
         if (present.count(point.serial) > 0)
             points.push_back(point);
     }
-    std::stable_sort(points.begin(), points.end(),
-                     [](const PointInfo& left, const PointInfo& right) { return left.time < right.time; });
+    std::stable_sort(points.begin(), points.end(), isEarlierPoint);
     return state;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/EditPhase.h>
 #include <curveeditor/edit/EditedCurve.h>
 #include <curveeditor/edit/HostCalls.h>
 #include <curveeditor/edit/Selection.h>
@@ -20,8 +21,8 @@ class QUndoStack;
 /// What one edit did to one curve, as it is told.
 struct EditReport
 {
-    enum class Phase { Preview, Commit };
-    enum class Cause { Edit, Undo, Redo, Cancel };
+    using Phase = EditPhase;
+    using Cause = EditCause;
 
     std::shared_ptr<EditedCurve> curve;
     TimeInterval touched = {}; ///< the times at which the curve's value may have changed

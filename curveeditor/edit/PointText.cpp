@@ -3,6 +3,7 @@
 
 #include <curveeditor/files/TextFields.h>
 #include <curveeditor/model/PointTypes.h>
+#include <curveeditor/model/SplineState.h>
 
 #include <algorithm>
 #include <array>
@@ -124,8 +125,7 @@ PointText::Result PointText::Reader::read()
     tellFault();
     if (!result_.message.isEmpty())
         result_.points.clear();
-    std::stable_sort(result_.points.begin(), result_.points.end(),
-                     [](const PointInfo& left, const PointInfo& right) { return left.time < right.time; });
+    std::stable_sort(result_.points.begin(), result_.points.end(), isEarlierPoint);
     return std::move(result_);
 }
 

@@ -81,13 +81,10 @@ void moveAll(SplineBase& spline, const std::vector<PointSerial>& points, Target 
             point.pos = place.value;
         (rests ? resting : moved).push_back(point);
     }
-    const auto isEarlier = [](const PointInfo& left, const PointInfo& right) {
-        return left.time < right.time;
-    };
-    std::stable_sort(moved.begin(), moved.end(), isEarlier);
+    std::stable_sort(moved.begin(), moved.end(), isEarlierPoint);
     state.points.clear();
     std::merge(resting.begin(), resting.end(), moved.begin(), moved.end(), std::back_inserter(state.points),
-               isEarlier);
+               isEarlierPoint);
     spline.assign(state);
 }
 
@@ -175,8 +172,7 @@ void SplineEdits::write(SplineBase& spline, const std::vector<PointSerial>& poin
         std::stable_partition(state.points.begin(), state.points.end(),
                               [&](const PointInfo& point) { return moving.count(point.serial) == 0; });
     std::for_each(rest, state.points.end(), [number](PointInfo& point) { point.time = number; });
-    std::inplace_merge(state.points.begin(), rest, state.points.end(),
-                       [](const PointInfo& left, const PointInfo& right) { return left.time < right.time; });
+    std::inplace_merge(state.points.begin(), rest, state.points.end(), isEarlierPoint);
     spline.assign(state);
 }
 
@@ -197,20 +193,17 @@ void SplineEdits::addPoint(SplineBase& spline, double time, double value)
 
 std::vector<PointSerial> SplineEdits::addPoints(SplineBase& spline, std::vector<SplineBase::PointInfo> points)
 {
-    const auto isEarlier = [](const SplineBase::PointInfo& left, const SplineBase::PointInfo& right) {
-        return left.time < right.time;
-    };
     std::erase_if(points, [](const SplineBase::PointInfo& point) {
         return !std::isfinite(point.time) || !std::isfinite(point.pos);
     });
-    std::stable_sort(points.begin(), points.end(), isEarlier);
+    std::stable_sort(points.begin(), points.end(), isEarlierPoint);
     for (SplineBase::PointInfo& point : points)
         point.serial = 0;
     SplineState state = spline.state();
     SplineState both = state;
     both.points.clear();
     std::merge(state.points.begin(), state.points.end(), points.begin(), points.end(),
-               std::back_inserter(both.points), isEarlier);
+               std::back_inserter(both.points), isEarlierPoint);
     if (points.empty() || !spline.assign(both))
         return {};
     spline.mend();

@@ -566,8 +566,9 @@ void SplineBase::mend()
         renewCopiedSerials();
     if (isInOrder)
         return;
-    std::stable_sort(points_.begin(), points_.end(),
-                     [](const PointInfo* left, const PointInfo* right) { return left->time < right->time; });
+    std::stable_sort(points_.begin(), points_.end(), [](const PointInfo* left, const PointInfo* right) {
+        return isEarlierPoint(*left, *right);
+    });
     std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
 }

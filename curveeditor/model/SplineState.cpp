@@ -68,11 +68,8 @@ bool SplineState::isWhole() const
     const auto isFinite = [](const PointInfo& point) {
         return std::isfinite(point.time) && std::isfinite(point.pos);
     };
-    const auto isEarlier = [](const PointInfo& left, const PointInfo& right) {
-        return left.time < right.time;
-    };
     return !points.empty() && std::all_of(points.begin(), points.end(), isFinite) &&
-           std::is_sorted(points.begin(), points.end(), isEarlier);
+           std::is_sorted(points.begin(), points.end(), isEarlierPoint);
 }
 
 std::uint64_t SplineState::fingerprint() const

@@ -33,5 +33,11 @@ struct CURVEEDITOR_EXPORT SplineState
 /// Whether every bit of two points is the same.
 CURVEEDITOR_EXPORT bool isSamePoint(const SplineBase::PointInfo& left, const SplineBase::PointInfo& right);
 
+/// Orders points by time alone.
+inline bool isEarlierPoint(const SplineBase::PointInfo& left, const SplineBase::PointInfo& right)
+{
+    return left.time < right.time;
+}
+
 /// `SplineState::fingerprint` of a spline's state, without a copy of it.
 CURVEEDITOR_EXPORT std::uint64_t fingerprintOf(const SplineBase& spline);

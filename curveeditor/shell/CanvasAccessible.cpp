@@ -13,13 +13,6 @@
 
 namespace {
 
-/// The current curve, if it is a spline.
-ControlSplineNode* splineOf(const FunctionEditor& canvas)
-{
-    ControlSplineNode* const control = canvas.canvas.currentControl();
-    return control && !canvas.canvas.isCurrentExpression() && control->getSpline() ? control : nullptr;
-}
-
 class PointAccessible : public QAccessibleInterface, public QAccessibleActionInterface
 {
     Q_DECLARE_TR_FUNCTIONS(PointAccessible)
@@ -65,14 +58,14 @@ private:
 
 int PointAccessible::index() const
 {
-    const ControlSplineNode* const control = canvas_ ? splineOf(*canvas_) : nullptr;
+    const ControlSplineNode* const control = canvas_ ? canvas_->canvas.currentSplineControl() : nullptr;
     return control ? indicesOf({serial_}, *control->getSpline()).front() : -1;
 }
 
 const SplineBase::PointInfo* PointAccessible::point() const
 {
     const int present = index();
-    return present < 0 ? nullptr : splineOf(*canvas_)->pointAt(present);
+    return present < 0 ? nullptr : canvas_->canvas.currentSplineControl()->pointAt(present);
 }
 
 QString PointAccessible::text(QAccessible::Text kind) const
@@ -90,7 +83,7 @@ QString PointAccessible::text(QAccessible::Text kind) const
     const QString name = canvas_->isShowFrames() ? tr("Point %1 of %2, frame %3, value %4")
                                                  : tr("Point %1 of %2, time %3, value %4");
     return name.arg(index() + 1)
-        .arg(splineOf(*canvas_)->pointCount())
+        .arg(canvas_->canvas.currentSplineControl()->pointCount())
         .arg(QString::number(time), QString::number(present->pos));
 }
 
@@ -111,7 +104,7 @@ QAccessible::State PointAccessible::state() const
     state.invalid = !present;
     if (!present)
         return state;
-    const ControlSplineNode& control = *splineOf(*canvas_);
+    const ControlSplineNode& control = *canvas_->canvas.currentSplineControl();
     state.selectable = state.multiSelectable = state.focusable = true;
     state.selected = control.isSelected(present);
     state.focused = canvas_->hasFocus() && control.hasSingleSelection() && state.selected;
@@ -127,7 +120,7 @@ void PointAccessible::doAction(const QString& name)
     canvas->canvas.settle();
     if (!canvas || !point())
         return;
-    splineOf(*canvas)->selectOnly(point());
+    canvas->canvas.currentSplineControl()->selectOnly(point());
     if (name == deleteName())
         canvas->canvas.editSelection(tr("Delete a point of %1"), tr("Delete %1 points of %2"),
                                      &SplineEdits::removePoints);
@@ -164,13 +157,13 @@ void CanvasAccessible::install()
 
 int CanvasAccessible::childCount() const
 {
-    const ControlSplineNode* const control = splineOf(*canvas_);
+    const ControlSplineNode* const control = canvas_->canvas.currentSplineControl();
     return control ? control->pointCount() : 0;
 }
 
 QAccessibleInterface* CanvasAccessible::child(int index) const
 {
-    ControlSplineNode* const control = splineOf(*canvas_);
+    ControlSplineNode* const control = canvas_->canvas.currentSplineControl();
     if (!control || !control->pointAt(index))
         return nullptr;
     if (control->pointAt(index)->serial == 0) // as a host has written it
@@ -207,13 +200,13 @@ void CanvasAccessible::forgetLostPoints() const
 int CanvasAccessible::indexOfChild(const QAccessibleInterface* child) const
 {
     const auto* const point = dynamic_cast<const PointAccessible*>(child);
-    const ControlSplineNode* const control = splineOf(*canvas_);
+    const ControlSplineNode* const control = canvas_->canvas.currentSplineControl();
     return point && control ? indicesOf({point->serial()}, *control->getSpline()).front() : -1;
 }
 
 QAccessibleInterface* CanvasAccessible::childAt(int x, int y) const
 {
-    if (!splineOf(*canvas_))
+    if (!canvas_->canvas.currentSplineControl())
         return nullptr;
     const QPoint pixel = canvas_->mapFromGlobal(QPoint(x, y));
     const CanvasSpline::Hit hit = canvas_->canvas.currentSpline()->hitTest(pixel, {});
@@ -222,7 +215,7 @@ QAccessibleInterface* CanvasAccessible::childAt(int x, int y) const
 
 QAccessibleInterface* CanvasAccessible::focusChild() const
 {
-    const ControlSplineNode* const control = splineOf(*canvas_);
+    const ControlSplineNode* const control = canvas_->canvas.currentSplineControl();
     const SplineBase::PointInfo* const point =
         control && canvas_->hasFocus() ? control->getCurrent() : nullptr;
     return point ? childOf(point->serial) : nullptr;
@@ -236,7 +229,7 @@ QString CanvasAccessible::text(QAccessible::Text kind) const
                                        : tr("Canvas, curve %1").arg(curves.getCurrentCurveName());
     if (kind != QAccessible::Description || curves.noCurrentCurve())
         return QAccessibleWidget::text(kind);
-    if (const ControlSplineNode* const control = splineOf(*canvas_))
+    if (const ControlSplineNode* const control = canvas_->canvas.currentSplineControl())
         return tr("%1 points, %2 selected")
             .arg(control->pointCount())
             .arg(control->selection().edited().size());
@@ -257,7 +250,7 @@ void CanvasAnnouncer::announce()
     QAccessibleInterface* const all = QAccessible::queryAccessibleInterface(canvas_);
     if (canvas_->gesture.isAtPoints() || !all)
         return;
-    const ControlSplineNode* const control = splineOf(*canvas_);
+    const ControlSplineNode* const control = canvas_->canvas.currentSplineControl();
     const SplineBase::PointInfo* const point = control ? control->getCurrent() : nullptr;
     const PointSerial serial = point && control->hasSingleSelection() ? point->serial : 0;
     QAccessibleInterface* const one = serial != 0 ? all->child(control->currentIndex()) : nullptr;

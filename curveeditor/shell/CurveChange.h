@@ -1,24 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/EditPhase.h>
+
 #include <QMetaType>
 #include <QString>
 
 /// What an edit did to a curve, as `CurveEditor::curveEdited` tells it. A value.
 struct CurveChange
 {
-    /// Whether more is to follow.
-    enum class Phase {
-        Preview, ///< a step of an edit that goes on: of a drag, or of typing in a field
-        Commit   ///< the edit is done, or a step of the undo stack is
-    };
-    /// Where the change comes from.
-    enum class Cause {
-        Edit,  ///< the user edited the curve
-        Undo,  ///< the undo stack took an edit back ...
-        Redo,  ///< ... or did it again
-        Cancel ///< the user took back what was previewed
-    };
+    using Phase = EditPhase;
+    using Cause = EditCause;
 
     QString group; ///< as the host gave it to `addCurve`, or with the last rename
     QString curve; ///< the same

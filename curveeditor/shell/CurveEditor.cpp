@@ -157,8 +157,7 @@ void CurveEditor::connectPointTable()
 
 void CurveEditor::showPoints()
 {
-    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
-    d_->pointTable->show(canvas.isCurrentExpression() ? nullptr : canvas.currentControl());
+    d_->pointTable->show(d_->functionEdit->canvas.currentSplineControl());
 }
 
 void CurveEditor::connectEditingList()

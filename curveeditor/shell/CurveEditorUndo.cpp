@@ -58,22 +58,8 @@ void CurveEditor::tellEdit(const EditReport& report)
     change.curve = record->curveName;
     change.timeFirst = report.touched.first;
     change.timeLast = report.touched.last;
-    change.phase =
-        report.phase == EditReport::Phase::Preview ? CurveChange::Phase::Preview : CurveChange::Phase::Commit;
-    switch (report.cause) {
-    case EditReport::Cause::Edit:
-        change.cause = CurveChange::Cause::Edit;
-        break;
-    case EditReport::Cause::Undo:
-        change.cause = CurveChange::Cause::Undo;
-        break;
-    case EditReport::Cause::Redo:
-        change.cause = CurveChange::Cause::Redo;
-        break;
-    case EditReport::Cause::Cancel:
-        change.cause = CurveChange::Cause::Cancel;
-        break;
-    }
+    change.phase = report.phase;
+    change.cause = report.cause;
     const bool isStep = change.cause == CurveChange::Cause::Undo || change.cause == CurveChange::Cause::Redo;
     const QPointer<CurveEditor> guard(this);
     const std::shared_ptr<EditedCurve> curve = report.curve;

@@ -95,7 +95,7 @@ void FunctionEditor::closeNodeForm()
 
 void FunctionEditor::showSelection(bool enable)
 {
-    nodeForm.updateForm(isCurrentSpline() ? canvas.currentControl() : nullptr, enable);
+    nodeForm.updateForm(canvas.currentSplineControl(), enable);
     Q_EMIT selectionShown();
 }
 
