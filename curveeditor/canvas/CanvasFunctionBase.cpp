@@ -231,16 +231,15 @@ bool CanvasFunctionBase::exportSensorData(QTextStream& out) const
     if (lambdas > SensorTable::maximumRows)
         return false;
 
-    SensorTable table(out);
-    table.writeHeader(qint64(curves_.all().size()), lambdas);
+    out << QString::fromStdString(SensorTable::head(curves_.all().size(), lambdas));
+    std::vector<double> values(curves_.all().size());
     FunctionParserBase::keyStruct* const time = FunctionParserBase::instance()->getKey("t");
     const double notedTime = time->getValue();
     for (qint64 lambda = first; lambda <= last; ++lambda) {
         time->setValue(double(lambda));
-        table.beginRow(int(lambda));
-        for (const auto& curve : curves_.all())
-            table.addValue(curve->getValue(double(lambda)));
-        table.endRow();
+        std::transform(curves_.all().begin(), curves_.all().end(), values.begin(),
+                       [lambda](const auto& curve) { return curve->getValue(double(lambda)); });
+        out << QString::fromStdString(SensorTable::row(int(lambda), values));
     }
     time->setValue(notedTime);
     return true;

@@ -1,28 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
+#include <curveeditor/model/Export.h>
 
-class QTextStream;
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
 
-/// Writes the sensor data file: a banner, then a row for each lambda (a whole number on the time axis) with
-/// one value for each curve. Each field ends in a comma and a tab, values have six decimals. No locale plays
-/// a part. The stream is the caller's, who calls `writeHeader`, then for each row `beginRow`, `addValue` once
-/// a curve, and `endRow`.
-class SensorTable
-{
-public:
-    /// The most rows that a table may have; with more a range of huge limits would fill the disk.
-    static constexpr qint64 maximumRows = 1000000;
+/// The text of the sensor data file: a head, then a row for each lambda, a whole number on the time axis, with one
+/// value for each curve. Each field ends in a comma and a tab, values have six decimals. No locale plays a part.
+/// Needs no Qt. `TableReader` reads it.
+namespace SensorTable {
 
-    explicit SensorTable(QTextStream& out);
+/// The most rows that a table may have; with more a range of huge limits would fill the disk.
+constexpr std::int64_t maximumRows = 1'000'000;
 
-    void writeHeader(qint64 curves, qint64 lambdas);
-    void beginRow(int lambda);
-    /// Not-a-number is written as 0.0.
-    void addValue(double value);
-    void endRow();
+CURVEEDITOR_EXPORT std::string head(std::size_t curves, std::int64_t rows);
+/// Not-a-number is written as 0.0.
+CURVEEDITOR_EXPORT std::string row(std::int32_t lambda, const std::vector<double>& values);
 
-private:
-    QTextStream& out_;
-};
+} // namespace SensorTable

@@ -9,6 +9,7 @@
 #include "TextFiles.h"
 #include "TextNumber.h"
 
+#include <curveeditor/files/SensorTable.h>
 #include <curveeditor/files/TextFields.h>
 #include <curveeditor/model/CurveFit.h>
 
@@ -148,8 +149,8 @@ TimeSteps wholeNumbers(const Arguments& arguments, const Source& source)
     const TimeSteps ends = Commands::stepsFor(arguments, source);
     const double first = std::ceil(ends.at(0));
     const double last = std::floor(ends.at(ends.size() - 1));
-    if (!(first >= -limit && last <= limit && last - first < double(TableText::mostSensorRows)))
-        throw UsageFault("a sensor table has at most " + std::to_string(TableText::mostSensorRows) +
+    if (!(first >= -limit && last <= limit && last - first < double(SensorTable::maximumRows)))
+        throw UsageFault("a sensor table has at most " + std::to_string(SensorTable::maximumRows) +
                          " rows, for whole numbers of 32 bits");
     if (first > last)
         throw UsageFault("there is no whole number among these times");

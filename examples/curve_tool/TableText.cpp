@@ -5,8 +5,9 @@
 #include "Progress.h"
 #include "TextNumber.h"
 
+#include <curveeditor/files/SensorTable.h>
+
 #include <algorithm>
-#include <cmath>
 #include <optional>
 
 namespace {
@@ -79,19 +80,12 @@ std::string TableText::write(const SampleTable& table, char separator)
 
 std::string TableText::writeSensor(const SampleTable& table)
 {
-    std::string text = "# KVTR Corvane Sensor Sensibility Data File\n"
-                       "# file exported with Curve Editor v0.1\n"
-                       "\n"
-                       "version \t\t 1.0\n"
-                       "type \t\t\t cye64\n"
-                       "num_curves \t\t " +
-                       std::to_string(table.curves.size()) + "\nnum_lambdas \t " +
-                       std::to_string(table.times.size()) + "\n\n";
+    std::string text = SensorTable::head(table.curves.size(), std::int64_t(table.times.size()));
+    std::vector<double> values(table.curves.size());
     for (std::size_t row = 0; row < table.times.size(); ++row) {
-        text += std::to_string(int(table.times[row])) + ",\t";
-        for (const SampleTable::Curve& curve : table.curves)
-            text += toSixDecimals(std::isnan(curve.values[row]) ? 0.0 : curve.values[row]) + ",\t";
-        text += '\n';
+        std::transform(table.curves.begin(), table.curves.end(), values.begin(),
+                       [row](const SampleTable::Curve& curve) { return curve.values[row]; });
+        text += SensorTable::row(std::int32_t(table.times[row]), values);
     }
     return text;
 }

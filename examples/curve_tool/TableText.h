@@ -15,9 +15,6 @@ class Progress;
 /// A sensor table is one with a head, a row for each whole number of time, and no names.
 namespace TableText {
 
-/// The most rows of a sensor table.
-constexpr std::size_t mostSensorRows = 1'000'000;
-
 /// Either of both. Throws a `TextFault` for a text that is not a whole table, that can be read in two ways, or in
 /// which a time is there twice.
 SampleTable read(std::string_view text, TableReader::Decimal decimal, Progress& progress);

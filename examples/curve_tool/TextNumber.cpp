@@ -4,13 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
-
-namespace {
-
-constexpr std::size_t longestDecimal = std::numeric_limits<double>::max_exponent10 + 16;
-
-} // namespace
 
 std::string toText(double number)
 {
@@ -30,14 +23,6 @@ std::string toShortLimit(double limit)
     std::array<char, 32> text{};
     const auto result =
         std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::general, 2);
-    return {text.data(), result.ptr};
-}
-
-std::string toSixDecimals(double number)
-{
-    std::array<char, longestDecimal> text{};
-    const auto result =
-        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, 6);
     return {text.data(), result.ptr};
 }
 

@@ -12,8 +12,5 @@ std::string toText(double number);
 /// Rounded up to two digits, for a limit of 0.0 or more.
 std::string toShortLimit(double limit);
 
-/// With six decimals.
-std::string toSixDecimals(double number);
-
 /// ASCII letters in upper case.
 std::string toUpper(std::string_view text);
