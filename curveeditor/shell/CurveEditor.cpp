@@ -50,13 +50,14 @@ bool isComboWithoutFocus(const QObject& object)
 
 } // namespace
 
-CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(std::make_unique<Private>())
+CurveEditor::CurveEditor(QWidget* parent)
+    : CurveEditorDialogBase(parent), d_(std::make_unique<Private>(*this))
 {
-    preInit();
+    d_->preInit();
 
     auto* const layout = new QHBoxLayout(functionView);
     layout->setContentsMargins(0, 0, 0, 0);
-    d_->functionEdit = new FunctionEditor(functionView, this);
+    d_->functionEdit = new FunctionEditor(functionView, d_.get(), d_.get());
     layout->addWidget(d_->functionEdit);
     functionView->setFocusPolicy(Qt::ClickFocus);
     d_->functionEdit->setFocusPolicy(Qt::ClickFocus);
@@ -65,22 +66,22 @@ CurveEditor::CurveEditor(QWidget* parent) : CurveEditorDialogBase(parent), d_(st
     auto* const menu = new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
     d_->keys = std::make_unique<EditorKeys>(*this, *d_->functionEdit, *menu);
     d_->functionEdit->setAccessibleName(tr("Canvas"));
-    d_->pointTable = new PointTablePage(this, d_->functionEdit->canvas, this);
+    d_->pointTable = new PointTablePage(d_.get(), d_->functionEdit->canvas, this);
     tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
 
-    showPanelTheme();
+    d_->showPanelTheme();
 
     resize(400, 300);
-    connectWidgets();
-    connectEditingList();
-    connectPointTable();
+    d_->connectWidgets();
+    d_->connectEditingList();
+    d_->connectPointTable();
     setFocusPolicy(Qt::StrongFocus);
-    orderTools();
+    d_->orderTools();
     setShowFrames();
-    showTimeBounds();
-    showStepTexts();
-    setSplineToolsEnabled(false); // until there is a current curve
-    enablePointTools();
+    d_->showTimeBounds();
+    d_->showStepTexts();
+    d_->setSplineToolsEnabled(false); // until there is a current curve
+    d_->enablePointTools();
 }
 
 CurveEditor::~CurveEditor()
@@ -100,143 +101,153 @@ CurveEditor::~CurveEditor()
 }
 
 // The base has ordered what it has built; the canvas comes before the page that shows its point.
-void CurveEditor::orderTools()
+void CurveEditor::Private::orderTools()
 {
-    setTabOrder(tabWidget2->tabBar(), d_->functionEdit);
-    for (PlainToolBar* const bar : {mainMenu, expressionTool}) {
-        QWidget* previous = bar == mainMenu ? static_cast<QWidget*>(this) : outgoing;
+    editor.setTabOrder(editor.tabWidget2->tabBar(), functionEdit);
+    for (PlainToolBar* const bar : {editor.mainMenu, editor.expressionTool}) {
+        QWidget* previous = bar == editor.mainMenu ? static_cast<QWidget*>(&editor) : editor.outgoing;
         const QList<QToolButton*> buttons = bar->findChildren<QToolButton*>();
         for (QToolButton* const button : buttons) {
-            setTabOrder(previous, button);
+            editor.setTabOrder(previous, button);
             previous = button->focusPolicy() == Qt::NoFocus ? previous : button;
         }
     }
 }
 
-void CurveEditor::connectWidgets()
+void CurveEditor::Private::connectWidgets()
 {
-    connect(commandLine, &QLineEdit::returnPressed, this, &CurveEditor::executeCommand);
-    connect(deleteCurve, &QPushButton::pressed, this, &CurveEditor::deleteCurveClicked);
-    for (QWidget* const searching : std::initializer_list<QWidget*>{
-             nodeFirst, nodeLast, nodeTypeCombo, checkListsEditing, listPanel->filterLine()})
-        searching->installEventFilter(this);
-    connect(nodeFirst, &QComboBox::activated, this, &CurveEditor::changeNodeFirstType);
-    connect(nodeLast, &QComboBox::activated, this, &CurveEditor::changeNodeLastType);
-    connect(&d_->functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, this,
-            &CurveEditor::refreshCommandLine);
-    connect(&d_->functionEdit->canvas, &CanvasFunctionBase::edited, this, &CurveEditor::tellEdit);
-    connect(&d_->functionEdit->canvas.door().history(), &EditHistory::stackChanged, this,
-            &CurveEditor::showStepTexts);
-    connect(&d_->functionEdit->timeLineDrag, &TimeLineDrag::dragged, this, [this](double time) {
+    QObject::connect(editor.commandLine, &QLineEdit::returnPressed, &editor, &CurveEditor::executeCommand);
+    QObject::connect(editor.deleteCurve, &QPushButton::pressed, &editor, &CurveEditor::deleteCurveClicked);
+    for (QWidget* const searching :
+         std::initializer_list<QWidget*>{editor.nodeFirst, editor.nodeLast, editor.nodeTypeCombo,
+                                         editor.checkListsEditing, editor.listPanel->filterLine()})
+        searching->installEventFilter(&editor);
+    QObject::connect(editor.nodeFirst, &QComboBox::activated, &editor, &CurveEditor::changeNodeFirstType);
+    QObject::connect(editor.nodeLast, &QComboBox::activated, &editor, &CurveEditor::changeNodeLastType);
+    QObject::connect(&functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, &editor,
+                     &CurveEditor::refreshCommandLine);
+    QObject::connect(&functionEdit->canvas, &CanvasFunctionBase::edited, &editor,
+                     [this](const EditReport& report) { tellEdit(report); });
+    QObject::connect(&functionEdit->canvas.door().history(), &EditHistory::stackChanged, &editor,
+                     [this] { showStepTexts(); });
+    QObject::connect(&functionEdit->timeLineDrag, &TimeLineDrag::dragged, &editor, [this](double time) {
         const HostCalls::Call call(hostCalls());
-        Q_EMIT timeLineDragged(time);
+        Q_EMIT editor.timeLineDragged(time);
     });
-    connect(&hostCalls(), &HostCalls::returned, this, &CurveEditor::deleteIfDue, Qt::QueuedConnection);
-    connect(d_->functionEdit, &FunctionEditor::setPosInfo, this, &CurveEditor::setPosInfo);
-    connect(d_->functionEdit, &FunctionEditor::setFuncPosInfo, this, &CurveEditor::setFuncPosInfo);
+    QObject::connect(
+        &hostCalls(), &HostCalls::returned, &editor, [this] { deleteIfDue(); }, Qt::QueuedConnection);
+    QObject::connect(functionEdit, &FunctionEditor::setPosInfo, &editor, &CurveEditor::setPosInfo);
+    QObject::connect(functionEdit, &FunctionEditor::setFuncPosInfo, &editor, &CurveEditor::setFuncPosInfo);
 }
 
-void CurveEditor::connectPointTable()
+void CurveEditor::Private::connectPointTable()
 {
-    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
-    connect(d_->functionEdit, &FunctionEditor::selectionShown, this, &CurveEditor::showPoints);
-    connect(&canvas, &CanvasFunctionBase::edited, this, &CurveEditor::showPoints);
-    connect(d_->pointTable, &PointTablePage::edited, d_->functionEdit,
-            [this](const ControlSplineNode* control) {
-                d_->functionEdit->showSelection(false);
-                d_->functionEdit->canvas.nodeHasChanged(control);
-            });
-    connect(d_->pointTable, &PointTablePage::selectionPicked, d_->functionEdit, [this] {
-        d_->functionEdit->showSelection(true);
-        d_->functionEdit->canvas.paint();
+    CanvasFunctionBase& canvas = functionEdit->canvas;
+    QObject::connect(functionEdit, &FunctionEditor::selectionShown, &editor, [this] { showPoints(); });
+    QObject::connect(&canvas, &CanvasFunctionBase::edited, &editor, [this] { showPoints(); });
+    QObject::connect(pointTable, &PointTablePage::edited, functionEdit,
+                     [this](const ControlSplineNode* control) {
+                         functionEdit->showSelection(false);
+                         functionEdit->canvas.nodeHasChanged(control);
+                     });
+    QObject::connect(pointTable, &PointTablePage::selectionPicked, functionEdit, [this] {
+        functionEdit->showSelection(true);
+        functionEdit->canvas.paint();
     });
-    connect(d_->pointTable, &QWidget::windowTitleChanged, tabWidget2, [this](const QString& title) {
-        tabWidget2->setTabText(tabWidget2->indexOf(d_->pointTable), title);
-    });
+    QObject::connect(pointTable, &QWidget::windowTitleChanged, editor.tabWidget2,
+                     [this](const QString& title) {
+                         editor.tabWidget2->setTabText(editor.tabWidget2->indexOf(pointTable), title);
+                     });
 }
 
-void CurveEditor::showPoints()
+void CurveEditor::Private::showPoints()
 {
-    d_->pointTable->show(d_->functionEdit->canvas.currentSplineControl());
+    pointTable->show(functionEdit->canvas.currentSplineControl());
 }
 
-void CurveEditor::connectEditingList()
+void CurveEditor::Private::connectEditingList()
 {
-    connect(checkListsEditing, &EditingList::setNodeForEdit, this, &CurveEditor::takeDroppedName);
-    connect(checkListsEditing, &EditingList::supressFromEditing, this, &CurveEditor::slotRemoveFromEditing);
-    connect(checkListsEditing, &QTreeWidget::itemPressed, this, &CurveEditor::pressedEditingItem);
-    connect(checkListsEditing, &QTreeWidget::itemSelectionChanged, this,
-            [this] { selectionChangedEditingItem(checkListsEditing->selectedItem()); });
-    checkListsEditing->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(checkListsEditing, &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
-        rightButtonPressedEditingItem(checkListsEditing->itemAt(position),
-                                      checkListsEditing->viewport()->mapToGlobal(position), 0);
+    QObject::connect(editor.checkListsEditing, &EditingList::setNodeForEdit, &editor,
+                     [this](const QString& name) { takeDroppedName(name); });
+    QObject::connect(editor.checkListsEditing, &EditingList::supressFromEditing, &editor,
+                     &CurveEditor::slotRemoveFromEditing);
+    QObject::connect(editor.checkListsEditing, &QTreeWidget::itemPressed, &editor,
+                     &CurveEditor::pressedEditingItem);
+    QObject::connect(editor.checkListsEditing, &QTreeWidget::itemSelectionChanged, &editor, [this] {
+        editor.selectionChangedEditingItem(editor.checkListsEditing->selectedItem());
     });
-    connect(d_->functionEdit, &FunctionEditor::selectionShown, this, &CurveEditor::enablePointTools);
-    connect(d_->editingMenu.get(), &ControlMenu2::setRemoveItem, this,
-            &CurveEditor::slotMenuEditingNodeRemove);
-    connect(d_->editingMenu.get(), &ControlMenu2::setColorChange, this,
-            &CurveEditor::slotMenuEditingNodeColor);
-    connect(d_->editingMenu.get(), &ControlMenu2::nodeChanged, &d_->functionEdit->canvas,
-            &CanvasFunctionBase::currentNodeHasChanged);
+    editor.checkListsEditing->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(editor.checkListsEditing, &QWidget::customContextMenuRequested, &editor,
+                     [this](const QPoint& position) {
+                         editor.rightButtonPressedEditingItem(
+                             editor.checkListsEditing->itemAt(position),
+                             editor.checkListsEditing->viewport()->mapToGlobal(position), 0);
+                     });
+    QObject::connect(functionEdit, &FunctionEditor::selectionShown, &editor, [this] { enablePointTools(); });
+    QObject::connect(editingMenu.get(), &ControlMenu2::setRemoveItem, &editor,
+                     &CurveEditor::slotMenuEditingNodeRemove);
+    QObject::connect(editingMenu.get(), &ControlMenu2::setColorChange, &editor,
+                     &CurveEditor::slotMenuEditingNodeColor);
+    QObject::connect(editingMenu.get(), &ControlMenu2::nodeChanged, &functionEdit->canvas,
+                     &CanvasFunctionBase::currentNodeHasChanged);
 }
 
-NodePageWidgets CurveEditor::nodePageWidgets() const
+NodePageWidgets CurveEditor::Private::nodePageWidgets() const
 {
     NodePageWidgets widgets;
-    widgets.prevNode = prevNode;
-    widgets.nextNode = nextNode;
-    widgets.node = node;
-    widgets.posX = posX;
-    widgets.posY = posY;
-    widgets.tension = tension;
-    widgets.continuity = continuity;
-    widgets.bias = bias;
-    widgets.incoming = incoming;
-    widgets.outgoing = outgoing;
-    widgets.easeFrom = easeFrom;
-    widgets.easeTo = easeTo;
-    widgets.nodeTypeCombo = nodeTypeCombo;
-    widgets.nodeTypeWidgetStack = nodeTypeWidgetStack;
-    widgets.tcbCurve = tcbCurve;
+    widgets.prevNode = editor.prevNode;
+    widgets.nextNode = editor.nextNode;
+    widgets.node = editor.node;
+    widgets.posX = editor.posX;
+    widgets.posY = editor.posY;
+    widgets.tension = editor.tension;
+    widgets.continuity = editor.continuity;
+    widgets.bias = editor.bias;
+    widgets.incoming = editor.incoming;
+    widgets.outgoing = editor.outgoing;
+    widgets.easeFrom = editor.easeFrom;
+    widgets.easeTo = editor.easeTo;
+    widgets.nodeTypeCombo = editor.nodeTypeCombo;
+    widgets.nodeTypeWidgetStack = editor.nodeTypeWidgetStack;
+    widgets.tcbCurve = editor.tcbCurve;
     return widgets;
 }
 
-HostCalls& CurveEditor::hostCalls() const
+HostCalls& CurveEditor::Private::hostCalls() const
 {
-    return d_->functionEdit->canvas.door().history().hostCalls;
+    return functionEdit->canvas.door().history().hostCalls;
 }
 
 /// `deleteLater` comes at once where a slot of the host runs a loop; it is done when the slot has returned.
-void CurveEditor::deleteIfDue()
+void CurveEditor::Private::deleteIfDue()
 {
-    if (d_->isDeletionDue && !hostCalls().isAny())
-        delete this;
+    if (isDeletionDue && !hostCalls().isAny())
+        delete &editor;
 }
 
 bool CurveEditor::event(QEvent* event)
 {
-    if (event->type() == QEvent::DeferredDelete && hostCalls().isAny()) {
+    if (event->type() == QEvent::DeferredDelete && d_->hostCalls().isAny()) {
         d_->isDeletionDue = true;
         return true;
     }
     if (event->type() == QEvent::FocusIn)
-        passTabOn(static_cast<QFocusEvent*>(event)->reason());
+        d_->passTabOn(static_cast<QFocusEvent*>(event)->reason());
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     const auto* const key = isOverride ? static_cast<QKeyEvent*>(event) : nullptr;
     // A host in whose window the dialog is docked may have the same keys; inside the dialog they act here.
     const bool isOurs = key && (key->key() == Qt::Key_Delete || stepKeyOf(*key) != StepKey::None ||
-                                (key->key() == Qt::Key_Escape && meaningOfEscape()));
+                                (key->key() == Qt::Key_Escape && d_->meaningOfEscape()));
     if (isOurs)
         event->accept();
     return CurveEditorDialogBase::event(event) || isOurs;
 }
 
 /// Tab would be lost on the dialog itself, where nothing shows the focus.
-void CurveEditor::passTabOn(Qt::FocusReason reason)
+void CurveEditor::Private::passTabOn(Qt::FocusReason reason)
 {
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
-        focusNextPrevChild(reason == Qt::TabFocusReason);
+        editor.focusNextPrevChild(reason == Qt::TabFocusReason);
 }
 
 bool CurveEditor::eventFilter(QObject* watched, QEvent* event)
@@ -262,7 +273,7 @@ void CurveEditor::keyPressEvent(QKeyEvent* event)
     case StepKey::None:
         break;
     }
-    const std::function<void()> escape = event->key() == Qt::Key_Escape ? meaningOfEscape() : nullptr;
+    const std::function<void()> escape = event->key() == Qt::Key_Escape ? d_->meaningOfEscape() : nullptr;
     if (escape)
         return escape();
     d_->functionEdit->keyPressEvent(event);
@@ -276,24 +287,24 @@ void CurveEditor::keyPressEvent(QKeyEvent* event)
 }
 
 /// The smallest thing that is there to take back, to leave or to clear; null if only the dialog itself is left.
-std::function<void()> CurveEditor::meaningOfEscape()
+std::function<void()> CurveEditor::Private::meaningOfEscape()
 {
-    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
-    const Gesture& gesture = d_->functionEdit->gesture;
+    CanvasFunctionBase& canvas = functionEdit->canvas;
+    const Gesture& gesture = functionEdit->gesture;
     if (gesture.isAtPoints() || gesture.isAtView())
         return [this, &canvas] {
             canvas.cancelGesture();
-            d_->functionEdit->showSelection(false);
+            functionEdit->showSelection(false);
             canvas.paint();
         };
     const QWidget* const focus = QApplication::focusWidget();
-    if (qobject_cast<const QLineEdit*>(focus) && isAncestorOf(focus))
+    if (qobject_cast<const QLineEdit*>(focus) && editor.isAncestorOf(focus))
         return [this] {
-            d_->functionEdit->setFocus();
+            functionEdit->setFocus();
         };
-    if (!listPanel->filterLine()->text().isEmpty())
+    if (!editor.listPanel->filterLine()->text().isEmpty())
         return [this] {
-            listPanel->filterLine()->clear();
+            editor.listPanel->filterLine()->clear();
         };
     if (canvas.hasSelectedPoint())
         return [&canvas] {
@@ -305,7 +316,7 @@ std::function<void()> CurveEditor::meaningOfEscape()
 void CurveEditor::closeEvent(QCloseEvent* event)
 {
     event->accept();
-    const HostCalls::Call call(hostCalls());
+    const HostCalls::Call call(d_->hostCalls());
     Q_EMIT closed();
 }
 
@@ -329,7 +340,7 @@ void CurveEditor::updateCurves()
 {
     d_->functionEdit->canvas.dropLostPoints();
     d_->functionEdit->showSelection(false);
-    paintChangedView();
+    d_->paintChangedView();
 }
 
 bool CurveEditor::exportSensorData(QTextStream& out) const
@@ -354,26 +365,26 @@ bool CurveEditor::isModeTime() const
 
 void CurveEditor::setTimeRange(const double& timeMin, const double& timeMax)
 {
-    setMinTime(timeMin);
-    setMaxTime(timeMax);
+    d_->setMinTime(timeMin);
+    d_->setMaxTime(timeMax);
 }
 
-void CurveEditor::setMinTime(const double& val)
+void CurveEditor::Private::setMinTime(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    d_->functionEdit->setLimitTimeMin(val);
-    if (isModeFrames())
+    functionEdit->setLimitTimeMin(val);
+    if (editor.isModeFrames())
         showTimeBounds();
-    d_->functionEdit->dirty = true;
+    functionEdit->dirty = true;
 }
 
-void CurveEditor::setMaxTime(const double& val)
+void CurveEditor::Private::setMaxTime(const double& val)
 {
     if (!std::isfinite(val))
         return;
-    d_->functionEdit->setLimitTimeMax(val);
-    if (isModeFrames())
+    functionEdit->setLimitTimeMax(val);
+    if (editor.isModeFrames())
         showTimeBounds();
     paintChangedView();
 }
@@ -398,7 +409,7 @@ void CurveEditor::setTimeLine(const double& val)
 
 void CurveEditor::setTimeLine(int val)
 {
-    setTimeLine(timeOfFrame(val));
+    setTimeLine(d_->timeOfFrame(val));
 }
 
 void CurveEditor::setFps(const double& val)
@@ -406,9 +417,9 @@ void CurveEditor::setFps(const double& val)
     if (!std::isfinite(val))
         return;
     d_->functionEdit->setFps(val);
-    showTimeBounds();
+    d_->showTimeBounds();
     d_->functionEdit->showSelection(false);
-    paintChangedView();
+    d_->paintChangedView();
 }
 
 void CurveEditor::setMinValue(const double& val)
@@ -416,7 +427,7 @@ void CurveEditor::setMinValue(const double& val)
     if (!std::isfinite(val))
         return;
     d_->functionEdit->setLimitValueMin(val);
-    paintChangedView();
+    d_->paintChangedView();
 }
 
 void CurveEditor::setMaxValue(const double& val)
@@ -424,29 +435,28 @@ void CurveEditor::setMaxValue(const double& val)
     if (!std::isfinite(val))
         return;
     d_->functionEdit->setLimitValueMax(val);
-    paintChangedView();
+    d_->paintChangedView();
 }
 
-double CurveEditor::timeOfFrame(double frame) const
+double CurveEditor::Private::timeOfFrame(double frame) const
 {
-    return getFps() == 0.0 ? 0.0 : frame / getFps();
+    return editor.getFps() == 0.0 ? 0.0 : frame / editor.getFps();
 }
 
-double CurveEditor::shownTime(double time) const
+double CurveEditor::Private::shownTime(double time) const
 {
-    return isModeFrames() ? time * getFps() : time;
+    return editor.isModeFrames() ? time * editor.getFps() : time;
 }
 
-void CurveEditor::showTimeBounds()
+void CurveEditor::Private::showTimeBounds()
 {
-    d_->functionEdit->nodeForm.setTimeBounds(shownTime(d_->functionEdit->timeMin),
-                                             shownTime(d_->functionEdit->timeMax));
+    functionEdit->nodeForm.setTimeBounds(shownTime(functionEdit->timeMin), shownTime(functionEdit->timeMax));
 }
 
-void CurveEditor::paintChangedView()
+void CurveEditor::Private::paintChangedView()
 {
-    d_->functionEdit->dirty = true;
-    d_->functionEdit->canvas.paint();
+    functionEdit->dirty = true;
+    functionEdit->canvas.paint();
 }
 
 void CurveEditor::setFont(const QFont& font)
@@ -474,45 +484,44 @@ void CurveEditor::setFont(const QFont& font)
 void CurveEditor::setTheme(const CurveEditorTheme& theme)
 {
     d_->functionEdit->canvas.setTheme(theme);
-    showPanelTheme();
+    d_->showPanelTheme();
 }
 
-void CurveEditor::showPanelTheme()
+void CurveEditor::Private::showPanelTheme()
 {
-    const CurveEditorTheme shown = theme();
-    setPaletteColor(functionView, QPalette::Window, shown.canvas);
+    const CurveEditorTheme shown = editor.theme();
+    setPaletteColor(editor.functionView, QPalette::Window, shown.canvas);
     showFieldColors();
-    commandLine->setColors(shown.formula, shown.formulaText, shown.formulaWarning);
-    tcbCurve->setColors(shown.preview, shown.previewCurve, shown.previewMiddle);
-    if (d_->hasOwnFont)
+    editor.commandLine->setColors(shown.formula, shown.formulaText, shown.formulaWarning);
+    editor.tcbCurve->setColors(shown.preview, shown.previewCurve, shown.previewMiddle);
+    if (hasOwnFont)
         return;
     const QFont font = shown.panelFamily.isEmpty() ? QFont() : QFont(shown.panelFamily);
-    for (QWidget* const part :
-         std::initializer_list<QWidget*>{mainMenu, listPanel->filterLine(), checkListsEditing, tabWidget2})
+    for (QWidget* const part : std::initializer_list<QWidget*>{
+             editor.mainMenu, editor.listPanel->filterLine(), editor.checkListsEditing, editor.tabWidget2})
         part->setFont(font);
-    d_->editingMenu->setFont(shown.panelFamily.isEmpty() ? QFont()
-                                                         : QFont(shown.panelFamily, pointsOfListMenu));
-    fitToFont();
+    editingMenu->setFont(shown.panelFamily.isEmpty() ? QFont() : QFont(shown.panelFamily, pointsOfListMenu));
+    editor.fitToFont();
 }
 
 /// A field that is disabled differs from the others also where it is empty.
-void CurveEditor::showFieldColors()
+void CurveEditor::Private::showFieldColors()
 {
-    const CurveEditorTheme shown = theme();
-    const QColor disabledField = palette().color(QPalette::Active, QPalette::Button);
-    for (CustomEditLine* const field : findChildren<CustomEditLine*>())
+    const CurveEditorTheme shown = editor.theme();
+    const QColor disabledField = editor.palette().color(QPalette::Active, QPalette::Button);
+    for (CustomEditLine* const field : editor.findChildren<CustomEditLine*>())
         field->setColors(shown.field, shown.fieldText, disabledField);
     // These are never enabled, and there to be read.
-    const QColor readable = palette().color(QPalette::Active, QPalette::ButtonText);
-    for (CustomEditLine* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit})
+    const QColor readable = editor.palette().color(QPalette::Active, QPalette::ButtonText);
+    for (CustomEditLine* const readOut : {funcTimeEdit, funcCursorEdit, funcValueEdit})
         readOut->setColors(shown.field, shown.fieldText, disabledField, readable);
 }
 
 /// Gives one of the small dialogs the font of the panel, where the theme has another than these have of themselves.
-void CurveEditor::showPanelFont(QDialog& dialog) const
+void CurveEditor::Private::showPanelFont(QDialog& dialog) const
 {
-    const QString family = theme().panelFamily;
-    if (d_->hasOwnFont || family == CurveEditorTheme::described().panelFamily)
+    const QString family = editor.theme().panelFamily;
+    if (hasOwnFont || family == CurveEditorTheme::described().panelFamily)
         return;
     const QFont font = family.isEmpty() ? QFont() : QFont(family);
     dialog.setFont(font);
@@ -534,7 +543,7 @@ void CurveEditor::changeEvent(QEvent* event)
     if (theme().followsPalette)
         setTheme(CurveEditorTheme::fromPalette(palette()));
     else
-        showFieldColors();
+        d_->showFieldColors();
 }
 
 void CurveEditor::setCanvasColor(const QColor& color)

@@ -2,34 +2,23 @@
 #pragma once
 
 #include <curveeditor/canvas/CurveEditorTheme.h>
-#include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/model/Export.h>
-#include <curveeditor/panel/NodePage.h>
 #include <curveeditor/shell/CurveChange.h>
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 
 #include <QColor>
-#include <QPointer>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
-class CurveNodeBase;
-class CustomEditLine;
-class EditedCurve;
 class FunctionFloatBase;
-class HostCalls;
 class QAction;
 class QMenu;
 class QTextStream;
-class QToolBar;
-class QToolButton;
 class QTreeWidgetItem;
 class QUndoStack;
 class SplineBase;
-struct EditReport;
 
 /// A dialog in which a user draws and adjusts the curves of a host. It is the one class that a host talks to.
 ///
@@ -71,7 +60,7 @@ struct EditReport;
 /// second. Names compare exactly. A name that is not known, a null list item, a number that is not finite or
 /// a missing current curve make a call return without effect. Everything happens on the GUI thread; signals
 /// are synchronous.
-class CURVEEDITOR_EXPORT CurveEditor : public CurveEditorDialogBase, public DependencyCheck, public NodePage
+class CURVEEDITOR_EXPORT CurveEditor : public CurveEditorDialogBase
 {
     Q_OBJECT
 
@@ -194,17 +183,15 @@ public:
     // Time, frames, font
 
     /// Frames per time unit.
-    double getFps() const override;
+    double getFps() const;
     /// @{
     /// Whether horizontal numbers show as frames, or as time.
-    bool isModeFrames() const override;
+    bool isModeFrames() const;
     bool isModeTime() const;
     /// @}
     /// Gives the dialog, all in it and its menus a font. The numbers of the grid, the menu over points and the
     /// boxes that it opens keep theirs.
     virtual void setFont(const QFont& font);
-    /// The widgets of the node page, for the form that fills them.
-    NodePageWidgets nodePageWidgets() const override;
 
     // The look
 
@@ -260,7 +247,7 @@ public Q_SLOTS:
     // Read-outs; times in time units
 
     /// Writes a place of the plane into the node page.
-    void setPosInfo(const double& valueX, const double& valueY) override;
+    void setPosInfo(const double& valueX, const double& valueY);
     /// Writes the place of the mouse and the value of the curve there into the read-outs.
     void setFuncPosInfo(const double& valueX, const double& valueY, const double& val);
 
@@ -322,10 +309,10 @@ public Q_SLOTS:
     void refreshCommandLine();
     /// To be called when the message about a fault in the text has been closed: marks the fault in the command line.
     void errorClosed();
-    /// As `DependencyCheck` says, among all registered curves.
-    bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) override;
-    /// Those of the registered curves, whether they are on the canvas or not.
-    QStringList readersOf(const QString& curve) const override;
+    /// Follows the expressions of the registered curves from that of `current` on, and returns true if one of them reads
+    /// `firstFunc`. Both are full names with "_" for each blank and ASCII letters in lower case. On true `withFunc` becomes
+    /// the full name of the curve through which the cycle runs; on false it stays as it is.
+    bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc);
 
     // Commands of the "Edit" menu
 
@@ -438,83 +425,7 @@ protected:
 
 private:
     struct Private;
-
-    std::function<void()> meaningOfEscape();
-    void passTabOn(Qt::FocusReason reason);
-    void preInit();
-    struct Command;
-    static const std::vector<Command>& commands();
-    QAction* actionOf(void (CurveEditor::*work)()) const;
-    void createActions();
-    void createMainMenu();
-    void createViewButtons();
-    void createExpressionTool();
-    void connectWidgets();
-    void connectPointTable();
-    void connectEditingList();
-    QMenu* createExpressionMenu(const QString& text, const QStringList& entries,
-                                void (CurveEditor::*insert)(int));
-    void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
-    QToolButton* createViewButton(QWidget* box, const QString& text);
-    CustomEditLine* createReadOut(const char* name);
     void fitToFont() override;
-    void orderTools();
-    void translateMenuButtons();
-    void translateViewButtons();
-    void showMousePlace();
-    void explainTools();
-
-    void addNewMainNode(const QString& name);
-    void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
-                    float defaultValue, SplineBase* spline, FunctionFloatBase** function, float minValue,
-                    float maxValue);
-    void addNewNode(MainNodeStruct* group, const QString& fullName, const QColor& color, float defaultValue,
-                    SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
-    void renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName);
-    void eraseRecords(const std::vector<NodeStruct*>& records);
-    std::vector<NodeStruct*> nodesOfGroup(const QString& nodeName) const;
-    NodeStruct* searchCheckList(const QTreeWidgetItem* item);
-    NodeStruct* searchAllNodeEditingList(const QTreeWidgetItem* item);
-    QColor getColorFromNode(const QTreeWidgetItem* item);
-    QColor getColorFromEditingNode(const QTreeWidgetItem* item);
-    void setColorToNode(const QTreeWidgetItem* item, const QColor& color);
-    void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
-    void setColor(NodeStruct* record, const QColor& color);
-
-    void tellEdit(const EditReport& report);
-    void showStepTexts();
-    void tellCurrentCurve();
-    bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
-    void takeDroppedName(const QString& name);
-    HostCalls& hostCalls() const;
-    void deleteIfDue();
-    bool mayReplace(const QString& path);
-    void showContent();
-    void showPoints();
-    void showLineText();
-    void showLineTip();
-    void keepUnfinishedText();
-    void dropUnfinishedText(EditedCurve& curve);
-    void setCurveEditableOn(NodeStruct* record);
-    void setCurveEditableOff(NodeStruct* record);
-    void putOnCanvas(NodeStruct& record);
-    void takeOffCanvas(NodeStruct& record);
-    void showSelectedRow(NodeStruct& record);
-
-    void parseBuiltText(bool isBuilt);
-    void setSplineToolsEnabled(bool enabled);
-    void enablePointTools();
-    void showFirstType(int type);
-    void showLastType(int type);
-    void setMinTime(const double& val);
-    void setMaxTime(const double& val);
-    double timeOfFrame(double frame) const;
-    double shownTime(double time) const;
-    void showTimeBounds();
-    void showPanelTheme();
-    void showFieldColors();
-    void showPanelFont(QDialog& dialog) const;
-    void paintChangedView();
 
     std::unique_ptr<Private> d_;
 };

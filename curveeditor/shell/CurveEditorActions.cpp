@@ -26,17 +26,17 @@ constexpr QSize largestFitButton(30, 20);
 
 } // namespace
 
-void CurveEditor::preInit()
+void CurveEditor::Private::preInit()
 {
     createMainMenu();
     createViewButtons();
-    d_->editingMenu = std::make_unique<ControlMenu2>();
+    editingMenu = std::make_unique<ControlMenu2>();
     createExpressionTool();
-    languageChange();
+    editor.languageChange();
 }
 
 /// An action of the main menu, or one that only bears a text. Texts are the untranslated ones, null for none.
-struct CurveEditor::Command
+struct CurveEditor::Private::Command
 {
     const char* name;
     QMenu* Private::*menu;
@@ -48,7 +48,7 @@ struct CurveEditor::Command
 };
 
 /// In the order of their menus. A menu whose entries are a choice is a group.
-const std::vector<CurveEditor::Command>& CurveEditor::commands()
+const std::vector<CurveEditor::Private::Command>& CurveEditor::Private::commands()
 {
     using P = Private;
     using E = CurveEditor;
@@ -99,22 +99,22 @@ const std::vector<CurveEditor::Command>& CurveEditor::commands()
     return rows;
 }
 
-void CurveEditor::createActions()
+void CurveEditor::Private::createActions()
 {
     for (const Command& command : commands()) {
-        auto* const action = new QAction(this);
+        auto* const action = new QAction(&editor);
         action->setObjectName(QLatin1String(command.name));
         // Before any menu was opened, and not outside the editor, where a host may have the same keys.
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        addAction(action);
-        d_->actions.push_back(action);
+        editor.addAction(action);
+        actions.push_back(action);
         if (!command.menu)
             continue;
-        (d_.get()->*command.menu)->addAction(action);
-        connect(action, &QAction::triggered, this, command.work, command.how);
+        (this->*command.menu)->addAction(action);
+        QObject::connect(action, &QAction::triggered, &editor, command.work, command.how);
     }
-    for (const QMenu* const choice : {d_->horizontalAxisMenu, d_->firstNodeMenu, d_->lastNodeMenu}) {
-        auto* const group = new QActionGroup(this);
+    for (const QMenu* const choice : {horizontalAxisMenu, firstNodeMenu, lastNodeMenu}) {
+        auto* const group = new QActionGroup(&editor);
         for (QAction* const action : choice->actions()) {
             action->setParent(group);
             action->setCheckable(true);
@@ -124,32 +124,32 @@ void CurveEditor::createActions()
     actionOf(&CurveEditor::setShowFrames)->setChecked(true);
 }
 
-QAction* CurveEditor::actionOf(void (CurveEditor::*work)()) const
+QAction* CurveEditor::Private::actionOf(void (CurveEditor::*work)()) const
 {
     const auto found = std::find_if(commands().begin(), commands().end(),
                                     [work](const Command& command) { return command.work == work; });
-    return d_->actions[std::size_t(found - commands().begin())];
+    return actions[std::size_t(found - commands().begin())];
 }
 
-void CurveEditor::createMainMenu()
+void CurveEditor::Private::createMainMenu()
 {
-    for (QMenu** const menu : {&d_->fileMenu, &d_->curvesMenu, &d_->optionsMenu, &d_->editMenu,
-                               &d_->firstNodeMenu, &d_->lastNodeMenu, &d_->horizontalAxisMenu}) {
-        *menu = new QMenu(this);
-        (*menu)->setFont(font());
+    for (QMenu** const menu : {&fileMenu, &curvesMenu, &optionsMenu, &editMenu, &firstNodeMenu, &lastNodeMenu,
+                               &horizontalAxisMenu}) {
+        *menu = new QMenu(&editor);
+        (*menu)->setFont(editor.font());
     }
     createActions();
-    for (QMenu* const submenu : {d_->firstNodeMenu, d_->lastNodeMenu, d_->horizontalAxisMenu})
-        d_->optionsMenu->addMenu(submenu);
+    for (QMenu* const submenu : {firstNodeMenu, lastNodeMenu, horizontalAxisMenu})
+        optionsMenu->addMenu(submenu);
 
-    addMenuButton(mainMenu, tr("File"), d_->fileMenu);
-    addMenuButton(mainMenu, tr("Curves"), d_->curvesMenu);
-    addMenuButton(mainMenu, tr("Options"), d_->optionsMenu);
-    addMenuButton(mainMenu, tr("Edit"), d_->editMenu);
-    mainMenu->setMovable(true);
+    addMenuButton(editor.mainMenu, CurveEditor::tr("File"), fileMenu);
+    addMenuButton(editor.mainMenu, CurveEditor::tr("Curves"), curvesMenu);
+    addMenuButton(editor.mainMenu, CurveEditor::tr("Options"), optionsMenu);
+    addMenuButton(editor.mainMenu, CurveEditor::tr("Edit"), editMenu);
+    editor.mainMenu->setMovable(true);
 }
 
-void CurveEditor::addMenuButton(QToolBar* bar, const QString& text, QMenu* menu)
+void CurveEditor::Private::addMenuButton(QToolBar* bar, const QString& text, QMenu* menu)
 {
     auto* const button = new QToolButton(bar);
     button->setObjectName(text);
@@ -158,12 +158,12 @@ void CurveEditor::addMenuButton(QToolBar* bar, const QString& text, QMenu* menu)
     button->setMenu(menu);
     button->setPopupMode(QToolButton::InstantPopup);
     bar->addWidget(button);
-    d_->menuButtons.push_back(button);
-    if (bar == mainMenu)
-        connect(button, &QToolButton::triggered, this, [this] { d_->functionEdit->setFocus(); });
+    menuButtons.push_back(button);
+    if (bar == editor.mainMenu)
+        QObject::connect(button, &QToolButton::triggered, &editor, [this] { functionEdit->setFocus(); });
 }
 
-QToolButton* CurveEditor::createViewButton(QWidget* box, const QString& text)
+QToolButton* CurveEditor::Private::createViewButton(QWidget* box, const QString& text)
 {
     auto* const button = new QToolButton(box);
     button->setObjectName(text.trimmed());
@@ -173,33 +173,33 @@ QToolButton* CurveEditor::createViewButton(QWidget* box, const QString& text)
     return button;
 }
 
-void CurveEditor::createViewButtons()
+void CurveEditor::Private::createViewButtons()
 {
-    auto* const box = new QFrame(mainMenu);
+    auto* const box = new QFrame(editor.mainMenu);
     box->setFrameShape(QFrame::StyledPanel);
     auto* const layout = new QHBoxLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(5);
-    mainMenu->addWidget(box);
+    editor.mainMenu->addWidget(box);
 
-    d_->fitButton = createViewButton(box, tr(" Fit "));
-    d_->fitHButton = createViewButton(box, tr(" Fit H "));
-    d_->fitVButton = createViewButton(box, tr(" Fit V "));
-    for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton})
+    fitButton = createViewButton(box, CurveEditor::tr(" Fit "));
+    fitHButton = createViewButton(box, CurveEditor::tr(" Fit H "));
+    fitVButton = createViewButton(box, CurveEditor::tr(" Fit V "));
+    for (QToolButton* const button : {fitButton, fitHButton, fitVButton})
         button->setFocusPolicy(Qt::NoFocus);
-    d_->scaleButton = createViewButton(box, tr("Scale"));
-    d_->panButton = createViewButton(box, tr("Pan"));
+    scaleButton = createViewButton(box, CurveEditor::tr("Scale"));
+    panButton = createViewButton(box, CurveEditor::tr("Pan"));
     auto* const filler = new QFrame(box);
     filler->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     layout->addWidget(filler);
 
     for (const QToolButton* const button : box->findChildren<QToolButton*>())
-        connect(button, &QToolButton::clicked, this, [this] { d_->functionEdit->setFocus(); });
-    connect(d_->fitButton, &QToolButton::clicked, this, &CurveEditor::completeViewport);
-    connect(d_->fitHButton, &QToolButton::clicked, this, &CurveEditor::completeViewportH);
-    connect(d_->fitVButton, &QToolButton::clicked, this, &CurveEditor::completeViewportV);
-    connect(d_->scaleButton, &QToolButton::clicked, this, &CurveEditor::setScaleSelection);
-    connect(d_->panButton, &QToolButton::clicked, this, &CurveEditor::setPanSelection);
+        QObject::connect(button, &QToolButton::clicked, &editor, [this] { functionEdit->setFocus(); });
+    QObject::connect(fitButton, &QToolButton::clicked, &editor, &CurveEditor::completeViewport);
+    QObject::connect(fitHButton, &QToolButton::clicked, &editor, &CurveEditor::completeViewportH);
+    QObject::connect(fitVButton, &QToolButton::clicked, &editor, &CurveEditor::completeViewportV);
+    QObject::connect(scaleButton, &QToolButton::clicked, &editor, &CurveEditor::setScaleSelection);
+    QObject::connect(panButton, &QToolButton::clicked, &editor, &CurveEditor::setPanSelection);
 }
 
 // A tool bar without a main window hides what has no room in it, so it is never too narrow.
@@ -222,52 +222,52 @@ void CurveEditor::fitToFont()
     CurveEditorDialogBase::fitToFont();
 }
 
-QMenu* CurveEditor::createExpressionMenu(const QString& text, const QStringList& entries,
-                                         void (CurveEditor::*insert)(int))
+QMenu* CurveEditor::Private::createExpressionMenu(const QString& text, const QStringList& entries,
+                                                  void (CurveEditor::*insert)(int))
 {
-    auto* const menu = new QMenu(expressionTool);
-    menu->setFont(font());
+    auto* const menu = new QMenu(editor.expressionTool);
+    menu->setFont(editor.font());
     for (const QString& entry : entries) {
-        auto* const action = new QAction(entry, expressionTool);
+        auto* const action = new QAction(entry, editor.expressionTool);
         action->setObjectName(entry);
         action->setData(int(menu->actions().size()));
         menu->addAction(action);
     }
-    addMenuButton(expressionTool, text, menu);
-    connect(menu, &QMenu::triggered, this,
-            [this, insert](const QAction* entry) { (this->*insert)(entry->data().toInt()); });
+    addMenuButton(editor.expressionTool, text, menu);
+    QObject::connect(menu, &QMenu::triggered, &editor,
+                     [this, insert](const QAction* entry) { (editor.*insert)(entry->data().toInt()); });
     return menu;
 }
 
-void CurveEditor::createExpressionTool()
+void CurveEditor::Private::createExpressionTool()
 {
-    d_->unaryMenu =
-        createExpressionMenu(tr("Unary functions"),
-                             {"cos", "sin", "tan", "exp", "log", "l10", "rnd", "abs", "sqrt", "acos", "asin",
-                              "atan", "cosh", "sinh", "tanh", "ceil", "floor", "j0", "j1"},
-                             &CurveEditor::insertUnaryFunc);
-    d_->binaryMenu = createExpressionMenu(tr("Binary functions"), {"+", "-", "*", "/", "^", ">", "<"},
-                                          &CurveEditor::insertBinaryFunc);
-    d_->ternaryMenu = createExpressionMenu(tr("Ternary functions"), {"if"}, &CurveEditor::insertTernaryFunc);
-    d_->iVarMenu = createExpressionMenu(tr("I vars"), {"t", "f"}, &CurveEditor::insertIVarFunc);
-    d_->dVarMenu = createExpressionMenu(tr("D vars"), {}, &CurveEditor::insertDVarFunc);
-    for (QMenu* const growing : {d_->curvesMenu, d_->dVarMenu})
+    unaryMenu = createExpressionMenu(CurveEditor::tr("Unary functions"),
+                                     {"cos", "sin", "tan", "exp", "log", "l10", "rnd", "abs", "sqrt", "acos",
+                                      "asin", "atan", "cosh", "sinh", "tanh", "ceil", "floor", "j0", "j1"},
+                                     &CurveEditor::insertUnaryFunc);
+    binaryMenu = createExpressionMenu(CurveEditor::tr("Binary functions"),
+                                      {"+", "-", "*", "/", "^", ">", "<"}, &CurveEditor::insertBinaryFunc);
+    ternaryMenu =
+        createExpressionMenu(CurveEditor::tr("Ternary functions"), {"if"}, &CurveEditor::insertTernaryFunc);
+    iVarMenu = createExpressionMenu(CurveEditor::tr("I vars"), {"t", "f"}, &CurveEditor::insertIVarFunc);
+    dVarMenu = createExpressionMenu(CurveEditor::tr("D vars"), {}, &CurveEditor::insertDVarFunc);
+    for (QMenu* const growing : {curvesMenu, dVarMenu})
         growing->setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }")); // else it makes columns
     // A click on a menu button would else pass the focus to the dialog, and the line would drop its
     // selection.
-    expressionTool->setFocusProxy(commandLine);
+    editor.expressionTool->setFocusProxy(editor.commandLine);
 
-    d_->funcTimeEdit = createReadOut("funcTimeEdit");
-    d_->funcCursorEdit = createReadOut("funcCursorEdit");
-    d_->funcValueEdit = createReadOut("funcValueEdit");
+    funcTimeEdit = createReadOut("funcTimeEdit");
+    funcCursorEdit = createReadOut("funcCursorEdit");
+    funcValueEdit = createReadOut("funcValueEdit");
 }
 
-CustomEditLine* CurveEditor::createReadOut(const char* name)
+CustomEditLine* CurveEditor::Private::createReadOut(const char* name)
 {
-    auto* const line = new CustomEditLine(expressionTool, QLatin1String(name));
+    auto* const line = new CustomEditLine(editor.expressionTool, QLatin1String(name));
     line->setEnabled(false);
     line->setMaxLength(readOutLength);
-    expressionTool->addWidget(line);
+    editor.expressionTool->addWidget(line);
     return line;
 }
 
@@ -278,13 +278,13 @@ void CurveEditor::languageChange()
         unsetLocale(); // the application may have another default now
     if (d_->functionEdit) {
         textLabel1->setText(isModeFrames() ? tr("Frame:") : tr("Time:"));
-        showMousePlace();
+        d_->showMousePlace();
     }
-    showLineTip();
+    d_->showLineTip();
     commandLine->setWhatsThis(tr("This's the expression parsed"));
 
     auto action = d_->actions.begin();
-    for (const Command& command : commands()) {
+    for (const Private::Command& command : Private::commands()) {
         if (command.text)
             (*action)->setText(tr(command.text));
         if (command.key)
@@ -293,30 +293,34 @@ void CurveEditor::languageChange()
             (*action)->setWhatsThis(tr(command.help));
         ++action;
     }
-    actionOf(&CurveEditor::redo)->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
-    showStepTexts();
+    d_->actionOf(&CurveEditor::redo)->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
+    d_->showStepTexts();
     d_->firstNodeMenu->setTitle(tr("Start Node Behaviour"));
     d_->lastNodeMenu->setTitle(tr("Last Node Behaviour"));
     d_->horizontalAxisMenu->setTitle(tr("Horizontal axis"));
-    translateMenuButtons();
-    translateViewButtons();
-    explainTools();
+    d_->translateMenuButtons();
+    d_->translateViewButtons();
+    d_->explainTools();
     fitToFont();
 }
 
-void CurveEditor::translateMenuButtons()
+void CurveEditor::Private::translateMenuButtons()
 {
     const std::pair<QString, QString> texts[] = {
-        {tr("File"), tr("Resets, loads and saves curves")},
-        {tr("Curves"), tr("Chooses the current curve among those on the canvas")},
-        {tr("Options"), tr("Sets the view, the background image and the curve outside its nodes")},
-        {tr("Edit"), tr("Takes edits back, and works on the selected points and the view")},
-        {tr("Unary functions"), tr("Makes the expression the argument of a function")},
-        {tr("Binary functions"), tr("Joins the expression with a second operand")},
-        {tr("Ternary functions"), tr("Makes the expression one of the two that a condition chooses from")},
-        {tr("I vars"), tr("Inserts the time or the frame number")},
-        {tr("D vars"), tr("Inserts the value of another curve")}};
-    auto button = d_->menuButtons.begin();
+        {CurveEditor::tr("File"), CurveEditor::tr("Resets, loads and saves curves")},
+        {CurveEditor::tr("Curves"), CurveEditor::tr("Chooses the current curve among those on the canvas")},
+        {CurveEditor::tr("Options"),
+         CurveEditor::tr("Sets the view, the background image and the curve outside its nodes")},
+        {CurveEditor::tr("Edit"),
+         CurveEditor::tr("Takes edits back, and works on the selected points and the view")},
+        {CurveEditor::tr("Unary functions"),
+         CurveEditor::tr("Makes the expression the argument of a function")},
+        {CurveEditor::tr("Binary functions"), CurveEditor::tr("Joins the expression with a second operand")},
+        {CurveEditor::tr("Ternary functions"),
+         CurveEditor::tr("Makes the expression one of the two that a condition chooses from")},
+        {CurveEditor::tr("I vars"), CurveEditor::tr("Inserts the time or the frame number")},
+        {CurveEditor::tr("D vars"), CurveEditor::tr("Inserts the value of another curve")}};
+    auto button = menuButtons.begin();
     for (const auto& [text, tip] : texts) {
         (*button)->setText(text);
         (*button)->setAccessibleName(text);
@@ -325,16 +329,16 @@ void CurveEditor::translateMenuButtons()
     }
 }
 
-void CurveEditor::translateViewButtons()
+void CurveEditor::Private::translateViewButtons()
 {
-    d_->fitButton->setText(tr(" Fit "));
-    d_->fitHButton->setText(tr(" Fit H "));
-    d_->fitVButton->setText(tr(" Fit V "));
-    d_->scaleButton->setText(tr("Scale"));
-    d_->panButton->setText(tr("Pan"));
+    fitButton->setText(CurveEditor::tr(" Fit "));
+    fitHButton->setText(CurveEditor::tr(" Fit H "));
+    fitVButton->setText(CurveEditor::tr(" Fit V "));
+    scaleButton->setText(CurveEditor::tr("Scale"));
+    panButton->setText(CurveEditor::tr("Pan"));
 }
 
-void CurveEditor::explainTools()
+void CurveEditor::Private::explainTools()
 {
     const struct
     {
@@ -342,19 +346,24 @@ void CurveEditor::explainTools()
         QString name;
         QString tip;
     } tools[] = {
-        {d_->fitButton, tr("Fit View"), tr("Shows the whole current curve")},
-        {d_->fitHButton, tr("Fit Horizontal View"), tr("Shows all times of the current curve")},
-        {d_->fitVButton, tr("Fit Vertical View"), tr("Shows all values of the current curve")},
-        {d_->scaleButton, tr("Scale selection"), tr("Scales the selected points by two factors")},
-        {d_->panButton, tr("Pan selection"), tr("Moves the selected points by two distances")},
-        {d_->funcTimeEdit, tr("Time or frame at the mouse"), tr("Time or frame number at the mouse")},
-        {d_->funcCursorEdit, tr("Value at the mouse"), tr("Value at the mouse")},
-        {d_->funcValueEdit, tr("Value of the curve"),
-         tr("Value of the current curve at the time of the mouse")}};
+        {fitButton, CurveEditor::tr("Fit View"), CurveEditor::tr("Shows the whole current curve")},
+        {fitHButton, CurveEditor::tr("Fit Horizontal View"),
+         CurveEditor::tr("Shows all times of the current curve")},
+        {fitVButton, CurveEditor::tr("Fit Vertical View"),
+         CurveEditor::tr("Shows all values of the current curve")},
+        {scaleButton, CurveEditor::tr("Scale selection"),
+         CurveEditor::tr("Scales the selected points by two factors")},
+        {panButton, CurveEditor::tr("Pan selection"),
+         CurveEditor::tr("Moves the selected points by two distances")},
+        {funcTimeEdit, CurveEditor::tr("Time or frame at the mouse"),
+         CurveEditor::tr("Time or frame number at the mouse")},
+        {funcCursorEdit, CurveEditor::tr("Value at the mouse"), CurveEditor::tr("Value at the mouse")},
+        {funcValueEdit, CurveEditor::tr("Value of the curve"),
+         CurveEditor::tr("Value of the current curve at the time of the mouse")}};
     for (const auto& [widget, name, tip] : tools) {
         widget->setAccessibleName(name);
         widget->setToolTip(tip);
     }
-    if (d_->functionEdit)
-        d_->functionEdit->setAccessibleName(tr("Canvas"));
+    if (functionEdit)
+        functionEdit->setAccessibleName(CurveEditor::tr("Canvas"));
 }

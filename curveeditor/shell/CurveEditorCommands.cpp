@@ -96,9 +96,9 @@ void CurveEditor::resetSelectedF()
 }
 
 /// While a dialog was open the host may have taken the curve away, or made another one current.
-bool CurveEditor::isCurrent(const QPointer<CurveNodeBase>& curve) const
+bool CurveEditor::Private::isCurrent(const QPointer<CurveNodeBase>& curve) const
 {
-    return curve && curve == d_->functionEdit->canvas.getCurrentCurve();
+    return curve && curve == functionEdit->canvas.getCurrentCurve();
 }
 
 void CurveEditor::loadFile()
@@ -108,7 +108,7 @@ void CurveEditor::loadFile()
         return;
     const QPointer<CurveNodeBase> curve(canvas.getCurrentCurve());
     const QString chosen = askForFile(this, QFileDialog::AcceptOpen, QString(), QStringLiteral("*.crv"));
-    if (chosen.isNull() || !isCurrent(curve))
+    if (chosen.isNull() || !d_->isCurrent(curve))
         return;
     const QString path = CurveFileStore::pathToLoad(chosen);
     if (!QFileInfo(path).isFile()) // to open a pipe would wait for its writer
@@ -125,11 +125,11 @@ void CurveEditor::loadFile()
 }
 
 /// No, if the dialog was deleted meanwhile.
-bool CurveEditor::mayReplace(const QString& path)
+bool CurveEditor::Private::mayReplace(const QString& path)
 {
-    ModalDialog<QMessageBox> box(QMessageBox::Question, tr("Save curve"),
-                                 tr("%1 already exists.\nDo you want to replace it?").arg(path),
-                                 QMessageBox::Yes | QMessageBox::No, this);
+    ModalDialog<QMessageBox> box(QMessageBox::Question, CurveEditor::tr("Save curve"),
+                                 CurveEditor::tr("%1 already exists.\nDo you want to replace it?").arg(path),
+                                 QMessageBox::Yes | QMessageBox::No, &editor);
     box->setDefaultButton(QMessageBox::No);
     return box.answer() == QMessageBox::Yes;
 }
@@ -145,11 +145,11 @@ void CurveEditor::saveFile()
     if (chosen.isNull())
         return;
     const QString path = CurveFileStore::pathToSave(chosen);
-    if (CurveFileStore::replacesAnotherFile(chosen) && !mayReplace(path))
+    if (CurveFileStore::replacesAnotherFile(chosen) && !d_->mayReplace(path))
         return;
     std::ostringstream content;
     std::error_code fault = std::make_error_code(std::errc::io_error);
-    if (isCurrent(curve) && canvas.saveCurve(content))
+    if (d_->isCurrent(curve) && canvas.saveCurve(content))
         fault = FileReplacement::write(CurveFileStore::nativePath(path), content.str());
     if (!FileReplacement::isSaved(fault))
         showWarning(this, tr("Save curve"), tr("The curve could not be saved to %1.").arg(path));
@@ -180,7 +180,7 @@ void CurveEditor::setRange()
 {
     d_->functionEdit->setFocus(); // where it is when the dialog closes
     ModalDialog<ViewportSettings> dialog(this);
-    showPanelFont(*dialog);
+    d_->showPanelFont(*dialog);
     showNumber(*dialog->minX, d_->functionEdit->timeMin, locale());
     showNumber(*dialog->minY, d_->functionEdit->valueMin, locale());
     showNumber(*dialog->maxX, d_->functionEdit->timeMax, locale());
@@ -191,19 +191,19 @@ void CurveEditor::setRange()
     d_->functionEdit->setLimitValueMin(numberTypedIn(*dialog->minY));
     d_->functionEdit->setLimitTimeMax(numberTypedIn(*dialog->maxX));
     d_->functionEdit->setLimitValueMax(numberTypedIn(*dialog->maxY));
-    showTimeBounds();
-    paintChangedView();
+    d_->showTimeBounds();
+    d_->paintChangedView();
 }
 
 void CurveEditor::setScaleSelection()
 {
     d_->functionEdit->setFocus(); // where it is when the dialog closes
     ModalDialog<ScaleDialog> dialog(this);
-    showPanelFont(*dialog);
+    d_->showPanelFont(*dialog);
     dialog->scaleX->setText(NumberText::inLocale(QStringLiteral("1.0"), locale()));
     dialog->scaleY->setText(NumberText::inLocale(QStringLiteral("1.0"), locale()));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
-    if (dialog.answer() != QDialog::Accepted || !isCurrent(curve))
+    if (dialog.answer() != QDialog::Accepted || !d_->isCurrent(curve))
         return;
     d_->functionEdit->canvas.scaleSelection(numberTypedIn(*dialog->scaleX), numberTypedIn(*dialog->scaleY));
     d_->functionEdit->showSelection(false);
@@ -213,11 +213,11 @@ void CurveEditor::setPanSelection()
 {
     d_->functionEdit->setFocus(); // where it is when the dialog closes
     ModalDialog<PanDialog> dialog(this);
-    showPanelFont(*dialog);
+    d_->showPanelFont(*dialog);
     dialog->panX->setText(NumberText::inLocale(QStringLiteral("0.0"), locale()));
     dialog->panY->setText(NumberText::inLocale(QStringLiteral("0.0"), locale()));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
-    if (dialog.answer() != QDialog::Accepted || !isCurrent(curve))
+    if (dialog.answer() != QDialog::Accepted || !d_->isCurrent(curve))
         return;
     d_->functionEdit->canvas.panSelection(numberTypedIn(*dialog->panX), numberTypedIn(*dialog->panY));
     d_->functionEdit->showSelection(false);
@@ -234,10 +234,10 @@ void CurveEditor::resetViewport()
     d_->functionEdit->reset();
     if (wasTime) {
         textLabel1->setText(tr("Frame:"));
-        actionOf(&CurveEditor::setShowFrames)->setChecked(true);
-        posX->setValue(shownTime(numberTypedIn(*posX)));
+        d_->actionOf(&CurveEditor::setShowFrames)->setChecked(true);
+        posX->setValue(d_->shownTime(numberTypedIn(*posX)));
     }
-    showTimeBounds();
+    d_->showTimeBounds();
     d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();
 }
@@ -266,8 +266,8 @@ void CurveEditor::setShowTime()
     if (isModeTime())
         return;
     d_->functionEdit->setShowFrames(false);
-    posX->setValue(timeOfFrame(numberTypedIn(*posX)));
-    showTimeBounds();
+    posX->setValue(d_->timeOfFrame(numberTypedIn(*posX)));
+    d_->showTimeBounds();
     d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();
 }
@@ -278,74 +278,74 @@ void CurveEditor::setShowFrames()
     if (isModeFrames())
         return;
     d_->functionEdit->setShowFrames(true);
-    posX->setValue(shownTime(numberTypedIn(*posX)));
-    showTimeBounds();
+    posX->setValue(d_->shownTime(numberTypedIn(*posX)));
+    d_->showTimeBounds();
     d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();
 }
 
 void CurveEditor::setPosInfo(const double& valueX, const double& valueY)
 {
-    posX->setValue(shownTime(valueX));
+    posX->setValue(d_->shownTime(valueX));
     posY->setValue(valueY);
 }
 
 void CurveEditor::setFuncPosInfo(const double& valueX, const double& valueY, const double& val)
 {
     d_->mousePlace = {valueX, valueY, std::isnan(val) ? 0.0 : val};
-    showMousePlace();
+    d_->showMousePlace();
 }
 
-void CurveEditor::showMousePlace()
+void CurveEditor::Private::showMousePlace()
 {
-    if (!d_->mousePlace)
+    if (!mousePlace)
         return;
-    const QString timeLabel = isModeFrames() ? tr("Frame") : tr("Time");
-    d_->funcTimeEdit->setValue(shownTime(d_->mousePlace->time), timeLabel.toUtf8());
-    d_->funcCursorEdit->setValue(d_->mousePlace->value, tr("Cursor").toUtf8());
-    d_->funcValueEdit->setValue(d_->mousePlace->curveValue, tr("Value").toUtf8());
+    const QString timeLabel = editor.isModeFrames() ? CurveEditor::tr("Frame") : CurveEditor::tr("Time");
+    funcTimeEdit->setValue(shownTime(mousePlace->time), timeLabel.toUtf8());
+    funcCursorEdit->setValue(mousePlace->value, CurveEditor::tr("Cursor").toUtf8());
+    funcValueEdit->setValue(mousePlace->curveValue, CurveEditor::tr("Value").toUtf8());
 }
 
 void CurveEditor::setFirstNodeZero()
 {
     d_->functionEdit->canvas.setFirstNodeZero();
-    showContent();
+    d_->showContent();
 }
 
 void CurveEditor::setFirstNodeConstant()
 {
     d_->functionEdit->canvas.setFirstNodeConstant();
-    showContent();
+    d_->showContent();
 }
 
 void CurveEditor::setLastNodeZero()
 {
     d_->functionEdit->canvas.setLastNodeZero();
-    showContent();
+    d_->showContent();
 }
 
 void CurveEditor::setLastNodeConstant()
 {
     d_->functionEdit->canvas.setLastNodeConstant();
-    showContent();
+    d_->showContent();
 }
 
 void CurveEditor::setLastNodeLoop()
 {
     d_->functionEdit->canvas.setLastNodeLoop();
-    showContent();
+    d_->showContent();
 }
 
 void CurveEditor::setLastNodeLoopOffset()
 {
     d_->functionEdit->canvas.setLastNodeLoopOffset();
-    showContent();
+    d_->showContent();
 }
 
 void CurveEditor::setLastNodeFollowTangent()
 {
     d_->functionEdit->canvas.setLastNodeFollowTangent();
-    showContent();
+    d_->showContent();
 }
 
 void CurveEditor::changeNodeFirstType(int index)
@@ -378,12 +378,12 @@ void CurveEditor::changeNodeLastType(int index)
     }
 }
 
-void CurveEditor::showFirstType(int type)
+void CurveEditor::Private::showFirstType(int type)
 {
-    showChoice(d_->firstNodeMenu->actions(), *nodeFirst, type);
+    showChoice(firstNodeMenu->actions(), *editor.nodeFirst, type);
 }
 
-void CurveEditor::showLastType(int type)
+void CurveEditor::Private::showLastType(int type)
 {
-    showChoice(d_->lastNodeMenu->actions(), *nodeLast, type);
+    showChoice(lastNodeMenu->actions(), *editor.nodeLast, type);
 }

@@ -13,26 +13,27 @@
 
 void CurveEditor::setEditingNode(const QString& name)
 {
-    setCurveEditableOn(searchAllNodeList(name));
+    d_->setCurveEditableOn(searchAllNodeList(name));
 }
 
-void CurveEditor::takeDroppedName(const QString& name)
+void CurveEditor::Private::takeDroppedName(const QString& name)
 {
-    if (searchAllNodeList(name))
-        return setEditingNode(name);
+    if (editor.searchAllNodeList(name))
+        return editor.setEditingNode(name);
     constexpr qsizetype longest = 100;
     const QString shown = name.size() > longest ? name.left(longest) + QChar(0x2026) : name;
-    showWarning(this, tr("Edit a curve"), tr("There is no curve of the name \"%1\".").arg(shown));
+    showWarning(&editor, CurveEditor::tr("Edit a curve"),
+                CurveEditor::tr("There is no curve of the name \"%1\".").arg(shown));
 }
 
 // What is under way is told first, and who hears of it may take curves away.
-void CurveEditor::setCurveEditableOn(NodeStruct* record)
+void CurveEditor::Private::setCurveEditableOn(NodeStruct* record)
 {
     if (!record)
         return;
     const QString name = record->name;
-    d_->functionEdit->canvas.settle();
-    record = searchAllNodeList(name);
+    functionEdit->canvas.settle();
+    record = editor.searchAllNodeList(name);
     if (!record)
         return;
     const bool isNew = !record->editingItem->treeWidget();
@@ -41,69 +42,71 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record)
     putOnCanvas(*record);
     const HostCalls::Call call(hostCalls());
     if (isNew)
-        Q_EMIT curveOpened(nodeName, curveName);
+        Q_EMIT editor.curveOpened(nodeName, curveName);
     tellCurrentCurve();
 }
 
-void CurveEditor::putOnCanvas(NodeStruct& record)
+void CurveEditor::Private::putOnCanvas(NodeStruct& record)
 {
-    const FunctionEditor::PaintPause pause(d_->functionEdit);
-    ++d_->setChanges;
-    CurveNodeBase* const curve = d_->functionEdit->setCurveEditableOn(
-        d_->curvesMenu, record.name, record.color, record.defaultValue, record.spline, record.function,
-        record.minValue, record.maxValue);
+    const FunctionEditor::PaintPause pause(functionEdit);
+    ++setChanges;
+    CurveNodeBase* const curve =
+        functionEdit->setCurveEditableOn(curvesMenu, record.name, record.color, record.defaultValue,
+                                         record.spline, record.function, record.minValue, record.maxValue);
     if (!record.editingItem->treeWidget()) {
-        const QSignalBlocker silence(checkListsEditing);
-        checkListsEditing->addRow(record.editingItem);
+        const QSignalBlocker silence(editor.checkListsEditing);
+        editor.checkListsEditing->addRow(record.editingItem);
     }
     showSelectedRow(record);
-    d_->functionEdit->canvas.setCurrentCurve(record.name);
-    connect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
-    --d_->setChanges;
+    functionEdit->canvas.setCurrentCurve(record.name);
+    QObject::connect(curve, &CurveNodeBase::curveHasChanged, &editor,
+                     &CurveEditor::emitSignalCurveHasChanged);
+    --setChanges;
 }
 
-void CurveEditor::setCurveEditableOff(NodeStruct* record)
+void CurveEditor::Private::setCurveEditableOff(NodeStruct* record)
 {
     if (!record)
         return;
     const QString name = record->name;
-    d_->functionEdit->canvas.settle();
-    record = searchAllNodeList(name);
-    if (!record || !d_->functionEdit->canvas.findCurve(name))
+    functionEdit->canvas.settle();
+    record = editor.searchAllNodeList(name);
+    if (!record || !functionEdit->canvas.findCurve(name))
         return;
     const QString nodeName = record->nodeName;
     const QString curveName = record->curveName;
     takeOffCanvas(*record);
     const HostCalls::Call call(hostCalls());
-    Q_EMIT curveClosed(nodeName, curveName);
+    Q_EMIT editor.curveClosed(nodeName, curveName);
     tellCurrentCurve();
 }
 
 /// Tells nobody.
-void CurveEditor::takeOffCanvas(NodeStruct& record)
+void CurveEditor::Private::takeOffCanvas(NodeStruct& record)
 {
-    const FunctionEditor::PaintPause pause(d_->functionEdit);
-    ++d_->setChanges;
-    if (CurveNodeBase* const curve = d_->functionEdit->canvas.findCurve(record.name))
-        disconnect(curve, &CurveNodeBase::curveHasChanged, this, &CurveEditor::emitSignalCurveHasChanged);
-    d_->functionEdit->setCurveEditableOff(record.name);
-    const QSignalBlocker silence(checkListsEditing);
-    const int row = checkListsEditing->indexOfTopLevelItem(record.editingItem);
+    const FunctionEditor::PaintPause pause(functionEdit);
+    ++setChanges;
+    if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(record.name))
+        QObject::disconnect(curve, &CurveNodeBase::curveHasChanged, &editor,
+                            &CurveEditor::emitSignalCurveHasChanged);
+    functionEdit->setCurveEditableOff(record.name);
+    const QSignalBlocker silence(editor.checkListsEditing);
+    const int row = editor.checkListsEditing->indexOfTopLevelItem(record.editingItem);
     if (row >= 0)
-        checkListsEditing->takeTopLevelItem(row);
-    --d_->setChanges;
+        editor.checkListsEditing->takeTopLevelItem(row);
+    --setChanges;
 }
 
-void CurveEditor::showSelectedRow(NodeStruct& record)
+void CurveEditor::Private::showSelectedRow(NodeStruct& record)
 {
     QTreeWidgetItem* const row = record.editingItem;
-    if (checkListsEditing->selectedItem() == row && checkListsEditing->currentItem() == row)
+    if (editor.checkListsEditing->selectedItem() == row && editor.checkListsEditing->currentItem() == row)
         return;
-    setAllNodeListUnselected();
+    editor.setAllNodeListUnselected();
     if (!row->treeWidget())
         return;
-    const QSignalBlocker silence(checkListsEditing);
-    checkListsEditing->setCurrentItem(row);
+    const QSignalBlocker silence(editor.checkListsEditing);
+    editor.checkListsEditing->setCurrentItem(row);
 }
 
 void CurveEditor::cleanSelecteds()
@@ -113,7 +116,7 @@ void CurveEditor::cleanSelecteds()
     for (const auto& record : d_->nodeList)
         names.append(record->name);
     for (const QString& name : names)
-        setCurveEditableOff(searchAllNodeList(name));
+        d_->setCurveEditableOff(searchAllNodeList(name));
 }
 
 // A click or a blank with Ctrl takes the selection away; it always shows the current curve.
@@ -123,7 +126,7 @@ void CurveEditor::selectionChangedEditingItem(QTreeWidgetItem* who)
     if (who && who->isSelected())
         d_->functionEdit->canvas.setCurrentCurve(who->text(0));
     else if (current && checkListsEditing->selectedItems().isEmpty())
-        showSelectedRow(*current);
+        d_->showSelectedRow(*current);
 }
 
 void CurveEditor::pressedEditingItem(QTreeWidgetItem* /*who*/) {}
@@ -138,10 +141,10 @@ void CurveEditor::rightButtonPressedEditingItem(QTreeWidgetItem* who, const QPoi
 
 void CurveEditor::slotMenuEditingNodeColor()
 {
-    const QColor color = askForColor(getColorFromEditingNode(d_->editingMenu->menuItem()), this);
+    const QColor color = askForColor(d_->getColorFromEditingNode(d_->editingMenu->menuItem()), this);
     if (color.isValid())
-        setColorToEditingNode(d_->editingMenu->menuItem(),
-                              color); // the host may have removed the row meanwhile
+        d_->setColorToEditingNode(d_->editingMenu->menuItem(),
+                                  color); // the host may have removed the row meanwhile
 }
 
 void CurveEditor::slotMenuEditingNodeRemove()
@@ -151,11 +154,11 @@ void CurveEditor::slotMenuEditingNodeRemove()
 
 void CurveEditor::slotRemoveFromEditing(QTreeWidgetItem* item)
 {
-    setCurveEditableOff(searchAllNodeEditingList(item));
+    d_->setCurveEditableOff(d_->searchAllNodeEditingList(item));
 }
 
 void CurveEditor::emitSignalCurveHasChanged(QString& nodeName, QString& curveName)
 {
-    const HostCalls::Call call(hostCalls());
+    const HostCalls::Call call(d_->hostCalls());
     Q_EMIT curveHasChanged(nodeName, curveName);
 }

@@ -62,14 +62,15 @@ void CurveEditor::executeCommand()
     refreshCommandLine();
 }
 
-void CurveEditor::parseBuiltText(bool isBuilt)
+void CurveEditor::Private::parseBuiltText(bool isBuilt)
 {
-    commandLine->setFocus();
+    editor.commandLine->setFocus();
     if (isBuilt)
-        executeCommand();
+        editor.executeCommand();
     else
-        showWarning(this, tr("Formula"),
-                    tr("The line has room for no more than %1 characters.").arg(commandLine->maxLength()));
+        showWarning(&editor, CurveEditor::tr("Formula"),
+                    CurveEditor::tr("The line has room for no more than %1 characters.")
+                        .arg(editor.commandLine->maxLength()));
 }
 
 void CurveEditor::insertUnaryFunc(int id)
@@ -77,7 +78,8 @@ void CurveEditor::insertUnaryFunc(int id)
     const QString function = entryText(*d_->unaryMenu, id);
     if (function.isEmpty())
         return;
-    parseBuiltText(commandLine->replaceText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text())));
+    d_->parseBuiltText(
+        commandLine->replaceText(QStringLiteral(" %1(%2) ").arg(function, commandLine->text())));
 }
 
 void CurveEditor::insertBinaryFunc(int id)
@@ -85,7 +87,7 @@ void CurveEditor::insertBinaryFunc(int id)
     const QString sign = entryText(*d_->binaryMenu, id);
     if (sign.isEmpty())
         return;
-    parseBuiltText(commandLine->replaceText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign)));
+    d_->parseBuiltText(commandLine->replaceText(QStringLiteral(" %1%2X ").arg(commandLine->text(), sign)));
 }
 
 void CurveEditor::insertTernaryFunc(int id)
@@ -93,7 +95,7 @@ void CurveEditor::insertTernaryFunc(int id)
     const QString function = entryText(*d_->ternaryMenu, id);
     if (function.isEmpty())
         return;
-    parseBuiltText(
+    d_->parseBuiltText(
         commandLine->replaceText(QStringLiteral(" %1( X, %2, X) ").arg(function, commandLine->text())));
 }
 
@@ -102,7 +104,7 @@ void CurveEditor::insertIVarFunc(int id)
     const QString variable = entryText(*d_->iVarMenu, id);
     if (variable.isEmpty())
         return;
-    parseBuiltText(commandLine->insertText(QStringLiteral(" %1 ").arg(variable)));
+    d_->parseBuiltText(commandLine->insertText(QStringLiteral(" %1 ").arg(variable)));
 }
 
 void CurveEditor::insertDVarFunc(int id)
@@ -110,7 +112,7 @@ void CurveEditor::insertDVarFunc(int id)
     const QString variable = entryText(*d_->dVarMenu, id);
     if (variable.isEmpty())
         return;
-    parseBuiltText(commandLine->insertText(variable));
+    d_->parseBuiltText(commandLine->insertText(variable));
 }
 
 void CurveEditor::setExpression()
@@ -150,35 +152,35 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
     } else if (!isVisible() && function) {
         delete std::exchange(*function, nullptr);
         canvas.door().history().forgetRetired(function);
-        paintChangedView();
+        d_->paintChangedView();
     }
 }
 
 void CurveEditor::refreshCommandLine()
 {
     const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
-    showContent();
+    d_->showContent();
     d_->functionEdit->closeNodeForm();
     d_->functionEdit->showSelection(false);
     if (NodeStruct* const record = searchAllNodeList(canvas.getCurrentCurveName()))
-        showSelectedRow(*record);
+        d_->showSelectedRow(*record);
     if (!canvas.noCurrentCurve())
         d_->functionEdit->canvas.paint();
-    tellCurrentCurve();
+    d_->tellCurrentCurve();
 }
 
-void CurveEditor::showContent()
+void CurveEditor::Private::showContent()
 {
-    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
     const bool isSpline = !canvas.noCurrentCurve() && !canvas.isCurrentExpression();
     setSplineToolsEnabled(isSpline);
     enablePointTools();
     if (canvas.noCurrentCurve()) {
         keepUnfinishedText();
-        d_->lineCurve.clear();
+        lineCurve.clear();
         return;
     }
-    deleteCurve->setEnabled(!isSpline);
+    editor.deleteCurve->setEnabled(!isSpline);
     showLineText();
     if (isSpline) {
         showFirstType(canvas.currentSplineBase()->firstType);
@@ -187,67 +189,68 @@ void CurveEditor::showContent()
 }
 
 // A text that is being typed stays while the curve and its formula do.
-void CurveEditor::showLineText()
+void CurveEditor::Private::showLineText()
 {
-    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
     const QString curve = canvas.getCurrentCurveName();
     const QString formula = canvas.isCurrentExpression() ? canvas.getCurrentExpressionText() : QString();
-    if (curve == d_->lineCurve && formula == d_->lineFormula)
+    if (curve == lineCurve && formula == lineFormula)
         return;
-    if (curve != d_->lineCurve)
+    if (curve != lineCurve)
         keepUnfinishedText();
-    d_->lineCurve = curve;
-    d_->lineFormula = formula;
-    commandLine->showFormula(formula);
+    lineCurve = curve;
+    lineFormula = formula;
+    editor.commandLine->showFormula(formula);
     showLineTip();
-    const auto unfinished = d_->unfinishedTexts.constFind(curve);
-    if (unfinished != d_->unfinishedTexts.cend() && unfinished->formula == formula)
-        commandLine->showUnfinished(unfinished->text);
-    d_->unfinishedTexts.remove(curve);
+    const auto unfinished = unfinishedTexts.constFind(curve);
+    if (unfinished != unfinishedTexts.cend() && unfinished->formula == formula)
+        editor.commandLine->showUnfinished(unfinished->text);
+    unfinishedTexts.remove(curve);
 }
 
-void CurveEditor::keepUnfinishedText()
+void CurveEditor::Private::keepUnfinishedText()
 {
-    if (!d_->lineCurve.isEmpty() && commandLine->isUnfinished())
-        d_->unfinishedTexts.insert(d_->lineCurve, {d_->lineFormula, commandLine->text()});
+    if (!lineCurve.isEmpty() && editor.commandLine->isUnfinished())
+        unfinishedTexts.insert(lineCurve, {lineFormula, editor.commandLine->text()});
 }
 
 /// A text over a formula that has changed meanwhile is of no use.
-void CurveEditor::dropUnfinishedText(EditedCurve& curve)
+void CurveEditor::Private::dropUnfinishedText(EditedCurve& curve)
 {
-    const auto unfinished = d_->unfinishedTexts.constFind(curve.name);
-    if (unfinished == d_->unfinishedTexts.cend())
+    const auto unfinished = unfinishedTexts.constFind(curve.name);
+    if (unfinished == unfinishedTexts.cend())
         return;
     FunctionFloatBase* const tree = curve.kind() == CurveKind::Expression ? curve.expression() : nullptr;
     const QString formula = tree ? QString::fromStdString(tree->getString()) : QString();
     if (formula != unfinished->formula)
-        d_->unfinishedTexts.erase(unfinished);
+        unfinishedTexts.erase(unfinished);
 }
 
-void CurveEditor::showLineTip()
+void CurveEditor::Private::showLineTip()
 {
-    commandLine->setToolTip(commandLine->isReadOnly()
-                                ? tr("This expression is too long for the line and can't be edited here")
-                                : tr("Here appears the expression"));
+    editor.commandLine->setToolTip(
+        editor.commandLine->isReadOnly()
+            ? CurveEditor::tr("This expression is too long for the line and can't be edited here")
+            : CurveEditor::tr("Here appears the expression"));
 }
 
-void CurveEditor::setSplineToolsEnabled(bool enabled)
+void CurveEditor::Private::setSplineToolsEnabled(bool enabled)
 {
-    for (QToolButton* const button : {d_->fitButton, d_->fitHButton, d_->fitVButton})
+    for (QToolButton* const button : {fitButton, fitHButton, fitVButton})
         button->setEnabled(enabled);
     for (const auto fit :
          {&CurveEditor::completeViewport, &CurveEditor::completeViewportH, &CurveEditor::completeViewportV})
         actionOf(fit)->setEnabled(enabled);
-    for (QMenu* const menu : {d_->firstNodeMenu, d_->lastNodeMenu})
+    for (QMenu* const menu : {firstNodeMenu, lastNodeMenu})
         menu->setEnabled(enabled);
-    for (QComboBox* const combo : {nodeFirst, nodeLast})
+    for (QComboBox* const combo : {editor.nodeFirst, editor.nodeLast})
         combo->setEnabled(enabled);
 }
 
-void CurveEditor::enablePointTools()
+void CurveEditor::Private::enablePointTools()
 {
-    const bool enabled = d_->functionEdit->canvas.hasSelectedPoint();
-    for (QToolButton* const button : {d_->scaleButton, d_->panButton})
+    const bool enabled = functionEdit->canvas.hasSelectedPoint();
+    for (QToolButton* const button : {scaleButton, panButton})
         button->setEnabled(enabled);
     for (const auto tool : {&CurveEditor::setScaleSelection, &CurveEditor::setPanSelection})
         actionOf(tool)->setEnabled(enabled);
@@ -255,9 +258,15 @@ void CurveEditor::enablePointTools()
 
 bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc)
 {
+    return d_->checkDependencies(firstFunc, current, withFunc);
+}
+
+bool CurveEditor::Private::checkDependencies(const QString& firstFunc, const QString& current,
+                                             QString& withFunc)
+{
     QHash<QString, const NodeStruct*> curves;
-    for (auto record = d_->nodeList.rbegin(); record != d_->nodeList.rend(); ++record)
-        curves.insert(lowerVariableName((*record)->name), record->get());
+    for (auto record = nodeList.rbegin(); record != nodeList.rend(); ++record)
+        curves.insert(DependencyCheck::lowerVariableName((*record)->name), record->get());
     const NodeStruct* const start = curves.value(current);
     if (!start)
         return false;
@@ -287,11 +296,11 @@ bool CurveEditor::checkDependencies(const QString& firstFunc, const QString& cur
     return false;
 }
 
-QStringList CurveEditor::readersOf(const QString& curve) const
+QStringList CurveEditor::Private::readersOf(const QString& curve) const
 {
     QHash<QString, QStringList> readers;
-    for (const auto& record : d_->nodeList) {
-        const QString reader = lowerVariableName(record->name);
+    for (const auto& record : nodeList) {
+        const QString reader = DependencyCheck::lowerVariableName(record->name);
         for (const QString& variable : variablesRead(record->function))
             readers[variable].append(reader);
     }

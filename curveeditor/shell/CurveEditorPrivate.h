@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/edit/HostCalls.h>
 #include <curveeditor/panel/ControlMenu2.h>
+#include <curveeditor/panel/NodePage.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/EditorKeys.h>
 
@@ -18,12 +20,27 @@ class FunctionEditor;
 class PointTablePage;
 class QAction;
 class QMenu;
+class QToolBar;
 class QToolButton;
 
-/// What a `CurveEditor` holds. It lies behind a pointer, so that more can be held without a new layout of the
-/// class, which hosts are built against. Widgets and actions belong to their Qt parents.
-struct CurveEditor::Private
+/// What a `CurveEditor` holds, and does without being called by a host. It lies behind a pointer, so that all of it can
+/// change without a new layout of the class, which hosts are built against. Widgets and actions belong to their Qt parents.
+struct CurveEditor::Private final : NodePage, DependencyCheck
 {
+    explicit Private(CurveEditor& owner) : editor(owner) {}
+
+    NodePageWidgets nodePageWidgets() const override;
+    void setPosInfo(const double& valueX, const double& valueY) override
+    {
+        editor.setPosInfo(valueX, valueY);
+    }
+    bool isModeFrames() const override { return editor.isModeFrames(); }
+    double getFps() const override { return editor.getFps(); }
+    bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) override;
+    QStringList readersOf(const QString& curve) const override;
+
+    CurveEditor& editor;
+
     struct MousePlace
     {
         double time;
@@ -79,4 +96,80 @@ struct CurveEditor::Private
     CustomEditLine* funcTimeEdit = nullptr;
     CustomEditLine* funcCursorEdit = nullptr;
     CustomEditLine* funcValueEdit = nullptr;
+
+    std::function<void()> meaningOfEscape();
+    void passTabOn(Qt::FocusReason reason);
+    void preInit();
+    struct Command;
+    static const std::vector<Command>& commands();
+    QAction* actionOf(void (CurveEditor::*work)()) const;
+    void createActions();
+    void createMainMenu();
+    void createViewButtons();
+    void createExpressionTool();
+    void connectWidgets();
+    void connectPointTable();
+    void connectEditingList();
+    QMenu* createExpressionMenu(const QString& text, const QStringList& entries,
+                                void (CurveEditor::*insert)(int));
+    void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
+    QToolButton* createViewButton(QWidget* box, const QString& text);
+    CustomEditLine* createReadOut(const char* name);
+    void orderTools();
+    void translateMenuButtons();
+    void translateViewButtons();
+    void showMousePlace();
+    void explainTools();
+
+    void addNewMainNode(const QString& name);
+    void addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
+                    float defaultValue, SplineBase* spline, FunctionFloatBase** function, float minValue,
+                    float maxValue);
+    void addNewNode(MainNodeStruct* group, const QString& fullName, const QColor& color, float defaultValue,
+                    SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue);
+    void renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName);
+    void eraseRecords(const std::vector<NodeStruct*>& records);
+    std::vector<NodeStruct*> nodesOfGroup(const QString& nodeName) const;
+    NodeStruct* searchCheckList(const QTreeWidgetItem* item);
+    NodeStruct* searchAllNodeEditingList(const QTreeWidgetItem* item);
+    QColor getColorFromNode(const QTreeWidgetItem* item);
+    QColor getColorFromEditingNode(const QTreeWidgetItem* item);
+    void setColorToNode(const QTreeWidgetItem* item, const QColor& color);
+    void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
+    void setColor(NodeStruct* record, const QColor& color);
+
+    void tellEdit(const EditReport& report);
+    void showStepTexts();
+    void tellCurrentCurve();
+    bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
+    void takeDroppedName(const QString& name);
+    HostCalls& hostCalls() const;
+    void deleteIfDue();
+    bool mayReplace(const QString& path);
+    void showContent();
+    void showPoints();
+    void showLineText();
+    void showLineTip();
+    void keepUnfinishedText();
+    void dropUnfinishedText(EditedCurve& curve);
+    void setCurveEditableOn(NodeStruct* record);
+    void setCurveEditableOff(NodeStruct* record);
+    void putOnCanvas(NodeStruct& record);
+    void takeOffCanvas(NodeStruct& record);
+    void showSelectedRow(NodeStruct& record);
+
+    void parseBuiltText(bool isBuilt);
+    void setSplineToolsEnabled(bool enabled);
+    void enablePointTools();
+    void showFirstType(int type);
+    void showLastType(int type);
+    void setMinTime(const double& val);
+    void setMaxTime(const double& val);
+    double timeOfFrame(double frame) const;
+    double shownTime(double time) const;
+    void showTimeBounds();
+    void showPanelTheme();
+    void showFieldColors();
+    void showPanelFont(QDialog& dialog) const;
+    void paintChangedView();
 };

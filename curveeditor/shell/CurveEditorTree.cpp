@@ -64,37 +64,37 @@ void CurveEditor::addCurve(const QString& nodeName, const QString& curveName, co
 {
     if (!spline || !function)
         return;
-    addNewMainNode(nodeName);
-    addNewNode(nodeName, curveName, color, defaultValue, spline, function, minValue, maxValue);
+    d_->addNewMainNode(nodeName);
+    d_->addNewNode(nodeName, curveName, color, defaultValue, spline, function, minValue, maxValue);
 }
 
-void CurveEditor::addNewMainNode(const QString& name)
+void CurveEditor::Private::addNewMainNode(const QString& name)
 {
-    if (searchMainNode(name))
+    if (editor.searchMainNode(name))
         return;
     auto group = std::make_unique<MainNodeStruct>();
     group->name = name;
-    group->menu = new QMenu(name, d_->dVarMenu);
-    group->menu->setFont(d_->dVarMenu->font());
-    group->menuId = d_->nextVariableId++;
-    d_->dVarMenu->addMenu(group->menu)->setData(group->menuId);
+    group->menu = new QMenu(name, dVarMenu);
+    group->menu->setFont(dVarMenu->font());
+    group->menuId = nextVariableId++;
+    dVarMenu->addMenu(group->menu)->setData(group->menuId);
     group->menu->setObjectName(name);
-    d_->mainNodeList.push_back(std::move(group));
+    mainNodeList.push_back(std::move(group));
 }
 
-void CurveEditor::addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
-                             float defaultValue, SplineBase* spline, FunctionFloatBase** function,
-                             float minValue, float maxValue)
+void CurveEditor::Private::addNewNode(const QString& nodeName, const QString& curveName, const QColor& color,
+                                      float defaultValue, SplineBase* spline, FunctionFloatBase** function,
+                                      float minValue, float maxValue)
 {
-    addNewNode(searchMainNode(nodeName), fullName(nodeName, curveName), color, defaultValue, spline, function,
-               minValue, maxValue);
+    addNewNode(editor.searchMainNode(nodeName), fullName(nodeName, curveName), color, defaultValue, spline,
+               function, minValue, maxValue);
 }
 
-void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const QColor& color,
-                             float defaultValue, SplineBase* spline, FunctionFloatBase** function,
-                             float minValue, float maxValue)
+void CurveEditor::Private::addNewNode(MainNodeStruct* group, const QString& name, const QColor& color,
+                                      float defaultValue, SplineBase* spline, FunctionFloatBase** function,
+                                      float minValue, float maxValue)
 {
-    if (!group || searchAllNodeList(name))
+    if (!group || editor.searchAllNodeList(name))
         return;
     auto record = std::make_unique<NodeStruct>();
     record->spline = spline;
@@ -102,9 +102,9 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
     record->editingItem = new QTreeWidgetItem;
     EditingList::setCurveName(record->editingItem, name);
     EditingList::setCurveColor(record->editingItem, color);
-    record->action = new QAction(variableName(name), expressionTool);
+    record->action = new QAction(variableName(name), editor.expressionTool);
     record->action->setObjectName(variableName(name));
-    record->action->setData(d_->nextVariableId++);
+    record->action->setData(nextVariableId++);
     group->menu->addAction(record->action);
     record->color = color;
     record->defaultValue = defaultValue;
@@ -113,8 +113,8 @@ void CurveEditor::addNewNode(MainNodeStruct* group, const QString& name, const Q
     record->name = name;
     record->nodeName = group->name;
     record->curveName = name.mid(group->name.length() + 1);
-    d_->nodeOfName.insert(name, record.get());
-    d_->nodeList.push_back(std::move(record));
+    nodeOfName.insert(name, record.get());
+    nodeList.push_back(std::move(record));
 }
 
 void CurveEditor::removeCurve(const QString& nodeName, const QString& curveName)
@@ -122,7 +122,7 @@ void CurveEditor::removeCurve(const QString& nodeName, const QString& curveName)
     d_->functionEdit->canvas.settle();
     NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName));
     if (record && searchMainNode(nodeName))
-        eraseRecords({record});
+        d_->eraseRecords({record});
 }
 
 void CurveEditor::removeNode(const QString& nodeName)
@@ -135,30 +135,30 @@ void CurveEditor::removeNode(const QString& nodeName)
     const std::unique_ptr<MainNodeStruct> erased = std::move(*group);
     d_->mainNodeList.erase(group);
     const FunctionEditor::PaintPause pause(d_->functionEdit);
-    eraseRecords(nodesOfGroup(nodeName));
+    d_->eraseRecords(d_->nodesOfGroup(nodeName));
 }
 
 // To be called when all is settled. The records are gone before anybody is told, be it by the undo stack, so who
 // hears of it can't bring their curves back.
-void CurveEditor::eraseRecords(const std::vector<NodeStruct*>& records)
+void CurveEditor::Private::eraseRecords(const std::vector<NodeStruct*>& records)
 {
     QStringList names;
     std::vector<std::pair<QString, QString>> closed;
     for (NodeStruct* const record : records) {
         names.append(record->name);
-        if (d_->functionEdit->canvas.findCurve(record->name))
+        if (functionEdit->canvas.findCurve(record->name))
             closed.emplace_back(record->nodeName, record->curveName);
         takeOffCanvas(*record);
-        if (d_->editingMenu->menuItem() == record->editingItem)
-            d_->editingMenu->setMenuItem(nullptr);
-        d_->nodeOfName.remove(record->name);
-        d_->unfinishedTexts.remove(record->name);
-        std::erase_if(d_->nodeList, [record](const auto& other) { return other.get() == record; });
+        if (editingMenu->menuItem() == record->editingItem)
+            editingMenu->setMenuItem(nullptr);
+        nodeOfName.remove(record->name);
+        unfinishedTexts.remove(record->name);
+        std::erase_if(nodeList, [record](const auto& other) { return other.get() == record; });
     }
-    d_->functionEdit->canvas.door().history().forget(names);
+    functionEdit->canvas.door().history().forget(names);
     const HostCalls::Call call(hostCalls());
     for (const auto& [nodeName, curveName] : closed)
-        Q_EMIT curveClosed(nodeName, curveName);
+        Q_EMIT editor.curveClosed(nodeName, curveName);
     tellCurrentCurve();
 }
 
@@ -170,7 +170,7 @@ void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName,
     NodeStruct* const record = searchAllNodeList(fullName(nodeName, curveName));
     if (!record)
         return;
-    renameRecord(*record, nodeName, newCurveName);
+    d_->renameRecord(*record, nodeName, newCurveName);
     checkListsEditing->sortRows();
 }
 
@@ -179,7 +179,7 @@ void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName
     MainNodeStruct* const group = searchMainNode(nodeName);
     if (!group)
         return;
-    const std::vector<NodeStruct*> records = nodesOfGroup(nodeName);
+    const std::vector<NodeStruct*> records = d_->nodesOfGroup(nodeName);
     const auto newName = [&](const NodeStruct* record) {
         return newNodeName + record->name.mid(nodeName.length());
     };
@@ -187,30 +187,30 @@ void CurveEditor::renameNode(const QString& nodeName, const QString& newNodeName
                     [&](const NodeStruct* record) { return searchAllNodeList(newName(record)); }))
         return;
     for (NodeStruct* const record : records)
-        renameRecord(*record, newNodeName, newName(record).mid(newNodeName.length() + 1));
+        d_->renameRecord(*record, newNodeName, newName(record).mid(newNodeName.length() + 1));
     checkListsEditing->sortRows();
     group->name = newNodeName;
     group->menu->setObjectName(newNodeName);
     group->menu->setTitle(newNodeName);
 }
 
-void CurveEditor::renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName)
+void CurveEditor::Private::renameRecord(NodeStruct& record, const QString& nodeName, const QString& curveName)
 {
     const QString oldName = std::exchange(record.name, fullName(nodeName, curveName));
-    d_->nodeOfName.remove(oldName);
-    d_->nodeOfName.insert(record.name, &record);
+    nodeOfName.remove(oldName);
+    nodeOfName.insert(record.name, &record);
     record.nodeName = nodeName;
     record.curveName = curveName;
     EditingList::setCurveName(record.editingItem, record.name);
     record.action->setText(variableName(record.name));
-    for (QString* const remembered : {&d_->toldCurrent, &d_->lineCurve}) {
+    for (QString* const remembered : {&toldCurrent, &lineCurve}) {
         if (*remembered == oldName)
             *remembered = record.name;
     }
-    if (d_->unfinishedTexts.contains(oldName))
-        d_->unfinishedTexts.insert(record.name, d_->unfinishedTexts.take(oldName));
-    d_->functionEdit->canvas.renameCurve(oldName, record.name);
-    d_->functionEdit->canvas.door().history().rename(oldName, record.name);
+    if (unfinishedTexts.contains(oldName))
+        unfinishedTexts.insert(record.name, unfinishedTexts.take(oldName));
+    functionEdit->canvas.renameCurve(oldName, record.name);
+    functionEdit->canvas.door().history().rename(oldName, record.name);
 }
 
 void CurveEditor::setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap)
@@ -232,24 +232,25 @@ CurveEditor::NodeStruct* CurveEditor::searchAllNodeList(const QString& name)
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& name)
 {
-    return firstRecord(d_->nodeList,
-                       [&](const NodeStruct& record) { return lowerVariableName(record.name) == name; });
+    return firstRecord(d_->nodeList, [&](const NodeStruct& record) {
+        return DependencyCheck::lowerVariableName(record.name) == name;
+    });
 }
 
-CurveEditor::NodeStruct* CurveEditor::searchCheckList(const QTreeWidgetItem* item)
+CurveEditor::NodeStruct* CurveEditor::Private::searchCheckList(const QTreeWidgetItem* item)
 {
-    return firstRecord(d_->nodeList, [&](const NodeStruct& record) { return record.checkItem == item; });
+    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.checkItem == item; });
 }
 
-CurveEditor::NodeStruct* CurveEditor::searchAllNodeEditingList(const QTreeWidgetItem* item)
+CurveEditor::NodeStruct* CurveEditor::Private::searchAllNodeEditingList(const QTreeWidgetItem* item)
 {
-    return firstRecord(d_->nodeList, [&](const NodeStruct& record) { return record.editingItem == item; });
+    return firstRecord(nodeList, [&](const NodeStruct& record) { return record.editingItem == item; });
 }
 
-std::vector<CurveEditor::NodeStruct*> CurveEditor::nodesOfGroup(const QString& nodeName) const
+std::vector<CurveEditor::NodeStruct*> CurveEditor::Private::nodesOfGroup(const QString& nodeName) const
 {
     std::vector<NodeStruct*> records;
-    for (const auto& record : d_->nodeList) {
+    for (const auto& record : nodeList) {
         if (record->name.startsWith(nodeName + QLatin1Char('.')))
             records.push_back(record.get());
     }
@@ -267,35 +268,35 @@ void CurveEditor::setAllNodeListUnselected()
     checkListsEditing->clearSelection();
 }
 
-QColor CurveEditor::getColorFromNode(const QTreeWidgetItem* item)
+QColor CurveEditor::Private::getColorFromNode(const QTreeWidgetItem* item)
 {
     const NodeStruct* const record = searchCheckList(item);
     return record ? record->color : QColor(Qt::black);
 }
 
-QColor CurveEditor::getColorFromEditingNode(const QTreeWidgetItem* item)
+QColor CurveEditor::Private::getColorFromEditingNode(const QTreeWidgetItem* item)
 {
     const NodeStruct* const record = searchAllNodeEditingList(item);
     return record ? record->color : QColor(Qt::black);
 }
 
-void CurveEditor::setColorToNode(const QTreeWidgetItem* item, const QColor& color)
+void CurveEditor::Private::setColorToNode(const QTreeWidgetItem* item, const QColor& color)
 {
     setColor(searchCheckList(item), color);
 }
 
-void CurveEditor::setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color)
+void CurveEditor::Private::setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color)
 {
     setColor(searchAllNodeEditingList(item), color);
 }
 
-void CurveEditor::setColor(NodeStruct* record, const QColor& color)
+void CurveEditor::Private::setColor(NodeStruct* record, const QColor& color)
 {
     if (!record || !color.isValid())
         return;
     record->color = color;
     EditingList::setCurveColor(record->editingItem, color);
-    d_->functionEdit->setCurveColor(record->name, color);
+    functionEdit->setCurveColor(record->name, color);
 }
 
 void CurveEditor::pressedItem(QTreeWidgetItem* /*who*/) {}
@@ -306,9 +307,9 @@ void CurveEditor::rightButtonPressedItem(QTreeWidgetItem* who, const QPoint& /*p
 {
     if (!isBelowGroup(who))
         return;
-    const QColor color = askForColor(getColorFromNode(who), this);
+    const QColor color = askForColor(d_->getColorFromNode(who), this);
     if (color.isValid())
-        setColorToNode(who, color);
+        d_->setColorToNode(who, color);
 }
 
 void CurveEditor::doubleClickedItem(QTreeWidgetItem* who, const QPoint& /*point*/, int /*column*/)

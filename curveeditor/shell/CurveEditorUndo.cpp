@@ -32,25 +32,27 @@ void CurveEditor::redo()
         d_->functionEdit->canvas.door().history().redo();
 }
 
-void CurveEditor::showStepTexts()
+void CurveEditor::Private::showStepTexts()
 {
-    if (!d_->functionEdit)
+    if (!functionEdit)
         return;
-    const QUndoStack& stack = *undoStack();
+    const QUndoStack& stack = *editor.undoStack();
     QAction* const undo = actionOf(&CurveEditor::undo);
     QAction* const redo = actionOf(&CurveEditor::redo);
-    undo->setText(stack.undoText().isEmpty() ? tr("Undo") : tr("Undo %1").arg(stack.undoText()));
-    redo->setText(stack.redoText().isEmpty() ? tr("Redo") : tr("Redo %1").arg(stack.redoText()));
+    undo->setText(stack.undoText().isEmpty() ? CurveEditor::tr("Undo")
+                                             : CurveEditor::tr("Undo %1").arg(stack.undoText()));
+    redo->setText(stack.redoText().isEmpty() ? CurveEditor::tr("Redo")
+                                             : CurveEditor::tr("Redo %1").arg(stack.redoText()));
     undo->setEnabled(stack.canUndo());
     redo->setEnabled(stack.canRedo());
 }
 
-void CurveEditor::tellEdit(const EditReport& report)
+void CurveEditor::Private::tellEdit(const EditReport& report)
 {
     dropUnfinishedText(*report.curve);
     if (report.cause != EditReport::Cause::Edit)
         showContent();
-    const NodeStruct* const record = searchAllNodeList(report.curve->name);
+    const NodeStruct* const record = editor.searchAllNodeList(report.curve->name);
     if (!record)
         return;
     CurveChange change;
@@ -61,26 +63,26 @@ void CurveEditor::tellEdit(const EditReport& report)
     change.phase = report.phase;
     change.cause = report.cause;
     const bool isStep = change.cause == CurveChange::Cause::Undo || change.cause == CurveChange::Cause::Redo;
-    const QPointer<CurveEditor> guard(this);
+    const QPointer<CurveEditor> guard(&editor);
     const std::shared_ptr<EditedCurve> curve = report.curve;
     const HostCalls::Call call(hostCalls());
-    Q_EMIT curveEdited(change);
-    if (!isStep || !guard || !searchAllNodeList(curve->name))
+    Q_EMIT editor.curveEdited(change);
+    if (!isStep || !guard || !editor.searchAllNodeList(curve->name))
         return;
     auto [nodeName, curveName] = CurveNodeBase::reportedNames(curve->name);
-    Q_EMIT curveHasChanged(nodeName, curveName);
+    Q_EMIT editor.curveHasChanged(nodeName, curveName);
 }
 
-void CurveEditor::tellCurrentCurve()
+void CurveEditor::Private::tellCurrentCurve()
 {
-    const CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    const CanvasFunctionBase& canvas = functionEdit->canvas;
     const QString current = canvas.noCurrentCurve() ? QString() : canvas.getCurrentCurveName();
-    if (d_->setChanges > 0 || current == d_->toldCurrent)
+    if (setChanges > 0 || current == toldCurrent)
         return;
-    d_->toldCurrent = current;
-    const NodeStruct* const record = searchAllNodeList(current);
+    toldCurrent = current;
+    const NodeStruct* const record = editor.searchAllNodeList(current);
     const QString nodeName = record ? record->nodeName : QString();
     const QString curveName = record ? record->curveName : QString();
     const HostCalls::Call call(hostCalls());
-    Q_EMIT currentCurveChanged(nodeName, curveName);
+    Q_EMIT editor.currentCurveChanged(nodeName, curveName);
 }

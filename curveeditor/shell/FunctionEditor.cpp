@@ -4,7 +4,6 @@
 #include <curveeditor/canvas/MouseState.h>
 #include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/shell/CanvasAccessible.h>
-#include <curveeditor/shell/CurveEditor.h>
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -26,9 +25,9 @@ bool isPlainTab(const QKeyEvent& event)
 
 } // namespace
 
-FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
-    : QWidget(parent), ViewPort(0, 0), canvas(this, editor), nodeForm(editor),
-      viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this)
+FunctionEditor::FunctionEditor(QWidget* parent, DependencyCheck* check, NodePage* page)
+    : QWidget(parent), ViewPort(0, 0), canvas(this, check), nodeForm(page), viewGestures(this, canvas, *this),
+      timeLineDrag(this, canvas, *this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);

@@ -9,7 +9,8 @@
 
 #include <QWidget>
 
-class CurveEditor;
+class DependencyCheck;
+class NodePage;
 
 /// The widget on which the curves are seen and touched. It draws and edits nothing by itself: each event
 /// goes, in a fixed order, to the view gestures of its `ViewPort` base, to `canvas` and to `nodeForm`.
@@ -20,9 +21,9 @@ class FunctionEditor : public QWidget, public ViewPort
     Q_OBJECT
 
 public:
-    /// `parent` is the frame that the widget fills; `editor` is what canvas and form reach the dialog
-    /// through. All widgets of `editor` must exist. Neither pointer may be null.
-    FunctionEditor(QWidget* parent, CurveEditor* editor);
+    /// `parent` is the frame that the widget fills; the canvas reaches the dialog through `check` and the form through
+    /// `page`, all widgets of which must exist. No pointer may be null.
+    FunctionEditor(QWidget* parent, DependencyCheck* check, NodePage* page);
     ~FunctionEditor() override;
 
     CanvasFunctionBase canvas; ///< the curves on the canvas
