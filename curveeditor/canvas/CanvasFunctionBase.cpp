@@ -10,6 +10,7 @@
 #include <curveeditor/model/FunctionParserBase.h>
 
 #include <QPointer>
+#include <QTextStream>
 #include <QWidget>
 
 #include <algorithm>
