@@ -7,15 +7,7 @@
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
-
-#include <QApplication>
-#include <QBitmap>
-#include <QMenu>
-#include <QPainter>
-#include <QTest>
-#include <QTimer>
-
-#include <functional>
+#include <support/Test.h>
 
 /// What `draw` paints on the background, at that many device pixels for each logical one.
 inline QImage drawn(const QSize& size, const std::function<void(QPainter&)>& draw,

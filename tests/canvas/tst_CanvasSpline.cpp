@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CanvasScene.h"
 
-#include <cmath>
-
 namespace {
 
 // 100 pixels for each time unit and each value unit; value 0.0 stands at row 300.

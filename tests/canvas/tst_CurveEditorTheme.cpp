@@ -21,9 +21,9 @@ private Q_SLOTS:
 
     void presetsStandOutOfTheCanvas_data()
     {
-        QTest::addColumn<CurveEditorTheme>("theme");
-        QTest::newRow("light") << CurveEditorTheme::light();
-        QTest::newRow("dark") << CurveEditorTheme::dark();
+        const Rows<CurveEditorTheme> row;
+        row("light", CurveEditorTheme::light());
+        row("dark", CurveEditorTheme::dark());
         const QColor colors[][3] = {{Qt::white, Qt::black, Qt::blue},
                                     {Qt::black, Qt::white, Qt::black},
                                     {Qt::gray, Qt::darkGray, Qt::yellow},
@@ -34,12 +34,12 @@ private Q_SLOTS:
             palette.setColor(QPalette::Base, base);
             palette.setColor(QPalette::Text, text);
             palette.setColor(QPalette::Highlight, highlight);
-            QTest::addRow("%s", qPrintable(base.name())) << CurveEditorTheme::fromPalette(palette);
+            row(qPrintable(base.name()), CurveEditorTheme::fromPalette(palette));
         }
     }
     void presetsStandOutOfTheCanvas()
     {
-        QFETCH(const CurveEditorTheme, theme);
+        const auto [theme] = Rows<CurveEditorTheme>::present();
         for (const auto& [text, background] : {std::pair(theme.labels, theme.canvas),
                                                {theme.hint, theme.canvas},
                                                {theme.fieldText, theme.field},

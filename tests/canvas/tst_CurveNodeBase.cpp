@@ -4,8 +4,6 @@
 #include <curveeditor/canvas/CanvasExpression.h>
 #include <curveeditor/model/CurveVariables.h>
 
-#include <cmath>
-
 /// Who does not hold the door open reads.
 template <auto accessor, typename Owner>
 constexpr bool givesToRead =

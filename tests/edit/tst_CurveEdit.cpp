@@ -3,12 +3,8 @@
 #include <curveeditor/edit/PointDrag.h>
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/FunctionParserBase.h>
-#include <curveeditor/model/ParseMessage.h>
-
-#include <QTest>
-#include <QUndoStack>
-
-#include <functional>
+#include <support/CountedNode.h>
+#include <support/Test.h>
 
 namespace {
 
@@ -55,6 +51,8 @@ struct Fixture
     FunctionFloatBase* expression = nullptr;
     CurveEdit door;
     std::shared_ptr<EditedCurve> curve = door.history().curve("a.x", &spline, &expression);
+    SplineBase otherSpline;
+    std::shared_ptr<EditedCurve> other = door.history().curve("a.y", &otherSpline, nullptr);
     QStringList reports;
     std::function<void(Fixture&)> whenReported;
 };
@@ -71,23 +69,17 @@ private Q_SLOTS:
     void theDoorGivesTheSplinesOfItsOpenEdit()
     {
         Fixture f;
-        SplineBase other;
-        const auto stranger = f.door.history().curve("a.y", &other, nullptr);
         QVERIFY(!f.door.spline(*f.curve));
         f.begin("move");
         QCOMPARE(f.door.spline(*f.curve), &f.spline);
-        QVERIFY(!f.door.spline(*stranger));
+        QVERIFY(!f.door.spline(*f.other));
         f.door.commit();
         QVERIFY(!f.door.spline(*f.curve));
     }
 
     void everyEditIsOneEntryThatLeadsBackAndForth_data()
     {
-        QTest::addColumn<Edit>("edit");
-        QTest::addColumn<int>("entries");
-        const auto row = [](const char* name, int entries, const Edit& edit) {
-            QTest::newRow(name) << edit << entries;
-        };
+        const Rows<int, Edit> row; // the entries that it makes
         row("nothing", 0, [](Fixture&) {});
         row("there and back", 0, [](Fixture& f) {
             f.set(1, 7.0);
@@ -112,14 +104,14 @@ private Q_SLOTS:
     }
     void everyEditIsOneEntryThatLeadsBackAndForth()
     {
-        QFETCH(const Edit, edit);
+        const auto [entries, edit] = Rows<int, Edit>::present();
         Fixture f;
         const CurveState before = f.curve->state();
         f.door.begin("edit", {f.curve});
         edit(f);
         const CurveState after = f.curve->state();
         QCOMPARE(!f.door.commit().empty(), before != after);
-        QTEST(f.stack().count(), "entries");
+        QCOMPARE(f.stack().count(), entries);
         QCOMPARE(f.reports.size(), f.stack().count());
         for (int round = 0; round < 2; ++round) {
             for (const CurveState& state : {before, after}) {
@@ -137,11 +129,9 @@ private Q_SLOTS:
     void whatTheHostChangedIsNeverOverwritten()
     {
         Fixture f;
-        SplineBase otherSpline;
-        const auto other = f.door.history().curve("a.y", &otherSpline, nullptr);
         f.move(1, 7.0);
-        f.door.begin("other", {other});
-        otherSpline.addPoint(1.0, 1.0);
+        f.door.begin("other", {f.other});
+        f.otherSpline.addPoint(1.0, 1.0);
         f.door.commit();
         f.move(1, 8.0);
         f.set(3, 0.0);
@@ -150,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(f.curve->state() == left);
         QCOMPARE(f.stack().undoText(), "other");
         f.stack().undo();
-        QCOMPARE(otherSpline.getControlPointsNumber(), 1u);
+        QCOMPARE(f.otherSpline.getControlPointsNumber(), 1u);
         QCOMPARE(f.stack().count(), 1);
         QVERIFY(!f.stack().canUndo());
     }
@@ -238,17 +228,15 @@ private Q_SLOTS:
     void checkpointTellsNothingOfAnEditThatTheStackHasEnded()
     {
         Fixture f;
-        SplineBase otherSpline;
-        const auto other = f.door.history().curve("a.y", &otherSpline, nullptr);
         bool isFirst = true;
         QObject::connect(&f.stack(), &QUndoStack::indexChanged, &f.door, [&] {
             if (std::exchange(isFirst, false))
-                f.door.begin("other", {other});
+                f.door.begin("other", {f.other});
         });
         f.begin("type");
         f.type(7.0);
         QCOMPARE(f.reports, QStringList{"commit edit a.x"});
-        otherSpline.addPoint(1.0, 1.0);
+        f.otherSpline.addPoint(1.0, 1.0);
         f.door.checkpoint();
         f.door.commit();
         QCOMPARE(f.stack().count(), 2);
@@ -388,17 +376,9 @@ private Q_SLOTS:
 
     void expressionsOfTheHostGoWhenItAsksForThat()
     {
-        struct OwnNode : FunctionFloatBase
-        {
-            explicit OwnNode(int& count) : living(++count) {}
-            ~OwnNode() override { --living; }
-            double evaluate() override { return 7.0; }
-            std::string getString() override { return "no formula"; }
-            int& living;
-        };
         int living = 0;
         Fixture f;
-        f.expression = new OwnNode(living);
+        f.expression = new CountedNode(living);
         f.door.begin("delete", {f.curve});
         f.curve->setExpression(nullptr, {});
         f.door.commit();

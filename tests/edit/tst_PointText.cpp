@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/PointText.h>
 #include <curveeditor/model/SplineState.h>
-
-#include <QLocale>
-#include <QTest>
-
-#include <algorithm>
+#include <support/Test.h>
 
 using Points = std::vector<SplineBase::PointInfo>;
 
@@ -50,34 +46,23 @@ private Q_SLOTS:
     }
 
     /// In each of the texts the points are (0.5, -2) and (1.5, 3000), if not said otherwise.
-    void tablesOfOthersAreRead_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("tabs, decimal commas") << "0,5\t-2\r\n1,5\t3e3\r\n";
-        QTest::newRow("head line, semicolons") << "Seconds (s);Height\n0,5 ; -2\n\n1,5;+3000\n";
-        QTest::newRow("commas") << "time,value\r0.5,-2\r1.5,3000";
-        QTest::newRow("commas and blanks") << "0.5, -2\n1.5, 3000";
-        QTest::newRow("blanks, decimal commas") << "  0,5   -2,0\n1,5 3000";
-        QTest::newRow("later point first") << "\uFEFF1.5 3000\n0.5 -2";
-        QTest::newRow("columns in another order") << "Type;VALUE;Time\nbezier;-2;0.5\nTcb;3000;1.5";
-    }
     void tablesOfOthersAreRead()
     {
-        QFETCH(QString, text);
-        const PointText::Result result = PointText::read(text);
-        QCOMPARE(result.message, QString());
-        const int type = text.contains("bezier") ? SplineBase::Bezier : SplineBase::Tcb;
-        const Points expected = {{.time = 0.5, .pos = -2.0, .type = type}, {.time = 1.5, .pos = 3000.0}};
-        QVERIFY(std::ranges::equal(result.points, expected, isSamePoint));
+        for (const QString text :
+             {"0,5\t-2\r\n1,5\t3e3\r\n", "Seconds (s);Height\n0,5 ; -2\n\n1,5;+3000\n",
+              "time,value\r0.5,-2\r1.5,3000", "0.5, -2\n1.5, 3000", "  0,5   -2,0\n1,5 3000",
+              "\uFEFF1.5 3000\n0.5 -2", "Type;VALUE;Time\nbezier;-2;0.5\nTcb;3000;1.5"}) {
+            const PointText::Result result = PointText::read(text);
+            QCOMPARE(result.message, QString());
+            const int type = text.contains("bezier") ? SplineBase::Bezier : SplineBase::Tcb;
+            const Points expected = {{.time = 0.5, .pos = -2.0, .type = type}, {.time = 1.5, .pos = 3000.0}};
+            QVERIFY2(std::ranges::equal(result.points, expected, isSamePoint), qPrintable(text));
+        }
     }
 
     void faultIsToldWithItsLine_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("message");
-        const auto row = [](const char* name, const QString& text, const QString& message) {
-            QTest::newRow(name) << text << message;
-        };
+        const Rows<QString, QString> row;
         const QString noNumber = QStringLiteral("Line %1: \"%2\" is no number that a point can have.");
         row("empty", " \n\t\r\n", "The text holds no points.");
         row("head line alone", "time\tvalue\n", "The text holds no points.");
@@ -99,10 +84,9 @@ private Q_SLOTS:
     }
     void faultIsToldWithItsLine()
     {
-        QFETCH(QString, text);
+        const auto [text, message] = Rows<QString, QString>::present();
         const PointText::Result result = PointText::read(text);
-        QTEST(result.message, "message");
-        QVERIFY(result.points.empty());
+        QVERIFY(result.message == message && result.points.empty());
     }
 };
 

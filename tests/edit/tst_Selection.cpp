@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/Selection.h>
 #include <curveeditor/edit/SplineEdits.h>
-
-#include <QTest>
-
-#include <cmath>
-#include <functional>
+#include <support/Test.h>
 
 using SplineEdits::Part;
 
@@ -38,7 +34,7 @@ class tst_Selection : public QObject
     Q_OBJECT
 
     /// Type of the points, type behind the last, time, and whether the whole curve keeps its shape.
-    using Insertion = std::tuple<int, int, double, bool>;
+    using Insertions = Rows<int, int, double, bool>;
 
 private Q_SLOTS:
     void toggledPointsAreListedInTheOrderOfTime()
@@ -148,18 +144,17 @@ private Q_SLOTS:
 
     void pointInsertedOnTheCurveKeepsItsShape_data()
     {
-        QTest::addColumn<Insertion>("insertion");
-        QTest::newRow("Bezier") << Insertion{SplineBase::Bezier, SplineBase::Loop, 1.75, true};
-        QTest::newRow("Linear") << Insertion{SplineBase::Linear, SplineBase::Loop, 1.75, true};
-        QTest::newRow("Tcb") << Insertion{SplineBase::Tcb, SplineBase::Loop, 1.75, false};
-        QTest::newRow("before") << Insertion{SplineBase::Bezier, SplineBase::Zero, -1.0, true};
-        QTest::newRow("behind") << Insertion{SplineBase::Bezier, SplineBase::FollowTangent, 9.0, true};
-        QTest::newRow("next round") << Insertion{SplineBase::Linear, SplineBase::LoopOffset, 9.0, false};
+        const Insertions row;
+        row("Bezier", SplineBase::Bezier, SplineBase::Loop, 1.75, true);
+        row("Linear", SplineBase::Linear, SplineBase::Loop, 1.75, true);
+        row("Tcb", SplineBase::Tcb, SplineBase::Loop, 1.75, false);
+        row("before", SplineBase::Bezier, SplineBase::Zero, -1.0, true);
+        row("behind", SplineBase::Bezier, SplineBase::FollowTangent, 9.0, true);
+        row("next round", SplineBase::Linear, SplineBase::LoopOffset, 9.0, false);
     }
     void pointInsertedOnTheCurveKeepsItsShape()
     {
-        QFETCH(const Insertion, insertion);
-        const auto [type, lastType, time, keepsAll] = insertion;
+        const auto [type, lastType, time, keepsAll] = Insertions::present();
         Fixture f;
         for (auto* const point : f.spline.getControlPoints()) {
             point->type = type;

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest>
+#include "ReadTable.h"
 
-#include <algorithm>
+#include <support/Test.h>
 
-/// Runs the demo as a person would from a shell.
 class tst_CommandLine : public QObject
 {
     Q_OBJECT
@@ -14,11 +10,7 @@ class tst_CommandLine : public QObject
 private Q_SLOTS:
     void faultEndsWithOneAndItsReason_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("reason");
-        const auto row = [](const char* name, const QStringList& arguments, const QString& reason) {
-            QTest::newRow(name) << arguments << reason;
-        };
+        const Rows<QStringList, QString> row;
         const QString b = path("b");
         row("text", {writeTable("a", "# a\n0 1\n1 x\n")}, path("a:3: 'x' is no number"));
         row("empty", {writeTable("empty", "")}, path("empty:1: the table has no rows"));
@@ -40,8 +32,7 @@ private Q_SLOTS:
 
     void faultEndsWithOneAndItsReason()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, reason);
+        const auto [arguments, reason] = Rows<QStringList, QString>::present();
         QCOMPARE(run(arguments), 1);
         QVERIFY2(errors_.contains(reason) && !QFile::exists(path("b")), qPrintable(errors_));
     }
@@ -92,6 +83,35 @@ private Q_SLOTS:
         }
         QVERIFY(tables[0] == tables[1] && tables[1] != tables[2]);
         QVERIFY(tables[0].contains("3,\t1.000000"));
+    }
+
+    void columnsBecomeCurvesOfGroups_data()
+    {
+        const Rows<QByteArray, QString> row;
+        row("names", "t,Camera.pan,zoom,a.b.c\n2,1,2,3\n", "Camera/pan Table/zoom a/b.c");
+        row("no names", "0 1\n", "Table/column2");
+        row("name twice", "\nt,a,Table.a\n0,1,2\n", "2: the name 'Table.a' is there twice");
+        row("no group", "t,.a\n0,1\n", "1: '.a' is no name of a curve");
+        row("fault", "0 1\n1 x\n", "2: 'x' is no number");
+    }
+
+    void columnsBecomeCurvesOfGroups()
+    {
+        const auto [text, result] = Rows<QByteArray, QString>::present();
+        const ReadTable read = readTable(text);
+        QStringList names;
+        for (const Table::Column& column : read.table.value_or(Table()).columns) {
+            names.append(column.group + '/' + column.curve);
+            QCOMPARE(column.values, std::vector<double>{double(names.size())});
+        }
+        QCOMPARE(read.table ? names.join(' ') : read.reason, result);
+        QVERIFY(!read.isAmbiguous && read.reason.isEmpty() == read.table.has_value());
+    }
+
+    void decimalSignCanBeGiven()
+    {
+        QVERIFY(readTable("0\t1,234").isAmbiguous);
+        QCOMPARE(readTable("0\t1,234", TableReader::Decimal::Point).table->columns[0].values[0], 1234.0);
     }
 
 private:

@@ -7,12 +7,7 @@
 
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/FunctionEditor.h>
-
-#include <QInputDialog>
-#include <QPlainTextEdit>
-#include <QTimer>
-#include <QTreeWidget>
-#include <QtTest>
+#include <support/Test.h>
 
 namespace {
 

@@ -1,14 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <MainWindow.h>
-
-#include <QAction>
-#include <QFileDialog>
-#include <QMenuBar>
-#include <QMouseEvent>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QToolBar>
+#include <support/Test.h>
 
 /// The host that docks the editor, driven as a user does.
 class tst_DockedHost : public QObject

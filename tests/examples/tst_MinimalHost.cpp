@@ -4,10 +4,8 @@
 #include <examples/minimal_host/main.cpp>
 #undef main
 
-#include <QMouseEvent>
-#include <QTemporaryFile>
-#include <QTest>
-#include <QTimer>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/files/TableReader.h>
 #include <curveeditor/files/TextFields.h>
-
-#include <QtTest>
+#include <support/Test.h>
 
 namespace {
 
@@ -35,13 +34,9 @@ class tst_TableReader : public QObject
 private Q_SLOTS:
     void readsWhatPeopleWriteOrTellsLineAndReason_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("result");
-        const auto row = [](const char* name, const QByteArray& text, const char* result) {
-            QTest::newRow(name) << text << QString::fromUtf8(result);
-        };
+        const Rows<QByteArray, QString> row;
         const auto table = [&row](const char* name, const QByteArray& text, const char* rows) {
-            row(name, text, qPrintable("column1|column2: " + QString(rows)));
+            row(name, text, "column1|column2: " + QString(rows));
         };
         table("blanks", "0 1.5\n 1   -2e3 \n", "0 1.5; 1 -2000");
         table("tabs and CRLF", "0\t1\r\n1\t+2\r\n", "0 1; 1 2");
@@ -86,7 +81,7 @@ private Q_SLOTS:
 
         const char* const ways = "%1: '%2' can be read in two ways: the comma may be the decimal sign or not";
         const auto ambiguous = [&](const char* name, const QByteArray& text, int line, const char* field) {
-            row(name, text, qPrintable(QString(ways).arg(line).arg(field)));
+            row(name, text, QString(ways).arg(line).arg(field));
         };
         ambiguous("thousands or not", "x\ty\n0\t1\n1\t1,234\n", 3, "1,234");
         ambiguous("thousands or not, quoted", "\"1,234\",\"5,678\"\n", 1, "1,234");
@@ -118,30 +113,23 @@ private Q_SLOTS:
 
     void readsWhatPeopleWriteOrTellsLineAndReason()
     {
-        QFETCH(QByteArray, text);
-        QTEST(readFrom(text), "result");
-    }
-
-    void decimalSignThatIsGivenHolds_data()
-    {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QString>("comma");
-        QTest::addColumn<QString>("point");
-        const QString head = "column1|column2: ";
-        QTest::newRow("thousands") << QByteArray("0\t1,234") << head + "0 1.234" << head + "0 1234";
-        QTest::newRow("pairs") << QByteArray("1,5\n2,5") << "1: there is no column beside the time"
-                               << head + "1 5; 2 5";
-        QTest::newRow("blanks") << QByteArray("1,234 5,678") << head + "1.234 5.678" << head + "1234 5678";
-        QTest::newRow("points") << QByteArray("0 1.5") << "1: '1.5' is no number" << head + "0 1.5";
-        QTest::newRow("no groups") << QByteArray("0\t1,5") << head + "0 1.5"
-                                   << "1: '1,5' is no number";
+        const auto [text, result] = Rows<QByteArray, QString>::present();
+        QCOMPARE(readFrom(text), result);
     }
 
     void decimalSignThatIsGivenHolds()
     {
-        QFETCH(QByteArray, text);
-        QTEST(readFrom(text, Decimal::Comma), "comma");
-        QTEST(readFrom(text, Decimal::Point), "point");
+        const QString head = "column1|column2: ";
+        const std::tuple<const char*, QString, QString> cases[] = {
+            {"0\t1,234", head + "0 1.234", head + "0 1234"},
+            {"1,5\n2,5", "1: there is no column beside the time", head + "1 5; 2 5"},
+            {"1,234 5,678", head + "1.234 5.678", head + "1234 5678"},
+            {"0 1.5", "1: '1.5' is no number", head + "0 1.5"},
+            {"0\t1,5", head + "0 1.5", "1: '1,5' is no number"}};
+        for (const auto& [text, withComma, withPoint] : cases) {
+            QCOMPARE(readFrom(text, Decimal::Comma), withComma);
+            QCOMPARE(readFrom(text, Decimal::Point), withPoint);
+        }
     }
 
     void whatIsShownIsWholeCharactersWithoutControl()

@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/CurveFit.h>
+#include <support/Test.h>
 
-#include <QtTest>
-
-#include <cmath>
-#include <functional>
 #include <future>
-#include <limits>
 #include <numeric>
-#include <random>
 
 using CurveFit::Options;
 using CurveFit::Result;
 using CurveFit::Status;
 using Numbers = std::vector<double>;
 
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double huge = std::numeric_limits<double>::max();
-
-Q_DECLARE_METATYPE(Numbers)
 
 Numbers wholeTimes(std::size_t count)
 {
@@ -50,14 +41,11 @@ class tst_CurveFit : public QObject
 {
     Q_OBJECT
 
+    using Fits = Rows<Numbers, Numbers, double, int>; // times, values, tolerance, the most points
+
 private Q_SLOTS:
     void isNearAllSamplesWithFewPoints_data()
     {
-        QTest::addColumn<Numbers>("times");
-        QTest::addColumn<Numbers>("values");
-        QTest::addColumn<double>("tolerance");
-        QTest::addColumn<int>("mostPoints");
-
         const Numbers wave = sampled([](double t) { return std::sin(t / 50.0); }, 1000);
         const Numbers bells = sampled(
             [](double t) { return 1.217 * bell(t, 77.0, 11.8, 36.0) + 0.681 * bell(t, 99.0, 26.0, 13.8); },
@@ -65,10 +53,7 @@ private Q_SLOTS:
         const Numbers triangle = sampled([](double t) { return std::abs(std::remainder(t, 200.0)); }, 1001);
         const Numbers square =
             sampled([](double t) { return std::fmod(t, 200.0) < 100.0 ? 1.0 : 0.0; }, 1000);
-        const auto row = [](const char* name, const Numbers& times, const Numbers& values, double tolerance,
-                            int most) {
-            QTest::newRow(name) << times << values << tolerance << most;
-        };
+        const Fits row;
         row("one sample", {4.0}, {5.0}, 0.0, 1);
         row("two samples", {4.0, 6.0}, {5.0, -5.0}, 0.0, 2);
         row("line", wholeTimes(500), sampled([](double t) { return 3.0 - 0.1 * t; }, 500), 1e-12, 2);
@@ -94,10 +79,7 @@ private Q_SLOTS:
     }
     void isNearAllSamplesWithFewPoints()
     {
-        QFETCH(const Numbers, times);
-        QFETCH(const Numbers, values);
-        QFETCH(const double, tolerance);
-        QFETCH(const int, mostPoints);
+        const auto [times, values, tolerance, mostPoints] = Fits::present();
         for (const bool monotone : {false, true}) {
             const Result result = CurveFit::fit(times, values, {tolerance, monotone});
             QVERIFY(result.isDone());

@@ -5,15 +5,9 @@
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/SplineBase.h>
+#include <support/Test.h>
 
-#include <QTest>
-
-#include <bit>
-#include <cmath>
 #include <list>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -177,35 +171,6 @@ private Q_SLOTS:
         QCOMPARE(valueAt(*host.addChain(1, depth, "%1").holder, 1.0), 1.0);
         QCOMPARE(valueAt(*host.addChain(depth + 1, depth + 1, "%1").holder, 1.0), 0.0);
         QCOMPARE(valueAt(*host.addChain(depth + 2, 20000, "%1").holder, 1.0), 0.0);
-    }
-
-    void blockOfDeepExpressionsIsReadOncePerCurve()
-    {
-        struct Counter : FunctionFloatBase
-        {
-            int count = 0;
-            double evaluate() override
-            {
-                FunctionParserBase::instance()->getKey("g.c0"); // reads this very curve
-                return ++count;
-            }
-        };
-        Host host;
-        Counter counter;
-        FunctionFloatBase* holder = &counter;
-        host.variables->add("g.c0", nullptr, &holder);
-        host.add("g.c1", "g.c0");
-        constexpr int length = 12;
-        for (int i = 2; i <= length; ++i) { // the higher, the longer its blocks
-            const int depth = 200 - 10 * i;
-            const QString twoBefore = QString("*g.c%1").arg(i - 2);
-            host.addChain(i, i,
-                          QString("t-(").repeated(depth) + "%1" + twoBefore + QString(")").repeated(depth));
-        }
-        const HostCurve reader("1*g.c" + std::to_string(length));
-        std::vector<double> values(300);
-        reader.holder->evaluateBlock(values.data(), 25.0, values.data(), values.size());
-        QCOMPARE(counter.count, int(values.size()));
     }
 
     void blockEqualsOneByOne()

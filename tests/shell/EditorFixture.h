@@ -9,22 +9,8 @@
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/FunctionEditor.h>
 
-#include <QApplication>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QPushButton>
-#include <QTabBar>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-
-#include <map>
-#include <memory>
+#include <support/Drop.h>
+#include <support/Test.h>
 
 /// A curve of a host: a spline of the points (0, 0) and (5, 1), and an empty expression variable.
 struct HostCurve
@@ -108,18 +94,77 @@ struct EditorFixture
     EditingList& list = *editor.checkListsEditing;
 };
 
+/// The menu or the dialog in front of all others.
+inline QWidget* openWindow()
+{
+    QWidget* const popup = QApplication::activePopupWidget();
+    return popup ? popup : QApplication::activeModalWidget();
+}
+
 /// Runs `work` on the dialog or menu of that class that opens its own loop next; if another one opens, or
 /// none, the test program ends.
 template <typename Widget, typename Work> void whenOpen(Work work)
 {
     QTimer::singleShot(0, qApp, [work] {
-        QWidget* const popup = QApplication::activePopupWidget();
-        QWidget* const open = popup ? popup : QApplication::activeModalWidget();
-        auto* const expected = qobject_cast<Widget*>(open);
+        auto* const expected = qobject_cast<Widget*>(openWindow());
         if (!expected)
             qFatal("the widget that was expected is not open");
         work(*expected);
     });
+}
+
+/// Chooses the entry of the menu in front as a user does, or leaves the menu without one.
+inline void chooseFrom(QToolButton* button, const std::function<QAction*(QMenu&)>& entry)
+{
+    whenOpen<QMenu>([entry](QMenu& menu) {
+        QAction* const chosen = entry(menu);
+        menu.setActiveAction(chosen);
+        QTest::keyClick(&menu, chosen ? Qt::Key_Return : Qt::Key_Escape);
+    });
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+/// The entry whose text begins so, also of a menu in the menu.
+inline QAction* entryOf(const QMenu& menu, const QString& text)
+{
+    for (QAction* const entry : menu.actions()) {
+        if (entry->text().startsWith(text))
+            return entry;
+        if (QAction* const inner = entry->menu() ? entryOf(*entry->menu(), text) : nullptr)
+            return inner;
+    }
+    return nullptr;
+}
+
+inline void openContextMenu(QWidget& widget, const QPoint& at,
+                            QContextMenuEvent::Reason reason = QContextMenuEvent::Mouse)
+{
+    QContextMenuEvent event(reason, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &event);
+}
+
+inline void turnWheel(QWidget& widget, const QPoint& at, const QPoint& delta, Qt::KeyboardModifiers keys = {},
+                      Qt::ScrollPhase phase = Qt::NoScrollPhase)
+{
+    QWheelEvent event(at, widget.mapToGlobal(at), {}, delta, Qt::NoButton, keys, phase, false);
+    QApplication::sendEvent(&widget, &event);
+}
+
+/// Types a path into a file dialog, and Return.
+inline void typePath(QWidget& dialog, const QString& path)
+{
+    auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    name->setText(path);
+    QTest::keyClick(name, Qt::Key_Return);
+}
+
+/// Makes a file, and returns its path.
+inline QString written(const QTemporaryDir& folder, const QString& name, const QByteArray& content)
+{
+    QFile file(folder.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("no room for test files");
+    return file.fileName();
 }
 
 /// Whether Qt has put it there, and names and translates it: a button of a box, of tabs or of a line.

@@ -6,11 +6,9 @@
 #include <curveeditor/canvas/ControlMenu.h>
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
+#include <support/CountedNode.h>
 
-#include <QBackingStore>
-#include <QUndoStack>
-
-#include <functional>
+inline constexpr auto ctrl = Qt::ControlModifier, shift = Qt::ShiftModifier, alt = Qt::AltModifier;
 
 /// An editor with three curves: the spline "a.x", which is current, with points at (0, 0), (5, 1) and (8, -1), the
 /// spline "a.y", and "a.z", a formula that reads "a.x". The operations are what a user does.
@@ -62,39 +60,58 @@ struct Scene : EditorFixture
         editor.updateCurves();
         return present == shown();
     }
-    void mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button = Qt::LeftButton,
-               Qt::KeyboardModifiers keys = {})
+    Scene& mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers keys = {})
     {
         sendMouse(canvas, type, at, button, keys);
+        return *this;
     }
-    void press(double t, double v, Qt::KeyboardModifiers keys = {})
+    Scene& press(double t, double v, Qt::KeyboardModifiers keys = {})
     {
-        mouse(QEvent::MouseButtonPress, pixel(t, v), Qt::LeftButton, keys);
+        return mouse(QEvent::MouseButtonPress, pixel(t, v), Qt::LeftButton, keys);
     }
-    void move(double t, double v, Qt::KeyboardModifiers keys = {})
+    Scene& move(double t, double v, Qt::KeyboardModifiers keys = {})
     {
-        mouse(QEvent::MouseMove, pixel(t, v), Qt::LeftButton, keys);
+        return mouse(QEvent::MouseMove, pixel(t, v), Qt::LeftButton, keys);
     }
-    void release(double t, double v) { mouse(QEvent::MouseButtonRelease, pixel(t, v)); }
-    void drag(double t, double v, double toTime, double toValue, Qt::KeyboardModifiers keys = {})
+    Scene& release(double t, double v) { return mouse(QEvent::MouseButtonRelease, pixel(t, v)); }
+    Scene& drag(double t, double v, double toTime, double toValue, Qt::KeyboardModifiers keys = {})
     {
-        press(t, v);
-        move((t + toTime) / 2.0, v, keys);
-        move(toTime, toValue, keys);
-        release(toTime, toValue);
+        press(t, v).move((t + toTime) / 2.0, v, keys);
+        return move(toTime, toValue, keys).release(toTime, toValue);
     }
-    void selectTwo()
+    Scene& key(Qt::Key key, Qt::KeyboardModifiers keys = {})
     {
-        clickPoint();
-        press(8.0, -1.0, Qt::ShiftModifier);
+        EditorFixture::key(key, keys);
+        return *this;
+    }
+    Scene& clickPoint()
+    {
+        EditorFixture::clickPoint();
+        return *this;
+    }
+    Scene& selectTwo()
+    {
+        clickPoint().press(8.0, -1.0, Qt::ShiftModifier);
         changes.clear();
+        return *this;
     }
-    void choose(int id)
+    /// Makes the curve the current one.
+    Scene& turnTo(const QString& curve)
+    {
+        canvas.canvas.setCurrentCurve(curve);
+        return *this;
+    }
+    static void whenMenuOpens(int id)
     {
         whenOpen<ControlMenu>([id](ControlMenu& menu) {
             menu.handleMenu(id);
             menu.close();
         });
+    }
+    void choose(int id)
+    {
+        whenMenuOpens(id);
         mouse(QEvent::MouseButtonPress, pixel(6.0, 2.0), Qt::RightButton);
     }
     void type(CustomEditLine* field, const QString& text)
@@ -103,10 +120,16 @@ struct Scene : EditorFixture
         field->selectAll();
         QTest::keyClicks(field, text);
     }
-    void enter(const QString& text)
+    void paste(const QString& text, Qt::KeyboardModifiers keys = ctrl)
+    {
+        QGuiApplication::clipboard()->setText(text);
+        key(Qt::Key_V, keys);
+    }
+    Scene& enter(const QString& text)
     {
         editor.commandLine->setText(text);
         QTest::keyClick(editor.commandLine, Qt::Key_Return);
+        return *this;
     }
     int entries() const { return editor.undoStack()->count(); }
     ControlSplineNode& control() const { return *canvas.canvas.currentControl(); }

@@ -8,11 +8,7 @@
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/FunctionEditor.h>
 
-#include <QApplication>
-#include <QLabel>
-#include <QMenu>
-#include <QTableView>
-#include <QToolButton>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>

@@ -3,9 +3,6 @@
 
 #include <curveeditor/shell/CanvasAccessible.h>
 
-#include <QAccessible>
-#include <QAccessibleActionInterface>
-
 /// What a person hears who does not see the canvas.
 class tst_Accessible : public QObject
 {

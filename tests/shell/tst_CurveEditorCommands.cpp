@@ -4,9 +4,6 @@
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
-#include <QFileDialog>
-#include <QTemporaryDir>
-
 #include <cerrno>
 
 #include <sys/stat.h>
@@ -30,26 +27,6 @@ class tst_CurveEditorCommands : public QObject
 private Q_SLOTS:
     void init() { fixture = std::make_unique<EditorFixture>(QStringList{"cam.lens"}); }
     void cleanup() { fixture.reset(); }
-
-    void shortcutsWorkBeforeAnyMenuWasOpened()
-    {
-        for (const char* const keys : {"Ctrl+L", "Ctrl+S", "Alt+I", "Alt+S"}) {
-            init();
-            QByteArray opened;
-            QTest::keySequence(&fixture->editor, QKeySequence(keys));
-            whenOpen<QDialog>([&opened](QDialog& dialog) {
-                opened = dialog.metaObject()->className();
-                dialog.reject();
-            });
-            QCoreApplication::processEvents();
-            QCOMPARE(opened, QByteArray(keys) == "Alt+S" ? "ViewportSettings" : "QFileDialog");
-        }
-        init();
-        QTest::keySequence(&fixture->editor, QKeySequence("Alt+T"));
-        QTest::keySequence(&fixture->editor, QKeySequence("Alt+C"));
-        QVERIFY(fixture->editor.isModeTime());
-        QCOMPARE(fixture->canvas.timeMax, 5.0);
-    }
 
     void pointToolsFollowTheSelection()
     {
@@ -196,7 +173,7 @@ private Q_SLOTS:
 
     void fileThatIsNoCurveIsRefused()
     {
-        const QString path = write("broken.crv", "255\n0\n0\n0\n3 points");
+        const QString path = written(folder, "broken.crv", "255\n0\n0\n0\n3 points");
         choose(path);
         fixture->editor.loadFile();
         QVERIFY(closeBox().contains(path) && fixture->changes.isEmpty());
@@ -209,15 +186,17 @@ private Q_SLOTS:
     {
         fixture->editor.setMinValue(-3.0);
         fixture->editor.setMaxValue(3.0);
-        choose(write("picture.ppm", "P6 1 1 255 \x10\x20\x30"));
+        choose(written(folder, "picture.ppm", "P6 1 1 255 \x10\x20\x30"));
         fixture->editor.loadImage();
         const QImage shown = fixture->canvas.grab().toImage();
         QCOMPARE(shown.pixelColor(20, 20), QColor(0x10, 0x20, 0x30));
-        const QString path = write("broken.jpg", "no picture");
+        const QString path = written(folder, "broken.jpg", "no picture");
         choose(path);
         fixture->editor.loadImage();
         QVERIFY(closeBox().contains(path));
         QCOMPARE(fixture->canvas.grab().toImage(), shown);
+        fixture->editor.clearImage();
+        QVERIFY(fixture->canvas.grab().toImage() != shown);
     }
 
     void failedSaveIsReported()
@@ -239,7 +218,7 @@ private Q_SLOTS:
     void otherFileIsReplacedOnlyIfConfirmed()
     {
         for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-            QFile file(write("take.crv", "old"));
+            QFile file(written(folder, "take.crv", "old"));
             choose(folder.filePath("Take"), [answer] {
                 whenOpen<QMessageBox>([answer](QMessageBox& box) { box.button(answer)->click(); });
             });
@@ -250,22 +229,13 @@ private Q_SLOTS:
     }
 
 private:
-    QString write(const QString& name, const QByteArray& content) const
-    {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("no room for test files");
-        return file.fileName();
-    }
     /// Types the path into the file dialog that opens next; `follow` prepares for what follows.
     static void choose(const QString& path, const std::function<void()>& follow = nullptr)
     {
         whenOpen<QFileDialog>([path, follow](QFileDialog& dialog) {
             if (follow)
                 follow();
-            auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            name->setText(path);
-            QTest::keyClick(name, Qt::Key_Return);
+            typePath(dialog, path);
         });
     }
 

@@ -4,8 +4,6 @@
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 
-#include <QMimeData>
-
 #include <optional>
 
 class tst_CurveEditorExpression : public QObject
@@ -60,23 +58,18 @@ private Q_SLOTS:
         const QString shown = line().text();
         QVERIFY(line().toolTip().contains("too long"));
         QTest::keyClicks(&line(), "7\r");
-        for (const char* const button : {"Unary functions", "I vars"}) {
+        const auto isRefused = [this](const QString& button) {
             fixture->menu(button)->actions().first()->trigger();
-            QVERIFY(closeBox().contains("16384"));
-        }
-        QMimeData data;
-        data.setText("b.y");
-        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(&line(), &drop);
+            return closeBox().contains("16384");
+        };
+        QVERIFY(isRefused("Unary functions") && isRefused("I vars"));
+        dropOn(line(), "b.y");
         QCOMPARE(line().text(), shown);
         QCOMPARE(fixture->curves["c.z"].expression, kept);
         fixture->editor.setEditingNode("A.x");
         const QString full(16384, '1'); // a menu must not cut it
         line().setText(full);
-        for (const char* const button : {"Binary functions", "I vars"}) {
-            fixture->menu(button)->actions().first()->trigger();
-            QVERIFY(closeBox().contains("16384"));
-        }
+        QVERIFY(isRefused("Binary functions") && isRefused("I vars"));
         QCOMPARE(line().text(), full);
         QVERIFY(!line().toolTip().contains("too long"));
         enter("t");
@@ -122,14 +115,17 @@ private Q_SLOTS:
 
     void placeholderIsReplacedByTheNextChoice()
     {
+        const auto lastOf = [](const QMenu& menu) {
+            return menu.actions().last();
+        };
         fixture->editor.tabWidget2->setCurrentIndex(1);
         line().setText("t");
         line().setFocus();
-        choose("Binary functions");
+        chooseFrom(fixture->button("Binary functions"), lastOf);
         QCOMPARE(closeBox(), "Variable X not found");
         QCOMPARE(line().selectedText(), "X");
         QCOMPARE(fixture->editor.focusWidget(), &line());
-        choose("I vars");
+        chooseFrom(fixture->button("I vars"), lastOf);
         QCOMPARE(line().text(), "t<f");
         QCOMPARE(fixture->editor.focusWidget(), &line());
         for (const auto insert :
@@ -170,41 +166,27 @@ private Q_SLOTS:
             QTest::keyClicks(&line(), text);
         };
         enter("t");
-        const std::tuple<const char*, const char*, std::function<void()>> ends[] = {
-            {"Return", "2*t",
-             [&] {
-                 QTest::keyClick(&line(), Qt::Key_Return);
-             }},
-            {"Escape", "2*t",
-             [&] {
-                 QTest::keyClick(&line(), Qt::Key_Escape);
-             }},
-            {"another formula and back", "2*t",
-             [&] {
-                 leave();
-                 editor.undoStack()->undo();
-                 editor.undoStack()->redo();
-             }},
-            {"deletion by the host", "", [&] {
-                 leave();
-                 editor.deleteExpression("A", "x", &fixture->curves["A.x"].expression);
-             }}};
-        for (const auto& [name, formula, end] : ends) {
+        const auto waits = [&](const QString& formula, const std::function<void()>& end) {
             type("2 T");
             QVERIFY(!line().font().italic());
             editor.cleanSelecteds(); // no curve is current
             leave();
-            QVERIFY2(line().text().isEmpty() && !line().font().italic(), name);
+            QVERIFY(line().text().isEmpty() && !line().font().italic());
             editor.renameCurve("A", "x", "w");
             editor.renameCurve("A", "w", "x");
             comeBack();
-            QVERIFY2(line().text() == "2 T" && line().font().italic(), name);
+            QVERIFY(line().text() == "2 T" && line().font().italic());
             end();
             leave();
             comeBack();
             QCOMPARE(line().text(), formula);
-            QVERIFY2(!line().font().italic(), name);
-        }
+            QVERIFY(!line().font().italic());
+        };
+        waits("2*t", [&] { QTest::keyClick(&line(), Qt::Key_Return); });
+        waits("2*t", [&] { QTest::keyClick(&line(), Qt::Key_Escape); });
+        waits("2*t", [&] { leave(), editor.undo(), editor.redo(); });
+        waits("", [&] { leave(), editor.deleteExpression("A", "x", &fixture->curves["A.x"].expression); });
+        QVERIFY(!QTest::currentTestFailed());
         QVERIFY(!EditorFixture::takes(line(), Qt::Key_Escape));
         type("lost?");
         QVERIFY(EditorFixture::takes(line(), Qt::Key_Escape));
@@ -237,25 +219,21 @@ private Q_SLOTS:
 
     void dependencyWalk()
     {
-        const struct
-        {
-            const char* name;
-            QString current;
-            QStringList expressions; // of A.x, b.y, c.z, d.w
-            QString with;
-        } cases[] = {{"itself", "a.x", {"t+a.x", "", "", ""}, "A.x"},
-                     {"chain", "a.x", {"b.y", "c.z", "d.w", "t"}, ""},
-                     {"round of three", "a.x", {"b.y", "c.z", "d.w+a.x", ""}, "b.y"},
-                     {"behind a dead end", "a.x", {"d.w+c.z", "", "a.x", "b.y"}, "c.z"},
-                     {"others' cycle", "a.x", {"b.y", "c.z", "b.y", ""}, ""},
-                     {"from another curve", "b.y", {"", "c.z", "a.x", ""}, "b.y"},
-                     {"unknown curve", "z.z", {"a.x", "", "", ""}, ""}};
-        for (const auto& c : cases) {
+        // The curve that is to be read, the expressions of A.x, b.y, c.z and d.w, and with which there is a cycle.
+        const std::tuple<const char*, QString, QStringList, QString> cases[] = {
+            {"itself", "a.x", {"t+a.x", "", "", ""}, "A.x"},
+            {"chain", "a.x", {"b.y", "c.z", "d.w", "t"}, ""},
+            {"round of three", "a.x", {"b.y", "c.z", "d.w+a.x", ""}, "b.y"},
+            {"behind a dead end", "a.x", {"d.w+c.z", "", "a.x", "b.y"}, "c.z"},
+            {"others' cycle", "a.x", {"b.y", "c.z", "b.y", ""}, ""},
+            {"from another curve", "b.y", {"", "c.z", "a.x", ""}, "b.y"},
+            {"unknown curve", "z.z", {"a.x", "", "", ""}, ""}};
+        for (const auto& [name, current, expressions, with] : cases) {
             for (qsizetype i = 0; i < names.size(); ++i)
-                setExpression(names[i], c.expressions[i]);
+                setExpression(names[i], expressions[i]);
             QString found;
-            const bool isCycle = fixture->editor.checkDependencies("a.x", c.current, found);
-            QVERIFY2(isCycle == !c.with.isEmpty() && found == c.with, c.name);
+            const bool isCycle = fixture->editor.checkDependencies("a.x", current, found);
+            QVERIFY2(isCycle == !with.isEmpty() && found == with, name);
         }
     }
 
@@ -294,15 +272,6 @@ private:
     {
         line().setText(text);
         QTest::keyClick(&line(), Qt::Key_Return);
-    }
-    /// Clicks the menu button and takes its last entry.
-    void choose(const QString& button)
-    {
-        whenOpen<QMenu>([](QMenu& menu) {
-            menu.setActiveAction(menu.actions().last());
-            QTest::keyClick(&menu, Qt::Key_Return);
-        });
-        QTest::mouseClick(fixture->editor.findChild<QToolButton*>(button), Qt::LeftButton);
     }
     bool splineToolsEnabled() const { return fixture->menu("Options")->actions()[9]->isEnabled(); }
 

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
-#include <QColorDialog>
-#include <QTreeWidget>
-
 class tst_CurveEditorTree : public QObject
 {
     Q_OBJECT

@@ -10,12 +10,6 @@
 #include <curveeditor/shell/Translations.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
-#include <QAccessible>
-#include <QLabel>
-#include <QSplitter>
-#include <QStackedWidget>
-#include <QTabWidget>
-
 class tst_Dialogs : public QObject
 {
     Q_OBJECT
@@ -161,22 +155,6 @@ private Q_SLOTS:
             QVERIFY(dialog.splitter11->sizes()[0] >= 150);
             QCOMPARE(dialog.checkListsEditing->width(), dialog.splitter11->sizes()[0]);
         }
-    }
-
-    void numberDialogReturnsWhatTheUserChoseAndFollowsTheLanguage()
-    {
-        ViewportSettings range;
-        for (QLineEdit* const line : {range.minX, range.minY, range.maxX, range.maxY})
-            line->setText("0");
-        for (QPushButton* button : {range.allDone, range.cancel}) {
-            QTimer::singleShot(0, button, [button] { QTest::mouseClick(button, Qt::LeftButton); });
-            QCOMPARE(range.exec(), button == range.allDone ? int(QDialog::Accepted) : int(QDialog::Rejected));
-        }
-        QCOMPARE(range.minimumSize(), range.maximumSize());
-        range.textLabel2->setText(QStringLiteral("in the former language"));
-        QEvent change(QEvent::LanguageChange);
-        QApplication::sendEvent(&range, &change);
-        QCOMPARE(range.textLabel2->text(), QStringLiteral("MaxX"));
     }
 };
 

@@ -3,20 +3,7 @@
 
 #include <curveeditor/shell/ScaleDialog.h>
 
-#include <QClipboard>
-#include <QDialog>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QEventLoop>
-#include <QMainWindow>
-#include <QTabWidget>
-#include <QTemporaryDir>
-
-#include <utility>
-
 namespace {
-
-using Deed = std::function<void(Scene&)>;
 
 /// What a user does, and the classes of the windows that open one after the other by it. In all but the last the
 /// user goes on, by what `next` says.
@@ -26,12 +13,6 @@ struct Way
     Deed begin;
     std::function<void(QWidget&)> next;
 };
-
-QWidget* openWindow()
-{
-    QWidget* const popup = QApplication::activePopupWidget();
-    return popup ? popup : QApplication::activeModalWidget();
-}
 
 /// Goes the way, and calls `arrived` from a timer while the last window is open.
 void go(Scene& scene, const Way& way, const std::function<void(QWidget&)>& arrived)
@@ -74,30 +55,30 @@ Deed press(const QString& button)
     };
 }
 
+Deed keys(const char* pressed)
+{
+    return [pressed](Scene& s) {
+        QTest::keySequence(&s.editor, QKeySequence(pressed));
+    };
+}
+
 std::function<void(QWidget&)> choose(const QString& text)
 {
     return [text](QWidget& window) {
         auto& menu = dynamic_cast<QMenu&>(window);
-        for (QAction* const entry : menu.actions()) {
-            if (entry->text() == text) {
-                click(&menu, menu.actionGeometry(entry).center());
-                return;
-            }
-        }
-        qFatal("no such entry");
+        click(&menu, menu.actionGeometry(entryOf(menu, text)).center());
     };
 }
 
-void menuKey(QWidget& widget, QContextMenuEvent::Reason reason = QContextMenuEvent::Keyboard)
+void menuKey(QWidget& widget)
 {
-    QContextMenuEvent event(reason, widget.rect().center(), widget.mapToGlobal(widget.rect().center()));
-    QApplication::sendEvent(&widget, &event);
+    openContextMenu(widget, widget.rect().center(), QContextMenuEvent::Keyboard);
 }
 
 Deed onTwo(const Deed& deed)
 {
     return [deed](Scene& s) {
-        s.selectTwo(), deed(s);
+        deed(s.selectTwo());
     };
 }
 
@@ -117,15 +98,19 @@ QMainWindow* dock(Scene& s)
 
 void listMenu(Scene& s)
 {
-    const QPoint place = s.list.visualItemRect(s.list.topLevelItem(0)).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, place, s.list.viewport()->mapToGlobal(place));
-    QApplication::sendEvent(s.list.viewport(), &event);
+    openContextMenu(*s.list.viewport(), s.list.visualItemRect(s.list.topLevelItem(0)).center());
+}
+
+/// Where a menu is left open over what can't be pasted.
+Deed pressEditWith(const QString& clip)
+{
+    return [clip](Scene& s) {
+        QGuiApplication::clipboard()->setText(clip);
+        click(s.button("Edit"));
+    };
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Way)
-Q_DECLARE_METATYPE(Deed)
 
 class tst_EditorDeletion : public QObject
 {
@@ -137,7 +122,7 @@ private Q_SLOTS:
     void editorGoesWhileAWindowOfItIsOpen_data() { addWays(); }
     void editorGoesWhileAWindowOfItIsOpen()
     {
-        QFETCH(const Way, way);
+        const auto [way] = Rows<Way>::present();
         enum How { Deleted, DeletedLater, ClosedWithItsWindow };
         for (const How how : {Deleted, DeletedLater, ClosedWithItsWindow}) {
             Scene s;
@@ -158,7 +143,7 @@ private Q_SLOTS:
     void curvesGoWhileAWindowIsOpen_data() { addWays(); }
     void curvesGoWhileAWindowIsOpen()
     {
-        QFETCH(const Way, way);
+        const auto [way] = Rows<Way>::present();
         for (const bool closes : {false, true}) {
             Scene s;
             go(s, way, [&](QWidget& open) {
@@ -179,17 +164,12 @@ private Q_SLOTS:
 
     void deletionWaitsForASlotThatRunsALoop_data()
     {
-        QTest::addColumn<Deed>("deed");
-        const auto row = [](const char* name, const Deed& deed) {
-            QTest::newRow(name) << deed;
-        };
+        const Rows<Deed> row;
         row("drag", [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); });
-        row("drag taken back", [](Scene& s) { s.press(5.0, 1.0), s.move(6.0, 2.0), s.key(Qt::Key_Escape); });
-        row("Delete", [](Scene& s) { s.selectTwo(), s.key(Qt::Key_Delete); });
-        row("undo and redo", [](Scene& s) {
-            s.drag(5.0, 1.0, 6.0, 2.0);
-            s.key(Qt::Key_Z, Qt::ControlModifier), s.key(Qt::Key_Y, Qt::ControlModifier);
-        });
+        row("drag taken back", [](Scene& s) { s.press(5.0, 1.0).move(6.0, 2.0).key(Qt::Key_Escape); });
+        row("Delete", [](Scene& s) { s.selectTwo().key(Qt::Key_Delete); });
+        row("undo and redo",
+            [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0).key(Qt::Key_Z, ctrl).key(Qt::Key_Y, ctrl); });
         row("another curve",
             [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0), click(&s.canvas, s.pixel(0.0, -2.0)); });
         row("formula", [](Scene& s) { s.enter("2 T"); });
@@ -213,14 +193,13 @@ private Q_SLOTS:
             });
             s.mouse(QEvent::MouseButtonPress, s.pixel(6.0, 2.0), Qt::RightButton);
         });
-        row("number", [](Scene& s) { s.clickPoint(), s.type(s.editor.posY, "2\r"); });
+        row("number", [](Scene& s) { s.clickPoint().type(s.editor.posY, "2\r"); });
         row("type", [](Scene& s) { s.clickPoint(), QTest::keyClick(s.editor.nodeTypeCombo, Qt::Key_Down); });
         row("behaviour", [](Scene& s) { QTest::keyClick(s.editor.nodeLast, Qt::Key_Down); });
         row("reset", [](Scene& s) { s.editor.resetAllCheckedF(); });
         row("row taken away", [](Scene& s) { QTest::keyClick(&s.list, Qt::Key_Delete); });
         row("curve removed", [](Scene& s) {
-            s.drag(5.0, 1.0, 6.0, 2.0), s.press(6.0, 2.0), s.move(7.0, 2.0);
-            s.editor.removeNode("a");
+            s.drag(5.0, 1.0, 6.0, 2.0).press(6.0, 2.0).move(7.0, 2.0).editor.removeNode("a");
         });
         row("time line", [](Scene& s) { s.editor.setTimeLineDraggable(true), s.key(Qt::Key_Period); });
         row("close", [](Scene& s) { s.editor.close(); });
@@ -231,9 +210,8 @@ private Q_SLOTS:
     }
     void deletionWaitsForASlotThatRunsALoop()
     {
-        QFETCH(const Deed, deed);
-        for (int last = 1, calls = 1; calls == last;
-             ++last) { // the deletion comes in the last of these calls
+        const auto [deed] = Rows<Deed>::present();
+        for (int last = 1, calls = 1; calls == last; ++last) { // the deletion comes in the last of these
             Scene s;
             calls = 0;
             const auto hear = [&] {
@@ -247,12 +225,11 @@ private Q_SLOTS:
                 QTimer::singleShot(1, &loop, &QEventLoop::quit);
                 loop.exec();
             };
-            connect(&s.editor, &CurveEditor::curveHasChanged, this, hear);
-            connect(&s.editor, &CurveEditor::curveEdited, this, hear);
-            connect(&s.editor, &CurveEditor::curveClosed, this, hear);
-            connect(&s.editor, &CurveEditor::currentCurveChanged, this, hear);
-            connect(&s.editor, &CurveEditor::timeLineDragged, this, hear);
-            connect(&s.editor, &CurveEditor::closed, this, hear);
+            const auto listen = [&](auto... news) {
+                (connect(&s.editor, news, this, hear), ...);
+            };
+            listen(&CurveEditor::curveHasChanged, &CurveEditor::curveEdited, &CurveEditor::curveClosed);
+            listen(&CurveEditor::currentCurveChanged, &CurveEditor::timeLineDragged, &CurveEditor::closed);
             connect(s.editor.undoStack(), &QUndoStack::indexChanged, this, hear);
             deed(s);
             const bool isDeleted = calls >= last;
@@ -289,10 +266,10 @@ private Q_SLOTS:
 private:
     void addWays()
     {
-        QTest::addColumn<Way>("way");
-        const auto row = [](const char* name, const QList<QByteArray>& windows, const Deed& begin,
-                            const std::function<void(QWidget&)>& next = {}) {
-            QTest::newRow(name) << Way{windows, begin, next};
+        const Rows<Way> rows;
+        const auto row = [&rows](const char* name, const QList<QByteArray>& windows, const Deed& begin,
+                                 const std::function<void(QWidget&)>& next = {}) {
+            rows(name, Way{windows, begin, next});
         };
         for (const char* const button : {"File", "Curves", "Options", "Edit", "Unary functions", "D vars"})
             row(button, {"QMenu"}, press(button));
@@ -312,46 +289,35 @@ private:
         row("faulty formula", {"QMessageBox"}, [](Scene& s) { s.enter("2*"); });
         row("cycle", {"QMessageBox"}, [](Scene& s) { s.enter("a.z"); });
         row("faulty formula by a menu", {"QMenu", "QMessageBox"}, press("Binary functions"), choose("+"));
-        row("paste of no table", {"QMessageBox"}, [](Scene& s) {
-            QApplication::clipboard()->setText("1 2\nword 3");
-            s.key(Qt::Key_V, Qt::ControlModifier);
-        });
-        row(
-            "paste of no table by a menu", {"QMenu", "QMessageBox"},
-            [](Scene& s) {
-                QApplication::clipboard()->setText("1 2\nword 3");
-                click(s.button("Edit"));
-            },
+        row("paste of no table", {"QMessageBox"}, [](Scene& s) { s.paste("1 2\nword 3"); });
+        row("paste of no table by a menu", {"QMenu", "QMessageBox"}, pressEditWith("1 2\nword 3"),
             choose("Paste points at the time line"));
-        row(
-            "paste in two ways by a menu", {"QMenu", "QMessageBox"},
-            [](Scene& s) {
-                QApplication::clipboard()->setText("7\t0\n9\t1,234\n");
-                click(s.button("Edit"));
-            },
+        row("paste in two ways by a menu", {"QMenu", "QMessageBox"}, pressEditWith("7\t0\n9\t1,234\n"),
             choose("Paste points at the time line"));
         row("lost formula", {"QMessageBox"}, [](Scene& s) {
-            s.canvas.canvas.setCurrentCurve("a.z");
             for (int i = 0; i < 20; ++i) // more than the editor keeps as they were
-                s.enter(i % 2 == 0 ? "t" : "2*t");
+                s.turnTo("a.z").enter(i % 2 == 0 ? "t" : "2*t");
             s.variables.remove("a.x");
             for (int i = 0; i < 20; ++i)
                 s.editor.undo();
         });
         row("file that is no curve", {"QMenu", "QFileDialog", "QMessageBox"}, press("File"),
             [this](QWidget& open) {
-                open.inherits("QMenu") ? choose("Load curve")(open) : type(open, write("no.crv"));
+                open.inherits("QMenu") ? choose("Load curve")(open)
+                                       : typePath(open, written(folder, "no.crv", "old"));
             });
         row("file to load", {"QMenu", "QFileDialog"}, press("File"), choose("Load curve"));
-        row("file to save", {"QFileDialog"},
-            [](Scene& s) { QTest::keySequence(&s.editor, QKeySequence("Ctrl+S")); });
+        row("file to load by its keys", {"QFileDialog"}, keys("Ctrl+L"));
+        row("file to save", {"QFileDialog"}, keys("Ctrl+S"));
         row(
             "file to replace", {"QFileDialog", "QMessageBox"}, [](Scene& s) { s.editor.saveFile(); },
-            [this](QWidget& open) { write("take.crv"), type(open, folder.filePath("Take")); });
+            [this](QWidget& open) {
+                written(folder, "take.crv", "old"), typePath(open, folder.filePath("Take"));
+            });
         row(
             "file that can't be saved", {"QFileDialog", "QMessageBox"}, [](Scene& s) { s.editor.saveFile(); },
-            [this](QWidget& open) { type(open, folder.filePath("none/here.crv")); });
-        row("picture", {"QFileDialog"}, [](Scene& s) { s.editor.loadImage(); });
+            [this](QWidget& open) { typePath(open, folder.filePath("none/here.crv")); });
+        row("picture", {"QFileDialog"}, keys("Alt+I"));
         row("colour by the list", {"ControlMenu2", "QColorDialog"}, listMenu, choose("Change color"));
         row("colour by a list of the host", {"QColorDialog"}, [](Scene& s) {
             QTreeWidgetItem group;
@@ -360,25 +326,10 @@ private:
         row("Scale", {"ScaleDialog"}, onTwo(press("Scale")));
         row("Scale by a menu", {"QMenu", "ScaleDialog"}, onTwo(press("Options")), choose("Scale selection"));
         row("Pan", {"PanDialog"}, onTwo(press("Pan")));
-        row("Set Range", {"ViewportSettings"},
-            [](Scene& s) { QTest::keySequence(&s.editor, QKeySequence("Alt+S")); });
+        row("Set Range", {"ViewportSettings"}, keys("Alt+S"));
         row("Simplify", {"SimplifyDialog"}, [](Scene& s) { s.key(Qt::Key_S, Qt::ShiftModifier); });
         row("Bake", {"BakeDialog"}, [](Scene& s) { s.key(Qt::Key_B, Qt::ShiftModifier); });
     }
-    static void type(QWidget& dialog, const QString& path)
-    {
-        auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        name->setText(path);
-        QTest::keyClick(name, Qt::Key_Return);
-    }
-    QString write(const QString& name) const
-    {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write("old") != 3)
-            qFatal("no room for test files");
-        return file.fileName();
-    }
-
     QTemporaryDir folder;
 };
 

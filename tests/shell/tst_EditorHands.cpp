@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-#include <QClipboard>
-#include <QMimeData>
-#include <QNativeGestureEvent>
-#include <QPointingDevice>
-#include <QWheelEvent>
-
 namespace {
 
 const QPoint mouse(200, 150);
@@ -14,8 +8,7 @@ const QPoint mouse(200, 150);
 Deed wheel(const QPoint& delta, Qt::KeyboardModifiers keys = {}, Qt::ScrollPhase phase = Qt::NoScrollPhase)
 {
     return [=](Scene& s) {
-        QWheelEvent event(mouse, s.canvas.mapToGlobal(mouse), {}, delta, Qt::NoButton, keys, phase, false);
-        QApplication::sendEvent(&s.canvas, &event);
+        turnWheel(s.canvas, mouse, delta, keys, phase);
     };
 }
 
@@ -28,8 +21,7 @@ Deed press(Qt::Key key, Qt::KeyboardModifiers keys = {})
 
 void drag(Scene& s, Qt::MouseButton button)
 {
-    s.mouse(QEvent::MouseButtonPress, {200, 200}, button);
-    s.mouse(QEvent::MouseMove, {230, 180}, button);
+    s.mouse(QEvent::MouseButtonPress, {200, 200}, button).mouse(QEvent::MouseMove, {230, 180}, button);
     s.mouse(QEvent::MouseButtonRelease, {230, 180}, button);
 }
 
@@ -51,90 +43,72 @@ class tst_EditorHands : public QObject
 {
     Q_OBJECT
 
+    /// Whether the times and the values in sight change, and whether the place under the mouse stays there.
+    using ViewGestures = Rows<bool, bool, bool, Deed>;
+
 private Q_SLOTS:
+    void viewFollowsTheHand_data()
+    {
+        const ViewGestures row;
+        row("wheel", true, true, true, wheel({0, 120}));
+        row("wheel with Ctrl", true, false, true, wheel({0, 30}, ctrl));
+        row("wheel with Shift", false, true, true, wheel({0, -15}, shift));
+        row("huge wheel", true, true, true, wheel({0, 1 << 30}));
+        row("wheel with Alt", false, false, true, wheel({0, 120}, alt));
+        row("wheel at rest", false, false, true, wheel({}));
+        row("two fingers", true, false, false, wheel({-60, 0}, {}, Qt::ScrollUpdate));
+        row("pinch", true, true, true, [](Scene& s) {
+            QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
+                                      mouse, mouse, s.canvas.mapToGlobal(mouse), 0.5, {});
+            QApplication::sendEvent(&s.canvas, &event);
+        });
+        row("middle", true, true, false, [](Scene& s) { drag(s, Qt::MiddleButton); });
+        row("middle with a selection", false, false, true,
+            [](Scene& s) { drag(s.clickPoint(), Qt::MiddleButton); });
+        row("Space", true, true, false, [](Scene& s) {
+            QTest::keyPress(&s.canvas, Qt::Key_Space);
+            drag(s, Qt::LeftButton);
+            QTest::keyRelease(&s.canvas, Qt::Key_Space);
+            QVERIFY(!s.canvas.bandActive);
+        });
+        row("Space that went elsewhere", false, false, true, [](Scene& s) {
+            QTest::keyPress(&s.canvas, Qt::Key_Space);
+            s.editor.commandLine->setFocus();
+            drag(s, Qt::LeftButton);
+        });
+        row("Escape", false, false, true, [](Scene& s) {
+            s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
+            s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton).key(Qt::Key_Escape);
+            s.mouse(QEvent::MouseMove, {240, 180}, Qt::MiddleButton);
+            s.mouse(QEvent::MouseButtonRelease, {240, 180}, Qt::MiddleButton);
+            QVERIFY(s.editor.isVisible());
+        });
+        row("off", false, false, true, [](Scene& s) { s.editor.setViewGestures(false), wheel({0, 120})(s); });
+        row("Home", true, true, false, press(Qt::Key_Home));
+        row("Home of the keypad", true, true, false, press(Qt::Key_Home, Qt::KeypadModifier));
+        row("minus", true, true, false, press(Qt::Key_Minus));
+        row("plus", true, true, false, press(Qt::Key_Plus, shift));
+        row("F", true, true, false, [](Scene& s) { s.clickPoint().key(Qt::Key_F); });
+        row("F at a formula", true, true, false, [](Scene& s) { s.turnTo("a.z").key(Qt::Key_F); });
+    }
     void viewFollowsTheHand()
     {
-        struct Case
-        {
-            const char* name;
-            Deed gesture;
-            bool time, value, staysUnderMouse;
-        };
-        const Case cases[] = {
-            {"wheel", wheel({0, 120}), true, true, true},
-            {"wheel with Ctrl", wheel({0, 30}, Qt::ControlModifier), true, false, true},
-            {"wheel with Shift", wheel({0, -15}, Qt::ShiftModifier), false, true, true},
-            {"huge wheel", wheel({0, 1 << 30}), true, true, true},
-            {"wheel with Alt", wheel({0, 120}, Qt::AltModifier), false, false, true},
-            {"wheel at rest", wheel({}), false, false, true},
-            {"two fingers", wheel({-60, 0}, {}, Qt::ScrollUpdate), true, false, false},
-            {"pinch",
-             [](Scene& s) {
-                 QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
-                                           mouse, mouse, s.canvas.mapToGlobal(mouse), 0.5, {});
-                 QApplication::sendEvent(&s.canvas, &event);
-             },
-             true, true, true},
-            {"middle", [](Scene& s) { drag(s, Qt::MiddleButton); }, true, true, false},
-            {"middle with a selection", [](Scene& s) { s.clickPoint(), drag(s, Qt::MiddleButton); }, false,
-             false, true},
-            {"Space",
-             [](Scene& s) {
-                 QTest::keyPress(&s.canvas, Qt::Key_Space);
-                 drag(s, Qt::LeftButton);
-                 QTest::keyRelease(&s.canvas, Qt::Key_Space);
-                 QVERIFY(!s.canvas.bandActive);
-             },
-             true, true, false},
-            {"Space that went elsewhere",
-             [](Scene& s) {
-                 QTest::keyPress(&s.canvas, Qt::Key_Space);
-                 s.editor.commandLine->setFocus();
-                 drag(s, Qt::LeftButton);
-             },
-             false, false, true},
-            {"Escape",
-             [](Scene& s) {
-                 s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
-                 s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
-                 s.key(Qt::Key_Escape);
-                 s.mouse(QEvent::MouseMove, {240, 180}, Qt::MiddleButton);
-                 s.mouse(QEvent::MouseButtonRelease, {240, 180}, Qt::MiddleButton);
-                 QVERIFY(s.editor.isVisible());
-             },
-             false, false, true},
-            {"off",
-             [](Scene& s) {
-                 s.editor.setViewGestures(false), wheel({0, 120})(s);
-             },
-             false, false, true},
-            {"Home", press(Qt::Key_Home), true, true, false},
-            {"Home of the keypad", press(Qt::Key_Home, Qt::KeypadModifier), true, true, false},
-            {"minus", press(Qt::Key_Minus), true, true, false},
-            {"plus", press(Qt::Key_Plus, Qt::ShiftModifier), true, true, false},
-            {"F", [](Scene& s) { s.clickPoint(), s.key(Qt::Key_F); }, true, true, false},
-            {"F at a formula", [](Scene& s) { s.canvas.canvas.setCurrentCurve("a.z"), s.key(Qt::Key_F); },
-             true, true, false},
-        };
-        for (const Case& c : cases) {
-            Scene s;
-            s.editor.setMinValue(-20.0);
-            s.editor.setMaxValue(20.0);
-            s.canvas.showView({0.0, 9.0, -5.0, 5.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
-            s.canvas.canvas.paint();
-            const QList<double> before = s.sides();
-            const PlaneMapping view = s.canvas.mapping();
-            c.gesture(s);
-            const QList<double> after = s.sides();
-            QVERIFY2((before.mid(0, 2) != after.mid(0, 2)) == c.time, c.name);
-            QVERIFY2((before.mid(2) != after.mid(2)) == c.value, c.name);
-            const PlaneMapping now = s.canvas.mapping();
-            const bool isUnderMouse = qAbs(now.timeAt(mouse.x()) - view.timeAt(mouse.x())) < 1e-9 &&
-                                      qAbs(now.valueAt(mouse.y()) - view.valueAt(mouse.y())) < 1e-9;
-            QVERIFY2(isUnderMouse == c.staysUnderMouse, c.name);
-            QVERIFY2(s.showsWhatIsDrawnFromScratch(), c.name);
-            QCOMPARE(s.entries(), 0);
-        }
+        const auto [movesTimes, movesValues, staysUnderMouse, gesture] = ViewGestures::present();
+        Scene s;
+        s.editor.setMinValue(-20.0);
+        s.editor.setMaxValue(20.0);
+        s.canvas.showView({0.0, 9.0, -5.0, 5.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
+        s.canvas.canvas.paint();
+        const QList<double> before = s.sides();
+        const PlaneMapping view = s.canvas.mapping();
+        gesture(s);
+        QCOMPARE(s.sides().mid(0, 2) != before.mid(0, 2), movesTimes);
+        QCOMPARE(s.sides().mid(2) != before.mid(2), movesValues);
+        const PlaneMapping now = s.canvas.mapping();
+        const bool isUnderMouse = qAbs(now.timeAt(mouse.x()) - view.timeAt(mouse.x())) < 1e-9 &&
+                                  qAbs(now.valueAt(mouse.y()) - view.valueAt(mouse.y())) < 1e-9;
+        QCOMPARE(isUnderMouse, staysUnderMouse);
+        QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
     }
 
     void viewChangeDuringAScalingDragLeavesThePointsWhereTheyAre()
@@ -142,41 +116,33 @@ private Q_SLOTS:
         for (const Deed& change :
              {wheel({0, 360}), wheel({-90, 50}, {}, Qt::ScrollUpdate), press(Qt::Key_Home)}) {
             Scene s;
-            s.selectTwo();
-            s.press(6.0, 2.0);
-            s.move(6.5, 2.5, Qt::ShiftModifier);
+            s.selectTwo().press(6.0, 2.0).move(6.5, 2.5, shift);
             const QPointF before(s.x[2]->time, s.x[2]->pos);
             const QPoint mouse = s.pixel(6.5, 2.5);
             const QList<double> sides = s.sides();
             change(s);
             QVERIFY(s.sides() != sides);
-            s.mouse(QEvent::MouseMove, mouse, Qt::LeftButton, Qt::ShiftModifier);
+            s.mouse(QEvent::MouseMove, mouse, Qt::LeftButton, shift);
             const QPointF after(s.x[2]->time, s.x[2]->pos);
             QVERIFY(before != QPointF(8.0, -1.0) && (after - before).manhattanLength() < 1e-9);
-            s.mouse(QEvent::MouseMove, mouse + QPoint(20, 0), Qt::LeftButton, Qt::ShiftModifier);
+            s.mouse(QEvent::MouseMove, mouse + QPoint(20, 0), Qt::LeftButton, shift);
             QVERIFY(s.x[2]->time > before.x() + 0.01);
         }
     }
 
     void releaseThatGoesAstrayHoldsNothing()
     {
-        const Deed deeds[] = {[](Scene& s) { // behind a box of the host
-                                  s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
-                                  s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
-                                  s.mouse(QEvent::MouseMove, {240, 180}, Qt::NoButton);
-                              },
-                              [](Scene& s) {
-                                  QTest::keyPress(&s.canvas, Qt::Key_X);
-                                  s.editor.setViewGestures(false);
-                                  QTest::keyRelease(&s.canvas, Qt::Key_X);
-                              }};
-        for (const Deed& deed : deeds) {
-            Scene s;
-            deed(s);
-            s.drag(5.0, 1.0, 5.5, 2.0);
-            QVERIFY(qAbs(s.x[1]->pos - 2.0) < 0.05);
-            QCOMPARE(s.entries(), 1);
-        }
+        Scene s;
+        s.mouse(QEvent::MouseButtonPress, {200, 200},
+                Qt::MiddleButton); // whose release a box of the host gets
+        s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
+        s.mouse(QEvent::MouseMove, {240, 180}, Qt::NoButton);
+        QTest::keyPress(&s.canvas, Qt::Key_X);
+        s.editor.setViewGestures(false);
+        QTest::keyRelease(&s.canvas, Qt::Key_X);
+        s.drag(5.0, 1.0, 5.5, 2.0);
+        QVERIFY(qAbs(s.x[1]->pos - 2.0) < 0.05);
+        QCOMPARE(s.entries(), 1);
     }
 
     void timeLineFollowsTheHandWhereTheHostAllowsIt()
@@ -243,35 +209,29 @@ private Q_SLOTS:
     {
         Scene s;
         QMenu* const menu = s.menu("Edit");
-        const auto entry = [menu](const QString& text) {
-            const QList<QAction*> all = menu->findChildren<QAction*>();
-            return *std::find_if(all.begin(), all.end(),
-                                 [&](const QAction* action) { return action->text().startsWith(text); });
-        };
         const auto offered = [&](const QStringList& texts) {
             menu->popup({});
             menu->close();
             QList<bool> are;
             for (const QString& text : texts)
-                are.append(entry(text)->isEnabled());
+                are.append(entryOf(*menu, text)->isEnabled());
             return are;
         };
         const QStringList texts{"Copy", "Select all", "Flatten", "Simplify", "Bake", "Time line"};
         QCOMPARE(offered(texts), (QList<bool>{false, true, false, true, true, false}));
-        s.clickPoint();
-        s.editor.setTimeLineDraggable(true);
+        s.clickPoint().editor.setTimeLineDraggable(true);
         s.canvas.canvas.setEditsAllCurves(true);
-        QVERIFY(!entry("Edit all")->isChecked());
+        QVERIFY(!entryOf(*menu, "Edit all")->isChecked());
         QCOMPARE(offered(texts), QList<bool>(6, true));
-        QVERIFY(entry("Edit all")->isChecked());
+        QVERIFY(entryOf(*menu, "Edit all")->isChecked());
         s.canvas.canvas.setEditsAllCurves(false);
-        s.canvas.canvas.setCurrentCurve("a.z");
+        s.turnTo("a.z");
         QCOMPARE(offered(texts), (QList<bool>{false, false, false, false, true, true}));
         unsigned& kinds = s.canvas.canvas.hands().guide.snap.kinds;
         kinds = Snap::GridLines;
         offered({});
-        entry("To grid lines")->trigger();
-        entry("To frames")->trigger();
+        entryOf(*menu, "To grid lines")->trigger();
+        entryOf(*menu, "To frames")->trigger();
         QCOMPARE(kinds, unsigned(Snap::Frames));
     }
 
@@ -281,34 +241,17 @@ private Q_SLOTS:
         const auto count = [&s] {
             return int(s.control().selection().edited().size());
         };
-        const struct
-        {
-            Qt::Key key = Qt::Key_unknown;
-            Qt::KeyboardModifiers modifiers;
-            int selected = 0;
-        } steps[] = {{Qt::Key_A, Qt::ControlModifier, 3},
-                     {Qt::Key_I, Qt::ControlModifier, 0},
-                     {Qt::Key_Left, Qt::ShiftModifier, 1},
-                     {Qt::Key_Left, Qt::ShiftModifier, 2},
-                     {Qt::Key_I, Qt::ControlModifier, 1},
-                     {Qt::Key_Right, Qt::ShiftModifier, 2},
-                     {Qt::Key_Right, Qt::ShiftModifier, 3},
-                     {Qt::Key_Right, Qt::ShiftModifier, 3},
-                     {Qt::Key_A, Qt::ShiftModifier, 3}, // all curves at once
-                     {Qt::Key_A, Qt::ControlModifier, 3},
-                     {Qt::Key_A, Qt::ShiftModifier, 3},
-                     {Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, 0}};
-        for (const auto& step : steps) {
-            s.key(step.key, step.modifiers);
-            QCOMPARE(count(), step.selected);
+        // Keys, and how many points are selected then; from the first "Shift+A" on all curves are edited at once.
+        for (const QString step :
+             {"Ctrl+A 3", "Ctrl+I 0", "Shift+Left 1", "Shift+Left 2", "Ctrl+I 1", "Shift+Right 2",
+              "Shift+Right 3", "Shift+Right 3", "Shift+A 3", "Ctrl+A 3", "Shift+A 3", "Ctrl+Shift+A 0"}) {
+            QTest::keySequence(&s.canvas, QKeySequence(step.section(' ', 0, 0)));
+            QCOMPARE(count(), step.section(' ', 1).toInt());
             QVERIFY(s.showsWhatIsDrawnFromScratch());
         }
-        s.key(Qt::Key_A);
-        s.clickPoint();
-        s.key(Qt::Key_Right, Qt::ShiftModifier); // goes on only where something is selected
+        s.key(Qt::Key_A).clickPoint().key(Qt::Key_Right, shift); // goes on only where something is selected
         QVERIFY(count() == 2 && !s.canvas.canvas.findCurve("a.y")->control().hasSelection());
-        s.key(Qt::Key_A);
-        s.clickPoint();
+        s.key(Qt::Key_A).clickPoint();
         QTest::keyPress(&s.canvas, Qt::Key_B);
         s.drag(7.0, 0.0, 9.0, -2.0);
         QTest::keyRelease(&s.canvas, Qt::Key_B);
@@ -321,7 +264,7 @@ private Q_SLOTS:
         s.drag(8.5, 0.0, 9.0, 2.0);
         QCOMPARE(count(), 0);
         s.editor.commandLine->setFocus();
-        QTest::keyClick(s.editor.commandLine, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(s.editor.commandLine, Qt::Key_A, ctrl);
         QCOMPARE(count(), 0);
     }
 };

@@ -1,29 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-#include <QMainWindow>
-#include <QMenuBar>
-#include <QTabWidget>
-#include <QTableView>
-#include <QWheelEvent>
-
 namespace {
 
 using Part = std::function<QWidget*(Scene&)>;
-
-/// Chooses the entry that begins with `text` as a user does, or leaves the menu for an empty one.
-void choose(QToolButton* button, const QString& text)
-{
-    whenOpen<QMenu>([text](QMenu& menu) {
-        const QList<QAction*> entries = menu.actions();
-        const auto entry = std::find_if(entries.begin(), entries.end(), [&text](const QAction* action) {
-            return action->text().startsWith(text);
-        });
-        menu.setActiveAction(entry == entries.end() ? nullptr : *entry);
-        QTest::keyClick(&menu, text.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
-    });
-    QTest::mouseClick(button, Qt::LeftButton);
-}
 
 } // namespace
 
@@ -60,9 +40,8 @@ private Q_SLOTS:
             if (!isMnemonic)
                 hosts.setShortcut(key);
             host.addAction(&hosts);
-            for (QWidget* const focus : {static_cast<QWidget*>(&text), static_cast<QWidget*>(&s.canvas),
-                                         static_cast<QWidget*>(&s.list), static_cast<QWidget*>(s.editor.posY),
-                                         static_cast<QWidget*>(s.editor.nodeTypeCombo)}) {
+            for (QWidget* const focus : std::initializer_list<QWidget*>{
+                     &text, &s.canvas, &s.list, s.editor.posY, s.editor.nodeTypeCombo}) {
                 focus->setFocus();
                 told.clear();
                 const QString before = s.editor.posY->text();
@@ -77,11 +56,7 @@ private Q_SLOTS:
 
     void keysOfTheCanvasActWhereNothingIsTyped_data()
     {
-        QTest::addColumn<Part>("part");
-        QTest::addColumn<bool>("act");
-        const auto row = [](const char* name, bool act, const Part& part) {
-            QTest::newRow(name) << part << act;
-        };
+        const Rows<bool, Part> row;
         row("canvas", true, [](Scene& s) { return &s.canvas; });
         row("dialog", true, [](Scene& s) { return &s.editor; });
         row("list", true, [](Scene& s) { return &s.list; });
@@ -100,8 +75,7 @@ private Q_SLOTS:
     }
     void keysOfTheCanvasActWhereNothingIsTyped()
     {
-        QFETCH(Part, part);
-        QFETCH(bool, act);
+        const auto [act, part] = Rows<bool, Part>::present();
         Scene s;
         s.clickPoint();
         QWidget* const focus = part(s);
@@ -128,84 +102,94 @@ private Q_SLOTS:
         QCOMPARE(s.sides() != before, focus == &s.canvas);
     }
 
-    void canvasGetsTheFocusBackAndShowsIt()
+    void canvasShowsThatItHasTheFocus()
     {
         Scene s;
-        s.clickPoint();
-        const std::pair<const char*, Deed> deeds[] = {
-            {"Fit",
-             [](Scene& scene) {
-                 QTest::mouseClick(scene.button("Fit"), Qt::LeftButton);
-             }},
-            {"menu",
-             [](Scene& scene) {
-                 choose(scene.button("Edit"), "Select all");
-             }},
-            {"menu that is left",
-             [](Scene& scene) {
-                 choose(scene.button("Edit"), {});
-             }},
-            {"dialog",
-             [](Scene& scene) {
-                 QTest::keyClick(&scene.list, Qt::Key_S, Qt::AltModifier); // opens it by the loop
-                 whenOpen<QDialog>([](QDialog& dialog) { dialog.reject(); });
-                 QCoreApplication::processEvents();
-             }},
-            {"Simplify", [](Scene& scene) {
-                 QTest::keyClick(&scene.list, Qt::Key_S, Qt::ShiftModifier);
-                 scene.editor.findChild<QDialog*>()->reject();
-             }}};
         s.editor.setTheme(CurveEditorTheme::light());
-        const auto isFramed = [&s] {
-            const QPoint edge(s.canvas.width() - 1, s.canvas.height() / 3);
-            return s.canvas.grab().toImage().pixelColor(edge) == s.editor.theme().mark;
-        };
-        for (QWidget* const focus : {static_cast<QWidget*>(&s.list), static_cast<QWidget*>(&s.canvas)}) {
+        for (QWidget* const focus : std::initializer_list<QWidget*>{&s.list, &s.canvas}) {
             focus->setFocus();
-            QCOMPARE(isFramed(), focus == &s.canvas);
-        }
-        for (const auto& [name, deed] : deeds) {
-            Scene fresh;
-            fresh.clickPoint();
-            fresh.list.setFocus();
-            deed(fresh);
-            QVERIFY2((fresh.editor.focusWidget() == &fresh.canvas) == (name != QString("menu that is left")),
-                     name);
+            const QPoint edge(s.canvas.width() - 1, s.canvas.height() / 3);
+            const bool isFramed = s.canvas.grab().toImage().pixelColor(edge) == s.editor.theme().mark;
+            QCOMPARE(isFramed, focus == &s.canvas);
         }
     }
 
-    void tabGoesAllTheWayRound()
+    void canvasGetsTheFocusBack_data()
     {
-        for (const bool hasPoint : {false, true}) {
-            for (const int page : {0, 1, 2}) {
-                Scene s;
-                if (hasPoint)
-                    s.clickPoint();
-                else
-                    s.editor.cleanSelecteds();
-                s.editor.tabWidget2->setCurrentIndex(page);
-                QSet<QWidget*> stops{&s.canvas};
-                for (QWidget* const widget : s.editor.findChildren<QWidget*>()) {
-                    if ((widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() && widget->isEnabled())
-                        stops.insert(widget);
-                }
-                for (QWidget* const stop : std::initializer_list<QWidget*>{&s.list, s.button("File"),
-                                                                           s.editor.tabWidget2->tabBar()})
-                    QVERIFY(stops.contains(stop));
-                QList<QWidget*> forth;
-                QList<QWidget*> back;
-                for (const auto& [way, key] : {std::pair{&forth, Qt::Key_Tab}, {&back, Qt::Key_Backtab}}) {
-                    s.canvas.setFocus();
-                    do {
-                        QTest::keyClick(QApplication::focusWidget(), key);
-                        way->append(QApplication::focusWidget());
-                    } while (!s.canvas.hasFocus() && way->size() <= stops.size());
-                }
-                QCOMPARE(QSet<QWidget*>(forth.begin(), forth.end()), stops);
-                QCOMPARE(forth.size(), stops.size());
-                std::reverse(back.begin(), back.end() - 1);
-                QCOMPARE(back, forth);
+        const Rows<bool, Deed> row;
+        row("Fit", true, [](Scene& s) { QTest::mouseClick(s.button("Fit"), Qt::LeftButton); });
+        row("menu", true, [](Scene& s) {
+            chooseFrom(s.button("Edit"), [](QMenu& menu) { return entryOf(menu, "Select all"); });
+        });
+        row("menu that is left", false,
+            [](Scene& s) { chooseFrom(s.button("Edit"), [](QMenu&) { return nullptr; }); });
+        row("dialog", true, [](Scene& s) {
+            QTest::keyClick(&s.list, Qt::Key_S, alt); // opens it by the loop
+            whenOpen<QDialog>([](QDialog& dialog) { dialog.reject(); });
+            QCoreApplication::processEvents();
+        });
+        row("Simplify", true, [](Scene& s) {
+            QTest::keyClick(&s.list, Qt::Key_S, shift);
+            s.editor.findChild<QDialog*>()->reject();
+        });
+    }
+    void canvasGetsTheFocusBack()
+    {
+        const auto [getsItBack, deed] = Rows<bool, Deed>::present();
+        Scene s;
+        s.clickPoint().list.setFocus();
+        deed(s);
+        QCOMPARE(s.editor.focusWidget() == &s.canvas, getsItBack);
+    }
+
+    void tabGoesAllTheWayRoundInReadingOrder()
+    {
+        constexpr int none = -1;
+        for (const auto& [page, type] : {std::pair(0, none),
+                                         {1, none},
+                                         {0, int(SplineBase::Tcb)},
+                                         {0, int(SplineBase::Bezier)},
+                                         {1, int(SplineBase::Bezier)},
+                                         {2, int(SplineBase::Tcb)}}) {
+            Scene s;
+            CurveEditor& editor = s.editor;
+            s.x.modify(1u)->type = type;
+            type == none ? editor.cleanSelecteds() : void(s.clickPoint());
+            editor.tabWidget2->setCurrentIndex(page);
+            QSet<QWidget*> stops{&s.canvas};
+            for (QWidget* const widget : editor.findChildren<QWidget*>()) {
+                if ((widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() && widget->isEnabled())
+                    stops.insert(widget);
             }
+            QList<QWidget*> forth, back;
+            for (const auto& [way, key] : {std::pair{&forth, Qt::Key_Tab}, {&back, Qt::Key_Backtab}}) {
+                s.canvas.setFocus();
+                do {
+                    QTest::keyClick(QApplication::focusWidget(), key);
+                    way->append(QApplication::focusWidget());
+                } while (!s.canvas.hasFocus() && way->size() <= stops.size());
+            }
+            QCOMPARE(QSet<QWidget*>(forth.begin(), forth.end()), stops);
+            QCOMPARE(forth.size(), stops.size());
+            std::reverse(back.begin(), back.end() - 1);
+            QCOMPARE(back, forth);
+            if (type == none)
+                continue;
+            QList<QWidget*> first{editor.node,     editor.posX,          editor.posY,   editor.nodeFirst,
+                                  editor.nodeLast, editor.nodeTypeCombo, editor.easeTo, editor.easeFrom};
+            if (page == 0 && type == SplineBase::Tcb)
+                first += {editor.tension, editor.continuity, editor.bias};
+            else if (page == 0)
+                first += {editor.incoming, editor.outgoing};
+            else
+                first = {
+                    s.button("Unary functions"), s.button("Binary functions"), s.button("Ternary functions"),
+                    s.button("I vars"),          s.button("D vars"),           editor.commandLine};
+            if (page < 2)
+                QCOMPARE(forth.mid(0, first.size()), first);
+            const QList<QWidget*> last{s.button("Edit"), s.button("Scale"),           s.button("Pan"),
+                                       &s.list,          editor.tabWidget2->tabBar(), &s.canvas};
+            QCOMPARE(forth.mid(forth.size() - last.size()), last);
         }
     }
 
@@ -232,8 +216,7 @@ private Q_SLOTS:
             };
             QVERIFY(escape() && s.editor.posY->hasFocus() && s.x[1]->pos == 1.0);
             QVERIFY(escape() && s.canvas.hasFocus() && filter.text() == "x");
-            s.press(5.0, 1.0);
-            s.move(6.0, 2.0);
+            s.press(5.0, 1.0).move(6.0, 2.0);
             QVERIFY(escape() && s.x[1]->time == 5.0 && filter.text() == "x");
             s.release(6.0, 2.0);
             QVERIFY(escape() && filter.text().isEmpty() && s.control().hasSelection());
@@ -258,9 +241,7 @@ private Q_SLOTS:
                 (hasFocus ? static_cast<QWidget*>(box) : &s.canvas)->setFocus();
                 const int before = box->currentIndex();
                 const int delta = before == 0 ? -120 : 120;
-                QWheelEvent event({5, 5}, box->mapToGlobal(QPointF(5, 5)), {}, {0, delta}, Qt::NoButton, {},
-                                  Qt::NoScrollPhase, false);
-                QApplication::sendEvent(box, &event);
+                turnWheel(*box, {5, 5}, {0, delta});
                 QCOMPARE(box->currentIndex() != before, hasFocus);
             }
         }

@@ -4,12 +4,6 @@
 #include <curveeditor/model/SplineState.h>
 #include <curveeditor/shell/BakeDialog.h>
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QThread>
-
-#include <cmath>
-
 namespace {
 
 /// The scene, in which "a.x" has 101 points at the times 0 to 10, and what a user does at the dialogs.
@@ -63,22 +57,24 @@ class tst_FitDialogs : public QObject
 {
     Q_OBJECT
 
+    using Tolerances = Rows<QString, int>;  // and the most points, 101 where the curve stays as it is
+    using Meanwhile = Rows<int, int, Deed>; // points after Cancel, and the most after OK
+    using Baked = Rows<QString, QStringList, int, QString>; // from, to and every; empty where it is refused
+
 private Q_SLOTS:
     void curveFollowsTheTolerance_data()
     {
-        QTest::addColumn<QString>("tolerance");
-        QTest::addColumn<int>("mostPoints"); // 101 where the curve stays as it is
-        QTest::newRow("usual") << QString() << 40;
-        QTest::newRow("coarse") << "0,5" << 20;
-        QTest::newRow("huge") << "1e300" << 2;
-        QTest::newRow("none") << "0" << 101;
+        const Tolerances row;
+        row("usual", {}, 40);
+        row("coarse", "0,5", 20);
+        row("huge", "1e300", 2);
+        row("none", "0", 101);
         for (const char* const bad : {"x", " ", "-1", "nan", "inf", "1e999", "1 2"})
-            QTest::newRow(bad) << bad << 101;
+            row(bad, bad, 101);
     }
     void curveFollowsTheTolerance()
     {
-        QFETCH(const QString, tolerance);
-        QFETCH(const int, mostPoints);
+        const auto [tolerance, mostPoints] = Tolerances::present();
         const bool isDone = mostPoints < 101;
         for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Return}) {
             FitScene s;
@@ -145,13 +141,13 @@ private Q_SLOTS:
     void simplifyNeedsASplineOfThreePoints()
     {
         FitScene s;
-        s.canvas.canvas.setCurrentCurve("a.z");
+        s.turnTo("a.z");
         s.curves["a.z"].spline.addPoint(8.0, 1.0);
         for (const bool editsAll : {false, true}) {
             s.canvas.canvas.setEditsAllCurves(editsAll);
             QVERIFY(!s.open(Qt::Key_S));
         }
-        s.canvas.canvas.setCurrentCurve("a.y");
+        s.turnTo("a.y");
         QVERIFY(!s.open(Qt::Key_S));
         SplineBase& spline = s.curves["a.y"].spline;
         for (const double value : {3.0, 4.0, 5.0}) // a step: all at one time
@@ -164,12 +160,7 @@ private Q_SLOTS:
 
     void hostMayDoAnythingMeanwhile_data()
     {
-        QTest::addColumn<Deed>("deed");
-        QTest::addColumn<int>("pointsAfterCancel");
-        QTest::addColumn<int>("mostAfterOk");
-        const auto row = [](const char* name, int afterCancel, int mostAfterOk, const Deed& deed) {
-            QTest::newRow(name) << deed << afterCancel << mostAfterOk;
-        };
+        const Meanwhile row;
         row("nothing", 101, 20, [](Scene&) {});
         row("change", 1, 1, [](Scene& s) { s.x.reset(), s.editor.updateCurves(); });
         row("another curve", 101, 20, [](Scene& s) { s.editor.setDefaultSelected("a", "y"); });
@@ -182,9 +173,7 @@ private Q_SLOTS:
     }
     void hostMayDoAnythingMeanwhile()
     {
-        QFETCH(const Deed, deed);
-        QFETCH(const int, pointsAfterCancel);
-        QFETCH(const int, mostAfterOk);
+        const auto [pointsAfterCancel, mostAfterOk, deed] = Meanwhile::present();
         for (const bool accepts : {false, true}) {
             for (const Qt::Key key : {Qt::Key_S, Qt::Key_B}) {
                 FitScene s;
@@ -261,14 +250,7 @@ private Q_SLOTS:
 
     void formulaBecomesPoints_data()
     {
-        QTest::addColumn<QString>("formula");
-        QTest::addColumn<QStringList>("typed"); // from, to, every
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("outcome"); // empty where it is refused
-        const auto row = [](const char* name, const QString& formula, const QStringList& typed, int kind,
-                            const QString& outcome) {
-            QTest::newRow(name) << formula << typed << kind << outcome;
-        };
+        const Baked row;
         row("each frame", "f+10", {"0", "20", "1"}, 0, "Number of points: 21");
         row("beyond the limits of the curve", "1e4t", {"0", "10", "2.5"}, 1, "Number of points: 5");
         row("Tcb", "t*t", {"-5", "5", "3"}, 2, "Number of points: 5");
@@ -286,10 +268,7 @@ private Q_SLOTS:
     }
     void formulaBecomesPoints()
     {
-        QFETCH(const QString, formula);
-        QFETCH(const QStringList, typed);
-        QFETCH(const int, kind);
-        QFETCH(const QString, outcome);
+        const auto [formula, typed, kind, outcome] = Baked::present();
         FitScene s;
         if (!formula.isEmpty())
             s.enter(formula);

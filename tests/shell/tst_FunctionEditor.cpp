@@ -3,8 +3,6 @@
 
 #include <curveeditor/panel/ExpressionEditLine.h>
 
-#include <QTabWidget>
-
 class tst_FunctionEditor : public QObject
 {
     Q_OBJECT
@@ -45,33 +43,6 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), &fixture->canvas);
     }
 
-    void tabGoesInReadingOrder()
-    {
-        fixture->clickPoint();
-        CurveEditor& editor = fixture->editor;
-        const QList<QWidget*> page{editor.node,     editor.posX,          editor.posY,   editor.nodeFirst,
-                                   editor.nodeLast, editor.nodeTypeCombo, editor.easeTo, editor.easeFrom};
-        const QList<QWidget*> pages[] = {
-            page + QList<QWidget*>{editor.tension, editor.continuity, editor.bias},
-            page + QList<QWidget*>{editor.incoming, editor.outgoing},
-            {fixture->button("Unary functions"), fixture->button("Binary functions"),
-             fixture->button("Ternary functions"), fixture->button("I vars"), fixture->button("D vars"),
-             editor.commandLine}};
-        for (const int index : {0, 1, 2}) {
-            editor.tabWidget2->setCurrentIndex(index / 2);
-            fixture->curves["cam.lens"].spline.modify(1)->type =
-                index == 1 ? SplineBase::Bezier : SplineBase::Tcb;
-            editor.updateCurves();
-            fixture->button("Edit")->setFocus();
-            const QList<QWidget*> order{fixture->button("Scale"), fixture->button("Pan"), &fixture->list,
-                                        editor.tabWidget2->tabBar(), &fixture->canvas};
-            for (QWidget* const next : order + pages[index]) {
-                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-                QCOMPARE(QApplication::focusWidget(), next);
-            }
-        }
-    }
-
     void fitShowsTheCurrentCurve()
     {
         QTest::mouseClick(fixture->button("Fit H"), Qt::LeftButton);
@@ -81,6 +52,11 @@ private Q_SLOTS:
         fixture->editor.setExpression();
         fixture->editor.completeViewport();
         QCOMPARE(fixture->canvas.valueMax, 1.22);
+        fixture->editor.setTcb();
+        fixture->editor.resetViewport();
+        for (const char* const keys : {"Alt+T", "Alt+C"})
+            QTest::keySequence(&fixture->editor, QKeySequence(keys));
+        QVERIFY(fixture->editor.isModeTime() && fixture->canvas.timeMax == 5.0);
     }
 
     void themeIsTheEditorsOwnOnceAHostHasSetIt()
@@ -104,26 +80,6 @@ private Q_SLOTS:
                  QColor(Qt::blue));
         QVERIFY(fixture->canvas.canvas.hands().hasPointAt(fixture->pixel(5.0, 1.0) + QPoint(19, 0)));
         CurveEditor().setControlPointColor(Qt::black); // for the other tests
-    }
-
-    void hostGivesEachPartItsColor()
-    {
-        using Theme = CurveEditorTheme;
-        const std::pair<void (CurveEditor::*)(const QColor&), QColor Theme::*> parts[] = {
-            {&CurveEditor::setSelectionColor, &Theme::selection},
-            {&CurveEditor::setControllerColor, &Theme::controller},
-            {&CurveEditor::setControllerSelectedColor, &Theme::controllerSelected},
-            {&CurveEditor::setControlPointSelectedColor, &Theme::controlPointSelected},
-            {&CurveEditor::setFrameFontColor, &Theme::labels},
-            {&CurveEditor::setFrameLinesColor, &Theme::gridLines},
-            {&CurveEditor::setFrameHLineColor, &Theme::frameHLine},
-            {&CurveEditor::setFrameVLineColor, &Theme::frameVLine},
-            {&CurveEditor::setTimeLineColor, &Theme::timeLine}};
-        for (const auto& [give, part] : parts) {
-            fixture->editor.setTheme(Theme::light());
-            (fixture->editor.*give)(Qt::magenta);
-            QCOMPARE(fixture->editor.theme().*part, QColor(Qt::magenta));
-        }
     }
 
     void themeOfAPaletteFollowsIt()

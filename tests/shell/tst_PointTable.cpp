@@ -3,15 +3,6 @@
 
 #include <curveeditor/edit/PointText.h>
 
-#include <QAbstractItemModelTester>
-#include <QClipboard>
-#include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTabWidget>
-#include <QTableView>
-#include <QToolTip>
-#include <QUndoStack>
-
 namespace {
 
 /// An editor with the page "Points" in front.
@@ -48,10 +39,18 @@ struct Scene : EditorFixture
         table.selectRow(first);
         table.selectionModel()->select({cell(first, 0), cell(last, 9)}, QItemSelectionModel::Select);
     }
+    void goTo(int row, int column)
+    {
+        table.selectionModel()->setCurrentIndex(cell(row, column), QItemSelectionModel::NoUpdate);
+    }
+    void clickRow(int row, Qt::KeyboardModifiers keys = {})
+    {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, keys, table.visualRect(cell(row, 0)).center());
+    }
     QLineEdit* openCell(int row, int column)
     {
         table.setFocus();
-        table.selectionModel()->setCurrentIndex(cell(row, column), QItemSelectionModel::NoUpdate);
+        goTo(row, column);
         table.edit(cell(row, column));
         return table.findChild<QLineEdit*>();
     }
@@ -83,6 +82,8 @@ class tst_PointTable : public QObject
     Q_OBJECT
 
     using Work = std::function<void(Scene&)>;
+    using Typing =
+        Rows<int, QString, QString, int>; // the column shown then, empty for no edit; the last selected row
 
 private Q_SLOTS:
     void numbersShowSixDigitsAndAreEditedInFullPrecision()
@@ -113,40 +114,30 @@ private Q_SLOTS:
 
     void typedTextIsOneEdit_data()
     {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown"); // empty for no edit
-        QTest::addColumn<int>("lastSelected");
-        const auto row = [](const char* name, int column, const QString& typed, const QString& shown,
-                            int lastSelected = 1) {
-            QTest::newRow(name) << column << typed << shown << lastSelected;
-        };
-        row("value", Value, "2.123456789012345", "0 2.123456789012345 0.1 0.3333333333333333");
-        row("comma", Value, "-2,5", "0 -2.5 0.1 0.3333333333333333");
+        const Typing row;
+        row("value", Value, "2.123456789012345", "0 2.123456789012345 0.1 0.3333333333333333", 1);
+        row("comma", Value, "-2,5", "0 -2.5 0.1 0.3333333333333333", 1);
         row("three values", Value, "4", "0 4 4 4", 3);
-        row("time past another", Time, "8", "0 7 8 9");
+        row("time past another", Time, "8", "0 7 8 9", 1);
         row("three times", Time, "-1", "-1 -1 -1 0", 3);
         row("beyond a bound", Tension, "11", "0 10 10 0", 2);
-        row("below a bound", EaseFrom, "-7", "0 -1 0 0");
-        row("slope", Incoming, "1e3", "0 1000 0 0");
-        row("same number", Value, "1", "");
+        row("below a bound", EaseFrom, "-7", "0 -1 0 0", 1);
+        row("slope", Incoming, "1e3", "0 1000 0 0", 1);
+        row("same number", Value, "1", "", 1);
         row("shown text goes to all", Value, "1", "0 1 1 0.3333333333333333", 2);
-        row("word", Value, "x", "");
+        row("word", Value, "x", "", 1);
         row("left as it was", Value, "", "", 2);
-        row("sum", Value, "1+,5", "0 1.5 0.1 0.3333333333333333");
-        row("infinite", Time, "1/0", "");
-        row("infinite parameter", Tension, "-1/0", "0 -10 0 0");
-        row("not a number", Bias, "nan", "");
+        row("sum", Value, "1+,5", "0 1.5 0.1 0.3333333333333333", 1);
+        row("infinite", Time, "1/0", "", 1);
+        row("infinite parameter", Tension, "-1/0", "0 -10 0 0", 1);
+        row("not a number", Bias, "nan", "", 1);
     }
     void typedTextIsOneEdit()
     {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 3, 0)
         QTest::failOnWarning(QRegularExpression("closeEditor"));
 #endif
-        QFETCH(int, column);
-        QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        QFETCH(int, lastSelected);
+        const auto [column, typed, shown, lastSelected] = Typing::present();
         Scene s;
         const QString before = s.column(column);
         s.select(1, lastSelected);
@@ -234,11 +225,10 @@ private Q_SLOTS:
         QCOMPARE(s.selectedRows(), "2");
         QVERIFY(picks.isEmpty());
         s.select(2, 3);
-        QTest::mouseClick(s.table.viewport(), Qt::LeftButton, Qt::ControlModifier,
-                          s.table.visualRect(s.cell(3, 0)).center());
+        s.clickRow(3, Qt::ControlModifier);
         QCOMPARE(s.selection().edited(), std::vector{s.x[2]->serial});
         QCOMPARE(s.table.currentIndex().row(), 3);
-        QTest::mouseClick(s.table.viewport(), Qt::LeftButton, {}, s.table.visualRect(s.cell(0, 0)).center());
+        s.clickRow(0);
         QCOMPARE(s.selection().edited(), std::vector{s.x[0]->serial});
         QVERIFY(s.selection().hasSingle() && s.editor.posX->isEnabled());
         QVERIFY(s.changes.count() <= 3 && s.editor.undoStack()->count() == 0);
@@ -285,35 +275,20 @@ private Q_SLOTS:
             const QModelIndex at = s.table.currentIndex();
             return QStringLiteral("%1,%2: %3").arg(at.row()).arg(at.column()).arg(s.selectedRows());
         };
-        const auto press = [&s](Qt::Key key, Qt::KeyboardModifiers keys = {}) {
-            QTest::keyClick(&s.table, key, keys);
-        };
         s.table.setFocus();
         s.canvas.canvas.currentControl()->selection().selectAll({s.x[0]->serial, s.x[2]->serial});
         s.canvas.showSelection(false);
-        const struct
-        {
-            Qt::Key key;
-            Qt::KeyboardModifiers keys;
-            const char* place;
-        } steps[] = {{Qt::Key_Left, {}, "0,0: 0 2"},
-                     {Qt::Key_Right, {}, "0,1: 0 2"},
-                     {Qt::Key_Right, Qt::ShiftModifier, "0,2: 0 2"},
-                     {Qt::Key_Left, Qt::ShiftModifier, "0,1: 0 2"},
-                     {Qt::Key_Down, Qt::ShiftModifier, "1,1: 0 1 2"},
-                     {Qt::Key_Return, {}, "2,1: 0 1 2"},
-                     {Qt::Key_Enter, Qt::KeypadModifier, "3,1: 3"},
-                     {Qt::Key_Return, {}, "3,1: 3"},
-                     {Qt::Key_Up, {}, "2,1: 2"}};
-        for (const auto& step : steps) {
-            press(step.key, step.keys);
-            QCOMPARE(place(), step.place);
+        for (const QString step : {"Left 0,0: 0 2", "Right 0,1: 0 2", "Shift+Right 0,2: 0 2",
+                                   "Shift+Left 0,1: 0 2", "Shift+Down 1,1: 0 1 2", "Return 2,1: 0 1 2",
+                                   "Num+Enter 3,1: 3", "Return 3,1: 3", "Up 2,1: 2"}) {
+            QTest::keySequence(&s.table, QKeySequence(step.section(' ', 0, 0)));
+            QCOMPARE(place(), step.section(' ', 1));
         }
         s.type(2, Value, "4");
         QCOMPARE(place(), "3,1: 3");
         s.select(1, 3);
-        s.table.selectionModel()->setCurrentIndex(s.cell(2, EaseFrom), QItemSelectionModel::NoUpdate);
-        press(Qt::Key_Right);
+        s.goTo(2, EaseFrom);
+        QTest::keyClick(&s.table, Qt::Key_Right);
         QCOMPARE(place(), "2,9: 1 2 3");
         const auto corner = [&s] {
             return s.table.viewport()->grab().toImage().pixelColor(
@@ -342,7 +317,7 @@ private Q_SLOTS:
         s.editor.updateCurves();
         QVERIFY(resets.isEmpty() && !changes.isEmpty());
         QCOMPARE(s.selectedRows(), "1");
-        s.table.selectionModel()->setCurrentIndex(s.cell(3, Value), QItemSelectionModel::NoUpdate);
+        s.goTo(3, Value);
         s.x.addPoint(-1.0, 0.0);
         s.editor.updateCurves();
         QCOMPARE(s.selectedRows(), "2");
@@ -352,11 +327,7 @@ private Q_SLOTS:
     /// The host does something while a cell is open; then Return is pressed in the cell, if it still is.
     void hostChangesTheCurveDuringTyping_data()
     {
-        QTest::addColumn<Work>("work");
-        QTest::addColumn<QString>("values");
-        const auto row = [](const char* name, const QString& values, const Work& work) {
-            QTest::newRow(name) << work << values;
-        };
+        const Rows<QString, Work> row;
         row("other value", "0 42 0.1 0.5",
             [](Scene& s) { s.x.modify(3)->pos = 0.5, s.editor.updateCurves(); });
         row("point gone", "0 0.1 0.3333333333333333", [](Scene& s) { s.x.remove(s.x[1]); });
@@ -380,7 +351,7 @@ private Q_SLOTS:
     }
     void hostChangesTheCurveDuringTyping()
     {
-        QFETCH(Work, work);
+        const auto [values, work] = Rows<QString, Work>::present();
         Scene s;
         const QAbstractItemModelTester tester(s.table.model());
         const QPointer<QLineEdit> line(s.openCell(1, Value));
@@ -390,19 +361,19 @@ private Q_SLOTS:
         s.pressReturn(line);
         QVERIFY(!line);
         s.editor.updateCurves();
-        QTEST(s.column(Value), "values");
+        QCOMPARE(s.column(Value), values);
     }
 
     void hostMayFreeTheEditorOfACell_data()
     {
-        QTest::addColumn<Work>("leave");
-        QTest::newRow("Return") << Work([](Scene& s) { s.pressReturn(s.table.findChild<QLineEdit*>()); });
-        QTest::newRow("focus") << Work([](Scene& s) { s.canvas.setFocus(); });
-        QTest::newRow("another cell") << Work([](Scene& s) { s.table.setCurrentIndex(s.cell(2, Value)); });
+        const Rows<Work> row;
+        row("Return", [](Scene& s) { s.pressReturn(s.table.findChild<QLineEdit*>()); });
+        row("focus", [](Scene& s) { s.canvas.setFocus(); });
+        row("another cell", [](Scene& s) { s.table.setCurrentIndex(s.cell(2, Value)); });
     }
     void hostMayFreeTheEditorOfACell()
     {
-        QFETCH(Work, leave);
+        const auto [leave] = Rows<Work>::present();
         Scene s;
         const QPointer<QLineEdit> line(s.openCell(1, Value));
         QTest::keyClicks(line, "42");

@@ -6,12 +6,6 @@
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/shell/BakeDialog.h>
 
-#include <QAccessible>
-#include <QSignalSpy>
-#include <QTableView>
-
-#include <sstream>
-
 class tst_PointTypes : public QObject
 {
     Q_OBJECT
@@ -25,8 +19,7 @@ private Q_SLOTS:
         PointTypes::use(types);
         Scene s;
         const CurveState before = s.states()["a.x"];
-        s.selectTwo();
-        s.choose(6);
+        s.selectTwo().choose(6);
         QCOMPARE(s.x[1]->type, 3);
         QCOMPARE(s.changes, QStringList{"a/x"});
         QCOMPARE(s.texts(ControlSplineNode::menu()).mid(1, 4),
@@ -51,8 +44,7 @@ private Q_SLOTS:
         QCOMPARE(read.getLast()->type, 3);
 
         QSignalSpy named(ControlSplineNode::menu(), &ControlMenu::setSelectedLinear);
-        s.selectTwo();
-        s.choose(1);
+        s.selectTwo().choose(1);
         QVERIFY(named.count() == 1 && s.x[1]->type == SplineBase::Linear);
         s.clickPoint();
         QTest::keyClick(s.editor.nodeTypeCombo, Qt::Key_End);

@@ -8,12 +8,6 @@
 #include <curveeditor/shell/Translations.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
-#include <QAccessible>
-#include <QAction>
-#include <QRegularExpression>
-#include <QTableView>
-#include <QTranslator>
-
 #include <set>
 
 namespace {

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Preloaded into a program on Linux, this lets one of its calls fail that concern FAULT_FOLDER or what is in it: the
-// FAULT_CALLth, counted from 1. FAULT_HOW tells how: a number of errno; "short", half of what is to be written; or
-// a loss of power just before the call, or at the end if there are fewer calls: "drop" empties the files whose
-// content was not synced, "undo" takes back a rename, too, that the folder was not synced after. Its name is
-// written to the file FAULT_REPORT, or the microseconds from the first call to the last if none failed. The program
-// is killed FAULT_ALARM microseconds after the first call, unless that is 0.
+// FAULT_CALLth, counted from 1. FAULT_HOW tells how: a number of errno; "short", half of what is to be written; "kill",
+// the program is killed before it; or a loss of power just before the call, or at the end if there are fewer calls:
+// "drop" empties the files whose content was not synced, "undo" takes back a rename, too, that the folder was not
+// synced after. Its name is written to the file FAULT_REPORT, or "none" if none failed.
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <set>
@@ -15,12 +13,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/time.h>
 #include <unistd.h>
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 std::string setting(const char* name)
 {
@@ -35,8 +30,7 @@ struct State
     int callsLeft = std::atoi(setting("FAULT_CALL").c_str());
     bool hasFailed = false;
     std::set<std::string> unsynced;
-    std::string renamed;           // to this name, while the folder is not synced
-    Clock::time_point start, last; // call
+    std::string renamed; // to this name, while the folder is not synced
 };
 
 State& state()
@@ -60,6 +54,8 @@ void report(const std::string& text)
 /// False if the fault is another one.
 bool losePower()
 {
+    if (state().how == "kill")
+        return true;
     if (state().how != "drop" && state().how != "undo")
         return false;
     if (state().how == "undo" && !state().renamed.empty())
@@ -71,10 +67,10 @@ bool losePower()
 
 [[gnu::destructor]] void end()
 {
-    if (state().hasFailed || state().start == Clock::time_point())
+    if (state().hasFailed)
         return;
     losePower();
-    report(std::to_string((state().last - state().start) / std::chrono::microseconds(1)));
+    report("none");
 }
 
 std::string pathOf(int file)
@@ -89,21 +85,10 @@ bool concerns(const std::string& path)
     return !state().folder.empty() && path.starts_with(state().folder);
 }
 
-void startAlarm()
-{
-    state().start = Clock::now();
-    std::signal(SIGALRM, [](int) { kill(getpid(), SIGKILL); });
-    const itimerval timer = {{}, {0, std::atoi(setting("FAULT_ALARM").c_str())}};
-    setitimer(ITIMER_REAL, &timer, nullptr);
-}
-
 bool fails(const char* name, const std::string& path)
 {
     if (!concerns(path))
         return false;
-    if (state().start == Clock::time_point())
-        startAlarm();
-    state().last = Clock::now();
     const bool isShort = state().how == "short";
     if ((isShort && std::string(name) != "write") || --state().callsLeft != 0)
         return false;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/CustomEditLine.h>
-
-#include <QTest>
+#include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/panel/TextSpan.h>
+#include <support/Drop.h>
+#include <support/Test.h>
 
 using Values = std::vector<double>;
 
@@ -24,7 +26,15 @@ struct NotingLine : CustomEditLine
 
 } // namespace
 
-class tst_CustomEditLine : public QObject
+static ParseMessage messageOf(const std::string& text, std::uint32_t offset, std::uint32_t length)
+{
+    ParseMessage message;
+    message.text = text;
+    message.errors = {{offset, length}, {0, 1}};
+    return message;
+}
+
+class tst_EditLines : public QObject
 {
     Q_OBJECT
 
@@ -184,7 +194,50 @@ private Q_SLOTS:
         QTest::mouseRelease(&line, Qt::LeftButton);
         QCOMPARE(line.reported.size(), 1U);
     }
+
+    void spansOfBytesBecomeSpansOfCharacters()
+    {
+        for (const auto& [utf8, offset, length, start, characters] :
+             {std::tuple{"é+öä*t", 3u, 4u, 2, 2},
+              {"😀+x😀", 5u, 5u, 3, 3},
+              {"a😀b", 1u, 1u, 1, 2}, // parts of a character
+              {"a😀b", 2u, 3u, 1, 2},
+              {"é1", 2u, ~0u, 1, 1},
+              {"é", 7u, ~0u, 1, 0},
+              {"\xFF\x80+x", 3u, 1u, 3, 1}}) {
+            const TextSpan span = textSpan(utf8, offset, length);
+            QCOMPARE(QPoint(span.start, span.length), QPoint(start, characters));
+        }
+    }
+
+    void firstSpanIsSelectedInTheWarningColorUntilTheNextKey()
+    {
+        ExpressionEditLine line;
+        const QPalette saved = line.palette();
+        line.showMessage(messageOf("größe + fuß", 10, 4));
+        QCOMPARE(line.selectedText(), QString::fromUtf8("fuß"));
+        QCOMPARE(line.palette().color(QPalette::HighlightedText), QColor(255, 55, 33));
+        QCOMPARE(line.palette().color(QPalette::Highlight), saved.color(QPalette::Base));
+        QTest::keyClicks(&line, "t");
+        QCOMPARE(line.text(), QString::fromUtf8("größe + t"));
+        QCOMPARE(line.palette(), saved);
+        QVERIFY(saved.color(QPalette::Text).lightness() - saved.color(QPalette::Base).lightness() > 128);
+        line.showMessage(messageOf("1", 0, 1));
+        line.showMessage(messageOf(std::string(20000, '1'), 17000, 5));
+        QCOMPARE(line.text(), "1");
+        QTest::mouseClick(&line, Qt::LeftButton);
+        QCOMPARE(line.palette(), saved);
+    }
+
+    void dropInsertsAtTheCursorWithUnderscores()
+    {
+        ExpressionEditLine line;
+        line.setText("1+2");
+        line.setSelection(0, 2);
+        QVERIFY(!dropOn(line, {}) && dropOn(line, "Camera.focus pull"));
+        QCOMPARE(line.text(), "1+Camera.focus_pull2");
+    }
 };
 
-QTEST_MAIN(tst_CustomEditLine)
-#include "tst_CustomEditLine.moc"
+QTEST_MAIN(tst_EditLines)
+#include "tst_EditLines.moc"

@@ -1,26 +1,35 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/DragGuide.h>
+#include <curveeditor/edit/ViewStep.h>
+#include <support/Test.h>
 
-#include <QTest>
+namespace {
 
-#include <limits>
+const PlaneMapping view(0.0, 10.0, -5.0, 5.0, 1000, 500);
+const ViewStep::Limits limits{{-20.0, 20.0}, {-10.0, 10.0}};
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
+QString text(const PlaneMapping& shown)
+{
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(shown.timeMin)
+        .arg(shown.timeMax)
+        .arg(shown.valueMin)
+        .arg(shown.valueMax);
+}
 
-class tst_Snap : public QObject
+} // namespace
+
+class tst_PlaneSteps : public QObject
 {
     Q_OBJECT
+
+    using Snaps = Rows<unsigned, Gesture::Place, Snap::Result>;
 
 private Q_SLOTS:
     /// A pixel is 0.1 wide and 0.1 high, so that what attracts lies within 0.8.
     void placeSnapsToTheNearest_data()
     {
-        QTest::addColumn<unsigned>("kinds");
-        QTest::addColumn<Gesture::Place>("place");
-        QTest::addColumn<Snap::Result>("expected");
-        const auto row = [](const char* name, unsigned kinds, Gesture::Place place, Snap::Result expected) {
-            QTest::newRow(name) << kinds << place << expected;
-        };
+        const Snaps row;
         const unsigned all = Snap::Frames | Snap::GridLines | Snap::Points | Snap::TimeLine;
         row("nothing is on", 0u, {12.4, 9.9}, {{12.4, 9.9}, 0u, 0u});
         row("frame", Snap::Frames, {3.9, 3.1}, {{4.0, 3.1}, Snap::Frames, 0u});
@@ -53,9 +62,7 @@ private Q_SLOTS:
         QVERIFY(twin.assign({{*spline.getLast()}}));
         twin.setTime(twin.modify(0), 60.0);
         snap.setPoints({{&spline, {spline.getLast()->serial}}, {nullptr}, {&twin}});
-        QFETCH(const unsigned, kinds);
-        QFETCH(const Gesture::Place, place);
-        QFETCH(const Snap::Result, expected);
+        const auto [kinds, place, expected] = Snaps::present();
         snap.kinds = kinds;
         const Snap::Result result = snap.snapped(place, {0.0, 100.0, 0.0, 50.0, 1000, 500});
         QCOMPARE(result.place.time, expected.place.time);
@@ -94,7 +101,38 @@ private Q_SLOTS:
         for (const PlaneMapping& empty : {PlaneMapping(), PlaneMapping(-1e308, 1e308, 0.0, 50.0, 1000, 500)})
             QCOMPARE(snap.snapped({2.1, 3.1}, empty).place.time, 2.1);
     }
+
+    void stepsGoAsFarAsTheLimitsLet()
+    {
+        using namespace ViewStep;
+        const PlaneMapping outside(15.0, 35.0, -5.0, 5.0, 1000, 500);
+        const AxisRange point{3.0, 3.0};
+        const QPointF corner(1000.0, 500.0);
+        const std::pair<PlaneMapping, const char*> steps[] = {
+            {zoomed(view, limits, {200.0, 0.0}, 0.5, 0.5), "1 6 0 5"},
+            {zoomed(view, limits, {500.0, 250.0}, 2.0, 1.0), "-5 15 -5 5"},
+            {zoomed(view, limits, {0.0, 500.0}, 3.0, 1.5), "-10 20 -5 10"},
+            {zoomed(view, limits, corner, 1e300, 1e300), "-20 20 -10 10"},
+            {zoomed(view, limits, {0.0, 250.0}, 1e-300, 1.0), "0 1e-09 -5 5"},
+            {zoomed(view, limits, corner, 1e-300, 1e-300), "9.998 10 -5 -4.999"},
+            {zoomed(outside, limits, corner, 10.0, 1.0), "-20 35 -5 5"},
+            {zoomed(view, limits, corner, std::nan(""), 1.0), "0 10 -5 5"},
+            {zoomed(view, limits, corner, 0.0, -1.0), "0 10 -5 5"},
+            {panned(view, limits, {100.0, 50.0}), "-1 9 -4 6"},
+            {panned(view, limits, {-1e300, 1e300}), "10 20 0 10"},
+            {panned(outside, limits, {-100.0, 0.0}), "15 35 -5 5"},
+            {panned(outside, limits, {100.0, 0.0}), "13 33 -5 5"},
+            {panned(view, limits, {std::nan(""), 0.0}), "0 10 -5 5"},
+            {showing(view, limits, {1.0, 3.0}, {0.0, 2.0}), "0.9 3.1 -0.2 2.2"},
+            {showing(view, limits, {1.0, 30.0}, {-99.0, 99.0}), "-11.9 20 -10 10"},
+            {showing(view, limits, point, point), "-2 8 -2 8"},
+            {showing(view, limits, {-HUGE_VAL, HUGE_VAL}, point), "0 10 -5 5"},
+        };
+        for (const auto& [result, expected] : steps)
+            QCOMPARE(text(result), QLatin1String(expected));
+        QVERIFY(!zoomed(PlaneMapping(), limits, corner, 2.0, 2.0).canShow());
+    }
 };
 
-QTEST_APPLESS_MAIN(tst_Snap)
-#include "tst_Snap.moc"
+QTEST_APPLESS_MAIN(tst_PlaneSteps)
+#include "tst_PlaneSteps.moc"
