@@ -2,17 +2,18 @@
 #pragma once
 
 #include <curveeditor/model/Export.h>
-#include <curveeditor/model/ExpressionCode.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 class ExpressionProgram;
+enum class ExpressionCode : std::uint8_t;
 
 /// What the nodes with operands have in common: an operator, or a function with its arguments. Owns its
 /// operands. Evaluating runs a flat program, which is made from the nodes below this one when it is evaluated
@@ -37,7 +38,7 @@ public:
     /// The operand at `index`, in the order of the text; null from the last one on.
     const FunctionFloatBase* getOperand(std::size_t index) const;
 
-    /// What the node computes.
+    /// What the node computes; for the library alone.
     ExpressionCode getCode() const { return code_; }
 
     /// True while this very node is evaluated. Variables that read curves ask for it.

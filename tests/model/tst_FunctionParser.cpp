@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/EvaluationTime.h>
+#include <curveeditor/model/ExpressionCode.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
