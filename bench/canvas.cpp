@@ -29,6 +29,8 @@
 #include <memory>
 #include <vector>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr QSize canvasSize(1600, 900);

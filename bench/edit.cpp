@@ -9,6 +9,8 @@
 #include <malloc.h>
 #include <optional>
 
+using namespace curveeditor;
+
 namespace {
 
 /// A curve of that many points at whole times, and the door to it.

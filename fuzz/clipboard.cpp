@@ -13,6 +13,8 @@
 #include <cstddef>
 #include <cstdint>
 
+using namespace curveeditor;
+
 namespace {
 
 using PointInfo = SplineBase::PointInfo;

@@ -37,6 +37,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int faultStatus = 99;
@@ -476,7 +478,7 @@ void Playground::play(std::uint32_t number)
     QObject::connect(&closing, &QTimer::timeout, [] {
         QWidget* const popup = QApplication::activePopupWidget();
         QWidget* const open = popup ? popup : QApplication::activeModalWidget();
-        if (open && (popup || !open->inherits("FitDialog")))
+        if (open && (popup || !open->inherits("curveeditor::FitDialog")))
             open->close();
     });
     closing.start(0);

@@ -9,6 +9,8 @@
 
 #include <cmath>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int largestImageInMegabytes = 1024;

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 void setSelectedMark(const CurveNodeBase& curve, bool selected)
@@ -230,3 +232,5 @@ void CanvasCurves::report(const Guarded& curves)
             curve->emitCurveChanged();
     }
 }
+
+} // namespace curveeditor

@@ -16,6 +16,8 @@
 class CurveNodeBase;
 class DependencyCheck;
 
+namespace curveeditor {
+
 /// The curves of one canvas in the order of adding, which it owns: which of them is current, which are in the reach of
 /// the hand and what of those is selected, and which of them read an edited one.
 ///
@@ -91,3 +93,5 @@ private:
     /// For a curve that is dragged, the lower variable names of the curves that read it.
     QHash<QString, QSet<QString>> readers_;
 };
+
+} // namespace curveeditor

@@ -3,6 +3,8 @@
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 
+namespace curveeditor {
+
 CanvasEdit::Text CanvasEdit::ofCurve(const QString& text)
 {
     return [text](const Nodes& nodes) {
@@ -22,3 +24,5 @@ CanvasEdit::Text CanvasEdit::ofPoints(const QString& one, const QString& many)
         return count == 1 ? one.arg(name) : many.arg(count).arg(name);
     };
 }
+
+} // namespace curveeditor

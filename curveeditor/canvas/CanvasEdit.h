@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+namespace curveeditor {
+
 /// One edit of curves of a canvas, as `CanvasFunctionBase::edit` does it: at which curves, what it is called, what is
 /// done, and who is told. A value.
 struct CanvasEdit
@@ -46,3 +48,5 @@ public:
     /// `one` with the curve's name, or `many` with the number of selected points and the name or number of the curves.
     static Text ofPoints(const QString& one, const QString& many);
 };
+
+} // namespace curveeditor

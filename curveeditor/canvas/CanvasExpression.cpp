@@ -4,6 +4,8 @@
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/CurveEditorTheme.h>
 
+using namespace curveeditor;
+
 void CanvasExpression::setColors(const QPen& pen, const QColor& background)
 {
     const auto [current, other] = curveColors(pen.color(), background, theme_);

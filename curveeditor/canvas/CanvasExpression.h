@@ -8,6 +8,8 @@
 class QColor;
 struct CurveEditorTheme;
 
+using namespace curveeditor;
+
 /// The picture of one expression curve: its samples in device pixels, held until the curve or the view
 /// changes, and the pens to draw them. It stores and paints only; the curve that owns it does the sampling.
 class CanvasExpression

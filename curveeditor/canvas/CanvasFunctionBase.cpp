@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace curveeditor;
+
 CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* editor)
     : QObject(parent), editor_(editor), curves_(editor), hands_(*this, curves_),
       picture_(widget(), curves_, hands_.guide), menu_(std::make_unique<PointMenu>(*this))

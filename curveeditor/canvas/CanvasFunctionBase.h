@@ -20,6 +20,8 @@ class FunctionFloatBase;
 class ParseMessage;
 class QTextStream;
 
+using namespace curveeditor;
+
 /// The controller of the canvas, as one front of three: its `CanvasCurves`, their `CanvasPicture`, and the
 /// `CanvasHands` that edit them. The commands on curves are its own.
 ///

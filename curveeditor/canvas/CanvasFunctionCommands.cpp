@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 QString faultText(const ParseMessage& message)

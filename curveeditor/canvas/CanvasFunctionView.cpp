@@ -4,6 +4,8 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
 
+using namespace curveeditor;
+
 void CanvasFunctionBase::showAllCurves()
 {
     showCurves(curves_.nodes());

@@ -14,6 +14,8 @@
 #include <cmath>
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int fewestLines = 5;

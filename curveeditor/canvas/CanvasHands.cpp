@@ -16,6 +16,8 @@
 #include <cstdlib>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 Gesture::Place placeAt(const ViewPort& viewport, const QPoint& pixel)
@@ -391,3 +393,5 @@ bool CanvasHands::hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) con
     }
     return false;
 }
+
+} // namespace curveeditor

@@ -7,13 +7,16 @@
 
 #include <QCoreApplication>
 
-class CanvasCurves;
 class CanvasFunctionBase;
 class CurveNodeBase;
 class QKeyEvent;
 class QMouseEvent;
 class QPoint;
 class ViewPort;
+
+namespace curveeditor {
+
+class CanvasCurves;
 struct MouseState;
 
 /// What mouse and keys do to the curves of a canvas: selecting, dragging, bands, and the edits that need no menu. What
@@ -64,3 +67,5 @@ private:
     CanvasFunctionBase& canvas_;
     CanvasCurves& curves_;
 };
+
+} // namespace curveeditor

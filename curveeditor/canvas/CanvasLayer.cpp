@@ -14,6 +14,8 @@
 #include <cmath>
 #include <cstring>
 
+namespace curveeditor {
+
 namespace {
 
 bool startsWith(const CanvasLayer::Curves& curves, const CanvasLayer::Curves& start)
@@ -159,3 +161,5 @@ QSize CanvasLayer::size() const
 {
     return image_.deviceIndependentSize().toSize();
 }
+
+} // namespace curveeditor

@@ -18,6 +18,8 @@ class CurveNodeBase;
 class QPainter;
 struct CurveEditorTheme;
 
+namespace curveeditor {
+
 /// What lies behind the current curve: background, mark, rubber band, selection, grid and the other curves, held as
 /// one image. It is drawn anew only when what it shows has changed, so that an edit of the current curve draws one
 /// curve. A curve that comes on top is drawn onto it, and where only the time line moves its columns are drawn anew.
@@ -74,3 +76,5 @@ private:
     QImage image_;
     QImage frame_;
 };
+
+} // namespace curveeditor

@@ -13,6 +13,8 @@
 
 #include <array>
 
+namespace curveeditor {
+
 namespace {
 
 /// Has the colours of markers and handles for all canvases without a theme of their own.
@@ -235,3 +237,5 @@ bool CanvasPicture::loadImage(const QString& fileName)
         viewport_->dirty = true;
     return true;
 }
+
+} // namespace curveeditor

@@ -13,12 +13,15 @@
 #include <optional>
 #include <utility>
 
-class CanvasCurves;
-class CurvePainter;
-class DragGuide;
 class QPainter;
 class QWidget;
 class ViewPort;
+
+namespace curveeditor {
+
+class CanvasCurves;
+class CurvePainter;
+class DragGuide;
 
 /// What is seen on a canvas: the look, the grid, the background image and the curves, as one picture that is brought up
 /// to date where `ViewPort::dirty`, `CurveNodeBase::changed` and what changes here ask for it. It changes no curve and
@@ -79,3 +82,5 @@ private:
     std::unique_ptr<BackgroundImage> image_;
     CanvasLayer layer_;
 };
+
+} // namespace curveeditor

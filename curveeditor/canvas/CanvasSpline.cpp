@@ -15,6 +15,8 @@
 #include <cmath>
 #include <tuple>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr double splineSamplesPerView = 1000.0;

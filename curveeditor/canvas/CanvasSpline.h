@@ -10,10 +10,15 @@
 
 #include <vector>
 
-class HandleBatch;
 class QPainter;
 class ViewPort;
 struct CurveEditorTheme;
+
+namespace curveeditor {
+class HandleBatch;
+} // namespace curveeditor
+
+using namespace curveeditor;
 
 /// The picture of one spline: the pixels of its control points and up to three polylines, held until the
 /// curve or the view changes. Draws them, and tells which point or tangent handle lies under the mouse.

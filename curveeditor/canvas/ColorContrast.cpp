@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 
+namespace curveeditor {
+
 namespace {
 
 using Triple = std::array<double, 3>;
@@ -155,3 +157,5 @@ std::pair<QColor, QColor> curveColors(const QColor& color, const QColor& backgro
     const QColor current = adapted(color);
     return {current, adapted(mixedColor(current, background, theme.otherCurveShare))};
 }
+
+} // namespace curveeditor

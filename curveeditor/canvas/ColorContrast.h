@@ -8,6 +8,8 @@
 
 struct CurveEditorTheme;
 
+namespace curveeditor {
+
 /// The contrast of two opaque colours after WCAG 2.2: from 1 for equal ones to 21 for black and white.
 double contrastOf(const QColor& left, const QColor& right);
 
@@ -26,3 +28,5 @@ constexpr double contrastOfParts = 3.0;
 /// `background`. Both stand out of the canvas if the theme adapts them.
 std::pair<QColor, QColor> curveColors(const QColor& color, const QColor& background,
                                       const CurveEditorTheme& theme);
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstdlib>
 
+namespace curveeditor {
+
 namespace {
 
 // As in Qt's painter, slopes are multiples of 2^-16, cut off toward zero.
@@ -120,3 +122,5 @@ void appendColumnRuns(std::vector<ColumnRun>& runs, const QPoint* points, int co
         writer.addLine(points[i - 1], points[i]);
     writer.finish();
 }
+
+} // namespace curveeditor

@@ -8,6 +8,8 @@
 #include <QEvent>
 #include <QHash>
 
+using namespace curveeditor;
+
 ControlMenu::ControlMenu()
 {
     setSeparatorsCollapsible(false);

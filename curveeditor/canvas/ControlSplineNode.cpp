@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace curveeditor;
+
 ControlSplineNode::ControlSplineNode(CurveEdit& door, std::shared_ptr<EditedCurve> curve)
     : door_(door), curve_(std::move(curve))
 {

@@ -12,6 +12,8 @@
 class ControlMenu;
 class QPoint;
 
+using namespace curveeditor;
+
 /// Which control points of one curve on the canvas are selected, what a drag of the selected point edits, and the
 /// commands on them that menu and node page share. It knows no mouse events: which gesture does what is decided
 /// by the canvas.

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr double contrastOfTexts = 4.5;

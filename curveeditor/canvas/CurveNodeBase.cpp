@@ -20,6 +20,8 @@
 #include <utility>
 #include <vector>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr std::size_t samplesOfExtent = 1000;

@@ -16,14 +16,19 @@
 class CanvasExpression;
 class CanvasFunctionBase;
 class CanvasSpline;
-class CurvePainter;
 class FunctionFloatBase;
 class ParseMessage;
 class QAction;
 class QWidget;
 class SplineBase;
 class ViewPort;
+
+namespace curveeditor {
+class CurvePainter;
 struct DeviceLine;
+} // namespace curveeditor
+
+using namespace curveeditor;
 
 /// One curve on the canvas: a named function of time that is either a spline or an expression. It joins the
 /// host's spline and the host's expression holder to the pictures of both kinds, to an entry of the "Curves"

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+namespace curveeditor {
+
 namespace {
 
 template <typename Draw> void forEachPiece(const DeviceLine& line, const Draw& draw)
@@ -146,3 +148,5 @@ void CurvePainter::fillImage(const QColor& color, int width)
         }
     }
 }
+
+} // namespace curveeditor

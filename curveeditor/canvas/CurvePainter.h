@@ -19,6 +19,8 @@ class QPainter;
 class QPen;
 struct CurveEditorTheme;
 
+namespace curveeditor {
+
 /// Points of a curve from left to right.
 struct DeviceLine
 {
@@ -81,3 +83,5 @@ private:
     std::vector<ColumnRun> runs_;
     SmoothStroke stroke_;
 };
+
+} // namespace curveeditor

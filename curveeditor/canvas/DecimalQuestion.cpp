@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int shownRows = 3;

@@ -3,6 +3,8 @@
 
 #include <QPainter>
 
+namespace curveeditor {
+
 /// While it lives the painter, which draws in logical pixels, draws in device pixels. Gives its state back.
 class DevicePixels
 {
@@ -18,3 +20,5 @@ public:
 private:
     QPainter* painter_;
 };
+
+} // namespace curveeditor

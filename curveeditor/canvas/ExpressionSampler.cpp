@@ -20,6 +20,8 @@
 #include <unordered_set>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr int formulaSamplesPerView = 5000;
@@ -164,3 +166,5 @@ void ExpressionSampler::sample(const std::vector<CurveNodeBase*>& curves, const 
             line.finish();
     }
 }
+
+} // namespace curveeditor

@@ -7,6 +7,8 @@ class CurveNodeBase;
 class ViewPort;
 struct CurveEditorTheme;
 
+namespace curveeditor {
+
 /// Makes the lines of curves that are shown as expressions. They are sampled together, block by block of times:
 /// where expressions read each other each is evaluated twice for all of them, once to be read and once to be
 /// drawn, however many read it. Only for those that lie on a circle, or lead to one, that does not hold.
@@ -21,3 +23,5 @@ void sample(const std::vector<CurveNodeBase*>& curves, const ViewPort& viewport,
             const CurveEditorTheme& theme);
 
 } // namespace ExpressionSampler
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+namespace curveeditor {
+
 void HandleBatch::add(const QPoint& from, const QPoint& to, const QColor& color, bool endsInSquare)
 {
     if (color != color_)
@@ -37,3 +39,5 @@ void HandleBatch::flush()
     squares_.clear();
     circles_.clear();
 }
+
+} // namespace curveeditor

@@ -10,6 +10,8 @@
 class QPainter;
 struct CurveEditorTheme;
 
+namespace curveeditor {
+
 /// Draws lines of one colour that end in squares or circles all at once. Painter and theme outlive it.
 class HandleBatch
 {
@@ -35,3 +37,5 @@ inline QRect markerSquare(const QPoint& center, int size)
 {
     return QRect(center.x() - size / 2, center.y() - size / 2, size, size);
 }
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr double outlineWidth = 1.5;
@@ -48,3 +50,5 @@ void MarkerStamp::draw(QPainter* painter, const QPoint& pixel) const
     const double corner = 0.5 * ratio_ - image_.width() / 2.0;
     painter->drawImage(qRound(pixel.x() * ratio_ + corner), qRound(pixel.y() * ratio_ + corner), image_);
 }
+
+} // namespace curveeditor

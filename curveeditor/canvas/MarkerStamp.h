@@ -7,6 +7,8 @@
 
 class QPainter;
 
+namespace curveeditor {
+
 /// A picture of one marker, to be put down many times: Qt draws each antialiased form a hundred times slower. Sizes are
 /// logical pixels.
 class MarkerStamp
@@ -24,3 +26,5 @@ private:
     double ratio_;
     QImage image_;
 };
+
+} // namespace curveeditor

@@ -7,6 +7,8 @@
 #include <optional>
 #include <utility>
 
+namespace curveeditor {
+
 /// A dialog that runs its own loop, in which the host may do anything: also delete the parent, and the dialog with
 /// it. Whoever asks goes on only after an answer, which says that both are still there.
 template <class Dialog> class ModalDialog
@@ -34,3 +36,5 @@ public:
 private:
     QPointer<Dialog> dialog_;
 };
+
+} // namespace curveeditor

@@ -3,6 +3,8 @@
 
 #include <QMouseEvent>
 
+namespace curveeditor {
+
 MouseState stateBefore(const QMouseEvent& event)
 {
     const Qt::KeyboardModifiers counted =
@@ -21,3 +23,5 @@ MouseState stateBefore(const QMouseEvent& event)
     }
     return state;
 }
+
+} // namespace curveeditor

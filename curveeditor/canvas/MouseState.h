@@ -5,6 +5,8 @@
 
 class QMouseEvent;
 
+namespace curveeditor {
+
 /// The buttons and modifier keys that are held down. A plain value.
 struct MouseState
 {
@@ -21,3 +23,5 @@ struct MouseState
 /// includes it, a move has every button that is down. Of the modifiers only Shift, Control, Alt and Meta
 /// count.
 MouseState stateBefore(const QMouseEvent& event);
+
+} // namespace curveeditor

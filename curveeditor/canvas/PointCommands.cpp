@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace curveeditor {
+
 PointCommands::PointCommands(CanvasFunctionBase& canvas) : canvas_(canvas) {}
 
 bool PointCommands::canSelect() const
@@ -215,3 +217,5 @@ void PointCommands::changeMarks(const std::function<void(Marks&)>& change)
         control.selectPoints(points);
     });
 }
+
+} // namespace curveeditor

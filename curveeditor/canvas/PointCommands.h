@@ -11,6 +11,8 @@
 
 class CanvasFunctionBase;
 
+namespace curveeditor {
+
 /// What menus and keys do to the points of the current curve, beyond what mouse and bare keys do; where all curves are
 /// edited at once, selecting, moving and shaping act on all of them. Each edit is one step of the undo stack and is
 /// reported as any other. Without a current spline, or where nothing is selected that could be edited, they do
@@ -73,3 +75,5 @@ private:
 
     CanvasFunctionBase& canvas_;
 };
+
+} // namespace curveeditor

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QWidget>
 
+namespace curveeditor {
+
 namespace {
 
 /// The canvas over which the menu is open.
@@ -68,3 +70,5 @@ bool PointMenu::isElsewhere() const
 {
     return menuCanvas && menuCanvas != &canvas_;
 }
+
+} // namespace curveeditor

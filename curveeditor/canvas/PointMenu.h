@@ -4,6 +4,8 @@
 class CanvasFunctionBase;
 class QPoint;
 
+namespace curveeditor {
+
 /// The way of one canvas to the menu over points, which all canvases share: it opens the menu, and a choice reaches
 /// the canvas. A canvas that goes does not leave the menu open. The canvas owns it.
 class PointMenu
@@ -26,3 +28,5 @@ public:
 private:
     CanvasFunctionBase& canvas_;
 };
+
+} // namespace curveeditor

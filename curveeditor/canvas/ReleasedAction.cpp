@@ -4,6 +4,8 @@
 #include <QAction>
 #include <QWidget>
 
+namespace curveeditor {
+
 void releaseAction(QAction* action)
 {
     action->setActionGroup(nullptr);
@@ -21,3 +23,5 @@ void releaseAction(QAction* action)
     else
         delete action;
 }
+
+} // namespace curveeditor

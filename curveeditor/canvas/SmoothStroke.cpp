@@ -9,6 +9,8 @@
 #include <limits>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr int stripsPerPixel = 4;
@@ -184,3 +186,5 @@ void SmoothStroke::addStretch(float top, float bottom)
         changes_[row + 1] += change * part;
     }
 }
+
+} // namespace curveeditor

@@ -10,6 +10,8 @@
 class QColor;
 class QImage;
 
+namespace curveeditor {
+
 /// Draws polylines antialiased into an opaque image of 32 bits. It is for the lines of curves, whose columns never
 /// fall: above and below each place such a line of any width covers one stretch, from the highest to the lowest point
 /// that half the width reaches. A pixel is covered by the stretches of four strips of its column, which are exact in
@@ -40,3 +42,5 @@ private:
     std::vector<float> bottom_;
     std::vector<float> changes_; ///< of the coverage of a column, from row to row; 0 between columns
 };
+
+} // namespace curveeditor

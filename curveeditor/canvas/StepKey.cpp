@@ -3,6 +3,8 @@
 
 #include <QKeyEvent>
 
+namespace curveeditor {
+
 StepKey stepKeyOf(const QKeyEvent& event)
 {
     const bool isCtrlY = event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
@@ -10,3 +12,5 @@ StepKey stepKeyOf(const QKeyEvent& event)
         return StepKey::Redo;
     return event.matches(QKeySequence::Undo) ? StepKey::Undo : StepKey::None;
 }
+
+} // namespace curveeditor

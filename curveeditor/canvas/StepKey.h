@@ -3,8 +3,12 @@
 
 class QKeyEvent;
 
+namespace curveeditor {
+
 /// What a key asks of the undo stack.
 enum class StepKey { None, Undo, Redo };
 
 /// Ctrl+Z undoes, Ctrl+Shift+Z and Ctrl+Y redo, as do the keys that the platform has for it.
 StepKey stepKeyOf(const QKeyEvent& event);
+
+} // namespace curveeditor

@@ -12,6 +12,8 @@
 #include <cmath>
 #include <cstdlib>
 
+namespace curveeditor {
+
 TimeLineDrag::TimeLineDrag(QWidget* widget, CanvasFunctionBase& canvas, ViewPort& view)
     : widget_(widget), canvas_(canvas), view_(view)
 {
@@ -157,5 +159,7 @@ void TimeLineDrag::moveTo(double time)
     canvas_.paint();
     Q_EMIT dragged(within);
 }
+
+} // namespace curveeditor
 
 #include "moc_TimeLineDrag.cpp"

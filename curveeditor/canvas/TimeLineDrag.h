@@ -10,6 +10,8 @@ class QPoint;
 class QWidget;
 class ViewPort;
 
+namespace curveeditor {
+
 /// Lets the user move the time line of a canvas: by its foot, the lowest `footHeight` pixels, and by commands. It is
 /// an event filter, so that the widget's own handlers do not know of it. A drag snaps as one of points does; Escape
 /// takes it back. Off until a host allows it.
@@ -55,3 +57,5 @@ private:
     bool isEnabled_ = false;
     bool isCursorShown_ = false;
 };
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QWidget>
 
+namespace curveeditor {
+
 int titleWidth(const QWidget& window)
 {
     QFont font = QApplication::font("QTitleBar");
@@ -13,3 +15,5 @@ int titleWidth(const QWidget& window)
     const int button = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
     return QFontMetrics(font).horizontalAdvance(window.windowTitle()) + 2 * button;
 }
+
+} // namespace curveeditor

@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr double notch = 120.0; // of a wheel, in the unit of its events
@@ -220,5 +222,7 @@ void ViewGestures::holdSpace(bool on)
     else
         widget_->unsetCursor();
 }
+
+} // namespace curveeditor
 
 #include "moc_ViewGestures.cpp"

@@ -12,6 +12,8 @@ class QWheelEvent;
 class QWidget;
 class ViewPort;
 
+namespace curveeditor {
+
 /// Wheel, touch pad, Space and the middle button at the view of a canvas, as an event filter, so that the widget's own
 /// handlers do not know of them: the wheel zooms about the mouse, with Ctrl the times only, with Shift the values
 /// only; two fingers on a touch pad move the view and a pinch zooms it; a drag with Space held moves it, and so does
@@ -57,3 +59,5 @@ private:
     ViewPort& view_;
     bool isEnabled_ = true;
 };
+
+} // namespace curveeditor

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr double smallestSide = double(1e-9f);

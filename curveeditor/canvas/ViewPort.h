@@ -9,6 +9,8 @@
 
 class QMouseEvent;
 
+using namespace curveeditor;
+
 /// The coordinate system of the canvas, and the three mouse gestures that change the view: rubber-band zoom,
 /// pan and drag zoom.
 ///

@@ -6,6 +6,8 @@
 #include <QGridLayout>
 #include <QMessageBox>
 
+namespace curveeditor {
+
 void makeRoomForTitle(QMessageBox& box)
 {
     // The box sizes itself by its layout and passes over a minimum width.
@@ -22,3 +24,5 @@ void showWarning(QWidget* parent, const QString& title, const QString& text)
     box->setModal(true);
     box->show();
 }
+
+} // namespace curveeditor

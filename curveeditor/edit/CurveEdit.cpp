@@ -6,6 +6,8 @@
 #include <unordered_set>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 std::uint64_t fingerprintOf(const CurveState& state)
@@ -245,5 +247,7 @@ void CurveEdit::interrupt()
     else
         cancel();
 }
+
+} // namespace curveeditor
 
 #include "moc_CurveEdit.cpp"

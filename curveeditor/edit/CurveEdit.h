@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+namespace curveeditor {
+
 /// The one door through which hands change curves.
 ///
 ///     door.begin(tr("Delete points"), {curve});
@@ -98,3 +100,5 @@ private:
     std::vector<Before> checkpoint_; ///< the curves when that entry was made or grew
     TimeInterval previewed_;         ///< of the last checkpoint
 };
+
+} // namespace curveeditor

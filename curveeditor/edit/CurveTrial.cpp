@@ -3,6 +3,8 @@
 
 #include <utility>
 
+namespace curveeditor {
+
 CurveTrial::CurveTrial(CurveEdit& door, std::shared_ptr<EditedCurve> curve, const QString& text)
     : door_(&door), curve_(std::move(curve)), text_(text), id_(door.tryOut(text_, curve_)),
       before_(curve_->state()), shown_(before_.spline), fingerprintBefore_(curve_->fingerprint()),
@@ -52,3 +54,5 @@ void CurveTrial::takeBack()
     if (door_ && door_->isOpen(id_))
         door_->cancel();
 }
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+namespace curveeditor {
+
 /// An edit of a curve's spline that a user tries out: shown as often as wanted, then kept as one step or taken back.
 ///
 /// Foreign code may run while it lasts. Any other edit takes it back, as the end of the canvas does; then it can still
@@ -40,3 +42,5 @@ private:
     std::uint64_t fingerprintBefore_; ///< of the curve
     std::uint64_t fingerprintShown_;
 };
+
+} // namespace curveeditor

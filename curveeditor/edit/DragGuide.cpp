@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/DragGuide.h>
 
+namespace curveeditor {
+
 void DragGuide::begin(const Gesture::Place& grabbed, const Gesture::Place& anchor, bool goesToMouse,
                       bool toggled)
 {
@@ -29,3 +31,5 @@ Gesture::Place DragGuide::guided(const Gesture::Place& mouse, const PlaneMapping
     return {hit_.place.time == target.time ? mouse.time : hit_.place.time - offset_.time,
             hit_.place.value == target.value ? mouse.value : hit_.place.value - offset_.value};
 }
+
+} // namespace curveeditor

@@ -3,6 +3,8 @@
 
 #include <curveeditor/edit/Snap.h>
 
+namespace curveeditor {
+
 /// What guides a drag of points besides the mouse: an axis along which alone they move, and snapping. A value; the hands
 /// of a canvas hold one and ask it at each step of a drag.
 class DragGuide
@@ -31,3 +33,5 @@ private:
     Snap::Result hit_;
     bool ignoresToggle_ = false;
 };
+
+} // namespace curveeditor

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace curveeditor {
+
 EditCommand::EditCommand(EditHistory& history, const QString& text, std::vector<EditHistory::Part> parts)
     : QUndoCommand(text), history_(&history), parts_(std::move(parts))
 {
@@ -102,3 +104,5 @@ bool EditCommand::findTarget(const EditHistory::Part& part, bool isUndo, CurveSt
     target.kind = isUndo ? part.diff.kindAfter() : part.diff.kindBefore();
     return isUndo ? part.diff.revert(target) : part.diff.apply(target);
 }
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 
 #include <QUndoCommand>
 
+namespace curveeditor {
+
 /// One entry of the undo stack: what an edit did to one or several curves. The stack owns it.
 class EditCommand : public QUndoCommand
 {
@@ -34,3 +36,5 @@ private:
     std::vector<EditHistory::Part> parts_;
     bool isDoneAlready_ = true; ///< pushing an entry calls `redo` once
 };
+
+} // namespace curveeditor

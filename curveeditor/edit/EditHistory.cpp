@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 /// More would only be kept for nobody; a host that wants another number sets it on an empty stack.
@@ -239,5 +241,7 @@ void EditHistory::removeDeadEntries()
     if (guard)
         isRemoving_ = false;
 }
+
+} // namespace curveeditor
 
 #include "moc_EditHistory.cpp"

@@ -15,8 +15,11 @@
 #include <utility>
 #include <vector>
 
-class EditCommand;
 class QUndoStack;
+
+namespace curveeditor {
+
+class EditCommand;
 
 /// What one edit did to one curve, as it is told.
 struct EditReport
@@ -120,3 +123,5 @@ private:
     bool isRemoving_ = false;
     bool isStepping_ = false;
 };
+
+} // namespace curveeditor

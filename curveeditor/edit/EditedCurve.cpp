@@ -9,6 +9,8 @@
 #include <cmath>
 #include <functional>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr std::size_t mostRetired = 16;
@@ -179,3 +181,5 @@ void EditedCurve::letGo()
     variable_ = nullptr;
     retired_.clear();
 }
+
+} // namespace curveeditor

@@ -13,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+namespace curveeditor {
+
 /// One curve as hands edit it: the host's spline, the host's variable for an expression, and which of the two
 /// shows. It outlives the curve's stay on the canvas, so that edits can be taken back later.
 ///
@@ -78,3 +80,5 @@ private:
     std::string entered_;       ///< the text of the expression that was set last ...
     std::string enteredResult_; ///< ... and what that expression gives as its text
 };
+
+} // namespace curveeditor

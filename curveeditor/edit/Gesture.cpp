@@ -8,6 +8,8 @@
 #include <limits>
 #include <utility>
 
+namespace curveeditor {
+
 void Gesture::beginAtPoints(std::uint64_t edit, std::vector<Drag> drags)
 {
     end();
@@ -67,3 +69,5 @@ Gesture::Place Gesture::grabbed(const Place& anchor, const PlaneMapping& view) c
     }
     return nearest;
 }
+
+} // namespace curveeditor

@@ -12,6 +12,8 @@
 #include <optional>
 #include <vector>
 
+namespace curveeditor {
+
 class EditedCurve;
 
 /// What the hand does, as one state for all that it does on a canvas: which keys it holds, what its last press was, and
@@ -99,3 +101,5 @@ private:
     std::uint64_t edit_ = 0;
     std::vector<Drag> drags_;
 };
+
+} // namespace curveeditor

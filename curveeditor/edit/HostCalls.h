@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QPointer>
 
+namespace curveeditor {
+
 /// Counts the calls that run code of the host, which may run a loop in it. Whoever made such a call goes on when it
 /// returns, so until then nothing may be deleted.
 class HostCalls : public QObject
@@ -33,3 +35,5 @@ Q_SIGNALS:
 private:
     int count_ = 0;
 };
+
+} // namespace curveeditor

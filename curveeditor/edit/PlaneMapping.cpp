@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace curveeditor;
+
 namespace {
 
 double quotient(double dividend, double divisor)

@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr double scalePerView = 5.0;
@@ -117,3 +119,5 @@ void PointDrag::aim(SplineBase& spline, const Place& place) const
     for (const Point& point : points_)
         SplineEdits::aimTangent(spline, point.serial, part_, place.time, place.value);
 }
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace curveeditor {
+
 /// A drag of points of one curve, or of a handle of a point. It computes each step from where the points were at its
 /// beginning, so nothing accumulates. It names points by their serials and holds no pointer: between two steps the
 /// host may do anything. A value.
@@ -61,3 +63,5 @@ private:
     PlaneMapping view_; ///< in which `last_` was under the mouse
     std::vector<Point> points_;
 };
+
+} // namespace curveeditor

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+namespace curveeditor {
+
 namespace {
 
 using PointInfo = SplineBase::PointInfo;
@@ -235,3 +237,5 @@ bool PointText::Reader::fail(const QString& what, std::string_view field)
 {
     return fail(what.arg(shown(field)));
 }
+
+} // namespace curveeditor

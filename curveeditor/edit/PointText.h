@@ -9,6 +9,8 @@
 
 #include <vector>
 
+namespace curveeditor {
+
 /// Points as text, for the clipboard: a table of a head line and one row for each point, which a spreadsheet reads.
 ///
 /// Written are columns separated by tabs, every number in the shortest form that reads back to the same bits, with
@@ -40,3 +42,5 @@ public:
 private:
     class Reader;
 };
+
+} // namespace curveeditor

@@ -3,6 +3,8 @@
 
 #include <QCoreApplication>
 
+namespace curveeditor {
+
 QString PointTypeTexts::shown(const char* text)
 {
     return QCoreApplication::translate("PointType", text);
@@ -23,3 +25,5 @@ QStringList PointTypeTexts::nodes()
         nodes[type.entry] = shown(type.node);
     return nodes;
 }
+
+} // namespace curveeditor

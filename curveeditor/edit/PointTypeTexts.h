@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+namespace curveeditor {
+
 /// The texts of `PointTypes` for the user, in the language of the moment.
 namespace PointTypeTexts {
 
@@ -16,3 +18,5 @@ QStringList names();
 QStringList nodes();
 
 } // namespace PointTypeTexts
+
+} // namespace curveeditor

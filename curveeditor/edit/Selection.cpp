@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr std::size_t fewPoints = 4; // are found by looking at all points of a spline for each
@@ -153,3 +155,5 @@ std::vector<double> Selection::listedTimes(const SplineBase& spline) const
     }
     return times;
 }
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <vector>
 
+namespace curveeditor {
+
 /// Who a point is, see `SplineBase::PointInfo::serial`; 0 is no point.
 using PointSerial = std::uint32_t;
 
@@ -57,3 +59,5 @@ private:
 
 /// The index in `spline` of each of the points, -1 for one that it does not hold. One pass over the spline.
 std::vector<std::int32_t> indicesOf(const std::vector<PointSerial>& points, const SplineBase& spline);
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 #include <unordered_set>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 std::vector<double> sorted(std::vector<double> numbers)
@@ -113,3 +115,5 @@ void Snap::attractTime(Nearest& nearest) const
     if ((kinds & TimeLine) && timeLine)
         nearest.attract(*timeLine, TimeLine);
 }
+
+} // namespace curveeditor

@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+namespace curveeditor {
+
 /// What a place of the plane snaps to in a drag: frames, grid lines, the times and values of other points, and the
 /// time line. A value; it is filled when the drag begins and asked at each step.
 ///
@@ -57,3 +59,5 @@ private:
     std::vector<double> pointTimes_;
     std::vector<double> pointValues_;
 };
+
+} // namespace curveeditor

@@ -11,6 +11,8 @@
 #include <numeric>
 #include <unordered_set>
 
+namespace curveeditor {
+
 namespace {
 
 using PointInfo = SplineBase::PointInfo;
@@ -344,3 +346,5 @@ void SplineEdits::panPoints(SplineBase& spline, const std::vector<PointSerial>& 
         return Place{point.time + timeOffset, point.pos + valueOffset};
     });
 }
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace curveeditor {
+
 /// What hands do to the points of a spline. Points that the spline does not hold are passed over; numbers that
 /// are not finite are not stored. Times are in time units, values in value units.
 namespace SplineEdits {
@@ -71,3 +73,5 @@ void panPoints(SplineBase& spline, const std::vector<PointSerial>& points, doubl
                double valueOffset);
 
 } // namespace SplineEdits
+
+} // namespace curveeditor

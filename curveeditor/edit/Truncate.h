@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+namespace curveeditor {
+
 /// The integer next to `number` on the side of zero, for every double: not-a-number gives 0, and a number
 /// that no int can hold gives the nearest int.
 inline int truncateToInt(double number)
@@ -27,3 +29,5 @@ inline int truncateToPixel(double position)
 {
     return std::clamp(truncateToInt(position), -farthestPixel, farthestPixel);
 }
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr double shortestSide = 1e-9;
@@ -129,3 +131,5 @@ PlaneMapping ViewStep::showing(const PlaneMapping& view, const Limits& limits, c
     return viewOf(view, within(shownTimes, limits.time, limits.time),
                   within(shownValues, limits.value, limits.value));
 }
+
+} // namespace curveeditor

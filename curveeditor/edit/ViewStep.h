@@ -5,6 +5,8 @@
 
 #include <QPointF>
 
+namespace curveeditor {
+
 /// A range of times or values.
 struct AxisRange
 {
@@ -45,3 +47,5 @@ PlaneMapping showing(const PlaneMapping& view, const Limits& limits, const AxisR
                      const AxisRange& values);
 
 } // namespace ViewStep
+
+} // namespace curveeditor

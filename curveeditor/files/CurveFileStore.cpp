@@ -3,6 +3,8 @@
 
 #include <QFileInfo>
 
+namespace curveeditor {
+
 QString CurveFileStore::pathToSave(const QString& chosen)
 {
     const qsizetype nameStart = chosen.lastIndexOf(QLatin1Char('/')) + 1;
@@ -28,3 +30,5 @@ std::filesystem::path CurveFileStore::nativePath(const QString& path)
     const auto* first = reinterpret_cast<const char8_t*>(name.constData());
     return {first, first + name.size()};
 }
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+namespace curveeditor {
+
 /// Where a curve file stands on disk. Paths are those of Qt's file dialogs, with "/".
 class CurveFileStore
 {
@@ -21,3 +23,5 @@ public:
     /// The same path as the standard library names it.
     static std::filesystem::path nativePath(const QString& path);
 };
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 
 #include <cmath>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr char16_t arabicSign = u'\u066B';
@@ -44,3 +46,5 @@ QString NumberText::full(double number, const QLocale& locale)
     const bool isPlain = size >= 1e-5 && size < 1e15;
     return inLocale(QString::number(number, isPlain ? 'f' : 'g', QLocale::FloatingPointShortest), locale);
 }
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace curveeditor {
+
 /// Numbers as texts for fields, dialogs and tables. They show the decimal sign of a locale, and neither its digits
 /// nor its groups; every decimal sign is read.
 namespace NumberText {
@@ -26,3 +28,5 @@ QString brief(double number, const QLocale& locale);
 QString full(double number, const QLocale& locale);
 
 } // namespace NumberText
+
+} // namespace curveeditor

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <memory>
 
+namespace curveeditor {
+
 namespace {
 
 void makePoints(std::string& text)
@@ -43,3 +45,5 @@ std::optional<double> typedNumber(std::string text)
     const double number = tree ? tree->evaluate() : std::nan("");
     return std::isnan(number) ? std::nullopt : std::optional(number);
 }
+
+} // namespace curveeditor

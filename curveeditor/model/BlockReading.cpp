@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/BlockReading.h>
 
+namespace curveeditor {
+
 namespace {
 
 const BlockReading* inForce = nullptr;
@@ -23,3 +25,5 @@ const BlockReading* BlockReading::present()
 {
     return inForce;
 }
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace curveeditor {
+
 /// A block of times at which several expressions are evaluated, one after the other. While it lives,
 /// `CurveVariables` evaluates each curve that they read once for all of them, so nothing that they read may
 /// change. One is in force at a time.
@@ -36,3 +38,5 @@ private:
     std::size_t count_;
     std::uint64_t number_;
 };
+
+} // namespace curveeditor

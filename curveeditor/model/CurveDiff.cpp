@@ -8,6 +8,8 @@
 #include <sstream>
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 using PointInfo = SplineBase::PointInfo;

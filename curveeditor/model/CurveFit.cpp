@@ -9,6 +9,8 @@
 #include <numbers>
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 using CurveFit::Options;

@@ -13,6 +13,8 @@
 #include <map>
 #include <vector>
 
+using namespace curveeditor;
+
 namespace {
 
 bool isSame(double a, double b)

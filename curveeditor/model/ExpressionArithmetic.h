@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+namespace curveeditor {
+
 /// The lesser of the two; not-a-number if either is that.
 inline double minimum(double a, double b)
 {
@@ -21,3 +23,5 @@ inline double flooredModulo(double a, double b)
     const double rest = std::fmod(a, b);
     return (rest < 0.0 && b > 0.0) || (rest > 0.0 && b < 0.0) ? rest + b : std::copysign(rest, b);
 }
+
+} // namespace curveeditor

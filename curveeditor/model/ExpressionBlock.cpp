@@ -6,6 +6,8 @@
 
 #include <math.h> // j0 and j1 are in no other header
 
+namespace curveeditor {
+
 // Where compiler and C library can do it, loops become vector code for several generations of the processor,
 // one of which is chosen at run time, and five functions are taken from the C library's vector functions,
 // which lie up to 4 units in the last place off. Everything else is the same to the last bit, infinities and
@@ -206,3 +208,5 @@ double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* 
     }
     return top;
 }
+
+} // namespace curveeditor

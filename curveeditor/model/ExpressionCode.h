@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+namespace curveeditor {
+
 /// What an operation of an expression, or one instruction of its program, computes.
 enum class ExpressionCode : std::uint8_t {
     // Written in the text of an expression: operators, then functions.
@@ -79,3 +81,5 @@ enum class ExpressionCode : std::uint8_t {
     ChooseSubtract,
     ChooseAdd
 };
+
+} // namespace curveeditor

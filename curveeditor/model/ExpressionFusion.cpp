@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/ExpressionFusion.h>
 
+namespace curveeditor {
+
 namespace {
 
 using Code = ExpressionCode;
@@ -88,3 +90,5 @@ const ExpressionParts& partsOf(ExpressionCode code)
 {
     return allParts[std::size_t(code)];
 }
+
+} // namespace curveeditor

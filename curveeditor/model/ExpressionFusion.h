@@ -6,6 +6,8 @@
 #include <array>
 #include <cstddef>
 
+namespace curveeditor {
+
 /// Lets `last` do what `next` does as well, with the same roundings. Returns false, and changes nothing, if no
 /// instruction does both.
 bool fuse(ExpressionProgram::Instruction& last, const ExpressionProgram::Instruction& next);
@@ -21,3 +23,5 @@ struct ExpressionParts
     const ExpressionCode* end() const { return codes.data() + count; }
 };
 const ExpressionParts& partsOf(ExpressionCode code);
+
+} // namespace curveeditor

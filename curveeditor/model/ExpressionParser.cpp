@@ -18,6 +18,8 @@
 #include <numbers>
 #include <system_error>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr std::size_t usualDepth = 16;
@@ -375,3 +377,5 @@ void ExpressionParser::addError(ParseMessage::Code code, std::size_t offset, std
     message_.errors.emplace_back(std::uint32_t(std::min(offset, largest)),
                                  std::uint32_t(std::min(length, largest)));
 }
+
+} // namespace curveeditor

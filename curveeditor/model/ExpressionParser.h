@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+namespace curveeditor {
+
 /// Parses one text by operator precedence: values wait on one stack, operators and open parentheses on
 /// another, and an operator takes its values when a looser one follows. See Dijkstra's "shunting yard"
 /// (1961).
@@ -75,3 +77,5 @@ private:
     std::vector<Pending> pending_;
     std::vector<Node> values_;
 };
+
+} // namespace curveeditor

@@ -16,6 +16,8 @@
 
 #include <math.h> // j0 and j1 are in no other header
 
+namespace curveeditor {
+
 namespace {
 
 using Code = ExpressionCode;
@@ -585,3 +587,5 @@ void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, 
         count -= length;
     }
 }
+
+} // namespace curveeditor

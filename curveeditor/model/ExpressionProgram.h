@@ -9,6 +9,8 @@
 
 class FunctionFloatOperation;
 
+namespace curveeditor {
+
 /// An expression as a flat list of instructions for a machine with a stack. Arithmetic without variables is
 /// computed once, when the program is made. Holds keys of the parser and nothing of the tree. Running it
 /// changes nothing in it: it may be run again while it runs, which happens when a host's own variable
@@ -43,3 +45,5 @@ inline constexpr std::size_t blockStep = 8;
 /// returned.
 double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* top, std::size_t stride,
                      std::size_t count);
+
+} // namespace curveeditor

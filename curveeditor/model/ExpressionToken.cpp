@@ -6,6 +6,8 @@
 #include <cassert>
 #include <span>
 
+namespace curveeditor {
+
 namespace {
 
 using Code = ExpressionCode;
@@ -135,3 +137,5 @@ std::size_t nameLength(std::string_view text)
 {
     return std::size_t(std::find_if_not(text.begin(), text.end(), isNameByte) - text.begin());
 }
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <string_view>
 
+namespace curveeditor {
+
 /// Where a token may stand, and what it does there.
 enum class TokenRole {
     Sign,      ///< before a value
@@ -67,3 +69,5 @@ std::size_t numberLength(std::string_view text);
 
 /// Length of the run of name bytes with which `text` begins.
 std::size_t nameLength(std::string_view text);
+
+} // namespace curveeditor

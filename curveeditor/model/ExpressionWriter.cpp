@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <array>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr int tightnessOfValues = 1000;
@@ -183,3 +185,5 @@ bool ExpressionWriter::guardHiddenStarts(bool guardAll)
     }
     return guardedAny;
 }
+
+} // namespace curveeditor

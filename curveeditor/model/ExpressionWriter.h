@@ -9,6 +9,9 @@
 
 class FunctionFloatBase;
 class FunctionFloatOperation;
+
+namespace curveeditor {
+
 struct TokenRule;
 
 /// Writes a tree as text that the parser reads back as the same tree; see `FunctionFloatBase::getString`.
@@ -55,3 +58,5 @@ private:
     std::vector<Start> starts_;
     std::unordered_map<const FunctionFloatBase*, std::size_t> guards_;
 };
+
+} // namespace curveeditor

@@ -3,6 +3,10 @@
 
 #include <curveeditor/model/FunctionFloatOperation.h>
 
+namespace curveeditor {
+class ExpressionParser;
+} // namespace curveeditor
+
 /// An operator between two operands, or a function of two arguments; a product without an operator is one too.
 class CURVEEDITOR_EXPORT FunctionFloatBinary : public FunctionFloatOperation
 {
@@ -13,7 +17,7 @@ public:
     const FunctionFloatBinary* getBinaryRef() const override { return this; }
 
 private:
-    friend class ExpressionParser;
+    friend class curveeditor::ExpressionParser;
 
     using FunctionFloatOperation::FunctionFloatOperation;
 };

@@ -7,6 +7,10 @@
 #include <string>
 #include <string_view>
 
+namespace curveeditor {
+class ExpressionParser;
+} // namespace curveeditor
+
 /// A number. `text` is the number as it was typed, or `pi`.
 class CURVEEDITOR_EXPORT FunctionFloatConstant : public FunctionFloatBase
 {
@@ -31,7 +35,7 @@ public:
                        std::size_t count) override;
 
 private:
-    friend class ExpressionParser;
+    friend class curveeditor::ExpressionParser;
 
     FunctionFloatConstant(double value, std::string_view typed);
 

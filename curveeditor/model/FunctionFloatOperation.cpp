@@ -6,6 +6,8 @@
 
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr std::size_t usualNodes = 16;

@@ -12,8 +12,10 @@
 #include <string_view>
 #include <vector>
 
+namespace curveeditor {
 class ExpressionProgram;
 enum class ExpressionCode : std::uint8_t;
+} // namespace curveeditor
 
 /// What the nodes with operands have in common: an operator, or a function with its arguments. Owns its
 /// operands. Evaluating runs a flat program, which is made from the nodes below this one when it is evaluated
@@ -39,7 +41,7 @@ public:
     const FunctionFloatBase* getOperand(std::size_t index) const;
 
     /// What the node computes; for the library alone.
-    ExpressionCode getCode() const { return code_; }
+    curveeditor::ExpressionCode getCode() const { return code_; }
 
     /// True while this very node is evaluated. Variables that read curves ask for it.
     bool isRunning() const { return running_; }
@@ -51,16 +53,16 @@ public:
 
 protected:
     /// `name` is the operator or function as it is written; the operands are taken over.
-    FunctionFloatOperation(ExpressionCode code, std::string_view name, Operands&& operands);
+    FunctionFloatOperation(curveeditor::ExpressionCode code, std::string_view name, Operands&& operands);
 
 private:
     const FunctionFloatOperation* asOperation() const override { return this; }
-    const ExpressionProgram& program();
+    const curveeditor::ExpressionProgram& program();
     // Those that are operations go to `nodes`.
     void freeOperands(std::vector<std::unique_ptr<FunctionFloatBase>>& nodes);
 
-    ExpressionCode code_;
+    curveeditor::ExpressionCode code_;
     bool running_ = false;
     Operands operands_;
-    std::unique_ptr<const ExpressionProgram> program_;
+    std::unique_ptr<const curveeditor::ExpressionProgram> program_;
 };

@@ -3,6 +3,10 @@
 
 #include <curveeditor/model/FunctionFloatOperation.h>
 
+namespace curveeditor {
+class ExpressionParser;
+} // namespace curveeditor
+
 /// A function of three arguments: `if`.
 class CURVEEDITOR_EXPORT FunctionFloatTernary : public FunctionFloatOperation
 {
@@ -13,7 +17,7 @@ public:
     const FunctionFloatTernary* getTernaryRef() const override { return this; }
 
 private:
-    friend class ExpressionParser;
+    friend class curveeditor::ExpressionParser;
 
     using FunctionFloatOperation::FunctionFloatOperation;
 };

@@ -3,6 +3,10 @@
 
 #include <curveeditor/model/FunctionFloatOperation.h>
 
+namespace curveeditor {
+class ExpressionParser;
+} // namespace curveeditor
+
 /// A sign, or a function of one argument.
 class CURVEEDITOR_EXPORT FunctionFloatUnary : public FunctionFloatOperation
 {
@@ -13,7 +17,7 @@ public:
     const FunctionFloatUnary* getUnaryRef() const override { return this; }
 
 private:
-    friend class ExpressionParser;
+    friend class curveeditor::ExpressionParser;
 
     using FunctionFloatOperation::FunctionFloatOperation;
 };

@@ -3,6 +3,10 @@
 
 #include <curveeditor/model/FunctionFloatVariable.h>
 
+namespace curveeditor {
+class ExpressionParser;
+} // namespace curveeditor
+
 /// A variable whose storage is a `double`.
 class CURVEEDITOR_EXPORT FunctionFloatVariableDouble : public FunctionFloatVariable
 {
@@ -13,7 +17,7 @@ public:
     const FunctionFloatVariableDouble* getVariableDoubleRef() const override { return this; }
 
 private:
-    friend class ExpressionParser;
+    friend class curveeditor::ExpressionParser;
 
     using FunctionFloatVariable::FunctionFloatVariable;
 };

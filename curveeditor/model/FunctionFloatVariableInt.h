@@ -3,6 +3,10 @@
 
 #include <curveeditor/model/FunctionFloatVariable.h>
 
+namespace curveeditor {
+class ExpressionParser;
+} // namespace curveeditor
+
 /// A variable whose storage is an `int`.
 class CURVEEDITOR_EXPORT FunctionFloatVariableInt : public FunctionFloatVariable
 {
@@ -13,7 +17,7 @@ public:
     const FunctionFloatVariableInt* getVariableIntRef() const override { return this; }
 
 private:
-    friend class ExpressionParser;
+    friend class curveeditor::ExpressionParser;
 
     using FunctionFloatVariable::FunctionFloatVariable;
 };

@@ -14,6 +14,8 @@
 #include <map>
 #include <unordered_set>
 
+using namespace curveeditor;
+
 struct FunctionParserBase::Private
 {
     struct Variable

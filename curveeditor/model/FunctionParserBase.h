@@ -14,6 +14,10 @@
 class FunctionFloatBase;
 class ParserVarMapper;
 
+namespace curveeditor {
+class ExpressionParser;
+} // namespace curveeditor
+
 /// Parses expressions and knows their variables. There is one for the whole process; see `instance`.
 ///
 /// The independent variables `t`, time, and `f`, the frame number, are always known. All others come from the
@@ -112,7 +116,7 @@ public:
     const ParserVarMapper* getVarMapper() const;
 
 private:
-    friend class ExpressionParser;
+    friend class curveeditor::ExpressionParser;
 
     struct Private;
 

@@ -8,6 +8,8 @@
 #include <optional>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 /// So little counts how much the pieces bend, beside the samples: it decides only what these leave open.
@@ -526,3 +528,5 @@ void HermiteFit::removeSpareKnots(std::vector<FitKnot>& knots) const
     }
     chain.dropTakenOut();
 }
+
+} // namespace curveeditor

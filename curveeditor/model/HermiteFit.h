@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+namespace curveeditor {
+
 /// Samples without a step in time: their times ascend strictly, all numbers are finite, there is at least one.
 struct FitSamples
 {
@@ -80,3 +82,5 @@ private:
     std::vector<bool> isCorner_;             ///< for each sample
     std::vector<std::size_t> rises_, falls_; ///< until a sample, if the curve is to be monotone
 };
+
+} // namespace curveeditor

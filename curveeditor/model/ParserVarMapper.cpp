@@ -9,6 +9,8 @@
 #include <iterator>
 #include <set>
 
+using namespace curveeditor;
+
 namespace {
 
 bool endsInsideName(std::string_view text, std::size_t length)

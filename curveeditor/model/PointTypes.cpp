@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace curveeditor {
+
 #define QT_TRANSLATE_NOOP(context, text) text // by which lupdate finds the texts
 
 namespace {
@@ -41,3 +43,5 @@ void PointTypes::use(std::span<const PointType> types)
 {
     typesInUse = types;
 }
+
+} // namespace curveeditor

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <span>
 
+namespace curveeditor {
+
 /// What a type of points is called, and where it stands in menus. Texts for users are untranslated, in the context
 /// "PointType".
 struct PointType
@@ -31,3 +33,5 @@ CURVEEDITOR_EXPORT const PointType& of(std::int32_t number);
 CURVEEDITOR_EXPORT void use(std::span<const PointType> types);
 
 } // namespace PointTypes
+
+} // namespace curveeditor

@@ -19,6 +19,8 @@
 #include <unordered_set>
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 using PointInfo = SplineBase::PointInfo;

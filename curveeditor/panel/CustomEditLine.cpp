@@ -15,6 +15,8 @@
 #include <limits>
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr double initialBound = 100000000.0;

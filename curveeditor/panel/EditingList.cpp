@@ -10,6 +10,8 @@
 #include <QStyledItemDelegate>
 #include <QTextDocument>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr QColor outline(128, 128, 128); // so that a curve in the colour of the list has its square too

@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr int mostRowsAtAGlance = 12;
@@ -74,5 +76,7 @@ void EditingListPanel::translate()
     filterLine_->setToolTip(
         tr("Shows only the curves whose names contain this text; the others stay on the canvas"));
 }
+
+} // namespace curveeditor
 
 #include "moc_EditingListPanel.cpp"

@@ -6,6 +6,8 @@
 class EditingList;
 class QLineEdit;
 
+namespace curveeditor {
+
 /// The list of curves with a line above it that filters its rows. The line shows itself while the list has more than
 /// a dozen rows; with it goes its text, so no row is out of sight without a visible reason. Escape takes the text
 /// back, Down goes on to the list.
@@ -30,3 +32,5 @@ private:
     QLineEdit* filterLine_;
     EditingList* list_;
 };
+
+} // namespace curveeditor

@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QMimeData>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int maximumLength = 16384;

@@ -3,6 +3,8 @@
 
 #include <QPalette>
 
+namespace curveeditor {
+
 /// The palette of a line whose text can't be read, made from its own.
 inline QPalette faultColors(QPalette colors)
 {
@@ -10,3 +12,5 @@ inline QPalette faultColors(QPalette colors)
     colors.setColor(QPalette::Text, QColor(96, 0, 0));
     return colors;
 }
+
+} // namespace curveeditor

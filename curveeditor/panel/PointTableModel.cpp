@@ -9,6 +9,8 @@
 #include <array>
 #include <cmath>
 
+namespace curveeditor {
+
 namespace {
 
 using Field = SplineEdits::Field;
@@ -216,5 +218,7 @@ bool PointTableModel::edit(const QString& one, const QString& many, std::size_t 
         Q_EMIT edited(control);
     return hasChanged;
 }
+
+} // namespace curveeditor
 
 #include "moc_PointTableModel.cpp"

@@ -12,6 +12,8 @@
 
 class NodePage;
 
+namespace curveeditor {
+
 /// The points of one curve as the rows of a table, ascending in time, and their fields as its columns.
 ///
 /// Numbers are read from the spline when they are asked for. Six digits of them are shown; to be edited, and in the
@@ -86,3 +88,5 @@ private:
     QPointer<ControlSplineNode> control_;
     std::vector<PointSerial> rows_;
 };
+
+} // namespace curveeditor

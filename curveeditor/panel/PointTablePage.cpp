@@ -23,6 +23,8 @@
 #include <optional>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr const char* pickedProperty = "picked";
@@ -404,5 +406,7 @@ void PointTablePage::translate()
     }
     view_->setWhatsThis(tr("What is typed into a cell goes to all selected rows"));
 }
+
+} // namespace curveeditor
 
 #include "moc_PointTablePage.cpp"

@@ -9,6 +9,8 @@
 
 class QTableView;
 
+namespace curveeditor {
+
 /// The page "Points": the points of the current curve in a table, whose selected rows are the points that are
 /// selected on the canvas. What is typed into a cell of a selected row goes to all selected rows. The keys to copy,
 /// cut and paste act on whole points, which are pasted where they were.
@@ -50,3 +52,5 @@ private:
     Selection shown_; ///< what the rows selected last stand for
     bool isShowing_ = false;
 };
+
+} // namespace curveeditor

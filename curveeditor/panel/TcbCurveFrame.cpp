@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr unsigned topOfHump = 2; // behind the point of a new spline and the one added at the same time

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace curveeditor;
+
 /// One numeric field of the page.
 struct TcbEditorForm::Row
 {

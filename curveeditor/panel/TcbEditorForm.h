@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QPointer>
 
+using namespace curveeditor;
+
 /// Keeps the node page in step with the one point that is selected on the canvas. It copies the point's
 /// fields into the widgets of the page, and hands each edit of a widget to the door for edits. The widgets
 /// belong to the dialog, the point to its spline.

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace curveeditor {
+
 namespace {
 
 bool startsInsideCharacter(const std::string& utf8, std::size_t offset)
@@ -33,3 +35,5 @@ TextSpan textSpan(const std::string& utf8, std::size_t offset, std::size_t lengt
     const int start = unitsBefore(utf8, first);
     return {start, unitsBefore(utf8, last) - start};
 }
+
+} // namespace curveeditor

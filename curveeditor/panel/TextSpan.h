@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 
+namespace curveeditor {
+
 /// A run of characters of a `QString`, counted in its UTF-16 units.
 struct TextSpan
 {
@@ -15,3 +17,5 @@ struct TextSpan
 /// `QString`. A character that the bytes cover only in part belongs to the run. Bytes behind the end of the
 /// text count as none.
 TextSpan textSpan(const std::string& utf8, std::size_t offset, std::size_t length);
+
+} // namespace curveeditor

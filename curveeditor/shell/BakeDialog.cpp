@@ -15,6 +15,8 @@
 #include <cmath>
 #include <limits>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr qint64 longestEvaluation = 1000; // milliseconds
@@ -172,5 +174,7 @@ void BakeDialog::apply()
     if (curve())
         canvas().setPoints(*curve(), tr("Bake %1"), result_.spline.points);
 }
+
+} // namespace curveeditor
 
 #include "moc_BakeDialog.cpp"

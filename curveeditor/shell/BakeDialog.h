@@ -6,6 +6,8 @@
 
 class QComboBox;
 
+namespace curveeditor {
+
 /// Makes points of the current curve, be it a formula or a spline, at times of equal distance. The values are those
 /// that are not clamped: the limits of the curve act on its points as they did on the formula. Times are shown as
 /// the axis shows them.
@@ -44,3 +46,5 @@ private:
     QComboBox* kind_ = nullptr;
     NumberLine* tolerance_ = nullptr;
 };
+
+} // namespace curveeditor

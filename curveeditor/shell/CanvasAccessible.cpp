@@ -11,6 +11,8 @@
 #include <iterator>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 class PointAccessible : public QAccessibleInterface, public QAccessibleActionInterface
@@ -278,5 +280,7 @@ void CanvasAnnouncer::send(QAccessible::Event kind, QAccessibleInterface* about)
     QAccessible::updateAccessibility(&event);
     Q_EMIT announced(kind, about->text(QAccessible::Name));
 }
+
+} // namespace curveeditor
 
 #include "moc_CanvasAccessible.cpp"

@@ -10,6 +10,8 @@
 
 class FunctionEditor;
 
+namespace curveeditor {
+
 /// What assistive technology knows of the canvas: the current curve, and the points of it as children in order of
 /// time, each with its place, whether it is selected, and the actions "Select" and "Delete".
 ///
@@ -65,3 +67,5 @@ private:
     QString toldPlace_;
     QString toldCanvas_;
 };
+
+} // namespace curveeditor

@@ -33,6 +33,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int pointsOfListMenu = 8;

@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int readOutLength = 15;

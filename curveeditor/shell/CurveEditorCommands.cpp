@@ -25,6 +25,8 @@
 #include <fstream>
 #include <sstream>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int shownDigits = 6;

@@ -24,6 +24,8 @@
 
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr QSize initialSize(844, 550);

@@ -7,9 +7,7 @@
 
 class CustomEditLine;
 class EditingList;
-class EditingListPanel;
 class ExpressionEditLine;
-class PlainToolBar;
 class QComboBox;
 class QFrame;
 class QGridLayout;
@@ -21,6 +19,11 @@ class QStackedWidget;
 class QTabWidget;
 class QVBoxLayout;
 class TcbCurveFrame;
+
+namespace curveeditor {
+class EditingListPanel;
+class PlainToolBar;
+} // namespace curveeditor
 
 /// The widgets of the main dialog and nothing else: it builds and names them, `CurveEditor` gives them their
 /// work. Every widget and layout is a public member named as its object, but for the two tool bars, whose objects
@@ -37,9 +40,9 @@ public:
 
     /// @{
     /// Around the pages: menu, editing list and canvas side by side, the pages below.
-    PlainToolBar* mainMenu = nullptr;
+    curveeditor::PlainToolBar* mainMenu = nullptr;
     QSplitter* splitter11 = nullptr;
-    EditingListPanel* listPanel = nullptr;
+    curveeditor::EditingListPanel* listPanel = nullptr;
     EditingList* checkListsEditing = nullptr;
     QSplitter* splitter10 = nullptr;
     QFrame* functionView = nullptr; ///< frame of the canvas
@@ -87,7 +90,7 @@ public:
     /// @{
     /// On the expression page: menus of what can be inserted, the command line, and what drops the expression.
     QWidget* tab_2 = nullptr; ///< the expression page
-    PlainToolBar* expressionTool = nullptr;
+    curveeditor::PlainToolBar* expressionTool = nullptr;
     ExpressionEditLine* commandLine = nullptr;
     QPushButton* deleteCurve = nullptr;
     /// @}

@@ -11,6 +11,8 @@
 #include <QMenu>
 #include <QSignalBlocker>
 
+using namespace curveeditor;
+
 void CurveEditor::setEditingNode(const QString& name)
 {
     d_->setCurveEditableOn(searchAllNodeList(name));

@@ -16,6 +16,8 @@
 #include <QSet>
 #include <QToolButton>
 
+using namespace curveeditor;
+
 namespace {
 
 /// The text of the entry with that id, in the menu or its submenus; empty if there is none.

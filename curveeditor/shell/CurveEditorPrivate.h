@@ -17,11 +17,16 @@
 
 class CustomEditLine;
 class FunctionEditor;
-class PointTablePage;
 class QAction;
 class QMenu;
 class QToolBar;
 class QToolButton;
+
+namespace curveeditor {
+class PointTablePage;
+} // namespace curveeditor
+
+using namespace curveeditor;
 
 /// What a `CurveEditor` holds, and does without being called by a host. It lies behind a pointer, so that all of it can
 /// change without a new layout of the class, which hosts are built against. Widgets and actions belong to their Qt parents.

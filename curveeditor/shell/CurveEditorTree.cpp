@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace curveeditor;
+
 namespace {
 
 QString fullName(const QString& nodeName, const QString& curveName)

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QUndoStack>
 
+using namespace curveeditor;
+
 QUndoStack* CurveEditor::undoStack() const
 {
     return d_->functionEdit->canvas.door().history().stack();

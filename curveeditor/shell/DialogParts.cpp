@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+namespace curveeditor {
+
 void setDialogFamily(QWidget* widget)
 {
     widget->setFont(QFont(QStringLiteral("Arial Narrow")));
@@ -32,3 +34,5 @@ void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& co
     colors.setColor(role, color);
     widget->setPalette(colors);
 }
+
+} // namespace curveeditor

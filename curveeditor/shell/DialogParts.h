@@ -10,6 +10,8 @@
 
 class QComboBox;
 
+namespace curveeditor {
+
 /// A new object of `Kind`, child of `parent`, with that object name.
 template <class Kind, class Parent> Kind* named(const char* name, Parent* parent)
 {
@@ -50,3 +52,5 @@ QColor askForColor(const QColor& initial, QWidget* parent);
 
 /// Sets one colour of a widget, the same in all of its states.
 void setPaletteColor(QWidget* widget, QPalette::ColorRole role, const QColor& color);
+
+} // namespace curveeditor

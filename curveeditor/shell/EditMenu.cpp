@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+namespace curveeditor {
+
 EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     : QObject(menu), canvas_(canvas), points_(canvas.canvas), menu_(menu), target_(menu)
 {
@@ -266,5 +268,7 @@ bool EditMenu::eventFilter(QObject* canvas, QEvent* event)
         mouse_ = static_cast<QMouseEvent*>(event)->position().toPoint();
     return false;
 }
+
+} // namespace curveeditor
 
 #include "moc_EditMenu.cpp"

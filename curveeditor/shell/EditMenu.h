@@ -17,6 +17,8 @@ class QAction;
 class QKeyEvent;
 class QMenu;
 
+namespace curveeditor {
+
 /// Fills the menu "Edit" with all commands on points and on the view, each with its key, to which `EditorKeys` listens.
 /// Entries are enabled as the situation allows when the menu opens or their key is pressed.
 ///
@@ -62,3 +64,5 @@ private:
     std::vector<std::pair<QAction*, Condition>> entries_; ///< and whether they can be used
     std::vector<std::pair<QAction*, Condition>> toggles_; ///< and whether they are on
 };
+
+} // namespace curveeditor

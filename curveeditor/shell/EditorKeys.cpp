@@ -14,6 +14,8 @@
 #include <QScopedValueRollback>
 #include <QTableView>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr Qt::KeyboardModifiers commandModifiers = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -116,3 +118,5 @@ bool EditorKeys::isForCanvas(const QWidget& focus, const QKeyEvent& key) const
 {
     return !isHanding_ && &focus != &canvas_ && !keepsItsKeys(focus) && isLetter(key);
 }
+
+} // namespace curveeditor

@@ -6,10 +6,13 @@
 #include <QWidget>
 
 class CurveEditor;
-class EditMenu;
 class FunctionEditor;
 class QAction;
 class QKeyEvent;
+
+namespace curveeditor {
+
+class EditMenu;
 
 /// Gives the keys of commands to those commands wherever in the editor the focus is, before the widget that has it
 /// sees them, and before the keys of a host in whose window the editor is docked.
@@ -37,3 +40,5 @@ private:
     QPointer<QWidget> followed_; ///< the widget in the editor that has the focus
     bool isHanding_ = false;
 };
+
+} // namespace curveeditor

@@ -18,6 +18,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr int smallestWidth = 340;
@@ -179,5 +181,7 @@ double FitDialog::usualTolerance(double lowest, double highest)
     const double share = highest * shareOfSpan - lowest * shareOfSpan;
     return QString::number(share > 0.0 ? share : shareOfSpan, 'g', toleranceDigits).toDouble();
 }
+
+} // namespace curveeditor
 
 #include "moc_FitDialog.cpp"

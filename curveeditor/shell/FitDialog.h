@@ -16,6 +16,8 @@ class QFormLayout;
 class QLabel;
 class QPushButton;
 
+namespace curveeditor {
+
 /// Asks how the points of the current curve are to be made anew, and says below the fields what that gives, while
 /// they are typed in. OK is enabled as long as it can be done.
 ///
@@ -83,3 +85,5 @@ private:
     QTimer* delay_; ///< until the work is done where it takes long
     qint64 workTime_ = 0;
 };
+
+} // namespace curveeditor

@@ -14,6 +14,8 @@
 #include <QPointer>
 #include <QStyleHints>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr double fitMargin = 0.1; // share of the value span above and below the fitted curve

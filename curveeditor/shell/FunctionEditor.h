@@ -12,6 +12,8 @@
 class DependencyCheck;
 class NodePage;
 
+using namespace curveeditor;
+
 /// The widget on which the curves are seen and touched. It draws and edits nothing by itself: each event
 /// goes, in a fixed order, to the view gestures of its `ViewPort` base, to `canvas` and to `nodeForm`.
 ///

@@ -7,6 +7,8 @@
 #include <QFocusEvent>
 #include <QSignalBlocker>
 
+namespace curveeditor {
+
 NumberLine::NumberLine(double number, QWidget* parent) : QLineEdit(parent)
 {
     setNumber(number);
@@ -58,3 +60,5 @@ void NumberLine::changeEvent(QEvent* event)
         showNumber();
     }
 }
+
+} // namespace curveeditor

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+namespace curveeditor {
+
 /// A line for a number of a dialog. It shows six digits of it, and all of them while it has the focus. A text that is
 /// no finite number is marked; it stays, and the line has no number then.
 class NumberLine : public QLineEdit
@@ -27,3 +29,5 @@ private:
     double number_ = 0.0;
     QString shown_;
 };
+
+} // namespace curveeditor

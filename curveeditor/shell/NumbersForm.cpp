@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace curveeditor {
+
 namespace {
 
 constexpr int rowHeight = 20;
@@ -177,5 +179,7 @@ void NumbersForm::fit()
     dialog_->setFixedSize(
         rows_->minimumSize().expandedTo(smallest_.dialog).expandedTo({titleWidth(*dialog_), 0}));
 }
+
+} // namespace curveeditor
 
 #include "moc_NumbersForm.cpp"

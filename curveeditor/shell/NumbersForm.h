@@ -16,6 +16,8 @@ class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
 
+namespace curveeditor {
+
 /// What the small dialogs that ask for numbers are made of: rows of a label and a line, and a last row of two
 /// buttons, the first of which accepts and the second rejects. It makes its dialog modal and gives it, in any
 /// font and language, the one size that its texts take. It belongs to the dialog, and so do all widgets.
@@ -67,3 +69,5 @@ private:
     QList<QLineEdit*> lines_;
     QList<QPushButton*> buttons_;
 };
+
+} // namespace curveeditor

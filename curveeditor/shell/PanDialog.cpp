@@ -6,6 +6,8 @@
 
 #include <tuple>
 
+using namespace curveeditor;
+
 PanDialog::PanDialog(QWidget* parent, const QString& name, bool /*modal*/, Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {

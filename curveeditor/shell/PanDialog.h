@@ -5,12 +5,15 @@
 
 #include <QDialog>
 
-class NumbersForm;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
+
+namespace curveeditor {
+class NumbersForm;
+} // namespace curveeditor
 
 /// Asks for the two distances by which the selected points are shifted: time units and value units. The lines
 /// hold plain text without bounds; who opened the dialog fills and reads them. "Ok" accepts, "Cancel"
@@ -51,5 +54,5 @@ protected Q_SLOTS:
     virtual void languageChange();
 
 private:
-    NumbersForm* form_ = nullptr;
+    curveeditor::NumbersForm* form_ = nullptr;
 };

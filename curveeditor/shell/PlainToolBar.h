@@ -3,6 +3,8 @@
 
 #include <QToolBar>
 
+namespace curveeditor {
+
 /// A tool bar that stands in a layout, without a main window.
 class PlainToolBar : public QToolBar
 {
@@ -11,3 +13,5 @@ class PlainToolBar : public QToolBar
 public:
     PlainToolBar(QWidget* parent, const QString& label);
 };
+
+} // namespace curveeditor

@@ -5,12 +5,15 @@
 
 #include <QDialog>
 
-class NumbersForm;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
+
+namespace curveeditor {
+class NumbersForm;
+} // namespace curveeditor
 
 /// Asks for the two factors by which the selected points are scaled, of time and of value. The lines hold
 /// plain text without bounds; who opened the dialog fills and reads them. "Ok" accepts, "Cancel" rejects.
@@ -50,5 +53,5 @@ protected Q_SLOTS:
     virtual void languageChange();
 
 private:
-    NumbersForm* form_ = nullptr;
+    curveeditor::NumbersForm* form_ = nullptr;
 };

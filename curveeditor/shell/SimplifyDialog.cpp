@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
+namespace curveeditor {
+
 SimplifyDialog::SimplifyDialog(QWidget* editor, CanvasFunctionBase& canvas)
     : FitDialog(editor, canvas),
       trial_(canvas.door(), curve()->curve(), tr("Simplify %1").arg(curve()->getName()))
@@ -110,5 +112,7 @@ void SimplifyDialog::showTrial(bool wasPointLost)
     canvas().paint();
     Q_EMIT canvas().selectionChanged(wasPointLost);
 }
+
+} // namespace curveeditor
 
 #include "moc_SimplifyDialog.cpp"

@@ -6,6 +6,8 @@
 
 class QCheckBox;
 
+namespace curveeditor {
+
 /// Makes fewer points of the current spline, or of the part between its selected points if these are more than
 /// two. The canvas shows the result while the tolerance is typed.
 class SimplifyDialog final : public FitDialog
@@ -36,3 +38,5 @@ private:
     NumberLine* tolerance_;
     QCheckBox* monotone_;
 };
+
+} // namespace curveeditor

@@ -5,12 +5,15 @@
 
 #include <QDialog>
 
-class NumbersForm;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
+
+namespace curveeditor {
+class NumbersForm;
+} // namespace curveeditor
 
 /// Asks for the visible range, X in time units and Y in value units. The lines hold plain text without
 /// bounds; who opened the dialog fills and reads them. "Ok" accepts, "Cancel" rejects.
@@ -56,5 +59,5 @@ protected Q_SLOTS:
     virtual void languageChange();
 
 private:
-    NumbersForm* form_ = nullptr;
+    curveeditor::NumbersForm* form_ = nullptr;
 };

@@ -2,81 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
-    <name>BakeDialog</name>
-    <message>
-        <source>Bake</source>
-        <translation>Backen</translation>
-    </message>
-    <message>
-        <source>&amp;From frame</source>
-        <translation>&amp;Von Bild</translation>
-    </message>
-    <message>
-        <source>&amp;From time</source>
-        <translation>&amp;Von Zeit</translation>
-    </message>
-    <message>
-        <source>&amp;To frame</source>
-        <translation>&amp;Bis Bild</translation>
-    </message>
-    <message>
-        <source>&amp;To time</source>
-        <translation>&amp;Bis Zeit</translation>
-    </message>
-    <message>
-        <source>&amp;Every</source>
-        <translation>&amp;Schrittweite</translation>
-    </message>
-    <message>
-        <source>&amp;Points</source>
-        <translation>&amp;Punkte</translation>
-    </message>
-    <message>
-        <source>As few as the tolerance allows</source>
-        <translation>So wenige, wie die Toleranz zulässt</translation>
-    </message>
-    <message>
-        <source>To&amp;lerance</source>
-        <translation>To&amp;leranz</translation>
-    </message>
-    <message>
-        <source>This takes too long. Fewer points may do.</source>
-        <translation>Das dauert zu lange. Vielleicht genügen weniger Punkte.</translation>
-    </message>
-    <message>
-        <source>The first time is later than the last.</source>
-        <translation>Die erste Zeit liegt nach der letzten.</translation>
-    </message>
-    <message>
-        <source>These are more than %1 points.</source>
-        <translation>Das sind mehr als %1 Punkte.</translation>
-    </message>
-    <message>
-        <source>The curve has no value there.</source>
-        <translation>Die Kurve hat dort keinen Wert.</translation>
-    </message>
-    <message>
-        <source>Number of points: %1</source>
-        <translation>Anzahl der Punkte: %1</translation>
-    </message>
-    <message>
-        <source>%1 values become %2 points, at most %3 away.</source>
-        <translation>Aus %1 Werten werden %2 Punkte, höchstens %3 entfernt.</translation>
-    </message>
-    <message>
-        <source>Bake %1</source>
-        <translation>%1 backen</translation>
-    </message>
-    <message>
-        <source>The times must be numbers.</source>
-        <translation>Die Zeiten müssen Zahlen sein.</translation>
-    </message>
-    <message>
-        <source>The step must be greater than 0.</source>
-        <translation>Die Schrittweite muss größer als 0 sein.</translation>
-    </message>
-</context>
-<context>
     <name>CanvasAccessible</name>
     <message>
         <source>Canvas without a curve</source>
@@ -946,7 +871,358 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
-    <name>EditMenu</name>
+    <name>PanDialog</name>
+    <message>
+        <source>pan selection</source>
+        <translation>Auswahl versetzen</translation>
+    </message>
+    <message>
+        <source>Pan X</source>
+        <translation>Versatz X</translation>
+    </message>
+    <message>
+        <source>Pan Y</source>
+        <translation>Versatz Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>PointAccessible</name>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, frame %3, value %4</source>
+        <translation>Punkt %1 von %2, Bild %3, Wert %4</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, time %3, value %4</source>
+        <translation>Punkt %1 von %2, Zeit %3, Wert %4</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>Punkt von %1 löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>%1 Punkte von %2 löschen</translation>
+    </message>
+</context>
+<context>
+    <name>PointCommands</name>
+    <message>
+        <source>Nudge a point of %1</source>
+        <translation>Punkt von %1 ein wenig verschieben</translation>
+    </message>
+    <message>
+        <source>Nudge %1 points of %2</source>
+        <translation>%1 Punkte von %2 ein wenig verschieben</translation>
+    </message>
+    <message>
+        <source>Cut points of %1</source>
+        <translation>Punkte von %1 ausschneiden</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>Punkte einfügen</translation>
+    </message>
+    <message>
+        <source>Paste points into %1</source>
+        <translation>Punkte in %1 einfügen</translation>
+    </message>
+    <message>
+        <source>Duplicate points of %1</source>
+        <translation>Punkte von %1 duplizieren</translation>
+    </message>
+    <message>
+        <source>Insert a point on %1</source>
+        <translation>Punkt in %1 einfügen</translation>
+    </message>
+    <message>
+        <source>Flatten a point of %1</source>
+        <translation>Tangenten eines Punktes von %1 waagerecht stellen</translation>
+    </message>
+    <message>
+        <source>Flatten %1 points of %2</source>
+        <translation>Tangenten von %1 Punkten von %2 waagerecht stellen</translation>
+    </message>
+    <message>
+        <source>Align the tangents of a point of %1</source>
+        <translation>Tangenten eines Punktes von %1 ausrichten</translation>
+    </message>
+    <message>
+        <source>Align the tangents of %1 points of %2</source>
+        <translation>Tangenten von %1 Punkten von %2 ausrichten</translation>
+    </message>
+    <message>
+        <source>Smooth a point of %1</source>
+        <translation>Punkt von %1 glätten</translation>
+    </message>
+    <message>
+        <source>Smooth %1 points of %2</source>
+        <translation>%1 Punkte von %2 glätten</translation>
+    </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>Dorthin verschoben, lägen die Punkte jenseits aller Zeiten.</translation>
+    </message>
+</context>
+<context>
+    <name>PointText</name>
+    <message>
+        <source>The text holds no points.</source>
+        <translation>Der Text enthält keine Punkte.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no column of points.</source>
+        <translation>„%1“ ist keine Spalte von Punkten.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is there twice.</source>
+        <translation>Die Spalte „%1“ ist doppelt vorhanden.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is missing.</source>
+        <translation>Die Spalte „%1“ fehlt.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 numbers.</source>
+        <translation>%1 statt %2 Zahlen.</translation>
+    </message>
+    <message>
+        <source>More than %1 points.</source>
+        <translation>Mehr als %1 Punkte.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of a point.</source>
+        <translation>„%1“ ist kein Typ eines Punktes.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number that a point can have.</source>
+        <translation>„%1“ ist keine Zahl, die ein Punkt haben kann.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>„%1“ lässt sich auf zwei Arten lesen.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>Nicht %2, sondern %1 Zeilen.</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>Ein Anführungszeichen hat kein Gegenstück.</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>Die Zeile ist zu lang.</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Linearer Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Linearer Punkt</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Auswahl zu Linear</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Bézier-Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Bézier-Punkt</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Auswahl zu Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>TCB-Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>TCB-Punkt</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Auswahl zu TCB</translation>
+    </message>
+</context>
+<context>
+    <name>ScaleDialog</name>
+    <message>
+        <source>scale selection</source>
+        <translation>Auswahl skalieren</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>Faktor X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>Faktor Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>TcbEditorForm</name>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>Zahl eines Punktes von %1 ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ViewportSettings</name>
+    <message>
+        <source>viewPort Settings</source>
+        <translation>Ansichtsbereich</translation>
+    </message>
+    <message>
+        <source>MinX</source>
+        <translation>Min. X</translation>
+    </message>
+    <message>
+        <source>MinY</source>
+        <translation>Min. Y</translation>
+    </message>
+    <message>
+        <source>MaxX</source>
+        <translation>Max. X</translation>
+    </message>
+    <message>
+        <source>MaxY</source>
+        <translation>Max. Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::BakeDialog</name>
+    <message>
+        <source>Bake</source>
+        <translation>Backen</translation>
+    </message>
+    <message>
+        <source>&amp;From frame</source>
+        <translation>&amp;Von Bild</translation>
+    </message>
+    <message>
+        <source>&amp;From time</source>
+        <translation>&amp;Von Zeit</translation>
+    </message>
+    <message>
+        <source>&amp;To frame</source>
+        <translation>&amp;Bis Bild</translation>
+    </message>
+    <message>
+        <source>&amp;To time</source>
+        <translation>&amp;Bis Zeit</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation>&amp;Schrittweite</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <translation>&amp;Punkte</translation>
+    </message>
+    <message>
+        <source>As few as the tolerance allows</source>
+        <translation>So wenige, wie die Toleranz zulässt</translation>
+    </message>
+    <message>
+        <source>To&amp;lerance</source>
+        <translation>To&amp;leranz</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>Die Zeiten müssen Zahlen sein.</translation>
+    </message>
+    <message>
+        <source>This takes too long. Fewer points may do.</source>
+        <translation>Das dauert zu lange. Vielleicht genügen weniger Punkte.</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>Die Schrittweite muss größer als 0 sein.</translation>
+    </message>
+    <message>
+        <source>The first time is later than the last.</source>
+        <translation>Die erste Zeit liegt nach der letzten.</translation>
+    </message>
+    <message>
+        <source>These are more than %1 points.</source>
+        <translation>Das sind mehr als %1 Punkte.</translation>
+    </message>
+    <message>
+        <source>The curve has no value there.</source>
+        <translation>Die Kurve hat dort keinen Wert.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Anzahl der Punkte: %1</translation>
+    </message>
+    <message>
+        <source>%1 values become %2 points, at most %3 away.</source>
+        <translation>Aus %1 Werten werden %2 Punkte, höchstens %3 entfernt.</translation>
+    </message>
+    <message>
+        <source>Bake %1</source>
+        <translation>%1 backen</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
         <translation>Punkte ausschneiden</translation>
@@ -1109,7 +1385,7 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
-    <name>EditingListPanel</name>
+    <name>curveeditor::EditingListPanel</name>
     <message>
         <source>Filter</source>
         <translation>Filter</translation>
@@ -1124,130 +1400,21 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
-    <name>FitDialog</name>
+    <name>curveeditor::FitDialog</name>
     <message>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>Die Toleranz muss eine Zahl ab 0 sein.</translation>
     </message>
 </context>
 <context>
-    <name>NumbersForm</name>
+    <name>curveeditor::NumbersForm</name>
     <message>
         <source>This is no number</source>
         <translation>Das ist keine Zahl</translation>
     </message>
 </context>
 <context>
-    <name>PanDialog</name>
-    <message>
-        <source>pan selection</source>
-        <translation>Auswahl versetzen</translation>
-    </message>
-    <message>
-        <source>Pan X</source>
-        <translation>Versatz X</translation>
-    </message>
-    <message>
-        <source>Pan Y</source>
-        <translation>Versatz Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-</context>
-<context>
-    <name>PointAccessible</name>
-    <message>
-        <source>Select</source>
-        <translation>Auswählen</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, frame %3, value %4</source>
-        <translation>Punkt %1 von %2, Bild %3, Wert %4</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, time %3, value %4</source>
-        <translation>Punkt %1 von %2, Zeit %3, Wert %4</translation>
-    </message>
-    <message>
-        <source>Delete a point of %1</source>
-        <translation>Punkt von %1 löschen</translation>
-    </message>
-    <message>
-        <source>Delete %1 points of %2</source>
-        <translation>%1 Punkte von %2 löschen</translation>
-    </message>
-</context>
-<context>
-    <name>PointCommands</name>
-    <message>
-        <source>Nudge a point of %1</source>
-        <translation>Punkt von %1 ein wenig verschieben</translation>
-    </message>
-    <message>
-        <source>Nudge %1 points of %2</source>
-        <translation>%1 Punkte von %2 ein wenig verschieben</translation>
-    </message>
-    <message>
-        <source>Cut points of %1</source>
-        <translation>Punkte von %1 ausschneiden</translation>
-    </message>
-    <message>
-        <source>Paste points</source>
-        <translation>Punkte einfügen</translation>
-    </message>
-    <message>
-        <source>Paste points into %1</source>
-        <translation>Punkte in %1 einfügen</translation>
-    </message>
-    <message>
-        <source>Duplicate points of %1</source>
-        <translation>Punkte von %1 duplizieren</translation>
-    </message>
-    <message>
-        <source>Insert a point on %1</source>
-        <translation>Punkt in %1 einfügen</translation>
-    </message>
-    <message>
-        <source>Flatten a point of %1</source>
-        <translation>Tangenten eines Punktes von %1 waagerecht stellen</translation>
-    </message>
-    <message>
-        <source>Flatten %1 points of %2</source>
-        <translation>Tangenten von %1 Punkten von %2 waagerecht stellen</translation>
-    </message>
-    <message>
-        <source>Align the tangents of a point of %1</source>
-        <translation>Tangenten eines Punktes von %1 ausrichten</translation>
-    </message>
-    <message>
-        <source>Align the tangents of %1 points of %2</source>
-        <translation>Tangenten von %1 Punkten von %2 ausrichten</translation>
-    </message>
-    <message>
-        <source>Smooth a point of %1</source>
-        <translation>Punkt von %1 glätten</translation>
-    </message>
-    <message>
-        <source>Smooth %1 points of %2</source>
-        <translation>%1 Punkte von %2 glätten</translation>
-    </message>
-    <message>
-        <source>Moved there, the points would lie beyond all times.</source>
-        <translation>Dorthin verschoben, lägen die Punkte jenseits aller Zeiten.</translation>
-    </message>
-</context>
-<context>
-    <name>PointTableModel</name>
+    <name>curveeditor::PointTableModel</name>
     <message>
         <source>Frame</source>
         <translation>Bild</translation>
@@ -1314,7 +1481,7 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
-    <name>PointTablePage</name>
+    <name>curveeditor::PointTablePage</name>
     <message>
         <source>Points</source>
         <translation>Punkte</translation>
@@ -1337,136 +1504,7 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
-    <name>PointText</name>
-    <message>
-        <source>The text holds no points.</source>
-        <translation>Der Text enthält keine Punkte.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no column of points.</source>
-        <translation>„%1“ ist keine Spalte von Punkten.</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is there twice.</source>
-        <translation>Die Spalte „%1“ ist doppelt vorhanden.</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is missing.</source>
-        <translation>Die Spalte „%1“ fehlt.</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>%1 statt %2 Zahlen.</translation>
-    </message>
-    <message>
-        <source>More than %1 points.</source>
-        <translation>Mehr als %1 Punkte.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no type of a point.</source>
-        <translation>„%1“ ist kein Typ eines Punktes.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number that a point can have.</source>
-        <translation>„%1“ ist keine Zahl, die ein Punkt haben kann.</translation>
-    </message>
-    <message>
-        <source>Line %1: %2</source>
-        <translation>Zeile %1: %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; can be read in two ways.</source>
-        <translation>„%1“ lässt sich auf zwei Arten lesen.</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>Nicht %2, sondern %1 Zeilen.</translation>
-    </message>
-    <message>
-        <source>A quotation mark has no partner.</source>
-        <translation>Ein Anführungszeichen hat kein Gegenstück.</translation>
-    </message>
-    <message>
-        <source>The line is too long.</source>
-        <translation>Die Zeile ist zu lang.</translation>
-    </message>
-</context>
-<context>
-    <name>PointType</name>
-    <message>
-        <source>Linear</source>
-        <translation>Linear</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>Linearer Stützpunkt</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>Linearer Punkt</translation>
-    </message>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>Auswahl zu Linear</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>Bézier-Stützpunkt</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>Bézier-Punkt</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>Auswahl zu Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
-        <source>Tcb node</source>
-        <translation>TCB-Stützpunkt</translation>
-    </message>
-    <message>
-        <source>Tcb point</source>
-        <translation>TCB-Punkt</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>Auswahl zu TCB</translation>
-    </message>
-</context>
-<context>
-    <name>ScaleDialog</name>
-    <message>
-        <source>scale selection</source>
-        <translation>Auswahl skalieren</translation>
-    </message>
-    <message>
-        <source>Scale X</source>
-        <translation>Faktor X</translation>
-    </message>
-    <message>
-        <source>Scale Y</source>
-        <translation>Faktor Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-</context>
-<context>
-    <name>SimplifyDialog</name>
+    <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
         <translation>%1 vereinfachen</translation>
@@ -1498,44 +1536,6 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>Aus %1 Punkten werden %2, höchstens %3 entfernt.</translation>
-    </message>
-</context>
-<context>
-    <name>TcbEditorForm</name>
-    <message>
-        <source>Change a number of a point of %1</source>
-        <translation>Zahl eines Punktes von %1 ändern</translation>
-    </message>
-</context>
-<context>
-    <name>ViewportSettings</name>
-    <message>
-        <source>viewPort Settings</source>
-        <translation>Ansichtsbereich</translation>
-    </message>
-    <message>
-        <source>MinX</source>
-        <translation>Min. X</translation>
-    </message>
-    <message>
-        <source>MinY</source>
-        <translation>Min. Y</translation>
-    </message>
-    <message>
-        <source>MaxX</source>
-        <translation>Max. X</translation>
-    </message>
-    <message>
-        <source>MaxY</source>
-        <translation>Max. Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
     </message>
 </context>
 </TS>

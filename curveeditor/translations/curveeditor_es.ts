@@ -2,81 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
-    <name>BakeDialog</name>
-    <message>
-        <source>Bake</source>
-        <translation>Hornear</translation>
-    </message>
-    <message>
-        <source>&amp;From frame</source>
-        <translation>&amp;Desde el fotograma</translation>
-    </message>
-    <message>
-        <source>&amp;From time</source>
-        <translation>&amp;Desde el tiempo</translation>
-    </message>
-    <message>
-        <source>&amp;To frame</source>
-        <translation>&amp;Hasta el fotograma</translation>
-    </message>
-    <message>
-        <source>&amp;To time</source>
-        <translation>&amp;Hasta el tiempo</translation>
-    </message>
-    <message>
-        <source>&amp;Every</source>
-        <translation>&amp;Intervalo</translation>
-    </message>
-    <message>
-        <source>&amp;Points</source>
-        <translation>&amp;Puntos</translation>
-    </message>
-    <message>
-        <source>As few as the tolerance allows</source>
-        <translation>Tan pocos como permita la tolerancia</translation>
-    </message>
-    <message>
-        <source>To&amp;lerance</source>
-        <translation>To&amp;lerancia</translation>
-    </message>
-    <message>
-        <source>This takes too long. Fewer points may do.</source>
-        <translation>Esto tarda demasiado. Quizá basten menos puntos.</translation>
-    </message>
-    <message>
-        <source>The first time is later than the last.</source>
-        <translation>El primer tiempo es posterior al último.</translation>
-    </message>
-    <message>
-        <source>These are more than %1 points.</source>
-        <translation>Son más de %1 puntos.</translation>
-    </message>
-    <message>
-        <source>The curve has no value there.</source>
-        <translation>La curva no tiene valor ahí.</translation>
-    </message>
-    <message>
-        <source>Number of points: %1</source>
-        <translation>Número de puntos: %1</translation>
-    </message>
-    <message>
-        <source>%1 values become %2 points, at most %3 away.</source>
-        <translation>%1 valores pasan a ser %2 puntos, a una distancia máxima de %3.</translation>
-    </message>
-    <message>
-        <source>Bake %1</source>
-        <translation>Hornear %1</translation>
-    </message>
-    <message>
-        <source>The times must be numbers.</source>
-        <translation>Los tiempos deben ser números.</translation>
-    </message>
-    <message>
-        <source>The step must be greater than 0.</source>
-        <translation>El paso debe ser mayor que 0.</translation>
-    </message>
-</context>
-<context>
     <name>CanvasAccessible</name>
     <message>
         <source>Canvas without a curve</source>
@@ -946,7 +871,358 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>EditMenu</name>
+    <name>PanDialog</name>
+    <message>
+        <source>pan selection</source>
+        <translation>Desplazar selección</translation>
+    </message>
+    <message>
+        <source>Pan X</source>
+        <translation>Desplazar X</translation>
+    </message>
+    <message>
+        <source>Pan Y</source>
+        <translation>Desplazar Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>PointAccessible</name>
+    <message>
+        <source>Select</source>
+        <translation>Seleccionar</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, frame %3, value %4</source>
+        <translation>Punto %1 de %2, fotograma %3, valor %4</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, time %3, value %4</source>
+        <translation>Punto %1 de %2, tiempo %3, valor %4</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>Eliminar un punto de %1</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>Eliminar %1 puntos de %2</translation>
+    </message>
+</context>
+<context>
+    <name>PointCommands</name>
+    <message>
+        <source>Nudge a point of %1</source>
+        <translation>Mover un poco un punto de %1</translation>
+    </message>
+    <message>
+        <source>Nudge %1 points of %2</source>
+        <translation>Mover un poco %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>Cut points of %1</source>
+        <translation>Cortar puntos de %1</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>Pegar puntos</translation>
+    </message>
+    <message>
+        <source>Paste points into %1</source>
+        <translation>Pegar puntos en %1</translation>
+    </message>
+    <message>
+        <source>Duplicate points of %1</source>
+        <translation>Duplicar puntos de %1</translation>
+    </message>
+    <message>
+        <source>Insert a point on %1</source>
+        <translation>Insertar un punto en %1</translation>
+    </message>
+    <message>
+        <source>Flatten a point of %1</source>
+        <translation>Aplanar un punto de %1</translation>
+    </message>
+    <message>
+        <source>Flatten %1 points of %2</source>
+        <translation>Aplanar %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>Align the tangents of a point of %1</source>
+        <translation>Alinear las tangentes de un punto de %1</translation>
+    </message>
+    <message>
+        <source>Align the tangents of %1 points of %2</source>
+        <translation>Alinear las tangentes de %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>Smooth a point of %1</source>
+        <translation>Suavizar un punto de %1</translation>
+    </message>
+    <message>
+        <source>Smooth %1 points of %2</source>
+        <translation>Suavizar %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>Movidos allí, los puntos quedarían más allá de todo tiempo.</translation>
+    </message>
+</context>
+<context>
+    <name>PointText</name>
+    <message>
+        <source>The text holds no points.</source>
+        <translation>El texto no contiene puntos.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no column of points.</source>
+        <translation>«%1» no es una columna de puntos.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is there twice.</source>
+        <translation>La columna «%1» está repetida.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is missing.</source>
+        <translation>Falta la columna «%1».</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 numbers.</source>
+        <translation>%1 números en lugar de %2.</translation>
+    </message>
+    <message>
+        <source>More than %1 points.</source>
+        <translation>Más de %1 puntos.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of a point.</source>
+        <translation>«%1» no es un tipo de punto.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number that a point can have.</source>
+        <translation>«%1» no es un número que pueda tener un punto.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Línea %1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>«%1» se puede leer de dos maneras.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>Hay %1 filas en lugar de %2.</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>Unas comillas no tienen pareja.</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>La línea es demasiado larga.</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>Lineal</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Nodo lineal</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Punto lineal</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Selección a lineal</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Nodo Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Punto Bézier</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Selección a Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>Nodo TCB</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>Punto TCB</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Selección a TCB</translation>
+    </message>
+</context>
+<context>
+    <name>ScaleDialog</name>
+    <message>
+        <source>scale selection</source>
+        <translation>Escalar selección</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>Escala X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>Escala Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>TcbEditorForm</name>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>Cambiar un número de un punto de %1</translation>
+    </message>
+</context>
+<context>
+    <name>ViewportSettings</name>
+    <message>
+        <source>viewPort Settings</source>
+        <translation>Ajustes de la vista</translation>
+    </message>
+    <message>
+        <source>MinX</source>
+        <translation>X mín.</translation>
+    </message>
+    <message>
+        <source>MinY</source>
+        <translation>Y mín.</translation>
+    </message>
+    <message>
+        <source>MaxX</source>
+        <translation>X máx.</translation>
+    </message>
+    <message>
+        <source>MaxY</source>
+        <translation>Y máx.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::BakeDialog</name>
+    <message>
+        <source>Bake</source>
+        <translation>Hornear</translation>
+    </message>
+    <message>
+        <source>&amp;From frame</source>
+        <translation>&amp;Desde el fotograma</translation>
+    </message>
+    <message>
+        <source>&amp;From time</source>
+        <translation>&amp;Desde el tiempo</translation>
+    </message>
+    <message>
+        <source>&amp;To frame</source>
+        <translation>&amp;Hasta el fotograma</translation>
+    </message>
+    <message>
+        <source>&amp;To time</source>
+        <translation>&amp;Hasta el tiempo</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation>&amp;Intervalo</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <translation>&amp;Puntos</translation>
+    </message>
+    <message>
+        <source>As few as the tolerance allows</source>
+        <translation>Tan pocos como permita la tolerancia</translation>
+    </message>
+    <message>
+        <source>To&amp;lerance</source>
+        <translation>To&amp;lerancia</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>Los tiempos deben ser números.</translation>
+    </message>
+    <message>
+        <source>This takes too long. Fewer points may do.</source>
+        <translation>Esto tarda demasiado. Quizá basten menos puntos.</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>El paso debe ser mayor que 0.</translation>
+    </message>
+    <message>
+        <source>The first time is later than the last.</source>
+        <translation>El primer tiempo es posterior al último.</translation>
+    </message>
+    <message>
+        <source>These are more than %1 points.</source>
+        <translation>Son más de %1 puntos.</translation>
+    </message>
+    <message>
+        <source>The curve has no value there.</source>
+        <translation>La curva no tiene valor ahí.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Número de puntos: %1</translation>
+    </message>
+    <message>
+        <source>%1 values become %2 points, at most %3 away.</source>
+        <translation>%1 valores pasan a ser %2 puntos, a una distancia máxima de %3.</translation>
+    </message>
+    <message>
+        <source>Bake %1</source>
+        <translation>Hornear %1</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
         <translation>Cortar puntos</translation>
@@ -1109,7 +1385,7 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>EditingListPanel</name>
+    <name>curveeditor::EditingListPanel</name>
     <message>
         <source>Filter</source>
         <translation>Filtro</translation>
@@ -1124,130 +1400,21 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>FitDialog</name>
+    <name>curveeditor::FitDialog</name>
     <message>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>La tolerancia debe ser un número, 0 o mayor.</translation>
     </message>
 </context>
 <context>
-    <name>NumbersForm</name>
+    <name>curveeditor::NumbersForm</name>
     <message>
         <source>This is no number</source>
         <translation>Esto no es un número</translation>
     </message>
 </context>
 <context>
-    <name>PanDialog</name>
-    <message>
-        <source>pan selection</source>
-        <translation>Desplazar selección</translation>
-    </message>
-    <message>
-        <source>Pan X</source>
-        <translation>Desplazar X</translation>
-    </message>
-    <message>
-        <source>Pan Y</source>
-        <translation>Desplazar Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>Aceptar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-</context>
-<context>
-    <name>PointAccessible</name>
-    <message>
-        <source>Select</source>
-        <translation>Seleccionar</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Eliminar</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, frame %3, value %4</source>
-        <translation>Punto %1 de %2, fotograma %3, valor %4</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, time %3, value %4</source>
-        <translation>Punto %1 de %2, tiempo %3, valor %4</translation>
-    </message>
-    <message>
-        <source>Delete a point of %1</source>
-        <translation>Eliminar un punto de %1</translation>
-    </message>
-    <message>
-        <source>Delete %1 points of %2</source>
-        <translation>Eliminar %1 puntos de %2</translation>
-    </message>
-</context>
-<context>
-    <name>PointCommands</name>
-    <message>
-        <source>Nudge a point of %1</source>
-        <translation>Mover un poco un punto de %1</translation>
-    </message>
-    <message>
-        <source>Nudge %1 points of %2</source>
-        <translation>Mover un poco %1 puntos de %2</translation>
-    </message>
-    <message>
-        <source>Cut points of %1</source>
-        <translation>Cortar puntos de %1</translation>
-    </message>
-    <message>
-        <source>Paste points</source>
-        <translation>Pegar puntos</translation>
-    </message>
-    <message>
-        <source>Paste points into %1</source>
-        <translation>Pegar puntos en %1</translation>
-    </message>
-    <message>
-        <source>Duplicate points of %1</source>
-        <translation>Duplicar puntos de %1</translation>
-    </message>
-    <message>
-        <source>Insert a point on %1</source>
-        <translation>Insertar un punto en %1</translation>
-    </message>
-    <message>
-        <source>Flatten a point of %1</source>
-        <translation>Aplanar un punto de %1</translation>
-    </message>
-    <message>
-        <source>Flatten %1 points of %2</source>
-        <translation>Aplanar %1 puntos de %2</translation>
-    </message>
-    <message>
-        <source>Align the tangents of a point of %1</source>
-        <translation>Alinear las tangentes de un punto de %1</translation>
-    </message>
-    <message>
-        <source>Align the tangents of %1 points of %2</source>
-        <translation>Alinear las tangentes de %1 puntos de %2</translation>
-    </message>
-    <message>
-        <source>Smooth a point of %1</source>
-        <translation>Suavizar un punto de %1</translation>
-    </message>
-    <message>
-        <source>Smooth %1 points of %2</source>
-        <translation>Suavizar %1 puntos de %2</translation>
-    </message>
-    <message>
-        <source>Moved there, the points would lie beyond all times.</source>
-        <translation>Movidos allí, los puntos quedarían más allá de todo tiempo.</translation>
-    </message>
-</context>
-<context>
-    <name>PointTableModel</name>
+    <name>curveeditor::PointTableModel</name>
     <message>
         <source>Frame</source>
         <translation>Fotograma</translation>
@@ -1314,7 +1481,7 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>PointTablePage</name>
+    <name>curveeditor::PointTablePage</name>
     <message>
         <source>Points</source>
         <translation>Puntos</translation>
@@ -1337,136 +1504,7 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>PointText</name>
-    <message>
-        <source>The text holds no points.</source>
-        <translation>El texto no contiene puntos.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no column of points.</source>
-        <translation>«%1» no es una columna de puntos.</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is there twice.</source>
-        <translation>La columna «%1» está repetida.</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is missing.</source>
-        <translation>Falta la columna «%1».</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>%1 números en lugar de %2.</translation>
-    </message>
-    <message>
-        <source>More than %1 points.</source>
-        <translation>Más de %1 puntos.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no type of a point.</source>
-        <translation>«%1» no es un tipo de punto.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number that a point can have.</source>
-        <translation>«%1» no es un número que pueda tener un punto.</translation>
-    </message>
-    <message>
-        <source>Line %1: %2</source>
-        <translation>Línea %1: %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; can be read in two ways.</source>
-        <translation>«%1» se puede leer de dos maneras.</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>Hay %1 filas en lugar de %2.</translation>
-    </message>
-    <message>
-        <source>A quotation mark has no partner.</source>
-        <translation>Unas comillas no tienen pareja.</translation>
-    </message>
-    <message>
-        <source>The line is too long.</source>
-        <translation>La línea es demasiado larga.</translation>
-    </message>
-</context>
-<context>
-    <name>PointType</name>
-    <message>
-        <source>Linear</source>
-        <translation>Lineal</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>Nodo lineal</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>Punto lineal</translation>
-    </message>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>Selección a lineal</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>Nodo Bézier</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>Punto Bézier</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>Selección a Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
-        <source>Tcb node</source>
-        <translation>Nodo TCB</translation>
-    </message>
-    <message>
-        <source>Tcb point</source>
-        <translation>Punto TCB</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>Selección a TCB</translation>
-    </message>
-</context>
-<context>
-    <name>ScaleDialog</name>
-    <message>
-        <source>scale selection</source>
-        <translation>Escalar selección</translation>
-    </message>
-    <message>
-        <source>Scale X</source>
-        <translation>Escala X</translation>
-    </message>
-    <message>
-        <source>Scale Y</source>
-        <translation>Escala Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>Aceptar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-</context>
-<context>
-    <name>SimplifyDialog</name>
+    <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
         <translation>Simplificar %1</translation>
@@ -1498,44 +1536,6 @@ Do you want to replace it?</source>
     <message>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>%1 puntos pasan a ser %2, a una distancia máxima de %3.</translation>
-    </message>
-</context>
-<context>
-    <name>TcbEditorForm</name>
-    <message>
-        <source>Change a number of a point of %1</source>
-        <translation>Cambiar un número de un punto de %1</translation>
-    </message>
-</context>
-<context>
-    <name>ViewportSettings</name>
-    <message>
-        <source>viewPort Settings</source>
-        <translation>Ajustes de la vista</translation>
-    </message>
-    <message>
-        <source>MinX</source>
-        <translation>X mín.</translation>
-    </message>
-    <message>
-        <source>MinY</source>
-        <translation>Y mín.</translation>
-    </message>
-    <message>
-        <source>MaxX</source>
-        <translation>X máx.</translation>
-    </message>
-    <message>
-        <source>MaxY</source>
-        <translation>Y máx.</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>Aceptar</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
     </message>
 </context>
 </TS>

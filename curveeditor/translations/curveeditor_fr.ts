@@ -2,81 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr">
 <context>
-    <name>BakeDialog</name>
-    <message>
-        <source>Bake</source>
-        <translation>Précalculer</translation>
-    </message>
-    <message>
-        <source>&amp;From frame</source>
-        <translation>&amp;Depuis l&apos;image</translation>
-    </message>
-    <message>
-        <source>&amp;From time</source>
-        <translation>&amp;Depuis le temps</translation>
-    </message>
-    <message>
-        <source>&amp;To frame</source>
-        <translation>&amp;Jusqu&apos;à l&apos;image</translation>
-    </message>
-    <message>
-        <source>&amp;To time</source>
-        <translation>&amp;Jusqu&apos;au temps</translation>
-    </message>
-    <message>
-        <source>&amp;Every</source>
-        <translation>Pa&amp;s</translation>
-    </message>
-    <message>
-        <source>&amp;Points</source>
-        <translation>&amp;Points</translation>
-    </message>
-    <message>
-        <source>As few as the tolerance allows</source>
-        <translation>Aussi peu que la tolérance le permet</translation>
-    </message>
-    <message>
-        <source>To&amp;lerance</source>
-        <translation>To&amp;lérance</translation>
-    </message>
-    <message>
-        <source>This takes too long. Fewer points may do.</source>
-        <translation>Cela prend trop de temps. Moins de points suffisent peut-être.</translation>
-    </message>
-    <message>
-        <source>The first time is later than the last.</source>
-        <translation>Le premier temps est postérieur au dernier.</translation>
-    </message>
-    <message>
-        <source>These are more than %1 points.</source>
-        <translation>Cela fait plus de %1 points.</translation>
-    </message>
-    <message>
-        <source>The curve has no value there.</source>
-        <translation>La courbe n&apos;a pas de valeur à cet endroit.</translation>
-    </message>
-    <message>
-        <source>Number of points: %1</source>
-        <translation>Nombre de points&#xa0;: %1</translation>
-    </message>
-    <message>
-        <source>%1 values become %2 points, at most %3 away.</source>
-        <translation>%1 valeurs deviennent %2 points, à %3 au plus.</translation>
-    </message>
-    <message>
-        <source>Bake %1</source>
-        <translation>Précalculer %1</translation>
-    </message>
-    <message>
-        <source>The times must be numbers.</source>
-        <translation>Les temps doivent être des nombres.</translation>
-    </message>
-    <message>
-        <source>The step must be greater than 0.</source>
-        <translation>Le pas doit être supérieur à 0.</translation>
-    </message>
-</context>
-<context>
     <name>CanvasAccessible</name>
     <message>
         <source>Canvas without a curve</source>
@@ -946,7 +871,358 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>EditMenu</name>
+    <name>PanDialog</name>
+    <message>
+        <source>pan selection</source>
+        <translation>Décaler la sélection</translation>
+    </message>
+    <message>
+        <source>Pan X</source>
+        <translation>Décalage X</translation>
+    </message>
+    <message>
+        <source>Pan Y</source>
+        <translation>Décalage Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>PointAccessible</name>
+    <message>
+        <source>Select</source>
+        <translation>Sélectionner</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, frame %3, value %4</source>
+        <translation>Point %1 sur %2, image %3, valeur %4</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, time %3, value %4</source>
+        <translation>Point %1 sur %2, temps %3, valeur %4</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>Supprimer un point de %1</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>Supprimer %1 points de %2</translation>
+    </message>
+</context>
+<context>
+    <name>PointCommands</name>
+    <message>
+        <source>Nudge a point of %1</source>
+        <translation>Déplacer légèrement un point de %1</translation>
+    </message>
+    <message>
+        <source>Nudge %1 points of %2</source>
+        <translation>Déplacer légèrement %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Cut points of %1</source>
+        <translation>Couper des points de %1</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>Coller des points</translation>
+    </message>
+    <message>
+        <source>Paste points into %1</source>
+        <translation>Coller des points dans %1</translation>
+    </message>
+    <message>
+        <source>Duplicate points of %1</source>
+        <translation>Dupliquer des points de %1</translation>
+    </message>
+    <message>
+        <source>Insert a point on %1</source>
+        <translation>Insérer un point sur %1</translation>
+    </message>
+    <message>
+        <source>Flatten a point of %1</source>
+        <translation>Aplatir un point de %1</translation>
+    </message>
+    <message>
+        <source>Flatten %1 points of %2</source>
+        <translation>Aplatir %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Align the tangents of a point of %1</source>
+        <translation>Aligner les tangentes d&apos;un point de %1</translation>
+    </message>
+    <message>
+        <source>Align the tangents of %1 points of %2</source>
+        <translation>Aligner les tangentes de %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Smooth a point of %1</source>
+        <translation>Lisser un point de %1</translation>
+    </message>
+    <message>
+        <source>Smooth %1 points of %2</source>
+        <translation>Lisser %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>Déplacés là, les points se trouveraient au-delà de tous les temps.</translation>
+    </message>
+</context>
+<context>
+    <name>PointText</name>
+    <message>
+        <source>The text holds no points.</source>
+        <translation>Le texte ne contient aucun point.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no column of points.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas une colonne de points.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is there twice.</source>
+        <translation>La colonne «&#xa0;%1&#xa0;» est présente deux fois.</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is missing.</source>
+        <translation>La colonne «&#xa0;%1&#xa0;» manque.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 numbers.</source>
+        <translation>%1 nombres au lieu de %2.</translation>
+    </message>
+    <message>
+        <source>More than %1 points.</source>
+        <translation>Plus de %1 points.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of a point.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un type de point.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number that a point can have.</source>
+        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre qu&apos;un point peut avoir.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Ligne %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>«&#xa0;%1&#xa0;» peut se lire de deux façons.</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>%1 lignes au lieu de %2.</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>Un guillemet n&apos;a pas son pendant.</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>La ligne est trop longue.</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>Linéaire</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>Nœud linéaire</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>Point linéaire</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>Sélection en linéaire</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>Nœud de Bézier</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>Point de Bézier</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>Sélection en Bézier</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>Nœud TCB</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>Point TCB</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>Sélection en TCB</translation>
+    </message>
+</context>
+<context>
+    <name>ScaleDialog</name>
+    <message>
+        <source>scale selection</source>
+        <translation>Mettre la sélection à l&apos;échelle</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>Échelle X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>Échelle Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>TcbEditorForm</name>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>Modifier un nombre d&apos;un point de %1</translation>
+    </message>
+</context>
+<context>
+    <name>ViewportSettings</name>
+    <message>
+        <source>viewPort Settings</source>
+        <translation>Réglages de la vue</translation>
+    </message>
+    <message>
+        <source>MinX</source>
+        <translation>X min.</translation>
+    </message>
+    <message>
+        <source>MinY</source>
+        <translation>Y min.</translation>
+    </message>
+    <message>
+        <source>MaxX</source>
+        <translation>X max.</translation>
+    </message>
+    <message>
+        <source>MaxY</source>
+        <translation>Y max.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::BakeDialog</name>
+    <message>
+        <source>Bake</source>
+        <translation>Précalculer</translation>
+    </message>
+    <message>
+        <source>&amp;From frame</source>
+        <translation>&amp;Depuis l&apos;image</translation>
+    </message>
+    <message>
+        <source>&amp;From time</source>
+        <translation>&amp;Depuis le temps</translation>
+    </message>
+    <message>
+        <source>&amp;To frame</source>
+        <translation>&amp;Jusqu&apos;à l&apos;image</translation>
+    </message>
+    <message>
+        <source>&amp;To time</source>
+        <translation>&amp;Jusqu&apos;au temps</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation>Pa&amp;s</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <translation>&amp;Points</translation>
+    </message>
+    <message>
+        <source>As few as the tolerance allows</source>
+        <translation>Aussi peu que la tolérance le permet</translation>
+    </message>
+    <message>
+        <source>To&amp;lerance</source>
+        <translation>To&amp;lérance</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>Les temps doivent être des nombres.</translation>
+    </message>
+    <message>
+        <source>This takes too long. Fewer points may do.</source>
+        <translation>Cela prend trop de temps. Moins de points suffisent peut-être.</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>Le pas doit être supérieur à 0.</translation>
+    </message>
+    <message>
+        <source>The first time is later than the last.</source>
+        <translation>Le premier temps est postérieur au dernier.</translation>
+    </message>
+    <message>
+        <source>These are more than %1 points.</source>
+        <translation>Cela fait plus de %1 points.</translation>
+    </message>
+    <message>
+        <source>The curve has no value there.</source>
+        <translation>La courbe n&apos;a pas de valeur à cet endroit.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Nombre de points&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>%1 values become %2 points, at most %3 away.</source>
+        <translation>%1 valeurs deviennent %2 points, à %3 au plus.</translation>
+    </message>
+    <message>
+        <source>Bake %1</source>
+        <translation>Précalculer %1</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
         <translation>Couper les points</translation>
@@ -1109,7 +1385,7 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>EditingListPanel</name>
+    <name>curveeditor::EditingListPanel</name>
     <message>
         <source>Filter</source>
         <translation>Filtre</translation>
@@ -1124,130 +1400,21 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>FitDialog</name>
+    <name>curveeditor::FitDialog</name>
     <message>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>La tolérance doit être un nombre, 0 ou plus.</translation>
     </message>
 </context>
 <context>
-    <name>NumbersForm</name>
+    <name>curveeditor::NumbersForm</name>
     <message>
         <source>This is no number</source>
         <translation>Ce n&apos;est pas un nombre</translation>
     </message>
 </context>
 <context>
-    <name>PanDialog</name>
-    <message>
-        <source>pan selection</source>
-        <translation>Décaler la sélection</translation>
-    </message>
-    <message>
-        <source>Pan X</source>
-        <translation>Décalage X</translation>
-    </message>
-    <message>
-        <source>Pan Y</source>
-        <translation>Décalage Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-</context>
-<context>
-    <name>PointAccessible</name>
-    <message>
-        <source>Select</source>
-        <translation>Sélectionner</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Supprimer</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, frame %3, value %4</source>
-        <translation>Point %1 sur %2, image %3, valeur %4</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, time %3, value %4</source>
-        <translation>Point %1 sur %2, temps %3, valeur %4</translation>
-    </message>
-    <message>
-        <source>Delete a point of %1</source>
-        <translation>Supprimer un point de %1</translation>
-    </message>
-    <message>
-        <source>Delete %1 points of %2</source>
-        <translation>Supprimer %1 points de %2</translation>
-    </message>
-</context>
-<context>
-    <name>PointCommands</name>
-    <message>
-        <source>Nudge a point of %1</source>
-        <translation>Déplacer légèrement un point de %1</translation>
-    </message>
-    <message>
-        <source>Nudge %1 points of %2</source>
-        <translation>Déplacer légèrement %1 points de %2</translation>
-    </message>
-    <message>
-        <source>Cut points of %1</source>
-        <translation>Couper des points de %1</translation>
-    </message>
-    <message>
-        <source>Paste points</source>
-        <translation>Coller des points</translation>
-    </message>
-    <message>
-        <source>Paste points into %1</source>
-        <translation>Coller des points dans %1</translation>
-    </message>
-    <message>
-        <source>Duplicate points of %1</source>
-        <translation>Dupliquer des points de %1</translation>
-    </message>
-    <message>
-        <source>Insert a point on %1</source>
-        <translation>Insérer un point sur %1</translation>
-    </message>
-    <message>
-        <source>Flatten a point of %1</source>
-        <translation>Aplatir un point de %1</translation>
-    </message>
-    <message>
-        <source>Flatten %1 points of %2</source>
-        <translation>Aplatir %1 points de %2</translation>
-    </message>
-    <message>
-        <source>Align the tangents of a point of %1</source>
-        <translation>Aligner les tangentes d&apos;un point de %1</translation>
-    </message>
-    <message>
-        <source>Align the tangents of %1 points of %2</source>
-        <translation>Aligner les tangentes de %1 points de %2</translation>
-    </message>
-    <message>
-        <source>Smooth a point of %1</source>
-        <translation>Lisser un point de %1</translation>
-    </message>
-    <message>
-        <source>Smooth %1 points of %2</source>
-        <translation>Lisser %1 points de %2</translation>
-    </message>
-    <message>
-        <source>Moved there, the points would lie beyond all times.</source>
-        <translation>Déplacés là, les points se trouveraient au-delà de tous les temps.</translation>
-    </message>
-</context>
-<context>
-    <name>PointTableModel</name>
+    <name>curveeditor::PointTableModel</name>
     <message>
         <source>Frame</source>
         <translation>Image</translation>
@@ -1314,7 +1481,7 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>PointTablePage</name>
+    <name>curveeditor::PointTablePage</name>
     <message>
         <source>Points</source>
         <translation>Points</translation>
@@ -1337,136 +1504,7 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
-    <name>PointText</name>
-    <message>
-        <source>The text holds no points.</source>
-        <translation>Le texte ne contient aucun point.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no column of points.</source>
-        <translation>«&#xa0;%1&#xa0;» n&apos;est pas une colonne de points.</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is there twice.</source>
-        <translation>La colonne «&#xa0;%1&#xa0;» est présente deux fois.</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is missing.</source>
-        <translation>La colonne «&#xa0;%1&#xa0;» manque.</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>%1 nombres au lieu de %2.</translation>
-    </message>
-    <message>
-        <source>More than %1 points.</source>
-        <translation>Plus de %1 points.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no type of a point.</source>
-        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un type de point.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number that a point can have.</source>
-        <translation>«&#xa0;%1&#xa0;» n&apos;est pas un nombre qu&apos;un point peut avoir.</translation>
-    </message>
-    <message>
-        <source>Line %1: %2</source>
-        <translation>Ligne %1&#xa0;: %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; can be read in two ways.</source>
-        <translation>«&#xa0;%1&#xa0;» peut se lire de deux façons.</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>%1 lignes au lieu de %2.</translation>
-    </message>
-    <message>
-        <source>A quotation mark has no partner.</source>
-        <translation>Un guillemet n&apos;a pas son pendant.</translation>
-    </message>
-    <message>
-        <source>The line is too long.</source>
-        <translation>La ligne est trop longue.</translation>
-    </message>
-</context>
-<context>
-    <name>PointType</name>
-    <message>
-        <source>Linear</source>
-        <translation>Linéaire</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>Nœud linéaire</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>Point linéaire</translation>
-    </message>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>Sélection en linéaire</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>Bézier</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>Nœud de Bézier</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>Point de Bézier</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>Sélection en Bézier</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
-        <source>Tcb node</source>
-        <translation>Nœud TCB</translation>
-    </message>
-    <message>
-        <source>Tcb point</source>
-        <translation>Point TCB</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>Sélection en TCB</translation>
-    </message>
-</context>
-<context>
-    <name>ScaleDialog</name>
-    <message>
-        <source>scale selection</source>
-        <translation>Mettre la sélection à l&apos;échelle</translation>
-    </message>
-    <message>
-        <source>Scale X</source>
-        <translation>Échelle X</translation>
-    </message>
-    <message>
-        <source>Scale Y</source>
-        <translation>Échelle Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-</context>
-<context>
-    <name>SimplifyDialog</name>
+    <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
         <translation>Simplifier %1</translation>
@@ -1498,44 +1536,6 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>%1 points deviennent %2, à %3 au plus.</translation>
-    </message>
-</context>
-<context>
-    <name>TcbEditorForm</name>
-    <message>
-        <source>Change a number of a point of %1</source>
-        <translation>Modifier un nombre d&apos;un point de %1</translation>
-    </message>
-</context>
-<context>
-    <name>ViewportSettings</name>
-    <message>
-        <source>viewPort Settings</source>
-        <translation>Réglages de la vue</translation>
-    </message>
-    <message>
-        <source>MinX</source>
-        <translation>X min.</translation>
-    </message>
-    <message>
-        <source>MinY</source>
-        <translation>Y min.</translation>
-    </message>
-    <message>
-        <source>MaxX</source>
-        <translation>X max.</translation>
-    </message>
-    <message>
-        <source>MaxY</source>
-        <translation>Y max.</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
     </message>
 </context>
 </TS>

@@ -2,81 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja">
 <context>
-    <name>BakeDialog</name>
-    <message>
-        <source>Bake</source>
-        <translation>ベイク</translation>
-    </message>
-    <message>
-        <source>&amp;From frame</source>
-        <translation>開始フレーム(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;From time</source>
-        <translation>開始時間(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;To frame</source>
-        <translation>終了フレーム(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;To time</source>
-        <translation>終了時間(&amp;T)</translation>
-    </message>
-    <message>
-        <source>&amp;Every</source>
-        <translation>間隔(&amp;E)</translation>
-    </message>
-    <message>
-        <source>&amp;Points</source>
-        <translation>ポイント(&amp;P)</translation>
-    </message>
-    <message>
-        <source>As few as the tolerance allows</source>
-        <translation>許容差の範囲で最少</translation>
-    </message>
-    <message>
-        <source>To&amp;lerance</source>
-        <translation>許容差(&amp;L)</translation>
-    </message>
-    <message>
-        <source>This takes too long. Fewer points may do.</source>
-        <translation>時間がかかりすぎます。ポイントを減らしてみてください。</translation>
-    </message>
-    <message>
-        <source>The first time is later than the last.</source>
-        <translation>開始が終了より後になっています。</translation>
-    </message>
-    <message>
-        <source>These are more than %1 points.</source>
-        <translation>ポイントが %1 個を超えています。</translation>
-    </message>
-    <message>
-        <source>The curve has no value there.</source>
-        <translation>その範囲ではカーブに値がありません。</translation>
-    </message>
-    <message>
-        <source>Number of points: %1</source>
-        <translation>ポイント数: %1</translation>
-    </message>
-    <message>
-        <source>%1 values become %2 points, at most %3 away.</source>
-        <translation>%1 個の値が %2 個のポイントになります (ずれは最大 %3)。</translation>
-    </message>
-    <message>
-        <source>Bake %1</source>
-        <translation>%1 をベイク</translation>
-    </message>
-    <message>
-        <source>The times must be numbers.</source>
-        <translation>時間には数値を入力してください。</translation>
-    </message>
-    <message>
-        <source>The step must be greater than 0.</source>
-        <translation>間隔は 0 より大きくしてください。</translation>
-    </message>
-</context>
-<context>
     <name>CanvasAccessible</name>
     <message>
         <source>Canvas without a curve</source>
@@ -946,7 +871,358 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>EditMenu</name>
+    <name>PanDialog</name>
+    <message>
+        <source>pan selection</source>
+        <translation>選択をずらす</translation>
+    </message>
+    <message>
+        <source>Pan X</source>
+        <translation>ずらす量 X</translation>
+    </message>
+    <message>
+        <source>Pan Y</source>
+        <translation>ずらす量 Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>PointAccessible</name>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, frame %3, value %4</source>
+        <translation>ポイント %1 / %2、フレーム %3、値 %4</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, time %3, value %4</source>
+        <translation>ポイント %1 / %2、時間 %3、値 %4</translation>
+    </message>
+    <message>
+        <source>Delete a point of %1</source>
+        <translation>%1 のポイントを削除</translation>
+    </message>
+    <message>
+        <source>Delete %1 points of %2</source>
+        <translation>%2 のポイント %1 個を削除</translation>
+    </message>
+</context>
+<context>
+    <name>PointCommands</name>
+    <message>
+        <source>Nudge a point of %1</source>
+        <translation>%1 のポイントを微調整</translation>
+    </message>
+    <message>
+        <source>Nudge %1 points of %2</source>
+        <translation>%2 のポイント %1 個を微調整</translation>
+    </message>
+    <message>
+        <source>Cut points of %1</source>
+        <translation>%1 のポイントを切り取り</translation>
+    </message>
+    <message>
+        <source>Paste points</source>
+        <translation>ポイントを貼り付け</translation>
+    </message>
+    <message>
+        <source>Paste points into %1</source>
+        <translation>%1 にポイントを貼り付け</translation>
+    </message>
+    <message>
+        <source>Duplicate points of %1</source>
+        <translation>%1 のポイントを複製</translation>
+    </message>
+    <message>
+        <source>Insert a point on %1</source>
+        <translation>%1 上にポイントを挿入</translation>
+    </message>
+    <message>
+        <source>Flatten a point of %1</source>
+        <translation>%1 のポイントの接線を水平にする</translation>
+    </message>
+    <message>
+        <source>Flatten %1 points of %2</source>
+        <translation>%2 のポイント %1 個の接線を水平にする</translation>
+    </message>
+    <message>
+        <source>Align the tangents of a point of %1</source>
+        <translation>%1 のポイントの接線をそろえる</translation>
+    </message>
+    <message>
+        <source>Align the tangents of %1 points of %2</source>
+        <translation>%2 のポイント %1 個の接線をそろえる</translation>
+    </message>
+    <message>
+        <source>Smooth a point of %1</source>
+        <translation>%1 のポイントを滑らかにする</translation>
+    </message>
+    <message>
+        <source>Smooth %1 points of %2</source>
+        <translation>%2 のポイント %1 個を滑らかにする</translation>
+    </message>
+    <message>
+        <source>Moved there, the points would lie beyond all times.</source>
+        <translation>そこへ動かすと、ポイントが扱える時間の範囲を超えます。</translation>
+    </message>
+</context>
+<context>
+    <name>PointText</name>
+    <message>
+        <source>The text holds no points.</source>
+        <translation>テキストにポイントがありません。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no column of points.</source>
+        <translation>「%1」はポイントの列ではありません。</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is there twice.</source>
+        <translation>列「%1」が重複しています。</translation>
+    </message>
+    <message>
+        <source>The column &quot;%1&quot; is missing.</source>
+        <translation>列「%1」がありません。</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 numbers.</source>
+        <translation>数値が %2 個ではなく %1 個です。</translation>
+    </message>
+    <message>
+        <source>More than %1 points.</source>
+        <translation>ポイントが %1 個を超えています。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no type of a point.</source>
+        <translation>「%1」はポイントの種類ではありません。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number that a point can have.</source>
+        <translation>「%1」はポイントに使える数値ではありません。</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>%1 行目: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; can be read in two ways.</source>
+        <translation>「%1」は 2 通りに読めます。</translation>
+    </message>
+    <message>
+        <source>Not %2 but %1 rows.</source>
+        <translation>%2 行ではなく %1 行あります。</translation>
+    </message>
+    <message>
+        <source>A quotation mark has no partner.</source>
+        <translation>対になる引用符がありません。</translation>
+    </message>
+    <message>
+        <source>The line is too long.</source>
+        <translation>行が長すぎます。</translation>
+    </message>
+</context>
+<context>
+    <name>PointType</name>
+    <message>
+        <source>Linear</source>
+        <translation>リニア</translation>
+    </message>
+    <message>
+        <source>Linear node</source>
+        <translation>リニア ノード</translation>
+    </message>
+    <message>
+        <source>Linear point</source>
+        <translation>リニア ポイント</translation>
+    </message>
+    <message>
+        <source>Selection to Linear</source>
+        <translation>選択をリニアに</translation>
+    </message>
+    <message>
+        <source>Bezier</source>
+        <translation>ベジェ</translation>
+    </message>
+    <message>
+        <source>Bezier node</source>
+        <translation>ベジェ ノード</translation>
+    </message>
+    <message>
+        <source>Bezier point</source>
+        <translation>ベジェ ポイント</translation>
+    </message>
+    <message>
+        <source>Selection to Bezier</source>
+        <translation>選択をベジェに</translation>
+    </message>
+    <message>
+        <source>Tcb</source>
+        <translation>TCB</translation>
+    </message>
+    <message>
+        <source>Tcb node</source>
+        <translation>TCB ノード</translation>
+    </message>
+    <message>
+        <source>Tcb point</source>
+        <translation>TCB ポイント</translation>
+    </message>
+    <message>
+        <source>Selection to Tcb</source>
+        <translation>選択を TCB に</translation>
+    </message>
+</context>
+<context>
+    <name>ScaleDialog</name>
+    <message>
+        <source>scale selection</source>
+        <translation>選択をスケール</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>倍率 X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>倍率 Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>TcbEditorForm</name>
+    <message>
+        <source>Change a number of a point of %1</source>
+        <translation>%1 のポイントの数値を変更</translation>
+    </message>
+</context>
+<context>
+    <name>ViewportSettings</name>
+    <message>
+        <source>viewPort Settings</source>
+        <translation>表示範囲の設定</translation>
+    </message>
+    <message>
+        <source>MinX</source>
+        <translation>最小 X</translation>
+    </message>
+    <message>
+        <source>MinY</source>
+        <translation>最小 Y</translation>
+    </message>
+    <message>
+        <source>MaxX</source>
+        <translation>最大 X</translation>
+    </message>
+    <message>
+        <source>MaxY</source>
+        <translation>最大 Y</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::BakeDialog</name>
+    <message>
+        <source>Bake</source>
+        <translation>ベイク</translation>
+    </message>
+    <message>
+        <source>&amp;From frame</source>
+        <translation>開始フレーム(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;From time</source>
+        <translation>開始時間(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;To frame</source>
+        <translation>終了フレーム(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;To time</source>
+        <translation>終了時間(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <translation>間隔(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <translation>ポイント(&amp;P)</translation>
+    </message>
+    <message>
+        <source>As few as the tolerance allows</source>
+        <translation>許容差の範囲で最少</translation>
+    </message>
+    <message>
+        <source>To&amp;lerance</source>
+        <translation>許容差(&amp;L)</translation>
+    </message>
+    <message>
+        <source>The times must be numbers.</source>
+        <translation>時間には数値を入力してください。</translation>
+    </message>
+    <message>
+        <source>This takes too long. Fewer points may do.</source>
+        <translation>時間がかかりすぎます。ポイントを減らしてみてください。</translation>
+    </message>
+    <message>
+        <source>The step must be greater than 0.</source>
+        <translation>間隔は 0 より大きくしてください。</translation>
+    </message>
+    <message>
+        <source>The first time is later than the last.</source>
+        <translation>開始が終了より後になっています。</translation>
+    </message>
+    <message>
+        <source>These are more than %1 points.</source>
+        <translation>ポイントが %1 個を超えています。</translation>
+    </message>
+    <message>
+        <source>The curve has no value there.</source>
+        <translation>その範囲ではカーブに値がありません。</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>ポイント数: %1</translation>
+    </message>
+    <message>
+        <source>%1 values become %2 points, at most %3 away.</source>
+        <translation>%1 個の値が %2 個のポイントになります (ずれは最大 %3)。</translation>
+    </message>
+    <message>
+        <source>Bake %1</source>
+        <translation>%1 をベイク</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
         <translation>ポイントを切り取り</translation>
@@ -1109,7 +1385,7 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>EditingListPanel</name>
+    <name>curveeditor::EditingListPanel</name>
     <message>
         <source>Filter</source>
         <translation>フィルター</translation>
@@ -1124,130 +1400,21 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>FitDialog</name>
+    <name>curveeditor::FitDialog</name>
     <message>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>許容差には 0 以上の数値を入力してください。</translation>
     </message>
 </context>
 <context>
-    <name>NumbersForm</name>
+    <name>curveeditor::NumbersForm</name>
     <message>
         <source>This is no number</source>
         <translation>数値ではありません</translation>
     </message>
 </context>
 <context>
-    <name>PanDialog</name>
-    <message>
-        <source>pan selection</source>
-        <translation>選択をずらす</translation>
-    </message>
-    <message>
-        <source>Pan X</source>
-        <translation>ずらす量 X</translation>
-    </message>
-    <message>
-        <source>Pan Y</source>
-        <translation>ずらす量 Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
-    </message>
-</context>
-<context>
-    <name>PointAccessible</name>
-    <message>
-        <source>Select</source>
-        <translation>選択</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>削除</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, frame %3, value %4</source>
-        <translation>ポイント %1 / %2、フレーム %3、値 %4</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, time %3, value %4</source>
-        <translation>ポイント %1 / %2、時間 %3、値 %4</translation>
-    </message>
-    <message>
-        <source>Delete a point of %1</source>
-        <translation>%1 のポイントを削除</translation>
-    </message>
-    <message>
-        <source>Delete %1 points of %2</source>
-        <translation>%2 のポイント %1 個を削除</translation>
-    </message>
-</context>
-<context>
-    <name>PointCommands</name>
-    <message>
-        <source>Nudge a point of %1</source>
-        <translation>%1 のポイントを微調整</translation>
-    </message>
-    <message>
-        <source>Nudge %1 points of %2</source>
-        <translation>%2 のポイント %1 個を微調整</translation>
-    </message>
-    <message>
-        <source>Cut points of %1</source>
-        <translation>%1 のポイントを切り取り</translation>
-    </message>
-    <message>
-        <source>Paste points</source>
-        <translation>ポイントを貼り付け</translation>
-    </message>
-    <message>
-        <source>Paste points into %1</source>
-        <translation>%1 にポイントを貼り付け</translation>
-    </message>
-    <message>
-        <source>Duplicate points of %1</source>
-        <translation>%1 のポイントを複製</translation>
-    </message>
-    <message>
-        <source>Insert a point on %1</source>
-        <translation>%1 上にポイントを挿入</translation>
-    </message>
-    <message>
-        <source>Flatten a point of %1</source>
-        <translation>%1 のポイントの接線を水平にする</translation>
-    </message>
-    <message>
-        <source>Flatten %1 points of %2</source>
-        <translation>%2 のポイント %1 個の接線を水平にする</translation>
-    </message>
-    <message>
-        <source>Align the tangents of a point of %1</source>
-        <translation>%1 のポイントの接線をそろえる</translation>
-    </message>
-    <message>
-        <source>Align the tangents of %1 points of %2</source>
-        <translation>%2 のポイント %1 個の接線をそろえる</translation>
-    </message>
-    <message>
-        <source>Smooth a point of %1</source>
-        <translation>%1 のポイントを滑らかにする</translation>
-    </message>
-    <message>
-        <source>Smooth %1 points of %2</source>
-        <translation>%2 のポイント %1 個を滑らかにする</translation>
-    </message>
-    <message>
-        <source>Moved there, the points would lie beyond all times.</source>
-        <translation>そこへ動かすと、ポイントが扱える時間の範囲を超えます。</translation>
-    </message>
-</context>
-<context>
-    <name>PointTableModel</name>
+    <name>curveeditor::PointTableModel</name>
     <message>
         <source>Frame</source>
         <translation>フレーム</translation>
@@ -1314,7 +1481,7 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>PointTablePage</name>
+    <name>curveeditor::PointTablePage</name>
     <message>
         <source>Points</source>
         <translation>ポイント</translation>
@@ -1337,136 +1504,7 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
-    <name>PointText</name>
-    <message>
-        <source>The text holds no points.</source>
-        <translation>テキストにポイントがありません。</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no column of points.</source>
-        <translation>「%1」はポイントの列ではありません。</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is there twice.</source>
-        <translation>列「%1」が重複しています。</translation>
-    </message>
-    <message>
-        <source>The column &quot;%1&quot; is missing.</source>
-        <translation>列「%1」がありません。</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>数値が %2 個ではなく %1 個です。</translation>
-    </message>
-    <message>
-        <source>More than %1 points.</source>
-        <translation>ポイントが %1 個を超えています。</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no type of a point.</source>
-        <translation>「%1」はポイントの種類ではありません。</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no number that a point can have.</source>
-        <translation>「%1」はポイントに使える数値ではありません。</translation>
-    </message>
-    <message>
-        <source>Line %1: %2</source>
-        <translation>%1 行目: %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; can be read in two ways.</source>
-        <translation>「%1」は 2 通りに読めます。</translation>
-    </message>
-    <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>%2 行ではなく %1 行あります。</translation>
-    </message>
-    <message>
-        <source>A quotation mark has no partner.</source>
-        <translation>対になる引用符がありません。</translation>
-    </message>
-    <message>
-        <source>The line is too long.</source>
-        <translation>行が長すぎます。</translation>
-    </message>
-</context>
-<context>
-    <name>PointType</name>
-    <message>
-        <source>Linear</source>
-        <translation>リニア</translation>
-    </message>
-    <message>
-        <source>Linear node</source>
-        <translation>リニア ノード</translation>
-    </message>
-    <message>
-        <source>Linear point</source>
-        <translation>リニア ポイント</translation>
-    </message>
-    <message>
-        <source>Selection to Linear</source>
-        <translation>選択をリニアに</translation>
-    </message>
-    <message>
-        <source>Bezier</source>
-        <translation>ベジェ</translation>
-    </message>
-    <message>
-        <source>Bezier node</source>
-        <translation>ベジェ ノード</translation>
-    </message>
-    <message>
-        <source>Bezier point</source>
-        <translation>ベジェ ポイント</translation>
-    </message>
-    <message>
-        <source>Selection to Bezier</source>
-        <translation>選択をベジェに</translation>
-    </message>
-    <message>
-        <source>Tcb</source>
-        <translation>TCB</translation>
-    </message>
-    <message>
-        <source>Tcb node</source>
-        <translation>TCB ノード</translation>
-    </message>
-    <message>
-        <source>Tcb point</source>
-        <translation>TCB ポイント</translation>
-    </message>
-    <message>
-        <source>Selection to Tcb</source>
-        <translation>選択を TCB に</translation>
-    </message>
-</context>
-<context>
-    <name>ScaleDialog</name>
-    <message>
-        <source>scale selection</source>
-        <translation>選択をスケール</translation>
-    </message>
-    <message>
-        <source>Scale X</source>
-        <translation>倍率 X</translation>
-    </message>
-    <message>
-        <source>Scale Y</source>
-        <translation>倍率 Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
-    </message>
-</context>
-<context>
-    <name>SimplifyDialog</name>
+    <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
         <translation>%1 を簡略化</translation>
@@ -1498,44 +1536,6 @@ Do you want to replace it?</source>
     <message>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>ポイント %1 個が %2 個になります (ずれは最大 %3)。</translation>
-    </message>
-</context>
-<context>
-    <name>TcbEditorForm</name>
-    <message>
-        <source>Change a number of a point of %1</source>
-        <translation>%1 のポイントの数値を変更</translation>
-    </message>
-</context>
-<context>
-    <name>ViewportSettings</name>
-    <message>
-        <source>viewPort Settings</source>
-        <translation>表示範囲の設定</translation>
-    </message>
-    <message>
-        <source>MinX</source>
-        <translation>最小 X</translation>
-    </message>
-    <message>
-        <source>MinY</source>
-        <translation>最小 Y</translation>
-    </message>
-    <message>
-        <source>MaxX</source>
-        <translation>最大 X</translation>
-    </message>
-    <message>
-        <source>MaxY</source>
-        <translation>最大 Y</translation>
-    </message>
-    <message>
-        <source>Ok</source>
-        <translation>OK</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
     </message>
 </context>
 </TS>

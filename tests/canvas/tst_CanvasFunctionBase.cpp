@@ -3,6 +3,8 @@
 
 #include <curveeditor/canvas/ControlMenu.h>
 
+using namespace curveeditor;
+
 namespace {
 
 /// Two curves in view: the spline "a.x" along value 0 from 5 to 15, which is current, and an expression

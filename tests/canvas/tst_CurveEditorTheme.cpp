@@ -3,6 +3,8 @@
 
 #include <curveeditor/canvas/ColorContrast.h>
 
+using namespace curveeditor;
+
 class tst_CurveEditorTheme : public QObject
 {
     Q_OBJECT

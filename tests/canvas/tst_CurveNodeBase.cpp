@@ -4,6 +4,8 @@
 #include <curveeditor/canvas/CanvasExpression.h>
 #include <curveeditor/model/CurveVariables.h>
 
+using namespace curveeditor;
+
 /// Who does not hold the door open reads.
 template <auto accessor, typename Owner>
 constexpr bool givesToRead =

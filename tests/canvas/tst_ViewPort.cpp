@@ -3,6 +3,8 @@
 #include <curveeditor/edit/Truncate.h>
 #include <support/Test.h>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr auto alt = Qt::AltModifier;

@@ -6,6 +6,8 @@
 #include <support/CountedNode.h>
 #include <support/Test.h>
 
+using namespace curveeditor;
+
 namespace {
 
 std::unique_ptr<FunctionFloatBase> parsed(const char* text)

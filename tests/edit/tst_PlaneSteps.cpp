@@ -3,6 +3,8 @@
 #include <curveeditor/edit/ViewStep.h>
 #include <support/Test.h>
 
+using namespace curveeditor;
+
 namespace {
 
 const PlaneMapping view(0.0, 10.0, -5.0, 5.0, 1000, 500);

@@ -3,6 +3,8 @@
 #include <curveeditor/model/SplineState.h>
 #include <support/Test.h>
 
+using namespace curveeditor;
+
 using Points = std::vector<SplineBase::PointInfo>;
 
 class tst_PointText : public QObject

@@ -3,6 +3,8 @@
 #include <curveeditor/edit/SplineEdits.h>
 #include <support/Test.h>
 
+using namespace curveeditor;
+
 using SplineEdits::Part;
 
 namespace {

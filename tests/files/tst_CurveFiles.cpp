@@ -13,6 +13,8 @@
 
 #ifdef __linux__
 #include <sys/xattr.h>
+
+using namespace curveeditor;
 #endif
 
 namespace {

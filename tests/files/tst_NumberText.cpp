@@ -5,6 +5,8 @@
 #include <curveeditor/model/SplineBase.h>
 #include <support/Test.h>
 
+using namespace curveeditor;
+
 class tst_NumberText : public QObject
 {
     Q_OBJECT

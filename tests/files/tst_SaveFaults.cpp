@@ -10,6 +10,8 @@
 
 #include <sys/stat.h>
 
+using namespace curveeditor;
+
 namespace {
 
 constexpr int longestSave = 60000; // milliseconds

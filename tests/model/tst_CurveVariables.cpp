@@ -9,6 +9,8 @@
 
 #include <list>
 
+using namespace curveeditor;
+
 namespace {
 
 struct HostCurve

@@ -11,6 +11,8 @@
 #include <latch>
 #include <thread>
 
+using namespace curveeditor;
+
 namespace {
 
 using Key = FunctionParserBase::keyStruct;

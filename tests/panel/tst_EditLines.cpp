@@ -5,6 +5,8 @@
 #include <support/Drop.h>
 #include <support/Test.h>
 
+using namespace curveeditor;
+
 using Values = std::vector<double>;
 
 namespace {

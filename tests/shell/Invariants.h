@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace curveeditor;
+
 /// What holds of a visible editor whenever no event is under way, as text for what does not; empty if all holds.
 class Invariants
 {

@@ -3,6 +3,8 @@
 
 #include <curveeditor/shell/CanvasAccessible.h>
 
+using namespace curveeditor;
+
 /// What a person hears who does not see the canvas.
 class tst_Accessible : public QObject
 {

@@ -3,6 +3,8 @@
 
 #include <curveeditor/panel/EditingListPanel.h>
 
+using namespace curveeditor;
+
 class tst_CurveEditorEditing : public QObject
 {
     Q_OBJECT

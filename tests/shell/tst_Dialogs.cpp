@@ -10,6 +10,8 @@
 #include <curveeditor/shell/Translations.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
+using namespace curveeditor;
+
 class tst_Dialogs : public QObject
 {
     Q_OBJECT

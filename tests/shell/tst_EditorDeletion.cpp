@@ -327,8 +327,9 @@ private:
         row("Scale by a menu", {"QMenu", "ScaleDialog"}, onTwo(press("Options")), choose("Scale selection"));
         row("Pan", {"PanDialog"}, onTwo(press("Pan")));
         row("Set Range", {"ViewportSettings"}, keys("Alt+S"));
-        row("Simplify", {"SimplifyDialog"}, [](Scene& s) { s.key(Qt::Key_S, Qt::ShiftModifier); });
-        row("Bake", {"BakeDialog"}, [](Scene& s) { s.key(Qt::Key_B, Qt::ShiftModifier); });
+        row("Simplify", {"curveeditor::SimplifyDialog"},
+            [](Scene& s) { s.key(Qt::Key_S, Qt::ShiftModifier); });
+        row("Bake", {"curveeditor::BakeDialog"}, [](Scene& s) { s.key(Qt::Key_B, Qt::ShiftModifier); });
     }
     QTemporaryDir folder;
 };

@@ -8,6 +8,8 @@
 #include <curveeditor/shell/ScaleDialog.h>
 #include <curveeditor/shell/ViewportSettings.h>
 
+using namespace curveeditor;
+
 class tst_EditorUndo : public QObject
 {
     Q_OBJECT

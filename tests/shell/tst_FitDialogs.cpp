@@ -4,6 +4,8 @@
 #include <curveeditor/model/SplineState.h>
 #include <curveeditor/shell/BakeDialog.h>
 
+using namespace curveeditor;
+
 namespace {
 
 /// The scene, in which "a.x" has 101 points at the times 0 to 10, and what a user does at the dialogs.

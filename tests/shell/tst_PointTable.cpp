@@ -3,6 +3,8 @@
 
 #include <curveeditor/edit/PointText.h>
 
+using namespace curveeditor;
+
 namespace {
 
 /// An editor with the page "Points" in front.

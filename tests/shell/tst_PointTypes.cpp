@@ -6,6 +6,8 @@
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/shell/BakeDialog.h>
 
+using namespace curveeditor;
+
 class tst_PointTypes : public QObject
 {
     Q_OBJECT

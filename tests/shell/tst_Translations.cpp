@@ -10,6 +10,8 @@
 
 #include <set>
 
+using namespace curveeditor;
+
 namespace {
 
 /// Turns every text of the library into "«text»" and notes what it was asked for. Keys stay keys.
