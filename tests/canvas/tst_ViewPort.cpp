@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <curveeditor/canvas/MouseState.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 #include <support/Test.h>
@@ -97,6 +98,19 @@ private Q_SLOTS:
         QCOMPARE(kindAfterReset(), Gesture::Kind::Idle);
         view.gesture.beginAtPoints(1, {});
         QCOMPARE(kindAfterReset(), Gesture::Kind::Points);
+    }
+
+    void mouseStateIsWhatWasHeldBeforeTheEvent()
+    {
+        const auto buttonsBefore = [](QEvent::Type type, Qt::MouseButtons during) {
+            const QMouseEvent event(type, {}, {}, Qt::LeftButton, during, alt | Qt::KeypadModifier);
+            return stateBefore(event).modifiers == alt ? stateBefore(event).buttons : Qt::AllButtons;
+        };
+        const Qt::MouseButtons right = Qt::RightButton, both = right | Qt::LeftButton;
+        QCOMPARE(buttonsBefore(QEvent::MouseButtonPress, both), right);
+        QCOMPARE(buttonsBefore(QEvent::MouseButtonDblClick, both), right);
+        QCOMPARE(buttonsBefore(QEvent::MouseButtonRelease, right), both);
+        QCOMPARE(buttonsBefore(QEvent::MouseMove, both), both);
     }
 
     void everyViewMapsToBoundedPixels()
