@@ -118,7 +118,7 @@ public:
     /// current is still the current one.
     bool parseExpression(const QString& text, ParseMessage& message);
     /// Deletes the expression of the current curve and reports it.
-    void deleteExpression();
+    void deleteExpression() { showSpline(true, CanvasEdit::Told::Targets); }
 
     /// Writes the current curve as a curve file. Returns false if the stream failed or there is no curve or
     /// no expression to write.

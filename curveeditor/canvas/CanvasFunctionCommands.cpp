@@ -105,8 +105,10 @@ CurveEdit::Curves CanvasFunctionBase::perform(const CanvasEdit& edit, const Node
     for (const CurveNodeBase* const target : targets)
         edited.push_back(target->curve());
     door_.begin(edit.text(targets), edited);
-    for (CurveNodeBase* const target : targets)
-        edit.work(*target);
+    for (CurveNodeBase* const target : targets) {
+        if (door_.isOpen(*target->curve()))
+            edit.work(*target);
+    }
     return door_.commit();
 }
 
@@ -248,11 +250,6 @@ void CanvasFunctionBase::setPoints(CurveNodeBase& node, const QString& text,
 void CanvasFunctionBase::setCurrentToSpline(const bool& dropExpression)
 {
     showSpline(dropExpression, CanvasEdit::Told::Nobody);
-}
-
-void CanvasFunctionBase::deleteExpression()
-{
-    showSpline(true, CanvasEdit::Told::Targets);
 }
 
 void CanvasFunctionBase::showSpline(bool dropsExpression, CanvasEdit::Told told)

@@ -266,17 +266,19 @@ void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& h
     const bool isGuided = !scaling && gesture.kind() == Gesture::Kind::Points;
     const Gesture::Place place =
         isGuided ? guide.guided(mouse, view, gesture.keys.axis, held.has(Qt::ControlModifier)) : mouse;
-    std::vector<TimeInterval> touched;
+    std::vector<std::pair<std::shared_ptr<EditedCurve>, TimeInterval>> touched;
     for (Gesture::Drag& drag : gesture.drags()) {
-        touched.push_back(drag.points.step(*door.spline(*drag.curve), place, scaling, view));
+        touched.emplace_back(drag.curve, drag.points.step(*door.spline(*drag.curve), place, scaling, view));
         Selection& selection = curves_.find(*drag.curve)->control().selection();
         if (selection.hasMultiple())
             selection.setCurrent(selection.listed().back());
         selection.giveUpListOfOne();
     }
     const CurveEdit::Id edit = gesture.edit();
-    for (std::size_t i = 0; i < touched.size() && door.isOpen(edit); ++i)
-        door.preview(touched[i], i);
+    for (const auto& [curve, times] : touched) {
+        if (door.isOpen(edit))
+            door.preview(*curve, times);
+    }
 }
 
 /// A host may have taken curves away, or deleted splines.
@@ -284,7 +286,7 @@ bool CanvasHands::areDraggedThere() const
 {
     const std::vector<Gesture::Drag>& drags = viewport()->gesture.drags();
     return std::all_of(drags.begin(), drags.end(), [this](const Gesture::Drag& drag) {
-        return drag.curve->spline() && curves_.find(*drag.curve);
+        return canvas_.door().spline(*drag.curve) && curves_.find(*drag.curve);
     });
 }
 

@@ -122,7 +122,8 @@ bool ControlSplineNode::edit(const QString& one, const QString& many, std::size_
         return false;
     const QString& name = curve_->name;
     door_.begin(count == 1 ? one.arg(name) : many.arg(count).arg(name), {curve_});
-    work(*openSpline());
+    if (SplineBase* const spline = openSpline())
+        work(*spline);
     return !door_.commit().empty();
 }
 

@@ -53,7 +53,7 @@ CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
 CurveEdit::Id CurveEdit::tryOut(const QString& text, const std::shared_ptr<EditedCurve>& curve)
 {
     begin(text, Curves{curve});
-    isTrial_ = true;
+    isTrial_ = isOpen(*curve);
     tried_ = curve->fingerprint();
     return id_;
 }
@@ -66,22 +66,32 @@ void CurveEdit::keep(Id id)
     commit();
 }
 
-SplineBase* CurveEdit::spline(const EditedCurve& curve) const
+/// Null if no edit of it is open.
+const CurveEdit::Before* CurveEdit::find(const EditedCurve& curve) const
 {
-    const bool isOpenHere = isOpen_ && std::any_of(before_.begin(), before_.end(), [&](const Before& before) {
-                                return before.curve.get() == &curve;
-                            });
-    return isOpenHere ? curve.spline_ : nullptr;
+    const auto found = std::find_if(before_.begin(), before_.end(),
+                                    [&](const Before& before) { return before.curve.get() == &curve; });
+    return isOpen_ && found != before_.end() ? &*found : nullptr;
 }
 
-void CurveEdit::preview(const TimeInterval& touched, std::size_t curve)
+bool CurveEdit::isOpen(const EditedCurve& curve) const
+{
+    return find(curve) != nullptr;
+}
+
+SplineBase* CurveEdit::spline(const EditedCurve& curve) const
+{
+    return isOpen(curve) ? curve.spline_ : nullptr;
+}
+
+void CurveEdit::preview(const EditedCurve& curve, const TimeInterval& touched)
 {
     if (isTrial_)
-        tried_ = before_.front().curve->fingerprint();
-    if (!isOpen_ || touched.isEmpty() || before_.empty())
-        return;
-    const Before& before = before_[curve];
-    history_.tell({before.curve, touched, EditReport::Phase::Preview, EditReport::Cause::Edit, before.own});
+        tried_ = curve.fingerprint();
+    const Before* const before = find(curve);
+    if (before && !touched.isEmpty())
+        history_.tell(
+            {before->curve, touched, EditReport::Phase::Preview, EditReport::Cause::Edit, before->own});
 }
 
 void CurveEdit::checkpoint()
@@ -95,12 +105,12 @@ void CurveEdit::checkpoint()
         checkpoint_.push_back({before.curve, before.own, before.curve->state()});
     const Id id = id_;
     keepEntry(parts);
-    if (!isOpen(id))
+    if (!isOpen(id) || before_.empty())
         return;
     TimeInterval touched =
         std::exchange(previewed_, parts.empty() ? TimeInterval() : parts.front().diff.touched());
     touched.unite(previewed_);
-    preview(touched);
+    preview(*before_.front().curve, touched);
 }
 
 CurveEdit::Curves CurveEdit::commit()

@@ -41,7 +41,8 @@ public:
     EditHistory& history() { return history_; }
 
     /// Opens an edit. `text` says to the user what it does. One that is open is committed first, which runs
-    /// foreign code: who is not sure calls `commit`, and then looks for what to edit. Linear in the points of the
+    /// foreign code: who is not sure calls `commit`, and then looks for what to edit. It need not open for every curve:
+    /// who writes asks `isOpen` or `spline` for each. Linear in the points of the
     /// curves, as are all the others here but `preview`.
     Id begin(const QString& text, const Curves& curves);
     Id begin(const QString& text, std::vector<Target> targets);
@@ -53,13 +54,15 @@ public:
     bool isOpen() const { return isOpen_; }
     /// Whether it is that edit which is open.
     bool isOpen(Id id) const { return isOpen_ && id == id_; }
+    /// Whether an edit of that curve is.
+    bool isOpen(const EditedCurve& curve) const;
 
     /// The spline of a curve of the open edit, to be written until the edit ends. Null for every other curve, and where
     /// there is none.
     SplineBase* spline(const EditedCurve& curve) const;
 
-    /// Reports a step of the open edit at its first curve, or that of an index, which must not be too high.
-    void preview(const TimeInterval& touched, std::size_t curve = 0);
+    /// Reports a step of the open edit at one of its curves; nothing if it is not open for that.
+    void preview(const EditedCurve& curve, const TimeInterval& touched);
     /// Makes what is done so far an entry, which grows with the edit, and reports it as a step: for an edit that
     /// lasts longer than a host may wait with a step back, as typing does.
     void checkpoint();
@@ -75,6 +78,8 @@ private:
         std::vector<PointSerial> own;
         CurveState state;
     };
+
+    const Before* find(const EditedCurve& curve) const;
 
     std::vector<EditHistory::Part> changes() const;
     /// Whether nothing but the edit's own points differ.

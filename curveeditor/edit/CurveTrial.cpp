@@ -26,7 +26,7 @@ bool CurveTrial::reopen()
         return false;
     if (!door_->isOpen(id_))
         id_ = door_->tryOut(text_, curve_);
-    return true;
+    return door_->isOpen(*curve_);
 }
 
 bool CurveTrial::show(const SplineState& spline)
@@ -37,7 +37,8 @@ bool CurveTrial::show(const SplineState& spline)
     door_->spline(*curve_)->assign(spline);
     curve_->spline()->copyTo(shown_);
     fingerprintShown_ = curve_->fingerprint();
-    door_->preview(CurveDiff::between(last, *curve_->spline(), curve_->kind(), curve_->formula()).touched());
+    door_->preview(*curve_,
+                   CurveDiff::between(last, *curve_->spline(), curve_->kind(), curve_->formula()).touched());
     return isPossible();
 }
 

@@ -23,6 +23,20 @@ constexpr PointType builtInTypes[] = {
      QT_TRANSLATE_NOOP("PointType", "Selection to Tcb"), 0, 3},
 };
 
+constexpr bool areSound(std::span<const PointType> types)
+{
+    unsigned entries = 0;
+    unsigned ids = 1U << 4 | 1U << 5;
+    for (const PointType& type : types) {
+        if (ids >> type.menuId & 1U)
+            return false;
+        ids |= 1U << type.menuId;
+        entries |= 1U << type.entry;
+    }
+    return entries + 1 == 1U << types.size();
+}
+static_assert(areSound(builtInTypes));
+
 constinit std::span<const PointType> typesInUse = builtInTypes;
 
 } // namespace

@@ -18,8 +18,8 @@ struct PointType
     const char* node;      ///< in the combo box of the node page
     const char* point;     ///< as assistive tools say it
     const char* selection; ///< in the menu of the points
-    int entry;             ///< its place in that combo box; the first is 0
-    int menuId;            ///< of its entry in that menu
+    int entry;             ///< its place in that combo box; the first is 0, and no place is free
+    int menuId;            ///< of its entry in that menu; 4 and 5 are those of entries that are no types
 };
 
 /// The one list of the types of points. Whoever offers, names, reads or writes types asks it.

@@ -254,7 +254,7 @@ bool TcbEditorForm::beginEdit(CustomEditLine* sender, const SplineBase::PointInf
     door_ = &currentControl_->door();
     edit_ = door_->begin(tr("Change a number of a point of %1").arg(curve->name), {{curve, {point.serial}}});
     editedField_ = sender;
-    return true;
+    return door_->isOpen(*curve);
 }
 
 void TcbEditorForm::noteFocus(CustomEditLine* /*sender*/)

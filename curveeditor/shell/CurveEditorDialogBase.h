@@ -70,7 +70,7 @@ public:
     QLabel* textLabel1_2_3_2 = nullptr;
     CustomEditLine* easeFrom = nullptr;
     CustomEditLine* easeTo = nullptr;
-    QComboBox* nodeTypeCombo = nullptr;            ///< in the order Tcb, Bezier, Linear
+    QComboBox* nodeTypeCombo = nullptr;            ///< the types of points
     QStackedWidget* nodeTypeWidgetStack = nullptr; ///< page 0 `tcbPage`, page 1 `ioPage`
     QWidget* tcbPage = nullptr;
     QLabel* textTension = nullptr;

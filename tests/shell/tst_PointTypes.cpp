@@ -17,12 +17,13 @@ private Q_SLOTS:
     void rowOfTheTableIsKnownEverywhere()
     {
         std::vector<PointType> types(PointTypes::all().begin(), PointTypes::all().end());
-        types.push_back({3, "Extra", "Extra", "Extra node", "Extra point", "Selection to Extra", 3, 6});
+        types.push_back({100, "Extra", "Extra", "Extra node", "Extra point", "Selection to Extra",
+                         int(types.size()), 100});
         PointTypes::use(types);
         Scene s;
         const CurveState before = s.states()["a.x"];
-        s.selectTwo().choose(6);
-        QCOMPARE(s.x[1]->type, 3);
+        s.selectTwo().choose(100);
+        QCOMPARE(s.x[1]->type, 100);
         QCOMPARE(s.changes, QStringList{"a/x"});
         QCOMPARE(s.texts(ControlSplineNode::menu()).mid(1, 4),
                  QStringList({"Selection to Linear", "Selection to Bezier", "Selection to Tcb",
@@ -38,25 +39,25 @@ private Q_SLOTS:
         QCOMPARE(QAccessible::queryAccessibleInterface(&s.canvas)->child(1)->text(QAccessible::Description),
                  "Extra point");
         const QString text = PointText::write({*s.x[1]});
-        QVERIFY(text.contains("\tExtra\t") && PointText::read(text).points[0].type == 3);
+        QVERIFY(text.contains("\tExtra\t") && PointText::read(text).points[0].type == 100);
         std::stringstream file;
         SplineBase read;
         SplineBase::save(s.x, file);
         SplineBase::load(&read, file);
-        QCOMPARE(read.getLast()->type, 3);
+        QCOMPARE(read.getLast()->type, 100);
 
         QSignalSpy named(ControlSplineNode::menu(), &ControlMenu::setSelectedLinear);
         s.selectTwo().choose(1);
         QVERIFY(named.count() == 1 && s.x[1]->type == SplineBase::Linear);
         s.clickPoint();
         QTest::keyClick(s.editor.nodeTypeCombo, Qt::Key_End);
-        QCOMPARE(s.x[1]->type, 3);
+        QCOMPARE(s.x[1]->type, 100);
         QVERIFY(const_cast<QAbstractItemModel&>(table).setData(table.index(0, 2), "Extra"));
-        QCOMPARE(s.x[0]->type, 3);
+        QCOMPARE(s.x[0]->type, 100);
         BakeDialog bake(&s.editor, s.canvas.canvas);
         bake.findChild<QComboBox*>("kind")->setCurrentText("Extra");
         bake.accept();
-        QCOMPARE(s.x.getLast()->type, 3);
+        QCOMPARE(s.x.getLast()->type, 100);
     }
 };
 
