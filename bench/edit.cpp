@@ -24,13 +24,13 @@ struct Scene
     }
     void press()
     {
-        drag.emplace(spline, selection, SplineEdits::Part::Point, PointDrag::Place(), false);
+        drag.emplace(spline, selection, SplineEdits::Part::Point, PointDrag::Place(), view, false);
         door.begin("drag", {{curve, drag->points()}});
     }
     void step(double value)
     {
         const double time = double(spline.getControlPointsNumber() / 2);
-        door.preview(drag->step(spline, {time, value}, false, view));
+        door.preview(*curve, drag->step(spline, {time, value}, false, view));
     }
 
     SplineBase spline;
