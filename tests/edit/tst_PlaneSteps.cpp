@@ -28,7 +28,7 @@ class tst_PlaneSteps : public QObject
     using Snaps = Rows<unsigned, Gesture::Place, Snap::Result>;
 
 private Q_SLOTS:
-    /// A pixel is 0.1 wide and 0.1 high, so that what attracts lies within 0.8.
+    /// A pixel is 0.1 wide and 0.2 high, so that what attracts lies within 0.8 and 1.6.
     void placeSnapsToTheNearest_data()
     {
         const Snaps row;
@@ -38,10 +38,10 @@ private Q_SLOTS:
         row("frame too far", Snap::Frames, {3.1, 3.1}, {{3.1, 3.1}, 0u, 0u});
         row("grid below and above", Snap::GridLines, {10.1, 19.5},
             {{10.0, 20.0}, Snap::GridLines, Snap::GridLines});
-        row("value alone", Snap::GridLines, {15.0, 10.5}, {{15.0, 10.0}, 0u, Snap::GridLines});
+        row("value alone", Snap::GridLines, {15.0, 11.2}, {{15.0, 10.0}, 0u, Snap::GridLines});
         row("points", Snap::Points, {5.4, 7.2}, {{5.5, 7.0}, Snap::Points, Snap::Points});
-        row("moving point", Snap::Points, {30.1, 30.9}, {{30.1, 30.9}, 0u, 0u});
-        row("its twin", Snap::Points, {60.1, 30.9}, {{60.0, 30.9}, Snap::Points, 0u});
+        row("moving point", Snap::Points, {30.1, 31.9}, {{30.1, 31.9}, 0u, 0u});
+        row("its twin", Snap::Points, {60.1, 31.9}, {{60.0, 31.9}, Snap::Points, 0u});
         row("time line", Snap::TimeLine, {12.6, 12.6}, {{12.5, 12.6}, Snap::TimeLine, 0u});
         row("nearest is the last", all, {12.4, 12.0}, {{12.5, 12.0}, Snap::TimeLine, 0u});
         row("nearest is the first", all, {12.2, 12.0}, {{12.0, 12.0}, Snap::Frames, 0u});
@@ -66,7 +66,7 @@ private Q_SLOTS:
         snap.setPoints({{&spline, {spline.getLast()->serial}}, {nullptr}, {&twin}});
         const auto [kinds, place, expected] = Snaps::present();
         snap.kinds = kinds;
-        const Snap::Result result = snap.snapped(place, {0.0, 100.0, 0.0, 50.0, 1000, 500});
+        const Snap::Result result = snap.snapped(place, {0.0, 100.0, 0.0, 50.0, 1000, 250});
         QCOMPARE(result.place.time, expected.place.time);
         QCOMPARE(result.place.value, expected.place.value);
         QCOMPARE(result.timeKinds, expected.timeKinds);

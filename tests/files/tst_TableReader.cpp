@@ -65,6 +65,7 @@ private Q_SLOTS:
         row("quotes", "\"t\" ,\"a, \"\"b\"\" c\" , d\n0, \"1\",2", "t|a, \"b\" c|d: 0 1 2");
 
         row("quotes at the end of a name", "\"*\",\"a \"\"\"\n0,1\n", "*|a \": 0 1");
+        table("too small", "1e-400 1E-400\n", "0 0");
         table("decimal commas, semicolons", "1,5;0,25\n0;2\n", "0 2; 1.5 0.25");
         table("decimal commas, padded", "1,5;\t0,25;\n0;\t2;\n", "0 2; 1.5 0.25");
         table("decimal commas, tabs", "0,5\t1,500\n", "0.5 1.5");

@@ -171,8 +171,9 @@ private Q_SLOTS:
         spline.setTime(point, 2.5);
         QCOMPARE(point->time, 2.5);
         *point = {0.5, 9.0};
+        spline.modify(3)->pos = NAN;
         spline.mend();
-        QVERIFY(spline[1] == point && point->serial != 0 && spline(0.5) == 9.0);
+        QVERIFY(spline[1] == point && point->serial != 0 && spline(0.5) == 9.0 && spline[3]->pos == 0.0);
         *point = *spline[2];
         *spline.modify(3) = *spline[2];
         const SplineState copies = spline.state();

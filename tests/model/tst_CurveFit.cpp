@@ -118,7 +118,7 @@ private Q_SLOTS:
         const Numbers values = sampled(
             [](double t) { return std::sin(t / 20.0) + 0.3 * std::sin(t / 3.0) + 0.001 * std::cos(7.0 * t); },
             400);
-        const Result result = CurveFit::fit(wholeTimes(400), values, {0.02, false});
+        const Result result = CurveFit::fit(wholeTimes(400), values, {0.15, false});
         const auto& points = result.spline.points;
         const auto [least, greatest] = std::minmax_element(values.begin(), values.end());
         for (const auto turn : {least, greatest}) {
@@ -189,18 +189,18 @@ private Q_SLOTS:
         for (const auto type : {SplineBase::Linear, SplineBase::Bezier, SplineBase::Tcb}) {
             SplineBase spline, simple;
             for (int i = 1; i <= 60; ++i)
-                spline.addPoint(i, std::sin(0.2 * i * i / 10.0));
+                spline.addPoint(i, std::sin(0.2 * i));
             for (SplineBase::PointInfo* const point : spline.getControlPoints()) {
                 point->type = type;
                 point->tanLeft = point->tanRight = 0.1;
                 point->easeFrom = type == SplineBase::Linear ? 0.5 : 0.0;
             }
             spline.firstType = SplineBase::Zero;
-            const Result result = CurveFit::simplify(spline, 20, 40, {0.01, false});
+            const Result result = CurveFit::simplify(spline, 20, 40, {0.1, false});
             QVERIFY(result.isDone() && simple.assign(result.spline));
-            QVERIFY(simple(-1.0) == 0.0 && result.deviation <= 0.01);
+            QVERIFY(simple(-1.0) == 0.0 && result.deviation <= 0.1 && simple.getControlPointsNumber() < 50);
             for (double time = 0.0; time < 60.0; time += 1.0 / 64)
-                QVERIFY(std::abs(simple(time) - spline(time)) < (time < 20 || time > 40 ? 1e-12 : 0.012));
+                QVERIFY(std::abs(simple(time) - spline(time)) < (time < 20 || time > 40 ? 1e-12 : 0.1));
             QCOMPARE(simple.findIndex(spline[20]->serial, 20.0), 20);
             QCOMPARE(simple.getLast()->serial, spline.getLast()->serial);
         }
