@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/DependencyCheck.h>
+#include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/FunctionFloatBase.h>

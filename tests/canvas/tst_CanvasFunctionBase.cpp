@@ -136,7 +136,8 @@ private Q_SLOTS:
         row("middle button", "10 (25) [75] r1", [](Scene& s) {
             s.select({0, 2}).drag({70, 80}, {270, 80}, {}, Qt::MiddleButton);
         });
-        row("beside two", "5 10 15 r0", [](Scene& s) { s.select({0, 1}).press({180, 80}); });
+        row("right edge of two", "5 10 15 r0", [](Scene& s) { s.select({0, 1}).press({100, 80}); });
+        row("left edge of two", "5 10 15 r0", [](Scene& s) { s.select({0, 1}).press({50, 80}); });
         row("Shift beside two", "(5) (10) 15 r0", [](Scene& s) { s.select({0, 1}).press({180, 80}, shift); });
         row("Shift beside one", "5 10 15 r0", [](Scene& s) { s.select({0}).press({180, 80}, shift); });
         row("Shift on a point", "5 [10] 15 r1", [](Scene& s) { s.press({100, 50}, shift); });

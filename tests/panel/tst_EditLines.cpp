@@ -97,6 +97,8 @@ private Q_SLOTS:
         line.selectAll();
         QTest::keyClick(&line, Qt::Key_Delete);
         QVERIFY(line.text().isEmpty() && line.palette() != usual);
+        QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+        QApplication::sendEvent(&line, &menu);
         line.setValue(12.0); // shown again meanwhile
         QVERIFY(line.text().isEmpty() && line.palette() != usual);
         line.clearFocus();

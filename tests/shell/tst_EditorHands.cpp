@@ -63,8 +63,10 @@ private Q_SLOTS:
             QApplication::sendEvent(&s.canvas, &event);
         });
         row("middle", true, true, false, [](Scene& s) { drag(s, Qt::MiddleButton); });
-        row("middle with a selection", false, false, true,
-            [](Scene& s) { drag(s.clickPoint(), Qt::MiddleButton); });
+        row("middle on a point, then with a selection", false, false, true, [](Scene& s) {
+            QTest::mouseClick(&s.canvas, Qt::MiddleButton, {}, s.pixel(5.0, 1.0));
+            drag(s, Qt::MiddleButton);
+        });
         row("Space", true, true, false, [](Scene& s) {
             QTest::keyPress(&s.canvas, Qt::Key_Space);
             drag(s, Qt::LeftButton);

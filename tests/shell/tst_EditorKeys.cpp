@@ -89,10 +89,12 @@ private Q_SLOTS:
         for (const Qt::Key key : {Qt::Key_B, Qt::Key_X}) {
             QTest::keyPress(focus, key);
             QCOMPARE(s.canvas.gesture.keys.band || s.canvas.gesture.keys.axis != Gesture::Axis::Both, act);
-            if (key == Qt::Key_B)
+            if (key == Qt::Key_B) {
                 QTest::keyRelease(focus, key);
-            else
+            } else {
+                QTest::keyPress(focus, Qt::Key_B);
                 s.editor.commandLine->setFocus(); // hears of no release
+            }
             QVERIFY(!s.canvas.gesture.keys.band && s.canvas.gesture.keys.axis == Gesture::Axis::Both);
         }
         QCOMPARE(s.list.selectedItem()->text(0), "a.x");
