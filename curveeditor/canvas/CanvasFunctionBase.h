@@ -302,7 +302,7 @@ private:
 
     void takeReport(const EditReport& report);
     void showStep(const EditReport& report);
-    CurveEdit::Curves perform(const CanvasEdit& edit, const Nodes& targets);
+    void open(const CanvasEdit& edit, Nodes& targets);
     void moveSelection(const QString& one, const QString& many, const PointWork& work);
     void editByMenu(const QString& text, const CanvasEdit::Work& work);
     void showSpline(bool dropsExpression, CanvasEdit::Told told);

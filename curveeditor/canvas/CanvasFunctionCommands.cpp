@@ -84,9 +84,11 @@ void CanvasFunctionBase::edit(const CanvasEdit& edit)
     dropLostPoints();
     const QPointer<CanvasFunctionBase> guard(this);
     const QPointer<CurveNodeBase> current(getCurrentCurve());
-    const Nodes targets = edit.targets(curves_);
+    Nodes targets = edit.targets(curves_);
+    open(edit, targets);
     const CanvasCurves::Guarded guarded(targets.begin(), targets.end());
-    const CurveEdit::Curves changed = perform(edit, targets);
+    std::for_each(targets.begin(), targets.end(), [&](CurveNodeBase* target) { edit.work(*target); });
+    const CurveEdit::Curves changed = door_.commit();
     if (guard && edit.changesFormula)
         Q_EMIT changeCommandLine();
     if (guard && !targets.empty()) {
@@ -98,19 +100,16 @@ void CanvasFunctionBase::edit(const CanvasEdit& edit)
         paint();
 }
 
-CurveEdit::Curves CanvasFunctionBase::perform(const CanvasEdit& edit, const Nodes& targets)
+/// Leaves those of the targets for which the door opens.
+void CanvasFunctionBase::open(const CanvasEdit& edit, Nodes& targets)
 {
     if (targets.empty())
-        return {};
+        return;
     CurveEdit::Curves edited;
     for (const CurveNodeBase* const target : targets)
         edited.push_back(target->curve());
     door_.begin(edit.text(targets), edited);
-    for (CurveNodeBase* const target : targets) {
-        if (door_.isOpen(*target->curve()))
-            edit.work(*target);
-    }
-    return door_.commit();
+    std::erase_if(targets, [this](const CurveNodeBase* target) { return !door_.isOpen(*target->curve()); });
 }
 
 void CanvasFunctionBase::editSelection(const QString& one, const QString& many, const PointWork& work)

@@ -236,7 +236,9 @@ void CanvasHands::beginDrag(bool withCtrl)
         drags.push_back({curve->curve(), std::move(drag)});
     }
     const QString text = CanvasEdit::ofPoints(one, tr("Move %1 points of %2"))(dragged);
-    gesture.beginAtPoints(canvas_.door().begin(text, std::move(targets)), std::move(drags));
+    const CurveEdit::Id edit = canvas_.door().begin(text, std::move(targets));
+    std::erase_if(drags, [this](const Gesture::Drag& drag) { return !canvas_.door().isOpen(*drag.curve); });
+    gesture.beginAtPoints(edit, std::move(drags));
     curves_.forgetReaders();
     prepareSnap();
     guide.begin(gesture.grabbed(gesture.place, view), gesture.place, !keepsDistance, withCtrl);
@@ -326,10 +328,7 @@ bool CanvasHands::isClick(const QMouseEvent& release) const
 
 void CanvasHands::selectInBand()
 {
-    double timeLow = 0.0;
-    double timeHigh = 0.0;
-    double valueLow = 0.0;
-    double valueHigh = 0.0;
+    double timeLow = 0.0, timeHigh = 0.0, valueLow = 0.0, valueHigh = 0.0;
     viewport()->takeBand(timeLow, timeHigh, valueLow, valueHigh);
     for (CurveNodeBase* const curve : curves_.inReach())
         curve->control().selectInBand(timeLow, timeHigh, valueLow, valueHigh,

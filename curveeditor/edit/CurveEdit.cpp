@@ -33,7 +33,6 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves)
 CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
 {
     commit();
-    isOpen_ = true;
     isTrial_ = false;
     text_ = text;
     entry_ = nullptr;
@@ -47,6 +46,7 @@ CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
         before.curve->mend();
         before.curve->copyTo(before.state); // into the memory of the edit before
     }
+    isOpen_ = !before_.empty();
     return ++id_;
 }
 
