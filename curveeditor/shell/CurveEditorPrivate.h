@@ -2,19 +2,22 @@
 #pragma once
 
 #include <curveeditor/canvas/DependencyCheck.h>
-#include <curveeditor/edit/HostCalls.h>
+#include <curveeditor/edit/EditHistory.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/NodePage.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/EditorKeys.h>
 
 #include <QHash>
+#include <QPointer>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
+class CurveNodeBase;
 class CustomEditLine;
 class FunctionEditor;
 class QAction;
