@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
