@@ -176,35 +176,48 @@ void CanvasCurves::dropLostPoints()
         curve->control().dropLostPoints();
 }
 
-// Two curves may share a spline or a variable.
+/// Two curves may share a spline or a variable.
+CanvasCurves::Nodes CanvasCurves::showing(const EditedCurve& curve) const
+{
+    Nodes nodes;
+    for (const auto& candidate : curves_) {
+        const EditedCurve& content = *candidate->curve();
+        const bool sharesVariable = content.variable() && content.variable() == curve.variable();
+        if (&content == &curve || content.spline() == curve.spline() || sharesVariable)
+            nodes.push_back(candidate.get());
+    }
+    return nodes;
+}
+
 void CanvasCurves::markEdited(const EditReport& report, bool isDragStep)
 {
-    QStringList names = {report.curve->name};
-    for (const auto& curve : curves_) {
-        const EditedCurve& present = *curve->curve();
-        if (curve->curve() != report.curve && present.spline() != report.curve->spline() &&
-            (!present.variable() || present.variable() != report.curve->variable()))
-            continue;
+    const EditedCurve& edited = *report.curve;
+    for (CurveNodeBase* const curve : showing(edited))
         curve->changed = true;
-        names.append(curve->getName());
-    }
-    if (!isDragStep)
-        readers_.clear();
-    auto readers = readers_.find(report.curve->name);
-    if (readers == readers_.end())
-        readers = readers_.insert(report.curve->name, readersOf(names));
+    const QSet<QString> readers = isDragStep ? readers_.value(edited.name) : readersOf(edited);
+    if (readers.isEmpty())
+        return;
     for (const auto& curve : curves_) {
-        if (readers->isEmpty())
-            return;
-        if (readers->contains(DependencyCheck::lowerVariableName(curve->getName())))
+        if (readers.contains(DependencyCheck::lowerVariableName(curve->getName())))
             curve->changed = true;
     }
 }
 
-QSet<QString> CanvasCurves::readersOf(const QStringList& names) const
+void CanvasCurves::noteReaders(const std::vector<Gesture::Drag>& drags)
 {
+    readers_.clear();
+    for (const Gesture::Drag& drag : drags)
+        readers_.insert(drag.curve->name, readersOf(*drag.curve));
+}
+
+/// The lower variable names of those that read the curve, or one that shows the same; it need not be on the canvas.
+QSet<QString> CanvasCurves::readersOf(const EditedCurve& curve) const
+{
+    QStringList names = {curve.name};
+    for (const CurveNodeBase* const node : showing(curve))
+        names.append(node->getName());
     QSet<QString> readers;
-    for (const QString& name : names) {
+    for (const QString& name : std::as_const(names)) {
         const QStringList found =
             editor_ ? editor_->readersOf(DependencyCheck::lowerVariableName(name)) : QStringList();
         readers.unite(QSet<QString>(found.begin(), found.end()));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/edit/CurveEdit.h>
+#include <curveeditor/edit/Gesture.h>
 #include <curveeditor/edit/ViewStep.h>
 
 #include <QHash>
@@ -74,9 +75,10 @@ public:
     void dropLostPoints();
 
     /// Marks the pictures that an edit has made stale: of the curve, of those that share its spline or variable, and
-    /// of those that read one of them. The steps of a drag ask but once who that is, until `forgetReaders`.
+    /// of those that read one of them. The steps of a drag take the readers that `noteReaders` has found.
     void markEdited(const EditReport& report, bool isDragStep);
-    void forgetReaders() { readers_.clear(); }
+    /// Looks once for the readers of what is dragged from now on.
+    void noteReaders(const std::vector<Gesture::Drag>& drags);
 
     /// `first`, unless that is null, and then the others of which the content is in `changed`.
     Guarded withFirst(CurveNodeBase* first, const CurveEdit::Curves& changed) const;
@@ -84,7 +86,8 @@ public:
     static void report(const Guarded& curves);
 
 private:
-    QSet<QString> readersOf(const QStringList& names) const;
+    Nodes showing(const EditedCurve& curve) const;
+    QSet<QString> readersOf(const EditedCurve& curve) const;
 
     DependencyCheck* editor_;
     std::vector<std::unique_ptr<CurveNodeBase>> curves_;

@@ -39,7 +39,7 @@ CanvasFunctionBase::~CanvasFunctionBase()
 
 void CanvasFunctionBase::leaveStack()
 {
-    door_.history().disconnect(this);
+    door_.history().disconnect();
     settle();
     door_.history().leaveStack();
 }
@@ -137,8 +137,6 @@ void CanvasFunctionBase::takeReport(const EditReport& report)
     const bool isStep = report.cause == EditReport::Cause::Undo || report.cause == EditReport::Cause::Redo;
     if (isStep)
         showStep(report);
-    if (guard)
-        Q_EMIT edited(report);
     if (guard && report.cause != EditReport::Cause::Edit) {
         Q_EMIT selectionChanged(isStep);
         paint();

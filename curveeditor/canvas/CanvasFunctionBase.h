@@ -291,8 +291,6 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The current curve, or the expression that is shown for it, may be another one now.
     void changeCommandLine();
-    /// A curve was edited here or taken back or forth by the undo stack; it need not be on the canvas.
-    void edited(const EditReport& report);
     /// The selection, or a point that is selected, has changed by other means than an event of the widget;
     /// `shows` if the user is to see it.
     void selectionChanged(bool shows);

@@ -85,6 +85,10 @@ public:
     /// change.
     void setShowFrames(const bool& on);
     bool isShowFrames() const { return showFrames; }
+    /// A time as the user reads it: the number of its frame while those are counted.
+    double shownTime(double time) const { return showFrames ? time * fps : time; }
+    /// The time that the user reads as that number; at 0 frames per time unit it is not finite.
+    double timeOfShown(double number) const { return showFrames ? number / fps : number; }
 
     /// These only store: the caller sets `dirty`, but for the time line. A limit takes the edge of the visible range with it.
     void setFps(const double& framesPerTimeUnit) { fps = framesPerTimeUnit; }

@@ -4,6 +4,7 @@
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 
+#include <charconv>
 #include <cmath>
 #include <memory>
 
@@ -36,11 +37,23 @@ std::unique_ptr<FunctionFloatBase> parseWithoutCurves(const std::string& text)
     return message.errors.empty() && parser.getAllVars(tree.get()).empty() ? std::move(tree) : nullptr;
 }
 
+/// What a field shows and most of what is typed: the parser would find the same number in it.
+std::optional<double> plainNumber(const std::string& text)
+{
+    double number = 0.0;
+    const char* const end = text.data() + text.size();
+    const bool isPlain = text.find_first_not_of("-0123456789.") == std::string::npos;
+    const std::from_chars_result result = std::from_chars(text.data(), end, number);
+    return isPlain && result.ec == std::errc() && result.ptr == end ? std::optional(number) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<double> typedNumber(std::string text)
 {
     makePoints(text);
+    if (const std::optional<double> plain = plainNumber(text))
+        return plain;
     const std::unique_ptr<FunctionFloatBase> tree = parseWithoutCurves(text);
     const double number = tree ? tree->evaluate() : std::nan("");
     return std::isnan(number) ? std::nullopt : std::optional(number);

@@ -9,6 +9,7 @@
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <cmath>
@@ -147,6 +148,7 @@ void CustomEditLine::setValue(double value, const char* label)
     int room = maxLength();
     while (room > 1 && !isInSight(taggedText(value, tag, room)))
         --room;
+    const QSignalBlocker blocker(this); // there is no number to be noted
     setText(NumberText::inLocale(taggedText(value, tag, room), locale()));
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/PointTableModel.h>
 
+#include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/files/NumberText.h>
-#include <curveeditor/panel/NodePage.h>
 
 #include <algorithm>
 #include <array>
@@ -42,8 +42,8 @@ const std::vector<SplineBase::PointInfo*>& pointsOf(const ControlSplineNode* con
 
 } // namespace
 
-PointTableModel::PointTableModel(const NodePage* unit, QObject* parent)
-    : QAbstractTableModel(parent), unit_(unit)
+PointTableModel::PointTableModel(const ViewPort& view, QObject* parent)
+    : QAbstractTableModel(parent), view_(view)
 {
 }
 
@@ -127,7 +127,7 @@ QString PointTableModel::textOf(const SplineBase::PointInfo& point, int column, 
 double PointTableModel::shownNumber(const SplineBase::PointInfo& point, int column) const
 {
     const double number = SplineEdits::read(point, numbers[std::size_t(column)].field);
-    return column == Time && unit_->isModeFrames() ? number * unit_->getFps() : number;
+    return column == Time ? view_.shownTime(number) : number;
 }
 
 QVariant PointTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -136,7 +136,7 @@ QVariant PointTableModel::headerData(int section, Qt::Orientation orientation, i
         return {};
     if (orientation == Qt::Vertical)
         return section;
-    const QStringList titles = {unit_->isModeFrames() ? tr("Frame") : tr("Time"),
+    const QStringList titles = {view_.isShowFrames() ? tr("Frame") : tr("Time"),
                                 tr("Value"),
                                 tr("Type"),
                                 tr("Incoming"),
@@ -201,8 +201,8 @@ bool PointTableModel::readNumber(const SplineBase::PointInfo& point, int column,
         return true;
     const std::optional<double> typed = NumberText::read(text);
     number = typed.value_or(0.0);
-    if (column == Time && unit_->isModeFrames())
-        number /= unit_->getFps();
+    if (column == Time)
+        number = view_.timeOfShown(number);
     if (bound != 0.0)
         number = std::clamp(number, -bound, bound);
     return typed && std::isfinite(number);

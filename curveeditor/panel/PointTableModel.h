@@ -10,7 +10,7 @@
 #include <functional>
 #include <vector>
 
-class NodePage;
+class ViewPort;
 
 namespace curveeditor {
 
@@ -40,8 +40,8 @@ public:
         ColumnCount
     };
 
-    /// `unit` tells whether times are frames; it must outlive the model.
-    explicit PointTableModel(const NodePage* unit, QObject* parent = nullptr);
+    /// Times are in the unit of `view`, which must outlive the model.
+    explicit PointTableModel(const ViewPort& view, QObject* parent = nullptr);
 
     /// Shows the points of `control` as they are now, none for null. Linear in the points. Returns whether the
     /// rows are others than before; the model is reset then.
@@ -83,7 +83,7 @@ private:
     bool edit(const QString& one, const QString& many, std::size_t count,
               const std::function<void(SplineBase&)>& work);
 
-    const NodePage* unit_;
+    const ViewPort& view_;
     QLocale locale_;
     QPointer<ControlSplineNode> control_;
     std::vector<PointSerial> rows_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/PointTablePage.h>
 
+#include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/edit/PointTypeTexts.h>
 
 #include <QAbstractButton>
@@ -279,8 +280,9 @@ private:
 
 } // namespace
 
-PointTablePage::PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas, QWidget* parent)
-    : QWidget(parent), model_(unit), commands_(canvas), view_(new PointTableView(commands_, this))
+PointTablePage::PointTablePage(CanvasFunctionBase& canvas, QWidget* parent)
+    : QWidget(parent), model_(*canvas.getViewport()), commands_(canvas),
+      view_(new PointTableView(commands_, this))
 {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

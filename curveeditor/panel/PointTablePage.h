@@ -21,8 +21,8 @@ class PointTablePage : public QWidget
     Q_OBJECT
 
 public:
-    /// `unit` must outlive the page. `canvas` may go before it, if no key is pressed in the page any more.
-    PointTablePage(const NodePage* unit, CanvasFunctionBase& canvas, QWidget* parent = nullptr);
+    /// `canvas`, which has its view, must outlive the page.
+    explicit PointTablePage(CanvasFunctionBase& canvas, QWidget* parent = nullptr);
 
     /// To be called when the current curve, its points, its selection or the unit of times may be others now;
     /// `control` is null if there is no spline to show.

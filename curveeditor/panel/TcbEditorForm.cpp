@@ -2,6 +2,7 @@
 #include <curveeditor/panel/TcbEditorForm.h>
 
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
@@ -54,7 +55,8 @@ const TcbEditorForm::Row* TcbEditorForm::Row::find(const NodePageWidgets& widget
     return found == all.end() ? nullptr : found;
 }
 
-TcbEditorForm::TcbEditorForm(NodePage* editor) : editor_(editor), widgets_(editor->nodePageWidgets())
+TcbEditorForm::TcbEditorForm(const NodePageWidgets& widgets, const ViewPort& view)
+    : widgets_(widgets), view_(view)
 {
     widgets_.nodeTypeCombo->setCurrentIndex(0);
     disableFields();
@@ -108,11 +110,9 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
     const SplineBase::PointInfo& point = *control.pointAt(index);
     shownPoint_ = point.serial;
     showNodeIndex(index);
-    editor_->setPosInfo(point.time, point.pos);
     for (const Row& row : Row::all) {
         CustomEditLine& widget = *(widgets_.*row.widget);
-        if (row.field != Field::Time && row.field != Field::Value)
-            widget.setValue(SplineEdits::read(point, row.field));
+        widget.setValue(shownNumber(point, row));
         if (row.bound != 0.0)
             widget.setBounds(-row.bound, row.bound);
     }
@@ -220,13 +220,13 @@ double TcbEditorForm::editedNumber(double value, const CustomEditLine& sender, c
         return SplineEdits::read(point, row.field);
     if (isEditing() && editedField_ == &sender && isShownFor(before_))
         return SplineEdits::read(before_, row.field);
-    return row.field == Field::Time && editor_->isModeFrames() ? value / editor_->getFps() : value;
+    return row.field == Field::Time ? view_.timeOfShown(value) : value;
 }
 
 double TcbEditorForm::shownNumber(const SplineBase::PointInfo& point, const Row& row) const
 {
     const double number = SplineEdits::read(point, row.field);
-    return row.field == Field::Time && editor_->isModeFrames() ? number * editor_->getFps() : number;
+    return row.field == Field::Time ? view_.shownTime(number) : number;
 }
 
 bool TcbEditorForm::isEditing() const

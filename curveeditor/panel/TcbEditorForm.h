@@ -2,10 +2,12 @@
 #pragma once
 
 #include <curveeditor/canvas/ControlSplineNode.h>
-#include <curveeditor/panel/NodePage.h>
+#include <curveeditor/panel/NodePageWidgets.h>
 
 #include <QObject>
 #include <QPointer>
+
+class ViewPort;
 
 using namespace curveeditor;
 
@@ -25,8 +27,8 @@ class TcbEditorForm : public QObject
     Q_OBJECT
 
 public:
-    /// Connects the widgets of `editor` and switches them off. `editor` must outlive the form.
-    explicit TcbEditorForm(NodePage* editor);
+    /// Connects the widgets and switches them off. Times are shown in the unit of `view`. Both must outlive the form.
+    TcbEditorForm(const NodePageWidgets& widgets, const ViewPort& view);
 
     /// To be called after each event on the canvas. With exactly one point of `control` selected it shows the
     /// point, and `enable` switches the form on first. Otherwise (null included) it switches the form off.
@@ -91,8 +93,8 @@ private:
     void showPreview(const SplineBase::PointInfo& point);
 
     bool formActive_ = false;
-    NodePage* editor_ = nullptr;
     NodePageWidgets widgets_;
+    const ViewPort& view_;
     int shownIndex_ = 0;
     PointSerial shownPoint_ = 0;
     /// The selection of the curve that was shown last, null once that curve has left the canvas.

@@ -241,7 +241,7 @@ QString CanvasAccessible::text(QAccessible::Text kind) const
 CanvasAnnouncer::CanvasAnnouncer(FunctionEditor* canvas) : QObject(canvas), canvas_(canvas)
 {
     connect(canvas, &FunctionEditor::selectionShown, this, &CanvasAnnouncer::announce);
-    connect(&canvas->canvas, &CanvasFunctionBase::edited, this, [this](const EditReport& report) {
+    connect(&canvas->canvas.door().history(), &EditHistory::reported, this, [this](const EditReport& report) {
         if (report.phase == EditReport::Phase::Commit)
             announce();
     });

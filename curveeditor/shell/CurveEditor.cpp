@@ -9,8 +9,6 @@
 #include <curveeditor/panel/EditingListPanel.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/PointTablePage.h>
-#include <curveeditor/panel/TcbCurveFrame.h>
-#include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/EditMenu.h>
 #include <curveeditor/shell/FitDialog.h>
 #include <curveeditor/shell/FunctionEditor.h>
@@ -21,9 +19,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -32,12 +28,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace curveeditor;
 
 namespace {
-
-constexpr int pointsOfListMenu = 8;
 
 bool isTabStop(const QWidget& widget)
 {
@@ -59,7 +54,7 @@ CurveEditor::CurveEditor(QWidget* parent)
 
     auto* const layout = new QHBoxLayout(functionView);
     layout->setContentsMargins(0, 0, 0, 0);
-    d_->functionEdit = new FunctionEditor(functionView, d_.get(), d_.get());
+    d_->functionEdit = new FunctionEditor(functionView, d_.get(), d_->nodePageWidgets());
     layout->addWidget(d_->functionEdit);
     functionView->setFocusPolicy(Qt::ClickFocus);
     d_->functionEdit->setFocusPolicy(Qt::ClickFocus);
@@ -68,7 +63,7 @@ CurveEditor::CurveEditor(QWidget* parent)
     auto* const menu = new EditMenu(d_->editMenu, *d_->functionEdit); // a child of the menu
     d_->keys = std::make_unique<EditorKeys>(*this, *d_->functionEdit, *menu);
     d_->functionEdit->setAccessibleName(tr("Canvas"));
-    d_->pointTable = new PointTablePage(d_.get(), d_->functionEdit->canvas, this);
+    d_->pointTable = new PointTablePage(d_->functionEdit->canvas, this);
     tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
 
     d_->showPanelTheme();
@@ -92,8 +87,8 @@ CurveEditor::~CurveEditor()
     d_->functionEdit->canvas.leaveStack(); // who hears of it finds the dialog whole
     d_->keys.reset();
     // The canvas goes before all else, while all that its signals and its node form reach is still there.
+    delete std::exchange(d_->pointTable, nullptr); // it asks the canvas for the unit of times
     delete d_->functionEdit;
-    delete d_->pointTable; // while the dialog can still tell it the unit of times
     checkListsEditing->disconnect(this);
     d_->nodeOfName.clear();
     for (const auto& record : d_->nodeList)
@@ -128,10 +123,10 @@ void CurveEditor::Private::connectWidgets()
     QObject::connect(editor.nodeLast, &QComboBox::activated, &editor, &CurveEditor::changeNodeLastType);
     QObject::connect(&functionEdit->canvas, &CanvasFunctionBase::changeCommandLine, &editor,
                      &CurveEditor::refreshCommandLine);
-    QObject::connect(&functionEdit->canvas, &CanvasFunctionBase::edited, &editor,
+    const EditHistory& history = functionEdit->canvas.door().history();
+    QObject::connect(&history, &EditHistory::reported, &editor,
                      [this](const EditReport& report) { tellEdit(report); });
-    QObject::connect(&functionEdit->canvas.door().history(), &EditHistory::stackChanged, &editor,
-                     [this] { showStepTexts(); });
+    QObject::connect(&history, &EditHistory::stackChanged, &editor, [this] { showStepTexts(); });
     QObject::connect(&functionEdit->timeLineDrag, &TimeLineDrag::dragged, &editor, [this](double time) {
         const HostCalls::Call call(hostCalls());
         Q_EMIT editor.timeLineDragged(time);
@@ -146,7 +141,7 @@ void CurveEditor::Private::connectPointTable()
 {
     CanvasFunctionBase& canvas = functionEdit->canvas;
     QObject::connect(functionEdit, &FunctionEditor::selectionShown, &editor, [this] { showPoints(); });
-    QObject::connect(&canvas, &CanvasFunctionBase::edited, &editor, [this] { showPoints(); });
+    QObject::connect(&canvas.door().history(), &EditHistory::reported, &editor, [this] { showPoints(); });
     QObject::connect(pointTable, &PointTablePage::edited, functionEdit,
                      [this](const ControlSplineNode* control) {
                          functionEdit->showSelection(false);
@@ -164,7 +159,8 @@ void CurveEditor::Private::connectPointTable()
 
 void CurveEditor::Private::showPoints()
 {
-    pointTable->show(functionEdit->canvas.currentSplineControl());
+    if (pointTable)
+        pointTable->show(functionEdit->canvas.currentSplineControl());
 }
 
 void CurveEditor::Private::connectEditingList()
@@ -194,6 +190,7 @@ void CurveEditor::Private::connectEditingList()
                      &CanvasFunctionBase::currentNodeHasChanged);
 }
 
+/// The widgets of the node page, all of which must exist.
 NodePageWidgets CurveEditor::Private::nodePageWidgets() const
 {
     NodePageWidgets widgets;
@@ -445,162 +442,16 @@ double CurveEditor::Private::timeOfFrame(double frame) const
     return editor.getFps() == 0.0 ? 0.0 : frame / editor.getFps();
 }
 
-double CurveEditor::Private::shownTime(double time) const
-{
-    return editor.isModeFrames() ? time * editor.getFps() : time;
-}
-
 void CurveEditor::Private::showTimeBounds()
 {
-    functionEdit->nodeForm.setTimeBounds(shownTime(functionEdit->timeMin), shownTime(functionEdit->timeMax));
+    functionEdit->nodeForm.setTimeBounds(functionEdit->shownTime(functionEdit->timeMin),
+                                         functionEdit->shownTime(functionEdit->timeMax));
 }
 
 void CurveEditor::Private::paintChangedView()
 {
     functionEdit->dirty = true;
     functionEdit->canvas.paint();
-}
-
-void CurveEditor::setFont(const QFont& font)
-{
-    d_->hasOwnFont = true;
-    QWidget::setFont(font);
-    for (QWidget* const menu :
-         {d_->fileMenu, d_->curvesMenu, d_->optionsMenu, d_->editMenu, d_->firstNodeMenu, d_->lastNodeMenu,
-          d_->horizontalAxisMenu, d_->unaryMenu, d_->binaryMenu, d_->ternaryMenu, d_->iVarMenu, d_->dVarMenu})
-        menu->setFont(font);
-    d_->editingMenu->setFont(font);
-    for (QWidget* const button :
-         {d_->fitButton, d_->fitHButton, d_->fitVButton, d_->scaleButton, d_->panButton})
-        button->setFont(font);
-    for (QWidget* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit})
-        readOut->setFont(font);
-    for (QWidget* const widget : std::initializer_list<QWidget*>{
-             mainMenu, deleteCurve, tabWidget2, checkListsEditing, listPanel->filterLine(), textLabel1,
-             textLabel2, textLabel1_2, textLabel1_2_3_2, textLabel1_2_3_2_2, textTension, textContinuity,
-             textOutcoming})
-        widget->setFont(font);
-    fitToFont();
-}
-
-void CurveEditor::setTheme(const CurveEditorTheme& theme)
-{
-    d_->functionEdit->canvas.setTheme(theme);
-    d_->showPanelTheme();
-}
-
-void CurveEditor::Private::showPanelTheme()
-{
-    const CurveEditorTheme shown = editor.theme();
-    setPaletteColor(editor.functionView, QPalette::Window, shown.canvas);
-    showFieldColors();
-    editor.commandLine->setColors(shown.formula, shown.formulaText, shown.formulaWarning);
-    editor.tcbCurve->setColors(shown.preview, shown.previewCurve, shown.previewMiddle);
-    if (hasOwnFont)
-        return;
-    const QFont font = shown.panelFamily.isEmpty() ? QFont() : QFont(shown.panelFamily);
-    for (QWidget* const part : std::initializer_list<QWidget*>{
-             editor.mainMenu, editor.listPanel->filterLine(), editor.checkListsEditing, editor.tabWidget2})
-        part->setFont(font);
-    editingMenu->setFont(shown.panelFamily.isEmpty() ? QFont() : QFont(shown.panelFamily, pointsOfListMenu));
-    editor.fitToFont();
-}
-
-/// A field that is disabled differs from the others also where it is empty.
-void CurveEditor::Private::showFieldColors()
-{
-    const CurveEditorTheme shown = editor.theme();
-    const QColor disabledField = editor.palette().color(QPalette::Active, QPalette::Button);
-    for (CustomEditLine* const field : editor.findChildren<CustomEditLine*>())
-        field->setColors(shown.field, shown.fieldText, disabledField);
-    // These are never enabled, and there to be read.
-    const QColor readable = editor.palette().color(QPalette::Active, QPalette::ButtonText);
-    for (CustomEditLine* const readOut : {funcTimeEdit, funcCursorEdit, funcValueEdit})
-        readOut->setColors(shown.field, shown.fieldText, disabledField, readable);
-}
-
-/// Gives one of the small dialogs the font of the panel, where the theme has another than these have of themselves.
-void CurveEditor::Private::showPanelFont(QDialog& dialog) const
-{
-    const QString family = editor.theme().panelFamily;
-    if (hasOwnFont || family == CurveEditorTheme::described().panelFamily)
-        return;
-    const QFont font = family.isEmpty() ? QFont() : QFont(family);
-    dialog.setFont(font);
-    for (QWidget* const part : dialog.findChildren<QWidget*>())
-        part->setFont(font);
-}
-
-CurveEditorTheme CurveEditor::theme() const
-{
-    return d_->functionEdit->canvas.theme();
-}
-
-void CurveEditor::changeEvent(QEvent* event)
-{
-    CurveEditorDialogBase::changeEvent(event);
-    // The first of them come from constructors.
-    if (event->type() != QEvent::PaletteChange || !d_ || !d_->functionEdit)
-        return;
-    if (theme().followsPalette)
-        setTheme(CurveEditorTheme::fromPalette(palette()));
-    else
-        d_->showFieldColors();
-}
-
-void CurveEditor::setCanvasColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setCanvasColor(color);
-}
-
-void CurveEditor::setSelectionColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setSelectionColor(color);
-}
-
-void CurveEditor::setControllerColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setControllerColor(color);
-}
-
-void CurveEditor::setControllerSelectedColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setControllerSelectedColor(color);
-}
-
-void CurveEditor::setControlPointColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setControlPointColor(color);
-}
-
-void CurveEditor::setControlPointSelectedColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setControlPointSelectedColor(color);
-}
-
-void CurveEditor::setFrameFontColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setFrameFontColor(color);
-}
-
-void CurveEditor::setFrameLinesColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setFrameLinesColor(color);
-}
-
-void CurveEditor::setFrameHLineColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setFrameHLineColor(color);
-}
-
-void CurveEditor::setFrameVLineColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setFrameVLineColor(color);
-}
-
-void CurveEditor::setTimeLineColor(const QColor& color)
-{
-    d_->functionEdit->canvas.setTimeLineColor(color);
 }
 
 #include "moc_CurveEditor.cpp"

@@ -237,7 +237,7 @@ void CurveEditor::resetViewport()
     if (wasTime) {
         textLabel1->setText(tr("Frame:"));
         d_->actionOf(&CurveEditor::setShowFrames)->setChecked(true);
-        posX->setValue(d_->shownTime(numberTypedIn(*posX)));
+        posX->setValue(d_->functionEdit->shownTime(numberTypedIn(*posX)));
     }
     d_->showTimeBounds();
     d_->functionEdit->showSelection(false);
@@ -280,7 +280,7 @@ void CurveEditor::setShowFrames()
     if (isModeFrames())
         return;
     d_->functionEdit->setShowFrames(true);
-    posX->setValue(d_->shownTime(numberTypedIn(*posX)));
+    posX->setValue(d_->functionEdit->shownTime(numberTypedIn(*posX)));
     d_->showTimeBounds();
     d_->functionEdit->showSelection(false);
     d_->functionEdit->canvas.paint();
@@ -288,7 +288,7 @@ void CurveEditor::setShowFrames()
 
 void CurveEditor::setPosInfo(const double& valueX, const double& valueY)
 {
-    posX->setValue(d_->shownTime(valueX));
+    posX->setValue(d_->functionEdit->shownTime(valueX));
     posY->setValue(valueY);
 }
 
@@ -303,7 +303,7 @@ void CurveEditor::Private::showMousePlace()
     if (!mousePlace)
         return;
     const QString timeLabel = editor.isModeFrames() ? CurveEditor::tr("Frame") : CurveEditor::tr("Time");
-    funcTimeEdit->setValue(shownTime(mousePlace->time), timeLabel.toUtf8());
+    funcTimeEdit->setValue(functionEdit->shownTime(mousePlace->time), timeLabel.toUtf8());
     funcCursorEdit->setValue(mousePlace->value, CurveEditor::tr("Cursor").toUtf8());
     funcValueEdit->setValue(mousePlace->curveValue, CurveEditor::tr("Value").toUtf8());
 }

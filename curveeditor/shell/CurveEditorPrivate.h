@@ -4,7 +4,7 @@
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/edit/EditHistory.h>
 #include <curveeditor/panel/ControlMenu2.h>
-#include <curveeditor/panel/NodePage.h>
+#include <curveeditor/panel/NodePageWidgets.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/EditorKeys.h>
 
@@ -33,17 +33,11 @@ using namespace curveeditor;
 
 /// What a `CurveEditor` holds, and does without being called by a host. It lies behind a pointer, so that all of it can
 /// change without a new layout of the class, which hosts are built against. Widgets and actions belong to their Qt parents.
-struct CurveEditor::Private final : NodePage, DependencyCheck
+struct CurveEditor::Private final : DependencyCheck
 {
     explicit Private(CurveEditor& owner) : editor(owner) {}
 
-    NodePageWidgets nodePageWidgets() const override;
-    void setPosInfo(const double& valueX, const double& valueY) override
-    {
-        editor.setPosInfo(valueX, valueY);
-    }
-    bool isModeFrames() const override { return editor.isModeFrames(); }
-    double getFps() const override { return editor.getFps(); }
+    NodePageWidgets nodePageWidgets() const;
     bool checkDependencies(const QString& firstFunc, const QString& current, QString& withFunc) override;
     QStringList readersOf(const QString& curve) const override;
 
@@ -174,7 +168,6 @@ struct CurveEditor::Private final : NodePage, DependencyCheck
     void setMinTime(const double& val);
     void setMaxTime(const double& val);
     double timeOfFrame(double frame) const;
-    double shownTime(double time) const;
     void showTimeBounds();
     void showPanelTheme();
     void showFieldColors();

@@ -27,9 +27,9 @@ bool isPlainTab(const QKeyEvent& event)
 
 } // namespace
 
-FunctionEditor::FunctionEditor(QWidget* parent, DependencyCheck* check, NodePage* page)
-    : QWidget(parent), ViewPort(0, 0), canvas(this, check), nodeForm(page), viewGestures(this, canvas, *this),
-      timeLineDrag(this, canvas, *this)
+FunctionEditor::FunctionEditor(QWidget* parent, DependencyCheck* check, const NodePageWidgets& page)
+    : QWidget(parent), ViewPort(0, 0), canvas(this, check), nodeForm(page, *this),
+      viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);

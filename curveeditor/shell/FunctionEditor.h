@@ -10,7 +10,6 @@
 #include <QWidget>
 
 class DependencyCheck;
-class NodePage;
 
 using namespace curveeditor;
 
@@ -23,9 +22,9 @@ class FunctionEditor : public QWidget, public ViewPort
     Q_OBJECT
 
 public:
-    /// `parent` is the frame that the widget fills; the canvas reaches the dialog through `check` and the form through
-    /// `page`, all widgets of which must exist. No pointer may be null.
-    FunctionEditor(QWidget* parent, DependencyCheck* check, NodePage* page);
+    /// `parent` is the frame that the widget fills; the canvas reaches the dialog through `check`, and the form works in
+    /// `page`. No pointer may be null.
+    FunctionEditor(QWidget* parent, DependencyCheck* check, const NodePageWidgets& page);
     ~FunctionEditor() override;
 
     CanvasFunctionBase canvas; ///< the curves on the canvas

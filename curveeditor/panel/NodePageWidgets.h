@@ -26,23 +26,3 @@ struct NodePageWidgets
     QStackedWidget* nodeTypeWidgetStack = nullptr; ///< page 0 Tcb parameters, page 1 tangents
     TcbCurveFrame* tcbCurve = nullptr;             ///< picture of what tension, continuity, bias and ease do
 };
-
-/// What the node form needs of the dialog it works in. The editor implements it.
-class NodePage
-{
-public:
-    virtual ~NodePage() = default;
-
-    /// The widgets. They live as long as the dialog.
-    virtual NodePageWidgets nodePageWidgets() const = 0;
-
-    /// Shows a position in `posX` and `posY`: `valueX` in time units, shown as a frame number in frames mode,
-    /// and `valueY` in value units.
-    virtual void setPosInfo(const double& valueX, const double& valueY) = 0;
-
-    /// True if times are shown and typed as frame numbers.
-    virtual bool isModeFrames() const = 0;
-
-    /// Frames in one time unit. May be any number, also 0.0.
-    virtual double getFps() const = 0;
-};
