@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <unordered_set>
 #include <utility>
 
 namespace curveeditor {
@@ -12,7 +11,7 @@ namespace {
 
 std::uint64_t fingerprintOf(const CurveState& state)
 {
-    return state.spline.fingerprint() ^ std::hash<std::string>()(state.formula);
+    return state.spline.fingerprint() + std::hash<std::string>()(state.formula);
 }
 
 } // namespace
@@ -40,11 +39,10 @@ CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
     checkpoint_.clear();
     before_.resize(targets.size());
     for (std::size_t i = 0; i < targets.size(); ++i) {
-        Before& before = before_[i];
-        before.curve = std::move(targets[i].curve);
-        before.own = std::move(targets[i].own);
-        before.curve->mend();
-        before.curve->copyTo(before.state); // into the memory of the edit before
+        before_[i].curve = std::move(targets[i].curve);
+        before_[i].own = std::move(targets[i].own);
+        before_[i].curve->mend();
+        before_[i].note();
     }
     isOpen_ = !before_.empty();
     return ++id_;
@@ -101,8 +99,10 @@ void CurveEdit::checkpoint()
     continueAboveForeignEntry();
     const std::vector<EditHistory::Part> parts = changes();
     checkpoint_.clear();
-    for (const Before& before : before_)
-        checkpoint_.push_back({before.curve, before.own, before.curve->state()});
+    for (const Before& before : before_) {
+        checkpoint_.push_back({before.curve, before.own});
+        checkpoint_.back().note();
+    }
     const Id id = id_;
     keepEntry(parts);
     if (!isOpen(id) || before_.empty())
@@ -145,7 +145,7 @@ void CurveEdit::cancel()
     const std::vector<EditHistory::Part> parts = changes();
     for (const Before& before : before_) {
         if (before.curve->spline())
-            before.curve->restore(baseline(before));
+            before.takeBack();
     }
     if (entry_ && history_.isOnTop(entry_))
         keepEntry({});
@@ -156,62 +156,87 @@ std::vector<EditHistory::Part> CurveEdit::changes() const
 {
     std::vector<EditHistory::Part> parts;
     for (const Before& before : before_) {
-        const EditedCurve& curve = *before.curve;
-        if (!curve.spline())
+        if (!before.curve->spline())
             continue;
-        const auto diffFrom = [&curve](const CurveState& state) {
-            return CurveDiff::between(state, *curve.spline(), curve.kind(), curve.formula());
-        };
-        CurveDiff diff = diffFrom(before.state);
-        const bool isOwn = isOwnAlone(before, diff);
-        const CurveState rest = isOwn ? CurveState() : withOwnPointsBack(before);
-        if (!isOwn)
-            diff = diffFrom(rest);
-        if (!diff.isEmpty())
-            parts.push_back(
-                {before.curve, diff, fingerprintOf(isOwn ? before.state : rest), curve.fingerprint()});
+        const CurveDiff diff = before.difference();
+        if (diff.isEmpty())
+            continue;
+        const std::uint64_t after = before.curve->fingerprint();
+        const std::uint64_t start =
+            before.own.empty() ? fingerprintOf(before.state) : after - diff.pointsShift();
+        parts.push_back({before.curve, diff, start, after});
     }
     return parts;
 }
 
-bool CurveEdit::isOwnAlone(const Before& before, const CurveDiff& diff)
+/// Into the memory that an edit before has left.
+void CurveEdit::Before::note()
 {
-    if (before.own.empty())
-        return true;
-    const std::unordered_set<PointSerial> own(before.own.begin(), before.own.end());
-    const std::vector<PointSerial> points = diff.pointsBefore();
-    const std::vector<PointSerial> pointsAfter = diff.pointsAfter();
-    const std::unordered_set<PointSerial> after(pointsAfter.begin(), pointsAfter.end());
-    return diff.concernsPointsOnly() && points.size() == after.size() &&
-           std::all_of(points.begin(), points.end(),
-                       [&](PointSerial point) { return own.count(point) > 0 && after.count(point) > 0; });
+    points.clear();
+    if (own.empty() || !curve->spline())
+        return curve->copyTo(state);
+    const auto& present = curve->spline()->getControlPoints();
+    pointCount = present.size();
+    for (const std::int32_t index : indicesOf(own, *curve->spline())) {
+        if (index >= 0)
+            points.push_back({std::size_t(index), *present[std::size_t(index)]});
+    }
+    std::sort(points.begin(), points.end(),
+              [](const PlacedPoint& left, const PlacedPoint& right) { return left.index < right.index; });
 }
 
-CurveState CurveEdit::baseline(const Before& before)
+/// What the edit has done; what the host has changed beside its own points meanwhile is not in it.
+CurveDiff CurveEdit::Before::difference() const
 {
-    const EditedCurve& curve = *before.curve;
-    const CurveDiff diff = CurveDiff::between(before.state, *curve.spline(), curve.kind(), curve.formula());
-    return isOwnAlone(before, diff) ? before.state : withOwnPointsBack(before);
+    const SplineBase& spline = *curve->spline();
+    return own.empty() ? CurveDiff::between(state, spline, curve->kind(), curve->formula())
+                       : CurveDiff::between(ownPointsBack(), spline, curve->kind());
 }
 
-CurveState CurveEdit::withOwnPointsBack(const Before& before)
+void CurveEdit::Before::takeBack() const
 {
-    using PointInfo = SplineBase::PointInfo;
-    const std::unordered_set<PointSerial> own(before.own.begin(), before.own.end());
-    CurveState state = before.curve->state();
-    std::vector<PointInfo>& points = state.spline.points;
-    std::unordered_set<PointSerial> present;
-    for (const PointInfo& point : points) {
-        if (own.count(point.serial) > 0)
-            present.insert(point.serial);
+    if (own.empty())
+        curve->restore(state);
+    else
+        curve->step(difference(), false, true);
+}
+
+/// The points of the spline, with those that are the edit's own as they were; what the host took away stays away.
+CurveEdit::Before::Pointers CurveEdit::Before::ownPointsBack() const
+{
+    std::vector<PointSerial> serials;
+    for (const PlacedPoint& point : points)
+        serials.push_back(point.info.serial);
+    const std::vector<std::int32_t> indices = indicesOf(serials, *curve->spline());
+    const auto& present = curve->spline()->getControlPoints();
+    Pointers others(present.begin(), present.end());
+    for (const std::int32_t index : indices) {
+        if (index >= 0)
+            others[std::size_t(index)] = nullptr;
     }
-    std::erase_if(points, [&](const PointInfo& point) { return present.count(point.serial) > 0; });
-    for (const PointInfo& point : before.state.spline.points) {
-        if (present.count(point.serial) > 0)
-            points.push_back(point);
+    std::erase(others, nullptr);
+    if (present.size() == pointCount && others.size() + points.size() == pointCount) {
+        Pointers all = replaced(others, {}, points, [](const PlacedPoint& point) { return &point.info; });
+        if (areInOrder(all))
+            return all;
     }
-    std::stable_sort(points.begin(), points.end(), isEarlierPoint);
-    return state;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (indices[i] >= 0)
+            others.push_back(&points[i].info);
+    }
+    std::stable_sort(others.begin(), others.end(),
+                     [](const auto* left, const auto* right) { return isEarlierPoint(*left, *right); });
+    return others;
+}
+
+/// Whether the own points stand among `all` in the order of time. They do not where the host has moved others.
+bool CurveEdit::Before::areInOrder(const Pointers& all) const
+{
+    return std::all_of(points.begin(), points.end(), [&all](const PlacedPoint& point) {
+        const std::size_t next = point.index + 1;
+        return (point.index == 0 || all[point.index - 1]->time <= point.info.time) &&
+               (next == all.size() || point.info.time <= all[next]->time);
+    });
 }
 
 // An entry that lies below another one can't grow any more: what follows it is an edit of its own.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/edit/EditHistory.h>
+#include <curveeditor/model/PlacedPoint.h>
 
 #include <QString>
 
@@ -72,21 +73,26 @@ public:
     void cancel();
 
 private:
+    /// What a curve was: all of it, or the points that are the edit's own.
     struct Before
     {
         std::shared_ptr<EditedCurve> curve;
         std::vector<PointSerial> own;
-        CurveState state;
+        CurveState state = {};                ///< unless points are its own
+        std::vector<PlacedPoint> points = {}; ///< those, by index
+        std::size_t pointCount = 0;           ///< of the spline
+
+        void note();
+        CurveDiff difference() const;
+        void takeBack() const;
+        using Pointers = std::vector<const SplineBase::PointInfo*>;
+        Pointers ownPointsBack() const;
+        bool areInOrder(const Pointers& all) const;
     };
 
     const Before* find(const EditedCurve& curve) const;
 
     std::vector<EditHistory::Part> changes() const;
-    /// Whether nothing but the edit's own points differ.
-    static bool isOwnAlone(const Before& before, const CurveDiff& diff);
-    /// What the curve would be now without the edit.
-    static CurveState baseline(const Before& before);
-    static CurveState withOwnPointsBack(const Before& before);
     void continueAboveForeignEntry();
     void keepEntry(const std::vector<EditHistory::Part>& parts);
     void report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,

@@ -2,6 +2,7 @@
 #include <curveeditor/edit/EditCommand.h>
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace curveeditor {
@@ -71,38 +72,29 @@ void EditCommand::step(EditReport::Cause cause)
     setObsolete(isDead());
 }
 
-// All targets are found before any curve changes, as two curves may share a spline.
+// All curves are looked at before any changes, as two may share a spline.
 void EditCommand::stepParts(EditReport::Cause cause)
 {
     const bool isUndo = cause == EditReport::Cause::Undo;
-    std::vector<CurveState> targets(parts_.size());
-    for (std::size_t i = 0; i < parts_.size(); ++i) {
-        if (!parts_[i].isDead && !findTarget(parts_[i], isUndo, targets[i]))
-            history_->drop(*parts_[i].curve);
+    for (const EditHistory::Part& part : parts_) {
+        if (!part.isDead && part.curve->fingerprint() != (isUndo ? part.after : part.before))
+            history_->drop(*part.curve);
     }
-    for (std::size_t i = 0; i < parts_.size(); ++i) {
-        const EditHistory::Part& part = parts_[i];
+    std::unordered_set<const SplineBase*> stepped;
+    for (const EditHistory::Part& part : parts_) {
         if (part.isDead)
             continue;
-        if (part.curve->restore(targets[i])) {
+        if (part.curve->step(part.diff, !isUndo, stepped.count(part.curve->spline()) == 0)) {
+            stepped.insert(part.curve->spline());
             history_->tell({part.curve, part.diff.touched(), EditReport::Phase::Commit, cause,
                             isUndo ? part.diff.pointsBefore() : part.diff.pointsAfter()});
             continue;
         }
-        history_->lostFormulas_.emplace_back(part.curve->name, QString::fromStdString(targets[i].formula));
+        const std::string& formula = isUndo ? part.diff.formulaBefore() : part.diff.formulaAfter();
+        if (!formula.empty())
+            history_->lostFormulas_.emplace_back(part.curve->name, QString::fromStdString(formula));
         history_->drop(*part.curve);
     }
-}
-
-/// Where the step leads; false if the curve is not as the entry left it.
-bool EditCommand::findTarget(const EditHistory::Part& part, bool isUndo, CurveState& target)
-{
-    if (part.curve->fingerprint() != (isUndo ? part.after : part.before))
-        return false;
-    target = part.curve->state();
-    // Which content shows is chosen anew when a curve comes back onto the canvas, so it is no edit of the host.
-    target.kind = isUndo ? part.diff.kindAfter() : part.diff.kindBefore();
-    return isUndo ? part.diff.revert(target) : part.diff.apply(target);
 }
 
 } // namespace curveeditor

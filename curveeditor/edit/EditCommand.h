@@ -30,7 +30,6 @@ public:
 private:
     void step(EditReport::Cause cause);
     void stepParts(EditReport::Cause cause);
-    static bool findTarget(const EditHistory::Part& part, bool isUndo, CurveState& target);
 
     QPointer<EditHistory> history_;
     std::vector<EditHistory::Part> parts_;

@@ -58,7 +58,7 @@ void EditedCurve::copyTo(CurveState& state) const
 std::uint64_t EditedCurve::fingerprint() const
 {
     const std::uint64_t points = spline_ ? fingerprintOf(*spline_) : 0;
-    return points ^ std::hash<std::string>()(formula());
+    return points + std::hash<std::string>()(formula());
 }
 
 void EditedCurve::mend()
@@ -121,15 +121,30 @@ void EditedCurve::reset(double value)
 
 bool EditedCurve::restore(const CurveState& state)
 {
-    const bool changesFormula = state.formula != formula();
-    std::unique_ptr<FunctionFloatBase> tree = changesFormula ? expressionOf(state.formula) : nullptr;
-    if (changesFormula && !tree && !state.formula.empty())
-        return false;
-    if (spline_ && !spline_->assign(state.spline))
+    return restoreFormula(state.formula, state.kind,
+                          [&] { return !spline_ || spline_->assign(state.spline); });
+}
+
+bool EditedCurve::step(const CurveDiff& diff, bool forward, bool stepsSpline)
+{
+    const std::string& before = forward ? diff.formulaBefore() : diff.formulaAfter();
+    const std::string& after = forward ? diff.formulaAfter() : diff.formulaBefore();
+    return restoreFormula(
+        before == after ? formula() : after, forward ? diff.kindAfter() : diff.kindBefore(),
+        [&] { return !spline_ || !stepsSpline || (forward ? diff.apply(*spline_) : diff.revert(*spline_)); });
+}
+
+/// Does all or nothing: `restoreSpline` says whether the spline is as it shall be now.
+bool EditedCurve::restoreFormula(const std::string& text, CurveKind kind,
+                                 const std::function<bool()>& restoreSpline)
+{
+    const bool changesFormula = text != formula();
+    std::unique_ptr<FunctionFloatBase> tree = changesFormula ? expressionOf(text) : nullptr;
+    if ((changesFormula && !tree && !text.empty()) || !restoreSpline())
         return false;
     if (changesFormula)
-        setExpression(std::move(tree), state.formula);
-    kind_ = state.kind;
+        setExpression(std::move(tree), text);
+    kind_ = kind;
     return true;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/model/CurveState.h>
+#include <curveeditor/model/CurveDiff.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 
 #include <QString>
@@ -58,6 +58,10 @@ public:
     void reset(double value);
     /// Takes the whole state. Returns false, and changes nothing, if its formula can't be had any more.
     bool restore(const CurveState& state);
+    /// Makes of the curve before `diff` the one behind it, or the other way about; without the spline if another curve that
+    /// shares it has stepped already. Returns false, and changes nothing, if the formula can't be had any more or the
+    /// spline is not as `diff` has left it.
+    bool step(const CurveDiff& diff, bool forward, bool stepsSpline);
 
     /// Reads what `CurveFile` writes into the curve, whatever kind it was. Returns false, and leaves the curve as
     /// it was, if that is not a whole curve or a formula that can't be parsed.
@@ -69,6 +73,7 @@ public:
 private:
     friend class CurveEdit;
 
+    bool restoreFormula(const std::string& text, CurveKind kind, const std::function<bool()>& restoreSpline);
     bool readSpline(std::istream& in);
     bool readExpression(std::istream& in);
     std::unique_ptr<FunctionFloatBase> expressionOf(const std::string& text);

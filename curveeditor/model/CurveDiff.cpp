@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/CurveDiff.h>
 
+#include <curveeditor/model/PlacedPoint.h>
 #include <curveeditor/model/PointTypes.h>
 
 #include <algorithm>
@@ -35,6 +36,11 @@ public:
     explicit Points(const SplineBase& spline)
         : firstType(spline.firstType), lastType(spline.lastType), defaultValue(spline.getDefaultValue()),
           pointers_(spline.getControlPoints().data()), size_(spline.getControlPoints().size())
+    {
+    }
+    Points(const std::vector<const PointInfo*>& points, const SplineBase& spline)
+        : firstType(spline.firstType), lastType(spline.lastType), defaultValue(spline.getDefaultValue()),
+          pointers_(points.data()), size_(points.size())
     {
     }
     explicit Points(const SplineState& state)
@@ -85,11 +91,10 @@ TimeInterval influence(const Points& points, std::size_t index)
     return interval;
 }
 
-struct Entry
+bool isSame(const PointInfo& left, const PointInfo& right)
 {
-    std::size_t index = 0;
-    PointInfo info;
-};
+    return &left == &right || isSamePoint(left, right);
+}
 
 template <typename Value> struct Change
 {
@@ -132,10 +137,11 @@ struct CurveDiff::Private
     bool concernsPointsOnly() const;
     Private inverse() const;
     bool apply(CurveState& state) const;
-    bool replacePoints(std::vector<PointInfo>& points) const;
+    bool apply(SplineBase& spline) const;
+    bool isReplaceable(const Points& points) const;
 
-    std::vector<Entry> removed;  ///< ascending indices in the points before
-    std::vector<Entry> inserted; ///< ascending indices in the points after
+    std::vector<PlacedPoint> removed;  ///< ascending indices in the points before
+    std::vector<PlacedPoint> inserted; ///< ascending indices in the points after
     Change<std::int32_t> firstType, lastType;
     Change<double> defaultValue;
     Change<CurveKind> kind;
@@ -166,14 +172,17 @@ CurveDiff CurveDiff::between(const CurveState& before, const SplineBase& spline,
     return CurveDiff(diff);
 }
 
+CurveDiff CurveDiff::between(const std::vector<const PointInfo*>& pointsBefore, const SplineBase& spline,
+                             CurveKind kind)
+{
+    const auto diff = std::make_shared<Private>(Points(pointsBefore, spline), Points(spline));
+    diff->noteContent({kind, kind}, {}, {});
+    return CurveDiff(diff);
+}
+
 bool CurveDiff::isEmpty() const
 {
     return d_->isEmpty();
-}
-
-bool CurveDiff::concernsPointsOnly() const
-{
-    return d_->concernsPointsOnly();
 }
 
 CurveKind CurveDiff::kindBefore() const
@@ -194,6 +203,26 @@ bool CurveDiff::apply(CurveState& state) const
 bool CurveDiff::revert(CurveState& state) const
 {
     return d_->inverse().apply(state);
+}
+
+bool CurveDiff::apply(SplineBase& spline) const
+{
+    return d_->apply(spline);
+}
+
+bool CurveDiff::revert(SplineBase& spline) const
+{
+    return d_->inverse().apply(spline);
+}
+
+std::uint64_t CurveDiff::pointsShift() const
+{
+    std::uint64_t shift = 0;
+    for (const PlacedPoint& point : d_->inserted)
+        shift += fingerprintOf(point.info);
+    for (const PlacedPoint& point : d_->removed)
+        shift -= fingerprintOf(point.info);
+    return shift;
 }
 
 const std::string& CurveDiff::formulaBefore() const
@@ -224,8 +253,8 @@ std::vector<std::uint32_t> CurveDiff::pointsAfter() const
 std::string CurveDiff::toString() const
 {
     std::ostringstream text;
-    const auto writePoints = [&text](char sign, const std::vector<Entry>& entries) {
-        for (const Entry& entry : entries)
+    const auto writePoints = [&text](char sign, const std::vector<PlacedPoint>& entries) {
+        for (const PlacedPoint& entry : entries)
             text << sign << ' ' << entry.index << ": " << entry.info.time << ' ' << entry.info.pos << ' '
                  << PointTypes::of(entry.info.type).word << '\n';
     };
@@ -269,9 +298,9 @@ void CurveDiff::Private::notePoints(const Points& before, const Points& after)
     std::size_t beforeEnd = before.size();
     std::size_t afterEnd = after.size();
     std::size_t start = 0;
-    while (start < std::min(beforeEnd, afterEnd) && isSamePoint(before[start], after[start]))
+    while (start < std::min(beforeEnd, afterEnd) && isSame(before[start], after[start]))
         ++start;
-    while (std::min(beforeEnd, afterEnd) > start && isSamePoint(before[beforeEnd - 1], after[afterEnd - 1])) {
+    while (std::min(beforeEnd, afterEnd) > start && isSame(before[beforeEnd - 1], after[afterEnd - 1])) {
         --beforeEnd;
         --afterEnd;
     }
@@ -279,7 +308,7 @@ void CurveDiff::Private::notePoints(const Points& before, const Points& after)
     std::size_t j = start;
     while (i < beforeEnd || j < afterEnd) {
         const bool both = i < beforeEnd && j < afterEnd;
-        if (both && isSamePoint(before[i], after[j])) {
+        if (both && isSame(before[i], after[j])) {
             ++i;
             ++j;
             continue;
@@ -300,9 +329,9 @@ void CurveDiff::Private::notePoints(const Points& before, const Points& after)
 
 void CurveDiff::Private::noteTouched(const Points& before, const Points& after)
 {
-    for (const Entry& entry : removed)
+    for (const PlacedPoint& entry : removed)
         touched.unite(influence(before, entry.index));
-    for (const Entry& entry : inserted)
+    for (const PlacedPoint& entry : inserted)
         touched.unite(influence(after, entry.index));
     const TimeInterval everything = TimeInterval::everything();
     const bool goesOnChanges = before.lastType != after.lastType || before.hasSpan() != after.hasSpan();
@@ -333,8 +362,10 @@ bool CurveDiff::Private::apply(CurveState& state) const
     SplineState& spline = state.spline;
     if (state.kind != kind.before || (changesFormula && state.formula != formula.before) ||
         spline.firstType != firstType.before || spline.lastType != lastType.before ||
-        !hasSameBits(spline.defaultValue, defaultValue.before) || !replacePoints(spline.points))
+        !hasSameBits(spline.defaultValue, defaultValue.before) || !isReplaceable(Points(spline)))
         return false;
+    spline.points =
+        replaced(spline.points, removed, inserted, [](const PlacedPoint& point) { return point.info; });
     spline.firstType = firstType.after;
     spline.lastType = lastType.after;
     spline.defaultValue = defaultValue.after;
@@ -356,29 +387,25 @@ CurveDiff::Private CurveDiff::Private::inverse() const
     return diff;
 }
 
-bool CurveDiff::Private::replacePoints(std::vector<PointInfo>& points) const
+/// Whether the points are as they were left.
+bool CurveDiff::Private::isReplaceable(const Points& points) const
 {
-    const auto isThere = [&points](const Entry& entry) {
-        return entry.index < points.size() && isSamePoint(points[entry.index], entry.info);
+    const auto isThere = [&points](const PlacedPoint& point) {
+        return point.index < points.size() && isSamePoint(points[point.index], point.info);
     };
-    if (!std::all_of(removed.begin(), removed.end(), isThere))
+    return std::all_of(removed.begin(), removed.end(), isThere) &&
+           (inserted.empty() || inserted.back().index < points.size() - removed.size() + inserted.size());
+}
+
+bool CurveDiff::Private::apply(SplineBase& spline) const
+{
+    const Points points(spline);
+    if (points.firstType != firstType.before || points.lastType != lastType.before ||
+        !hasSameBits(points.defaultValue, defaultValue.before) || !isReplaceable(points) ||
+        !spline.replace(removed, inserted))
         return false;
-    std::vector<PointInfo> result;
-    result.reserve(points.size() + inserted.size());
-    auto gone = removed.begin();
-    auto added = inserted.begin();
-    for (std::size_t i = 0; i <= points.size(); ++i) {
-        for (; added != inserted.end() && added->index == result.size(); ++added)
-            result.push_back(added->info);
-        if (gone != removed.end() && gone->index == i)
-            ++gone;
-        else if (i < points.size())
-            result.push_back(points[i]);
-    }
-    for (; added != inserted.end() && added->index == result.size(); ++added)
-        result.push_back(added->info);
-    if (added != inserted.end())
-        return false;
-    points.swap(result);
+    spline.firstType = firstType.after;
+    spline.lastType = lastType.after;
+    spline.setDefaultValue(defaultValue.after);
     return true;
 }

@@ -49,11 +49,17 @@ public:
     static CurveDiff between(const CurveState& before, const SplineBase& spline, CurveKind kind,
                              const std::string& formula);
 
+    /// The same where nothing but points can differ: `pointsBefore` are those before in their order, which may be points
+    /// of the spline itself.
+    static CurveDiff between(const std::vector<const SplineBase::PointInfo*>& pointsBefore,
+                             const SplineBase& spline, CurveKind kind);
+
     /// True if both states were equal, to the bit.
     bool isEmpty() const;
 
-    /// Whether formula, kind, behaviours and default value are the same.
-    bool concernsPointsOnly() const;
+    /// What the points add to `fingerprintOf` a spline by differing, modulo 2^64.
+    std::uint64_t pointsShift() const;
+
     /// @{
     /// What the curve shows on that side of the edit.
     CurveKind kindBefore() const;
@@ -71,6 +77,13 @@ public:
     /// what differs is not in `state` as it was left. Takes linear time.
     bool apply(CurveState& state) const;
     bool revert(CurveState& state) const;
+    /// @}
+
+    /// @{
+    /// The same at a living spline; kind and formula are not looked at. A point that is there on both sides stays the
+    /// same object. Reads only the points that differ.
+    bool apply(SplineBase& spline) const;
+    bool revert(SplineBase& spline) const;
     /// @}
 
     /// The times at which the value of the curve may differ: around each point that differs, at its old and

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/SplineBase.h>
 
+#include <curveeditor/model/PlacedPoint.h>
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/model/SplineState.h>
 
@@ -86,6 +87,13 @@ std::uint64_t serialShare(const PointInfo& point)
     std::uint64_t share = point.serial * 0x9E3779B97F4A7C15U;
     share = (share ^ (share >> 29)) * 0xBF58476D1CE4E5B9U;
     return share ^ (share >> 32);
+}
+
+bool holdsAny(const std::vector<PointInfo*>& points, const std::unordered_set<std::uint32_t>& serials)
+{
+    return !serials.empty() && std::any_of(points.begin(), points.end(), [&](const PointInfo* point) {
+        return serials.count(point->serial) > 0;
+    });
 }
 
 /// It came from elsewhere, and is not to be given again.
@@ -686,6 +694,37 @@ bool SplineBase::assign(const SplineState& state)
     firstType = state.firstType;
     lastType = state.lastType;
     defaultValue = state.defaultValue;
+    return true;
+}
+
+/// Takes points out and puts others in, each at its index in the result. False, with nothing changed, if their times
+/// would not be in order then, or if one of those that are new is there already.
+bool SplineBase::replace(const std::vector<PlacedPoint>& removed, const std::vector<PlacedPoint>& inserted)
+{
+    std::unordered_map<std::uint32_t, PointInfo*> spare;
+    for (const PlacedPoint& point : removed)
+        spare.emplace(point.info.serial, points_[point.index]);
+    std::unordered_set<std::uint32_t> newcomers;
+    for (const PlacedPoint& point : inserted) {
+        if (spare.count(point.info.serial) == 0)
+            newcomers.insert(point.info.serial);
+    }
+    std::vector<double> times =
+        replaced(times_, removed, inserted, [](const PlacedPoint& point) { return point.info.time; });
+    if (times.empty() || !std::is_sorted(times.begin(), times.end()) || holdsAny(points_, newcomers))
+        return false;
+    for (const PlacedPoint& point : removed)
+        d_->serialSum -= serialShare(point.info);
+    points_ = replaced(points_, removed, inserted, [&](const PlacedPoint& point) {
+        const auto present = spare.extract(point.info.serial);
+        PointInfo* const place = present ? present.mapped() : new PointInfo;
+        *place = point.info;
+        d_->serialSum += serialShare(point.info);
+        return place;
+    });
+    times_ = std::move(times);
+    for (const auto& [serial, point] : spare)
+        delete point;
     return true;
 }
 

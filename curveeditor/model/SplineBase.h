@@ -12,6 +12,10 @@
 
 struct SplineState;
 
+namespace curveeditor {
+struct PlacedPoint;
+} // namespace curveeditor
+
 /// A scalar function of time that a user shapes by control points.
 ///
 /// The points are ordered by time. The `type` of a point governs the segment that ends at it, so the type of
@@ -282,6 +286,8 @@ protected:
     const std::vector<PointInfo*>& controlPoints = points_; ///< ascending in time, owned, never empty
 
 private:
+    friend class CurveDiff;
+
     struct Private;
     template <bool isWide> class Segment;
 
@@ -299,6 +305,8 @@ private:
     void insertNew(std::size_t index, PointInfo point);
     std::uint32_t newSerial();
     std::vector<std::uint32_t> serialsIn(const SplineState& state) const;
+    bool replace(const std::vector<curveeditor::PlacedPoint>& removed,
+                 const std::vector<curveeditor::PlacedPoint>& inserted);
     void renewCopiedSerials();
     void clear();
     bool readText(std::istream& in);

@@ -21,32 +21,29 @@ template <typename Value> auto wordsOf(const Value& value)
     return words;
 }
 
-/// Mixes words into one number, each by a multiplication with the golden ratio and a shift.
-class Mixer
+/// Spreads each bit over all.
+std::uint64_t mixed(std::uint64_t word)
 {
-public:
-    void add(std::uint64_t word)
-    {
-        sum_ = (sum_ ^ word) * 0x9E3779B97F4A7C15U;
-        sum_ ^= sum_ >> 29;
-    }
-    template <typename Value> void addBits(const Value& value)
-    {
-        for (const std::uint64_t word : wordsOf(value))
-            add(word);
-    }
-    std::uint64_t result() const { return sum_; }
+    word = (word ^ (word >> 32)) * 0x9E3779B97F4A7C15U;
+    word = (word ^ (word >> 29)) * 0xBF58476D1CE4E5B9U;
+    return word ^ (word >> 32);
+}
 
-private:
-    std::uint64_t sum_ = 1;
-};
-
-std::uint64_t mixed(Mixer points, std::int32_t firstType, std::int32_t lastType, double defaultValue)
+/// Each word has a factor of its own, so that no two can change places; the products do not wait for each other.
+template <typename Value> std::uint64_t mixedBits(const Value& value)
 {
-    points.addBits(firstType);
-    points.addBits(lastType);
-    points.addBits(defaultValue);
-    return points.result();
+    std::uint64_t factor = 0xD6E8FEB86659FD93U;
+    std::uint64_t sum = 0;
+    for (const std::uint64_t word : wordsOf(value)) {
+        sum += (word ^ (word >> 32)) * factor;
+        factor += 0x9E3779B97F4A7C16U;
+    }
+    return mixed(sum);
+}
+
+std::uint64_t mixedRest(std::int32_t firstType, std::int32_t lastType, double defaultValue)
+{
+    return mixedBits(std::array{mixedBits(firstType), mixedBits(lastType), mixedBits(defaultValue)});
 }
 
 } // namespace
@@ -74,16 +71,21 @@ bool SplineState::isWhole() const
 
 std::uint64_t SplineState::fingerprint() const
 {
-    Mixer mixer;
+    std::uint64_t sum = mixedRest(firstType, lastType, defaultValue);
     for (const PointInfo& point : points)
-        mixer.addBits(point);
-    return mixed(mixer, firstType, lastType, defaultValue);
+        sum += fingerprintOf(point);
+    return sum;
+}
+
+std::uint64_t fingerprintOf(const PointInfo& point)
+{
+    return mixedBits(point);
 }
 
 std::uint64_t fingerprintOf(const SplineBase& spline)
 {
-    Mixer mixer;
-    for (const PointInfo* point : spline.getControlPoints())
-        mixer.addBits(*point);
-    return mixed(mixer, spline.firstType, spline.lastType, spline.getDefaultValue());
+    std::uint64_t sum = mixedRest(spline.firstType, spline.lastType, spline.getDefaultValue());
+    for (const PointInfo* const point : spline.getControlPoints())
+        sum += fingerprintOf(*point);
+    return sum;
 }

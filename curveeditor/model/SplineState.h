@@ -26,7 +26,8 @@ struct CURVEEDITOR_EXPORT SplineState
     /// What a spline can be: at least one point, times that ascend, times and values that are finite.
     bool isWhole() const;
 
-    /// Equal for equal states, and for others equal by a chance of 1 in 2^64 only.
+    /// Equal for equal states, and for others equal by a chance of 1 in 2^64 only; but points of one time may change
+    /// places. A sum modulo 2^64, of which each point is a summand.
     std::uint64_t fingerprint() const;
 };
 
@@ -38,6 +39,9 @@ inline bool isEarlierPoint(const SplineBase::PointInfo& left, const SplineBase::
 {
     return left.time < right.time;
 }
+
+/// The point's summand in `SplineState::fingerprint`.
+CURVEEDITOR_EXPORT std::uint64_t fingerprintOf(const SplineBase::PointInfo& point);
 
 /// `SplineState::fingerprint` of a spline's state, without a copy of it.
 CURVEEDITOR_EXPORT std::uint64_t fingerprintOf(const SplineBase& spline);

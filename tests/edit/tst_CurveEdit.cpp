@@ -59,6 +59,14 @@ struct Fixture
     std::function<void(Fixture&)> whenReported;
 };
 
+bool isSame(const SplineBase& left, const SplineBase& right)
+{
+    std::ostringstream texts[2];
+    SplineBase::save(left, texts[0]);
+    SplineBase::save(right, texts[1]);
+    return texts[0].str() == texts[1].str();
+}
+
 } // namespace
 
 class tst_CurveEdit : public QObject
@@ -149,20 +157,39 @@ private Q_SLOTS:
 
     void hostMayChangeOtherPointsDuringADrag()
     {
-        for (const auto& [isTakenBack, addsPoint] : {std::pair(false, true), {true, true}, {true, false}}) {
-            Fixture f;
-            f.begin("drag");
-            f.set(1, 7.0);
-            if (addsPoint)
-                f.spline.addPoint(2.5, 5.0);
-            f.spline.lastType = SplineBase::Zero;
-            isTakenBack ? f.door.cancel() : void(f.door.commit());
-            QCOMPARE(f.spline[1]->pos, isTakenBack ? 1.0 : 7.0);
-            f.stack().undo();
-            QCOMPARE(f.spline[1]->pos, 1.0);
-            QCOMPARE(f.spline.getControlPointsNumber(), addsPoint ? 5u : 4u);
-            QCOMPARE(f.spline.lastType, int(SplineBase::Zero));
+        const Edit works[] = {[](Fixture& f) { f.spline.addPoint(2.5, 5.0); },
+                              [](Fixture& f) { f.spline.remove(f.spline[1]); },
+                              [](Fixture& f) { f.spline.setTime(f.spline.modify(2), 0.5); },
+                              [](Fixture& f) {
+                                  f.spline.lastType = SplineBase::Zero;
+                              }};
+        for (const Edit& work : works) {
+            for (const bool isTakenBack : {false, true}) {
+                Fixture f, host;
+                const PointSerial own = f.serial(1);
+                f.begin("drag");
+                f.set(1, 7.0);
+                work(f);
+                work(host);
+                isTakenBack ? f.door.cancel() : void(f.door.commit());
+                if (const SplineBase::PointInfo* const point = f.spline.modify(f.spline.findIndex(own, 1.0)))
+                    QCOMPARE(point->pos, isTakenBack ? 1.0 : 7.0);
+                f.stack().undo();
+                QVERIFY(isSame(f.spline, host.spline));
+            }
         }
+    }
+
+    void pointComesBackAmongThoseOfItsTime()
+    {
+        Fixture f;
+        f.spline.addPoint(1.0, 5.0);
+        const SplineState before = f.spline.state();
+        f.begin("drag");
+        f.spline.setTime(f.spline.modify(1), 2.5);
+        f.door.commit();
+        f.stack().undo();
+        QVERIFY(f.spline.state() == before);
     }
 
     void typingIsOneEntryThatCanBeTakenBackAtAnyTime()

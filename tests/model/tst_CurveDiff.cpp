@@ -49,6 +49,11 @@ private:
             QVERIFY(old.assign(before.spline) && old.state() == before.spline);
             QVERIFY2(isSameOutside(diff.touched(), old, curve.spline), diff.toString().c_str());
             const auto living = curve.spline.getControlPoints();
+            QVERIFY(diff.revert(curve.spline) && curve.spline.state() == before.spline);
+            QVERIFY(diff.pointsBefore().empty() ||
+                    (!diff.revert(curve.spline) && curve.spline.state() == before.spline));
+            QVERIFY(diff.apply(curve.spline) && curve.spline.state() == after.spline);
+            QCOMPARE(fingerprintOf(curve.spline), after.spline.fingerprint());
             QVERIFY(curve.spline.assign(before.spline) && curve.spline.state() == before.spline);
             const auto afterwards = curve.spline.getControlPoints();
             for (std::size_t i = 0; i < living.size(); ++i) {
