@@ -9,6 +9,7 @@
 #include <support/CountedNode.h>
 
 inline constexpr auto ctrl = Qt::ControlModifier, shift = Qt::ShiftModifier, alt = Qt::AltModifier;
+inline constexpr auto doubleClick = QEvent::MouseButtonDblClick;
 
 /// An editor with three curves: the spline "a.x", which is current, with points at (0, 0), (5, 1) and (8, -1), the
 /// spline "a.y", and "a.z", a formula that reads "a.x". The operations are what a user does.
@@ -66,19 +67,24 @@ struct Scene : EditorFixture
         sendMouse(canvas, type, at, button, keys);
         return *this;
     }
-    Scene& press(double t, double v, Qt::KeyboardModifiers keys = {})
+    Scene& pressAt(const QPoint& at) { return mouse(QEvent::MouseButtonPress, at); }
+    Scene& press(double t, double v, Qt::KeyboardModifiers keys = {}, Qt::MouseButton button = Qt::LeftButton)
     {
-        return mouse(QEvent::MouseButtonPress, pixel(t, v), Qt::LeftButton, keys);
+        return mouse(QEvent::MouseButtonPress, pixel(t, v), button, keys);
     }
-    Scene& move(double t, double v, Qt::KeyboardModifiers keys = {})
+    Scene& move(double t, double v, Qt::KeyboardModifiers keys = {}, Qt::MouseButton button = Qt::LeftButton)
     {
-        return mouse(QEvent::MouseMove, pixel(t, v), Qt::LeftButton, keys);
+        return mouse(QEvent::MouseMove, pixel(t, v), button, keys);
     }
-    Scene& release(double t, double v) { return mouse(QEvent::MouseButtonRelease, pixel(t, v)); }
-    Scene& drag(double t, double v, double toTime, double toValue, Qt::KeyboardModifiers keys = {})
+    Scene& release(double t, double v, Qt::MouseButton button = Qt::LeftButton)
     {
-        press(t, v).move((t + toTime) / 2.0, v, keys);
-        return move(toTime, toValue, keys).release(toTime, toValue);
+        return mouse(QEvent::MouseButtonRelease, pixel(t, v), button);
+    }
+    Scene& drag(double t, double v, double toTime, double toValue, Qt::KeyboardModifiers keys = {},
+                Qt::MouseButton button = Qt::LeftButton)
+    {
+        press(t, v, {}, button).move((t + toTime) / 2.0, v, keys, button);
+        return move(toTime, toValue, keys, button).release(toTime, toValue, button);
     }
     Scene& key(Qt::Key key, Qt::KeyboardModifiers keys = {})
     {

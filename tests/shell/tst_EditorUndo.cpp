@@ -10,11 +10,50 @@
 
 using namespace curveeditor;
 
+namespace {
+
+/// Selects these points of "a.x", too.
+Scene& select(Scene& s, const QList<unsigned>& points)
+{
+    for (const unsigned point : points)
+        s.control().toggleSelected(s.x.modify(point));
+    return s;
+}
+
+/// Makes "a.z" the formula and "a.x" the current curve.
+Scene& formulaBehind(Scene& s, const QString& text)
+{
+    s.turnTo("a.z").enter(text).turnTo("a.x");
+    s.changes.clear();
+    s.shown();
+    return s;
+}
+
+/// The times and values of the points of "a.x", in parentheses if selected, in brackets if that is the current point;
+/// the current curve if it is another one.
+QString pointsOf(const Scene& s)
+{
+    QStringList words;
+    const ControlSplineNode& control = s.canvas.canvas.findCurve("a.x")->control();
+    for (const auto* point : s.x.getControlPoints()) {
+        const QString selected = control.isSelected(point) ? "(%1,%2)" : "%1,%2";
+        words << (point == control.getCurrent() ? QString("[%1,%2]") : selected)
+                     .arg(std::round(10.0 * point->time) / 10.0)
+                     .arg(std::round(10.0 * point->pos) / 10.0);
+    }
+    if (s.current() != "a.x")
+        words << s.current();
+    return words.join(' ');
+}
+
+} // namespace
+
 class tst_EditorUndo : public QObject
 {
     Q_OBJECT
 
     using Gestures = Rows<int, QStringList, Deed>; // entries of the stack, and reports
+    using Results = Rows<QString, int, Deed>;      // points, and how many reports
 
 private Q_SLOTS:
     void gestureIsReportedAndTakenBack_data()
@@ -52,13 +91,13 @@ private Q_SLOTS:
             s.release(6.0, 2.5);
         });
         row("press soon after a click elsewhere", 1, x + x, [](Scene& s) {
-            s.clickPoint().mouse(QEvent::MouseButtonDblClick, s.pixel(8.0, -1.0));
+            s.clickPoint().mouse(doubleClick, s.pixel(8.0, -1.0));
             s.move(8.5, -1.0).release(8.5, -1.0);
             QVERIFY(s.x[2]->time > 8.4);
         });
         row("double click in a hurry", 1, x, [](Scene& s) {
             const QPoint nearby = s.pixel(6.0, 2.5) + QPoint(4, 3);
-            s.press(6.0, 2.5).release(6.0, 2.5).mouse(QEvent::MouseButtonDblClick, nearby).release(6.0, 2.5);
+            s.press(6.0, 2.5).release(6.0, 2.5).mouse(doubleClick, nearby).release(6.0, 2.5);
         });
         row("menu opened by a key", 1, x + x, [](Scene& s) {
             s.whenMenuOpens(ControlMenu::CreateKey);
@@ -315,6 +354,149 @@ private Q_SLOTS:
             QVERIFY(s.states() == after);
             QVERIFY(s.showsWhatIsDrawnFromScratch());
         }
+    }
+
+    void gestureLeavesThesePointsToAHostThatMayTakeTheCurveAway_data()
+    {
+        const Results row;
+        row("three pixels off a formula", "0,0 5,1 8,-1 a.z", 0,
+            [](Scene& s) { s.pressAt(s.pixel(9.0, 0.0) - QPoint(0, 3)); });
+        row("four pixels off", "0,0 5,1 8,-1", 0,
+            [](Scene& s) { s.pressAt(s.pixel(9.0, 0.0) - QPoint(0, 4)); });
+        row("beside its begin", "0,0 5,1 8,-1 a.z", 0,
+            [](Scene& s) { formulaBehind(s, "2+0*sqrt(t-1.01)").pressAt(s.pixel(1.0, 2.0)); });
+        row("beside its end", "0,0 5,1 8,-1 a.z", 0,
+            [](Scene& s) { formulaBehind(s, "2+0*sqrt(1-t)").pressAt(s.pixel(1.0, 2.0) + QPoint(1, 0)); });
+        row("where it is not a number", "0,0 5,1 8,-1", 0, [](Scene& s) {
+            formulaBehind(s, "2+0*sqrt(t-1)").pressAt({s.pixel(0.5, 0.0).x(), 1});
+        });
+        row("drag", "0,0 8,-1 [9,2]", 1, [](Scene& s) { s.drag(5.0, 1.0, 9.0, 2.0); });
+        row("drag two", "0,0 (6,0) [9,-2]", 1, [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 7.0, 1.0); });
+        row("scale", "0,0 (5.4,1.1) [8.6,-1.1]", 1,
+            [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 6.5, 2.5, shift); });
+        row("middle button", "0,0 (5.4,1.1) [8.6,-1.1]", 1,
+            [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 6.5, 2.5, {}, Qt::MiddleButton); });
+        for (const auto& [edge, point] : {std::pair{"left edge of two", 1}, {"right edge of two", 2}})
+            row(edge, "0,0 5,1 8,-1", 0, [point = point](Scene& s) {
+                const QPoint at = s.selectTwo().pixel(s.x[point]->time, 2.5);
+                s.x.modify(unsigned(point))->time = s.canvas.pixelToTime(at.x());
+                s.pressAt(at);
+            });
+        row("Shift beside two", "0,0 (5,1) (8,-1)", 0,
+            [](Scene& s) { s.selectTwo().press(3.0, 2.0, shift); });
+        row("Shift beside one", "0,0 5,1 8,-1", 0, [](Scene& s) { select(s, {0}).press(3.0, 2.0, shift); });
+        row("Shift on a point", "0,0 [5,1] 8,-1", 1, [](Scene& s) { s.press(5.0, 1.0, shift); });
+        row("Ctrl", "0,0 3,2 5,1 8,-1", 1, [](Scene& s) { s.press(3.0, 2.0, ctrl); });
+        row("Alt", "0,0 5,1 8,-1", 0, [](Scene& s) { s.press(5.0, 1.0, alt); });
+        row("band", "0,0 (5,1) [8,-1]", 1, [](Scene& s) { s.drag(3.0, 2.5, 9.0, -2.0); });
+        row("band around nothing", "0,0 5,1 8,-1", 0, [](Scene& s) { s.drag(2.0, 2.5, 3.0, 2.0); });
+        row("double click", "0,0 3,2.5 5,1 8,-1", 1,
+            [](Scene& s) { s.mouse(doubleClick, s.pixel(3.0, 2.5)); });
+        row("double click on a point", "0,0 [5,1] 8,-1", 0,
+            [](Scene& s) { s.mouse(doubleClick, s.pixel(5.0, 1.0)); });
+        row("double click picks a formula", "0,0 5,1 8,-1 a.z", 0, [](Scene& s) {
+            formulaBehind(s, "a.x+0.02").press(9.0, -1.0).release(9.0, -1.0);
+            s.mouse(doubleClick, s.pixel(9.0, -1.0));
+        });
+        row("double click picks a spline", "0,0 5,1 8,-1", 0, [](Scene& s) {
+            formulaBehind(s, "a.x+0.02").turnTo("a.z").press(9.0, -1.0).release(9.0, -1.0);
+            s.mouse(doubleClick, s.pixel(9.0, -1.0));
+        });
+        row("and adds nothing", "0,0 5,1 8,-1", 0, [](Scene& s) {
+            formulaBehind(s, "a.x+0.02").turnTo("a.z").press(9.0, -1.0).release(9.0, -1.0);
+            s.mouse(doubleClick, s.pixel(9.0, -1.0) + QPoint(0, 4));
+        });
+        row("click between two", "0,0 5,1 8,-1", 1,
+            [](Scene& s) { s.selectTwo().press(6.0, 2.0).release(6.0, 2.0); });
+        row("click on one of three", "0,0 [5,1] 8,-1", 1, [](Scene& s) {
+            select(s, {0, 1, 2}).press(5.0, 1.0).release(5.0, 1.0);
+        });
+        row("click on one that is not selected", "0,0 [5,1] 8,-1", 1, [](Scene& s) {
+            select(s, {0, 2}).press(5.0, 1.0).release(5.0, 1.0);
+        });
+        row("Ctrl and click between two", "0,0 (5,1) [8,-1]", 1, [](Scene& s) {
+            s.selectTwo().control().selection().setCurrent(s.x[2]->serial);
+            s.press(6.0, 2.0, ctrl).release(6.0, 2.0);
+        });
+        row("middle click between two", "0,0 (5,1) (8,-1)", 1, [](Scene& s) {
+            s.selectTwo().press(6.0, 2.0, {}, Qt::MiddleButton).release(6.0, 2.0, Qt::MiddleButton);
+        });
+        row("Escape before the release", "0,0 (5,1) (8,-1)", 0,
+            [](Scene& s) { s.selectTwo().press(6.0, 2.0).key(Qt::Key_Escape).release(6.0, 2.0); });
+        row("arrows", "0,0 [5,1] 8,-1", 0,
+            [](Scene& s) { select(s, {0}).key(Qt::Key_Right).key(Qt::Key_Right).key(Qt::Key_Left); });
+        row("right arrow begins", "[0,0] 5,1 8,-1", 0, [](Scene& s) { s.key(Qt::Key_Right); });
+        row("left arrow begins", "0,0 5,1 [8,-1]", 0, [](Scene& s) { s.key(Qt::Key_Left); });
+        row("arrow, two selected", "0,0 (5,1) (8,-1)", 0, [](Scene& s) { s.selectTwo().key(Qt::Key_Right); });
+        row("Delete", "0,0", 2, [](Scene& s) { s.selectTwo().key(Qt::Key_Delete).key(Qt::Key_Delete); });
+        row("menu", "0,0 3,2 5,1 8,-1", 2, [](Scene& s) {
+            whenOpen<ControlMenu>([](ControlMenu& menu) {
+                menu.setActiveAction(menu.actions()[5]);
+                QTest::keyClick(&menu, Qt::Key_Return);
+            });
+            s.press(3.0, 2.0, {}, Qt::RightButton);
+        });
+        row("change under the open menu", "0,0 5,1 8,-1", 1, [](Scene& s) {
+            whenOpen<ControlMenu>([&s](ControlMenu& menu) {
+                s.canvas.canvas.findCurve("a.x")->emitCurveChanged();
+                menu.close();
+            });
+            s.press(3.0, 2.0, {}, Qt::RightButton);
+        });
+        row("change under an open box", "0,0 5,1 8,-1", 1, [](Scene& s) {
+            s.enter("sin(").canvas.canvas.findCurve("a.x")->emitCurveChanged();
+            closeBox();
+        });
+        row("move after a drag", "[1,0] 5,1 8,-1", 1, [](Scene& s) {
+            s.drag(0.0, 0.0, 1.0, 0.0).mouse(QEvent::MouseMove, s.pixel(4.0, 2.0), Qt::NoButton, shift);
+        });
+        row("lost points", "0,0", 0, [](Scene& s) {
+            s.selectTwo().press(6.0, 2.0).x.reset();
+            s.move(7.0, 2.0);
+        });
+        row("scale and pan", "0,0 (3.5,4) (5,0)", 0, [](Scene& s) {
+            s.selectTwo().canvas.canvas.scaleSelection(0.5, 2.0);
+            s.canvas.canvas.scaleSelection(std::nan(""), std::nan(""));
+            s.canvas.canvas.panSelection(1.0, 2.0);
+        });
+        row("scale one of a list", "0,0 [2.5,1] 8,-1", 0, [](Scene& s) {
+            Selection& selection = s.control().selection();
+            selection.selectAll({s.x[1]->serial});
+            s.canvas.canvas.scaleSelection(0.25, 1.0);
+            QVERIFY(selection.listed().empty());
+            selection.selectAll({s.x[1]->serial});
+            s.canvas.canvas.panSelection(1.25, 0.0);
+            QVERIFY(selection.listed().empty());
+        });
+        row("scale one listed alone", "0,0 (5,1) 8,-1", 0, [](Scene& s) {
+            select(s, {0, 1, 0}).canvas.canvas.scaleSelection(0.5, 2.0);
+            s.canvas.canvas.panSelection(0.5, 2.0);
+        });
+        row("reset", "0,0.5", 1, [](Scene& s) { s.selectTwo().editor.resetSelectedF(); });
+        row("load a faulty expression", "[0,0] 5,1 8,-1", 0, [](Scene& s) {
+            std::istringstream file("255 0 0 1 sin(");
+            QVERIFY(!select(s, {0}).canvas.canvas.loadCurve(file) && !s.canvas.canvas.isCurrentExpression());
+        });
+        row("drag in a view that can't be shown", "0,0 5,1 8,-1", 0, [](Scene& s) {
+            s.editor.setTimeRange(3.0, 3.0);
+            s.mouse(QEvent::MouseButtonPress, {70, 80}).mouse(QEvent::MouseMove, {90, 20});
+        });
+    }
+    void gestureLeavesThesePointsToAHostThatMayTakeTheCurveAway()
+    {
+        const auto [points, reports, gesture] = Results::present();
+        Scene s;
+        gesture(s);
+        QCOMPARE(pointsOf(s), points);
+        QCOMPARE(s.changes.size(), reports);
+        if (reports == 0)
+            return;
+        Scene taken; // by a host that removes the curve as soon as it hears of it
+        QObject::connect(&taken.editor, &CurveEditor::curveHasChanged, &taken.editor,
+                         [&taken] { taken.editor.removeCurve("a", "x"); });
+        gesture(taken);
+        QVERIFY(!taken.canvas.canvas.findCurve("a.x"));
+        QCOMPARE(Invariants::fault(taken.editor), QString());
     }
 
     void receiverMayDoAnythingInsideReturn()
