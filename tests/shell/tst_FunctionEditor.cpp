@@ -1,67 +1,93 @@
 // SPDX-License-Identifier: MIT
-#include "EditorFixture.h"
+#include "EditorScene.h"
 
 #include <curveeditor/panel/ExpressionEditLine.h>
+#include <curveeditor/panel/TcbCurveFrame.h>
+
+using Point = SplineBase::PointInfo;
+
+namespace {
+
+/// The scene, in which "a.x" is a curve of Tcb points, and whose second point is on the page.
+struct PageScene : Scene
+{
+    PageScene()
+    {
+        x.modify(1u)->type = SplineBase::Tcb;
+        show();
+    }
+    void show()
+    {
+        editor.updateCurves();
+        control().selectOnly(x.modify(1u));
+        canvas.showSelection(true);
+    }
+    TcbEditorForm& form = canvas.nodeForm;
+    QSignalSpy changed{&form, &TcbEditorForm::nodeTcbChanged};
+};
+
+} // namespace
 
 class tst_FunctionEditor : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { fixture = std::make_unique<EditorFixture>(QStringList{"cam.lens"}); }
-    void cleanup() { fixture.reset(); }
-
     void dragFillsThePageAndFreeMouseTheReadOutsOnly()
     {
-        QTest::mousePress(&fixture->canvas, Qt::LeftButton, {}, fixture->pixel(5.0, 1.0));
-        QVERIFY(fixture->canvas.nodeForm.isActive() && fixture->canvas.gesture.isAtPoints());
-        fixture->sendMouse(fixture->canvas, QEvent::MouseMove, fixture->pixel(7.0, 2.0));
-        QVERIFY(qAbs(fixture->editor.posY->text().toDouble() - 2.0) < 0.05);
-        QVERIFY(fixture->changes.isEmpty());
-        fixture->canvas.dirty = true;
-        fixture->sendMouse(fixture->canvas, QEvent::MouseMove, fixture->pixel(2.0, -2.0), Qt::NoButton);
-        QVERIFY(fixture->editor.findChild<CustomEditLine*>("funcCursorEdit")->text().startsWith('-'));
-        QVERIFY(fixture->canvas.dirty);
-        const QString selected = fixture->editor.posY->text();
-        fixture->editor.setExpression();
-        QVERIFY(fixture->canvas.canvas.isCurrentExpression() && fixture->canvas.canvas.hasSinglePoint());
-        fixture->sendMouse(fixture->canvas, QEvent::MouseMove, fixture->pixel(3.0, -1.0), Qt::NoButton);
-        QVERIFY(selected.startsWith('2') && fixture->editor.posY->text().startsWith('-'));
+        EditorFixture s({"cam.lens"});
+        QTest::mousePress(&s.canvas, Qt::LeftButton, {}, s.pixel(5.0, 1.0));
+        QVERIFY(s.canvas.nodeForm.isActive() && s.canvas.gesture.isAtPoints());
+        s.sendMouse(s.canvas, QEvent::MouseMove, s.pixel(7.0, 2.0));
+        QVERIFY(qAbs(s.editor.posY->text().toDouble() - 2.0) < 0.05);
+        QVERIFY(s.changes.isEmpty());
+        s.canvas.dirty = true;
+        s.sendMouse(s.canvas, QEvent::MouseMove, s.pixel(2.0, -2.0), Qt::NoButton);
+        QVERIFY(s.editor.findChild<CustomEditLine*>("funcCursorEdit")->text().startsWith('-'));
+        QVERIFY(s.canvas.dirty);
+        const QString selected = s.editor.posY->text();
+        s.editor.setExpression();
+        QVERIFY(s.canvas.canvas.isCurrentExpression() && s.canvas.canvas.hasSinglePoint());
+        s.sendMouse(s.canvas, QEvent::MouseMove, s.pixel(3.0, -1.0), Qt::NoButton);
+        QVERIFY(selected.startsWith('2') && s.editor.posY->text().startsWith('-'));
     }
 
     void keysOpenThePageAndTabLeadsIntoIt()
     {
+        EditorFixture s({"cam.lens"});
         for (const Qt::Key key : {Qt::Key_A, Qt::Key_T, Qt::Key_Left, Qt::Key_Tab}) {
-            fixture->clickPoint();
-            fixture->canvas.closeNodeForm();
-            fixture->key(key);
-            QCOMPARE(fixture->canvas.nodeForm.isActive(), key == Qt::Key_T || key == Qt::Key_Tab);
-            QCOMPARE(fixture->editor.node->text(), key == Qt::Key_Left ? "0" : "1");
+            s.clickPoint();
+            s.canvas.closeNodeForm();
+            s.key(key);
+            QCOMPARE(s.canvas.nodeForm.isActive(), key == Qt::Key_T || key == Qt::Key_Tab);
+            QCOMPARE(s.editor.node->text(), key == Qt::Key_Left ? "0" : "1");
         }
-        QCOMPARE(QApplication::focusWidget(), fixture->editor.node);
-        QTest::keyClick(fixture->editor.node, Qt::Key_Backtab);
-        QCOMPARE(QApplication::focusWidget(), &fixture->canvas);
+        QCOMPARE(QApplication::focusWidget(), s.editor.node);
+        QTest::keyClick(s.editor.node, Qt::Key_Backtab);
+        QCOMPARE(QApplication::focusWidget(), &s.canvas);
     }
 
     void fitShowsTheCurrentCurve()
     {
-        QTest::mouseClick(fixture->button("Fit H"), Qt::LeftButton);
-        QCOMPARE(fixture->sides(), (QList<double>{0.0, 5.0, -3.0, 3.0}));
-        QTest::mouseClick(fixture->button("Fit V"), Qt::LeftButton);
-        QCOMPARE(fixture->sides(), (QList<double>{0.0, 5.0, -0.1, 1.1}));
-        fixture->editor.setExpression();
-        fixture->editor.completeViewport();
-        QCOMPARE(fixture->canvas.valueMax, 1.22);
-        fixture->editor.setTcb();
-        fixture->editor.resetViewport();
+        EditorFixture s({"cam.lens"});
+        QTest::mouseClick(s.button("Fit H"), Qt::LeftButton);
+        QCOMPARE(s.sides(), (QList<double>{0.0, 5.0, -3.0, 3.0}));
+        QTest::mouseClick(s.button("Fit V"), Qt::LeftButton);
+        QCOMPARE(s.sides(), (QList<double>{0.0, 5.0, -0.1, 1.1}));
+        s.editor.setExpression();
+        s.editor.completeViewport();
+        QCOMPARE(s.canvas.valueMax, 1.22);
+        s.editor.setTcb();
+        s.editor.resetViewport();
         for (const char* const keys : {"Alt+T", "Alt+C"})
-            QTest::keySequence(&fixture->editor, QKeySequence(keys));
-        QVERIFY(fixture->editor.isModeTime() && fixture->canvas.timeMax == 5.0);
+            QTest::keySequence(&s.editor, QKeySequence(keys));
+        QVERIFY(s.editor.isModeTime() && s.canvas.timeMax == 5.0);
     }
 
     void themeIsTheEditorsOwnOnceAHostHasSetIt()
     {
-        CurveEditor& themed = fixture->editor;
+        EditorFixture s({"cam.lens"});
+        CurveEditor& themed = s.editor;
         const CurveEditor other;
         themed.setControlPointColor(Qt::red);
         QCOMPARE(other.theme().controlPoint, QColor(Qt::red));
@@ -76,15 +102,36 @@ private Q_SLOTS:
         themed.setCanvasColor(Qt::blue);
         themed.updateCurves();
         QCOMPARE(themed.theme().canvas, QColor(Qt::blue));
-        QCOMPARE(themed.grab().toImage().pixelColor(fixture->canvas.mapTo(&themed, QPoint(10, 10))),
+        QCOMPARE(themed.grab().toImage().pixelColor(s.canvas.mapTo(&themed, QPoint(10, 10))),
                  QColor(Qt::blue));
-        QVERIFY(fixture->canvas.canvas.hands().hasPointAt(fixture->pixel(5.0, 1.0) + QPoint(19, 0)));
+        QVERIFY(s.canvas.canvas.hands().hasPointAt(s.pixel(5.0, 1.0) + QPoint(19, 0)));
         CurveEditor().setControlPointColor(Qt::black); // for the other tests
+    }
+
+    void hostGivesEachPartItsColor()
+    {
+        EditorFixture s({});
+        using Theme = CurveEditorTheme;
+        for (const auto& [give, part] :
+             {std::pair{&CurveEditor::setSelectionColor, &Theme::selection},
+              {&CurveEditor::setControllerColor, &Theme::controller},
+              {&CurveEditor::setControllerSelectedColor, &Theme::controllerSelected},
+              {&CurveEditor::setControlPointSelectedColor, &Theme::controlPointSelected},
+              {&CurveEditor::setFrameFontColor, &Theme::labels},
+              {&CurveEditor::setFrameLinesColor, &Theme::gridLines},
+              {&CurveEditor::setFrameHLineColor, &Theme::frameHLine},
+              {&CurveEditor::setFrameVLineColor, &Theme::frameVLine},
+              {&CurveEditor::setTimeLineColor, &Theme::timeLine}}) {
+            s.editor.setTheme(Theme::light());
+            (s.editor.*give)(Qt::magenta);
+            QCOMPARE(s.editor.theme().*part, QColor(Qt::magenta));
+        }
     }
 
     void themeOfAPaletteFollowsIt()
     {
-        CurveEditor& editor = fixture->editor;
+        EditorFixture s({"cam.lens"});
+        CurveEditor& editor = s.editor;
         const auto canvasInPaletteOf = [&editor](const QColor& base) {
             QPalette palette = editor.palette();
             palette.setColor(QPalette::Base, base);
@@ -99,8 +146,137 @@ private Q_SLOTS:
         QCOMPARE(canvasInPaletteOf(Qt::darkBlue), CurveEditorTheme::light().canvas);
     }
 
-private:
-    std::unique_ptr<EditorFixture> fixture;
+    void showsThePointOfEachType()
+    {
+        PageScene s;
+        for (const auto& [type, entry] : {std::pair{2, 0}, {1, 1}, {0, 2}, {77, 2}}) {
+            *s.x.modify(1u) = {5.0, 1.0, 1.5, 2.5, 12.0, 4.5, 5.5, 0.25, 0.75, type, s.x[1]->serial};
+            s.show();
+            QString shown;
+            for (const CustomEditLine* field :
+                 {s.editor.node, s.editor.posX, s.editor.posY, s.editor.incoming, s.editor.outgoing,
+                  s.editor.tension, s.editor.continuity, s.editor.bias, s.editor.easeTo, s.editor.easeFrom})
+                shown += field->text() + ' ';
+            QCOMPARE(shown, "1 50.000 1.000 1.500 2.500 12.000 4.500 5.500 0.250 0.750 ");
+            QCOMPARE(s.editor.nodeTypeCombo->currentIndex(), entry);
+            QCOMPARE(s.editor.nodeTypeWidgetStack->currentIndex(), entry == 1 ? 1 : 0);
+        }
+    }
+
+    void typedNumberReachesThePointAndIsReported()
+    {
+        PageScene s;
+        for (const auto& [field, number, bound] : {std::tuple{s.editor.posY, &Point::pos, 11.0},
+                                                   {s.editor.tension, &Point::tension, 10.0},
+                                                   {s.editor.continuity, &Point::continuity, 10.0},
+                                                   {s.editor.bias, &Point::bias, 10.0},
+                                                   {s.editor.incoming, &Point::tanLeft, 11.0},
+                                                   {s.editor.outgoing, &Point::tanRight, 11.0},
+                                                   {s.editor.easeFrom, &Point::easeFrom, 1.0},
+                                                   {s.editor.easeTo, &Point::easeTo, 1.0}}) {
+            field->clear();
+            QTest::keyClicks(field, "11");
+            s.form.valueChanged(notANumber, field);
+            QCOMPARE(s.x[1]->*number, bound);
+        }
+        QCOMPARE(s.changed.count(), 16);
+    }
+
+    void textThatIsNoNumberLeavesThePointAlone()
+    {
+        PageScene s;
+        s.editor.setFps(29.97);
+        s.x.modify(1u)->time = 0.123456789;
+        s.x.modify(1u)->pos = 1.00049;
+        s.show();
+        for (CustomEditLine* field : {s.editor.posX, s.editor.posY}) {
+            field->selectAll();
+            QTest::keyClicks(field, "x");
+            QTest::keyClick(field, Qt::Key_Backspace);
+            QTest::keyClick(field, Qt::Key_Return);
+        }
+        QCOMPARE(QPointF(s.x[1]->time, s.x[1]->pos), QPointF(0.123456789, 1.00049));
+    }
+
+    void typedTimeIsInTheUnitOnShow()
+    {
+        PageScene s;
+        const Point* point = s.x[1];
+        for (const auto& [frames, fps, time, index] : {std::tuple{false, 10.0, 5.0, "1"},
+                                                       {true, 10.0, 0.5, "1"},
+                                                       {true, -2.0, -2.5, "0"},
+                                                       {true, 0.0, -2.5, "0"}}) {
+            frames ? s.editor.setShowFrames() : s.editor.setShowTime();
+            s.editor.setFps(fps);
+            s.form.setTimeBounds(-20.0, 20.0);
+            s.editor.posX->clear();
+            QTest::keyClicks(s.editor.posX, "5");
+            QCOMPARE(point->time, time);
+            QCOMPARE(s.editor.node->text(), index);
+        }
+    }
+
+    void buttonsWrapAtTheEnds()
+    {
+        PageScene s;
+        for (const auto& [button, shown] : {std::pair{s.editor.nextNode, "2"},
+                                            {s.editor.nextNode, "0"},
+                                            {s.editor.prevNode, "2"},
+                                            {s.editor.prevNode, "1"}}) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            QCOMPARE(s.editor.node->text(), shown);
+        }
+        QCOMPARE(s.control().getCurrent(), s.x[1]);
+        QCOMPARE(s.changed.count(), 4);
+    }
+
+    void comboConvertsThePoint()
+    {
+        PageScene s;
+        double length = 0.0;
+        const double slope = s.x.getTangentLeftAtNode(1, length);
+        for (const auto& [key, type] : {std::pair{Qt::Key_Down, 1}, {Qt::Key_Down, 0}, {Qt::Key_Home, 2}}) {
+            QTest::keyClick(s.editor.nodeTypeCombo, key);
+            QCOMPARE(s.x[1]->type, type);
+            QCOMPARE(s.editor.nodeTypeWidgetStack->currentIndex(), type == SplineBase::Bezier ? 1 : 0);
+        }
+        QCOMPARE(s.editor.incoming->text(), QString::asprintf("%.3f", slope));
+    }
+
+    void pointThatIsGoneIsNotTouched()
+    {
+        const std::function<void(PageScene&)> losses[] = {
+            [](PageScene& s) { s.x.remove(s.x.modify(1u)); },
+            [](PageScene& s) { s.x.reset(); },
+            [](PageScene& s) { s.control().selectOnly(nullptr); },
+            [](PageScene& s) { s.form.disableFields(); },
+            [](PageScene& s) { s.canvas.canvas.removeCurve("a.x"); },
+        };
+        for (const auto& loseThePoint : losses) {
+            PageScene s;
+            loseThePoint(s);
+            s.form.clickedNext();
+            s.form.clickedPrev();
+            s.form.changeNodeType(1);
+            s.form.valueChanged(70.0, s.editor.posX);
+            QVERIFY(s.changed.isEmpty() && s.x.getLast()->time < 9.0);
+        }
+    }
+
+    void previewMarksItsMiddleAndFollowsTheParameters()
+    {
+        TcbCurveFrame preview;
+        preview.resize(305, 205);
+        const QImage atRest = preview.grab().toImage();
+        QCOMPARE(atRest.pixelColor(150, 60), QColor(Qt::darkRed));
+        QCOMPARE(atRest.pixelColor(10, 188), QColor(Qt::black));
+        Point point{50.0, -80.0};
+        preview.setFromPoint(&point);
+        QCOMPARE(preview.grab().toImage(), atRest);
+        point = {0.0, 0.0, 1e300, -1e300, -1e300, 1e300, 1e300, 1e300, -1e300, SplineBase::Bezier};
+        preview.setFromPoint(&point);
+        QVERIFY(preview.grab().toImage() != atRest);
+    }
 };
 
 QTEST_MAIN(tst_FunctionEditor)
