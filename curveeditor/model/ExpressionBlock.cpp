@@ -203,7 +203,7 @@ double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* 
     case Code::Choose:
         choose(below - stride, below, top, count);
         return below - stride;
-    default: // an operand, or several in one
+    default: // an operand, a jump, or several in one
         break;
     }
     return top;

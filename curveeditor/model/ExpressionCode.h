@@ -59,12 +59,20 @@ enum class ExpressionCode : std::uint8_t {
     GreaterThanConstant,
     LessThanConstant,
 
+    // Only in programs: where to go on.
+    JumpIfZero,
+    Jump,
+    Return,
+
     // Only in programs: several in one, see `ExpressionFusion.h`.
     VariableAddConstant,
     VariableMultiplyConstant,
     VariableGreaterThanConstant,
     VariableLessThanConstant,
+    JumpUnlessVariableGreaterThanConstant,
+    JumpUnlessVariableLessThanConstant,
     VariableSquare,
+    VariableSquareMultiplyConstant,
     VariableAddConstantSquare,
     AddVariable,
     SubtractVariable,
@@ -77,9 +85,7 @@ enum class ExpressionCode : std::uint8_t {
     MultiplyConstantAdd,
     AddVariableMultiplyConstant,
     MultiplyConstantSubtract,
-    MultiplyAdd,
-    ChooseSubtract,
-    ChooseAdd
+    MultiplyAdd
 };
 
 } // namespace curveeditor

@@ -23,7 +23,12 @@ constexpr Fusion fusions[] = {
     {Code::Variable, Code::MultiplyConstant, Code::VariableMultiplyConstant, ConstantOf::Second},
     {Code::Variable, Code::GreaterThanConstant, Code::VariableGreaterThanConstant, ConstantOf::Second},
     {Code::Variable, Code::LessThanConstant, Code::VariableLessThanConstant, ConstantOf::Second},
+    {Code::VariableGreaterThanConstant, Code::JumpIfZero, Code::JumpUnlessVariableGreaterThanConstant,
+     ConstantOf::First},
+    {Code::VariableLessThanConstant, Code::JumpIfZero, Code::JumpUnlessVariableLessThanConstant,
+     ConstantOf::First},
     {Code::Variable, Code::Square, Code::VariableSquare, ConstantOf::Second},
+    {Code::VariableSquare, Code::MultiplyConstant, Code::VariableSquareMultiplyConstant, ConstantOf::Second},
     {Code::Variable, Code::Add, Code::AddVariable, ConstantOf::Second},
     {Code::Variable, Code::Subtract, Code::SubtractVariable, ConstantOf::Second},
     {Code::Variable, Code::Multiply, Code::MultiplyVariable, ConstantOf::Second},
@@ -37,11 +42,9 @@ constexpr Fusion fusions[] = {
     {Code::VariableMultiplyConstant, Code::Add, Code::AddVariableMultiplyConstant, ConstantOf::First},
     {Code::MultiplyConstant, Code::Subtract, Code::MultiplyConstantSubtract, ConstantOf::First},
     {Code::Multiply, Code::Add, Code::MultiplyAdd, ConstantOf::First},
-    {Code::Choose, Code::Subtract, Code::ChooseSubtract, ConstantOf::First},
-    {Code::Choose, Code::Add, Code::ChooseAdd, ConstantOf::First},
 };
 
-constexpr std::size_t codeCount = std::size_t(Code::ChooseAdd) + 1;
+constexpr std::size_t codeCount = std::size_t(Code::MultiplyAdd) + 1;
 
 constexpr std::array<ExpressionParts, codeCount> partsOfAll()
 {

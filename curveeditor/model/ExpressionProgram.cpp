@@ -39,11 +39,11 @@ double square(double x)
     return x * x;
 }
 
-double compute(const Instruction* begin, const Instruction* end, double* stack)
+/// Up to the first `Return`.
+double compute(const Instruction* instruction, double* top)
 {
     double x = 0.0;
-    double* top = stack;
-    for (const Instruction* instruction = begin; instruction != end; ++instruction) {
+    for (;; ++instruction) {
         switch (instruction->code) {
         case Code::Constant:
             *top++ = x;
@@ -189,9 +189,13 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
         case Code::Modulo:
             x = flooredModulo(*--top, x);
             break;
-        case Code::Choose:
-            top -= 2;
-            x = top[0] != 0.0 ? top[1] : x;
+        case Code::JumpIfZero:
+            if (x == 0.0)
+                instruction += instruction->distance;
+            x = *--top;
+            break;
+        case Code::Jump:
+            instruction += instruction->distance;
             break;
         case Code::VariableAddConstant:
             *top++ = x;
@@ -209,9 +213,21 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
             *top++ = x;
             x = valueOf(*instruction->key) < instruction->constant ? 1.0 : 0.0;
             break;
+        case Code::JumpUnlessVariableGreaterThanConstant:
+            if (!(valueOf(*instruction->key) > instruction->constant))
+                instruction += instruction->distance;
+            break;
+        case Code::JumpUnlessVariableLessThanConstant:
+            if (!(valueOf(*instruction->key) < instruction->constant))
+                instruction += instruction->distance;
+            break;
         case Code::VariableSquare:
             *top++ = x;
             x = square(valueOf(*instruction->key));
+            break;
+        case Code::VariableSquareMultiplyConstant:
+            *top++ = x;
+            x = square(valueOf(*instruction->key)) * instruction->constant;
             break;
         case Code::VariableAddConstantSquare:
             *top++ = x;
@@ -254,17 +270,11 @@ double compute(const Instruction* begin, const Instruction* end, double* stack)
             top -= 2;
             x = top[0] + top[1] * x;
             break;
-        case Code::ChooseSubtract:
-            top -= 3;
-            x = top[0] - (top[1] != 0.0 ? top[2] : x);
-            break;
-        case Code::ChooseAdd:
-            top -= 3;
-            x = top[0] + (top[1] != 0.0 ? top[2] : x);
-            break;
+        case Code::Choose: // only in blocks
+        case Code::Return:
+            return x;
         }
     }
-    return x;
 }
 
 Instruction withConstantRight(Code code, double constant)
@@ -307,9 +317,9 @@ Instruction withConstantLeft(Code code, double constant)
 
 double computeConstant(double operand, const Instruction& operation)
 {
-    const std::array program{Instruction{Code::Constant, operand}, operation};
+    const std::array program{Instruction{Code::Constant, operand}, operation, Instruction{Code::Return}};
     double stack[1]{};
-    return compute(program.data(), program.data() + program.size(), stack);
+    return compute(program.data(), stack);
 }
 
 // A sign of the operand is as well one of the constant.
@@ -419,19 +429,30 @@ public:
         while (!tasks_.empty()) {
             const Task task = tasks_.back();
             tasks_.pop_back();
-            if (task.step == Step::Begin) {
+            switch (task.step) {
+            case Step::Begin:
                 begin(*task.node);
-            } else if (task.step == Step::Load) {
+                break;
+            case Step::Load:
                 load();
-            } else {
+                break;
+            case Step::BeginFirstBranch:
+                beginFirstBranch();
+                break;
+            case Step::BeginSecondBranch:
+                beginSecondBranch();
+                break;
+            case Step::Finish:
                 addOperation(static_cast<const FunctionFloatOperation&>(*task.node));
+                break;
             }
         }
         load();
+        push({Code::Return});
     }
 
 private:
-    enum class Step { Begin, Load, Finish };
+    enum class Step { Begin, Load, BeginFirstBranch, BeginSecondBranch, Finish };
 
     struct Task
     {
@@ -463,6 +484,8 @@ private:
         const std::size_t count = operation.getOperandCount();
         const bool loadsConstants = count > 1 && !hasFormWithConstant(operation.getCode());
         for (std::size_t i = count; i-- > 0;) {
+            if (operation.getCode() == Code::Choose && i < 2)
+                tasks_.push_back({i == 0 ? Step::BeginFirstBranch : Step::BeginSecondBranch, nullptr});
             if (loadsConstants)
                 tasks_.push_back({Step::Load, nullptr});
             tasks_.push_back({Step::Begin, operation.getOperand(i)});
@@ -471,7 +494,7 @@ private:
 
     void addOperand(const Instruction& instruction)
     {
-        instructions_.push_back(instruction);
+        push(instruction);
         operands_.push_back({false, 0.0});
         largestDepth_ = std::max(largestDepth_, ++depth_);
     }
@@ -495,8 +518,30 @@ private:
         } else {
             operands_.resize(operands_.size() - 2);
             depth_ -= 2;
-            append({operation.getCode()});
+            endJump();
+            ++choices_;
         }
+    }
+
+    void beginFirstBranch()
+    {
+        append({Code::JumpIfZero});
+        jumps_.push_back(instructions_.size() - 1);
+    }
+
+    void beginSecondBranch()
+    {
+        push({Code::Jump});
+        endJump();
+        jumps_.push_back(instructions_.size() - 1);
+    }
+
+    /// The last jump that is open leads to the next instruction.
+    void endJump()
+    {
+        lastTarget_ = instructions_.size();
+        instructions_[jumps_.back()].distance = std::uint32_t(lastTarget_ - jumps_.back() - 1);
+        jumps_.pop_back();
     }
 
     void addBinary(Code code)
@@ -523,18 +568,25 @@ private:
             operand.constant = computeConstant(operand.constant, operation);
             return;
         }
-        if (takesSign(operation.code) && instructions_.back().code == Code::Negate) {
+        if (takesSign(operation.code) && instructions_.back().code == Code::Negate &&
+            instructions_.size() - 1 > lastTarget_) {
             instructions_.pop_back();
             operation.constant = -operation.constant;
         }
         append(operation);
     }
 
-    /// To the instruction before it, if the two can be one.
+    /// To the instruction before it, if the two can be one and no jump leads between them.
     void append(const Instruction& operation)
     {
-        if (!fuse(instructions_.back(), operation))
-            instructions_.push_back(operation);
+        if (instructions_.size() == lastTarget_ || !fuse(instructions_.back(), operation))
+            push(operation);
+    }
+
+    void push(const Instruction& instruction)
+    {
+        instructions_.push_back(instruction);
+        instructions_.back().choices = std::exchange(choices_, 0);
     }
 
     Instructions& instructions_;
@@ -542,6 +594,9 @@ private:
     std::size_t depth_ = 0;
     std::vector<Operand> operands_;
     std::vector<Task> tasks_;
+    std::vector<std::size_t> jumps_; ///< the places of those whose end is open
+    std::size_t lastTarget_ = 0;     ///< of the jumps that have ended
+    std::uint32_t choices_ = 0;      ///< that end at the next instruction
 };
 
 ExpressionProgram::ExpressionProgram(const FunctionFloatOperation& root)
@@ -551,12 +606,10 @@ ExpressionProgram::ExpressionProgram(const FunctionFloatOperation& root)
 
 double ExpressionProgram::run() const
 {
-    const Instruction* const begin = instructions_.data();
-    const Instruction* const end = begin + instructions_.size();
     if (depth_ > usualDepth)
-        return compute(begin, end, std::make_unique_for_overwrite<double[]>(depth_).get());
+        return compute(instructions_.data(), std::make_unique_for_overwrite<double[]>(depth_).get());
     double stack[usualDepth]{};
-    return compute(begin, end, stack);
+    return compute(instructions_.data(), stack);
 }
 
 void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, double* values,
@@ -571,6 +624,8 @@ void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, 
         now.set(times, length);
         double* top = rows.get() - stride;
         for (const Instruction& instruction : instructions_) {
+            for (std::uint32_t i = 0; i < instruction.choices; ++i)
+                top = applyToBlock({Code::Choose}, top, stride, now.getPaddedCount());
             for (const Code code : partsOf(instruction.code)) {
                 const Instruction part{code, instruction.constant, instruction.key};
                 if (isOperand(code)) {

@@ -5,6 +5,7 @@
 #include <curveeditor/model/FunctionParserBase.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 class FunctionFloatOperation;
@@ -12,7 +13,8 @@ class FunctionFloatOperation;
 namespace curveeditor {
 
 /// An expression as a flat list of instructions for a machine with a stack. Arithmetic without variables is
-/// computed once, when the program is made. Holds keys of the parser and nothing of the tree. Running it
+/// computed once, when the program is made. Of a choice only the branch that counts is computed, but for a
+/// block of times both are. Holds keys of the parser and nothing of the tree. Running it
 /// changes nothing in it: it may be run again while it runs, which happens when a host's own variable
 /// evaluates the expression that reads it.
 class ExpressionProgram
@@ -23,6 +25,8 @@ public:
         ExpressionCode code = ExpressionCode::Constant;
         double constant = 0.0;
         FunctionParserBase::keyStruct* key = nullptr; // of a variable
+        std::uint32_t distance = 0; // of a jump: how many of the next instructions it passes over
+        std::uint32_t choices = 0;  // how many choices end here, which a block has to make first
     };
 
     explicit ExpressionProgram(const FunctionFloatOperation& root);

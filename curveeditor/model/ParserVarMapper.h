@@ -16,8 +16,8 @@ class FunctionFloatBase;
 /// `CurveVariables`, which is such a class.
 ///
 /// An expression reads its variables by name at each evaluation, and a block of them at once where it is
-/// evaluated in blocks. So a name may be removed, added again or
-/// come from another mapper at any time: while it is not known it reads as 0.0.
+/// evaluated in blocks; but for a block, `if` reads those of the branch alone that it takes. So a name may be removed,
+/// added again or come from another mapper at any time: while it is not known it reads as 0.0.
 class CURVEEDITOR_EXPORT ParserVarMapper
 {
 public:

@@ -363,7 +363,8 @@ private Q_SLOTS:
             sin(f) => 5;   exp(t) => 5;   exp(-t) => 5;   log(t) => 5;   t^3 => 5;   2^t => 5;   t^f => 5;
             t^-0.5 => 5;   t^0 => 5;   exp(t/3) => 5;   (f-t*2)*((t+2)^2+f*3) => 0;
             (t>=1)-(t<=f)*2+(t==f)*4-(t!=0)*8 => 0;   min(t,f)-max(2,t) => 0;   mod(t,3)*pi-mod(7,f) => 0;
-            (f-t*f)*(f+t*f)*(t*f+3) => 0;   (f-if(t>1,t,f))*(f+if(t>1,t,f)) => 0)");
+            (f-t*f)*(f+t*f)*(t*f+3) => 0;   (f-if(t>1,t,f))*(f+if(t>1,t,f)) => 0;
+            2/-if(t>1,if(3>t,t,-f),if(f<t,2,if(t,f^2*3,-t)))*3 => 0)");
     }
 
     void blockEqualsOneByOne()
