@@ -6,8 +6,6 @@
 
 #include <math.h> // j0 and j1 are in no other header
 
-namespace curveeditor {
-
 // Where compiler and C library can do it, loops become vector code for several generations of the processor,
 // one of which is chosen at run time, and five functions are taken from the C library's vector functions,
 // which lie up to 4 units in the last place off. Everything else is the same to the last bit, infinities and
@@ -17,7 +15,7 @@ namespace curveeditor {
 #define CURVEEDITOR_VECTOR_LOOP _Pragma("omp simd")
 #define CURVEEDITOR_FOR_EACH_PROCESSOR                                                                       \
     __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default")))
-extern "C" {
+extern "C" { // where the C library declares them, or the attribute is lost
 __attribute__((simd("notinbranch"))) double cos(double) noexcept;
 __attribute__((simd("notinbranch"))) double sin(double) noexcept;
 __attribute__((simd("notinbranch"))) double exp(double) noexcept;
@@ -28,6 +26,8 @@ __attribute__((simd("notinbranch"))) double pow(double, double) noexcept;
 #define CURVEEDITOR_VECTOR_LOOP
 #define CURVEEDITOR_FOR_EACH_PROCESSOR
 #endif
+
+namespace curveeditor {
 
 namespace {
 
