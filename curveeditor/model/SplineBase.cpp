@@ -10,11 +10,12 @@
 #include <atomic>
 #include <charconv>
 #include <cmath>
-#include <iomanip>
 #include <istream>
 #include <limits>
 #include <ostream>
+#include <streambuf>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <unordered_map>
 #include <unordered_set>
@@ -35,7 +36,6 @@ std::atomic<std::uint32_t> lastSerial = 0;
 
 constexpr const char* openingWord = "spline";
 constexpr const char* closingWord = "end";
-constexpr int wordLimit = 64;
 constexpr double PointInfo::*textFields[] = {
     &PointInfo::time,       &PointInfo::pos,  &PointInfo::tanLeft, &PointInfo::tanRight, &PointInfo::tension,
     &PointInfo::continuity, &PointInfo::bias, &PointInfo::easeTo,  &PointInfo::easeFrom};
@@ -111,37 +111,77 @@ template <typename Number> void append(std::string& text, Number number, char se
     text += separator;
 }
 
-bool readWord(std::istream& in, std::string& word)
+/// The words of a stream, between white space. Takes them from its buffer, since a stream spends more on a word than
+/// the number takes that it is. What comes behind the last word stays there.
+class WordReader
 {
-    in >> std::ws >> std::setw(wordLimit) >> word;
-    return !in.fail() && word.size() < wordLimit;
-}
+public:
+    explicit WordReader(std::istream& in) : in_(in), isGood_(std::istream::sentry(in, true)) {}
 
-template <typename Number> bool convert(const std::string& word, Number& number)
-{
-    const char* const end = word.data() + word.size();
-    const auto [rest, error] = std::from_chars(word.data(), end, number);
-    return error == std::errc() && rest == end;
-}
+    /// Takes the next word; false if there is none, or one that is longer than any number.
+    bool next()
+    {
+        try {
+            return isGood_ && take(*in_.rdbuf());
+        } catch (...) {
+            in_.setstate(std::ios_base::badbit);
+            return false;
+        }
+    }
+    /// Takes the next word as a number; false if it is none.
+    template <typename Number> bool next(Number& number) { return next() && convert(number); }
 
-template <typename Number> bool read(std::istream& in, std::string& word, Number& number)
-{
-    return readWord(in, word) && convert(word, number);
-}
+    std::string_view word() const { return {word_.data(), size_}; }
+
+    template <typename Number> bool convert(Number& number) const
+    {
+        const char* const end = word_.data() + size_;
+        const auto [rest, error] = std::from_chars(word_.data(), end, number);
+        return error == std::errc() && rest == end;
+    }
+
+private:
+    static constexpr int endOfText = std::char_traits<char>::eof();
+
+    static bool isWhiteSpace(int character)
+    {
+        return character == ' ' || ('\t' <= character && character <= '\r');
+    }
+
+    bool take(std::streambuf& buffer)
+    {
+        int character = buffer.sgetc();
+        while (isWhiteSpace(character))
+            character = buffer.snextc();
+        for (size_ = 0; character != endOfText && !isWhiteSpace(character); character = buffer.snextc()) {
+            if (size_ == word_.size())
+                return false;
+            word_[size_++] = char(character);
+        }
+        if (character == endOfText)
+            in_.setstate(std::ios_base::eofbit);
+        return size_ > 0;
+    }
+
+    std::istream& in_;
+    bool isGood_;
+    std::array<char, 63> word_ = {};
+    std::size_t size_ = 0;
+};
 
 bool isAmong(std::int32_t number, std::int32_t first, std::int32_t last)
 {
     return first <= number && number <= last;
 }
 
-/// Reads a point whose first number is in `word` already.
-bool readPoint(std::istream& in, std::string& word, PointInfo& point)
+/// Reads a point whose first number is taken already.
+bool readPoint(WordReader& words, PointInfo& point)
 {
     for (double PointInfo::*field : textFields) {
-        if (!convert(word, point.*field) || !std::isfinite(point.*field) || !readWord(in, word))
+        if (!words.convert(point.*field) || !std::isfinite(point.*field) || !words.next())
             return false;
     }
-    return convert(word, point.type) && PointTypes::of(point.type).number == point.type;
+    return words.convert(point.type) && PointTypes::of(point.type).number == point.type;
 }
 
 /// `value` where it is a number, no further than the greatest one; `otherwise` where it is none.
@@ -890,18 +930,19 @@ void SplineBase::clear()
 
 bool SplineBase::readText(std::istream& in)
 {
-    std::string word;
-    if (!readWord(in, word) || word != openingWord || !read(in, word, firstType) ||
-        !read(in, word, lastType) || !read(in, word, defaultValue) ||
-        !isAmong(firstType, Zero, FollowTangent) || !isAmong(lastType, Zero, FollowTangent) ||
-        !std::isfinite(defaultValue))
+    WordReader words(in);
+    if (!words.next() || words.word() != openingWord || !words.next(firstType) || !words.next(lastType) ||
+        !words.next(defaultValue) || !isAmong(firstType, Zero, FollowTangent) ||
+        !isAmong(lastType, Zero, FollowTangent) || !std::isfinite(defaultValue))
         return false;
     clear();
-    while (readWord(in, word) && word != closingWord) {
+    while (words.next()) {
+        if (words.word() == closingWord)
+            return !times_.empty();
         PointInfo point;
-        if (!readPoint(in, word, point) || (!times_.empty() && point.time < times_.back()))
+        if (!readPoint(words, point) || (!times_.empty() && point.time < times_.back()))
             return false;
         insertNew(times_.size(), point);
     }
-    return word == closingWord && !times_.empty();
+    return false;
 }

@@ -249,6 +249,14 @@ private Q_SLOTS:
             SplineBase::load(&loaded, in);
             QVERIFY2(in.fail() && loaded[0] == point && loaded.lastType == 0, content.c_str());
         }
+        struct : std::stringbuf
+        {
+            int_type underflow() override { throw "no such sector"; }
+        } failing;
+        failing.str(good.substr(0, good.size() - 1));
+        std::istream in(&failing);
+        SplineBase::load(&loaded, in);
+        QVERIFY(in.bad() && loaded[0] == point);
         std::istringstream step(std::string(good).replace(good.find("12345.678"), 9, "0"));
         SplineBase::load(&loaded, step);
         QVERIFY(!step.fail() && loaded[1]->time == 0.0);
