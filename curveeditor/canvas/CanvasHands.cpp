@@ -240,7 +240,6 @@ void CanvasHands::beginDrag(bool withCtrl)
     std::erase_if(drags, [this](const Gesture::Drag& drag) { return !canvas_.door().isOpen(*drag.curve); });
     gesture.beginAtPoints(edit, std::move(drags));
     curves_.noteReaders(gesture.drags());
-    prepareSnap();
     guide.begin(gesture.grabbed(gesture.place, view), gesture.place, !keepsDistance, withCtrl);
 }
 
@@ -255,6 +254,7 @@ void CanvasHands::prepareSnap()
             sources.push_back({curve->getSpline(), viewport()->gesture.moving(curve->getSpline())});
     }
     guide.snap.setPoints(sources);
+    guide.isFilled = true;
 }
 
 void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& held)
@@ -266,6 +266,8 @@ void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& h
     const PlaneMapping view = viewport()->mapping();
     const bool scaling = held.has(Qt::ShiftModifier) || held.has(Qt::MiddleButton);
     const bool isGuided = !scaling && gesture.kind() == Gesture::Kind::Points;
+    if (isGuided && !guide.isFilled && guide.snaps(held.has(Qt::ControlModifier)))
+        prepareSnap();
     const Gesture::Place place =
         isGuided ? guide.guided(mouse, view, gesture.keys.axis, held.has(Qt::ControlModifier)) : mouse;
     std::vector<std::pair<std::shared_ptr<EditedCurve>, TimeInterval>> touched;

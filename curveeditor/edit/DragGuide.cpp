@@ -12,6 +12,7 @@ void DragGuide::begin(const Gesture::Place& grabbed, const Gesture::Place& ancho
         offset_ = {grabbed.time - anchor.time, grabbed.value - anchor.value};
     hit_ = {};
     ignoresToggle_ = toggled;
+    isFilled = false;
 }
 
 Gesture::Place DragGuide::guided(const Gesture::Place& mouse, const PlaneMapping& view, Gesture::Axis axis,
@@ -19,7 +20,7 @@ Gesture::Place DragGuide::guided(const Gesture::Place& mouse, const PlaneMapping
 {
     const Gesture::Place target{mouse.time + offset_.time, mouse.value + offset_.value};
     ignoresToggle_ = ignoresToggle_ && toggled;
-    hit_ = isSnapping != (toggled && !ignoresToggle_) ? snap.snapped(target, view) : Snap::Result{target};
+    hit_ = snaps(toggled) ? snap.snapped(target, view) : Snap::Result{target};
     if (axis == Gesture::Axis::Time) {
         hit_.place.value = grabbed_.value;
         hit_.valueKinds = Snap::Nothing;

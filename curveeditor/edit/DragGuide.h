@@ -14,11 +14,14 @@ public:
 
     Snap snap;               ///< its kinds are what the user wants to snap to, all at first
     bool isSnapping = false; ///< unless it is toggled in the drag
+    bool isFilled = false;   ///< whether `snap` has been given, in this drag, what there is to snap to
 
     /// To be called when a drag begins. `grabbed` is where the point is that follows the mouse, which was pressed at
     /// `anchor`; `goesToMouse` if it jumps there instead of keeping its distance. A key that was `toggled` then meant
     /// the press, and toggles only once it has been let go.
     void begin(const Gesture::Place& grabbed, const Gesture::Place& anchor, bool goesToMouse, bool toggled);
+    /// Whether the next step snaps.
+    bool snaps(bool toggled) const { return isSnapping != (toggled && !ignoresToggle_); }
     /// Where the mouse would be if it led the point to where it shall go, along `axis` alone.
     Gesture::Place guided(const Gesture::Place& mouse, const PlaneMapping& view, Gesture::Axis axis,
                           bool toggled);

@@ -10,10 +10,9 @@ namespace curveeditor {
 
 namespace {
 
-std::vector<double> sorted(std::vector<double> numbers)
+std::vector<double> finite(std::vector<double> numbers)
 {
     std::erase_if(numbers, [](double number) { return !std::isfinite(number); });
-    std::sort(numbers.begin(), numbers.end());
     return numbers;
 }
 
@@ -40,13 +39,17 @@ public:
         }
     }
 
-    void attract(const std::vector<double>& ascending, Kind kind)
+    /// The nearest of them, and of two the lower one.
+    void attract(const std::vector<double>& candidates, Kind kind)
     {
-        const auto above = std::lower_bound(ascending.begin(), ascending.end(), coordinate_);
-        if (above != ascending.begin())
-            attract(*std::prev(above), kind);
-        if (above != ascending.end())
-            attract(*above, kind);
+        const auto nearest =
+            std::min_element(candidates.begin(), candidates.end(), [this](double left, double right) {
+                const double leftDistance = std::abs(left - coordinate_);
+                const double rightDistance = std::abs(right - coordinate_);
+                return leftDistance < rightDistance || (leftDistance == rightDistance && left < right);
+            });
+        if (nearest != candidates.end())
+            attract(*nearest, kind);
     }
 
     double coordinate() const { return coordinate_; }
@@ -62,8 +65,8 @@ private:
 
 void Snap::setGridLines(std::vector<double> times, std::vector<double> values)
 {
-    gridTimes_ = sorted(std::move(times));
-    gridValues_ = sorted(std::move(values));
+    gridTimes_ = finite(std::move(times));
+    gridValues_ = finite(std::move(values));
 }
 
 void Snap::setPoints(const std::vector<Source>& sources)
@@ -81,8 +84,8 @@ void Snap::setPoints(const std::vector<Source>& sources)
             values.push_back(point->pos);
         }
     }
-    pointTimes_ = sorted(std::move(times));
-    pointValues_ = sorted(std::move(values));
+    pointTimes_ = finite(std::move(times));
+    pointValues_ = finite(std::move(values));
 }
 
 Snap::Result Snap::snapped(const Gesture::Place& place, const PlaneMapping& mapping) const

@@ -11,7 +11,7 @@
 namespace curveeditor {
 
 /// What a place of the plane snaps to in a drag: frames, grid lines, the times and values of other points, and the
-/// time line. A value; it is filled when the drag begins and asked at each step.
+/// time line. A value; it is filled when a drag first needs it and asked at each step.
 ///
 /// Time and value snap independently, each to the nearest of the kinds that are on, the first kind of two that
 /// are equally near.
@@ -54,7 +54,7 @@ private:
 
     void attractTime(Nearest& nearest) const;
 
-    std::vector<double> gridTimes_; ///< these four ascending
+    std::vector<double> gridTimes_; ///< these four are finite
     std::vector<double> gridValues_;
     std::vector<double> pointTimes_;
     std::vector<double> pointValues_;

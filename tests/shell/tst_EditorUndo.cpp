@@ -190,6 +190,13 @@ private Q_SLOTS:
             QVERIFY(s.x[1]->time != 6.5);
             s.release(6.5, -1.9);
         });
+        row("drag that snaps to what was dragged before", 2, x + x, [](Scene& s) {
+            s.key(Qt::Key_S);
+            s.canvas.canvas.hands().guide.snap.kinds = Snap::Points;
+            s.drag(5.0, 1.0, 6.0, 0.5).press(0.0, 0.0).move(1.0, 0.55);
+            QCOMPARE(s.x[0]->pos, s.x[1]->pos);
+            s.release(1.0, 0.55);
+        });
         row("drag of two that snaps", 1, x, [](Scene& s) {
             s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames;
             s.selectTwo().press(5.3, 1.0).move(6.32, 1.5, ctrl);
