@@ -11,6 +11,23 @@ namespace {
 
 constexpr std::size_t fewPoints = 4; // are found by looking at all points of a spline for each
 
+/// The index of the point, -1 for none. Hands ask for the same point again and again, so the last one is tried first.
+std::int32_t indexOf(PointSerial point, const SplineBase& spline)
+{
+    thread_local std::size_t last = 0;
+    const auto& held = spline.getControlPoints();
+    if (point == 0)
+        return -1;
+    if (last < held.size() && held[last]->serial == point)
+        return std::int32_t(last);
+    const auto place =
+        std::find_if(held.begin(), held.end(), [point](const auto* other) { return other->serial == point; });
+    if (place == held.end())
+        return -1;
+    last = std::size_t(place - held.begin());
+    return std::int32_t(last);
+}
+
 /// Many points mostly stand in the order of the spline. Returns false if they do not, or one is missing.
 bool findInOrder(const std::vector<PointSerial>& points, const SplineBase& spline,
                  std::vector<std::int32_t>& indices)
@@ -34,13 +51,8 @@ std::vector<std::int32_t> indicesOf(const std::vector<PointSerial>& points, cons
     const auto& held = spline.getControlPoints();
     std::vector<std::int32_t> indices(points.size(), -1);
     if (points.size() <= fewPoints) {
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            const auto place =
-                std::find_if(held.begin(), held.end(),
-                             [serial = points[i]](const auto* point) { return point->serial == serial; });
-            if (points[i] != 0 && place != held.end())
-                indices[i] = std::int32_t(place - held.begin());
-        }
+        std::transform(points.begin(), points.end(), indices.begin(),
+                       [&spline](PointSerial point) { return indexOf(point, spline); });
         return indices;
     }
     if (findInOrder(points, spline, indices))
