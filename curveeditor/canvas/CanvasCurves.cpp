@@ -193,7 +193,7 @@ void CanvasCurves::markEdited(const EditReport& report, bool isDragStep)
 {
     const EditedCurve& edited = *report.curve;
     for (CurveNodeBase* const curve : showing(edited))
-        curve->changed = true;
+        curve->noteEdited(report.touched);
     const QSet<QString> readers = isDragStep ? readers_.value(edited.name) : readersOf(edited);
     if (readers.isEmpty())
         return;

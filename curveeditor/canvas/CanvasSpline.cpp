@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/DevicePixels.h>
 #include <curveeditor/canvas/HandleBatch.h>
+#include <curveeditor/canvas/MarkerColumn.h>
 #include <curveeditor/canvas/MarkerStamp.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
@@ -13,7 +14,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <tuple>
+#include <utility>
 
 using namespace curveeditor;
 
@@ -80,11 +83,6 @@ DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, DeviceL
     return line;
 }
 
-bool isMarked(const std::vector<bool>& marked, int index)
-{
-    return !marked.empty() && marked[std::size_t(index)];
-}
-
 bool meetsCanvas(const QRect& marker, const ViewPort& view)
 {
     return marker.right() > 0 && marker.left() < view.pixelWidth && marker.bottom() > 0 &&
@@ -130,17 +128,19 @@ double CanvasSpline::clamped(double value, double minValue, double maxValue)
     return maxValue < value ? maxValue : value;
 }
 
-void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue)
+void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue, const TimeInterval& touched)
 {
     viewport = newViewport;
-    view_ = viewport->mapping();
-    nodePixels.clear();
+    if (std::exchange(view_, viewport->mapping()) != view_ || nodePixels.size() != pointCount())
+        nodePixels.clear();
     curveLine = rawLine = postLine = startLine_ = endLine_ = {};
     isShown_ = pointCount() > 0 && viewport->canShow();
     if (!isShown_)
-        return;
+        return nodePixels.clear();
     if (selected || showsPoints)
-        placePoints();
+        placePoints(touched);
+    else
+        nodePixels.clear();
 
     const SplineBase& spline = *spline_;
     const DeviceLine empty = DeviceLine::in(theme_, viewport->pixelRatio);
@@ -167,12 +167,23 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
 
 void CanvasSpline::placePoints()
 {
-    if (!isShown_ || !nodePixels.isEmpty())
-        return;
+    if (isShown_ && nodePixels.isEmpty())
+        placePoints(TimeInterval::everything());
+}
+
+/// Those that lie at these times; all where none is placed.
+void CanvasSpline::placePoints(const TimeInterval& times)
+{
+    const auto& points = spline_->getControlPoints();
+    auto first = points.begin(), end = points.end();
+    if (!nodePixels.isEmpty()) {
+        first =
+            std::partition_point(first, end, [&](const auto* point) { return point->time < times.first; });
+        end = std::partition_point(first, end, [&](const auto* point) { return point->time <= times.last; });
+    }
     nodePixels.resize(pointCount());
-    QPoint* pixel = nodePixels.data();
-    for (const SplineBase::PointInfo* point : spline_->getControlPoints())
-        *pixel++ = nodePixel(view_, *point);
+    std::transform(first, end, nodePixels.begin() + (first - points.begin()),
+                   [this](const auto* point) { return nodePixel(view_, *point); });
 }
 
 /// The level lines before the curve and behind it.
@@ -208,7 +219,7 @@ void CanvasSpline::draw(CurvePainter& curves, const Selection& selection, Spline
     drawLines(curves);
     if (!selected && !showsPoints)
         return;
-    const std::vector<bool> marked = selection.marks(*spline_);
+    const Indices marked = selection.indices(*spline_);
     if (!theme_.smooth)
         drawMarkers(curves.painter(), marked);
     if (selected && !marked.empty())
@@ -254,31 +265,35 @@ void CanvasSpline::drawLines(CurvePainter& curves) const
     curves.drawSolid(curveLine, lead, selected ? theme_.curveWidth : theme_.otherCurveWidth);
 }
 
-/// Markers that touch in one column are one rectangle.
-void CanvasSpline::drawMarkers(QPainter* painter, const std::vector<bool>& marked) const
+/// Calls `point` with the index of each shown point that is among `marked`, or else of each other one.
+template <typename Visit>
+void CanvasSpline::visit(const Indices& marked, bool chosen, const Visit& point) const
 {
-    for (const bool chosen : {false, true}) {
-        const QColor& color = chosen ? theme_.controlPointSelected : theme_.controlPoint;
-        QRect rect;
-        for (int index = 0; index < shownPoints(); ++index) {
-            if (isMarked(marked, index) != chosen)
-                continue;
-            const QRect marker =
-                markerSquare(nodePixels[index], chosen ? theme_.selectedPointSize : theme_.pointSize);
-            const bool touches = marker.left() == rect.left() && marker.top() <= rect.bottom() + 1 &&
-                                 marker.bottom() >= rect.top() - 1;
-            if (touches) {
-                rect |= marker;
-                continue;
-            }
-            painter->fillRect(rect, color);
-            rect = marker;
-        }
-        painter->fillRect(rect, color);
+    auto next = marked.begin();
+    if (chosen) {
+        for (; next != marked.end() && *next < shownPoints(); ++next)
+            point(*next);
+        return;
+    }
+    for (int index = 0; index < shownPoints(); ++index) {
+        if (next != marked.end() && *next == index)
+            ++next;
+        else
+            point(index);
     }
 }
 
-void CanvasSpline::drawSmoothMarkers(QPainter* painter, const std::vector<bool>& marked) const
+void CanvasSpline::drawMarkers(QPainter* painter, const Indices& marked) const
+{
+    for (const bool chosen : {false, true}) {
+        MarkerColumn column(painter, {viewport->pixelWidth, viewport->pixelHeight},
+                            chosen ? theme_.selectedPointSize : theme_.pointSize,
+                            chosen ? theme_.controlPointSelected : theme_.controlPoint);
+        visit(marked, chosen, [&](int index) { column.add(nodePixels[index]); });
+    }
+}
+
+void CanvasSpline::drawSmoothMarkers(QPainter* painter, const Indices& marked) const
 {
     for (const bool chosen : {false, true}) {
         const MarkerStamp stamp(*painter, chosen ? theme_.selectedPointShape : theme_.pointShape,
@@ -286,25 +301,22 @@ void CanvasSpline::drawSmoothMarkers(QPainter* painter, const std::vector<bool>&
                                 chosen ? theme_.controlPointSelected : theme_.controlPoint,
                                 theme_.controlPointOutline);
         const DevicePixels devicePixels(painter, stamp.ratio());
-        for (int index = 0; index < shownPoints(); ++index) {
-            const bool isCovered = index + 1 < shownPoints() && nodePixels[index] == nodePixels[index + 1] &&
-                                   isMarked(marked, index + 1) == chosen;
-            if (isMarked(marked, index) == chosen && !isCovered)
+        std::optional<QPoint> last;
+        visit(marked, chosen, [&](int index) {
+            if (std::exchange(last, nodePixels[index]) != nodePixels[index])
                 stamp.draw(painter, nodePixels[index]);
-        }
+        });
     }
 }
 
 /// Points in one column share the dotted line through it: the last one draws it.
-void CanvasSpline::drawHandles(QPainter* painter, const std::vector<bool>& marked,
-                               SplineEdits::Part dragged) const
+void CanvasSpline::drawHandles(QPainter* painter, const Indices& marked, SplineEdits::Part dragged) const
 {
     std::vector<int> shown;
-    for (int index = 0; index < shownPoints(); ++index) {
-        if (isMarked(marked, index) &&
-            meetsCanvas(markerSquare(nodePixels[index], theme_.selectedPointSize), *viewport))
+    visit(marked, true, [&](int index) {
+        if (meetsCanvas(markerSquare(nodePixels[index], theme_.selectedPointSize), *viewport))
             shown.push_back(index);
-    }
+    });
     HandleBatch batch(painter, theme_);
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const QPoint pixel = nodePixels[shown[i]];

@@ -41,7 +41,9 @@ public:
     static double clamped(double value, double minValue, double maxValue);
     /// Samples the spline anew, at most 1001 times for the span of its points and 1001 times behind it.
     /// `minValue` and `maxValue` clamp the values. With a view that can't be shown the picture is empty. The pixels of the points are placed only where these show.
-    void rebuild(ViewPort* newViewport, float minValue, float maxValue);
+    /// In the view of the last `rebuild` only the points at the times `touched` are placed anew.
+    void rebuild(ViewPort* newViewport, float minValue, float maxValue,
+                 const TimeInterval& touched = TimeInterval::everything());
     /// Places the pixels of the points if the last `rebuild` did not: for a curve that became the current one.
     void placePoints();
     /// Draws the picture and the points, if they show; of the current curve also the handles of the selected ones,
@@ -80,9 +82,13 @@ public:
 private:
     void placeEnds();
     void drawLines(CurvePainter& curves) const;
-    void drawMarkers(QPainter* painter, const std::vector<bool>& marked) const;
-    void drawSmoothMarkers(QPainter* painter, const std::vector<bool>& marked) const;
-    void drawHandles(QPainter* painter, const std::vector<bool>& marked, SplineEdits::Part dragged) const;
+    using Indices = std::vector<std::int32_t>;
+
+    void placePoints(const TimeInterval& times);
+    void drawMarkers(QPainter* painter, const Indices& marked) const;
+    void drawSmoothMarkers(QPainter* painter, const Indices& marked) const;
+    void drawHandles(QPainter* painter, const Indices& marked, SplineEdits::Part dragged) const;
+    template <typename Visit> void visit(const Indices& marked, bool chosen, const Visit& point) const;
     void addHandles(HandleBatch& batch, int index, SplineEdits::Part dragged) const;
     QPoint handleEnd(const QPoint& pixel, double slope, double length, int side) const;
     int pointCount() const;

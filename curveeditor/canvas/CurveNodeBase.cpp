@@ -144,11 +144,13 @@ void CurveNodeBase::update(ViewPort* viewport)
     if (drawnSelection_ != shownSelection())
         renewPictureNumber();
     const bool isSampled = !isSpline() && getExpression();
-    if ((!changed && !viewport->dirty) || isSampled)
+    if (!isStale(*viewport) || isSampled)
         return;
     if (isSpline())
-        canvasSpline_->rebuild(viewport, minValue_, maxValue_);
+        canvasSpline_->rebuild(viewport, minValue_, maxValue_,
+                               changed || viewport->dirty ? TimeInterval::everything() : edited_);
     changed = false;
+    edited_ = {};
     renewPictureNumber();
 }
 
@@ -173,15 +175,21 @@ void CurveNodeBase::renewPictureNumber()
     drawnSelection_ = shownSelection();
 }
 
+bool CurveNodeBase::isStale(const ViewPort& viewport) const
+{
+    return changed || viewport.dirty || !edited_.isEmpty();
+}
+
 bool CurveNodeBase::needsSamples(const ViewPort& viewport) const
 {
-    return !isSpline() && getExpression() && (changed || viewport.dirty);
+    return !isSpline() && getExpression() && isStale(viewport);
 }
 
 void CurveNodeBase::setExpressionLine(DeviceLine line)
 {
     canvasExpression_->curveLine = std::move(line);
     changed = false;
+    edited_ = {};
     renewPictureNumber();
 }
 

@@ -56,6 +56,9 @@ public:
 
     bool changed = true; ///< The picture is out of date; set by the canvas, cleared by `update`.
 
+    /// The picture is out of date at these times alone.
+    void noteEdited(const TimeInterval& times) { edited_.unite(times); }
+
     /// The full name: group, ".", curve.
     QString getName() const { return curve_->name; }
     void setName(const QString& newName);
@@ -130,6 +133,7 @@ Q_SIGNALS:
     void curveHasChanged(QString& nodeName, QString& curveName);
 
 private:
+    bool isStale(const ViewPort& viewport) const;
     void renewPictureNumber();
     std::optional<Selection> shownSelection() const;
     double framesPerTimeUnit() const;
@@ -145,5 +149,6 @@ private:
     float minValue_;
     float maxValue_;
     quint64 pictureNumber_ = 0;
+    TimeInterval edited_;                     ///< since the last `update`
     std::optional<Selection> drawnSelection_; ///< in the picture of that number
 };

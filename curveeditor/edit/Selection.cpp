@@ -144,17 +144,24 @@ void Selection::dropLost(const SplineBase& spline)
     listed_.swap(held);
 }
 
+std::vector<std::int32_t> Selection::indices(const SplineBase& spline) const
+{
+    std::vector<std::int32_t> indices = indicesOf(listed_, spline);
+    indices.push_back(indexOf(current_, spline));
+    std::erase(indices, -1);
+    if (!std::is_sorted(indices.begin(), indices.end()))
+        std::sort(indices.begin(), indices.end());
+    indices.erase(std::unique(indices.begin(), indices.end()), indices.end());
+    return indices;
+}
+
 std::vector<bool> Selection::marks(const SplineBase& spline) const
 {
     if (isEmpty())
         return {};
     std::vector<bool> marks(spline.getControlPointsNumber(), false);
-    for (const auto& points : {listed_, std::vector{current_}}) {
-        for (const std::int32_t index : indicesOf(points, spline)) {
-            if (index >= 0)
-                marks[std::size_t(index)] = true;
-        }
-    }
+    for (const std::int32_t index : indices(spline))
+        marks[std::size_t(index)] = true;
     return marks;
 }
 
