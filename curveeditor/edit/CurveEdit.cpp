@@ -32,6 +32,7 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves)
 CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
 {
     commit();
+    std::erase_if(targets, [](const Target& target) { return target.curve->isLocked; });
     isTrial_ = false;
     text_ = text;
     entry_ = nullptr;

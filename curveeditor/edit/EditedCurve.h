@@ -26,7 +26,8 @@ public:
     /// A filled variable makes it an expression curve. Both pointers may be null.
     EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable);
 
-    QString name; ///< the full name: group, ".", curve
+    QString name;          ///< the full name: group, ".", curve
+    bool isLocked = false; ///< by the host: no edit of it opens
 
     /// To be read; `CurveEdit::spline` gives it to be written. Null if there is none.
     const SplineBase* spline() const { return spline_; }

@@ -5,6 +5,7 @@
 #include <curveeditor/model/Export.h>
 #include <curveeditor/shell/CurveChange.h>
 #include <curveeditor/shell/CurveEditorDialogBase.h>
+#include <curveeditor/shell/CurveOptions.h>
 
 #include <QColor>
 #include <QString>
@@ -125,6 +126,13 @@ public:
     /// Renames a group and every curve whose full name begins with it and a dot; nothing if that gives one of
     /// them a name that is taken.
     void renameNode(const QString& nodeName, const QString& newNodeName);
+    /// @{
+    /// What holds for a registered curve, on the canvas or off it, until it is removed; a rename keeps it. A curve
+    /// that is not known has the options of a new one. A lock ends first what the user is at with that curve, as
+    /// release and leaving do. While it holds `curveHasChanged` comes for undo and redo alone.
+    void setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options);
+    CurveOptions curveOptions(const QString& group, const QString& curve) const;
+    /// @}
     /// Gives a group's row a picture. This dialog shows no such row, so nothing is seen.
     void setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap);
 

@@ -35,6 +35,12 @@ bool isBelowGroup(const QTreeWidgetItem* item)
     return item && item->parent();
 }
 
+/// Null without a record.
+std::shared_ptr<EditedCurve> contentOf(const CurveEditor::NodeStruct* record, EditHistory& history)
+{
+    return record ? history.curve(record->name, record->spline, record->function) : nullptr;
+}
+
 template <typename Record, typename Test>
 Record* firstRecord(const std::vector<std::unique_ptr<Record>>& list, Test test)
 {
@@ -213,6 +219,26 @@ void CurveEditor::Private::renameRecord(NodeStruct& record, const QString& nodeN
         unfinishedTexts.insert(record.name, unfinishedTexts.take(oldName));
     functionEdit->canvas.renameCurve(oldName, record.name);
     functionEdit->canvas.door().history().rename(oldName, record.name);
+}
+
+// A host that hears of what ends may take the curve away.
+void CurveEditor::setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options)
+{
+    const QString name = fullName(group, curve);
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    EditHistory& history = canvas.door().history();
+    const std::shared_ptr<EditedCurve> edited = contentOf(d_->nodeOfName.value(name), history);
+    if (edited && options.locked && canvas.door().isOpen(*edited))
+        canvas.settle();
+    if (const std::shared_ptr<EditedCurve> present = contentOf(d_->nodeOfName.value(name), history))
+        present->isLocked = options.locked;
+}
+
+CurveOptions CurveEditor::curveOptions(const QString& group, const QString& curve) const
+{
+    const std::shared_ptr<EditedCurve> present = contentOf(d_->nodeOfName.value(fullName(group, curve)),
+                                                           d_->functionEdit->canvas.door().history());
+    return present ? CurveOptions{present->isLocked} : CurveOptions();
 }
 
 void CurveEditor::setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap)
