@@ -115,7 +115,7 @@ public:
     /// each place where its text names the curve that closes the cycle, or for all of it where it does not.
     /// Either fault is told in a box, after which the curve may be gone. One without fault makes the curve an
     /// expression curve and is reported. `message` has the outcome; the result is whether the curve that was
-    /// current is still the current one.
+    /// current is still the current one, and is not locked.
     bool parseExpression(const QString& text, ParseMessage& message);
     /// Deletes the expression of the current curve and reports it.
     void deleteExpression() { showSpline(true, CanvasEdit::Told::Targets); }
@@ -124,8 +124,9 @@ public:
     /// no expression to write.
     bool saveCurve(std::ostream& out) const;
     /// Reads a curve file into the current curve and reports the change. Returns false, and changes nothing,
-    /// if there is no current curve or the file is not a whole curve. The colour in the file is not used, no
-    /// dependency check is run, and the selection does not outlive it.
+    /// if there is no current curve or the file is not a whole curve. A locked curve stays as it is too, and true
+    /// says that the file is not at fault. The colour in the file is not used, no dependency check is run, and the
+    /// selection does not outlive it.
     bool loadCurve(std::istream& in);
 
     /// The behaviour of the spline before its first and after its last point. Paints; reports nothing.
@@ -147,7 +148,7 @@ public:
     void changeSelections(const NodeWork& work);
 
     /// The road of every edit that is done at once: ends what is open, edits, tells and paints. The curves, and the
-    /// canvas itself, may be gone afterwards.
+    /// canvas itself, may be gone afterwards. Locked curves are left out; where all are, a box says so.
     void edit(const CanvasEdit& edit);
     /// Edits the selected points, and reports it; nothing happens if there are none. The text of
     /// the edit is `one` or `many`, see `CanvasEdit::ofPoints`.

@@ -100,11 +100,15 @@ void CanvasFunctionBase::edit(const CanvasEdit& edit)
         paint();
 }
 
-/// Leaves those of the targets for which the door opens.
+/// Leaves those of the targets for which the door opens, and names no other. Where none is left, the user hears why.
 void CanvasFunctionBase::open(const CanvasEdit& edit, Nodes& targets)
 {
     if (targets.empty())
         return;
+    const QString name = targets.front()->getName();
+    std::erase_if(targets, [](const CurveNodeBase* target) { return target->curve()->isLocked; });
+    if (targets.empty())
+        return showWarning(widget(), tr("Locked curve"), tr("%1 is locked.").arg(name));
     CurveEdit::Curves edited;
     for (const CurveNodeBase* const target : targets)
         edited.push_back(target->curve());
@@ -362,7 +366,8 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
     };
     entry.told = CanvasEdit::Told::Targets;
     edit(entry);
-    return isStillCurrent();
+    const bool isTaken = !expression;
+    return isTaken && isStillCurrent();
 }
 
 bool CanvasFunctionBase::saveCurve(std::ostream& out) const
@@ -380,7 +385,7 @@ bool CanvasFunctionBase::loadCurve(std::istream& in)
     settle();
     if (noCurrentCurve() || !CurveFile::readColor(in, color))
         return false;
-    bool isWhole = false;
+    bool isWhole = true; // for all that is known, unless the file is read
     const QPointer<CurveNodeBase> curve(getCurrentCurve());
     CanvasEdit loading;
     loading.text = CanvasEdit::ofCurve(tr("Load %1"));

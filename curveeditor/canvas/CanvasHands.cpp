@@ -226,7 +226,8 @@ void CanvasHands::beginDrag(bool withCtrl)
     const QString one =
         part == SplineEdits::Part::Point ? tr("Move a point of %1") : tr("Change a tangent of %1");
     const bool keepsDistance = curves_.hasMultipleSelection();
-    const CanvasCurves::Nodes dragged = curves_.selected();
+    CanvasCurves::Nodes dragged = curves_.selected();
+    std::erase_if(dragged, [](const CurveNodeBase* curve) { return curve->curve()->isLocked; });
     std::vector<Gesture::Drag> drags;
     std::vector<CurveEdit::Target> targets;
     for (const CurveNodeBase* const curve : dragged) {
@@ -235,7 +236,8 @@ void CanvasHands::beginDrag(bool withCtrl)
         targets.push_back({curve->curve(), drag.points()});
         drags.push_back({curve->curve(), std::move(drag)});
     }
-    const QString text = CanvasEdit::ofPoints(one, tr("Move %1 points of %2"))(dragged);
+    const QString text =
+        dragged.empty() ? QString() : CanvasEdit::ofPoints(one, tr("Move %1 points of %2"))(dragged);
     const CurveEdit::Id edit = canvas_.door().begin(text, std::move(targets));
     std::erase_if(drags, [this](const Gesture::Drag& drag) { return !canvas_.door().isOpen(*drag.curve); });
     gesture.beginAtPoints(edit, std::move(drags));

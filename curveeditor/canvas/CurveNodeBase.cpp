@@ -209,6 +209,8 @@ std::pair<QString, QString> CurveNodeBase::reportedNames(const QString& fullName
 
 void CurveNodeBase::emitCurveChanged()
 {
+    if (curve_->isLocked)
+        return;
     auto [nodeName, curveName] = reportedNames(getName());
     Q_EMIT curveHasChanged(nodeName, curveName);
 }

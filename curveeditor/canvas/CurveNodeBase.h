@@ -115,7 +115,7 @@ public:
     bool findsCycle(FunctionFloatBase& expression, QString& withFunc) const;
 
     /// Emits `curveHasChanged` with the first and the last part of the name, which dots divide; a name
-    /// without a dot gives itself twice.
+    /// without a dot gives itself twice. Nothing while the curve is locked.
     void emitCurveChanged();
     /// These two parts.
     static std::pair<QString, QString> reportedNames(const QString& fullName);

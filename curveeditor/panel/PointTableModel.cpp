@@ -151,9 +151,11 @@ QVariant PointTableModel::headerData(int section, Qt::Orientation orientation, i
 
 Qt::ItemFlags PointTableModel::flags(const QModelIndex& cell) const
 {
-    return cell.isValid()
-               ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemNeverHasChildren
-               : Qt::NoItemFlags;
+    if (!cell.isValid())
+        return Qt::NoItemFlags;
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    flags.setFlag(Qt::ItemIsEditable, control_ && !control_->curve()->isLocked);
+    return flags;
 }
 
 bool PointTableModel::setData(const QModelIndex& cell, const QVariant& value, int role)
@@ -187,6 +189,8 @@ bool PointTableModel::setText(const QModelIndex& cell, const QString& text, cons
 QString PointTableModel::faultOf(const QModelIndex& cell, const QString& text) const
 {
     const SplineBase::PointInfo* const point = pointOf(cell);
+    if (point && control_->curve()->isLocked)
+        return tr("The curve is locked.");
     double number = 0.0;
     const bool canRead = !point || cell.column() == Type || readNumber(*point, cell.column(), text, number);
     return canRead ? QString() : tr("No finite number was typed. The old one stays.");

@@ -119,6 +119,10 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
     widgets_.nodeTypeWidgetStack->setCurrentIndex(point.type == SplineBase::Bezier ? TangentPage : TcbPage);
     widgets_.nodeTypeCombo->setCurrentIndex(PointTypes::of(point.type).entry);
     showPreview(point);
+    const bool canEdit = formActive_ && !control.curve()->isLocked;
+    widgets_.nodeTypeCombo->setEnabled(canEdit);
+    for (const Row& row : Row::all)
+        (widgets_.*row.widget)->setEnabled(canEdit);
 }
 
 void TcbEditorForm::clearLostPoint(const ControlSplineNode* control)

@@ -15,9 +15,10 @@ using namespace curveeditor;
 /// fields into the widgets of the page, and hands each edit of a widget to the door for edits. The widgets
 /// belong to the dialog, the point to its spline.
 ///
-/// The form is on (its widgets enabled) or off. It holds no point: every slot asks the selection it last showed
-/// for the point that is selected now, and does nothing when the form is off, the curve is gone or not exactly
-/// one point of it is selected. What stands in the fields is never a point that is selected no more.
+/// The form is on (its widgets enabled, but for numbers and type of a locked curve) or off. It holds no point: every
+/// slot asks the selection it last showed for the point that is selected now, and does nothing when the form is off,
+/// the curve is gone or not exactly one point of it is selected. What stands in the fields is never a point that is
+/// selected no more.
 ///
 /// All typing in one field until it is left, Return or another edit, and a whole drag on a field, are one edit.
 /// A text that is what the form shows for the point's number means that very number, not its three decimals; one

@@ -232,12 +232,13 @@ void CurveEditor::setCurveOptions(const QString& group, const QString& curve, co
         canvas.settle();
     if (const std::shared_ptr<EditedCurve> present = contentOf(d_->nodeOfName.value(name), history))
         present->isLocked = options.locked;
+    d_->functionEdit->showSelection(false);
 }
 
 CurveOptions CurveEditor::curveOptions(const QString& group, const QString& curve) const
 {
-    const std::shared_ptr<EditedCurve> present = contentOf(d_->nodeOfName.value(fullName(group, curve)),
-                                                           d_->functionEdit->canvas.door().history());
+    const std::shared_ptr<EditedCurve> present =
+        contentOf(d_->nodeOfName.value(fullName(group, curve)), d_->functionEdit->canvas.door().history());
     return present ? CurveOptions{present->isLocked} : CurveOptions();
 }
 

@@ -31,6 +31,11 @@ constexpr int typingPause = 300;
 constexpr double shareOfSpan = 0.001;
 constexpr int toleranceDigits = 2;
 
+bool isLockedCurve(const CurveNodeBase* node)
+{
+    return node && node->curve()->isLocked;
+}
+
 } // namespace
 
 FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas)
@@ -80,7 +85,7 @@ CurveNodeBase* FitDialog::curve() const
 
 void FitDialog::accept()
 {
-    if (delay_->isActive())
+    if (delay_->isActive() || isLockedCurve(curve_))
         refresh();
     if (!ok_->isEnabled())
         return;
@@ -166,7 +171,7 @@ void FitDialog::refresh()
     delay_->stop();
     QElapsedTimer timer;
     timer.start();
-    const Outcome outcome = work();
+    const Outcome outcome = isLockedCurve(curve_) ? Outcome{tr("The curve is locked."), false} : work();
     workTime_ = timer.elapsed();
     outcome_->setText(outcome.text);
     ok_->setEnabled(outcome.isPossible);

@@ -139,6 +139,14 @@
         <source>Pan %1 points of %2</source>
         <translation>%1 Punkte von %2 versetzen</translation>
     </message>
+    <message>
+        <source>Locked curve</source>
+        <translation>Gesperrte Kurve</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 ist gesperrt.</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -1405,6 +1413,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>Die Toleranz muss eine Zahl ab 0 sein.</translation>
     </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>Die Kurve ist gesperrt.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::NumbersForm</name>
@@ -1478,6 +1490,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>No finite number was typed. The old one stays.</source>
         <translation>Es wurde keine endliche Zahl eingegeben. Die alte bleibt.</translation>
+    </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>Die Kurve ist gesperrt.</translation>
     </message>
 </context>
 <context>

@@ -139,6 +139,14 @@
         <source>Pan %1 points of %2</source>
         <translation>Desplazar %1 puntos de %2</translation>
     </message>
+    <message>
+        <source>Locked curve</source>
+        <translation>Curva bloqueada</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 está bloqueada.</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -1405,6 +1413,10 @@ Do you want to replace it?</source>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>La tolerancia debe ser un número, 0 o mayor.</translation>
     </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>La curva está bloqueada.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::NumbersForm</name>
@@ -1478,6 +1490,10 @@ Do you want to replace it?</source>
     <message>
         <source>No finite number was typed. The old one stays.</source>
         <translation>No se ha escrito ningún número finito. Se conserva el anterior.</translation>
+    </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>La curva está bloqueada.</translation>
     </message>
 </context>
 <context>

@@ -139,6 +139,14 @@
         <source>Pan %1 points of %2</source>
         <translation>Décaler %1 points de %2</translation>
     </message>
+    <message>
+        <source>Locked curve</source>
+        <translation>Courbe verrouillée</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 est verrouillée.</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -1405,6 +1413,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>La tolérance doit être un nombre, 0 ou plus.</translation>
     </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>La courbe est verrouillée.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::NumbersForm</name>
@@ -1478,6 +1490,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>No finite number was typed. The old one stays.</source>
         <translation>Aucun nombre fini n&apos;a été saisi. L&apos;ancien est conservé.</translation>
+    </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>La courbe est verrouillée.</translation>
     </message>
 </context>
 <context>

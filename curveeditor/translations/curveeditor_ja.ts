@@ -139,6 +139,14 @@
         <source>Pan %1 points of %2</source>
         <translation>%2 のポイント %1 個をずらす</translation>
     </message>
+    <message>
+        <source>Locked curve</source>
+        <translation>ロックされたカーブ</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 はロックされています。</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -1405,6 +1413,10 @@ Do you want to replace it?</source>
         <source>The tolerance must be a number, 0 or more.</source>
         <translation>許容差には 0 以上の数値を入力してください。</translation>
     </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>カーブはロックされています。</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::NumbersForm</name>
@@ -1478,6 +1490,10 @@ Do you want to replace it?</source>
     <message>
         <source>No finite number was typed. The old one stays.</source>
         <translation>有限の数が入力されませんでした。元の値のままです。</translation>
+    </message>
+    <message>
+        <source>The curve is locked.</source>
+        <translation>カーブはロックされています。</translation>
     </message>
 </context>
 <context>
