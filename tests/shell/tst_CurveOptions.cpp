@@ -139,6 +139,7 @@ private Q_SLOTS:
             for (const QString curve : {"x", "y", "z"})
                 lock(s, curve, isLocked);
             s.x.modify(1)->tanRight = 2.0; // to be flattened
+            s.editor.updateCurves();
             const auto before = s.states();
             edit(s);
             QCOMPARE(s.states() == before, isLocked);
