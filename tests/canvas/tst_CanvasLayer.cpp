@@ -335,6 +335,9 @@ private Q_SLOTS:
         Fixture two({{5.0, 1.0}, {5.0, 1.0}}, SplineBase::Bezier);
         two.select(0); // above the other one
         QCOMPARE(two.shown().pixelColor(502, 202), QColor(Qt::red));
+        Fixture apart({{5.0, 1.0}, {5.0, 0.92}}, SplineBase::Bezier);
+        QVERIFY(apart.shown().pixelColor(498, 204) != QColor(Qt::black));
+        QCOMPARE(apart.shown().pixelColor(498, 206), QColor(Qt::black));
     }
 
     void pressFindsPointsAndTheHandlesOfTheCurrentOne()
