@@ -246,28 +246,48 @@ constexpr std::size_t passedPoints = 12;
 using Places = std::array<std::size_t, batchSize>;
 
 /// True if the times pass several points each. Also where they fall.
-bool arePlacesFarApart(const Places& places)
+bool arePlacesFarApart(const std::size_t* places)
 {
-    return places.back() - places.front() > 4 * batchSize;
+    return places[batchSize - 1] - places[0] > 4 * batchSize;
 }
 
-/// `countUntil`, for a place that is expected near `guess`.
+bool isInWindow(const std::vector<double>& times, std::size_t low, std::size_t count, double time)
+{
+    return low + count < times.size() && times[low] <= time && time < times[low + count];
+}
+
+/// `countUntil`, for a place that is expected around `guess`.
 std::size_t countAround(const std::vector<double>& times, std::size_t guess, double time)
+{
+    constexpr std::size_t reach = 32;
+    const std::size_t low = guess - std::min(guess, reach);
+    if (!isInWindow(times, low, 2 * reach, time))
+        return countUntil(times, time);
+    // Without branches, which would be hard to predict.
+    const double* passed = times.data() + low;
+    for (std::size_t step = reach; step > 0; step /= 2)
+        passed += std::size_t(passed[step] <= time) * step;
+    return std::size_t(passed - times.data()) + 1;
+}
+
+/// The same, for a place that is expected so near that few times have to be read.
+std::size_t countNear(const std::vector<double>& times, std::size_t guess, double time)
 {
     constexpr std::size_t reach = 4;
     const std::size_t low = guess - std::min(guess, reach);
-    const std::size_t high = low + 2 * reach;
-    if (high < times.size() && times[low] <= time && time < times[high])
-        return low + countInWindow(times.data() + low, 2 * reach, time);
-    return countUntil(times, time);
+    if (!isInWindow(times, low, 2 * reach, time))
+        return countAround(times, guess, time);
+    return low + countInWindow(times.data() + low, 2 * reach, time);
 }
 
-/// What `countUntil` finds for each of the `batchSize` times `wanted`.
+/// What `countUntil` finds for each of the `batchSize` times `wanted`. Expects them to pass as many points as those
+/// of the batch before, whose places are in `places`.
 void findPlaces(const std::vector<double>& times, const double* wanted, Places& places)
 {
-    places.front() = countUntil(times, wanted[0]);
-    places.back() = countUntil(times, wanted[batchSize - 1]);
-    if (!arePlacesFarApart(places)) {
+    const std::size_t passed = std::max(places.front(), places.back()) - places.front();
+    places.front() = countAround(times, places.back() + passed / batchSize, wanted[0]);
+    places.back() = countAround(times, places.front() + passed, wanted[batchSize - 1]);
+    if (!arePlacesFarApart(places.data())) {
         const double last = wanted[batchSize - 1];
         std::size_t place = places.front();
         bool rises = true;
@@ -285,7 +305,7 @@ void findPlaces(const std::vector<double>& times, const double* wanted, Places& 
     for (std::size_t step = batchSize / 2; step > 0; step /= 2) {
         for (std::size_t i = step; i < batchSize - 1; i += 2 * step) {
             const std::size_t next = std::min(i + step, batchSize - 1);
-            places[i] = countAround(times, (places[i - step] + places[next]) / 2, wanted[i]);
+            places[i] = countNear(times, (places[i - step] + places[next]) / 2, wanted[i]);
         }
     }
 }
@@ -464,10 +484,13 @@ void SplineBase::evaluate(const double* times, double* values, std::size_t count
 void SplineBase::evaluateBlock(const double* times, double* values, std::size_t count) const
 {
     std::size_t index = 0;
+    Places places{};
     for (std::size_t done = 0; done < count;) {
         if (count - done >= batchSize && times_.size() - index > passedPoints &&
             times[done + batchSize - 1] >= times_[index + passedPoints]) {
-            index = evaluateBatch(times + done, values + done);
+            findPlaces(times_, times + done, places);
+            evaluateBatch(times + done, places.data(), values + done);
+            index = places.back();
             done += batchSize;
             continue;
         }
@@ -488,24 +511,20 @@ void SplineBase::evaluateBlock(const double* times, double* values, std::size_t 
     }
 }
 
-// Points lie anywhere in memory: those of a batch are fetched while the first of them are worked on. Gives the
-// place of the last time.
-std::size_t SplineBase::evaluateBatch(const double* times, double* values) const
+// Points lie anywhere in memory: those of a batch are fetched while the first of them are worked on.
+void SplineBase::evaluateBatch(const double* times, const std::size_t* places, double* values) const
 {
-    Places places;
-    findPlaces(times_, times, places);
     if (arePlacesFarApart(places)) {
-        for (const std::size_t place : places) {
-            if (endsSegment(place)) {
-                prefetch(points_[place - 1]);
-                prefetch(points_[place]);
+        for (std::size_t i = 0; i < batchSize; ++i) {
+            if (endsSegment(places[i])) {
+                prefetch(points_[places[i] - 1]);
+                prefetch(points_[places[i]]);
             }
         }
     }
     for (std::size_t i = 0; i < batchSize; ++i)
         values[i] =
             endsSegment(places[i]) ? Segment<false>(*this, places[i])(times[i]) : valueOutside(times[i]);
-    return places.back();
 }
 
 std::int32_t SplineBase::findIndex(const PointInfo* point) const

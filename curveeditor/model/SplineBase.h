@@ -300,7 +300,7 @@ private:
     double wideValue(const double& time) const;
     double slopeInside(std::size_t endIndex, double time) const;
     double valueOutside(double time) const;
-    std::size_t evaluateBatch(const double* times, double* values) const;
+    void evaluateBatch(const double* times, const std::size_t* places, double* values) const;
     void evaluateBlock(const double* times, double* values, std::size_t count) const;
     void insertNew(std::size_t index, PointInfo point);
     std::uint32_t newSerial();
