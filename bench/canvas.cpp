@@ -136,7 +136,7 @@ private:
 class Peer
 {
 public:
-    explicit Peer(double swings = 3.0)
+    explicit Peer(double swings = 3.0, bool isAntialiased = false)
     {
         plot_.resize(canvasSize);
         plot_.setBackground(Qt::black);
@@ -148,7 +148,7 @@ public:
                 values_[i] = 2.8 * std::sin(i * pace + number) * std::cos(i * pace * 0.15 + number);
             }
             plot_.addGraph()->setPen(QPen(QColor::fromHsv(number * 3 % 360, 200, 255), 1));
-            plot_.graph()->setAntialiased(false);
+            plot_.graph()->setAntialiased(isAntialiased);
             plot_.graph()->setData(times_, values_, true);
         }
         plot_.show();
@@ -178,9 +178,8 @@ private:
 };
 
 /// Prints how many times longer the peer takes, in CPU time of this run.
-void compare(benchmark::State& state, const std::function<void(int)>& peerStep)
+void compare(benchmark::State& state, const std::function<void(int)>& peerStep, int steps = 20)
 {
-    constexpr int steps = 20;
     const std::clock_t start = std::clock();
     for (int i = 0; i < steps; ++i)
         peerStep(i);
@@ -267,19 +266,45 @@ void dragOfAllPoints(benchmark::State& state)
     }
 }
 
-void dragOfAllCurves(benchmark::State& state)
+/// Presses there with all points of all curves selected.
+void grabAllCurves(Scene& scene, const QPoint& at)
 {
-    Scene scene;
     scene.canvas().canvas.setEditsAllCurves(true);
     PointCommands(scene.canvas().canvas).selectAll();
-    const QPoint start(800, 20);
-    scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
+    scene.send(QEvent::MouseButtonPress, at, Qt::LeftButton);
     scene.show();
+}
+void dragOfAllCurves(benchmark::State& state, const Content& content)
+{
+    Scene scene(content);
+    const QPoint start(800, 20);
+    grabAllCurves(scene, start);
     int step = 0;
     for (auto _ : state) {
         ++step;
         scene.send(QEvent::MouseMove, start + QPoint(step % 50, step % 40), Qt::LeftButton);
         scene.show();
+    }
+}
+/// Back, the next one forth again.
+void undoOfAllCurves(benchmark::State& state, const Content& content)
+{
+    Scene scene(content);
+    const QPoint start(800, 20);
+    grabAllCurves(scene, start);
+    scene.send(QEvent::MouseMove, start + QPoint(30, 20), Qt::LeftButton);
+    scene.send(QEvent::MouseButtonRelease, start + QPoint(30, 20), Qt::LeftButton);
+    scene.show();
+    const double moved = scene.point(pointCount / 2)->pos;
+    int step = 0;
+    for (auto _ : state) {
+        if (++step % 2 != 0)
+            scene.editor().undo();
+        else
+            scene.editor().redo();
+        scene.show();
+        if ((scene.point(pointCount / 2)->pos == moved) != (step % 2 == 0))
+            state.SkipWithError("the points are not where they should be");
     }
 }
 
@@ -319,9 +344,10 @@ void viewChange(benchmark::State& state, const Content& content)
 {
     Scene scene(content);
     panStep(state, scene);
-    if (content.splines == curveCount && !content.isThemed) {
-        Peer peer(content.swings);
-        compare(state, [&peer](int number) { peer.showView(number); });
+    if (content.splines == curveCount && content.bound > 3.0f) {
+        Peer peer(content.swings, content.isThemed);
+        compare(
+            state, [&peer](int number) { peer.showView(number); }, content.isThemed ? 2 : 20);
     }
 }
 /// A notch in, the next one out again, so that all curves stay in view.
@@ -430,8 +456,10 @@ void openingCurvesOneByOne(benchmark::State& state)
 const Content themed{.isThemed = true};
 const Content themedSwinging{.swings = 50.0, .isThemed = true};
 const Content themedClamped{.bound = 2.0f, .isThemed = true};
+const Content themedClampedSwinging{.swings = 50.0, .bound = 2.0f, .isThemed = true};
 const Content swinging{.swings = 50.0};
 const Content clamped{.bound = 2.0f};
+const Content clampedSwinging{.swings = 50.0, .bound = 2.0f};
 const Content dense{.points = 10000};
 const Content oneLong{.splines = 1, .points = 100000};
 const Content formulas{.splines = 0, .expressions = curveCount};
@@ -451,13 +479,19 @@ BENCHMARK(press)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(release)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOfAllPoints)->Arg(pointCount)->Arg(40000)->Unit(benchmark::kMillisecond);
-BENCHMARK(dragOfAllCurves)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragOfAllCurves, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragOfAllCurves, themed, themed)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(undoOfAllCurves, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(undoOfAllCurves, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfAStableView)->Unit(benchmark::kMillisecond);
 BENCHMARK(tickOfTheTimeLine)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, smooth, Content())->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, themedSwinging, themedSwinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, themedClamped, themedClamped)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, themedClampedSwinging, themedClampedSwinging)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, clamped, clamped)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, clampedSwinging, clampedSwinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, swinging, swinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, formulas, formulas)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, oneFormula, oneFormula)->Unit(benchmark::kMillisecond);

@@ -198,12 +198,11 @@ public:
     /// @name The picture
     /// @{
 
-    /// Brings what is out of date up to date and lets the widget show it. A widget that is not visible is
-    /// painted when it is shown.
+    /// Lets the widget show what has changed, at its next frame. To be called as often as anything changes: the picture
+    /// is made once.
     void paint() { picture_.paint(); }
-    /// Until as many `releasePaint` follow, `paint` waits; the last one paints.
-    void holdPaint() { picture_.hold(); }
-    void releasePaint() { picture_.release(); }
+    /// Brings the curves' pictures up to date, as a frame does. To be called before anything is hit in them.
+    void updateCurves() { picture_.updateCurves(); }
     /// For the widget's `paintEvent`: brings the picture up to date and draws it.
     void showBuffer(QPainter* painter) { picture_.show(painter); }
     /// Takes the size and the pixel ratio of the widget.

@@ -123,6 +123,7 @@ CanvasSpline::Hit CanvasHands::hitIn(CurveNodeBase& curve, const QPoint& pixel) 
 CanvasSpline::Hit CanvasHands::hitPoint(const QPoint& pixel)
 {
     curves_.dropLostPoints();
+    canvas_.updateCurves();
     CanvasCurves::Nodes reach = curves_.inReach();
     std::reverse(reach.begin() + (curves_.current()->isSpline() ? 1 : 0),
                  reach.end()); // from the front to the back
@@ -140,6 +141,7 @@ CanvasSpline::Hit CanvasHands::hitPoint(const QPoint& pixel)
 
 bool CanvasHands::hasPointAt(const QPoint& pixel) const
 {
+    canvas_.updateCurves();
     const CanvasCurves::Nodes reach = curves_.inReach();
     return std::any_of(reach.begin(), reach.end(),
                        [&](CurveNodeBase* curve) { return hitIn(*curve, pixel).point != 0; });

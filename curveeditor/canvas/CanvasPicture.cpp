@@ -38,21 +38,15 @@ CanvasPicture::~CanvasPicture() = default;
 
 void CanvasPicture::paint()
 {
-    if (holds_ > 0 || !widget_ || !widget_->isVisible())
-        return;
-    update();
-    widget_->update();
-}
-
-void CanvasPicture::release()
-{
-    if (--holds_ == 0)
-        paint();
+    if (widget_)
+        widget_->update();
 }
 
 void CanvasPicture::show(QPainter* painter)
 {
-    update();
+    updateCurves();
+    if (viewport_ && !layer_.isNull())
+        layer_.show(backdrop(), curvesBehindCurrent());
     if (!theme_.smooth || layer_.isNull()) {
         layer_.draw(painter);
         CurvePainter curves(painter, layer_.pixelRatio());
@@ -131,7 +125,14 @@ void CanvasPicture::resize()
     viewport_->dirty = true;
 }
 
-void CanvasPicture::update()
+CanvasGrid& CanvasPicture::grid()
+{
+    if (widget_ && viewport_ && viewport_->dirty)
+        grid_->layout(viewport_);
+    return *grid_;
+}
+
+void CanvasPicture::updateCurves()
 {
     resize();
     theme();
@@ -152,7 +153,6 @@ void CanvasPicture::update()
     }
     ExpressionSampler::sample(expressions, *viewport_, theme_);
     viewport_->dirty = false;
-    layer_.show(backdrop(), curvesBehindCurrent());
 }
 
 CanvasLayer::Backdrop CanvasPicture::backdrop() const

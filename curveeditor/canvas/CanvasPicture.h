@@ -40,8 +40,7 @@ public:
 
     /// See `CanvasFunctionBase`.
     void paint();
-    void hold() { ++holds_; }
-    void release();
+    void updateCurves();
     void show(QPainter* painter);
     void resize();
 
@@ -56,11 +55,11 @@ public:
     bool loadImage(const QString& fileName);
     void clearImage() { image_.reset(); }
 
-    CanvasGrid& grid() { return *grid_; }
+    /// Laid out for the view as it is.
+    CanvasGrid& grid();
     std::optional<Gesture::Place> mark; ///< where the point menu is open
 
 private:
-    void update();
     void drawFront(CurvePainter& curves) const;
     void drawSnapMark(QPainter& painter) const;
     void drawHint(QPainter& painter) const;
@@ -77,7 +76,6 @@ private:
     bool hasOwnTheme_ = false;
     quint64 look_ = 0; ///< counts the changes of the theme
     quint64 view_ = 0; ///< counts those of the view
-    int holds_ = 0;
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;
     CanvasLayer layer_;

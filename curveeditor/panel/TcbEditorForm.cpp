@@ -326,7 +326,7 @@ void TcbEditorForm::showNodeIndex(int index)
 void TcbEditorForm::showPreview(const SplineBase::PointInfo& point)
 {
     widgets_.tcbCurve->setFromPoint(&point);
-    widgets_.tcbCurve->repaint();
+    widgets_.tcbCurve->update();
 }
 
 #include "moc_TcbEditorForm.cpp"

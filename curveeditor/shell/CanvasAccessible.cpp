@@ -211,6 +211,7 @@ QAccessibleInterface* CanvasAccessible::childAt(int x, int y) const
     if (!canvas_->canvas.currentSplineControl())
         return nullptr;
     const QPoint pixel = canvas_->mapFromGlobal(QPoint(x, y));
+    canvas_->canvas.updateCurves();
     const CanvasSpline::Hit hit = canvas_->canvas.currentSpline()->hitTest(pixel, {});
     return hit.point != 0 ? childOf(hit.point) : nullptr;
 }

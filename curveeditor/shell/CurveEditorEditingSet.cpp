@@ -50,7 +50,6 @@ void CurveEditor::Private::setCurveEditableOn(NodeStruct* record)
 
 void CurveEditor::Private::putOnCanvas(NodeStruct& record)
 {
-    const FunctionEditor::PaintPause pause(functionEdit);
     ++setChanges;
     CurveNodeBase* const curve =
         functionEdit->setCurveEditableOn(curvesMenu, record.name, record.color, record.defaultValue,
@@ -86,7 +85,6 @@ void CurveEditor::Private::setCurveEditableOff(NodeStruct* record)
 /// Tells nobody.
 void CurveEditor::Private::takeOffCanvas(NodeStruct& record)
 {
-    const FunctionEditor::PaintPause pause(functionEdit);
     ++setChanges;
     if (CurveNodeBase* const curve = functionEdit->canvas.findCurve(record.name))
         QObject::disconnect(curve, &CurveNodeBase::curveHasChanged, &editor,
@@ -113,7 +111,6 @@ void CurveEditor::Private::showSelectedRow(NodeStruct& record)
 
 void CurveEditor::cleanSelecteds()
 {
-    const FunctionEditor::PaintPause pause(d_->functionEdit);
     QStringList names;
     for (const auto& record : d_->nodeList)
         names.append(record->name);

@@ -142,7 +142,6 @@ void CurveEditor::removeNode(const QString& nodeName)
         return;
     const std::unique_ptr<MainNodeStruct> erased = std::move(*group);
     d_->mainNodeList.erase(group);
-    const FunctionEditor::PaintPause pause(d_->functionEdit);
     d_->eraseRecords(d_->nodesOfGroup(nodeName));
 }
 

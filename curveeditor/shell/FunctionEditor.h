@@ -62,20 +62,6 @@ public:
     void completeViewportV();
     void completeViewport();
 
-    /// While one exists the canvas paints nothing, and when it goes the canvas paints once: for calls that
-    /// change many curves. They nest.
-    class PaintPause
-    {
-    public:
-        explicit PaintPause(FunctionEditor* widget) : canvas_(widget->canvas) { canvas_.holdPaint(); }
-        PaintPause(const PaintPause&) = delete;
-        PaintPause& operator=(const PaintPause&) = delete;
-        ~PaintPause() { canvas_.releasePaint(); }
-
-    private:
-        CanvasFunctionBase& canvas_;
-    };
-
     /// Public, as the dialog hands on each key that reaches it.
     void keyPressEvent(QKeyEvent* event) override;
 

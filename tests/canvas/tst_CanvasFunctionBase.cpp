@@ -116,6 +116,7 @@ private Q_SLOTS:
             HostCurve curve;
             CanvasScene scene;
             const CurveNodeBase* const node = scene.add(curve, "a.x", text, -range, range);
+            scene.canvas.updateCurves();
             const CanvasExpression& picture = *node->getCanvasExpression();
             QCOMPARE(int(picture.curveLine.points.size()), points);
             QCOMPARE(int(picture.curveLine.gaps.size()), breaks);
@@ -144,9 +145,12 @@ private Q_SLOTS:
         counter.count = 0;
         scene.setTimes(0.0, 30.0);
         scene.canvas.paint();
+        scene.canvas.paint();
+        QCOMPARE(counter.count, 0);
+        scene.picture();
         QCOMPARE(counter.count, 5000);
         scene.canvas.panSelection(1.0, 1.0);
-        scene.canvas.paint();
+        scene.picture();
         QCOMPARE(counter.count, 5000);
     }
 

@@ -173,6 +173,7 @@ private Q_SLOTS:
         QCOMPARE(canvas->indexOfChild(second), 1);
         QCOMPARE(second->parent(), canvas);
         QVERIFY(!second->state().selected && !canvas->focusChild());
+        s.canvas.zoomView(-40, 30); // and no frame since
         const QPoint middle = second->rect().center();
         QCOMPARE(s.canvas.mapFromGlobal(middle), s.pixel(5.0, 1.0));
         QCOMPARE(canvas->childAt(middle.x(), middle.y()), second);
