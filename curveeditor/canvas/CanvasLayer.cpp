@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <memory>
+#include <utility>
 
 namespace curveeditor {
 
@@ -23,6 +25,24 @@ bool startsWith(const CanvasLayer::Curves& curves, const CanvasLayer::Curves& st
     return start.size() <= curves.size() && std::equal(start.begin(), start.end(), curves.begin());
 }
 
+/// Steep lines write pixels one below the other. Their places in the cache differ where a row takes an odd number of its
+/// lines; else few of them would be in it at a time.
+QImage opaqueImage(const QSize& size)
+{
+    constexpr int pixelsOfCacheLine = 16;
+    const int cacheLines = (size.width() + pixelsOfCacheLine - 1) / pixelsOfCacheLine | 1;
+    const QImage::Format format = QImage::Format_RGB32;
+    auto whole = std::make_unique<QImage>(cacheLines * pixelsOfCacheLine, size.height(), format);
+    if (size.isEmpty() || whole->isNull())
+        return QImage();
+    uchar* const pixels = whole->bits();
+    const qsizetype pitch = whole->bytesPerLine();
+    const auto release = [](void* image) {
+        delete static_cast<QImage*>(image);
+    };
+    return QImage(pixels, size.width(), size.height(), pitch, format, release, whole.release());
+}
+
 } // namespace
 
 bool CanvasLayer::resize(const QSize& size, double pixelRatio)
@@ -30,7 +50,7 @@ bool CanvasLayer::resize(const QSize& size, double pixelRatio)
     const QSize deviceSize = (QSizeF(size) * pixelRatio).toSize();
     if (image_.size() == deviceSize && qFuzzyCompare(image_.devicePixelRatio(), pixelRatio))
         return false;
-    image_ = QImage(deviceSize, QImage::Format_RGB32);
+    image_ = opaqueImage(deviceSize);
     image_.setDevicePixelRatio(pixelRatio);
     image_.fill(Qt::black);
     backdrop_ = {};
@@ -80,7 +100,7 @@ void CanvasLayer::put(const QImage& image, QPainter* painter)
 void CanvasLayer::drawWith(const std::function<void(QPainter&, QImage&)>& drawOn, QPainter* painter)
 {
     if (frame_.size() != image_.size())
-        frame_ = QImage(image_.size(), image_.format());
+        frame_ = opaqueImage(image_.size());
     frame_.setDevicePixelRatio(image_.devicePixelRatio());
     std::memcpy(frame_.bits(), image_.constBits(), std::size_t(image_.sizeInBytes()));
     {

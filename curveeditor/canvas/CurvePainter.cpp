@@ -30,6 +30,12 @@ int penPixels(double width, double pixelRatio)
     return std::max(1, qRound(width * pixelRatio));
 }
 
+/// The pixel in which a point lies of which that many units are one.
+int rowOrColumn(int position, int scale)
+{
+    return position >= 0 ? position / scale : -((scale - 1 - position) / scale);
+}
+
 /// As Qt's pens, one of an even number of pixels has its larger half above and to the left.
 int pixelsBefore(int width)
 {
@@ -74,10 +80,7 @@ void CurvePainter::drawSolid(const DeviceLine& line, const QColor& color, double
         const auto [first, behind] = image_ ? pointsNear(points, count, pixels + 1, 1) : std::pair(0, count);
         appendColumnRuns(runs_, points + first, behind - first);
     });
-    if (image_)
-        fillImage(color, pixels);
-    else
-        fillRects(color, pixels);
+    fill(color, pixels);
 }
 
 void CurvePainter::drawSmooth(const DeviceLine& line, const QColor& color, double width)
@@ -91,9 +94,51 @@ void CurvePainter::drawSmooth(const DeviceLine& line, const QColor& color, doubl
 
 void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color, double width)
 {
-    // Qt takes a hundred times longer for wide dots that are antialiased.
     const int pixels = penPixels(width, pixelRatio_);
-    drawWithQt(line, QPen(color, pixels * line.scale, Qt::DotLine), line.scale > 1 && pixels == 1);
+    if (pixels == 1)
+        return drawWithQt(line, QPen(color, line.scale, Qt::DotLine), line.scale > 1);
+    runs_.clear();
+    forEachPiece(line,
+                 [this, &line](const QPoint* points, int count) { takeRuns(points, count, line.scale); });
+    if (painter_->backgroundMode() == Qt::OpaqueMode)
+        fill(painter_->background().color(), pixels);
+    keepDots(pixels);
+    fill(color, pixels);
+}
+
+/// Of the whole line, as each dot depends on those before. A line to the left is followed from its right end on.
+void CurvePainter::takeRuns(const QPoint* points, int count, int scale)
+{
+    pixels_.assign(points, points + count);
+    for (QPoint& pixel : pixels_)
+        pixel = QPoint(rowOrColumn(pixel.x(), scale), rowOrColumn(pixel.y(), scale));
+    const bool isToTheLeft = count > 1 && pixels_.back().x() < pixels_.front().x();
+    if (isToTheLeft)
+        std::reverse(pixels_.begin(), pixels_.end());
+    const auto first = std::ptrdiff_t(runs_.size());
+    appendColumnRuns(runs_, pixels_.data(), count);
+    if (isToTheLeft)
+        std::reverse(runs_.begin() + first, runs_.end());
+}
+
+/// Leaves one pixel of the runs where a dot begins.
+void CurvePainter::keepDots(int width)
+{
+    dots_.clear();
+    bool falls = false;
+    int distance = 0; // to the next dot
+    for (std::size_t i = 0; i < runs_.size(); ++i) {
+        const auto [column, top, bottom] = runs_[i];
+        if (i + 1 < runs_.size())
+            falls = runs_[i + 1].top + runs_[i + 1].bottom > top + bottom;
+        const int length = bottom - top + 1;
+        for (; distance < length; distance += 3 * width) {
+            const int row = falls ? top + distance : bottom - distance;
+            dots_.push_back({column, row, row});
+        }
+        distance -= length;
+    }
+    runs_.swap(dots_);
 }
 
 void CurvePainter::drawWithQt(const DeviceLine& line, const QPen& pen, bool isSmooth)
@@ -116,6 +161,14 @@ std::pair<int, int> CurvePainter::pointsNear(const QPoint* points, int count, in
         std::lower_bound(first, points + count, (part_.right() + margin) * scale, isLeftOf);
     // A line depends on the one before it.
     return {std::max(int(first - points) - 2, 0), std::min(int(behind - points) + 2, count)};
+}
+
+void CurvePainter::fill(const QColor& color, int width)
+{
+    if (image_ && color.alpha() == 255)
+        fillImage(color, width);
+    else
+        fillRects(color, width);
 }
 
 void CurvePainter::fillRects(const QColor& color, int width)

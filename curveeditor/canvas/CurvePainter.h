@@ -50,9 +50,9 @@ struct DeviceLine
 
 /// Draws the lines of curves. Widths are logical pixels, of a line that is not smooth rounded to device pixels.
 ///
-/// Qt draws solid lines of more than one pixel up to a hundred times slower, so they are written as runs of pixels in
-/// each column, smooth ones with their coverage. Qt draws dotted lines, translucent ones that are not smooth, and
-/// smooth ones without an image to write into.
+/// Qt draws lines of more than one pixel, and wide dots, up to a hundred times slower, so they are written as runs of
+/// pixels in each column, smooth ones with their coverage. Qt draws dots of a single pixel, solid translucent lines that
+/// are not smooth, and smooth ones without an image to write into.
 class CurvePainter
 {
 public:
@@ -67,12 +67,17 @@ public:
     QPainter* painter() const { return painter_; }
 
     void drawSolid(const DeviceLine& line, const QColor& color, double width);
+    /// Dots as long as the line is wide, two of which would fit into each gap. The gaps get the painter's background if
+    /// its mode is opaque.
     void drawDotted(const DeviceLine& line, const QColor& color, double width);
 
 private:
     void drawSmooth(const DeviceLine& line, const QColor& color, double width);
     void drawWithQt(const DeviceLine& line, const QPen& pen, bool isSmooth);
     std::pair<int, int> pointsNear(const QPoint* points, int count, int margin, int scale) const;
+    void takeRuns(const QPoint* points, int count, int scale);
+    void keepDots(int width);
+    void fill(const QColor& color, int width);
     void fillRects(const QColor& color, int width);
     void fillImage(const QColor& color, int width);
 
@@ -81,6 +86,8 @@ private:
     QImage* image_ = nullptr;
     QRect part_;
     std::vector<ColumnRun> runs_;
+    std::vector<ColumnRun> dots_;
+    std::vector<QPoint> pixels_;
     SmoothStroke stroke_;
 };
 

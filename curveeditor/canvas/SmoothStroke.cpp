@@ -152,9 +152,13 @@ void SmoothStroke::fill(const QColor& color)
         const auto strip = std::size_t(column * stripsPerPixel - firstStrip_);
         float top = nowhere;
         float bottom = -nowhere;
+        float fullTop = -nowhere;
+        float fullBottom = nowhere;
         for (std::size_t k = strip; k < strip + stripsPerPixel; ++k) {
             raise(top, top_[k]);
             lower(bottom, bottom_[k]);
+            lower(fullTop, top_[k]);
+            raise(fullBottom, bottom_[k]);
         }
         top = std::max(top, firstOfPart);
         bottom = std::min(bottom, behindPart);
@@ -165,10 +169,24 @@ void SmoothStroke::fill(const QColor& color)
         for (std::size_t k = strip; k < strip + stripsPerPixel; ++k)
             addStretch(std::max(top_[k], firstOfPart), std::min(bottom_[k], behindPart));
         float share = 0.5f; // of 256, so that the fraction is rounded off
-        QRgb* pixel = pixels + firstRow * pitch + column;
-        for (int row = firstRow; row < behindRow; ++row, pixel += pitch) {
-            share += opacity * std::exchange(changes_[std::size_t(row)], 0.0f);
-            *pixel = blended(rgb, *pixel, quint32(share));
+        const auto blend = [&](int first, int behind) {
+            QRgb* pixel = pixels + first * pitch + column;
+            for (int row = first; row < behind; ++row, pixel += pitch) {
+                share += opacity * std::exchange(changes_[std::size_t(row)], 0.0f);
+                *pixel = blended(rgb, *pixel, quint32(share));
+            }
+        };
+        const int firstFull = int(std::clamp(std::ceil(fullTop), float(firstRow), float(behindRow)));
+        const int behindFull = int(std::clamp(std::floor(fullBottom), float(firstRow), float(behindRow)));
+        if (opacity < 256.0f || firstFull >= behindFull) {
+            blend(firstRow, behindRow);
+        } else {
+            blend(firstRow, firstFull);
+            QRgb* pixel = pixels + firstFull * pitch + column;
+            for (int row = firstFull; row < behindFull; ++row, pixel += pitch)
+                *pixel = rgb;
+            share += opacity * std::exchange(changes_[std::size_t(firstFull)], 0.0f);
+            blend(behindFull, behindRow);
         }
         changes_[std::size_t(behindRow)] = changes_[std::size_t(behindRow) + 1] = 0.0f;
     }

@@ -31,11 +31,17 @@ DeviceLine lineOf(const SplineSpecimen& specimen, double ratio, bool isSmooth, d
     return lineOf(spline, ratio, isSmooth, width);
 }
 
-/// Of one logical pixel.
-QImage dotted(const DeviceLine& line, double ratio)
+/// Of one logical pixel, with blue gaps; straight into the image or by Qt.
+QImage dotted(const DeviceLine& line, double ratio, bool isDirect = true,
+              const QRect& part = QRect(0, 0, 9999, 9999))
 {
     const auto draw = [&](QPainter& painter) {
-        CurvePainter(&painter, ratio).drawDotted(line, Qt::red, 1.0);
+        painter.setBackground(Qt::blue);
+        painter.setBackgroundMode(Qt::OpaqueMode);
+        CurvePainter curves(&painter, ratio);
+        if (isDirect)
+            curves.writeInto(static_cast<QImage*>(painter.device()), part);
+        curves.drawDotted(line, Qt::red, 1.0);
     };
     return drawn(size, draw, Qt::black, ratio);
 }
@@ -190,6 +196,7 @@ private Q_SLOTS:
         QVERIFY(qAbs(pale.pixelColor(100, 90).red() - 100) <= 1);
         for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
             const QRegion dots = placesOf(Qt::red, dotted(stairs, ratio));
+            QCOMPARE(dotted(stairs, ratio), dotted(stairs, ratio, false));
             for (const Draw& draw : {direct(stairs), byPainter(stairs)}) {
                 const QRegion solid = placesOf(Qt::red, drawn(size, draw, Qt::black, ratio));
                 QVERIFY(!dots.isEmpty() && dots.subtracted(solid).isEmpty());
@@ -200,8 +207,37 @@ private Q_SLOTS:
                 spline.addPoint(5.0, value);
                 const DeviceLine line = lineOf(spline, ratio, false);
                 QVERIFY(line.points.size() > 2);
-                QCOMPARE(ink(dotted(line, ratio)), 0.0);
+                QCOMPARE(dotted(line, ratio), drawn(
+                                                  size, [](QPainter&) {}, Qt::black, ratio));
                 QCOMPARE(ink(drawn(size, direct(line), Qt::black, ratio)), 0.0);
+            }
+        }
+    }
+
+    void dotsAreAsLongAsTheLineIsWideAndGapsTwiceThat()
+    {
+        for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
+            const int wide = qRound(ratio), first = -(wide / 2);
+            for (const auto& [from, to] : {std::pair(QPoint(9, 90), QPoint(300, 90)),
+                                           {{300, 90}, {9, 90}},
+                                           {{9, 90}, {40, 390}},
+                                           {{9, 390}, {40, 90}}}) {
+                DeviceLine line{{from, to}, 1, {}};
+                const QImage image = dotted(line, ratio);
+                const QRegion dots = placesOf(Qt::red, image), gaps = placesOf(Qt::blue, image);
+                const bool isLevel = from.y() == to.y(),
+                           isBack = isLevel ? from.x() > to.x() : from.y() > to.y();
+                for (int i = 3 * wide; i < 250; ++i) {
+                    const int at = (isLevel ? from.x() : from.y()) + (isBack ? -i - 1 + wide % 2 : i);
+                    const QRect place = isLevel ? QRect(at, 90 + first, 1, 1) : QRect(0, at, 99, 1);
+                    const bool isDot = (i - first) % (3 * wide) < wide;
+                    QCOMPARE(isDot ? dots.intersects(place) : !dots.intersects(place), true);
+                    QVERIFY(isDot || gaps.intersects(place));
+                }
+                line.scale = DeviceLine::fine;
+                for (QPoint& point : line.points)
+                    point = point * line.scale + QPoint(20, 20);
+                QVERIFY(ratio == 1.0 || dotted(line, ratio) == image);
             }
         }
     }
@@ -215,6 +251,9 @@ private Q_SLOTS:
             QVERIFY2(difference(drawn(size, direct(line, 2.5)), byQt) <= 0.06 * ink(byQt),
                      specimen.name.c_str());
             pixels += ink(byQt);
+            const QImage opaque = drawn(size, direct(line, 2.5));
+            const QImage nearly = drawn(size, direct(line, 2.5, opaque.rect(), QColor(255, 0, 0, 254)));
+            QVERIFY(difference(opaque, nearly) <= 0.01 * ink(opaque));
         }
         QVERIFY(pixels > 10000.0);
     }
@@ -225,10 +264,11 @@ private Q_SLOTS:
             const DeviceLine line{
                 {{0, 290}, {100, 20}, {130, 200}, {133, 199}, {135, 150}, {199, 10}}, scale, {}};
             const QSize half(100, 150);
-            const QImage whole = drawn(half, direct(line), Qt::black, 2.0);
+            const QImage whole = drawn(half, direct(line), Qt::black, 2.0), dots = dotted(line, 2.0);
             for (int left = 0; left < whole.width() - 3; ++left) {
                 const QRect rect(left, 5, 3, 280);
                 QCOMPARE(drawn(half, direct(line, 1.0, rect), Qt::black, 2.0).copy(rect), whole.copy(rect));
+                QCOMPARE(dotted(line, 2.0, true, rect).copy(rect), dots.copy(rect));
             }
         }
     }
