@@ -7,6 +7,7 @@
 #include <curveeditor/canvas/DependencyCheck.h>
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace curveeditor {
@@ -17,6 +18,11 @@ void setSelectedMark(const CurveNodeBase& curve, bool selected)
 {
     curve.getCanvasSpline()->selected = selected;
     curve.getCanvasExpression()->selected = selected;
+}
+
+bool isMultiple(const CanvasCurves::Nodes& nodes)
+{
+    return nodes.size() > 1 || (!nodes.empty() && nodes.front()->control().hasMultipleSelection());
 }
 
 } // namespace
@@ -112,11 +118,11 @@ CanvasCurves::Nodes CanvasCurves::inReach() const
     Nodes reach = currentSplineOnly();
     if (!editsAll_)
         return reach;
+    std::unordered_set<const SplineBase*> splines;
+    for (const CurveNodeBase* const curve : reach)
+        splines.insert(curve->getSpline());
     for (const auto& curve : curves_) {
-        const bool isThere = std::any_of(reach.begin(), reach.end(), [&curve](const CurveNodeBase* other) {
-            return other->getSpline() == curve->getSpline();
-        });
-        if (curve->isSpline() && curve->getSpline() && !isThere)
+        if (curve->isSpline() && curve->getSpline() && splines.insert(curve->getSpline()).second)
             reach.push_back(curve.get());
     }
     return reach;
@@ -141,16 +147,16 @@ CanvasCurves::Nodes CanvasCurves::selectedAnywhere() const
 
 bool CanvasCurves::hasMultipleSelection() const
 {
-    const Nodes nodes = selected();
-    return nodes.size() > 1 || (!nodes.empty() && nodes.front()->control().hasMultipleSelection());
+    return isMultiple(selected());
 }
 
 std::optional<AxisRange> CanvasCurves::selectedTimes() const
 {
-    if (!hasMultipleSelection())
+    const Nodes nodes = selected();
+    if (!isMultiple(nodes))
         return std::nullopt;
     AxisRange range = AxisRange::nothing();
-    for (const CurveNodeBase* const curve : selected()) {
+    for (const CurveNodeBase* const curve : nodes) {
         for (const double time : curve->control().selectedTimes())
             range.include(time);
     }
