@@ -83,6 +83,30 @@ DeviceLine lineThrough(const Samples& samples, const PlaneMapping& view, DeviceL
     return line;
 }
 
+/// What of `line` another one with as many points does not cover, with a point more on each side.
+DeviceLine uncovered(const DeviceLine& line, const DeviceLine& cover)
+{
+    DeviceLine parts = line;
+    parts.points.clear();
+    parts.gaps.clear();
+    const auto isCovered = [&](qsizetype i) {
+        return i < 0 || i >= line.points.size() || line.points[i] == cover.points[i];
+    };
+    bool isJoined = true;
+    auto gap = line.gaps.begin();
+    for (qsizetype i = 0; i < line.points.size(); ++i) {
+        for (; gap != line.gaps.end() && *gap <= i; ++gap)
+            isJoined = false;
+        const bool isHidden = isCovered(i - 1) && isCovered(i) && isCovered(i + 1);
+        if (!isHidden && !isJoined)
+            parts.gaps.push_back(int(parts.points.size()));
+        if (!isHidden)
+            parts.points.append(line.points[i]);
+        isJoined = !isHidden;
+    }
+    return parts;
+}
+
 bool meetsCanvas(const QRect& marker, const ViewPort& view)
 {
     return marker.right() > 0 && marker.left() < view.pixelWidth && marker.bottom() > 0 &&
@@ -133,7 +157,7 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     viewport = newViewport;
     if (std::exchange(view_, viewport->mapping()) != view_ || nodePixels.size() != pointCount())
         nodePixels.clear();
-    curveLine = rawLine = postLine = startLine_ = endLine_ = {};
+    curveLine = rawLine = postLine = startLine_ = endLine_ = outsideLine_ = {};
     isShown_ = pointCount() > 0 && viewport->canShow();
     if (!isShown_)
         return nodePixels.clear();
@@ -157,6 +181,10 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     const bool clampBites = std::any_of(samples.values.begin(), samples.values.end(),
                                         [&](double value) { return bounded(value) != value; });
     rawLine = clampBites ? lineThrough(samples, view, empty, [](double value) { return value; }) : curveLine;
+    // The solid line would cover an equal dotted one pixel for pixel, and dots are slow. Those of a single pixel are
+    // counted from the line's beginning.
+    if (rawLine != curveLine)
+        outsideLine_ = empty.dotPixels > 1 ? uncovered(rawLine, curveLine) : rawLine;
     if (goesOnBehindLast(spline.lastType) && right < viewport->timeMax) {
         const double start = std::max(viewport->timeMin, right);
         postLine = lineThrough(samplesBetween(spline, start, viewport->timeMax, viewSpan, theme_.smooth),
@@ -221,7 +249,7 @@ void CanvasSpline::draw(CurvePainter& curves, const Selection& selection, Spline
         return;
     const Indices marked = selection.indices(*spline_);
     if (!theme_.smooth)
-        drawMarkers(curves.painter(), marked);
+        drawMarkers(curves, marked);
     if (selected && !marked.empty())
         drawHandles(curves.painter(), marked, dragged);
     if (theme_.smooth)
@@ -259,9 +287,7 @@ void CanvasSpline::drawLines(CurvePainter& curves) const
     const QColor lead = selected ? selectedColor : unselectedColor;
     curves.drawDotted(startLine_, lead, theme_.dottedWidth);
     curves.drawDotted(endLine_, lead, theme_.dottedWidth);
-    // The solid line would cover an equal dotted one pixel for pixel, and dots are slow.
-    if (rawLine != curveLine)
-        curves.drawDotted(rawLine, unselectedColor, theme_.dottedWidth);
+    curves.drawDotted(outsideLine_, unselectedColor, theme_.dottedWidth);
     curves.drawSolid(curveLine, lead, selected ? theme_.curveWidth : theme_.otherCurveWidth);
 }
 
@@ -283,10 +309,10 @@ void CanvasSpline::visit(const Indices& marked, bool chosen, const Visit& point)
     }
 }
 
-void CanvasSpline::drawMarkers(QPainter* painter, const Indices& marked) const
+void CanvasSpline::drawMarkers(CurvePainter& curves, const Indices& marked) const
 {
     for (const bool chosen : {false, true}) {
-        MarkerColumn column(painter, {viewport->pixelWidth, viewport->pixelHeight},
+        MarkerColumn column(curves, {viewport->pixelWidth, viewport->pixelHeight},
                             chosen ? theme_.selectedPointSize : theme_.pointSize,
                             chosen ? theme_.controlPointSelected : theme_.controlPoint);
         visit(marked, chosen, [&](int index) { column.add(nodePixels[index]); });

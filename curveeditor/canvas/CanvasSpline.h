@@ -85,7 +85,7 @@ private:
     using Indices = std::vector<std::int32_t>;
 
     void placePoints(const TimeInterval& times);
-    void drawMarkers(QPainter* painter, const Indices& marked) const;
+    void drawMarkers(CurvePainter& curves, const Indices& marked) const;
     void drawSmoothMarkers(QPainter* painter, const Indices& marked) const;
     void drawHandles(QPainter* painter, const Indices& marked, SplineEdits::Part dragged) const;
     template <typename Visit> void visit(const Indices& marked, bool chosen, const Visit& point) const;
@@ -101,4 +101,5 @@ private:
     bool isShown_ = false;
     DeviceLine startLine_; ///< From the curve's start to the left edge.
     DeviceLine endLine_;
+    DeviceLine outsideLine_; ///< What of `rawLine` is drawn.
 };

@@ -48,6 +48,7 @@ DeviceLine DeviceLine::in(const CurveEditorTheme& theme, double pixelRatio)
 {
     DeviceLine line;
     line.scale = theme.smooth ? fine : 1;
+    line.dotPixels = penPixels(theme.dottedWidth, pixelRatio);
     line.widest =
         penPixels(std::max({theme.curveWidth, theme.otherCurveWidth, theme.dottedWidth}), pixelRatio);
     return line;
@@ -59,14 +60,15 @@ CurvePainter::CurvePainter(QPainter* painter, double pixelRatio) : painter_(pain
 
 void CurvePainter::writeInto(QImage* image, const QRect& part)
 {
-    image_ = image;
     part_ = part & image->rect();
+    pixels_ = reinterpret_cast<QRgb*>(image->bits());
+    pitch_ = image->bytesPerLine() / qsizetype(sizeof(QRgb));
     stroke_.setTarget(image, part_);
 }
 
 void CurvePainter::drawSolid(const DeviceLine& line, const QColor& color, double width)
 {
-    if (line.scale > 1 && image_)
+    if (line.scale > 1 && pixels_)
         return drawSmooth(line, color, width);
     const int pixels = penPixels(width, pixelRatio_);
     if (line.scale > 1) {
@@ -77,7 +79,7 @@ void CurvePainter::drawSolid(const DeviceLine& line, const QColor& color, double
         return drawWithQt(line, QPen(color, pixels), false);
     runs_.clear();
     forEachPiece(line, [this, pixels](const QPoint* points, int count) {
-        const auto [first, behind] = image_ ? pointsNear(points, count, pixels + 1, 1) : std::pair(0, count);
+        const auto [first, behind] = pixels_ ? pointsNear(points, count, pixels + 1, 1) : std::pair(0, count);
         appendColumnRuns(runs_, points + first, behind - first);
     });
     fill(color, pixels);
@@ -94,6 +96,8 @@ void CurvePainter::drawSmooth(const DeviceLine& line, const QColor& color, doubl
 
 void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color, double width)
 {
+    if (line.points.isEmpty())
+        return;
     const int pixels = penPixels(width, pixelRatio_);
     if (pixels == 1)
         return drawWithQt(line, QPen(color, line.scale, Qt::DotLine), line.scale > 1);
@@ -109,14 +113,14 @@ void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color, doubl
 /// Of the whole line, as each dot depends on those before. A line to the left is followed from its right end on.
 void CurvePainter::takeRuns(const QPoint* points, int count, int scale)
 {
-    pixels_.assign(points, points + count);
-    for (QPoint& pixel : pixels_)
+    path_.assign(points, points + count);
+    for (QPoint& pixel : path_)
         pixel = QPoint(rowOrColumn(pixel.x(), scale), rowOrColumn(pixel.y(), scale));
-    const bool isToTheLeft = count > 1 && pixels_.back().x() < pixels_.front().x();
+    const bool isToTheLeft = count > 1 && path_.back().x() < path_.front().x();
     if (isToTheLeft)
-        std::reverse(pixels_.begin(), pixels_.end());
+        std::reverse(path_.begin(), path_.end());
     const auto first = std::ptrdiff_t(runs_.size());
-    appendColumnRuns(runs_, pixels_.data(), count);
+    appendColumnRuns(runs_, path_.data(), count);
     if (isToTheLeft)
         std::reverse(runs_.begin() + first, runs_.end());
 }
@@ -165,7 +169,7 @@ std::pair<int, int> CurvePainter::pointsNear(const QPoint* points, int count, in
 
 void CurvePainter::fill(const QColor& color, int width)
 {
-    if (image_ && color.alpha() == 255)
+    if (pixels_ && color.alpha() == 255)
         fillImage(color, width);
     else
         fillRects(color, width);
@@ -188,18 +192,32 @@ void CurvePainter::fillImage(const QColor& color, int width)
 {
     const QRgb rgb = color.rgb();
     const int before = pixelsBefore(width);
-    const qsizetype pitch = image_->bytesPerLine() / qsizetype(sizeof(QRgb));
-    auto* const pixels = reinterpret_cast<QRgb*>(image_->bits());
     for (const ColumnRun& run : runs_) {
-        const int left = std::max(run.column - before, part_.left());
-        const int right = std::min(run.column - before + width, part_.right() + 1);
-        const int top = std::max(run.top - before, part_.top());
-        const int bottom = std::min(run.bottom - before + width, part_.bottom() + 1);
-        for (int row = top; row < bottom; ++row) {
-            for (int column = left; column < right; ++column)
-                pixels[row * pitch + column] = rgb;
-        }
+        const int height = run.bottom - run.top + width;
+        fillPixels(QRect(run.column - before, run.top - before, width, height), rgb);
     }
+}
+
+void CurvePainter::fillPixels(const QRect& rect, QRgb color)
+{
+    const int left = std::max(rect.left(), part_.left());
+    const int behind = std::min(rect.right(), part_.right()) + 1;
+    const int top = std::max(rect.top(), part_.top());
+    const int below = std::min(rect.bottom(), part_.bottom()) + 1;
+    for (int row = top; row < below; ++row) {
+        QRgb* const pixels = pixels_ + row * pitch_;
+        for (int column = left; column < behind; ++column)
+            pixels[column] = color;
+    }
+}
+
+void CurvePainter::fillRect(const QRect& rect, const QColor& color)
+{
+    const int ratio = qRound(pixelRatio_);
+    if (pixels_ && color.alpha() == 255 && ratio == pixelRatio_)
+        fillPixels(QRect(rect.topLeft() * ratio, rect.size() * ratio), color.rgb());
+    else
+        painter_->fillRect(rect, color);
 }
 
 } // namespace curveeditor

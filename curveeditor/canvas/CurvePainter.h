@@ -8,6 +8,7 @@
 
 #include <QPolygon>
 #include <QRect>
+#include <QRgb>
 
 #include <algorithm>
 #include <utility>
@@ -29,7 +30,8 @@ struct DeviceLine
     /// Indices in `points`, ascending and at most their number: where one stands, the point of that index is
     /// not joined to the one before.
     std::vector<int> gaps;
-    int widest = 1; ///< device pixels of the widest pen that the line is drawn with, if it is not smooth
+    int widest = 1;    ///< device pixels of the widest pen that the line is drawn with, if it is not smooth
+    int dotPixels = 1; ///< of the pen of its dotted parts
 
     /// An empty line in that look.
     static DeviceLine in(const CurveEditorTheme& theme, double pixelRatio);
@@ -70,6 +72,8 @@ public:
     /// Dots as long as the line is wide, two of which would fit into each gap. The gaps get the painter's background if
     /// its mode is opaque.
     void drawDotted(const DeviceLine& line, const QColor& color, double width);
+    /// A rectangle of logical pixels.
+    void fillRect(const QRect& rect, const QColor& color);
 
 private:
     void drawSmooth(const DeviceLine& line, const QColor& color, double width);
@@ -80,14 +84,16 @@ private:
     void fill(const QColor& color, int width);
     void fillRects(const QColor& color, int width);
     void fillImage(const QColor& color, int width);
+    void fillPixels(const QRect& rect, QRgb color);
 
     QPainter* painter_;
     double pixelRatio_;
-    QImage* image_ = nullptr;
+    QRgb* pixels_ = nullptr; ///< of the image, if there is one
+    qsizetype pitch_ = 0;    ///< from row to row
     QRect part_;
     std::vector<ColumnRun> runs_;
     std::vector<ColumnRun> dots_;
-    std::vector<QPoint> pixels_;
+    std::vector<QPoint> path_;
     SmoothStroke stroke_;
 };
 

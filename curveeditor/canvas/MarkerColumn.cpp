@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/MarkerColumn.h>
 
+#include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/canvas/HandleBatch.h>
-
-#include <QPainter>
 
 #include <algorithm>
 #include <utility>
 
 namespace curveeditor {
 
-MarkerColumn::MarkerColumn(QPainter* painter, const QSize& canvas, int size, const QColor& color)
-    : painter_(painter), canvas_(canvas), size_(size), color_(color), lowest_(canvas.height() + 2 * size),
+MarkerColumn::MarkerColumn(CurvePainter& curves, const QSize& canvas, int size, const QColor& color)
+    : curves_(curves), canvas_(canvas), size_(size), color_(color), lowest_(canvas.height() + 2 * size),
       rows_(std::size_t(lowest_) + 1, 0)
 {
 }
@@ -36,7 +35,7 @@ void MarkerColumn::flush()
     const auto fill = [&] {
         QRect square = markerSquare(QPoint(column_, first - size_), size_);
         square.setHeight(size_ + last - first);
-        painter_->fillRect(square, color_);
+        curves_.fillRect(square, color_);
     };
     for (int row = lowest_; row <= highest_; ++row) {
         if (!std::exchange(rows_[std::size_t(row)], 0))

@@ -7,16 +7,16 @@
 
 #include <vector>
 
-class QPainter;
-
 namespace curveeditor {
+
+class CurvePainter;
 
 /// Fills the squares that stand for points, column by column and each pixel of a column once, however many points stand
 /// there. Logical pixels. The painter outlives it.
 class MarkerColumn
 {
 public:
-    MarkerColumn(QPainter* painter, const QSize& canvas, int size, const QColor& color);
+    MarkerColumn(CurvePainter& curves, const QSize& canvas, int size, const QColor& color);
     ~MarkerColumn() { flush(); }
     Q_DISABLE_COPY_MOVE(MarkerColumn)
 
@@ -26,7 +26,7 @@ public:
 private:
     void flush();
 
-    QPainter* painter_;
+    CurvePainter& curves_;
     QSize canvas_;
     int size_;
     QColor color_;

@@ -134,15 +134,17 @@ struct Fixture
         selection.selectOnly(spline[index]->serial);
         return spline.modify(index);
     }
-    QImage shown()
+    QImage shown(bool isDirect = false)
     {
-        const auto draw = [this](QPainter& painter) {
+        const auto draw = [this, isDirect](QPainter& painter) {
             painter.setBackground(Qt::darkBlue);
             painter.setBackgroundMode(Qt::OpaqueMode);
-            CurvePainter curves(&painter, 1.0);
+            CurvePainter curves(&painter, view.pixelRatio);
+            if (isDirect)
+                curves.writeInto(static_cast<QImage*>(painter.device()), QRect(0, 0, 9999, 9999));
             picture.draw(curves, selection, dragged);
         };
-        return drawn(QSize(1000, 600), draw, Qt::darkBlue);
+        return drawn(QSize(1000, 600), draw, Qt::darkBlue, view.pixelRatio);
     }
     QRect boundsOf(const QColor& color) { return placesOf(color, shown()).boundingRect(); }
 
@@ -351,6 +353,14 @@ private Q_SLOTS:
         QCOMPARE(QPoint(f.picture.curveLine.points.first().y(), f.picture.curveLine.points.last().y()),
                  QPoint(400, 450));
         QVERIFY(f.boundsOf(f.picture.unselectedColor).height() > 200);
+        for (const double ratio : {1.0, 1.5, 2.0}) {
+            f.view.pixelRatio = ratio;
+            f.picture.rebuild(&f.view, -1e9f, 0.0f); // from time 7 on
+            const QRect dots = f.boundsOf(f.picture.unselectedColor);
+            QVERIFY(qAbs(dots.left() - 700 * ratio) < 12 * ratio && dots.right() > 990 * ratio);
+            QVERIFY(dots.bottom() < 300 * ratio && dots.top() < 230 * ratio);
+            QCOMPARE(f.shown(true), f.shown());
+        }
     }
 
     void markersCoverExactlyTheirRectangle()
