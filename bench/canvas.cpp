@@ -213,31 +213,44 @@ void dragStep(benchmark::State& state, const Content& content, bool formOpen = t
     }
 }
 
-/// What press and release cost in a curve of that many points, beside a repaint of it, which each of them does.
-void pressOrRelease(benchmark::State& state, bool isPress)
+void selectAllPoints(Scene& scene)
+{
+    std::vector<PointSerial> points;
+    for (const SplineBase::PointInfo* point : scene.spline().getControlPoints())
+        points.push_back(point->serial);
+    scene.canvas().canvas.currentControl()->selection().selectAll(points);
+}
+
+/// What press and release cost in a curve of that many points, one or all of which are dragged, beside a repaint of it,
+/// which each of them does.
+void pressOrRelease(benchmark::State& state, bool isPress, bool ofAll)
 {
     Scene scene(Content{.splines = 1, .points = int(state.range(0))});
     const QPoint start = scene.pixel(unsigned(state.range(0) / 2));
+    if (ofAll)
+        selectAllPoints(scene);
     for (auto _ : state) {
+        state.PauseTiming();
         if (!isPress) {
-            state.PauseTiming();
             scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
             scene.send(QEvent::MouseMove, start + QPoint(0, 20), Qt::LeftButton);
-            scene.send(QEvent::MouseMove, start, Qt::LeftButton);
-            state.ResumeTiming();
+            scene.send(QEvent::MouseMove, start + QPoint(0, 1), Qt::LeftButton);
         }
-        scene.send(isPress ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, start, Qt::LeftButton);
+        state.ResumeTiming();
+        if (isPress)
+            scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
+        else
+            scene.send(QEvent::MouseButtonRelease, start + QPoint(0, 1), Qt::LeftButton);
         scene.show();
+        state.PauseTiming();
+        if (isPress) {
+            scene.send(QEvent::MouseMove, start + QPoint(0, 1), Qt::LeftButton);
+            scene.send(QEvent::MouseButtonRelease, start + QPoint(0, 1), Qt::LeftButton);
+        }
+        state.ResumeTiming();
     }
 }
-void press(benchmark::State& state)
-{
-    pressOrRelease(state, true);
-}
-void release(benchmark::State& state)
-{
-    pressOrRelease(state, false);
-}
+
 void repaintOfOneCurve(benchmark::State& state)
 {
     Scene scene(Content{.splines = 1, .points = int(state.range(0))});
@@ -251,10 +264,7 @@ void dragOfAllPoints(benchmark::State& state)
 {
     Scene scene(
         Content{.splines = state.range(0) == pointCount ? curveCount : 1, .points = int(state.range(0))});
-    std::vector<PointSerial> points;
-    for (const SplineBase::PointInfo* point : scene.spline().getControlPoints())
-        points.push_back(point->serial);
-    scene.canvas().canvas.currentControl()->selection().selectAll(points);
+    selectAllPoints(scene);
     const QPoint start(800, 20);
     scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
     scene.show();
@@ -475,10 +485,12 @@ BENCHMARK_CAPTURE(dragStep, dense, dense)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, oneLong, oneLong)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, smoothBesideTheTable, Content(), true, Points)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, oneLongBesideTheTable, oneLong, true, Points)->Unit(benchmark::kMillisecond);
-BENCHMARK(press)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(release)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(pressOrRelease, press, true, false)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(pressOrRelease, release, false, false)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(pressOrRelease, pressOfAll, true, true)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(pressOrRelease, releaseOfAll, false, true)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
-BENCHMARK(dragOfAllPoints)->Arg(pointCount)->Arg(40000)->Unit(benchmark::kMillisecond);
+BENCHMARK(dragOfAllPoints)->Arg(pointCount)->Arg(40000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragOfAllCurves, smooth, Content())->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragOfAllCurves, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(undoOfAllCurves, smooth, Content())->Unit(benchmark::kMillisecond);
