@@ -27,6 +27,7 @@ constexpr double nodeMargin = 100.0;
 constexpr double shortestHandle = double(0.333f);
 constexpr double longestHandle = 1e6;
 constexpr double steepestSlope = 1e18;
+constexpr int mostHandlesInColumn = 16;
 
 QPoint nodePixel(const PlaneMapping& view, const SplineBase::PointInfo& point)
 {
@@ -335,7 +336,8 @@ void CanvasSpline::drawSmoothMarkers(QPainter* painter, const Indices& marked) c
     }
 }
 
-/// Points in one column share the dotted line through it: the last one draws it.
+/// Points in one column share the dotted line through it: the last one draws it. Of very many there not all show
+/// their handles.
 void CanvasSpline::drawHandles(QPainter* painter, const Indices& marked, SplineEdits::Part dragged) const
 {
     std::vector<int> shown;
@@ -344,16 +346,21 @@ void CanvasSpline::drawHandles(QPainter* painter, const Indices& marked, SplineE
             shown.push_back(index);
     });
     HandleBatch batch(painter, theme_);
+    int inColumn = 0;
     for (std::size_t i = 0; i < shown.size(); ++i) {
         const QPoint pixel = nodePixels[shown[i]];
-        if (i + 1 == shown.size() || nodePixels[shown[i + 1]].x() != pixel.x()) {
+        const bool isLastInColumn = i + 1 == shown.size() || nodePixels[shown[i + 1]].x() != pixel.x();
+        if (isLastInColumn) {
             batch.flush();
             painter->setPen(
                 QPen(theme_.guide.isValid() ? theme_.guide : theme_.controlPointSelected, 1, Qt::DotLine));
             painter->drawLine(pixel, QPoint(pixel.x(), 0));
             painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
         }
-        addHandles(batch, shown[i], dragged);
+        if (++inColumn <= mostHandlesInColumn || isLastInColumn)
+            addHandles(batch, shown[i], dragged);
+        if (isLastInColumn)
+            inColumn = 0;
     }
 }
 

@@ -182,8 +182,11 @@ void CurveEdit::Before::note()
         if (index >= 0)
             points.push_back({std::size_t(index), *present[std::size_t(index)]});
     }
-    std::sort(points.begin(), points.end(),
-              [](const PlacedPoint& left, const PlacedPoint& right) { return left.index < right.index; });
+    const auto isBefore = [](const PlacedPoint& left, const PlacedPoint& right) {
+        return left.index < right.index;
+    };
+    if (!std::is_sorted(points.begin(), points.end(), isBefore))
+        std::sort(points.begin(), points.end(), isBefore);
 }
 
 /// What the edit has done; what the host has changed beside its own points meanwhile is not in it.

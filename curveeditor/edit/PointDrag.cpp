@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/PointDrag.h>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace curveeditor {
 
 namespace {
 
 constexpr double scalePerView = 5.0;
+/// From one point of so many on it is faster to look at all points than to find the place of each.
+constexpr std::size_t shareMovedAtOnce = 64;
 
 } // namespace
 
@@ -22,7 +26,7 @@ PointDrag::PointDrag(const SplineBase& spline, const Selection& selection, Splin
         if (indices[i] < 0)
             continue;
         const SplineBase::PointInfo& point = *spline.getControlPoints()[std::size_t(indices[i])];
-        points_.push_back({serials[i], {point.time, point.pos}, point.time});
+        points_.push_back({serials[i], {point.time, point.pos}, point.time, indices[i]});
     }
 }
 
@@ -36,18 +40,63 @@ TimeInterval PointDrag::step(SplineBase& spline, const Place& place, bool scalin
     TimeInterval touched = influence(spline);
     if (isAtTangent())
         aim(spline, place);
+    else if (points_.size() <= spline.getControlPointsNumber() / shareMovedAtOnce ||
+             !moveInPlace(spline, place))
+        moveEach(spline, place);
+    touched.unite(influence(spline));
+    return touched;
+}
+
+void PointDrag::moveEach(SplineBase& spline, const Place& place)
+{
     for (Point& point : points_) {
         const std::int32_t index = indexOf(point, spline);
-        if (isAtTangent() || index < 0)
+        if (index < 0)
             continue;
-        const Place goal = target(point, place, view);
+        const Place goal = target(point, place, view_);
         SplineBase::PointInfo* const moved = spline.modify(static_cast<unsigned>(index));
         spline.setTime(moved, goal.time);
         spline.setPos(moved, goal.value);
         point.near = moved->time;
     }
-    touched.unite(influence(spline));
-    return touched;
+}
+
+/// Whether no point passes another one that stays, nor comes to lie on one behind it, so that all keep their indices.
+bool PointDrag::keepOrder(const SplineBase& spline, const std::vector<Place>& goals) const
+{
+    const auto& held = spline.getControlPoints();
+    for (std::size_t i = 0; i < goals.size(); ++i) {
+        const std::size_t index = std::size_t(points_[i].index);
+        const bool followsMoved = i > 0 && index == std::size_t(points_[i - 1].index) + 1;
+        const bool precedesMoved = i + 1 < goals.size() && index + 1 == std::size_t(points_[i + 1].index);
+        if ((i > 0 && points_[i - 1].index >= points_[i].index) || !std::isfinite(goals[i].time) ||
+            (followsMoved ? goals[i].time < goals[i - 1].time
+                          : index > 0 && goals[i].time < held[index - 1]->time) ||
+            (!precedesMoved && index + 1 < held.size() && goals[i].time >= held[index + 1]->time))
+            return false;
+    }
+    return true;
+}
+
+/// Moves all points at once, if that is the same as moving one after the other.
+bool PointDrag::moveInPlace(SplineBase& spline, const Place& place)
+{
+    std::vector<Place> goals;
+    for (Point& point : points_) {
+        point.index = indexOf(point, spline);
+        if (point.index < 0)
+            return false;
+        goals.push_back(target(point, place, view_));
+    }
+    if (!keepOrder(spline, goals))
+        return false;
+    for (std::size_t i = 0; i < goals.size(); ++i) {
+        SplineBase::PointInfo& moved = *spline.modify(points_[i].index);
+        moved.time = points_[i].near = goals[i].time;
+        spline.setPos(&moved, goals[i].value);
+    }
+    spline.mend();
+    return true;
 }
 
 std::vector<PointSerial> PointDrag::points() const
@@ -100,17 +149,28 @@ PointDrag::Place PointDrag::target(const Point& point, const Place& place, const
 
 std::int32_t PointDrag::indexOf(const Point& point, const SplineBase& spline)
 {
+    const SplineBase::PointInfo* const there = spline.getControlPoints().size() > std::size_t(point.index)
+                                                   ? spline.getControlPoints()[std::size_t(point.index)]
+                                                   : nullptr;
+    if (there && there->serial == point.serial)
+        return point.index;
     return spline.findIndex(point.serial, point.near);
 }
 
+/// Of two points the later one reaches as far to the right, and the earlier one to the left.
 TimeInterval PointDrag::influence(const SplineBase& spline) const
 {
-    TimeInterval interval;
+    std::int32_t first = std::numeric_limits<std::int32_t>::max();
+    std::int32_t last = -1;
     for (const Point& point : points_) {
         const std::int32_t index = indexOf(point, spline);
-        if (index >= 0)
-            interval.unite(influenceOf(spline, std::size_t(index)));
+        first = index < 0 ? first : std::min(first, index);
+        last = std::max(last, index);
     }
+    if (last < 0)
+        return {};
+    TimeInterval interval = influenceOf(spline, std::size_t(first));
+    interval.unite(influenceOf(spline, std::size_t(last)));
     return interval;
 }
 

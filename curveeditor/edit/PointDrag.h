@@ -44,13 +44,17 @@ private:
     struct Point
     {
         PointSerial serial = 0;
-        Place start;       ///< at the begin of the leg
-        double near = 0.0; ///< the time at which it was seen last
+        Place start;            ///< at the begin of the leg
+        double near = 0.0;      ///< the time at which it was seen last ...
+        std::int32_t index = 0; ///< ... and its index then
     };
 
     Place movedWith(const PlaneMapping& view) const;
     void beginLeg(const SplineBase& spline, const Place& anchor);
     Place target(const Point& point, const Place& place, const PlaneMapping& view) const;
+    void moveEach(SplineBase& spline, const Place& place);
+    bool moveInPlace(SplineBase& spline, const Place& place);
+    bool keepOrder(const SplineBase& spline, const std::vector<Place>& goals) const;
     static std::int32_t indexOf(const Point& point, const SplineBase& spline);
     TimeInterval influence(const SplineBase& spline) const;
     void aim(SplineBase& spline, const Place& place) const;

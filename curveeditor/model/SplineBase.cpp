@@ -635,9 +635,11 @@ void SplineBase::mend()
         renewCopiedSerials();
     if (isInOrder)
         return;
-    std::stable_sort(points_.begin(), points_.end(), [](const PointInfo* left, const PointInfo* right) {
+    const auto isEarlier = [](const PointInfo* left, const PointInfo* right) {
         return isEarlierPoint(*left, *right);
-    });
+    };
+    if (!std::is_sorted(points_.begin(), points_.end(), isEarlier))
+        std::stable_sort(points_.begin(), points_.end(), isEarlier);
     std::transform(points_.begin(), points_.end(), times_.begin(),
                    [](const PointInfo* point) { return point->time; });
 }

@@ -450,6 +450,39 @@ private Q_SLOTS:
         drag.step(f.spline, {1.5, 1.5}, true, view);
         QCOMPARE(f.spline.getControlPointsNumber(), 3u);
     }
+
+    /// A share of few points is moved one by one, a large one at once.
+    void manyPointsMoveAsFewDo()
+    {
+        std::mt19937 random(1);
+        const PlaneMapping view(0.0, 10.0, 0.0, 20.0, 100, 100);
+        for (int round = 0; round < 200; ++round) {
+            SplineBase one, other;
+            Selection selection;
+            std::vector<PointSerial> chosen;
+            for (int i = 1; i < 7; ++i)
+                one.addPoint(int(random() % 8), i);
+            other.assign(one.state());
+            for (int i = 0; i < 1000; ++i)
+                other.addPoint(1e6 + i, 0.0);
+            for (unsigned i = 0; i < 7; ++i) {
+                if (random() % 4 != 0)
+                    chosen.push_back(one[i]->serial);
+            }
+            selection.selectAll(chosen);
+            PointDrag drag(one, selection, SplineEdits::Part::Point, {0.0, 0.0}, view, true);
+            PointDrag same(other, selection, SplineEdits::Part::Point, {0.0, 0.0}, view, true);
+            for (int step = 0; step < 5; ++step) {
+                const PointDrag::Place place{double(random() % 9) - 4.0, double(step)};
+                const TimeInterval touched = drag.step(one, place, step == 3, view);
+                QCOMPARE(touched.first, same.step(other, place, step == 3, view).first);
+                for (const PointSerial point : chosen)
+                    QVERIFY(influenceOf(one, std::size_t(one.findIndex(point, 0.0))).last <= touched.last);
+                for (unsigned i = 0; i < 7; ++i)
+                    QVERIFY(isSamePoint(*one[i], *other[i]));
+            }
+        }
+    }
 };
 
 QTEST_MAIN(tst_CurveEdit)
