@@ -68,7 +68,7 @@ private Q_SLOTS:
         row("blanks in names, commas", ", key light ,Übergang\n0,1,2", "column1|key light|Übergang: 0 1 2");
         row("blanks in names, tabs", "t\tkey light, m\t\tb\t\n0\t1\t2\t\n", "t|key light, m|b: 0 1 2");
         row("no name, tabs", "\tb\n0\t1\n", "column1|b: 0 1");
-        row("quotes", "\"t\" ,\"a, \"\"b\"\" c\" , d\n0, \"1\",2", "t|a, \"b\" c|d: 0 1 2");
+        row("quotes", "\"t\" ,\"a,; \"\"b\"\" c\" , d\n0, \"1\",2", "t|a,; \"b\" c|d: 0 1 2");
 
         row("quotes at the end of a name", "\"*\",\"a \"\"\"\n0,1\n", "*|a \": 0 1");
         table("too small", "1e-400 1E-400\n", "0 0");

@@ -197,6 +197,11 @@ private Q_SLOTS:
         QTest::mouseMove(&line, QPoint(5, 60));
         QTest::mouseRelease(&line, Qt::LeftButton);
         QCOMPARE(line.reported.size(), 1U);
+        line.setText("2");
+        QTest::keyClicks(&line, "+"); // no number: a drag begins at the last one
+        QTest::mousePress(&line, Qt::LeftButton, {}, QPoint(5, 5));
+        QTest::mouseMove(&line, QPoint(5, 105));
+        QCOMPARE(line.text(), "0.500");
     }
 
     void spansOfBytesBecomeSpansOfCharacters()

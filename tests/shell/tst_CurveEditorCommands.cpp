@@ -107,8 +107,9 @@ private Q_SLOTS:
                 const double low = dialog.minX->text().toDouble();
                 const QString high = dialog.maxX->text();
                 dialog.minX->setText("1e400");
+                dialog.maxY->setText("");
                 dialog.allDone->click();
-                const bool isRefused = dialog.isVisible();
+                const bool isRefused = dialog.isVisible() && dialog.focusWidget() == dialog.minX;
                 dialog.minX->setText(typed[0]);
                 dialog.maxX->setText(typed[1]);
                 dialog.minY->setText(typed[2]);

@@ -173,9 +173,9 @@ private Q_SLOTS:
             leave();
             QVERIFY(line().text().isEmpty() && !line().font().italic());
             editor.renameCurve("A", "x", "w");
-            editor.renameCurve("A", "w", "x");
-            comeBack();
+            editor.setEditingNode("A.w");
             QVERIFY(line().text() == "2 T" && line().font().italic());
+            editor.renameCurve("A", "w", "x");
             end();
             leave();
             comeBack();

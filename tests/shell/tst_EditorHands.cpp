@@ -54,7 +54,7 @@ private Q_SLOTS:
         const ViewGestures row;
         row("wheel", true, true, true, wheel({0, 120}));
         row("wheel with Ctrl", true, false, true, wheel({0, 30}, ctrl));
-        row("wheel with Shift", false, true, true, wheel({0, -15}, shift));
+        row("wheel with Shift", false, true, true, wheel({-15, 0}, shift));
         row("huge wheel", true, true, true, wheel({0, 1 << 30}));
         row("wheel with Alt", false, false, true, wheel({0, 120}, alt));
         row("wheel at rest", false, false, true, wheel({}));

@@ -104,13 +104,23 @@ private Q_SLOTS:
             openContextMenu(s.canvas, {}, QContextMenuEvent::Keyboard);
             QCOMPARE(s.x.getControlPointsNumber(), 4u);
         });
+        row("menu opened by a key beside the view", 0, x, [](Scene& s) {
+            s.clickPoint().canvas.showView({6.0, 9.0, -3.0, 3.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
+            bool isOver = false;
+            whenOpen<ControlMenu>([&](ControlMenu& menu) {
+                isOver = s.canvas.rect().contains(s.canvas.mapFromGlobal(menu.pos()));
+                menu.close();
+            });
+            openContextMenu(s.canvas, {}, QContextMenuEvent::Keyboard);
+            QVERIFY(isOver);
+        });
         row("menu changes types", 1, x, [](Scene& s) { s.selectTwo().choose(1); });
         row("menu deletes", 1, x, [](Scene& s) { s.selectTwo().choose(ControlMenu::DeleteKey); });
         row("Delete", 1, x, [](Scene& s) { s.selectTwo().key(Qt::Key_Delete); });
         row("Delete without a selection", 0, x, [](Scene& s) { s.key(Qt::Key_Delete); });
         row("arrows", 0, {}, [](Scene& s) { s.key(Qt::Key_Right); });
         row("nudges", 2, x + x + x, [](Scene& s) {
-            s.clickPoint().key(Qt::Key_Right, alt);
+            s.clickPoint().key(Qt::Key_A, shift).key(Qt::Key_Right, alt);
             QCOMPARE(s.x[1]->time, 5.0 + 1.0 / s.canvas.fps);
             const double value = s.x[1]->pos;
             s.key(Qt::Key_Down, alt | shift);
@@ -136,7 +146,7 @@ private Q_SLOTS:
                 QApplication::setActiveWindow(&s.editor);
                 s.paste("7\t0\n9\t1,234\n", ctrl | shift);
                 whenOpen<QMessageBox>([&answer](QMessageBox& box) {
-                    QVERIFY(box.text().contains("2") && box.text().contains("    9     1.234\n"));
+                    QVERIFY(box.text().contains("2") && box.text().contains(":\n    9     1.234\n"));
                     QVERIFY(box.text().endsWith("    9     1234"));
                     for (QAbstractButton* const button : box.buttons()) {
                         if (button->text().remove('&') == answer)
@@ -199,9 +209,10 @@ private Q_SLOTS:
         });
         row("drag of two that snaps", 1, x, [](Scene& s) {
             s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames;
-            s.selectTwo().press(5.3, 1.0).move(6.32, 1.5, ctrl);
-            QCOMPARE(s.x[1]->time, 6.0);
-            s.release(6.32, 1.5);
+            s.editor.setFps(0.8);
+            s.selectTwo().press(6.6, 1.0).move(7.87, 1.5, ctrl);
+            QCOMPARE(s.x[1]->time, 6.25); // the nearer one
+            s.release(7.87, 1.5);
         });
         row("drag that begins with Ctrl", 1, x, [](Scene& s) {
             s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames;
@@ -318,6 +329,14 @@ private Q_SLOTS:
         row("reset twice", 1, x + x, [](Scene& s) { s.editor.resetSelectedF(), s.editor.resetSelectedF(); });
         row("reset all", 1, {"a/z", "a/y", "a/x"}, [](Scene& s) { s.editor.resetAllCheckedF(); });
         row("formula", 1, x, [](Scene& s) { s.enter("2 T"); });
+        row("formula in another variable of the host", 1, x, [](Scene& s) {
+            s.editor.cleanSelecteds();
+            s.editor.searchAllNodeList("a.x")->function = &s.curves["a.y"].expression;
+            for (const QString name : {"a.z", "a.y", "a.x"})
+                s.editor.setEditingNode(name);
+            s.enter("2 T");
+            QVERIFY(s.curves["a.y"].expression && !s.curves["a.x"].expression);
+        });
         row("the same formula again", 1, x + x, [](Scene& s) { s.enter("2 T").enter("2 T"); });
         row("drag of what is read by way of another", 2, {"a/y", "a/x"},
             [](Scene& s) { s.turnTo("a.y").enter("a.z").turnTo("a.x").drag(5.0, 1.0, 6.0, 2.0); });
@@ -399,6 +418,8 @@ private Q_SLOTS:
         row("band around nothing", "0,0 5,1 8,-1", 0, [](Scene& s) { s.drag(2.0, 2.5, 3.0, 2.0); });
         row("double click", "0,0 3,2.5 5,1 8,-1", 1,
             [](Scene& s) { s.mouse(doubleClick, s.pixel(3.0, 2.5)); });
+        row("double click with Shift", "0,0 5,1 8,-1", 0,
+            [](Scene& s) { s.mouse(doubleClick, s.pixel(3.0, 2.5), Qt::LeftButton, shift); });
         row("double click on a point", "0,0 [5,1] 8,-1", 0,
             [](Scene& s) { s.mouse(doubleClick, s.pixel(5.0, 1.0)); });
         row("double click picks a formula", "0,0 5,1 8,-1 a.z", 0, [](Scene& s) {

@@ -65,6 +65,8 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), s.editor.node);
         QTest::keyClick(s.editor.node, Qt::Key_Backtab);
         QCOMPARE(QApplication::focusWidget(), &s.canvas);
+        QTest::mouseClick(&s.canvas, Qt::LeftButton, Qt::ShiftModifier, s.pixel(0.0, 0.0));
+        QCOMPARE(s.editor.node->text(), "1"); // of several points the last that was alone is shown
     }
 
     void fitShowsTheCurrentCurve()
