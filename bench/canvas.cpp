@@ -442,8 +442,8 @@ void sensorTable(benchmark::State& state)
     }
 }
 
-/// The dialog stands on the screen while a thousand curves come onto its canvas one by one.
-void openingCurvesOneByOne(benchmark::State& state)
+/// The dialog stands on the screen while a thousand curves come onto its canvas, with events between them or without.
+void openingCurves(benchmark::State& state, bool oneByOne)
 {
     std::vector<SplineBase> splines(1000);
     std::vector<FunctionFloatBase*> expressions(splines.size(), nullptr);
@@ -458,7 +458,8 @@ void openingCurvesOneByOne(benchmark::State& state)
             const QString name = QString::number(i);
             editor.addCurve("Bench", name, Qt::red, 0.0f, &splines[i], &expressions[i], -10.0f, 10.0f);
             editor.setDefaultSelected("Bench", name);
-            QApplication::processEvents();
+            if (oneByOne)
+                QApplication::processEvents();
         }
     }
 }
@@ -511,7 +512,8 @@ BENCHMARK(wheelStep)->Unit(benchmark::kMillisecond);
 BENCHMARK(paste)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(openingTheTable)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(viewChangeWithALargePicture)->Unit(benchmark::kMillisecond);
-BENCHMARK(openingCurvesOneByOne)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openingCurves, oneByOne, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openingCurves, atOnce, false)->Unit(benchmark::kMillisecond);
 BENCHMARK(sensorTable)->Unit(benchmark::kMillisecond);
 
 } // namespace
