@@ -70,13 +70,6 @@ private:
     std::mt19937 source_;
 };
 
-struct HostCurve
-{
-    ~HostCurve() { delete expression; }
-    SplineBase spline;
-    FunctionFloatBase* expression = nullptr;
-};
-
 /// Two editors over the same curves, and their host.
 class Playground
 {

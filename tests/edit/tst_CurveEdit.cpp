@@ -6,10 +6,6 @@
 #include <support/CountedNode.h>
 #include <support/Test.h>
 
-using namespace curveeditor;
-
-namespace {
-
 std::unique_ptr<FunctionFloatBase> parsed(const char* text)
 {
     ParseMessage message;
@@ -66,8 +62,6 @@ bool isSame(const SplineBase& left, const SplineBase& right)
     SplineBase::save(right, texts[1]);
     return texts[0].str() == texts[1].str();
 }
-
-} // namespace
 
 class tst_CurveEdit : public QObject
 {

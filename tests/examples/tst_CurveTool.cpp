@@ -4,8 +4,6 @@
 
 #include <iterator>
 
-namespace {
-
 const QByteArray spline = "1\n2\n3\n0\nspline 0 3 0.5\n0 1 0 0 0 0 0 0 0 0\n4 3 0 0 0 0 0 0 0 0\nend\n";
 const QByteArray formula = "1\n2\n3\n1\nlog(t)+0*f\n";
 const QByteArray table = "s,key light,b\n0,1,5\n2,3,7\n";
@@ -25,8 +23,6 @@ QByteArray altered(QByteArray text, const char* part, const char* replacement = 
 {
     return text.replace(part, replacement);
 }
-
-} // namespace
 
 /// Runs commands on what stands on standard input.
 class tst_CurveTool : public QObject
@@ -54,8 +50,7 @@ private Q_SLOTS:
                    "curve 1: '1' 1 to 3\n");
         row("sample by count", spline, "sample - --from -1 --to 4 --count 3", "-1\t0\n1.5\t1.75\n4\t3\n");
         row("sample by step", spline, "sample - --step=1.5", "0\t1\n1.5\t1.75\n3\t2.5\n");
-        row("steps end exactly", spline, "sample - --to 0.3 --step 0.1",
-            "0\t1\n0.1\t1.05\n0.2\t1.1\n0.3\t1.15\n");
+        row("exact end", spline, "sample - --to 0.3 --step 0.1", "0\t1\n0.1\t1.05\n0.2\t1.1\n0.3\t1.15\n");
         row("sample a gap", formula, "sample - --from -1 --to 1 --step 1", "-1\tnan\n0\t-inf\n1\t0\n");
         row("frames", "0 0 0\n1\nf", "sample - --format crv --from 2 --to 2 --fps 24", "2\t48\n");
         row("sample a table", table, "sample - --curve b", "0\t5\n2\t7\n");
@@ -71,13 +66,11 @@ private Q_SLOTS:
         row("table to curve", table, "convert - - --curve b",
             "255\n255\n255\n0\nspline 1 1 0\n0 5 0 0 0 0 0 0 0 0\n2 7 0 0 0 0 0 0 0 0\nend\n");
         row("curve stays", spline, "convert - - --output-format crv", spline);
-        row("table to sensor table", "t a\n-0.5 0.5\n2.9 3.9\n", "convert - - --output-format sensor",
-            sensor);
+        row("to sensor table", "t a\n-0.5 0.5\n2.9 3.9\n", "convert - - --output-format sensor", sensor);
         row("a gap in a sensor table", formula, "convert - - --output-format sensor --from 0 --to 2 --fps 1",
             altered(altered(altered(sensor, "1.000000", "-inf"), "2.000000", "0.000000"), "3.000000",
                     "0.693147"));
-        row("sensor table to table", sensor, "convert - - --output-format table",
-            "time\tcolumn2\n0\t1\n1\t2\n2\t3\n");
+        row("sensor table", sensor, "convert - - --output-format table", "time\tcolumn2\n0\t1\n1\t2\n2\t3\n");
         row("spectra to table", spectra, "convert - - --output-format table",
             "nm\t\"dark skin\"\t\"../x\"\n380\t0.5\t2\n390\t1\t3\n");
         row("simplify a table", "0 5\n1 5\n2 5\n", "simplify - -o - --tolerance 0",
@@ -104,16 +97,14 @@ private Q_SLOTS:
         row("decimal comma or not", "t;v\n0;1,234\n",
             ":2: '1,234' can be read in two ways: the comma may be the decimal sign or not; say --decimal "
             "comma");
-        row("no such sign", "0 1\n", "--decimal: 'dot' is neither comma nor point", "info - --decimal dot",
-            2);
+        row("bad sign", "0 1\n", "--decimal: 'dot' is neither comma nor point", "info - --decimal dot", 2);
         row("times repeat", "0 1\n2 0\n0 1\n", ":3: time 0 is there twice");
         row("endless line", QByteArray(17 << 20, 'x'), ":1: the line is longer than 16 MiB");
         row("truncated sensor table", altered(sensor, "2,\t3.000000,\t\n"),
             ":10: the head announces 3 rows, but there are 2");
         row("truncated spectra", altered(spectra, "END_DATA\n"), ":8: the file ends before END_DATA");
         row("lost row", altered(spectra, "2 \"../x\" 2 3\n"), ":8: NUMBER_OF_SETS is 2, but there are 1");
-        row("wrong band", altered(lamp, "SPEC_383", "SPEC_384"),
-            "the field 'SPEC_384' should be at 382.5 nm");
+        row("bad band", altered(lamp, "SPEC_383", "SPEC_384"), "the field 'SPEC_384' should be at 382.5 nm");
         row("no band", altered(altered(lamp, "SPEC_383"), " 2"), "SPECTRAL_BANDS is 3");
         row("wavelengths descend", altered(spectra, "nm390", "nm370"), ":6: wavelength 370 comes after 380");
         row("truncated curve", altered(spline, "end\n"), "standard input:8: the file ends too early");

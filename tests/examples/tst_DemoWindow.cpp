@@ -9,8 +9,6 @@
 #include <curveeditor/shell/FunctionEditor.h>
 #include <support/Test.h>
 
-namespace {
-
 constexpr double fps = 24.0;
 
 QTreeWidgetItem* rowOf(CurveList* list, const QString& fullName)
@@ -22,8 +20,6 @@ QTreeWidgetItem* rowOf(CurveList* list, const QString& fullName)
     }
     return nullptr;
 }
-
-} // namespace
 
 class tst_DemoWindow : public QObject
 {

@@ -20,8 +20,7 @@ private Q_SLOTS:
         const QPoint point(canvas->width() / 4, canvas->height() / 10); // of the curve y, at 2.5 and 0.8
         QTest::mousePress(canvas, Qt::LeftButton, {}, point);
         const QPointF place = point + QPoint(40, 60);
-        QMouseEvent move(QEvent::MouseMove, place, canvas->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
-                         {});
+        QMouseEvent move(QEvent::MouseMove, place, canvas->mapToGlobal(place), {}, Qt::LeftButton, {});
         QApplication::sendEvent(canvas, &move);
         QVERIFY(stage->grab().toImage() != before);
         QTest::mouseRelease(canvas, Qt::LeftButton, {}, place.toPoint());
@@ -44,7 +43,7 @@ private Q_SLOTS:
             MainWindow window;
             window.show();
             QVERIFY(QTest::qWaitForWindowActive(&window));
-            QWidget* const focus =
+            auto* const focus =
                 isOutside ? window.centralWidget() : window.findChild<QWidget*>("functionEdit");
             QTest::mouseClick(focus, Qt::LeftButton, {}, {5, 5});
             QVERIFY(focus->hasFocus());

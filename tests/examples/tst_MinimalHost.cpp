@@ -4,15 +4,10 @@
 #include <examples/minimal_host/main.cpp>
 #undef main
 
-#include <QtTest>
-#include <QtWidgets>
+#include <support/Test.h>
 
-#include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <unistd.h>
-
-namespace {
 
 void drive()
 {
@@ -36,8 +31,6 @@ void driveSoon()
     QTimer::singleShot(0, qApp, &drive);
 }
 Q_COREAPP_STARTUP_FUNCTION(driveSoon)
-
-} // namespace
 
 int main(int argc, char* argv[])
 {

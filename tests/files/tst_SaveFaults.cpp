@@ -10,8 +10,6 @@
 
 #include <sys/stat.h>
 
-using namespace curveeditor;
-
 namespace {
 
 constexpr int longestSave = 60000; // milliseconds

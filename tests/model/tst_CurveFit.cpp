@@ -3,7 +3,6 @@
 #include <support/Test.h>
 
 #include <future>
-#include <numeric>
 
 using CurveFit::Options;
 using CurveFit::Result;
@@ -51,8 +50,7 @@ private Q_SLOTS:
             [](double t) { return 1.217 * bell(t, 77.0, 11.8, 36.0) + 0.681 * bell(t, 99.0, 26.0, 13.8); },
             471);
         const Numbers triangle = sampled([](double t) { return std::abs(std::remainder(t, 200.0)); }, 1001);
-        const Numbers square =
-            sampled([](double t) { return std::fmod(t, 200.0) < 100.0 ? 1.0 : 0.0; }, 1000);
+        const Numbers square = sampled([](double t) { return double(std::fmod(t, 200.0) < 100.0); }, 1000);
         const Fits row;
         row("one sample", {4.0}, {5.0}, 0.0, 1);
         row("two samples", {4.0, 6.0}, {5.0, -5.0}, 0.0, 2);
@@ -69,8 +67,7 @@ private Q_SLOTS:
         row("steps", wholeTimes(1000), square, 0.001, 20);
         row("noise", wholeTimes(2000), noise(2000), 1.0, 2000);
         row("within the noise", wholeTimes(2000), noise(2000), 600.0, 40);
-        row("step in time", {0.0, 1.0, 2.0, 2.0, 2.0, 3.0, 4.0}, {0.0, 1.0, 2.0, 9.0, 5.0, 4.0, 3.0}, 1e-9,
-            4);
+        row("time step", {0.0, 1.0, 2.0, 2.0, 2.0, 3.0, 4.0}, {0.0, 1.0, 2.0, 9.0, 5.0, 4.0, 3.0}, 1e-9, 4);
         row("steps at both ends", {1.0, 1.0, 2.0, 2.0}, {0.0, 1.0, 1.0, 3.0}, 0.0, 4);
         row("gaps", {0.0, notANumber, 1.0, infinity, 2.0}, {0.0, 7.0, notANumber, 7.0, 2.0}, 0.0, 2);
         row("huge numbers", {-huge, 0.0, 1.0, 2.0, huge}, {-huge, huge, -huge, huge, 1.0}, 1.0, 5);

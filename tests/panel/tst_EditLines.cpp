@@ -5,11 +5,7 @@
 #include <support/Drop.h>
 #include <support/Test.h>
 
-using namespace curveeditor;
-
 using Values = std::vector<double>;
-
-namespace {
 
 /// A line with bounds of -10 and 10 that notes the numbers it reports.
 struct NotingLine : CustomEditLine
@@ -25,8 +21,6 @@ struct NotingLine : CustomEditLine
     }
     Values reported;
 };
-
-} // namespace
 
 static ParseMessage messageOf(const std::string& text, std::uint32_t offset, std::uint32_t length)
 {

@@ -3,11 +3,16 @@
 
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
+#include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/FunctionEditor.h>
+#include <curveeditor/shell/PanDialog.h>
+#include <curveeditor/shell/ScaleDialog.h>
+#include <curveeditor/shell/ViewportSettings.h>
 
 #include <support/Drop.h>
 #include <support/Test.h>

@@ -4,12 +4,9 @@
 #include "EditorFixture.h"
 
 #include <curveeditor/canvas/ControlMenu.h>
-#include <curveeditor/model/CurveVariables.h>
-#include <curveeditor/panel/ExpressionEditLine.h>
 #include <support/CountedNode.h>
 
 inline constexpr auto ctrl = Qt::ControlModifier, shift = Qt::ShiftModifier, alt = Qt::AltModifier;
-inline constexpr auto doubleClick = QEvent::MouseButtonDblClick;
 
 /// An editor with three curves: the spline "a.x", which is current, with points at (0, 0), (5, 1) and (8, -1), the
 /// spline "a.y", and "a.z", a formula that reads "a.x". The operations are what a user does.
@@ -80,22 +77,16 @@ struct Scene : EditorFixture
     {
         return mouse(QEvent::MouseButtonRelease, pixel(t, v), button);
     }
+    Scene& click(double t, double v) { return press(t, v).release(t, v); }
+    Scene& doubleClick(double t, double v) { return mouse(QEvent::MouseButtonDblClick, pixel(t, v)); }
     Scene& drag(double t, double v, double toTime, double toValue, Qt::KeyboardModifiers keys = {},
                 Qt::MouseButton button = Qt::LeftButton)
     {
         press(t, v, {}, button).move((t + toTime) / 2.0, v, keys, button);
         return move(toTime, toValue, keys, button).release(toTime, toValue, button);
     }
-    Scene& key(Qt::Key key, Qt::KeyboardModifiers keys = {})
-    {
-        EditorFixture::key(key, keys);
-        return *this;
-    }
-    Scene& clickPoint()
-    {
-        EditorFixture::clickPoint();
-        return *this;
-    }
+    Scene& key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { return EditorFixture::key(key, keys), *this; }
+    Scene& clickPoint() { return EditorFixture::clickPoint(), *this; }
     Scene& selectTwo()
     {
         clickPoint().press(8.0, -1.0, Qt::ShiftModifier);
@@ -103,11 +94,7 @@ struct Scene : EditorFixture
         return *this;
     }
     /// Makes the curve the current one.
-    Scene& turnTo(const QString& curve)
-    {
-        canvas.canvas.setCurrentCurve(curve);
-        return *this;
-    }
+    Scene& turnTo(const QString& curve) { return canvas.canvas.setCurrentCurve(curve), *this; }
     static void whenMenuOpens(int id)
     {
         whenOpen<ControlMenu>([id](ControlMenu& menu) {

@@ -1,19 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/canvas/CurveNodeBase.h>
+#include "EditorFixture.h"
+
 #include <curveeditor/files/NumberText.h>
-#include <curveeditor/panel/CustomEditLine.h>
-#include <curveeditor/panel/EditingList.h>
-#include <curveeditor/shell/CurveEditor.h>
-#include <curveeditor/shell/FunctionEditor.h>
-
-#include <QtWidgets>
-
-#include <algorithm>
-#include <cmath>
-
-using namespace curveeditor;
 
 /// What holds of a visible editor whenever no event is under way, as text for what does not; empty if all holds.
 class Invariants

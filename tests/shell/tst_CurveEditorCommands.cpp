@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
-#include <curveeditor/shell/PanDialog.h>
-#include <curveeditor/shell/ViewportSettings.h>
-
 #include <cerrno>
 
 #include <sys/stat.h>
@@ -160,23 +157,21 @@ private Q_SLOTS:
 
     void savedCurveComesBack()
     {
-        choose(folder.filePath("Take One"));
-        fixture->editor.saveFile();
+        choose(folder.filePath("Take One"), &CurveEditor::saveFile);
         fixture->curves["cam.lens"].spline.reset();
-        choose(folder.filePath("take one.crv"));
-        fixture->editor.loadFile();
+        choose(folder.filePath("take one.crv"), &CurveEditor::loadFile);
         QCOMPARE(fixture->curves["cam.lens"].spline(5.0), 1.0);
         QCOMPARE(fixture->changes, QStringList{"cam/lens"});
-        choose(folder.filePath("take one.crv"), [this] { fixture->open("cam.focus"); });
-        fixture->editor.loadFile(); // not into a curve that became current meanwhile
+        choose(folder.filePath("take one.crv"),
+               &CurveEditor::loadFile, // not into what became current meanwhile
+               [this] { fixture->open("cam.focus"); });
         QCOMPARE(fixture->changes, QStringList{"cam/lens"});
     }
 
     void fileThatIsNoCurveIsRefused()
     {
         const QString path = written(folder, "broken.crv", "255\n0\n0\n0\n3 points");
-        choose(path);
-        fixture->editor.loadFile();
+        choose(path, &CurveEditor::loadFile);
         QVERIFY(closeBox().contains(path) && fixture->changes.isEmpty());
         QCOMPARE(fixture->curves["cam.lens"].spline.getControlPointsNumber(), 2U);
         fixture->editor.cleanSelecteds();
@@ -187,13 +182,11 @@ private Q_SLOTS:
     {
         fixture->editor.setMinValue(-3.0);
         fixture->editor.setMaxValue(3.0);
-        choose(written(folder, "picture.ppm", "P6 1 1 255 \x10\x20\x30"));
-        fixture->editor.loadImage();
+        choose(written(folder, "picture.ppm", "P6 1 1 255 \x10\x20\x30"), &CurveEditor::loadImage);
         const QImage shown = fixture->canvas.grab().toImage();
         QCOMPARE(shown.pixelColor(20, 20), QColor(0x10, 0x20, 0x30));
         const QString path = written(folder, "broken.jpg", "no picture");
-        choose(path);
-        fixture->editor.loadImage();
+        choose(path, &CurveEditor::loadImage);
         QVERIFY(closeBox().contains(path));
         QCOMPARE(fixture->canvas.grab().toImage(), shown);
         fixture->editor.clearImage();
@@ -203,14 +196,12 @@ private Q_SLOTS:
     void failedSaveIsReported()
     {
         QVERIFY(QDir(folder.path()).mkdir("scene.crv"));
-        choose(folder.filePath("Scene"), [] {
+        choose(folder.filePath("Scene"), &CurveEditor::saveFile, [] {
             whenOpen<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
         });
-        fixture->editor.saveFile();
         QCOMPARE(closeBox(), "The curve could not be saved to " + folder.filePath("scene.crv") + ".");
         diskIsFaulty = true;
-        choose(folder.filePath("safe"));
-        fixture->editor.saveFile();
+        choose(folder.filePath("safe"), &CurveEditor::saveFile);
         diskIsFaulty = false;
         QCOMPARE(closeBox(), "The curve was saved to " + folder.filePath("safe.crv") +
                                  ", but is perhaps not yet on the disk.");
@@ -220,24 +211,24 @@ private Q_SLOTS:
     {
         for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
             QFile file(written(folder, "take.crv", "old"));
-            choose(folder.filePath("Take"), [answer] {
+            choose(folder.filePath("Take"), &CurveEditor::saveFile, [answer] {
                 whenOpen<QMessageBox>([answer](QMessageBox& box) { box.button(answer)->click(); });
             });
-            fixture->editor.saveFile();
             QVERIFY(file.open(QIODevice::ReadOnly));
             QCOMPARE(file.readAll() == "old", answer == QMessageBox::No);
         }
     }
 
 private:
-    /// Types the path into the file dialog that opens next; `follow` prepares for what follows.
-    static void choose(const QString& path, const std::function<void()>& follow = nullptr)
+    /// Types the path into the file dialog that the command opens; `follow` prepares for what follows.
+    void choose(const QString& path, void (CurveEditor::*command)(), const std::function<void()>& follow = {})
     {
         whenOpen<QFileDialog>([path, follow](QFileDialog& dialog) {
             if (follow)
                 follow();
             typePath(dialog, path);
         });
+        (fixture->editor.*command)();
     }
 
     QTemporaryDir folder;

@@ -3,7 +3,14 @@
 
 #include <curveeditor/panel/EditingListPanel.h>
 
-using namespace curveeditor;
+struct TreeScene : EditorFixture
+{
+    TreeScene() : EditorFixture(QStringList())
+    {
+        for (const char* name : {"a.x", "ba.x", "a.b.y", "a.long name"})
+            add(name);
+    }
+};
 
 class tst_CurveEditorEditing : public QObject
 {
@@ -122,6 +129,108 @@ private Q_SLOTS:
         fixture->editor.setDefaultSelected("cam", "lens");
         fixture->clickPoint();
         QCOMPARE(fixture->changes, QStringList({"cam/lens", "cam/lens"})); // opened twice, heard twice
+    }
+
+    void namesThatAreKnownOrUnknownChangeNothing()
+    {
+        TreeScene s;
+        CurveEditor& editor = s.editor;
+        HostCurve other;
+        editor.addCurve("a", "x", Qt::red, 1, &other.spline, &other.expression, 0, 1);
+        editor.addCurve("a", "n", Qt::red, 1, nullptr, &other.expression, 0, 1);
+        for (const QString& name : {QString(), QString("b"), QString("A"), QString(70000, '.')}) {
+            editor.removeNode(name);
+            editor.removeCurve(name, "x");
+            editor.renameNode(name, "c");
+            editor.renameCurve("a", name, "z");
+            editor.setEditingNode(name);
+        }
+        QCOMPARE(editor.searchAllNodeList("a.x")->spline, &s.curves["a.x"].spline);
+        QCOMPARE(s.texts(s.menu("D vars")), QStringList({"a", "ba", "a.b"}));
+        QCOMPARE(s.texts(s.submenu("D vars", 0)), QStringList({"a.x", "a.long_name"}));
+    }
+
+    void removedCurvesLeaveTheCanvasAndComeBack()
+    {
+        TreeScene s;
+        for (const char* name : {"ba.x", "a.b.y", "a.x"})
+            s.editor.setEditingNode(name);
+        s.clickPoint();
+        s.editor.removeNode("a");
+        QCOMPARE(s.texts(s.menu("D vars")), QStringList({"ba", "a.b"}));
+        QCOMPARE(s.list.topLevelItemCount(), 1);
+        QCOMPARE(s.list.selectedItem()->text(0), "ba.x");
+        QVERIFY(!s.canvas.nodeForm.isActive());
+        s.open("a.x");
+        QCOMPARE(s.current(), "a.x");
+    }
+
+    void rowsOfAHostsOwnListStandForCurves()
+    {
+        TreeScene s;
+        CurveEditor& editor = s.editor;
+        QTreeWidget list;
+        auto* const group = new QTreeWidgetItem(&list, {"a"});
+        auto* const row = new QTreeWidgetItem(group, {"a.x"});
+        editor.searchMainNode("a")->item = group;
+        editor.searchAllNodeList("a.x")->checkItem = row;
+        for (QTreeWidgetItem* const item : {static_cast<QTreeWidgetItem*>(nullptr), group, row}) {
+            QCOMPARE(s.current(), "None");
+            editor.doubleClickedItem(item, {}, 0);
+            if (item == row)
+                whenOpen<QColorDialog>([](QColorDialog& dialog) {
+                    QCOMPARE(dialog.currentColor(), QColor(Qt::green));
+                    dialog.setCurrentColor(Qt::red);
+                    dialog.accept();
+                });
+            editor.rightButtonPressedItem(item, {}, 0);
+        }
+        QCOMPARE(s.canvas.canvas.findCurve("a.x")->getColor(), QColor(Qt::red));
+        QPixmap picture(8, 8);
+        picture.fill(Qt::blue);
+        for (const char* const name : {"none", "a", "ba"})
+            editor.setMainNodePixmap(name, picture);
+        QVERIFY(!group->icon(0).isNull());
+    }
+
+    void longMenusScrollInOneColumn()
+    {
+        TreeScene s;
+        for (int i = 0; i < 200; ++i)
+            s.open(QStringLiteral("a.curve %1").arg(i));
+        for (QMenu* const menu : {s.menu("Curves"), s.submenu("D vars", 0)}) {
+            menu->popup({});
+            QCOMPARE(menu->actionGeometry(menu->actions().last()).left(),
+                     menu->actionGeometry(menu->actions().first()).left());
+            QVERIFY(menu->height() <= menu->screen()->geometry().height());
+            menu->close();
+        }
+    }
+
+    void renamesReachEveryPlace()
+    {
+        TreeScene s;
+        CurveEditor& editor = s.editor;
+        editor.setEditingNode("a.x");
+        int told = 0;
+        connect(&editor, &CurveEditor::currentCurveChanged, [&told] { ++told; });
+        const auto check = [&s](QString fullName) {
+            QCOMPARE(s.current(), fullName);
+            QCOMPARE(s.list.selectedItem()->text(0), fullName);
+            QCOMPARE(s.list.selectedItem()->toolTip(0), fullName);
+            QCOMPARE(s.texts(s.menu("Curves")), QStringList{fullName});
+            QCOMPARE(s.texts(s.menu("D vars")).value(0), fullName.section('.', 0, 0));
+            QCOMPARE(s.texts(s.submenu("D vars", 0)).value(0), fullName.replace(' ', '_'));
+        };
+        editor.renameCurve("a", "x", "long name"); // taken
+        editor.renameNode("a", "ba");              // taken
+        check("a.x");
+        editor.renameCurve("a", "x", "Ünd kürve");
+        check("a.Ünd kürve");
+        editor.renameNode("a", "new group");
+        check("new group.Ünd kürve");
+        editor.setEditingNode("new group.Ünd kürve");
+        QCOMPARE(told, 0); // it is the same curve still
     }
 
 private:

@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorFixture.h"
 
-#include <curveeditor/model/CurveVariables.h>
-#include <curveeditor/panel/ExpressionEditLine.h>
-
-#include <optional>
-
 class tst_CurveEditorExpression : public QObject
 {
     Q_OBJECT
@@ -115,17 +110,14 @@ private Q_SLOTS:
 
     void placeholderIsReplacedByTheNextChoice()
     {
-        const auto lastOf = [](const QMenu& menu) {
-            return menu.actions().last();
-        };
         fixture->editor.tabWidget2->setCurrentIndex(1);
         line().setText("t");
         line().setFocus();
-        chooseFrom(fixture->button("Binary functions"), lastOf);
+        chooseFrom(fixture->button("Binary functions"), [](QMenu& menu) { return menu.actions().last(); });
         QCOMPARE(closeBox(), "Variable X not found");
         QCOMPARE(line().selectedText(), "X");
         QCOMPARE(fixture->editor.focusWidget(), &line());
-        chooseFrom(fixture->button("I vars"), lastOf);
+        chooseFrom(fixture->button("I vars"), [](QMenu& menu) { return menu.actions().last(); });
         QCOMPARE(line().text(), "t<f");
         QCOMPARE(fixture->editor.focusWidget(), &line());
         for (const auto insert :
@@ -155,12 +147,6 @@ private Q_SLOTS:
     void unfinishedTextWaitsForItsCurveUntilItEnds()
     {
         CurveEditor& editor = fixture->editor;
-        const auto leave = [&] {
-            editor.setEditingNode("b.y");
-        };
-        const auto comeBack = [&] {
-            editor.setEditingNode("A.x");
-        };
         const auto type = [&](const QString& text) {
             line().selectAll();
             QTest::keyClicks(&line(), text);
@@ -170,22 +156,25 @@ private Q_SLOTS:
             type("2 T");
             QVERIFY(!line().font().italic());
             editor.cleanSelecteds(); // no curve is current
-            leave();
+            editor.setEditingNode("b.y");
             QVERIFY(line().text().isEmpty() && !line().font().italic());
             editor.renameCurve("A", "x", "w");
             editor.setEditingNode("A.w");
             QVERIFY(line().text() == "2 T" && line().font().italic());
             editor.renameCurve("A", "w", "x");
             end();
-            leave();
-            comeBack();
+            editor.setEditingNode("b.y");
+            editor.setEditingNode("A.x");
             QCOMPARE(line().text(), formula);
             QVERIFY(!line().font().italic());
         };
         waits("2*t", [&] { QTest::keyClick(&line(), Qt::Key_Return); });
         waits("2*t", [&] { QTest::keyClick(&line(), Qt::Key_Escape); });
-        waits("2*t", [&] { leave(), editor.undo(), editor.redo(); });
-        waits("", [&] { leave(), editor.deleteExpression("A", "x", &fixture->curves["A.x"].expression); });
+        waits("2*t", [&] { editor.setEditingNode("b.y"), editor.undo(), editor.redo(); });
+        waits("", [&] {
+            editor.setEditingNode("b.y"),
+                editor.deleteExpression("A", "x", &fixture->curves["A.x"].expression);
+        });
         QVERIFY(!QTest::currentTestFailed());
         QVERIFY(!EditorFixture::takes(line(), Qt::Key_Escape));
         type("lost?");
@@ -193,7 +182,7 @@ private Q_SLOTS:
         QTest::keyClick(&line(), Qt::Key_Escape);
         QTest::keyClick(&line(), Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(line().text(), "lost?");
-        leave();
+        editor.setEditingNode("b.y");
         editor.removeCurve("A", "x");
         fixture->open("A.x");
         QVERIFY(line().text().isEmpty());

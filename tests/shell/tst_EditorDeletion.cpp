@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-#include <curveeditor/shell/ScaleDialog.h>
-
-namespace {
-
 /// What a user does, and the classes of the windows that open one after the other by it. In all but the last the
 /// user goes on, by what `next` says.
 struct Way
@@ -55,13 +51,6 @@ Deed press(const QString& button)
     };
 }
 
-Deed keys(const char* pressed)
-{
-    return [pressed](Scene& s) {
-        QTest::keySequence(&s.editor, QKeySequence(pressed));
-    };
-}
-
 std::function<void(QWidget&)> choose(const QString& text)
 {
     return [text](QWidget& window) {
@@ -73,13 +62,6 @@ std::function<void(QWidget&)> choose(const QString& text)
 void menuKey(QWidget& widget)
 {
     openContextMenu(widget, widget.rect().center(), QContextMenuEvent::Keyboard);
-}
-
-Deed onTwo(const Deed& deed)
-{
-    return [deed](Scene& s) {
-        deed(s.selectTwo());
-    };
 }
 
 QMainWindow* dock(Scene& s)
@@ -109,8 +91,6 @@ Deed pressEditWith(const QString& clip)
         click(s.button("Edit"));
     };
 }
-
-} // namespace
 
 class tst_EditorDeletion : public QObject
 {
@@ -170,8 +150,7 @@ private Q_SLOTS:
         row("Delete", [](Scene& s) { s.selectTwo().key(Qt::Key_Delete); });
         row("undo and redo",
             [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0).key(Qt::Key_Z, ctrl).key(Qt::Key_Y, ctrl); });
-        row("another curve",
-            [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0), click(&s.canvas, s.pixel(0.0, -2.0)); });
+        row("next curve", [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0), click(&s.canvas, s.pixel(0.0, -2.0)); });
         row("formula", [](Scene& s) { s.enter("2 T"); });
         row("function", [](Scene& s) {
             s.editor.commandLine->setText("t");
@@ -251,8 +230,7 @@ private Q_SLOTS:
                 fixture->key(Qt::Key_Delete);
             }
             QPointer<CurveEditor>& going = first ? one.owned : two.owned;
-            connect(first ? two.owned : one.owned, &CurveEditor::curveEdited, this,
-                    [&going] { delete going; });
+            connect(first ? two.owned : one.owned, &CurveEditor::curveEdited, [&going] { delete going; });
             stack.undo();
             stack.undo();
             QVERIFY(!going);
@@ -274,8 +252,9 @@ private:
         for (const char* const button : {"File", "Curves", "Options", "Edit", "Unary functions", "D vars"})
             row(button, {"QMenu"}, press(button));
         row("menu in a menu", {"QMenu", "QMenu"}, press("Edit"), choose("Move points"));
-        row("menu over points", {"ControlMenu"},
-            onTwo([](Scene& s) { QTest::mousePress(&s.canvas, Qt::RightButton, {}, s.pixel(6.0, 2.0)); }));
+        row("menu over points", {"ControlMenu"}, [](Scene& s) {
+            QTest::mousePress(&s.selectTwo().canvas, Qt::RightButton, {}, s.pixel(6.0, 2.0));
+        });
         row("menu over points by key", {"ControlMenu"}, [](Scene& s) { menuKey(s.canvas); });
         row("menu over the list", {"ControlMenu2"}, listMenu);
         row("menu of a number", {"QMenu"}, [](Scene& s) { s.clickPoint(), menuKey(*s.editor.posX); });
@@ -307,8 +286,8 @@ private:
                                        : typePath(open, written(folder, "no.crv", "old"));
             });
         row("file to load", {"QMenu", "QFileDialog"}, press("File"), choose("Load curve"));
-        row("file to load by its keys", {"QFileDialog"}, keys("Ctrl+L"));
-        row("file to save", {"QFileDialog"}, keys("Ctrl+S"));
+        row("file to load by its keys", {"QFileDialog"}, [](Scene& s) { s.key(Qt::Key_L, ctrl); });
+        row("file to save", {"QFileDialog"}, [](Scene& s) { s.key(Qt::Key_S, ctrl); });
         row(
             "file to replace", {"QFileDialog", "QMessageBox"}, [](Scene& s) { s.editor.saveFile(); },
             [this](QWidget& open) {
@@ -317,19 +296,20 @@ private:
         row(
             "file that can't be saved", {"QFileDialog", "QMessageBox"}, [](Scene& s) { s.editor.saveFile(); },
             [this](QWidget& open) { typePath(open, folder.filePath("none/here.crv")); });
-        row("picture", {"QFileDialog"}, keys("Alt+I"));
+        row("picture", {"QFileDialog"}, [](Scene& s) { s.key(Qt::Key_I, alt); });
         row("colour by the list", {"ControlMenu2", "QColorDialog"}, listMenu, choose("Change color"));
         row("colour by a list of the host", {"QColorDialog"}, [](Scene& s) {
             QTreeWidgetItem group;
             s.editor.rightButtonPressedItem(new QTreeWidgetItem(&group), {}, 0);
         });
-        row("Scale", {"ScaleDialog"}, onTwo(press("Scale")));
-        row("Scale by a menu", {"QMenu", "ScaleDialog"}, onTwo(press("Options")), choose("Scale selection"));
-        row("Pan", {"PanDialog"}, onTwo(press("Pan")));
-        row("Set Range", {"ViewportSettings"}, keys("Alt+S"));
-        row("Simplify", {"curveeditor::SimplifyDialog"},
-            [](Scene& s) { s.key(Qt::Key_S, Qt::ShiftModifier); });
-        row("Bake", {"curveeditor::BakeDialog"}, [](Scene& s) { s.key(Qt::Key_B, Qt::ShiftModifier); });
+        row("Scale", {"ScaleDialog"}, [](Scene& s) { click(s.selectTwo().button("Scale")); });
+        row(
+            "Scale by a menu", {"QMenu", "ScaleDialog"},
+            [](Scene& s) { click(s.selectTwo().button("Options")); }, choose("Scale selection"));
+        row("Pan", {"PanDialog"}, [](Scene& s) { click(s.selectTwo().button("Pan")); });
+        row("Set Range", {"ViewportSettings"}, [](Scene& s) { s.key(Qt::Key_S, alt); });
+        row("Simplify", {"curveeditor::SimplifyDialog"}, [](Scene& s) { s.key(Qt::Key_S, shift); });
+        row("Bake", {"curveeditor::BakeDialog"}, [](Scene& s) { s.key(Qt::Key_B, shift); });
     }
     QTemporaryDir folder;
 };

@@ -1,21 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-namespace {
-
 const QPoint mouse(200, 150);
 
 Deed wheel(const QPoint& delta, Qt::KeyboardModifiers keys = {}, Qt::ScrollPhase phase = Qt::NoScrollPhase)
 {
     return [=](Scene& s) {
         turnWheel(s.canvas, mouse, delta, keys, phase);
-    };
-}
-
-Deed press(Qt::Key key, Qt::KeyboardModifiers keys = {})
-{
-    return [=](Scene& s) {
-        s.key(key, keys);
     };
 }
 
@@ -38,8 +29,6 @@ struct WatchedClip : QMimeData
 };
 
 using Part = std::function<QWidget*(Scene&)>;
-
-} // namespace
 
 class tst_EditorHands : public QObject
 {
@@ -88,10 +77,10 @@ private Q_SLOTS:
             QVERIFY(s.editor.isVisible());
         });
         row("off", false, false, true, [](Scene& s) { s.editor.setViewGestures(false), wheel({0, 120})(s); });
-        row("Home", true, true, false, press(Qt::Key_Home));
-        row("Home of the keypad", true, true, false, press(Qt::Key_Home, Qt::KeypadModifier));
-        row("minus", true, true, false, press(Qt::Key_Minus));
-        row("plus", true, true, false, press(Qt::Key_Plus, shift));
+        row("Home", true, true, false, [](Scene& s) { s.key(Qt::Key_Home); });
+        row("keypad", true, true, false, [](Scene& s) { s.key(Qt::Key_Home, Qt::KeypadModifier); });
+        row("minus", true, true, false, [](Scene& s) { s.key(Qt::Key_Minus); });
+        row("plus", true, true, false, [](Scene& s) { s.key(Qt::Key_Plus, shift); });
         row("F", true, true, false, [](Scene& s) { s.clickPoint().key(Qt::Key_F); });
         row("F at a formula", true, true, false, [](Scene& s) { s.turnTo("a.z").key(Qt::Key_F); });
     }
@@ -138,19 +127,21 @@ private Q_SLOTS:
 
     void viewChangeDuringAScalingDragLeavesThePointsWhereTheyAre()
     {
-        for (const Deed& change :
-             {wheel({0, 360}), wheel({-90, 50}, {}, Qt::ScrollUpdate), press(Qt::Key_Home)}) {
+        const Deed home = [](Scene& s) {
+            s.key(Qt::Key_Home);
+        };
+        for (const Deed& change : {wheel({0, 360}), wheel({-90, 50}, {}, Qt::ScrollUpdate), home}) {
             Scene s;
             s.selectTwo().press(6.0, 2.0).move(6.5, 2.5, shift);
             const QPointF before(s.x[2]->time, s.x[2]->pos);
-            const QPoint mouse = s.pixel(6.5, 2.5);
+            const QPoint held = s.pixel(6.5, 2.5);
             const QList<double> sides = s.sides();
             change(s);
             QVERIFY(s.sides() != sides);
-            s.mouse(QEvent::MouseMove, mouse, Qt::LeftButton, shift);
+            s.mouse(QEvent::MouseMove, held, Qt::LeftButton, shift);
             const QPointF after(s.x[2]->time, s.x[2]->pos);
             QVERIFY(before != QPointF(8.0, -1.0) && (after - before).manhattanLength() < 1e-9);
-            s.mouse(QEvent::MouseMove, mouse + QPoint(20, 0), Qt::LeftButton, shift);
+            s.mouse(QEvent::MouseMove, held + QPoint(20, 0), Qt::LeftButton, shift);
             QVERIFY(s.x[2]->time > before.x() + 0.01);
         }
     }
@@ -159,7 +150,7 @@ private Q_SLOTS:
     {
         Scene s;
         s.mouse(QEvent::MouseButtonPress, {200, 200},
-                Qt::MiddleButton); // whose release a box of the host gets
+                Qt::MiddleButton); // a box of the host gets its release
         s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
         s.mouse(QEvent::MouseMove, {240, 180}, Qt::NoButton);
         QTest::keyPress(&s.canvas, Qt::Key_X);

@@ -4,13 +4,6 @@
 
 #include <curveeditor/canvas/PointCommands.h>
 #include <curveeditor/model/SplineState.h>
-#include <curveeditor/shell/PanDialog.h>
-#include <curveeditor/shell/ScaleDialog.h>
-#include <curveeditor/shell/ViewportSettings.h>
-
-using namespace curveeditor;
-
-namespace {
 
 /// Selects these points of "a.x", too.
 Scene& select(Scene& s, const QList<unsigned>& points)
@@ -45,8 +38,6 @@ QString pointsOf(const Scene& s)
         words << s.current();
     return words.join(' ');
 }
-
-} // namespace
 
 class tst_EditorUndo : public QObject
 {
@@ -91,13 +82,12 @@ private Q_SLOTS:
             s.release(6.0, 2.5);
         });
         row("press soon after a click elsewhere", 1, x + x, [](Scene& s) {
-            s.clickPoint().mouse(doubleClick, s.pixel(8.0, -1.0));
-            s.move(8.5, -1.0).release(8.5, -1.0);
+            s.clickPoint().doubleClick(8.0, -1.0).move(8.5, -1.0).release(8.5, -1.0);
             QVERIFY(s.x[2]->time > 8.4);
         });
         row("double click in a hurry", 1, x, [](Scene& s) {
             const QPoint nearby = s.pixel(6.0, 2.5) + QPoint(4, 3);
-            s.press(6.0, 2.5).release(6.0, 2.5).mouse(doubleClick, nearby).release(6.0, 2.5);
+            s.click(6.0, 2.5).mouse(QEvent::MouseButtonDblClick, nearby).release(6.0, 2.5);
         });
         row("menu opened by a key", 1, x + x, [](Scene& s) {
             s.whenMenuOpens(ControlMenu::CreateKey);
@@ -279,7 +269,7 @@ private Q_SLOTS:
         row("click where points of several curves lie", 0, {"a/x", "a/y", "a/x"}, [](Scene& s) {
             s.canvas.canvas.setEditsAllCurves(true);
             for (const QString name : {"a.x", "a.y", "a.z"}) {
-                s.turnTo(name).press(0.0, 0.0).release(0.0, 0.0);
+                s.turnTo(name).click(0.0, 0.0);
                 QCOMPARE(s.current(), name == "a.z" ? "a.x" : name); // which lies in front
             }
         });
@@ -316,8 +306,7 @@ private Q_SLOTS:
         });
         row("type in the combo box", 1, x + x,
             [](Scene& s) { s.clickPoint(), QTest::keyClick(s.editor.nodeTypeCombo, Qt::Key_Down); });
-        row("behaviours", 2, {},
-            [](Scene& s) { s.editor.setFirstNodeZero(), s.editor.changeNodeLastType(2); });
+        row("outside", 2, {}, [](Scene& s) { s.editor.setFirstNodeZero(), s.editor.changeNodeLastType(2); });
         row("scale and pan dialogs", 2, {}, [](Scene& s) {
             s.selectTwo();
             whenOpen<ScaleDialog>([](ScaleDialog& dialog) { dialog.scaleY->setText("2"), dialog.accept(); });
@@ -385,15 +374,15 @@ private Q_SLOTS:
     void gestureLeavesThesePointsToAHostThatMayTakeTheCurveAway_data()
     {
         const Results row;
+        const QString same = "0,0 5,1 8,-1";
         row("three pixels off a formula", "0,0 5,1 8,-1 a.z", 0,
             [](Scene& s) { s.pressAt(s.pixel(9.0, 0.0) - QPoint(0, 3)); });
-        row("four pixels off", "0,0 5,1 8,-1", 0,
-            [](Scene& s) { s.pressAt(s.pixel(9.0, 0.0) - QPoint(0, 4)); });
+        row("four pixels off", same, 0, [](Scene& s) { s.pressAt(s.pixel(9.0, 0.0) - QPoint(0, 4)); });
         row("beside its begin", "0,0 5,1 8,-1 a.z", 0,
             [](Scene& s) { formulaBehind(s, "2+0*sqrt(t-1.01)").pressAt(s.pixel(1.0, 2.0)); });
         row("beside its end", "0,0 5,1 8,-1 a.z", 0,
             [](Scene& s) { formulaBehind(s, "2+0*sqrt(1-t)").pressAt(s.pixel(1.0, 2.0) + QPoint(1, 0)); });
-        row("where it is not a number", "0,0 5,1 8,-1", 0, [](Scene& s) {
+        row("where it is not a number", same, 0, [](Scene& s) {
             formulaBehind(s, "2+0*sqrt(t-1)").pressAt({s.pixel(0.5, 0.0).x(), 1});
         });
         row("drag", "0,0 8,-1 [9,2]", 1, [](Scene& s) { s.drag(5.0, 1.0, 9.0, 2.0); });
@@ -403,45 +392,34 @@ private Q_SLOTS:
         row("middle button", "0,0 (5.4,1.1) [8.6,-1.1]", 1,
             [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 6.5, 2.5, {}, Qt::MiddleButton); });
         for (const auto& [edge, point] : {std::pair{"left edge of two", 1}, {"right edge of two", 2}})
-            row(edge, "0,0 5,1 8,-1", 0, [point = point](Scene& s) {
+            row(edge, same, 0, [point = point](Scene& s) {
                 const QPoint at = s.selectTwo().pixel(s.x[point]->time, 2.5);
                 s.x.modify(unsigned(point))->time = s.canvas.pixelToTime(at.x());
                 s.pressAt(at);
             });
-        row("Shift beside two", "0,0 (5,1) (8,-1)", 0,
-            [](Scene& s) { s.selectTwo().press(3.0, 2.0, shift); });
-        row("Shift beside one", "0,0 5,1 8,-1", 0, [](Scene& s) { select(s, {0}).press(3.0, 2.0, shift); });
+        row("Shift beside", "0,0 (5,1) (8,-1)", 0, [](Scene& s) { s.selectTwo().press(3.0, 2.0, shift); });
+        row("Shift beside one", same, 0, [](Scene& s) { select(s, {0}).press(3.0, 2.0, shift); });
         row("Shift on a point", "0,0 [5,1] 8,-1", 1, [](Scene& s) { s.press(5.0, 1.0, shift); });
         row("Ctrl", "0,0 3,2 5,1 8,-1", 1, [](Scene& s) { s.press(3.0, 2.0, ctrl); });
-        row("Alt", "0,0 5,1 8,-1", 0, [](Scene& s) { s.press(5.0, 1.0, alt); });
+        row("Alt", same, 0, [](Scene& s) { s.press(5.0, 1.0, alt); });
         row("band", "0,0 (5,1) [8,-1]", 1, [](Scene& s) { s.drag(3.0, 2.5, 9.0, -2.0); });
-        row("band around nothing", "0,0 5,1 8,-1", 0, [](Scene& s) { s.drag(2.0, 2.5, 3.0, 2.0); });
-        row("double click", "0,0 3,2.5 5,1 8,-1", 1,
-            [](Scene& s) { s.mouse(doubleClick, s.pixel(3.0, 2.5)); });
-        row("double click with Shift", "0,0 5,1 8,-1", 0,
-            [](Scene& s) { s.mouse(doubleClick, s.pixel(3.0, 2.5), Qt::LeftButton, shift); });
-        row("double click on a point", "0,0 [5,1] 8,-1", 0,
-            [](Scene& s) { s.mouse(doubleClick, s.pixel(5.0, 1.0)); });
-        row("double click picks a formula", "0,0 5,1 8,-1 a.z", 0, [](Scene& s) {
-            formulaBehind(s, "a.x+0.02").press(9.0, -1.0).release(9.0, -1.0);
-            s.mouse(doubleClick, s.pixel(9.0, -1.0));
+        row("band around nothing", same, 0, [](Scene& s) { s.drag(2.0, 2.5, 3.0, 2.0); });
+        row("double click", "0,0 3,2.5 5,1 8,-1", 1, [](Scene& s) { s.doubleClick(3.0, 2.5); });
+        row("double click with Shift", same, 0,
+            [](Scene& s) { s.mouse(QEvent::MouseButtonDblClick, s.pixel(3.0, 2.5), Qt::LeftButton, shift); });
+        row("double click on a point", "0,0 [5,1] 8,-1", 0, [](Scene& s) { s.doubleClick(5.0, 1.0); });
+        row("double click picks a formula", "0,0 5,1 8,-1 a.z", 0,
+            [](Scene& s) { formulaBehind(s, "a.x+0.02").click(9.0, -1.0).doubleClick(9.0, -1.0); });
+        row("double click picks a spline", same, 0, [](Scene& s) {
+            formulaBehind(s, "a.x+0.02").turnTo("a.z").click(9.0, -1.0).doubleClick(9.0, -1.0);
         });
-        row("double click picks a spline", "0,0 5,1 8,-1", 0, [](Scene& s) {
-            formulaBehind(s, "a.x+0.02").turnTo("a.z").press(9.0, -1.0).release(9.0, -1.0);
-            s.mouse(doubleClick, s.pixel(9.0, -1.0));
+        row("and adds nothing", same, 0, [](Scene& s) {
+            formulaBehind(s, "a.x+0.02").turnTo("a.z").click(9.0, -1.0);
+            s.mouse(QEvent::MouseButtonDblClick, s.pixel(9.0, -1.0) + QPoint(0, 4));
         });
-        row("and adds nothing", "0,0 5,1 8,-1", 0, [](Scene& s) {
-            formulaBehind(s, "a.x+0.02").turnTo("a.z").press(9.0, -1.0).release(9.0, -1.0);
-            s.mouse(doubleClick, s.pixel(9.0, -1.0) + QPoint(0, 4));
-        });
-        row("click between two", "0,0 5,1 8,-1", 1,
-            [](Scene& s) { s.selectTwo().press(6.0, 2.0).release(6.0, 2.0); });
-        row("click on one of three", "0,0 [5,1] 8,-1", 1, [](Scene& s) {
-            select(s, {0, 1, 2}).press(5.0, 1.0).release(5.0, 1.0);
-        });
-        row("click on one that is not selected", "0,0 [5,1] 8,-1", 1, [](Scene& s) {
-            select(s, {0, 2}).press(5.0, 1.0).release(5.0, 1.0);
-        });
+        row("click between two", same, 1, [](Scene& s) { s.selectTwo().click(6.0, 2.0); });
+        row("click on one of 3", "0,0 [5,1] 8,-1", 1, [](Scene& s) { select(s, {0, 1, 2}).click(5.0, 1.0); });
+        row("click on another", "0,0 [5,1] 8,-1", 1, [](Scene& s) { select(s, {0, 2}).click(5.0, 1.0); });
         row("Ctrl and click between two", "0,0 (5,1) [8,-1]", 1, [](Scene& s) {
             s.selectTwo().control().selection().setCurrent(s.x[2]->serial);
             s.press(6.0, 2.0, ctrl).release(6.0, 2.0);
@@ -465,14 +443,14 @@ private Q_SLOTS:
             });
             s.press(3.0, 2.0, {}, Qt::RightButton);
         });
-        row("change under the open menu", "0,0 5,1 8,-1", 1, [](Scene& s) {
+        row("change under the open menu", same, 1, [](Scene& s) {
             whenOpen<ControlMenu>([&s](ControlMenu& menu) {
                 s.canvas.canvas.findCurve("a.x")->emitCurveChanged();
                 menu.close();
             });
             s.press(3.0, 2.0, {}, Qt::RightButton);
         });
-        row("change under an open box", "0,0 5,1 8,-1", 1, [](Scene& s) {
+        row("change under an open box", same, 1, [](Scene& s) {
             s.enter("sin(").canvas.canvas.findCurve("a.x")->emitCurveChanged();
             closeBox();
         });
@@ -506,7 +484,7 @@ private Q_SLOTS:
             std::istringstream file("255 0 0 1 sin(");
             QVERIFY(!select(s, {0}).canvas.canvas.loadCurve(file) && !s.canvas.canvas.isCurrentExpression());
         });
-        row("drag in a view that can't be shown", "0,0 5,1 8,-1", 0, [](Scene& s) {
+        row("drag in a view that can't be shown", same, 0, [](Scene& s) {
             s.editor.setTimeRange(3.0, 3.0);
             s.mouse(QEvent::MouseButtonPress, {70, 80}).mouse(QEvent::MouseMove, {90, 20});
         });
@@ -603,8 +581,7 @@ private Q_SLOTS:
     {
         Scene s;
         s.drag(5.0, 1.0, 6.0, 2.0);
-        const auto back =
-            connect(s.editor.undoStack(), &QUndoStack::indexChanged, &s.editor, [&] { s.open("a.y"); });
+        const auto back = connect(s.editor.undoStack(), &QUndoStack::indexChanged, [&] { s.open("a.y"); });
         s.editor.removeNode("a");
         disconnect(back);
         QVERIFY(s.current() == "a.y" && !s.editor.searchAllNodeList("a.x"));
@@ -794,7 +771,7 @@ private Q_SLOTS:
             QTest::keyClick(focus, Qt::Key_Y, ctrl);
             QVERIFY2(s.states()["a.x"] == after, focus->metaObject()->className());
         }
-        s.press(6.0, 2.0).release(6.0, 2.0).type(s.editor.posY, "1.5");
+        s.click(6.0, 2.0).type(s.editor.posY, "1.5");
         QTest::keyClick(s.editor.posY, Qt::Key_Z, ctrl);
         QVERIFY(s.editor.posY->hasFocus() && s.states()["a.x"] == after);
         QCOMPARE(s.editor.posY->text(), s.editor.posY->textFor(after.spline.points[1].pos));

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-#include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
 
 using Point = SplineBase::PointInfo;
-
-namespace {
 
 /// The scene, in which "a.x" is a curve of Tcb points, and whose second point is on the page.
 struct PageScene : Scene
@@ -25,8 +22,6 @@ struct PageScene : Scene
     TcbEditorForm& form = canvas.nodeForm;
     QSignalSpy changed{&form, &TcbEditorForm::nodeTcbChanged};
 };
-
-} // namespace
 
 class tst_FunctionEditor : public QObject
 {

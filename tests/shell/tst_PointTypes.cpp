@@ -6,8 +6,6 @@
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/shell/BakeDialog.h>
 
-using namespace curveeditor;
-
 class tst_PointTypes : public QObject
 {
     Q_OBJECT
