@@ -475,8 +475,9 @@ private Q_SLOTS:
             Fixture f({{-n, n}, {0.0, -n}, {n, n}}, SplineBase::Bezier, SplineBase::LoopOffset);
             f.select(1)->tanRight = f.spline.modify(1u)->easeFrom = n;
             f.view.timeMax = std::abs(n);
+            f.view.pixelRatio = 2.0; // wide dots
             f.picture.rebuild(&f.view, -1.0f, 1.0f);
-            f.shown();
+            f.shown(true);
             f.picture.hitTest({500, 300}, f.selection);
             QVERIFY(f.picture.rawLine.points.size() + f.picture.postLine.points.size() <= 2002);
             QVERIFY(QRect(-100, -100, 1201, 801).contains(f.picture.nodePixels.boundingRect()));
