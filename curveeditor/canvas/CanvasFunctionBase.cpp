@@ -123,8 +123,13 @@ void CanvasFunctionBase::setCurrentCurve(CurveNodeBase* curve)
 
 void CanvasFunctionBase::setCurrentCurve(const QString& name)
 {
-    for (const auto& curve : curves_.present()) {
-        if (curve && curve->getName() == name)
+    CanvasCurves::Guarded named;
+    for (const auto& curve : curves_.all()) {
+        if (curve->getName() == name)
+            named.emplace_back(curve.get());
+    }
+    for (const auto& curve : named) {
+        if (curve)
             setCurrentCurve(curve);
     }
 }

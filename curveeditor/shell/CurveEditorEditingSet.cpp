@@ -59,7 +59,8 @@ void CurveEditor::Private::putOnCanvas(NodeStruct& record)
         editor.checkListsEditing->addRow(record.editingItem);
     }
     showSelectedRow(record);
-    functionEdit->canvas.setCurrentCurve(record.name);
+    if (functionEdit->canvas.getCurrentCurve() != curve)
+        functionEdit->canvas.setCurrentCurve(curve);
     QObject::connect(curve, &CurveNodeBase::curveHasChanged, &editor,
                      &CurveEditor::emitSignalCurveHasChanged);
     --setChanges;
