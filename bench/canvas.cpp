@@ -442,10 +442,10 @@ void sensorTable(benchmark::State& state)
     }
 }
 
-/// The dialog stands on the screen while a thousand curves come onto its canvas, with events between them or without.
+/// The dialog stands on the screen while that many curves come onto its canvas, with events between them or without.
 void openingCurves(benchmark::State& state, bool oneByOne)
 {
-    std::vector<SplineBase> splines(1000);
+    std::vector<SplineBase> splines(std::size_t(state.range(0)));
     std::vector<FunctionFloatBase*> expressions(splines.size(), nullptr);
     for (SplineBase& spline : splines) {
         for (int i = 1; i < 10; ++i)
@@ -512,8 +512,8 @@ BENCHMARK(wheelStep)->Unit(benchmark::kMillisecond);
 BENCHMARK(paste)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(openingTheTable)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(viewChangeWithALargePicture)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(openingCurves, oneByOne, true)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(openingCurves, atOnce, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openingCurves, oneByOne, true)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openingCurves, atOnce, false)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(sensorTable)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -9,6 +9,9 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <QTextDocument>
+#include <QTimer>
+
+#include <utility>
 
 using namespace curveeditor;
 
@@ -82,6 +85,35 @@ void EditingList::addRow(QTreeWidgetItem* row)
             place = middle + 1;
     }
     insertTopLevelItem(place, row);
+}
+
+void EditingList::selectRow(QTreeWidgetItem* row)
+{
+    isSelecting_ = true;
+    setCurrentItem(row);
+    isSelecting_ = false;
+    if (std::exchange(willScroll_, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        willScroll_ = false;
+        if (QTreeWidgetItem* const selected = selectedItem())
+            scrollToItem(selected);
+    });
+}
+
+// The base asks where the row is, and for that lays out all rows, for each of many that come one after the other.
+void EditingList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    if (isSelecting_)
+        viewport()->update();
+    else
+        QTreeWidget::currentChanged(current, previous);
+}
+
+/// All of it, for the same reason.
+QRegion EditingList::visualRegionForSelection(const QItemSelection& /*selection*/) const
+{
+    return viewport()->rect();
 }
 
 void EditingList::sortRows()

@@ -19,6 +19,8 @@ public:
 
     /// Takes a row in where its name belongs.
     void addRow(QTreeWidgetItem* row);
+    /// Selects the row alone; it comes into sight with the next events.
+    void selectRow(QTreeWidgetItem* row);
     /// Puts the rows in order again, after names have changed.
     void sortRows();
 
@@ -48,10 +50,14 @@ protected:
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
     void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
 
 private:
     void filterRows(int first, int last);
     void fitSquares();
 
     QString filter_;
+    bool isSelecting_ = false;
+    bool willScroll_ = false; ///< to the selected row
 };

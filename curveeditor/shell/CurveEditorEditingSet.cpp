@@ -107,7 +107,7 @@ void CurveEditor::Private::showSelectedRow(NodeStruct& record)
     if (!row->treeWidget())
         return;
     const QSignalBlocker silence(editor.checkListsEditing);
-    editor.checkListsEditing->setCurrentItem(row);
+    editor.checkListsEditing->selectRow(row);
 }
 
 void CurveEditor::cleanSelecteds()

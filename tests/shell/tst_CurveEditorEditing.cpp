@@ -233,6 +233,14 @@ private Q_SLOTS:
         QCOMPARE(told, 0); // it is the same curve still
     }
 
+    void openedCurveComesIntoSight()
+    {
+        for (int i = 0; i < 200; ++i)
+            fixture->open(QStringLiteral("many.%1").arg(i));
+        QApplication::processEvents();
+        QVERIFY(fixture->list.viewport()->rect().contains(rowCenter("many.199")));
+    }
+
 private:
     QStringList rowsInSight() const
     {
