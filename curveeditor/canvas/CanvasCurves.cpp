@@ -103,6 +103,11 @@ CanvasCurves::Nodes CanvasCurves::currentSplineOnly() const
     return current_ && current_->isSpline() && current_->getSpline() ? Nodes{current_} : Nodes();
 }
 
+CanvasCurves::Nodes CanvasCurves::currentShownOnly() const
+{
+    return current_ && current_->isShown() ? currentSplineOnly() : Nodes();
+}
+
 void CanvasCurves::setEditsAll(bool on)
 {
     editsAll_ = on;
@@ -115,14 +120,15 @@ void CanvasCurves::setEditsAll(bool on)
 
 CanvasCurves::Nodes CanvasCurves::inReach() const
 {
-    Nodes reach = currentSplineOnly();
+    Nodes reach = currentShownOnly();
     if (!editsAll_)
         return reach;
     std::unordered_set<const SplineBase*> splines;
     for (const CurveNodeBase* const curve : reach)
         splines.insert(curve->getSpline());
     for (const auto& curve : curves_) {
-        if (curve->isSpline() && curve->getSpline() && splines.insert(curve->getSpline()).second)
+        if (curve->isShown() && curve->isSpline() && curve->getSpline() &&
+            splines.insert(curve->getSpline()).second)
             reach.push_back(curve.get());
     }
     return reach;

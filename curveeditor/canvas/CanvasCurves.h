@@ -54,10 +54,13 @@ public:
     /// The same if it is a spline.
     Nodes currentSplineOnly() const;
 
+    /// The same if it is not hidden.
+    Nodes currentShownOnly() const;
+
     /// Whether the points of all splines are in reach, else those of the current one.
     bool editsAll() const { return editsAll_; }
     void setEditsAll(bool on);
-    /// The splines of which points can be selected, the current one first. A spline that two share is there once.
+    /// The splines of which points can be selected, the current one first; not hidden ones. A spline that two share is there once.
     Nodes inReach() const;
     /// Those in reach of which points are selected.
     Nodes selected() const;

@@ -77,6 +77,7 @@ void CanvasFunctionBase::setCurveColor(const QString& name, const QColor& color)
 {
     if (CurveNodeBase* const curve = findCurve(name))
         curve->setColor(color, theme().canvas);
+    paint();
 }
 
 void CanvasFunctionBase::renameCurve(const QString& oldName, const QString& newName)

@@ -106,7 +106,7 @@ void CanvasFunctionBase::open(const CanvasEdit& edit, Nodes& targets)
     if (targets.empty())
         return;
     const QString name = targets.front()->getName();
-    std::erase_if(targets, [](const CurveNodeBase* target) { return target->curve()->isLocked; });
+    std::erase_if(targets, [](const CurveNodeBase* target) { return target->curve()->isLocked(); });
     if (targets.empty())
         return showWarning(widget(), tr("Locked curve"), tr("%1 is locked.").arg(name));
     CurveEdit::Curves edited;
@@ -203,7 +203,7 @@ void CanvasFunctionBase::createPoint(const Gesture::Place& place)
 {
     CanvasEdit creation;
     creation.text = CanvasEdit::ofCurve(tr("Add a point to %1"));
-    creation.targets = &CanvasCurves::currentSplineOnly;
+    creation.targets = &CanvasCurves::currentShownOnly;
     creation.work = [&place](CurveNodeBase& curve) {
         SplineEdits::addPoint(*curve.control().openSpline(), place.time, place.value);
     };

@@ -125,8 +125,8 @@ CanvasSpline::Hit CanvasHands::hitPoint(const QPoint& pixel)
     curves_.dropLostPoints();
     canvas_.updateCurves();
     CanvasCurves::Nodes reach = curves_.inReach();
-    std::reverse(reach.begin() + (curves_.current()->isSpline() ? 1 : 0),
-                 reach.end()); // from the front to the back
+    const bool hasCurrent = !reach.empty() && reach.front() == curves_.current();
+    std::reverse(reach.begin() + (hasCurrent ? 1 : 0), reach.end()); // from the front to the back
     for (CurveNodeBase* const curve : reach) {
         const CanvasSpline::Hit hit = hitIn(*curve, pixel);
         if (hit.point == 0)
@@ -229,7 +229,7 @@ void CanvasHands::beginDrag(bool withCtrl)
         part == SplineEdits::Part::Point ? tr("Move a point of %1") : tr("Change a tangent of %1");
     const bool keepsDistance = curves_.hasMultipleSelection();
     CanvasCurves::Nodes dragged = curves_.selected();
-    std::erase_if(dragged, [](const CurveNodeBase* curve) { return curve->curve()->isLocked; });
+    std::erase_if(dragged, [](const CurveNodeBase* curve) { return curve->curve()->isLocked(); });
     std::vector<Gesture::Drag> drags;
     std::vector<CurveEdit::Target> targets;
     for (const CurveNodeBase* const curve : dragged) {
@@ -254,7 +254,7 @@ void CanvasHands::prepareSnap()
     guide.snap.setGridLines(canvas_.grid().times(*viewport()), canvas_.grid().values());
     std::vector<Snap::Source> sources;
     for (const auto& curve : curves_.all()) {
-        if (curve->isSpline())
+        if (curve->isShown() && curve->isSpline())
             sources.push_back({curve->getSpline(), viewport()->gesture.moving(curve->getSpline())});
     }
     guide.snap.setPoints(sources);
@@ -277,6 +277,7 @@ void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& h
     std::vector<std::pair<std::shared_ptr<EditedCurve>, TimeInterval>> touched;
     for (Gesture::Drag& drag : gesture.drags()) {
         touched.emplace_back(drag.curve, drag.points.step(*door.spline(*drag.curve), place, scaling, view));
+        door.bound(*drag.curve, drag.points);
         Selection& selection = curves_.find(*drag.curve)->control().selection();
         if (selection.hasMultiple())
             selection.setCurrent(selection.listed().back());
@@ -378,7 +379,7 @@ void CanvasHands::stepSelection(bool forward)
 bool CanvasHands::pickCurve(const QPoint& pixel)
 {
     for (const auto& curve : curves_.all()) {
-        if (curve.get() != curves_.current() && hitsCurve(*curve, pixel)) {
+        if (curve.get() != curves_.current() && curve->isShown() && hitsCurve(*curve, pixel)) {
             viewport()->gesture.press.picksCurve = true;
             canvas_.setCurrentCurve(curve.get());
             return true;

@@ -66,7 +66,7 @@ void CanvasPicture::drawFront(CurvePainter& curves) const
     if (!viewport_)
         return;
     QPainter& painter = *curves.painter();
-    if (curves_.current()) {
+    if (curves_.current() && curves_.current()->isShown()) {
         painter.setBackground(theme_.canvas);
         painter.setBackgroundMode(theme_.smooth ? Qt::TransparentMode : Qt::OpaqueMode);
         curves_.current()->draw(curves);
@@ -81,7 +81,7 @@ QString CanvasPicture::hint() const
 {
     if (curves_.isEmpty())
         return tr("Drop the name of a curve on the list to edit it here");
-    const CanvasCurves::Nodes current = curves_.currentSplineOnly();
+    const CanvasCurves::Nodes current = curves_.currentShownOnly();
     const bool isBare = !current.empty() && current.front()->getSpline()->getControlPointsNumber() == 1;
     return isBare ? tr("Double-click to add a point") : QString();
 }
@@ -181,7 +181,7 @@ CanvasLayer::Curves CanvasPicture::curvesBehindCurrent() const
 {
     CanvasLayer::Curves curves;
     for (const auto& curve : curves_.all()) {
-        if (curve.get() != curves_.current())
+        if (curve.get() != curves_.current() && curve->isShown())
             curves.emplace_back(curve.get(), curve->pictureNumber());
     }
     return curves;

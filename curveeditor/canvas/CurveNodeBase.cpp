@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CanvasExpression.h>
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/CanvasSpline.h>
+#include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/canvas/ReleasedAction.h>
 #include <curveeditor/canvas/ViewPort.h>
@@ -26,6 +27,7 @@ namespace {
 
 constexpr std::size_t samplesOfExtent = 1000;
 constexpr double defaultFramesPerTimeUnit = 10.0;
+constexpr double lockedShare = 0.5; // of its own colour
 
 /// The exclusive group of all curves in that menu, which lives as long as the menu.
 QActionGroup* curvesGroup(QWidget* menu)
@@ -80,8 +82,9 @@ void CurveNodeBase::toggleAction()
 void CurveNodeBase::setColor(const QColor& color, const QColor& background)
 {
     color_ = color;
-    canvasSpline_->setColors(color, background);
-    canvasExpression_->setColors(QPen(color, 0, Qt::SolidLine), background);
+    const QColor shown = curve_->isLocked() ? mixedColor(color, background, lockedShare) : color;
+    canvasSpline_->setColors(shown, background);
+    canvasExpression_->setColors(QPen(shown, 0, Qt::SolidLine), background);
     renewPictureNumber();
 }
 
@@ -209,7 +212,7 @@ std::pair<QString, QString> CurveNodeBase::reportedNames(const QString& fullName
 
 void CurveNodeBase::emitCurveChanged()
 {
-    if (curve_->isLocked)
+    if (curve_->isLocked())
         return;
     auto [nodeName, curveName] = reportedNames(getName());
     Q_EMIT curveHasChanged(nodeName, curveName);

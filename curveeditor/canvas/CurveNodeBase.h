@@ -64,6 +64,8 @@ public:
     void setName(const QString& newName);
 
     CurveKind kind() const { return curve_->kind(); }
+    /// Whether the canvas shows it, which the host decides.
+    bool isShown() const { return !curve_->options.hidden; }
     bool isSpline() const { return kind() == CurveKind::Spline; }
     /// The content, for edits.
     const std::shared_ptr<EditedCurve>& curve() const { return curve_; }
@@ -81,7 +83,8 @@ public:
     /// Checks the curve's entry in the menu; the exclusive group unchecks the others.
     void toggleAction();
 
-    /// The host's colour of the curve; when it is not current it is dimmed toward `background`.
+    /// The host's colour of the curve. It is dimmed toward `background` when the curve is not current, and while it is
+    /// locked.
     void setColor(const QColor& color, const QColor& background);
     QColor getColor() const { return color_; }
 

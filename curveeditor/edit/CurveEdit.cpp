@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/CurveEdit.h>
 
+#include <curveeditor/edit/PointDrag.h>
+#include <curveeditor/edit/PointLimits.h>
+
 #include <algorithm>
 #include <functional>
 #include <utility>
@@ -12,6 +15,11 @@ namespace {
 std::uint64_t fingerprintOf(const CurveState& state)
 {
     return state.spline.fingerprint() + std::hash<std::string>()(state.formula);
+}
+
+void boundPoint(SplineBase::PointInfo& point, const CurveOptions& options)
+{
+    point.pos = PointLimits::bounded(options, point.pos);
 }
 
 } // namespace
@@ -32,7 +40,7 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves)
 CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
 {
     commit();
-    std::erase_if(targets, [](const Target& target) { return target.curve->isLocked; });
+    std::erase_if(targets, [](const Target& target) { return target.curve->isLocked(); });
     isTrial_ = false;
     text_ = text;
     entry_ = nullptr;
@@ -83,6 +91,29 @@ SplineBase* CurveEdit::spline(const EditedCurve& curve) const
     return isOpen(curve) ? curve.spline_ : nullptr;
 }
 
+void CurveEdit::bound(const EditedCurve& curve)
+{
+    const Before* const before = find(curve);
+    if (!before || !curve.spline() || !PointLimits::bindValues(curve.options))
+        return;
+    for (const std::int32_t index : indicesOf(before->difference().pointsAfter(), *curve.spline()))
+        boundPoint(*curve.spline_->modify(index), curve.options);
+}
+
+void CurveEdit::bound(const EditedCurve& curve, const PointDrag& drag)
+{
+    if (!spline(curve) || !PointLimits::bindValues(curve.options))
+        return;
+    for (const std::int32_t index : drag.indices(*curve.spline()))
+        boundPoint(*curve.spline_->modify(index), curve.options);
+}
+
+void CurveEdit::boundAll()
+{
+    for (const Before& before : before_)
+        bound(*before.curve);
+}
+
 void CurveEdit::preview(const EditedCurve& curve, const TimeInterval& touched)
 {
     if (isTrial_)
@@ -97,6 +128,7 @@ void CurveEdit::checkpoint()
 {
     if (!isOpen_)
         return;
+    boundAll();
     continueAboveForeignEntry();
     const std::vector<EditHistory::Part> parts = changes();
     checkpoint_.clear();
@@ -122,6 +154,12 @@ CurveEdit::Curves CurveEdit::commit()
     }
     if (!isOpen_)
         return {};
+    boundAll();
+    return close();
+}
+
+CurveEdit::Curves CurveEdit::close()
+{
     continueAboveForeignEntry();
     isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
@@ -138,7 +176,7 @@ void CurveEdit::cancel()
     if (!isOpen_)
         return;
     if (std::exchange(isTrial_, false) && isTriedCurveForeign()) {
-        commit();
+        close();
         return;
     }
     continueAboveForeignEntry();

@@ -11,6 +11,8 @@
 
 namespace curveeditor {
 
+class PointDrag;
+
 /// The one door through which hands change curves.
 ///
 ///     door.begin(tr("Delete points"), {curve});
@@ -62,6 +64,13 @@ public:
     /// there is none.
     SplineBase* spline(const EditedCurve& curve) const;
 
+    /// @{
+    /// Brings points that the open edit has written within the options of their curve. `checkpoint` and `commit` do
+    /// it by themselves; who shows or tells a step earlier calls it first. What a drag has moved takes no pass over
+    /// the other points.
+    void bound(const EditedCurve& curve);
+    void bound(const EditedCurve& curve, const PointDrag& drag);
+    /// @}
     /// Reports a step of the open edit at one of its curves; nothing if it is not open for that.
     void preview(const EditedCurve& curve, const TimeInterval& touched);
     /// Makes what is done so far an entry, which grows with the edit, and reports it as a step: for an edit that
@@ -92,6 +101,8 @@ private:
 
     const Before* find(const EditedCurve& curve) const;
 
+    void boundAll();
+    Curves close();
     std::vector<EditHistory::Part> changes() const;
     void continueAboveForeignEntry();
     void keepEntry(const std::vector<EditHistory::Part>& parts);

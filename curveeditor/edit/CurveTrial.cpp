@@ -35,6 +35,7 @@ bool CurveTrial::show(const SplineState& spline)
         return false;
     const CurveState last = curve_->state();
     door_->spline(*curve_)->assign(spline);
+    door_->bound(*curve_);
     curve_->spline()->copyTo(shown_);
     fingerprintShown_ = curve_->fingerprint();
     door_->preview(*curve_,

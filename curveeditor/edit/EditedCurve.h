@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/CurveOptions.h>
 #include <curveeditor/model/CurveDiff.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 
@@ -26,8 +27,11 @@ public:
     /// A filled variable makes it an expression curve. Both pointers may be null.
     EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable);
 
-    QString name;          ///< the full name: group, ".", curve
-    bool isLocked = false; ///< by the host: no edit of it opens
+    QString name;         ///< the full name: group, ".", curve
+    CurveOptions options; ///< the host's; sound, see `PointLimits`
+
+    /// No edit of it opens.
+    bool isLocked() const { return options.locked; }
 
     /// To be read; `CurveEdit::spline` gives it to be written. Null if there is none.
     const SplineBase* spline() const { return spline_; }

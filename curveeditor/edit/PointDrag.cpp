@@ -107,6 +107,17 @@ std::vector<PointSerial> PointDrag::points() const
     return serials;
 }
 
+std::vector<std::int32_t> PointDrag::indices(const SplineBase& spline) const
+{
+    std::vector<std::int32_t> found;
+    for (const Point& point : points_) {
+        const std::int32_t index = indexOf(point, spline);
+        if (index >= 0)
+            found.push_back(index);
+    }
+    return found;
+}
+
 std::vector<PointDrag::Place> PointDrag::starts() const
 {
     std::vector<Place> places;

@@ -37,6 +37,8 @@ public:
 
     /// The points that the drag moves.
     std::vector<PointSerial> points() const;
+    /// Where they are in `spline`, of which they are; those that are gone are left out.
+    std::vector<std::int32_t> indices(const SplineBase& spline) const;
     /// Where they were when the leg began.
     std::vector<Place> starts() const;
 

@@ -19,9 +19,22 @@ namespace {
 
 constexpr QColor outline(128, 128, 128); // so that a curve in the colour of the list has its square too
 
+constexpr int lockRole = Qt::UserRole;
+
 bool mayNameCurve(const QMimeData& data)
 {
     return data.hasText() && !data.text().contains(QLatin1Char('?'));
+}
+
+void drawPadlock(QPainter& painter, const QRectF& place, const QColor& color)
+{
+    const double unit = place.height() / 8.0;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, unit));
+    painter.drawRoundedRect(place.adjusted(2.0 * unit, unit, -2.0 * unit, -unit), 2.0 * unit, 2.0 * unit);
+    painter.setPen(outline);
+    painter.setBrush(color);
+    painter.drawRect(place.adjusted(unit, 4.0 * unit, -unit, -unit));
 }
 
 /// Draws the colour of a curve as a square, sharp whatever the ratio of pixels, and the same in a selected row.
@@ -39,9 +52,19 @@ protected:
             return;
         const qreal ratio = option->widget->devicePixelRatioF();
         QPixmap square(option->decorationSize * ratio);
-        square.fill(outline);
+        const bool isLocked = row.data(lockRole).toBool();
+        square.fill(isLocked ? QColor(Qt::transparent) : outline);
         const int edge = qMax(1, qRound(ratio));
-        QPainter(&square).fillRect(square.rect().adjusted(edge, edge, -edge, -edge), color);
+        QPainter painter(&square);
+        if (isLocked)
+            drawPadlock(painter, QRectF(square.rect()), color);
+        else
+            painter.fillRect(square.rect().adjusted(edge, edge, -edge, -edge), color);
+        painter.end();
+        option->font.setItalic(isLocked);
+        if (isLocked)
+            option->palette.setBrush(QPalette::Text,
+                                     option->palette.brush(QPalette::Disabled, QPalette::Text));
         square.setDevicePixelRatio(ratio);
         option->icon = QIcon(square);
         option->icon.addPixmap(square, QIcon::Selected);
@@ -150,10 +173,16 @@ void EditingList::dropEvent(QDropEvent* event)
         Q_EMIT setNodeForEdit(event->mimeData()->text());
 }
 
-void EditingList::setCurveName(QTreeWidgetItem* row, const QString& name)
+void EditingList::setCurveName(QTreeWidgetItem* row, const QString& name, const QString& tip)
 {
+    const QString shown = tip.isEmpty() ? name : name + QLatin1Char('\n') + tip;
     row->setText(0, name);
-    row->setToolTip(0, Qt::mightBeRichText(name) ? Qt::convertFromPlainText(name) : name);
+    row->setToolTip(0, Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown) : shown);
+}
+
+void EditingList::setCurveLocked(QTreeWidgetItem* row, bool isLocked)
+{
+    row->setData(0, lockRole, isLocked);
 }
 
 void EditingList::setCurveColor(QTreeWidgetItem* row, const QColor& color)

@@ -24,8 +24,10 @@ public:
     /// Puts the rows in order again, after names have changed.
     void sortRows();
 
-    /// Gives a row the full name of its curve, which its tool tip shows whole.
-    static void setCurveName(QTreeWidgetItem* row, const QString& name);
+    /// Gives a row the full name of its curve, which its tool tip shows whole, and below it `tip`, a plain text.
+    static void setCurveName(QTreeWidgetItem* row, const QString& name, const QString& tip = {});
+    /// The row of a locked curve has a padlock for its square, and letters that are slanted and paler.
+    static void setCurveLocked(QTreeWidgetItem* row, bool isLocked);
     static void setCurveColor(QTreeWidgetItem* row, const QColor& color);
 
 public Q_SLOTS:

@@ -5,6 +5,9 @@
 #include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/files/NumberText.h>
 
+#include <QGuiApplication>
+#include <QPalette>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -111,6 +114,8 @@ QVariant PointTableModel::data(const QModelIndex& cell, int role) const
 {
     if (role == Qt::TextAlignmentRole)
         return int(Qt::AlignVCenter | (cell.column() == Type ? Qt::AlignLeft : Qt::AlignRight));
+    if (role == Qt::ForegroundRole && control_ && control_->curve()->isLocked())
+        return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     const SplineBase::PointInfo* const point = pointOf(cell);
     const bool isText = role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole;
     return point && isText ? textOf(*point, cell.column(), role) : QVariant();
@@ -154,7 +159,7 @@ Qt::ItemFlags PointTableModel::flags(const QModelIndex& cell) const
     if (!cell.isValid())
         return Qt::NoItemFlags;
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
-    flags.setFlag(Qt::ItemIsEditable, control_ && !control_->curve()->isLocked);
+    flags.setFlag(Qt::ItemIsEditable, control_ && !control_->curve()->isLocked());
     return flags;
 }
 
@@ -189,7 +194,7 @@ bool PointTableModel::setText(const QModelIndex& cell, const QString& text, cons
 QString PointTableModel::faultOf(const QModelIndex& cell, const QString& text) const
 {
     const SplineBase::PointInfo* const point = pointOf(cell);
-    if (point && control_->curve()->isLocked)
+    if (point && control_->curve()->isLocked())
         return tr("The curve is locked.");
     double number = 0.0;
     const bool canRead = !point || cell.column() == Type || readNumber(*point, cell.column(), text, number);

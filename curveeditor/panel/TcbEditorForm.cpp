@@ -119,7 +119,7 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
     widgets_.nodeTypeWidgetStack->setCurrentIndex(point.type == SplineBase::Bezier ? TangentPage : TcbPage);
     widgets_.nodeTypeCombo->setCurrentIndex(PointTypes::of(point.type).entry);
     showPreview(point);
-    const bool canEdit = formActive_ && !control.curve()->isLocked;
+    const bool canEdit = formActive_ && !control.curve()->isLocked();
     widgets_.nodeTypeCombo->setEnabled(canEdit);
     for (const Row& row : Row::all)
         (widgets_.*row.widget)->setEnabled(canEdit);
@@ -289,9 +289,17 @@ void TcbEditorForm::cancelEdit(CustomEditLine* sender)
 
 void TcbEditorForm::finishEdit(CustomEditLine* sender)
 {
-    if (isEditing() && editedField_ == sender)
+    const bool wasEdited = isEditing() && editedField_ == sender;
+    if (wasEdited)
         door_->commit();
     editedField_ = nullptr;
+    const Row* const row = Row::find(widgets_, sender);
+    const int index = editableIndex();
+    if (!wasEdited || !row || index < 0)
+        return;
+    const double number = shownNumber(*currentControl_->pointAt(index), *row);
+    if (!sender->shows(number)) // the options of the curve ask for another one than was typed
+        sender->setValue(number);
 }
 
 void TcbEditorForm::stopDrags()

@@ -4,7 +4,6 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/PointTypeTexts.h>
-#include <curveeditor/files/NumberText.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/shell/DialogParts.h>
 
@@ -158,7 +157,7 @@ FitDialog::Outcome BakeDialog::outcomeOf(const CurveFit::Steps& times) const
     return {tr("%1 values become %2 points, at most %3 away.")
                 .arg(samples_)
                 .arg(count)
-                .arg(NumberText::inLocale(QString::number(result_.deviation, 'g', 3), locale())),
+                .arg(deviationText(result_.deviation, result_.spline.points)),
             true};
 }
 

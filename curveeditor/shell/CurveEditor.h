@@ -128,11 +128,15 @@ public:
     void renameNode(const QString& nodeName, const QString& newNodeName);
     /// @{
     /// What holds for a registered curve, on the canvas or off it, until it is removed; a rename keeps it. A curve
-    /// that is not known has the options of a new one. A lock ends first what the user is at with that curve, as
+    /// that is not known has the options of a new one. Options to which no value keeps, as with ends in the wrong
+    /// order or without a multiple of the step between them, and those with a number that is not finite or a step
+    /// below 0.0 change nothing. A lock ends first what the user is at with that curve, as
     /// release and leaving do. While it holds `curveHasChanged` comes for undo and redo alone.
     void setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options);
     CurveOptions curveOptions(const QString& group, const QString& curve) const;
     /// @}
+    /// Gives a registered curve another colour, as the user can. A colour that is not valid changes nothing.
+    void setCurveColor(const QString& group, const QString& curve, const QColor& color);
     /// Gives a group's row a picture. This dialog shows no such row, so nothing is seen.
     void setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap);
 
@@ -411,6 +415,8 @@ Q_SIGNALS:
     /// @}
     /// Another curve is the current one now; both names are empty if there is none.
     void currentCurveChanged(const QString& nodeName, const QString& curveName);
+    /// A curve has another colour now, which the user or `setCurveColor` gave it.
+    void curveColorChanged(const QString& group, const QString& curve, const QColor& color);
     /// The user has moved the time line, see `setTimeLineDraggable`. The slot may set it to another time.
     void timeLineDragged(double time);
 

@@ -2,6 +2,7 @@
 #include <curveeditor/shell/CurveEditorPrivate.h>
 
 #include <curveeditor/canvas/ReleasedAction.h>
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/DialogParts.h>
@@ -208,7 +209,6 @@ void CurveEditor::Private::renameRecord(NodeStruct& record, const QString& nodeN
     nodeOfName.insert(record.name, &record);
     record.nodeName = nodeName;
     record.curveName = curveName;
-    EditingList::setCurveName(record.editingItem, record.name);
     record.action->setText(variableName(record.name));
     for (QString* const remembered : {&toldCurrent, &lineCurve}) {
         if (*remembered == oldName)
@@ -217,20 +217,36 @@ void CurveEditor::Private::renameRecord(NodeStruct& record, const QString& nodeN
     if (unfinishedTexts.contains(oldName))
         unfinishedTexts.insert(record.name, unfinishedTexts.take(oldName));
     functionEdit->canvas.renameCurve(oldName, record.name);
-    functionEdit->canvas.door().history().rename(oldName, record.name);
+    EditHistory& history = functionEdit->canvas.door().history();
+    history.rename(oldName, record.name);
+    EditingList::setCurveName(record.editingItem, record.name, contentOf(&record, history)->options.toolTip);
 }
 
 // A host that hears of what ends may take the curve away.
 void CurveEditor::setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options)
 {
+    if (!PointLimits::areSound(options))
+        return;
     const QString name = fullName(group, curve);
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     EditHistory& history = canvas.door().history();
     const std::shared_ptr<EditedCurve> edited = contentOf(d_->nodeOfName.value(name), history);
-    if (edited && options.locked && canvas.door().isOpen(*edited))
+    if (edited && (options.locked || options.hidden) && canvas.door().isOpen(*edited))
         canvas.settle();
-    if (const std::shared_ptr<EditedCurve> present = contentOf(d_->nodeOfName.value(name), history))
-        present->isLocked = options.locked;
+    const NodeStruct* const record = d_->nodeOfName.value(name);
+    if (!record)
+        return;
+    const std::shared_ptr<EditedCurve> content = contentOf(record, history);
+    const bool changesLook = content->isLocked() != options.locked;
+    content->options = options;
+    EditingList::setCurveLocked(record->editingItem, options.locked);
+    EditingList::setCurveName(record->editingItem, name, options.toolTip);
+    CurveNodeBase* const shown = canvas.findCurve(name);
+    if (shown && options.hidden)
+        shown->control().selection().selectOnly(0);
+    if (changesLook)
+        canvas.setCurveColor(name, record->color);
+    canvas.paint();
     d_->functionEdit->showSelection(false);
 }
 
@@ -238,7 +254,12 @@ CurveOptions CurveEditor::curveOptions(const QString& group, const QString& curv
 {
     const std::shared_ptr<EditedCurve> present =
         contentOf(d_->nodeOfName.value(fullName(group, curve)), d_->functionEdit->canvas.door().history());
-    return present ? CurveOptions{present->isLocked} : CurveOptions();
+    return present ? present->options : CurveOptions();
+}
+
+void CurveEditor::setCurveColor(const QString& group, const QString& curve, const QColor& color)
+{
+    d_->setColor(d_->nodeOfName.value(fullName(group, curve)), color);
 }
 
 void CurveEditor::setMainNodePixmap(const QString& nodeName, const QPixmap& pixmap)
@@ -320,11 +341,13 @@ void CurveEditor::Private::setColorToEditingNode(const QTreeWidgetItem* item, co
 
 void CurveEditor::Private::setColor(NodeStruct* record, const QColor& color)
 {
-    if (!record || !color.isValid())
+    if (!record || !color.isValid() || record->color == color)
         return;
     record->color = color;
     EditingList::setCurveColor(record->editingItem, color);
     functionEdit->setCurveColor(record->name, color);
+    const HostCalls::Call call(hostCalls());
+    Q_EMIT editor.curveColorChanged(record->nodeName, record->curveName, color);
 }
 
 void CurveEditor::pressedItem(QTreeWidgetItem* /*who*/) {}

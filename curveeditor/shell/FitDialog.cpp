@@ -3,6 +3,8 @@
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/TitleWidth.h>
+#include <curveeditor/edit/PointLimits.h>
+#include <curveeditor/files/NumberText.h>
 #include <curveeditor/shell/DialogParts.h>
 
 #include <QCheckBox>
@@ -33,7 +35,7 @@ constexpr int toleranceDigits = 2;
 
 bool isLockedCurve(const CurveNodeBase* node)
 {
-    return node && node->curve()->isLocked;
+    return node && node->curve()->isLocked();
 }
 
 } // namespace
@@ -180,6 +182,12 @@ void FitDialog::refresh()
 QString FitDialog::toleranceHint()
 {
     return tr("The tolerance must be a number, 0 or more.");
+}
+
+QString FitDialog::deviationText(double deviation, std::span<const SplineBase::PointInfo> points) const
+{
+    const double shift = curve_ ? PointLimits::greatestShift(curve_->curve()->options, points) : 0.0;
+    return NumberText::inLocale(QString::number(deviation + shift, 'g', 3), locale());
 }
 
 double FitDialog::usualTolerance(double lowest, double highest)

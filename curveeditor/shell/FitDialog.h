@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <optional>
+#include <span>
 
 class CurveNodeBase;
 class QCheckBox;
@@ -68,6 +69,8 @@ protected:
     void fieldChanged();
 
     static QString toleranceHint();
+    /// What the points of a fit are away at most, once they keep to the options of the curve.
+    QString deviationText(double deviation, std::span<const SplineBase::PointInfo> points) const;
     /// A thousandth of that span as a number of few digits.
     static double usualTolerance(double lowest, double highest);
 

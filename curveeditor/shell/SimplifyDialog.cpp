@@ -2,7 +2,6 @@
 #include <curveeditor/shell/SimplifyDialog.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
-#include <curveeditor/files/NumberText.h>
 #include <curveeditor/model/CurveFit.h>
 
 #include <QCheckBox>
@@ -76,9 +75,8 @@ FitDialog::Outcome SimplifyDialog::simplify(double tolerance)
     trial_.show(result.spline);
     const QString text = isPart_ ? tr("%1 points of the selected part become %2, at most %3 away.")
                                  : tr("%1 points become %2, at most %3 away.");
-    return {text.arg(count).arg(left).arg(
-                NumberText::inLocale(QString::number(result.deviation, 'g', 3), locale())),
-            true};
+    const auto part = std::span(result.spline.points).subspan(first_, left);
+    return {text.arg(count).arg(left).arg(deviationText(result.deviation, part)), true};
 }
 
 void SimplifyDialog::apply()

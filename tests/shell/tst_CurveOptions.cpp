@@ -3,6 +3,7 @@
 #include "Invariants.h"
 
 #include <curveeditor/canvas/PointCommands.h>
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/shell/FitDialog.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
@@ -13,7 +14,32 @@ namespace {
 
 void lock(Scene& s, const QString& curve, bool on = true)
 {
-    s.editor.setCurveOptions("a", curve, CurveOptions{on});
+    CurveOptions options = s.editor.curveOptions("a", curve);
+    options.locked = on;
+    s.editor.setCurveOptions("a", curve, options);
+}
+
+CurveOptions steps(double lowest, double highest, double step)
+{
+    CurveOptions options;
+    options.lowest = lowest, options.highest = highest, options.step = step;
+    return options;
+}
+
+/// The first value that was edited and is no multiple of 0.7 within 2.8, on both sides of 0.
+std::optional<double> straying(std::map<QString, CurveState> before, std::map<QString, CurveState> after)
+{
+    for (const auto& [name, curve] : after) {
+        const auto& old = before[name].spline.points;
+        for (const SplineBase::PointInfo& point : curve.spline.points) {
+            const double steps = point.pos / 0.7;
+            const bool isOld = std::any_of(old.begin(), old.end(),
+                                           [&](const auto& other) { return isSamePoint(point, other); });
+            if (!isOld && (std::abs(steps - std::round(steps)) > 1e-9 || std::abs(point.pos) > 2.81))
+                return point.pos;
+        }
+    }
+    return std::nullopt;
 }
 
 /// Chooses OK in the dialog of that key; returns what it said, and leaves one that stays open.
@@ -150,6 +176,163 @@ private Q_SLOTS:
             QCOMPARE(Invariants::fault(s.editor), QString());
             QVERIFY(s.showsWhatIsDrawnFromScratch());
         }
+    }
+
+    void editedPointsKeepToSteps_data()
+    {
+        lockedCurveIsNotEdited_data();
+        const Edits row;
+        row("far", {}, [](Scene& s) { s.paste("7\t0\n9\t99\n"), s.drag(5.0, 1.0, 6.0, 1.01); });
+    }
+    void editedPointsKeepToSteps()
+    {
+        const auto [told, edit] = Edits::present();
+        Scene s;
+        for (const QString curve : {"x", "y", "z"})
+            s.editor.setCurveOptions("a", curve, steps(-3.1, 3.1, 0.7));
+        s.x.modify(1)->tanRight = 2.0;
+        s.editor.updateCurves();
+        const auto before = s.states();
+        std::optional<double> strayed;
+        connect(&s.editor, &CurveEditor::curveEdited, &s.canvas, [&](const CurveChange& change) {
+            if (!strayed && change.cause == CurveChange::Cause::Edit)
+                strayed = straying(before, s.states());
+        });
+        edit(s);
+        s.canvas.setFocus(); // what is typed is told now
+        QCOMPARE(strayed, std::nullopt);
+        QCOMPARE(straying(before, s.states()), std::nullopt);
+        QCOMPARE(Invariants::fault(s.editor), QString());
+        QVERIFY(s.entries() > 0 || s.commits.isEmpty());
+        while (s.editor.undoStack()->canUndo())
+            s.editor.undo();
+        QVERIFY(s.states() == before);
+    }
+
+    void valuesAreBounded()
+    {
+        constexpr double most = std::numeric_limits<double>::max(), least = 5e-324;
+        const double rows[][5] = {{-most, most, 0.0, 0.3, 0.3}, {-most, most, 1.0, 1e300, 1e300},
+                                  {-1.0, 1.5, 1.0, 1e300, 1.0}, {-1.5, 1.5, 1.0, -9.0, -1.0},
+                                  {0.0, 0.3, 0.1, 0.34, 0.3},   {-most, most, least, most, most},
+                                  {1.0, 1.0, 0.0, -9.0, 1.0},   {-9.0, 9.0, 2.0, -0.5, 0.0}};
+        for (const auto& [lowest, highest, step, value, bounded] : rows)
+            QCOMPARE(PointLimits::bounded(steps(lowest, highest, step), value), bounded);
+    }
+
+    void unsoundOptionsChangeNothing()
+    {
+        Scene s;
+        s.editor.setCurveOptions("a", "x", steps(1.0, 2.0, 0.5));
+        for (const double bad : {qInf(), -qInf(), qQNaN()}) {
+            for (const CurveOptions& options :
+                 {steps(bad, 9.0, 0.0), steps(0.0, bad, 0.0), steps(0.0, 9.0, bad)})
+                s.editor.setCurveOptions("a", "x", options);
+        }
+        for (const CurveOptions& options :
+             {steps(2.0, 1.0, 0.0), steps(0.0, 9.0, -1.0), steps(0.2, 0.8, 1.0)})
+            s.editor.setCurveOptions("a", "x", options);
+        const CurveOptions options = s.editor.curveOptions("a", "x");
+        QVERIFY(options.lowest == 1.0 && options.highest == 2.0 && options.step == 0.5);
+    }
+
+    void colourIsToldWhoeverGivesIt()
+    {
+        Scene s;
+        QStringList told;
+        connect(&s.editor, &CurveEditor::curveColorChanged, &s.canvas,
+                [&](const QString& group, const QString& curve, const QColor& color) {
+                    told.append(group + curve + color.name());
+                });
+        const QImage before = s.shown();
+        for (const QColor& color : {QColor(Qt::red), QColor(Qt::red), QColor()})
+            s.editor.setCurveColor("a", "x", color);
+        s.editor.setCurveColor("a", "nobody", Qt::blue);
+        QCOMPARE(told, QStringList{"ax#ff0000"});
+        QVERIFY(s.shown() != before && s.showsWhatIsDrawnFromScratch());
+        QTreeWidgetItem group;
+        auto* const row = new QTreeWidgetItem(&group);
+        s.editor.searchAllNodeList("a.x")->checkItem = row;
+        whenOpen<QColorDialog>(
+            [](QColorDialog& dialog) { dialog.setCurrentColor(Qt::blue), dialog.accept(); });
+        s.editor.rightButtonPressedItem(row, {}, 0);
+        QCOMPARE(told.value(1), "ax#0000ff");
+    }
+
+    void lockedCurveLooksSo()
+    {
+        Scene s;
+        s.editor.tabWidget2->setCurrentIndex(2);
+        const auto pictures = [&s] {
+            return QList{s.shown(), s.editor.checkListsEditing->viewport()->grab().toImage(),
+                         s.editor.findChild<QTableView*>("pointTable")->viewport()->grab().toImage()};
+        };
+        const QList<QImage> before = pictures();
+        for (const QString curve : {"x", "y"}) {
+            lock(s, curve);
+            const QList<QImage> locked = pictures();
+            QVERIFY(locked[0] != before[0] && locked[1] != before[1]);
+            QCOMPARE(locked[2] != before[2], curve == "x"); // which is current
+            QVERIFY(s.showsWhatIsDrawnFromScratch());
+            lock(s, curve, false);
+            QVERIFY(pictures() == before);
+        }
+    }
+
+    void hiddenCurveIsNotHit_data()
+    {
+        const Rows<Deed> row;
+        row("drag", [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); });
+        row("Ctrl", [](Scene& s) { s.press(6.0, 2.5, ctrl).release(6.0, 2.5); });
+        row("double click", [](Scene& s) {
+            s.press(6.0, 2.5).release(6.0, 2.5).mouse(QEvent::MouseButtonDblClick, s.pixel(6.0, 2.5));
+        });
+        row("all curves", [](Scene& s) { s.turnTo("a.y").key(Qt::Key_A, shift).drag(5.0, 1.0, 6.0, 2.0); });
+        row("band", [](Scene& s) { s.drag(4.0, 2.5, 9.0, -2.5), s.key(Qt::Key_Delete); });
+        row("Delete", [](Scene& s) { s.key(Qt::Key_Delete); });
+        row("line", [](Scene& s) {
+            s.turnTo("a.y").press(2.0, s.x(2.0)).release(2.0, s.x(2.0));
+            s.drag(5.0, 1.0, 6.0, 2.0);
+        });
+    }
+    void hiddenCurveIsNotHit()
+    {
+        const auto [deed] = Rows<Deed>::present();
+        for (const bool isHidden : {false, true}) {
+            Scene s;
+            s.clickPoint();
+            CurveOptions options;
+            options.hidden = isHidden;
+            s.editor.setCurveOptions("a", "x", options);
+            const CurveState before = s.states()["a.x"];
+            deed(s);
+            QCOMPARE(s.states()["a.x"] == before, isHidden);
+            QVERIFY(s.showsWhatIsDrawnFromScratch());
+        }
+    }
+
+    void hiddenCurvesAreNotDrawn()
+    {
+        Scene s;
+        CurveOptions options;
+        options.hidden = true;
+        for (const QString curve : {"x", "y", "z"})
+            s.editor.setCurveOptions("a", curve, options);
+        const QImage hidden = s.shown();
+        s.editor.cleanSelecteds();
+        QVERIFY(s.shown() == hidden);
+    }
+
+    void tipStandsInTheList()
+    {
+        Scene s;
+        CurveOptions options;
+        options.toolTip = "of the lens";
+        s.editor.setCurveOptions("a", "x", options);
+        const QTreeWidgetItem* const row = s.editor.checkListsEditing->topLevelItem(0);
+        QCOMPARE(row->toolTip(0), "a.x\nof the lens");
+        s.editor.renameCurve("a", "x", "_");
+        QCOMPARE(s.editor.searchAllNodeList("a._")->editingItem->toolTip(0), "a._\nof the lens");
     }
 
     void othersAreEditedWithoutIt()

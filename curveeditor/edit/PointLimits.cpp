@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/edit/PointLimits.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace curveeditor {
+
+namespace {
+
+constexpr double uncountable = 4503599627370496.0; // 2^52: from here on numbers are too coarse for steps
+constexpr double roundingShare = 1e-9;
+
+/// `bound` in steps, rounded by `inward` unless rounding alone keeps it from a whole number.
+double boundInSteps(double bound, double step, double (*inward)(double))
+{
+    const double steps = bound / step, nearest = std::round(steps);
+    return std::abs(steps - nearest) <= roundingShare * std::max(1.0, std::abs(steps)) ? nearest
+                                                                                       : inward(steps);
+}
+
+double firstStep(const CurveOptions& options)
+{
+    return boundInSteps(options.lowest, options.step, [](double steps) { return std::ceil(steps); });
+}
+
+double lastStep(const CurveOptions& options)
+{
+    return boundInSteps(options.highest, options.step, [](double steps) { return std::floor(steps); });
+}
+
+} // namespace
+
+bool PointLimits::areSound(const CurveOptions& options)
+{
+    return std::isfinite(options.lowest) && std::isfinite(options.highest) && std::isfinite(options.step) &&
+           options.lowest <= options.highest && options.step >= 0.0 &&
+           (options.step == 0.0 || firstStep(options) <= lastStep(options));
+}
+
+bool PointLimits::bindValues(const CurveOptions& options)
+{
+    const CurveOptions none;
+    return options.step > 0.0 || options.lowest != none.lowest || options.highest != none.highest;
+}
+
+double PointLimits::bounded(const CurveOptions& options, double value)
+{
+    if (options.step > 0.0) {
+        const double steps = std::clamp(value / options.step, firstStep(options), lastStep(options));
+        if (std::abs(steps) < uncountable)
+            value = std::round(steps) * options.step + 0.0; // no -0.0
+    }
+    return std::clamp(value, options.lowest, options.highest);
+}
+
+double PointLimits::greatestShift(const CurveOptions& options, std::span<const SplineBase::PointInfo> points)
+{
+    double shift = 0.0;
+    for (const SplineBase::PointInfo& point : points)
+        shift = std::max(shift, std::abs(bounded(options, point.pos) - point.pos));
+    return shift;
+}
+
+} // namespace curveeditor
