@@ -473,6 +473,7 @@ const Content clamped{.bound = 2.0f};
 const Content clampedSwinging{.swings = 50.0, .bound = 2.0f};
 const Content dense{.points = 10000};
 const Content oneLong{.splines = 1, .points = 100000};
+const Content oneVeryLong{.splines = 1, .points = 1000000};
 const Content formulas{.splines = 0, .expressions = curveCount};
 const Content oneFormula{.splines = 0, .expressions = 1};
 
@@ -484,6 +485,7 @@ BENCHMARK_CAPTURE(dragStep, themedClamped, themedClamped)->Unit(benchmark::kMill
 BENCHMARK_CAPTURE(dragStep, clamped, clamped)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, dense, dense)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, oneLong, oneLong)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, oneVeryLong, oneVeryLong)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, smoothBesideTheTable, Content(), true, Points)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, oneLongBesideTheTable, oneLong, true, Points)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(pressOrRelease, press, true, false)->Arg(1000000)->Unit(benchmark::kMillisecond);
@@ -508,6 +510,7 @@ BENCHMARK_CAPTURE(viewChange, clampedSwinging, clampedSwinging)->Unit(benchmark:
 BENCHMARK_CAPTURE(viewChange, swinging, swinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, formulas, formulas)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, oneFormula, oneFormula)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, oneVeryLong, oneVeryLong)->Unit(benchmark::kMillisecond);
 BENCHMARK(wheelStep)->Unit(benchmark::kMillisecond);
 BENCHMARK(paste)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(openingTheTable)->Arg(100000)->Unit(benchmark::kMillisecond);

@@ -89,6 +89,24 @@ void undoAndRedo(benchmark::State& state)
     }
 }
 
+/// Memory that a drag of one point takes until its release; the counter is in bytes.
+void memoryOfADrag(benchmark::State& state)
+{
+    double bytes = 0.0;
+    for (auto _ : state) {
+        Scene scene(state.range(0));
+        const auto held = [] {
+            return double(mallinfo2().uordblks + mallinfo2().hblkhd);
+        };
+        const double before = held();
+        scene.press();
+        scene.step(5.0);
+        bytes = held() - before;
+        scene.door.commit();
+    }
+    state.counters["bytes"] = bytes;
+}
+
 /// Memory of 10,000 entries, each a drag of one point of a curve of 1,000; the counter is in bytes an entry.
 void entries(benchmark::State& state)
 {
@@ -112,6 +130,7 @@ BENCHMARK(pressOnAPoint)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond)
 BENCHMARK(releaseOfADrag)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(stepOfADrag)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(undoAndRedo)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(memoryOfADrag)->Arg(1000000)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(entries)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace

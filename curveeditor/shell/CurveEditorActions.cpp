@@ -225,7 +225,7 @@ void CurveEditor::fitToFont()
 }
 
 QMenu* CurveEditor::Private::createExpressionMenu(const QString& text, const QStringList& entries,
-                                                  void (CurveEditor::*insert)(int))
+                                                  const std::function<void(CurveEditor&, int)>& insert)
 {
     auto* const menu = new QMenu(editor.expressionTool);
     menu->setFont(editor.font());
@@ -237,7 +237,7 @@ QMenu* CurveEditor::Private::createExpressionMenu(const QString& text, const QSt
     }
     addMenuButton(editor.expressionTool, text, menu);
     QObject::connect(menu, &QMenu::triggered, &editor,
-                     [this, insert](const QAction* entry) { (editor.*insert)(entry->data().toInt()); });
+                     [this, insert](const QAction* entry) { insert(editor, entry->data().toInt()); });
     return menu;
 }
 

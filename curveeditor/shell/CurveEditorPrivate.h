@@ -113,7 +113,7 @@ struct CurveEditor::Private final : DependencyCheck
     void connectPointTable();
     void connectEditingList();
     QMenu* createExpressionMenu(const QString& text, const QStringList& entries,
-                                void (CurveEditor::*insert)(int));
+                                const std::function<void(CurveEditor&, int)>& insert);
     void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
     QToolButton* createViewButton(QWidget* box, const QString& text);
     CustomEditLine* createReadOut(const char* name);
