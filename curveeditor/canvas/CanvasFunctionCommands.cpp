@@ -287,7 +287,7 @@ bool CanvasFunctionBase::dropExpression(const QString& name)
         return false;
     const std::shared_ptr<EditedCurve> dropped = curve->curve();
     dropped->showSpline(true);
-    curves_.markEdited({dropped}, false);
+    curves_.markEdited({dropped, TimeInterval::everything()}, false);
     door_.history().forgetRetired(dropped->variable());
     return true;
 }

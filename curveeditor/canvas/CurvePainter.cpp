@@ -5,8 +5,10 @@
 #include <curveeditor/canvas/DevicePixels.h>
 
 #include <QImage>
+#include <QPaintDevice>
 #include <QPainter>
 #include <QPen>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -102,21 +104,26 @@ void CurvePainter::drawDotted(const DeviceLine& line, const QColor& color, doubl
     if (pixels == 1)
         return drawWithQt(line, QPen(color, line.scale, Qt::DotLine), line.scale > 1);
     runs_.clear();
-    forEachPiece(line,
-                 [this, &line](const QPoint* points, int count) { takeRuns(points, count, line.scale); });
+    forEachPiece(line, [this, &line, pixels](const QPoint* points, int count) {
+        takeRuns(points, count, line.scale, 3 * pixels);
+    });
     if (painter_->backgroundMode() == Qt::OpaqueMode)
         fill(painter_->background().color(), pixels);
     keepDots(pixels);
     fill(color, pixels);
 }
 
-/// Of the whole line, as each dot depends on those before. A line to the left is followed from its right end on.
-void CurvePainter::takeRuns(const QPoint* points, int count, int scale)
+/// Of the whole line, as each dot depends on those before. A line to the left is followed from its right end on; it is
+/// level, and may begin very far off, where whole steps from dot to dot are left out.
+void CurvePainter::takeRuns(const QPoint* points, int count, int scale, int step)
 {
     path_.assign(points, points + count);
     for (QPoint& pixel : path_)
         pixel = QPoint(rowOrColumn(pixel.x(), scale), rowOrColumn(pixel.y(), scale));
     const bool isToTheLeft = count > 1 && path_.back().x() < path_.front().x();
+    const int edge = qCeil(painter_->device()->width() * painter_->device()->devicePixelRatio());
+    if (isToTheLeft)
+        path_.front().rx() -= std::max(0, path_.front().x() - edge) / step * step;
     if (isToTheLeft)
         std::reverse(path_.begin(), path_.end());
     const auto first = std::ptrdiff_t(runs_.size());

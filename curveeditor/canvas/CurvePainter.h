@@ -79,7 +79,7 @@ private:
     void drawSmooth(const DeviceLine& line, const QColor& color, double width);
     void drawWithQt(const DeviceLine& line, const QPen& pen, bool isSmooth);
     std::pair<int, int> pointsNear(const QPoint* points, int count, int margin, int scale) const;
-    void takeRuns(const QPoint* points, int count, int scale);
+    void takeRuns(const QPoint* points, int count, int scale, int step);
     void keepDots(int width);
     void fill(const QColor& color, int width);
     void fillRects(const QColor& color, int width);

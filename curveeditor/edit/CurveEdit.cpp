@@ -237,10 +237,12 @@ CurveDiff CurveEdit::Before::difference() const
 
 void CurveEdit::Before::takeBack() const
 {
-    if (own.empty())
+    if (own.empty()) {
         curve->restore(state);
-    else
-        curve->step(difference(), false, true);
+        return;
+    }
+    curve->mend(); // the host may have written others
+    curve->step(difference(), false, true);
 }
 
 /// The points of the spline, with those that are the edit's own as they were; what the host took away stays away.

@@ -780,7 +780,10 @@ bool SplineBase::replace(const std::vector<PlacedPoint>& removed, const std::vec
         const auto present = spare.extract(point.info.serial);
         PointInfo* const place = present ? present.mapped() : new PointInfo;
         *place = point.info;
-        d_->serialSum += serialShare(point.info);
+        if (place->serial == 0)
+            place->serial = newSerial();
+        noteSerial(place->serial);
+        d_->serialSum += serialShare(*place);
         return place;
     });
     times_ = std::move(times);

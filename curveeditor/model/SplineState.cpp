@@ -22,21 +22,22 @@ template <typename Value> auto wordsOf(const Value& value)
 }
 
 /// Spreads each bit over all.
-std::uint64_t mixed(std::uint64_t word)
+constexpr std::uint64_t mixed(std::uint64_t word)
 {
     word = (word ^ (word >> 32)) * 0x9E3779B97F4A7C15U;
     word = (word ^ (word >> 29)) * 0xBF58476D1CE4E5B9U;
     return word ^ (word >> 32);
 }
 
-/// Each word has a factor of its own, so that no two can change places; the products do not wait for each other.
+/// Each word has an odd factor of its own, and none is the sum of others, so that no words can change places; the
+/// products do not wait for each other.
 template <typename Value> std::uint64_t mixedBits(const Value& value)
 {
     std::uint64_t factor = 0xD6E8FEB86659FD93U;
     std::uint64_t sum = 0;
     for (const std::uint64_t word : wordsOf(value)) {
         sum += (word ^ (word >> 32)) * factor;
-        factor += 0x9E3779B97F4A7C16U;
+        factor = mixed(factor) | 1;
     }
     return mixed(sum);
 }

@@ -211,6 +211,7 @@ void TcbEditorForm::writeNumber(CustomEditLine* sender, const Row& row, double n
     if (!beginEdit(sender, point))
         return;
     SplineEdits::write(*currentControl_->openSpline(), point.serial, row.field, number);
+    written_ = number;
     door_->checkpoint();
 }
 
@@ -297,9 +298,9 @@ void TcbEditorForm::finishEdit(CustomEditLine* sender)
     const int index = editableIndex();
     if (!wasEdited || !row || index < 0)
         return;
-    const double number = shownNumber(*currentControl_->pointAt(index), *row);
-    if (!sender->shows(number)) // the options of the curve ask for another one than was typed
-        sender->setValue(number);
+    const SplineBase::PointInfo& point = *currentControl_->pointAt(index);
+    if (SplineEdits::read(point, row->field) != written_) // the options of the curve ask for another one
+        sender->setValue(shownNumber(point, *row));
 }
 
 void TcbEditorForm::stopDrags()

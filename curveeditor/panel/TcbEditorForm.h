@@ -104,6 +104,7 @@ private:
     CustomEditLine* editedField_ = nullptr;
     CurveEdit::Id edit_ = 0;
     QPointer<CurveEdit> door_;     ///< of that edit
+    double written_ = 0.0;         ///< the number that was written last in it
     SplineBase::PointInfo focus_;  ///< the point when the field that has the focus got it
     SplineBase::PointInfo before_; ///< the point when the edit of the field began
 };

@@ -59,8 +59,7 @@ void CurveEditor::Private::putOnCanvas(NodeStruct& record)
         editor.checkListsEditing->addRow(record.editingItem);
     }
     showSelectedRow(record);
-    if (functionEdit->canvas.getCurrentCurve() != curve)
-        functionEdit->canvas.setCurrentCurve(curve);
+    functionEdit->canvas.setCurrentCurve(curve);
     QObject::connect(curve, &CurveNodeBase::curveHasChanged, &editor,
                      &CurveEditor::emitSignalCurveHasChanged);
     --setChanges;

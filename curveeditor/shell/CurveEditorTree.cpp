@@ -11,6 +11,7 @@
 
 #include <QMenu>
 #include <QPixmap>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QTreeWidgetItem>
 
@@ -231,8 +232,15 @@ void CurveEditor::setCurveOptions(const QString& group, const QString& curve, co
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     EditHistory& history = canvas.door().history();
     const std::shared_ptr<EditedCurve> edited = contentOf(d_->nodeOfName.value(name), history);
-    if (edited && (options.locked || options.hidden) && canvas.door().isOpen(*edited))
-        canvas.settle();
+    const QPointer<CurveEditor> guard(this);
+    if (edited && (options.locked || options.hidden) && canvas.door().isOpen(*edited)) {
+        for (const auto& changed : canvas.settle()) {
+            if (CurveNodeBase* const told = guard ? canvas.findCurve(changed->name) : nullptr)
+                told->emitCurveChanged();
+        }
+    }
+    if (!guard)
+        return;
     const NodeStruct* const record = d_->nodeOfName.value(name);
     if (!record)
         return;

@@ -284,6 +284,10 @@ private Q_SLOTS:
                     point = point * line.scale + QPoint(20, 20);
                 QVERIFY(ratio == 1.0 || dotted(line, ratio) == image);
             }
+            const auto fromFar = [&](int dots) {
+                return dotted({{QPoint(4000 + 3 * wide * dots, 90), QPoint(9, 90)}, 1, {}}, ratio);
+            };
+            QCOMPARE(fromFar(1000000), fromFar(0));
         }
     }
 

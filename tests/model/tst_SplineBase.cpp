@@ -395,6 +395,17 @@ private Q_SLOTS:
         }
     }
 
+    void fingerprintsTellFieldsApart()
+    {
+        SplineState states[2];
+        for (int i = 0; i < 2; ++i) {
+            PointInfo& point = states[i].points.emplace_back();
+            point.tension = point.easeFrom = i == 0 ? 0.5 : 0.0;
+            point.continuity = point.easeTo = i == 0 ? 0.0 : 0.5;
+        }
+        QVERIFY(states[0].fingerprint() != states[1].fingerprint());
+    }
+
     void badStatesAndStrangersChangeNothing()
     {
         SplineBase spline;
