@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Splines beside what else could do the job. The counters per_value, per_point and per_move are times, to be
 // compared within one run.
+#include <curveeditor/model/CurveSnapshot.h>
 #include <curveeditor/model/SplineBase.h>
+#include <curveeditor/model/SplineState.h>
 #include <specimens/SplineSpecimens.h>
 
 #include <benchmark/benchmark.h>
@@ -303,6 +305,43 @@ void movePointPastOneNeighbour(benchmark::State& state)
     reportTime(state, "per_move", 2);
 }
 
+// Snapshots
+
+/// Into memory that is there.
+void copyOfAllPoints(benchmark::State& state)
+{
+    SplineBase spline;
+    for (std::int64_t i = 1; i < state.range(0); ++i)
+        spline.addPoint(double(i), 1.0);
+    SplineState copy = spline.state();
+    for (auto _ : state) {
+        spline.copyTo(copy);
+        benchmark::ClobberMemory();
+    }
+}
+
+void nextSnapshot(benchmark::State& state)
+{
+    SplineBase spline;
+    for (std::int64_t i = 1; i < state.range(0); ++i)
+        spline.addPoint(double(i), 1.0);
+    PointInfo* const point = spline.modify(unsigned(state.range(0) / 2));
+    std::shared_ptr<const CurveSnapshot> snapshot = CurveSnapshot::of(spline);
+    for (auto _ : state) {
+        point->pos += 1.0;
+        snapshot = CurveSnapshot::of(spline, snapshot);
+    }
+}
+
+void firstSnapshot(benchmark::State& state)
+{
+    SplineBase spline;
+    for (std::int64_t i = 1; i < state.range(0); ++i)
+        spline.addPoint(double(i), 1.0);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CurveSnapshot::of(spline));
+}
+
 /// The reserve that a growing vector keeps is largest right behind a power of two and gone at one.
 void memory(benchmark::State& state)
 {
@@ -335,6 +374,9 @@ BENCHMARK(addPoints)->Arg(100000);
 BENCHMARK(movePointer)->Arg(1000000);
 BENCHMARK(movePointFromEndToEnd)->Arg(1000000);
 BENCHMARK(movePointPastOneNeighbour)->Arg(1000000);
+BENCHMARK(copyOfAllPoints)->Arg(100000);
+BENCHMARK(nextSnapshot)->Arg(100000);
+BENCHMARK(firstSnapshot)->Arg(100000);
 BENCHMARK(memory)->Arg(1 << 17)->Arg(100000)->Iterations(1);
 
 } // namespace

@@ -2,6 +2,7 @@
 #include <curveeditor/model/CurveVariables.h>
 
 #include <curveeditor/model/BlockReading.h>
+#include <curveeditor/model/CurveSnapshot.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/SplineBase.h>
@@ -37,6 +38,8 @@ struct Curve
     // The values of the last block, and when they were read.
     std::vector<double> values;
     std::uint64_t blockReading = 0;
+
+    std::weak_ptr<const CurveSnapshot> splineSnapshot; ///< the last one
 };
 
 /// The times of a reading in blocks.
@@ -161,6 +164,23 @@ const FunctionFloatBase* CurveVariables::getExpression(const std::string& name) 
 {
     const Curve* const curve = d_->find(*this, name);
     return curve && curve->expression ? *curve->expression : nullptr;
+}
+
+bool CurveVariables::holds(const std::string& name) const
+{
+    return d_->find(*this, name);
+}
+
+/// Null where there is no spline.
+std::shared_ptr<const CurveSnapshot> CurveVariables::splineSnapshot(const std::string& name) const
+{
+    Curve* const curve = d_->find(*this, name);
+    if (!curve || !curve->spline)
+        return nullptr;
+    std::shared_ptr<const CurveSnapshot> snapshot =
+        CurveSnapshot::of(*curve->spline, curve->splineSnapshot.lock());
+    curve->splineSnapshot = snapshot;
+    return snapshot;
 }
 
 Curve* CurveVariables::Private::find(const ParserVarMapper& names, const std::string& name)

@@ -7,8 +7,13 @@
 #include <memory>
 #include <string>
 
+class CurveSnapshot;
 class FunctionFloatBase;
 class SplineBase;
+
+namespace curveeditor {
+class FormulaSnapshot;
+} // namespace curveeditor
 
 /// Lets expressions read curves. A host keeps one, adds each of its curves once, and sets it with
 /// `FunctionParserBase::instance()->setVarMapper(&variables)`. From then on every expression may name any of
@@ -60,6 +65,12 @@ public:
     const FunctionFloatBase* getExpression(const std::string& name) const override;
 
 private:
+    friend class curveeditor::FormulaSnapshot;
+
     struct Private;
+
+    bool holds(const std::string& name) const;
+    std::shared_ptr<const CurveSnapshot> splineSnapshot(const std::string& name) const;
+
     std::unique_ptr<Private> d_;
 };

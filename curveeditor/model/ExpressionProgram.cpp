@@ -29,7 +29,25 @@ constexpr std::size_t usualInstructions = 32;
 constexpr std::size_t longestBlock = 256;
 constexpr std::size_t largestBlockStack = 64 * longestBlock;
 
-double valueOf(const FunctionParserBase::keyStruct& key)
+using Key = FunctionParserBase::keyStruct;
+
+bool isTime(const Key& key)
+{
+    return key.name == "t";
+}
+
+double valueIn(const ExpressionVariables& variables, const Key& key)
+{
+    return isTime(key) ? variables.time : variables.frame;
+}
+
+/// The variables as the parser has them.
+struct ParserVariables
+{
+    static double read(Key& key) { return FunctionParserBase::instance()->readMapped(key); }
+};
+
+double valueIn(const ParserVariables&, const Key& key)
 {
     return key.holdsDouble() ? *static_cast<const double*>(key.value) : key.getValue();
 }
@@ -40,8 +58,12 @@ double square(double x)
 }
 
 /// Up to the first `Return`.
-double compute(const Instruction* instruction, double* top)
+template <typename Variables>
+double compute(const Instruction* instruction, double* top, Variables& variables)
 {
+    const auto valueOf = [&variables](const Key& key) {
+        return valueIn(variables, key);
+    };
     double x = 0.0;
     for (;; ++instruction) {
         switch (instruction->code) {
@@ -55,7 +77,7 @@ double compute(const Instruction* instruction, double* top)
             break;
         case Code::MappedVariable:
             *top++ = x;
-            x = FunctionParserBase::instance()->readMapped(*instruction->key);
+            x = variables.read(*instruction->key);
             break;
         case Code::Negate:
             x = -x;
@@ -319,7 +341,8 @@ double computeConstant(double operand, const Instruction& operation)
 {
     const std::array program{Instruction{Code::Constant, operand}, operation, Instruction{Code::Return}};
     double stack[1]{};
-    return compute(program.data(), stack);
+    ParserVariables none;
+    return compute(program.data(), stack, none);
 }
 
 // A sign of the operand is as well one of the constant.
@@ -355,8 +378,11 @@ bool isOperand(Code code)
 class BlockTimes
 {
 public:
-    /// `row` has room for the longest block that is set.
-    BlockTimes(double* row, double framesPerTimeUnit) : times_(row), framesPerTimeUnit_(framesPerTimeUnit) {}
+    /// `row` has room for the longest block that is set. The variables are those of the parser if null.
+    BlockTimes(double* row, double framesPerTimeUnit, ExpressionVariables* variables)
+        : variables_(variables), times_(row), framesPerTimeUnit_(framesPerTimeUnit)
+    {
+    }
 
     /// Takes `count` times, at least 1. They must stay until the next ones are taken.
     void set(const double* times, std::size_t count)
@@ -376,12 +402,11 @@ public:
             std::fill_n(row, getPaddedCount(), instruction.constant);
         } else if (instruction.code == Code::MappedVariable) {
             // At their own address: a mapper may know them again.
-            FunctionParserBase::instance()->readMapped(*instruction.key, source_, framesPerTimeUnit_, row,
-                                                       count_);
+            readMapped(*instruction.key, row);
             pad(row);
-        } else if (!instruction.key->holdsDouble()) {
+        } else if (!variables_ && !instruction.key->holdsDouble()) {
             loadOneByOne(*instruction.key, row);
-        } else if (instruction.key == time_) {
+        } else if (isTime(*instruction.key)) {
             std::copy_n(times_, getPaddedCount(), row);
         } else {
             std::transform(times_, times_ + getPaddedCount(), row,
@@ -392,16 +417,25 @@ public:
 private:
     void pad(double* row) const { std::fill(row + count_, row + getPaddedCount(), row[count_ - 1]); }
 
-    void loadOneByOne(const FunctionParserBase::keyStruct& key, double* row)
+    void readMapped(Key& key, double* row) const
     {
+        if (variables_) {
+            variables_->read(key, source_, row, count_);
+        } else {
+            FunctionParserBase::instance()->readMapped(key, source_, framesPerTimeUnit_, row, count_);
+        }
+    }
+
+    void loadOneByOne(const Key& key, double* row) const
+    {
+        EvaluationTime now;
         for (std::size_t i = 0; i < getPaddedCount(); ++i) {
-            now_.set(times_[i], framesPerTimeUnit_);
+            now.set(times_[i], framesPerTimeUnit_);
             row[i] = key.getValue();
         }
     }
 
-    EvaluationTime now_;
-    const FunctionParserBase::keyStruct* const time_ = FunctionParserBase::instance()->getKey("t");
+    ExpressionVariables* variables_;
     const double* source_ = nullptr;
     std::size_t count_ = 0;
     double* times_;
@@ -423,7 +457,7 @@ public:
         operands_.reserve(usualInstructions);
     }
 
-    void compile(const FunctionFloatOperation& root)
+    void compile(const FunctionFloatBase& root)
     {
         tasks_.push_back({Step::Begin, &root});
         while (!tasks_.empty()) {
@@ -599,26 +633,38 @@ private:
     std::uint32_t choices_ = 0;      ///< that end at the next instruction
 };
 
-ExpressionProgram::ExpressionProgram(const FunctionFloatOperation& root)
+ExpressionProgram::ExpressionProgram(const FunctionFloatBase& root)
 {
     Compiler(*this).compile(root);
 }
 
-double ExpressionProgram::run() const
+template <typename Variables> double ExpressionProgram::runWith(Variables& variables) const
 {
     if (depth_ > usualDepth)
-        return compute(instructions_.data(), std::make_unique_for_overwrite<double[]>(depth_).get());
+        return compute(instructions_.data(), std::make_unique_for_overwrite<double[]>(depth_).get(),
+                       variables);
     double stack[usualDepth]{};
-    return compute(instructions_.data(), stack);
+    return compute(instructions_.data(), stack, variables);
+}
+
+double ExpressionProgram::run() const
+{
+    ParserVariables parsersOwn;
+    return runWith(parsersOwn);
+}
+
+double ExpressionProgram::run(ExpressionVariables& variables) const
+{
+    return runWith(variables);
 }
 
 void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, double* values,
-                                 std::size_t count) const
+                                 std::size_t count, ExpressionVariables* variables) const
 {
     const std::size_t stride =
         std::clamp(largestBlockStack / depth_ / blockStep * blockStep, blockStep, longestBlock);
     const auto rows = std::make_unique_for_overwrite<double[]>((depth_ + 1) * stride);
-    BlockTimes now(rows.get() + depth_ * stride, framesPerTimeUnit);
+    BlockTimes now(rows.get() + depth_ * stride, framesPerTimeUnit, variables);
     while (count > 0) {
         const std::size_t length = std::min(count, stride);
         now.set(times, length);

@@ -8,9 +8,25 @@
 #include <cstdint>
 #include <vector>
 
-class FunctionFloatOperation;
+class FunctionFloatBase;
 
 namespace curveeditor {
+
+/// The variables of one evaluation, apart from those of the parser, so that several threads may evaluate at once.
+class ExpressionVariables
+{
+public:
+    using Key = FunctionParserBase::keyStruct;
+
+    virtual ~ExpressionVariables() = default;
+    /// The value of a mapped variable at the present `time` and `frame`.
+    virtual double read(const Key& key) = 0;
+    /// Its values at the times of a block.
+    virtual void read(const Key& key, const double* times, double* values, std::size_t count) = 0;
+
+    double time = 0.0;  ///< `t`, unless a block is evaluated
+    double frame = 0.0; ///< `f`, the same
+};
 
 /// An expression as a flat list of instructions for a machine with a stack. Arithmetic without variables is
 /// computed once, when the program is made. Of a choice only the branch that counts is computed, but for a
@@ -29,13 +45,21 @@ public:
         std::uint32_t choices = 0;  // how many choices end here, which a block has to make first
     };
 
-    explicit ExpressionProgram(const FunctionFloatOperation& root);
+    /// `root` must come from the parser.
+    explicit ExpressionProgram(const FunctionFloatBase& root);
 
+    /// @{
+    /// With the parser's variables or, where `variables` are given, with these and without any look at the parser.
     double run() const;
-    void runBlock(const double* times, double framesPerTimeUnit, double* values, std::size_t count) const;
+    double run(ExpressionVariables& variables) const;
+    void runBlock(const double* times, double framesPerTimeUnit, double* values, std::size_t count,
+                  ExpressionVariables* variables = nullptr) const;
+    /// @}
 
 private:
     class Compiler;
+
+    template <typename Variables> double runWith(Variables& variables) const;
 
     std::vector<Instruction> instructions_;
     std::size_t depth_ = 0;

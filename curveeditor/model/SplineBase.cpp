@@ -450,9 +450,17 @@ SplineBase::SplineBase() : d_(std::make_unique<Private>())
     insertNew(0, PointInfo());
 }
 
+/// To be evaluated alone: the points stay another's.
+SplineBase::SplineBase(std::vector<PointInfo*> points, std::vector<double> times, std::int32_t first,
+                       std::int32_t last)
+    : firstType(first), lastType(last), points_(std::move(points)), times_(std::move(times))
+{
+}
+
 SplineBase::~SplineBase()
 {
-    clear();
+    if (d_)
+        clear();
 }
 
 double SplineBase::operator()(const double& time) const
@@ -468,9 +476,14 @@ double SplineBase::operator()(const double& time) const
 
 void SplineBase::evaluate(const double* times, double* values, std::size_t count) const
 {
-    if (times == values && count > 0) {
-        const std::vector<double> copy(times, times + count);
-        return evaluate(copy.data(), values, count);
+    if (times == values) {
+        std::array<double, 256> copy{};
+        for (std::size_t done = 0; done < count; done += copy.size()) {
+            const std::size_t length = std::min(count - done, copy.size());
+            std::copy_n(times + done, length, copy.data());
+            evaluate(copy.data(), values + done, length);
+        }
+        return;
     }
     evaluateBlock(times, values, count);
     if (areFinite(values, count))

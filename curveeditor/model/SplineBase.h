@@ -14,6 +14,7 @@ struct SplineState;
 
 namespace curveeditor {
 struct PlacedPoint;
+class SplineSnapshot;
 } // namespace curveeditor
 
 /// A scalar function of time that a user shapes by control points.
@@ -287,9 +288,13 @@ protected:
 
 private:
     friend class CurveDiff;
+    friend class curveeditor::SplineSnapshot;
 
     struct Private;
     template <bool isWide> class Segment;
+
+    SplineBase(std::vector<PointInfo*> points, std::vector<double> times, std::int32_t first,
+               std::int32_t last);
 
     static double factor(double tension, double continuity, double bias)
     {

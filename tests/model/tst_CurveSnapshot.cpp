@@ -1,0 +1,325 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/model/CurveSnapshot.h>
+#include <curveeditor/model/CurveVariables.h>
+#include <curveeditor/model/FunctionFloatBase.h>
+#include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/SplineBase.h>
+#include <curveeditor/model/SplineState.h>
+#include <support/Test.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <future>
+#include <mutex>
+#include <new>
+
+namespace {
+thread_local std::size_t allocatedBytes = 0; ///< by this thread, freed ones included
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    allocatedBytes += size;
+    if (void* const piece = std::malloc(size))
+        return piece;
+    throw std::bad_alloc();
+}
+void operator delete(void* piece) noexcept
+{
+    std::free(piece);
+}
+void operator delete(void* piece, std::size_t) noexcept
+{
+    std::free(piece);
+}
+
+namespace {
+
+using Snapshot = std::shared_ptr<const CurveSnapshot>;
+
+std::unique_ptr<FunctionFloatBase> parse(const std::string& text)
+{
+    ParseMessage message;
+    return std::unique_ptr<FunctionFloatBase>(FunctionParserBase::instance()->parseString(text, message));
+}
+
+bool areSame(const std::vector<double>& left, const std::vector<double>& right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](double a, double b) {
+        return std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b);
+    });
+}
+
+/// In one block and one by one, and infinite if the two differ or if memory is taken.
+std::vector<double> valuesOf(const CurveSnapshot& snapshot, const std::vector<double>& times)
+{
+    std::vector<double> values(times), single(times);
+    const std::size_t before = allocatedBytes;
+    snapshot.evaluate(values.data(), values.data(), values.size());
+    for (double& number : single)
+        number = snapshot(number);
+    return allocatedBytes == before && areSame(values, single) ? values : std::vector(1, infinity);
+}
+
+void fill(SplineBase& spline, int count)
+{
+    SplineState state;
+    for (int i = 0; i < count; ++i)
+        state.points.push_back({.time = double(i), .pos = std::sin(i), .tanLeft = 1.0, .type = i % 3});
+    spline.assign(state);
+}
+
+} // namespace
+
+class tst_CurveSnapshot : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void splineKeepsItsValues()
+    {
+        std::mt19937 random(26);
+        const auto below = [&](std::size_t count) {
+            return unsigned(std::uniform_int_distribution<std::size_t>(0, count - 1)(random));
+        };
+        std::vector<double> times{notANumber, infinity, -infinity, -0.0};
+        for (int i = 0; i < 900; ++i)
+            times.push_back(i % 7 == 0 ? double(below(4000)) - 500.0 : i * 3.7 - 200.0);
+        SplineBase spline;
+        std::vector<std::pair<Snapshot, std::vector<double>>> taken;
+        for (int round = 0; round < 150; ++round) {
+            const unsigned index = below(spline.getControlPointsNumber());
+            const auto& points = spline.getControlPoints();
+            switch (round % 8) {
+            case 0:
+                for (unsigned i = below(600); i > 0; --i)
+                    spline.addPoint(below(3000), below(100));
+                break;
+            case 1:
+                for (unsigned i = below(std::min<std::size_t>(300, points.size() - index)); i > 0; --i)
+                    spline.remove(points[index]);
+                break;
+            case 2:
+                spline.setTime(spline.modify(index), below(3000));
+                break;
+            case 3:
+                spline.modify(index)->type = int(below(4));
+                break;
+            case 4:
+                spline.lastType = int(below(5));
+                spline.firstType = int(below(2));
+                break;
+            case 5:
+                spline.modify(index)->time = below(3000); // past the spline
+                break;
+            case 6:
+                spline.addPoint(-double(round), 1.0);
+                spline.modify(0)->serial = points.back()->serial;
+                break;
+            default:
+                round % 40 == 7 ? spline.reset() : spline.mend();
+            }
+            Snapshot previous = taken.empty() || round % 11 == 0 ? nullptr : taken.back().first;
+            if (round % 13 == 0)
+                previous = CurveSnapshot::of(*parse("t"), 25.0, CurveVariables());
+            std::vector<double> values(times.size());
+            spline.evaluate(times.data(), values.data(), times.size());
+            taken.emplace_back(CurveSnapshot::of(spline, previous), values);
+        }
+        for (const auto& [snapshot, values] : taken)
+            QVERIFY(areSame(valuesOf(*snapshot, times), values));
+    }
+
+    void equalPointsAreShared_data()
+    {
+        const Rows<std::function<void(SplineBase&)>> row;
+        row("a point is dragged", [](SplineBase& spline) { spline.modify(50000)->pos += 1.0; });
+        row("added in front", [](SplineBase& spline) { spline.addPoint(-1.0, 0.0); });
+        row("removed", [](SplineBase& spline) { spline.remove(spline[70000]); });
+        row("moved past all others", [](SplineBase& spline) { spline.setTime(spline.modify(9), 1e9); });
+        row("behaviour", [](SplineBase& spline) { spline.lastType ^= SplineBase::LoopOffset; });
+    }
+    void equalPointsAreShared()
+    {
+        SplineBase spline;
+        fill(spline, 100000);
+        Snapshot snapshot = CurveSnapshot::of(spline);
+        QCOMPARE(CurveSnapshot::of(spline, snapshot), snapshot);
+        const auto [edit] = Rows<std::function<void(SplineBase&)>>::present();
+        for (int round = 0; round < 3; ++round) {
+            edit(spline);
+            const std::size_t before = allocatedBytes;
+            const Snapshot next = CurveSnapshot::of(spline, snapshot);
+            const std::size_t bytes = allocatedBytes - before;
+            QVERIFY(next != snapshot);
+            // Two words for each point, and some chunks.
+            QVERIFY2(bytes < 100000 * 16 + 200000, qPrintable(QString::number(bytes)));
+            snapshot = next;
+        }
+    }
+
+    void chunksStayLarge_data()
+    {
+        const Rows<int> row;
+        row("recorded forward", 1);
+        row("recorded backward", -1);
+    }
+    void chunksStayLarge()
+    {
+        const auto [direction] = Rows<int>::present();
+        SplineBase spline;
+        Snapshot snapshot;
+        for (int i = 1; i <= 3000; ++i) {
+            spline.addPoint(direction * i, i);
+            const std::size_t before = allocatedBytes;
+            snapshot = CurveSnapshot::of(spline, snapshot);
+            QVERIFY(allocatedBytes - before < std::size_t(i) * 16 + 100000);
+        }
+        const std::size_t before = allocatedBytes;
+        QCOMPARE(CurveSnapshot::of(spline, snapshot), snapshot);
+        QVERIFY(allocatedBytes - before < 3000 * 16 + 5000); // few chunks to look through
+    }
+
+    void formulaKeepsItsValues()
+    {
+        CurveVariables variables;
+        FunctionParserBase::instance()->setVarMapper(&variables);
+        auto spline = std::make_unique<SplineBase>();
+        fill(*spline, 20000);
+        auto holder = std::make_unique<FunctionFloatBase*>(nullptr);
+        variables.add("g.spline", spline.get(), nullptr);
+        variables.add("g.formula", nullptr, holder.get());
+        auto inner = parse("if(t>3,g.spline*f,sin(g.spline))");
+        *holder = inner.get();
+        auto outer = parse("g.formula^2/7+g.spline");
+        std::string text = "g.formula"; // so deep that blocks are short
+        for (int i = 0; i < 100; ++i)
+            text = "t-(f-" + text + ")";
+        auto deep = parse(text);
+        QVERIFY(inner && outer && deep);
+        std::vector<double> times{notANumber, infinity};
+        for (int i = 0; i < 700; ++i)
+            times.push_back(i * 0.37 - 5.0);
+        std::vector<std::pair<Snapshot, std::vector<double>>> taken;
+        for (const auto* formula : {&outer, &deep, &inner}) {
+            std::vector<double> values(times.size());
+            (*formula)->evaluateBlock(times.data(), 25.0, values.data(), times.size());
+            const std::size_t before = allocatedBytes;
+            taken.emplace_back(CurveSnapshot::of(**formula, 25.0, variables), values);
+            const std::size_t bytes = allocatedBytes - before;
+            QVERIFY2(taken.size() == 1 || bytes < 20000 * 40, qPrintable(QString::number(bytes)));
+        }
+        spline.reset();
+        outer.reset();
+        deep.reset();
+        inner.reset();
+        holder.reset();
+        for (const auto& [snapshot, values] : taken) {
+            std::vector<double> now(times);
+            snapshot->evaluate(now.data(), now.data(), now.size());
+            QVERIFY(areSame(now, values));
+        }
+    }
+
+    void whatElseIsReadGivesNone()
+    {
+        struct HostMapper : CurveVariables
+        {
+            HostMapper() { addName("own"); }
+            double getValue(const std::string&) const override { return 1.0; }
+        } mapper;
+        CurveVariables variables;
+        FunctionParserBase* const parser = FunctionParserBase::instance();
+        parser->setVarMapper(&mapper);
+        const auto reader = parse("2own");
+        QVERIFY(!CurveSnapshot::of(*reader, 25.0, mapper));
+        QVERIFY(!CurveSnapshot::of(*reader, 25.0, variables));
+        FunctionFloatBase* holder = reader.get();
+        QVERIFY(mapper.add("g.reader", nullptr, &holder));
+        QVERIFY(!CurveSnapshot::of(*parse("g.reader+1"), 25.0, mapper));
+        parser->setVarMapper(&variables);
+        const Snapshot unknown = CurveSnapshot::of(*reader, 25.0, variables);
+        QVERIFY(unknown && (*unknown)(1.0) == 0.0);
+        const auto time = parse("1+t");
+        variables.add("t", nullptr, nullptr);
+        QVERIFY(!CurveSnapshot::of(*time, 25.0, variables));
+    }
+
+    /// How long, in milliseconds: CURVEEDITOR_THREADS_RUN.
+    void threadsReadWholeStates()
+    {
+        CurveVariables variables;
+        FunctionParserBase::instance()->setVarMapper(&variables);
+        SplineBase a, b;
+        std::unique_ptr<FunctionFloatBase> formula;
+        FunctionFloatBase* holder = nullptr;
+        variables.add("g.a", &a, nullptr);
+        variables.add("g.b", &b, nullptr);
+        variables.add("g.sum", nullptr, &holder);
+        formula = parse("g.a+g.b");
+        holder = formula.get();
+        auto difference = parse("g.sum-2g.a+0*sin(t)");
+        QVERIFY(formula && difference);
+
+        struct State
+        {
+            Snapshot spline, chain;
+        } shared;
+        std::mutex mutex;
+        std::atomic<bool> isOver = false;
+        const auto read = [&] {
+            std::vector<double> times(300), values(300);
+            for (std::size_t i = 0; i < times.size(); ++i)
+                times[i] = double(i) * 2.0 - 50.0;
+            double last = 0.0;
+            int states = 0;
+            while (!isOver) {
+                State state;
+                {
+                    const std::lock_guard lock(mutex);
+                    state = shared;
+                }
+                if (!state.spline)
+                    continue;
+                state.spline->evaluate(times.data(), values.data(), times.size());
+                const double present = (*state.spline)(7.5);
+                if (present < last || !areSame(values, std::vector(times.size(), present)))
+                    return -1;
+                state.chain->evaluate(times.data(), values.data(), times.size());
+                values.push_back((*state.chain)(7.5));
+                if (!areSame(values, std::vector(values.size(), 0.0)))
+                    return -1;
+                values.pop_back();
+                states += present > last;
+                last = present;
+            }
+            return states;
+        };
+        auto first = std::async(std::launch::async, read), second = std::async(std::launch::async, read);
+        bool isSet = false;
+        const int duration = qEnvironmentVariableIntValue("CURVEEDITOR_THREADS_RUN", &isSet);
+        const QDeadlineTimer end(isSet ? duration : 300);
+        for (int step = 1; !end.hasExpired(); ++step) {
+            for (SplineBase* const spline : {&a, &b}) {
+                spline->addPoint(double(step % 500), 0.0);
+                if (spline->getControlPointsNumber() > 400)
+                    spline->remove((*spline)[unsigned(step % 300)]);
+                for (SplineBase::PointInfo* const point : spline->getControlPoints())
+                    point->pos = step;
+            }
+            formula = parse(step % 2 ? "g.a+g.b" : "g.b+g.a*1");
+            holder = formula.get();
+            difference = parse("g.sum-2g.a+0*sin(t)");
+            difference->evaluate();
+            State next{CurveSnapshot::of(a, shared.spline), CurveSnapshot::of(*difference, 25.0, variables)};
+            const std::lock_guard lock(mutex);
+            std::swap(shared, next);
+        }
+        isOver = true;
+        QVERIFY(first.get() > 1);
+        QVERIFY(second.get() > 1);
+    }
+};
+
+QTEST_APPLESS_MAIN(tst_CurveSnapshot)
+#include "tst_CurveSnapshot.moc"
