@@ -205,7 +205,10 @@ void CanvasFunctionBase::createPoint(const Gesture::Place& place)
     creation.text = CanvasEdit::ofCurve(tr("Add a point to %1"));
     creation.targets = &CanvasCurves::currentShownOnly;
     creation.work = [&place](CurveNodeBase& curve) {
-        SplineEdits::addPoint(*curve.control().openSpline(), place.time, place.value);
+        SplineBase& spline = *curve.control().openSpline();
+        const PointSerial point = SplineEdits::addPoint(spline, place.time, place.value);
+        if (const auto& types = curve.curve()->options.types; !types.empty())
+            SplineEdits::setType(spline, {point}, types.front());
     };
     creation.told = CanvasEdit::Told::Targets;
     edit(creation);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/ControlMenu.h>
 
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/model/SplineBase.h>
 
@@ -29,11 +30,17 @@ void ControlMenu::showMenu(const QPoint& globalPosition, int indexAtPoint)
     exec(globalPosition, actions().value(indexAtPoint));
 }
 
-void ControlMenu::enableEntries(bool hasSelection)
+void ControlMenu::enableEntries(bool hasSelection, const CurveOptions& options)
 {
     const QList<QAction*> entries = actions();
-    for (QAction* const action : entries)
-        action->setEnabled((action->data().toInt() == CreateKey) != hasSelection);
+    for (QAction* const action : entries) {
+        const int id = action->data().toInt();
+        action->setEnabled((id == CreateKey) != hasSelection);
+        for (const PointType& type : PointTypes::all()) {
+            if (type.menuId == id)
+                action->setVisible(PointLimits::allow(options, type.number));
+        }
+    }
 }
 
 void ControlMenu::translate()

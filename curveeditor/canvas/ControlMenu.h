@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/CurveOptions.h>
+
 #include <QMenu>
 
 /// The pop-up menu over a spline on the canvas. It turns a choice into a signal and decides nothing itself:
@@ -23,8 +25,8 @@ public:
     /// position.
     void showMenu(const QPoint& globalPosition, int indexAtPoint);
 
-    /// Enables the entries for selected points, or those for none.
-    void enableEntries(bool hasSelection);
+    /// Enables the entries for selected points, or those for none. Of the types those show that the options allow.
+    void enableEntries(bool hasSelection, const CurveOptions& options);
 
 public Q_SLOTS:
     /// Sends the signal of the entry `id`, and then `nodeChanged()`.

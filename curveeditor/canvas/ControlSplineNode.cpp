@@ -109,7 +109,7 @@ std::vector<double> ControlSplineNode::selectedTimes() const
 
 void ControlSplineNode::popupMenu(const QPoint& globalPosition)
 {
-    menu()->enableEntries(hasSelection());
+    menu()->enableEntries(hasSelection(), curve_->options);
     menu()->showMenu(globalPosition, 0);
 }
 

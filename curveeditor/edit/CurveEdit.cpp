@@ -17,9 +17,17 @@ std::uint64_t fingerprintOf(const CurveState& state)
     return state.spline.fingerprint() + std::hash<std::string>()(state.formula);
 }
 
-void boundPoint(SplineBase::PointInfo& point, const CurveOptions& options)
+void boundPoints(SplineBase& spline, const std::vector<std::int32_t>& indices, const CurveOptions& options)
 {
-    point.pos = PointLimits::bounded(options, point.pos);
+    std::vector<PointSerial> strays;
+    for (const std::int32_t index : indices) {
+        SplineBase::PointInfo& point = *spline.modify(index);
+        point.pos = PointLimits::bounded(options, point.pos);
+        if (!PointLimits::allow(options, point.type))
+            strays.push_back(point.serial);
+    }
+    if (!strays.empty())
+        SplineEdits::setType(spline, strays, options.types.front());
 }
 
 } // namespace
@@ -94,18 +102,17 @@ SplineBase* CurveEdit::spline(const EditedCurve& curve) const
 void CurveEdit::bound(const EditedCurve& curve)
 {
     const Before* const before = find(curve);
-    if (!before || !curve.spline() || !PointLimits::bindValues(curve.options))
+    if (!before || !curve.spline() || !PointLimits::bind(curve.options))
         return;
-    for (const std::int32_t index : indicesOf(before->difference().pointsAfter(), *curve.spline()))
-        boundPoint(*curve.spline_->modify(index), curve.options);
+    boundPoints(*curve.spline_, indicesOf(before->difference().pointsAfter(), *curve.spline()),
+                curve.options);
 }
 
 void CurveEdit::bound(const EditedCurve& curve, const PointDrag& drag)
 {
-    if (!spline(curve) || !PointLimits::bindValues(curve.options))
+    if (!spline(curve) || !PointLimits::bind(curve.options))
         return;
-    for (const std::int32_t index : drag.indices(*curve.spline()))
-        boundPoint(*curve.spline_->modify(index), curve.options);
+    boundPoints(*curve.spline_, drag.indices(*curve.spline()), curve.options);
 }
 
 void CurveEdit::boundAll()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/PointLimits.h>
 
+#include <curveeditor/model/PointTypes.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -29,19 +31,32 @@ double lastStep(const CurveOptions& options)
     return boundInSteps(options.highest, options.step, [](double steps) { return std::floor(steps); });
 }
 
+bool isKnown(SplineBase::NodeType type)
+{
+    return PointTypes::of(type).number == type;
+}
+
 } // namespace
 
 bool PointLimits::areSound(const CurveOptions& options)
 {
     return std::isfinite(options.lowest) && std::isfinite(options.highest) && std::isfinite(options.step) &&
            options.lowest <= options.highest && options.step >= 0.0 &&
+           std::all_of(options.types.begin(), options.types.end(), isKnown) &&
            (options.step == 0.0 || firstStep(options) <= lastStep(options));
 }
 
-bool PointLimits::bindValues(const CurveOptions& options)
+bool PointLimits::allow(const CurveOptions& options, std::int32_t type)
+{
+    return options.types.empty() ||
+           std::find(options.types.begin(), options.types.end(), type) != options.types.end();
+}
+
+bool PointLimits::bind(const CurveOptions& options)
 {
     const CurveOptions none;
-    return options.step > 0.0 || options.lowest != none.lowest || options.highest != none.highest;
+    return !options.types.empty() || options.step > 0.0 || options.lowest != none.lowest ||
+           options.highest != none.highest;
 }
 
 double PointLimits::bounded(const CurveOptions& options, double value)

@@ -10,10 +10,12 @@ namespace curveeditor {
 /// What `CurveOptions` ask of points.
 namespace PointLimits {
 
-/// Whether there are values that keep to the options.
+/// Whether there are values and types that keep to the options.
 bool areSound(const CurveOptions& options);
-/// Whether there are numbers that don't.
-bool bindValues(const CurveOptions& options);
+/// Whether there are values or types that don't.
+bool bind(const CurveOptions& options);
+/// Whether points may have that `SplineBase::NodeType`.
+bool allow(const CurveOptions& options, std::int32_t type);
 /// The nearest value that keeps to sound options. Finite, for one that is.
 double bounded(const CurveOptions& options, double value);
 /// How far `bounded` moves the one of the points that it moves farthest.

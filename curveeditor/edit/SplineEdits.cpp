@@ -188,9 +188,12 @@ void SplineEdits::setLastType(SplineBase& spline, int type)
     spline.lastType = type;
 }
 
-void SplineEdits::addPoint(SplineBase& spline, double time, double value)
+PointSerial SplineEdits::addPoint(SplineBase& spline, double time, double value)
 {
+    if (!std::isfinite(time) || !std::isfinite(value))
+        return 0;
     spline.addPoint(time, value);
+    return spline.modify(lastAt(spline, time))->serial;
 }
 
 std::vector<PointSerial> SplineEdits::addPoints(SplineBase& spline, std::vector<SplineBase::PointInfo> points)

@@ -31,7 +31,8 @@ void write(SplineBase& spline, const std::vector<PointSerial>& points, Field fie
 void setFirstType(SplineBase& spline, int type);
 void setLastType(SplineBase& spline, int type);
 
-void addPoint(SplineBase& spline, double time, double value);
+/// Gives the point; 0, and adds nothing, for a number that is not finite.
+PointSerial addPoint(SplineBase& spline, double time, double value);
 /// Adds points as they are, behind those of the same time; their serials are new. Points whose time or value is not
 /// finite are left out. Returns the serials, in order of time. Linear in the points of both.
 std::vector<PointSerial> addPoints(SplineBase& spline, std::vector<SplineBase::PointInfo> points);

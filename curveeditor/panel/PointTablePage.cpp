@@ -2,6 +2,7 @@
 #include <curveeditor/panel/PointTablePage.h>
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/edit/PointTypeTexts.h>
 
 #include <QAbstractButton>
@@ -57,7 +58,11 @@ public:
         if (cell.column() != PointTableModel::Type)
             return QStyledItemDelegate::createEditor(parent, option, cell);
         auto* const combo = new QComboBox(parent);
-        combo->addItems(PointTypeTexts::names());
+        const auto* const model = static_cast<const PointTableModel*>(cell.model());
+        for (const PointType& type : PointTypes::all()) {
+            if (!model->control() || PointLimits::allow(model->control()->curve()->options, type.number))
+                combo->addItem(QString(), type.number);
+        }
         combo->setCurrentIndex(-1);
         connect(combo, &QComboBox::activated, combo, [combo] { combo->setProperty(pickedProperty, true); });
         return combo;
@@ -89,9 +94,9 @@ public:
     void setEditorData(QWidget* editor, const QModelIndex& cell) const override
     {
         auto* const combo = qobject_cast<QComboBox*>(editor);
-        const QStringList names = PointTypeTexts::names();
-        for (int type = 0; combo && type < combo->count(); ++type)
-            combo->setItemText(type, names[type]); // the language may have changed
+        for (int type = 0; combo && type < combo->count(); ++type) // the language may have changed
+            combo->setItemText(type,
+                               PointTypeTexts::shown(PointTypes::of(combo->itemData(type).toInt()).name));
         if (isTouched(*editor))
             return;
         if (combo)

@@ -3,13 +3,16 @@
 
 #include <curveeditor/canvas/ControlSplineNode.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
 
 #include <QComboBox>
+#include <QListView>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QStandardItemModel>
 
 #include <algorithm>
 #include <cmath>
@@ -117,12 +120,25 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
             widget.setBounds(-row.bound, row.bound);
     }
     widgets_.nodeTypeWidgetStack->setCurrentIndex(point.type == SplineBase::Bezier ? TangentPage : TcbPage);
+    offerTypes(control.curve()->options);
     widgets_.nodeTypeCombo->setCurrentIndex(PointTypes::of(point.type).entry);
     showPreview(point);
     const bool canEdit = formActive_ && !control.curve()->isLocked();
     widgets_.nodeTypeCombo->setEnabled(canEdit);
     for (const Row& row : Row::all)
         (widgets_.*row.widget)->setEnabled(canEdit);
+}
+
+/// The other entries are passed by keys and wheel too.
+void TcbEditorForm::offerTypes(const CurveOptions& options)
+{
+    auto* const list = qobject_cast<QListView*>(widgets_.nodeTypeCombo->view());
+    const auto* const entries = qobject_cast<QStandardItemModel*>(widgets_.nodeTypeCombo->model());
+    for (const PointType& type : PointTypes::all()) {
+        const bool isOffered = PointLimits::allow(options, type.number);
+        list->setRowHidden(type.entry, !isOffered);
+        entries->item(type.entry)->setEnabled(isOffered);
+    }
 }
 
 void TcbEditorForm::clearLostPoint(const ControlSplineNode* control)

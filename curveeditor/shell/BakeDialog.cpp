@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/shell/DialogParts.h>
@@ -52,10 +53,14 @@ void BakeDialog::addTimes()
 void BakeDialog::addKinds()
 {
     kind_ = new QComboBox;
-    for (const PointType& type : PointTypes::all())
-        kind_->addItem(QString(), type.number);
-    kind_->addItem(QString());
-    kind_->setCurrentIndex(kind_->findData(SplineBase::Bezier));
+    const CurveOptions& options = curve()->curve()->options;
+    for (const PointType& type : PointTypes::all()) {
+        if (PointLimits::allow(options, type.number))
+            kind_->addItem(QString(), type.number);
+    }
+    if (PointLimits::allow(options, SplineBase::Bezier))
+        kind_->addItem(QString()); // of which fits are made
+    kind_->setCurrentIndex(std::max(0, kind_->findData(SplineBase::Bezier)));
     addField("kind", kind_);
     tolerance_ = addNumber("tolerance", usualTolerance(0.0, 1.0));
     tolerance_->setEnabled(false);
@@ -72,9 +77,11 @@ void BakeDialog::translate()
     setLabel(to_, areFrames() ? tr("&To frame") : tr("&To time"));
     setLabel(every_, tr("&Every"));
     setLabel(kind_, tr("&Points"));
-    const QStringList kinds = PointTypeTexts::names() << tr("As few as the tolerance allows");
-    for (int index = 0; index < kind_->count(); ++index)
-        kind_->setItemText(index, kinds[index]);
+    for (int index = 0; index < kind_->count(); ++index) {
+        const QVariant type = kind_->itemData(index);
+        kind_->setItemText(index, type.isValid() ? PointTypeTexts::shown(PointTypes::of(type.toInt()).name)
+                                                 : tr("As few as the tolerance allows"));
+    }
     fitToItems(kind_);
     setLabel(tolerance_, tr("To&lerance"));
 }
@@ -86,7 +93,7 @@ bool BakeDialog::areFrames() const
 
 bool BakeDialog::isFitted() const
 {
-    return kind_->currentIndex() == kind_->count() - 1;
+    return !kind_->currentData().isValid();
 }
 
 std::optional<CurveFit::Steps> BakeDialog::steps() const

@@ -2,6 +2,7 @@
 #include <curveeditor/shell/SimplifyDialog.h>
 
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/model/CurveFit.h>
 
 #include <QCheckBox>
@@ -65,6 +66,8 @@ FitDialog::Outcome SimplifyDialog::work()
 
 FitDialog::Outcome SimplifyDialog::simplify(double tolerance)
 {
+    if (!PointLimits::allow(curve()->curve()->options, SplineBase::Bezier))
+        return {tr("This makes Bezier points, which the curve may not have."), false};
     const CurveFit::Result result =
         CurveFit::simplify(original_, first_, last_, {tolerance, monotone_->isChecked()});
     const std::size_t count = last_ - first_ + 1;

@@ -1553,5 +1553,9 @@ Soll die Datei ersetzt werden?</translation>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>Aus %1 Punkten werden %2, höchstens %3 entfernt.</translation>
     </message>
+    <message>
+        <source>This makes Bezier points, which the curve may not have.</source>
+        <translation>Das ergibt Bézier-Punkte, die diese Kurve nicht haben darf.</translation>
+    </message>
 </context>
 </TS>

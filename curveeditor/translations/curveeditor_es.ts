@@ -1553,5 +1553,9 @@ Do you want to replace it?</source>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>%1 puntos pasan a ser %2, a una distancia máxima de %3.</translation>
     </message>
+    <message>
+        <source>This makes Bezier points, which the curve may not have.</source>
+        <translation>Esto da puntos Bézier, que esta curva no puede tener.</translation>
+    </message>
 </context>
 </TS>

@@ -1553,5 +1553,9 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>%1 points deviennent %2, à %3 au plus.</translation>
     </message>
+    <message>
+        <source>This makes Bezier points, which the curve may not have.</source>
+        <translation>Cela donne des points de Bézier, que cette courbe ne peut pas avoir.</translation>
+    </message>
 </context>
 </TS>

@@ -1553,5 +1553,9 @@ Do you want to replace it?</source>
         <source>%1 points become %2, at most %3 away.</source>
         <translation>ポイント %1 個が %2 個になります (ずれは最大 %3)。</translation>
     </message>
+    <message>
+        <source>This makes Bezier points, which the curve may not have.</source>
+        <translation>ベジェ ポイントになりますが、このカーブでは使えません。</translation>
+    </message>
 </context>
 </TS>

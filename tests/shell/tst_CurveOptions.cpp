@@ -26,7 +26,7 @@ CurveOptions steps(double lowest, double highest, double step)
     return options;
 }
 
-/// The first value that was edited and is no multiple of 0.7 within 2.8, on both sides of 0.
+/// The first value that was edited and is no multiple of 0.7 within 2.8, on both sides of 0, or that of a Tcb point.
 std::optional<double> straying(std::map<QString, CurveState> before, std::map<QString, CurveState> after)
 {
     for (const auto& [name, curve] : after) {
@@ -35,7 +35,8 @@ std::optional<double> straying(std::map<QString, CurveState> before, std::map<QS
             const double steps = point.pos / 0.7;
             const bool isOld = std::any_of(old.begin(), old.end(),
                                            [&](const auto& other) { return isSamePoint(point, other); });
-            if (!isOld && (std::abs(steps - std::round(steps)) > 1e-9 || std::abs(point.pos) > 2.81))
+            if (!isOld && (point.type == SplineBase::Tcb || std::abs(steps - std::round(steps)) > 1e-9 ||
+                           std::abs(point.pos) > 2.81))
                 return point.pos;
         }
     }
@@ -188,8 +189,10 @@ private Q_SLOTS:
     {
         const auto [told, edit] = Edits::present();
         Scene s;
+        CurveOptions options = steps(-3.1, 3.1, 0.7);
+        options.types = {SplineBase::Bezier, SplineBase::Linear};
         for (const QString curve : {"x", "y", "z"})
-            s.editor.setCurveOptions("a", curve, steps(-3.1, 3.1, 0.7));
+            s.editor.setCurveOptions("a", curve, options);
         s.x.modify(1)->tanRight = 2.0;
         s.editor.updateCurves();
         const auto before = s.states();
@@ -216,8 +219,11 @@ private Q_SLOTS:
                                   {-1.0, 1.5, 1.0, 1e300, 1.0}, {-1.5, 1.5, 1.0, -9.0, -1.0},
                                   {0.0, 0.3, 0.1, 0.34, 0.3},   {-most, most, least, most, most},
                                   {1.0, 1.0, 0.0, -9.0, 1.0},   {-9.0, 9.0, 2.0, -0.5, 0.0}};
-        for (const auto& [lowest, highest, step, value, bounded] : rows)
-            QCOMPARE(PointLimits::bounded(steps(lowest, highest, step), value), bounded);
+        for (const auto& [lowest, highest, step, value, bounded] : rows) {
+            const double found = PointLimits::bounded(steps(lowest, highest, step), value);
+            QCOMPARE(found, bounded);
+            QCOMPARE(std::signbit(found), std::signbit(bounded)); // no -0.0
+        }
     }
 
     void unsoundOptionsChangeNothing()
@@ -234,6 +240,61 @@ private Q_SLOTS:
             s.editor.setCurveOptions("a", "x", options);
         const CurveOptions options = s.editor.curveOptions("a", "x");
         QVERIFY(options.lowest == 1.0 && options.highest == 2.0 && options.step == 0.5);
+    }
+
+    void typesAreOfferedWhereTheyAreAllowed()
+    {
+        Scene s;
+        const auto allow = [&s](const std::vector<SplineBase::NodeType>& types) {
+            CurveOptions options;
+            options.types = types;
+            s.editor.setCurveOptions("a", "x", options);
+        };
+        const auto offered = [](QComboBox* combo) {
+            QStringList texts;
+            for (int i = 0; i < combo->count(); ++i) {
+                if (!qobject_cast<QListView*>(combo->view())->isRowHidden(i) &&
+                    combo->model()->flags(combo->model()->index(i, 0)).testFlag(Qt::ItemIsEnabled))
+                    texts.append(combo->itemText(i));
+            }
+            return texts.join(QLatin1Char(' '));
+        };
+        const auto kinds = [&](QString& outcome) {
+            outcome = fit(s, Qt::Key_S, "9");
+            s.editor.undo();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            s.key(Qt::Key_B, shift);
+            auto* const dialog = s.editor.findChild<FitDialog*>();
+            const QString found = offered(dialog->findChild<QComboBox*>("kind"));
+            dialog->reject();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return found;
+        };
+        QString outcome, menu;
+        allow({SplineBase::NodeType(7)});
+        QVERIFY(s.editor.curveOptions("a", "x").types.empty());
+        allow({SplineBase::Tcb, SplineBase::Bezier});
+        s.press(7.0, 2.5, ctrl).release(7.0, 2.5);
+        QCOMPARE(s.x.getPrev(8.0)->type, SplineBase::Tcb); // in a segment of Bezier
+        s.editor.undo();
+        allow({SplineBase::Linear});
+        QCOMPARE(kinds(outcome), "Linear");
+        QCOMPARE(outcome, "This makes Bezier points, which the curve may not have.");
+        allow({SplineBase::Linear, SplineBase::Bezier});
+        s.clickPoint();
+        QCOMPARE(offered(s.editor.nodeTypeCombo), "Bezier node Linear node");
+        QCOMPARE(kinds(outcome), "Linear Bezier As few as the tolerance allows");
+        whenOpen<ControlMenu>([&menu](ControlMenu& opened) {
+            for (const QAction* const action : opened.actions())
+                menu += action->isVisible() ? action->text().section(' ', -1) : QString();
+            opened.close();
+        });
+        s.mouse(QEvent::MouseButtonPress, s.pixel(6.0, 2.0), Qt::RightButton);
+        QCOMPARE(menu, "LinearBezierkeykey");
+        s.editor.tabWidget2->setCurrentIndex(2);
+        auto* const table = s.editor.findChild<QTableView*>("pointTable");
+        table->edit(table->model()->index(1, 2));
+        QCOMPARE(offered(table->viewport()->findChild<QComboBox*>()), "Linear Bezier");
     }
 
     void colourIsToldWhoeverGivesIt()
@@ -292,7 +353,7 @@ private Q_SLOTS:
         row("Delete", [](Scene& s) { s.key(Qt::Key_Delete); });
         row("line", [](Scene& s) {
             s.turnTo("a.y").press(2.0, s.x(2.0)).release(2.0, s.x(2.0));
-            s.drag(5.0, 1.0, 6.0, 2.0);
+            s.editor.resetSelectedF();
         });
     }
     void hiddenCurveIsNotHit()
