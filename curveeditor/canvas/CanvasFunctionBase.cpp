@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/edit/Truncate.h>
+#include <curveeditor/files/CurveFile.h>
 #include <curveeditor/files/SensorTable.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
@@ -226,6 +227,36 @@ void CanvasFunctionBase::getExtent(double& timeFirst, double& timeLast, double& 
     timeLast = spline->getLast()->time;
     valueLowest = (*lowest)->pos;
     valueHighest = (*highest)->pos;
+}
+
+bool CanvasFunctionBase::saveCurve(std::ostream& out) const
+{
+    if (noCurrentCurve())
+        return false;
+    const QColor color = getCurrentCurve()->getColor();
+    CurveFile::writeColor(out, {color.red(), color.green(), color.blue()});
+    return getCurrentCurve()->write(out);
+}
+
+bool CanvasFunctionBase::loadCurve(std::istream& in)
+{
+    CurveFile::Color color;
+    settle();
+    if (noCurrentCurve() || !CurveFile::readColor(in, color))
+        return false;
+    bool isWhole = true; // for all that is known, unless the file is read
+    const QPointer<CurveNodeBase> curve(getCurrentCurve());
+    CanvasEdit loading;
+    loading.text = CanvasEdit::ofCurve(tr("Load %1"));
+    loading.work = [&](CurveNodeBase& target) {
+        isWhole = target.curve()->read(in);
+        if (isWhole)
+            target.control().selectOnly(nullptr);
+    };
+    edit(loading);
+    if (curve && isWhole)
+        curve->emitCurveChanged();
+    return isWhole;
 }
 
 bool CanvasFunctionBase::exportSensorData(QTextStream& out) const

@@ -5,7 +5,6 @@
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
-#include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
@@ -133,7 +132,9 @@ void CanvasFunctionBase::deleteSelection()
     deletion.text = CanvasEdit::ofPoints(tr("Delete a point of %1"), tr("Delete %1 points of %2"));
     deletion.targets = [](const CanvasCurves& curves) {
         const Nodes selected = curves.selected();
-        return selected.empty() ? curves.currentOnly() : selected;
+        const CurveNodeBase* const current = curves.current();
+        const bool isOpen = current && current->isShown() && !current->curve()->isLocked();
+        return selected.empty() && isOpen ? curves.currentOnly() : selected;
     };
     deletion.work = &removeSelection;
     deletion.told = CanvasEdit::Told::Current;
@@ -371,34 +372,4 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
     edit(entry);
     const bool isTaken = !expression;
     return isTaken && isStillCurrent();
-}
-
-bool CanvasFunctionBase::saveCurve(std::ostream& out) const
-{
-    if (noCurrentCurve())
-        return false;
-    const QColor color = getCurrentCurve()->getColor();
-    CurveFile::writeColor(out, {color.red(), color.green(), color.blue()});
-    return getCurrentCurve()->write(out);
-}
-
-bool CanvasFunctionBase::loadCurve(std::istream& in)
-{
-    CurveFile::Color color;
-    settle();
-    if (noCurrentCurve() || !CurveFile::readColor(in, color))
-        return false;
-    bool isWhole = true; // for all that is known, unless the file is read
-    const QPointer<CurveNodeBase> curve(getCurrentCurve());
-    CanvasEdit loading;
-    loading.text = CanvasEdit::ofCurve(tr("Load %1"));
-    loading.work = [&](CurveNodeBase& target) {
-        isWhole = target.curve()->read(in);
-        if (isWhole)
-            target.control().selectOnly(nullptr);
-    };
-    edit(loading);
-    if (curve && isWhole)
-        curve->emitCurveChanged();
-    return isWhole;
 }

@@ -5,15 +5,12 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/MouseState.h>
 #include <curveeditor/canvas/ViewPort.h>
-#include <curveeditor/model/EvaluationTime.h>
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 #include <utility>
 
 namespace curveeditor {
@@ -363,7 +360,7 @@ void CanvasHands::stepSelection(bool forward)
 {
     ControlSplineNode& control = curves_.current()->control();
     const SplineBase* const spline = control.getSpline();
-    if (!spline)
+    if (!spline || !curves_.current()->isShown())
         return;
     const SplineBase::PointInfo* point = nullptr;
     if (control.hasSingleSelection()) {
@@ -379,25 +376,12 @@ void CanvasHands::stepSelection(bool forward)
 bool CanvasHands::pickCurve(const QPoint& pixel)
 {
     for (const auto& curve : curves_.all()) {
-        if (curve.get() != curves_.current() && curve->isShown() && hitsCurve(*curve, pixel)) {
+        if (curve.get() != curves_.current() && curve->isShown() &&
+            curve->passes(pixel, *viewport(), canvas_.theme().curveGrabDistance)) {
             viewport()->gesture.press.picksCurve = true;
             canvas_.setCurrentCurve(curve.get());
             return true;
         }
-    }
-    return false;
-}
-
-bool CanvasHands::hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const
-{
-    EvaluationTime evaluationTime;
-    for (int column = pixel.x() - 1; column <= pixel.x() + 1; ++column) {
-        const double time = viewport()->pixelToTime(column);
-        evaluationTime.set(time, viewport()->fps);
-        const double value = curve.getValue(time);
-        if (std::isfinite(value) &&
-            std::abs(viewport()->valueToPixel(value) - pixel.y()) < canvas_.theme().curveGrabDistance)
-            return true;
     }
     return false;
 }

@@ -56,7 +56,6 @@ private:
     bool pressOnSelection(const QMouseEvent& event);
     bool pressOnEmptyCanvas(const QMouseEvent& event);
     bool pickCurve(const QPoint& pixel);
-    bool hitsCurve(const CurveNodeBase& curve, const QPoint& pixel) const;
     void beginDrag(bool withCtrl);
     void dragSelection(const Gesture::Place& mouse, const MouseState& held);
     bool areDraggedThere() const;

@@ -119,6 +119,19 @@ double CurveNodeBase::framesPerTimeUnit() const
     return viewport ? viewport->fps : defaultFramesPerTimeUnit;
 }
 
+bool CurveNodeBase::passes(const QPoint& pixel, const ViewPort& viewport, int distance) const
+{
+    EvaluationTime evaluationTime;
+    for (int column = pixel.x() - 1; column <= pixel.x() + 1; ++column) {
+        const double time = viewport.pixelToTime(column);
+        evaluationTime.set(time, viewport.fps);
+        const double value = getValue(time);
+        if (std::isfinite(value) && std::abs(viewport.valueToPixel(value) - pixel.y()) < distance)
+            return true;
+    }
+    return false;
+}
+
 void CurveNodeBase::includeValues(const AxisRange& range, AxisRange& values) const
 {
     std::vector<double> times(samplesOfExtent);

@@ -95,6 +95,9 @@ public:
     /// empty holder gives 0.0. The lower bound is tested first; not-a-number stays what it is.
     double getClampedValue(const double& time) const;
 
+    /// Whether the curve, not clamped, comes less than `distance` pixels above or below that pixel or one beside it.
+    bool passes(const QPoint& pixel, const ViewPort& viewport, int distance) const;
+
     /// Widens `values` by what the picture shows between these times: the clamped curve, and the points.
     void includeValues(const AxisRange& times, AxisRange& values) const;
 

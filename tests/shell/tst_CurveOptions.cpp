@@ -351,6 +351,7 @@ private Q_SLOTS:
         row("all curves", [](Scene& s) { s.turnTo("a.y").key(Qt::Key_A, shift).drag(5.0, 1.0, 6.0, 2.0); });
         row("band", [](Scene& s) { s.drag(4.0, 2.5, 9.0, -2.5), s.key(Qt::Key_Delete); });
         row("Delete", [](Scene& s) { s.key(Qt::Key_Delete); });
+        row("arrow and Delete", [](Scene& s) { s.key(Qt::Key_Right), s.key(Qt::Key_Delete); });
         row("line", [](Scene& s) {
             s.turnTo("a.y").press(2.0, s.x(2.0)).release(2.0, s.x(2.0));
             s.editor.resetSelectedF();
