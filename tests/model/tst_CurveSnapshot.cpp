@@ -24,6 +24,11 @@ void* operator new(std::size_t size)
         return piece;
     throw std::bad_alloc();
 }
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept
+{
+    allocatedBytes += size;
+    return std::malloc(size);
+}
 void operator delete(void* piece) noexcept
 {
     std::free(piece);
