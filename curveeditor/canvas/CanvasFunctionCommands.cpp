@@ -350,9 +350,9 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
     const auto isStillCurrent = [this, &curve] {
         return curve && curve == getCurrentCurve();
     };
-    std::unique_ptr<FunctionFloatBase> expression(
-        FunctionParserBase::instance()->parseString(text.toStdString(), message));
-    if (!expression || !message.errors.empty()) {
+    std::unique_ptr<FunctionFloatBase> expression =
+        door_.history().formulas().read(text.toStdString(), message);
+    if (!expression) {
         showWarning(widget(), tr("Syntax error"), faultText(message));
         return isStillCurrent();
     }

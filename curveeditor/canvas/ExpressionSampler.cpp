@@ -10,6 +10,7 @@
 #include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionFloatVariable.h>
 #include <curveeditor/model/ParserVarMapper.h>
+#include <curveeditor/model/VariableSource.h>
 
 #include <algorithm>
 #include <bit>
@@ -35,9 +36,9 @@ using Expressions = std::vector<const FunctionFloatBase*>;
 const FunctionFloatBase* expressionRead(const FunctionFloatBase& node)
 {
     const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node);
-    const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
-    return variable && variable->isMapped() && mapper ? mapper->getExpression(variable->getKey()->name)
-                                                      : nullptr;
+    const ParserVarMapper* const mapper =
+        variable && variable->isMapped() ? variable->getSource()->mapper() : nullptr;
+    return mapper ? mapper->getExpression(variable->getKey()->name) : nullptr;
 }
 
 /// The nodes of `root`. Adds to `read` the expressions that it reads, each as often as it is read.

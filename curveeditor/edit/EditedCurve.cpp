@@ -2,8 +2,6 @@
 #include <curveeditor/edit/EditedCurve.h>
 
 #include <curveeditor/files/CurveFile.h>
-#include <curveeditor/model/FunctionParserBase.h>
-#include <curveeditor/model/ParseMessage.h>
 
 #include <algorithm>
 #include <cmath>
@@ -15,19 +13,12 @@ namespace {
 
 constexpr std::size_t mostRetired = 16;
 
-/// Null if the text can't be parsed.
-std::unique_ptr<FunctionFloatBase> parsedFormula(const std::string& text)
-{
-    ParseMessage message;
-    std::unique_ptr<FunctionFloatBase> tree(FunctionParserBase::instance()->parseString(text, message));
-    return message.errors.empty() ? std::move(tree) : nullptr;
-}
-
 } // namespace
 
-EditedCurve::EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable)
+EditedCurve::EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable,
+                         std::shared_ptr<const FormulaReader> formulas)
     : name(fullName), spline_(hostSpline), variable_(hostVariable),
-      kind_(expression() ? CurveKind::Expression : CurveKind::Spline)
+      kind_(expression() ? CurveKind::Expression : CurveKind::Spline), formulas_(std::move(formulas))
 {
 }
 
@@ -79,7 +70,7 @@ void EditedCurve::setExpression(std::unique_ptr<FunctionFloatBase> newExpression
     if (!variable_)
         return;
     std::string oldText = formula();
-    const bool retires = *variable_ && !parsedFormula(oldText);
+    const bool retires = *variable_ && !formulas_->readsAgain(**variable_, oldText);
     std::unique_ptr<FunctionFloatBase> old(std::exchange(*variable_, newExpression.release()));
     entered_ = text;
     enteredResult_ = *variable_ ? (*variable_)->getString() : std::string();
@@ -150,12 +141,10 @@ bool EditedCurve::restoreFormula(const std::string& text, CurveKind kind,
 
 std::unique_ptr<FunctionFloatBase> EditedCurve::expressionOf(const std::string& text)
 {
-    if (auto parsed = parsedFormula(text))
-        return parsed;
     const auto kept = std::find_if(retired_.begin(), retired_.end(),
                                    [&](const auto& entry) { return entry.first == text; });
     if (kept == retired_.end())
-        return nullptr;
+        return formulas_->read(text);
     std::unique_ptr<FunctionFloatBase> tree = std::move(kept->second);
     retired_.erase(kept);
     return tree;
@@ -182,7 +171,7 @@ bool EditedCurve::readExpression(std::istream& in)
     std::string text;
     if (!variable_ || !CurveFile::readExpression(in, text))
         return false;
-    std::unique_ptr<FunctionFloatBase> parsed = parsedFormula(text);
+    std::unique_ptr<FunctionFloatBase> parsed = formulas_->read(text);
     if (!parsed)
         return false;
     setExpression(std::move(parsed), text);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/edit/CurveOptions.h>
+#include <curveeditor/edit/FormulaReader.h>
 #include <curveeditor/model/CurveDiff.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 
@@ -25,7 +26,8 @@ class EditedCurve
 {
 public:
     /// A filled variable makes it an expression curve. Both pointers may be null.
-    EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable);
+    EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable,
+                std::shared_ptr<const FormulaReader> formulas);
 
     QString name;         ///< the full name: group, ".", curve
     CurveOptions options; ///< the host's; sound, see `PointLimits`
@@ -53,7 +55,8 @@ public:
     /// The spline shows; the expression stays behind it, or goes.
     void showSpline(bool dropsExpression);
     /// Puts `expression` into the variable; `text` is what it was parsed from. What the variable held is deleted or,
-    /// if its text can't be parsed again, retired: kept for a while, as it may have to come back.
+    /// if its text can't be parsed again or would read other variables then, retired: kept for a while, as it may have to
+    /// come back.
     void setExpression(std::unique_ptr<FunctionFloatBase> expression, const std::string& text);
     /// What `work` finds out while the variable holds `expression`, which stays the caller's.
     bool tryOut(FunctionFloatBase& expression, const std::function<bool()>& work) const;
@@ -86,6 +89,7 @@ private:
     SplineBase* spline_;
     FunctionFloatBase** variable_;
     CurveKind kind_;
+    std::shared_ptr<const FormulaReader> formulas_;
     std::vector<std::pair<std::string, std::unique_ptr<FunctionFloatBase>>> retired_; ///< with their formulas
     std::string entered_;       ///< the text of the expression that was set last ...
     std::string enteredResult_; ///< ... and what that expression gives as its text

@@ -29,11 +29,8 @@ void makePoints(std::string& text)
 std::unique_ptr<FunctionFloatBase> parseWithoutCurves(const std::string& text)
 {
     FunctionParserBase& parser = *FunctionParserBase::instance();
-    const ParserVarMapper* const curves = parser.getVarMapper();
     ParseMessage message;
-    parser.setVarMapper(nullptr);
-    std::unique_ptr<FunctionFloatBase> tree(parser.parseString(text, message));
-    parser.setVarMapper(curves);
+    std::unique_ptr<FunctionFloatBase> tree(parser.parseString(text, message, nullptr));
     return message.errors.empty() && parser.getAllVars(tree.get()).empty() ? std::move(tree) : nullptr;
 }
 

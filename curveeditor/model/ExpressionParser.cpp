@@ -10,6 +10,7 @@
 #include <curveeditor/model/FunctionFloatVariableFloat.h>
 #include <curveeditor/model/FunctionFloatVariableInt.h>
 #include <curveeditor/model/ParserVarMapper.h>
+#include <curveeditor/model/VariableSource.h>
 
 #include <algorithm>
 #include <charconv>
@@ -43,8 +44,9 @@ bool isPi(std::string_view name)
 
 } // namespace
 
-ExpressionParser::ExpressionParser(FunctionParserBase& variables, ParseMessage& message)
-    : variables_(variables), message_(message), text_(message.text), lastOperator_(nowhere)
+ExpressionParser::ExpressionParser(const ParserVarMapper* variables, ParseMessage& message)
+    : variables_(variables), source_(variables ? VariableSource::of(*variables) : nullptr), message_(message),
+      text_(message.text), lastOperator_(nowhere)
 {
     pending_.reserve(usualDepth);
     values_.reserve(usualDepth);
@@ -91,8 +93,7 @@ void ExpressionParser::skipBlanks()
 
 std::size_t ExpressionParser::knownNameLength(std::string_view text) const
 {
-    const ParserVarMapper* const mapper = variables_.getVarMapper();
-    return mapper ? mapper->getNameLength(text) : 0;
+    return variables_ ? variables_->getNameLength(text) : 0;
 }
 
 bool ExpressionParser::hasOpenGroup() const
@@ -199,8 +200,7 @@ void ExpressionParser::readNumber(std::size_t length)
         fail(ParseMessage::OtherError, position_, length);
         return;
     }
-    values_.emplace_back(new FunctionFloatConstant(value, typed));
-    valueExpected_ = false;
+    pushConstant(value, typed);
     position_ += length;
 }
 
@@ -217,7 +217,7 @@ void ExpressionParser::readMapped(std::size_t length)
     startOperand();
     const std::string name = ParserVarMapper::getStoredName(rest().substr(0, length));
     std::copy(name.begin(), name.end(), message_.text.begin() + std::ptrdiff_t(position_));
-    pushVariable(variables_.makeKey(name, variables_.getVarMapper()->getType(name)), true);
+    pushVariable(&source_->key(name, variables_->getType(name)), true);
     position_ += length;
 }
 
@@ -227,34 +227,38 @@ void ExpressionParser::readName(std::size_t length)
     const std::string_view name = rest().substr(0, length);
     if (isIndependent(name)) {
         message_.text[position_] = toLowerAscii(name[0]);
-        pushVariable(variables_.getKey(std::string(name)), false);
+        pushVariable(FunctionParserBase::instance()->getKey(std::string(name)), false);
     } else if (isPi(name)) {
         std::copy_n(FunctionFloatConstant::pi.begin(), length,
                     message_.text.begin() + std::ptrdiff_t(position_));
-        values_.emplace_back(new FunctionFloatConstant(std::numbers::pi, FunctionFloatConstant::pi));
-        valueExpected_ = false;
+        pushConstant(std::numbers::pi, FunctionFloatConstant::pi);
     } else {
         addError(ParseMessage::UnknownVariable, position_, length);
-        values_.emplace_back(new FunctionFloatConstant(0.0, "0"));
-        valueExpected_ = false;
+        pushConstant(0.0, "0");
     }
     position_ += length;
+}
+
+void ExpressionParser::pushConstant(double value, std::string_view typed)
+{
+    values_.emplace_back(new FunctionFloatConstant(value, typed, source_));
+    valueExpected_ = false;
 }
 
 void ExpressionParser::pushVariable(FunctionParserBase::keyStruct* key, bool mapped)
 {
     switch (key->type) {
     case 0:
-        values_.emplace_back(new FunctionFloatVariableBool(key, mapped));
+        values_.emplace_back(new FunctionFloatVariableBool(key, mapped, source_));
         break;
     case 1:
-        values_.emplace_back(new FunctionFloatVariableInt(key, mapped));
+        values_.emplace_back(new FunctionFloatVariableInt(key, mapped, source_));
         break;
     case 2:
-        values_.emplace_back(new FunctionFloatVariableFloat(key, mapped));
+        values_.emplace_back(new FunctionFloatVariableFloat(key, mapped, source_));
         break;
     default:
-        values_.emplace_back(new FunctionFloatVariableDouble(key, mapped));
+        values_.emplace_back(new FunctionFloatVariableDouble(key, mapped, source_));
     }
     valueExpected_ = false;
 }

@@ -19,8 +19,8 @@ class ExpressionParser
 {
 public:
     /// Reads `message.text`, which must hold the text, and reports to the rest of `message`, which must be as
-    /// new. Both arguments must outlive the parser.
-    ExpressionParser(FunctionParserBase& variables, ParseMessage& message);
+    /// new. Both must outlive the parser; without `variables` it knows `t` and `f` alone.
+    ExpressionParser(const ParserVarMapper* variables, ParseMessage& message);
 
     /// The tree, or null if `message` has errors now. May be called once.
     std::unique_ptr<FunctionFloatBase> parse();
@@ -50,6 +50,7 @@ private:
     void readFunction(const TokenRule& rule, std::size_t length);
     void readMapped(std::size_t length);
     void readName(std::size_t length);
+    void pushConstant(double value, std::string_view typed);
     void pushVariable(FunctionParserBase::keyStruct* key, bool mapped);
 
     void startOperand();
@@ -66,7 +67,8 @@ private:
     void addError(ParseMessage::Code code, std::size_t offset, std::size_t length);
     void fail(ParseMessage::Code code, std::size_t offset, std::size_t length);
 
-    FunctionParserBase& variables_;
+    const ParserVarMapper* variables_;
+    std::shared_ptr<VariableSource> source_; // of the variables
     ParseMessage& message_;
     std::string_view text_;
     std::size_t position_ = 0;

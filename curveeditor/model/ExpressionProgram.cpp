@@ -41,13 +41,15 @@ double valueIn(const ExpressionVariables& variables, const Key& key)
     return isTime(key) ? variables.time : variables.frame;
 }
 
-/// The variables as the parser has them.
-struct ParserVariables
+/// The variables that the tree was parsed with.
+struct TreeVariables
 {
-    static double read(Key& key) { return FunctionParserBase::instance()->readMapped(key); }
+    double read(Key& key) const { return source->read(key); }
+
+    const VariableSource* source;
 };
 
-double valueIn(const ParserVariables&, const Key& key)
+double valueIn(const TreeVariables&, const Key& key)
 {
     return key.holdsDouble() ? *static_cast<const double*>(key.value) : key.getValue();
 }
@@ -341,7 +343,7 @@ double computeConstant(double operand, const Instruction& operation)
 {
     const std::array program{Instruction{Code::Constant, operand}, operation, Instruction{Code::Return}};
     double stack[1]{};
-    ParserVariables none;
+    const TreeVariables none{nullptr};
     return compute(program.data(), stack, none);
 }
 
@@ -378,9 +380,10 @@ bool isOperand(Code code)
 class BlockTimes
 {
 public:
-    /// `row` has room for the longest block that is set. The variables are those of the parser if null.
-    BlockTimes(double* row, double framesPerTimeUnit, ExpressionVariables* variables)
-        : variables_(variables), times_(row), framesPerTimeUnit_(framesPerTimeUnit)
+    /// `row` has room for the longest block that is set. Mapped variables are read from `source` unless others are given.
+    BlockTimes(double* row, double framesPerTimeUnit, const VariableSource* source,
+               ExpressionVariables* variables)
+        : treeSource_(source), variables_(variables), times_(row), framesPerTimeUnit_(framesPerTimeUnit)
     {
     }
 
@@ -422,7 +425,7 @@ private:
         if (variables_) {
             variables_->read(key, source_, row, count_);
         } else {
-            FunctionParserBase::instance()->readMapped(key, source_, framesPerTimeUnit_, row, count_);
+            treeSource_->read(key, source_, framesPerTimeUnit_, row, count_);
         }
     }
 
@@ -435,6 +438,7 @@ private:
         }
     }
 
+    const VariableSource* treeSource_;
     ExpressionVariables* variables_;
     const double* source_ = nullptr;
     std::size_t count_ = 0;
@@ -450,7 +454,7 @@ class ExpressionProgram::Compiler
 {
 public:
     explicit Compiler(ExpressionProgram& program)
-        : instructions_(program.instructions_), largestDepth_(program.depth_)
+        : instructions_(program.instructions_), largestDepth_(program.depth_), source_(program.source_)
     {
         instructions_.reserve(usualInstructions);
         tasks_.reserve(usualInstructions);
@@ -509,6 +513,8 @@ private:
         } else if (const FunctionFloatVariable* const variable = FunctionFloatVariable::of(node)) {
             addOperand(
                 {variable->isMapped() ? Code::MappedVariable : Code::Variable, 0.0, variable->getKey()});
+            if (variable->isMapped())
+                source_ = variable->getSource();
         }
     }
 
@@ -625,6 +631,7 @@ private:
 
     Instructions& instructions_;
     std::size_t& largestDepth_;
+    std::shared_ptr<VariableSource>& source_;
     std::size_t depth_ = 0;
     std::vector<Operand> operands_;
     std::vector<Task> tasks_;
@@ -649,8 +656,8 @@ template <typename Variables> double ExpressionProgram::runWith(Variables& varia
 
 double ExpressionProgram::run() const
 {
-    ParserVariables parsersOwn;
-    return runWith(parsersOwn);
+    const TreeVariables own{source_.get()};
+    return runWith(own);
 }
 
 double ExpressionProgram::run(ExpressionVariables& variables) const
@@ -664,7 +671,7 @@ void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, 
     const std::size_t stride =
         std::clamp(largestBlockStack / depth_ / blockStep * blockStep, blockStep, longestBlock);
     const auto rows = std::make_unique_for_overwrite<double[]>((depth_ + 1) * stride);
-    BlockTimes now(rows.get() + depth_ * stride, framesPerTimeUnit, variables);
+    BlockTimes now(rows.get() + depth_ * stride, framesPerTimeUnit, source_.get(), variables);
     while (count > 0) {
         const std::size_t length = std::min(count, stride);
         now.set(times, length);

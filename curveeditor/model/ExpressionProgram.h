@@ -3,9 +3,11 @@
 
 #include <curveeditor/model/ExpressionCode.h>
 #include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/VariableSource.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 class FunctionFloatBase;
@@ -30,7 +32,7 @@ public:
 
 /// An expression as a flat list of instructions for a machine with a stack. Arithmetic without variables is
 /// computed once, when the program is made. Of a choice only the branch that counts is computed, but for a
-/// block of times both are. Holds keys of the parser and nothing of the tree. Running it
+/// block of times both are. Shares the variables of the tree and holds nothing else of it. Running it
 /// changes nothing in it: it may be run again while it runs, which happens when a host's own variable
 /// evaluates the expression that reads it.
 class ExpressionProgram
@@ -49,12 +51,15 @@ public:
     explicit ExpressionProgram(const FunctionFloatBase& root);
 
     /// @{
-    /// With the parser's variables or, where `variables` are given, with these and without any look at the parser.
+    /// With the variables of the tree or, where `variables` are given, with these and without any look at those.
     double run() const;
     double run(ExpressionVariables& variables) const;
     void runBlock(const double* times, double framesPerTimeUnit, double* values, std::size_t count,
                   ExpressionVariables* variables = nullptr) const;
     /// @}
+
+    /// Of the mapped variables; null if there are none.
+    const VariableSource* source() const { return source_.get(); }
 
 private:
     class Compiler;
@@ -63,6 +68,7 @@ private:
 
     std::vector<Instruction> instructions_;
     std::size_t depth_ = 0;
+    std::shared_ptr<VariableSource> source_;
 };
 
 /// How many values a vector instruction takes at most.

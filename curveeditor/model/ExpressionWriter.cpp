@@ -4,8 +4,8 @@
 #include <curveeditor/model/ExpressionToken.h>
 #include <curveeditor/model/FunctionFloatConstant.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
-#include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
+#include <curveeditor/model/VariableSource.h>
 
 #include <algorithm>
 #include <array>
@@ -54,7 +54,9 @@ bool rightNeedsParentheses(const TokenRule& rule, const FunctionFloatBase& opera
 
 } // namespace
 
-ExpressionWriter::ExpressionWriter(const FunctionFloatOperation& root) : root_(root) {}
+ExpressionWriter::ExpressionWriter(const FunctionFloatOperation& root) : root_(root), mapper_(mapperOf(root))
+{
+}
 
 std::string ExpressionWriter::write()
 {
@@ -162,8 +164,7 @@ std::size_t ExpressionWriter::guardsOf(const FunctionFloatBase& node) const
 
 bool ExpressionWriter::isHidden(const Start& start) const
 {
-    const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
-    return mapper && mapper->getNameLength(std::string_view(text_).substr(start.offset)) > start.length;
+    return mapper_ && mapper_->getNameLength(std::string_view(text_).substr(start.offset)) > start.length;
 }
 
 bool ExpressionWriter::guardHiddenStarts(bool guardAll)

@@ -53,6 +53,7 @@ private:
     std::size_t guardsOf(const FunctionFloatBase& node) const;
 
     const FunctionFloatOperation& root_;
+    const ParserVarMapper* mapper_;
     std::string text_;
     std::vector<Piece> pieces_;
     std::vector<Start> starts_;

@@ -21,13 +21,6 @@ bool isParsed(const FunctionFloatBase& formula)
            formula.getConstantRef();
 }
 
-/// That the parser would ask somebody else for the variable.
-bool isReadElsewhere(const std::string& name, const CurveVariables& variables)
-{
-    const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
-    return variables.hasName(name) || (mapper && mapper != &variables && mapper->hasName(name));
-}
-
 } // namespace
 
 /// Follows the formula through all curves that it reads.
@@ -44,23 +37,26 @@ public:
         indexOf(root);
         for (std::size_t i = 0; i < found_.size(); ++i) {
             const FunctionFloatBase& formula = *found_[i];
-            if (!isParsed(formula) || !takeCurves(formula))
+            if (!isParsed(formula))
                 return false;
             const bool isOperation = FunctionFloatOperation::of(formula);
             snapshot_.formulas_.push_back({ExpressionProgram(formula), isOperation});
+            const VariableSource* const source = snapshot_.formulas_.back().program.source();
+            if (!takeCurves(formula, source ? source->mapper() : nullptr))
+                return false;
         }
         return true;
     }
 
 private:
-    bool takeCurves(const FunctionFloatBase& formula)
+    bool takeCurves(const FunctionFloatBase& formula, const ParserVarMapper* mapper)
     {
-        for (const FunctionParserBase::keyStruct* const key :
-             FunctionParserBase::instance()->getAllVars(&formula)) {
-            const bool isTimeOrFrame = key->name == "t" || key->name == "f";
-            if (!isTimeOrFrame && variables_.holds(key->name)) {
+        FunctionParserBase& parser = *FunctionParserBase::instance();
+        for (const FunctionParserBase::keyStruct* const key : parser.getAllVars(&formula)) {
+            const bool isMapped = key != parser.getKey("t") && key != parser.getKey("f");
+            if (isMapped && mapper == &variables_ && variables_.holds(key->name)) {
                 takeCurve(*key);
-            } else if (isReadElsewhere(key->name, variables_)) {
+            } else if (isMapped && mapper && mapper->hasName(key->name)) {
                 return false;
             }
             if (!key->holdsDouble())

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/FunctionFloatConstant.h>
 
-#include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
+#include <curveeditor/model/VariableSource.h>
 
 #include <algorithm>
 
-FunctionFloatConstant::FunctionFloatConstant(double value, std::string_view typed) : value_(value)
+using namespace curveeditor;
+
+FunctionFloatConstant::FunctionFloatConstant(double value, std::string_view typed,
+                                             const std::shared_ptr<VariableSource>& source)
+    : value_(value), source_(source)
 {
     text = typed;
 }
@@ -15,7 +19,7 @@ FunctionFloatConstant::~FunctionFloatConstant() = default;
 
 std::string_view FunctionFloatConstant::getWritten() const
 {
-    const ParserVarMapper* const mapper = FunctionParserBase::instance()->getVarMapper();
+    const ParserVarMapper* const mapper = mapperOf(*this);
     return text == pi && mapper && mapper->hasName(pi) ? "3.141592653589793" : std::string_view(text);
 }
 

@@ -4,11 +4,13 @@
 #include <curveeditor/model/FunctionFloatBase.h>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace curveeditor {
 class ExpressionParser;
+class VariableSource;
 } // namespace curveeditor
 
 /// A number. `text` is the number as it was typed, or `pi`.
@@ -28,6 +30,8 @@ public:
     double evaluate() override { return value_; }
     std::string getString() override { return std::string(getWritten()); }
 
+    /// What it was parsed with, null for no mapper; for the library alone.
+    const std::shared_ptr<curveeditor::VariableSource>& getSource() const { return source_; }
     /// What the parser reads back as this number: `text`, or the digits of pi where a variable has that name.
     std::string_view getWritten() const;
 
@@ -37,7 +41,9 @@ public:
 private:
     friend class curveeditor::ExpressionParser;
 
-    FunctionFloatConstant(double value, std::string_view typed);
+    FunctionFloatConstant(double value, std::string_view typed,
+                          const std::shared_ptr<curveeditor::VariableSource>& source);
 
     double value_;
+    std::shared_ptr<curveeditor::VariableSource> source_;
 };

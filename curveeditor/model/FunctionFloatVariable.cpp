@@ -5,9 +5,13 @@
 #include <curveeditor/model/FunctionFloatVariableDouble.h>
 #include <curveeditor/model/FunctionFloatVariableFloat.h>
 #include <curveeditor/model/FunctionFloatVariableInt.h>
+#include <curveeditor/model/VariableSource.h>
 
-FunctionFloatVariable::FunctionFloatVariable(FunctionParserBase::keyStruct* key, bool mapped)
-    : key_(key), mapped_(mapped)
+using namespace curveeditor;
+
+FunctionFloatVariable::FunctionFloatVariable(FunctionParserBase::keyStruct* key, bool mapped,
+                                             const std::shared_ptr<VariableSource>& source)
+    : key_(key), mapped_(mapped), source_(source)
 {
     text = key->name;
 }
@@ -27,14 +31,14 @@ const FunctionFloatVariable* FunctionFloatVariable::of(const FunctionFloatBase& 
 
 double FunctionFloatVariable::evaluate()
 {
-    return mapped_ ? FunctionParserBase::instance()->readMapped(*key_) : key_->getValue();
+    return mapped_ ? source_->read(*key_) : key_->getValue();
 }
 
 void FunctionFloatVariable::evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
                                           std::size_t count)
 {
     if (mapped_) {
-        FunctionParserBase::instance()->readMapped(*key_, times, framesPerTimeUnit, values, count);
+        source_->read(*key_, times, framesPerTimeUnit, values, count);
     } else {
         FunctionFloatBase::evaluateBlock(times, framesPerTimeUnit, values, count);
     }

@@ -5,34 +5,24 @@
 #include <curveeditor/model/FunctionFloatOperation.h>
 #include <curveeditor/model/FunctionFloatVariable.h>
 #include <curveeditor/model/ParserVarMapper.h>
+#include <curveeditor/model/VariableSource.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <functional>
 #include <limits>
-#include <map>
 #include <unordered_set>
 
 using namespace curveeditor;
 
 struct FunctionParserBase::Private
 {
-    struct Variable
-    {
-        keyStruct key;
-        alignas(double) std::byte storage[sizeof(double)]{};
-    };
-
-    std::map<std::string, Variable, std::less<>> keys;
+    VariableSource independent{nullptr};
+    keyStruct& time = independent.key("t", 3);
+    keyStruct& frame = independent.key("f", 3);
     const ParserVarMapper* varMapper = nullptr;
 };
 
-FunctionParserBase::FunctionParserBase() : d_(std::make_unique<Private>())
-{
-    makeKey("t", 3);
-    makeKey("f", 3);
-}
+FunctionParserBase::FunctionParserBase() : d_(std::make_unique<Private>()) {}
 
 FunctionParserBase::~FunctionParserBase() = default;
 
@@ -45,9 +35,15 @@ FunctionParserBase* FunctionParserBase::instance()
 
 FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, ParseMessage& message)
 {
+    return parseString(text, message, d_->varMapper);
+}
+
+FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, ParseMessage& message,
+                                                   const ParserVarMapper* variables)
+{
     message = ParseMessage();
     message.text = text;
-    return ExpressionParser(*this, message).parse().release();
+    return ExpressionParser(variables, message).parse().release();
 }
 
 std::int32_t FunctionParserBase::keyStruct::toInt(double v)
@@ -61,13 +57,16 @@ std::int32_t FunctionParserBase::keyStruct::toInt(double v)
 FunctionParserBase::keyStruct* FunctionParserBase::getKey(const std::string& name)
 {
     const std::string stored = ParserVarMapper::getStoredName(name);
-    if (stored == "t" || stored == "f")
-        return &d_->keys.find(stored)->second.key;
+    if (stored == "t")
+        return &d_->time;
+    if (stored == "f")
+        return &d_->frame;
     if (!d_->varMapper || !d_->varMapper->hasName(stored))
         return nullptr;
-    keyStruct* const key = makeKey(stored, d_->varMapper->getType(stored));
-    readMapped(*key);
-    return key;
+    VariableSource& source = *VariableSource::of(*d_->varMapper);
+    keyStruct& key = source.key(stored, d_->varMapper->getType(stored));
+    source.read(key);
+    return &key;
 }
 
 std::vector<FunctionParserBase::keyStruct*>
@@ -90,38 +89,6 @@ FunctionParserBase::getAllVars(const FunctionFloatBase* expression)
         }
     }
     return keys;
-}
-
-FunctionParserBase::keyStruct* FunctionParserBase::makeKey(std::string_view name, std::int32_t type)
-{
-    const auto [place, isNew] = d_->keys.try_emplace(std::string(name));
-    Private::Variable& variable = place->second;
-    if (isNew) {
-        variable.key.name = name;
-        variable.key.value = variable.storage;
-    }
-    variable.key.type = type;
-    return &variable.key;
-}
-
-double FunctionParserBase::readMapped(keyStruct& key) const
-{
-    key.setValue(d_->varMapper && d_->varMapper->hasName(key.name) ? d_->varMapper->getValue(key.name) : 0.0);
-    return key.getValue();
-}
-
-void FunctionParserBase::readMapped(keyStruct& key, const double* times, double framesPerTimeUnit,
-                                    double* values, std::size_t count) const
-{
-    if (d_->varMapper && d_->varMapper->hasName(key.name)) {
-        d_->varMapper->getValues(key.name, times, framesPerTimeUnit, values, count);
-    } else {
-        std::fill_n(values, count, 0.0);
-    }
-    for (std::size_t i = key.holdsDouble() && count > 0 ? count - 1 : 0; i < count; ++i) {
-        key.setValue(values[i]);
-        values[i] = key.getValue();
-    }
 }
 
 void FunctionParserBase::setVarMapper(const ParserVarMapper* const mapper)

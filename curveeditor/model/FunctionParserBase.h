@@ -14,15 +14,11 @@
 class FunctionFloatBase;
 class ParserVarMapper;
 
-namespace curveeditor {
-class ExpressionParser;
-} // namespace curveeditor
-
 /// Parses expressions and knows their variables. There is one for the whole process; see `instance`.
 ///
 /// The independent variables `t`, time, and `f`, the frame number, are always known. All others come from the
-/// `ParserVarMapper` that the host sets, which is asked for names while parsing and for values while
-/// evaluating.
+/// `ParserVarMapper` that the host sets, which is asked for names while parsing. What was parsed keeps that mapper, whose
+/// values it reads.
 ///
 /// The language, from loose to tight:
 ///
@@ -90,40 +86,32 @@ public:
     /// `message.text` is `text` with each known variable, and `pi`, in its stored, lower-case form. Each unknown
     /// variable has a span; any other error ends the parsing and has a span only if it is the first.
     FunctionFloatBase* parseString(const std::string& text, ParseMessage& message);
+    /// The same with the names of `variables`, whatever `setVarMapper` took; null for none but `t` and `f`.
+    FunctionFloatBase* parseString(const std::string& text, ParseMessage& message,
+                                   const ParserVarMapper* variables);
 
     /// The variable of that name, ASCII case aside, with its present value in its storage; null for an
-    /// unknown name. Never null for `t` and `f`. The parser owns it and keeps it until the process ends.
+    /// unknown name. Never null for `t` and `f`, which stay until the process ends. Any other one is of the mapper that
+    /// `setVarMapper` took, and stays as long as that and all formulas that were parsed with it.
     keyStruct* getKey(const std::string& name);
 
     /// The variables that `expression` reads, each once, in order of their first occurrence; `t` and `f` are
-    /// among them. Empty for null and for an expression of a host's own class.
+    /// among them. Empty for null and for an expression of a host's own class. They stay as long as the expression.
     std::vector<keyStruct*> getAllVars(const FunctionFloatBase* expression);
 
-    /// Asks the mapper for the variable of `key`, one other than `t` and `f`, and stores its present value in
-    /// `key`. Returns it as the type of `key`; 0.0 if the name is not known.
-    double readMapped(keyStruct& key) const;
-
-    /// The same at `count` times, as `ParserVarMapper::getValues`; the last value stays in `key`.
-    void readMapped(keyStruct& key, const double* times, double framesPerTimeUnit, double* values,
-                    std::size_t count) const;
-
-    /// Takes the source of all variables other than `t` and `f`; null for none. It stays the caller's. One
-    /// that is destroyed takes itself out. Trees that exist keep their names and read them from the new
-    /// source.
+    /// Takes the source of all variables other than `t` and `f` in what is parsed from now on; null for none. It stays
+    /// the caller's. One that is destroyed takes itself out. Trees that exist go on reading the one that they were
+    /// parsed with, and 0.0 when it is gone.
     void setVarMapper(const ParserVarMapper* mapper);
 
     /// What `setVarMapper` took last and is still alive.
     const ParserVarMapper* getVarMapper() const;
 
 private:
-    friend class curveeditor::ExpressionParser;
-
     struct Private;
 
     FunctionParserBase();
     ~FunctionParserBase();
-
-    keyStruct* makeKey(std::string_view name, std::int32_t type);
 
     const std::unique_ptr<Private> d_;
 };

@@ -4,6 +4,7 @@
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/ExpressionToken.h>
 #include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/VariableSource.h>
 
 #include <algorithm>
 #include <iterator>
@@ -47,16 +48,25 @@ std::size_t commonLength(std::string_view a, std::string_view b)
 
 struct ParserVarMapper::Private
 {
+    explicit Private(const ParserVarMapper& owner) : source(std::make_shared<VariableSource>(&owner)) {}
+
+    std::shared_ptr<VariableSource> source;
     std::set<std::string, NameOrder> names;
 };
 
-ParserVarMapper::ParserVarMapper() : d_(std::make_unique<Private>()) {}
+ParserVarMapper::ParserVarMapper() : d_(std::make_unique<Private>(*this)) {}
 
 ParserVarMapper::~ParserVarMapper()
 {
     FunctionParserBase* const parser = FunctionParserBase::instance();
     if (parser->getVarMapper() == this)
         parser->setVarMapper(nullptr);
+    d_->source->letGo();
+}
+
+std::shared_ptr<VariableSource> VariableSource::of(const ParserVarMapper& mapper)
+{
+    return mapper.d_->source;
 }
 
 void ParserVarMapper::getValues(const std::string& name, const double* times, double framesPerTimeUnit,

@@ -11,13 +11,17 @@
 
 class FunctionFloatBase;
 
+namespace curveeditor {
+class VariableSource;
+} // namespace curveeditor
+
 /// Where expressions find the variables other than `t` and `f`. A host derives a class that adds the names it
 /// knows and gives their values, and hands it to `FunctionParserBase::setVarMapper`; or it uses
 /// `CurveVariables`, which is such a class.
 ///
 /// An expression reads its variables by name at each evaluation, and a block of them at once where it is
-/// evaluated in blocks; but for a block, `if` reads those of the branch alone that it takes. So a name may be removed,
-/// added again or come from another mapper at any time: while it is not known it reads as 0.0.
+/// evaluated in blocks; but for a block, `if` reads those of the branch alone that it takes. So a name may be removed
+/// and added again at any time: while it is not known it reads as 0.0, and so do all names when the mapper is gone.
 class CURVEEDITOR_EXPORT ParserVarMapper
 {
 public:
@@ -25,7 +29,7 @@ public:
     ParserVarMapper(const ParserVarMapper&) = delete;
     ParserVarMapper& operator=(const ParserVarMapper&) = delete;
 
-    /// Takes itself out of the parser, if it is set there.
+    /// Takes itself out of the parser, if it is set there, and out of the formulas that were parsed with it.
     virtual ~ParserVarMapper();
 
     /// The present value of the variable `name`. Only called for names that `hasName` knows.
@@ -67,6 +71,8 @@ protected:
     void removeName(std::string_view name);
 
 private:
+    friend class curveeditor::VariableSource;
+
     struct Private;
     std::unique_ptr<Private> d_;
 };

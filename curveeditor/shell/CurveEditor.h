@@ -14,6 +14,7 @@
 #include <vector>
 
 class FunctionFloatBase;
+class ParserVarMapper;
 class QAction;
 class QMenu;
 class QTextStream;
@@ -176,6 +177,11 @@ public:
     /// and that are kept for undo are deleted too, and the entries that would bring them back go: afterwards the host
     /// may free what its own classes of expressions read.
     void deleteExpression(const QString& nodeName, const QString& curveName, FunctionFloatBase** function);
+    /// Takes what the formulas that are entered, loaded and taken back in this editor read, apart from those of other
+    /// editors: two documents then may have curves of the same names. It stays the host's. Null, as at first, and its end
+    /// bring back what `FunctionParserBase::setVarMapper` took. A formula keeps the mapper that it was parsed with, in
+    /// undo too; parse those of the host with `FunctionParserBase::parseString(text, message, variables)`.
+    void setVariables(ParserVarMapper* variables);
     /// Writes the table of all curves on the canvas: a banner, then one row for each whole time within the
     /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes
     /// nothing and returns false if the range is too long for a table.

@@ -46,6 +46,11 @@ QStringList variablesRead(FunctionFloatBase* const* holder)
 
 } // namespace
 
+void CurveEditor::setVariables(ParserVarMapper* variables)
+{
+    d_->functionEdit->canvas.door().history().formulas().setVariables(variables);
+}
+
 void CurveEditor::executeCommand()
 {
     if (commandLine->isReadOnly())

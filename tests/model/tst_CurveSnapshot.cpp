@@ -232,22 +232,26 @@ private Q_SLOTS:
         {
             HostMapper() { addName("own"); }
             double getValue(const std::string&) const override { return 1.0; }
-        } mapper;
+        };
+        auto mapper = std::make_unique<HostMapper>();
         CurveVariables variables;
         FunctionParserBase* const parser = FunctionParserBase::instance();
-        parser->setVarMapper(&mapper);
+        parser->setVarMapper(mapper.get());
         const auto reader = parse("2own");
-        QVERIFY(!CurveSnapshot::of(*reader, 25.0, mapper));
+        QVERIFY(!CurveSnapshot::of(*reader, 25.0, *mapper));
         QVERIFY(!CurveSnapshot::of(*reader, 25.0, variables));
         FunctionFloatBase* holder = reader.get();
-        QVERIFY(mapper.add("g.reader", nullptr, &holder));
-        QVERIFY(!CurveSnapshot::of(*parse("g.reader+1"), 25.0, mapper));
+        QVERIFY(mapper->add("g.reader", nullptr, &holder));
+        QVERIFY(!CurveSnapshot::of(*parse("g.reader+1"), 25.0, *mapper));
         parser->setVarMapper(&variables);
+        variables.add("own", nullptr, nullptr);
+        QVERIFY(!CurveSnapshot::of(*reader, 25.0, variables));
+        mapper.reset();
         const Snapshot unknown = CurveSnapshot::of(*reader, 25.0, variables);
         QVERIFY(unknown && (*unknown)(1.0) == 0.0);
-        const auto time = parse("1+t");
-        variables.add("t", nullptr, nullptr);
-        QVERIFY(!CurveSnapshot::of(*time, 25.0, variables));
+        variables.add("t", nullptr, nullptr); // which no formula can read
+        const Snapshot time = CurveSnapshot::of(*parse("1+t"), 25.0, variables);
+        QVERIFY(time && (*time)(3.0) == 4.0);
     }
 
     /// How long, in milliseconds: CURVEEDITOR_THREADS_RUN.

@@ -231,6 +231,44 @@ private Q_SLOTS:
         }
     }
 
+    void documentsKeepTheirVariables()
+    {
+        EditorFixture other({"b.y", "A.x"});
+        FunctionFloatBase*& formula = other.curves["A.x"].expression;
+        SplineBase& read = other.curves["b.y"].spline;
+        read.setPos(read.modify(1), 3.0); // 1.0 in the first document
+        auto theirs = std::make_unique<CurveVariables>();
+        theirs->add("b.y", &read, nullptr);
+        formula = FunctionParserBase::instance()->parseString("2*b.y", *std::make_unique<ParseMessage>());
+        other.editor.setVariables(theirs.get());
+        const auto value = [&formula] {
+            double result = 5.0;
+            formula->evaluateBlock(&result, 10.0, &result, 1);
+            return result;
+        };
+        const auto enterThere = [&other](const QString& text) {
+            other.editor.commandLine->setText(text);
+            QTest::keyClick(other.editor.commandLine, Qt::Key_Return);
+        };
+        enterThere("b.y");
+        QCOMPARE(value(), 3.0);
+        enterThere("b.y+1");
+        enter("b.y");
+        QCOMPARE(value(), 4.0);
+        other.editor.undo();
+        QCOMPARE(value(), 3.0);
+        other.editor.undo();
+        QCOMPARE(value(), 2.0); // the host parsed it with the variables of the first
+        other.editor.redo();
+        QCOMPARE(value(), 3.0);
+        theirs.reset();
+        QCOMPARE(value(), 0.0);
+        enterThere("b.y*5");
+        QCOMPARE(value(), 5.0);
+        other.editor.undo();
+        QCOMPARE(value(), 0.0);
+    }
+
     void denseGraphOfThousandCurvesEnds()
     {
         // A walk that visits a curve once for each path to it would not end before the test's limit.
