@@ -178,6 +178,22 @@ void CanvasGrid::layout(ViewPort* view)
         const int row = truncateToPixel(height - y.position(j, height));
         lines << QPoint(0, row) << QPoint(width, row);
     }
+    writeLabels(*view);
+}
+
+void CanvasGrid::writeLabels(const ViewPort& view)
+{
+    isTimeWritten_ = bool(view.timeText);
+    timeLabels_.clear();
+    valueLabels_.clear();
+    const std::vector<double> lineTimes = isTimeWritten_ ? times(view) : std::vector<double>();
+    for (int i = 0; i < countX; ++i)
+        timeLabels_ << (isTimeWritten_ ? view.timeText.write(lineTimes[std::size_t(i)])
+                                       : labelText(i * stepX + firstX, i == zeroIndexX));
+    for (int j = 0; j < countY; ++j) {
+        const double value = j * stepY + firstY;
+        valueLabels_ << (view.valueText ? view.valueText.write(value) : labelText(value, j == zeroIndexY));
+    }
 }
 
 void CanvasGrid::placeTimeLine(const ViewPort& view)
@@ -251,14 +267,18 @@ void CanvasGrid::drawLabels(QPainter* painter, const CurveEditorTheme& theme) co
     painter->setFont(labelFont(theme));
     painter->setBackgroundMode(Qt::TransparentMode);
     const int labelRow = widget->height() - labelMargin;
+    int firstFreeColumn = lastColumnWithoutLabel + 1;
     for (int i = 0; i < countX; ++i) {
         const int column = startOf(lines, i).x() + labelGap;
-        if (column > lastColumnWithoutLabel)
-            painter->drawText(column, labelRow, labelText(i * stepX + firstX, i == zeroIndexX));
+        if (column < firstFreeColumn)
+            continue;
+        painter->drawText(column, labelRow, timeLabels_.at(i));
+        if (isTimeWritten_)
+            firstFreeColumn = column + painter->fontMetrics().horizontalAdvance(timeLabels_.at(i)) + labelGap;
     }
     for (int j = 0; j < countY; ++j) {
         const int row = startOf(lines, countX + j).y();
-        painter->drawText(labelMargin, row - labelGap, labelText(j * stepY + firstY, j == zeroIndexY));
+        painter->drawText(labelMargin, row - labelGap, valueLabels_.at(j));
     }
 }
 
@@ -286,14 +306,14 @@ void CanvasGrid::drawSpacedLabels(QPainter* painter, const CurveEditorTheme& the
     QRect free = room;
     for (int i = 0; i < countX; ++i) {
         const QPoint center(startOf(lines, i).x(), room.bottom() - metrics.height() / 2);
-        const QRect drawn = drawLabel(center, labelText(i * stepX + firstX, i == zeroIndexX), free);
+        const QRect drawn = drawLabel(center, timeLabels_.at(i), free);
         if (!drawn.isEmpty())
             free.setLeft(drawn.right() + labelMargin);
     }
     free = room.adjusted(0, 0, 0, -metrics.height() - labelMargin);
     for (int j = 0; j < countY; ++j) {
         const QPoint center(0, startOf(lines, countX + j).y());
-        const QRect drawn = drawLabel(center, labelText(j * stepY + firstY, j == zeroIndexY), free);
+        const QRect drawn = drawLabel(center, valueLabels_.at(j), free);
         if (!drawn.isEmpty())
             free.setBottom(drawn.top() - 1);
     }

@@ -3,6 +3,7 @@
 
 #include <QPolygon>
 #include <QRect>
+#include <QStringList>
 
 #include <vector>
 
@@ -59,8 +60,13 @@ public:
     QRect timeLineGrip(const CurveEditorTheme& theme) const;
 
 private:
+    void writeLabels(const ViewPort& view);
     void drawLines(QPainter* painter, const CurveEditorTheme& theme) const;
     void drawLabels(QPainter* painter, const CurveEditorTheme& theme) const;
     void drawSpacedLabels(QPainter* painter, const CurveEditorTheme& theme) const;
     bool showsTimeLine() const { return timeLineX >= 0 && timeLineX <= gridWidth; }
+
+    bool isTimeWritten_ = false; ///< by the host
+    QStringList timeLabels_;     ///< one for each vertical line
+    QStringList valueLabels_;
 };

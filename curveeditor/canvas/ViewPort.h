@@ -4,6 +4,7 @@
 #include <curveeditor/edit/Gesture.h>
 #include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/edit/ViewStep.h>
+#include <curveeditor/files/AxisText.h>
 
 #include <QRect>
 
@@ -35,6 +36,8 @@ public:
     int anchorY = 0;         ///< row of the last mouse press
     bool showFrames = true;
     double fps = 10.0;     ///< frames per time unit
+    AxisText timeText;     ///< of the host; `dirty` is set by whoever sets it
+    AxisText valueText;    ///< the same
     double timeLine = 0.0; ///< time at which the time line stands
     double timeMin = -1.0; ///< left edge of the visible range
     double timeMax = 10.0;
@@ -85,10 +88,12 @@ public:
     /// change.
     void setShowFrames(const bool& on);
     bool isShowFrames() const { return showFrames; }
-    /// A time as the user reads it: the number of its frame while those are counted.
-    double shownTime(double time) const { return showFrames ? time * fps : time; }
-    /// The time that the user reads as that number; at 0 frames per time unit it is not finite.
-    double timeOfShown(double number) const { return showFrames ? number / fps : number; }
+    /// Whether times stand as numbers of frames, which the host's own text replaces.
+    bool writesFrames() const { return showFrames && !timeText; }
+    /// A time as fields hold it: the number of its frame while those are written.
+    double shownTime(double time) const { return writesFrames() ? time * fps : time; }
+    /// The time that fields hold as that number; at 0 frames per time unit it is not finite.
+    double timeOfShown(double number) const { return writesFrames() ? number / fps : number; }
 
     /// These only store: the caller sets `dirty`, but for the time line. A limit takes the edge of the visible range with it.
     void setFps(const double& framesPerTimeUnit) { fps = framesPerTimeUnit; }

@@ -22,6 +22,8 @@ namespace {
 
 constexpr double initialBound = 100000000.0;
 constexpr int initialMaximumLength = 9;
+constexpr int writtenLength = 32; // of what a host writes ...
+constexpr int writtenDigits = 12; // ... and what has room in any case
 constexpr double stepPerPixel = double(0.005f);
 constexpr int sizeHintCharacters = 17; // what QLineEdit::sizeHint makes room for, in widths of an "x"
 
@@ -112,6 +114,15 @@ void CustomEditLine::setColors(const QColor& field, const QColor& text, const QC
     setPalette(isMarked_ ? faultColors(colors_) : colors_);
 }
 
+void CustomEditLine::setAxisText(const AxisText& text)
+{
+    if (!axisText_)
+        plainLength_ = maxLength();
+    axisText_ = text;
+    setMaxLength(text ? writtenLength : plainLength_);
+    updateGeometry();
+}
+
 double CustomEditLine::clampToBounds(double value) const
 {
     if (value < minValue_)
@@ -124,32 +135,55 @@ void CustomEditLine::setValue(double value)
     const QString shown = textFor(value);
     const bool isBeingTyped = hasFocus() && isModified() && shown == textFor(number_);
     if (!isBeingTyped)
-        setText(shown);
+        showNumber(value);
+}
+
+void CustomEditLine::showNumber(double value)
+{
+    shownText_ = textFor(value);
+    shownNumber_ = value;
+    setText(shownText_);
+}
+
+std::optional<double> CustomEditLine::numberIn(const QString& text) const
+{
+    return axisText_ && text == shownText_ ? shownNumber_ : axisText_.read(text);
 }
 
 QString CustomEditLine::textFor(double value) const
 {
-    return NumberText::inLocale(numberText(value, maxLength()), locale());
+    return axisText_ ? axisText_.write(value).left(maxLength())
+                     : NumberText::inLocale(numberText(value, maxLength()), locale());
 }
 
 bool CustomEditLine::shows(double value) const
 {
-    return NumberText::withPoint(text()) == numberText(value, maxLength());
+    return axisText_ ? text() == textFor(value)
+                     : NumberText::withPoint(text()) == numberText(value, maxLength());
 }
 
 bool CustomEditLine::isNumber() const
 {
-    return NumberText::read(text()).has_value();
+    return numberIn(text()).has_value();
 }
 
 void CustomEditLine::setValue(double value, const char* label)
 {
     const QString tag = QStringLiteral(" [%1]").arg(QString::fromUtf8(label));
+    if (axisText_)
+        return showWritten(value, tag);
     int room = maxLength();
     while (room > 1 && !isInSight(taggedText(value, tag, room)))
         --room;
     const QSignalBlocker blocker(this); // there is no number to be noted
     setText(NumberText::inLocale(taggedText(value, tag, room), locale()));
+}
+
+void CustomEditLine::showWritten(double value, const QString& tag)
+{
+    const QString written = textFor(value);
+    const QSignalBlocker blocker(this);
+    setText(isInSight(written + tag) ? written + tag : isInSight(written) ? written : QString());
 }
 
 int CustomEditLine::edgeWidth() const
@@ -170,7 +204,7 @@ int CustomEditLine::widthOf(int digits) const
 
 QSize CustomEditLine::sizeHint() const
 {
-    return {widthOf(maxLength()), QLineEdit::sizeHint().height()};
+    return {widthOf(axisText_ ? writtenDigits : maxLength()), QLineEdit::sizeHint().height()};
 }
 
 QSize CustomEditLine::minimumSizeHint() const
@@ -180,13 +214,13 @@ QSize CustomEditLine::minimumSizeHint() const
 
 void CustomEditLine::checkTextBounds()
 {
-    setText(textFor(isNumber() ? clampToBounds(number_) : number_));
+    showNumber(isNumber() ? clampToBounds(number_) : number_);
 }
 
 /// What the program shows may lie beyond the bounds, and is no slip, be it empty.
 void CustomEditLine::noteNumber()
 {
-    const std::optional<double> number = NumberText::read(text());
+    const std::optional<double> number = numberIn(text());
     if (number)
         number_ = isModified() || std::isinf(*number) ? clampToBounds(*number) : *number;
     if (number || !isModified())
@@ -229,7 +263,7 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
     const double distance = event->globalPosition().toPoint().y() - pressGlobalY_;
     const double value = clampToBounds(pressValue_ - dragWeight(pressValue_) * (distance * stepPerPixel));
     isTouched_ = true;
-    setText(textFor(value)); // also over a text that stands for the same number
+    showNumber(value); // also over a text that stands for the same number
     Q_EMIT newValueSet(value, this);
 }
 
@@ -299,7 +333,7 @@ void CustomEditLine::changeEvent(QEvent* event)
     if (event->type() != QEvent::LocaleChange)
         return;
     const QString before = std::exchange(sign_, locale().decimalPoint());
-    if (!isModified())
+    if (!isModified() && !axisText_)
         setText(text().replace(before, sign_));
 }
 

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/files/AxisText.h>
+
 #include <QLineEdit>
+
+#include <optional>
+
+using namespace curveeditor;
 
 /// A line for one number. It shows three decimals, reports every change at once, keeps what it reports
 /// between two bounds, and changes its number when the mouse is dragged up or down over it. Typing leaves the text as
@@ -11,6 +17,8 @@
 /// no number the line is marked and reports the last number that it held, which Return or leaving puts back, so
 /// that a slip destroys nothing. The decimal sign on show is that of the widget's locale. Undo and redo keys are left
 /// to the window, since it is edits that they take back and not their typing.
+///
+/// Where a host writes the number, its text stands for that very number, and takes the place of three decimals everywhere.
 class CustomEditLine : public QLineEdit
 {
     Q_OBJECT
@@ -29,6 +37,12 @@ public:
 
     /// Returns `value`, or the bound that it lies beyond. Not-a-number passes through.
     double clampToBounds(double value) const;
+
+    /// Lets a host write and read the number from now on, or again this class, with the room that it had. The text changes
+    /// at the next `setValue`.
+    void setAxisText(const AxisText& text);
+    /// What the text stands for; nothing if it is no number.
+    std::optional<double> number() const { return numberIn(text()); }
 
     /// Shows `value` with three decimals, without clamping it and without a signal. Decimals that don't fit
     /// the maximum length are cut off; a number whose whole part doesn't fit is shown with an exponent, so
@@ -49,7 +63,7 @@ public:
     void setValue(double value, const char* label);
 
     /// Wide enough for the longest number that the maximum length lets in; the minimum too, so that no layout
-    /// cuts one off.
+    /// cuts one off. What a host writes gets room for 12 digits.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     /// The width of a line with that many digits in sight.
@@ -86,6 +100,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void showNumber(double value);
+    void showWritten(double value, const QString& tag);
+    std::optional<double> numberIn(const QString& text) const;
     void noteNumber();
     void setMarked(bool isMarked);
     int edgeWidth() const;
@@ -101,6 +118,10 @@ private:
     double maxValue_ = 0.0;
     double minValue_ = 0.0;
     double number_ = 0.0; ///< the last that the text was
+    AxisText axisText_;
+    int plainLength_ = 0;      ///< the maximum length without it
+    QString shownText_;        ///< what the host has written, ...
+    double shownNumber_ = 0.0; ///< ... and for which number
     bool handlingKey_ = false;
     bool isMarked_ = false;
     QString sign_; ///< the decimal sign on show

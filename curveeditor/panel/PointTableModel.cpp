@@ -126,7 +126,16 @@ QString PointTableModel::textOf(const SplineBase::PointInfo& point, int column, 
     if (column == Type)
         return PointTypeTexts::shown(PointTypes::of(point.type).name);
     const double number = shownNumber(point, column);
+    const AxisText& host = axisText(column);
+    if (host && (role == Qt::DisplayRole || (role == Qt::EditRole && host.canRead())))
+        return host.write(number);
     return role == Qt::DisplayRole ? NumberText::brief(number, locale_) : NumberText::full(number, locale_);
+}
+
+const AxisText& PointTableModel::axisText(int column) const
+{
+    static const AxisText plain;
+    return column == Time ? view_.timeText : column == Value ? view_.valueText : plain;
 }
 
 double PointTableModel::shownNumber(const SplineBase::PointInfo& point, int column) const
@@ -141,7 +150,7 @@ QVariant PointTableModel::headerData(int section, Qt::Orientation orientation, i
         return {};
     if (orientation == Qt::Vertical)
         return section;
-    const QStringList titles = {view_.isShowFrames() ? tr("Frame") : tr("Time"),
+    const QStringList titles = {view_.writesFrames() ? tr("Frame") : tr("Time"),
                                 tr("Value"),
                                 tr("Type"),
                                 tr("Incoming"),
@@ -206,9 +215,10 @@ bool PointTableModel::readNumber(const SplineBase::PointInfo& point, int column,
 {
     const auto& [field, bound] = numbers[std::size_t(column)];
     number = SplineEdits::read(point, field);
-    if (NumberText::withPoint(text) == NumberText::full(shownNumber(point, column), QLocale::c()))
+    if (text == textOf(point, column, Qt::EditRole) ||
+        NumberText::withPoint(text) == NumberText::full(shownNumber(point, column), QLocale::c()))
         return true;
-    const std::optional<double> typed = NumberText::read(text);
+    const std::optional<double> typed = axisText(column).read(text);
     number = typed.value_or(0.0);
     if (column == Time)
         number = view_.timeOfShown(number);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/files/AxisText.h>
 
 #include <QAbstractTableModel>
 #include <QLocale>
@@ -18,7 +19,7 @@ namespace curveeditor {
 ///
 /// Numbers are read from the spline when they are asked for. Six digits of them are shown; to be edited, and in the
 /// tool tip, they stand in the shortest form that reads back to the same bits. What is typed is read as `NumberText`
-/// says. The host may do anything to spline and curve between two
+/// says. Times and values that the host writes stand as it does, to be edited too if it reads them. The host may do anything to spline and curve between two
 /// calls: edits name the points by their serials, and pass over those that are gone. After a change by others
 /// `show` brings the rows up to date.
 class PointTableModel : public QAbstractTableModel
@@ -78,6 +79,7 @@ private:
     const SplineBase::PointInfo* pointOf(const QModelIndex& cell) const;
     QString textOf(const SplineBase::PointInfo& point, int column, int role) const;
     double shownNumber(const SplineBase::PointInfo& point, int column) const;
+    const AxisText& axisText(int column) const;
     bool readNumber(const SplineBase::PointInfo& point, int column, const QString& text,
                     double& number) const;
     bool edit(const QString& one, const QString& many, std::size_t count,

@@ -53,6 +53,7 @@ private:
     static QString deleteName() { return QStringLiteral(QT_TR_NOOP("Delete")); }
     int index() const;
     const SplineBase::PointInfo* point() const;
+    QString valueText(const SplineBase::PointInfo& point) const;
 
     QPointer<FunctionEditor> canvas_;
     PointSerial serial_;
@@ -76,17 +77,22 @@ QString PointAccessible::text(QAccessible::Text kind) const
     if (!present)
         return {};
     if (kind == QAccessible::Value)
-        return QString::number(present->pos);
+        return valueText(*present);
     if (kind == QAccessible::Description)
         return PointTypeTexts::shown(PointTypes::of(present->type).point);
     if (kind != QAccessible::Name)
         return {};
-    const double time = canvas_->isShowFrames() ? present->time * canvas_->fps : present->time;
-    const QString name = canvas_->isShowFrames() ? tr("Point %1 of %2, frame %3, value %4")
+    const double time = canvas_->shownTime(present->time);
+    const QString name = canvas_->writesFrames() ? tr("Point %1 of %2, frame %3, value %4")
                                                  : tr("Point %1 of %2, time %3, value %4");
     return name.arg(index() + 1)
         .arg(canvas_->canvas.currentSplineControl()->pointCount())
-        .arg(QString::number(time), QString::number(present->pos));
+        .arg(canvas_->timeText ? canvas_->timeText.write(time) : QString::number(time), valueText(*present));
+}
+
+QString PointAccessible::valueText(const SplineBase::PointInfo& point) const
+{
+    return canvas_->valueText ? canvas_->valueText.write(point.pos) : QString::number(point.pos);
 }
 
 QRect PointAccessible::rect() const

@@ -10,7 +10,9 @@
 #include <QColor>
 #include <QString>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class FunctionFloatBase;
@@ -206,6 +208,16 @@ public:
     /// Whether horizontal numbers show as frames, or as time.
     bool isModeFrames() const;
     bool isModeTime() const;
+    /// @}
+    /// @{
+    /// How times, in time units, and values are written: at the grid, in the read-outs, in the fields of points, in their
+    /// table, and for assistive tools. While one is set, times are written by it and not as frames; the grid's lines stay
+    /// where they are. What is typed there is read by `read`, else as a plain number of time or value units. Null, as at
+    /// first, gives back the numbers. What a function throws, and not-a-number, count as no answer.
+    void setTimeText(std::function<QString(double)> write,
+                     std::function<std::optional<double>(const QString&)> read = {});
+    void setValueText(std::function<QString(double)> write,
+                      std::function<std::optional<double>(const QString&)> read = {});
     /// @}
     /// Gives the dialog, all in it and its menus a font. The numbers of the grid, the menu over points and the
     /// boxes that it opens keep theirs.

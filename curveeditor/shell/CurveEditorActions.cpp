@@ -279,7 +279,7 @@ void CurveEditor::languageChange()
     if (!testAttribute(Qt::WA_SetLocale))
         unsetLocale(); // the application may have another default now
     if (d_->functionEdit) {
-        textLabel1->setText(isModeFrames() ? tr("Frame:") : tr("Time:"));
+        d_->showTimeLabel();
         d_->showMousePlace();
     }
     d_->showLineTip();

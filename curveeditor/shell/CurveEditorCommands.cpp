@@ -235,9 +235,9 @@ void CurveEditor::resetViewport()
     const bool wasTime = isModeTime();
     d_->functionEdit->reset();
     if (wasTime) {
-        textLabel1->setText(tr("Frame:"));
+        d_->showTimeLabel();
         d_->actionOf(&CurveEditor::setShowFrames)->setChecked(true);
-        posX->setValue(d_->functionEdit->shownTime(numberTypedIn(*posX)));
+        posX->setValue(d_->functionEdit->shownTime(d_->timeTyped()));
     }
     d_->showTimeBounds();
     d_->functionEdit->showSelection(false);
@@ -260,52 +260,6 @@ void CurveEditor::completeViewportV()
 {
     d_->functionEdit->completeViewportV();
     d_->functionEdit->canvas.paint();
-}
-
-void CurveEditor::setShowTime()
-{
-    textLabel1->setText(tr("Time:"));
-    if (isModeTime())
-        return;
-    d_->functionEdit->setShowFrames(false);
-    posX->setValue(d_->timeOfFrame(numberTypedIn(*posX)));
-    d_->showTimeBounds();
-    d_->functionEdit->showSelection(false);
-    d_->functionEdit->canvas.paint();
-}
-
-void CurveEditor::setShowFrames()
-{
-    textLabel1->setText(tr("Frame:"));
-    if (isModeFrames())
-        return;
-    d_->functionEdit->setShowFrames(true);
-    posX->setValue(d_->functionEdit->shownTime(numberTypedIn(*posX)));
-    d_->showTimeBounds();
-    d_->functionEdit->showSelection(false);
-    d_->functionEdit->canvas.paint();
-}
-
-void CurveEditor::setPosInfo(const double& valueX, const double& valueY)
-{
-    posX->setValue(d_->functionEdit->shownTime(valueX));
-    posY->setValue(valueY);
-}
-
-void CurveEditor::setFuncPosInfo(const double& valueX, const double& valueY, const double& val)
-{
-    d_->mousePlace = {valueX, valueY, std::isnan(val) ? 0.0 : val};
-    d_->showMousePlace();
-}
-
-void CurveEditor::Private::showMousePlace()
-{
-    if (!mousePlace)
-        return;
-    const QString timeLabel = editor.isModeFrames() ? CurveEditor::tr("Frame") : CurveEditor::tr("Time");
-    funcTimeEdit->setValue(functionEdit->shownTime(mousePlace->time), timeLabel.toUtf8());
-    funcCursorEdit->setValue(mousePlace->value, CurveEditor::tr("Cursor").toUtf8());
-    funcValueEdit->setValue(mousePlace->curveValue, CurveEditor::tr("Value").toUtf8());
 }
 
 void CurveEditor::setFirstNodeZero()

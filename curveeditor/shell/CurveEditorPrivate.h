@@ -168,7 +168,12 @@ struct CurveEditor::Private final : DependencyCheck
     void setMinTime(const double& val);
     void setMaxTime(const double& val);
     double timeOfFrame(double frame) const;
+    double timeTyped() const;
+    void countFrames(bool on);
+    void showTimes(double time);
+    void showTimeLabel();
     void showTimeBounds();
+    void showAxes();
     void showPanelTheme();
     void showFieldColors();
     void showPanelFont(QDialog& dialog) const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 
+#include "AxisTexts.h"
+
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QAction>
@@ -71,6 +73,9 @@ void MainWindow::addEditor()
     editor_->setMinValue(-1.0);
     editor_->setMaxValue(1.0);
     editor_->setTimeLineDraggable(true);
+    editor_->setTimeText(
+        [](double time) { return AxisTexts::timecode(time, AxisTexts::film); },
+        [](const QString& text) { return AxisTexts::timeOfTimecode(text, AxisTexts::film); });
     editor_->addCurve("Ball", "x", Qt::red, 0.0F, &x_.spline, &x_.formula, -1.0F, 1.0F);
     editor_->addCurve("Ball", "y", Qt::blue, 0.0F, &y_.spline, &y_.formula, -1.0F, 1.0F);
     editor_->setDefaultSelected("Ball", "x");

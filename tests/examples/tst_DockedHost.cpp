@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <AxisTexts.h>
 #include <MainWindow.h>
 #include <support/Test.h>
 
@@ -33,6 +34,49 @@ private Q_SLOTS:
 
         window.findChild<QToolBar*>()->actions().front()->setChecked(true);
         QTRY_VERIFY(stage->grab().toImage() != before);
+    }
+
+    void axisTexts_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<double>("number");
+        QTest::addColumn<QString>("text");
+        const auto add = [](const char* kind, double number, const char* text) {
+            QTest::addRow("%s %s", kind, text) << kind << number << text;
+        };
+        add("film", 62.5, "00:01:02:12");
+        add("film", -3600.0, "-01:00:00:00");
+        add("drop", 1799 * 1.001 / 30.0, "00:00:59;29");
+        add("drop", 1800 * 1.001 / 30.0, "00:01:00;02"); // 0 and 1 are left out
+        add("drop", 17981 * 1.001 / 30.0, "00:09:59;29");
+        add("drop", 17982 * 1.001 / 30.0, "00:10:00;00"); // but not in each tenth minute
+        add("drop", 107892 * 1.001 / 30.0, "01:00:00;00");
+        add("bars", 0.0, "1.1.000");
+        add("bars", 4.75, "4.1.480"); // 120 beats a minute, 3 in a bar
+        add("bars", -0.5, "0.3.000");
+        add("unit", 72.5, "72.5 %");
+    }
+    void axisTexts()
+    {
+        using namespace AxisTexts;
+        QFETCH(const QString, kind);
+        QFETCH(const double, number);
+        QFETCH(const QString, text);
+        const bool isDrop = kind == "drop";
+        const FrameRate& rate = isDrop ? dropFrame : film;
+        const QString written = kind == "bars"   ? bars(number, 120.0, 3)
+                                : kind == "unit" ? withUnit(number, "%")
+                                                 : timecode(number, rate);
+        QCOMPARE(written, text);
+        const auto read = [&](const QString& typed) {
+            return kind == "bars"   ? timeOfBars(typed, 120.0, 3)
+                   : kind == "unit" ? valueWithUnit(typed, "%")
+                                    : timeOfTimecode(typed, rate);
+        };
+        QVERIFY(read(text) && qAbs(*read(text) - number) < 1e-9);
+        for (const char* const fault :
+             {"", "1", "00:60:00:00", "00:01:00;01", "00:00:00:30", "1.4.000", "1.1.960", "x %"})
+            QVERIFY2(!read(fault) || (!isDrop && QString(fault) == "00:01:00;01"), fault);
     }
 
     void focusDecidesWhoSaves()

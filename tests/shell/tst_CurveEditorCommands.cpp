@@ -155,6 +155,84 @@ private Q_SLOTS:
         }
     }
 
+    void hostWritesTheAxes()
+    {
+        CurveEditor& editor = fixture->editor;
+        const SplineBase::PointInfo& point = *fixture->curves["cam.lens"].spline.modify(1);
+        auto* const model = editor.findChild<QTableView*>("pointTable")->model();
+        const auto* const readOut = editor.findChild<CustomEditLine*>("funcTimeEdit");
+        const auto cell = [&](int column, int role = Qt::DisplayRole) {
+            return model->index(1, column).data(role).toString();
+        };
+        const auto spoken = [&] {
+            return QAccessible::queryAccessibleInterface(&fixture->canvas)->child(1)->text(QAccessible::Name);
+        };
+        const auto typed = [](CustomEditLine* field, const QString& text) {
+            field->clear();
+            QTest::keyClicks(field, text);
+            QTest::keyClick(field, Qt::Key_Return);
+        };
+        editor.resize(1200, 700);
+        fixture->clickPoint();
+        const QImage plain = fixture->canvas.grab().toImage();
+        editor.setTimeText([](double time) { return QStringLiteral("@%1").arg(time, 0, 'f', 2); },
+                           [](const QString& text) -> std::optional<double> {
+                               if (text.startsWith('!'))
+                                   throw 1;
+                               return text == "nan"          ? std::optional(qQNaN())
+                                      : text.startsWith('@') ? std::optional(text.mid(1).toDouble())
+                                                             : std::nullopt;
+                           });
+        editor.setValueText([](double value) { return QStringLiteral("%1 lx").arg(value, 0, 'f', 1); });
+        QVERIFY(fixture->canvas.grab().toImage() != plain);
+        QCOMPARE(editor.textLabel1->text(), "Time:");
+        QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), "Time");
+        QVERIFY2(spoken().contains("time @5.00, value 1.0 lx"), qPrintable(spoken()));
+        editor.tabWidget2->setCurrentIndex(1);
+        QTest::mouseMove(&fixture->canvas, fixture->pixel(2.5, 0.0));
+        editor.tabWidget2->setCurrentIndex(0);
+        QVERIFY2(readOut->text().startsWith("@2.5") && readOut->text().endsWith(" [Time]"),
+                 qPrintable(readOut->text()));
+        for (const auto& [text, time] : {std::pair{"@6.123", 6.123},
+                                         {"7.25", 7.25},
+                                         {"nan", 7.25},
+                                         {"!", 7.25},
+                                         {"@1e9", 10.0},
+                                         {"@5", 5.0}}) {
+            typed(editor.posX, text);
+            QCOMPARE(point.time, time);
+            QCOMPARE(editor.posX->text(), QStringLiteral("@%1").arg(time, 0, 'f', 2));
+        }
+        for (const auto& [text, value] : {std::pair{"2 lx", 2.0}, {"1.2345", 1.2345}}) {
+            typed(editor.posY, text); // the host reads no values
+            QCOMPARE(point.pos, value);
+            QCOMPARE(editor.posY->text(), QStringLiteral("%1 lx").arg(value, 0, 'f', 1));
+        }
+        typed(editor.posX, "@5.128");
+        editor.tabWidget2->setCurrentIndex(2);
+        QCOMPARE(cell(1) + cell(1, Qt::EditRole), "1.2 lx1.2345");
+        QCOMPARE(cell(0) + cell(0, Qt::EditRole), "@5.13@5.13");
+        const auto setCell = [&](const QString& text) {
+            return model->setData(model->index(1, 0), text);
+        };
+        QVERIFY(!setCell("@5.13") && point.time == 5.128 && setCell("@5.5") && point.time == 5.5);
+        editor.tabWidget2->setCurrentIndex(0);
+
+        editor.setTimeText([](double) -> QString { throw 1; });
+        QCOMPARE(editor.posX->text(), "5.5");
+        editor.setTimeText([&editor](double) { // it goes while it runs
+            editor.setTimeText({});
+            return QStringLiteral("gone");
+        });
+        editor.setValueText({});
+        QCOMPARE(editor.posX->text(), "55.000"); // frames again
+        QCOMPARE(editor.textLabel1->text(), "Frame:");
+        typed(editor.posX, "50");
+        typed(editor.posY, "1");
+        fixture->canvas.setFocus();
+        QVERIFY(fixture->canvas.grab().toImage() == plain);
+    }
+
     void savedCurveComesBack()
     {
         choose(folder.filePath("Take One"), &CurveEditor::saveFile);
