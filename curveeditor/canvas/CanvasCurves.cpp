@@ -156,6 +156,16 @@ bool CanvasCurves::hasMultipleSelection() const
     return isMultiple(selected());
 }
 
+CanvasCurves::Selections CanvasCurves::selections() const
+{
+    Selections selections;
+    for (const auto& curve : curves_) {
+        if (curve->control().hasSelection())
+            selections.emplace_back(curve.get(), curve->control().selection());
+    }
+    return selections;
+}
+
 std::optional<AxisRange> CanvasCurves::selectedTimes() const
 {
     const Nodes nodes = selected();

@@ -12,6 +12,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class CurveNodeBase;
@@ -68,6 +69,9 @@ public:
     Nodes selectedAnywhere() const;
     bool hasSelection() const { return !selected().empty(); }
     bool hasMultipleSelection() const;
+    /// The curves of which points are selected, in reach or not. To be compared: a curve may be gone by then.
+    using Selections = std::vector<std::pair<const CurveNodeBase*, Selection>>;
+    Selections selections() const;
     /// The times of the first and the last selected point, if there are several.
     std::optional<AxisRange> selectedTimes() const;
     /// All selected points lie at one side of that time, or at it.

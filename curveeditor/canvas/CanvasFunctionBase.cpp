@@ -15,6 +15,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 using namespace curveeditor;
@@ -136,8 +137,16 @@ void CanvasFunctionBase::setCurrentCurve(const QString& name)
     }
 }
 
+void CanvasFunctionBase::paint()
+{
+    picture_.paint();
+    if (!isTakingReport_)
+        Q_EMIT frameAsked();
+}
+
 void CanvasFunctionBase::takeReport(const EditReport& report)
 {
+    const bool wasTaking = std::exchange(isTakingReport_, true);
     const bool isPreview = report.phase == EditReport::Phase::Preview;
     curves_.markEdited(report, isPreview && viewport_ && door_.isOpen(viewport_->gesture.edit()));
     const QPointer<CanvasFunctionBase> guard(this);
@@ -148,6 +157,8 @@ void CanvasFunctionBase::takeReport(const EditReport& report)
         Q_EMIT selectionChanged(isStep);
         paint();
     }
+    if (guard)
+        isTakingReport_ = wasTaking;
 }
 
 void CanvasFunctionBase::showStep(const EditReport& report)
@@ -322,14 +333,50 @@ void CanvasFunctionBase::changeSelections(const NodeWork& work)
     paint();
 }
 
+/// Null if it does not show, or has no such point.
+CurveNodeBase* CanvasFunctionBase::curveToSelectIn(const QString& name, const std::vector<int>& indices) const
+{
+    CurveNodeBase* const curve = findCurve(name);
+    const bool isShown = curve && curve->isShown() && curve->isSpline();
+    const auto isPoint = [curve](int index) {
+        return curve->control().pointAt(index) != nullptr;
+    };
+    return isShown && std::all_of(indices.begin(), indices.end(), isPoint) ? curve : nullptr;
+}
+
+void CanvasFunctionBase::selectPoints(const QString& name, const std::vector<int>& indices)
+{
+    if (!curveToSelectIn(name, indices))
+        return;
+    settle();
+    dropLostPoints();
+    CurveNodeBase* const curve = curveToSelectIn(name, indices); // who heard of that may have taken it away
+    if (!curve)
+        return;
+    ControlSplineNode& control = curve->control();
+    const std::set<int> inOrder(indices.begin(), indices.end());
+    std::vector<PointSerial> points;
+    for (const int index : inOrder)
+        points.push_back(control.pointAt(index)->serial);
+    control.selectPoints(points);
+    if (curve != getCurrentCurve() && !editsAllCurves())
+        setCurrentCurve(curve);
+    Q_EMIT selectionChanged(true);
+    paint();
+}
+
 void CanvasFunctionBase::nodeHasChanged(const ControlSplineNode* control)
 {
     for (const auto& curve : curves_.present()) {
         if (!curve || &curve->control() != control)
             continue;
+        const QPointer<CanvasFunctionBase> guard(this);
         curve->changed = true;
-        paint();
-        return curve->emitCurveChanged();
+        picture_.paint();
+        curve->emitCurveChanged();
+        if (guard)
+            paint();
+        return;
     }
 }
 

@@ -147,6 +147,10 @@ public:
     using NodeWork = std::function<void(ControlSplineNode&)>;
     void changeSelections(const NodeWork& work);
 
+    /// By order of the host: selects these points of the curve, by their indices, and no other of it. The curve becomes
+    /// the current one unless all are edited. Nothing happens if there is no such point, or the user can't select any of it.
+    void selectPoints(const QString& name, const std::vector<int>& indices);
+
     /// The road of every edit that is done at once: ends what is open, edits, tells and paints. The curves, and the
     /// canvas itself, may be gone afterwards. Locked curves are left out; where all are, a box says so.
     void edit(const CanvasEdit& edit);
@@ -200,7 +204,7 @@ public:
 
     /// Lets the widget show what has changed, at its next frame. To be called as often as anything changes: the picture
     /// is made once.
-    void paint() { picture_.paint(); }
+    void paint();
     /// Brings the curves' pictures up to date, as a frame does. To be called before anything is hit in them.
     void updateCurves() { picture_.updateCurves(); }
     /// For the widget's `paintEvent`: brings the picture up to date and draws it.
@@ -294,10 +298,14 @@ Q_SIGNALS:
     /// The selection, or a point that is selected, has changed by other means than an event of the widget;
     /// `shows` if the user is to see it.
     void selectionChanged(bool shows);
+    /// `paint` was called, when all else about what has changed was told: view and selection may be others now. Foreign
+    /// code may run here, as in the reports.
+    void frameAsked();
 
 private:
     using Nodes = CanvasCurves::Nodes;
 
+    CurveNodeBase* curveToSelectIn(const QString& name, const std::vector<int>& indices) const;
     void takeReport(const EditReport& report);
     void showStep(const EditReport& report);
     void open(const CanvasEdit& edit, Nodes& targets);
@@ -318,4 +326,5 @@ private:
     CanvasHands hands_;
     CanvasPicture picture_;
     std::unique_ptr<PointMenu> menu_;
+    bool isTakingReport_ = false; ///< others have not heard of it yet
 };

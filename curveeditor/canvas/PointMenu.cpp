@@ -41,12 +41,14 @@ PointMenu::~PointMenu()
 
 void PointMenu::open(const QPoint& globalPosition)
 {
-    ControlSplineNode& control = *canvas_.currentControl();
-    if (!control.hasSelection())
+    const QPointer<ControlSplineNode> control(canvas_.currentControl());
+    if (!control->hasSelection())
         canvas_.showMark();
     canvas_.paint();
+    if (!control)
+        return; // the host heard of the selection
     menuCanvas = &canvas_;
-    control.popupMenu(globalPosition);
+    control->popupMenu(globalPosition);
     menuCanvas = nullptr;
 }
 

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace curveeditor {
 
@@ -171,9 +172,9 @@ bool ViewGestures::takeMove(const QMouseEvent& event)
         endPan(); // its release went astray
     if (dragButton() == Qt::NoButton)
         return false;
+    const QPointF way = event.position() - std::exchange(view_.gesture.viewDrag.last, event.position());
     if (view_.gesture.kind() == Gesture::Kind::Pan)
-        pan(event.position() - view_.gesture.viewDrag.last);
-    view_.gesture.viewDrag.last = event.position();
+        pan(way);
     return true;
 }
 

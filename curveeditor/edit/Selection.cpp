@@ -155,6 +155,16 @@ std::vector<std::int32_t> Selection::indices(const SplineBase& spline) const
     return indices;
 }
 
+std::vector<PointSerial> Selection::points() const
+{
+    std::vector<PointSerial> points = listed_;
+    if (current_ != 0)
+        points.push_back(current_);
+    std::sort(points.begin(), points.end());
+    points.erase(std::unique(points.begin(), points.end()), points.end());
+    return points;
+}
+
 std::vector<bool> Selection::marks(const SplineBase& spline) const
 {
     if (isEmpty())

@@ -49,6 +49,8 @@ public:
 
     /// The indices of the selected points that `spline` holds, ascending.
     std::vector<std::int32_t> indices(const SplineBase& spline) const;
+    /// The selected points, ascending by their serials.
+    std::vector<PointSerial> points() const;
     /// For each point of the spline, in its order, whether it is selected; empty if none is.
     std::vector<bool> marks(const SplineBase& spline) const;
     /// The times of the listed points that `spline` holds, in the order of the list.

@@ -70,6 +70,19 @@ AxisRange valuesOf(const PlaneMapping& view)
     return {view.valueMin, view.valueMax};
 }
 
+/// As long as it must be, where it may be.
+AxisRange placedAxis(const AxisRange& wanted, const AxisRange& present, const AxisRange& limits)
+{
+    const double middle = wanted.low + wanted.span() / 2.0;
+    const double missing = std::max(shortestSpanAt(middle) - wanted.span(), 0.0);
+    return within({wanted.low - missing / 2.0, wanted.high + missing / 2.0}, present, limits);
+}
+
+bool hasSpan(const AxisRange& range)
+{
+    return std::isfinite(range.span()) && range.span() > 0.0;
+}
+
 PlaneMapping viewOf(const PlaneMapping& before, const AxisRange& times, const AxisRange& values)
 {
     const PlaneMapping view(times.low, times.high, values.low, values.high, before.pixelWidth,
@@ -130,6 +143,19 @@ PlaneMapping ViewStep::showing(const PlaneMapping& view, const Limits& limits, c
     const AxisRange shownValues = withMargin(values, view.valueSpan(), valueMargin);
     return viewOf(view, within(shownTimes, limits.time, limits.time),
                   within(shownValues, limits.value, limits.value));
+}
+
+PlaneMapping ViewStep::placed(const PlaneMapping& view, const Limits& limits, const AxisRange& times,
+                              const AxisRange& values)
+{
+    if (!hasSpan(times) || !hasSpan(values))
+        return view;
+    const AxisRange shownTimes = placedAxis(times, timesOf(view), limits.time);
+    const AxisRange shownValues = placedAxis(values, valuesOf(view), limits.value);
+    if (!hasSpan(shownTimes) || !hasSpan(shownValues))
+        return view;
+    return {shownTimes.low,   shownTimes.high, shownValues.low,
+            shownValues.high, view.pixelWidth, view.pixelHeight};
 }
 
 } // namespace curveeditor

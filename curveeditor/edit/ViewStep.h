@@ -46,6 +46,10 @@ PlaneMapping panned(const PlaneMapping& view, const Limits& limits, const QPoint
 PlaneMapping showing(const PlaneMapping& view, const Limits& limits, const AxisRange& times,
                      const AxisRange& values);
 
+/// Shows these ranges as they are, also where the canvas has no size yet. Ranges without span leave all as it is.
+PlaneMapping placed(const PlaneMapping& view, const Limits& limits, const AxisRange& times,
+                    const AxisRange& values);
+
 } // namespace ViewStep
 
 } // namespace curveeditor

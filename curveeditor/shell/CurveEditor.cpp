@@ -75,6 +75,7 @@ CurveEditor::CurveEditor(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     d_->orderTools();
     setShowFrames();
+    d_->toldView = d_->shownRange();
     d_->showTimeBounds();
     d_->showStepTexts();
     d_->setSplineToolsEnabled(false); // until there is a current curve
@@ -131,6 +132,7 @@ void CurveEditor::Private::connectWidgets()
         const HostCalls::Call call(hostCalls());
         Q_EMIT editor.timeLineDragged(time);
     });
+    QObject::connect(&functionEdit->canvas, &CanvasFunctionBase::frameAsked, &editor, [this] { tellSeen(); });
     QObject::connect(
         &hostCalls(), &HostCalls::returned, &editor, [this] { deleteIfDue(); }, Qt::QueuedConnection);
     QObject::connect(functionEdit, &FunctionEditor::setPosInfo, &editor, &CurveEditor::setPosInfo);
@@ -141,16 +143,23 @@ void CurveEditor::Private::connectPointTable()
 {
     CanvasFunctionBase& canvas = functionEdit->canvas;
     QObject::connect(functionEdit, &FunctionEditor::selectionShown, &editor, [this] { showPoints(); });
-    QObject::connect(&canvas.door().history(), &EditHistory::reported, &editor, [this] { showPoints(); });
+    QObject::connect(&canvas.door().history(), &EditHistory::reported, &editor,
+                     [this](const EditReport& report) {
+                         showPoints();
+                         if (report.cause != EditReport::Cause::Edit)
+                             tellSeen();
+                     });
     QObject::connect(pointTable, &PointTablePage::edited, functionEdit,
                      [this](const ControlSplineNode* control) {
                          functionEdit->showSelection(false);
                          functionEdit->canvas.nodeHasChanged(control);
                      });
-    QObject::connect(pointTable, &PointTablePage::selectionPicked, functionEdit, [this] {
-        functionEdit->showSelection(true);
-        functionEdit->canvas.paint();
-    });
+    QObject::connect(pointTable, &PointTablePage::selectionPicked, functionEdit,
+                     [this] { functionEdit->showSelection(true); });
+    // The view of the table is still at it, and would not bear that a host takes the curve away.
+    QObject::connect(
+        pointTable, &PointTablePage::selectionPicked, functionEdit, [this] { functionEdit->canvas.paint(); },
+        Qt::QueuedConnection);
     QObject::connect(pointTable, &QWidget::windowTitleChanged, editor.tabWidget2,
                      [this](const QString& title) {
                          editor.tabWidget2->setTabText(editor.tabWidget2->indexOf(pointTable), title);

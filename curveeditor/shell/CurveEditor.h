@@ -7,7 +7,12 @@
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 #include <curveeditor/shell/CurveOptions.h>
 
+#include <QByteArray>
 #include <QColor>
+#include <QList>
+#include <QPair>
+#include <QPointF>
+#include <QRectF>
 #include <QString>
 
 #include <functional>
@@ -23,6 +28,9 @@ class QTextStream;
 class QTreeWidgetItem;
 class QUndoStack;
 class SplineBase;
+
+/// A group, and a curve in it.
+using CurveName = QPair<QString, QString>;
 
 /// A dialog in which a user draws and adjusts the curves of a host. It is the one class that a host talks to.
 ///
@@ -188,6 +196,48 @@ public:
     /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes
     /// nothing and returns false if the range is too long for a table.
     bool exportSensorData(QTextStream& out) const;
+
+    // The view
+
+    /// The part of the plane that is seen: the first time and the lowest value are `x` and `y`, its spans are
+    /// `width` and `height`, in time and value units.
+    QRectF view() const;
+    /// Shows that part of the plane, also before the dialog is shown. It is never refused as a whole: it goes as far
+    /// as the limits of times and values let it, as a zoom does, and no side gets too short to be shown. A
+    /// rectangle without width or height, or with a number that is not finite, changes nothing. `setTimeRange`,
+    /// `setMinValue` and `setMaxValue` set the limits, and show all of them.
+    void setView(const QRectF& plane);
+    /// @{
+    /// Where a place, a time and a value, lies on the canvas, and the other way, within the view or not. Pixels are
+    /// logical, not rounded, and count from the upper left corner of the canvas, which is the child widget with the
+    /// object name `functionEdit`. All is 0 where the canvas has no size yet, or there is nothing between the
+    /// limits; what is not a number stays so.
+    QPointF toCanvas(const QPointF& place) const;
+    QPointF fromCanvas(const QPointF& pixel) const;
+    /// @}
+
+    /// How the user has arranged the editor: splitters, the page in front, snapping, whether all curves are edited
+    /// at once and frames are shown, and the view. Neither curves nor what a host decides. For the settings
+    /// of the host; versioned.
+    QByteArray saveState() const;
+    /// Takes what `saveState` gave, of this editor or of another one. The view goes as far as the limits let it.
+    /// Bytes that are not whole, of another origin or of a version that this one does not know give false and change
+    /// nothing.
+    bool restoreState(const QByteArray& state);
+
+    // What the user works on
+
+    /// The curves on the canvas, from back to front.
+    QList<CurveName> openCurves() const;
+    /// Both names are empty if there is none.
+    CurveName currentCurve() const;
+    /// The indices of the selected points of that curve, ascending; none of one that is not on the canvas.
+    std::vector<int> selectedPoints(const QString& group, const QString& curve) const;
+    /// Selects these points of that curve and no other ones of it, in any order. The curve becomes the current one,
+    /// unless the user edits all curves at once. What the user is at, a drag say, is committed first.
+    /// An index that no point has changes nothing, and neither does a curve that is not on the canvas, is
+    /// hidden, or shows its formula. Points of a locked curve can be selected.
+    void selectPoints(const QString& group, const QString& curve, const std::vector<int>& indices);
 
     // Undo
 
@@ -435,6 +485,13 @@ Q_SIGNALS:
     void currentCurveChanged(const QString& nodeName, const QString& curveName);
     /// A curve has another colour now, which the user or `setCurveColor` gave it.
     void curveColorChanged(const QString& group, const QString& curve, const QColor& color);
+    /// `view` gives another rectangle: after each step of the user, and within the host's call that made it so.
+    /// A new size of the canvas alone is no change of it. The slot may call every operation here.
+    void viewChanged();
+    /// Other points of a curve on the canvas are selected now, by the user or by the host; `selectedPoints` tells which. It
+    /// comes after the reports of the edit that has selected or removed them. A selected point that gets another index
+    /// is the same point. The slot may call every operation here.
+    void pointSelectionChanged();
     /// The user has moved the time line, see `setTimeLineDraggable`. The slot may set it to another time.
     void timeLineDragged(double time);
 

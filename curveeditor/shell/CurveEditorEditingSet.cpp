@@ -80,6 +80,7 @@ void CurveEditor::Private::setCurveEditableOff(NodeStruct* record)
     const HostCalls::Call call(hostCalls());
     Q_EMIT editor.curveClosed(nodeName, curveName);
     tellCurrentCurve();
+    tellSeen();
 }
 
 /// Tells nobody.

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/CanvasCurves.h>
 #include <curveeditor/canvas/DependencyCheck.h>
 #include <curveeditor/edit/EditHistory.h>
+#include <curveeditor/edit/ViewStep.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/NodePageWidgets.h>
 #include <curveeditor/shell/CurveEditor.h>
@@ -26,7 +28,14 @@ class QToolBar;
 class QToolButton;
 
 namespace curveeditor {
+
 class PointTablePage;
+
+inline QString fullName(const QString& group, const QString& curve)
+{
+    return group + QLatin1Char('.') + curve;
+}
+
 } // namespace curveeditor
 
 using namespace curveeditor;
@@ -54,13 +63,15 @@ struct CurveEditor::Private final : DependencyCheck
     std::vector<std::unique_ptr<NodeStruct>> nodeList;
     QHash<QString, NodeStruct*> nodeOfName; ///< those of the list, by full name
     int nextVariableId = 0;
-    QString toldCurrent;                  ///< the full name that `currentCurveChanged` told last
-    bool isDeletionDue = false;           ///< as soon as the host's code has returned
-    bool hasOwnFont = false;              ///< set by the host
-    int setChanges = 0;                   ///< curves are on their way onto the canvas or off it
-    std::optional<MousePlace> mousePlace; ///< what the read-outs show; nothing at first
-    QString lineCurve;                    ///< the curve whose formula the command line shows ...
-    QString lineFormula;                  ///< ... and that formula
+    QString toldCurrent;                     ///< the full name that `currentCurveChanged` told last
+    bool isDeletionDue = false;              ///< as soon as the host's code has returned
+    bool hasOwnFont = false;                 ///< set by the host
+    int setChanges = 0;                      ///< curves are on their way onto the canvas or off it
+    PlaneMapping toldView;                   ///< what `viewChanged` told last; without a size
+    CanvasCurves::Selections toldSelections; ///< and `pointSelectionChanged`
+    std::optional<MousePlace> mousePlace;    ///< what the read-outs show; nothing at first
+    QString lineCurve;                       ///< the curve whose formula the command line shows ...
+    QString lineFormula;                     ///< ... and that formula
     /// What was typed over the formula of a curve that is not current and was not entered.
     struct UnfinishedText
     {
@@ -142,7 +153,13 @@ struct CurveEditor::Private final : DependencyCheck
 
     void tellEdit(const EditReport& report);
     void showStepTexts();
+    CurveName nameOf(const CurveNodeBase* curve) const;
     void tellCurrentCurve();
+    void tellView();
+    void tellSelection();
+    void tellSeen();
+    PlaneMapping shownRange() const;
+    void showRange(const AxisRange& times, const AxisRange& values);
     bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
     void takeDroppedName(const QString& name);
     HostCalls& hostCalls() const;

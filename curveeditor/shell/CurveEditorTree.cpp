@@ -22,11 +22,6 @@ using namespace curveeditor;
 
 namespace {
 
-QString fullName(const QString& nodeName, const QString& curveName)
-{
-    return nodeName + QLatin1Char('.') + curveName;
-}
-
 QString variableName(QString name)
 {
     return name.replace(QLatin1Char(' '), QLatin1Char('_'));
@@ -169,6 +164,7 @@ void CurveEditor::Private::eraseRecords(const std::vector<NodeStruct*>& records)
     for (const auto& [nodeName, curveName] : closed)
         Q_EMIT editor.curveClosed(nodeName, curveName);
     tellCurrentCurve();
+    tellSeen();
 }
 
 void CurveEditor::renameCurve(const QString& nodeName, const QString& curveName, const QString& newCurveName)

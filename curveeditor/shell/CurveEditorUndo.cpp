@@ -24,8 +24,11 @@ void CurveEditor::setUndoStack(QUndoStack* stack)
 
 void CurveEditor::undo()
 {
-    if (!d_->functionEdit->canvas.cancelGesture())
-        d_->functionEdit->canvas.door().history().undo();
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    if (canvas.cancelGesture())
+        canvas.paint();
+    else
+        canvas.door().history().undo();
 }
 
 void CurveEditor::redo()

@@ -234,6 +234,11 @@ void EditMenu::updateEntries()
 {
     for (const auto& [action, isPossible] : entries_)
         action->setEnabled(isPossible());
+    updateToggles();
+}
+
+void EditMenu::updateToggles()
+{
     for (const auto& [action, isOn] : toggles_)
         action->setChecked(isOn());
 }
@@ -251,6 +256,7 @@ QAction* EditMenu::entryOf(const QKeyEvent& event)
         return nullptr;
     const auto& [action, isPossible] = *found; // the others might ask other applications for the clipboard
     action->setEnabled(isPossible());
+    updateToggles();
     return action->isEnabled() ? action : nullptr;
 }
 

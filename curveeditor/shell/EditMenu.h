@@ -54,6 +54,7 @@ private:
     void addView();
     void translate();
     void updateEntries();
+    void updateToggles();
 
     FunctionEditor& canvas_;
     PointCommands points_;

@@ -192,9 +192,9 @@ void FunctionEditor::mousePressEvent(QMouseEvent* event)
         ViewPort::mousePress(event);
     if (!canvas.noCurrentCurve())
         showSelection(isCurrentSpline());
-    canvas.paint();
     setFocus();
     reportPosition(*event);
+    canvas.paint();
 }
 
 void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
@@ -221,13 +221,15 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons() == Qt::NoButton && gesture.kind() == Gesture::Kind::Cancelled)
         gesture.end(); // its release went astray
-    if (!stateBefore(*event).isEmpty()) {
+    const bool isAtWork = !stateBefore(*event).isEmpty();
+    if (isAtWork) {
         canvas.mouseMove(event);
         ViewPort::mouseMove(event);
         showSelection(false);
-        canvas.paint();
     }
     reportPosition(*event);
+    if (isAtWork)
+        canvas.paint();
 }
 
 // The mouse has opened the menu at its press.

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditorPrivate.h>
+
+#include <curveeditor/shell/EditorState.h>
+#include <curveeditor/shell/FunctionEditor.h>
+
+#include <QAction>
+#include <QSplitter>
+#include <QTabWidget>
+
+#include <cmath>
+
+using namespace curveeditor;
+
+namespace {
+
+bool areSame(const QRectF& left, const QRectF& right) // to the last bit
+{
+    return left.x() == right.x() && left.y() == right.y() && left.width() == right.width() &&
+           left.height() == right.height();
+}
+
+bool takesState(const QSplitter& splitter, const QByteArray& state)
+{
+    QSplitter probe;
+    for (int i = 0; i < splitter.count(); ++i)
+        probe.addWidget(new QWidget);
+    return probe.restoreState(state) && probe.orientation() == splitter.orientation();
+}
+
+} // namespace
+
+/// Without the size of the canvas.
+PlaneMapping CurveEditor::Private::shownRange() const
+{
+    const ViewPort& view = *functionEdit;
+    return {view.timeMin, view.timeMax, view.valueMin, view.valueMax, 0, 0};
+}
+
+QRectF CurveEditor::view() const
+{
+    const PlaneMapping shown = d_->shownRange();
+    return {shown.timeMin, shown.valueMin, shown.timeSpan(), shown.valueSpan()};
+}
+
+void CurveEditor::setView(const QRectF& plane)
+{
+    if (!areSame(plane, view())) // the sum of an edge and a span need not be the other edge
+        d_->showRange({plane.x(), plane.x() + plane.width()}, {plane.y(), plane.y() + plane.height()});
+}
+
+void CurveEditor::Private::showRange(const AxisRange& times, const AxisRange& values)
+{
+    ViewPort& view = *functionEdit;
+    view.showView(ViewStep::placed(view.mapping(), view.limits(), times, values));
+    functionEdit->canvas.paint();
+}
+
+QPointF CurveEditor::toCanvas(const QPointF& place) const
+{
+    const PlaneMapping shown = d_->functionEdit->mapping();
+    return {shown.column(place.x()), shown.row(place.y())};
+}
+
+QPointF CurveEditor::fromCanvas(const QPointF& pixel) const
+{
+    const PlaneMapping shown = d_->functionEdit->mapping();
+    return {shown.timeAt(pixel.x()), shown.valueAt(pixel.y())};
+}
+
+QByteArray CurveEditor::saveState() const
+{
+    const DragGuide& guide = d_->functionEdit->canvas.hands().guide;
+    const PlaneMapping shown = d_->shownRange();
+    EditorState state;
+    state.columns = splitter11->saveState();
+    state.rows = splitter10->saveState();
+    state.page = tabWidget2->currentIndex();
+    state.snaps = guide.isSnapping;
+    state.snapKinds = guide.snap.kinds;
+    state.editsAllCurves = d_->functionEdit->canvas.editsAllCurves();
+    state.showsFrames = isModeFrames();
+    state.times = {shown.timeMin, shown.timeMax};
+    state.values = {shown.valueMin, shown.valueMax};
+    return state.bytes();
+}
+
+bool CurveEditor::restoreState(const QByteArray& bytes)
+{
+    const std::optional<EditorState> state = EditorState::read(bytes);
+    const bool isOurs = state && state->page < tabWidget2->count() &&
+                        takesState(*splitter11, state->columns) && takesState(*splitter10, state->rows);
+    if (!isOurs)
+        return false;
+    splitter11->restoreState(state->columns);
+    splitter10->restoreState(state->rows);
+    if (tabWidget2->isTabVisible(state->page))
+        tabWidget2->setCurrentIndex(state->page);
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    canvas.hands().guide.isSnapping = state->snaps;
+    canvas.hands().guide.snap.kinds = state->snapKinds;
+    const auto axis = state->showsFrames ? &CurveEditor::setShowFrames : &CurveEditor::setShowTime;
+    (this->*axis)();
+    d_->actionOf(axis)->setChecked(true);
+    if (canvas.editsAllCurves() != state->editsAllCurves)
+        canvas.setEditsAllCurves(state->editsAllCurves);
+    d_->showRange(state->times, state->values);
+    return true;
+}
+
+void CurveEditor::Private::tellView()
+{
+    if (toldView == shownRange())
+        return;
+    toldView = shownRange();
+    const HostCalls::Call call(hostCalls());
+    Q_EMIT editor.viewChanged();
+}
+
+/// What a frame may show otherwise than the last one.
+void CurveEditor::Private::tellSeen()
+{
+    if (setChanges > 0)
+        return;
+    tellView();
+    tellSelection();
+}

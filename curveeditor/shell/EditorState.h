@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <curveeditor/edit/ViewStep.h>
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace curveeditor {
+
+/// How a user has arranged an editor, see `CurveEditor::saveState`. A value.
+struct EditorState
+{
+    QByteArray columns; ///< of the splitter beside the list, as `QSplitter` writes it
+    QByteArray rows;    ///< of that below the canvas
+    int page = 0;
+    bool snaps = false;
+    unsigned snapKinds = 0; ///< see `Snap::Kind`
+    bool editsAllCurves = false;
+    bool showsFrames = true;
+    AxisRange times = {};
+    AxisRange values = {};
+
+    QByteArray bytes() const;
+    /// Null for what `bytes` of this version has not written.
+    static std::optional<EditorState> read(const QByteArray& bytes);
+};
+
+} // namespace curveeditor

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+#include "EditorScene.h"
+
+namespace {
+
+constexpr QRectF part(-0.5, -2.0, 9.5, 4.0);
+
+/// Holds Space and moves the canvas by so many steps.
+Scene& pan(Scene& s, int steps)
+{
+    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, {});
+    QApplication::sendEvent(&s.canvas, &space);
+    s.press(2.0, 1.5);
+    for (int step = 1; step <= steps; ++step)
+        s.mouse(QEvent::MouseMove, s.pixel(2.0, 1.5) + QPoint(5 * step, 5 * step));
+    return s;
+}
+
+void pickRow(Scene& s)
+{
+    s.editor.tabWidget2->setCurrentIndex(2);
+    s.editor.findChild<QTableView*>("pointTable")->selectRow(2);
+    QCoreApplication::processEvents();
+}
+
+} // namespace
+
+class tst_HostView : public QObject
+{
+    Q_OBJECT
+
+    using Tellings = Rows<int, int, Deed>; // how often of the view and of the selection
+    using Views = Rows<QRectF, QRectF>;    // wanted and shown; limits: 0 to 100, -10 to 10
+    using Picks = Rows<QString, std::vector<int>, std::vector<int>, QString>; // and the current curve
+
+private Q_SLOTS:
+    void tellsEachChangeOnce_data() { addTellings(); }
+    void tellsEachChangeOnce()
+    {
+        const auto [views, selections, deed] = Tellings::present();
+        Scene s;
+        s.editor.setView(part);
+        std::vector<QRectF> seen{part};
+        std::vector<std::vector<int>> selected{{}};
+        connect(&s.editor, &CurveEditor::viewChanged, this, [&] { seen.push_back(s.editor.view()); });
+        connect(&s.editor, &CurveEditor::pointSelectionChanged, this,
+                [&] { selected.push_back(s.editor.selectedPoints("a", "x")); });
+        deed(s);
+        QVERIFY(int(seen.size()) == views + 1 && seen.back() == s.editor.view());
+        QVERIFY(int(selected.size()) == selections + 1 &&
+                selected.back() == s.editor.selectedPoints("a", "x"));
+        QVERIFY(std::adjacent_find(seen.begin(), seen.end()) == seen.end());
+        QVERIFY(std::adjacent_find(selected.begin(), selected.end()) == selected.end());
+    }
+
+    void slotMayDoAnything_data() { addTellings(); }
+    void slotMayDoAnything()
+    {
+        const auto [views, selections, deed] = Tellings::present();
+        const Deed reactions[] = {[](Scene& s) { s.editor.removeCurve("a", "x"); },
+                                  [](Scene& s) { s.editor.cleanSelecteds(); },
+                                  [](Scene& s) { s.owned->deleteLater(); },
+                                  [](Scene& s) { s.owned->deleteLater(), QTest::qWait(0); },
+                                  [](Scene& s) {
+                                      s.editor.setView({1.0, -1.0, 4.0, 2.0});
+                                      s.editor.selectPoints("a", "y", {0});
+                                  }};
+        for (const Deed& reaction : reactions) {
+            Scene s;
+            s.editor.setView(part);
+            for (const auto signal : {&CurveEditor::viewChanged, &CurveEditor::pointSelectionChanged})
+                connect(&s.editor, signal, this, [&] { reaction(s); });
+            deed(s);
+            QTest::qWait(0);
+            QVERIFY(!s.owned || views + selections == 0 || s.current() != "a.x" ||
+                    s.editor.view() == QRectF(1.0, -1.0, 4.0, 2.0));
+        }
+    }
+
+    void goesAsFarAsTheLimitsLetIt_data()
+    {
+        const Views row;
+        const QRectF before(10.0, -2.0, 20.0, 4.0);
+        row("within", {5.0, 1.0, 3.0, 0.5}, {5.0, 1.0, 3.0, 0.5});
+        row("too far", {90.0, -20.0, 20.0, 4.0}, {80.0, -10.0, 20.0, 4.0});
+        row("too long", {-50.0, -11.0, 500.0, 22.0}, {0.0, -10.0, 100.0, 20.0});
+        row("too short", {50.0, 1.0, 1e-12, 1e-12}, {49.995, 0.9999, 0.01, 0.0002});
+        row("nothing", {5.0, 1.0, 0.0, 2.0}, before);
+        row("infinite", {5.0, 1.0, infinity, 2.0}, before);
+        row("no number", {5.0, notANumber, 2.0, 2.0}, before);
+    }
+    void goesAsFarAsTheLimitsLetIt()
+    {
+        const auto [wanted, shown] = Views::present();
+        CurveEditor editor; // not shown yet
+        editor.setTimeRange(0.0, 100.0);
+        editor.setMinValue(-10.0);
+        editor.setMaxValue(10.0);
+        editor.setView({10.0, -2.0, 20.0, 4.0});
+        editor.setView(wanted);
+        QCOMPARE(editor.view(), shown);
+        editor.show();
+        const QWidget& canvas = *editor.findChild<QWidget*>("functionEdit");
+        const QPointF corner = editor.toCanvas(shown.bottomRight());
+        QVERIFY(std::abs(corner.x() - canvas.width()) < 1e-3 && std::abs(corner.y()) < 1e-3);
+        QCOMPARE(editor.fromCanvas(QPointF(canvas.width() / 2.0, canvas.height() / 2.0)), shown.center());
+    }
+
+    void arrangementComesBack()
+    {
+        Scene s;
+        s.key(Qt::Key_S).key(Qt::Key_A, shift);
+        s.editor.setShowTime();
+        s.editor.tabWidget2->setCurrentIndex(2);
+        s.editor.splitter11->setSizes({300, 600});
+        s.editor.setView(part);
+        const QByteArray state = s.editor.saveState();
+
+        Scene other;
+        const QByteArray old = other.editor.saveState();
+        for (qsizetype at = 0; at < state.size(); ++at) {
+            QByteArray spoilt = state;
+            spoilt[at] = char(spoilt[at] ^ 1);
+            QVERIFY(!other.editor.restoreState(spoilt));
+            QVERIFY(!other.editor.restoreState(state.left(at)));
+        }
+        QVERIFY(!other.editor.restoreState(state + '\0'));
+        QVERIFY(!other.editor.restoreState(QSplitter().saveState()));
+        QCOMPARE(other.editor.saveState(), old);
+        QVERIFY(other.editor.restoreState(state));
+        QCOMPARE(other.editor.saveState(), state);
+        QCOMPARE(other.editor.view(), part);
+        QCOMPARE(other.editor.checkListsEditing->width(), s.editor.checkListsEditing->width());
+        QVERIFY(other.editor.isModeTime() && entryOf(*other.menu("Options"), "Show time")->isChecked());
+        other.key(Qt::Key_S).key(Qt::Key_A, shift); // they know that they are on
+        QVERIFY(!other.canvas.canvas.hands().guide.isSnapping && !other.canvas.canvas.editsAllCurves());
+    }
+
+    void hostSelectsPoints_data()
+    {
+        const Picks row;
+        row("some", "x", {2, 0, 2}, {0, 2}, "x");
+        row("none", "x", {}, {}, "x");
+        row("of another curve", "y", {1}, {1}, "y");
+        row("one that is missing", "x", {0, 3}, {1}, "x");
+        row("negative", "x", {-1, 0}, {1}, "x");
+        row("of a formula", "z", {0}, {}, "x");
+        row("of a hidden curve", "hidden", {0}, {}, "x");
+        row("of a curve off the canvas", "off", {0}, {}, "x");
+    }
+    void hostSelectsPoints()
+    {
+        const auto [curve, indices, selected, current] = Picks::present();
+        for (const bool all : {false, true}) {
+            Scene s;
+            s.add("a.off"), s.open("a.hidden"), s.turnTo("a.x");
+            CurveOptions hidden;
+            hidden.hidden = true;
+            s.editor.setCurveOptions("a", "hidden", hidden);
+            const QList<CurveName> open = {{"a", "z"}, {"a", "y"}, {"a", "x"}, {"a", "hidden"}};
+            QCOMPARE(s.editor.openCurves(), open);
+            s.clickPoint().canvas.canvas.setEditsAllCurves(all);
+            s.changes.clear(), s.commits.clear();
+            s.editor.selectPoints("a", curve, indices);
+            QCOMPARE(s.editor.selectedPoints("a", curve), selected);
+            QCOMPARE(s.editor.currentCurve(), CurveName("a", all ? "x" : current));
+            const auto [group, shown] = s.editor.currentCurve();
+            QCOMPARE(s.editor.posX->isEnabled(), s.editor.selectedPoints(group, shown).size() == 1);
+            QVERIFY(s.changes.isEmpty() && s.commits.isEmpty());
+        }
+    }
+
+private:
+    /// What is done to the view `part` while no point is selected.
+    static void addTellings()
+    {
+        const Tellings row;
+        row("wheel", 1, 0, [](Scene& s) { turnWheel(s.canvas, {300, 200}, {0, 120}); });
+        row("wheel where no more fits", 1, 0, [](Scene& s) {
+            s.editor.setView({-1.0, -2.0, 11.0, 4.0});
+            turnWheel(s.canvas, {300, 200}, {0, -120}, ctrl);
+        });
+        row("Space", 3, 0, [](Scene& s) { pan(s, 3); });
+        row("Space, taken back", 3, 0, [](Scene& s) { pan(s, 2).key(Qt::Key_Z, ctrl); });
+        row("zoom by Alt", 1, 0,
+            [](Scene& s) { s.press(3.0, 1.5, alt, Qt::RightButton).move(2.5, 1.3, alt, Qt::RightButton); });
+        row("key", 1, 0, [](Scene& s) { s.key(Qt::Key_Home); });
+        row("limits", 1, 0, [](Scene& s) { s.editor.setTimeRange(0.0, 20.0); });
+        row("host", 1, 0, [](Scene& s) { s.editor.setView({2.0, 0.0, 3.0, 1.0}); });
+        row("host, the same", 1, 0, [](Scene& s) {
+            s.editor.setTimeRange(-0.3, 2.0); // the sum of the first time and the span is not 2
+            s.editor.setView(s.editor.view());
+        });
+        row("state", 1, 0, [](Scene& s) { s.editor.restoreState(CurveEditor().saveState()); });
+        row("size", 0, 0, [](Scene& s) { s.editor.resize(1000, 800), QTest::qWait(0); });
+        row("drag", 0, 1, [](Scene& s) { s.drag(5.0, 1.0, 5.5, 0.5); });
+        row("band", 0, 1, [](Scene& s) { s.drag(4.0, 1.5, 9.0, -1.5); });
+        row("key for points", 0, 2, [](Scene& s) { s.key(Qt::Key_A, ctrl).key(Qt::Key_I, ctrl); });
+        row("menu of a point", 0, 2, [](Scene& s) {
+            QTimer::singleShot(0, qApp, [] {
+                auto* const menu = qobject_cast<ControlMenu*>(openWindow());
+                if (menu) // of a curve that is still there
+                    menu->handleMenu(ControlMenu::DeleteKey), menu->close();
+            });
+            s.press(5.0, 1.0, {}, Qt::RightButton);
+        });
+        row("next", 0, 2, [](Scene& s) { s.clickPoint().editor.nextNode->click(); });
+        row("table", 0, 1, [](Scene& s) { pickRow(s); });
+        row("redo", 0, 3, [](Scene& s) {
+            s.drag(5.0, 1.0, 5.5, 0.5).editor.undo();
+            s.editor.selectPoints("a", "x", {});
+            connect(&s.editor, &CurveEditor::pointSelectionChanged,
+                    [&s] { QCOMPARE(s.lastCause, CurveChange::Cause::Redo); });
+            s.editor.redo();
+        });
+        row("host selects", 0, 1, [](Scene& s) { s.editor.selectPoints("a", "x", {0, 1}); });
+        row("host selects the same", 0, 2, [](Scene& s) {
+            s.selectTwo().editor.selectPoints("a", "x", {2, 1});
+        });
+        row("lost", 0, 2, [](Scene& s) {
+            s.clickPoint().x.remove(s.x[1]);
+            s.editor.updateCurves();
+        });
+        row("closed", 0, 2, [](Scene& s) { s.clickPoint().editor.removeCurve("a", "x"); });
+    }
+};
+
+QTEST_MAIN(tst_HostView)
+#include "tst_HostView.moc"
