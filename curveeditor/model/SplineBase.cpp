@@ -162,7 +162,7 @@ void SplineBase::addPoint(const double& time, const double& value)
     if (points_.size() > 1)
         point.type = points_[std::clamp<std::size_t>(index, 1, points_.size() - 1)]->type;
     if (endsSegment(index) && point.type == Bezier)
-        point.tanLeft = point.tanRight = slopeInside(index, time);
+        point.tanLeft = point.tanRight = slopeInside(index, time, false);
     insertNew(index, point);
 }
 

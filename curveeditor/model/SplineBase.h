@@ -101,6 +101,10 @@ public:
     /// The values at `count` times, bit for bit those of `operator()`. Fast where the times rise; any order
     /// is right. `values` may be the same array as `times`, but must not overlap it otherwise.
     void evaluate(const double* times, double* values, std::size_t count) const;
+
+    /// The slope of the curve at `time`, toward later times: where it bends or jumps, that of what follows. 0.0 where the
+    /// curve is constant, and at a time that is not finite; no further from 0.0 than the greatest number.
+    double slope(double time) const;
     /// @}
 
     /// @name Access to the points
@@ -303,7 +307,8 @@ private:
     bool endsSegment(std::size_t index) const { return index > 0 && index < points_.size(); }
     std::size_t indexOf(const PointInfo* point) const;
     double wideValue(const double& time) const;
-    double slopeInside(std::size_t endIndex, double time) const;
+    double slopeInside(std::size_t endIndex, double time, bool withEase) const;
+    double slopeOutside(double time) const;
     double valueOutside(double time) const;
     void evaluateBatch(const double* times, const std::size_t* places, double* values) const;
     void evaluateBlock(const double* times, double* values, std::size_t count) const;

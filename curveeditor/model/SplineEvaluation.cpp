@@ -187,7 +187,12 @@ public:
                 values[i] = value_(place(times[i])) * valueUnit;
         }
     }
-    Slope slopeWithoutEase(double time) const { return {value_.slope(place(time)), length_, slopeUnit}; }
+    Slope slope(double time, bool withEase) const
+    {
+        const double u = place(time);
+        const bool isEased = withEase && isEased_;
+        return {isEased ? value_.slope(ease_(u)) * ease_.slope(u) : value_.slope(u), length_, slopeUnit};
+    }
 
     /// What the computed slopes are where a segment of `type` leaves and arrives at a point.
     static Slope leaving(const SplineBase& spline, std::size_t index, std::int32_t type)
@@ -330,10 +335,32 @@ double SplineBase::wideValue(const double& time) const
     return bounded(Segment<true>(*this, index)(time), points_[index - 1]->pos);
 }
 
-double SplineBase::slopeInside(std::size_t endIndex, double time) const
+double SplineBase::slope(double time) const
 {
-    const Slope slope = Segment<false>(*this, endIndex).slopeWithoutEase(time);
-    return (slope.isFinite() ? slope : Segment<true>(*this, endIndex).slopeWithoutEase(time)).quotient();
+    if (!std::isfinite(time))
+        return 0.0;
+    const std::size_t index = countUntil(times_, time);
+    return endsSegment(index) ? slopeInside(index, time, true) : slopeOutside(time);
+}
+
+double SplineBase::slopeInside(std::size_t endIndex, double time, bool withEase) const
+{
+    const Slope slope = Segment<false>(*this, endIndex).slope(time, withEase);
+    return (slope.isFinite() ? slope : Segment<true>(*this, endIndex).slope(time, withEase)).quotient();
+}
+
+double SplineBase::slopeOutside(double time) const
+{
+    const double span = times_.back() - times_.front();
+    if (time < times_.front() || !(span > 0.0))
+        return 0.0;
+    double length = 0.0;
+    if (lastType == FollowTangent)
+        return getTangentLeftAtNode(getControlPointsNumber() - 1, length);
+    if (lastType != Loop && lastType != LoopOffset)
+        return 0.0;
+    const double place = std::fmod(std::min(time - times_.back(), greatest), span);
+    return slope(std::min(times_.front() + place, times_.back()));
 }
 
 double SplineBase::valueOutside(double time) const

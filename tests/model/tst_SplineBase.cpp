@@ -117,6 +117,25 @@ private Q_SLOTS:
                 QVERIFY2(agrees || step < 1e-310, specimen.name.c_str());
                 QVERIFY2(std::isfinite(leaving) && std::isfinite(arriving), specimen.name.c_str());
             }
+            for (int behaviour = SplineBase::Zero; behaviour <= SplineBase::FollowTangent; ++behaviour) {
+                spline.lastType = behaviour;
+                const double first = spline.getFirst()->time, span = spline.getLast()->time - first;
+                for (int i = -7; i < 50 && span > 1e-300 && span < 1e300; ++i) {
+                    const double time = first + (i + 0.37) * span / 20.0, step = span * 1e-7;
+                    const double before = spline(time - step), after = spline(time + step);
+                    const double slope = spline.slope(time), expected = (after - before) / (2.0 * step);
+                    const double size =
+                        std::max({std::abs(slope), std::abs(before) / span, std::abs(after) / span});
+                    QVERIFY2(std::isfinite(slope) && (near(slope, expected, 1e-5 * size) || size > 1e290),
+                             qPrintable(QStringLiteral("%1 %2 %3: %4, %5")
+                                            .arg(specimen.name.c_str())
+                                            .arg(behaviour)
+                                            .arg(i)
+                                            .arg(slope)
+                                            .arg(expected)));
+                }
+                QVERIFY(spline.slope(notANumber) == 0.0 && spline.slope(infinity) == 0.0);
+            }
             QCOMPARE(spline.getTangentLeftAtNode(0, left), 0.0);
             QCOMPARE(spline.getTangentRightAtNode(spline.getControlPointsNumber(), right), 0.0);
         }
