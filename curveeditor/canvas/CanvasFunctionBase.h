@@ -263,7 +263,11 @@ public:
     /// @{
 
     /// Returns true if the press is taken, so that the viewport must not see it.
-    bool mousePress(QMouseEvent* event) { return hands_.press(*event); }
+    bool mousePress(QMouseEvent* event)
+    {
+        menu_->follow();
+        return hands_.press(*event);
+    }
     void mouseDoubleClick(QMouseEvent* event) { hands_.doubleClick(*event); }
     void mouseRelease(QMouseEvent* event) { hands_.release(*event); }
     /// To be called while a button or a modifier key is held.
@@ -277,6 +281,7 @@ public:
     void openPointMenuByKey();
     /// The same at a position of the screen.
     void openPointMenu(const QPoint& globalPosition) { menu_->open(globalPosition); }
+    PointMenu& pointMenu() { return *menu_; }
     /// @}
 
 public Q_SLOTS:

@@ -16,13 +16,33 @@ ControlMenu::ControlMenu()
     setSeparatorsCollapsible(false);
     addSeparator();
     for (const PointType& type : PointTypes::all())
-        addAction(QString())->setData(type.menuId);
+        add(type.menuId, QLatin1String("selectionTo%1Action").arg(QLatin1String(type.word)));
     addSeparator();
-    for (const Entry id : {CreateKey, DeleteKey})
-        addAction(QString())->setData(id);
+    add(CreateKey, QStringLiteral("createKeyAction"));
+    add(DeleteKey, QStringLiteral("deleteKeyAction"));
     addSeparator();
     translate();
-    connect(this, &QMenu::triggered, this, [this](QAction* action) { handleMenu(action->data().toInt()); });
+}
+
+void ControlMenu::add(int id, const QString& name)
+{
+    QAction* const entry = addAction(QString());
+    entry->setObjectName(name);
+    entry->setData(id);
+    connect(entry, &QAction::triggered, this, [this, id] { handleMenu(id); });
+    entries_.append(entry);
+}
+
+void ControlMenu::showOthers(const QList<QPointer<QAction>>& others)
+{
+    for (QAction* const shown : actions()) {
+        if (shown->parent() != this)
+            removeAction(shown);
+    }
+    for (QAction* const other : others) {
+        if (other)
+            addAction(other);
+    }
 }
 
 void ControlMenu::showMenu(const QPoint& globalPosition, int indexAtPoint)
@@ -32,8 +52,7 @@ void ControlMenu::showMenu(const QPoint& globalPosition, int indexAtPoint)
 
 void ControlMenu::enableEntries(bool hasSelection, const CurveOptions& options)
 {
-    const QList<QAction*> entries = actions();
-    for (QAction* const action : entries) {
+    for (QAction* const action : entries_) {
         const int id = action->data().toInt();
         action->setEnabled((id == CreateKey) != hasSelection);
         for (const PointType& type : PointTypes::all()) {
@@ -48,8 +67,7 @@ void ControlMenu::translate()
     QHash<int, QString> texts{{CreateKey, tr("Create key")}, {DeleteKey, tr("Delete key")}};
     for (const PointType& type : PointTypes::all())
         texts[type.menuId] = PointTypeTexts::shown(type.selection);
-    const QList<QAction*> entries = actions();
-    for (QAction* const action : entries)
+    for (QAction* const action : entries_)
         action->setText(texts.value(action->data().toInt()));
 }
 

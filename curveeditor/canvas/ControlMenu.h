@@ -3,7 +3,9 @@
 
 #include <curveeditor/edit/CurveOptions.h>
 
+#include <QList>
 #include <QMenu>
+#include <QPointer>
 
 /// The pop-up menu over a spline on the canvas. It turns a choice into a signal and decides nothing itself:
 /// the edit comes first, then `nodeChanged()` as the report.
@@ -27,6 +29,8 @@ public:
 
     /// Enables the entries for selected points, or those for none. Of the types those show that the options allow.
     void enableEntries(bool hasSelection, const CurveOptions& options);
+    /// Puts these actions below the entries, instead of those of the last call. They stay their owners'.
+    void showOthers(const QList<QPointer<QAction>>& others);
 
 public Q_SLOTS:
     /// Sends the signal of the entry `id`, and then `nodeChanged()`.
@@ -47,6 +51,9 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void add(int id, const QString& name);
     void chooseType(int type);
     void translate();
+
+    QList<QAction*> entries_;
 };

@@ -13,7 +13,7 @@ namespace curveeditor {
 
 namespace {
 
-/// The canvas over which the menu is open.
+/// The canvas over which the menu is open, else the one that was pressed last.
 QPointer<CanvasFunctionBase> menuCanvas;
 
 } // namespace
@@ -37,6 +37,18 @@ PointMenu::~PointMenu()
         return;
     ControlSplineNode::menu()->disconnect(&canvas_);
     ControlSplineNode::menu()->close();
+    ControlSplineNode::menu()->showOthers({});
+}
+
+void PointMenu::addAction(QAction* action)
+{
+    if (action && !others_.contains(action))
+        others_.append(action);
+}
+
+void PointMenu::follow()
+{
+    menuCanvas = &canvas_;
 }
 
 void PointMenu::open(const QPoint& globalPosition)
@@ -47,9 +59,9 @@ void PointMenu::open(const QPoint& globalPosition)
     canvas_.paint();
     if (!control)
         return; // the host heard of the selection
-    menuCanvas = &canvas_;
+    follow();
+    ControlSplineNode::menu()->showOthers(others_);
     control->popupMenu(globalPosition);
-    menuCanvas = nullptr;
 }
 
 void PointMenu::openByKey()

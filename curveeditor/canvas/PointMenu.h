@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
+#include <QPointer>
+
 class CanvasFunctionBase;
+class QAction;
 class QPoint;
 
 namespace curveeditor {
@@ -22,11 +26,16 @@ public:
     void open(const QPoint& globalPosition);
     /// The same at the selected point, or else in the middle of the canvas; for a current spline alone.
     void openByKey();
-    /// It is open over another canvas.
+    /// Shows an action of the host below the entries, over this canvas alone. Null, and one that is there, change nothing.
+    void addAction(QAction* action);
+    /// This canvas was pressed: what is chosen elsewhere than in the menu is meant for it.
+    void follow();
+    /// It is open over another canvas, or, closed, meant for another.
     bool isElsewhere() const;
 
 private:
     CanvasFunctionBase& canvas_;
+    QList<QPointer<QAction>> others_;
 };
 
 } // namespace curveeditor

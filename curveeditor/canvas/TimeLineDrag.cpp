@@ -27,6 +27,7 @@ void TimeLineDrag::setEnabled(bool on)
     showCursor(false);
     canvas_.grid().offersTimeLine = on;
     canvas_.paint();
+    Q_EMIT enabledChanged();
 }
 
 void TimeLineDrag::moveByFrames(int frames)

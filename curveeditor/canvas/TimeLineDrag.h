@@ -38,6 +38,7 @@ public:
 Q_SIGNALS:
     /// The line stands at another time now, in time units.
     void dragged(double time);
+    void enabledChanged();
 
 private:
     bool isDragged() const;

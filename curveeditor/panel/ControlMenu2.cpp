@@ -15,9 +15,22 @@ enum Entry { Remove = 1, Color = 2 };
 ControlMenu2::ControlMenu2()
 {
     setFont(QFont(QStringLiteral("Arial Narrow"), 8, -1, false));
-    for (const Entry id : {Remove, Color})
-        addAction(QString())->setData(id);
+    add(Remove, QStringLiteral("removeFromEditingAction"));
+    add(Color, QStringLiteral("changeColorAction"));
     translate();
+}
+
+void ControlMenu2::add(int id, const QString& name)
+{
+    QAction* const entry = addAction(QString());
+    entry->setObjectName(name);
+    entry->setData(id);
+    connect(entry, &QAction::triggered, this, [this, id] {
+        if (isOpen_)
+            return;
+        Q_EMIT aboutToAct();
+        handleMenu(id);
+    });
 }
 
 void ControlMenu2::setMenuItem(QTreeWidgetItem* item)
@@ -32,16 +45,20 @@ QTreeWidgetItem* ControlMenu2::menuItem() const
 
 void ControlMenu2::showMenu(const QPoint& globalPosition, int indexAtPoint)
 {
-    const QAction* const chosen =
-        exec(globalPosition, actions().value(indexAtPoint)); // null if the menu is gone
-    if (chosen)
+    const QPointer<ControlMenu2> guard(this);
+    isOpen_ = true;
+    const QAction* const chosen = exec(globalPosition, actions().value(indexAtPoint));
+    if (!guard)
+        return;
+    isOpen_ = false;
+    if (chosen && chosen->parent() == this)
         handleMenu(chosen->data().toInt());
 }
 
 void ControlMenu2::translate()
 {
-    actions()[0]->setText(tr("Remove from editing list"));
-    actions()[1]->setText(tr("Change color"));
+    findChild<QAction*>(QStringLiteral("removeFromEditingAction"))->setText(tr("Remove from editing list"));
+    findChild<QAction*>(QStringLiteral("changeColorAction"))->setText(tr("Change color"));
 }
 
 void ControlMenu2::changeEvent(QEvent* event)

@@ -32,12 +32,16 @@ Q_SIGNALS:
     void setColorChange();
     /// Follows the signal of the choice, so its receivers see the finished change.
     void nodeChanged();
+    /// An action of the menu was triggered by others while the menu is closed: the moment to set the row.
+    void aboutToAct();
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void add(int id, const QString& name);
     void translate();
 
     QTreeWidgetItem* menuItem_ = nullptr;
+    bool isOpen_ = false;
 };

@@ -191,6 +191,8 @@ void CurveEditor::Private::connectEditingList()
                              editor.checkListsEditing->viewport()->mapToGlobal(position), 0);
                      });
     QObject::connect(functionEdit, &FunctionEditor::selectionShown, &editor, [this] { enablePointTools(); });
+    QObject::connect(editingMenu.get(), &ControlMenu2::aboutToAct, &editor,
+                     [this] { editingMenu->setMenuItem(editor.checkListsEditing->selectedItem()); });
     QObject::connect(editingMenu.get(), &ControlMenu2::setRemoveItem, &editor,
                      &CurveEditor::slotMenuEditingNodeRemove);
     QObject::connect(editingMenu.get(), &ControlMenu2::setColorChange, &editor,

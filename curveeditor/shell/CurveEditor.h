@@ -250,6 +250,23 @@ public:
     /// did is overwritten. After the end of the dialog its entries do nothing.
     void setUndoStack(QUndoStack* stack);
 
+    // Commands
+
+    /// The action of the editor with that object name, to be triggered, shown elsewhere too, or given another key;
+    /// null for a name that is not known. `docs/guide/actions.md` lists all. The action stays the editor's. Hidden by
+    /// `setVisible(false)` it is in no menu, and its key does nothing, but for undo and redo. Those of the menu over points are shared by all
+    /// editors of the process.
+    QAction* action(const QString& objectName) const;
+    /// @{
+    /// Puts an action of the host at the end of the menu over points, the menu "Edit" or the menu of the list, which
+    /// are about the current curve. It stays the host's, and leaves the menu when it is deleted. Its keys act wherever in
+    /// the editor the focus is, if the editor has no other use for them, and no field has. Null, and an action that
+    /// is there already, change nothing. A slot of `triggered` deletes the editor by `deleteLater` only.
+    void addPointAction(QAction* action);
+    void addEditAction(QAction* action);
+    void addListAction(QAction* action);
+    /// @}
+
     // Time, frames, font
 
     /// Frames per time unit.

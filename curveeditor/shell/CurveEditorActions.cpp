@@ -110,11 +110,15 @@ void CurveEditor::Private::createActions()
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         editor.addAction(action);
         actions.push_back(action);
+        shownKeys.emplace_back();
         if (!command.menu)
             continue;
         (this->*command.menu)->addAction(action);
         QObject::connect(action, &QAction::triggered, &editor, command.work, command.how);
     }
+    actionOf(&CurveEditor::redo)
+        ->setShortcuts(
+            {QKeySequence(CurveEditor::tr("Ctrl+Shift+Z")), QKeySequence(CurveEditor::tr("Ctrl+Y"))});
     for (const QMenu* const choice : {horizontalAxisMenu, firstNodeMenu, lastNodeMenu}) {
         auto* const group = new QActionGroup(&editor);
         for (QAction* const action : choice->actions()) {
@@ -141,8 +145,10 @@ void CurveEditor::Private::createMainMenu()
         (*menu)->setFont(editor.font());
     }
     createActions();
-    for (QMenu* const submenu : {firstNodeMenu, lastNodeMenu, horizontalAxisMenu})
-        optionsMenu->addMenu(submenu);
+    for (const auto& [submenu, name] :
+         {std::pair(firstNodeMenu, "firstNodeMenuAction"), std::pair(lastNodeMenu, "lastNodeMenuAction"),
+          std::pair(horizontalAxisMenu, "horizontalAxisMenuAction")})
+        optionsMenu->addMenu(submenu)->setObjectName(QLatin1String(name));
 
     addMenuButton(editor.mainMenu, CurveEditor::tr("File"), fileMenu);
     addMenuButton(editor.mainMenu, CurveEditor::tr("Curves"), curvesMenu);
@@ -285,17 +291,7 @@ void CurveEditor::languageChange()
     d_->showLineTip();
     commandLine->setWhatsThis(tr("This's the expression parsed"));
 
-    auto action = d_->actions.begin();
-    for (const Private::Command& command : Private::commands()) {
-        if (command.text)
-            (*action)->setText(tr(command.text));
-        if (command.key)
-            (*action)->setShortcut(tr(command.key));
-        if (command.help)
-            (*action)->setWhatsThis(tr(command.help));
-        ++action;
-    }
-    d_->actionOf(&CurveEditor::redo)->setShortcuts({tr("Ctrl+Shift+Z"), tr("Ctrl+Y")});
+    d_->translateActions();
     d_->showStepTexts();
     d_->firstNodeMenu->setTitle(tr("Start Node Behaviour"));
     d_->lastNodeMenu->setTitle(tr("Last Node Behaviour"));
@@ -304,6 +300,20 @@ void CurveEditor::languageChange()
     d_->translateViewButtons();
     d_->explainTools();
     fitToFont();
+}
+
+/// Keys that the host has given stay.
+void CurveEditor::Private::translateActions()
+{
+    for (std::size_t i = 0; i < actions.size(); ++i) {
+        const Command& command = commands()[i];
+        if (command.text)
+            actions[i]->setText(CurveEditor::tr(command.text));
+        if (command.help)
+            actions[i]->setWhatsThis(CurveEditor::tr(command.help));
+        if (command.key && actions[i]->shortcut() == shownKeys[i])
+            actions[i]->setShortcut(shownKeys[i] = QKeySequence(CurveEditor::tr(command.key)));
+    }
 }
 
 void CurveEditor::Private::translateMenuButtons()

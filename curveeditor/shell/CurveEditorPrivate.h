@@ -11,6 +11,7 @@
 #include <curveeditor/shell/EditorKeys.h>
 
 #include <QHash>
+#include <QKeySequence>
 #include <QPointer>
 #include <QString>
 
@@ -98,7 +99,8 @@ struct CurveEditor::Private final : DependencyCheck
     QMenu* iVarMenu = nullptr;
     QMenu* dVarMenu = nullptr;
 
-    std::vector<QAction*> actions;         ///< of `commands`
+    std::vector<QAction*> actions;         ///< of `commands` ...
+    std::vector<QKeySequence> shownKeys;   ///< ... and their keys in the present language
     std::vector<QToolButton*> menuButtons; ///< in the order of creation
     QToolButton* fitButton = nullptr;
     QToolButton* fitHButton = nullptr;
@@ -117,6 +119,7 @@ struct CurveEditor::Private final : DependencyCheck
     static const std::vector<Command>& commands();
     QAction* actionOf(void (CurveEditor::*work)()) const;
     void createActions();
+    void addHostAction(QMenu& menu, QAction* action);
     void createMainMenu();
     void createViewButtons();
     void createExpressionTool();
@@ -129,6 +132,7 @@ struct CurveEditor::Private final : DependencyCheck
     QToolButton* createViewButton(QWidget* box, const QString& text);
     CustomEditLine* createReadOut(const char* name);
     void orderTools();
+    void translateActions();
     void translateMenuButtons();
     void translateViewButtons();
     void showMousePlace();

@@ -28,30 +28,36 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     translate();
     canvas.installEventFilter(this);
     connect(menu, &QMenu::aboutToShow, this, &EditMenu::updateEntries);
+    connect(menu, &QMenu::aboutToHide, this, &EditMenu::followCanvas);
+    connect(&canvas, &FunctionEditor::selectionShown, this, &EditMenu::followCanvas);
+    connect(&canvas.canvas.door().history(), &EditHistory::reported, this, &EditMenu::followCanvas);
+    connect(&canvas.timeLineDrag, &TimeLineDrag::enabledChanged, this, &EditMenu::followCanvas);
 }
 
-void EditMenu::add(const char* text, const QString& key, const Condition& isPossible,
+void EditMenu::add(const char* name, const char* text, const QString& key, const Condition& isPossible,
                    const std::function<void()>& work)
 {
     QAction* const action = target_->addAction(QString(), this, work);
+    action->setObjectName(QLatin1String(name));
     texts_.emplace_back(action, text);
     action->setShortcut(QKeySequence(key));
     action->setShortcutContext(Qt::WidgetShortcut); // of the menu: Qt only shows it, `EditorKeys` triggers
     entries_.emplace_back(action, isPossible);
 }
 
-QMenu* EditMenu::addMenu(const char* text)
+QMenu* EditMenu::addMenu(const char* name, const char* text)
 {
     QMenu* const menu = menu_->addMenu(QString());
+    menu->menuAction()->setObjectName(QLatin1String(name));
     texts_.emplace_back(menu->menuAction(), text);
     return menu;
 }
 
-void EditMenu::addToggle(const char* text, const QString& key, const Condition& isOn,
+void EditMenu::addToggle(const char* name, const char* text, const QString& key, const Condition& isOn,
                          const std::function<void(bool)>& work)
 {
     add(
-        text, key, [] { return true; }, [] {});
+        name, text, key, [] { return true; }, [] {});
     QAction* const action = entries_.back().first;
     action->setCheckable(true);
     action->setChecked(isOn());
@@ -65,16 +71,19 @@ void EditMenu::addClipboard()
         return points_.canCopy();
     };
     const Condition canPaste = [this] {
-        return points_.canPaste();
+        return points_.canInsert();
     };
     menu_->addSeparator();
-    add(QT_TR_NOOP("Cut points"), QStringLiteral("Ctrl+X"), canCopy, [this] { points_.cut(); });
-    add(QT_TR_NOOP("Copy points"), QStringLiteral("Ctrl+C"), canCopy, [this] { points_.copy(); });
-    add(QT_TR_NOOP("Paste points at the time line"), QStringLiteral("Ctrl+V"), canPaste,
+    add("cutAction", QT_TR_NOOP("Cut points"), QStringLiteral("Ctrl+X"), canCopy, [this] { points_.cut(); });
+    add("copyAction", QT_TR_NOOP("Copy points"), QStringLiteral("Ctrl+C"), canCopy,
+        [this] { points_.copy(); });
+    add("pasteAction", QT_TR_NOOP("Paste points at the time line"), QStringLiteral("Ctrl+V"), canPaste,
         [this] { points_.paste(false); });
-    add(QT_TR_NOOP("Paste points where they were"), QStringLiteral("Ctrl+Shift+V"), canPaste,
-        [this] { points_.paste(true); });
-    add(QT_TR_NOOP("Duplicate points"), QStringLiteral("Ctrl+D"), canCopy, [this] { points_.duplicate(); });
+    add("pasteInPlaceAction", QT_TR_NOOP("Paste points where they were"), QStringLiteral("Ctrl+Shift+V"),
+        canPaste, [this] { points_.paste(true); });
+    pastes_ = {entries_.end()[-2].first, entries_.end()[-1].first};
+    add("duplicateAction", QT_TR_NOOP("Duplicate points"), QStringLiteral("Ctrl+D"), canCopy,
+        [this] { points_.duplicate(); });
 }
 
 void EditMenu::addSelection()
@@ -85,19 +94,19 @@ void EditMenu::addSelection()
     menu_->addSeparator();
     CanvasFunctionBase& curves = canvas_.canvas;
     addToggle(
-        QT_TR_NOOP("Edit all curves at once"), QStringLiteral("Shift+A"),
+        "editAllCurvesAction", QT_TR_NOOP("Edit all curves at once"), QStringLiteral("Shift+A"),
         [&curves] { return curves.editsAllCurves(); }, [&curves](bool on) { curves.setEditsAllCurves(on); });
     menu_->addSeparator();
-    add(QT_TR_NOOP("Select all points"), QStringLiteral("Ctrl+A"), canSelect,
+    add("selectAllAction", QT_TR_NOOP("Select all points"), QStringLiteral("Ctrl+A"), canSelect,
         [this] { points_.selectAll(); });
-    add(QT_TR_NOOP("Select no point"), QStringLiteral("Ctrl+Shift+A"), canSelect,
+    add("selectNoneAction", QT_TR_NOOP("Select no point"), QStringLiteral("Ctrl+Shift+A"), canSelect,
         [this] { points_.selectNone(); });
-    add(QT_TR_NOOP("Select the other points"), QStringLiteral("Ctrl+I"), canSelect,
+    add("selectOthersAction", QT_TR_NOOP("Select the other points"), QStringLiteral("Ctrl+I"), canSelect,
         [this] { points_.selectOthers(); });
-    add(QT_TR_NOOP("Select the next point too"), QStringLiteral("Shift+Right"), canSelect,
+    add("selectNextAction", QT_TR_NOOP("Select the next point too"), QStringLiteral("Shift+Right"), canSelect,
         [this] { points_.extendSelection(true); });
-    add(QT_TR_NOOP("Select the previous point too"), QStringLiteral("Shift+Left"), canSelect,
-        [this] { points_.extendSelection(false); });
+    add("selectPreviousAction", QT_TR_NOOP("Select the previous point too"), QStringLiteral("Shift+Left"),
+        canSelect, [this] { points_.extendSelection(false); });
 }
 
 void EditMenu::addMoves()
@@ -107,21 +116,24 @@ void EditMenu::addMoves()
     };
     const struct
     {
+        const char* name;
         const char* text;
         const char* key;
         int frames;
         int tenths;
-    } moves[] = {{QT_TR_NOOP("A frame later"), "Alt+Right", 1, 0},
-                 {QT_TR_NOOP("A frame earlier"), "Alt+Left", -1, 0},
-                 {QT_TR_NOOP("A tenth of a grid line up"), "Alt+Up", 0, 1},
-                 {QT_TR_NOOP("A tenth of a grid line down"), "Alt+Down", 0, -1},
-                 {QT_TR_NOOP("A frame later, ten times"), "Alt+Shift+Right", 10, 0},
-                 {QT_TR_NOOP("A frame earlier, ten times"), "Alt+Shift+Left", -10, 0},
-                 {QT_TR_NOOP("A tenth of a grid line up, ten times"), "Alt+Shift+Up", 0, 10},
-                 {QT_TR_NOOP("A tenth of a grid line down, ten times"), "Alt+Shift+Down", 0, -10}};
-    target_ = addMenu(QT_TR_NOOP("Move points"));
+    } moves[] = {
+        {"frameLaterAction", QT_TR_NOOP("A frame later"), "Alt+Right", 1, 0},
+        {"frameEarlierAction", QT_TR_NOOP("A frame earlier"), "Alt+Left", -1, 0},
+        {"tenthUpAction", QT_TR_NOOP("A tenth of a grid line up"), "Alt+Up", 0, 1},
+        {"tenthDownAction", QT_TR_NOOP("A tenth of a grid line down"), "Alt+Down", 0, -1},
+        {"tenFramesLaterAction", QT_TR_NOOP("A frame later, ten times"), "Alt+Shift+Right", 10, 0},
+        {"tenFramesEarlierAction", QT_TR_NOOP("A frame earlier, ten times"), "Alt+Shift+Left", -10, 0},
+        {"gridLineUpAction", QT_TR_NOOP("A tenth of a grid line up, ten times"), "Alt+Shift+Up", 0, 10},
+        {"gridLineDownAction", QT_TR_NOOP("A tenth of a grid line down, ten times"), "Alt+Shift+Down", 0,
+         -10}};
+    target_ = addMenu("movePointsMenuAction", QT_TR_NOOP("Move points"));
     for (const auto& move : moves) {
-        add(move.text, QLatin1String(move.key), canEdit,
+        add(move.name, move.text, QLatin1String(move.key), canEdit,
             [this, move] { points_.nudge(move.frames, move.tenths); });
     }
     target_ = menu_;
@@ -136,14 +148,16 @@ void EditMenu::addShaping()
         return points_.canEdit();
     };
     menu_->addSeparator();
-    add(QT_TR_NOOP("Insert a point on the curve at the mouse"), QStringLiteral("I"), canInsert,
-        [this] { insertUnderMouse(); });
-    add(QT_TR_NOOP("Insert a point on the curve at the time line"), QStringLiteral("Shift+I"), canInsert,
-        [this] { points_.insertAtTimeLine(); });
-    target_ = addMenu(QT_TR_NOOP("Tangents"));
-    add(QT_TR_NOOP("Flatten"), {}, canEdit, [this] { points_.flattenTangents(); });
-    add(QT_TR_NOOP("Align both sides"), {}, canEdit, [this] { points_.alignTangents(); });
-    add(QT_TR_NOOP("Smooth without overshoot"), {}, canEdit, [this] { points_.smoothTangents(); });
+    add("insertAtMouseAction", QT_TR_NOOP("Insert a point on the curve at the mouse"), QStringLiteral("I"),
+        canInsert, [this] { insertUnderMouse(); });
+    add("insertAtTimeLineAction", QT_TR_NOOP("Insert a point on the curve at the time line"),
+        QStringLiteral("Shift+I"), canInsert, [this] { points_.insertAtTimeLine(); });
+    target_ = addMenu("tangentsMenuAction", QT_TR_NOOP("Tangents"));
+    add("flattenTangentsAction", QT_TR_NOOP("Flatten"), {}, canEdit, [this] { points_.flattenTangents(); });
+    add("alignTangentsAction", QT_TR_NOOP("Align both sides"), {}, canEdit,
+        [this] { points_.alignTangents(); });
+    add("smoothTangentsAction", QT_TR_NOOP("Smooth without overshoot"), {}, canEdit,
+        [this] { points_.smoothTangents(); });
     target_ = menu_;
 }
 
@@ -155,9 +169,9 @@ void EditMenu::addFits()
     const Condition canBake = [this] {
         return canvas_.canvas.currentSplineBase() != nullptr;
     };
-    add(QT_TR_NOOP("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
+    add("simplifyAction", QT_TR_NOOP("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
         [this, canSimplify] { open<SimplifyDialog>(canSimplify); });
-    add(QT_TR_NOOP("Bake…"), QStringLiteral("Shift+B"), canBake,
+    add("bakeAction", QT_TR_NOOP("Bake…"), QStringLiteral("Shift+B"), canBake,
         [this, canBake] { open<BakeDialog>(canBake); });
 }
 
@@ -182,18 +196,23 @@ void EditMenu::insertUnderMouse()
 void EditMenu::addSnapping()
 {
     DragGuide& guide = canvas_.canvas.hands().guide;
-    target_ = addMenu(QT_TR_NOOP("Snapping"));
+    target_ = addMenu("snappingMenuAction", QT_TR_NOOP("Snapping"));
     addToggle(
-        QT_TR_NOOP("Snap while dragging (Ctrl: the other way)"), QStringLiteral("S"),
+        "snapAction", QT_TR_NOOP("Snap while dragging (Ctrl: the other way)"), QStringLiteral("S"),
         [&guide] { return guide.isSnapping; }, [&guide](bool on) { guide.isSnapping = on; });
     target_->addSeparator();
-    const std::pair<const char*, Snap::Kind> kinds[] = {{QT_TR_NOOP("To frames"), Snap::Frames},
-                                                        {QT_TR_NOOP("To grid lines"), Snap::GridLines},
-                                                        {QT_TR_NOOP("To points"), Snap::Points},
-                                                        {QT_TR_NOOP("To the time line"), Snap::TimeLine}};
-    for (const auto& [text, kind] : kinds) {
+    const struct
+    {
+        const char* name;
+        const char* text;
+        Snap::Kind kind;
+    } kinds[] = {{"snapToFramesAction", QT_TR_NOOP("To frames"), Snap::Frames},
+                 {"snapToGridLinesAction", QT_TR_NOOP("To grid lines"), Snap::GridLines},
+                 {"snapToPointsAction", QT_TR_NOOP("To points"), Snap::Points},
+                 {"snapToTimeLineAction", QT_TR_NOOP("To the time line"), Snap::TimeLine}};
+    for (const auto& [name, text, kind] : kinds) {
         addToggle(
-            text, {}, [&guide, kind = kind] { return (guide.snap.kinds & kind) != 0; },
+            name, text, {}, [&guide, kind = kind] { return (guide.snap.kinds & kind) != 0; },
             [&guide, kind = kind](bool on) {
                 guide.snap.kinds = on ? guide.snap.kinds | kind : guide.snap.kinds & ~unsigned(kind);
             });
@@ -207,20 +226,20 @@ void EditMenu::addView()
         return !canvas_.canvas.noCurrentCurve();
     };
     menu_->addSeparator();
-    add(QT_TR_NOOP("Show all curves"), QStringLiteral("Home"), hasCurve,
+    add("showAllCurvesAction", QT_TR_NOOP("Show all curves"), QStringLiteral("Home"), hasCurve,
         [this] { canvas_.canvas.showAllCurves(); });
-    add(QT_TR_NOOP("Show selected points or the curve"), QStringLiteral("F"), hasCurve,
+    add("showSelectionAction", QT_TR_NOOP("Show selected points or the curve"), QStringLiteral("F"), hasCurve,
         [this] { canvas_.canvas.showSelection(); });
-    add(QT_TR_NOOP("Zoom in"), QStringLiteral("+"), hasCurve,
+    add("zoomInAction", QT_TR_NOOP("Zoom in"), QStringLiteral("+"), hasCurve,
         [this] { canvas_.viewGestures.zoomByNotches(1); });
-    add(QT_TR_NOOP("Zoom out"), QStringLiteral("-"), hasCurve,
+    add("zoomOutAction", QT_TR_NOOP("Zoom out"), QStringLiteral("-"), hasCurve,
         [this] { canvas_.viewGestures.zoomByNotches(-1); });
     const Condition canDrag = [this] {
         return canvas_.timeLineDrag.isEnabled();
     };
-    add(QT_TR_NOOP("Time line a frame later"), QStringLiteral("."), canDrag,
+    add("timeLineLaterAction", QT_TR_NOOP("Time line a frame later"), QStringLiteral("."), canDrag,
         [this] { canvas_.timeLineDrag.moveByFrames(1); });
-    add(QT_TR_NOOP("Time line a frame earlier"), QStringLiteral(","), canDrag,
+    add("timeLineEarlierAction", QT_TR_NOOP("Time line a frame earlier"), QStringLiteral(","), canDrag,
         [this] { canvas_.timeLineDrag.moveByFrames(-1); });
 }
 
@@ -231,6 +250,15 @@ void EditMenu::translate()
 }
 
 void EditMenu::updateEntries()
+{
+    followCanvas();
+    for (QAction* const paste : pastes_)
+        paste->setEnabled(points_.canPaste());
+}
+
+/// For hosts that show the entries elsewhere too. Nobody else is asked, so an entry may be enabled though the clipboard
+/// holds nothing for it.
+void EditMenu::followCanvas()
 {
     for (const auto& [action, isPossible] : entries_)
         action->setEnabled(isPossible());
@@ -250,14 +278,15 @@ QAction* EditMenu::entryOf(const QKeyEvent& event)
         modifiers &= ~Qt::ShiftModifier;
     const QKeySequence key(QKeyCombination(modifiers, Qt::Key(event.key())));
     const auto found = std::find_if(entries_.begin(), entries_.end(), [&key](const auto& entry) {
-        return entry.first->shortcut().matches(key) == QKeySequence::ExactMatch;
+        return entry.first->shortcuts().contains(key);
     });
     if (found == entries_.end())
         return nullptr;
-    const auto& [action, isPossible] = *found; // the others might ask other applications for the clipboard
+    const auto& [action, isPossible] = *found;
     action->setEnabled(isPossible());
     updateToggles();
-    return action->isEnabled() ? action : nullptr;
+    const bool isPaste = std::find(pastes_.begin(), pastes_.end(), action) != pastes_.end();
+    return action->isEnabled() && (!isPaste || points_.canPaste()) ? action : nullptr;
 }
 
 bool EditMenu::event(QEvent* event)

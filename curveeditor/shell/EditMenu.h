@@ -20,7 +20,7 @@ class QMenu;
 namespace curveeditor {
 
 /// Fills the menu "Edit" with all commands on points and on the view, each with its key, to which `EditorKeys` listens.
-/// Entries are enabled as the situation allows when the menu opens or their key is pressed.
+/// Entries are enabled as the situation allows.
 ///
 /// A child of the menu, whose parent is that of the dialogs. It sees where the mouse is on the canvas.
 class EditMenu : public QObject
@@ -38,10 +38,10 @@ public:
 private:
     using Condition = std::function<bool()>;
     /// Texts are the untranslated ones.
-    void add(const char* text, const QString& key, const Condition& isPossible,
+    void add(const char* name, const char* text, const QString& key, const Condition& isPossible,
              const std::function<void()>& work);
-    QMenu* addMenu(const char* text);
-    void addToggle(const char* text, const QString& key, const Condition& isOn,
+    QMenu* addMenu(const char* name, const char* text);
+    void addToggle(const char* name, const char* text, const QString& key, const Condition& isOn,
                    const std::function<void(bool)>& work);
     void addClipboard();
     void addSelection();
@@ -55,6 +55,7 @@ private:
     void translate();
     void updateEntries();
     void updateToggles();
+    void followCanvas();
 
     FunctionEditor& canvas_;
     PointCommands points_;
@@ -64,6 +65,7 @@ private:
     std::vector<std::pair<QAction*, const char*>> texts_; ///< and the untranslated text
     std::vector<std::pair<QAction*, Condition>> entries_; ///< and whether they can be used
     std::vector<std::pair<QAction*, Condition>> toggles_; ///< and whether they are on
+    std::vector<QAction*> pastes_;                        ///< which take what the clipboard holds
 };
 
 } // namespace curveeditor

@@ -75,11 +75,17 @@ void EditorKeys::followFocus(QWidget*, QWidget* now)
     followed_->installEventFilter(this);
 }
 
+void EditorKeys::addAction(QAction* action)
+{
+    if (action && !hostActions_.contains(action))
+        hostActions_.append(action);
+}
+
 bool EditorKeys::eventFilter(QObject* focus, QEvent* event)
 {
     const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress ||
                        event->type() == QEvent::KeyRelease;
-    return isKey && takeKey(*static_cast<QWidget*>(focus), *static_cast<QKeyEvent*>(event));
+    return isKey && !isAsking_ && takeKey(*static_cast<QWidget*>(focus), *static_cast<QKeyEvent*>(event));
 }
 
 bool EditorKeys::takeKey(const QWidget& focus, QKeyEvent& event)
@@ -96,14 +102,41 @@ bool EditorKeys::takeKey(const QWidget& focus, QKeyEvent& event)
     return true;
 }
 
-QAction* EditorKeys::actionOf(const QWidget& focus, const QKeyEvent& key) const
+QAction* EditorKeys::actionOf(const QWidget& focus, const QKeyEvent& key)
 {
     const QKeySequence pressed(QKeyCombination(key.modifiers() & ~Qt::KeypadModifier, Qt::Key(key.key())));
     if (QAction* const action = enabledActionWith(pressed, editor_.actions()))
         return action;
     const bool isAxis = canvas_.gesture.isAtPoints() && (key.key() == Qt::Key_X || key.key() == Qt::Key_Y);
-    const bool isWidgets = keepsItsKeys(focus) || (&focus != &canvas_ && isOfEveryWidget(key));
-    return isAxis || isWidgets ? nullptr : menu_.entryOf(key);
+    if (isAxis || (&focus != &canvas_ && isOfEveryWidget(key)))
+        return nullptr;
+    if (keepsItsKeys(focus))
+        return isTyped(key) ? nullptr : hostActionOf(pressed);
+    QAction* const entry = menu_.entryOf(key);
+    return entry ? entry : hostActionOf(pressed);
+}
+
+QAction* EditorKeys::hostActionOf(const QKeySequence& pressed) const
+{
+    for (QAction* const action : hostActions_) {
+        if (action && action->isEnabled() && action->shortcuts().contains(pressed))
+            return action;
+    }
+    return nullptr;
+}
+
+/// The widget that has the focus types it or moves by it: a widget for text says so itself.
+bool EditorKeys::isTyped(const QKeyEvent& key)
+{
+    const bool isFunctionKey = key.key() >= Qt::Key_F1 && key.key() <= Qt::Key_F35;
+    const bool moves = key.key() >= Qt::Key_Home && key.key() <= Qt::Key_PageDown;
+    if (moves || (!isFunctionKey && !(key.modifiers() & commandModifiers)))
+        return true;
+    const QScopedValueRollback asking(isAsking_, true);
+    QKeyEvent question(QEvent::ShortcutOverride, key.key(), key.modifiers(), key.text());
+    question.ignore();
+    QCoreApplication::sendEvent(followed_, &question);
+    return question.isAccepted();
 }
 
 /// What the canvas does not take comes up to the dialog, which may be what has the focus.

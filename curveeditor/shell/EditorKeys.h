@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -9,6 +10,7 @@ class CurveEditor;
 class FunctionEditor;
 class QAction;
 class QKeyEvent;
+class QKeySequence;
 
 namespace curveeditor {
 
@@ -19,18 +21,24 @@ class EditMenu;
 ///
 /// The keys of the editor's own actions act everywhere. Those of the menu "Edit", and the letters of the canvas, act
 /// where nothing is typed: on the canvas, and on the list, buttons and tab bars, which keep the keys that move in
-/// them, Space and Delete. It must go before the canvas.
+/// them, Space and Delete. The keys of the host's actions act there too, if none of the editor has them, and in fields
+/// and choices those with Ctrl, Alt or Meta, and F1 to F35, that these have no use for. It must go before the canvas.
 class EditorKeys : public QObject
 {
 public:
     EditorKeys(CurveEditor& editor, FunctionEditor& canvas, EditMenu& menu);
+
+    /// Listens to the keys of an action of the host, too. Null, and one that is there, change nothing.
+    void addAction(QAction* action);
 
     bool eventFilter(QObject* focus, QEvent* event) override;
 
 private:
     void followFocus(QWidget* before, QWidget* now);
     bool takeKey(const QWidget& focus, QKeyEvent& event);
-    QAction* actionOf(const QWidget& focus, const QKeyEvent& key) const;
+    QAction* actionOf(const QWidget& focus, const QKeyEvent& key);
+    QAction* hostActionOf(const QKeySequence& pressed) const;
+    bool isTyped(const QKeyEvent& key);
     bool handToCanvas(QKeyEvent& event);
     bool isForCanvas(const QWidget& focus, const QKeyEvent& key) const;
 
@@ -38,7 +46,9 @@ private:
     FunctionEditor& canvas_;
     EditMenu& menu_;
     QPointer<QWidget> followed_; ///< the widget in the editor that has the focus
+    QList<QPointer<QAction>> hostActions_;
     bool isHanding_ = false;
+    bool isAsking_ = false;
 };
 
 } // namespace curveeditor

@@ -6,6 +6,7 @@
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/panel/CustomEditLine.h>
+#include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/shell/CurveEditor.h>

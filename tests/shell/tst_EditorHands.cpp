@@ -237,7 +237,6 @@ private Q_SLOTS:
         QCOMPARE(offered(texts), (QList<bool>{false, true, false, true, true, false}));
         s.clickPoint().editor.setTimeLineDraggable(true);
         s.canvas.canvas.setEditsAllCurves(true);
-        QVERIFY(!entryOf(*menu, "Edit all")->isChecked());
         QCOMPARE(offered(texts), QList<bool>(6, true));
         QVERIFY(entryOf(*menu, "Edit all")->isChecked());
         s.canvas.canvas.setEditsAllCurves(false);
