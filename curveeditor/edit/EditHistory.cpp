@@ -82,6 +82,16 @@ std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase*
     return curves_.back();
 }
 
+QSet<QString> EditHistory::hiddenCurves() const
+{
+    QSet<QString> names;
+    for (const auto& curve : curves_) {
+        if (curve->options.hidden)
+            names.insert(curve->name);
+    }
+    return names;
+}
+
 void EditHistory::rename(const QString& oldName, const QString& newName)
 {
     for (const auto& curve : curves_) {

@@ -9,6 +9,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 
 #include <memory>
 #include <unordered_set>
@@ -65,6 +66,8 @@ public:
 
     /// The curve of that name, spline and variable; a new one at the first time.
     std::shared_ptr<EditedCurve> curve(const QString& name, SplineBase* spline, FunctionFloatBase** variable);
+    /// The names of the curves that are hidden.
+    QSet<QString> hiddenCurves() const;
     /// The curve, or all of that name, and the texts of their entries.
     void rename(EditedCurve& curve, const QString& newName);
     void rename(const QString& oldName, const QString& newName);

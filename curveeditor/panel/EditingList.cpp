@@ -26,6 +26,11 @@ bool mayNameCurve(const QMimeData& data)
     return data.hasText() && !data.text().contains(QLatin1Char('?'));
 }
 
+bool isInsert(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Insert && !(key.modifiers() & ~Qt::KeypadModifier);
+}
+
 void drawPadlock(QPainter& painter, const QRectF& place, const QColor& color)
 {
     const double unit = place.height() / 8.0;
@@ -144,10 +149,19 @@ void EditingList::sortRows()
     sortByColumn(0, Qt::AscendingOrder);
 }
 
+bool EditingList::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isInsert(*static_cast<QKeyEvent*>(event)))
+        return event->accept(), true;
+    return QTreeWidget::event(event);
+}
+
 // Delete ends here: in the dialog it would delete the selected points of the curve that is current
 // afterwards.
 void EditingList::keyPressEvent(QKeyEvent* event)
 {
+    if (isInsert(*event))
+        return Q_EMIT curvesWanted();
     if (event->key() == Qt::Key_Delete)
         Q_EMIT supressFromEditing(selectedItem());
     QTreeWidget::keyPressEvent(event);

@@ -6,7 +6,7 @@
 /// The list of the curves that are on the canvas: one column of full names in ascending order, of which one
 /// is selected, each with a square in the colour of its curve. A name that is longer than the list is wide is
 /// shortened in the middle. Whoever fills the list owns what its rows stand for; the list only turns a dropped name
-/// and the Delete key into signals.
+/// and the keys Delete and Insert into signals.
 class EditingList : public QTreeWidget
 {
     Q_OBJECT
@@ -43,7 +43,12 @@ Q_SIGNALS:
     /// The user dropped a text, which should be the full name of a curve.
     void setNodeForEdit(const QString& name);
 
+    /// The user asks for curves that are not here.
+    void curvesWanted();
+
 protected:
+    /// Keeps Insert from shortcuts of the window in which the dialog is docked.
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;

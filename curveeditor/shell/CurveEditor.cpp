@@ -176,6 +176,10 @@ void CurveEditor::Private::connectEditingList()
 {
     QObject::connect(editor.checkListsEditing, &EditingList::setNodeForEdit, &editor,
                      [this](const QString& name) { takeDroppedName(name); });
+    QObject::connect(editor.listPanel, &EditingListPanel::curvesWanted, &editor,
+                     [this] { editor.listPanel->offer(closedCurves()); });
+    QObject::connect(editor.listPanel, &EditingListPanel::curvesChosen, &editor,
+                     [this](const QStringList& names) { openCurves(names); });
     QObject::connect(editor.checkListsEditing, &EditingList::supressFromEditing, &editor,
                      &CurveEditor::slotRemoveFromEditing);
     QObject::connect(editor.checkListsEditing, &QTreeWidget::itemPressed, &editor,
@@ -191,6 +195,7 @@ void CurveEditor::Private::connectEditingList()
                              editor.checkListsEditing->viewport()->mapToGlobal(position), 0);
                      });
     QObject::connect(functionEdit, &FunctionEditor::selectionShown, &editor, [this] { enablePointTools(); });
+    editingMenu->addAction(editor.listPanel->openAction());
     QObject::connect(editingMenu.get(), &ControlMenu2::aboutToAct, &editor,
                      [this] { editingMenu->setMenuItem(editor.checkListsEditing->selectedItem()); });
     QObject::connect(editingMenu.get(), &ControlMenu2::setRemoveItem, &editor,

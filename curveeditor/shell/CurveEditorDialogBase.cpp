@@ -328,8 +328,9 @@ void CurveEditorDialogBase::orderTabs()
 {
     QWidget* previous = listPanel->filterLine();
     for (QWidget* widget : std::initializer_list<QWidget*>{
-             checkListsEditing, tabWidget2->tabBar(), node, posX, posY, nodeFirst, nodeLast, nodeTypeCombo,
-             easeTo, easeFrom, tension, continuity, bias, incoming, outgoing, commandLine}) {
+             listPanel->openButton(), checkListsEditing, tabWidget2->tabBar(), node, posX, posY, nodeFirst,
+             nodeLast, nodeTypeCombo, easeTo, easeFrom, tension, continuity, bias, incoming, outgoing,
+             commandLine}) {
         setTabOrder(previous, widget);
         previous = widget;
     }

@@ -9,6 +9,8 @@
 #include <curveeditor/shell/FunctionEditor.h>
 
 #include <QMenu>
+#include <QPointer>
+#include <QSet>
 #include <QSignalBlocker>
 
 using namespace curveeditor;
@@ -26,6 +28,29 @@ void CurveEditor::Private::takeDroppedName(const QString& name)
     const QString shown = name.size() > longest ? name.left(longest) + QChar(0x2026) : name;
     showWarning(&editor, CurveEditor::tr("Edit a curve"),
                 CurveEditor::tr("There is no curve of the name \"%1\".").arg(shown));
+}
+
+/// Those that may be put on the canvas, in order.
+QStringList CurveEditor::Private::closedCurves() const
+{
+    const QSet<QString> hidden = functionEdit->canvas.door().history().hiddenCurves();
+    QStringList names;
+    for (const auto& record : nodeList) {
+        if (!record->editingItem->treeWidget() && !hidden.contains(record->name))
+            names.append(record->name);
+    }
+    names.sort();
+    return names;
+}
+
+/// Who hears of one may take others away, and the editor too.
+void CurveEditor::Private::openCurves(const QStringList& names)
+{
+    const QPointer<CurveEditor> guard(&editor);
+    for (const QString& name : names) {
+        if (guard)
+            guard->setEditingNode(name);
+    }
 }
 
 // What is under way is told first, and who hears of it may take curves away.

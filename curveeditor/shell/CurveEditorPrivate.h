@@ -166,6 +166,8 @@ struct CurveEditor::Private final : DependencyCheck
     void showRange(const AxisRange& times, const AxisRange& values);
     bool isCurrent(const QPointer<CurveNodeBase>& curve) const;
     void takeDroppedName(const QString& name);
+    QStringList closedCurves() const;
+    void openCurves(const QStringList& names);
     HostCalls& hostCalls() const;
     void deleteIfDue();
     bool mayReplace(const QString& path);

@@ -1230,6 +1230,37 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>curveeditor::CurveChooser</name>
+    <message>
+        <source>Curves to open</source>
+        <translation>Zu öffnende Kurven</translation>
+    </message>
+    <message>
+        <source>There is no other curve</source>
+        <translation>Es gibt keine weitere Kurve</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Filter of the curves to open</source>
+        <translation>Filter der zu öffnenden Kurven</translation>
+    </message>
+    <message>
+        <source>Curves that are not on the canvas</source>
+        <translation>Kurven, die nicht auf der Zeichenfläche sind</translation>
+    </message>
+    <message>
+        <source>Shows only the curves whose names contain this text; Return puts the chosen ones on the canvas</source>
+        <translation>Zeigt nur die Kurven, deren Namen diesen Text enthalten; die Eingabetaste bringt die gewählten auf die Zeichenfläche</translation>
+    </message>
+    <message>
+        <source>Return or a double click puts the chosen curves on the canvas, Shift and Ctrl choose several</source>
+        <translation>Die Eingabetaste oder ein Doppelklick bringt die gewählten Kurven auf die Zeichenfläche; Umschalt und Strg wählen mehrere</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1405,6 +1436,18 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Shows only the curves whose names contain this text; the others stay on the canvas</source>
         <translation>Zeigt nur die Kurven, deren Namen diesen Text enthalten; die anderen bleiben auf der Zeichenfläche</translation>
+    </message>
+    <message>
+        <source>Open curves…</source>
+        <translation>Kurven öffnen…</translation>
+    </message>
+    <message>
+        <source>Open curves</source>
+        <translation>Kurven öffnen</translation>
+    </message>
+    <message>
+        <source>Puts curves on the canvas (Insert in the list)</source>
+        <translation>Bringt Kurven auf die Zeichenfläche (Einfg in der Liste)</translation>
     </message>
 </context>
 <context>

@@ -1230,6 +1230,37 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>curveeditor::CurveChooser</name>
+    <message>
+        <source>Curves to open</source>
+        <translation>Curvas para abrir</translation>
+    </message>
+    <message>
+        <source>There is no other curve</source>
+        <translation>No hay ninguna otra curva</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtro</translation>
+    </message>
+    <message>
+        <source>Filter of the curves to open</source>
+        <translation>Filtro de las curvas para abrir</translation>
+    </message>
+    <message>
+        <source>Curves that are not on the canvas</source>
+        <translation>Curvas que no están en el lienzo</translation>
+    </message>
+    <message>
+        <source>Shows only the curves whose names contain this text; Return puts the chosen ones on the canvas</source>
+        <translation>Muestra solo las curvas cuyos nombres contienen este texto; Intro pone las elegidas en el lienzo</translation>
+    </message>
+    <message>
+        <source>Return or a double click puts the chosen curves on the canvas, Shift and Ctrl choose several</source>
+        <translation>Intro o un doble clic pone las curvas elegidas en el lienzo; Mayús y Ctrl eligen varias</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1405,6 +1436,18 @@ Do you want to replace it?</source>
     <message>
         <source>Shows only the curves whose names contain this text; the others stay on the canvas</source>
         <translation>Muestra solo las curvas cuyos nombres contienen este texto; las demás siguen en el lienzo</translation>
+    </message>
+    <message>
+        <source>Open curves…</source>
+        <translation>Abrir curvas…</translation>
+    </message>
+    <message>
+        <source>Open curves</source>
+        <translation>Abrir curvas</translation>
+    </message>
+    <message>
+        <source>Puts curves on the canvas (Insert in the list)</source>
+        <translation>Pone curvas en el lienzo (Insert en la lista)</translation>
     </message>
 </context>
 <context>

@@ -1230,6 +1230,37 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>curveeditor::CurveChooser</name>
+    <message>
+        <source>Curves to open</source>
+        <translation>Courbes à ouvrir</translation>
+    </message>
+    <message>
+        <source>There is no other curve</source>
+        <translation>Il n&apos;y a pas d&apos;autre courbe</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtre</translation>
+    </message>
+    <message>
+        <source>Filter of the curves to open</source>
+        <translation>Filtre des courbes à ouvrir</translation>
+    </message>
+    <message>
+        <source>Curves that are not on the canvas</source>
+        <translation>Courbes absentes du canevas</translation>
+    </message>
+    <message>
+        <source>Shows only the curves whose names contain this text; Return puts the chosen ones on the canvas</source>
+        <translation>N&apos;affiche que les courbes dont le nom contient ce texte ; Entrée met celles qui sont choisies sur le canevas</translation>
+    </message>
+    <message>
+        <source>Return or a double click puts the chosen curves on the canvas, Shift and Ctrl choose several</source>
+        <translation>Entrée ou un double clic met les courbes choisies sur le canevas ; Maj et Ctrl en choisissent plusieurs</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1405,6 +1436,18 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Shows only the curves whose names contain this text; the others stay on the canvas</source>
         <translation>N&apos;affiche que les courbes dont le nom contient ce texte&#xa0;; les autres restent sur le canevas</translation>
+    </message>
+    <message>
+        <source>Open curves…</source>
+        <translation>Ouvrir des courbes…</translation>
+    </message>
+    <message>
+        <source>Open curves</source>
+        <translation>Ouvrir des courbes</translation>
+    </message>
+    <message>
+        <source>Puts curves on the canvas (Insert in the list)</source>
+        <translation>Met des courbes sur le canevas (Inser dans la liste)</translation>
     </message>
 </context>
 <context>

@@ -1230,6 +1230,37 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>curveeditor::CurveChooser</name>
+    <message>
+        <source>Curves to open</source>
+        <translation>開くカーブ</translation>
+    </message>
+    <message>
+        <source>There is no other curve</source>
+        <translation>ほかのカーブはありません</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>フィルター</translation>
+    </message>
+    <message>
+        <source>Filter of the curves to open</source>
+        <translation>開くカーブのフィルター</translation>
+    </message>
+    <message>
+        <source>Curves that are not on the canvas</source>
+        <translation>キャンバス上にないカーブ</translation>
+    </message>
+    <message>
+        <source>Shows only the curves whose names contain this text; Return puts the chosen ones on the canvas</source>
+        <translation>名前にこの文字列を含むカーブだけを表示します。Enter キーで選んだカーブをキャンバスに開きます</translation>
+    </message>
+    <message>
+        <source>Return or a double click puts the chosen curves on the canvas, Shift and Ctrl choose several</source>
+        <translation>Enter キーまたはダブルクリックで、選んだカーブをキャンバスに開きます。Shift と Ctrl で複数を選べます</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1405,6 +1436,18 @@ Do you want to replace it?</source>
     <message>
         <source>Shows only the curves whose names contain this text; the others stay on the canvas</source>
         <translation>名前にこの文字列を含むカーブだけを表示します。ほかのカーブはキャンバスに残ります</translation>
+    </message>
+    <message>
+        <source>Open curves…</source>
+        <translation>カーブを開く…</translation>
+    </message>
+    <message>
+        <source>Open curves</source>
+        <translation>カーブを開く</translation>
+    </message>
+    <message>
+        <source>Puts curves on the canvas (Insert in the list)</source>
+        <translation>カーブをキャンバスに開きます (リストで Insert キー)</translation>
     </message>
 </context>
 <context>

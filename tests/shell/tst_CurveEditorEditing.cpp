@@ -64,6 +64,67 @@ private Q_SLOTS:
         QVERIFY(closeBox().contains("cam.pam"));
     }
 
+    void plusOpensCurvesAsADropDoes()
+    {
+        EditorFixture& s = *fixture;
+        for (const QString name : {"b.y", "a.z", "b.hidden", "b.X"})
+            s.add(name);
+        CurveOptions hidden;
+        hidden.hidden = true;
+        s.editor.setCurveOptions("b", "hidden", hidden);
+        QStringList told;
+        const auto log = [&told](const char* what) {
+            return [&told, what](const QString& group, const QString& curve) {
+                told += QStringList{what, group, curve}.join(' ');
+            };
+        };
+        QObject::connect(&s.editor, &CurveEditor::curveOpened, log("opened"));
+        QObject::connect(&s.editor, &CurveEditor::currentCurveChanged, log("current"));
+        dropOn(*s.list.viewport(), "b.X");
+        const QStringList byDrop = std::exchange(told, {});
+        s.editor.slotRemoveFromEditing(s.list.selectedItem());
+        told.clear();
+
+        auto& field = *s.editor.findChild<QFrame*>("curveChooser");
+        auto& line = *field.findChild<QLineEdit*>();
+        auto& names = *field.findChild<QListView*>();
+        const auto offered = [&] {
+            QStringList texts;
+            for (int row = 0; row < names.model()->rowCount(); ++row)
+                texts += names.model()->index(row, 0).data().toString();
+            return texts.join(' ');
+        };
+        s.list.setFocus();
+        QVERIFY(s.takes(s.list, Qt::Key_Insert));
+        QTest::keyClick(&s.list, Qt::Key_Insert);
+        QVERIFY(field.isVisible() && line.hasFocus());
+        QCOMPARE(offered(), "a.z b.X b.y");
+        QTest::keyClicks(&line, "x");
+        QCOMPARE(offered(), "b.X");
+        QTest::keyClick(&line, Qt::Key_Return);
+        QVERIFY(!field.isVisible() && told == byDrop);
+
+        QTest::keyClick(&s.list, Qt::Key_Insert);
+        QCOMPARE(offered(), "a.z b.y");
+        QTest::keyClick(&line, Qt::Key_Escape);
+        QVERIFY(!field.isVisible() && s.editor.isVisible() && told == byDrop);
+        s.editor.action("openCurvesAction")->setVisible(false);
+        QTest::keyClick(&s.list, Qt::Key_Insert);
+        QVERIFY(!field.isVisible() && !s.button("openButton")->isVisible());
+        s.editor.action("openCurvesAction")->setVisible(true);
+        QTest::mouseClick(s.button("openButton"), Qt::LeftButton);
+        QTest::keyClick(&line, Qt::Key_Down, Qt::ShiftModifier); // into the names, two of them
+        QTest::keyClick(&names, Qt::Key_Z);
+        QCOMPARE(line.text(), "z");
+        QTest::keyClick(&line, Qt::Key_Backspace);
+        QTest::keyClick(&line, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(&names, Qt::Key_Return);
+        QVERIFY(s.list.topLevelItemCount() == 5 && s.current() == "b.y");
+        QTest::keyClick(&s.list, Qt::Key_Insert);
+        QTest::keyClick(&line, Qt::Key_Return); // nothing is left
+        QVERIFY(!field.isVisible() && s.list.topLevelItemCount() == 5);
+    }
+
     void menuOfTheListWorksOnTheRowUnderTheMouse()
     {
         enum Choice { Accepted, Cancelled, Removed };

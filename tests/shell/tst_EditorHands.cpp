@@ -461,8 +461,9 @@ private Q_SLOTS:
                     s.button("I vars"),          s.button("D vars"),           editor.commandLine};
             if (page < 2)
                 QCOMPARE(forth.mid(0, first.size()), first);
-            const QList<QWidget*> last{s.button("Edit"), s.button("Scale"),           s.button("Pan"),
-                                       &s.list,          editor.tabWidget2->tabBar(), &s.canvas};
+            const QList<QWidget*> last{
+                s.button("Edit"), s.button("Scale"),           s.button("Pan"), s.button("openButton"),
+                &s.list,          editor.tabWidget2->tabBar(), &s.canvas};
             QCOMPARE(forth.mid(forth.size() - last.size()), last);
         }
     }
