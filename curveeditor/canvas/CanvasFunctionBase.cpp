@@ -150,9 +150,12 @@ void CanvasFunctionBase::takeReport(const EditReport& report)
     const bool isPreview = report.phase == EditReport::Phase::Preview;
     curves_.markEdited(report, isPreview && viewport_ && door_.isOpen(viewport_->gesture.edit()));
     const QPointer<CanvasFunctionBase> guard(this);
+    const bool isHost = report.cause == EditReport::Cause::Host;
     const bool isStep = report.cause == EditReport::Cause::Undo || report.cause == EditReport::Cause::Redo;
     if (isStep)
         showStep(report);
+    else if (CurveNodeBase* const curve = curves_.find(*report.curve); curve && isHost)
+        curve->control().dropLostPoints();
     if (guard && report.cause != EditReport::Cause::Edit) {
         Q_EMIT selectionChanged(isStep);
         paint();

@@ -12,11 +12,6 @@ namespace curveeditor {
 
 namespace {
 
-std::uint64_t fingerprintOf(const CurveState& state)
-{
-    return state.spline.fingerprint() + std::hash<std::string>()(state.formula);
-}
-
 void boundPoints(SplineBase& spline, const std::vector<std::int32_t>& indices, const CurveOptions& options)
 {
     std::vector<PointSerial> strays;
@@ -47,6 +42,8 @@ CurveEdit::Id CurveEdit::begin(const QString& text, const Curves& curves)
 
 CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
 {
+    if (isShut_)
+        return 0;
     commit();
     std::erase_if(targets, [](const Target& target) { return target.curve->isLocked(); });
     isTrial_ = false;
@@ -86,12 +83,19 @@ const CurveEdit::Before* CurveEdit::find(const EditedCurve& curve) const
 {
     const auto found = std::find_if(before_.begin(), before_.end(),
                                     [&](const Before& before) { return before.curve.get() == &curve; });
-    return isOpen_ && found != before_.end() ? &*found : nullptr;
+    return isOpen() && found != before_.end() ? &*found : nullptr;
 }
 
 bool CurveEdit::isOpen(const EditedCurve& curve) const
 {
     return find(curve) != nullptr;
+}
+
+bool CurveEdit::isAtSplineOf(const EditedCurve& curve) const
+{
+    return isOpen() && std::any_of(before_.begin(), before_.end(), [&](const Before& before) {
+               return before.curve->spline() == curve.spline();
+           });
 }
 
 SplineBase* CurveEdit::spline(const EditedCurve& curve) const
@@ -101,11 +105,16 @@ SplineBase* CurveEdit::spline(const EditedCurve& curve) const
 
 void CurveEdit::bound(const EditedCurve& curve)
 {
-    const Before* const before = find(curve);
-    if (!before || !curve.spline() || !PointLimits::bind(curve.options))
-        return;
-    boundPoints(*curve.spline_, indicesOf(before->difference().pointsAfter(), *curve.spline()),
-                curve.options);
+    if (const Before* const before = find(curve))
+        bound(*before);
+}
+
+void CurveEdit::bound(const Before& before)
+{
+    const EditedCurve& curve = *before.curve;
+    if (curve.spline() && PointLimits::bind(curve.options))
+        boundPoints(*curve.spline_, indicesOf(before.difference().pointsAfter(), *curve.spline()),
+                    curve.options);
 }
 
 void CurveEdit::bound(const EditedCurve& curve, const PointDrag& drag)
@@ -118,7 +127,7 @@ void CurveEdit::bound(const EditedCurve& curve, const PointDrag& drag)
 void CurveEdit::boundAll()
 {
     for (const Before& before : before_)
-        bound(*before.curve);
+        bound(before);
 }
 
 void CurveEdit::preview(const EditedCurve& curve, const TimeInterval& touched)
@@ -133,19 +142,21 @@ void CurveEdit::preview(const EditedCurve& curve, const TimeInterval& touched)
 
 void CurveEdit::checkpoint()
 {
-    if (!isOpen_)
+    if (!isOpen())
         return;
     boundAll();
-    continueAboveForeignEntry();
-    const std::vector<EditHistory::Part> parts = changes();
+    const std::vector<EditHistory::Part> left = continueAboveForeignEntry();
+    const std::vector<EditHistory::Part> parts = checkpointParts_ = changes();
     checkpoint_.clear();
     for (const Before& before : before_) {
         checkpoint_.push_back({before.curve, before.own});
         checkpoint_.back().note();
     }
     const Id id = id_;
+    const QPointer<CurveEdit> guard(this);
     keepEntry(parts);
-    if (!isOpen(id) || before_.empty())
+    report(left, EditReport::Cause::Edit);
+    if (!guard || !isOpen(id) || before_.empty())
         return;
     TimeInterval touched =
         std::exchange(previewed_, parts.empty() ? TimeInterval() : parts.front().diff.touched());
@@ -155,23 +166,24 @@ void CurveEdit::checkpoint()
 
 CurveEdit::Curves CurveEdit::commit()
 {
+    if (!isOpen())
+        return {};
     if (isTrial_) {
         cancel();
         return {};
     }
-    if (!isOpen_)
-        return {};
     boundAll();
     return close();
 }
 
 CurveEdit::Curves CurveEdit::close()
 {
-    continueAboveForeignEntry();
+    std::vector<EditHistory::Part> told = continueAboveForeignEntry();
     isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
+    told.insert(told.end(), parts.begin(), parts.end());
     keepEntry(parts);
-    report(parts, EditReport::Phase::Commit, EditReport::Cause::Edit);
+    report(told, EditReport::Cause::Edit);
     Curves changed;
     for (const EditHistory::Part& part : parts)
         changed.push_back(part.curve);
@@ -180,13 +192,13 @@ CurveEdit::Curves CurveEdit::close()
 
 void CurveEdit::cancel()
 {
-    if (!isOpen_)
+    if (!isOpen())
         return;
     if (std::exchange(isTrial_, false) && isTriedCurveForeign()) {
         close();
         return;
     }
-    continueAboveForeignEntry();
+    const std::vector<EditHistory::Part> left = continueAboveForeignEntry();
     isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
     for (const Before& before : before_) {
@@ -195,7 +207,10 @@ void CurveEdit::cancel()
     }
     if (entry_ && history_.isOnTop(entry_))
         keepEntry({});
-    report(parts, EditReport::Phase::Commit, EditReport::Cause::Cancel);
+    const QPointer<CurveEdit> guard(this);
+    report(left, EditReport::Cause::Edit);
+    if (guard)
+        report(parts, EditReport::Cause::Cancel);
 }
 
 std::vector<EditHistory::Part> CurveEdit::changes() const
@@ -204,13 +219,9 @@ std::vector<EditHistory::Part> CurveEdit::changes() const
     for (const Before& before : before_) {
         if (!before.curve->spline())
             continue;
-        const CurveDiff diff = before.difference();
-        if (diff.isEmpty())
-            continue;
-        const std::uint64_t after = before.curve->fingerprint();
-        const std::uint64_t start =
-            before.own.empty() ? fingerprintOf(before.state) : after - diff.pointsShift();
-        parts.push_back({before.curve, diff, start, after});
+        const EditHistory::Part part = before.change();
+        if (!part.diff.isEmpty())
+            parts.push_back(part);
     }
     return parts;
 }
@@ -240,6 +251,19 @@ CurveDiff CurveEdit::Before::difference() const
     const SplineBase& spline = *curve->spline();
     return own.empty() ? CurveDiff::between(state, spline, curve->kind(), curve->formula())
                        : CurveDiff::between(ownPointsBack(), spline, curve->kind());
+}
+
+/// Nothing is in it but the difference where that is empty.
+EditHistory::Part CurveEdit::Before::change() const
+{
+    const CurveDiff diff = difference();
+    if (diff.isEmpty())
+        return {curve, diff};
+    const std::uint64_t after = curve->fingerprint();
+    const std::uint64_t start = own.empty()
+                                    ? state.spline.fingerprint() + std::hash<std::string>()(state.formula)
+                                    : after - diff.pointsShift();
+    return {curve, diff, start, after};
 }
 
 void CurveEdit::Before::takeBack() const
@@ -290,13 +314,15 @@ bool CurveEdit::Before::areInOrder(const Pointers& all) const
     });
 }
 
-// An entry that lies below another one can't grow any more: what follows it is an edit of its own.
-void CurveEdit::continueAboveForeignEntry()
+/// An entry that lies below another one can't grow any more: what follows it is an edit of its own. Gives what is in
+/// it then, which nobody has been told as done.
+std::vector<EditHistory::Part> CurveEdit::continueAboveForeignEntry()
 {
     if (!entry_ || history_.isOnTop(entry_))
-        return;
+        return {};
     entry_ = nullptr;
     before_ = std::exchange(checkpoint_, {});
+    return std::exchange(checkpointParts_, {});
 }
 
 // The stack runs foreign code, which may end this edit and begin another one.
@@ -310,13 +336,14 @@ void CurveEdit::keepEntry(const std::vector<EditHistory::Part>& parts)
         history_.amend(entry, parts);
 }
 
-void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,
-                       EditReport::Cause cause)
+void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::Cause cause)
 {
     const QPointer<CurveEdit> guard(this);
     for (const EditHistory::Part& part : parts) {
+        const CurveDiff told = cause == EditReport::Cause::Cancel ? CurveDiff() : part.diff;
         if (guard)
-            history_.tell({part.curve, part.diff.touched(), phase, cause, part.diff.pointsAfter()});
+            history_.tell({part.curve, part.diff.touched(), EditReport::Phase::Commit, cause,
+                           part.diff.pointsAfter(), std::make_shared<const CurveDiff>(told)});
     }
 }
 

@@ -6,7 +6,9 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace curveeditor {
@@ -54,11 +56,13 @@ public:
     Id tryOut(const QString& text, const std::shared_ptr<EditedCurve>& curve);
     /// Does nothing if that edit is not open any more.
     void keep(Id id);
-    bool isOpen() const { return isOpen_; }
+    bool isOpen() const { return isOpen_ && !isShut_; }
     /// Whether it is that edit which is open.
-    bool isOpen(Id id) const { return isOpen_ && id == id_; }
+    bool isOpen(Id id) const { return isOpen() && id == id_; }
     /// Whether an edit of that curve is.
     bool isOpen(const EditedCurve& curve) const;
+    /// Whether an edit is open of that curve, or of another one that shares its spline.
+    bool isAtSplineOf(const EditedCurve& curve) const;
 
     /// The spline of a curve of the open edit, to be written until the edit ends. Null for every other curve, and where
     /// there is none.
@@ -81,7 +85,17 @@ public:
     /// Takes the edit back and ends it.
     void cancel();
 
+    /// Lets the host's own code edit the spline of a curve, locked or not, in one go beside what is open at others;
+    /// nothing may be open at that spline. It is an entry, which joins the one on top if that has the same `merge`, not
+    /// 0, and one report of cause `Host`. What `work` throws passes on when all that it did is taken back. Returns false,
+    /// and does nothing, while the door is shut.
+    bool editForHost(const std::shared_ptr<EditedCurve>& curve, const QString& text,
+                     const std::function<void(SplineBase&)>& work, int merge);
+    /// Whether the host's code writes to a curve. Until it returns no edit opens or ends, as if none were open.
+    bool isShut() const { return isShut_; }
+
 private:
+    class Shut;
     /// What a curve was: all of it, or the points that are the edit's own.
     struct Before
     {
@@ -93,27 +107,31 @@ private:
 
         void note();
         CurveDiff difference() const;
+        EditHistory::Part change() const;
         void takeBack() const;
         using Pointers = std::vector<const SplineBase::PointInfo*>;
         Pointers ownPointsBack() const;
         bool areInOrder(const Pointers& all) const;
     };
 
+    using Join = std::pair<EditCommand*, std::vector<EditHistory::Part>>;
+    Join joined(int merge, const Before& before, const EditHistory::Part& part) const;
+    void bound(const Before& before);
     const Before* find(const EditedCurve& curve) const;
 
     void boundAll();
     Curves close();
     std::vector<EditHistory::Part> changes() const;
-    void continueAboveForeignEntry();
+    std::vector<EditHistory::Part> continueAboveForeignEntry();
     void keepEntry(const std::vector<EditHistory::Part>& parts);
-    void report(const std::vector<EditHistory::Part>& parts, EditReport::Phase phase,
-                EditReport::Cause cause);
+    void report(const std::vector<EditHistory::Part>& parts, EditReport::Cause cause);
     void interrupt();
     bool isTriedCurveForeign() const;
 
     EditHistory history_;
     Id id_ = 0;
     bool isOpen_ = false;
+    bool isShut_ = false;
     bool isTrial_ = false;
     std::uint64_t tried_ = 0; ///< fingerprint of the curve that is tried out, as the edit left it
     QString text_;
@@ -121,6 +139,7 @@ private:
     EditCommand* entry_ = nullptr;   ///< of the open edit; the stack's, which may have deleted it
     std::vector<Before> checkpoint_; ///< the curves when that entry was made or grew
     TimeInterval previewed_;         ///< of the last checkpoint
+    std::vector<EditHistory::Part> checkpointParts_; ///< what that entry holds
 };
 
 } // namespace curveeditor

@@ -7,8 +7,9 @@
 
 namespace curveeditor {
 
-EditCommand::EditCommand(EditHistory& history, const QString& text, std::vector<EditHistory::Part> parts)
-    : QUndoCommand(text), history_(&history), parts_(std::move(parts))
+EditCommand::EditCommand(EditHistory& history, const QString& text, std::vector<EditHistory::Part> parts,
+                         int merge)
+    : QUndoCommand(text), history_(&history), parts_(std::move(parts)), merge_(merge)
 {
     history.entries_.insert(this);
 }
@@ -86,8 +87,7 @@ void EditCommand::stepParts(EditReport::Cause cause)
             continue;
         if (part.curve->step(part.diff, !isUndo, stepped.count(part.curve->spline()) == 0)) {
             stepped.insert(part.curve->spline());
-            history_->tell({part.curve, part.diff.touched(), EditReport::Phase::Commit, cause,
-                            isUndo ? part.diff.pointsBefore() : part.diff.pointsAfter()});
+            history_->tellStep(part.curve, part.diff, !isUndo);
             continue;
         }
         const std::string& formula = isUndo ? part.diff.formulaBefore() : part.diff.formulaAfter();

@@ -11,9 +11,12 @@ namespace curveeditor {
 class EditCommand : public QUndoCommand
 {
 public:
-    EditCommand(EditHistory& history, const QString& text, std::vector<EditHistory::Part> parts);
+    EditCommand(EditHistory& history, const QString& text, std::vector<EditHistory::Part> parts, int merge);
     ~EditCommand() override;
 
+    const std::vector<EditHistory::Part>& parts() const { return parts_; }
+    /// The number of the host's edits that may join it; 0 for none.
+    int merge() const { return merge_; }
     void setParts(std::vector<EditHistory::Part> parts) { parts_ = std::move(parts); }
     /// The curve's parts do nothing from now on.
     void drop(const EditedCurve& curve);
@@ -33,6 +36,7 @@ private:
 
     QPointer<EditHistory> history_;
     std::vector<EditHistory::Part> parts_;
+    int merge_;
     bool isDoneAlready_ = true; ///< pushing an entry calls `redo` once
 };
 

@@ -177,9 +177,9 @@ void EditHistory::redo()
     stack()->redo();
 }
 
-EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts)
+EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts, int merge)
 {
-    return new EditCommand(*this, text, std::move(parts));
+    return new EditCommand(*this, text, std::move(parts), merge);
 }
 
 void EditHistory::push(EditCommand* entry)
@@ -197,6 +197,14 @@ bool EditHistory::isOnTop(EditCommand* entry) const
     const int index = present.index();
     return entries_.count(entry) > 0 && index > 0 && index == present.count() &&
            present.command(index - 1) == entry;
+}
+
+EditCommand* EditHistory::entryToJoin(int merge) const
+{
+    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](EditCommand* entry) {
+        return entry->merge() == merge && isOnTop(entry);
+    });
+    return merge != 0 && !stack()->isClean() && found != entries_.end() ? *found : nullptr;
 }
 
 void EditHistory::amend(EditCommand* entry, std::vector<Part> parts)
@@ -219,6 +227,14 @@ void EditHistory::tell(const EditReport& report)
         pending_.push_back(report);
     else
         Q_EMIT reported(report);
+}
+
+void EditHistory::tellStep(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, bool forward)
+{
+    tell({curve, diff.touched(), EditReport::Phase::Commit,
+          forward ? EditReport::Cause::Redo : EditReport::Cause::Undo,
+          forward ? diff.pointsAfter() : diff.pointsBefore(),
+          std::make_shared<const CurveDiff>(forward ? diff : diff.inverse())});
 }
 
 void EditHistory::finishStep()

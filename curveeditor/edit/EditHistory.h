@@ -33,6 +33,8 @@ struct EditReport
     Phase phase = Phase::Commit;
     Cause cause = Cause::Edit;
     std::vector<PointSerial> points = {}; ///< those that changed and are there now
+    /// What leads from the curve at the commit before to this one; null at a preview.
+    std::shared_ptr<const CurveDiff> diff = nullptr;
 };
 
 /// The curves of one editor, and the entries of an undo stack that lead back to what they were.
@@ -91,17 +93,21 @@ public:
     void leaveStack();
 
     /// An entry for what is done already, to be given to `push`, which hands it to the stack. That can't take it while
-    /// it steps, and the edit then has none.
-    EditCommand* makeEntry(const QString& text, std::vector<Part> parts);
+    /// it steps, and the edit then has none. `merge` is a number of the host's, or 0.
+    EditCommand* makeEntry(const QString& text, std::vector<Part> parts, int merge = 0);
     void push(EditCommand* entry);
     /// Whether it is that entry which the stack would take back next; it may be gone.
     bool isOnTop(EditCommand* entry) const;
+    /// The entry on top, if it is one of this history and has that number; else, and where the stack is clean, null.
+    EditCommand* entryToJoin(int merge) const;
     /// Gives an entry that is on top other parts, or without any takes it off the stack.
     void amend(EditCommand* entry, std::vector<Part> parts);
 
     /// Tells of an edit: at once, or while the stack steps when it has done so, since who hears of it may do
     /// anything with the stack.
     void tell(const EditReport& report);
+    /// The same of a step over `diff`.
+    void tellStep(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, bool forward);
 
 Q_SIGNALS:
     /// An entry is about to change curves: whoever has an edit under way ends it now.

@@ -9,8 +9,9 @@ enum class EditPhase {
 
 /// Where a change of a curve comes from.
 enum class EditCause {
-    Edit,  ///< the user edited the curve
-    Undo,  ///< the undo stack took an edit back ...
-    Redo,  ///< ... or did it again
-    Cancel ///< the user took back what was previewed
+    Edit,   ///< the user edited the curve
+    Undo,   ///< the undo stack took an edit back ...
+    Redo,   ///< ... or did it again
+    Cancel, ///< the user took back what was previewed
+    Host    ///< the host edited the curve, see `CurveEditor::edit`
 };

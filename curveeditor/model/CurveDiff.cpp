@@ -215,6 +215,11 @@ bool CurveDiff::revert(SplineBase& spline) const
     return d_->inverse().apply(spline);
 }
 
+CurveDiff CurveDiff::inverse() const
+{
+    return CurveDiff(std::make_shared<const Private>(d_->inverse()));
+}
+
 std::uint64_t CurveDiff::pointsShift() const
 {
     std::uint64_t shift = 0;

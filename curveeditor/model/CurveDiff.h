@@ -86,6 +86,9 @@ public:
     bool revert(SplineBase& spline) const;
     /// @}
 
+    /// What leads back: `apply` of it is `revert` of this.
+    CurveDiff inverse() const;
+
     /// The times at which the value of the curve may differ: around each point that differs, at its old and
     /// its new place. Everything if kind or formula differ; nothing if only the default value does.
     const TimeInterval& touched() const;

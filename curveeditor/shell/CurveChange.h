@@ -3,8 +3,12 @@
 
 #include <curveeditor/edit/EditPhase.h>
 
+#include <curveeditor/model/CurveDiff.h>
+
 #include <QMetaType>
 #include <QString>
+
+#include <memory>
 
 /// What an edit did to a curve, as `CurveEditor::curveEdited` tells it. A value.
 struct CurveChange
@@ -24,6 +28,9 @@ struct CurveChange
 
     Phase phase = Phase::Commit; ///< write an undo entry of your own on `Commit` only
     Cause cause = Cause::Edit;   ///< `Cancel` leaves the curve as it was before the previews
+    /// What leads from the curve as it was at the `Commit` before to what it is now, also where an edit was taken back;
+    /// without content at `Cancel`, and null at `Preview`. To be kept, and given to `CurveEditor::apply`.
+    std::shared_ptr<const CurveDiff> diff = nullptr;
 };
 
 Q_DECLARE_METATYPE(CurveChange)

@@ -142,7 +142,7 @@ public:
     /// that is not known has the options of a new one. Options to which no value keeps, as with ends in the wrong
     /// order or without a multiple of the step between them, and those with a number that is not finite or a step
     /// below 0.0 change nothing. A lock ends first what the user is at with that curve, as
-    /// release and leaving do. While it holds `curveHasChanged` comes for undo and redo alone.
+    /// release and leaving do. While it holds `curveHasChanged` comes for undo, redo and `edit` alone.
     void setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options);
     CurveOptions curveOptions(const QString& group, const QString& curve) const;
     /// @}
@@ -266,6 +266,23 @@ public:
     void addEditAction(QAction* action);
     void addListAction(QAction* action);
     /// @}
+
+    // Edits of the host
+
+    /// Lets `work` edit the spline of a registered curve as one step of the user's is: with one entry on the undo stack,
+    /// named `text`, one `curveEdited` of cause `Host`, and one `curveHasChanged`; none of them if nothing changed. The
+    /// curve may be locked, hidden or off the canvas; of one that shows a formula the spline beneath is edited. Points
+    /// that are written keep to the values and types of `CurveOptions`. What the user is at with that spline, a drag
+    /// say, is committed first; what goes on elsewhere goes on.
+    ///
+    /// An edit with the same `merge` as that of the entry on top of the stack, and not 0, joins it, also one of another
+    /// curve: a recording is one entry then. `work` is called at once and may take the curve away, which leaves
+    /// no entry. What it throws passes on, and the curve is as it was before.
+    ///
+    /// Returns whether `work` was called: not without one, for a curve that is not known, or within the `work` of
+    /// another edit, in which undo, redo and commands of the user do nothing either.
+    bool edit(const QString& group, const QString& curve, const QString& text,
+              const std::function<void(SplineBase&)>& work, int merge = 0);
 
     // Time, frames, font
 
@@ -491,7 +508,8 @@ Q_SIGNALS:
     void curveHasChanged(QString& nodeName, QString& curveName);
 
     /// A curve has changed, and when: at each step of a drag, once when an edit is done, when it is taken back or
-    /// done again. Not for selections, nor for calls of the host. The slot may call every operation here.
+    /// done again. Not for selections, nor for calls of the host but `edit`. The slot may call every operation
+    /// here.
     void curveEdited(const CurveChange& change);
     /// @{
     /// A curve came onto the canvas, or left it.

@@ -155,6 +155,8 @@ struct CurveEditor::Private final : DependencyCheck
     void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
     void setColor(NodeStruct* record, const QColor& color);
 
+    std::shared_ptr<EditedCurve> contentOf(const QString& name) const;
+    bool endHandsAt(const QString& name);
     void tellEdit(const EditReport& report);
     void showStepTexts();
     CurveName nameOf(const CurveNodeBase* curve) const;

@@ -32,12 +32,6 @@ bool isBelowGroup(const QTreeWidgetItem* item)
     return item && item->parent();
 }
 
-/// Null without a record.
-std::shared_ptr<EditedCurve> contentOf(const CurveEditor::NodeStruct* record, EditHistory& history)
-{
-    return record ? history.curve(record->name, record->spline, record->function) : nullptr;
-}
-
 template <typename Record, typename Test>
 Record* firstRecord(const std::vector<std::unique_ptr<Record>>& list, Test test)
 {
@@ -214,33 +208,22 @@ void CurveEditor::Private::renameRecord(NodeStruct& record, const QString& nodeN
     if (unfinishedTexts.contains(oldName))
         unfinishedTexts.insert(record.name, unfinishedTexts.take(oldName));
     functionEdit->canvas.renameCurve(oldName, record.name);
-    EditHistory& history = functionEdit->canvas.door().history();
-    history.rename(oldName, record.name);
-    EditingList::setCurveName(record.editingItem, record.name, contentOf(&record, history)->options.toolTip);
+    functionEdit->canvas.door().history().rename(oldName, record.name);
+    EditingList::setCurveName(record.editingItem, record.name, contentOf(record.name)->options.toolTip);
 }
 
-// A host that hears of what ends may take the curve away.
 void CurveEditor::setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options)
 {
     if (!PointLimits::areSound(options))
         return;
     const QString name = fullName(group, curve);
-    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
-    EditHistory& history = canvas.door().history();
-    const std::shared_ptr<EditedCurve> edited = contentOf(d_->nodeOfName.value(name), history);
-    const QPointer<CurveEditor> guard(this);
-    if (edited && (options.locked || options.hidden) && canvas.door().isOpen(*edited)) {
-        for (const auto& changed : canvas.settle()) {
-            if (CurveNodeBase* const told = guard ? canvas.findCurve(changed->name) : nullptr)
-                told->emitCurveChanged();
-        }
-    }
-    if (!guard)
+    if ((options.locked || options.hidden) && !d_->endHandsAt(name))
         return;
     const NodeStruct* const record = d_->nodeOfName.value(name);
     if (!record)
         return;
-    const std::shared_ptr<EditedCurve> content = contentOf(record, history);
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    const std::shared_ptr<EditedCurve> content = d_->contentOf(name);
     const bool changesLook = content->isLocked() != options.locked;
     content->options = options;
     EditingList::setCurveLocked(record->editingItem, options.locked);
@@ -256,8 +239,7 @@ void CurveEditor::setCurveOptions(const QString& group, const QString& curve, co
 
 CurveOptions CurveEditor::curveOptions(const QString& group, const QString& curve) const
 {
-    const std::shared_ptr<EditedCurve> present =
-        contentOf(d_->nodeOfName.value(fullName(group, curve)), d_->functionEdit->canvas.door().history());
+    const std::shared_ptr<EditedCurve> present = d_->contentOf(fullName(group, curve));
     return present ? present->options : CurveOptions();
 }
 

@@ -25,6 +25,8 @@ void CurveEditor::setUndoStack(QUndoStack* stack)
 void CurveEditor::undo()
 {
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    if (canvas.door().isShut())
+        return;
     if (canvas.cancelGesture())
         canvas.paint();
     else
@@ -33,7 +35,8 @@ void CurveEditor::undo()
 
 void CurveEditor::redo()
 {
-    if (!d_->functionEdit->gesture.isAtPoints())
+    const bool isBusy = d_->functionEdit->gesture.isAtPoints() || d_->functionEdit->canvas.door().isShut();
+    if (!isBusy)
         d_->functionEdit->canvas.door().history().redo();
 }
 
@@ -67,12 +70,14 @@ void CurveEditor::Private::tellEdit(const EditReport& report)
     change.timeLast = report.touched.last;
     change.phase = report.phase;
     change.cause = report.cause;
-    const bool isStep = change.cause == CurveChange::Cause::Undo || change.cause == CurveChange::Cause::Redo;
+    change.diff = report.diff;
+    const bool isByHand =
+        change.cause == CurveChange::Cause::Edit || change.cause == CurveChange::Cause::Cancel;
     const QPointer<CurveEditor> guard(&editor);
     const std::shared_ptr<EditedCurve> curve = report.curve;
     const HostCalls::Call call(hostCalls());
     Q_EMIT editor.curveEdited(change);
-    if (!isStep || !guard || !editor.searchAllNodeList(curve->name))
+    if (isByHand || !guard || !editor.searchAllNodeList(curve->name))
         return;
     auto [nodeName, curveName] = CurveNodeBase::reportedNames(curve->name);
     Q_EMIT editor.curveHasChanged(nodeName, curveName);

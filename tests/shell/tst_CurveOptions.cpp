@@ -197,7 +197,10 @@ private Q_SLOTS:
         s.editor.updateCurves();
         const auto before = s.states();
         std::optional<double> strayed;
+        auto copies = before; // which follow the edits by their differences
         connect(&s.editor, &CurveEditor::curveEdited, &s.canvas, [&](const CurveChange& change) {
+            if (change.phase == CurveChange::Phase::Commit)
+                QVERIFY(change.diff->apply(copies[change.group + '.' + change.curve]));
             if (!strayed && change.cause == CurveChange::Cause::Edit)
                 strayed = straying(before, s.states());
         });
@@ -207,9 +210,10 @@ private Q_SLOTS:
         QCOMPARE(straying(before, s.states()), std::nullopt);
         QCOMPARE(Invariants::fault(s.editor), QString());
         QVERIFY(s.entries() > 0 || s.commits.isEmpty());
+        QVERIFY(copies == s.states());
         while (s.editor.undoStack()->canUndo())
             s.editor.undo();
-        QVERIFY(s.states() == before);
+        QVERIFY(s.states() == before && copies == before);
     }
 
     void valuesAreBounded()

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/edit/CurveEdit.h>
+
+#include <curveeditor/edit/EditCommand.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace curveeditor {
+
+namespace {
+
+bool isSharedByOther(const std::vector<EditHistory::Part>& parts, const EditedCurve& curve)
+{
+    return std::any_of(parts.begin(), parts.end(), [&](const EditHistory::Part& part) {
+        return part.curve.get() != &curve && part.curve->spline() == curve.spline();
+    });
+}
+
+} // namespace
+
+/// Shuts the door while it lives, or until the host deletes the editor.
+class CurveEdit::Shut
+{
+    Q_DISABLE_COPY_MOVE(Shut)
+
+public:
+    explicit Shut(CurveEdit& door) : door_(&door) { door.isShut_ = true; }
+    ~Shut()
+    {
+        if (door_)
+            door_->isShut_ = false;
+    }
+
+private:
+    QPointer<CurveEdit> door_;
+};
+
+bool CurveEdit::editForHost(const std::shared_ptr<EditedCurve>& curve, const QString& text,
+                            const std::function<void(SplineBase&)>& work, int merge)
+{
+    if (isShut_ || !curve->spline())
+        return false;
+    curve->mend();
+    Before before{curve, {}};
+    before.note();
+    const QPointer<CurveEdit> guard(this);
+    try {
+        const HostCalls::Call call(history_.hostCalls);
+        const Shut shut(*this);
+        work(*curve->spline_);
+    } catch (...) {
+        if (guard)
+            before.takeBack();
+        throw;
+    }
+    if (!guard || !curve->spline())
+        return true;
+    curve->mend();
+    bound(before);
+    const EditHistory::Part part = before.change();
+    if (part.diff.isEmpty())
+        return true;
+    if (auto [entry, parts] = joined(merge, before, part); entry)
+        history_.amend(entry, std::move(parts));
+    else
+        history_.push(history_.makeEntry(text, {part}, merge));
+    if (guard)
+        report({part}, EditReport::Cause::Host);
+    return true;
+}
+
+/// The entry on top of that number, and what is in it together with `part`; null where they can't be one step.
+CurveEdit::Join CurveEdit::joined(int merge, const Before& before, const EditHistory::Part& part) const
+{
+    EditCommand* const entry = history_.entryToJoin(merge);
+    if (!entry || isSharedByOther(entry->parts(), *part.curve))
+        return {};
+    std::vector<EditHistory::Part> parts = entry->parts();
+    const auto same = std::find_if(parts.begin(), parts.end(),
+                                   [&](const auto& other) { return other.curve == part.curve; });
+    if (same == parts.end()) {
+        parts.push_back(part);
+        return {entry, parts};
+    }
+    CurveState first = before.state;
+    if (same->isDead || same->after != part.before || !same->diff.revert(first))
+        return {};
+    same->diff = CurveDiff::between(first, part.curve->state());
+    same->after = part.after;
+    if (same->diff.isEmpty())
+        parts.erase(same);
+    return {entry, parts};
+}
+
+} // namespace curveeditor

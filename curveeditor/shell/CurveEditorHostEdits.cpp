@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include <curveeditor/shell/CurveEditorPrivate.h>
+
+#include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/shell/FunctionEditor.h>
+
+using namespace curveeditor;
+
+namespace {
+
+QString hostsName(const QString& group, const QString& curve)
+{
+    return group + QLatin1Char('.') + curve;
+}
+
+} // namespace
+
+/// Null for a name that is not registered.
+std::shared_ptr<EditedCurve> CurveEditor::Private::contentOf(const QString& name) const
+{
+    const NodeStruct* const record = nodeOfName.value(name);
+    EditHistory& history = functionEdit->canvas.door().history();
+    return record ? history.curve(record->name, record->spline, record->function) : nullptr;
+}
+
+/// Ends what the user is at with the spline of that curve. Returns false where a host that hears of it has deleted the
+/// editor.
+bool CurveEditor::Private::endHandsAt(const QString& name)
+{
+    CanvasFunctionBase& canvas = functionEdit->canvas;
+    const std::shared_ptr<EditedCurve> content = contentOf(name);
+    if (!content || !canvas.door().isAtSplineOf(*content))
+        return true;
+    const QPointer<CurveEditor> guard(&editor);
+    const CurveEdit::Curves ended = canvas.settle();
+    for (const auto& changed : ended) {
+        if (CurveNodeBase* const told = guard ? canvas.findCurve(changed->name) : nullptr)
+            told->emitCurveChanged();
+    }
+    return guard;
+}
+
+bool CurveEditor::edit(const QString& group, const QString& curve, const QString& text,
+                       const std::function<void(SplineBase&)>& work, int merge)
+{
+    const QString name = hostsName(group, curve);
+    if (!work || !d_->endHandsAt(name))
+        return false;
+    const std::shared_ptr<EditedCurve> content = d_->contentOf(name);
+    return content && d_->functionEdit->canvas.door().editForHost(content, text, work, merge);
+}
