@@ -328,8 +328,9 @@ std::vector<EditHistory::Part> CurveEdit::continueAboveForeignEntry()
 // The stack runs foreign code, which may end this edit and begin another one.
 void CurveEdit::keepEntry(const std::vector<EditHistory::Part>& parts)
 {
-    EditCommand* const entry = entry_ ? entry_ : parts.empty() ? nullptr : history_.makeEntry(text_, parts);
-    const bool isNew = !std::exchange(entry_, parts.empty() ? nullptr : entry);
+    const bool isNeeded = !parts.empty() && history_.keepsEntries();
+    EditCommand* const entry = entry_ ? entry_ : isNeeded ? history_.makeEntry(text_, parts) : nullptr;
+    const bool isNew = !std::exchange(entry_, isNeeded ? entry : nullptr);
     if (entry && isNew)
         history_.push(entry);
     else if (entry)

@@ -163,6 +163,25 @@ void EditHistory::connectStack(QUndoStack* stack)
     connect(stack, &QUndoStack::indexChanged, this, &EditHistory::finishStep, Qt::UniqueConnection);
 }
 
+void EditHistory::setKeepsEntries(bool on)
+{
+    keepsEntries_ = on;
+    const QPointer<EditHistory> guard(this);
+    if (!on)
+        leaveStack();
+    if (guard)
+        Q_EMIT stackChanged();
+}
+
+bool EditHistory::apply(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, bool forward)
+{
+    if (!curve->isAt(diff, forward) || !curve->step(diff, forward, true))
+        return false;
+    if (!diff.isEmpty())
+        tellStep(curve, diff, forward);
+    return true;
+}
+
 void EditHistory::undo()
 {
     Q_EMIT aboutToStep();
@@ -185,7 +204,7 @@ EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts
 void EditHistory::push(EditCommand* entry)
 {
     const HostCalls::Call call(hostCalls);
-    if (isStepping_)
+    if (isStepping_ || !keepsEntries_)
         delete entry;
     else
         stack()->push(entry);

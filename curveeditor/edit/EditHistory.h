@@ -84,6 +84,14 @@ public:
     QUndoStack* stack() const;
     void setStack(QUndoStack* stack);
 
+    /// Whether entries are kept, as they are at first. Switched off, those that are there go.
+    bool keepsEntries() const { return keepsEntries_; }
+    void setKeepsEntries(bool on);
+
+    /// Makes of the curve before `diff` the one behind it, or the other way about, and tells it as a step. Returns false,
+    /// and changes nothing, if what differs is not as it was left.
+    bool apply(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, bool forward);
+
     /// Step back and forth, passing over entries that do nothing any more.
     void undo();
     void redo();
@@ -93,7 +101,7 @@ public:
     void leaveStack();
 
     /// An entry for what is done already, to be given to `push`, which hands it to the stack. That can't take it while
-    /// it steps, and the edit then has none. `merge` is a number of the host's, or 0.
+    /// it steps or where none is kept, and the edit then has none. `merge` is a number of the host's, or 0.
     EditCommand* makeEntry(const QString& text, std::vector<Part> parts, int merge = 0);
     void push(EditCommand* entry);
     /// Whether it is that entry which the stack would take back next; it may be gone.
@@ -133,6 +141,7 @@ private:
     std::unordered_set<EditCommand*> entries_; ///< on whatever stack they are
     std::vector<EditReport> pending_;          ///< told when the stack has done its step
     std::vector<std::pair<QString, QString>> lostFormulas_;
+    bool keepsEntries_ = true;
     bool isRemoving_ = false;
     bool isStepping_ = false;
 };

@@ -116,6 +116,13 @@ bool EditedCurve::restore(const CurveState& state)
                           [&] { return !spline_ || spline_->assign(state.spline); });
 }
 
+bool EditedCurve::isAt(const CurveDiff& diff, bool forward) const
+{
+    const bool changesFormula = diff.formulaBefore() != diff.formulaAfter();
+    return kind_ == (forward ? diff.kindBefore() : diff.kindAfter()) &&
+           (!changesFormula || formula() == (forward ? diff.formulaBefore() : diff.formulaAfter()));
+}
+
 bool EditedCurve::step(const CurveDiff& diff, bool forward, bool stepsSpline)
 {
     const std::string& before = forward ? diff.formulaBefore() : diff.formulaAfter();

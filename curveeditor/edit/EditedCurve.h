@@ -66,6 +66,8 @@ public:
     void reset(double value);
     /// Takes the whole state. Returns false, and changes nothing, if its formula can't be had any more.
     bool restore(const CurveState& state);
+    /// Whether kind and formula are as `diff` has left them, which `step` takes as they are.
+    bool isAt(const CurveDiff& diff, bool forward) const;
     /// Makes of the curve before `diff` the one behind it, or the other way about; without the spline if another curve that
     /// shares it has stepped already. Returns false, and changes nothing, if the formula can't be had any more or the
     /// spline is not as `diff` has left it.

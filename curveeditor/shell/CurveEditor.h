@@ -284,6 +284,20 @@ public:
     bool edit(const QString& group, const QString& curve, const QString& text,
               const std::function<void(SplineBase&)>& work, int merge = 0);
 
+    /// Whether edits are kept on the undo stack, as they are at first. A host that has commands of its own, of whatever
+    /// kind, switches it off: the entries that are there go and no new ones come, and where the user asks for a step
+    /// `undoRequested` or `redoRequested` is emitted instead. The host keeps `CurveChange::diff` of each `Commit` of cause
+    /// `Edit` or `Host`, and steps by `apply`.
+    void setKeepsHistory(bool on);
+    /// Does `diff` to a registered curve, or if not `forward` takes it back, as a step of the undo stack does: a lock does
+    /// not keep it, the points that it changed become selected, and `curveEdited` tells it with cause `Redo` or `Undo`,
+    /// and `curveHasChanged` too. What the user is at with that spline is committed first. While the undo stack is kept
+    /// its entries of that curve go, as after a change by the host.
+    ///
+    /// Returns false, and changes nothing, for a curve that is not known, within the `work` of `edit`, and where what
+    /// `diff` changes is not as it has left it, or its formula can't be parsed any more.
+    bool apply(const QString& group, const QString& curve, const CurveDiff& diff, bool forward);
+
     // Time, frames, font
 
     /// Frames per time unit.
@@ -432,7 +446,8 @@ public Q_SLOTS:
 
     /// @{
     /// Take the last edit of the undo stack back, or do it again. The points that it changed become selected, and
-    /// its curve the current one if it is on the canvas. During a drag of points `undo` takes the drag back.
+    /// its curve the current one if it is on the canvas. During a drag of points `undo` takes the drag back. After
+    /// `setKeepsHistory(false)` they commit what the user types and ask the host for the step.
     void undo();
     void redo();
     /// @}
@@ -511,6 +526,11 @@ Q_SIGNALS:
     /// done again. Not for selections, nor for calls of the host but `edit`. The slot may call every operation
     /// here.
     void curveEdited(const CurveChange& change);
+    /// @{
+    /// The user asks for a step back or forth, by key or menu, and the editor keeps no history; see `setKeepsHistory`.
+    void undoRequested();
+    void redoRequested();
+    /// @}
     /// @{
     /// A curve came onto the canvas, or left it.
     void curveOpened(const QString& nodeName, const QString& curveName);

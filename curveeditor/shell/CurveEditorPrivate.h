@@ -159,6 +159,7 @@ struct CurveEditor::Private final : DependencyCheck
     bool endHandsAt(const QString& name);
     void tellEdit(const EditReport& report);
     void showStepTexts();
+    bool handsStepsOn(void (CurveEditor::*request)());
     CurveName nameOf(const CurveNodeBase* curve) const;
     void tellCurrentCurve();
     void tellView();

@@ -22,6 +22,15 @@ void CurveEditor::setUndoStack(QUndoStack* stack)
     d_->functionEdit->canvas.door().history().setStack(stack);
 }
 
+void CurveEditor::setKeepsHistory(bool on)
+{
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    const QPointer<CurveEditor> guard(this);
+    canvas.settle();
+    if (guard)
+        canvas.door().history().setKeepsEntries(on);
+}
+
 void CurveEditor::undo()
 {
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
@@ -29,15 +38,30 @@ void CurveEditor::undo()
         return;
     if (canvas.cancelGesture())
         canvas.paint();
-    else
+    else if (!d_->handsStepsOn(&CurveEditor::undoRequested))
         canvas.door().history().undo();
 }
 
 void CurveEditor::redo()
 {
-    const bool isBusy = d_->functionEdit->gesture.isAtPoints() || d_->functionEdit->canvas.door().isShut();
-    if (!isBusy)
-        d_->functionEdit->canvas.door().history().redo();
+    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
+    if (!canvas.door().isShut() && !d_->functionEdit->gesture.isAtPoints() &&
+        !d_->handsStepsOn(&CurveEditor::redoRequested))
+        canvas.door().history().redo();
+}
+
+/// Where no entries are kept the host is asked for the step.
+bool CurveEditor::Private::handsStepsOn(void (CurveEditor::*request)())
+{
+    if (functionEdit->canvas.door().history().keepsEntries())
+        return false;
+    const QPointer<CurveEditor> guard(&editor);
+    const HostCalls::Call call(hostCalls());
+    functionEdit->nodeForm.stopDrags();
+    functionEdit->canvas.settle();
+    if (guard)
+        Q_EMIT(editor.*request)();
+    return true;
 }
 
 void CurveEditor::Private::showStepTexts()
@@ -47,12 +71,13 @@ void CurveEditor::Private::showStepTexts()
     const QUndoStack& stack = *editor.undoStack();
     QAction* const undo = actionOf(&CurveEditor::undo);
     QAction* const redo = actionOf(&CurveEditor::redo);
-    undo->setText(stack.undoText().isEmpty() ? CurveEditor::tr("Undo")
-                                             : CurveEditor::tr("Undo %1").arg(stack.undoText()));
-    redo->setText(stack.redoText().isEmpty() ? CurveEditor::tr("Redo")
-                                             : CurveEditor::tr("Redo %1").arg(stack.redoText()));
-    undo->setEnabled(stack.canUndo());
-    redo->setEnabled(stack.canRedo());
+    const bool isHosts = !functionEdit->canvas.door().history().keepsEntries();
+    undo->setText(isHosts || stack.undoText().isEmpty() ? CurveEditor::tr("Undo")
+                                                        : CurveEditor::tr("Undo %1").arg(stack.undoText()));
+    redo->setText(isHosts || stack.redoText().isEmpty() ? CurveEditor::tr("Redo")
+                                                        : CurveEditor::tr("Redo %1").arg(stack.redoText()));
+    undo->setEnabled(isHosts || stack.canUndo());
+    redo->setEnabled(isHosts || stack.canRedo());
 }
 
 void CurveEditor::Private::tellEdit(const EditReport& report)

@@ -31,7 +31,44 @@ struct HostScene : Scene
     QString told;
 };
 
+/// A host with commands of its own.
+struct CommandScene : HostScene
+{
+    struct Command
+    {
+        QString group, curve;
+        std::shared_ptr<const CurveDiff> diff;
+    };
+    CommandScene()
+    {
+        editor.setKeepsHistory(false);
+        QObject::connect(&editor, &CurveEditor::curveEdited, &canvas, [this](const CurveChange& change) {
+            const bool isNew =
+                change.cause == CurveChange::Cause::Edit || change.cause == CurveChange::Cause::Host;
+            if (isNew && change.diff)
+                done.push_back({change.group, change.curve, change.diff}), undone.clear();
+        });
+        QObject::connect(&editor, &CurveEditor::undoRequested, [this] { step(done, undone, false); });
+        QObject::connect(&editor, &CurveEditor::redoRequested, [this] { step(undone, done, true); });
+    }
+    void step(std::vector<Command>& from, std::vector<Command>& to, bool forward)
+    {
+        const Command command = from.back();
+        QVERIFY(editor.apply(command.group, command.curve, *command.diff, forward));
+        to.push_back(command), from.pop_back();
+    }
+
+    std::vector<Command> done, undone;
+};
+
 using HostDeed = std::function<void(HostScene&)>;
+
+void lock(HostScene& s, const QString& curve)
+{
+    CurveOptions options;
+    options.locked = true;
+    s.editor.setCurveOptions("a", curve, options);
+}
 
 void change(HostScene& s, void (*change)(CurveOptions&))
 {
@@ -52,7 +89,7 @@ private Q_SLOTS:
         const Rows<HostDeed> row;
         row("current", [](HostScene& s) { s.clickPoint(); });
         row("another one", [](HostScene& s) { s.turnTo("a.y"); });
-        row("locked", [](HostScene& s) { change(s, [](CurveOptions& options) { options.locked = true; }); });
+        row("locked", [](HostScene& s) { lock(s, "x"); });
         row("hidden", [](HostScene& s) { change(s, [](CurveOptions& options) { options.hidden = true; }); });
         row("beneath a formula", [](HostScene& s) { s.enter("2 T"); });
     }
@@ -135,6 +172,61 @@ private Q_SLOTS:
         QCOMPARE(s.entries(), 6);
     }
 
+    void hostKeepsTheHistory()
+    {
+        CommandScene s;
+        const auto before = s.states();
+        s.drag(5.0, 1.0, 6.0, 2.0).press(6.0, 2.0).move(6.0, 3.0).key(Qt::Key_Z, ctrl).release(6.0, 3.0);
+        s.edit("y", 3.0, 7), s.edit("y", 4.0, 7);
+        s.key(Qt::Key_A, ctrl).key(Qt::Key_Delete);
+        s.enter("2 T").turnTo("a.y").editor.setLastNodeLoop();
+        const QAction* const undo = entryOf(*s.menu("Edit"), "Undo");
+        QVERIFY(s.entries() == 0 && s.done.size() == 6 && undo->text() == "Undo" && undo->isEnabled());
+        s.clickPoint().press(5.0, 4.0).release(5.0, 4.0).type(s.editor.posY, "3");
+        s.key(Qt::Key_Z, ctrl); // what was typed is a step
+        QVERIFY(s.done.size() == 6 && s.undone.size() == 1);
+        const auto after = s.states();
+        lock(s, "x");
+        while (!s.done.empty())
+            s.editor.undo();
+        QVERIFY(s.states() == before && s.isSound());
+        s.key(Qt::Key_Y, ctrl);
+        QVERIFY(s.changes.last() == "a/x" && s.control().hasSelection() &&
+                s.lastCause == CurveChange::Cause::Redo);
+        while (s.undone.size() > 1)
+            s.editor.redo();
+        QVERIFY(s.states() == after && s.isSound() && s.showsWhatIsDrawnFromScratch());
+    }
+
+    void differenceOfAnotherStateIsRefused()
+    {
+        CommandScene s;
+        s.edit("x", 3.0);
+        const CurveDiff edit = *s.done.back().diff;
+        const auto refuses = [&](const CurveDiff& diff, bool forward, const QString& curve = "x") {
+            const auto before = s.states();
+            s.takeTold();
+            return !s.editor.apply("a", curve, diff, forward) && s.states() == before &&
+                   s.takeTold().isEmpty();
+        };
+        QVERIFY(refuses(edit, true) && refuses(edit, false, "y") && refuses(edit, false, "nobody"));
+        s.editor.edit("a", "x", {}, [&](SplineBase&) { QVERIFY(!s.editor.apply("a", "x", edit, false)); });
+        QVERIFY(s.editor.apply("a", "x", CurveDiff(), false) && s.takeTold() == "xH ");
+        s.press(8.0, -1.0).move(9.0, -2.0);
+        QVERIFY(s.editor.apply("a", "x", edit, false) && s.takeTold() == "xE xU " && s.x[1]->pos == 1.0);
+        s.release(9.0, -2.0).enter("2 T");
+        const CurveDiff formula = *s.done.back().diff;
+        QVERIFY(refuses(edit, true)); // beneath a formula
+        s.enter("3 T");
+        QVERIFY(refuses(formula, false));
+        s.editor.setKeepsHistory(true);
+        s.edit("y", 5.0);
+        QVERIFY(s.entries() == 1 && s.isSound());
+        s.editor.setKeepsHistory(false);
+        s.editor.undo();
+        QVERIFY(s.entries() == 0 && s.takeTold().endsWith("yU "));
+    }
+
     void optionsHold()
     {
         HostScene s;
@@ -158,11 +250,7 @@ private Q_SLOTS:
             },
             true, true);
         row(
-            "options",
-            [](HostScene& s, SplineBase&) {
-                change(s, [](CurveOptions& options) { options.locked = true; });
-            },
-            true, true);
+            "options", [](HostScene& s, SplineBase&) { lock(s, "x"); }, true, true);
         row(
             "takes points",
             [](HostScene&, SplineBase& spline) {
