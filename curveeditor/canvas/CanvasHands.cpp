@@ -273,7 +273,9 @@ void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& h
         isGuided ? guide.guided(mouse, view, gesture.keys.axis, held.has(Qt::ControlModifier)) : mouse;
     std::vector<std::pair<std::shared_ptr<EditedCurve>, TimeInterval>> touched;
     for (Gesture::Drag& drag : gesture.drags()) {
-        touched.emplace_back(drag.curve, drag.points.step(*door.spline(*drag.curve), place, scaling, view));
+        TimeInterval times = door.beginStep(*drag.curve);
+        times.unite(drag.points.step(*door.spline(*drag.curve), place, scaling, view));
+        touched.emplace_back(drag.curve, times);
         door.bound(*drag.curve, drag.points);
         Selection& selection = curves_.find(*drag.curve)->control().selection();
         if (selection.hasMultiple())
@@ -281,6 +283,8 @@ void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& h
         selection.giveUpListOfOne();
     }
     const CurveEdit::Id edit = gesture.edit();
+    for (auto& [curve, times] : touched)
+        times.unite(door.constrain(*curve));
     for (const auto& [curve, times] : touched) {
         if (door.isOpen(edit))
             door.preview(*curve, times);

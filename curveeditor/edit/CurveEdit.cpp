@@ -54,8 +54,10 @@ CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
     before_.resize(targets.size());
     for (std::size_t i = 0; i < targets.size(); ++i) {
         before_[i].curve = std::move(targets[i].curve);
-        before_[i].own = std::move(targets[i].own);
+        before_[i].own =
+            before_[i].curve->constraint ? std::vector<PointSerial>() : std::move(targets[i].own);
         before_[i].curve->mend();
+        before_[i].curve->constrained = {};
         before_[i].note();
     }
     isOpen_ = !before_.empty();
@@ -124,10 +126,13 @@ void CurveEdit::bound(const EditedCurve& curve, const PointDrag& drag)
     boundPoints(*curve.spline_, drag.indices(*curve.spline()), curve.options);
 }
 
-void CurveEdit::boundAll()
+/// What holds for the curves, to be kept by what the edit has written.
+void CurveEdit::holdAll()
 {
-    for (const Before& before : before_)
+    for (const Before& before : before_) {
         bound(before);
+        constrain(before);
+    }
 }
 
 void CurveEdit::preview(const EditedCurve& curve, const TimeInterval& touched)
@@ -144,7 +149,7 @@ void CurveEdit::checkpoint()
 {
     if (!isOpen())
         return;
-    boundAll();
+    holdAll();
     const std::vector<EditHistory::Part> left = continueAboveForeignEntry();
     const std::vector<EditHistory::Part> parts = checkpointParts_ = changes();
     checkpoint_.clear();
@@ -172,7 +177,7 @@ CurveEdit::Curves CurveEdit::commit()
         cancel();
         return {};
     }
-    boundAll();
+    holdAll();
     return close();
 }
 

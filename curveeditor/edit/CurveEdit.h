@@ -25,7 +25,8 @@ class PointDrag;
 /// undo stack, and one report. An edit that changed nothing leaves neither. One edit is open at a time.
 ///
 /// An edit that runs while foreign code may run, such as a drag, names the points of each curve that are its own:
-/// what the host changes beside them in the meantime is neither part of the edit nor taken back with it.
+/// what the host changes beside them in the meantime is neither part of the edit nor taken back with it. All of a
+/// curve that has a constraint is the edit's own.
 class CurveEdit : public QObject
 {
     Q_OBJECT
@@ -75,6 +76,15 @@ public:
     void bound(const EditedCurve& curve);
     void bound(const EditedCurve& curve, const PointDrag& drag);
     /// @}
+    /// To be called before each step but the first of an edit that lasts: takes back what the constraint of the curve wrote
+    /// in the step before, so that none builds on another. What the host has changed meanwhile stays. Gives the times at
+    /// which the curve may have changed by that.
+    TimeInterval beginStep(const EditedCurve& curve);
+    /// Lets the host's constraint of the curve write what follows from what the open edit has written, which keeps to the
+    /// options too. Nothing happens where the edit has changed no spline yet. `checkpoint` and `commit` do it by
+    /// themselves, as with `bound`. Gives the times at which the curve may have changed by that. It runs foreign
+    /// code, for which the door is shut, and which may take curves away; linear in the points.
+    TimeInterval constrain(const EditedCurve& curve);
     /// Reports a step of the open edit at one of its curves; nothing if it is not open for that.
     void preview(const EditedCurve& curve, const TimeInterval& touched);
     /// Makes what is done so far an entry, which grows with the edit, and reports it as a step: for an edit that
@@ -117,9 +127,11 @@ private:
     using Join = std::pair<EditCommand*, std::vector<EditHistory::Part>>;
     Join joined(int merge, const Before& before, const EditHistory::Part& part) const;
     void bound(const Before& before);
+    TimeInterval constrain(const Before& before);
+    void runConstraint(EditedCurve& curve);
     const Before* find(const EditedCurve& curve) const;
 
-    void boundAll();
+    void holdAll();
     Curves close();
     std::vector<EditHistory::Part> changes() const;
     std::vector<EditHistory::Part> continueAboveForeignEntry();

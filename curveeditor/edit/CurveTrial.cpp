@@ -36,6 +36,9 @@ bool CurveTrial::show(const SplineState& spline)
     const CurveState last = curve_->state();
     door_->spline(*curve_)->assign(spline);
     door_->bound(*curve_);
+    door_->constrain(*curve_);
+    if (!curve_->spline())
+        return false;
     curve_->spline()->copyTo(shown_);
     fingerprintShown_ = curve_->fingerprint();
     door_->preview(*curve_,

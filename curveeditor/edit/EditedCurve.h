@@ -31,6 +31,9 @@ public:
 
     QString name;         ///< the full name: group, ".", curve
     CurveOptions options; ///< the host's; sound, see `PointLimits`
+    /// The host's, see `CurveEdit::constrain`; null for none.
+    std::function<void(SplineBase&)> constraint;
+    CurveDiff constrained; ///< what that wrote last in the open edit
 
     /// No edit of it opens.
     bool isLocked() const { return options.locked; }

@@ -58,6 +58,9 @@ bool CurveEdit::editForHost(const std::shared_ptr<EditedCurve>& curve, const QSt
         return true;
     curve->mend();
     bound(before);
+    constrain(before);
+    if (!guard || !curve->spline())
+        return true;
     const EditHistory::Part part = before.change();
     if (part.diff.isEmpty())
         return true;
@@ -68,6 +71,52 @@ bool CurveEdit::editForHost(const std::shared_ptr<EditedCurve>& curve, const QSt
     if (guard)
         report({part}, EditReport::Cause::Host);
     return true;
+}
+
+TimeInterval CurveEdit::beginStep(const EditedCurve& curve)
+{
+    const Before* const before = find(curve);
+    if (!before || !curve.spline())
+        return {};
+    const CurveDiff last = std::exchange(before->curve->constrained, {});
+    return last.revert(*curve.spline_) ? last.touched() : TimeInterval();
+}
+
+TimeInterval CurveEdit::constrain(const EditedCurve& curve)
+{
+    const Before* const before = find(curve);
+    return before ? constrain(*before) : TimeInterval();
+}
+
+TimeInterval CurveEdit::constrain(const Before& before)
+{
+    const std::shared_ptr<EditedCurve> curve = before.curve;
+    if (!curve->constraint || !curve->spline() || isShut_ || !before.own.empty() ||
+        before.state.spline.fingerprint() == fingerprintOf(*curve->spline()))
+        return {};
+    const CurveState last = curve->state();
+    runConstraint(*curve);
+    if (!curve->spline())
+        return {};
+    curve->mend();
+    bound(before);
+    curve->constrained = CurveDiff::between(last, curve->state());
+    return curve->constrained.touched();
+}
+
+/// One that throws has written nothing.
+void CurveEdit::runConstraint(EditedCurve& curve)
+{
+    const SplineState last = curve.spline()->state();
+    const auto mend = curve.constraint; // it may give the curve another one
+    const HostCalls::Call call(history_.hostCalls);
+    const Shut shut(*this);
+    try {
+        mend(*curve.spline_);
+    } catch (...) {
+        if (curve.spline())
+            curve.spline_->assign(last);
+    }
 }
 
 /// The entry on top of that number, and what is in it together with `part`; null where they can't be one step.

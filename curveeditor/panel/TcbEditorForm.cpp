@@ -226,6 +226,7 @@ void TcbEditorForm::writeNumber(CustomEditLine* sender, const Row& row, double n
     const SplineBase::PointInfo point = *currentControl_->pointAt(editableIndex());
     if (!beginEdit(sender, point))
         return;
+    door_->beginStep(*currentControl_->curve());
     SplineEdits::write(*currentControl_->openSpline(), point.serial, row.field, number);
     written_ = number;
     door_->checkpoint();

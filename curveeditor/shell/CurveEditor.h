@@ -146,6 +146,20 @@ public:
     void setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options);
     CurveOptions curveOptions(const QString& group, const QString& curve) const;
     /// @}
+    /// Lets the host have the last word on each step of an edit: `mend` gets the spline of the curve after each step of a
+    /// drag, each number typed or tolerance tried out, and before the edit is done, `edit` included, and
+    /// writes what follows from it, as slopes from neighbours, or times on whole frames. That belongs to the edit: to its
+    /// entry, `CurveChange::diff`, the times that `curveEdited` tells, and to what Escape takes back. It keeps to the
+    /// values and types of `CurveOptions`, and points that it put out of order are put in order.
+    ///
+    /// Each step of a drag, and each number typed, begins without what `mend` wrote in the one before: a point that was
+    /// pushed away by another comes back when that goes back. It is
+    /// not called for undo, redo and `apply`, nor where the spline has not changed, and may be called twice for the same
+    /// state. What the host writes to the spline by other ways during such an edit is part of it.
+    ///
+    /// Null takes it away. A `mend` that throws has written nothing, and the step stays as it was made. It must not delete
+    /// the editor; what it calls here edits nothing. The constraint is that of the name, and ends with the curve's removal.
+    void setConstraint(const QString& group, const QString& curve, std::function<void(SplineBase&)> mend);
     /// Gives a registered curve another colour, as the user can. A colour that is not valid changes nothing.
     void setCurveColor(const QString& group, const QString& curve, const QColor& color);
     /// Gives a group's row a picture. This dialog shows no such row, so nothing is seen.

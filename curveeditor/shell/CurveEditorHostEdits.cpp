@@ -40,6 +40,16 @@ bool CurveEditor::Private::endHandsAt(const QString& name)
     return guard;
 }
 
+void CurveEditor::setConstraint(const QString& group, const QString& curve,
+                                std::function<void(SplineBase&)> mend)
+{
+    const QString name = hostsName(group, curve);
+    if (!d_->endHandsAt(name))
+        return;
+    if (const std::shared_ptr<EditedCurve> content = d_->contentOf(name))
+        content->constraint = std::move(mend);
+}
+
 bool CurveEditor::edit(const QString& group, const QString& curve, const QString& text,
                        const std::function<void(SplineBase&)>& work, int merge)
 {

@@ -26,7 +26,8 @@ CurveOptions steps(double lowest, double highest, double step)
     return options;
 }
 
-/// The first value that was edited and is no multiple of 0.7 within 2.8, on both sides of 0, or that of a Tcb point.
+/// The first value that was edited and is no multiple of 0.7 within 2.8, on both sides of 0, or that of a Tcb point or
+/// of one in an edited curve with a tension that is not its time.
 std::optional<double> straying(std::map<QString, CurveState> before, std::map<QString, CurveState> after)
 {
     for (const auto& [name, curve] : after) {
@@ -35,6 +36,8 @@ std::optional<double> straying(std::map<QString, CurveState> before, std::map<QS
             const double steps = point.pos / 0.7;
             const bool isOld = std::any_of(old.begin(), old.end(),
                                            [&](const auto& other) { return isSamePoint(point, other); });
+            if (curve.spline != before[name].spline && point.tension != point.time)
+                return point.pos;
             if (!isOld && (point.type == SplineBase::Tcb || std::abs(steps - std::round(steps)) > 1e-9 ||
                            std::abs(point.pos) > 2.81))
                 return point.pos;
@@ -191,8 +194,13 @@ private Q_SLOTS:
         Scene s;
         CurveOptions options = steps(-3.1, 3.1, 0.7);
         options.types = {SplineBase::Bezier, SplineBase::Linear};
-        for (const QString curve : {"x", "y", "z"})
+        for (const QString curve : {"x", "y", "z"}) {
             s.editor.setCurveOptions("a", curve, options);
+            s.editor.setConstraint("a", curve, [](SplineBase& spline) {
+                for (unsigned i = 0; i < spline.getControlPointsNumber(); ++i)
+                    spline.modify(i)->tension = spline[i]->time;
+            });
+        }
         s.x.modify(1)->tanRight = 2.0;
         s.editor.updateCurves();
         const auto before = s.states();

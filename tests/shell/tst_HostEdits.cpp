@@ -2,6 +2,8 @@
 #include "EditorScene.h"
 #include "Invariants.h"
 
+#include <curveeditor/model/CurveFit.h>
+
 namespace {
 
 /// An editor whose host keeps copies of the curves, which follow the edits by their differences alone.
@@ -225,6 +227,107 @@ private Q_SLOTS:
         s.editor.setKeepsHistory(false);
         s.editor.undo();
         QVERIFY(s.entries() == 0 && s.takeTold().endsWith("yU "));
+    }
+
+    void slopesFollowAndTimesAreWholeFrames()
+    {
+        HostScene s;
+        const auto before = s.states();
+        const auto mend = [&s](SplineBase& spline) {
+            const double fps = s.editor.getFps();
+            const auto& points = spline.getControlPoints();
+            for (std::size_t i = 0; i < points.size(); ++i) {
+                SplineBase::PointInfo& point = *spline.modify(i);
+                point.time = std::round(point.time * fps) / fps;
+                point.type = SplineBase::Bezier;
+                point.tanLeft = point.tanRight =
+                    CurveFit::smoothSlope(i > 0 ? points[i - 1] : nullptr, point, spline[unsigned(i + 1)]);
+            }
+        };
+        for (const QString curve : {"x", "y", "nobody"})
+            s.editor.setConstraint("a", curve, mend);
+        s.click(5.0, 1.0);
+        QVERIFY(s.states() == before && s.entries() == 0);
+        const QPoint nearby = s.pixel(6.0, 2.0) + QPoint(3, 0); // off the frame
+        s.press(5.0, 1.0).mouse(QEvent::MouseMove, nearby);
+        QVERIFY(s.x[1]->time == 6.0 && s.x[0]->tanRight > 0.2 && s.x[2]->tanLeft < -1.0);
+        QVERIFY(s.intervals.last() == QPointF(-infinity, infinity) && s.showsWhatIsDrawnFromScratch());
+        s.key(Qt::Key_Escape);
+        QVERIFY(s.states() == before && s.isSound());
+        s.press(5.0, 1.0).mouse(QEvent::MouseMove, nearby).release(6.0, 2.0);
+        QVERIFY(s.x[2]->tanLeft < -1.0 && s.entries() == 1 && s.isSound());
+        s.editor.undo();
+        QVERIFY(s.states() == before);
+        s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).press(5.0, 1.0).mouse(QEvent::MouseMove, nearby);
+        s.release(6.0, 2.0);
+        QVERIFY(s.x[1]->time == 6.0 && s.curves["a.y"].spline[1]->tanLeft < 0.0 && s.entries() == 1 &&
+                s.isSound());
+        const auto rise = [&s] {
+            return (s.x[1]->pos - s.x[0]->pos) / (s.x[1]->time - s.x[0]->time);
+        };
+        QVERIFY(s.edit("x", 3.0) && s.x[1]->tanLeft == 0.0 && s.x[0]->tanRight == rise());
+        s.editor.setConstraint("a", "x", nullptr);
+        QVERIFY(s.edit("x", 4.0) && s.x[0]->tanRight < rise());
+    }
+
+    void pushedPointsComeBack()
+    {
+        HostScene s;
+        s.editor.setConstraint("a", "x", [](SplineBase& spline) {
+            for (unsigned i = 1; i < spline.getControlPointsNumber(); ++i)
+                spline.modify(i)->time = std::max(spline[i]->time, spline[i - 1]->time + 2.0);
+        });
+        const auto before = s.states();
+        s.press(5.0, 1.0).move(7.0, 1.0);
+        QCOMPARE(s.x[2]->time, s.x[1]->time + 2.0);
+        s.x.modify(0u)->pos = 0.25; // the host's
+        s.move(5.0, 1.0).release(5.0, 1.0);
+        QVERIFY(s.x[2]->time == 8.0 && s.x[0]->pos == 0.25);
+        s.editor.undo();
+        s.clickPoint().type(s.editor.posX, "70");
+        s.type(s.editor.posX, "55");
+        s.canvas.setFocus();
+        QVERIFY(s.x[1]->time == 5.5 && s.x[2]->time == 8.0 && s.isSound());
+        s.editor.undo();
+        QVERIFY(s.states() == before);
+    }
+
+    void whatAConstraintMustNotDoDoesNoHarm_data()
+    {
+        const Rows<HostDeed> row;
+        row("throws", [](HostScene& s) {
+            s.x.reset();
+            throw 1;
+        });
+        row("removes", [](HostScene& s) { s.editor.removeCurve("a", "x"); });
+        row("ends itself", [](HostScene& s) { s.editor.setConstraint("a", "x", {}); });
+        row("edits",
+            [](HostScene& s) { QVERIFY(!s.edit("y", 3.0)), s.editor.undo(), s.editor.resetAllCheckedF(); });
+    }
+    void whatAConstraintMustNotDoDoesNoHarm()
+    {
+        const auto [deed] = Rows<HostDeed>::present();
+        const Deed hands[] = {
+            [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); },
+            [](Scene& s) { s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).drag(5.0, 1.0, 6.0, 2.0); },
+            [](Scene& s) { s.clickPoint().type(s.editor.posY, "3"), s.canvas.setFocus(); },
+            [](Scene& s) { s.clickPoint().key(Qt::Key_Delete); },
+            [](Scene& s) {
+                static_cast<HostScene&>(s).edit("x", 3.0);
+            }};
+        for (const Deed& hand : hands) {
+            HostScene s;
+            const auto before = s.states();
+            s.editor.setConstraint("a", "x", [&, deed = deed](SplineBase&) { deed(s); });
+            hand(s);
+            QVERIFY(Invariants::fault(s.editor).isEmpty() && s.showsWhatIsDrawnFromScratch());
+            if (!s.editor.searchAllNodeList("a.x"))
+                continue;
+            QVERIFY(s.isSound() && s.entries() > 0);
+            while (s.editor.undoStack()->canUndo())
+                s.editor.undo();
+            QVERIFY(s.states() == before);
+        }
     }
 
     void optionsHold()
