@@ -52,6 +52,15 @@ bool PointLimits::allow(const CurveOptions& options, std::int32_t type)
            std::find(options.types.begin(), options.types.end(), type) != options.types.end();
 }
 
+std::optional<SplineBase::NodeType> PointLimits::fitType(const CurveOptions& options)
+{
+    for (const SplineBase::NodeType type : {SplineBase::Bezier, SplineBase::Linear}) {
+        if (allow(options, type))
+            return type;
+    }
+    return std::nullopt;
+}
+
 bool PointLimits::bind(const CurveOptions& options)
 {
     const CurveOptions none;

@@ -3,6 +3,7 @@
 
 #include <curveeditor/edit/CurveOptions.h>
 
+#include <optional>
 #include <span>
 
 namespace curveeditor {
@@ -16,6 +17,8 @@ bool areSound(const CurveOptions& options);
 bool bind(const CurveOptions& options);
 /// Whether points may have that `SplineBase::NodeType`.
 bool allow(const CurveOptions& options, std::int32_t type);
+/// The type of the points that fits make: `Bezier`, or else `Linear`; none where neither is allowed.
+std::optional<SplineBase::NodeType> fitType(const CurveOptions& options);
 /// The nearest value that keeps to sound options. Finite, for one that is.
 double bounded(const CurveOptions& options, double value);
 /// How far `bounded` moves the one of the points that it moves farthest.

@@ -2,6 +2,7 @@
 #include <curveeditor/model/CurveFit.h>
 
 #include <curveeditor/model/HermiteFit.h>
+#include <curveeditor/model/LinearFit.h>
 
 #include <algorithm>
 #include <cmath>
@@ -27,12 +28,12 @@ constexpr std::size_t mostZeros = 1200;
 constexpr int mostFits = 8;
 constexpr double nextTolerance = 0.7;
 
-PointInfo bezierPoint(double time, double value)
+PointInfo pointAt(double time, double value, SplineBase::NodeType type)
 {
     PointInfo point;
     point.time = time;
     point.pos = value;
-    point.type = SplineBase::Bezier;
+    point.type = type;
     return point;
 }
 
@@ -68,8 +69,13 @@ FitSamples usable(const std::vector<double>& times, const std::vector<double>& v
 
 void appendPiece(std::vector<PointInfo>& points, const FitSamples& samples, const Options& options)
 {
+    if (options.type == SplineBase::Linear) {
+        for (const std::size_t knot : linearKnots(samples, options.tolerance))
+            points.push_back(pointAt(samples.times[knot], samples.values[knot], options.type));
+        return;
+    }
     for (const FitKnot& knot : HermiteFit(samples, options.tolerance, options.monotone).knots()) {
-        points.push_back(bezierPoint(samples.times[knot.sample], knot.value));
+        points.push_back(pointAt(samples.times[knot.sample], knot.value, options.type));
         points.back().tanLeft = knot.left;
         points.back().tanRight = knot.right;
     }
@@ -93,11 +99,11 @@ std::vector<PointInfo> fittedPoints(const FitSamples& samples, const Options& op
 }
 
 /// A point for each sample.
-std::vector<PointInfo> allPoints(const FitSamples& samples)
+std::vector<PointInfo> allPoints(const FitSamples& samples, SplineBase::NodeType type)
 {
     std::vector<PointInfo> points;
     for (std::size_t i = 0; i < samples.times.size(); ++i)
-        points.push_back(bezierPoint(samples.times[i], samples.values[i]));
+        points.push_back(pointAt(samples.times[i], samples.values[i], type));
     for (std::size_t i = 0; i < points.size(); ++i) {
         points[i].tanLeft = points[i].tanRight = CurveFit::smoothSlope(
             i > 0 ? &points[i - 1] : nullptr, points[i], i + 1 < points.size() ? &points[i + 1] : nullptr);
@@ -165,7 +171,7 @@ SplineState withSpan(const SplineBase& spline, std::size_t first, std::size_t la
     holdSlopes(spline, last + 1, points);
     points[first].tanRight = span.front().tanRight;
     points[last].tanLeft = span.back().tanLeft;
-    points[last].type = SplineBase::Bezier;
+    points[last].type = span.back().type;
     const auto between = points.begin() + std::ptrdiff_t(first) + 1;
     const auto end = points.erase(between, points.begin() + std::ptrdiff_t(last));
     points.insert(end, span.begin() + 1, span.end() - 1);
@@ -259,6 +265,8 @@ Result CurveFit::fit(const std::vector<double>& times, const std::vector<double>
 {
     if (!isTolerance(options.tolerance))
         return refusal(Status::BadTolerance);
+    if (options.type != SplineBase::Bezier && options.type != SplineBase::Linear)
+        return refusal(Status::BadType);
     if (times.size() != values.size())
         return refusal(Status::SizesDiffer);
     const FitSamples samples = usable(times, values);
@@ -271,7 +279,7 @@ Result CurveFit::fit(const std::vector<double>& times, const std::vector<double>
     result.spline.points = fittedPoints(samples, options);
     result.deviation = deviationFrom(samples, result.spline);
     if (result.deviation > options.tolerance) {
-        result.spline.points = allPoints(samples);
+        result.spline.points = allPoints(samples, options.type);
         result.deviation = deviationFrom(samples, result.spline);
     }
     return result;
@@ -326,9 +334,7 @@ Result CurveFit::bake(const std::function<double(double)>& function, const Steps
     if (status != Status::Done)
         return refusal(status);
     Result result;
-    result.spline.points = allPoints(usable(times, valuesOf(function, times)));
-    for (PointInfo& point : result.spline.points)
-        point.type = type;
+    result.spline.points = allPoints(usable(times, valuesOf(function, times)), type);
     result.status = result.spline.points.empty() ? Status::NoSamples : Status::Done;
     return result;
 }

@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-/// Few `Bezier` points for many samples.
+/// Few points for many samples: `Bezier` ones, or `Linear` ones.
 ///
 /// The results are values: give them to a spline with `SplineBase::assign`, which makes the serials of their
 /// points. All functions may run on several threads at once. Times are in time units, values and tolerances in
@@ -24,7 +24,8 @@ enum class Status {
     BadTolerance,  ///< negative, or not a number
     BadRange,      ///< steps that are not finite or not greater than zero, or that end before they begin
     TooManyPoints, ///< more steps than `stepLimit`
-    NotWhole       ///< a spline that could not be assigned as it is; see `SplineBase::mend`
+    NotWhole,      ///< a spline that could not be assigned as it is; see `SplineBase::mend`
+    BadType        ///< a fit is asked for of points that are neither `Bezier` nor `Linear`
 };
 
 /// What the curve has to keep to.
@@ -35,6 +36,8 @@ struct Options
     /// Between two points, where the samples rise or stand still, so does the curve; where they fall, likewise.
     /// So monotone samples make a monotone curve.
     bool monotone = false;
+    /// Of the points that are made: `Bezier` or `Linear`.
+    SplineBase::NodeType type = SplineBase::Bezier;
 };
 
 /// A curve, or why there is none.
@@ -48,7 +51,7 @@ struct Result
     bool isDone() const { return status == Status::Done; }
 };
 
-/// The curve of few `Bezier` points that is nowhere further than the tolerance from a sample, in the sense of
+/// The curve of few points that is nowhere further than the tolerance from a sample, in the sense of
 /// least squares near the samples, and that stops at its ends.
 ///
 /// Kept as points with exactly their value: the first and the last sample, and those where the samples turn, if
@@ -59,6 +62,7 @@ struct Result
 /// - A step between two samples makes a point at each. Samples at the same time are a step: the curve arrives at
 ///   the first of them and leaves from the last; those between are passed over.
 /// - With tolerance 0.0 the curve goes through all samples.
+/// - `Linear` points stand on samples: each as far from the one before as a straight line reaches.
 /// - Samples whose time or value is not finite are passed over.
 ///
 /// Between samples the curve leaves the range of those around by half of it and the tolerance at most.
@@ -75,7 +79,7 @@ CURVEEDITOR_EXPORT Result fit(const std::vector<double>& times, const std::vecto
 CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, const Options& options);
 /// The same for the points from one index to another alone: the result is the whole curve, in which those at both
 /// ends and outside keep their serials. Outside, the curve keeps its shape; a `Tcb` segment that ends there becomes
-/// `Bezier`, and loses its ease. Indices of less than two points give `NoSamples`.
+/// `Bezier`, whatever the type of the fit, and loses its ease. Indices of less than two points give `NoSamples`.
 CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, std::size_t first, std::size_t last,
                                    const Options& options);
 /// How many samples `simplify` takes between two points of the spline.
@@ -96,7 +100,7 @@ constexpr std::size_t stepLimit = 1'000'000;
 /// Steps at which the function is not finite are passed over. What the function throws goes through.
 CURVEEDITOR_EXPORT Result bake(const std::function<double(double)>& function, const Steps& steps,
                                SplineBase::NodeType type);
-/// The same with as few `Bezier` points as `fit` finds.
+/// The same with as few points as `fit` finds.
 CURVEEDITOR_EXPORT Result bake(const std::function<double(double)>& function, const Steps& steps,
                                const Options& options);
 

@@ -58,8 +58,8 @@ void BakeDialog::addKinds()
         if (PointLimits::allow(options, type.number))
             kind_->addItem(QString(), type.number);
     }
-    if (PointLimits::allow(options, SplineBase::Bezier))
-        kind_->addItem(QString()); // of which fits are made
+    if (PointLimits::fitType(options))
+        kind_->addItem(QString()); // a fit
     kind_->setCurrentIndex(std::max(0, kind_->findData(SplineBase::Bezier)));
     addField("kind", kind_);
     tolerance_ = addNumber("tolerance", usualTolerance(0.0, 1.0));
@@ -118,6 +118,14 @@ FitDialog::Outcome BakeDialog::work()
     return outcomeOf(*times);
 }
 
+CurveFit::Options BakeDialog::fitOptions() const
+{
+    CurveFit::Options options;
+    options.tolerance = tolerance_->number().value_or(0.0);
+    options.type = PointLimits::fitType(curve()->curve()->options).value_or(options.type);
+    return options;
+}
+
 // Frames are whole numbers, so steps are made in what is shown.
 CurveFit::Result BakeDialog::bake(const CurveFit::Steps& times)
 {
@@ -136,7 +144,7 @@ CurveFit::Result BakeDialog::bake(const CurveFit::Steps& times)
         return value;
     };
     CurveFit::Result result =
-        isFitted() ? CurveFit::bake(function, times, {tolerance_->number().value_or(0.0), false})
+        isFitted() ? CurveFit::bake(function, times, fitOptions())
                    : CurveFit::bake(function, times, SplineBase::NodeType(kind_->currentData().toInt()));
     for (SplineBase::PointInfo& point : result.spline.points) {
         point.time /= shownPerTime_;

@@ -32,6 +32,7 @@ private:
     bool isFitted() const;
     /// In the times that are shown.
     std::optional<CurveFit::Steps> steps() const;
+    CurveFit::Options fitOptions() const;
     CurveFit::Result bake(const CurveFit::Steps& steps);
     Outcome outcomeOf(const CurveFit::Steps& steps) const;
 

@@ -66,10 +66,11 @@ FitDialog::Outcome SimplifyDialog::work()
 
 FitDialog::Outcome SimplifyDialog::simplify(double tolerance)
 {
-    if (!PointLimits::allow(curve()->curve()->options, SplineBase::Bezier))
-        return {tr("This makes Bezier points, which the curve may not have."), false};
+    const auto type = PointLimits::fitType(curve()->curve()->options);
+    if (!type)
+        return {tr("This makes Bezier or Linear points, which the curve may not have."), false};
     const CurveFit::Result result =
-        CurveFit::simplify(original_, first_, last_, {tolerance, monotone_->isChecked()});
+        CurveFit::simplify(original_, first_, last_, {tolerance, monotone_->isChecked(), *type});
     const std::size_t count = last_ - first_ + 1;
     const std::size_t rest = original_.getControlPointsNumber() - count;
     const std::size_t left = result.spline.points.size() - rest;

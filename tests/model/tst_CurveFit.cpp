@@ -40,7 +40,8 @@ class tst_CurveFit : public QObject
 {
     Q_OBJECT
 
-    using Fits = Rows<Numbers, Numbers, double, int>; // times, values, tolerance, the most points
+    using Fits =
+        Rows<Numbers, Numbers, double, int, int>; // times, values, tolerance, the most points of either type
 
 private Q_SLOTS:
     void isNearAllSamplesWithFewPoints_data()
@@ -52,37 +53,43 @@ private Q_SLOTS:
         const Numbers triangle = sampled([](double t) { return std::abs(std::remainder(t, 200.0)); }, 1001);
         const Numbers square = sampled([](double t) { return double(std::fmod(t, 200.0) < 100.0); }, 1000);
         const Fits row;
-        row("one sample", {4.0}, {5.0}, 0.0, 1);
-        row("two samples", {4.0, 6.0}, {5.0, -5.0}, 0.0, 2);
-        row("line", wholeTimes(500), sampled([](double t) { return 3.0 - 0.1 * t; }, 500), 1e-12, 2);
-        row("standing still", wholeTimes(500), Numbers(500, 0.1), 0.0, 2);
-        row("wave", wholeTimes(1000), wave, 0.001, 23);
-        row("short times", sampled([](double t) { return 1e-200 * t; }, 1000), wave, 0.001, 23);
+        row("one sample", {4.0}, {5.0}, 0.0, 1, 1);
+        row("two samples", {4.0, 6.0}, {5.0, -5.0}, 0.0, 2, 2);
+        row("line", wholeTimes(500), sampled([](double t) { return 3.0 - 0.1 * t; }, 500), 1e-12, 2, 2);
+        row("standing still", wholeTimes(500), Numbers(500, 0.1), 0.0, 2, 2);
+        row("wave", wholeTimes(1000), wave, 0.001, 23, 23);
+        row("short times", sampled([](double t) { return 1e-200 * t; }, 1000), wave, 0.001, 23, 23);
         row("huge values", wholeTimes(1000),
-            sampled([](double t) { return huge * std::sin(t / 50.0); }, 1000), 1.0, 1000);
-        row("bells", wholeTimes(471), bells, 0.00178, 14);
-        row("any distance", wholeTimes(1000), wave, infinity, 2);
-        row("each value", wholeTimes(1000), wave, 0.0, 1000);
-        row("corners", wholeTimes(1001), triangle, 0.1, 11);
-        row("steps", wholeTimes(1000), square, 0.001, 20);
-        row("noise", wholeTimes(2000), noise(2000), 1.0, 2000);
-        row("within the noise", wholeTimes(2000), noise(2000), 600.0, 40);
-        row("time step", {0.0, 1.0, 2.0, 2.0, 2.0, 3.0, 4.0}, {0.0, 1.0, 2.0, 9.0, 5.0, 4.0, 3.0}, 1e-9, 4);
-        row("steps at both ends", {1.0, 1.0, 2.0, 2.0}, {0.0, 1.0, 1.0, 3.0}, 0.0, 4);
-        row("gaps", {0.0, notANumber, 1.0, infinity, 2.0}, {0.0, 7.0, notANumber, 7.0, 2.0}, 0.0, 2);
-        row("huge numbers", {-huge, 0.0, 1.0, 2.0, huge}, {-huge, huge, -huge, huge, 1.0}, 1.0, 5);
-        row("tiny numbers", {0.0, 5e-324, 1e-323, 1.0}, {0.0, 5e-324, 1e-300, 5e-324}, 0.0, 4);
-        row("uneven times", {0.0, 1e-9, 1e-3, 1.0, 1e6, 1e9}, {0.0, 1.0, 2.0, 1.0, 5.0, 4.0}, 0.0, 6);
+            sampled([](double t) { return huge * std::sin(t / 50.0); }, 1000), 1.0, 1000, 1000);
+        row("bells", wholeTimes(471), bells, 0.00178, 14, 14);
+        row("any distance", wholeTimes(1000), wave, infinity, 2, 2);
+        row("each value", wholeTimes(1000), wave, 0.0, 1000, 1000);
+        row("corners", wholeTimes(1001), triangle, 0.1, 11, 11);
+        row("steps", wholeTimes(1000), square, 0.001, 20, 20);
+        row("noise", wholeTimes(2000), noise(2000), 1.0, 2000, 2000);
+        row("within the noise", wholeTimes(2000), noise(2000), 600.0, 40, 40);
+        row("time step", {0.0, 1.0, 2.0, 2.0, 2.0, 3.0, 4.0}, {0.0, 1.0, 2.0, 9.0, 5.0, 4.0, 3.0}, 1e-9, 4,
+            4);
+        row("steps at both ends", {1.0, 1.0, 2.0, 2.0}, {0.0, 1.0, 1.0, 3.0}, 0.0, 4, 4);
+        row("gaps", {0.0, notANumber, 1.0, infinity, 2.0}, {0.0, 7.0, notANumber, 7.0, 2.0}, 0.0, 2, 2);
+        row("huge numbers", {-huge, 0.0, 1.0, 2.0, huge}, {-huge, huge, -huge, huge, 1.0}, 1.0, 5, 5);
+        row("tiny numbers", {0.0, 5e-324, 1e-323, 1.0}, {0.0, 5e-324, 1e-300, 5e-324}, 0.0, 4, 4);
+        row("uneven times", {0.0, 1e-9, 1e-3, 1.0, 1e6, 1e9}, {0.0, 1.0, 2.0, 1.0, 5.0, 4.0}, 0.0, 6, 6);
     }
     void isNearAllSamplesWithFewPoints()
     {
-        const auto [times, values, tolerance, mostPoints] = Fits::present();
-        for (const bool monotone : {false, true}) {
-            const Result result = CurveFit::fit(times, values, {tolerance, monotone});
+        const auto [times, values, tolerance, mostPoints, mostLinear] = Fits::present();
+        for (const Options& options :
+             {Options{tolerance, false}, {tolerance, true}, {tolerance, true, SplineBase::Linear}}) {
+            const Result result = CurveFit::fit(times, values, options);
             QVERIFY(result.isDone());
-            const std::size_t count = result.spline.points.size();
-            QVERIFY2(double(count) <= mostPoints * (monotone ? 1.25 : 1.0),
-                     qPrintable(QString::number(count)));
+            const auto& points = result.spline.points;
+            const bool isLinear = options.type == SplineBase::Linear;
+            QVERIFY2(double(points.size()) <=
+                         (isLinear ? mostLinear : mostPoints * (options.monotone ? 1.25 : 1.0)),
+                     qPrintable(QString::number(points.size())));
+            QVERIFY(std::all_of(points.begin(), points.end(),
+                                [&](const auto& point) { return point.type == options.type; }));
             SplineBase spline;
             QVERIFY(spline.assign(result.spline));
             double greatest = 0.0;
@@ -108,6 +115,7 @@ private Q_SLOTS:
         QCOMPARE(status({1.0, 3.0, 2.0}, {1.0, 1.0, 1.0}, 1.0), Status::TimesDescend);
         QCOMPARE(status({1.0}, {1.0}, -1.0), Status::BadTolerance);
         QCOMPARE(status({1.0}, {1.0}, notANumber), Status::BadTolerance);
+        QCOMPARE(CurveFit::fit({1.0}, {1.0}, {0.0, false, SplineBase::Tcb}).status, Status::BadType);
     }
 
     void turnsThatStandOutAreKept()

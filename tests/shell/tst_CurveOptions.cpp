@@ -290,8 +290,11 @@ private Q_SLOTS:
         QCOMPARE(s.x.getPrev(8.0)->type, SplineBase::Tcb); // in a segment of Bezier
         s.editor.undo();
         allow({SplineBase::Linear});
-        QCOMPARE(kinds(outcome), "Linear");
-        QCOMPARE(outcome, "This makes Bezier points, which the curve may not have.");
+        QCOMPARE(kinds(outcome), "Linear As few as the tolerance allows");
+        QCOMPARE(outcome, "3 points become 2, at most 1.63 away.");
+        allow({SplineBase::Tcb});
+        QCOMPARE(kinds(outcome), "TCB");
+        QCOMPARE(outcome, "This makes Bezier or Linear points, which the curve may not have.");
         allow({SplineBase::Linear, SplineBase::Bezier});
         s.clickPoint();
         QCOMPARE(offered(s.editor.nodeTypeCombo), "Bezier node Linear node");
