@@ -7,6 +7,7 @@
 #include <curveeditor/edit/Truncate.h>
 
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QWidget>
 
 #include <algorithm>
@@ -20,8 +21,9 @@ namespace {
 
 constexpr int fewestLines = 5;
 constexpr int mostLines = 100;
-constexpr int labelGap = 4;    // between a line and its number
-constexpr int labelMargin = 5; // between an edge of the canvas and the numbers along it
+constexpr int leastLineDistance = 4; // of lines of the host, in pixels
+constexpr int labelGap = 4;          // between a line and its number
+constexpr int labelMargin = 5;       // between an edge of the canvas and the numbers along it
 constexpr int lastColumnWithoutLabel = 12;
 constexpr int labelPadding = 3; // of the background of a label
 constexpr float labelOpacity = 0.8F;
@@ -150,18 +152,8 @@ void CanvasGrid::layout(ViewPort* view)
     gridHeight = view->pixelHeight;
     placeTimeLine(*view);
 
-    Axis x;
-    Axis y;
-    if (view->canShow()) {
-        const double factor = view->showFrames ? view->fps : 1.0;
-        x = axisBetween(factor * view->timeMin, factor * view->timeMax);
-        y = axisBetween(view->valueMin, view->valueMax);
-    }
-
-    stepX = x.step;
-    firstX = x.first;
-    countX = x.count;
-    zeroIndexX = x.zeroIndex;
+    layOutTimes(*view, timesOfHost(*view));
+    const Axis y = view->canShow() ? axisBetween(view->valueMin, view->valueMax) : Axis();
     stepY = y.step;
     firstY = y.first;
     countY = y.count;
@@ -169,11 +161,6 @@ void CanvasGrid::layout(ViewPort* view)
 
     const int width = widget->width();
     const int height = widget->height();
-    lines.clear();
-    for (int i = 0; i < countX; ++i) {
-        const int column = truncateToPixel(x.position(i, width));
-        lines << QPoint(column, 0) << QPoint(column, height);
-    }
     for (int j = 0; j < countY; ++j) {
         const int row = truncateToPixel(height - y.position(j, height));
         lines << QPoint(0, row) << QPoint(width, row);
@@ -186,29 +173,70 @@ void CanvasGrid::writeLabels(const ViewPort& view)
     isTimeWritten_ = bool(view.timeText);
     timeLabels_.clear();
     valueLabels_.clear();
-    const std::vector<double> lineTimes = isTimeWritten_ ? times(view) : std::vector<double>();
-    for (int i = 0; i < countX; ++i)
-        timeLabels_ << (isTimeWritten_ ? view.timeText.write(lineTimes[std::size_t(i)])
-                                       : labelText(i * stepX + firstX, i == zeroIndexX));
+    for (std::size_t i = 0; i < times_.size(); ++i)
+        timeLabels_ << (isTimeWritten_ ? view.timeText.write(times_[i])
+                                       : labelText(positionsX[i], int(i) == zeroIndexX));
     for (int j = 0; j < countY; ++j) {
         const double value = j * stepY + firstY;
         valueLabels_ << (view.valueText ? view.valueText.write(value) : labelText(value, j == zeroIndexY));
     }
 }
 
+/// Upright lines, from left to right.
+void CanvasGrid::layOutTimes(const ViewPort& view, const std::vector<double>& ofHost)
+{
+    const double factor = view.showFrames ? view.fps : 1.0;
+    const Axis even = view.canShow() && !hostTimes && ofHost.empty()
+                          ? axisBetween(factor * view.timeMin, factor * view.timeMax)
+                          : Axis();
+    const auto addLine = [this](int column) {
+        lines << QPoint(column, 0) << QPoint(column, widget->height());
+    };
+    lines.clear();
+    positionsX.clear();
+    times_.clear();
+    for (int i = 0; i < even.count; ++i) {
+        positionsX.push_back(i * even.step + even.first);
+        times_.push_back(positionsX.back() / factor);
+        addLine(truncateToPixel(even.position(i, widget->width())));
+    }
+    zeroIndexX = even.zeroIndex;
+    for (const double time : ofHost) {
+        const int column = view.timeToPixel(time);
+        if (!times_.empty() && column - startOf(lines, qsizetype(times_.size()) - 1).x() < leastLineDistance)
+            continue;
+        if (time == 0.0)
+            zeroIndexX = int(times_.size());
+        positionsX.push_back(factor * time);
+        times_.push_back(time);
+        addLine(column);
+    }
+    countX = int(times_.size());
+}
+
+/// Those in the view, from left to right.
+std::vector<double> CanvasGrid::timesOfHost(const ViewPort& view)
+{
+    const auto ask = hostTimes; // it may set another one
+    if (!ask || isAskingHost_ || !view.canShow())
+        return {};
+    const QScopedValueRollback asking(isAskingHost_, true);
+    const double first = view.timeMin, last = view.timeMax;
+    std::vector<double> found;
+    try {
+        found = ask(first, last);
+    } catch (...) {
+        return {};
+    }
+    std::erase_if(found, [&](double time) { return !(time >= first && time <= last); });
+    if (!std::is_sorted(found.begin(), found.end()))
+        std::sort(found.begin(), found.end());
+    return found;
+}
+
 void CanvasGrid::placeTimeLine(const ViewPort& view)
 {
     timeLineX = view.canShow() ? view.timeToPixel(view.timeLine) : -1;
-}
-
-std::vector<double> CanvasGrid::times(const ViewPort& view) const
-{
-    const double factor = view.showFrames ? view.fps : 1.0;
-    std::vector<double> times;
-    times.reserve(std::size_t(countX));
-    for (int i = 0; i < countX; ++i)
-        times.push_back((i * stepX + firstX) / factor);
-    return times;
 }
 
 std::vector<double> CanvasGrid::values() const
@@ -273,7 +301,7 @@ void CanvasGrid::drawLabels(QPainter* painter, const CurveEditorTheme& theme) co
         if (column < firstFreeColumn)
             continue;
         painter->drawText(column, labelRow, timeLabels_.at(i));
-        if (isTimeWritten_)
+        if (isTimeWritten_ || hostTimes)
             firstFreeColumn = column + painter->fontMetrics().horizontalAdvance(timeLabels_.at(i)) + labelGap;
     }
     for (int j = 0; j < countY; ++j) {

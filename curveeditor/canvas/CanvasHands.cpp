@@ -248,7 +248,7 @@ void CanvasHands::prepareSnap()
 {
     guide.snap.fps = viewport()->fps;
     guide.snap.timeLine = viewport()->timeLine;
-    guide.snap.setGridLines(canvas_.grid().times(*viewport()), canvas_.grid().values());
+    guide.snap.setGridLines(canvas_.grid().times(), canvas_.grid().values());
     std::vector<Snap::Source> sources;
     for (const auto& curve : curves_.all()) {
         if (curve->isShown() && curve->isSpline())

@@ -187,6 +187,14 @@ public:
     /// gone then.
     void updateCurves();
 
+    /// Lets the host give the times of the grid's vertical lines, as of the bars of a tempo map: `lines` gets the first
+    /// and the last time in sight, in time units, and gives those between them. Points snap to them where they snap to
+    /// grid lines. It is called when the view changes, and not for each frame; when its own data change, call `updateCurves`.
+    ///
+    /// In what it gives the order does not matter. Times that are not finite or not in sight are left out, and so are
+    /// those less than four pixels behind another one, so give fewer where the span is long; for one that throws
+    /// there are none. It must change no curve and not delete the editor. Null brings back lines at even distances.
+    void setTimeGrid(std::function<std::vector<double>(double first, double last)> lines);
     /// Whether wheel, touch pad, Space and the middle button move and zoom the view, as they do at first. Switched off,
     /// these events are the host's, and so are the keys B, X and Y: none of them adds a band to the selection or holds
     /// an axis of a drag any more. The keys Home, F, + and - stay, and so do the drags with Alt.

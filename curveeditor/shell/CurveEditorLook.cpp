@@ -19,6 +19,8 @@
 #include <QTabWidget>
 #include <QToolButton>
 
+#include <utility>
+
 using namespace curveeditor;
 
 namespace {
@@ -26,6 +28,18 @@ namespace {
 constexpr int pointsOfListMenu = 8;
 
 } // namespace
+
+void CurveEditor::setTimeGrid(std::function<std::vector<double>(double first, double last)> lines)
+{
+    CanvasGrid& grid = d_->functionEdit->canvas.grid();
+    grid.hostTimes = nullptr;
+    if (lines)
+        grid.hostTimes = [this, lines = std::move(lines)](double first, double last) {
+            const HostCalls::Call call(d_->hostCalls());
+            return lines(first, last);
+        };
+    d_->paintChangedView();
+}
 
 void CurveEditor::setFont(const QFont& font)
 {

@@ -63,6 +63,19 @@ struct CommandScene : HostScene
     std::vector<Command> done, undone;
 };
 
+using Times = std::vector<double>;
+
+/// The bars of a tempo map: 4/4 at 120 beats a minute, from 6.0 on 3/4 at 80.
+Times bars(double first, double last)
+{
+    Times times;
+    for (double bar = 0.0; bar <= last; bar += bar < 6.0 ? 2.0 : 2.25) {
+        if (bar >= first)
+            times.push_back(bar);
+    }
+    return times;
+}
+
 using HostDeed = std::function<void(HostScene&)>;
 
 void lock(HostScene& s, const QString& curve)
@@ -77,6 +90,16 @@ void change(HostScene& s, void (*change)(CurveOptions&))
     CurveOptions options;
     change(options);
     s.editor.setCurveOptions("a", "x", options);
+}
+
+/// Where the upright lines of the grid are.
+std::vector<QPoint> columns(Scene& s)
+{
+    const CanvasGrid& grid = s.canvas.canvas.grid();
+    std::vector<QPoint> found;
+    for (int i = 0; i < grid.countX; ++i)
+        found.emplace_back(grid.lines[2 * i].x(), s.pixel(0, 0).y());
+    return found;
 }
 
 } // namespace
@@ -328,6 +351,76 @@ private Q_SLOTS:
                 s.editor.undo();
             QVERIFY(s.states() == before);
         }
+    }
+
+    void gridIsThatOfTheHost()
+    {
+        Scene s;
+        const QImage before = s.shown();
+        int calls = 0;
+        s.editor.setTimeGrid([&calls](double first, double last) { return ++calls, bars(first, last); });
+        QVERIFY(s.shown() != before && calls == 1);
+        QCOMPARE(columns(s),
+                 (std::vector{s.pixel(0, 0), s.pixel(2, 0), s.pixel(4, 0), s.pixel(6, 0), s.pixel(8.25, 0)}));
+        s.canvas.canvas.hands().guide.isSnapping = true;
+        s.press(5.0, 1.0).mouse(QEvent::MouseMove, s.pixel(8.25, 2.0) - QPoint(2, 0)).release(8.25, 2.0);
+        QVERIFY(s.x[2]->time == 8.25 && s.shown() != before && calls == 1);
+        s.editor.undo();
+        s.editor.setTimeRange(5.0, 9.0);
+        QVERIFY(s.showsWhatIsDrawnFromScratch() && columns(s).size() == 2);
+        s.editor.setTimeRange(-1.0, 10.0);
+        s.editor.setTimeGrid({});
+        s.click(7.0, 2.5);
+        QVERIFY(s.shown() == before);
+    }
+
+    void badGridDoesNoHarm_data()
+    {
+        const Rows<std::function<Times(double, double)>, std::size_t> row; // and the most lines
+        row(
+            "throws", [](double, double) -> Times { throw 1; }, 0);
+        row(
+            "none", [](double, double) { return Times(); }, 0);
+        row(
+            "unsorted",
+            [](double, double) {
+                return Times{9.0, notANumber, 2.0, infinity, 2.0, -infinity, -5.0, 11.0, 1e300, 4.0};
+            },
+            3);
+        row(
+            "a million",
+            [](double first, double last) {
+                Times times(1'000'000);
+                for (std::size_t i = 0; i < times.size(); ++i)
+                    times[i] = last - (last - first) * double(i) / 1e6;
+                return times;
+            },
+            250);
+    }
+    void badGridDoesNoHarm()
+    {
+        const auto [lines, most] = Rows<std::function<Times(double, double)>, std::size_t>::present();
+        Scene s;
+        s.editor.setTimeGrid(lines);
+        s.shown();
+        const auto found = columns(s);
+        QVERIFY(found.size() <= most && (found.size() > most / 2 || most == 0));
+        QVERIFY(std::adjacent_find(found.begin(), found.end(), [](const QPoint& left, const QPoint& right) {
+                    return right.x() - left.x() < 4;
+                }) == found.end());
+    }
+
+    void gridMayAskTheEditor()
+    {
+        Scene s;
+        s.editor.setTimeGrid([&s](double, double) {
+            s.editor.grab();
+            s.editor.setTimeGrid(&bars);
+            return Times{1.0};
+        });
+        QCOMPARE(columns(s).size(), 1U);
+        s.shown();
+        QCOMPARE(columns(s).size(), 5U);
     }
 
     void optionsHold()
