@@ -175,10 +175,11 @@ void EditHistory::setKeepsEntries(bool on)
 
 bool EditHistory::apply(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, bool forward)
 {
+    if (diff.isEmpty())
+        return true;
     if (!curve->isAt(diff, forward) || !curve->step(diff, forward, true))
         return false;
-    if (!diff.isEmpty())
-        tellStep(curve, diff, forward);
+    tellStep(curve, diff, forward);
     return true;
 }
 

@@ -197,22 +197,22 @@ CurveKind CurveDiff::kindAfter() const
 
 bool CurveDiff::apply(CurveState& state) const
 {
-    return d_->apply(state);
+    return isEmpty() || d_->apply(state);
 }
 
 bool CurveDiff::revert(CurveState& state) const
 {
-    return d_->inverse().apply(state);
+    return isEmpty() || d_->inverse().apply(state);
 }
 
 bool CurveDiff::apply(SplineBase& spline) const
 {
-    return d_->apply(spline);
+    return isEmpty() || d_->apply(spline);
 }
 
 bool CurveDiff::revert(SplineBase& spline) const
 {
-    return d_->inverse().apply(spline);
+    return isEmpty() || d_->inverse().apply(spline);
 }
 
 CurveDiff CurveDiff::inverse() const

@@ -74,7 +74,7 @@ public:
 
     /// @{
     /// Makes the state before the state after, or the other way about. Returns false, and changes nothing, if
-    /// what differs is not in `state` as it was left. Takes linear time.
+    /// what differs is not in `state` as it was left. One that is empty fits any. Takes linear time.
     bool apply(CurveState& state) const;
     bool revert(CurveState& state) const;
     /// @}
