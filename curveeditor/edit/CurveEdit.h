@@ -129,6 +129,7 @@ private:
     void bound(const Before& before);
     TimeInterval constrain(const Before& before);
     void runConstraint(EditedCurve& curve);
+    bool isTaken(const std::shared_ptr<EditedCurve>& curve);
     const Before* find(const EditedCurve& curve) const;
 
     void holdAll();

@@ -54,12 +54,12 @@ bool CurveEdit::editForHost(const std::shared_ptr<EditedCurve>& curve, const QSt
             before.takeBack();
         throw;
     }
-    if (!guard || !curve->spline())
+    if (!guard || isTaken(curve))
         return true;
     curve->mend();
     bound(before);
     constrain(before);
-    if (!guard || !curve->spline())
+    if (!guard || isTaken(curve))
         return true;
     const EditHistory::Part part = before.change();
     if (part.diff.isEmpty())
@@ -96,12 +96,21 @@ TimeInterval CurveEdit::constrain(const Before& before)
         return {};
     const CurveState last = curve->state();
     runConstraint(*curve);
-    if (!curve->spline())
+    if (isTaken(curve))
         return {};
     curve->mend();
     bound(before);
     curve->constrained = CurveDiff::between(last, curve->state());
     return curve->constrained.touched();
+}
+
+/// Whether the host has taken the curve away in what it ran, with what was edited. Those that read it are drawn anew then.
+bool CurveEdit::isTaken(const std::shared_ptr<EditedCurve>& curve)
+{
+    if (curve->spline())
+        return false;
+    history_.tell({curve, TimeInterval::everything(), EditReport::Phase::Commit, EditReport::Cause::Host});
+    return true;
 }
 
 /// One that throws has written nothing.

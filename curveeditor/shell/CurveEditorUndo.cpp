@@ -86,7 +86,7 @@ void CurveEditor::Private::tellEdit(const EditReport& report)
     if (report.cause != EditReport::Cause::Edit)
         showContent();
     const NodeStruct* const record = editor.searchAllNodeList(report.curve->name);
-    if (!record)
+    if (!record || !report.curve->spline())
         return;
     CurveChange change;
     change.group = record->nodeName;

@@ -291,7 +291,7 @@ private Q_SLOTS:
         s.editor.undo();
         allow({SplineBase::Linear});
         QCOMPARE(kinds(outcome), "Linear As few as the tolerance allows");
-        QCOMPARE(outcome, "3 points become 2, at most 1.63 away.");
+        QCOMPARE(outcome, "3 points become 2, at most 1.77 away.");
         allow({SplineBase::Tcb});
         QCOMPARE(kinds(outcome), "TCB");
         QCOMPARE(outcome, "This makes Bezier or Linear points, which the curve may not have.");
