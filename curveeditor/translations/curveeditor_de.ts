@@ -1597,8 +1597,8 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Aus %1 Punkten werden %2, höchstens %3 entfernt.</translation>
     </message>
     <message>
-        <source>This makes Bezier points, which the curve may not have.</source>
-        <translation>Das ergibt Bézier-Punkte, die diese Kurve nicht haben darf.</translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>Das ergibt Bézier- oder lineare Punkte, die diese Kurve nicht haben darf.</translation>
     </message>
 </context>
 </TS>

@@ -1597,8 +1597,8 @@ Do you want to replace it?</source>
         <translation>%1 puntos pasan a ser %2, a una distancia máxima de %3.</translation>
     </message>
     <message>
-        <source>This makes Bezier points, which the curve may not have.</source>
-        <translation>Esto da puntos Bézier, que esta curva no puede tener.</translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>Esto da puntos Bézier o lineales, que esta curva no puede tener.</translation>
     </message>
 </context>
 </TS>

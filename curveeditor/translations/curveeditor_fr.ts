@@ -1597,8 +1597,8 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>%1 points deviennent %2, à %3 au plus.</translation>
     </message>
     <message>
-        <source>This makes Bezier points, which the curve may not have.</source>
-        <translation>Cela donne des points de Bézier, que cette courbe ne peut pas avoir.</translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>Cela donne des points de Bézier ou linéaires, que cette courbe ne peut pas avoir.</translation>
     </message>
 </context>
 </TS>

@@ -1597,8 +1597,8 @@ Do you want to replace it?</source>
         <translation>ポイント %1 個が %2 個になります (ずれは最大 %3)。</translation>
     </message>
     <message>
-        <source>This makes Bezier points, which the curve may not have.</source>
-        <translation>ベジェ ポイントになりますが、このカーブでは使えません。</translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>ベジェまたはリニア ポイントになりますが、このカーブでは使えません。</translation>
     </message>
 </context>
 </TS>
