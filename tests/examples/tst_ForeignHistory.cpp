@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include <MainWindow.h>
+#include <support/Test.h>
+
+/// The host with nodes, commands and an engine of its own, driven as a user does.
+class tst_ForeignHistory : public QObject
+{
+    Q_OBJECT
+
+    struct Scene
+    {
+        Scene()
+        {
+            window.resize(1000, 700);
+            window.show();
+            QVERIFY(QTest::qWaitForWindowActive(&window));
+        }
+        QPointF place(double time, double value) const
+        {
+            return {time / 10.0 * canvas->width(), (1.0 - value) * canvas->height()};
+        }
+        void mouse(QEvent::Type type, double time, double value) const
+        {
+            const QPointF at = place(time, value);
+            const bool isMove = type == QEvent::MouseMove, isHeld = type != QEvent::MouseButtonRelease;
+            QMouseEvent event(type, at, canvas->mapToGlobal(at), isMove ? Qt::NoButton : Qt::LeftButton,
+                              isHeld ? Qt::LeftButton : Qt::NoButton, {});
+            QApplication::sendEvent(canvas, &event);
+        }
+        void drag(double time, double value, double toTime, double toValue) const
+        {
+            mouse(QEvent::MouseButtonPress, time, value);
+            mouse(QEvent::MouseMove, toTime, toValue);
+            mouse(QEvent::MouseButtonRelease, toTime, toValue);
+        }
+        /// Nodes are apart, and the same curve comes of them.
+        bool isTidy() const
+        {
+            const std::vector<Node>& nodes = window.nodes();
+            for (std::size_t i = 1; i < nodes.size(); ++i) {
+                if (nodes[i].frame - nodes[i - 1].frame < leastDistance)
+                    return false;
+            }
+            SplineState state;
+            state.points = pointsOf(nodes);
+            SplineBase spline;
+            return spline.assign(state) && nodesOf(spline) == nodes &&
+                   (*window.engine().published())(4.3) == spline(4.3) &&
+                   (*window.engine().published())(1.9) == spline(1.9);
+        }
+
+        MainWindow window;
+        QWidget* canvas = window.findChild<QWidget*>("functionEdit");
+    };
+
+private Q_SLOTS:
+    void editsStandAmongTheCommandsOfTheHost()
+    {
+        Scene s;
+        const std::vector<Node> before = s.window.nodes();
+        s.drag(5.0, 0.4, 5.501, 0.95);
+        QVERIFY(s.isTidy() && s.window.nodes()[2].value > 0.9 && s.window.nodes()[1] == before[1]);
+        QTRY_VERIFY(s.window.engine().peak() > 0.93);
+        s.window.findChild<QSpinBox*>()->setValue(50);
+        QTRY_VERIFY(s.window.engine().peak() < 0.5);
+        const std::vector<Node> after = s.window.nodes();
+        s.drag(2.0, 0.8, 3.0, 0.7);
+        QVERIFY(s.isTidy() && s.window.nodes()[0].shape == Node::Shape::Hold && s.window.nodes() != after);
+        for (const char* name : {"Edit the gain", "Change the level", "Edit the gain", ""}) {
+            QCOMPARE(s.window.history().next(), name);
+            QTest::keyClick(s.canvas, Qt::Key_Z, Qt::ControlModifier);
+        }
+        QVERIFY(s.window.nodes() == before && s.isTidy());
+        QTest::keyClick(s.canvas, Qt::Key_Y, Qt::ControlModifier);
+        QTest::keyClick(s.canvas, Qt::Key_Y, Qt::ControlModifier);
+        QVERIFY(s.window.nodes() == after && s.window.findChild<QSpinBox*>()->value() == 50);
+    }
+
+    void nodesAreHeldAndPushedApart()
+    {
+        Scene s;
+        s.window.toggleHold(); // at 1.0, where it is held already
+        QVERIFY(s.window.nodes()[0].shape == Node::Shape::Linear && s.isTidy());
+        s.window.toggleHold();
+        QVERIFY(s.window.nodes()[0].shape == Node::Shape::Hold && s.isTidy());
+        const std::vector<Node> before = s.window.nodes();
+        s.drag(5.0, 0.4, 7.0, 0.4); // onto the next one
+        QVERIFY(s.isTidy() && s.window.nodes().size() == 5 && s.window.nodes() != before);
+        s.drag(2.0, 0.2, 6.0, 0.9); // the corner stays where it belongs
+        s.mouse(QEvent::MouseButtonPress, 2.0, 0.8);
+        for (const double time : {6.9, 9.9, 0.01, 2.0})
+            s.mouse(QEvent::MouseMove, time, 0.8);
+        s.mouse(QEvent::MouseButtonRelease, 2.0, 0.8);
+        QVERIFY(s.isTidy() && s.window.nodes()[0] == before[0]);
+        QTest::keyClick(s.canvas, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(s.canvas, Qt::Key_Delete);
+        QVERIFY(s.isTidy() && s.window.nodes().size() == 1);
+    }
+};
+
+QTEST_MAIN(tst_ForeignHistory)
+#include "tst_ForeignHistory.moc"
