@@ -293,7 +293,7 @@ private Q_SLOTS:
         QCOMPARE(kinds(outcome), "Linear As few as the tolerance allows");
         QCOMPARE(outcome, "3 points become 2, at most 1.77 away.");
         allow({SplineBase::Tcb});
-        QCOMPARE(kinds(outcome), "TCB");
+        QCOMPARE(kinds(outcome), "Tcb");
         QCOMPARE(outcome, "This makes Bezier or Linear points, which the curve may not have.");
         allow({SplineBase::Linear, SplineBase::Bezier});
         s.clickPoint();
