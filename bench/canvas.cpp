@@ -49,7 +49,25 @@ struct Content
     double swings = 3.0;   ///< across the view
     float bound = 10.0f;   ///< the values reach 2.8
     bool isThemed = false; ///< with smooth lines
+    bool hasWave = false;  ///< as underlay, of a million samples
 };
+
+void paintWave(QPainter& painter, const PlaneMapping& plane)
+{
+    static const std::vector<float> samples = [] {
+        std::vector<float> wave(1000000);
+        for (std::size_t i = 0; i < wave.size(); ++i)
+            wave[i] = float(std::sin(double(i) * 0.05) * std::cos(double(i) * 0.0001));
+        return wave;
+    }();
+    const std::size_t share = samples.size() / std::size_t(plane.pixelWidth);
+    painter.setPen(Qt::darkGray);
+    for (int column = 0; column < plane.pixelWidth; ++column) {
+        const auto first = samples.begin() + std::ptrdiff_t(share) * column;
+        const auto [low, high] = std::minmax_element(first, first + std::ptrdiff_t(share));
+        painter.drawLine(QPointF(column, plane.row(*low)), QPointF(column, plane.row(*high)));
+    }
+}
 
 /// A dialog whose canvas has 1600 x 900 logical pixels.
 class Scene
@@ -70,6 +88,8 @@ public:
         QApplication::processEvents();
         if (canvas_->size() != canvasSize)
             std::abort();
+        if (content.hasWave)
+            editor_.setUnderlay(paintWave);
     }
     ~Scene()
     {
@@ -207,7 +227,7 @@ void dragStep(benchmark::State& state, const Content& content, bool formOpen = t
         scene.show();
     }
     if (content.splines == curveCount && content.points == pointCount && page == Envelope &&
-        !content.isThemed) {
+        !content.isThemed && !content.hasWave) {
         Peer peer(content.swings);
         compare(state, [&peer](int number) { peer.showEdit(number); });
     }
@@ -468,6 +488,7 @@ const Content themed{.isThemed = true};
 const Content themedSwinging{.swings = 50.0, .isThemed = true};
 const Content themedClamped{.bound = 2.0f, .isThemed = true};
 const Content themedClampedSwinging{.swings = 50.0, .bound = 2.0f, .isThemed = true};
+const Content overWave{.hasWave = true};
 const Content swinging{.swings = 50.0};
 const Content clamped{.bound = 2.0f};
 const Content clampedSwinging{.swings = 50.0, .bound = 2.0f};
@@ -478,6 +499,7 @@ const Content formulas{.splines = 0, .expressions = curveCount};
 const Content oneFormula{.splines = 0, .expressions = 1};
 
 BENCHMARK_CAPTURE(dragStep, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, smoothOverAWave, overWave)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, smoothWithTheFormClosed, Content(), false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, swinging, swinging)->Unit(benchmark::kMillisecond);

@@ -243,6 +243,13 @@ public:
     void setFrameLinesColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::gridLines, color); }
     void setTimeLineColor(const QColor& color) { picture_.setColor(&CurveEditorTheme::timeLine, color); }
 
+    /// See `CurveEditor`. They paint.
+    void setUnderlay(CanvasPainter painter) { picture_.setUnderlay(std::move(painter)); }
+    void setOverlay(CanvasPainter painter) { picture_.setOverlay(std::move(painter)); }
+    void updateUnderlay() { picture_.updateUnderlay(); }
+    /// For the widget's `paintEvent`, while no other painter is at work on it: lets the host paint on top.
+    void showOverlay() { picture_.showOverlay(); }
+
     /// Puts a picture behind the curves, or takes it away. A file that can't be decoded changes nothing and gives false.
     bool loadImage(const QString& fileName) { return picture_.loadImage(fileName); }
     void clearImage() { picture_.clearImage(); }

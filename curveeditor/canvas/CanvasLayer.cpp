@@ -58,6 +58,20 @@ bool CanvasLayer::resize(const QSize& size, double pixelRatio)
     return true;
 }
 
+void CanvasLayer::paintUnderlay(const Backdrop& backdrop, const std::function<void(QPainter&)>& work)
+{
+    if (ground_.size() != image_.size())
+        ground_ = opaqueImage(image_.size());
+    ground_.setDevicePixelRatio(image_.devicePixelRatio());
+    {
+        QPainter painter(&ground_);
+        painter.setBackground(backdrop.theme->canvas);
+        drawBackground(painter, backdrop, size());
+    }
+    QPainter painter(&ground_);
+    work(painter);
+}
+
 void CanvasLayer::show(const Backdrop& backdrop, const Curves& curves)
 {
     const Backdrop before = std::exchange(backdrop_, backdrop);
@@ -114,7 +128,10 @@ void CanvasLayer::renderBackdrop(const QRect& part)
 {
     QPainter painter(&image_);
     clip(painter, part);
-    drawBackground(painter);
+    if (backdrop_.underlay != 0)
+        put(ground_, &painter);
+    else
+        drawBackground(painter, backdrop_, size());
     drawMark(painter);
     drawBand(painter);
     drawSelection(painter);
@@ -142,11 +159,11 @@ void CanvasLayer::clip(QPainter& painter, const QRect& part) const
     painter.setBackground(backdrop_.theme->canvas);
 }
 
-void CanvasLayer::drawBackground(QPainter& painter) const
+void CanvasLayer::drawBackground(QPainter& painter, const Backdrop& backdrop, const QSize& size)
 {
-    BackgroundImage* const background = backdrop_.background;
+    BackgroundImage* const background = backdrop.background;
     if (!background || !background->coversCanvas())
-        painter.eraseRect(QRect(QPoint(), size()));
+        painter.eraseRect(QRect(QPoint(), size));
     if (background)
         background->draw(&painter);
 }

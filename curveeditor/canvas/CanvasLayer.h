@@ -22,7 +22,7 @@ namespace curveeditor {
 
 /// What lies behind the current curve: background, mark, rubber band, selection, grid and the other curves, held as
 /// one image. It is drawn anew only when what it shows has changed, so that an edit of the current curve draws one
-/// curve. A curve that comes on top is drawn onto it, and where only the time line moves its columns are drawn anew.
+/// curve. What a host has painted above the background is held in an image of its own, together with that. A curve that comes on top is drawn onto it, and where only the time line moves its columns are drawn anew.
 /// The canvas owns it.
 class CanvasLayer
 {
@@ -34,7 +34,8 @@ public:
         quint64 look = 0; ///< another number after each change of the theme
         const CurveEditorTheme* theme = nullptr;
         BackgroundImage* background = nullptr; ///< laid out for the view; null if there is none
-        std::optional<QPoint> mark;            ///< where the last press was
+        quint64 underlay = 0;       ///< another number for another `paintUnderlay`; 0 if there is none
+        std::optional<QPoint> mark; ///< where the last press was
         std::optional<QRect> band;
         bool isBandValid = false;
         std::optional<std::pair<int, int>> selection; ///< first and last column of the selected points
@@ -49,6 +50,8 @@ public:
 
     /// Takes a size in logical pixels. Returns false if it had that size and ratio already.
     bool resize(const QSize& size, double pixelRatio);
+    /// Lets a host paint above the background of that. It shows in `show` wherever that is given an `underlay`.
+    void paintUnderlay(const Backdrop& backdrop, const std::function<void(QPainter&)>& work);
     /// The image shows these from now on.
     void show(const Backdrop& backdrop, const Curves& curves);
     /// Puts the image at the corner of what `painter` draws on.
@@ -65,7 +68,7 @@ private:
     void renderCurves(const QRect& part, std::size_t first);
     void clip(QPainter& painter, const QRect& part) const;
     QRect columnsOfTimeLine(int column) const;
-    void drawBackground(QPainter& painter) const;
+    static void drawBackground(QPainter& painter, const Backdrop& backdrop, const QSize& size);
     void drawMark(QPainter& painter) const;
     void drawBand(QPainter& painter) const;
     void drawSelection(QPainter& painter) const;
@@ -74,6 +77,7 @@ private:
     Backdrop backdrop_;
     Curves curves_;
     QImage image_;
+    QImage ground_; ///< the background with the underlay
     QImage frame_;
 };
 

@@ -9,9 +9,11 @@
 #include <curveeditor/edit/DragGuide.h>
 
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QWidget>
 
 #include <array>
+#include <utility>
 
 namespace curveeditor {
 
@@ -45,6 +47,7 @@ void CanvasPicture::paint()
 void CanvasPicture::show(QPainter* painter)
 {
     updateCurves();
+    paintUnderlay();
     if (viewport_ && !layer_.isNull())
         layer_.show(backdrop(), curvesBehindCurrent());
     if (!theme_.smooth || layer_.isNull()) {
@@ -162,6 +165,7 @@ CanvasLayer::Backdrop CanvasPicture::backdrop() const
     backdrop.look = look_;
     backdrop.theme = &theme_;
     backdrop.background = image_.get();
+    backdrop.underlay = underlay_ && viewport_->canShow() ? grounds_ : 0;
     backdrop.grid = grid_.get();
     backdrop.timeLine = grid_->timeLineX;
     backdrop.font = QFont();
@@ -233,9 +237,76 @@ bool CanvasPicture::loadImage(const QString& fileName)
     if (loaded->sourceImage.isNull())
         return false;
     image_ = std::move(loaded);
+    ++content_;
     if (viewport_)
         viewport_->dirty = true;
     return true;
+}
+
+void CanvasPicture::clearImage()
+{
+    image_.reset();
+    ++content_;
+}
+
+void CanvasPicture::setUnderlay(CanvasPainter painter)
+{
+    underlay_ = std::move(painter);
+    updateUnderlay();
+}
+
+void CanvasPicture::updateUnderlay()
+{
+    ++content_;
+    paint();
+}
+
+void CanvasPicture::setOverlay(CanvasPainter painter)
+{
+    overlay_ = std::move(painter);
+    paint();
+}
+
+/// The painter may put another one in its place while it runs. Returns false if it threw.
+bool CanvasPicture::callHost(const CanvasPainter& painter, QPainter& on)
+{
+    const QScopedValueRollback atWork(isHostAtWork_, true);
+    const CanvasPainter present = painter;
+    on.setFont(widget_->font());
+    on.setPen(widget_->palette().color(widget_->foregroundRole()));
+    try {
+        present(on, viewport_->mapping());
+        return true;
+    } catch (...) { // there is no way through Qt
+        qWarning("CurveEditor: a painter of the host threw and is not called any more");
+        return false;
+    }
+}
+
+/// The host may do anything in it, so it comes before the curves are looked at, and once in a frame.
+void CanvasPicture::paintUnderlay()
+{
+    if (!underlay_ || isHostAtWork_ || !viewport_ || layer_.isNull() || !viewport_->canShow())
+        return;
+    const Ground ground{viewport_->mapping(), layer_.pixelRatio(), look_, content_};
+    if (ground == ground_)
+        return;
+    ground_ = ground;
+    ++grounds_;
+    bool isDone = false;
+    layer_.paintUnderlay(backdrop(), [&](QPainter& painter) { isDone = callHost(underlay_, painter); });
+    if (!isDone)
+        setUnderlay({});
+    updateCurves();
+}
+
+void CanvasPicture::showOverlay()
+{
+    if (!overlay_ || isHostAtWork_ || !viewport_ || !viewport_->canShow())
+        return;
+    QPainter painter(widget_);
+    if (!callHost(overlay_, painter))
+        setOverlay({});
 }
 
 } // namespace curveeditor

@@ -53,13 +53,32 @@ public:
     void setSharedColor(QColor CurveEditorTheme::*part, const QColor& color);
 
     bool loadImage(const QString& fileName);
-    void clearImage() { image_.reset(); }
+    void clearImage();
+
+    /// See `CurveEditor`.
+    void setUnderlay(CanvasPainter painter);
+    void setOverlay(CanvasPainter painter);
+    void updateUnderlay();
+    /// Lets the host paint on the widget, within its paint event, when all else is painted.
+    void showOverlay();
 
     /// Laid out for the view as it is.
     CanvasGrid& grid();
     std::optional<Gesture::Place> mark; ///< where the point menu is open
 
 private:
+    /// What an image of the underlay was painted for.
+    struct Ground
+    {
+        PlaneMapping plane;
+        double pixelRatio = 0.0;
+        quint64 look = 0;
+        quint64 content = 0;
+
+        bool operator==(const Ground& other) const = default;
+    };
+    bool callHost(const CanvasPainter& painter, QPainter& on);
+    void paintUnderlay();
     void drawFront(CurvePainter& curves) const;
     void drawSnapMark(QPainter& painter) const;
     void drawHint(QPainter& painter) const;
@@ -78,6 +97,12 @@ private:
     quint64 view_ = 0; ///< counts those of the view
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;
+    CanvasPainter underlay_;
+    quint64 content_ = 0; ///< counts the changes of what the underlay shows, and of the picture below it
+    Ground ground_;       ///< for which it was painted last ...
+    quint64 grounds_ = 0; ///< ... and how often it was
+    CanvasPainter overlay_;
+    bool isHostAtWork_ = false; ///< in one of the two
     CanvasLayer layer_;
 };
 

@@ -24,6 +24,12 @@ PlaneMapping::PlaneMapping(double timeLow, double timeHigh, double valueLow, dou
 {
 }
 
+bool PlaneMapping::operator==(const PlaneMapping& other) const
+{
+    return timeMin == other.timeMin && timeMax == other.timeMax && valueMin == other.valueMin &&
+           valueMax == other.valueMax && pixelWidth == other.pixelWidth && pixelHeight == other.pixelHeight;
+}
+
 bool PlaneMapping::canShow() const
 {
     return pixelWidth > 0 && pixelHeight > 0 && timeSpan() > 0.0 && valueSpan() > 0.0 &&

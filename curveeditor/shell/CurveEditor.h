@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/CurveEditorTheme.h>
+#include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/model/Export.h>
 #include <curveeditor/shell/CurveChange.h>
 #include <curveeditor/shell/CurveEditorDialogBase.h>
@@ -237,6 +238,23 @@ public:
     QPointF toCanvas(const QPointF& place) const;
     QPointF fromCanvas(const QPointF& pixel) const;
     /// @}
+
+    /// Something of the host's on the canvas, such as a waveform: below the grid and the curves, and above a picture that
+    /// the user has loaded. It is kept as an image, so `painter` is called only for a frame in which the view, the size
+    /// of the canvas, its pixel ratio, the theme or that picture is another one than in the last, and after
+    /// `updateUnderlay`; an edit of a curve costs what it costs without. Null takes it away.
+    ///
+    /// The painter draws in logical pixels of the canvas, to which it is clipped, and is as a new one for the canvas; the
+    /// mapping tells where times and values lie. Where nothing can be shown it is not called. It may call every
+    /// operation here, but what it changes shows at the next frame, and it must not run an event loop. One that
+    /// changes the view each time is called in each frame. One that throws is not called any more; a line on
+    /// the standard error output says so.
+    void setUnderlay(CanvasPainter painter);
+    /// The same on top of all else, in each frame: it should be quick. A frame comes when anything on the
+    /// canvas has changed, and after `updateCurves`.
+    void setOverlay(CanvasPainter painter);
+    /// The underlay has other content.
+    void updateUnderlay();
 
     /// How the user has arranged the editor: splitters, the page in front, snapping, whether all curves are edited
     /// at once and frames are shown, and the view. Neither curves nor what a host decides. For the settings

@@ -162,6 +162,7 @@ struct CurveEditor::Private final : DependencyCheck
     bool handsStepsOn(void (CurveEditor::*request)());
     CurveName nameOf(const CurveNodeBase* curve) const;
     void tellCurrentCurve();
+    CanvasPainter guarded(CanvasPainter painter);
     void tellView();
     void tellSelection();
     void tellSeen();

@@ -9,6 +9,7 @@
 #include <QTabWidget>
 
 #include <cmath>
+#include <utility>
 
 using namespace curveeditor;
 
@@ -66,6 +67,31 @@ QPointF CurveEditor::fromCanvas(const QPointF& pixel) const
 {
     const PlaneMapping shown = d_->functionEdit->mapping();
     return {shown.timeAt(pixel.x()), shown.valueAt(pixel.y())};
+}
+
+CanvasPainter CurveEditor::Private::guarded(CanvasPainter painter)
+{
+    if (!painter)
+        return {};
+    return [this, painter = std::move(painter)](QPainter& on, const PlaneMapping& plane) {
+        const HostCalls::Call call(hostCalls());
+        painter(on, plane);
+    };
+}
+
+void CurveEditor::setUnderlay(CanvasPainter painter)
+{
+    d_->functionEdit->canvas.setUnderlay(d_->guarded(std::move(painter)));
+}
+
+void CurveEditor::setOverlay(CanvasPainter painter)
+{
+    d_->functionEdit->canvas.setOverlay(d_->guarded(std::move(painter)));
+}
+
+void CurveEditor::updateUnderlay()
+{
+    d_->functionEdit->canvas.updateUnderlay();
 }
 
 QByteArray CurveEditor::saveState() const

@@ -241,14 +241,18 @@ void FunctionEditor::contextMenuEvent(QContextMenuEvent* event)
 
 void FunctionEditor::paintEvent(QPaintEvent* /*event*/)
 {
-    QPainter painter(this);
-    canvas.showBuffer(&painter);
+    {
+        QPainter painter(this);
+        canvas.showBuffer(&painter);
+    }
+    canvas.showOverlay();
     if (hasFocus())
-        paintFocusFrame(painter);
+        paintFocusFrame();
 }
 
-void FunctionEditor::paintFocusFrame(QPainter& painter)
+void FunctionEditor::paintFocusFrame()
 {
+    QPainter painter(this);
     const CurveEditorTheme& theme = canvas.theme();
     painter.setPen(QPen(theme.mark, 2.0 * theme.frameWidth)); // the outer half lies beyond the edge
     painter.setBrush(Qt::NoBrush);

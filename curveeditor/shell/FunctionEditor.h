@@ -87,7 +87,7 @@ private:
     bool isOwnKey(const QKeyEvent& event) const;
     bool isAtLastPress(const QMouseEvent& event) const;
     bool isCurrentSpline() const;
-    void paintFocusFrame(QPainter& painter);
+    void paintFocusFrame();
     void reportPosition(const QMouseEvent& event);
     void loadBand();
 };
