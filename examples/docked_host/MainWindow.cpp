@@ -3,60 +3,107 @@
 
 #include "AxisTexts.h"
 
+#include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QAction>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPainter>
 #include <QRandomGenerator>
 #include <QSaveFile>
-#include <QTextStream>
+#include <QSlider>
 #include <QToolBar>
 #include <QUndoCommand>
 
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace {
 
-constexpr double duration = 10.0;
-constexpr double fps = 24.0;
+constexpr double fadeTime = 2.0;
+constexpr double firstTime = 16.0; // where there is light
+constexpr int beatsPerBar = 4;
 
 /// A command of the host, which has nothing to do with curves.
-class ColorCommand : public QUndoCommand
+class GelCommand : public QUndoCommand
 {
 public:
-    ColorCommand(Stage& stage, const QColor& color)
-        : QUndoCommand(MainWindow::tr("Change the colour of the ball")), stage_(stage),
-          before_(stage.color()), after_(color)
+    GelCommand(QColor& gel, const QColor& color, std::function<void()> show)
+        : QUndoCommand(MainWindow::tr("Change the gel")), gel_(gel), other_(color), show_(std::move(show))
     {
     }
-    void undo() override { stage_.setColor(before_); }
-    void redo() override { stage_.setColor(after_); }
+    void undo() override { swap(); }
+    void redo() override { swap(); }
 
 private:
-    Stage& stage_;
-    QColor before_;
-    QColor after_;
+    void swap()
+    {
+        std::swap(gel_, other_);
+        show_();
+    }
+
+    QColor& gel_;
+    QColor other_;
+    std::function<void()> show_;
 };
+
+/// The beats between two times, or the bars where beats would be too many.
+std::vector<double> linesOfMusic(double first, double last)
+{
+    constexpr int mostLines = 60;
+    const double beat = 60.0 / SoundTrack::tempo;
+    const double step = (last - first) / beat > mostLines ? beatsPerBar * beat : beat;
+    std::vector<double> lines;
+    for (double bar = std::ceil(first / step); bar * step <= last; ++bar)
+        lines.push_back(bar * step);
+    return lines;
+}
+
+double wholeFrame(double time)
+{
+    return std::round(time * Show::fps) / Show::fps;
+}
+
+void setToWholeFrames(SplineBase& spline)
+{
+    for (unsigned i = 0; i < unsigned(spline.getControlPointsNumber()); ++i) {
+        SplineBase::PointInfo* const point = spline.modify(i);
+        if (point->time != wholeFrame(point->time))
+            spline.setTime(point, wholeFrame(point->time));
+    }
+}
+
+/// The point at that time gets the value, a new one if there is none.
+void setLevel(SplineBase& spline, double time, double level)
+{
+    for (unsigned i = 0; i < unsigned(spline.getControlPointsNumber()); ++i) {
+        if (spline.modify(i)->time == time)
+            return spline.setPos(spline.modify(i), level);
+    }
+    spline.addPoint(time, level);
+}
 
 } // namespace
 
-MainWindow::MainWindow()
-    : stage_(new Stage(x_.spline, y_.spline, duration, this)), editor_(std::make_unique<CurveEditor>())
+MainWindow::MainWindow() : stage_(new Stage(this)), editor_(std::make_unique<CurveEditor>())
 {
-    x_.spline.setPos(x_.spline.modify(0u), -0.8);
-    x_.spline.addPoint(duration, 0.8);
-    y_.spline.addPoint(2.5, 0.8);
-    y_.spline.addPoint(7.5, -0.8);
-    y_.spline.addPoint(duration, 0.0);
     setCentralWidget(stage_);
+    connect(&renderer_, &Renderer::drawn, stage_, &Stage::setImage);
+    connect(stage_, &Stage::resized, this, &MainWindow::render);
+    renderer_.start();
     addEditor();
     addMenus();
-    clock_.setInterval(int(1000.0 / fps));
+    addCommands();
+    clock_.setInterval(int(1000.0 / Show::fps));
     connect(&clock_, &QTimer::timeout, this, &MainWindow::advance);
     resize(1000, 900);
+    setTime(firstTime);
 }
 
 MainWindow::~MainWindow()
@@ -66,33 +113,82 @@ MainWindow::~MainWindow()
 
 void MainWindow::addEditor()
 {
+    using namespace AxisTexts;
     editor_->setTheme(CurveEditorTheme::fromPalette(palette()));
     editor_->setUndoStack(&undoStack_);
-    editor_->setFps(fps);
-    editor_->setTimeRange(0.0, duration);
-    editor_->setMinValue(-1.0);
-    editor_->setMaxValue(1.0);
+    editor_->setVariables(&show_.variables());
+    editor_->setFps(Show::fps);
+    editor_->setShowTime();
+    editor_->setTimeRange(0.0, Show::duration);
+    editor_->setMinValue(0.0);
+    editor_->setMaxValue(100.0);
+    showBeats(false);
+    editor_->setValueText([](double level) { return withUnit(level, QStringLiteral("%")); },
+                          [](const QString& text) { return valueWithUnit(text, QStringLiteral("%")); });
     editor_->setTimeLineDraggable(true);
-    editor_->setTimeText(
-        [](double time) { return AxisTexts::timecode(time, AxisTexts::film); },
-        [](const QString& text) { return AxisTexts::timeOfTimecode(text, AxisTexts::film); });
-    editor_->addCurve("Ball", "x", Qt::red, 0.0F, &x_.spline, &x_.formula, -1.0F, 1.0F);
-    editor_->addCurve("Ball", "y", Qt::blue, 0.0F, &y_.spline, &y_.formula, -1.0F, 1.0F);
-    editor_->setDefaultSelected("Ball", "x");
-    editor_->setDefaultSelected("Ball", "y");
-    connect(editor_.get(), &CurveEditor::curveEdited, stage_, [this] { stage_->update(); });
+    editor_->setUnderlay(
+        [this](QPainter& painter, const PlaneMapping& view) { music_.paint(painter, view); });
+    editor_->setOverlay([this](QPainter& painter, const PlaneMapping& view) { drawCues(painter, view); });
+    addChannels();
+    editor_->setDefaultSelected("Back", "01");
+    editor_->setDefaultSelected("House", "01");
+    editor_->setDefaultSelected("Front", "01");
+    connect(editor_.get(), &CurveEditor::curveEdited, this, &MainWindow::render);
     connect(editor_.get(), &CurveEditor::timeLineDragged, this, &MainWindow::showTime);
 
-    auto* const dock = new QDockWidget(tr("Curves"), this);
+    auto* const dock = new QDockWidget(tr("Channels"), this);
+    dock->setObjectName("channels");
     dock->setWidget(editor_.get());
     addDockWidget(Qt::BottomDockWidgetArea, dock);
+}
+
+/// Bars and beats of the music, or timecode.
+void MainWindow::showBeats(bool on)
+{
+    using namespace AxisTexts;
+    if (on) {
+        editor_->setTimeText(
+            [](double time) { return bars(time, SoundTrack::tempo, beatsPerBar); },
+            [](const QString& text) { return timeOfBars(text, SoundTrack::tempo, beatsPerBar); });
+        editor_->setTimeGrid(linesOfMusic);
+    } else {
+        editor_->setTimeText([](double time) { return timecode(time, film); },
+                             [](const QString& text) { return timeOfTimecode(text, film); });
+        editor_->setTimeGrid({});
+    }
+}
+
+void MainWindow::addChannels()
+{
+    for (const auto& channel : show_.channels()) {
+        editor_->addCurve(channel->group, channel->name, channel->color, 0.0F, &channel->spline,
+                          &channel->formula, 0.0F, 100.0F);
+        CurveOptions options;
+        options.lowest = 0.0;
+        options.highest = 100.0;
+        options.step = 1.0;
+        options.locked = channel->isLocked;
+        options.toolTip = channel->isLocked ? tr("Lights that must not go out") : QString();
+        editor_->setCurveOptions(channel->group, channel->name, options);
+        editor_->setConstraint(channel->group, channel->name, setToWholeFrames);
+    }
+}
+
+void MainWindow::drawCues(QPainter& painter, const PlaneMapping& view) const
+{
+    painter.setPen(palette().color(QPalette::Text));
+    for (const Show::Cue& cue : show_.cues()) {
+        const int column = view.pixelColumn(cue.time);
+        painter.drawLine(column, 0, column, painter.fontMetrics().height());
+        painter.drawText(column + 4, painter.fontMetrics().ascent(), cue.name);
+    }
 }
 
 void MainWindow::addMenus()
 {
     QMenu* const file = menuBar()->addMenu(tr("&File"));
-    file->addAction(tr("Save the path of the ball…"), this, &MainWindow::save)
-        ->setShortcut(QKeySequence::Save);
+    file->addAction(tr("Open a show…"), this, &MainWindow::open)->setShortcut(QKeySequence::Open);
+    file->addAction(tr("Save the show…"), this, &MainWindow::save)->setShortcut(QKeySequence::Save);
     QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
     QAction* const undo = undoStack_.createUndoAction(this);
     undo->setShortcut(QKeySequence::Undo);
@@ -100,32 +196,130 @@ void MainWindow::addMenus()
     redo->setShortcut(QKeySequence::Redo);
     edit->addActions({undo, redo});
     edit->addSeparator();
-    edit->addAction(tr("Change the colour of the ball"), this, &MainWindow::changeColor);
-    QAction* const playing = addToolBar(tr("Clock"))->addAction(tr("Play"));
+    edit->addAction(tr("Change the gel"), this, &MainWindow::changeColor);
+
+    QToolBar* const bar = addToolBar(tr("Clock"));
+    QAction* const playing = bar->addAction(tr("Play"));
     playing->setCheckable(true);
     connect(playing, &QAction::toggled, this, &MainWindow::play);
+    QAction* const beats = bar->addAction(tr("Beats"));
+    beats->setCheckable(true);
+    connect(beats, &QAction::toggled, this, &MainWindow::showBeats);
+    recordAction_ = bar->addAction(tr("Record"));
+    recordAction_->setCheckable(true);
+    connect(recordAction_, &QAction::toggled, this, [this](bool on) { recording_ += on; });
+    fader_ = new QSlider(Qt::Horizontal);
+    fader_->setRange(0, 100);
+    fader_->setMaximumWidth(200);
+    fader_->setAccessibleName(tr("Level of the current channel"));
+    connect(fader_, &QSlider::valueChanged, this, &MainWindow::record);
+    bar->addWidget(fader_);
+    bar->addAction(editor_->action("setCompleteAction")); // one of the editor's in a bar of the host
 }
 
-/// The editor has a key of the same name, which acts while the focus is in it.
+/// Commands of the host in the menus of the editor.
+void MainWindow::addCommands()
+{
+    auto* const full = new QAction(tr("Set to full"), this);
+    full->setShortcut(Qt::Key_F9);
+    connect(full, &QAction::triggered, this, &MainWindow::setFull);
+    editor_->addPointAction(full);
+    auto* const fade = new QAction(tr("Fade out at the time line"), this);
+    fade->setShortcut(Qt::Key_F10);
+    connect(fade, &QAction::triggered, this, &MainWindow::fadeOut);
+    editor_->addEditAction(fade);
+    lockAction_ = new QAction(tr("Lock the channel"), this);
+    lockAction_->setCheckable(true);
+    connect(lockAction_, &QAction::toggled, this, &MainWindow::lockChannel);
+    connect(editor_.get(), &CurveEditor::currentCurveChanged, this, &MainWindow::showLock);
+    editor_->addListAction(lockAction_);
+    showLock();
+}
+
+void MainWindow::setFull()
+{
+    const auto [group, name] = editor_->currentCurve();
+    const std::vector<int> points = editor_->selectedPoints(group, name);
+    editor_->edit(group, name, tr("Set points of %1.%2 to full").arg(group, name),
+                  [&points](SplineBase& spline) {
+                      for (const int point : points)
+                          spline.setPos(spline.modify(point), 100.0);
+                  });
+}
+
+void MainWindow::fadeOut()
+{
+    const auto [group, name] = editor_->currentCurve();
+    const double time = wholeFrame(time_);
+    editor_->edit(group, name, tr("Fade out %1.%2").arg(group, name), [time](SplineBase& spline) {
+        setLevel(spline, time, spline(time));
+        setLevel(spline, time + fadeTime, 0.0);
+    });
+}
+
+void MainWindow::lockChannel(bool on)
+{
+    const auto [group, name] = editor_->currentCurve();
+    CurveOptions options = editor_->curveOptions(group, name);
+    options.locked = on;
+    editor_->setCurveOptions(group, name, options);
+}
+
+void MainWindow::showLock()
+{
+    const QSignalBlocker blocker(lockAction_);
+    const auto [group, name] = editor_->currentCurve();
+    lockAction_->setChecked(editor_->curveOptions(group, name).locked);
+}
+
+/// All of one recording is one entry, and what the user does between goes on.
+void MainWindow::record(int level)
+{
+    if (!recordAction_->isChecked())
+        return;
+    const auto [group, name] = editor_->currentCurve();
+    editor_->edit(
+        group, name, tr("Record %1.%2").arg(group, name),
+        [this, level](SplineBase& spline) { setLevel(spline, wholeFrame(time_), level); }, recording_);
+}
+
 void MainWindow::save()
 {
-    const QString name = QFileDialog::getSaveFileName(this, tr("Save the path of the ball"));
+    const QString name = QFileDialog::getSaveFileName(this, tr("Save the show"));
     if (name.isEmpty())
         return;
-    QSaveFile file(name);
-    const bool isOpen = file.open(QIODevice::WriteOnly | QIODevice::Text);
-    QTextStream out(&file);
-    for (int frame = 0; isOpen && frame <= int(duration * fps); ++frame)
-        out << frame / fps << ' ' << x_.spline(frame / fps) << ' ' << y_.spline(frame / fps) << '\n';
-    out.flush();
-    if (!isOpen || !file.commit())
+    QJsonArray opened;
+    for (const auto& [group, curve] : editor_->openCurves())
+        opened.append(QJsonArray{group, curve});
+    const QJsonObject file{{"view", QString::fromLatin1(editor_->saveState().toBase64())},
+                           {"open", opened},
+                           {"curves", show_.write()}};
+    QSaveFile out(name);
+    if (!out.open(QIODevice::WriteOnly) || out.write(QJsonDocument(file).toJson()) < 0 || !out.commit())
         QMessageBox::warning(this, windowTitle(), tr("%1 could not be saved.").arg(name));
+}
+
+void MainWindow::open()
+{
+    const QString name = QFileDialog::getOpenFileName(this, tr("Open a show"));
+    QFile in(name);
+    if (name.isEmpty() || !in.open(QIODevice::ReadOnly))
+        return;
+    const QJsonObject file = QJsonDocument::fromJson(in.readAll()).object();
+    for (const auto& channel : show_.channels())
+        editor_->removeCurve(channel->group, channel->name);
+    show_.read(file["curves"].toObject());
+    addChannels();
+    for (const QJsonValue curve : file["open"].toArray())
+        editor_->setDefaultSelected(curve[0].toString(), curve[1].toString());
+    editor_->restoreState(QByteArray::fromBase64(file["view"].toString().toLatin1()));
+    render();
 }
 
 void MainWindow::changeColor()
 {
     const int hue = QRandomGenerator::global()->bounded(360);
-    undoStack_.push(new ColorCommand(*stage_, QColor::fromHsv(hue, 200, 230)));
+    undoStack_.push(new GelCommand(gel_, QColor::fromHsv(hue, 120, 255), [this] { render(); }));
 }
 
 void MainWindow::play(bool on)
@@ -138,12 +332,29 @@ void MainWindow::play(bool on)
 
 void MainWindow::advance()
 {
-    showTime(std::fmod(time_ + 1.0 / fps, duration));
-    editor_->setTimeLine(time_);
+    setTime(std::fmod(time_ + 1.0 / Show::fps, Show::duration));
+    record(fader_->value());
+}
+
+void MainWindow::setTime(double time)
+{
+    editor_->setTimeLine(time);
+    showTime(time);
 }
 
 void MainWindow::showTime(double time)
 {
     time_ = time;
-    stage_->setTime(time);
+    render();
+}
+
+void MainWindow::render()
+{
+    Renderer::Scene scene{show_.snapshots(), {}, time_, stage_->size()};
+    for (const auto& channel : show_.channels()) {
+        const QColor color = channel->color;
+        scene.colors.push_back(qRgb(color.red() * gel_.red() / 255, color.green() * gel_.green() / 255,
+                                    color.blue() * gel_.blue() / 255));
+    }
+    renderer_.show(std::move(scene));
 }

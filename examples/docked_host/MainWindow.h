@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Renderer.h"
+#include "Show.h"
+#include "SoundTrack.h"
 #include "Stage.h"
 
-#include <curveeditor/model/FunctionFloatBase.h>
-#include <curveeditor/model/SplineBase.h>
-
+#include <QColor>
 #include <QMainWindow>
 #include <QTimer>
 #include <QUndoStack>
@@ -13,9 +14,11 @@
 #include <memory>
 
 class CurveEditor;
+class QAction;
+class QSlider;
 
-/// A host with the editor in a dock. The stage follows each step of an edit, and the edits of the user and the commands
-/// of the host go back in one order by the menu "Edit". Ctrl+S saves what the host makes of the curves.
+/// A lighting console with the editor in a dock. Its lamps follow each step of an edit, drawn by a thread; the edits of the
+/// user and the commands of the host go back in one order; the host's own commands stand in the menus of the editor.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -24,27 +27,41 @@ public:
     MainWindow();
     ~MainWindow() override;
 
-private:
-    struct Curve
-    {
-        ~Curve() { delete formula; } // what the editor leaves in the variable is the host's
-        SplineBase spline;
-        FunctionFloatBase* formula = nullptr;
-    };
+    const Show& data() const { return show_; }
 
+private:
     void addEditor();
+    void addChannels();
     void addMenus();
+    void addCommands();
+    void showBeats(bool on);
+    void drawCues(QPainter& painter, const PlaneMapping& view) const;
+
+    void open();
     void save();
+    void setFull();
+    void fadeOut();
+    void lockChannel(bool on);
+    void showLock();
+    void record(int level);
     void changeColor();
     void play(bool on);
     void advance();
+    void setTime(double time);
     void showTime(double time);
+    void render();
 
-    Curve x_;
-    Curve y_;
+    Show show_;
+    SoundTrack music_{Show::duration};
     double time_ = 0.0;
+    int recording_ = 0; ///< number of the one that goes on; each is one entry of the undo stack
+    QColor gel_ = Qt::white;
     QUndoStack undoStack_;
     QTimer clock_;
+    Renderer renderer_;
     Stage* stage_;
+    QSlider* fader_ = nullptr;
+    QAction* recordAction_ = nullptr;
+    QAction* lockAction_ = nullptr;
     std::unique_ptr<CurveEditor> editor_; ///< before the curves in its end
 };

@@ -1,31 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QColor>
+#include <QImage>
 #include <QWidget>
 
-class SplineBase;
-
-/// The view of this host: the path of a ball whose place is read from two curves, and the ball at the present time.
+/// The view of this host: the picture that the thread has drawn last.
 class Stage : public QWidget
 {
-public:
-    /// The curves must outlive it. Times are from 0 to `duration`, places from -1 to 1.
-    Stage(const SplineBase& x, const SplineBase& y, double duration, QWidget* parent = nullptr);
+    Q_OBJECT
 
-    void setTime(double time);
-    QColor color() const { return color_; }
-    void setColor(const QColor& color);
+public:
+    explicit Stage(QWidget* parent = nullptr);
+
+    void setImage(const QImage& image);
+    const QImage& image() const { return image_; }
+
+Q_SIGNALS:
+    void resized();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QPointF placeAt(double time) const;
-
-    const SplineBase& x_;
-    const SplineBase& y_;
-    double duration_;
-    double time_ = 0.0;
-    QColor color_ = QColor(230, 120, 40);
+    QImage image_;
 };

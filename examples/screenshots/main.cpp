@@ -4,6 +4,8 @@
 // ratio of pixels is that of QT_SCALE_FACTOR.
 #include "GuideScene.h"
 
+#include <MainWindow.h>
+
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QApplication>
@@ -171,11 +173,23 @@ bool drawFitting(const QDir& folder)
                 folder.filePath("simplify.png"));
 }
 
+bool drawDockedHost(const QDir& folder)
+{
+    MainWindow host;
+    host.show();
+    auto* const stage = host.findChild<Stage*>();
+    const bool isLit = QTest::qWaitForWindowExposed(&host) &&
+                       QTest::qWaitFor([stage] { return stage->image().size() == stage->size(); });
+    auto* const editor = host.findChild<CurveEditor*>();
+    editor->selectPoints("Front", "01", {1});
+    return isLit && save(host.grab(), folder.filePath("docked-host.png"));
+}
+
 bool drawPictures(const QDir& folder)
 {
     return drawEditor(folder) && drawDarkEditor(folder) && drawView(folder) && drawSelecting(folder) &&
            drawSpan(folder) && drawMoving(folder) && drawClipboard(folder) && drawTangents(folder) &&
-           drawTable(folder) && drawFitting(folder);
+           drawTable(folder) && drawFitting(folder) && drawDockedHost(folder);
 }
 
 bool drawPages(const QDir& folder, const QString& suffix)

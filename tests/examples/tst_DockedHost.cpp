@@ -1,39 +1,169 @@
 // SPDX-License-Identifier: MIT
 #include <AxisTexts.h>
 #include <MainWindow.h>
+#include <curveeditor/shell/CurveEditor.h>
 #include <support/Test.h>
 
-/// The host that docks the editor, driven as a user does.
+/// A window of the host, driven as a user does.
+struct Console
+{
+    Console()
+    {
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        canvas.setFocus();
+        QTRY_COMPARE(stage.image().size(), stage.size());
+    }
+    QPoint pixel(double time, double level) const { return editor.toCanvas({time, level}).toPoint(); }
+    void drag(const QPoint& from, const QPoint& to)
+    {
+        QTest::mousePress(&canvas, Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, canvas.mapToGlobal(QPointF(to)), {}, Qt::LeftButton, {});
+        QApplication::sendEvent(&canvas, &move);
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, to);
+    }
+    void trigger(const char* text)
+    {
+        for (QAction* const action : window.findChildren<QAction*>()) {
+            if (action->text() == text)
+                return action->trigger();
+        }
+        QFAIL(text);
+    }
+    const SplineBase& front() const { return window.data().find("Front", "01")->spline; }
+    QString undoText() const { return editor.undoStack()->undoText(); }
+
+    MainWindow window;
+    CurveEditor& editor = *window.findChild<CurveEditor*>();
+    QWidget& canvas = *window.findChild<QWidget*>("functionEdit");
+    Stage& stage = *window.findChild<Stage*>();
+};
+
+/// Answers the file dialog that opens next, and returns its title.
+static QString answerFileDialog(QWidget& focus, Qt::Key key, const QString& path)
+{
+    QString title;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        look.stop();
+        title = dialog->windowTitle();
+        dialog->selectFile(path);
+        path.isEmpty() ? dialog->reject() : static_cast<QDialog*>(dialog)->accept();
+    });
+    look.start(1);
+    QTest::mouseClick(&focus, Qt::LeftButton, {}, {5, 5});
+    QTest::keyClick(&focus, key, Qt::ControlModifier);
+    [&] {
+        QTRY_VERIFY(!title.isEmpty());
+    }();
+    return title;
+}
+
 class tst_DockedHost : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void stageFollowsADragAndTheClock()
+    void lampsFollowADragAndTheClock()
     {
-        MainWindow window;
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        auto* const stage = dynamic_cast<Stage*>(window.centralWidget());
-        auto* const canvas = window.findChild<QWidget*>("functionEdit");
-        const QList<QAction*> edit = window.menuBar()->actions().at(1)->menu()->actions();
-        const QImage before = stage->grab().toImage();
-        const QPoint point(canvas->width() / 4, canvas->height() / 10); // of the curve y, at 2.5 and 0.8
-        QTest::mousePress(canvas, Qt::LeftButton, {}, point);
-        const QPointF place = point + QPoint(40, 60);
-        QMouseEvent move(QEvent::MouseMove, place, canvas->mapToGlobal(place), {}, Qt::LeftButton, {});
-        QApplication::sendEvent(canvas, &move);
-        QVERIFY(stage->grab().toImage() != before);
-        QTest::mouseRelease(canvas, Qt::LeftButton, {}, place.toPoint());
-        edit.back()->trigger();
-        for (const char* text : {"Undo Change the colour of the ball", "Undo Move a point of Ball.y"}) {
-            QCOMPARE(edit.front()->text(), text);
-            edit.front()->trigger();
+        Console c;
+        const QImage before = c.stage.image();
+        const SplineState state = c.front().state();
+        c.drag(c.pixel(12.0, state.points[1].pos), c.pixel(17.03, 90.4));
+        const SplineBase::PointInfo moved = *c.front()[1]; // on whole frames and percent
+        QVERIFY(moved.time > 16.5 && moved.time == qRound(moved.time * 24.0) / 24.0);
+        QVERIFY(moved.pos > 80.0 && moved.pos == qRound(moved.pos));
+        QTRY_VERIFY(c.stage.image() != before);
+        c.trigger("Change the gel");
+        for (const char* const text : {"Change the gel", "Move a point of Front.01"}) {
+            QCOMPARE(c.undoText(), text);
+            QTest::keyClick(&c.canvas, Qt::Key_Z, Qt::ControlModifier);
         }
-        QVERIFY(stage->grab().toImage() == before);
+        QVERIFY(c.front().state() == state);
+        QTRY_VERIFY(c.stage.image() == before);
+        c.trigger("Play");
+        QTRY_VERIFY(c.stage.image() != before);
+    }
 
-        window.findChild<QToolBar*>()->actions().front()->setChecked(true);
-        QTRY_VERIFY(stage->grab().toImage() != before);
+    void commandsOfTheHostStandInTheEditor()
+    {
+        Console c;
+        QTest::mouseClick(&c.canvas, Qt::LeftButton, {}, c.pixel(31.0, c.front()[2]->pos));
+        QTest::keyClick(&c.canvas, Qt::Key_F9);
+        QCOMPARE(c.front()[2]->pos, 100.0);
+        QCOMPARE(c.undoText(), "Set points of Front.01 to full");
+        QTest::keyClick(&c.canvas, Qt::Key_F10);
+        QVERIFY(c.front()(18.0) == 0.0 && c.undoText() == "Fade out Front.01");
+        const int entries = c.editor.undoStack()->count();
+        c.trigger("Record");
+        for (const int level : {10, 60, 80})
+            c.window.findChild<QSlider*>()->setValue(level);
+        QVERIFY(c.front()(16.0) == 80.0 && c.editor.undoStack()->count() == entries + 1);
+        c.trigger("Record");
+        c.trigger("Record");
+        c.window.findChild<QSlider*>()->setValue(20);
+        QCOMPARE(c.editor.undoStack()->count(), entries + 2);
+
+        c.trigger("Lock the channel");
+        const SplineState locked = c.front().state();
+        c.drag(c.pixel(31.0, 100.0), c.pixel(35.0, 50.0));
+        QVERIFY(c.front().state() == locked);
+        c.trigger("Lock the channel");
+        c.drag(c.pixel(31.0, 100.0), c.pixel(35.0, 50.0));
+        QVERIFY(c.front().state() != locked);
+    }
+
+    void formulasReadTheirOwnShow()
+    {
+        Console c, other;
+        const auto level = [](const Console& console) {
+            return (*console.window.data().snapshots().front())(20.0); // of Front.01
+        };
+        for (const Console* const console : {&c, &other}) {
+            auto* const line = console->editor.findChild<QLineEdit*>("commandLine");
+            line->setText("back.01");
+            QTest::keyClick(line, Qt::Key_Return);
+        }
+        const double before = level(c);
+        QVERIFY(other.editor.edit("Back", "01", "Level", [](SplineBase& spline) {
+            spline.reset();
+            spline.setPos(spline.modify(0u), 77.0);
+        }));
+        QVERIFY(level(other) == 77.0 && level(c) == before && before != 77.0);
+    }
+
+    void showComesBackWithItsView()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("evening.show");
+        Console c;
+        c.editor.setView({10.0, 20.0, 30.0, 60.0});
+        c.editor.setDefaultSelected("Side", "03");
+        c.drag(c.pixel(31.0, c.window.data().find("Side", "03")->spline[2]->pos), c.pixel(30.0, 40.0));
+        QCOMPARE(c.undoText(), "Move a point of Side.03");
+        QCOMPARE(answerFileDialog(c.stage, Qt::Key_S, path), "Save the show");
+        Console other;
+        QCOMPARE(answerFileDialog(other.stage, Qt::Key_O, path), "Open a show");
+        QCOMPARE(other.window.data().write(), c.window.data().write());
+        QCOMPARE(other.editor.openCurves(), c.editor.openCurves());
+        QCOMPARE(other.editor.view(), c.editor.view());
+    }
+
+    void timesAreWrittenAsTheUserWants()
+    {
+        Console c;
+        const auto* const time = c.editor.findChild<QLineEdit*>("posX");
+        QTest::mouseClick(&c.canvas, Qt::LeftButton, {}, c.pixel(31.0, c.front()[2]->pos));
+        QCOMPARE(time->text(), "00:00:31:00");
+        const QImage timecode = c.canvas.grab().toImage();
+        c.trigger("Beats");
+        QCOMPARE(time->text(), "16.3.000");
+        QVERIFY(c.canvas.grab().toImage() != timecode);
+        c.trigger("Beats");
+        QVERIFY(c.canvas.grab().toImage() == timecode);
     }
 
     void axisTexts_data()
@@ -81,35 +211,8 @@ private Q_SLOTS:
 
     void focusDecidesWhoSaves()
     {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath("ball.txt");
-        for (const bool isOutside : {true, false}) {
-            MainWindow window;
-            window.show();
-            QVERIFY(QTest::qWaitForWindowActive(&window));
-            auto* const focus =
-                isOutside ? window.centralWidget() : window.findChild<QWidget*>("functionEdit");
-            QTest::mouseClick(focus, Qt::LeftButton, {}, {5, 5});
-            QVERIFY(focus->hasFocus());
-            QString title;
-            QTimer look;
-            connect(&look, &QTimer::timeout, [&] {
-                auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-                if (!dialog)
-                    return;
-                look.stop();
-                title = dialog->windowTitle();
-                dialog->selectFile(path);
-                isOutside ? static_cast<QDialog*>(dialog)->accept() : dialog->reject();
-            });
-            look.start(1);
-            QTest::keyClick(focus, Qt::Key_S, Qt::ControlModifier);
-            QTRY_VERIFY(!title.isEmpty());
-            QCOMPARE(title == "Save the path of the ball", isOutside);
-        }
-        QFile saved(path);
-        QVERIFY(saved.open(QIODevice::ReadOnly));
-        QVERIFY(saved.readAll().startsWith("0 "));
+        QVERIFY(answerFileDialog(Console().canvas, Qt::Key_S, {}) != "Save the show"); // a key of the editor
+        QCOMPARE(answerFileDialog(Console().stage, Qt::Key_S, {}), "Save the show");
     }
 };
 
