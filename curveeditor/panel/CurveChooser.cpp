@@ -17,7 +17,7 @@ namespace curveeditor {
 namespace {
 
 constexpr int rowsInSight = 12;
-constexpr int charactersInSight = 32;
+constexpr int charactersInSight = 40;
 
 /// Long names are shortened, so each is its own tip.
 class NameModel : public QStringListModel
@@ -63,21 +63,21 @@ CurveChooser::CurveChooser(QWidget* parent)
     translate();
 }
 
-void CurveChooser::open(const QStringList& names, const QWidget& below)
+void CurveChooser::open(const QStringList& names, const QWidget& over)
 {
     names_ = names;
     line_->clear();
     filter({});
     translate();
     for (QWidget* const part : std::initializer_list<QWidget*>{line_, list_})
-        part->setFont(below.font());
-    setPalette(below.palette());
-    const QFontMetrics metrics(below.font());
+        part->setFont(over.font());
+    setPalette(over.palette());
+    const QFontMetrics metrics(over.font());
     const int rowHeight = qMax(metrics.height(), list_->sizeHintForRow(0));
-    resize(qMax(below.width(), charactersInSight * metrics.averageCharWidth()),
+    resize(charactersInSight * metrics.averageCharWidth(),
            line_->sizeHint().height() + rowsInSight * rowHeight);
-    QRect place(below.mapToGlobal(QPoint(0, below.height())), size());
-    const QRect free = below.screen()->availableGeometry();
+    QRect place(over.mapToGlobal(QPoint()), size());
+    const QRect free = over.screen()->availableGeometry();
     place.moveRight(qMin(place.right(), free.right()));
     place.moveBottom(qMin(place.bottom(), free.bottom()));
     move(place.topLeft());

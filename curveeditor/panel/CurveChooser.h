@@ -20,8 +20,8 @@ class CurveChooser : public QFrame
 public:
     explicit CurveChooser(QWidget* parent);
 
-    /// Opens the field below a widget, in its font, with these names in ascending order.
-    void open(const QStringList& names, const QWidget& below);
+    /// Opens the field at the top of a widget, in its font, with these names in ascending order.
+    void open(const QStringList& names, const QWidget& over);
 
 Q_SIGNALS:
     /// The field is closed by then.

@@ -59,9 +59,14 @@ EditingListPanel::EditingListPanel(QWidget* parent)
     connect(list_->model(), &QAbstractItemModel::rowsRemoved, this, &EditingListPanel::showFilterLine);
 }
 
-void EditingListPanel::offer(const QStringList& names)
+void EditingListPanel::offer(const QStringList& names, const QWidget& over)
 {
-    chooser_->open(names, *list_);
+    chooser_->open(names, over);
+}
+
+void EditingListPanel::closeOffer()
+{
+    chooser_->close();
 }
 
 void EditingListPanel::showFilterLine()

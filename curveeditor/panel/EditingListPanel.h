@@ -27,8 +27,9 @@ public:
     /// The command that asks for more curves, by its "+" and by Insert in the list.
     QAction* openAction() const { return openAction_; }
     QToolButton* openButton() const { return openButton_; }
-    /// Opens the field in which the user chooses among these names.
-    void offer(const QStringList& names);
+    /// Opens the field in which the user chooses among these names, at the top of a widget, or closes it.
+    void offer(const QStringList& names, const QWidget& over);
+    void closeOffer();
 
 Q_SIGNALS:
     void curvesWanted();

@@ -64,11 +64,14 @@ CurveEditor::CurveEditor(QWidget* parent)
     d_->keys = std::make_unique<EditorKeys>(*this, *d_->functionEdit, *menu);
     d_->functionEdit->setAccessibleName(tr("Canvas"));
     d_->pointTable = new PointTablePage(d_->functionEdit->canvas, this);
-    tabWidget2->addTab(d_->pointTable, d_->pointTable->windowTitle());
+    d_->pages = {{EditorPart::EnvelopePage, tab},
+                 {EditorPart::ExpressionPage, tab_2},
+                 {EditorPart::PointsPage, d_->pointTable}};
 
     d_->showPanelTheme();
 
-    resize(400, 300);
+    d_->showParts();
+    resize(Private::sizeBeforeFirstShow);
     d_->connectWidgets();
     d_->connectEditingList();
     d_->connectPointTable();
@@ -176,8 +179,11 @@ void CurveEditor::Private::connectEditingList()
 {
     QObject::connect(editor.checkListsEditing, &EditingList::setNodeForEdit, &editor,
                      [this](const QString& name) { takeDroppedName(name); });
-    QObject::connect(editor.listPanel, &EditingListPanel::curvesWanted, &editor,
-                     [this] { editor.listPanel->offer(closedCurves()); });
+    QObject::connect(editor.listPanel, &EditingListPanel::curvesWanted, &editor, [this] {
+        const bool hasList = editor.checkListsEditing->isVisible();
+        editor.listPanel->offer(closedCurves(),
+                                hasList ? static_cast<QWidget&>(*editor.checkListsEditing) : *functionEdit);
+    });
     QObject::connect(editor.listPanel, &EditingListPanel::curvesChosen, &editor,
                      [this](const QStringList& names) { openCurves(names); });
     QObject::connect(editor.checkListsEditing, &EditingList::supressFromEditing, &editor,
@@ -317,7 +323,7 @@ std::function<void()> CurveEditor::Private::meaningOfEscape()
         return [this] {
             functionEdit->setFocus();
         };
-    if (!editor.listPanel->filterLine()->text().isEmpty())
+    if (editor.listPanel->isVisible() && !editor.listPanel->filterLine()->text().isEmpty())
         return [this] {
             editor.listPanel->filterLine()->clear();
         };

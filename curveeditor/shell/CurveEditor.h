@@ -7,6 +7,7 @@
 #include <curveeditor/shell/CurveChange.h>
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 #include <curveeditor/shell/CurveOptions.h>
+#include <curveeditor/shell/EditorPart.h>
 
 #include <QByteArray>
 #include <QColor>
@@ -289,6 +290,19 @@ public:
     /// a curve that is removed go, and so do those of one that the host has changed since: nothing that the host
     /// did is overwritten. After the end of the dialog its entries do nothing.
     void setUndoStack(QUndoStack* stack);
+
+    // Parts
+
+    /// Takes a part away, or brings it back; at first all are there. An area that is hidden leaves its room to the
+    /// canvas, and its commands keep their keys. A subject that is off has neither commands nor keys, and a dialog of it
+    /// that is open is left as by Escape; calls of the host work all the same. What has the focus in a part that goes is
+    /// left, and what is under way with it done. May be called at any time; each part goes and comes by itself, so the page
+    /// of formulas shows where `Pages`, `ExpressionPage` and `Formulas` all are. The dialog takes at least 640 x 480
+    /// pixels, 400 x 200 without the pages, and 200 x 120 where the canvas is alone, in usual fonts.
+    void setPartShown(EditorPart part, bool shown);
+    bool isPartShown(EditorPart part) const;
+    /// A window that nobody gave a size begins with room for all it holds.
+    void setVisible(bool visible) override;
 
     // Commands
 

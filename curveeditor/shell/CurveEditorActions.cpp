@@ -7,6 +7,7 @@
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PlainToolBar.h>
+#include <curveeditor/shell/ShrinkingBox.h>
 
 #include <QAction>
 #include <QActionGroup>
@@ -171,35 +172,28 @@ void CurveEditor::Private::addMenuButton(QToolBar* bar, const QString& text, QMe
         QObject::connect(button, &QToolButton::triggered, &editor, [this] { functionEdit->setFocus(); });
 }
 
-QToolButton* CurveEditor::Private::createViewButton(QWidget* box, const QString& text)
+QToolButton* CurveEditor::Private::createViewButton(ShrinkingBox& box, const QString& text)
 {
-    auto* const button = new QToolButton(box);
+    auto* const button = new QToolButton;
     button->setObjectName(text.trimmed());
     button->setText(text);
     button->setAutoRaise(true);
-    box->layout()->addWidget(button);
+    box.add(button);
     return button;
 }
 
 void CurveEditor::Private::createViewButtons()
 {
-    auto* const box = new QFrame(editor.mainMenu);
-    box->setFrameShape(QFrame::StyledPanel);
-    auto* const layout = new QHBoxLayout(box);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(5);
-    editor.mainMenu->addWidget(box);
+    auto* const box = new ShrinkingBox(editor.mainMenu);
+    viewBox = editor.mainMenu->addWidget(box);
 
-    fitButton = createViewButton(box, CurveEditor::tr(" Fit "));
-    fitHButton = createViewButton(box, CurveEditor::tr(" Fit H "));
-    fitVButton = createViewButton(box, CurveEditor::tr(" Fit V "));
+    fitButton = createViewButton(*box, CurveEditor::tr(" Fit "));
+    fitHButton = createViewButton(*box, CurveEditor::tr(" Fit H "));
+    fitVButton = createViewButton(*box, CurveEditor::tr(" Fit V "));
     for (QToolButton* const button : {fitButton, fitHButton, fitVButton})
         button->setFocusPolicy(Qt::NoFocus);
-    scaleButton = createViewButton(box, CurveEditor::tr("Scale"));
-    panButton = createViewButton(box, CurveEditor::tr("Pan"));
-    auto* const filler = new QFrame(box);
-    filler->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    layout->addWidget(filler);
+    scaleButton = createViewButton(*box, CurveEditor::tr("Scale"));
+    panButton = createViewButton(*box, CurveEditor::tr("Pan"));
 
     for (const QToolButton* const button : box->findChildren<QToolButton*>())
         QObject::connect(button, &QToolButton::clicked, &editor, [this] { functionEdit->setFocus(); });
@@ -228,6 +222,7 @@ void CurveEditor::fitToFont()
     }
     expressionTool->setMinimumWidth(width);
     CurveEditorDialogBase::fitToFont();
+    d_->showParts();
 }
 
 QMenu* CurveEditor::Private::createExpressionMenu(const QString& text, const QStringList& entries,

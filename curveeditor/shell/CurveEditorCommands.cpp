@@ -8,6 +8,7 @@
 #include <curveeditor/files/FileReplacement.h>
 #include <curveeditor/files/NumberText.h>
 #include <curveeditor/panel/CustomEditLine.h>
+#include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/PanDialog.h>
 #include <curveeditor/shell/ScaleDialog.h>
@@ -56,10 +57,11 @@ void showChoice(const QList<QAction*>& actions, QComboBox& combo, int type)
 }
 
 /// The file that the user chooses; null if there is none, or if `parent` was deleted meanwhile.
-QString askForFile(QWidget* parent, QFileDialog::AcceptMode mode, const QString& start,
+QString askForFile(QWidget* parent, EditorPart part, QFileDialog::AcceptMode mode, const QString& start,
                    const QString& filters)
 {
     ModalDialog<QFileDialog> dialog(parent, QString(), start, filters);
+    dialog->setProperty(partOfDialog, int(part));
     dialog->setAcceptMode(mode);
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     return dialog.answer() == QDialog::Accepted ? dialog->selectedFiles().value(0) : QString();
@@ -109,7 +111,8 @@ void CurveEditor::loadFile()
     if (canvas.noCurrentCurve())
         return;
     const QPointer<CurveNodeBase> curve(canvas.getCurrentCurve());
-    const QString chosen = askForFile(this, QFileDialog::AcceptOpen, QString(), QStringLiteral("*.crv"));
+    const QString chosen =
+        askForFile(this, EditorPart::Files, QFileDialog::AcceptOpen, QString(), QStringLiteral("*.crv"));
     if (chosen.isNull() || !d_->isCurrent(curve))
         return;
     const QString path = CurveFileStore::pathToLoad(chosen);
@@ -133,6 +136,7 @@ bool CurveEditor::Private::mayReplace(const QString& path)
                                  CurveEditor::tr("%1 already exists.\nDo you want to replace it?").arg(path),
                                  QMessageBox::Yes | QMessageBox::No, &editor);
     box->setDefaultButton(QMessageBox::No);
+    box->setProperty(partOfDialog, int(EditorPart::Files));
     return box.answer() == QMessageBox::Yes;
 }
 
@@ -142,8 +146,8 @@ void CurveEditor::saveFile()
     if (canvas.noCurrentCurve())
         return;
     const QPointer<CurveNodeBase> curve(canvas.getCurrentCurve());
-    const QString chosen =
-        askForFile(this, QFileDialog::AcceptSave, canvas.getCurrentCurveName(), QStringLiteral("*.crv"));
+    const QString chosen = askForFile(this, EditorPart::Files, QFileDialog::AcceptSave,
+                                      canvas.getCurrentCurveName(), QStringLiteral("*.crv"));
     if (chosen.isNull())
         return;
     const QString path = CurveFileStore::pathToSave(chosen);
@@ -162,8 +166,8 @@ void CurveEditor::saveFile()
 
 void CurveEditor::loadImage()
 {
-    const QString name =
-        askForFile(this, QFileDialog::AcceptOpen, QString(), QStringLiteral("*.jpg;;") + tr("All files (*)"));
+    const QString name = askForFile(this, EditorPart::Pictures, QFileDialog::AcceptOpen, QString(),
+                                    QStringLiteral("*.jpg;;") + tr("All files (*)"));
     if (!QFileInfo(name).isFile()) // to open a pipe would wait for its writer
         return;
     if (d_->functionEdit->canvas.loadImage(name))

@@ -8,6 +8,7 @@
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
 #include <curveeditor/shell/DialogParts.h>
+#include <curveeditor/shell/PageArea.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
 #include <QAbstractItemView>
@@ -29,6 +30,8 @@ using namespace curveeditor;
 namespace {
 
 constexpr QSize initialSize(844, 550);
+constexpr QSize canvasAtFirst(550, 300);
+constexpr QSize leastCanvas(150, 80);
 constexpr int listWidth = 150;
 constexpr int fewestCharacters = 13; // of a name in the list, before it is shortened
 constexpr int menuHeight = 30;
@@ -151,7 +154,7 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     splitter10->setOrientation(Qt::Vertical);
     functionView = named<QFrame>("functionView", splitter10);
     functionView->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    functionView->setMinimumSize(550, 300);
+    functionView->setMinimumSize(leastCanvas);
     setPaletteColor(functionView, QPalette::Window, QColor(58, 56, 51));
     functionView->setAutoFillBackground(true);
     functionView->setMouseTracking(true);
@@ -173,8 +176,9 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
 
 void CurveEditorDialogBase::buildNodePage()
 {
-    tab = named<QWidget>("tab", tabWidget2);
-    tabLayout = outerLayout<QHBoxLayout>("tabLayout", tab);
+    auto* const area = named<PageArea>("tab", tabWidget2);
+    tab = area;
+    tabLayout = outerLayout<QHBoxLayout>("tabLayout", area->widget());
     buildPositionFrame();
     tabLayout->addItem(new QSpacerItem(tabSpace, fieldHeight, QSizePolicy::Expanding, QSizePolicy::Minimum));
     buildParameterFrame();
@@ -185,7 +189,7 @@ void CurveEditorDialogBase::buildNodePage()
 
 void CurveEditorDialogBase::buildPositionFrame()
 {
-    frame11 = pageFrame("frame11", tab);
+    frame11 = pageFrame("frame11", tabLayout->parentWidget());
     tabLayout->addWidget(frame11);
     frame11Layout = outerLayout<QHBoxLayout>("frame11Layout", frame11);
     layout15 = innerLayout<QVBoxLayout>("layout15", frame11Layout);
@@ -233,7 +237,7 @@ void CurveEditorDialogBase::buildBehaviours()
 
 void CurveEditorDialogBase::buildParameterFrame()
 {
-    frame10 = pageFrame("frame10", tab);
+    frame10 = pageFrame("frame10", tabLayout->parentWidget());
     tabLayout->addWidget(frame10);
     frame10Layout = outerLayout<QHBoxLayout>("frame10Layout", frame10);
     layout21 = innerLayout<QGridLayout>("layout21", frame10Layout);
@@ -297,14 +301,15 @@ void CurveEditorDialogBase::buildTangentPage()
 
 void CurveEditorDialogBase::buildExpressionPage()
 {
-    tab_2 = named<QWidget>("tab_2", tabWidget2);
-    tabLayout_2 = outerLayout<QVBoxLayout>("tabLayout_2", tab_2);
-    expressionTool = new PlainToolBar(tab_2, QStringLiteral("expressionTool"));
+    auto* const area = named<PageArea>("tab_2", tabWidget2);
+    tab_2 = area;
+    tabLayout_2 = outerLayout<QVBoxLayout>("tabLayout_2", area->widget());
+    expressionTool = new PlainToolBar(area->widget(), QStringLiteral("expressionTool"));
     expressionTool->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
     tabLayout_2->addWidget(expressionTool);
 
     layout4 = innerLayout<QHBoxLayout>("layout4", tabLayout_2);
-    commandLine = named<ExpressionEditLine>("commandLine", tab_2);
+    commandLine = named<ExpressionEditLine>("commandLine", area->widget());
     commandLine->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
     commandLine->setMinimumSize(360, fieldHeight);
     setPaletteColor(commandLine, QPalette::Text, QColor(255, 255, 255));
@@ -314,7 +319,7 @@ void CurveEditorDialogBase::buildExpressionPage()
     commandLine->setAcceptDrops(true);
     layout4->addWidget(commandLine);
 
-    deleteCurve = named<QPushButton>("deleteCurve", tab_2);
+    deleteCurve = named<QPushButton>("deleteCurve", area->widget());
     deleteCurve->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     deleteCurve->setMinimumSize(80, fieldHeight);
     deleteCurve->setFocusPolicy(Qt::NoFocus);
@@ -360,13 +365,32 @@ void CurveEditorDialogBase::languageChange()
     textBias->setText(tr("Bias:"));
     textIncoming->setText(tr("Incoming:"));
     textOutcoming->setText(tr("Outgoing:"));
-    tabWidget2->setTabText(tabWidget2->indexOf(tab), tr("Envelope"));
+    tab->setWindowTitle(tr("Envelope"));
     commandLine->setToolTip(tr("Here appears the expression"));
     commandLine->setWhatsThis(tr("This's the expression parsed"));
     deleteCurve->setText(tr("Delete Expression"));
-    tabWidget2->setTabText(tabWidget2->indexOf(tab_2), tr("Expresion"));
+    tab_2->setWindowTitle(tr("Expresion"));
+    for (int page = 0; page < tabWidget2->count(); ++page)
+        tabWidget2->setTabText(page, tabWidget2->widget(page)->windowTitle());
     nameForAssistiveTools();
     fitToFont();
+}
+
+void CurveEditorDialogBase::setLeastSize(const QSize& size)
+{
+    const QMargins margins = CurveEditorDialogBaseLayout->contentsMargins();
+    const int menu = mainMenu->isHidden()
+                         ? 0
+                         : mainMenu->minimumSizeHint().height() + CurveEditorDialogBaseLayout->spacing();
+    splitter11->setMinimumSize(
+        (size.shrunkBy(margins) - QSize(0, menu)).expandedTo(splitter11->minimumSizeHint()));
+}
+
+void CurveEditorDialogBase::setCrowded(bool isCrowded)
+{
+    functionView->setMinimumSize(isCrowded ? leastCanvas : canvasAtFirst);
+    for (PageArea* const page : findChildren<PageArea*>())
+        page->setScrolls(isCrowded);
 }
 
 void CurveEditorDialogBase::fitToFont()

@@ -51,7 +51,7 @@ public:
 
     /// @{
     /// On the node page, in the order of the form: a field, and the label that names it.
-    QWidget* tab = nullptr; ///< the node page
+    QWidget* tab = nullptr; ///< the node page, a scroll area
     QFrame* frame11 = nullptr;
     QPushButton* prevNode = nullptr;
     QPushButton* nextNode = nullptr;
@@ -89,7 +89,7 @@ public:
 
     /// @{
     /// On the expression page: menus of what can be inserted, the command line, and what drops the expression.
-    QWidget* tab_2 = nullptr; ///< the expression page
+    QWidget* tab_2 = nullptr; ///< the expression page, a scroll area
     curveeditor::PlainToolBar* expressionTool = nullptr;
     ExpressionEditLine* commandLine = nullptr;
     QPushButton* deleteCurve = nullptr;
@@ -121,6 +121,11 @@ protected:
     void changeEvent(QEvent* event) override;
     /// Lets what is described in pixels grow with the texts. Runs whenever the font or the texts change.
     virtual void fitToFont();
+    /// The dialog is at least that large, and large enough for what it holds.
+    void setLeastSize(const QSize& size);
+    /// Whether canvas and pages may be as small as can be, as they may at first, or have the room that they have when a
+    /// dialog shows for the first time.
+    void setCrowded(bool isCrowded);
 
 private:
     void buildMenuAndSplitters();

@@ -13,11 +13,14 @@
 #include <QHash>
 #include <QKeySequence>
 #include <QPointer>
+#include <QSize>
 #include <QString>
 
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
+#include <utility>
 #include <vector>
 
 class CurveNodeBase;
@@ -31,6 +34,7 @@ class QToolButton;
 namespace curveeditor {
 
 class PointTablePage;
+class ShrinkingBox;
 
 inline QString fullName(const QString& group, const QString& curve)
 {
@@ -52,6 +56,7 @@ struct CurveEditor::Private final : DependencyCheck
     QStringList readersOf(const QString& curve) const override;
 
     CurveEditor& editor;
+    static constexpr QSize sizeBeforeFirstShow{400, 300};
 
     struct MousePlace
     {
@@ -83,6 +88,9 @@ struct CurveEditor::Private final : DependencyCheck
 
     FunctionEditor* functionEdit = nullptr;
     PointTablePage* pointTable = nullptr;
+    std::vector<std::pair<EditorPart, QWidget*>> pages; ///< in order, those that do not show too
+    std::set<EditorPart> hiddenParts;
+    bool wasShown = false;
     std::unique_ptr<ControlMenu2> editingMenu;
     std::unique_ptr<EditorKeys> keys;
 
@@ -102,6 +110,7 @@ struct CurveEditor::Private final : DependencyCheck
     std::vector<QAction*> actions;         ///< of `commands` ...
     std::vector<QKeySequence> shownKeys;   ///< ... and their keys in the present language
     std::vector<QToolButton*> menuButtons; ///< in the order of creation
+    QAction* viewBox = nullptr;            ///< that of the view buttons in the bar
     QToolButton* fitButton = nullptr;
     QToolButton* fitHButton = nullptr;
     QToolButton* fitVButton = nullptr;
@@ -119,6 +128,14 @@ struct CurveEditor::Private final : DependencyCheck
     static const std::vector<Command>& commands();
     QAction* actionOf(void (CurveEditor::*work)()) const;
     void createActions();
+    bool isShown(EditorPart part) const { return hiddenParts.count(part) == 0; }
+    void showParts();
+    void showPages();
+    void leavePart(EditorPart part);
+    QWidget* areaOf(EditorPart part) const;
+    std::vector<QAction*> actionsOf(EditorPart part) const;
+    void setCrowded(bool isCrowded);
+    void limitSize();
     void addHostAction(QMenu& menu, QAction* action);
     void createMainMenu();
     void createViewButtons();
@@ -129,7 +146,7 @@ struct CurveEditor::Private final : DependencyCheck
     QMenu* createExpressionMenu(const QString& text, const QStringList& entries,
                                 const std::function<void(CurveEditor&, int)>& insert);
     void addMenuButton(QToolBar* bar, const QString& text, QMenu* menu);
-    QToolButton* createViewButton(QWidget* box, const QString& text);
+    QToolButton* createViewButton(ShrinkingBox& box, const QString& text);
     CustomEditLine* createReadOut(const char* name);
     void orderTools();
     void translateActions();

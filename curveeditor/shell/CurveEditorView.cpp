@@ -8,6 +8,7 @@
 #include <QSplitter>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -96,12 +97,18 @@ void CurveEditor::updateUnderlay()
 
 QByteArray CurveEditor::saveState() const
 {
+    // A splitter remembers what it was given, and its widgets may have needed more.
+    if (tabWidget2->isVisible())
+        splitter10->setSizes(splitter10->sizes());
     const DragGuide& guide = d_->functionEdit->canvas.hands().guide;
     const PlaneMapping shown = d_->shownRange();
     EditorState state;
     state.columns = splitter11->saveState();
     state.rows = splitter10->saveState();
-    state.page = tabWidget2->currentIndex();
+    state.page =
+        int(std::find_if(d_->pages.begin(), d_->pages.end(),
+                         [this](const auto& page) { return page.second == tabWidget2->currentWidget(); }) -
+            d_->pages.begin());
     state.snaps = guide.isSnapping;
     state.snapKinds = guide.snap.kinds;
     state.editsAllCurves = d_->functionEdit->canvas.editsAllCurves();
@@ -114,14 +121,14 @@ QByteArray CurveEditor::saveState() const
 bool CurveEditor::restoreState(const QByteArray& bytes)
 {
     const std::optional<EditorState> state = EditorState::read(bytes);
-    const bool isOurs = state && state->page < tabWidget2->count() &&
+    const bool isOurs = state && state->page >= 0 && state->page <= int(d_->pages.size()) &&
                         takesState(*splitter11, state->columns) && takesState(*splitter10, state->rows);
     if (!isOurs)
         return false;
     splitter11->restoreState(state->columns);
     splitter10->restoreState(state->rows);
-    if (tabWidget2->isTabVisible(state->page))
-        tabWidget2->setCurrentIndex(state->page);
+    if (state->page < int(d_->pages.size())) // else there was none
+        tabWidget2->setCurrentIndex(tabWidget2->indexOf(d_->pages[std::size_t(state->page)].second));
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     canvas.hands().guide.isSnapping = state->snaps;
     canvas.hands().guide.snap.kinds = state->snapKinds;
@@ -131,6 +138,7 @@ bool CurveEditor::restoreState(const QByteArray& bytes)
     if (canvas.editsAllCurves() != state->editsAllCurves)
         canvas.setEditsAllCurves(state->editsAllCurves);
     d_->showRange(state->times, state->values);
+    d_->functionEdit->showSelection(false);
     return true;
 }
 

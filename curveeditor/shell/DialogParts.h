@@ -41,6 +41,9 @@ template <class Layout> Layout* innerLayout(const char* name, QBoxLayout* outer)
     return layout;
 }
 
+/// The property of a dialog whose value is the `EditorPart` that it goes with.
+inline constexpr const char* partOfDialog = "editorPart";
+
 /// Gives a widget the font family of the dialogs; size and style stay those of its parent.
 void setDialogFamily(QWidget* widget);
 

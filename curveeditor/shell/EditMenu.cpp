@@ -261,7 +261,7 @@ void EditMenu::updateEntries()
 void EditMenu::followCanvas()
 {
     for (const auto& [action, isPossible] : entries_)
-        action->setEnabled(isPossible());
+        action->setEnabled(action->isVisible() && isPossible());
     updateToggles();
 }
 
@@ -283,7 +283,7 @@ QAction* EditMenu::entryOf(const QKeyEvent& event)
     if (found == entries_.end())
         return nullptr;
     const auto& [action, isPossible] = *found;
-    action->setEnabled(isPossible());
+    action->setEnabled(action->isVisible() && isPossible());
     updateToggles();
     const bool isPaste = std::find(pastes_.begin(), pastes_.end(), action) != pastes_.end();
     return action->isEnabled() && (!isPaste || points_.canPaste()) ? action : nullptr;

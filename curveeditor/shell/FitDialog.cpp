@@ -47,6 +47,7 @@ FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas)
     setLocale(editor->locale());
     auto* const column = outerLayout<QVBoxLayout>("column", this);
     column->addLayout(form_);
+    setProperty(partOfDialog, int(EditorPart::Fitting));
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
     // Queued, as the canvas is still at it.
     connect(curve_, &QObject::destroyed, this, &FitDialog::reject, Qt::QueuedConnection);

@@ -62,6 +62,9 @@ public:
     void completeViewportV();
     void completeViewport();
 
+    /// What it has in an editor that nobody made smaller.
+    QSize sizeHint() const override { return {550, 300}; }
+
     /// Public, as the dialog hands on each key that reaches it.
     void keyPressEvent(QKeyEvent* event) override;
 

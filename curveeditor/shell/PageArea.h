@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QScrollArea>
+
+namespace curveeditor {
+
+/// A page that scrolls where there is no room for its content. It takes the height of the content as long as that is not
+/// much, and shows whatever gets the focus. It stands in a tab widget that stands in a vertical splitter.
+class PageArea : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit PageArea(QWidget* parent);
+
+    /// Whether it may be smaller than its content, as it may at first.
+    void setScrolls(bool scrolls);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void bringIntoSight(QWidget& part);
+    int barHeight() const;
+
+    bool scrolls_ = true;
+};
+
+} // namespace curveeditor
