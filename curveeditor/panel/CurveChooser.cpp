@@ -43,7 +43,7 @@ CurveChooser::CurveChooser(QWidget* parent)
       model_(new NameModel(this))
 {
     setObjectName(QStringLiteral("curveChooser"));
-    setFrameShape(QFrame::StyledPanel);
+    setFrameStyle(QFrame::Box | QFrame::Plain); // a styled one is not to be seen on dark canvases
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
