@@ -278,7 +278,7 @@ void CurveEdit::Before::takeBack() const
         return;
     }
     curve->mend(); // the host may have written others
-    curve->step(difference(), false, true);
+    curve->step(difference().inverse(), true);
 }
 
 /// The points of the spline, with those that are the edit's own as they were; what the host took away stays away.

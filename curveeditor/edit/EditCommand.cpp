@@ -85,13 +85,13 @@ void EditCommand::stepParts(EditReport::Cause cause)
     for (const EditHistory::Part& part : parts_) {
         if (part.isDead)
             continue;
-        if (part.curve->step(part.diff, !isUndo, stepped.count(part.curve->spline()) == 0)) {
+        const CurveDiff diff = isUndo ? part.diff.inverse() : part.diff;
+        if (part.curve->step(diff, stepped.count(part.curve->spline()) == 0)) {
             stepped.insert(part.curve->spline());
-            history_->tellStep(part.curve, part.diff, !isUndo);
+            history_->tellStep(part.curve, diff, cause);
             continue;
         }
-        const std::string& formula = isUndo ? part.diff.formulaBefore() : part.diff.formulaAfter();
-        if (!formula.empty())
+        if (const std::string& formula = diff.formulaAfter(); !formula.empty())
             history_->lostFormulas_.emplace_back(part.curve->name, QString::fromStdString(formula));
         history_->drop(*part.curve);
     }

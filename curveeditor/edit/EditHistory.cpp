@@ -177,9 +177,10 @@ bool EditHistory::apply(const std::shared_ptr<EditedCurve>& curve, const CurveDi
 {
     if (diff.isEmpty())
         return true;
-    if (!curve->isAt(diff, forward) || !curve->step(diff, forward, true))
+    const CurveDiff step = forward ? diff : diff.inverse();
+    if (!curve->isAt(step) || !curve->step(step, true))
         return false;
-    tellStep(curve, diff, forward);
+    tellStep(curve, step, forward ? EditReport::Cause::Redo : EditReport::Cause::Undo);
     return true;
 }
 
@@ -249,12 +250,11 @@ void EditHistory::tell(const EditReport& report)
         Q_EMIT reported(report);
 }
 
-void EditHistory::tellStep(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, bool forward)
+void EditHistory::tellStep(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff,
+                           EditReport::Cause cause)
 {
-    tell({curve, diff.touched(), EditReport::Phase::Commit,
-          forward ? EditReport::Cause::Redo : EditReport::Cause::Undo,
-          forward ? diff.pointsAfter() : diff.pointsBefore(),
-          std::make_shared<const CurveDiff>(forward ? diff : diff.inverse())});
+    tell({curve, diff.touched(), EditReport::Phase::Commit, cause, diff.pointsAfter(),
+          std::make_shared<const CurveDiff>(diff)});
 }
 
 void EditHistory::finishStep()

@@ -114,8 +114,8 @@ public:
     /// Tells of an edit: at once, or while the stack steps when it has done so, since who hears of it may do
     /// anything with the stack.
     void tell(const EditReport& report);
-    /// The same of a step over `diff`.
-    void tellStep(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, bool forward);
+    /// The same of a step that was `diff`.
+    void tellStep(const std::shared_ptr<EditedCurve>& curve, const CurveDiff& diff, EditReport::Cause cause);
 
 Q_SIGNALS:
     /// An entry is about to change curves: whoever has an edit under way ends it now.

@@ -116,20 +116,17 @@ bool EditedCurve::restore(const CurveState& state)
                           [&] { return !spline_ || spline_->assign(state.spline); });
 }
 
-bool EditedCurve::isAt(const CurveDiff& diff, bool forward) const
+bool EditedCurve::isAt(const CurveDiff& diff) const
 {
     const bool changesFormula = diff.formulaBefore() != diff.formulaAfter();
-    return kind_ == (forward ? diff.kindBefore() : diff.kindAfter()) &&
-           (!changesFormula || formula() == (forward ? diff.formulaBefore() : diff.formulaAfter()));
+    return kind_ == diff.kindBefore() && (!changesFormula || formula() == diff.formulaBefore());
 }
 
-bool EditedCurve::step(const CurveDiff& diff, bool forward, bool stepsSpline)
+bool EditedCurve::step(const CurveDiff& diff, bool stepsSpline)
 {
-    const std::string& before = forward ? diff.formulaBefore() : diff.formulaAfter();
-    const std::string& after = forward ? diff.formulaAfter() : diff.formulaBefore();
-    return restoreFormula(
-        before == after ? formula() : after, forward ? diff.kindAfter() : diff.kindBefore(),
-        [&] { return !spline_ || !stepsSpline || (forward ? diff.apply(*spline_) : diff.revert(*spline_)); });
+    const bool changesFormula = diff.formulaBefore() != diff.formulaAfter();
+    return restoreFormula(changesFormula ? diff.formulaAfter() : formula(), diff.kindAfter(),
+                          [&] { return !spline_ || !stepsSpline || diff.apply(*spline_); });
 }
 
 /// Does all or nothing: `restoreSpline` says whether the spline is as it shall be now.

@@ -69,12 +69,12 @@ public:
     void reset(double value);
     /// Takes the whole state. Returns false, and changes nothing, if its formula can't be had any more.
     bool restore(const CurveState& state);
-    /// Whether kind and formula are as `diff` has left them, which `step` takes as they are.
-    bool isAt(const CurveDiff& diff, bool forward) const;
-    /// Makes of the curve before `diff` the one behind it, or the other way about; without the spline if another curve that
-    /// shares it has stepped already. Returns false, and changes nothing, if the formula can't be had any more or the
-    /// spline is not as `diff` has left it.
-    bool step(const CurveDiff& diff, bool forward, bool stepsSpline);
+    /// Whether kind and formula are those before `diff`, which `step` takes as they are.
+    bool isAt(const CurveDiff& diff) const;
+    /// Makes of the curve before `diff` the one behind it; without the spline if another curve that shares it has stepped
+    /// already. Returns false, and changes nothing, if the formula can't be had any more or the spline is not the one
+    /// before `diff`.
+    bool step(const CurveDiff& diff, bool stepsSpline);
 
     /// Reads what `CurveFile` writes into the curve, whatever kind it was. Returns false, and leaves the curve as
     /// it was, if that is not a whole curve or a formula that can't be parsed.
