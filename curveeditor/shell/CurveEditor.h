@@ -149,15 +149,15 @@ public:
     CurveOptions curveOptions(const QString& group, const QString& curve) const;
     /// @}
     /// Lets the host have the last word on each step of an edit: `mend` gets the spline of the curve after each step of a
-    /// drag, each number typed or tolerance tried out, and before the edit is done, `edit` included, and
-    /// writes what follows from it, as slopes from neighbours, or times on whole frames. That belongs to the edit: to its
-    /// entry, `CurveChange::diff`, the times that `curveEdited` tells, and to what Escape takes back. It keeps to the
-    /// values and types of `CurveOptions`, and points that it put out of order are put in order.
+    /// drag, each number typed and each tolerance tried out, and before the edit is done, one by `edit` included. It
+    /// writes what follows from that, as slopes from neighbours, or times on whole frames. What it writes belongs to the
+    /// edit: to its entry, to `CurveChange::diff`, to the times that `curveEdited` tells, and to what Escape takes back. It
+    /// keeps to the values and types of `CurveOptions`, and points that are out of order then are put in order.
     ///
     /// Each step of a drag, and each number typed, begins without what `mend` wrote in the one before: a point that was
-    /// pushed away by another comes back when that goes back. It is
-    /// not called for undo, redo and `apply`, nor where the spline has not changed, and may be called twice for the same
-    /// state. What the host writes to the spline by other ways during such an edit is part of it.
+    /// pushed away comes back when what pushed it does. `mend` is not called for undo, redo and `apply`, nor where the
+    /// spline has not changed, and may be called twice for the same state. What the host writes to the spline in other
+    /// ways during such an edit is part of it.
     ///
     /// Null takes it away. A `mend` that throws has written nothing, and the step stays as it was made. It must not delete
     /// the editor; what it calls here edits nothing. The constraint is that of the name, and ends with the curve's removal.
@@ -323,7 +323,7 @@ public:
 
     // Edits of the host
 
-    /// Lets `work` edit the spline of a registered curve as one step of the user's is: with one entry on the undo stack,
+    /// Lets `work` edit the spline of a registered curve as a step of the user does: with one entry on the undo stack,
     /// named `text`, one `curveEdited` of cause `Host`, and one `curveHasChanged`; none of them if nothing changed. The
     /// curve may be locked, hidden or off the canvas; of one that shows a formula the spline beneath is edited. Points
     /// that are written keep to the values and types of `CurveOptions`. What the user is at with that spline, a drag

@@ -165,7 +165,7 @@ private Q_SLOTS:
         s.editor.undoStack()->setClean();
         QVERIFY(entriesAfter(6.0, 7) == 4 && !s.editor.undoStack()->isClean());
         QCOMPARE(entriesAfter(5.0, 7), 3); // back where the entry began
-        s.x.modify(1)->pos = 9.0;
+        s.x.modify(0u)->pos = 9.0;         // the host's
         QVERIFY(entriesAfter(10.0, 7) == 4 && entriesAfter(11.0, 0) == 5 && entriesAfter(12.0, 0) == 6);
     }
 
@@ -356,6 +356,10 @@ private Q_SLOTS:
         QVERIFY(s.edit("x", 1.3) && s.x[1]->pos == 1.5 && s.x[1]->type == SplineBase::Linear);
         QVERIFY(s.edit("x", 9.0) && s.x[1]->pos == 3.0 && s.isSound());
         QVERIFY(!s.edit("nobody", 1.0) && !s.edit("x", nullptr));
+        s.key(Qt::Key_A, ctrl);
+        QVERIFY(s.edit("x", [](SplineBase& spline) { spline.reset(); }));
+        QVERIFY(s.control().selection().edited().empty() &&
+                s.isSound()); // of what is gone nothing is selected
     }
 
     void gridIsThatOfTheHost()
