@@ -41,6 +41,8 @@ void MainWindow::addEditor()
     options.lowest = 0.0;
     options.highest = 1.0;
     options.types = {SplineBase::Linear, SplineBase::Bezier};
+    for (const EditorPart part : {EditorPart::Formulas, EditorPart::Files, EditorPart::List})
+        editor_->setPartShown(part, false); // it has one curve, in files of its own
     editor_->setTimeRange(0.0, duration);
     editor_->setMinValue(0.0);
     editor_->setMaxValue(1.0);
