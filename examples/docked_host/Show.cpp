@@ -4,6 +4,7 @@
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/SplineState.h>
 
 #include <cmath>
 #include <sstream>

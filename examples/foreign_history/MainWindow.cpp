@@ -6,6 +6,8 @@
 #include <QSpinBox>
 #include <QToolBar>
 
+#include <utility>
+
 namespace {
 
 constexpr double duration = 10.0;
@@ -43,6 +45,8 @@ void MainWindow::addEditor()
     options.types = {SplineBase::Linear, SplineBase::Bezier};
     for (const EditorPart part : {EditorPart::Formulas, EditorPart::Files, EditorPart::List})
         editor_->setPartShown(part, false); // it has one curve, in files of its own
+    editor_->setTheme(CurveEditorTheme::fromPalette(palette()));
+    editor_->setFps(framesPerSecond);
     editor_->setTimeRange(0.0, duration);
     editor_->setMinValue(0.0);
     editor_->setMaxValue(1.0);

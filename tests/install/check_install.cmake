@@ -25,7 +25,7 @@ file(WRITE "${version}" "${text}")
 file(REMOVE_RECURSE "${later}/include")
 set(ENV{CMAKE_PREFIX_PATH} "${later}:${prefix}")
 
-foreach(user IN ITEMS examples/minimal_host examples/docked_host examples/curve_tool tests/install/headers)
+foreach(user IN ITEMS examples/minimal_host examples/docked_host examples/foreign_history examples/curve_tool tests/install/headers)
   set(without_qt OFF)
   if(user STREQUAL examples/curve_tool) # as where no Qt is installed
     set(without_qt ON)
