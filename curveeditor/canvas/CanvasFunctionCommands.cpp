@@ -351,7 +351,7 @@ bool CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& mess
         return curve && curve == getCurrentCurve();
     };
     std::unique_ptr<FunctionFloatBase> expression =
-        door_.history().formulas().read(text.toStdString(), message);
+        door_.history().settings().formulas.read(text.toStdString(), message);
     if (!expression) {
         showWarning(widget(), tr("Syntax error"), faultText(message));
         return isStillCurrent();

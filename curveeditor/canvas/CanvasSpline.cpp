@@ -49,6 +49,40 @@ struct Samples
     std::vector<double> values;
 };
 
+/// Both ends of the jumps at points of the type Hold, so that they stand upright. Where there are more points than
+/// samples they do so anyway.
+void addJumps(const SplineBase& spline, double left, double right, Samples& samples)
+{
+    const auto& points = spline.getControlPoints();
+    const auto first = std::partition_point(points.begin() + 1, points.end(),
+                                            [left](const auto* point) { return point->time < left; });
+    const auto last = std::partition_point(first, points.end(),
+                                           [right](const auto* point) { return point->time <= right; });
+    if (last - first > std::ptrdiff_t(samples.times.size()))
+        return;
+    Samples all;
+    std::size_t done = 0;
+    const auto copyUntil = [&](std::size_t end) {
+        all.times.insert(all.times.end(), samples.times.begin() + std::ptrdiff_t(done),
+                         samples.times.begin() + std::ptrdiff_t(end));
+        all.values.insert(all.values.end(), samples.values.begin() + std::ptrdiff_t(done),
+                          samples.values.begin() + std::ptrdiff_t(end));
+        done = end;
+    };
+    for (auto point = first; point != last; ++point) {
+        if ((*point)->type != SplineBase::Hold)
+            continue;
+        const auto behind = std::lower_bound(samples.times.begin(), samples.times.end(), (*point)->time);
+        copyUntil(std::size_t(behind - samples.times.begin()));
+        all.times.insert(all.times.end(), 2, (*point)->time);
+        all.values.insert(all.values.end(), {point[-1]->pos, (*point)->pos});
+    }
+    if (all.times.empty())
+        return;
+    copyUntil(samples.times.size());
+    samples = std::move(all);
+}
+
 /// The last sample stands up to a step short of `right`, unless `reachesEnd`.
 Samples samplesBetween(const SplineBase& spline, double left, double right, double viewSpan, bool reachesEnd)
 {
@@ -63,6 +97,7 @@ Samples samplesBetween(const SplineBase& spline, double left, double right, doub
         samples.times.push_back(right);
     samples.values.resize(samples.times.size());
     spline.evaluate(samples.times.data(), samples.values.data(), samples.times.size());
+    addJumps(spline, left, right, samples);
     return samples;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/canvas/ControlMenu.h>
 
-#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/model/SplineBase.h>
 
@@ -50,14 +49,14 @@ void ControlMenu::showMenu(const QPoint& globalPosition, int indexAtPoint)
     exec(globalPosition, actions().value(indexAtPoint));
 }
 
-void ControlMenu::enableEntries(bool hasSelection, const CurveOptions& options)
+void ControlMenu::enableEntries(bool hasSelection, const EditedCurve& curve)
 {
     for (QAction* const action : entries_) {
         const int id = action->data().toInt();
         action->setEnabled((id == CreateKey) != hasSelection);
         for (const PointType& type : PointTypes::all()) {
             if (type.menuId == id)
-                action->setVisible(PointLimits::allow(options, type.number));
+                action->setVisible(curve.offers(type.number));
         }
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <curveeditor/edit/CurveOptions.h>
+#include <curveeditor/edit/EditedCurve.h>
 
 #include <QList>
 #include <QMenu>
@@ -28,7 +28,7 @@ public:
     void showMenu(const QPoint& globalPosition, int indexAtPoint);
 
     /// Enables the entries for selected points, or those for none. Of the types those show that the options allow.
-    void enableEntries(bool hasSelection, const CurveOptions& options);
+    void enableEntries(bool hasSelection, const EditedCurve& curve);
     /// Puts these actions below the entries, instead of those of the last call. They stay their owners'.
     void showOthers(const QList<QPointer<QAction>>& others);
 

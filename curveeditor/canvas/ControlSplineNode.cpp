@@ -109,7 +109,7 @@ std::vector<double> ControlSplineNode::selectedTimes() const
 
 void ControlSplineNode::popupMenu(const QPoint& globalPosition)
 {
-    menu()->enableEntries(hasSelection(), curve_->options);
+    menu()->enableEntries(hasSelection(), *curve_);
     menu()->showMenu(globalPosition, 0);
 }
 

@@ -129,6 +129,23 @@ bool CurveNodeBase::passes(const QPoint& pixel, const ViewPort& viewport, int di
         if (std::isfinite(value) && std::abs(viewport.valueToPixel(value) - pixel.y()) < distance)
             return true;
     }
+    return isSpline() && getSpline() && jumpsPast(pixel, viewport, distance);
+}
+
+/// At a point of the type Hold.
+bool CurveNodeBase::jumpsPast(const QPoint& pixel, const ViewPort& viewport, int distance) const
+{
+    const double last = viewport.pixelToTime(pixel.x() + 1);
+    const auto& points = getSpline()->getControlPoints();
+    auto point = std::partition_point(
+        points.begin() + 1, points.end(),
+        [first = viewport.pixelToTime(pixel.x() - 1)](const auto* earlier) { return earlier->time < first; });
+    for (; point != points.end() && (*point)->time <= last; ++point) {
+        const auto [top, bottom] =
+            std::minmax(viewport.valueToPixel(point[-1]->pos), viewport.valueToPixel((*point)->pos));
+        if ((*point)->type == SplineBase::Hold && top - distance < pixel.y() && pixel.y() < bottom + distance)
+            return true;
+    }
     return false;
 }
 

@@ -95,7 +95,8 @@ public:
     /// empty holder gives 0.0. The lower bound is tested first; not-a-number stays what it is.
     double getClampedValue(const double& time) const;
 
-    /// Whether the curve, not clamped, comes less than `distance` pixels above or below that pixel or one beside it.
+    /// Whether the curve, not clamped, comes less than `distance` pixels above or below that pixel or one beside it, or
+    /// jumps there past it.
     bool passes(const QPoint& pixel, const ViewPort& viewport, int distance) const;
 
     /// Widens `values` by what the picture shows between these times: the clamped curve, and the points.
@@ -139,6 +140,7 @@ Q_SIGNALS:
     void curveHasChanged(QString& nodeName, QString& curveName);
 
 private:
+    bool jumpsPast(const QPoint& pixel, const ViewPort& viewport, int distance) const;
     bool isStale(const ViewPort& viewport) const;
     void renewPictureNumber();
     std::optional<Selection> shownSelection() const;

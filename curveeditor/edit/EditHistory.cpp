@@ -78,7 +78,7 @@ std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase*
     });
     if (found != curves_.end())
         return *found;
-    curves_.push_back(std::make_shared<EditedCurve>(name, spline, variable, formulas_));
+    curves_.push_back(std::make_shared<EditedCurve>(name, spline, variable, settings_));
     return curves_.back();
 }
 

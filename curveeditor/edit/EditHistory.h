@@ -63,8 +63,8 @@ public:
 
     HostCalls hostCalls; ///< those of the editor; a step counts as one, as the host may listen to the stack
 
-    /// By which the formulas of all curves are parsed.
-    FormulaReader& formulas() { return *formulas_; }
+    /// Those of all curves.
+    EditorSettings& settings() { return *settings_; }
 
     /// The curve of that name, spline and variable; a new one at the first time.
     std::shared_ptr<EditedCurve> curve(const QString& name, SplineBase* spline, FunctionFloatBase** variable);
@@ -134,7 +134,7 @@ private:
     void finishStep();
     void removeDeadEntries();
 
-    std::shared_ptr<FormulaReader> formulas_ = std::make_shared<FormulaReader>();
+    std::shared_ptr<EditorSettings> settings_ = std::make_shared<EditorSettings>();
     std::unique_ptr<QUndoStack> ownStack_;
     QPointer<QUndoStack> hostStack_;
     std::vector<std::shared_ptr<EditedCurve>> curves_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/EditedCurve.h>
 
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/files/CurveFile.h>
 
 #include <algorithm>
@@ -16,10 +17,16 @@ constexpr std::size_t mostRetired = 16;
 } // namespace
 
 EditedCurve::EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable,
-                         std::shared_ptr<const FormulaReader> formulas)
+                         std::shared_ptr<const EditorSettings> settings)
     : name(fullName), spline_(hostSpline), variable_(hostVariable),
-      kind_(expression() ? CurveKind::Expression : CurveKind::Spline), formulas_(std::move(formulas))
+      kind_(expression() ? CurveKind::Expression : CurveKind::Spline), settings_(std::move(settings))
 {
+}
+
+bool EditedCurve::offers(std::int32_t type) const
+{
+    const bool isChosen = !options.types.empty() || type != SplineBase::Hold || settings_->offersHold;
+    return isChosen && PointLimits::allow(options, type);
 }
 
 std::string EditedCurve::formula() const
@@ -70,7 +77,7 @@ void EditedCurve::setExpression(std::unique_ptr<FunctionFloatBase> newExpression
     if (!variable_)
         return;
     std::string oldText = formula();
-    const bool retires = *variable_ && !formulas_->readsAgain(**variable_, oldText);
+    const bool retires = *variable_ && !settings_->formulas.readsAgain(**variable_, oldText);
     std::unique_ptr<FunctionFloatBase> old(std::exchange(*variable_, newExpression.release()));
     entered_ = text;
     enteredResult_ = *variable_ ? (*variable_)->getString() : std::string();
@@ -148,7 +155,7 @@ std::unique_ptr<FunctionFloatBase> EditedCurve::expressionOf(const std::string& 
     const auto kept = std::find_if(retired_.begin(), retired_.end(),
                                    [&](const auto& entry) { return entry.first == text; });
     if (kept == retired_.end())
-        return formulas_->read(text);
+        return settings_->formulas.read(text);
     std::unique_ptr<FunctionFloatBase> tree = std::move(kept->second);
     retired_.erase(kept);
     return tree;
@@ -175,7 +182,7 @@ bool EditedCurve::readExpression(std::istream& in)
     std::string text;
     if (!variable_ || !CurveFile::readExpression(in, text))
         return false;
-    std::unique_ptr<FunctionFloatBase> parsed = formulas_->read(text);
+    std::unique_ptr<FunctionFloatBase> parsed = settings_->formulas.read(text);
     if (!parsed)
         return false;
     setExpression(std::move(parsed), text);

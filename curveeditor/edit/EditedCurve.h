@@ -2,7 +2,7 @@
 #pragma once
 
 #include <curveeditor/edit/CurveOptions.h>
-#include <curveeditor/edit/FormulaReader.h>
+#include <curveeditor/edit/EditorSettings.h>
 #include <curveeditor/model/CurveDiff.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 
@@ -27,7 +27,7 @@ class EditedCurve
 public:
     /// A filled variable makes it an expression curve. Both pointers may be null.
     EditedCurve(const QString& fullName, SplineBase* hostSpline, FunctionFloatBase** hostVariable,
-                std::shared_ptr<const FormulaReader> formulas);
+                std::shared_ptr<const EditorSettings> settings);
 
     QString name;         ///< the full name: group, ".", curve
     CurveOptions options; ///< the host's; sound, see `PointLimits`
@@ -37,6 +37,8 @@ public:
 
     /// No edit of it opens.
     bool isLocked() const { return options.locked; }
+    /// Whether the user may give points that type.
+    bool offers(std::int32_t type) const;
 
     /// To be read; `CurveEdit::spline` gives it to be written. Null if there is none.
     const SplineBase* spline() const { return spline_; }
@@ -94,7 +96,7 @@ private:
     SplineBase* spline_;
     FunctionFloatBase** variable_;
     CurveKind kind_;
-    std::shared_ptr<const FormulaReader> formulas_;
+    std::shared_ptr<const EditorSettings> settings_;
     std::vector<std::pair<std::string, std::unique_ptr<FunctionFloatBase>>> retired_; ///< with their formulas
     std::string entered_;       ///< the text of the expression that was set last ...
     std::string enteredResult_; ///< ... and what that expression gives as its text

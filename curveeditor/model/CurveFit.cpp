@@ -146,6 +146,12 @@ FitSamples samplesOf(const SplineBase& spline, std::size_t first, std::size_t la
                 samples.values.push_back(spline(time));
             }
         }
+        const bool jumps =
+            points[i + 1]->type == SplineBase::Hold && start < end && points[i]->pos != points[i + 1]->pos;
+        if (jumps) {
+            samples.times.push_back(end);
+            samples.values.push_back(points[i]->pos);
+        }
     }
     return samples;
 }

@@ -21,6 +21,9 @@ constexpr PointType builtInTypes[] = {
     {SplineBase::Tcb, "Tcb", QT_TRANSLATE_NOOP("PointType", "Tcb"),
      QT_TRANSLATE_NOOP("PointType", "Tcb node"), QT_TRANSLATE_NOOP("PointType", "Tcb point"),
      QT_TRANSLATE_NOOP("PointType", "Selection to Tcb"), 0, 3},
+    {SplineBase::Hold, "Hold", QT_TRANSLATE_NOOP("PointType", "Hold"),
+     QT_TRANSLATE_NOOP("PointType", "Hold node"), QT_TRANSLATE_NOOP("PointType", "Hold point"),
+     QT_TRANSLATE_NOOP("PointType", "Selection to Hold"), 3, 6},
 };
 
 constexpr bool areSound(std::span<const PointType> types)

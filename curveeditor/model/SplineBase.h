@@ -24,6 +24,7 @@ class SplineSnapshot;
 ///
 /// With p and q the points of a segment, h its length in time and u in 0 ... 1 the place in it, the value is
 /// - `Linear`: p + (q - p) w(u).
+/// - `Hold`: p, until the time of q, where the curve jumps.
 /// - `Bezier`: H(u), the cubic Hermite polynomial from p to q whose end slopes are p.`tanRight` and
 ///   q.`tanLeft`, both times h. Ease does not act here: the handles are the whole truth.
 /// - `Tcb`: H(w(u)), whose end slopes follow from tension, continuity and bias, both times h. The slope at a
@@ -45,7 +46,7 @@ class CURVEEDITOR_EXPORT SplineBase
 {
 public:
     /// What a segment looks like; see the class.
-    enum NodeType : std::int32_t { Linear = 0, Bezier = 1, Tcb = 2 };
+    enum NodeType : std::int32_t { Linear = 0, Bezier = 1, Tcb = 2, Hold = 3 };
 
     /// The curve outside its points. Before the first point only `Zero` and `Constant` have a meaning.
     enum Behaviour : std::int32_t {
@@ -226,7 +227,7 @@ public:
 
     /// @name Tangents as shown
     /// What the curve really does at one end of the segment that ends at point `index`: the stored slope for
-    /// `Bezier`, the computed slope times 1 - ease for `Tcb` and `Linear`. `length` becomes 0.667 (1 - ease),
+    /// `Bezier`, the computed slope times 1 - ease for `Tcb` and `Linear`, 0.0 for `Hold`. `length` becomes 0.667 (1 - ease),
     /// a measure of how far the ease lets the tangent reach. No segment ends at index 0, nor at or behind the
     /// number of points: the slope is 0.0 and `length` 0.667 then.
     /// @{

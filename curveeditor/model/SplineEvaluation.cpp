@@ -168,7 +168,7 @@ public:
             value_ = Cubic::hermite(fromPos, toPos, leavingSlope(spline, endIndex - 1).over(length_),
                                     arrivingSlope(spline, endIndex).over(length_));
         } else {
-            value_ = {fromPos, toPos - fromPos, 0.0, 0.0};
+            value_ = {fromPos, to.type == Hold ? 0.0 : toPos - fromPos, 0.0, 0.0};
         }
     }
 
@@ -197,11 +197,11 @@ public:
     /// What the computed slopes are where a segment of `type` leaves and arrives at a point.
     static Slope leaving(const SplineBase& spline, std::size_t index, std::int32_t type)
     {
-        return type == Tcb ? leavingSlope(spline, index) : chord(spline, index + 1);
+        return type == Tcb ? leavingSlope(spline, index) : chord(spline, index + 1, type);
     }
     static Slope arriving(const SplineBase& spline, std::size_t index, std::int32_t type)
     {
-        return type == Tcb ? arrivingSlope(spline, index) : chord(spline, index);
+        return type == Tcb ? arrivingSlope(spline, index) : chord(spline, index, type);
     }
 
 private:
@@ -219,11 +219,11 @@ private:
         const PointInfo* const point = spline.points_[index];
         return chordMean(spline, index, spline.getFactorR0(point), spline.getFactorR1(point));
     }
-    static Slope chord(const SplineBase& spline, std::size_t endIndex)
+    static Slope chord(const SplineBase& spline, std::size_t endIndex, std::int32_t type)
     {
         const PointInfo& from = *spline.points_[endIndex - 1];
         const PointInfo& to = *spline.points_[endIndex];
-        return {rise(from, to), run(from, to), slopeUnit};
+        return {type == Hold ? 0.0 : rise(from, to), run(from, to), slopeUnit};
     }
     /// Twice the weighted chords to both neighbours over the time between these. The point itself stands for
     /// a neighbour that is missing.

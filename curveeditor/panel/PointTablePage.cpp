@@ -2,7 +2,6 @@
 #include <curveeditor/panel/PointTablePage.h>
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
-#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/edit/PointTypeTexts.h>
 
 #include <QAbstractButton>
@@ -60,7 +59,7 @@ public:
         auto* const combo = new QComboBox(parent);
         const auto* const model = static_cast<const PointTableModel*>(cell.model());
         for (const PointType& type : PointTypes::all()) {
-            if (!model->control() || PointLimits::allow(model->control()->curve()->options, type.number))
+            if (!model->control() || model->control()->curve()->offers(type.number))
                 combo->addItem(QString(), type.number);
         }
         combo->setCurrentIndex(-1);

@@ -3,7 +3,6 @@
 
 #include <curveeditor/canvas/ControlSplineNode.h>
 #include <curveeditor/canvas/ViewPort.h>
-#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
@@ -120,7 +119,7 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
             widget.setBounds(-row.bound, row.bound);
     }
     widgets_.nodeTypeWidgetStack->setCurrentIndex(point.type == SplineBase::Bezier ? TangentPage : TcbPage);
-    offerTypes(control.curve()->options);
+    offerTypes(*control.curve());
     widgets_.nodeTypeCombo->setCurrentIndex(PointTypes::of(point.type).entry);
     showPreview(point);
     const bool canEdit = formActive_ && !control.curve()->isLocked();
@@ -130,12 +129,12 @@ void TcbEditorForm::showCurrentPoint(ControlSplineNode& control, int index)
 }
 
 /// The other entries are passed by keys and wheel too.
-void TcbEditorForm::offerTypes(const CurveOptions& options)
+void TcbEditorForm::offerTypes(const EditedCurve& curve)
 {
     auto* const list = qobject_cast<QListView*>(widgets_.nodeTypeCombo->view());
     const auto* const entries = qobject_cast<QStandardItemModel*>(widgets_.nodeTypeCombo->model());
     for (const PointType& type : PointTypes::all()) {
-        const bool isOffered = PointLimits::allow(options, type.number);
+        const bool isOffered = curve.offers(type.number);
         list->setRowHidden(type.entry, !isOffered);
         entries->item(type.entry)->setEnabled(isOffered);
     }

@@ -88,7 +88,7 @@ private:
     double shownNumber(const SplineBase::PointInfo& point, const Row& row) const;
     void showCurrentPoint(ControlSplineNode& control, int index);
     void selectPoint(ControlSplineNode& control, int index);
-    void offerTypes(const CurveOptions& options);
+    void offerTypes(const EditedCurve& curve);
     void clearLostPoint(const ControlSplineNode* control);
     void setFieldsEnabled(bool enabled);
     void showNodeIndex(int index);

@@ -55,7 +55,7 @@ void BakeDialog::addKinds()
     kind_ = new QComboBox;
     const CurveOptions& options = curve()->curve()->options;
     for (const PointType& type : PointTypes::all()) {
-        if (PointLimits::allow(options, type.number))
+        if (curve()->curve()->offers(type.number))
             kind_->addItem(QString(), type.number);
     }
     if (PointLimits::fitType(options))

@@ -216,6 +216,9 @@ public:
     /// bring back what `FunctionParserBase::setVarMapper` took. A formula keeps the mapper that it was parsed with, in
     /// undo too; parse those of the host with `FunctionParserBase::parseString(text, message, variables)`.
     void setVariables(ParserVarMapper* variables);
+    /// Whether the user may make points of the type `SplineBase::Hold`, at curves whose `CurveOptions::types` say nothing
+    /// else. At first not: editors of before it can't read the files. Points that are there show and are kept anyway.
+    void setHoldOffered(bool on);
     /// Writes the table of all curves on the canvas: a banner, then one row for each whole time within the
     /// range given by `setTimeRange`, one column for each curve. `out` must be open for writing. Writes
     /// nothing and returns false if the range is too long for a table.

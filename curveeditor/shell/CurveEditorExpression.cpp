@@ -48,7 +48,7 @@ QStringList variablesRead(FunctionFloatBase* const* holder)
 
 void CurveEditor::setVariables(ParserVarMapper* variables)
 {
-    d_->functionEdit->canvas.door().history().formulas().setVariables(variables);
+    d_->functionEdit->canvas.door().history().settings().formulas.setVariables(variables);
 }
 
 void CurveEditor::executeCommand()

@@ -212,6 +212,12 @@ void CurveEditor::Private::renameRecord(NodeStruct& record, const QString& nodeN
     EditingList::setCurveName(record.editingItem, record.name, contentOf(record.name)->options.toolTip);
 }
 
+void CurveEditor::setHoldOffered(bool on)
+{
+    d_->functionEdit->canvas.door().history().settings().offersHold = on;
+    d_->functionEdit->showSelection(false);
+}
+
 void CurveEditor::setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options)
 {
     if (!PointLimits::areSound(options))

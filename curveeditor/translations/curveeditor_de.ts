@@ -1092,6 +1092,22 @@ Soll die Datei ersetzt werden?</translation>
         <source>Selection to Tcb</source>
         <translation>Auswahl zu TCB</translation>
     </message>
+    <message>
+        <source>Hold</source>
+        <translation>Halten</translation>
+    </message>
+    <message>
+        <source>Hold node</source>
+        <translation>Halte-Stützpunkt</translation>
+    </message>
+    <message>
+        <source>Hold point</source>
+        <translation>Haltepunkt</translation>
+    </message>
+    <message>
+        <source>Selection to Hold</source>
+        <translation>Auswahl zu Halten</translation>
+    </message>
 </context>
 <context>
     <name>ScaleDialog</name>

@@ -1092,6 +1092,22 @@ Do you want to replace it?</source>
         <source>Selection to Tcb</source>
         <translation>Selección a TCB</translation>
     </message>
+    <message>
+        <source>Hold</source>
+        <translation>Mantener</translation>
+    </message>
+    <message>
+        <source>Hold node</source>
+        <translation>Nodo Mantener</translation>
+    </message>
+    <message>
+        <source>Hold point</source>
+        <translation>Punto Mantener</translation>
+    </message>
+    <message>
+        <source>Selection to Hold</source>
+        <translation>Selección a Mantener</translation>
+    </message>
 </context>
 <context>
     <name>ScaleDialog</name>

@@ -1092,6 +1092,22 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Selection to Tcb</source>
         <translation>Sélection en TCB</translation>
     </message>
+    <message>
+        <source>Hold</source>
+        <translation>Palier</translation>
+    </message>
+    <message>
+        <source>Hold node</source>
+        <translation>Nœud Palier</translation>
+    </message>
+    <message>
+        <source>Hold point</source>
+        <translation>Point Palier</translation>
+    </message>
+    <message>
+        <source>Selection to Hold</source>
+        <translation>Sélection en Palier</translation>
+    </message>
 </context>
 <context>
     <name>ScaleDialog</name>

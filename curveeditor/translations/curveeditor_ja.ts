@@ -1092,6 +1092,22 @@ Do you want to replace it?</source>
         <source>Selection to Tcb</source>
         <translation>選択を TCB に</translation>
     </message>
+    <message>
+        <source>Hold</source>
+        <translation>ホールド</translation>
+    </message>
+    <message>
+        <source>Hold node</source>
+        <translation>ホールド ノード</translation>
+    </message>
+    <message>
+        <source>Hold point</source>
+        <translation>ホールド ポイント</translation>
+    </message>
+    <message>
+        <source>Selection to Hold</source>
+        <translation>選択をホールドに</translation>
+    </message>
 </context>
 <context>
     <name>ScaleDialog</name>

@@ -20,6 +20,7 @@ EditorHost::EditorHost(CurveStore& store, QWidget* parent)
     editor_->setFps(framesPerTimeUnit);
     editor_->setShowTime();
     editor_->setTimeLineDraggable(true);
+    editor_->setHoldOffered(true);
     editor_->setTheme(CurveEditorTheme::fromPalette(editor_->palette()));
     editor_->resize(editorSize);
     for (const auto& curve : store_.getCurves()) {

@@ -117,6 +117,8 @@ void MainWindow::addEditor()
     editor_->setTheme(CurveEditorTheme::fromPalette(palette()));
     editor_->setUndoStack(&undoStack_);
     editor_->setVariables(&show_.variables());
+    for (const EditorPart part : {EditorPart::Files, EditorPart::Pictures}) // the console has its own
+        editor_->setPartShown(part, false);
     editor_->setFps(Show::fps);
     editor_->setShowTime();
     editor_->setTimeRange(0.0, Show::duration);

@@ -53,6 +53,13 @@ Points mixed()
     return points;
 }
 
+Points mixedWithHold()
+{
+    Points points = mixed();
+    points[2].type = points[4].type = SplineBase::Hold;
+    return points;
+}
+
 std::vector<SplineSpecimen> makeSpecimens()
 {
     using enum SplineBase::NodeType;
@@ -60,7 +67,9 @@ std::vector<SplineSpecimen> makeSpecimens()
         {"linear", wave(Linear)},
         {"bezier", waveWithSlopes(1.5, -0.5)},
         {"tcb", wave(Tcb)},
+        {"hold", wave(Hold)},
         {"mixed types", mixed()},
+        {"mixed with hold", mixedWithHold(), SplineBase::Constant, SplineBase::LoopOffset},
         {"before zero", wave(Tcb), SplineBase::Zero},
         {"after zero", wave(Tcb), SplineBase::Constant, SplineBase::Zero},
         {"after constant", wave(Tcb), SplineBase::Constant, SplineBase::Constant},

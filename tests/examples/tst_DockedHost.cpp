@@ -211,7 +211,12 @@ private Q_SLOTS:
 
     void focusDecidesWhoSaves()
     {
-        QVERIFY(answerFileDialog(Console().canvas, Qt::Key_S, {}) != "Save the show"); // a key of the editor
+        for (const bool hasFiles :
+             {false, true}) { // the console has none of single curves, and not their Ctrl+S
+            Console c;
+            c.editor.setPartShown(EditorPart::Files, hasFiles);
+            QCOMPARE(answerFileDialog(c.canvas, Qt::Key_S, {}) == "Save the show", !hasFiles);
+        }
         QCOMPARE(answerFileDialog(Console().stage, Qt::Key_S, {}), "Save the show");
     }
 };

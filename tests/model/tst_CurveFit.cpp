@@ -300,7 +300,7 @@ private Q_SLOTS:
         SplineBase spline;
         for (int i = 1; i < 300; ++i) {
             spline.addPoint(i, std::cos(7 * i));
-            spline.modify(i)->type = i / 5 % 3;
+            spline.modify(i)->type = i / 5 % 4;
         }
         spline.lastType = SplineBase::LoopOffset;
         const auto read = [&spline] {

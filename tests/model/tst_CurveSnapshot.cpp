@@ -70,7 +70,7 @@ void fill(SplineBase& spline, int count)
 {
     SplineState state;
     for (int i = 0; i < count; ++i)
-        state.points.push_back({.time = double(i), .pos = std::sin(i), .tanLeft = 1.0, .type = i % 3});
+        state.points.push_back({.time = double(i), .pos = std::sin(i), .tanLeft = 1.0, .type = i % 4});
     spline.assign(state);
 }
 

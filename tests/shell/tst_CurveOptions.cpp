@@ -286,6 +286,15 @@ private Q_SLOTS:
             return found;
         };
         QString outcome, menu;
+        for (const bool isOffered : {true, false}) {
+            s.editor.setHoldOffered(isOffered);
+            QCOMPARE(kinds(outcome).contains("Hold"), isOffered);
+            s.clickPoint();
+            QCOMPARE(offered(s.editor.nodeTypeCombo).endsWith("Hold node"), isOffered);
+        }
+        allow({SplineBase::Hold, SplineBase::Linear});
+        QCOMPARE(offered(s.editor.nodeTypeCombo), "Linear node Hold node");
+        allow({});
         allow({SplineBase::NodeType(7)});
         QVERIFY(s.editor.curveOptions("a", "x").types.empty());
         allow({SplineBase::Tcb, SplineBase::Bezier});

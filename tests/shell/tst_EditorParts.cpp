@@ -78,6 +78,8 @@ private Q_SLOTS:
             s.editor.tabWidget2->setCurrentIndex(0);
             const QStringList now = heard(s.editor);
             QCOMPARE(s.editor.isPartShown(part), on);
+            if (on)
+                QCOMPARE(now, before);
             QVERIFY(names.isEmpty() || on == (now == before));
             for (const QString& name : names)
                 QVERIFY2(now.contains(name) == on, qPrintable(name));
