@@ -17,7 +17,8 @@ void hear(QAccessibleInterface* one, QStringList& names)
 {
     if (!one || one->state().invisible)
         return;
-    names += one->text(QAccessible::Name);
+    if (const QString name = one->text(QAccessible::Name); !name.isEmpty()) // scroll bars come and go
+        names += name;
     for (int i = 0; i < one->childCount(); ++i)
         hear(one->child(i), names);
 }
