@@ -5,8 +5,8 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/FunctionFloatBase.h>
-#include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/ControlMenu2.h>
+#include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/shell/CurveEditor.h>
