@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/model/Export.h>
 #include <curveeditor/model/FunctionParserBase.h>
 
 #include <cstddef>
@@ -18,7 +19,7 @@ namespace curveeditor {
 
 /// The variables of one mapper that formulas have named. The mapper and the formulas that were parsed with it share
 /// it. Once the mapper is gone all of them read 0.0.
-class VariableSource
+class CURVEEDITOR_EXPORT VariableSource
 {
 public:
     using Key = FunctionParserBase::keyStruct;
