@@ -9,7 +9,7 @@
 class History
 {
 public:
-    /// Does a command again, or takes it back. Returns whether that was possible.
+    /// Does a command again, or takes it back, and adds none. Returns whether that was possible.
     using Step = std::function<bool(bool forward)>;
 
     /// Adds a command that is done already; those that were taken back go.

@@ -42,7 +42,7 @@ void MainWindow::addEditor()
     CurveOptions options;
     options.lowest = 0.0;
     options.highest = 1.0;
-    options.types = {SplineBase::Linear, SplineBase::Bezier};
+    options.types = {SplineBase::Linear, SplineBase::Bezier, SplineBase::Hold};
     for (const EditorPart part : {EditorPart::Formulas, EditorPart::Files, EditorPart::List})
         editor_->setPartShown(part, false); // it has one curve, in files of its own
     editor_->setTheme(CurveEditorTheme::fromPalette(palette()));
@@ -67,8 +67,9 @@ void MainWindow::addEditor()
 void MainWindow::addCommands()
 {
     QToolBar* const bar = addToolBar(tr("Track"));
-    bar->addAction(tr("Undo"), this, [this] { history_.undo(); });
-    bar->addAction(tr("Redo"), this, [this] { history_.redo(); });
+    bar->addAction(tr("Undo"), editor_.get(),
+                   &CurveEditor::undo); // which asks for the step when typing is done
+    bar->addAction(tr("Redo"), editor_.get(), &CurveEditor::redo);
     bar->addAction(tr("Hold at the time line"), this, &MainWindow::toggleHold);
     gain_->setRange(0, 200);
     gain_->setValue(lastGain_);

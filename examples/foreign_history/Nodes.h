@@ -25,16 +25,14 @@ struct Node
 constexpr double framesPerSecond = 48000.0;
 constexpr std::int64_t leastDistance = 3200; ///< frames
 
-/// The nodes, one at least, as points for a new spline. The type of a point is that of what leads to it: `Linear`, or
-/// `Bezier` with slopes that follow from the neighbours. A held value is a straight line to a point of its own, the
-/// corner, which stands in front of the next node at its time. Its tension, which means nothing to `Linear` points, is the
-/// serial of the node that is held.
+/// The nodes, one at least, as points for a new spline. The type of a point is that of what leads to it: `Hold`, `Linear`,
+/// or `Bezier` with slopes that follow from the neighbours.
 std::vector<SplineBase::PointInfo> pointsOf(const std::vector<Node>& nodes);
 /// The nodes that a tidy spline shows.
 std::vector<Node> nodesOf(const SplineBase& spline);
 
-/// Makes a spline that a hand has changed show nodes again: corners where they belong, whole frames, least distances,
-/// following slopes. One that is tidy stays as it is.
+/// Makes a spline that a hand has changed show nodes again: whole frames, least distances, following slopes. One that is
+/// tidy stays as it is.
 void tidy(SplineBase& spline);
-/// Holds the value of the last node that is not behind `time`, or ends that.
+/// Holds the value of the last node that is not behind `time` until the next one, or ends that.
 void toggleHold(SplineBase& spline, double time);

@@ -76,6 +76,24 @@ private Q_SLOTS:
         QVERIFY(s.window.nodes() == after && s.window.findChild<QSpinBox*>()->value() == 50);
     }
 
+    void buttonsStepFromWhatIsTyped()
+    {
+        Scene s;
+        s.drag(5.0, 0.4, 5.5, 0.9);
+        const std::vector<Node> before = s.window.nodes();
+        auto* const value = s.window.editor().findChild<QLineEdit*>("posY");
+        value->setFocus();
+        value->selectAll();
+        QTest::keyClicks(value, "0.6");
+        QVERIFY(s.window.nodes() == before);
+        QCOMPARE((*s.window.engine().published())(double(before[2].frame) / framesPerSecond), 0.6);
+        for (QAction* const action : s.window.findChild<QToolBar*>()->actions().mid(0, 2)) {
+            action->trigger(); // Undo, Redo
+            QCOMPARE(s.window.nodes() == before, action->text() == "Undo");
+        }
+        QVERIFY(s.isTidy() && s.window.nodes()[2].value == 0.6);
+    }
+
     void nodesAreHeldAndPushedApart()
     {
         Scene s;
@@ -86,7 +104,6 @@ private Q_SLOTS:
         const std::vector<Node> before = s.window.nodes();
         s.drag(5.0, 0.4, 7.0, 0.4); // onto the next one
         QVERIFY(s.isTidy() && s.window.nodes().size() == 5 && s.window.nodes() != before);
-        s.drag(2.0, 0.2, 6.0, 0.9); // the corner stays where it belongs
         s.mouse(QEvent::MouseButtonPress, 2.0, 0.8);
         for (const double time : {6.9, 9.9, 0.01, 2.0})
             s.mouse(QEvent::MouseMove, time, 0.8);
