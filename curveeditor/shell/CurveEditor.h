@@ -144,7 +144,7 @@ public:
     /// that is not known has the options of a new one. Options to which no value keeps, as with ends in the wrong
     /// order or without a multiple of the step between them, and those with a number that is not finite or a step
     /// below 0.0 change nothing. A lock ends first what the user is at with that curve, as
-    /// release and leaving do. While it holds `curveHasChanged` comes for undo, redo and `edit` alone.
+    /// release and leaving do. While it holds `curveHasChanged` comes for undo, redo, `edit` and `apply` alone.
     void setCurveOptions(const QString& group, const QString& curve, const CurveOptions& options);
     CurveOptions curveOptions(const QString& group, const QString& curve) const;
     /// @}
@@ -344,7 +344,12 @@ public:
     /// Whether edits are kept on the undo stack, as they are at first. A host that has commands of its own, of whatever
     /// kind, switches it off: the entries that are there go and no new ones come, and where the user asks for a step
     /// `undoRequested` or `redoRequested` is emitted instead. The host keeps `CurveChange::diff` of each `Commit` of cause
-    /// `Edit` or `Host`, and steps by `apply`.
+    /// `Edit` or `Host`, and steps by `apply` in the slots of these signals. Its own buttons for undo and redo call `undo`
+    /// and `redo` here: they commit first what the user types, which is a command of the host too. `text` and `merge` of
+    /// `edit` have no effect meanwhile.
+    ///
+    /// On a stack that is shared, entries below those of others can't go at once: they are obsolete, and leave the stack
+    /// when a step reaches them.
     void setKeepsHistory(bool on);
     /// Does `diff` to a registered curve, or if not `forward` takes it back, as a step of the undo stack does: a lock does
     /// not keep it, the points that it changed become selected, and `curveEdited` tells it with cause `Redo` or `Undo`,
@@ -580,8 +585,8 @@ Q_SIGNALS:
     void curveHasChanged(QString& nodeName, QString& curveName);
 
     /// A curve has changed, and when: at each step of a drag, once when an edit is done, when it is taken back or
-    /// done again. Not for selections, nor for calls of the host but `edit`. The slot may call every operation
-    /// here.
+    /// done again. Not for selections, nor for calls of the host but `edit` and `apply`. The slot may call every
+    /// operation here.
     void curveEdited(const CurveChange& change);
     /// @{
     /// The user asks for a step back or forth, by key or menu, and the editor keeps no history; see `setKeepsHistory`.
