@@ -7,6 +7,7 @@
 #include <curveeditor/shell/CurveEditor.h>
 
 #include <QAction>
+#include <QCursor>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QJsonArray>
@@ -17,9 +18,11 @@
 #include <QRandomGenerator>
 #include <QSaveFile>
 #include <QSlider>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QUndoCommand>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <utility>
@@ -104,6 +107,7 @@ MainWindow::MainWindow() : stage_(new Stage(this)), editor_(std::make_unique<Cur
     connect(&clock_, &QTimer::timeout, this, &MainWindow::advance);
     resize(1000, 900);
     setTime(firstTime);
+    showStatus();
 }
 
 MainWindow::~MainWindow()
@@ -128,8 +132,10 @@ void MainWindow::addEditor()
     editor_->setValueText([](double level) { return withUnit(level, QStringLiteral("%")); },
                           [](const QString& text) { return valueWithUnit(text, QStringLiteral("%")); });
     editor_->setTimeLineDraggable(true);
-    editor_->setUnderlay(
-        [this](QPainter& painter, const PlaneMapping& view) { music_.paint(painter, view); });
+    editor_->setUnderlay([this](QPainter& painter, const PlaneMapping& view) {
+        if (waveformAction_->isChecked())
+            music_.paint(painter, view);
+    });
     editor_->setOverlay([this](QPainter& painter, const PlaneMapping& view) { drawCues(painter, view); });
     addChannels();
     editor_->setDefaultSelected("Back", "01");
@@ -137,6 +143,9 @@ void MainWindow::addEditor()
     editor_->setDefaultSelected("Front", "01");
     connect(editor_.get(), &CurveEditor::curveEdited, this, &MainWindow::render);
     connect(editor_.get(), &CurveEditor::timeLineDragged, this, &MainWindow::showTime);
+    connect(editor_.get(), &CurveEditor::curveColorChanged, this, &MainWindow::takeColor);
+    connect(editor_.get(), &CurveEditor::viewChanged, this, &MainWindow::showStatus);
+    connect(editor_.get(), &CurveEditor::pointSelectionChanged, this, &MainWindow::showStatus);
 
     auto* const dock = new QDockWidget(tr("Channels"), this);
     dock->setObjectName("channels");
@@ -199,6 +208,17 @@ void MainWindow::addMenus()
     edit->addActions({undo, redo});
     edit->addSeparator();
     edit->addAction(tr("Change the gel"), this, &MainWindow::changeColor);
+    QMenu* const view = menuBar()->addMenu(tr("&View"));
+    const auto addSwitch = [view](const QString& text) {
+        QAction* const action = view->addAction(text);
+        action->setCheckable(true);
+        action->setChecked(true);
+        return action;
+    };
+    waveformAction_ = addSwitch(tr("Waveform"));
+    connect(waveformAction_, &QAction::toggled, editor_.get(), &CurveEditor::updateUnderlay);
+    connect(addSwitch(tr("List of channels")), &QAction::toggled, this,
+            [this] { editor_->setPartShown(EditorPart::List, !editor_->isPartShown(EditorPart::List)); });
 
     QToolBar* const bar = addToolBar(tr("Clock"));
     QAction* const playing = bar->addAction(tr("Play"));
@@ -222,14 +242,16 @@ void MainWindow::addMenus()
 /// Commands of the host in the menus of the editor.
 void MainWindow::addCommands()
 {
-    auto* const full = new QAction(tr("Set to full"), this);
-    full->setShortcut(Qt::Key_F9);
-    connect(full, &QAction::triggered, this, &MainWindow::setFull);
-    editor_->addPointAction(full);
-    auto* const fade = new QAction(tr("Fade out at the time line"), this);
-    fade->setShortcut(Qt::Key_F10);
-    connect(fade, &QAction::triggered, this, &MainWindow::fadeOut);
-    editor_->addEditAction(fade);
+    const auto command = [this](const QString& text, const QKeySequence& key, void (MainWindow::*slot)()) {
+        auto* const action = new QAction(text, this);
+        action->setShortcut(key);
+        connect(action, &QAction::triggered, this, slot);
+        return action;
+    };
+    editor_->addPointAction(command(tr("Set to full"), Qt::Key_F9, &MainWindow::setFull));
+    editor_->addEditAction(command(tr("Fade out at the time line"), Qt::Key_F10, &MainWindow::fadeOut));
+    editor_->addEditAction(command(tr("Time line to the mouse"), Qt::Key_F8, &MainWindow::goToMouse));
+    editor_->addListAction(command(tr("Take the colour of the gel"), {}, &MainWindow::takeGel));
     lockAction_ = new QAction(tr("Lock the channel"), this);
     lockAction_->setCheckable(true);
     connect(lockAction_, &QAction::toggled, this, &MainWindow::lockChannel);
@@ -238,25 +260,61 @@ void MainWindow::addCommands()
     showLock();
 }
 
+/// What is locked is locked for the tools of this host too. The text has places for group and name.
+void MainWindow::editCurrent(const QString& text, const std::function<void(SplineBase&)>& work, int merge)
+{
+    const auto [group, name] = editor_->currentCurve();
+    if (!editor_->curveOptions(group, name).locked)
+        editor_->edit(group, name, text.arg(group, name), work, merge);
+}
+
 void MainWindow::setFull()
 {
     const auto [group, name] = editor_->currentCurve();
-    const std::vector<int> points = editor_->selectedPoints(group, name);
-    editor_->edit(group, name, tr("Set points of %1.%2 to full").arg(group, name),
-                  [&points](SplineBase& spline) {
-                      for (const int point : points)
-                          spline.setPos(spline.modify(point), 100.0);
-                  });
+    editCurrent(tr("Set points of %1.%2 to full"),
+                [points = editor_->selectedPoints(group, name)](SplineBase& spline) {
+                    for (const int point : points)
+                        spline.setPos(spline.modify(point), 100.0);
+                });
 }
 
 void MainWindow::fadeOut()
 {
-    const auto [group, name] = editor_->currentCurve();
     const double time = wholeFrame(time_);
-    editor_->edit(group, name, tr("Fade out %1.%2").arg(group, name), [time](SplineBase& spline) {
+    editCurrent(tr("Fade out %1.%2"), [time](SplineBase& spline) {
         setLevel(spline, time, spline(time));
         setLevel(spline, time + fadeTime, 0.0);
     });
+}
+
+void MainWindow::goToMouse()
+{
+    const auto* const canvas = editor_->findChild<QWidget*>("functionEdit");
+    const double time = editor_->fromCanvas(canvas->mapFromGlobal(QCursor::pos())).x();
+    setTime(std::clamp(wholeFrame(time), 0.0, Show::duration));
+}
+
+void MainWindow::takeGel()
+{
+    const auto [group, name] = editor_->currentCurve();
+    editor_->setCurveColor(group, name, gel_);
+}
+
+/// The lamps have the colours of their curves.
+void MainWindow::takeColor(const QString& group, const QString& name, const QColor& color)
+{
+    show_.find(group, name)->color = color;
+    render();
+}
+
+void MainWindow::showStatus()
+{
+    using namespace AxisTexts;
+    const auto [group, name] = editor_->currentCurve();
+    const QRectF view = editor_->view();
+    statusBar()->showMessage(tr("%1 points selected, %2 – %3 in sight")
+                                 .arg(editor_->selectedPoints(group, name).size())
+                                 .arg(timecode(view.left(), film), timecode(view.right(), film)));
 }
 
 void MainWindow::lockChannel(bool on)
@@ -279,10 +337,9 @@ void MainWindow::record(int level)
 {
     if (!recordAction_->isChecked())
         return;
-    const auto [group, name] = editor_->currentCurve();
-    editor_->edit(
-        group, name, tr("Record %1.%2").arg(group, name),
-        [this, level](SplineBase& spline) { setLevel(spline, wholeFrame(time_), level); }, recording_);
+    editCurrent(
+        tr("Record %1.%2"), [this, level](SplineBase& spline) { setLevel(spline, wholeFrame(time_), level); },
+        recording_);
 }
 
 void MainWindow::save()

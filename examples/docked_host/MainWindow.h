@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QUndoStack>
 
+#include <functional>
 #include <memory>
 
 class CurveEditor;
@@ -39,8 +40,13 @@ private:
 
     void open();
     void save();
+    void editCurrent(const QString& text, const std::function<void(SplineBase&)>& work, int merge = 0);
     void setFull();
     void fadeOut();
+    void goToMouse();
+    void takeGel();
+    void takeColor(const QString& group, const QString& name, const QColor& color);
+    void showStatus();
     void lockChannel(bool on);
     void showLock();
     void record(int level);
@@ -61,6 +67,7 @@ private:
     Renderer renderer_;
     Stage* stage_;
     QSlider* fader_ = nullptr;
+    QAction* waveformAction_ = nullptr;
     QAction* recordAction_ = nullptr;
     QAction* lockAction_ = nullptr;
     std::unique_ptr<CurveEditor> editor_; ///< before the curves in its end

@@ -109,6 +109,7 @@ void Show::read(const QJsonObject& curves)
             formula = FunctionParserBase::instance()->parseString(file.expression, message, &variables_);
         if (file.kind == CurveFile::Expression && !formula)
             continue;
+        channel->color = QColor(file.color.red, file.color.green, file.color.blue);
         delete std::exchange(channel->formula, formula);
         if (!formula)
             channel->spline.assign(file.spline.state());

@@ -110,6 +110,9 @@ private Q_SLOTS:
         c.trigger("Lock the channel");
         const SplineState locked = c.front().state();
         c.drag(c.pixel(31.0, 100.0), c.pixel(35.0, 50.0));
+        c.window.findChild<QSlider*>()->setValue(30); // still recorded
+        for (const Qt::Key key : {Qt::Key_F9, Qt::Key_F10})
+            QTest::keyClick(&c.canvas, key);
         QVERIFY(c.front().state() == locked);
         c.trigger("Lock the channel");
         c.drag(c.pixel(31.0, 100.0), c.pixel(35.0, 50.0));
@@ -140,6 +143,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString path = folder.filePath("evening.show");
         Console c;
+        c.trigger("Take the colour of the gel");
         c.editor.setView({10.0, 20.0, 30.0, 60.0});
         c.editor.setDefaultSelected("Side", "03");
         c.drag(c.pixel(31.0, c.window.data().find("Side", "03")->spline[2]->pos), c.pixel(30.0, 40.0));
@@ -150,6 +154,35 @@ private Q_SLOTS:
         QCOMPARE(other.window.data().write(), c.window.data().write());
         QCOMPARE(other.editor.openCurves(), c.editor.openCurves());
         QCOMPARE(other.editor.view(), c.editor.view());
+    }
+
+    void consoleAndEditorFollowEachOther()
+    {
+        Console c;
+        const auto status = [&c] {
+            return c.window.statusBar()->currentMessage();
+        };
+        c.editor.setView({10.0, 0.0, 20.0, 100.0});
+        QCOMPARE(status(), "0 points selected, 00:00:10:00 – 00:00:30:00 in sight");
+        const QImage music = c.canvas.grab().toImage();
+        for (const bool isLeft : {true, false}) {
+            c.trigger("Waveform");
+            QCOMPARE(c.canvas.grab().toImage() != music, isLeft);
+        }
+        QTest::keyClick(&c.canvas, Qt::Key_A, Qt::ControlModifier);
+        QVERIFY(status().startsWith("4 points"));
+        QCursor::setPos(c.canvas.mapToGlobal(c.pixel(20.0, 50.0)));
+        for (const Qt::Key key : {Qt::Key_F8, Qt::Key_F10})
+            QTest::keyClick(&c.canvas, key);
+        QVERIFY(qAbs(c.front()[2]->time - 20.0) < 0.1 && c.front().getControlPointsNumber() == 6);
+
+        c.trigger("Change the gel");
+        c.trigger("Take the colour of the gel");
+        QCOMPARE(c.window.data().find("Front", "01")->color.value(), 255);
+        QCOMPARE(c.window.data().find("Front", "01")->color, c.editor.searchAllNodeList("Front.01")->color);
+        const int width = c.canvas.width();
+        c.trigger("List of channels");
+        QTRY_VERIFY(c.canvas.width() > width && !c.editor.isPartShown(EditorPart::List));
     }
 
     void timesAreWrittenAsTheUserWants()
