@@ -158,9 +158,10 @@ void CurveEdit::checkpoint()
         checkpoint_.back().note();
     }
     const Id id = id_;
+    const QString text = text_;
     const QPointer<CurveEdit> guard(this);
     keepEntry(parts);
-    report(left, EditReport::Cause::Edit);
+    report(left, EditReport::Cause::Edit, text);
     if (!guard || !isOpen(id) || before_.empty())
         return;
     TimeInterval touched =
@@ -187,8 +188,9 @@ CurveEdit::Curves CurveEdit::close()
     isOpen_ = false;
     const std::vector<EditHistory::Part> parts = changes();
     told.insert(told.end(), parts.begin(), parts.end());
+    const QString text = text_;
     keepEntry(parts);
-    report(told, EditReport::Cause::Edit);
+    report(told, EditReport::Cause::Edit, text);
     Curves changed;
     for (const EditHistory::Part& part : parts)
         changed.push_back(part.curve);
@@ -210,12 +212,13 @@ void CurveEdit::cancel()
         if (before.curve->spline())
             before.takeBack();
     }
+    const QString text = text_;
     if (entry_ && history_.isOnTop(entry_))
         keepEntry({});
     const QPointer<CurveEdit> guard(this);
-    report(left, EditReport::Cause::Edit);
+    report(left, EditReport::Cause::Edit, text);
     if (guard)
-        report(parts, EditReport::Cause::Cancel);
+        report(parts, EditReport::Cause::Cancel, {});
 }
 
 std::vector<EditHistory::Part> CurveEdit::changes() const
@@ -342,14 +345,15 @@ void CurveEdit::keepEntry(const std::vector<EditHistory::Part>& parts)
         history_.amend(entry, parts);
 }
 
-void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::Cause cause)
+void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::Cause cause,
+                       const QString& text, int merge)
 {
     const QPointer<CurveEdit> guard(this);
     for (const EditHistory::Part& part : parts) {
         const CurveDiff told = cause == EditReport::Cause::Cancel ? CurveDiff() : part.diff;
         if (guard)
             history_.tell({part.curve, part.diff.touched(), EditReport::Phase::Commit, cause,
-                           part.diff.pointsAfter(), std::make_shared<const CurveDiff>(told)});
+                           part.diff.pointsAfter(), std::make_shared<const CurveDiff>(told), text, merge});
     }
 }
 

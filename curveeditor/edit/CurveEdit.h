@@ -137,7 +137,8 @@ private:
     std::vector<EditHistory::Part> changes() const;
     std::vector<EditHistory::Part> continueAboveForeignEntry();
     void keepEntry(const std::vector<EditHistory::Part>& parts);
-    void report(const std::vector<EditHistory::Part>& parts, EditReport::Cause cause);
+    void report(const std::vector<EditHistory::Part>& parts, EditReport::Cause cause, const QString& text,
+                int merge = 0);
     void interrupt();
     bool isTriedCurveForeign() const;
 

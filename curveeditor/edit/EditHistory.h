@@ -35,6 +35,8 @@ struct EditReport
     std::vector<PointSerial> points = {}; ///< those that changed and are there now
     /// What leads from the curve at the commit before to this one; null at a preview.
     std::shared_ptr<const CurveDiff> diff = nullptr;
+    QString text = {}; ///< of the entry; empty at previews, steps and what was taken back
+    int merge = 0;     ///< of an edit of the host
 };
 
 /// The curves of one editor, and the entries of an undo stack that lead back to what they were.

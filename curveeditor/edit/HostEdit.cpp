@@ -69,7 +69,7 @@ bool CurveEdit::editForHost(const std::shared_ptr<EditedCurve>& curve, const QSt
     else
         history_.push(history_.makeEntry(text, {part}, merge));
     if (guard)
-        report({part}, EditReport::Cause::Host);
+        report({part}, EditReport::Cause::Host, text, merge);
     return true;
 }
 

@@ -31,6 +31,11 @@ struct CurveChange
     /// What leads from the curve as it was at the `Commit` before to what it is now, also where an edit was taken back;
     /// without content at `Cancel`, and null at `Preview`. To be kept, and given to `CurveEditor::apply`.
     std::shared_ptr<const CurveDiff> diff = nullptr;
+
+    QString
+        text; ///< what was done, as a name for a step of it, at `Commit` with `Edit` or `Host`; else empty
+    int merge =
+        0; ///< with `Host`, what `CurveEditor::edit` got: those of one number, not 0, in a row are one step
 };
 
 Q_DECLARE_METATYPE(CurveChange)

@@ -345,8 +345,8 @@ public:
     /// kind, switches it off: the entries that are there go and no new ones come, and where the user asks for a step
     /// `undoRequested` or `redoRequested` is emitted instead. The host keeps `CurveChange::diff` of each `Commit` of cause
     /// `Edit` or `Host`, and steps by `apply` in the slots of these signals. Its own buttons for undo and redo call `undo`
-    /// and `redo` here: they commit first what the user types, which is a command of the host too. `text` and `merge` of
-    /// `edit` have no effect meanwhile.
+    /// and `redo` here: they commit first what the user types, which is a command of the host too. What `edit` gets as
+    /// `text` and `merge` stands in `CurveChange`; joining edits is the host's then.
     ///
     /// On a stack that is shared, entries below those of others can't go at once: they are obsolete, and leave the stack
     /// when a step reaches them.

@@ -96,6 +96,8 @@ void CurveEditor::Private::tellEdit(const EditReport& report)
     change.phase = report.phase;
     change.cause = report.cause;
     change.diff = report.diff;
+    change.text = report.text;
+    change.merge = report.merge;
     const bool isByHand =
         change.cause == CurveChange::Cause::Edit || change.cause == CurveChange::Cause::Cancel;
     const QPointer<CurveEditor> guard(&editor);

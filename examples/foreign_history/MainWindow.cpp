@@ -87,7 +87,7 @@ void MainWindow::takeEdit(const CurveChange& change)
         return;
     nodes_ = nodesOf(spline_);
     if (change.cause == CurveChange::Cause::Edit || change.cause == CurveChange::Cause::Host)
-        history_.add("Edit the gain", [this, diff = change.diff](bool forward) {
+        history_.add(change.text.toStdString(), [this, diff = change.diff](bool forward) {
             return editor_->apply(group, curve, *diff, forward);
         });
 }

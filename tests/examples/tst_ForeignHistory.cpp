@@ -66,7 +66,8 @@ private Q_SLOTS:
         const std::vector<Node> after = s.window.nodes();
         s.drag(2.0, 0.8, 3.0, 0.7);
         QVERIFY(s.isTidy() && s.window.nodes()[0].shape == Node::Shape::Hold && s.window.nodes() != after);
-        for (const char* name : {"Edit the gain", "Change the level", "Edit the gain", ""}) {
+        for (const char* name :
+             {"Move a point of Track.Gain", "Change the level", "Move a point of Track.Gain", ""}) {
             QCOMPARE(s.window.history().next(), name);
             QTest::keyClick(s.canvas, Qt::Key_Z, Qt::ControlModifier);
         }

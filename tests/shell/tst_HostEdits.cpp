@@ -19,7 +19,10 @@ struct HostScene : Scene
                 return;
             follows = follows && change.diff->apply(copies[change.group + '.' + change.curve]);
             told += change.curve + "EURCH"[int(change.cause)] + ' ';
-            if (change.cause == CurveChange::Cause::Edit || change.cause == CurveChange::Cause::Host)
+            const bool isNew =
+                change.cause == CurveChange::Cause::Edit || change.cause == CurveChange::Cause::Host;
+            follows = follows && change.text.isEmpty() != isNew;
+            if (isNew)
                 done.push_back(change), undone.clear();
         });
         QObject::connect(&editor, &CurveEditor::undoRequested, [this] { step(done, undone, false); });
@@ -175,6 +178,8 @@ private Q_SLOTS:
         const auto before = s.states();
         s.drag(5.0, 1.0, 6.0, 2.0).press(6.0, 2.0).move(6.0, 3.0).key(Qt::Key_Z, ctrl).release(6.0, 3.0);
         s.edit("y", 3.0, 7), s.edit("y", 4.0, 7);
+        QVERIFY(s.done[0].text == "Move a point of a.x" && s.done[2].text == "Record" &&
+                s.done[2].merge == 7);
         s.key(Qt::Key_A, ctrl).key(Qt::Key_Delete);
         s.enter("2 T").turnTo("a.y").editor.setLastNodeLoop();
         const QAction* const undo = entryOf(*s.menu("Edit"), "Undo");
