@@ -312,7 +312,7 @@ void MainWindow::showStatus()
     using namespace AxisTexts;
     const auto [group, name] = editor_->currentCurve();
     const QRectF view = editor_->view();
-    statusBar()->showMessage(tr("%1 points selected, %2 – %3 in sight")
+    statusBar()->showMessage(tr("Selected points: %1. In sight: %2 – %3")
                                  .arg(editor_->selectedPoints(group, name).size())
                                  .arg(timecode(view.left(), film), timecode(view.right(), film)));
 }

@@ -163,14 +163,14 @@ private Q_SLOTS:
             return c.window.statusBar()->currentMessage();
         };
         c.editor.setView({10.0, 0.0, 20.0, 100.0});
-        QCOMPARE(status(), "0 points selected, 00:00:10:00 – 00:00:30:00 in sight");
+        QCOMPARE(status(), "Selected points: 0. In sight: 00:00:10:00 – 00:00:30:00");
         const QImage music = c.canvas.grab().toImage();
         for (const bool isLeft : {true, false}) {
             c.trigger("Waveform");
             QCOMPARE(c.canvas.grab().toImage() != music, isLeft);
         }
         QTest::keyClick(&c.canvas, Qt::Key_A, Qt::ControlModifier);
-        QVERIFY(status().startsWith("4 points"));
+        QVERIFY(status().startsWith("Selected points: 4."));
         QCursor::setPos(c.canvas.mapToGlobal(c.pixel(20.0, 50.0)));
         for (const Qt::Key key : {Qt::Key_F8, Qt::Key_F10})
             QTest::keyClick(&c.canvas, key);
