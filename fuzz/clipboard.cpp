@@ -25,7 +25,7 @@ void requirePoint(const PointInfo& point)
     for (const double number : {point.time, point.pos, point.tanLeft, point.tanRight, point.tension,
                                 point.continuity, point.bias, point.easeTo, point.easeFrom})
         require(std::isfinite(number));
-    require(point.type >= SplineBase::Linear && point.type <= SplineBase::Tcb && point.serial == 0);
+    require(point.type >= SplineBase::Linear && point.type <= SplineBase::Hold && point.serial == 0);
 }
 
 void paste(const QString& text, TableReader::Decimal decimal)

@@ -134,6 +134,7 @@ private:
         editor.setMinValue(-4.0);
         editor.setMaxValue(4.0);
         editor.setTimeLineDraggable(true);
+        editor.setHoldOffered(true);
         editor.resize(900, 600);
         const auto reply = [this] {
             replyToReport();
@@ -228,7 +229,7 @@ void Playground::hostCall(Dice& dice)
     const QString curve = name.section(u'.', 1);
     HostCurve& host = curves_[name];
     CurveEditor& editor = this->editor();
-    switch (dice.below(24)) {
+    switch (dice.below(32)) {
     case 0:
         return editor.removeCurve(group, curve);
     case 1:
@@ -282,6 +283,35 @@ void Playground::hostCall(Dice& dice)
     case 22:
         editor.deleteExpression(group, curve, &host.expression);
         return tellEditors();
+    case 23:
+        editor.edit(
+            group, curve, "Work",
+            [&dice](SplineBase& spline) { spline.addPoint(dice.below(90) / 10.0, 1.0); }, dice.below(3));
+        return;
+    case 24:
+        return editor.selectPoints(group, curve, {dice.below(4), dice.below(4)});
+    case 25:
+        return editor.setView({dice.number(), -2.0, 4.0, dice.oneOf(4) ? dice.number() : 5.0});
+    case 26:
+        editor.restoreState(editor.saveState());
+        return;
+    case 27:
+        return editor.setPartShown(EditorPart(dice.below(11)), !dice.oneOf(4));
+    case 28: {
+        CurveOptions options = editor.curveOptions(group, curve);
+        (dice.oneOf(2) ? options.locked : options.hidden) = dice.oneOf(2);
+        options.step = dice.oneOf(3) ? 0.5 : 0.0;
+        return editor.setCurveOptions(group, curve, options);
+    }
+    case 29:
+        if (dice.oneOf(2))
+            return editor.setTimeText([](double time) { return QString::number(time) + " s"; });
+        return editor.setTimeText({});
+    case 30:
+        if (dice.oneOf(2))
+            return editor.setConstraint(group, curve,
+                                        [](SplineBase& spline) { spline.setPos(spline.modify(0u), 0.5); });
+        return editor.setConstraint(group, curve, {});
     default:
         return editor.setDefaultSelected(group, curve);
     }

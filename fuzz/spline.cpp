@@ -313,7 +313,7 @@ bool Play::hasReadableText() const
             if (!std::isfinite(number))
                 return false;
         }
-        return info.type >= SplineBase::Linear && info.type <= SplineBase::Tcb;
+        return info.type >= SplineBase::Linear && info.type <= SplineBase::Hold;
     };
     const auto isBehaviour = [](std::int32_t number) {
         return number >= SplineBase::Zero && number <= SplineBase::FollowTangent;

@@ -90,7 +90,7 @@ private:
         const SplineBase::PointInfo* const point = control->getCurrent();
         if (!point || !control->hasSingleSelection())
             return "the page is open without a selected point";
-        const double time = canvas_.isShowFrames() ? point->time * canvas_.getFps() : point->time;
+        const double time = canvas_.shownTime(point->time);
         const QString value = ofField(*editor_.posY, point->pos);
         return value.isEmpty() ? ofField(*editor_.posX, time) : value;
     }
@@ -108,7 +108,7 @@ private:
 
     QString ofUnit() const
     {
-        const QString unit = canvas_.isShowFrames() ? "Frame" : "Time";
+        const QString unit = canvas_.writesFrames() ? "Frame" : "Time";
         const auto* const table = editor_.findChild<QTableView*>("pointTable")->model();
         const QString shown = editor_.textLabel1->text() + table->headerData(0, Qt::Horizontal).toString();
         return shown == unit + u':' + unit ? QString() : "shown are " + shown + " for " + unit;
