@@ -39,6 +39,13 @@ CanvasCurves::Nodes CanvasCurves::nodes() const
     return nodes;
 }
 
+CanvasCurves::Nodes CanvasCurves::shown() const
+{
+    Nodes shown = nodes();
+    std::erase_if(shown, [](const CurveNodeBase* curve) { return !curve->isShown(); });
+    return shown;
+}
+
 CanvasCurves::Guarded CanvasCurves::present() const
 {
     const Nodes all = nodes();
@@ -98,14 +105,10 @@ CanvasCurves::Nodes CanvasCurves::currentOnly() const
     return current_ ? Nodes{current_} : Nodes();
 }
 
-CanvasCurves::Nodes CanvasCurves::currentSplineOnly() const
-{
-    return current_ && current_->isSpline() && current_->getSpline() ? Nodes{current_} : Nodes();
-}
-
 CanvasCurves::Nodes CanvasCurves::currentShownOnly() const
 {
-    return current_ && current_->isShown() ? currentSplineOnly() : Nodes();
+    const bool isSpline = current_ && current_->isSpline() && current_->getSpline();
+    return isSpline && current_->isShown() ? Nodes{current_} : Nodes();
 }
 
 void CanvasCurves::setEditsAll(bool on)
@@ -145,7 +148,7 @@ CanvasCurves::Nodes CanvasCurves::selectedAnywhere() const
 {
     Nodes selected;
     for (const auto& curve : curves_) {
-        if (curve->getSpline() && curve->control().hasSelection())
+        if (curve->isShown() && curve->getSpline() && curve->control().hasSelection())
             selected.push_back(curve.get());
     }
     return selected;

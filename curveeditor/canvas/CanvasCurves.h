@@ -37,6 +37,8 @@ public:
 
     const std::vector<std::unique_ptr<CurveNodeBase>>& all() const { return curves_; }
     Nodes nodes() const;
+    /// Those that are not hidden.
+    Nodes shown() const;
     Guarded present() const;
     bool isEmpty() const { return curves_.empty(); }
     /// The first one of that name; names compare exactly. Null if there is none.
@@ -52,10 +54,7 @@ public:
     void setCurrent(CurveNodeBase& curve);
     /// The current curve alone, or nothing.
     Nodes currentOnly() const;
-    /// The same if it is a spline.
-    Nodes currentSplineOnly() const;
-
-    /// The same if it is not hidden.
+    /// The same if it is a spline, and not hidden.
     Nodes currentShownOnly() const;
 
     /// Whether the points of all splines are in reach, else those of the current one.
@@ -65,7 +64,7 @@ public:
     Nodes inReach() const;
     /// Those in reach of which points are selected.
     Nodes selected() const;
-    /// The same, whether in reach or not.
+    /// The same, whether in reach or not; no hidden ones.
     Nodes selectedAnywhere() const;
     bool hasSelection() const { return !selected().empty(); }
     bool hasMultipleSelection() const;

@@ -171,6 +171,8 @@ void CanvasFunctionBase::showStep(const EditReport& report)
         return;
     Selection& selection = curve->control().selection();
     selection.dropLost(*curve->getSpline());
+    if (!curve->isShown())
+        return;
     if (report.points.size() == 1)
         selection.selectOnly(report.points.front());
     else if (report.points.size() > 1)

@@ -225,7 +225,7 @@ void CanvasFunctionBase::editSpline(const QString& text, const std::function<voi
 {
     CanvasEdit shaping;
     shaping.text = CanvasEdit::ofCurve(text);
-    shaping.targets = &CanvasCurves::currentSplineOnly;
+    shaping.targets = &CanvasCurves::currentShownOnly;
     shaping.work = [&work](CurveNodeBase& curve) {
         work(*curve.control().openSpline());
     };
@@ -299,7 +299,7 @@ bool CanvasFunctionBase::dropExpression(const QString& name)
 void CanvasFunctionBase::resetAllCurves()
 {
     CanvasEdit reset = resetOf([](const Nodes&) { return tr("Reset all curves"); });
-    reset.targets = &CanvasCurves::nodes;
+    reset.targets = &CanvasCurves::shown;
     edit(reset);
 }
 

@@ -8,7 +8,7 @@ using namespace curveeditor;
 
 void CanvasFunctionBase::showAllCurves()
 {
-    showCurves(curves_.nodes());
+    showCurves(curves_.shown());
 }
 
 void CanvasFunctionBase::showSelection()
@@ -16,7 +16,7 @@ void CanvasFunctionBase::showSelection()
     if (!viewport_ || noCurrentCurve())
         return;
     if (!hasSelectedPoint())
-        return showCurves(curves_.currentOnly());
+        return showCurves(getCurrentCurve()->isShown() ? curves_.currentOnly() : Nodes());
     AxisRange times = AxisRange::nothing();
     AxisRange values = AxisRange::nothing();
     for (const CurveNodeBase* const curve : curves_.selected()) {

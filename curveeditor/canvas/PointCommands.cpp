@@ -26,7 +26,7 @@ bool PointCommands::canSelect() const
 
 bool PointCommands::canInsert() const
 {
-    return canvas_.currentSplineControl() != nullptr;
+    return !canvas_.curves().currentShownOnly().empty();
 }
 
 bool PointCommands::canEdit() const
@@ -36,8 +36,7 @@ bool PointCommands::canEdit() const
 
 bool PointCommands::canCopy() const
 {
-    const ControlSplineNode* const present = canvas_.currentSplineControl();
-    return present && present->hasSelection();
+    return canInsert() && canvas_.currentSplineControl()->hasSelection();
 }
 
 void PointCommands::selectAll()
@@ -105,7 +104,7 @@ void PointCommands::cut()
 bool PointCommands::canPaste() const
 {
     const QMimeData* const content = QGuiApplication::clipboard()->mimeData();
-    return canvas_.currentSplineControl() && content && content->hasText();
+    return canInsert() && content && content->hasText();
 }
 
 void PointCommands::paste(bool whereTheyWere)
@@ -120,7 +119,7 @@ void PointCommands::paste(bool whereTheyWere)
     QTimer::singleShot(0, &canvas_, [commands = *this, text, whereTheyWere]() mutable {
         const std::optional<TableReader::Decimal> decimal =
             askForDecimal(commands.canvas_.widget(), tr("Paste points"), text.toStdString());
-        if (decimal && commands.canvas_.currentSplineControl())
+        if (decimal && commands.canInsert())
             commands.paste(PointText::read(text, *decimal), whereTheyWere);
     });
 }

@@ -15,8 +15,8 @@ namespace curveeditor {
 
 /// What menus and keys do to the points of the current curve, beyond what mouse and bare keys do; where all curves are
 /// edited at once, selecting, moving and shaping act on all of them. Each edit is one step of the undo stack and is
-/// reported as any other. Without a current spline, or where nothing is selected that could be edited, they do
-/// nothing. The canvas outlives it.
+/// reported as any other. Without a current spline, with a hidden one, or where nothing is selected that could be
+/// edited, they do nothing. The canvas outlives it.
 class PointCommands
 {
     Q_DECLARE_TR_FUNCTIONS(PointCommands)
@@ -26,7 +26,7 @@ public:
 
     /// There is a spline of which points can be selected.
     bool canSelect() const;
-    /// The current curve is a spline.
+    /// The current curve is a spline, and not hidden.
     bool canInsert() const;
     /// A point is selected ...
     bool canEdit() const;

@@ -26,7 +26,9 @@ struct CurveOptions
     std::vector<SplineBase::NodeType> types;
     /// The user can't edit the curve. Its points can be selected and copied, and undo and redo change it as ever.
     bool locked = false;
-    /// The canvas does not show the curve, and the mouse does not meet it.
+    /// The canvas does not show the curve: neither mouse nor keys nor menus select or edit its points, and commands for
+    /// all curves leave it alone. While it is current the user still edits it where it can be seen, on the pages, and
+    /// may load or reset it; undo and redo change it as ever, and select nothing.
     bool hidden = false;
     /// Plain text, shown at the curve's row in the list.
     QString toolTip;

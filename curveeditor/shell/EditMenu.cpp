@@ -167,7 +167,7 @@ void EditMenu::addFits()
         return points_.canInsert() && canvas_.canvas.currentControl()->pointCount() > 2;
     };
     const Condition canBake = [this] {
-        return canvas_.canvas.currentSplineBase() != nullptr;
+        return canvas_.canvas.currentSplineBase() && canvas_.canvas.getCurrentCurve()->isShown();
     };
     add("simplifyAction", QT_TR_NOOP("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
         [this, canSimplify] { open<SimplifyDialog>(canSimplify); });

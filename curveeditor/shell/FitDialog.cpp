@@ -88,6 +88,8 @@ CurveNodeBase* FitDialog::curve() const
 
 void FitDialog::accept()
 {
+    if (curve_ && !curve_->isShown())
+        return reject();
     if (delay_->isActive() || isLockedCurve(curve_))
         refresh();
     if (!ok_->isEnabled())

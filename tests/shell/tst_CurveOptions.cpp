@@ -385,6 +385,24 @@ private Q_SLOTS:
             s.turnTo("a.y").press(2.0, s.x(2.0)).release(2.0, s.x(2.0));
             s.editor.resetSelectedF();
         });
+        const auto selected = [](auto work) { // in the table, which shows the points
+            return [work](Scene& s) {
+                s.control().selectPoints({s.x[1]->serial, s.x[2]->serial}), work(s);
+            };
+        };
+        row("menu", selected([](Scene& s) { s.choose(ControlMenu::DeleteKey); }));
+        row("duplicate", selected([](Scene& s) { s.key(Qt::Key_D, ctrl); }));
+        row("insert", [](Scene& s) { s.editor.setTimeLine(2.0), s.key(Qt::Key_I, shift); });
+        row("paste", [](Scene& s) { s.paste("7\t0\n9\t1\n"); });
+        row("reset all", [](Scene& s) { s.editor.resetAllCheckedF(); });
+        for (const auto& [name, key] : {std::pair("simplify", Qt::Key_S), {"bake", Qt::Key_B}}) {
+            row(name, [key = key](Scene& s) {
+                QCOMPARE(s.takes(s.canvas, key, shift), !s.editor.curveOptions("a", "x").hidden);
+                const CurveOptions options = s.editor.curveOptions("a", "x");
+                s.editor.setCurveOptions("a", "x", {});
+                fit(s, key, "9", [&] { s.editor.setCurveOptions("a", "x", options); });
+            });
+        }
     }
     void hiddenCurveIsNotHit()
     {
@@ -410,8 +428,22 @@ private Q_SLOTS:
         for (const QString curve : {"x", "y", "z"})
             s.editor.setCurveOptions("a", curve, options);
         const QImage hidden = s.shown();
+        s.key(Qt::Key_Home).key(Qt::Key_F);
+        QVERIFY(s.shown() == hidden);
         s.editor.cleanSelecteds();
         QVERIFY(s.shown() == hidden);
+    }
+
+    void stepOfAHiddenCurveSelectsNothing()
+    {
+        Scene s;
+        s.drag(5.0, 1.0, 6.0, 2.0);
+        CurveOptions options;
+        options.hidden = true;
+        s.editor.setCurveOptions("a", "x", options);
+        s.turnTo("a.y").editor.undo();
+        QVERIFY(s.x[1]->time == 5.0 && s.current() == "a.y");
+        QVERIFY(!s.turnTo("a.x").control().hasSelection());
     }
 
     void tipStandsInTheList()
