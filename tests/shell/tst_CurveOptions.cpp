@@ -387,10 +387,10 @@ private Q_SLOTS:
         });
         const auto selected = [](auto work) { // in the table, which shows the points
             return [work](Scene& s) {
-                s.control().selectPoints({s.x[1]->serial, s.x[2]->serial}), work(s);
+                s.control().selectPoints({s.x[1]->serial}), work(s);
             };
         };
-        row("menu", selected([](Scene& s) { s.choose(ControlMenu::DeleteKey); }));
+        row("menu", selected([](Scene& s) { s.turnTo("a.y").editor.action("deleteKeyAction")->trigger(); }));
         row("duplicate", selected([](Scene& s) { s.key(Qt::Key_D, ctrl); }));
         row("insert", [](Scene& s) { s.editor.setTimeLine(2.0), s.key(Qt::Key_I, shift); });
         row("paste", [](Scene& s) { s.paste("7\t0\n9\t1\n"); });
