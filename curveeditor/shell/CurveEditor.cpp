@@ -83,6 +83,9 @@ CurveEditor::CurveEditor(QWidget* parent)
     d_->showStepTexts();
     d_->setSplineToolsEnabled(false); // until there is a current curve
     d_->enablePointTools();
+    for (const QMenu* const actions : {d_->fileMenu, d_->optionsMenu, d_->editMenu})
+        d_->nameActions(*actions);
+    d_->nameActions(*d_->editingMenu);
 }
 
 CurveEditor::~CurveEditor()

@@ -298,10 +298,11 @@ public:
 
     /// Takes a part away, or brings it back; at first all are there. An area that is hidden leaves its room to the
     /// canvas, and its commands keep their keys. A subject that is off has neither commands nor keys, and a dialog of it
-    /// that is open is left as by Escape; calls of the host work all the same. What has the focus in a part that goes is
-    /// left, and what is under way with it done. May be called at any time; each part goes and comes by itself, so the page
-    /// of formulas shows where `Pages`, `ExpressionPage` and `Formulas` all are. The dialog takes at least 640 x 480
-    /// pixels, 400 x 200 without the pages, and 200 x 120 where the canvas is alone, in usual fonts.
+    /// that is open is left as by Escape; calls of the host work all the same. Brought back, it shows all its actions,
+    /// those that the host had hidden too. What has the focus in a part that goes is left, and what is under way with it
+    /// done. May be called at any time; each part goes and comes by itself, so the page of formulas shows where `Pages`,
+    /// `ExpressionPage` and `Formulas` all are. The dialog takes at least 640 x 480 pixels, 400 x 200 without the pages,
+    /// and 200 x 120 where the canvas is alone, in usual fonts.
     void setPartShown(EditorPart part, bool shown);
     bool isPartShown(EditorPart part) const;
     /// A window that nobody gave a size begins with room for all it holds.
@@ -310,9 +311,9 @@ public:
     // Commands
 
     /// The action of the editor with that object name, to be triggered, shown elsewhere too, or given another key;
-    /// null for a name that is not known. `docs/guide/actions.md` lists all. The action stays the editor's. Hidden by
-    /// `setVisible(false)` it is in no menu, and its key does nothing, but for undo and redo. Those of the menu over points are shared by all
-    /// editors of the process.
+    /// null for a name that is not known. `docs/guide/actions.md` lists all; an action of the host is never found, whatever
+    /// its name. The action stays the editor's. Hidden by `setVisible(false)` it is in no menu, and its key does nothing,
+    /// but for undo and redo. Those of the menu over points are shared by all editors of the process.
     QAction* action(const QString& objectName) const;
     /// @{
     /// Puts an action of the host at the end of the menu over points, the menu "Edit" or the menu of the list, which

@@ -11,32 +11,24 @@
 
 using namespace curveeditor;
 
-namespace {
-
-/// Null if none bears the name. An empty name is that of separators.
-QAction* actionIn(const QMenu& menu, const QString& name)
+/// Before a host adds its own, which may bear the same names. Separators have none.
+void CurveEditor::Private::nameActions(const QMenu& menu)
 {
     for (QAction* const entry : menu.actions()) {
-        if (entry->objectName() == name)
-            return entry;
-        if (QAction* const inner = entry->menu() ? actionIn(*entry->menu(), name) : nullptr)
-            return inner;
+        if (!entry->objectName().isEmpty())
+            namedActions.insert(entry->objectName(), entry);
+        if (entry->menu())
+            nameActions(*entry->menu());
     }
-    return nullptr;
 }
-
-} // namespace
 
 QAction* CurveEditor::action(const QString& objectName) const
 {
     if (objectName.isEmpty())
         return nullptr;
-    for (const QMenu* const menu : std::initializer_list<const QMenu*>{
-             d_->fileMenu, d_->optionsMenu, d_->editMenu, d_->editingMenu.get(), ControlSplineNode::menu()}) {
-        if (QAction* const found = actionIn(*menu, objectName))
-            return found;
-    }
-    return nullptr;
+    QAction* const found = d_->namedActions.value(objectName);
+    return found ? found
+                 : ControlSplineNode::menu()->findChild<QAction*>(objectName, Qt::FindDirectChildrenOnly);
 }
 
 void CurveEditor::addPointAction(QAction* action)

@@ -109,6 +109,7 @@ struct CurveEditor::Private final : DependencyCheck
 
     std::vector<QAction*> actions;         ///< of `commands` ...
     std::vector<QKeySequence> shownKeys;   ///< ... and their keys in the present language
+    QHash<QString, QAction*> namedActions; ///< of all menus but that over points, by object name
     std::vector<QToolButton*> menuButtons; ///< in the order of creation
     QAction* viewBox = nullptr;            ///< that of the view buttons in the bar
     QToolButton* fitButton = nullptr;
@@ -136,6 +137,7 @@ struct CurveEditor::Private final : DependencyCheck
     std::vector<QAction*> actionsOf(EditorPart part) const;
     void setCrowded(bool isCrowded);
     void limitSize();
+    void nameActions(const QMenu& menu);
     void addHostAction(QMenu& menu, QAction* action);
     void createMainMenu();
     void createViewButtons();

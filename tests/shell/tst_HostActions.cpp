@@ -96,11 +96,14 @@ private Q_SLOTS:
         };
         const QPointer<QAction> point = make("p", Qt::Key_N), edit = make("e", Qt::CTRL | Qt::Key_G),
                                 list = make("l", Qt::Key_F5), copy = make("c", Qt::CTRL | Qt::Key_C);
+        for (const QPointer<QAction>& ours : {point, edit, list})
+            ours->setObjectName("removeFromEditingAction"); // the name of one of the editor's
         for (int again = 0; again < 2; ++again) {
             s.editor.addPointAction(point), s.editor.addPointAction(nullptr);
             s.editor.addEditAction(edit), s.editor.addEditAction(copy), s.editor.addEditAction(nullptr);
             s.editor.addListAction(list), s.editor.addListAction(nullptr);
         }
+        QCOMPARE(s.editor.action("removeFromEditingAction")->text(), "Remove from editing list");
         QEvent change(QEvent::LanguageChange);
         for (QObject* const one : std::initializer_list<QObject*>{ControlSplineNode::menu(), s.menu("Edit")})
             QApplication::sendEvent(one, &change);
