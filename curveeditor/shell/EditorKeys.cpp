@@ -112,8 +112,18 @@ QAction* EditorKeys::actionOf(const QWidget& focus, const QKeyEvent& key)
         return nullptr;
     if (keepsItsKeys(focus))
         return isTyped(key) ? nullptr : hostActionOf(pressed);
-    QAction* const entry = menu_.entryOf(key);
-    return entry ? entry : hostActionOf(pressed);
+    if (QAction* const entry = menu_.entryOf(key))
+        return entry;
+    QAction* const ofList = listActionOf(pressed);
+    return ofList ? ofList : hostActionOf(pressed);
+}
+
+/// The list answers its own key while it is there.
+QAction* EditorKeys::listActionOf(const QKeySequence& pressed) const
+{
+    const bool hasList = editor_.isPartShown(EditorPart::List);
+    return hasList ? nullptr
+                   : enabledActionWith(pressed, {editor_.action(QStringLiteral("openCurvesAction"))});
 }
 
 QAction* EditorKeys::hostActionOf(const QKeySequence& pressed) const

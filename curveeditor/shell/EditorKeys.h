@@ -21,8 +21,9 @@ class EditMenu;
 ///
 /// The keys of the editor's own actions act everywhere. Those of the menu "Edit", and the letters of the canvas, act
 /// where nothing is typed: on the canvas, and on the list, buttons and tab bars, which keep the keys that move in
-/// them, Space and Delete. The keys of the host's actions act there too, if none of the editor has them, and in fields
-/// and choices those with Ctrl, Alt or Meta, and F1 to F35, that these have no use for. It must go before the canvas.
+/// them, Space and Delete. While the list is hidden, its key that opens curves acts there too. The keys of the host's
+/// actions act there, if none of the editor has them, and in fields and choices those with Ctrl, Alt or Meta, and F1 to
+/// F35, that these have no use for. It must go before the canvas.
 class EditorKeys : public QObject
 {
 public:
@@ -37,6 +38,7 @@ private:
     void followFocus(QWidget* before, QWidget* now);
     bool takeKey(const QWidget& focus, QKeyEvent& event);
     QAction* actionOf(const QWidget& focus, const QKeyEvent& key);
+    QAction* listActionOf(const QKeySequence& pressed) const;
     QAction* hostActionOf(const QKeySequence& pressed) const;
     bool isTyped(const QKeyEvent& key);
     bool handToCanvas(QKeyEvent& event);

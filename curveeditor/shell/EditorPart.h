@@ -6,7 +6,7 @@ enum class EditorPart {
     // Areas: hidden, while the commands in them keep their keys.
     MenuBar,        ///< the menus "File", "Curves", "Options" and "Edit"
     ToolBar,        ///< the buttons beside them, which fit the view and scale and pan the selected points
-    List,           ///< the curves on the canvas, with filter and "+"
+    List,           ///< the curves on the canvas, with filter and "+". Without it Insert acts on the canvas
     Pages,          ///< all that is below the canvas
     EnvelopePage,   ///< numbers of the selected point, and behaviours
     ExpressionPage, ///< formula, and the place of the mouse
