@@ -47,6 +47,8 @@ void CurveEditor::setPartShown(EditorPart part, bool shown)
         d_->hiddenParts.erase(part);
     else
         d_->hiddenParts.insert(part);
+    for (QAction* const action : d_->actionsOf(part))
+        action->setVisible(shown); // which disables one that is hidden
     d_->showParts();
     CurveEditorDialogBaseLayout->activate(); // so that the host may resize the dialog at once
     d_->functionEdit->showSelection(false);
@@ -127,12 +129,6 @@ void CurveEditor::Private::showParts()
     editor.mainMenu->setVisible(hasMenus || isShown(EditorPart::ToolBar));
     editor.listPanel->setVisible(isShown(EditorPart::List));
     showPages();
-    for (const EditorPart subject : {EditorPart::Files, EditorPart::Pictures, EditorPart::Fitting}) {
-        for (QAction* const action : actionsOf(subject)) {
-            action->setVisible(isShown(subject));
-            action->setEnabled(isShown(subject));
-        }
-    }
     limitSize();
 }
 

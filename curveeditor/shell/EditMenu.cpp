@@ -32,6 +32,7 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     connect(&canvas, &FunctionEditor::selectionShown, this, &EditMenu::followCanvas);
     connect(&canvas.canvas.door().history(), &EditHistory::reported, this, &EditMenu::followCanvas);
     connect(&canvas.timeLineDrag, &TimeLineDrag::enabledChanged, this, &EditMenu::followCanvas);
+    followCanvas();
 }
 
 void EditMenu::add(const char* name, const char* text, const QString& key, const Condition& isPossible,

@@ -86,7 +86,20 @@ private Q_SLOTS:
                 QVERIFY2(now.contains(name) == on, qPrintable(name));
             for (const QString key : {"Ctrl+S", "Ctrl+L", "Alt+I", "Alt+C", "Shift+S", "Shift+B", "Ctrl+A"})
                 QVERIFY2(takes(key) == (on || !keys.contains(key)), qPrintable(key));
+            QCOMPARE(takes("Ins"), part == List && !on);
         }
+    }
+
+    void hostsWordOnActionsHolds()
+    {
+        for (const QString name : {"copyAction", "simplifyAction", "bakeAction"})
+            QVERIFY(!CurveEditor().action(name)->isEnabled()); // without curves
+        Scene s;
+        QAction &hidden = *s.editor.action("loadImageAction"), &disabled = *s.editor.action("saveCurve");
+        hidden.setVisible(false), disabled.setEnabled(false);
+        s.editor.setFont(QFont("Arial Narrow", 9));
+        show(s, {Pages, Files}, false), show(s, {Files}, true);
+        QVERIFY(!hidden.isVisible() && disabled.isVisible() && !disabled.isEnabled());
     }
 
     void partsGoInAnyOrderAndBeforeTheDialogShows()
