@@ -249,9 +249,14 @@ void CanvasPicture::clearImage()
     ++content_;
 }
 
+CanvasPicture::SharedPainter CanvasPicture::shared(CanvasPainter painter)
+{
+    return painter ? std::make_shared<const CanvasPainter>(std::move(painter)) : nullptr;
+}
+
 void CanvasPicture::setUnderlay(CanvasPainter painter)
 {
-    underlay_ = std::move(painter);
+    underlay_ = shared(std::move(painter));
     updateUnderlay();
 }
 
@@ -263,22 +268,25 @@ void CanvasPicture::updateUnderlay()
 
 void CanvasPicture::setOverlay(CanvasPainter painter)
 {
-    overlay_ = std::move(painter);
+    overlay_ = shared(std::move(painter));
     paint();
 }
 
-/// The painter may put another one in its place while it runs. Returns false if it threw.
-bool CanvasPicture::callHost(const CanvasPainter& painter, QPainter& on)
+/// The painter may put another one in its place while it runs. Returns false if it threw; it is gone then, and the other
+/// one stays.
+bool CanvasPicture::callHost(SharedPainter& painter, QPainter& on)
 {
     const QScopedValueRollback atWork(isHostAtWork_, true);
-    const CanvasPainter present = painter;
+    const SharedPainter present = painter;
     on.setFont(widget_->font());
     on.setPen(widget_->palette().color(widget_->foregroundRole()));
     try {
-        present(on, viewport_->mapping());
+        (*present)(on, viewport_->mapping());
         return true;
     } catch (...) { // there is no way through Qt
         qWarning("CurveEditor: a painter of the host threw and is not called any more");
+        if (painter == present)
+            painter.reset();
         return false;
     }
 }
@@ -296,7 +304,7 @@ void CanvasPicture::paintUnderlay()
     bool isDone = false;
     layer_.paintUnderlay(backdrop(), [&](QPainter& painter) { isDone = callHost(underlay_, painter); });
     if (!isDone)
-        setUnderlay({});
+        updateUnderlay();
     updateCurves();
 }
 
@@ -306,7 +314,7 @@ void CanvasPicture::showOverlay()
         return;
     QPainter painter(widget_);
     if (!callHost(overlay_, painter))
-        setOverlay({});
+        paint();
 }
 
 } // namespace curveeditor

@@ -77,7 +77,9 @@ private:
 
         bool operator==(const Ground& other) const = default;
     };
-    bool callHost(const CanvasPainter& painter, QPainter& on);
+    using SharedPainter = std::shared_ptr<const CanvasPainter>; ///< null for none
+    static SharedPainter shared(CanvasPainter painter);
+    bool callHost(SharedPainter& painter, QPainter& on);
     void paintUnderlay();
     void drawFront(CurvePainter& curves) const;
     void drawSnapMark(QPainter& painter) const;
@@ -97,11 +99,11 @@ private:
     quint64 view_ = 0; ///< counts those of the view
     std::unique_ptr<CanvasGrid> grid_;
     std::unique_ptr<BackgroundImage> image_;
-    CanvasPainter underlay_;
+    SharedPainter underlay_;
     quint64 content_ = 0; ///< counts the changes of what the underlay shows, and of the picture below it
     Ground ground_;       ///< for which it was painted last ...
     quint64 grounds_ = 0; ///< ... and how often it was
-    CanvasPainter overlay_;
+    SharedPainter overlay_;
     bool isHostAtWork_ = false; ///< in one of the two
     CanvasLayer layer_;
 };
