@@ -389,6 +389,8 @@ bool CurveEditor::isModeTime() const
 
 void CurveEditor::setTimeRange(const double& timeMin, const double& timeMax)
 {
+    if (!std::isfinite(timeMin) || !std::isfinite(timeMax))
+        return;
     d_->setMinTime(timeMin);
     d_->setMaxTime(timeMax);
 }

@@ -140,7 +140,7 @@ private Q_SLOTS:
             editor.setTimeLine(25);
             for (const double none : {qQNaN(), qInf()}) {
                 editor.setTimeLine(none);
-                editor.setTimeRange(none, none);
+                editor.setTimeRange(2.0, none), editor.setTimeRange(none, 2.0);
                 editor.setMinValue(none);
                 editor.setMaxValue(none);
             }
