@@ -601,7 +601,7 @@ Q_SIGNALS:
     /// @}
     /// Another curve is the current one now; both names are empty if there is none.
     void currentCurveChanged(const QString& nodeName, const QString& curveName);
-    /// A curve has another colour now, which the user or `setCurveColor` gave it.
+    /// A curve has another colour now, which the user or `setCurveColor` gave it. The slot may call every operation here.
     void curveColorChanged(const QString& group, const QString& curve, const QColor& color);
     /// `view` gives another rectangle: after each step of the user, and within the host's call that made it so.
     /// A new size of the canvas alone is no change of it. The slot may call every operation here.

@@ -335,11 +335,13 @@ void CurveEditor::Private::setColor(NodeStruct* record, const QColor& color)
 {
     if (!record || !color.isValid() || record->color == color)
         return;
+    const QString group = record->nodeName,
+                  curve = record->curveName; // whoever hears of it may remove the record
     record->color = color;
     EditingList::setCurveColor(record->editingItem, color);
     functionEdit->setCurveColor(record->name, color);
     const HostCalls::Call call(hostCalls());
-    Q_EMIT editor.curveColorChanged(record->nodeName, record->curveName, color);
+    Q_EMIT editor.curveColorChanged(group, curve, QColor(color));
 }
 
 void CurveEditor::pressedItem(QTreeWidgetItem* /*who*/) {}

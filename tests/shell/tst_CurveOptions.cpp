@@ -332,6 +332,11 @@ private Q_SLOTS:
         QStringList told;
         connect(&s.editor, &CurveEditor::curveColorChanged, &s.canvas,
                 [&](const QString& group, const QString& curve, const QColor& color) {
+                    if (color == Qt::green)
+                        s.editor.renameCurve(group, curve, "w"), s.editor.removeCurve(group, "w");
+                });
+        connect(&s.editor, &CurveEditor::curveColorChanged, &s.canvas,
+                [&](const QString& group, const QString& curve, const QColor& color) {
                     told.append(group + curve + color.name());
                 });
         const QImage before = s.shown();
@@ -346,7 +351,8 @@ private Q_SLOTS:
         whenOpen<QColorDialog>(
             [](QColorDialog& dialog) { dialog.setCurrentColor(Qt::blue), dialog.accept(); });
         s.editor.rightButtonPressedItem(row, {}, 0);
-        QCOMPARE(told.value(1), "ax#0000ff");
+        s.editor.setCurveColor("a", "x", Qt::green);
+        QCOMPARE(told.mid(1), QStringList({"ax#0000ff", "ax#00ff00"}));
     }
 
     void lockedCurveLooksSo()
