@@ -70,16 +70,25 @@ void EditHistory::leaveStack()
     removeDeadEntries();
 }
 
+std::shared_ptr<EditedCurve> EditHistory::find(const QString& name, const SplineBase* spline,
+                                               FunctionFloatBase** variable) const
+{
+    const auto [first, last] = curves_.equal_range(name);
+    const auto found = std::find_if(first, last, [&](const auto& curve) {
+        return curve->spline() == spline && curve->variable() == variable;
+    });
+    return found == last ? nullptr : *found;
+}
+
 std::shared_ptr<EditedCurve> EditHistory::curve(const QString& name, SplineBase* spline,
                                                 FunctionFloatBase** variable)
 {
-    const auto found = std::find_if(curves_.begin(), curves_.end(), [&](const auto& curve) {
-        return curve->name == name && curve->spline() == spline && curve->variable() == variable;
-    });
-    if (found != curves_.end())
-        return *found;
-    curves_.push_back(std::make_shared<EditedCurve>(name, spline, variable, settings_));
-    return curves_.back();
+    std::shared_ptr<EditedCurve> curve = find(name, spline, variable);
+    if (!curve) {
+        curve = std::make_shared<EditedCurve>(name, spline, variable, settings_);
+        curves_.insert(name, curve);
+    }
+    return curve;
 }
 
 QSet<QString> EditHistory::hiddenCurves() const
@@ -94,15 +103,18 @@ QSet<QString> EditHistory::hiddenCurves() const
 
 void EditHistory::rename(const QString& oldName, const QString& newName)
 {
-    for (const auto& curve : curves_) {
-        if (curve->name == oldName)
-            rename(*curve, newName);
-    }
+    const auto renamed = curves_.values(oldName);
+    for (const auto& curve : renamed)
+        rename(*curve, newName);
 }
 
 void EditHistory::rename(EditedCurve& curve, const QString& newName)
 {
     const QString oldName = std::exchange(curve.name, newName);
+    if (const auto known = find(oldName, curve.spline(), curve.variable())) {
+        curves_.remove(oldName, known);
+        curves_.insert(newName, known);
+    }
     for (EditCommand* const entry : entries_)
         entry->rename(curve, oldName);
     Q_EMIT stackChanged();
@@ -110,11 +122,12 @@ void EditHistory::rename(EditedCurve& curve, const QString& newName)
 
 void EditHistory::forget(const QStringList& names)
 {
-    const auto kept = std::stable_partition(curves_.begin(), curves_.end(),
-                                            [&](const auto& curve) { return !names.contains(curve->name); });
-    const std::vector<std::shared_ptr<EditedCurve>> gone(kept, curves_.end());
-    curves_.erase(kept, curves_.end());
-    for (const auto& curve : gone) {
+    QList<std::shared_ptr<EditedCurve>> gone;
+    for (const QString& name : names) {
+        gone += curves_.values(name);
+        curves_.remove(name);
+    }
+    for (const auto& curve : std::as_const(gone)) {
         curve->letGo();
         drop(*curve);
     }

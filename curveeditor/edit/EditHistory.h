@@ -7,6 +7,7 @@
 #include <curveeditor/edit/Selection.h>
 #include <curveeditor/model/CurveDiff.h>
 
+#include <QMultiHash>
 #include <QObject>
 #include <QPointer>
 #include <QSet>
@@ -68,7 +69,10 @@ public:
     /// Those of all curves.
     EditorSettings& settings() { return *settings_; }
 
-    /// The curve of that name, spline and variable; a new one at the first time.
+    /// The curve of that name, spline and variable; null before the first call of `curve`.
+    std::shared_ptr<EditedCurve> find(const QString& name, const SplineBase* spline,
+                                      FunctionFloatBase** variable) const;
+    /// The same; a new one at the first time.
     std::shared_ptr<EditedCurve> curve(const QString& name, SplineBase* spline, FunctionFloatBase** variable);
     /// The names of the curves that are hidden.
     QSet<QString> hiddenCurves() const;
@@ -139,9 +143,9 @@ private:
     std::shared_ptr<EditorSettings> settings_ = std::make_shared<EditorSettings>();
     std::unique_ptr<QUndoStack> ownStack_;
     QPointer<QUndoStack> hostStack_;
-    std::vector<std::shared_ptr<EditedCurve>> curves_;
-    std::unordered_set<EditCommand*> entries_; ///< on whatever stack they are
-    std::vector<EditReport> pending_;          ///< told when the stack has done its step
+    QMultiHash<QString, std::shared_ptr<EditedCurve>> curves_; ///< by name
+    std::unordered_set<EditCommand*> entries_;                 ///< on whatever stack they are
+    std::vector<EditReport> pending_;                          ///< told when the stack has done its step
     std::vector<std::pair<QString, QString>> lostFormulas_;
     bool keepsEntries_ = true;
     bool isRemoving_ = false;

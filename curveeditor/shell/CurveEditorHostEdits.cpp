@@ -14,6 +14,15 @@ QString hostsName(const QString& group, const QString& curve)
 }
 
 } // namespace
+/// Those of a new one for a name that is not registered.
+CurveOptions CurveEditor::Private::optionsOf(const QString& name) const
+{
+    const NodeStruct* const record = nodeOfName.value(name);
+    const EditHistory& history = functionEdit->canvas.door().history();
+    const auto content = record ? history.find(record->name, record->spline, record->function) : nullptr;
+    return content ? content->options : CurveOptions();
+}
+
 
 /// Null for a name that is not registered.
 std::shared_ptr<EditedCurve> CurveEditor::Private::contentOf(const QString& name) const

@@ -175,6 +175,7 @@ struct CurveEditor::Private final : DependencyCheck
     void setColor(NodeStruct* record, const QColor& color);
 
     std::shared_ptr<EditedCurve> contentOf(const QString& name) const;
+    CurveOptions optionsOf(const QString& name) const;
     bool endHandsAt(const QString& name);
     void tellEdit(const EditReport& report);
     void showStepTexts();

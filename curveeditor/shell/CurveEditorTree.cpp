@@ -209,7 +209,7 @@ void CurveEditor::Private::renameRecord(NodeStruct& record, const QString& nodeN
         unfinishedTexts.insert(record.name, unfinishedTexts.take(oldName));
     functionEdit->canvas.renameCurve(oldName, record.name);
     functionEdit->canvas.door().history().rename(oldName, record.name);
-    EditingList::setCurveName(record.editingItem, record.name, contentOf(record.name)->options.toolTip);
+    EditingList::setCurveName(record.editingItem, record.name, optionsOf(record.name).toolTip);
 }
 
 void CurveEditor::setHoldOffered(bool on)
@@ -245,8 +245,7 @@ void CurveEditor::setCurveOptions(const QString& group, const QString& curve, co
 
 CurveOptions CurveEditor::curveOptions(const QString& group, const QString& curve) const
 {
-    const std::shared_ptr<EditedCurve> present = d_->contentOf(fullName(group, curve));
-    return present ? present->options : CurveOptions();
+    return d_->optionsOf(fullName(group, curve));
 }
 
 void CurveEditor::setCurveColor(const QString& group, const QString& curve, const QColor& color)

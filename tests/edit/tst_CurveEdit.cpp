@@ -70,6 +70,20 @@ class tst_CurveEdit : public QObject
     using Edit = std::function<void(Fixture&)>;
 
 private Q_SLOTS:
+    void curvesOfOneNameAreToldApart()
+    {
+        Fixture f;
+        EditHistory& history = f.door.history();
+        const auto twin = history.curve("a.x", &f.otherSpline, &f.expression);
+        history.rename("a.x", "a.w");
+        QVERIFY(history.curve("a.w", &f.otherSpline, &f.expression) == twin);
+        QVERIFY(history.curve("a.w", &f.spline, &f.expression) == f.curve && twin != f.curve);
+        QVERIFY(!history.find("a.x", &f.spline, &f.expression));
+        history.forget({"a.w"});
+        QVERIFY(!twin->spline() && !f.curve->spline() && f.other->spline());
+        QVERIFY(!history.find("a.w", &f.spline, &f.expression));
+    }
+
     void theDoorGivesTheSplinesOfItsOpenEdit()
     {
         Fixture f;

@@ -524,6 +524,12 @@ private Q_SLOTS:
         s.editor.cleanSelecteds();
         lock(s, "x");
         QVERIFY(isLocked("x") && !isLocked("y") && !isLocked("nobody"));
+        s.add("a.added");
+        auto& added = s.curves["a.added"];
+        s.editor.renameCurve("a", "added", "asked");
+        QVERIFY(!isLocked("asked"));
+        const EditHistory& history = s.canvas.canvas.door().history();
+        QVERIFY(!history.find("a.asked", &added.spline, &added.expression)); // to ask costs nothing
         s.editor.renameCurve("a", "x", "w");
         s.editor.setEditingNode("a.w");
         s.editor.resetSelectedF();
