@@ -158,6 +158,7 @@ void EditHistory::setStack(QUndoStack* newStack)
     if ((newStack ? newStack : ownStack_.get()) == stack())
         return;
     hostStack_ = newStack == ownStack_.get() ? nullptr : newStack;
+    steppingFrom_.reset();
     const HostCalls::Call call(hostCalls);
     ownStack_->clear();
     if (hostStack_) {
@@ -199,16 +200,28 @@ bool EditHistory::apply(const std::shared_ptr<EditedCurve>& curve, const CurveDi
 
 void EditHistory::undo()
 {
-    Q_EMIT aboutToStep();
-    const HostCalls::Call call(hostCalls);
-    stack()->undo();
+    step(&QUndoStack::undo);
 }
 
 void EditHistory::redo()
 {
+    step(&QUndoStack::redo);
+}
+
+void EditHistory::step(void (QUndoStack::*work)())
+{
     Q_EMIT aboutToStep();
     const HostCalls::Call call(hostCalls);
-    stack()->redo();
+    const QPointer<EditHistory> guard(this);
+    steppingFrom_ = stack()->index();
+    (stack()->*work)();
+    if (guard)
+        steppingFrom_.reset();
+}
+
+bool EditHistory::isCommandAtWork() const
+{
+    return steppingFrom_ == stack()->index();
 }
 
 EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts, int merge)
@@ -219,7 +232,7 @@ EditCommand* EditHistory::makeEntry(const QString& text, std::vector<Part> parts
 void EditHistory::push(EditCommand* entry)
 {
     const HostCalls::Call call(hostCalls);
-    if (isStepping_ || !keepsEntries_)
+    if (isStepping_ || isCommandAtWork() || !keepsEntries_)
         delete entry;
     else
         stack()->push(entry);

@@ -13,6 +13,7 @@
 #include <QSet>
 
 #include <memory>
+#include <optional>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -101,6 +102,8 @@ public:
     /// Step back and forth, passing over entries that do nothing any more.
     void undo();
     void redo();
+    /// Whether one of the two has a command of the stack at work; nothing can be put on the stack then.
+    bool isCommandAtWork() const;
 
     /// Takes all entries off the stack, or lets them do nothing where that is not possible. To be called before whom
     /// the signals of the stack may reach goes; the destructor does the same.
@@ -135,6 +138,7 @@ Q_SIGNALS:
 private:
     friend class EditCommand;
 
+    void step(void (QUndoStack::*work)());
     void drop(const EditedCurve& curve);
     void connectStack(QUndoStack* stack);
     void finishStep();
@@ -147,6 +151,7 @@ private:
     std::unordered_set<EditCommand*> entries_;                 ///< on whatever stack they are
     std::vector<EditReport> pending_;                          ///< told when the stack has done its step
     std::vector<std::pair<QString, QString>> lostFormulas_;
+    std::optional<int> steppingFrom_; ///< where the stack stands until the command that it runs has returned
     bool keepsEntries_ = true;
     bool isRemoving_ = false;
     bool isStepping_ = false;

@@ -251,8 +251,8 @@ public:
     /// The painter draws in logical pixels of the canvas, to which it is clipped, and is as a new one for the canvas; the
     /// mapping tells where times and values lie. Where nothing can be shown it is not called. It may call every
     /// operation here, but what it changes shows at the next frame, and it must not run an event loop. One that
-    /// changes the view each time is called in each frame. One that throws is not called any more; a line on
-    /// the standard error output says so.
+    /// changes the view each time is called in each frame. One that throws is not called any more, but the one that
+    /// it has put in its place is; a line on the standard error output says so.
     void setUnderlay(CanvasPainter painter);
     /// The same on top of all else, in each frame: it should be quick. A frame comes when anything on the
     /// canvas has changed, and after `updateCurves`.
@@ -291,7 +291,8 @@ public:
     /// Puts the edits from now on on a stack of the host, which stays the host's; several editors and the host's
     /// own commands may share one. Null, and the end of that stack, bring back the dialog's own, empty. Entries of
     /// a curve that is removed go, and so do those of one that the host has changed since: nothing that the host
-    /// did is overwritten. After the end of the dialog its entries do nothing.
+    /// did is overwritten. After the end of the dialog its entries do nothing. What the user is at, a drag say, is
+    /// committed first, to the stack before.
     void setUndoStack(QUndoStack* stack);
 
     // Parts
@@ -338,16 +339,19 @@ public:
     /// no entry. What it throws passes on, and the curve is as it was before.
     ///
     /// Returns whether `work` was called: not without one, for a curve that is not known, or within the `work` of
-    /// another edit, in which undo, redo and commands of the user do nothing either.
+    /// another edit, in which undo, redo and commands of the user do nothing either. Nor within `undo` and `redo` of a
+    /// command of the host on that stack, as far as the editor makes the step. It can't know of steps that the host makes by
+    /// itself, so never call it there: an entry that is put on a stack deletes the commands that could be redone, the one
+    /// at work too. To make one step of an edit and other commands use `beginMacro` and `endMacro` of the stack.
     bool edit(const QString& group, const QString& curve, const QString& text,
               const std::function<void(SplineBase&)>& work, int merge = 0);
 
     /// Whether edits are kept on the undo stack, as they are at first. A host that has commands of its own, of whatever
     /// kind, switches it off: the entries that are there go and no new ones come, and where the user asks for a step
-    /// `undoRequested` or `redoRequested` is emitted instead. The host keeps `CurveChange::diff` of each `Commit` of cause
-    /// `Edit` or `Host`, and steps by `apply` in the slots of these signals. Its own buttons for undo and redo call `undo`
-    /// and `redo` here: they commit first what the user types, which is a command of the host too. What `edit` gets as
-    /// `text` and `merge` stands in `CurveChange`; joining edits is the host's then.
+    /// `undoRequested` or `redoRequested` is emitted instead. What the user is at is committed first. The host keeps
+    /// `CurveChange::diff` of each `Commit` of cause `Edit` or `Host`, and steps by `apply` in the slots of these signals. Its
+    /// own buttons for undo and redo call `undo` and `redo` here: they commit first what the user types, which is a command
+    /// of the host too. What `edit` gets as `text` and `merge` stands in `CurveChange`; joining edits is the host's then.
     ///
     /// On a stack that is shared, entries below those of others can't go at once: they are obsolete, and leave the stack
     /// when a step reaches them.
@@ -420,8 +424,8 @@ public Q_SLOTS:
     /// @}
     /// Frames per time unit. Zero and less are stored, and show numbers of no use; they do no harm.
     void setFps(const double& val);
-    /// The limits of time; the view shows all of it. Limits that leave no range show an empty canvas, until
-    /// others follow or "Reset View" mends them.
+    /// The limits of time; the view shows all of it. Where one of them is not finite neither is taken. Limits that leave no
+    /// range show an empty canvas, until others follow or "Reset View" mends them.
     void setTimeRange(const double& timeMin, const double& timeMax);
     /// @{
     /// The limits of the value, and the edge of the view with it.

@@ -6,14 +6,14 @@
 
 using namespace curveeditor;
 
-namespace {
-
-QString hostsName(const QString& group, const QString& curve)
+/// Null for a name that is not registered.
+std::shared_ptr<EditedCurve> CurveEditor::Private::contentOf(const QString& name) const
 {
-    return group + QLatin1Char('.') + curve;
+    const NodeStruct* const record = nodeOfName.value(name);
+    EditHistory& history = functionEdit->canvas.door().history();
+    return record ? history.curve(record->name, record->spline, record->function) : nullptr;
 }
 
-} // namespace
 /// Those of a new one for a name that is not registered.
 CurveOptions CurveEditor::Private::optionsOf(const QString& name) const
 {
@@ -23,23 +23,18 @@ CurveOptions CurveEditor::Private::optionsOf(const QString& name) const
     return content ? content->options : CurveOptions();
 }
 
-
-/// Null for a name that is not registered.
-std::shared_ptr<EditedCurve> CurveEditor::Private::contentOf(const QString& name) const
-{
-    const NodeStruct* const record = nodeOfName.value(name);
-    EditHistory& history = functionEdit->canvas.door().history();
-    return record ? history.curve(record->name, record->spline, record->function) : nullptr;
-}
-
 /// Ends what the user is at with the spline of that curve. Returns false where a host that hears of it has deleted the
 /// editor.
 bool CurveEditor::Private::endHandsAt(const QString& name)
 {
-    CanvasFunctionBase& canvas = functionEdit->canvas;
     const std::shared_ptr<EditedCurve> content = contentOf(name);
-    if (!content || !canvas.door().isAtSplineOf(*content))
-        return true;
+    return !content || !functionEdit->canvas.door().isAtSplineOf(*content) || endHands();
+}
+
+/// The same, wherever the user is at work.
+bool CurveEditor::Private::endHands()
+{
+    CanvasFunctionBase& canvas = functionEdit->canvas;
     const QPointer<CurveEditor> guard(&editor);
     const CurveEdit::Curves ended = canvas.settle();
     for (const auto& changed : ended) {
@@ -52,7 +47,7 @@ bool CurveEditor::Private::endHandsAt(const QString& name)
 void CurveEditor::setConstraint(const QString& group, const QString& curve,
                                 std::function<void(SplineBase&)> mend)
 {
-    const QString name = hostsName(group, curve);
+    const QString name = fullName(group, curve);
     if (!d_->endHandsAt(name))
         return;
     if (const std::shared_ptr<EditedCurve> content = d_->contentOf(name))
@@ -62,8 +57,8 @@ void CurveEditor::setConstraint(const QString& group, const QString& curve,
 bool CurveEditor::edit(const QString& group, const QString& curve, const QString& text,
                        const std::function<void(SplineBase&)>& work, int merge)
 {
-    const QString name = hostsName(group, curve);
-    if (!work || !d_->endHandsAt(name))
+    const QString name = fullName(group, curve);
+    if (!work || d_->functionEdit->canvas.door().history().isCommandAtWork() || !d_->endHandsAt(name))
         return false;
     const std::shared_ptr<EditedCurve> content = d_->contentOf(name);
     return content && d_->functionEdit->canvas.door().editForHost(content, text, work, merge);
@@ -71,7 +66,7 @@ bool CurveEditor::edit(const QString& group, const QString& curve, const QString
 
 bool CurveEditor::apply(const QString& group, const QString& curve, const CurveDiff& diff, bool forward)
 {
-    const QString name = hostsName(group, curve);
+    const QString name = fullName(group, curve);
     const CurveDiff kept = diff; // who hears of what ends may drop it
     if (!d_->endHandsAt(name))
         return false;

@@ -177,6 +177,7 @@ struct CurveEditor::Private final : DependencyCheck
     std::shared_ptr<EditedCurve> contentOf(const QString& name) const;
     CurveOptions optionsOf(const QString& name) const;
     bool endHandsAt(const QString& name);
+    bool endHands();
     void tellEdit(const EditReport& report);
     void showStepTexts();
     bool handsStepsOn(void (CurveEditor::*request)());

@@ -334,9 +334,9 @@ void CurveEditor::Private::setColor(NodeStruct* record, const QColor& color)
 {
     if (!record || !color.isValid() || record->color == color)
         return;
+    record->color = color;
     const QString group = record->nodeName,
                   curve = record->curveName; // whoever hears of it may remove the record
-    record->color = color;
     EditingList::setCurveColor(record->editingItem, color);
     functionEdit->setCurveColor(record->name, color);
     const HostCalls::Call call(hostCalls());

@@ -18,17 +18,15 @@ QUndoStack* CurveEditor::undoStack() const
 
 void CurveEditor::setUndoStack(QUndoStack* stack)
 {
-    d_->functionEdit->canvas.settle();
-    d_->functionEdit->canvas.door().history().setStack(stack);
+    const QPointer<QUndoStack> present(stack);
+    if (d_->endHands())
+        d_->functionEdit->canvas.door().history().setStack(present);
 }
 
 void CurveEditor::setKeepsHistory(bool on)
 {
-    CanvasFunctionBase& canvas = d_->functionEdit->canvas;
-    const QPointer<CurveEditor> guard(this);
-    canvas.settle();
-    if (guard)
-        canvas.door().history().setKeepsEntries(on);
+    if (d_->endHands())
+        d_->functionEdit->canvas.door().history().setKeepsEntries(on);
 }
 
 void CurveEditor::undo()

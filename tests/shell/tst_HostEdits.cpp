@@ -337,6 +337,54 @@ private Q_SLOTS:
         }
     }
 
+    void commandOfTheHostEditsNothing()
+    {
+        struct Command : QUndoCommand
+        {
+            explicit Command(std::function<void()> deed) : work(std::move(deed)) {}
+            void undo() override { work(); }
+            void redo() override { work(); }
+            const std::function<void()> work;
+        };
+        QUndoStack stack;
+        HostScene s;
+        s.editor.setUndoStack(&stack);
+        std::vector<bool> edited;
+        stack.push(new Command([] {}));
+        stack.push(new Command([&] {
+            edited.push_back(s.edit("x", 3.0));
+            edited.size() % 2 ? s.editor.setLastNodeZero() : s.editor.setLastNodeLoop();
+        }));
+        QVERIFY(edited == std::vector{true} && stack.count() == 4);
+        s.editor.undo(), s.editor.redo();
+        QVERIFY(edited == std::vector({true, false, false}) && stack.count() == 4);
+        connect(&stack, &QUndoStack::indexChanged, &s.editor,
+                [&] { stack.index() == 3 && s.edit("y", 3.0); });
+        s.editor.undo(); // who hears of it may edit
+        QVERIFY(s.entries() == 4 && stack.undoText() == "Record" && s.isSound());
+    }
+
+    void historyOfTheHostBeginsWithWhatTheUserIsAt()
+    {
+        const HostDeed begin[] = {[](HostScene& s) { s.editor.setKeepsHistory(false); },
+                                  [](HostScene& s) { s.editor.setUndoStack(nullptr); },
+                                  [](HostScene& s) {
+                                      s.editor.setUndoStack(new QUndoStack(&s.editor));
+                                  }};
+        for (const HostDeed& deed : begin) {
+            HostScene s;
+            s.press(5.0, 1.0).move(6.0, 2.0);
+            s.changes.clear();
+            deed(s);
+            QVERIFY(s.takeTold() == "xE " && s.changes == QStringList{"a/x"});
+            HostScene other;
+            connect(&other.editor, &CurveEditor::curveHasChanged, [&other] { delete other.owned; });
+            other.press(5.0, 1.0).move(6.0, 2.0);
+            deed(other);
+            QVERIFY(!other.owned);
+        }
+    }
+
     void workMayDeleteTheEditor()
     {
         for (const bool throws : {false, true}) {
