@@ -58,17 +58,13 @@ bool CanvasLayer::resize(const QSize& size, double pixelRatio)
     return true;
 }
 
-void CanvasLayer::paintUnderlay(const Backdrop& backdrop, const std::function<void(QPainter&)>& work)
+void CanvasLayer::paintUnderlay(const std::function<void(QPainter&)>& work)
 {
-    if (ground_.size() != image_.size())
-        ground_ = opaqueImage(image_.size());
-    ground_.setDevicePixelRatio(image_.devicePixelRatio());
-    {
-        QPainter painter(&ground_);
-        painter.setBackground(backdrop.theme->canvas);
-        drawBackground(painter, backdrop, size());
-    }
-    QPainter painter(&ground_);
+    if (underlay_.size() != image_.size())
+        underlay_ = QImage(image_.size(), QImage::Format_ARGB32_Premultiplied);
+    underlay_.setDevicePixelRatio(image_.devicePixelRatio());
+    underlay_.fill(Qt::transparent);
+    QPainter painter(&underlay_);
     work(painter);
 }
 
@@ -128,13 +124,12 @@ void CanvasLayer::renderBackdrop(const QRect& part)
 {
     QPainter painter(&image_);
     clip(painter, part);
-    if (backdrop_.underlay != 0)
-        put(ground_, &painter);
-    else
-        drawBackground(painter, backdrop_, size());
+    drawBackground(painter);
     drawMark(painter);
     drawBand(painter);
     drawSelection(painter);
+    if (backdrop_.underlay != 0)
+        put(underlay_, &painter);
     backdrop_.grid->draw(&painter, *backdrop_.theme);
 }
 
@@ -159,11 +154,11 @@ void CanvasLayer::clip(QPainter& painter, const QRect& part) const
     painter.setBackground(backdrop_.theme->canvas);
 }
 
-void CanvasLayer::drawBackground(QPainter& painter, const Backdrop& backdrop, const QSize& size)
+void CanvasLayer::drawBackground(QPainter& painter) const
 {
-    BackgroundImage* const background = backdrop.background;
+    BackgroundImage* const background = backdrop_.background;
     if (!background || !background->coversCanvas())
-        painter.eraseRect(QRect(QPoint(), size));
+        painter.eraseRect(QRect(QPoint(), size()));
     if (background)
         background->draw(&painter);
 }

@@ -50,8 +50,9 @@ public:
 
     /// Takes a size in logical pixels. Returns false if it had that size and ratio already.
     bool resize(const QSize& size, double pixelRatio);
-    /// Lets a host paint above the background of that. It shows in `show` wherever that is given an `underlay`.
-    void paintUnderlay(const Backdrop& backdrop, const std::function<void(QPainter&)>& work);
+    /// Lets a host paint what lies above background, band and selection and below the grid. It shows in `show` wherever
+    /// that is given an `underlay`.
+    void paintUnderlay(const std::function<void(QPainter&)>& work);
     /// The image shows these from now on.
     void show(const Backdrop& backdrop, const Curves& curves);
     /// Puts the image at the corner of what `painter` draws on.
@@ -68,7 +69,7 @@ private:
     void renderCurves(const QRect& part, std::size_t first);
     void clip(QPainter& painter, const QRect& part) const;
     QRect columnsOfTimeLine(int column) const;
-    static void drawBackground(QPainter& painter, const Backdrop& backdrop, const QSize& size);
+    void drawBackground(QPainter& painter) const;
     void drawMark(QPainter& painter) const;
     void drawBand(QPainter& painter) const;
     void drawSelection(QPainter& painter) const;
@@ -77,7 +78,7 @@ private:
     Backdrop backdrop_;
     Curves curves_;
     QImage image_;
-    QImage ground_; ///< the background with the underlay
+    QImage underlay_; ///< what the host has painted, and nothing around it
     QImage frame_;
 };
 

@@ -302,7 +302,7 @@ void CanvasPicture::paintUnderlay()
     ground_ = ground;
     ++grounds_;
     bool isDone = false;
-    layer_.paintUnderlay(backdrop(), [&](QPainter& painter) { isDone = callHost(underlay_, painter); });
+    layer_.paintUnderlay([&](QPainter& painter) { isDone = callHost(underlay_, painter); });
     if (!isDone)
         updateUnderlay();
     updateCurves();

@@ -229,6 +229,9 @@ private Q_SLOTS:
         s.editor.setUnderlay(fill(Qt::red));
         QCOMPARE(s.shown(), expected);
         QVERIFY(expected != plain);
+        s.key(Qt::Key_A, ctrl); // the colour of the selection does not hide it
+        QCOMPARE(s.shown().pixelColor(filled.center()), expected.pixelColor(filled.center()));
+        s.key(Qt::Key_A, ctrl | shift);
         recolour([](const QColor&) { return QColor(Qt::green); });
         s.editor.setOverlay(fill(Qt::green));
         QCOMPARE(s.shown(), expected);
