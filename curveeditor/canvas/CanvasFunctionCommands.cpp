@@ -6,7 +6,6 @@
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/model/FunctionFloatBase.h>
-#include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParseMessage.h>
 
 #include <QPointer>
