@@ -144,6 +144,14 @@ void CanvasFunctionBase::paint()
         Q_EMIT frameAsked();
 }
 
+void CanvasFunctionBase::tell(const QString& text)
+{
+    if (std::exchange(picture_.modeLine, text) == text)
+        return;
+    picture_.paint();
+    Q_EMIT told(text);
+}
+
 void CanvasFunctionBase::takeReport(const EditReport& report)
 {
     const bool wasTaking = std::exchange(isTakingReport_, true);
@@ -152,6 +160,8 @@ void CanvasFunctionBase::takeReport(const EditReport& report)
     const QPointer<CanvasFunctionBase> guard(this);
     const bool isHost = report.cause == EditReport::Cause::Host;
     const bool isStep = report.cause == EditReport::Cause::Undo || report.cause == EditReport::Cause::Redo;
+    if (isStep)
+        tell({});
     if (isStep)
         showStep(report);
     else if (CurveNodeBase* const curve = curves_.find(*report.curve); curve && isHost)

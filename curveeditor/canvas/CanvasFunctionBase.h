@@ -207,6 +207,10 @@ public:
     void paint();
     /// Brings the curves' pictures up to date, as a frame does. To be called before anything is hit in them.
     void updateCurves() { picture_.updateCurves(); }
+    /// Says, in a line at the upper edge, what is worth knowing of a command or a gesture, until the next press of a
+    /// button or a key, the next edit, or a step of the undo stack. An empty text says nothing more.
+    void tell(const QString& text);
+    const QString& toldText() const { return picture_.modeLine; }
     /// For the widget's `paintEvent`: brings the picture up to date and draws it.
     void showBuffer(QPainter* painter) { picture_.show(painter); }
     /// Takes the size and the pixel ratio of the widget.
@@ -273,6 +277,7 @@ public:
     bool mousePress(QMouseEvent* event)
     {
         menu_->follow();
+        tell({});
         return hands_.press(*event);
     }
     void mouseDoubleClick(QMouseEvent* event) { hands_.doubleClick(*event); }
@@ -282,7 +287,11 @@ public:
     /// Escape takes a drag back. Delete removes the selected points. The right and left arrows go to the next and previous point; where
     /// nothing is selected, the right one begins at the first point and the left one at the last.
     /// With nothing selected an arrow begins only if `isFocused`.
-    void keyPress(QKeyEvent* event, bool isFocused = true) { hands_.key(*event, isFocused); }
+    void keyPress(QKeyEvent* event, bool isFocused = true)
+    {
+        tell({});
+        hands_.key(*event, isFocused);
+    }
     /// The menu that a right press opens, at the selected point or in the middle of the canvas. Returns when it has
     /// closed.
     void openPointMenuByKey();
@@ -310,6 +319,8 @@ Q_SIGNALS:
     /// The selection, or a point that is selected, has changed by other means than an event of the widget;
     /// `shows` if the user is to see it.
     void selectionChanged(bool shows);
+    /// That text is said on the canvas now; empty for none.
+    void told(const QString& text);
     /// `paint` was called, when all else about what has changed was told: view and selection may be others now. Foreign
     /// code may run here, as in the reports.
     void frameAsked();

@@ -78,6 +78,7 @@ void removeSelection(CurveNodeBase& curve)
 
 void CanvasFunctionBase::edit(const CanvasEdit& edit)
 {
+    tell({});
     settle();
     dropLostPoints();
     const QPointer<CanvasFunctionBase> guard(this);

@@ -77,6 +77,7 @@ void CanvasPicture::drawFront(CurvePainter& curves) const
     }
     grid_->drawGrip(&painter, theme_);
     drawHint(painter);
+    drawModeLine(painter);
 }
 
 /// What can be done on a canvas that is empty, or nearly so.
@@ -95,13 +96,29 @@ void CanvasPicture::drawHint(QPainter& painter) const
     if (!theme_.hint.isValid() || text.isEmpty())
         return;
     constexpr double heightShare = 0.4; // clear of a level curve in the middle
+    drawText(painter, text, int(viewport_->pixelHeight * heightShare), theme_.hint);
+}
+
+void CanvasPicture::drawModeLine(QPainter& painter) const
+{
+    if (!modeLine.isEmpty())
+        drawText(painter, modeLine, widget_->fontMetrics().height() / 2 + 4,
+                 theme_.hint.isValid() ? theme_.hint : theme_.labels);
+}
+
+/// In the middle of the canvas, about the row `middle`.
+void CanvasPicture::drawText(QPainter& painter, const QString& text, int middle, const QColor& color) const
+{
+    constexpr int margin = 8;
     painter.setFont(widget_->font());
-    QRect place = painter.fontMetrics().boundingRect(text).adjusted(-8, -4, 8, 4);
-    place.moveCenter(QPoint(viewport_->pixelWidth / 2, int(viewport_->pixelHeight * heightShare)));
+    const QString shown =
+        painter.fontMetrics().elidedText(text, Qt::ElideRight, viewport_->pixelWidth - 2 * margin);
+    QRect place = painter.fontMetrics().boundingRect(shown).adjusted(-margin, -4, margin, 4);
+    place.moveCenter(QPoint(viewport_->pixelWidth / 2, middle));
     painter.fillRect(place, theme_.canvas);
-    painter.setPen(theme_.hint);
+    painter.setPen(color);
     painter.setBackgroundMode(Qt::TransparentMode);
-    painter.drawText(place, Qt::AlignCenter, text);
+    painter.drawText(place, Qt::AlignCenter, shown);
 }
 
 /// Lines through what a dragged point has snapped to.

@@ -65,6 +65,7 @@ public:
     /// Laid out for the view as it is.
     CanvasGrid& grid();
     std::optional<Gesture::Place> mark; ///< where the point menu is open
+    QString modeLine;                   ///< what is said at the upper edge; empty for nothing
 
 private:
     /// What an image of the underlay was painted for.
@@ -85,6 +86,8 @@ private:
     void drawSnapMark(QPainter& painter) const;
     void drawHint(QPainter& painter) const;
     QString hint() const;
+    void drawModeLine(QPainter& painter) const;
+    void drawText(QPainter& painter, const QString& text, int middle, const QColor& color) const;
     CanvasLayer::Backdrop backdrop() const;
     CanvasLayer::Curves curvesBehindCurrent() const;
     std::optional<std::pair<int, int>> selectedColumns() const;

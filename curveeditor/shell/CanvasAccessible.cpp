@@ -236,8 +236,16 @@ QString CanvasAccessible::text(QAccessible::Text kind) const
     if (kind == QAccessible::Name)
         return curves.noCurrentCurve() ? tr("Canvas without a curve")
                                        : tr("Canvas, curve %1").arg(curves.getCurrentCurveName());
-    if (kind != QAccessible::Description || curves.noCurrentCurve())
+    if (kind != QAccessible::Description)
         return QAccessibleWidget::text(kind);
+    return QStringList{contents(), curves.toldText()}.join(QLatin1Char(' ')).trimmed();
+}
+
+QString CanvasAccessible::contents() const
+{
+    const CanvasFunctionBase& curves = canvas_->canvas;
+    if (curves.noCurrentCurve())
+        return QAccessibleWidget::text(QAccessible::Description);
     if (const ControlSplineNode* const control = canvas_->canvas.currentSplineControl())
         return tr("%1 points, %2 selected")
             .arg(control->pointCount())
@@ -248,6 +256,7 @@ QString CanvasAccessible::text(QAccessible::Text kind) const
 CanvasAnnouncer::CanvasAnnouncer(FunctionEditor* canvas) : QObject(canvas), canvas_(canvas)
 {
     connect(canvas, &FunctionEditor::selectionShown, this, &CanvasAnnouncer::announce);
+    connect(&canvas->canvas, &CanvasFunctionBase::told, this, &CanvasAnnouncer::announce);
     connect(&canvas->canvas.door().history(), &EditHistory::reported, this, [this](const EditReport& report) {
         if (report.phase == EditReport::Phase::Commit)
             announce();

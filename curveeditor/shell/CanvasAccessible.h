@@ -37,6 +37,7 @@ public:
 
 private:
     QAccessibleInterface* childOf(PointSerial point) const;
+    QString contents() const;
     void forgetLostPoints() const;
 
     FunctionEditor* canvas_;
@@ -44,7 +45,7 @@ private:
 };
 
 /// Tells assistive technology which point is selected, when that point has moved, and when the canvas shows another
-/// curve, or another number of points is there or selected.
+/// curve, or another number of points is there or selected, or says something at its edge.
 ///
 /// A child of the canvas.
 class CanvasAnnouncer : public QObject

@@ -64,6 +64,30 @@ private Q_SLOTS:
         QCOMPARE(s.editor.node->text(), "1"); // of several points the last that was alone is shown
     }
 
+    void whatIsToldIsSeenUntilTheNextPressEditOrStep()
+    {
+        Scene s;
+        const QAccessibleInterface* const canvas = QAccessible::queryAccessibleInterface(&s.canvas);
+        s.clickPoint().key(Qt::Key_Up, alt);
+        s.control().selectOnly(nullptr);
+        const Deed deeds[] = {[](Scene& scene) { scene.press(5.0, 2.0); },
+                              [](Scene& scene) { scene.key(Qt::Key_Right); },
+                              [](Scene& scene) { scene.editor.undoStack()->undo(); },
+                              [](Scene& scene) {
+                                  scene.canvas.resetCurrentCurve();
+                              }};
+        for (const Deed& deed : deeds) {
+            const QImage silent = s.shown();
+            s.canvas.canvas.tell("Within 1 %");
+            QVERIFY(canvas->text(QAccessible::Description).endsWith("selected Within 1 %"));
+            const QImage spoken = s.shown();
+            QVERIFY(spoken != silent);
+            deed(s);
+            QVERIFY(canvas->text(QAccessible::Description).endsWith("selected"));
+            QVERIFY(s.showsWhatIsDrawnFromScratch());
+        }
+    }
+
     void fitShowsTheCurrentCurve()
     {
         EditorFixture s({"cam.lens"});
