@@ -51,6 +51,11 @@ bool CanvasHands::cancel()
         viewport()->cancelDrag();
         return true;
     }
+    if (gesture.kind() == Gesture::Kind::Stroke) {
+        gesture.cancel();
+        canvas_.door().cancel();
+        return true;
+    }
     if (!gesture.isAtPoints())
         return false;
     const CurveEdit::Id edit = gesture.edit();

@@ -117,7 +117,8 @@ bool ViewGestures::takePinch(const QNativeGestureEvent& event)
 bool ViewGestures::takeOverride(QKeyEvent& event) const
 {
     const bool isAxis = event.key() == Qt::Key_X || event.key() == Qt::Key_Y;
-    const bool isHeld = isAxis || event.key() == Qt::Key_B || event.key() == Qt::Key_Space;
+    const bool isHeld =
+        isAxis || event.key() == Qt::Key_B || event.key() == Qt::Key_D || event.key() == Qt::Key_Space;
     const bool isOurs =
         isHeld && (event.modifiers() == Qt::NoModifier || (isAxis && view_.gesture.isAtPoints()));
     if (isOurs)
@@ -131,6 +132,10 @@ bool ViewGestures::takeKey(const QKeyEvent& event, bool isPress)
         return takeAxisKey(event, isPress);
     if (event.key() == Qt::Key_B && !event.isAutoRepeat())
         view_.gesture.keys.band = isPress && event.modifiers() == Qt::NoModifier;
+    if (event.key() == Qt::Key_D && !event.isAutoRepeat()) {
+        view_.gesture.keys.draw = isPress && event.modifiers() == Qt::NoModifier;
+        showCursor();
+    }
     if (event.key() != Qt::Key_Space || (isPress && event.modifiers() != Qt::NoModifier))
         return false;
     if (!event.isAutoRepeat() && (!isPress || widget_->hasFocus()))
@@ -209,17 +214,24 @@ void ViewGestures::pan(const QPointF& distance)
 
 void ViewGestures::releaseKeys()
 {
-    holdSpace(false);
     view_.gesture.keys = {};
+    showCursor();
 }
 
 void ViewGestures::holdSpace(bool on)
 {
     view_.gesture.keys.space = on;
+    showCursor();
+}
+
+void ViewGestures::showCursor()
+{
     if (dragButton() != Qt::NoButton)
         return;
-    if (on)
+    if (view_.gesture.keys.space)
         widget_->setCursor(Qt::OpenHandCursor);
+    else if (view_.gesture.keys.draw)
+        widget_->setCursor(Qt::CrossCursor);
     else
         widget_->unsetCursor();
 }

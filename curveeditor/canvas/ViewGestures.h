@@ -18,7 +18,7 @@ namespace curveeditor {
 /// handlers do not know of them: the wheel zooms about the mouse, with Ctrl the times only, with Shift the values
 /// only; two fingers on a touch pad move the view and a pinch zooms it; a drag with Space held moves it, and so does
 /// one with the middle button where nothing is selected and no point lies. Escape takes a drag back. While X or Y is
-/// held a drag of points moves along that axis alone; while B is held a drag adds a band to what is selected.
+/// held a drag of points moves along that axis alone; while B is held a drag adds a band to what is selected, and while D is held it draws, see `FreehandDrag`.
 ///
 /// Held by the widget; canvas and view outlive it.
 class ViewGestures : public QObject
@@ -53,6 +53,7 @@ private:
     void pan(const QPointF& distance);
     void endPan();
     void holdSpace(bool on);
+    void showCursor();
 
     QWidget* widget_;
     CanvasFunctionBase& canvas_;

@@ -32,6 +32,12 @@ void Gesture::beginAtTimeLine(double start)
     timeLine_ = start;
 }
 
+void Gesture::beginStroke()
+{
+    end();
+    kind_ = Kind::Stroke;
+}
+
 void Gesture::end()
 {
     kind_ = Kind::Idle;

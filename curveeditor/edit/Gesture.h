@@ -31,6 +31,7 @@ public:
         Pan,      ///< the view moves
         Zoom,     ///< the view is scaled
         TimeLine, ///< the time line follows the mouse
+        Stroke,   ///< the mouse draws a curve
         Cancelled ///< taken back: what is left until the release does nothing
     };
 
@@ -39,6 +40,7 @@ public:
     {
         bool space = false;     ///< a drag moves the view
         bool band = false;      ///< a drag adds a band to what is selected, wherever it begins
+        bool draw = false;      ///< a drag draws into the current curve
         Axis axis = Axis::Both; ///< along which points move
     };
     /// The last press of the widget, until the next one.
@@ -79,6 +81,8 @@ public:
     void beginAtView(Kind kind, const PlaneMapping& start);
     /// Begins a drag of the time line, which stands at `start` now.
     void beginAtTimeLine(double start);
+    /// Begins a stroke by hand.
+    void beginStroke();
     void end();
     void cancel();
 

@@ -2,7 +2,7 @@
 #include <curveeditor/edit/SplineEdits.h>
 
 #include <curveeditor/model/CurveFit.h>
-#include <curveeditor/model/SplineState.h>
+#include <curveeditor/model/KeptSlopes.h>
 
 #include <algorithm>
 #include <cmath>
@@ -218,6 +218,30 @@ std::vector<PointSerial> SplineEdits::addPoints(SplineBase& spline, std::vector<
             serials.push_back(spline.getControlPoints()[i]->serial);
     }
     return serials;
+}
+
+SplineState SplineEdits::withSpan(const SplineBase& spline, std::vector<SplineBase::PointInfo> span)
+{
+    SplineState state = spline.state();
+    if (span.empty())
+        return state;
+    std::vector<PointInfo>& points = state.points;
+    const auto isBehind = [](double time, const PointInfo& point) {
+        return time < point.time;
+    };
+    const auto first =
+        std::lower_bound(points.begin(), points.end(), span.front(), isEarlierPoint) - points.begin();
+    const auto behind =
+        std::upper_bound(points.begin(), points.end(), span.back().time, isBehind) - points.begin();
+    keepSlopes(spline, std::size_t(first) - 1, points);
+    keepSlopes(spline, std::size_t(behind) + 1, points);
+    if (first > 0)
+        straighten(points[std::size_t(first) - 1], span.front());
+    if (std::size_t(behind) < points.size())
+        straighten(span.back(), points[std::size_t(behind)]);
+    const auto end = points.erase(points.begin() + first, points.begin() + behind);
+    points.insert(end, span.begin(), span.end());
+    return state;
 }
 
 std::vector<SplineBase::PointInfo> SplineEdits::copyOf(const SplineBase& spline,

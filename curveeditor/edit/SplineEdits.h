@@ -3,6 +3,7 @@
 
 #include <curveeditor/edit/Selection.h>
 #include <curveeditor/model/CurveDiff.h>
+#include <curveeditor/model/SplineState.h>
 
 #include <vector>
 
@@ -36,6 +37,10 @@ PointSerial addPoint(SplineBase& spline, double time, double value);
 /// Adds points as they are, behind those of the same time; their serials are new. Points whose time or value is not
 /// finite are left out. Returns the serials, in order of time. Linear in the points of both.
 std::vector<PointSerial> addPoints(SplineBase& spline, std::vector<SplineBase::PointInfo> points);
+/// The spline with these points, which ascend in time, in the place of those from the first to the last of their times.
+/// The points outside stay where they are, and the curve between two of them keeps its shape, but for the ease of a `Tcb`
+/// segment beside the last of them. To new points and from them a `Bezier` segment is a straight line.
+SplineState withSpan(const SplineBase& spline, std::vector<SplineBase::PointInfo> span);
 /// The points with these serials, in the order of the spline.
 std::vector<SplineBase::PointInfo> copyOf(const SplineBase& spline, const std::vector<PointSerial>& points);
 /// Adds a point on the curve, which keeps its shape: exactly in `Bezier` segments, and in `Linear` segments without

@@ -2,6 +2,7 @@
 #include <curveeditor/model/CurveFit.h>
 
 #include <curveeditor/model/HermiteFit.h>
+#include <curveeditor/model/KeptSlopes.h>
 #include <curveeditor/model/LinearFit.h>
 
 #include <algorithm>
@@ -156,25 +157,14 @@ FitSamples samplesOf(const SplineBase& spline, std::size_t first, std::size_t la
     return samples;
 }
 
-/// Makes the segment that ends at that index one whose slopes do not follow from the points beside it.
-void holdSlopes(const SplineBase& spline, std::size_t end, std::vector<PointInfo>& points)
-{
-    if (end == 0 || end >= points.size() || points[end].type != SplineBase::Tcb)
-        return;
-    double length = 0.0;
-    points[end - 1].tanRight = spline.getTangentRightAtNode(unsigned(end), length);
-    points[end].tanLeft = spline.getTangentLeftAtNode(unsigned(end), length);
-    points[end].type = SplineBase::Bezier;
-}
-
 /// The spline with other points, two at least, from one index to another.
 SplineState withSpan(const SplineBase& spline, std::size_t first, std::size_t last,
                      const std::vector<PointInfo>& span)
 {
     SplineState state = spline.state();
     std::vector<PointInfo>& points = state.points;
-    holdSlopes(spline, first, points);
-    holdSlopes(spline, last + 1, points);
+    keepSlopes(spline, first, points);
+    keepSlopes(spline, last + 1, points);
     points[first].tanRight = span.front().tanRight;
     points[last].tanLeft = span.back().tanLeft;
     points[last].type = span.back().type;

@@ -29,7 +29,7 @@ bool isPlainTab(const QKeyEvent& event)
 
 FunctionEditor::FunctionEditor(QWidget* parent, DependencyCheck* check, const NodePageWidgets& page)
     : QWidget(parent), ViewPort(0, 0), canvas(this, check), nodeForm(page, *this),
-      viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this)
+      viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this), freehandDrag(this, canvas, *this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);

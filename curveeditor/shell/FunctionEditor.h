@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
+#include <curveeditor/canvas/FreehandDrag.h>
 #include <curveeditor/canvas/TimeLineDrag.h>
 #include <curveeditor/canvas/ViewGestures.h>
 #include <curveeditor/canvas/ViewPort.h>
@@ -31,6 +32,7 @@ public:
     TcbEditorForm nodeForm;    ///< the page that shows the selected point
     ViewGestures viewGestures; ///< wheel, touch pad, Space and middle button
     TimeLineDrag timeLineDrag;
+    FreehandDrag freehandDrag;
 
     /// Puts a curve on the canvas, see `CanvasFunctionBase::addCurve`.
     CurveNodeBase* setCurveEditableOn(QWidget* menu, const QString& name, const QColor& color,

@@ -36,6 +36,8 @@ class tst_EditorHands : public QObject
 
     /// Whether the times and the values in sight change, and whether the place under the mouse stays there.
     using ViewGestures = Rows<bool, bool, bool, Deed>;
+    /// The times of the points after a stroke, and what the canvas says.
+    using Strokes = Rows<QList<double>, QString, Deed>;
 
 private Q_SLOTS:
     void viewFollowsTheHand_data()
@@ -146,6 +148,124 @@ private Q_SLOTS:
         }
     }
 
+    void strokeTakesThePlaceOfThePointsOfItsSpan_data()
+    {
+        const QList<double> before{0.0, 5.0, 8.0};
+        const auto draw = [](Scene& s, double toTime, double toValue) {
+            s.press(2.0, 3.0).move(4.0, 3.0).move(toTime, toValue);
+        };
+        const Strokes row;
+        row("level", {0.0, 2.0, 4.0, 6.0, 8.0}, {},
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.release(6.0, 0.0); });
+        row("back, where the later part counts", {0.0, 2.0, 4.0, 5.0, 8.0}, {}, [=](Scene& s) {
+            draw(s, 2.0, -3.0), s.release(2.0, -3.0);
+            QVERIFY(qAbs(s.x(2.0) + 3.0) < 0.1 && qAbs(s.x(3.0)) < 0.1 && qAbs(s.x(4.0) - 3.0) < 0.1);
+        });
+        row("beyond the edges, without a release", {0.0, 2.0, 10.0}, {}, [=](Scene& s) {
+            draw(s, 20.0, 50.0);
+            s.mouse(QEvent::MouseMove, {100, 100}, Qt::NoButton);
+            QCOMPARE(s.x.getLast()->pos, s.canvas.valueMax);
+        });
+        row("key let go meanwhile", {0.0, 2.0, 4.0, 6.0, 8.0}, {}, [=](Scene& s) {
+            s.press(2.0, 3.0);
+            QTest::keyRelease(&s.canvas, Qt::Key_D);
+            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
+        });
+        row("linear points alone", {0.0, 2.0, 4.0, 6.0, 8.0}, {}, [=](Scene& s) {
+            CurveOptions options;
+            options.types = {SplineBase::Linear};
+            s.editor.setCurveOptions("a", "x", options);
+            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
+            QCOMPARE(s.x[2]->type, std::int32_t(SplineBase::Linear));
+        });
+        row("dot", before, {}, [](Scene& s) { s.press(2.0, 3.0).release(2.0, 3.0); });
+        row("Escape", before, {}, [=](Scene& s) {
+            s.key(Qt::Key_Right).key(Qt::Key_Right), draw(s, 6.0, 0.0);
+            QVERIFY(s.takes(s.canvas, Qt::Key_Escape));
+            s.key(Qt::Key_Escape).move(7.0, 0.0).release(7.0, 0.0);
+            QVERIFY(s.control().getCurrent() == s.x[1] && s.editor.posY->isEnabled());
+        });
+        row("undo meanwhile", before, {},
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.editor.undo(), s.release(6.0, 0.0); });
+        row("host writes meanwhile", {0.0, 2.0, 4.0, 6.0, 7.0, 8.0}, {},
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.x.addPoint(7.0, 0.0), s.move(7.5, 3.0).release(7.5, 3.0); });
+        row("host takes the curve away", before, {}, [=](Scene& s) {
+            draw(s, 6.0, 0.0), s.editor.removeCurve("a", "x"), s.move(7.0, 0.0).release(7.0, 0.0);
+        });
+        row("locked", before, "a.x is locked.", [=](Scene& s) {
+            CurveOptions options;
+            options.locked = true;
+            s.editor.setCurveOptions("a", "x", options);
+            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
+        });
+        row("types of neither kind", before,
+            "A stroke makes Bezier or Linear points, which a.x may not have.", [=](Scene& s) {
+                CurveOptions options;
+                options.types = {SplineBase::Tcb};
+                s.editor.setCurveOptions("a", "x", options);
+                draw(s, 6.0, 0.0), s.release(6.0, 0.0);
+            });
+        row("formula", before, "A formula can't be drawn.",
+            [=](Scene& s) { s.turnTo("a.z"), draw(s, 6.0, 0.0), s.release(6.0, 0.0); });
+        row("no curve", before, {}, [=](Scene& s) {
+            for (const QString curve : {"x", "y", "z"})
+                s.editor.removeCurve("a", curve);
+            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
+        });
+    }
+    void strokeTakesThePlaceOfThePointsOfItsSpan()
+    {
+        const auto [times, told, deed] = Strokes::present();
+        Scene s;
+        QTest::keyPress(&s.canvas, Qt::Key_D);
+        deed(s);
+        QList<double> found;
+        for (const SplineBase::PointInfo* const point : s.x.getControlPoints())
+            found.append(std::round(point->time * 10.0) / 10.0);
+        QCOMPARE(found, times);
+        QCOMPARE(s.canvas.canvas.toldText(), told);
+        QVERIFY(s.canvas.gesture.kind() != Gesture::Kind::Stroke && !s.canvas.canvas.door().isOpen());
+    }
+
+    void strokeOfManyJitteringColumnsIsFewPoints()
+    {
+        Scene s;
+        s.editor.resize(1400, 700);
+        QTest::qWait(0);
+        std::vector<PointSerial> points{s.x[1]->serial, s.x[2]->serial};
+        for (const double time : {-3.0, -2.0, -1.0, 9.0, 9.5})
+            points.push_back(SplineEdits::addPoint(s.x, time, std::sin(time)));
+        SplineEdits::setType(s.x, points, SplineBase::Tcb);
+        SplineBase before;
+        before.assign(s.x.state());
+        const int first = s.pixel(0.5, 0.0).x(), last = first + 800;
+        const auto row = [first](int column) {
+            return 200.0 + 120.0 * std::sin((column - first) / 90.0) + (column % 2);
+        };
+        const auto at = [&](int column) {
+            return QPoint(column, int(row(column)));
+        };
+        QTest::keyPress(&s.canvas, Qt::Key_D);
+        s.mouse(QEvent::MouseButtonPress, at(first));
+        for (int column = first + 1; column <= last; ++column)
+            s.mouse(QEvent::MouseMove, at(column));
+        s.mouse(QEvent::MouseButtonRelease, at(last));
+        const double from = s.canvas.pixelToTime(first), to = s.canvas.pixelToTime(last);
+        const auto drawn =
+            std::count_if(s.x.getControlPoints().begin(), s.x.getControlPoints().end(),
+                          [=](const auto* point) { return point->time >= from && point->time <= to; });
+        QVERIFY2(drawn <= 20, qPrintable(QString::number(drawn)));
+        for (int column = first; column <= last; ++column) {
+            const double value = s.x(s.canvas.pixelToTime(column));
+            QVERIFY(qAbs(s.canvas.mapping().row(value) - at(column).y()) < 2.01);
+        }
+        for (double time = -3.0; time < 9.5; time += 0.01)
+            QVERIFY((time > 0.0 && time < 9.0) || qAbs(s.x(time) - before(time)) < 1e-12);
+        QVERIFY(s.entries() == 1 && s.changes == QStringList{"a/x"} && s.commits == s.changes);
+        s.editor.undo();
+        QVERIFY(s.x.state() == before.state() && s.intervals.size() > 800);
+    }
+
     void releaseThatGoesAstrayHoldsNothing()
     {
         Scene s;
@@ -207,7 +327,8 @@ private Q_SLOTS:
     {
         Scene s;
         s.editor.setTimeLineDraggable(true);
-        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_B, Qt::Key_X, Qt::Key_Y, Qt::Key_Left, Qt::Key_Home})
+        for (const Qt::Key key :
+             {Qt::Key_Space, Qt::Key_B, Qt::Key_D, Qt::Key_X, Qt::Key_Y, Qt::Key_Left, Qt::Key_Home})
             QVERIFY(s.takes(s.canvas, key));
         QVERIFY(!s.takes(s.canvas, Qt::Key_Q));
         QVERIFY(!s.takes(s.canvas, Qt::Key_Escape));
