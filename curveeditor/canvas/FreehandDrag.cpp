@@ -84,8 +84,7 @@ bool FreehandDrag::canDraw(const CurveNodeBase* curve)
     else if (curve->curve()->isLocked())
         canvas_.tell(tr("%1 is locked.").arg(curve->getName()));
     else if (!PointLimits::fitType(curve->curve()->options))
-        canvas_.tell(
-            tr("A stroke makes Bezier or Linear points, which %1 may not have.").arg(curve->getName()));
+        canvas_.tell(tr("This makes Bezier or Linear points, which the curve may not have."));
     return canvas_.toldText().isEmpty();
 }
 
@@ -150,10 +149,7 @@ bool FreehandDrag::takeEscape()
 
 void FreehandDrag::keep()
 {
-    if (stroke_->isDot())
-        trial_->takeBack();
-    else
-        trial_->keep();
+    trial_->keep();
     const bool isEdited = curve_ && !stroke_->isDot();
     const QPointer<CurveNodeBase> curve = curve_;
     end();

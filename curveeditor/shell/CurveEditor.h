@@ -198,8 +198,8 @@ public:
     /// there are none. It must change no curve and not delete the editor. Null brings back lines at even distances.
     void setTimeGrid(std::function<std::vector<double>(double first, double last)> lines);
     /// Whether wheel, touch pad, Space and the middle button move and zoom the view, as they do at first. Switched off,
-    /// these events are the host's, and so are the keys B, X and Y: none of them adds a band to the selection or holds
-    /// an axis of a drag any more. The keys Home, F, + and - stay, and so do the drags with Alt.
+    /// these events are the host's, and so are the keys B, D, X and Y: none of them adds a band to the selection, draws,
+    /// or holds an axis of a drag any more. The keys Home, F, + and - stay, and so do the drags with Alt.
     void setViewGestures(bool on);
     /// Whether the user may move the time line: by its foot at the lower edge of the canvas, and by the keys comma and
     /// period. `timeLineDragged` tells where it is then. At first only the host moves it.

@@ -1478,6 +1478,25 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>curveeditor::FreehandDrag</name>
+    <message>
+        <source>Draw %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A formula can&apos;t be drawn.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation type="unfinished">%1 está bloqueada.</translation>
+    </message>
+    <message>
+        <source>A stroke makes Bezier or Linear points, which %1 may not have.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::NumbersForm</name>
     <message>
         <source>This is no number</source>

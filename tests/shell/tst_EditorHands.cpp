@@ -199,7 +199,7 @@ private Q_SLOTS:
             draw(s, 6.0, 0.0), s.release(6.0, 0.0);
         });
         row("types of neither kind", before,
-            "A stroke makes Bezier or Linear points, which a.x may not have.", [=](Scene& s) {
+            "This makes Bezier or Linear points, which the curve may not have.", [=](Scene& s) {
                 CurveOptions options;
                 options.types = {SplineBase::Tcb};
                 s.editor.setCurveOptions("a", "x", options);
@@ -260,7 +260,7 @@ private Q_SLOTS:
             QVERIFY(qAbs(s.canvas.mapping().row(value) - at(column).y()) < 2.01);
         }
         for (double time = -3.0; time < 9.5; time += 0.01)
-            QVERIFY((time > 0.0 && time < 9.0) || qAbs(s.x(time) - before(time)) < 1e-12);
+            QVERIFY((time > 0.0 && time < 8.0) || qAbs(s.x(time) - before(time)) < 1e-12);
         QVERIFY(s.entries() == 1 && s.changes == QStringList{"a/x"} && s.commits == s.changes);
         s.editor.undo();
         QVERIFY(s.x.state() == before.state() && s.intervals.size() > 800);
