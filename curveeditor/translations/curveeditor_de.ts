@@ -1481,19 +1481,19 @@ Soll die Datei ersetzt werden?</translation>
     <name>curveeditor::FreehandDrag</name>
     <message>
         <source>Draw %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 zeichnen</translation>
     </message>
     <message>
         <source>A formula can&apos;t be drawn.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Formel lässt sich nicht zeichnen.</translation>
     </message>
     <message>
         <source>%1 is locked.</source>
-        <translation type="unfinished">%1 ist gesperrt.</translation>
+        <translation>%1 ist gesperrt.</translation>
     </message>
     <message>
-        <source>A stroke makes Bezier or Linear points, which %1 may not have.</source>
-        <translation type="unfinished"></translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>Das ergibt Bézier- oder lineare Punkte, die diese Kurve nicht haben darf.</translation>
     </message>
 </context>
 <context>

@@ -1481,19 +1481,19 @@ Do you want to replace it?</source>
     <name>curveeditor::FreehandDrag</name>
     <message>
         <source>Draw %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Dibujar %1</translation>
     </message>
     <message>
         <source>A formula can&apos;t be drawn.</source>
-        <translation type="unfinished"></translation>
+        <translation>Una fórmula no se puede dibujar.</translation>
     </message>
     <message>
         <source>%1 is locked.</source>
-        <translation type="unfinished">%1 está bloqueada.</translation>
+        <translation>%1 está bloqueada.</translation>
     </message>
     <message>
-        <source>A stroke makes Bezier or Linear points, which %1 may not have.</source>
-        <translation type="unfinished"></translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>Esto da puntos Bézier o lineales, que esta curva no puede tener.</translation>
     </message>
 </context>
 <context>

@@ -1481,19 +1481,19 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <name>curveeditor::FreehandDrag</name>
     <message>
         <source>Draw %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Dessiner %1</translation>
     </message>
     <message>
         <source>A formula can&apos;t be drawn.</source>
-        <translation type="unfinished"></translation>
+        <translation>Une formule ne peut pas être dessinée.</translation>
     </message>
     <message>
         <source>%1 is locked.</source>
-        <translation type="unfinished">%1 est verrouillée.</translation>
+        <translation>%1 est verrouillée.</translation>
     </message>
     <message>
-        <source>A stroke makes Bezier or Linear points, which %1 may not have.</source>
-        <translation type="unfinished"></translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>Cela donne des points de Bézier ou linéaires, que cette courbe ne peut pas avoir.</translation>
     </message>
 </context>
 <context>

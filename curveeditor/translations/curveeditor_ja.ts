@@ -1481,19 +1481,19 @@ Do you want to replace it?</source>
     <name>curveeditor::FreehandDrag</name>
     <message>
         <source>Draw %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 を描画</translation>
     </message>
     <message>
         <source>A formula can&apos;t be drawn.</source>
-        <translation type="unfinished"></translation>
+        <translation>数式は描画できません。</translation>
     </message>
     <message>
         <source>%1 is locked.</source>
-        <translation type="unfinished">%1 はロックされています。</translation>
+        <translation>%1 はロックされています。</translation>
     </message>
     <message>
-        <source>A stroke makes Bezier or Linear points, which %1 may not have.</source>
-        <translation type="unfinished"></translation>
+        <source>This makes Bezier or Linear points, which the curve may not have.</source>
+        <translation>ベジェまたはリニア ポイントになりますが、このカーブでは使えません。</translation>
     </message>
 </context>
 <context>
