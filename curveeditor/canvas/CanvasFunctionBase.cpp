@@ -317,6 +317,19 @@ void CanvasFunctionBase::setTheme(const CurveEditorTheme& theme)
     paint();
 }
 
+void CanvasFunctionBase::setShowsSpeed(bool on)
+{
+    picture_.showsSpeed = on;
+    paint();
+}
+
+void CanvasFunctionBase::setMouseTime(double time)
+{
+    picture_.mouseTime = time;
+    if (picture_.showsSpeed)
+        picture_.paint();
+}
+
 void CanvasFunctionBase::openPointMenuByKey()
 {
     settle();

@@ -254,6 +254,13 @@ public:
     /// For the widget's `paintEvent`, while no other painter is at work on it: lets the host paint on top.
     void showOverlay() { picture_.showOverlay(); }
 
+    /// Whether the slope of the current curve is drawn, with a scale of its own, and told where the mouse is; not at first.
+    /// It paints.
+    void setShowsSpeed(bool on);
+    bool showsSpeed() const { return picture_.showsSpeed; }
+    /// The mouse is over the canvas at that time.
+    void setMouseTime(double time);
+
     /// Puts a picture behind the curves, or takes it away. A file that can't be decoded changes nothing and gives false.
     bool loadImage(const QString& fileName) { return picture_.loadImage(fileName); }
     void clearImage() { picture_.clearImage(); }

@@ -7,6 +7,7 @@
 #include <curveeditor/canvas/ExpressionSampler.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/DragGuide.h>
+#include <curveeditor/files/NumberText.h>
 
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -72,6 +73,7 @@ void CanvasPicture::drawFront(CurvePainter& curves) const
     if (curves_.current() && curves_.current()->isShown()) {
         painter.setBackground(theme_.canvas);
         painter.setBackgroundMode(theme_.smooth ? Qt::TransparentMode : Qt::OpaqueMode);
+        drawSpeed(painter);
         curves_.current()->draw(curves);
         drawSnapMark(painter);
     }
@@ -101,9 +103,37 @@ void CanvasPicture::drawHint(QPainter& painter) const
 
 void CanvasPicture::drawModeLine(QPainter& painter) const
 {
-    if (!modeLine.isEmpty())
-        drawText(painter, modeLine, widget_->fontMetrics().height() / 2 + 4,
-                 theme_.hint.isValid() ? theme_.hint : theme_.labels);
+    QStringList texts{modeLine, slopeText()};
+    texts.removeAll(QString());
+    if (!texts.isEmpty())
+        drawText(painter, texts.join(QStringLiteral("   ")), widget_->fontMetrics().height() / 2 + 4,
+                 textColor());
+}
+
+QColor CanvasPicture::textColor() const
+{
+    return theme_.hint.isValid() ? theme_.hint : theme_.labels;
+}
+
+/// Where the mouse is.
+QString CanvasPicture::slopeText() const
+{
+    const CurveNodeBase* const curve = showsSpeed ? curves_.current() : nullptr;
+    if (!curve || !curve->isShown() || !mouseTime)
+        return {};
+    const double slope = curve->slope(*mouseTime, viewport_->mapping().timeOfPixels(1.0));
+    return tr("Slope %1").arg(NumberText::inLocale(QString::number(slope, 'g', 6), widget_->locale()));
+}
+
+void CanvasPicture::drawSpeed(QPainter& painter) const
+{
+    if (!showsSpeed)
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, theme_.smooth);
+    painter.setPen(QPen(textColor(), 1));
+    speed_.draw(painter);
+    painter.restore();
 }
 
 /// In the middle of the canvas, about the row `middle`.
@@ -173,6 +203,8 @@ void CanvasPicture::updateCurves()
     }
     ExpressionSampler::sample(expressions, *viewport_, theme_);
     viewport_->dirty = false;
+    if (showsSpeed && curves_.current() && viewport_->canShow())
+        speed_.update(*curves_.current(), *viewport_, view_);
 }
 
 CanvasLayer::Backdrop CanvasPicture::backdrop() const

@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/CanvasGrid.h>
 #include <curveeditor/canvas/CanvasLayer.h>
 #include <curveeditor/canvas/CurveEditorTheme.h>
+#include <curveeditor/canvas/SpeedLine.h>
 #include <curveeditor/edit/Gesture.h>
 
 #include <QCoreApplication>
@@ -65,6 +66,8 @@ public:
     /// Laid out for the view as it is.
     CanvasGrid& grid();
     std::optional<Gesture::Place> mark; ///< where the point menu is open
+    bool showsSpeed = false;            ///< the slope of the current curve
+    std::optional<double> mouseTime;    ///< whose slope is told then
     QString modeLine;                   ///< what is said at the upper edge; empty for nothing
 
 private:
@@ -87,6 +90,9 @@ private:
     void drawHint(QPainter& painter) const;
     QString hint() const;
     void drawModeLine(QPainter& painter) const;
+    QColor textColor() const;
+    QString slopeText() const;
+    void drawSpeed(QPainter& painter) const;
     void drawText(QPainter& painter, const QString& text, int middle, const QColor& color) const;
     CanvasLayer::Backdrop backdrop() const;
     CanvasLayer::Curves curvesBehindCurrent() const;
@@ -108,6 +114,7 @@ private:
     quint64 grounds_ = 0; ///< ... and how often it was
     SharedPainter overlay_;
     bool isHostAtWork_ = false; ///< in one of the two
+    SpeedLine speed_;
     CanvasLayer layer_;
 };
 

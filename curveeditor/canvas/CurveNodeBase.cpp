@@ -108,6 +108,14 @@ double CurveNodeBase::getClampedValue(const double& time) const
     return clamped(tree->evaluate());
 }
 
+double CurveNodeBase::slope(double time, double step) const
+{
+    if (!isSpline())
+        return (getClampedValue(time + step / 2.0) - getClampedValue(time - step / 2.0)) / step;
+    const double value = getValue(time);
+    return getSpline() && clamped(value) == value ? getSpline()->slope(time) : 0.0;
+}
+
 double CurveNodeBase::clamped(double value) const
 {
     return CanvasSpline::clamped(value, double(minValue_), double(maxValue_));

@@ -95,6 +95,10 @@ public:
     /// empty holder gives 0.0. The lower bound is tested first; not-a-number stays what it is.
     double getClampedValue(const double& time) const;
 
+    /// The slope of the clamped value toward later times, in value per time: 0.0 where a clamp bites, exact for a spline, and
+    /// for an expression the difference across `step`, which is greater than 0.
+    double slope(double time, double step) const;
+
     /// Whether the curve, not clamped, comes less than `distance` pixels above or below that pixel or one beside it, or
     /// jumps there past it.
     bool passes(const QPoint& pixel, const ViewPort& viewport, int distance) const;

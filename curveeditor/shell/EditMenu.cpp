@@ -235,6 +235,10 @@ void EditMenu::addView()
         [this] { canvas_.viewGestures.zoomByNotches(1); });
     add("zoomOutAction", QT_TR_NOOP("Zoom out"), QStringLiteral("-"), hasCurve,
         [this] { canvas_.viewGestures.zoomByNotches(-1); });
+    CanvasFunctionBase& curves = canvas_.canvas;
+    addToggle(
+        "showSpeedAction", QT_TR_NOOP("Show the slope of the curve"), QStringLiteral("V"),
+        [&curves] { return curves.showsSpeed(); }, [&curves](bool on) { curves.setShowsSpeed(on); });
     const Condition canDrag = [this] {
         return canvas_.timeLineDrag.isEnabled();
     };

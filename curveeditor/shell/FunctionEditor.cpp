@@ -290,6 +290,7 @@ void FunctionEditor::reportPosition(const QMouseEvent& event)
     const double value = pixelToValue(pixel.y());
     double curveValue = 0.0;
     canvas.getCurrentValue(time, curveValue);
+    canvas.setMouseTime(time);
     Q_EMIT setFuncPosInfo(time, value, curveValue);
     if (!isCurrentSpline() || !canvas.hasSinglePoint())
         Q_EMIT setPosInfo(time, value);

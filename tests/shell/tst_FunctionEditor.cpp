@@ -88,6 +88,47 @@ private Q_SLOTS:
         }
     }
 
+    void slopeIsALineWithItsOwnScaleAndTold()
+    {
+        Scene s;
+        SplineEdits::setType(s.x, {s.x[1]->serial, s.x[2]->serial}, SplineBase::Linear);
+        s.x.setPos(s.x.modify(1), 1.25);
+        s.editor.updateCurves();
+        const auto rowsThatDiffer = [&s](const QImage& image, double time) {
+            const QImage now = s.shown();
+            QList<double> rows;
+            for (int row = 0; row < now.height(); ++row) {
+                if (now.pixel(s.pixel(time, 0.0).x(), row) != image.pixel(s.pixel(time, 0.0).x(), row))
+                    rows.append(double(row) / now.height());
+            }
+            return rows;
+        };
+        const auto isAt = [](const QList<double>& rows, double row) {
+            return rows.size() == 1 && qAbs(rows[0] - row) < 0.005;
+        };
+        for (const char* const curve : {"a.x", "a.z"}) { // a formula by differences
+            const QImage without = s.turnTo(curve).shown();
+            s.key(Qt::Key_V);
+            << rowsThatDiffer(without, 9.2);
+            QVERIFY(isAt(rowsThatDiffer(without, 2.3), 0.35));
+            QVERIFY(isAt(rowsThatDiffer(without, 6.3), 0.95));
+            const QImage silent = s.shown();
+            s.mouse(QEvent::MouseMove, s.pixel(6.5, 2.0), Qt::NoButton);
+            QVERIFY(s.shown() != silent && s.showsWhatIsDrawnFromScratch());
+            s.canvas.canvas.setMouseTime(notANumber);
+            s.key(Qt::Key_V);
+            QVERIFY(s.shown() == without);
+        }
+        const auto slope = [&s](double time) {
+            return s.canvas.canvas.getCurrentCurve()->slope(time, 0.01);
+        };
+        QVERIFY(qAbs(slope(2.5) - 0.25) < 1e-9);
+        s.turnTo("a.x");
+        QCOMPARE(slope(6.5), -0.75);
+        s.x.setPos(s.x.modify(1), 500.0); // where the bound of the curve, 100, holds it
+        QVERIFY(slope(4.0) == 0.0 && slope(0.5) == 100.0);
+    }
+
     void fitShowsTheCurrentCurve()
     {
         EditorFixture s({"cam.lens"});
