@@ -173,6 +173,10 @@
         <source>Double-click to add a point</source>
         <translation>Doppelklick fügt einen Punkt hinzu</translation>
     </message>
+    <message>
+        <source>Slope %1</source>
+        <translation>Steigung %1</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1437,6 +1441,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Time line a frame earlier</source>
         <translation>Zeitlinie ein Bild früher</translation>
+    </message>
+    <message>
+        <source>Show the slope of the curve</source>
+        <translation>Steigung der Kurve zeigen</translation>
     </message>
 </context>
 <context>

@@ -173,6 +173,10 @@
         <source>Double-click to add a point</source>
         <translation>Haga doble clic para añadir un punto</translation>
     </message>
+    <message>
+        <source>Slope %1</source>
+        <translation>Pendiente %1</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1437,6 +1441,10 @@ Do you want to replace it?</source>
     <message>
         <source>Time line a frame earlier</source>
         <translation>Línea de tiempo un fotograma antes</translation>
+    </message>
+    <message>
+        <source>Show the slope of the curve</source>
+        <translation>Mostrar la pendiente de la curva</translation>
     </message>
 </context>
 <context>

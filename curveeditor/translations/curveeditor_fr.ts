@@ -173,6 +173,10 @@
         <source>Double-click to add a point</source>
         <translation>Double-cliquez pour ajouter un point</translation>
     </message>
+    <message>
+        <source>Slope %1</source>
+        <translation>Pente %1</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1437,6 +1441,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Time line a frame earlier</source>
         <translation>Ligne de temps une image plus tôt</translation>
+    </message>
+    <message>
+        <source>Show the slope of the curve</source>
+        <translation>Montrer la pente de la courbe</translation>
     </message>
 </context>
 <context>

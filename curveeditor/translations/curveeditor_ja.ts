@@ -173,6 +173,10 @@
         <source>Double-click to add a point</source>
         <translation>ダブルクリックでポイントを追加</translation>
     </message>
+    <message>
+        <source>Slope %1</source>
+        <translation>傾き %1</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1437,6 +1441,10 @@ Do you want to replace it?</source>
     <message>
         <source>Time line a frame earlier</source>
         <translation>タイムラインを 1 フレーム前へ</translation>
+    </message>
+    <message>
+        <source>Show the slope of the curve</source>
+        <translation>カーブの傾きを表示</translation>
     </message>
 </context>
 <context>
