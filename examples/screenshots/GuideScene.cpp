@@ -72,6 +72,11 @@ void GuideScene::move(double time, double value)
     QApplication::sendEvent(&canvas(), &event);
 }
 
+void GuideScene::hover(double time, double value)
+{
+    QTest::mouseMove(&canvas(), pixel(time, value));
+}
+
 void GuideScene::drag(double time, double value, double toTime, double toValue)
 {
     press(time, value);

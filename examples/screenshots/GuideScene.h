@@ -22,6 +22,8 @@ public:
 
     void press(double time, double value);
     void move(double time, double value);
+    /// The mouse comes there, with no button held.
+    void hover(double time, double value);
     void drag(double time, double value, double toTime, double toValue);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// Clicks a point of the current curve.

@@ -16,6 +16,7 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include <cmath>
 #include <cstdio>
 
 namespace {
@@ -156,6 +157,34 @@ bool drawTangents(const QDir& folder)
     return save(besideEachOther(flat, scene.canvasAlone()), folder.filePath("tangents.png"));
 }
 
+bool drawStroke(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    QTest::keyPress(&scene.canvas(), Qt::Key_D);
+    scene.press(1.0, 0.5);
+    for (double time = 1.0; time < 5.0; time += 0.01)
+        scene.move(time,
+                   0.5 + std::sin(2.0 * time - 2.0) * (1.0 + 0.5 * time) + 0.02 * std::sin(60.0 * time));
+    const bool isSaved = save(scene.canvasAlone(), folder.filePath("stroke.png"));
+    QTest::keyRelease(&scene.canvas(), Qt::Key_D);
+    return isSaved;
+}
+
+bool drawTypes(const QDir& folder)
+{
+    GuideScene scene({"Camera.tilt", "Specimens.mixed with hold"});
+    scene.key(Qt::Key_F);
+    return save(scene.canvasAlone(), folder.filePath("types.png"));
+}
+
+bool drawSlope(const QDir& folder)
+{
+    GuideScene scene({"Camera.tilt", "Camera.pan"});
+    scene.key(Qt::Key_V);
+    scene.hover(4.0, 3.0);
+    return save(scene.canvasAlone(), folder.filePath("slope.png"));
+}
+
 bool drawTable(const QDir& folder)
 {
     GuideScene scene(cameraCurves());
@@ -189,7 +218,8 @@ bool drawPictures(const QDir& folder)
 {
     return drawEditor(folder) && drawDarkEditor(folder) && drawView(folder) && drawSelecting(folder) &&
            drawSpan(folder) && drawMoving(folder) && drawClipboard(folder) && drawTangents(folder) &&
-           drawTable(folder) && drawFitting(folder) && drawDockedHost(folder);
+           drawStroke(folder) && drawTypes(folder) && drawSlope(folder) && drawTable(folder) &&
+           drawFitting(folder) && drawDockedHost(folder);
 }
 
 bool drawPages(const QDir& folder, const QString& suffix)
