@@ -95,55 +95,6 @@ private Q_SLOTS:
         QVERIFY(!f.door.spline(*f.curve));
     }
 
-    void everyEditIsOneEntryThatLeadsBackAndForth_data()
-    {
-        const Rows<int, Edit> row; // the entries that it makes
-        row("nothing", 0, [](Fixture&) {});
-        row("there and back", 0, [](Fixture& f) {
-            f.set(1, 7.0);
-            f.set(1, 1.0);
-        });
-        row("moved across", 1, [](Fixture& f) { f.spline.setTime(f.spline.modify(0u), 2.0); });
-        row("added", 1, [](Fixture& f) { SplineEdits::addPoint(f.spline, 2.0, 5.0); });
-        row("removed", 1, [](Fixture& f) {
-            SplineEdits::removePoints(f.spline, {f.serial(3), f.serial(0)});
-        });
-        row("all removed but one", 1, [](Fixture& f) {
-            SplineEdits::removePoints(f.spline, {f.serial(3), f.serial(0), f.serial(2), f.serial(1)});
-            QCOMPARE(f.spline.getFirst()->time, 1.0);
-        });
-        row("type", 1, [](Fixture& f) { SplineEdits::setType(f.spline, {f.serial(2)}, SplineBase::Bezier); });
-        row("behaviour", 1, [](Fixture& f) { f.spline.lastType = SplineBase::Loop; });
-        row("formula", 1, [](Fixture& f) {
-            f.curve->setExpression(parsed("2 t"), "2 T");
-            f.curve->setKind(CurveKind::Expression);
-        });
-        row("reset", 1, [](Fixture& f) { f.curve->reset(0.5); });
-    }
-    void everyEditIsOneEntryThatLeadsBackAndForth()
-    {
-        const auto [entries, edit] = Rows<int, Edit>::present();
-        Fixture f;
-        const CurveState before = f.curve->state();
-        f.door.begin("edit", {f.curve});
-        edit(f);
-        const CurveState after = f.curve->state();
-        QCOMPARE(!f.door.commit().empty(), before != after);
-        QCOMPARE(f.stack().count(), entries);
-        QCOMPARE(f.reports.size(), f.stack().count());
-        for (int round = 0; round < 2; ++round) {
-            for (const CurveState& state : {before, after}) {
-                if (f.stack().count() >
-                    0) // the curve left the canvas and came back, which chooses what shows
-                    f.curve->setKind(CurveKind(round));
-                state == before ? f.stack().undo() : f.stack().redo();
-                QVERIFY(f.curve->state() == state);
-            }
-        }
-        if (f.stack().count() > 0)
-            QCOMPARE(f.reports.last(), "commit redo a.x");
-    }
-
     void whatTheHostChangedIsNeverOverwritten()
     {
         Fixture f;

@@ -66,6 +66,8 @@ class tst_DockedHost : public QObject
 {
     Q_OBJECT
 
+    using Texts = Rows<QString, double, QString>; // a kind of text, and a number as it writes it
+
 private Q_SLOTS:
     void lampsFollowADragAndTheClock()
     {
@@ -201,11 +203,9 @@ private Q_SLOTS:
 
     void axisTexts_data()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<double>("number");
-        QTest::addColumn<QString>("text");
-        const auto add = [](const char* kind, double number, const char* text) {
-            QTest::addRow("%s %s", kind, text) << kind << number << text;
+        const Texts row;
+        const auto add = [&row](const QString& kind, double number, const QString& text) {
+            row(qPrintable(kind + ' ' + text), kind, number, text);
         };
         add("film", 62.5, "00:01:02:12");
         add("film", -3600.0, "-01:00:00:00");
@@ -222,16 +222,14 @@ private Q_SLOTS:
     void axisTexts()
     {
         using namespace AxisTexts;
-        QFETCH(const QString, kind);
-        QFETCH(const double, number);
-        QFETCH(const QString, text);
+        const auto [kind, number, text] = Texts::present();
         const bool isDrop = kind == "drop";
         const FrameRate& rate = isDrop ? dropFrame : film;
         const QString written = kind == "bars"   ? bars(number, 120.0, 3)
                                 : kind == "unit" ? withUnit(number, "%")
                                                  : timecode(number, rate);
         QCOMPARE(written, text);
-        const auto read = [&](const QString& typed) {
+        const auto read = [&, kind = kind](const QString& typed) {
             return kind == "bars"   ? timeOfBars(typed, 120.0, 3)
                    : kind == "unit" ? valueWithUnit(typed, "%")
                                     : timeOfTimecode(typed, rate);

@@ -95,6 +95,16 @@ struct Scene : EditorFixture
     }
     /// Makes the curve the current one.
     Scene& turnTo(const QString& curve) { return canvas.canvas.setCurrentCurve(curve), *this; }
+    /// Changes one of the options of that curve of "a".
+    template <typename Value>
+    Scene& set(const QString& curve, Value CurveOptions::*option, const std::type_identity_t<Value>& value)
+    {
+        CurveOptions options = editor.curveOptions("a", curve);
+        options.*option = value;
+        return editor.setCurveOptions("a", curve, options), *this;
+    }
+    Scene& lock(const QString& curve, bool on = true) { return set(curve, &CurveOptions::locked, on); }
+    Scene& hide(const QString& curve, bool on = true) { return set(curve, &CurveOptions::hidden, on); }
     static void whenMenuOpens(int id)
     {
         whenOpen<ControlMenu>([id](ControlMenu& menu) {

@@ -135,13 +135,13 @@ private Q_SLOTS:
 
     void textsAreNotCutOffInAnyFont_data()
     {
-        QTest::addColumn<QString>("language");
+        const Rows<QString> row;
         for (const char* const language : {"en", "de", "es", "fr", "ja"})
-            QTest::newRow(language) << language;
+            row(language, language);
     }
     void textsAreNotCutOffInAnyFont()
     {
-        QFETCH(const QString, language);
+        const auto [language] = Rows<QString>::present();
         installCurveEditorTranslation(QLocale(language));
         const QFont usual = QApplication::font();
         PanDialog pan;

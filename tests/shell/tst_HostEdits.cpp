@@ -43,16 +43,6 @@ struct HostScene : Scene
         return edit(
             curve, [value](SplineBase& spline) { spline.modify(1)->pos = value; }, merge);
     }
-    void set(const QString& curve, const std::function<void(CurveOptions&)>& change)
-    {
-        CurveOptions options;
-        change(options);
-        editor.setCurveOptions("a", curve, options);
-    }
-    void lock(const QString& curve)
-    {
-        set(curve, [](CurveOptions& options) { options.locked = true; });
-    }
     void undoAll()
     {
         while (editor.undoStack()->canUndo())
@@ -102,7 +92,7 @@ private Q_SLOTS:
         row("current", [](HostScene& s) { s.clickPoint(); });
         row("another one", [](HostScene& s) { s.turnTo("a.y"); });
         row("locked", [](HostScene& s) { s.lock("x"); });
-        row("hidden", [](HostScene& s) { s.set("x", [](CurveOptions& options) { options.hidden = true; }); });
+        row("hidden", [](HostScene& s) { s.hide("x"); });
         row("beneath a formula", [](HostScene& s) { s.enter("2 T"); });
     }
     void editIsOneStep()
@@ -132,15 +122,9 @@ private Q_SLOTS:
         for (const bool typed : {false, true}) {
             HostScene s;
             const auto before = s.states();
-            if (typed)
-                s.clickPoint().type(s.editor.posY, "3");
-            else
-                s.press(5.0, 1.0).move(6.0, 2.0);
+            typed ? s.clickPoint().type(s.editor.posY, "3") : void(s.press(5.0, 1.0).move(6.0, 2.0));
             QVERIFY(s.edit("y", 2.0) && s.takeTold() == "yH " && s.canvas.canvas.door().isOpen());
-            if (typed)
-                QTest::keyClicks(s.editor.posY, "1");
-            else
-                s.move(6.0, 3.0);
+            typed ? QTest::keyClicks(s.editor.posY, "1") : void(s.move(6.0, 3.0));
             QVERIFY(s.x[1]->pos > 2.9 && s.edit("x", -1.0) && !s.canvas.canvas.door().isOpen());
             s.release(6.0, 3.0);
             QVERIFY(s.takeTold() == (typed ? "xE xE xH " : "xE xH ") && s.x[1]->pos == -1.0 && s.isSound());
@@ -400,19 +384,13 @@ private Q_SLOTS:
         }
     }
 
-    void optionsHold()
+    void ofWhatIsGoneNothingIsSelected()
     {
         HostScene s;
-        s.set("x", [](CurveOptions& options) {
-            options.step = 0.5, options.highest = 3.0, options.types = {SplineBase::Linear};
-        });
-        QVERIFY(s.edit("x", 1.3) && s.x[1]->pos == 1.5 && s.x[1]->type == SplineBase::Linear);
-        QVERIFY(s.edit("x", 9.0) && s.x[1]->pos == 3.0 && s.isSound());
         QVERIFY(!s.edit("nobody", 1.0) && !s.edit("x", nullptr));
         s.key(Qt::Key_A, ctrl);
         QVERIFY(s.edit("x", [](SplineBase& spline) { spline.reset(); }));
-        QVERIFY(s.control().selection().edited().empty() &&
-                s.isSound()); // of what is gone nothing is selected
+        QVERIFY(s.control().selection().edited().empty() && s.isSound());
     }
 
     void gridIsThatOfTheHost()

@@ -151,9 +151,7 @@ private Q_SLOTS:
         for (const bool all : {false, true}) {
             Scene s;
             s.add("a.off"), s.open("a.hidden"), s.turnTo("a.x");
-            CurveOptions hidden;
-            hidden.hidden = true;
-            s.editor.setCurveOptions("a", "hidden", hidden);
+            s.hide("hidden");
             const QList<CurveName> open = {{"a", "z"}, {"a", "y"}, {"a", "x"}, {"a", "hidden"}};
             QCOMPARE(s.editor.openCurves(), open);
             s.clickPoint().canvas.canvas.setEditsAllCurves(all);
