@@ -360,8 +360,7 @@ void CanvasHands::key(const QKeyEvent& event, bool isFocused)
     if (event.key() == Qt::Key_Delete)
         return canvas_.deleteSelection();
     const bool isArrow = event.key() == Qt::Key_Right || event.key() == Qt::Key_Left;
-    const bool isDragged = viewport() && viewport()->gesture.isAtPoints();
-    if (isArrow && !isDragged && (isFocused || current->control().hasSelection()))
+    if (isArrow && (isFocused || current->control().hasSelection()))
         stepSelection(event.key() == Qt::Key_Right);
 }
 
