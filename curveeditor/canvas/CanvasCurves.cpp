@@ -69,6 +69,8 @@ CurveNodeBase* CanvasCurves::find(const EditedCurve& curve) const
 void CanvasCurves::add(std::unique_ptr<CurveNodeBase> curve)
 {
     curve->getCanvasSpline()->showsPoints = editsAll_;
+    curve->isBesideSolo = !curves_.empty() && curves_.front()->isBesideSolo;
+    curve->setMark(CurveMark::Solo, curve->isBesideSolo); // who opens it wants to see it
     curves_.push_back(std::move(curve));
 }
 
@@ -109,6 +111,18 @@ CanvasCurves::Nodes CanvasCurves::currentShownOnly() const
 {
     const bool isSpline = current_ && current_->isSpline() && current_->getSpline();
     return isSpline && current_->isShown() ? Nodes{current_} : Nodes();
+}
+
+void CanvasCurves::followMarks()
+{
+    const bool hasSolo = std::any_of(curves_.begin(), curves_.end(), [](const auto& curve) {
+        return curve->mark(CurveMark::Solo).isOn && !curve->curve()->options.hidden;
+    });
+    for (const auto& curve : curves_) {
+        curve->isBesideSolo = hasSolo;
+        if (!curve->isShown())
+            curve->control().selection().selectOnly(0);
+    }
 }
 
 void CanvasCurves::setEditsAll(bool on)

@@ -57,6 +57,10 @@ public:
     /// The same if it is a spline, and not hidden.
     Nodes currentShownOnly() const;
 
+    /// To be called when marks or the host's options have changed, and when a curve has gone: lets see what is to be seen.
+    /// Hidden curves let go of their selection.
+    void followMarks();
+
     /// Whether the points of all splines are in reach, else those of the current one.
     bool editsAll() const { return editsAll_; }
     void setEditsAll(bool on);

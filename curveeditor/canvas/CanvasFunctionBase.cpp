@@ -101,8 +101,13 @@ void CanvasFunctionBase::removeCurve(CurveNodeBase* curve)
 {
     const QPointer<CurveNodeBase> present(curve);
     settle();
-    if (present && curves_.take(present))
-        setCurrentCurve(curves_.current());
+    const bool wasSolo = present && present->mark(CurveMark::Solo).isOn;
+    if (!present || !curves_.take(present))
+        return;
+    curves_.followMarks();
+    if (wasSolo)
+        Q_EMIT marksChanged();
+    setCurrentCurve(curves_.current());
 }
 
 void CanvasFunctionBase::removeAllCurves()

@@ -6,6 +6,7 @@
 #include <curveeditor/canvas/CanvasHands.h>
 #include <curveeditor/canvas/CanvasPicture.h>
 #include <curveeditor/canvas/PointMenu.h>
+#include <curveeditor/edit/CurveMark.h>
 
 #include <QObject>
 
@@ -276,6 +277,16 @@ public:
     void showSelection();
     /// @}
 
+    /// @name The user's marks in the list
+    /// @{
+
+    /// Puts a mark of the user's on a curve of this canvas, or takes it away: no edit, so undo does not know of it. What the
+    /// host has decided stays, which `tell` says. Nothing happens to null.
+    void setMark(CurveNodeBase* curve, CurveMark mark, bool on);
+    /// The host hides other curves.
+    void followMarks();
+    /// @}
+
     /// @name Events of the widget
     /// The widget calls `paint` after each; the point menu alone paints before it opens.
     /// @{
@@ -328,6 +339,8 @@ Q_SIGNALS:
     void selectionChanged(bool shows);
     /// That text is said on the canvas now; empty for none.
     void told(const QString& text);
+    /// Curves are marked otherwise in the list, or seen otherwise by that.
+    void marksChanged();
     /// `paint` was called, when all else about what has changed was told: view and selection may be others now. Foreign
     /// code may run here, as in the reports.
     void frameAsked();
@@ -346,6 +359,7 @@ private:
     void editBehaviour(const QString& text, void (*set)(SplineBase&, int), int type);
     void setFirstType(int type);
     void setLastType(int type);
+    static QString textOf(CurveMark mark, bool isHosts);
     void showCurves(const Nodes& curves);
     void showRanges(const AxisRange& times, const AxisRange& values);
 

@@ -4,6 +4,8 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
 
+#include <QPointer>
+
 using namespace curveeditor;
 
 void CanvasFunctionBase::showAllCurves()
@@ -29,6 +31,38 @@ void CanvasFunctionBase::showSelection()
         }
     }
     showRanges(times, values);
+}
+
+void CanvasFunctionBase::setMark(CurveNodeBase* marked, CurveMark mark, bool on)
+{
+    const QPointer<CurveNodeBase> curve(marked);
+    settle();
+    if (!curve || curve->mark(mark).isOn == on)
+        return;
+    const bool isHosts = curve->mark(mark).isHosts;
+    tell(on || isHosts ? textOf(mark, isHosts).arg(curve->getName()) : QString());
+    if (isHosts)
+        return;
+    curve->setMark(mark, on);
+    curve->setColor(curve->getColor(), theme().canvas);
+    followMarks();
+}
+
+QString CanvasFunctionBase::textOf(CurveMark mark, bool isHosts)
+{
+    if (mark == CurveMark::Lock)
+        return isHosts ? tr("The application has locked %1.") : tr("%1 is locked.");
+    if (isHosts)
+        return tr("The application hides %1.");
+    return mark == CurveMark::Hide ? tr("%1 is hidden.") : tr("%1 is seen alone.");
+}
+
+void CanvasFunctionBase::followMarks()
+{
+    curves_.followMarks();
+    Q_EMIT marksChanged();
+    Q_EMIT selectionChanged(false);
+    paint();
 }
 
 /// Formulas have no end: they are shown at the times of the splines, or at those that are visible now.

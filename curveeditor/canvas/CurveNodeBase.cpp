@@ -74,6 +74,27 @@ void CurveNodeBase::setName(const QString& newName)
     action_->setText(newName);
 }
 
+bool CurveNodeBase::isShown() const
+{
+    return !curve_->options.hidden && (isSolo_ || !(isBesideSolo || isHidden_));
+}
+
+MarkState CurveNodeBase::mark(CurveMark mark) const
+{
+    const CurveOptions& options = curve_->options;
+    if (mark == CurveMark::Lock)
+        return {curve_->isLocked(), options.locked};
+    return {mark == CurveMark::Solo ? isSolo_ : options.hidden || isHidden_, options.hidden};
+}
+
+void CurveNodeBase::setMark(CurveMark mark, bool on)
+{
+    bool& marked = mark == CurveMark::Solo   ? isSolo_
+                   : mark == CurveMark::Hide ? isHidden_
+                                             : curve_->isLockedByUser;
+    marked = on;
+}
+
 void CurveNodeBase::toggleAction()
 {
     action_->setChecked(true);

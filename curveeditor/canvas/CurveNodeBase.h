@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/edit/CurveMark.h>
 #include <curveeditor/edit/ViewStep.h>
 
 #include <QColor>
@@ -64,8 +65,13 @@ public:
     void setName(const QString& newName);
 
     CurveKind kind() const { return curve_->kind(); }
-    /// Whether the canvas shows it, which the host decides.
-    bool isShown() const { return !curve_->options.hidden; }
+    /// Whether the canvas shows it: the host does not hide it, and the user wants to see it.
+    bool isShown() const;
+    /// What the user has marked in the list, and the host has decided there.
+    MarkState mark(CurveMark mark) const;
+    /// Writes the user's mark. It is for the canvas to do what follows.
+    void setMark(CurveMark mark, bool on);
+    bool isBesideSolo = false; ///< Others are seen alone; written by `CanvasCurves`.
     bool isSpline() const { return kind() == CurveKind::Spline; }
     /// The content, for edits.
     const std::shared_ptr<EditedCurve>& curve() const { return curve_; }
@@ -160,6 +166,8 @@ private:
     float defaultValue_;
     float minValue_;
     float maxValue_;
+    bool isSolo_ = false; ///< these two marks go with the curve when it leaves the canvas
+    bool isHidden_ = false;
     quint64 pictureNumber_ = 0;
     TimeInterval edited_;                     ///< since the last `update`
     std::optional<Selection> drawnSelection_; ///< in the picture of that number

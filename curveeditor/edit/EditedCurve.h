@@ -35,8 +35,10 @@ public:
     std::function<void(SplineBase&)> constraint;
     CurveDiff constrained; ///< what that wrote last in the open edit
 
+    bool isLockedByUser = false;
+
     /// No edit of it opens.
-    bool isLocked() const { return options.locked; }
+    bool isLocked() const { return options.locked || isLockedByUser; }
     /// Whether the user may give points that type.
     bool offers(std::int32_t type) const;
 

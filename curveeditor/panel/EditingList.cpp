@@ -1,25 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/EditingList.h>
 
+#include <curveeditor/panel/CurveRowDelegate.h>
 #include <curveeditor/panel/TextDrop.h>
 
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPainter>
-#include <QStyledItemDelegate>
+#include <QMouseEvent>
 #include <QTextDocument>
 #include <QTimer>
+#include <QToolTip>
 
 #include <utility>
 
 using namespace curveeditor;
 
 namespace {
-
-constexpr QColor outline(128, 128, 128); // so that a curve in the colour of the list has its square too
-
-constexpr int lockRole = Qt::UserRole;
 
 bool mayNameCurve(const QMimeData& data)
 {
@@ -31,50 +28,10 @@ bool isInsert(const QKeyEvent& key)
     return key.key() == Qt::Key_Insert && !(key.modifiers() & ~Qt::KeypadModifier);
 }
 
-void drawPadlock(QPainter& painter, const QRectF& place, const QColor& color)
+MarkState stateOf(const QTreeWidgetItem& row, CurveMark mark)
 {
-    const double unit = place.height() / 8.0;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, unit));
-    painter.drawRoundedRect(place.adjusted(2.0 * unit, unit, -2.0 * unit, -unit), 2.0 * unit, 2.0 * unit);
-    painter.setPen(outline);
-    painter.setBrush(color);
-    painter.drawRect(place.adjusted(unit, 4.0 * unit, -unit, -unit));
+    return CurveRowDelegate::stateOf(row.data(0, CurveRowDelegate::roleOf(mark)));
 }
-
-/// Draws the colour of a curve as a square, sharp whatever the ratio of pixels, and the same in a selected row.
-class CurveRowDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& row) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, row);
-        const auto color = row.data(Qt::DecorationRole).value<QColor>();
-        if (!color.isValid() || !option->widget)
-            return;
-        const qreal ratio = option->widget->devicePixelRatioF();
-        QPixmap square(option->decorationSize * ratio);
-        const bool isLocked = row.data(lockRole).toBool();
-        square.fill(isLocked ? QColor(Qt::transparent) : outline);
-        const int edge = qMax(1, qRound(ratio));
-        QPainter painter(&square);
-        if (isLocked)
-            drawPadlock(painter, QRectF(square.rect()), color);
-        else
-            painter.fillRect(square.rect().adjusted(edge, edge, -edge, -edge), color);
-        painter.end();
-        option->font.setItalic(isLocked);
-        if (isLocked)
-            option->palette.setBrush(QPalette::Text,
-                                     option->palette.brush(QPalette::Disabled, QPalette::Text));
-        square.setDevicePixelRatio(ratio);
-        option->icon = QIcon(square);
-        option->icon.addPixmap(square, QIcon::Selected);
-    }
-};
 
 } // namespace
 
@@ -89,6 +46,7 @@ EditingList::EditingList(QWidget* parent, const QString& name) : QTreeWidget(par
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideMiddle);
     setItemDelegate(new CurveRowDelegate(this));
+    viewport()->setAttribute(Qt::WA_Hover); // the row under the mouse offers its marks
     fitSquares();
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -156,6 +114,42 @@ bool EditingList::event(QEvent* event)
     return QTreeWidget::event(event);
 }
 
+std::optional<CurveMark> EditingList::markAt(const QPoint& place) const
+{
+    const QTreeWidgetItem* const row = itemAt(place);
+    return row ? CurveRowDelegate::markAt(place, visualItemRect(row), iconSize().height()) : std::nullopt;
+}
+
+bool EditingList::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QTreeWidget::viewportEvent(event);
+    const auto& help = *static_cast<QHelpEvent*>(event);
+    const std::optional<CurveMark> mark = markAt(help.pos());
+    if (!mark)
+        return QTreeWidget::viewportEvent(event);
+    QToolTip::showText(help.globalPos(), tipOf(*mark, stateOf(*itemAt(help.pos()), *mark)), this);
+    return true;
+}
+
+void EditingList::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    const std::optional<CurveMark> mark = markAt(place);
+    if (mark && event->button() == Qt::LeftButton)
+        Q_EMIT markClicked(itemAt(place), *mark);
+    else
+        QTreeWidget::mousePressEvent(event);
+}
+
+void EditingList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (markAt(event->position().toPoint()))
+        mousePressEvent(event);
+    else
+        QTreeWidget::mouseDoubleClickEvent(event);
+}
+
 // Delete ends here: in the dialog it would delete the selected points of the curve that is current
 // afterwards.
 void EditingList::keyPressEvent(QKeyEvent* event)
@@ -192,11 +186,42 @@ void EditingList::setCurveName(QTreeWidgetItem* row, const QString& name, const 
     const QString shown = tip.isEmpty() ? name : name + QLatin1Char('\n') + tip;
     row->setText(0, name);
     row->setToolTip(0, Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown) : shown);
+    describe(row);
 }
 
-void EditingList::setCurveLocked(QTreeWidgetItem* row, bool isLocked)
+void EditingList::setCurveMark(QTreeWidgetItem* row, CurveMark mark, const MarkState& state)
 {
-    row->setData(0, lockRole, isLocked);
+    row->setData(0, CurveRowDelegate::roleOf(mark), CurveRowDelegate::dataOf(state));
+    describe(row);
+}
+
+void EditingList::setCurveSeen(QTreeWidgetItem* row, bool isSeen)
+{
+    row->setData(0, CurveRowDelegate::unseenRole, !isSeen);
+}
+
+/// For assistive tools; the name alone is enough where nothing is marked.
+void EditingList::describe(QTreeWidgetItem* row)
+{
+    const std::pair<CurveMark, QString> words[] = {
+        {CurveMark::Solo, tr("solo")}, {CurveMark::Hide, tr("hidden")}, {CurveMark::Lock, tr("locked")}};
+    QStringList marked;
+    for (const auto& [mark, word] : words) {
+        if (stateOf(*row, mark).isOn)
+            marked.append(word);
+    }
+    const QString text = row->text(0) + QLatin1String(", ") + marked.join(QLatin1String(", "));
+    row->setData(0, Qt::AccessibleTextRole, marked.isEmpty() ? QVariant() : text);
+}
+
+QString EditingList::tipOf(CurveMark mark, const MarkState& state)
+{
+    if (mark == CurveMark::Solo)
+        return tr("Shows this curve alone, or with others that are marked so (Shift+H)");
+    if (mark == CurveMark::Hide)
+        return state.isHosts ? tr("The application hides this curve") : tr("Hides this curve (H)");
+    return state.isHosts ? tr("The application has locked this curve")
+                         : tr("Locks this curve against edits (L)");
 }
 
 void EditingList::setCurveColor(QTreeWidgetItem* row, const QColor& color)
@@ -248,6 +273,8 @@ void EditingList::changeEvent(QEvent* event)
     QTreeWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitSquares();
+    for (int row = 0; event->type() == QEvent::LanguageChange && row < topLevelItemCount(); ++row)
+        describe(topLevelItem(row));
 }
 
 void EditingList::fitSquares()

@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/CurveMark.h>
+
 #include <QTreeWidget>
+
+#include <optional>
+
+using namespace curveeditor;
 
 /// The list of the curves that are on the canvas: one column of full names in ascending order, of which one
 /// is selected, each with a square in the colour of its curve. A name that is longer than the list is wide is
-/// shortened in the middle. Whoever fills the list owns what its rows stand for; the list only turns a dropped name
-/// and the keys Delete and Insert into signals.
+/// shortened in the middle. Whoever fills the list owns what its rows stand for; the list only turns a dropped name,
+/// clicks on marks, and the keys Delete and Insert into signals.
 class EditingList : public QTreeWidget
 {
     Q_OBJECT
@@ -27,7 +33,9 @@ public:
     /// Gives a row the full name of its curve, which its tool tip shows whole, and below it `tip`, a plain text.
     static void setCurveName(QTreeWidgetItem* row, const QString& name, const QString& tip = {});
     /// The row of a locked curve has a padlock for its square, and letters that are slanted and paler.
-    static void setCurveLocked(QTreeWidgetItem* row, bool isLocked);
+    /// That of a hidden one has paler letters. The marks show at the right end.
+    static void setCurveMark(QTreeWidgetItem* row, CurveMark mark, const MarkState& state);
+    static void setCurveSeen(QTreeWidgetItem* row, bool isSeen);
     static void setCurveColor(QTreeWidgetItem* row, const QColor& color);
 
 public Q_SLOTS:
@@ -43,12 +51,18 @@ Q_SIGNALS:
     /// The user dropped a text, which should be the full name of a curve.
     void setNodeForEdit(const QString& name);
 
+    /// The user asks for that mark at a row, or asks to take it away.
+    void markClicked(QTreeWidgetItem* row, CurveMark mark);
+
     /// The user asks for curves that are not here.
     void curvesWanted();
 
 protected:
     /// Keeps Insert from shortcuts of the window in which the dialog is docked.
     bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -61,6 +75,9 @@ protected:
     QRegion visualRegionForSelection(const QItemSelection& selection) const override;
 
 private:
+    std::optional<CurveMark> markAt(const QPoint& place) const;
+    static void describe(QTreeWidgetItem* row);
+    static QString tipOf(CurveMark mark, const MarkState& state);
     void filterRows(int first, int last);
     void fitSquares();
 

@@ -204,6 +204,14 @@ void CurveEditor::Private::connectEditingList()
                              editor.checkListsEditing->viewport()->mapToGlobal(position), 0);
                      });
     QObject::connect(functionEdit, &FunctionEditor::selectionShown, &editor, [this] { enablePointTools(); });
+    QObject::connect(editor.checkListsEditing, &EditingList::markClicked, &editor,
+                     [this](const QTreeWidgetItem* row, CurveMark mark) { toggleMark(row, mark); });
+    QObject::connect(&functionEdit->canvas, &CanvasFunctionBase::marksChanged, &editor, [this] {
+        for (const auto& record : nodeList)
+            showMarks(*record);
+    });
+    for (const char* const name : {"lockCurveAction", "hideCurveAction", "soloCurveAction"})
+        editingMenu->addAction(editMenu->findChild<QAction*>(QLatin1String(name)));
     editingMenu->addAction(editor.listPanel->openAction());
     QObject::connect(editingMenu.get(), &ControlMenu2::aboutToAct, &editor,
                      [this] { editingMenu->setMenuItem(editor.checkListsEditing->selectedItem()); });

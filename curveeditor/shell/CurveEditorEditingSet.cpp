@@ -83,6 +83,7 @@ void CurveEditor::Private::putOnCanvas(NodeStruct& record)
         const QSignalBlocker silence(editor.checkListsEditing);
         editor.checkListsEditing->addRow(record.editingItem);
     }
+    showMarks(record);
     showSelectedRow(record);
     functionEdit->canvas.setCurrentCurve(curve);
     QObject::connect(curve, &CurveNodeBase::curveHasChanged, &editor,
@@ -133,6 +134,25 @@ void CurveEditor::Private::showSelectedRow(NodeStruct& record)
         return;
     const QSignalBlocker silence(editor.checkListsEditing);
     editor.checkListsEditing->selectRow(row);
+}
+
+/// A curve that is not on the canvas has no row to be seen.
+void CurveEditor::Private::showMarks(const NodeStruct& record)
+{
+    const CurveNodeBase* const curve = functionEdit->canvas.findCurve(record.name);
+    if (!curve)
+        return;
+    for (const CurveMark mark : allCurveMarks)
+        EditingList::setCurveMark(record.editingItem, mark, curve->mark(mark));
+    EditingList::setCurveSeen(record.editingItem, curve->isShown());
+}
+
+void CurveEditor::Private::toggleMark(const QTreeWidgetItem* row, CurveMark mark)
+{
+    const NodeStruct* const record = searchAllNodeEditingList(row);
+    CurveNodeBase* const curve = record ? functionEdit->canvas.findCurve(record->name) : nullptr;
+    if (curve)
+        functionEdit->canvas.setMark(curve, mark, !curve->mark(mark).isOn);
 }
 
 void CurveEditor::cleanSelecteds()

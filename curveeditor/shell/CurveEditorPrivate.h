@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CanvasCurves.h>
 #include <curveeditor/canvas/DependencyCheck.h>
+#include <curveeditor/edit/CurveMark.h>
 #include <curveeditor/edit/EditHistory.h>
 #include <curveeditor/edit/ViewStep.h>
 #include <curveeditor/panel/ControlMenu2.h>
@@ -207,6 +208,8 @@ struct CurveEditor::Private final : DependencyCheck
     void putOnCanvas(NodeStruct& record);
     void takeOffCanvas(NodeStruct& record);
     void showSelectedRow(NodeStruct& record);
+    void showMarks(const NodeStruct& record);
+    void toggleMark(const QTreeWidgetItem* row, CurveMark mark);
 
     void parseBuiltText(bool isBuilt);
     void setSplineToolsEnabled(bool enabled);

@@ -230,15 +230,14 @@ void CurveEditor::setCurveOptions(const QString& group, const QString& curve, co
         return;
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     const std::shared_ptr<EditedCurve> content = d_->contentOf(name);
-    const bool changesLook = content->isLocked() != options.locked;
-    content->options = options;
-    EditingList::setCurveLocked(record->editingItem, options.locked);
+    const bool wasLocked = content->isLocked();
+    const bool wasHidden = std::exchange(content->options, options).hidden;
     EditingList::setCurveName(record->editingItem, name, options.toolTip);
-    CurveNodeBase* const shown = canvas.findCurve(name);
-    if (shown && options.hidden)
-        shown->control().selection().selectOnly(0);
-    if (changesLook)
+    d_->showMarks(*record);
+    if (content->isLocked() != wasLocked)
         canvas.setCurveColor(name, record->color);
+    if (options.hidden != wasHidden)
+        return canvas.followMarks();
     canvas.paint();
     d_->functionEdit->showSelection(false);
 }

@@ -2,6 +2,7 @@
 #include <curveeditor/shell/EditMenu.h>
 
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/shell/BakeDialog.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <curveeditor/shell/SimplifyDialog.h>
@@ -97,6 +98,7 @@ void EditMenu::addSelection()
     addToggle(
         "editAllCurvesAction", QT_TR_NOOP("Edit all curves at once"), QStringLiteral("Shift+A"),
         [&curves] { return curves.editsAllCurves(); }, [&curves](bool on) { curves.setEditsAllCurves(on); });
+    addMarks();
     menu_->addSeparator();
     add("selectAllAction", QT_TR_NOOP("Select all points"), QStringLiteral("Ctrl+A"), canSelect,
         [this] { points_.selectAll(); });
@@ -108,6 +110,31 @@ void EditMenu::addSelection()
         [this] { points_.extendSelection(true); });
     add("selectPreviousAction", QT_TR_NOOP("Select the previous point too"), QStringLiteral("Shift+Left"),
         canSelect, [this] { points_.extendSelection(false); });
+}
+
+void EditMenu::addMarks()
+{
+    CanvasFunctionBase& curves = canvas_.canvas;
+    const struct
+    {
+        const char* name;
+        const char* text;
+        const char* key;
+        CurveMark mark;
+    } marks[] = {{"lockCurveAction", QT_TR_NOOP("Lock the curve"), "L", CurveMark::Lock},
+                 {"hideCurveAction", QT_TR_NOOP("Hide the curve"), "H", CurveMark::Hide},
+                 {"soloCurveAction", QT_TR_NOOP("Show the curve alone"), "Shift+H", CurveMark::Solo}};
+    for (const auto& [name, text, key, mark] : marks) {
+        const auto stateOfCurrent = [&curves, mark = mark] {
+            return curves.noCurrentCurve() ? MarkState{false, true} : curves.getCurrentCurve()->mark(mark);
+        };
+        addToggle(
+            name, text, QLatin1String(key), [stateOfCurrent] { return stateOfCurrent().isOn; },
+            [&curves, mark = mark](bool on) { curves.setMark(curves.getCurrentCurve(), mark, on); });
+        entries_.back().second = [stateOfCurrent] {
+            return !stateOfCurrent().isHosts;
+        };
+    }
 }
 
 void EditMenu::addMoves()

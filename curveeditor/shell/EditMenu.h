@@ -45,6 +45,7 @@ private:
                    const std::function<void(bool)>& work);
     void addClipboard();
     void addSelection();
+    void addMarks();
     void addSnapping();
     void addShaping();
     void insertUnderMouse();

@@ -147,6 +147,22 @@
         <source>%1 is locked.</source>
         <translation>%1 ist gesperrt.</translation>
     </message>
+    <message>
+        <source>The application has locked %1.</source>
+        <translation>Die Anwendung hat %1 gesperrt.</translation>
+    </message>
+    <message>
+        <source>The application hides %1.</source>
+        <translation>Die Anwendung blendet %1 aus.</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 ist ausgeblendet.</translation>
+    </message>
+    <message>
+        <source>%1 is seen alone.</source>
+        <translation>%1 ist allein zu sehen.</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -883,6 +899,41 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>EditingList</name>
+    <message>
+        <source>solo</source>
+        <translation>allein</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>ausgeblendet</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>gesperrt</translation>
+    </message>
+    <message>
+        <source>Shows this curve alone, or with others that are marked so (Shift+H)</source>
+        <translation>Zeigt diese Kurve allein, oder mit anderen, die so markiert sind (Umschalt+H)</translation>
+    </message>
+    <message>
+        <source>The application hides this curve</source>
+        <translation>Die Anwendung blendet diese Kurve aus</translation>
+    </message>
+    <message>
+        <source>Hides this curve (H)</source>
+        <translation>Blendet diese Kurve aus (H)</translation>
+    </message>
+    <message>
+        <source>The application has locked this curve</source>
+        <translation>Die Anwendung hat diese Kurve gesperrt</translation>
+    </message>
+    <message>
+        <source>Locks this curve against edits (L)</source>
+        <translation>Sperrt diese Kurve gegen Änderungen (L)</translation>
+    </message>
+</context>
+<context>
     <name>PanDialog</name>
     <message>
         <source>pan selection</source>
@@ -1445,6 +1496,18 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Show the slope of the curve</source>
         <translation>Steigung der Kurve zeigen</translation>
+    </message>
+    <message>
+        <source>Lock the curve</source>
+        <translation>Kurve sperren</translation>
+    </message>
+    <message>
+        <source>Hide the curve</source>
+        <translation>Kurve ausblenden</translation>
+    </message>
+    <message>
+        <source>Show the curve alone</source>
+        <translation>Kurve allein zeigen</translation>
     </message>
 </context>
 <context>

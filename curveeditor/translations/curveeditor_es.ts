@@ -147,6 +147,22 @@
         <source>%1 is locked.</source>
         <translation>%1 está bloqueada.</translation>
     </message>
+    <message>
+        <source>The application has locked %1.</source>
+        <translation>La aplicación ha bloqueado %1.</translation>
+    </message>
+    <message>
+        <source>The application hides %1.</source>
+        <translation>La aplicación oculta %1.</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 está oculta.</translation>
+    </message>
+    <message>
+        <source>%1 is seen alone.</source>
+        <translation>Solo se ve %1.</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -883,6 +899,41 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>EditingList</name>
+    <message>
+        <source>solo</source>
+        <translation>sola</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>oculta</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>bloqueada</translation>
+    </message>
+    <message>
+        <source>Shows this curve alone, or with others that are marked so (Shift+H)</source>
+        <translation>Muestra solo esta curva, o junto con otras marcadas así (Mayús+H)</translation>
+    </message>
+    <message>
+        <source>The application hides this curve</source>
+        <translation>La aplicación oculta esta curva</translation>
+    </message>
+    <message>
+        <source>Hides this curve (H)</source>
+        <translation>Oculta esta curva (H)</translation>
+    </message>
+    <message>
+        <source>The application has locked this curve</source>
+        <translation>La aplicación ha bloqueado esta curva</translation>
+    </message>
+    <message>
+        <source>Locks this curve against edits (L)</source>
+        <translation>Bloquea esta curva para que no se edite (L)</translation>
+    </message>
+</context>
+<context>
     <name>PanDialog</name>
     <message>
         <source>pan selection</source>
@@ -1445,6 +1496,18 @@ Do you want to replace it?</source>
     <message>
         <source>Show the slope of the curve</source>
         <translation>Mostrar la pendiente de la curva</translation>
+    </message>
+    <message>
+        <source>Lock the curve</source>
+        <translation>Bloquear la curva</translation>
+    </message>
+    <message>
+        <source>Hide the curve</source>
+        <translation>Ocultar la curva</translation>
+    </message>
+    <message>
+        <source>Show the curve alone</source>
+        <translation>Mostrar solo la curva</translation>
     </message>
 </context>
 <context>

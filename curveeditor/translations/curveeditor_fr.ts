@@ -147,6 +147,22 @@
         <source>%1 is locked.</source>
         <translation>%1 est verrouillée.</translation>
     </message>
+    <message>
+        <source>The application has locked %1.</source>
+        <translation>L&apos;application a verrouillé %1.</translation>
+    </message>
+    <message>
+        <source>The application hides %1.</source>
+        <translation>L&apos;application masque %1.</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 est masquée.</translation>
+    </message>
+    <message>
+        <source>%1 is seen alone.</source>
+        <translation>%1 est seule visible.</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -883,6 +899,41 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>EditingList</name>
+    <message>
+        <source>solo</source>
+        <translation>isolée</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>masquée</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>verrouillée</translation>
+    </message>
+    <message>
+        <source>Shows this curve alone, or with others that are marked so (Shift+H)</source>
+        <translation>Montre cette courbe seule, ou avec les autres marquées ainsi (Maj+H)</translation>
+    </message>
+    <message>
+        <source>The application hides this curve</source>
+        <translation>L&apos;application masque cette courbe</translation>
+    </message>
+    <message>
+        <source>Hides this curve (H)</source>
+        <translation>Masque cette courbe (H)</translation>
+    </message>
+    <message>
+        <source>The application has locked this curve</source>
+        <translation>L&apos;application a verrouillé cette courbe</translation>
+    </message>
+    <message>
+        <source>Locks this curve against edits (L)</source>
+        <translation>Verrouille cette courbe contre les modifications (L)</translation>
+    </message>
+</context>
+<context>
     <name>PanDialog</name>
     <message>
         <source>pan selection</source>
@@ -1445,6 +1496,18 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Show the slope of the curve</source>
         <translation>Montrer la pente de la courbe</translation>
+    </message>
+    <message>
+        <source>Lock the curve</source>
+        <translation>Verrouiller la courbe</translation>
+    </message>
+    <message>
+        <source>Hide the curve</source>
+        <translation>Masquer la courbe</translation>
+    </message>
+    <message>
+        <source>Show the curve alone</source>
+        <translation>Montrer la courbe seule</translation>
     </message>
 </context>
 <context>

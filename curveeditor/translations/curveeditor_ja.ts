@@ -147,6 +147,22 @@
         <source>%1 is locked.</source>
         <translation>%1 はロックされています。</translation>
     </message>
+    <message>
+        <source>The application has locked %1.</source>
+        <translation>アプリケーションが %1 をロックしています。</translation>
+    </message>
+    <message>
+        <source>The application hides %1.</source>
+        <translation>アプリケーションが %1 を非表示にしています。</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 は非表示です。</translation>
+    </message>
+    <message>
+        <source>%1 is seen alone.</source>
+        <translation>%1 だけを表示しています。</translation>
+    </message>
 </context>
 <context>
     <name>CanvasHands</name>
@@ -883,6 +899,41 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>EditingList</name>
+    <message>
+        <source>solo</source>
+        <translation>単独</translation>
+    </message>
+    <message>
+        <source>hidden</source>
+        <translation>非表示</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>ロック</translation>
+    </message>
+    <message>
+        <source>Shows this curve alone, or with others that are marked so (Shift+H)</source>
+        <translation>このカーブだけを、または同じ印のあるカーブと一緒に表示します (Shift+H)</translation>
+    </message>
+    <message>
+        <source>The application hides this curve</source>
+        <translation>アプリケーションがこのカーブを非表示にしています</translation>
+    </message>
+    <message>
+        <source>Hides this curve (H)</source>
+        <translation>このカーブを非表示にします (H)</translation>
+    </message>
+    <message>
+        <source>The application has locked this curve</source>
+        <translation>アプリケーションがこのカーブをロックしています</translation>
+    </message>
+    <message>
+        <source>Locks this curve against edits (L)</source>
+        <translation>このカーブをロックして編集できないようにします (L)</translation>
+    </message>
+</context>
+<context>
     <name>PanDialog</name>
     <message>
         <source>pan selection</source>
@@ -1445,6 +1496,18 @@ Do you want to replace it?</source>
     <message>
         <source>Show the slope of the curve</source>
         <translation>カーブの傾きを表示</translation>
+    </message>
+    <message>
+        <source>Lock the curve</source>
+        <translation>カーブをロック</translation>
+    </message>
+    <message>
+        <source>Hide the curve</source>
+        <translation>カーブを非表示</translation>
+    </message>
+    <message>
+        <source>Show the curve alone</source>
+        <translation>カーブだけを表示</translation>
     </message>
 </context>
 <context>

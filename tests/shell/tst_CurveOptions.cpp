@@ -3,6 +3,7 @@
 #include "Invariants.h"
 
 #include <curveeditor/edit/PointLimits.h>
+#include <curveeditor/panel/CurveRowDelegate.h>
 #include <curveeditor/shell/FitDialog.h>
 
 namespace {
@@ -32,6 +33,16 @@ std::optional<double> straying(std::map<QString, CurveState> before, std::map<QS
         }
     }
     return std::nullopt;
+}
+
+/// Of the row, in the list.
+void clickMark(Scene& s, CurveMark mark, int row = 0)
+{
+    const QRect place = s.list.visualItemRect(s.list.topLevelItem(row));
+    QPoint at = place.center();
+    while (CurveRowDelegate::markAt(at, place, s.list.iconSize().height()) != mark && at.x() < place.right())
+        ++at.rx();
+    QTest::mouseClick(s.list.viewport(), Qt::LeftButton, {}, at + QPoint(2, 0));
 }
 
 /// Chooses OK in the dialog of that key; returns what it said, and leaves one that stays open.
@@ -371,6 +382,82 @@ private Q_SLOTS:
         QVERIFY(s.shown() == hidden);
         s.editor.cleanSelecteds();
         QVERIFY(s.shown() == hidden);
+    }
+
+    void marksOfTheListAreNoEdits_data()
+    {
+        const Rows<CurveMark, Qt::Key, Qt::KeyboardModifiers, const char*, QString> row;
+        row("lock", CurveMark::Lock, Qt::Key_L, {}, "lockCurveAction", "a.x, locked");
+        row("hide", CurveMark::Hide, Qt::Key_H, {}, "hideCurveAction", "a.x, hidden");
+        row("solo", CurveMark::Solo, Qt::Key_H, shift, "soloCurveAction", "a.x, solo");
+    }
+    void marksOfTheListAreNoEdits()
+    {
+        const auto [mark, key, keys, name, text] =
+            Rows<CurveMark, Qt::Key, Qt::KeyboardModifiers, const char*, QString>::present();
+        Scene s;
+        s.turnTo("a.y").turnTo("a.x").list.setFocus();
+        const auto pictures = [&s] {
+            return QList{s.shown(), s.list.viewport()->grab().toImage()};
+        };
+        const QList<QImage> before = pictures();
+        const auto told = [&s] {
+            return QAccessible::queryAccessibleInterface(&s.list)->child(1)->text(QAccessible::Name);
+        };
+        const std::function<void()> ways[] = {
+            [&] { clickMark(s, mark); }, [&, key = key, keys = keys] { QTest::keyClick(&s.list, key, keys); },
+            [&, name = name] {
+                s.editor.action(name)->trigger();
+            }};
+        for (const auto& toggle : ways) {
+            toggle();
+            QCOMPARE(told(), text);
+            QVERIFY(s.editor.action(name)->isChecked());
+            const QList<QImage> marked = pictures();
+            QVERIFY(marked[0] != before[0] && marked[1] != before[1] && s.showsWhatIsDrawnFromScratch());
+            QCOMPARE(s.canvas.canvas.getCurrentCurve()->curve()->isLocked(), mark == CurveMark::Lock);
+            toggle();
+            QCOMPARE(told(), "a.x");
+            QVERIFY(pictures() == before && s.entries() == 0);
+        }
+    }
+
+    void soloIsTakenBackAndTheHostsMarksStay()
+    {
+        Scene s;
+        const auto seen = [&s] {
+            QString names;
+            for (const CurveNodeBase* const curve : s.canvas.canvas.curves().shown())
+                names += curve->getName().back();
+            return names;
+        };
+        s.turnTo("a.y").key(Qt::Key_H).turnTo("a.x").key(Qt::Key_H, shift);
+        QCOMPARE(seen(), "x");
+        clickMark(s, CurveMark::Solo, 1);
+        QCOMPARE(seen(), "yx");
+        s.open("a.w");
+        QCOMPARE(seen(), "yxw");
+        for (const QString name : {"a.x", "a.y", "a.w"})
+            s.editor.slotRemoveFromEditing(s.editor.searchAllNodeList(name)->editingItem);
+        QCOMPARE(seen(), "z");
+        for (const QString name : {"a.y", "a.x"})
+            s.editor.setEditingNode(name);
+        QCOMPARE(seen(), "zyx");
+
+        s.canvas.setFocus();
+        s.key(Qt::Key_H, shift);
+        CurveOptions options;
+        options.hidden = options.locked = true;
+        s.editor.setCurveOptions("a", "x", options);
+        QCOMPARE(seen(), "zy");
+        for (const CurveMark mark : allCurveMarks)
+            clickMark(s, mark);
+        s.canvas.setFocus();
+        s.key(Qt::Key_L).key(Qt::Key_H).key(Qt::Key_H, shift);
+        s.editor.setCurveOptions("a", "x", {});
+        QCOMPARE(seen(), "x");
+        s.clickPoint().key(Qt::Key_Right, alt);
+        QCOMPARE(s.entries(), 1);
     }
 
     void tipStandsInTheList()
