@@ -34,25 +34,6 @@ class tst_CanvasFunctionBase : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void eachMenuKeepsOneOfItsCurvesChecked()
-    {
-        for (int round = 0; round < 2; ++round) {
-            HostCurve curves[3];
-            CanvasScene scene, other;
-            other.add(curves[2], "a.x");
-            scene.add(curves[0], "a.x");
-            QCOMPARE(scene.add(curves[1], "a.y", "2*t")->isSpline(), false);
-            scene.menu.actions()[0]->trigger();
-            QCOMPARE(scene.canvas.getCurrentCurveName(), QString("a.x"));
-            QVERIFY(!scene.menu.actions()[1]->isChecked() && other.menu.actions()[0]->isChecked());
-            scene.canvas.renameCurve("a.y", "a.x");
-            scene.canvas.setCurrentCurve("a.x");
-            QVERIFY(scene.menu.actions()[1]->isChecked());
-            scene.canvas.removeCurve("a.x");
-            QCOMPARE(scene.menu.actions().size(), 1);
-        }
-    }
-
     void reportsGroupAndCurve()
     {
         HostCurve curve;

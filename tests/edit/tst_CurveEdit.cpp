@@ -176,21 +176,6 @@ private Q_SLOTS:
         QCOMPARE(f.stack().count(), 1);
     }
 
-    void stepDuringADragTakesTheDragBackFirst()
-    {
-        Fixture f;
-        f.move(1, 7.0);
-        for (const double value : {1.0, 7.0}) {
-            f.reports.clear();
-            f.begin("drag");
-            f.set(1, 9.0);
-            value == 1.0 ? f.stack().undo() : f.stack().redo();
-            QCOMPARE(f.spline[1]->pos, value);
-            QCOMPARE(f.reports, (QStringList{"commit cancel a.x",
-                                             value == 1.0 ? "commit undo a.x" : "commit redo a.x"}));
-        }
-    }
-
     void whoHearsOfAStepMayDoAnythingWithTheStack()
     {
         const std::function<void(Fixture&)> replies[] = {

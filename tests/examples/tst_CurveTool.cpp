@@ -107,6 +107,25 @@ private Q_SLOTS:
         row("bad band", altered(lamp, "SPEC_383", "SPEC_384"), "the field 'SPEC_384' should be at 382.5 nm");
         row("no band", altered(altered(lamp, "SPEC_383"), " 2"), "SPECTRAL_BANDS is 3");
         row("wavelengths descend", altered(spectra, "nm390", "nm370"), ":6: wavelength 370 comes after 380");
+        row("no format", altered(spectra, "BEGIN_DATA_FORMAT", "X"), ":6: the data comes before its format");
+        row("no bands", altered(spectra, "SPECTRAL_NM_380 nm390", "a b"), "there are no spectra");
+        row("format alone", spectra.left(spectra.indexOf("BEGIN_DATA\n")), "ends before BEGIN_DATA");
+        row("second table", spectra + spectra, "this is a second table of spectra");
+        row("no rows", altered(spectra.left(spectra.indexOf("1 \"dark")), "SETS 2", "SETS 0") + "END_DATA\n",
+            "the table has no rows");
+        row("field missing", altered(spectra, "0.5 1\n", "0.5\n"), ":7: the row has 3 fields instead of 4");
+        row("value is text", altered(spectra, "0.5", "x"), ":7: 'x' is no number");
+        row("value is endless", altered(spectra, "0.5", "inf"), ":7: 'inf' is no finite number");
+        row("mark", altered(spectra, "dark skin\"", "dark"), ":7: a quotation mark has no partner");
+        row("two counts", altered(spectra, "SETS 2", "SETS 2 2"), ":5: NUMBER_OF_SETS takes one number");
+        row("no colour", "1\n2\nx\n0\n", ":3: the colour is not three whole numbers");
+        row("no kind", "1\n2\n3\n", "or the kind of the curve is missing");
+        row("no formula", "1\n2\n3\n1\n", "the formula is missing or too long");
+        row("many curves", "t" + QByteArray(" a").repeated(22) + "\n0" + QByteArray(" 1").repeated(22),
+            "  20  'a'\n  and 2 more\n", "convert - - --output-format crv");
+        row("nothing but gaps", "1\n2\n3\n1\n0/0\n", "no value at any of these times",
+            "convert - - --from 0 --to 1 --count 2");
+        row("operands alone", "", "--x: No such file", "info -- --x");
         row("truncated curve", altered(spline, "end\n"), "standard input:8: the file ends too early");
         row("comma in a curve", altered(spline, "0.5", "0,5"), ":5: the spline has a wrong");
         row("which curve", table,

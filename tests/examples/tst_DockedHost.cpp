@@ -30,6 +30,12 @@ struct Console
         }
         QFAIL(text);
     }
+    void enter(const QString& formula)
+    {
+        auto* const line = editor.findChild<QLineEdit*>("commandLine");
+        line->setText(formula);
+        QTest::keyClick(line, Qt::Key_Return);
+    }
     const SplineBase& front() const { return window.data().find("Front", "01")->spline; }
     QString undoText() const { return editor.undoStack()->undoText(); }
 
@@ -127,11 +133,8 @@ private Q_SLOTS:
         const auto level = [](const Console& console) {
             return (*console.window.data().snapshots().front())(20.0); // of Front.01
         };
-        for (const Console* const console : {&c, &other}) {
-            auto* const line = console->editor.findChild<QLineEdit*>("commandLine");
-            line->setText("back.01");
-            QTest::keyClick(line, Qt::Key_Return);
-        }
+        for (Console* const console : {&c, &other})
+            console->enter("back.01");
         const double before = level(c);
         QVERIFY(other.editor.edit("Back", "01", "Level", [](SplineBase& spline) {
             spline.reset();
@@ -150,6 +153,7 @@ private Q_SLOTS:
         c.editor.setDefaultSelected("Side", "03");
         c.drag(c.pixel(31.0, c.window.data().find("Side", "03")->spline[2]->pos), c.pixel(30.0, 40.0));
         QCOMPARE(c.undoText(), "Move a point of Side.03");
+        c.enter("back.01");
         QCOMPARE(answerFileDialog(c.stage, Qt::Key_S, path), "Save the show");
         Console other;
         QCOMPARE(answerFileDialog(other.stage, Qt::Key_O, path), "Open a show");

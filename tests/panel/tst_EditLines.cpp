@@ -221,6 +221,8 @@ private Q_SLOTS:
         QCOMPARE(line.selectedText(), QString::fromUtf8("fuß"));
         QCOMPARE(line.palette().color(QPalette::HighlightedText), QColor(255, 55, 33));
         QCOMPARE(line.palette().color(QPalette::Highlight), saved.color(QPalette::Base));
+        line.setColors(saved.color(QPalette::Base), saved.color(QPalette::Text), Qt::blue);
+        QCOMPARE(line.palette().color(QPalette::HighlightedText), QColor(Qt::blue));
         QTest::keyClicks(&line, "t");
         QCOMPARE(line.text(), QString::fromUtf8("größe + t"));
         QCOMPARE(line.palette(), saved);
@@ -237,7 +239,10 @@ private Q_SLOTS:
         ExpressionEditLine line;
         line.setText("1+2");
         line.setSelection(0, 2);
+        line.show();
+        line.clearFocus();
         QVERIFY(!dropOn(line, {}) && dropOn(line, "Camera.focus pull"));
+        QTRY_VERIFY(line.hasFocus() && line.cursorPosition() == line.text().size());
         QCOMPARE(line.text(), "1+Camera.focus_pull2");
     }
 };

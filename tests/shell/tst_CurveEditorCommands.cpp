@@ -173,6 +173,8 @@ private Q_SLOTS:
             QTest::keyClick(field, Qt::Key_Return);
         };
         editor.resize(1200, 700);
+        editor.setTimeText({});
+        QVERIFY(editor.posX->text().isEmpty());
         fixture->clickPoint();
         const QImage plain = fixture->canvas.grab().toImage();
         editor.setTimeText([](double time) { return QStringLiteral("@%1").arg(time, 0, 'f', 2); },
@@ -244,6 +246,8 @@ private Q_SLOTS:
                &CurveEditor::loadFile, // not into what became current meanwhile
                [this] { fixture->open("cam.focus"); });
         QCOMPARE(fixture->changes, QStringList{"cam/lens"});
+        choose(written(folder, "formula.crv", "0\n0\n0\n1\nt*2\n"), &CurveEditor::loadFile);
+        QCOMPARE(fixture->editor.commandLine->text(), "t*2");
     }
 
     void fileThatIsNoCurveIsRefused()

@@ -113,6 +113,11 @@ private Q_SLOTS:
         QVERIFY(!field.isVisible() && !s.button("openButton")->isVisible());
         s.editor.action("openCurvesAction")->setVisible(true);
         QTest::mouseClick(s.button("openButton"), Qt::LeftButton);
+        QTest::keyClick(&line, Qt::Key_Down);
+        for (const bool isInLine : {false, true}) {
+            QTest::keyClick(&names, Qt::Key_Up);
+            QCOMPARE(line.hasFocus(), isInLine);
+        }
         QTest::keyClick(&line, Qt::Key_Down, Qt::ShiftModifier); // into the names, two of them
         QTest::keyClick(&names, Qt::Key_Z);
         QCOMPARE(line.text(), "z");
@@ -171,8 +176,11 @@ private Q_SLOTS:
         QVERIFY(fixture->editor.isVisible());
         QCOMPARE(rowsInSight().size(), 13);
         line.setText("no such name");
+        QTest::keyClick(&line, Qt::Key_Down);
+        QVERIFY(fixture->list.hasFocus());
+        line.setFocus();
         QTest::keyClick(&fixture->list, Qt::Key_Delete);
-        QVERIFY(!line.isVisible());
+        QVERIFY(!line.isVisible() && fixture->list.hasFocus());
         QCOMPARE(rowsInSight().size(), 12);
     }
 
@@ -207,23 +215,9 @@ private Q_SLOTS:
             editor.setEditingNode(name);
         }
         QCOMPARE(editor.searchAllNodeList("a.x")->spline, &s.curves["a.x"].spline);
+        QCOMPARE(editor.searchAllNodeListCurveName("a.long_name"), editor.searchAllNodeList("a.long name"));
         QCOMPARE(s.texts(s.menu("D vars")), QStringList({"a", "ba", "a.b"}));
         QCOMPARE(s.texts(s.submenu("D vars", 0)), QStringList({"a.x", "a.long_name"}));
-    }
-
-    void removedCurvesLeaveTheCanvasAndComeBack()
-    {
-        TreeScene s;
-        for (const char* name : {"ba.x", "a.b.y", "a.x"})
-            s.editor.setEditingNode(name);
-        s.clickPoint();
-        s.editor.removeNode("a");
-        QCOMPARE(s.texts(s.menu("D vars")), QStringList({"ba", "a.b"}));
-        QCOMPARE(s.list.topLevelItemCount(), 1);
-        QCOMPARE(s.list.selectedItem()->text(0), "ba.x");
-        QVERIFY(!s.canvas.nodeForm.isActive());
-        s.open("a.x");
-        QCOMPARE(s.current(), "a.x");
     }
 
     void rowsOfAHostsOwnListStandForCurves()
@@ -254,11 +248,13 @@ private Q_SLOTS:
         QVERIFY(!group->icon(0).isNull());
     }
 
-    void longMenusScrollInOneColumn()
+    void manyCurvesScroll()
     {
         TreeScene s;
         for (int i = 0; i < 200; ++i)
             s.open(QStringLiteral("a.curve %1").arg(i));
+        QApplication::processEvents();
+        QVERIFY(s.list.viewport()->rect().contains(s.list.visualItemRect(s.list.selectedItem()).center()));
         for (QMenu* const menu : {s.menu("Curves"), s.submenu("D vars", 0)}) {
             menu->popup({});
             QCOMPARE(menu->actionGeometry(menu->actions().last()).left(),
@@ -292,14 +288,6 @@ private Q_SLOTS:
         check("new group.Ünd kürve");
         editor.setEditingNode("new group.Ünd kürve");
         QCOMPARE(told, 0); // it is the same curve still
-    }
-
-    void openedCurveComesIntoSight()
-    {
-        for (int i = 0; i < 200; ++i)
-            fixture->open(QStringLiteral("many.%1").arg(i));
-        QApplication::processEvents();
-        QVERIFY(fixture->list.viewport()->rect().contains(rowCenter("many.199")));
     }
 
 private:

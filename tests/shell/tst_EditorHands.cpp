@@ -299,6 +299,10 @@ private Q_SLOTS:
         s.key(Qt::Key_Period);
         QCOMPARE(told.size(), 0);
         s.editor.setTimeLineDraggable(true);
+        for (const int away : {0, 50}) {
+            s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(2.0) + away, foot}, Qt::NoButton);
+            QCOMPARE(s.canvas.cursor().shape() == Qt::SizeHorCursor, away == 0);
+        }
         dragFoot(4.0, false);
         QVERIFY(told.size() == 1 && qAbs(s.canvas.timeLine - 4.0) < 0.05);
         dragFoot(100.0, true);

@@ -3,7 +3,7 @@
 #include "Invariants.h"
 
 #include <curveeditor/canvas/PointCommands.h>
-#include <curveeditor/model/SplineState.h>
+#include <curveeditor/model/CurveFit.h>
 
 /// Selects these points of "a.x", too.
 Scene& select(Scene& s, const QList<unsigned>& points)
@@ -55,11 +55,17 @@ private Q_SLOTS:
         row("drag across", 1, x, [](Scene& s) { s.drag(5.0, 1.0, 9.0, 2.0); });
         row("drag two", 1, x, [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 7.0, 1.0); });
         row("scale two", 1, x, [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 6.5, 2.5, shift); });
-        row("drag a handle", 1, x + x, [](Scene& s) {
+        row("drag a handle and align", 2, x + x + x, [](Scene& s) {
             s.clickPoint();
             const QPoint handle = s.canvas.canvas.currentSpline()->rightHandle(s.pixel(5.0, 1.0), 1, false);
             s.mouse(QEvent::MouseButtonPress, handle).move(6.0, 3.0).release(6.0, 3.0);
-            QVERIFY(s.x[1]->tanRight > 1.5);
+            QVERIFY(s.x[1]->tanRight > 1.5 && s.x[1]->tanLeft != s.x[1]->tanRight);
+            s.editor.action("alignTangentsAction")->trigger();
+            QVERIFY(s.x[1]->tanRight > 0.5 && s.x[1]->tanLeft == s.x[1]->tanRight);
+        });
+        row("smooth", 1, x, [](Scene& s) {
+            s.selectTwo().editor.action("smoothTangentsAction")->trigger();
+            QCOMPARE(s.x[1]->tanLeft, CurveFit::smoothSlope(s.x[0], *s.x[1], s.x[2]));
         });
         row("band", 0, x, [](Scene& s) { s.drag(3.0, 2.5, 9.0, -2.0); });
         row("time line", 0, {}, [](Scene& s) { s.editor.setTimeLine(3.0); });
@@ -72,8 +78,12 @@ private Q_SLOTS:
             s.release(7.0, 2.0);
         });
         row("Escape during a drag", 0, {}, [](Scene& s) {
-            s.press(5.0, 1.0).move(6.0, 2.0).key(Qt::Key_Escape).move(7.0, 2.0).release(7.0, 2.0);
-            QVERIFY(s.editor.isVisible() && s.lastCause == CurveChange::Cause::Cancel);
+            for (QWidget* const focus : std::initializer_list<QWidget*>{&s.canvas, s.button("File")}) {
+                s.press(5.0, 1.0).move(6.0, 2.0);
+                QTest::keyClick(focus, Qt::Key_Escape);
+                s.move(7.0, 2.0).release(7.0, 2.0);
+                QVERIFY(s.editor.isVisible() && s.lastCause == CurveChange::Cause::Cancel);
+            }
             s.commits.clear();
         });
         row("Ctrl adds", 1, x, [](Scene& s) {
@@ -195,14 +205,16 @@ private Q_SLOTS:
             s.canvas.canvas.hands().guide.snap.kinds = Snap::Points;
             s.drag(5.0, 1.0, 6.0, 0.5).press(0.0, 0.0).move(1.0, 0.55);
             QCOMPARE(s.x[0]->pos, s.x[1]->pos);
-            s.release(1.0, 0.55);
+            const QImage marked = s.shown();
+            QVERIFY(s.release(1.0, 0.55).shown() != marked);
         });
         row("drag of two that snaps", 1, x, [](Scene& s) {
             s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames;
             s.editor.setFps(0.8);
             s.selectTwo().press(6.6, 1.0).move(7.87, 1.5, ctrl);
             QCOMPARE(s.x[1]->time, 6.25); // the nearer one
-            s.release(7.87, 1.5);
+            const QImage marked = s.shown();
+            QVERIFY(s.release(7.87, 1.5).shown() != marked);
         });
         row("drag that begins with Ctrl", 1, x, [](Scene& s) {
             s.canvas.canvas.hands().guide.snap.kinds = Snap::Frames;
@@ -281,6 +293,8 @@ private Q_SLOTS:
             s.key(Qt::Key_A, ctrl).key(Qt::Key_A, shift);
             QVERIFY(!s.canvas.canvas.findCurve("a.y")->control().hasSelection());
         });
+        row("fit times", 0, {}, [](Scene& s) { s.editor.completeViewportH(); });
+        row("fit values", 0, {}, [](Scene& s) { s.editor.completeViewportV(); });
         row("stepping", 0, x + x, [](Scene& s) {
             s.clickPoint();
             QTest::mouseClick(s.editor.nextNode, Qt::LeftButton);
@@ -296,6 +310,12 @@ private Q_SLOTS:
             QTest::keyClick(s.editor.posY, Qt::Key_Escape);
             QCOMPARE(s.editor.posY->text(), QString::asprintf("%.3f", s.x[1]->pos));
             s.commits.clear();
+        });
+        row("typing that has ended until Escape", 2, x + x + x, [](Scene& s) {
+            s.clickPoint().type(s.editor.posY, "7");
+            s.canvas.canvas.door().commit();
+            QTest::keyClick(s.editor.posY, Qt::Key_Escape);
+            QCOMPARE(s.x[1]->pos, 1.0);
         });
         row("drag on a field", 1, x + x + x, [](Scene& s) {
             s.clickPoint();
@@ -336,6 +356,11 @@ private Q_SLOTS:
             s.changes.clear();
             QVERIFY(s.canvas.canvas.loadCurve(file));
             s.editor.refreshCommandLine();
+        });
+        row("load a formula", 1, {"a/y"}, [](Scene& s) {
+            std::stringstream file;
+            QVERIFY(s.turnTo("a.z").canvas.canvas.saveCurve(file));
+            QVERIFY(s.turnTo("a.y").canvas.canvas.loadCurve(file) && s.canvas.canvas.isCurrentExpression());
         });
         row("a key in the time field after Set Range", 0, x + x, [](Scene& s) {
             s.clickPoint();
@@ -413,6 +438,8 @@ private Q_SLOTS:
         row("double click picks a spline", same, 0, [](Scene& s) {
             formulaBehind(s, "a.x+0.02").turnTo("a.z").click(9.0, -1.0).doubleClick(9.0, -1.0);
         });
+        row("double click behind a formula", same, 0,
+            [](Scene& s) { s.turnTo("a.z").doubleClick(9.0, -1.0); });
         row("and adds nothing", same, 0, [](Scene& s) {
             formulaBehind(s, "a.x+0.02").turnTo("a.z").click(9.0, -1.0);
             s.mouse(QEvent::MouseButtonDblClick, s.pixel(9.0, -1.0) + QPoint(0, 4));
@@ -591,20 +618,6 @@ private Q_SLOTS:
         QVERIFY(!s.editor.searchAllNodeList("a.y") && s.canvas.canvas.noCurrentCurve());
     }
 
-    void hostMayTakePointsAwayBetweenTwoPaints()
-    {
-        Scene s;
-        s.selectTwo();
-        s.x.remove(s.x[2]);
-        s.x.remove(s.x[1]);
-        s.editor.setTimeLine(3.0);
-        s.shown();
-        s.x.addPoint(5.0, 1.0);
-        s.key(Qt::Key_Delete);
-        QCOMPARE(s.x.getControlPointsNumber(), 2u);
-        QCOMPARE(s.entries(), 0);
-    }
-
     void pageShowsNoPointThatIsNotCurrent()
     {
         const Deed changes[] = {
@@ -778,6 +791,8 @@ private Q_SLOTS:
         QTest::keyClicks(s.editor.commandLine, "+1");
         QTest::keyClick(s.editor.commandLine, Qt::Key_Z, ctrl);
         QVERIFY(s.states()["a.x"] == after && s.editor.commandLine->text() != "t+1");
+        QTest::keyClick(s.editor.commandLine, Qt::Key_Y, ctrl);
+        QCOMPARE(s.editor.commandLine->text(), "t+1");
     }
 };
 

@@ -46,9 +46,13 @@ private Q_SLOTS:
         SplineBase::load(&read, file);
         QCOMPARE(read.getLast()->type, 100);
 
-        QSignalSpy named(ControlSplineNode::menu(), &ControlMenu::setSelectedLinear);
-        s.selectTwo().choose(1);
-        QVERIFY(named.count() == 1 && s.x[1]->type == SplineBase::Linear);
+        for (const auto& [signal, type] : {std::pair{&ControlMenu::setSelectedBezier, SplineBase::Bezier},
+                                           {&ControlMenu::setSelectedTcb, SplineBase::Tcb},
+                                           {&ControlMenu::setSelectedLinear, SplineBase::Linear}}) {
+            QSignalSpy named(ControlSplineNode::menu(), signal);
+            s.selectTwo().choose(1 + type);
+            QVERIFY(named.count() == 1 && s.x[1]->type == type);
+        }
         s.clickPoint();
         QTest::keyClick(s.editor.nodeTypeCombo, Qt::Key_End);
         QCOMPARE(s.x[1]->type, 100);
