@@ -417,7 +417,7 @@ void paste(benchmark::State& state)
     QGuiApplication::clipboard()->setText(PointText::write(points));
     PointCommands commands(scene.canvas().canvas);
     for (auto _ : state) {
-        commands.paste(true);
+        commands.paste(PointCommands::Paste::WhereTheyWere);
         scene.show();
         state.PauseTiming();
         if (scene.spline().getControlPointsNumber() != unsigned(pointCount + state.range(0)))

@@ -198,7 +198,8 @@ Qt::KeyboardModifiers modifiersOf(Dice& dice)
                                                            Qt::ShiftModifier,
                                                            Qt::ControlModifier,
                                                            Qt::AltModifier,
-                                                           Qt::ShiftModifier | Qt::ControlModifier};
+                                                           Qt::ShiftModifier | Qt::ControlModifier,
+                                                           Qt::AltModifier | Qt::ControlModifier};
     return dice.pick(all);
 }
 
@@ -301,6 +302,7 @@ void Playground::hostCall(Dice& dice)
         CurveOptions options = editor.curveOptions(group, curve);
         (dice.oneOf(2) ? options.locked : options.hidden) = dice.oneOf(2);
         options.step = dice.oneOf(3) ? 0.5 : 0.0;
+        options.types.assign(dice.oneOf(4) ? 1 : 0, SplineBase::Linear);
         return editor.setCurveOptions(group, curve, options);
     }
     case 29:
@@ -356,11 +358,11 @@ const std::vector<Playground::Event>& Playground::events()
         "1\t2\n3\t4\n",    "", "a b\n1 2", "1;2,5\n2;3", "0 0\n0 0\n0 1", "time\tvalue\n5\t1\n",
         QString(100, u'x')};
     static const std::vector<int> keys = {
-        Qt::Key_Left,   Qt::Key_Right, Qt::Key_Up,    Qt::Key_Down, Qt::Key_Delete,
-        Qt::Key_Escape, Qt::Key_Tab,   Qt::Key_Space, Qt::Key_Home, Qt::Key_F,
-        Qt::Key_A,      Qt::Key_B,     Qt::Key_I,     Qt::Key_S,    Qt::Key_X,
-        Qt::Key_Y,      Qt::Key_C,     Qt::Key_V,     Qt::Key_D,    Qt::Key_Z,
-        Qt::Key_Period, Qt::Key_Comma, Qt::Key_T,     Qt::Key_5,    Qt::Key_Minus};
+        Qt::Key_Left,  Qt::Key_Right, Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Delete, Qt::Key_Escape,
+        Qt::Key_Tab,   Qt::Key_Space, Qt::Key_Home,   Qt::Key_F,     Qt::Key_A,      Qt::Key_B,
+        Qt::Key_I,     Qt::Key_S,     Qt::Key_X,      Qt::Key_Y,     Qt::Key_C,      Qt::Key_V,
+        Qt::Key_D,     Qt::Key_Z,     Qt::Key_Period, Qt::Key_Comma, Qt::Key_T,      Qt::Key_5,
+        Qt::Key_Minus, Qt::Key_E};
     static const std::vector<Event> all = {
         {"press",
          [](Playground& p, Dice& dice) {

@@ -226,9 +226,10 @@ void CanvasHands::beginDrag(bool withCtrl)
 {
     Gesture& gesture = viewport()->gesture;
     const PlaneMapping view = viewport()->mapping();
-    const SplineEdits::Part part = curves_.current()->control().activePart;
-    const QString one =
-        part == SplineEdits::Part::Point ? tr("Move a point of %1") : tr("Change a tangent of %1");
+    using Part = SplineEdits::Part;
+    const Part pressed = curves_.current()->control().activePart;
+    const Part part = alignsHandles && pressed != Part::Point ? Part::BothTangents : pressed;
+    const QString one = part == Part::Point ? tr("Move a point of %1") : tr("Change a tangent of %1");
     const bool keepsDistance = curves_.hasMultipleSelection();
     CanvasCurves::Nodes dragged = curves_.selected();
     std::erase_if(dragged, [](const CurveNodeBase* curve) { return curve->curve()->isLocked(); });

@@ -32,6 +32,8 @@ public:
 
     /// Snapping, and where it leads; acts from the next step of a drag on.
     DragGuide guide;
+    /// A drag of one handle turns the other one too, so that both are in line; acts from the next drag on.
+    bool alignsHandles = false;
     /// Gives `guide` what there is to snap to now, but for the points that are dragged.
     void prepareSnap();
 

@@ -6,10 +6,13 @@
 #include <curveeditor/canvas/DecimalQuestion.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
+#include <curveeditor/edit/PointLimits.h>
+#include <curveeditor/files/NumberText.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QPointer>
 #include <QTimer>
 
 #include <algorithm>
@@ -107,32 +110,34 @@ bool PointCommands::canPaste() const
     return canInsert() && content && content->hasText();
 }
 
-void PointCommands::paste(bool whereTheyWere)
+void PointCommands::paste(Paste kind)
 {
     if (!canPaste())
         return;
     const QString text = QGuiApplication::clipboard()->text();
     const PointText::Result result = PointText::read(text);
     if (!result.isAmbiguous)
-        return paste(result, whereTheyWere);
+        return paste(result, kind);
     // Later, so that the menu in which this was chosen is not at work while the host may delete it.
-    QTimer::singleShot(0, &canvas_, [commands = *this, text, whereTheyWere]() mutable {
+    QTimer::singleShot(0, &canvas_, [commands = *this, text, kind]() mutable {
         const std::optional<TableReader::Decimal> decimal =
             askForDecimal(commands.canvas_.widget(), tr("Paste points"), text.toStdString());
         if (decimal && commands.canInsert())
-            commands.paste(PointText::read(text, *decimal), whereTheyWere);
+            commands.paste(PointText::read(text, *decimal), kind);
     });
 }
 
-void PointCommands::paste(PointText::Result result, bool whereTheyWere)
+void PointCommands::paste(PointText::Result result, Paste kind)
 {
     if (!result.message.isEmpty())
         return showWarning(canvas_.widget(), tr("Paste points"), result.message);
     const ViewPort* const view = canvas_.getViewport();
-    const double shift = whereTheyWere || !view ? 0.0 : view->timeLine - result.points.front().time;
+    const bool stays = kind == Paste::WhereTheyWere || !view;
+    const double shift = stays ? 0.0 : view->timeLine - result.points.front().time;
     for (SplineBase::PointInfo& point : result.points)
         point.time += shift;
-    add(tr("Paste points into %1"), result.points);
+    const bool replaces = kind == Paste::ReplacingAtTimeLine;
+    add(replaces ? tr("Replace points of %1") : tr("Paste points into %1"), result.points, replaces);
 }
 
 void PointCommands::duplicate()
@@ -179,6 +184,49 @@ void PointCommands::smoothTangents()
                           &SplineEdits::smoothTangents);
 }
 
+void PointCommands::ease(const Ease& ease)
+{
+    SegmentEase::Outcome outcome;
+    QString told = tr("Ease: there is no segment between selected points");
+    CanvasEdit easing;
+    easing.text = CanvasEdit::ofPoints(tr("Ease a point of %1"), tr("Ease %1 points of %2"));
+    easing.targets = [&told](const CanvasCurves& curves) {
+        CanvasEdit::Nodes eased;
+        for (CurveNodeBase* const node : curves.selected()) {
+            if (!SegmentEase::isPossible(*node->getSpline(), node->control().selection().edited()))
+                continue;
+            const bool isAllowed = PointLimits::allow(node->curve()->options, SplineBase::Bezier);
+            told = isAllowed ? QString() : tr("Ease: %1 may have no Bezier points").arg(node->getName());
+            if (isAllowed)
+                eased.push_back(node);
+        }
+        return eased;
+    };
+    easing.work = [&outcome, &ease](CurveNodeBase& curve) {
+        outcome.unite(SegmentEase::apply(*curve.control().openSpline(), curve.control().selection().edited(),
+                                         ease, curve.curve()->options));
+    };
+    easing.told = CanvasEdit::Told::Current;
+    easing.showsSelection = false;
+    const QPointer<CanvasFunctionBase> canvas(&canvas_);
+    canvas_.edit(easing);
+    if (!canvas)
+        return;
+    const QLocale locale = canvas->widget() ? canvas->widget()->locale() : QLocale();
+    canvas->tell(outcome.segments > 0 ? outcomeText(outcome, locale) : told);
+}
+
+QString PointCommands::outcomeText(const SegmentEase::Outcome& outcome, const QLocale& locale)
+{
+    if (outcome.steps == 0)
+        return tr("Ease: a level segment has no step, and is straight now");
+    const double tenths = std::ceil(outcome.deviation * 1000.0); // of a percent
+    const QString percent = NumberText::inLocale(QString::number(tenths / 10.0, 'f', 1), locale);
+    const QString exactness =
+        tenths > 0.0 ? tr("Ease: deviates by at most %1 % of the step").arg(percent) : tr("Ease: exact");
+    return outcome.bendsOthers ? tr("%1; an eased Tcb segment beside it has bent").arg(exactness) : exactness;
+}
+
 /// In time units; 0.0 if there are none.
 double PointCommands::frame() const
 {
@@ -187,7 +235,8 @@ double PointCommands::frame() const
     return std::isfinite(frame) ? frame : 0.0;
 }
 
-void PointCommands::add(const QString& text, const std::vector<SplineBase::PointInfo>& points)
+/// `replaces` the points from the first to the last of the new ones.
+void PointCommands::add(const QString& text, const std::vector<SplineBase::PointInfo>& points, bool replaces)
 {
     const bool isWithinTimes =
         std::all_of(points.begin(), points.end(),
@@ -195,8 +244,12 @@ void PointCommands::add(const QString& text, const std::vector<SplineBase::Point
     if (!isWithinTimes)
         return showWarning(canvas_.widget(), tr("Paste points"),
                            tr("Moved there, the points would lie beyond all times."));
-    canvas_.editSpline(text, [this, &points](SplineBase& spline) {
+    canvas_.editSpline(text, [this, &points, replaces](SplineBase& spline) {
+        const std::vector<PointSerial> replaced =
+            replaces ? SplineEdits::pointsWithin(spline, points.front().time, points.back().time)
+                     : std::vector<PointSerial>();
         const std::vector<PointSerial> added = SplineEdits::addPoints(spline, points);
+        SplineEdits::removePoints(spline, replaced);
         canvas_.currentSplineControl()->selectPoints(added);
     });
 }

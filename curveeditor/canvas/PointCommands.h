@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/edit/Ease.h>
 #include <curveeditor/edit/PointText.h>
+#include <curveeditor/edit/SegmentEase.h>
 #include <curveeditor/model/SplineBase.h>
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <functional>
 #include <vector>
@@ -48,10 +51,15 @@ public:
     /// The same, and they go; the last point of a curve stays.
     void cut();
     bool canPaste() const;
-    /// The points of a table on the clipboard, the first of them at the time line, or all `whereTheyWere`. They are
-    /// selected. Text that is no table, and a shift beyond all times, are told in a box, and nothing is changed; a
-    /// text that can be read in two ways makes a box ask which one is meant.
-    void paste(bool whereTheyWere);
+    enum class Paste {
+        AtTimeLine,         ///< the first point comes there
+        WhereTheyWere,      ///< all keep their times
+        ReplacingAtTimeLine ///< as `AtTimeLine`, and the points from the first to the last pasted one go
+    };
+    /// The points of a table on the clipboard. They are selected. Text that is no table, and a shift beyond all times,
+    /// are told in a box, and nothing is changed; a text that can be read in two ways makes a box ask which one is
+    /// meant.
+    void paste(Paste kind);
     /// The selected points once more, a frame later. The new ones are selected.
     void duplicate();
 
@@ -66,10 +74,15 @@ public:
     void alignTangents();
     void smoothTangents();
 
+    /// Lets the segments between selected points follow the ease, see `SegmentEase`, and tells how exactly. Curves that
+    /// may have no Bezier points stay as they are, which is told too.
+    void ease(const Ease& ease);
+
 private:
     double frame() const;
-    void paste(PointText::Result result, bool whereTheyWere);
-    void add(const QString& text, const std::vector<SplineBase::PointInfo>& points);
+    void paste(PointText::Result result, Paste kind);
+    void add(const QString& text, const std::vector<SplineBase::PointInfo>& points, bool replaces = false);
+    static QString outcomeText(const SegmentEase::Outcome& outcome, const QLocale& locale);
     using Marks = std::vector<bool>;
     void changeMarks(const std::function<void(Marks&)>& change);
 

@@ -244,6 +244,16 @@ SplineState SplineEdits::withSpan(const SplineBase& spline, std::vector<SplineBa
     return state;
 }
 
+std::vector<PointSerial> SplineEdits::pointsWithin(const SplineBase& spline, double first, double last)
+{
+    std::vector<PointSerial> within;
+    for (const PointInfo* const point : spline.getControlPoints()) {
+        if (point->time >= first && point->time <= last)
+            within.push_back(point->serial);
+    }
+    return within;
+}
+
 std::vector<SplineBase::PointInfo> SplineEdits::copyOf(const SplineBase& spline,
                                                        const std::vector<PointSerial>& points)
 {

@@ -41,6 +41,8 @@ std::vector<PointSerial> addPoints(SplineBase& spline, std::vector<SplineBase::P
 /// The points outside stay where they are, and the curve between two of them keeps its shape, but for the ease of a `Tcb`
 /// segment beside the last of them. To new points and from them a `Bezier` segment is a straight line.
 SplineState withSpan(const SplineBase& spline, std::vector<SplineBase::PointInfo> span);
+/// The points from one time to another, both included.
+std::vector<PointSerial> pointsWithin(const SplineBase& spline, double first, double last);
 /// The points with these serials, in the order of the spline.
 std::vector<SplineBase::PointInfo> copyOf(const SplineBase& spline, const std::vector<PointSerial>& points);
 /// Adds a point on the curve, which keeps its shape: exactly in `Bezier` segments, and in `Linear` segments without

@@ -179,7 +179,7 @@ Command commandOf(const QKeyEvent& key)
         };
     if (key.matches(QKeySequence::Paste))
         return [](PointCommands& points) {
-            points.paste(true);
+            points.paste(PointCommands::Paste::WhereTheyWere);
         };
     return nullptr;
 }

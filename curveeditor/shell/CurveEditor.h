@@ -261,7 +261,7 @@ public:
     void updateUnderlay();
 
     /// How the user has arranged the editor: splitters, the page in front, snapping, whether all curves are edited
-    /// at once and frames are shown, and the view. Neither curves nor what a host decides. For the settings
+    /// at once, handles are kept in line and frames are shown, and the view. Neither curves nor what a host decides. For the settings
     /// of the host; versioned.
     QByteArray saveState() const;
     /// Takes what `saveState` gave, of this editor or of another one. The view goes as far as the limits let it.

@@ -112,6 +112,7 @@ QByteArray CurveEditor::saveState() const
     state.snaps = guide.isSnapping;
     state.snapKinds = guide.snap.kinds;
     state.editsAllCurves = d_->functionEdit->canvas.editsAllCurves();
+    state.alignsHandles = d_->functionEdit->canvas.hands().alignsHandles;
     state.showsFrames = isModeFrames();
     state.times = {shown.timeMin, shown.timeMax};
     state.values = {shown.valueMin, shown.valueMax};
@@ -132,6 +133,7 @@ bool CurveEditor::restoreState(const QByteArray& bytes)
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     canvas.hands().guide.isSnapping = state->snaps;
     canvas.hands().guide.snap.kinds = state->snapKinds;
+    canvas.hands().alignsHandles = state->alignsHandles;
     const auto axis = state->showsFrames ? &CurveEditor::setShowFrames : &CurveEditor::setShowTime;
     (this->*axis)();
     d_->actionOf(axis)->setChecked(true);

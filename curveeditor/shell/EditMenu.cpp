@@ -23,6 +23,7 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     addSelection();
     addMoves();
     addShaping();
+    addEases();
     addFits();
     addSnapping();
     addView();
@@ -80,10 +81,13 @@ void EditMenu::addClipboard()
     add("copyAction", QT_TR_NOOP("Copy points"), QStringLiteral("Ctrl+C"), canCopy,
         [this] { points_.copy(); });
     add("pasteAction", QT_TR_NOOP("Paste points at the time line"), QStringLiteral("Ctrl+V"), canPaste,
-        [this] { points_.paste(false); });
+        [this] { points_.paste(PointCommands::Paste::AtTimeLine); });
     add("pasteInPlaceAction", QT_TR_NOOP("Paste points where they were"), QStringLiteral("Ctrl+Shift+V"),
-        canPaste, [this] { points_.paste(true); });
-    pastes_ = {entries_.end()[-2].first, entries_.end()[-1].first};
+        canPaste, [this] { points_.paste(PointCommands::Paste::WhereTheyWere); });
+    add("replacePasteAction", QT_TR_NOOP("Paste at the time line, replacing points"),
+        QStringLiteral("Ctrl+Alt+V"), canPaste,
+        [this] { points_.paste(PointCommands::Paste::ReplacingAtTimeLine); });
+    pastes_ = {entries_.end()[-3].first, entries_.end()[-2].first, entries_.end()[-1].first};
     add("duplicateAction", QT_TR_NOOP("Duplicate points"), QStringLiteral("Ctrl+D"), canCopy,
         [this] { points_.duplicate(); });
 }
@@ -186,6 +190,11 @@ void EditMenu::addShaping()
         [this] { points_.alignTangents(); });
     add("smoothTangentsAction", QT_TR_NOOP("Smooth without overshoot"), {}, canEdit,
         [this] { points_.smoothTangents(); });
+    target_->addSeparator();
+    CanvasHands& hands = canvas_.canvas.hands();
+    addToggle(
+        "alignHandlesAction", QT_TR_NOOP("Keep handles in line"), {},
+        [&hands] { return hands.alignsHandles; }, [&hands](bool on) { hands.alignsHandles = on; });
     target_ = menu_;
 }
 

@@ -48,6 +48,8 @@ private:
     void addMarks();
     void addSnapping();
     void addShaping();
+    void addEases();
+    void askForCss();
     void insertUnderMouse();
     void addFits();
     template <typename Dialog> void open(const Condition& isPossible);
@@ -60,7 +62,8 @@ private:
 
     FunctionEditor& canvas_;
     PointCommands points_;
-    std::optional<QPoint> mouse_; ///< its last place on the canvas
+    Ease::CssNumbers css_ = {0.25, 0.1, 0.25, 1.0}; ///< that were entered last
+    std::optional<QPoint> mouse_;                   ///< its last place on the canvas
     QMenu* const menu_;
     QMenu* target_;                                       ///< what `add` adds to
     std::vector<std::pair<QAction*, const char*>> texts_; ///< and the untranslated text

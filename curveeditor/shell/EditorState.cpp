@@ -11,7 +11,7 @@ namespace curveeditor {
 namespace {
 
 constexpr quint32 mark = 0x43764564; // "CvEd"
-constexpr quint16 version = 1;
+constexpr quint16 version = 2;       // 1 ended behind the values
 constexpr QDataStream::Version format = QDataStream::Qt_6_0;
 
 QDataStream& operator<<(QDataStream& out, const AxisRange& range)
@@ -43,7 +43,7 @@ QByteArray EditorState::bytes() const
     QDataStream inner(&content, QIODevice::WriteOnly);
     inner.setVersion(format);
     inner << columns << rows << qint32(page) << snaps << quint32(snapKinds) << editsAllCurves << showsFrames
-          << times << values;
+          << times << values << alignsHandles;
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setVersion(format);
@@ -60,7 +60,8 @@ std::optional<EditorState> EditorState::read(const QByteArray& bytes)
     quint16 sum = 0;
     QByteArray content;
     in >> foundMark >> foundVersion >> sum >> content;
-    if (!isRead(in) || foundMark != mark || foundVersion != version || sum != qChecksum(content))
+    if (!isRead(in) || foundMark != mark || foundVersion == 0 || foundVersion > version ||
+        sum != qChecksum(content))
         return std::nullopt;
 
     EditorState state;
@@ -70,6 +71,8 @@ std::optional<EditorState> EditorState::read(const QByteArray& bytes)
     inner.setVersion(format);
     inner >> state.columns >> state.rows >> page >> state.snaps >> kinds >> state.editsAllCurves >>
         state.showsFrames >> state.times >> state.values;
+    if (foundVersion >= 2)
+        inner >> state.alignsHandles;
     state.page = page;
     state.snapKinds = kinds;
     const bool isSound = isRead(inner) && canBeShown(state.times) && canBeShown(state.values);

@@ -18,12 +18,13 @@ struct EditorState
     bool snaps = false;
     unsigned snapKinds = 0; ///< see `Snap::Kind`
     bool editsAllCurves = false;
+    bool alignsHandles = false;
     bool showsFrames = true;
     AxisRange times = {};
     AxisRange values = {};
 
     QByteArray bytes() const;
-    /// Null for what `bytes` of this version has not written.
+    /// Null for what `bytes` has not written.
     static std::optional<EditorState> read(const QByteArray& bytes);
 };
 

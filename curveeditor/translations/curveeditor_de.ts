@@ -1041,6 +1041,42 @@ Soll die Datei ersetzt werden?</translation>
         <source>Moved there, the points would lie beyond all times.</source>
         <translation>Dorthin verschoben, lägen die Punkte jenseits aller Zeiten.</translation>
     </message>
+    <message>
+        <source>Replace points of %1</source>
+        <translation>Punkte von %1 ersetzen</translation>
+    </message>
+    <message>
+        <source>Ease: there is no segment between selected points</source>
+        <translation>Beschleunigung: zwischen ausgewählten Punkten liegt kein Abschnitt</translation>
+    </message>
+    <message>
+        <source>Ease a point of %1</source>
+        <translation>Punkt von %1 sanft beschleunigen</translation>
+    </message>
+    <message>
+        <source>Ease %1 points of %2</source>
+        <translation>%1 Punkte von %2 sanft beschleunigen</translation>
+    </message>
+    <message>
+        <source>Ease: %1 may have no Bezier points</source>
+        <translation>Beschleunigung: %1 darf keine Bézier-Punkte haben</translation>
+    </message>
+    <message>
+        <source>Ease: a level segment has no step, and is straight now</source>
+        <translation>Beschleunigung: ein waagerechter Abschnitt hat keine Stufe und ist jetzt gerade</translation>
+    </message>
+    <message>
+        <source>Ease: deviates by at most %1 % of the step</source>
+        <translation>Beschleunigung: weicht um höchstens %1 % der Stufe ab</translation>
+    </message>
+    <message>
+        <source>Ease: exact</source>
+        <translation>Beschleunigung: genau</translation>
+    </message>
+    <message>
+        <source>%1; an eased Tcb segment beside it has bent</source>
+        <translation>%1; ein Tcb-Abschnitt mit Abgang oder Ankunft daneben hat sich verbogen</translation>
+    </message>
 </context>
 <context>
     <name>PointText</name>
@@ -1332,6 +1368,21 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>curveeditor::EaseDialog</name>
+    <message>
+        <source>CSS ease</source>
+        <translation>CSS-Beschleunigung</translation>
+    </message>
+    <message>
+        <source>x1 and x2 are numbers from 0 to 1, y1 and y2 from %1 to %2.</source>
+        <translation>x1 und x2 sind Zahlen von 0 bis 1, y1 und y2 von %1 bis %2.</translation>
+    </message>
+    <message>
+        <source>It adds %1 points to a segment.</source>
+        <translation>Einem Abschnitt werden %1 Punkte hinzugefügt.</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1508,6 +1559,86 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Show the curve alone</source>
         <translation>Kurve allein zeigen</translation>
+    </message>
+    <message>
+        <source>Paste at the time line, replacing points</source>
+        <translation>An der Zeitlinie einfügen und Punkte ersetzen</translation>
+    </message>
+    <message>
+        <source>Keep handles in line</source>
+        <translation>Griffe auf einer Linie halten</translation>
+    </message>
+    <message>
+        <source>Sine in</source>
+        <translation>Sinus am Anfang</translation>
+    </message>
+    <message>
+        <source>Sine out</source>
+        <translation>Sinus am Ende</translation>
+    </message>
+    <message>
+        <source>Sine in and out</source>
+        <translation>Sinus an beiden Enden</translation>
+    </message>
+    <message>
+        <source>Quadratic in</source>
+        <translation>Quadratisch am Anfang</translation>
+    </message>
+    <message>
+        <source>Quadratic out</source>
+        <translation>Quadratisch am Ende</translation>
+    </message>
+    <message>
+        <source>Quadratic in and out</source>
+        <translation>Quadratisch an beiden Enden</translation>
+    </message>
+    <message>
+        <source>Cubic in</source>
+        <translation>Kubisch am Anfang</translation>
+    </message>
+    <message>
+        <source>Cubic out</source>
+        <translation>Kubisch am Ende</translation>
+    </message>
+    <message>
+        <source>Cubic in and out</source>
+        <translation>Kubisch an beiden Enden</translation>
+    </message>
+    <message>
+        <source>Exponential in</source>
+        <translation>Exponentiell am Anfang</translation>
+    </message>
+    <message>
+        <source>Exponential out</source>
+        <translation>Exponentiell am Ende</translation>
+    </message>
+    <message>
+        <source>Exponential in and out</source>
+        <translation>Exponentiell an beiden Enden</translation>
+    </message>
+    <message>
+        <source>Back in</source>
+        <translation>Ausholen am Anfang</translation>
+    </message>
+    <message>
+        <source>Back out</source>
+        <translation>Ausholen am Ende</translation>
+    </message>
+    <message>
+        <source>Back in and out</source>
+        <translation>Ausholen an beiden Enden</translation>
+    </message>
+    <message>
+        <source>Ease</source>
+        <translation>Beschleunigung</translation>
+    </message>
+    <message>
+        <source>Smoothstep</source>
+        <translation>Smoothstep</translation>
+    </message>
+    <message>
+        <source>CSS…</source>
+        <translation>CSS…</translation>
     </message>
 </context>
 <context>

@@ -1041,6 +1041,42 @@ Do you want to replace it?</source>
         <source>Moved there, the points would lie beyond all times.</source>
         <translation>Movidos allí, los puntos quedarían más allá de todo tiempo.</translation>
     </message>
+    <message>
+        <source>Replace points of %1</source>
+        <translation>Reemplazar puntos de %1</translation>
+    </message>
+    <message>
+        <source>Ease: there is no segment between selected points</source>
+        <translation>Aceleración: no hay ningún segmento entre puntos seleccionados</translation>
+    </message>
+    <message>
+        <source>Ease a point of %1</source>
+        <translation>Suavizar la aceleración en un punto de %1</translation>
+    </message>
+    <message>
+        <source>Ease %1 points of %2</source>
+        <translation>Suavizar la aceleración en %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>Ease: %1 may have no Bezier points</source>
+        <translation>Aceleración: %1 no puede tener puntos Bézier</translation>
+    </message>
+    <message>
+        <source>Ease: a level segment has no step, and is straight now</source>
+        <translation>Aceleración: un segmento horizontal no tiene salto; ahora es recto</translation>
+    </message>
+    <message>
+        <source>Ease: deviates by at most %1 % of the step</source>
+        <translation>Aceleración: se desvía como máximo un %1 % del salto</translation>
+    </message>
+    <message>
+        <source>Ease: exact</source>
+        <translation>Aceleración: exacta</translation>
+    </message>
+    <message>
+        <source>%1; an eased Tcb segment beside it has bent</source>
+        <translation>%1; un segmento Tcb contiguo con salida o llegada se ha deformado</translation>
+    </message>
 </context>
 <context>
     <name>PointText</name>
@@ -1332,6 +1368,21 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>curveeditor::EaseDialog</name>
+    <message>
+        <source>CSS ease</source>
+        <translation>Aceleración CSS</translation>
+    </message>
+    <message>
+        <source>x1 and x2 are numbers from 0 to 1, y1 and y2 from %1 to %2.</source>
+        <translation>x1 y x2 son números de 0 a 1; y1 e y2, de %1 a %2.</translation>
+    </message>
+    <message>
+        <source>It adds %1 points to a segment.</source>
+        <translation>Añade %1 puntos a un segmento.</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1508,6 +1559,86 @@ Do you want to replace it?</source>
     <message>
         <source>Show the curve alone</source>
         <translation>Mostrar solo la curva</translation>
+    </message>
+    <message>
+        <source>Paste at the time line, replacing points</source>
+        <translation>Pegar en la línea de tiempo reemplazando puntos</translation>
+    </message>
+    <message>
+        <source>Keep handles in line</source>
+        <translation>Mantener los tiradores alineados</translation>
+    </message>
+    <message>
+        <source>Sine in</source>
+        <translation>Seno al inicio</translation>
+    </message>
+    <message>
+        <source>Sine out</source>
+        <translation>Seno al final</translation>
+    </message>
+    <message>
+        <source>Sine in and out</source>
+        <translation>Seno en ambos extremos</translation>
+    </message>
+    <message>
+        <source>Quadratic in</source>
+        <translation>Cuadrática al inicio</translation>
+    </message>
+    <message>
+        <source>Quadratic out</source>
+        <translation>Cuadrática al final</translation>
+    </message>
+    <message>
+        <source>Quadratic in and out</source>
+        <translation>Cuadrática en ambos extremos</translation>
+    </message>
+    <message>
+        <source>Cubic in</source>
+        <translation>Cúbica al inicio</translation>
+    </message>
+    <message>
+        <source>Cubic out</source>
+        <translation>Cúbica al final</translation>
+    </message>
+    <message>
+        <source>Cubic in and out</source>
+        <translation>Cúbica en ambos extremos</translation>
+    </message>
+    <message>
+        <source>Exponential in</source>
+        <translation>Exponencial al inicio</translation>
+    </message>
+    <message>
+        <source>Exponential out</source>
+        <translation>Exponencial al final</translation>
+    </message>
+    <message>
+        <source>Exponential in and out</source>
+        <translation>Exponencial en ambos extremos</translation>
+    </message>
+    <message>
+        <source>Back in</source>
+        <translation>Retroceso al inicio</translation>
+    </message>
+    <message>
+        <source>Back out</source>
+        <translation>Retroceso al final</translation>
+    </message>
+    <message>
+        <source>Back in and out</source>
+        <translation>Retroceso en ambos extremos</translation>
+    </message>
+    <message>
+        <source>Ease</source>
+        <translation>Aceleración</translation>
+    </message>
+    <message>
+        <source>Smoothstep</source>
+        <translation>Smoothstep</translation>
+    </message>
+    <message>
+        <source>CSS…</source>
+        <translation>CSS…</translation>
     </message>
 </context>
 <context>

@@ -1041,6 +1041,42 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Moved there, the points would lie beyond all times.</source>
         <translation>Déplacés là, les points se trouveraient au-delà de tous les temps.</translation>
     </message>
+    <message>
+        <source>Replace points of %1</source>
+        <translation>Remplacer des points de %1</translation>
+    </message>
+    <message>
+        <source>Ease: there is no segment between selected points</source>
+        <translation>Accélération&#xa0;: aucun segment entre des points sélectionnés</translation>
+    </message>
+    <message>
+        <source>Ease a point of %1</source>
+        <translation>Adoucir l’accélération en un point de %1</translation>
+    </message>
+    <message>
+        <source>Ease %1 points of %2</source>
+        <translation>Adoucir l’accélération en %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Ease: %1 may have no Bezier points</source>
+        <translation>Accélération&#xa0;: %1 ne peut pas avoir de points de Bézier</translation>
+    </message>
+    <message>
+        <source>Ease: a level segment has no step, and is straight now</source>
+        <translation>Accélération&#xa0;: un segment horizontal n’a pas d’écart&#xa0;; il est droit maintenant</translation>
+    </message>
+    <message>
+        <source>Ease: deviates by at most %1 % of the step</source>
+        <translation>Accélération&#xa0;: s’écarte d’au plus %1&#xa0;% de l’écart</translation>
+    </message>
+    <message>
+        <source>Ease: exact</source>
+        <translation>Accélération&#xa0;: exacte</translation>
+    </message>
+    <message>
+        <source>%1; an eased Tcb segment beside it has bent</source>
+        <translation>%1&#xa0;; un segment Tcb voisin avec départ ou arrivée s’est déformé</translation>
+    </message>
 </context>
 <context>
     <name>PointText</name>
@@ -1332,6 +1368,21 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>curveeditor::EaseDialog</name>
+    <message>
+        <source>CSS ease</source>
+        <translation>Accélération CSS</translation>
+    </message>
+    <message>
+        <source>x1 and x2 are numbers from 0 to 1, y1 and y2 from %1 to %2.</source>
+        <translation>x1 et x2 sont des nombres de 0 à 1, y1 et y2 de %1 à %2.</translation>
+    </message>
+    <message>
+        <source>It adds %1 points to a segment.</source>
+        <translation>Ajoute %1 points à un segment.</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1508,6 +1559,86 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Show the curve alone</source>
         <translation>Montrer la courbe seule</translation>
+    </message>
+    <message>
+        <source>Paste at the time line, replacing points</source>
+        <translation>Coller à la ligne de temps en remplaçant les points</translation>
+    </message>
+    <message>
+        <source>Keep handles in line</source>
+        <translation>Garder les poignées alignées</translation>
+    </message>
+    <message>
+        <source>Sine in</source>
+        <translation>Sinus au début</translation>
+    </message>
+    <message>
+        <source>Sine out</source>
+        <translation>Sinus à la fin</translation>
+    </message>
+    <message>
+        <source>Sine in and out</source>
+        <translation>Sinus aux deux bouts</translation>
+    </message>
+    <message>
+        <source>Quadratic in</source>
+        <translation>Quadratique au début</translation>
+    </message>
+    <message>
+        <source>Quadratic out</source>
+        <translation>Quadratique à la fin</translation>
+    </message>
+    <message>
+        <source>Quadratic in and out</source>
+        <translation>Quadratique aux deux bouts</translation>
+    </message>
+    <message>
+        <source>Cubic in</source>
+        <translation>Cubique au début</translation>
+    </message>
+    <message>
+        <source>Cubic out</source>
+        <translation>Cubique à la fin</translation>
+    </message>
+    <message>
+        <source>Cubic in and out</source>
+        <translation>Cubique aux deux bouts</translation>
+    </message>
+    <message>
+        <source>Exponential in</source>
+        <translation>Exponentielle au début</translation>
+    </message>
+    <message>
+        <source>Exponential out</source>
+        <translation>Exponentielle à la fin</translation>
+    </message>
+    <message>
+        <source>Exponential in and out</source>
+        <translation>Exponentielle aux deux bouts</translation>
+    </message>
+    <message>
+        <source>Back in</source>
+        <translation>Recul au début</translation>
+    </message>
+    <message>
+        <source>Back out</source>
+        <translation>Recul à la fin</translation>
+    </message>
+    <message>
+        <source>Back in and out</source>
+        <translation>Recul aux deux bouts</translation>
+    </message>
+    <message>
+        <source>Ease</source>
+        <translation>Accélération</translation>
+    </message>
+    <message>
+        <source>Smoothstep</source>
+        <translation>Smoothstep</translation>
+    </message>
+    <message>
+        <source>CSS…</source>
+        <translation>CSS…</translation>
     </message>
 </context>
 <context>

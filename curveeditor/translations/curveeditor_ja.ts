@@ -1041,6 +1041,42 @@ Do you want to replace it?</source>
         <source>Moved there, the points would lie beyond all times.</source>
         <translation>そこへ動かすと、ポイントが扱える時間の範囲を超えます。</translation>
     </message>
+    <message>
+        <source>Replace points of %1</source>
+        <translation>%1 のポイントを置き換え</translation>
+    </message>
+    <message>
+        <source>Ease: there is no segment between selected points</source>
+        <translation>イーズ: 選択したポイントの間に区間がありません</translation>
+    </message>
+    <message>
+        <source>Ease a point of %1</source>
+        <translation>%1 のポイントにイーズを適用</translation>
+    </message>
+    <message>
+        <source>Ease %1 points of %2</source>
+        <translation>%2 のポイント %1 個にイーズを適用</translation>
+    </message>
+    <message>
+        <source>Ease: %1 may have no Bezier points</source>
+        <translation>イーズ: %1 はベジェ ポイントを持てません</translation>
+    </message>
+    <message>
+        <source>Ease: a level segment has no step, and is straight now</source>
+        <translation>イーズ: 水平な区間には差がないため、直線になりました</translation>
+    </message>
+    <message>
+        <source>Ease: deviates by at most %1 % of the step</source>
+        <translation>イーズ: ずれは差の最大 %1 % です</translation>
+    </message>
+    <message>
+        <source>Ease: exact</source>
+        <translation>イーズ: 正確です</translation>
+    </message>
+    <message>
+        <source>%1; an eased Tcb segment beside it has bent</source>
+        <translation>%1。隣のイーズ付き Tcb 区間が曲がりました</translation>
+    </message>
 </context>
 <context>
     <name>PointText</name>
@@ -1332,6 +1368,21 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>curveeditor::EaseDialog</name>
+    <message>
+        <source>CSS ease</source>
+        <translation>CSS イーズ</translation>
+    </message>
+    <message>
+        <source>x1 and x2 are numbers from 0 to 1, y1 and y2 from %1 to %2.</source>
+        <translation>x1 と x2 は 0 から 1、y1 と y2 は %1 から %2 の数値です。</translation>
+    </message>
+    <message>
+        <source>It adds %1 points to a segment.</source>
+        <translation>区間にポイントを %1 個追加します。</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::EditMenu</name>
     <message>
         <source>Cut points</source>
@@ -1508,6 +1559,86 @@ Do you want to replace it?</source>
     <message>
         <source>Show the curve alone</source>
         <translation>カーブだけを表示</translation>
+    </message>
+    <message>
+        <source>Paste at the time line, replacing points</source>
+        <translation>タイムラインの位置に貼り付けてポイントを置き換え</translation>
+    </message>
+    <message>
+        <source>Keep handles in line</source>
+        <translation>ハンドルを一直線に保つ</translation>
+    </message>
+    <message>
+        <source>Sine in</source>
+        <translation>サイン イン</translation>
+    </message>
+    <message>
+        <source>Sine out</source>
+        <translation>サイン アウト</translation>
+    </message>
+    <message>
+        <source>Sine in and out</source>
+        <translation>サイン インアウト</translation>
+    </message>
+    <message>
+        <source>Quadratic in</source>
+        <translation>2 次 イン</translation>
+    </message>
+    <message>
+        <source>Quadratic out</source>
+        <translation>2 次 アウト</translation>
+    </message>
+    <message>
+        <source>Quadratic in and out</source>
+        <translation>2 次 インアウト</translation>
+    </message>
+    <message>
+        <source>Cubic in</source>
+        <translation>3 次 イン</translation>
+    </message>
+    <message>
+        <source>Cubic out</source>
+        <translation>3 次 アウト</translation>
+    </message>
+    <message>
+        <source>Cubic in and out</source>
+        <translation>3 次 インアウト</translation>
+    </message>
+    <message>
+        <source>Exponential in</source>
+        <translation>指数 イン</translation>
+    </message>
+    <message>
+        <source>Exponential out</source>
+        <translation>指数 アウト</translation>
+    </message>
+    <message>
+        <source>Exponential in and out</source>
+        <translation>指数 インアウト</translation>
+    </message>
+    <message>
+        <source>Back in</source>
+        <translation>バック イン</translation>
+    </message>
+    <message>
+        <source>Back out</source>
+        <translation>バック アウト</translation>
+    </message>
+    <message>
+        <source>Back in and out</source>
+        <translation>バック インアウト</translation>
+    </message>
+    <message>
+        <source>Ease</source>
+        <translation>イーズ</translation>
+    </message>
+    <message>
+        <source>Smoothstep</source>
+        <translation>スムースステップ</translation>
+    </message>
+    <message>
+        <source>CSS…</source>
+        <translation>CSS…</translation>
     </message>
 </context>
 <context>

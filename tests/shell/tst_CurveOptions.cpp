@@ -75,6 +75,7 @@ private Q_SLOTS:
         row("drag", {}, [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); });
         row("double click", told, [](Scene& s) { s.click(6.0, 2.5).doubleClick(6.0, 2.5); });
         row("Delete", told, [](Scene& s) { s.selectTwo().key(Qt::Key_Delete); });
+        row("ease", told, [](Scene& s) { s.selectTwo().key(Qt::Key_E); });
         row("menu: type", told, [](Scene& s) { s.selectTwo().choose(1); });
         row("number", {}, [](Scene& s) { s.clickPoint().type(s.editor.posY, "3"); });
         row("type", {}, [](Scene& s) {
@@ -257,6 +258,8 @@ private Q_SLOTS:
         QCOMPARE(s.x.getPrev(8.0)->type, SplineBase::Tcb); // in a segment of Bezier
         s.editor.undo();
         allow({SplineBase::Linear});
+        s.selectTwo().key(Qt::Key_E);
+        QCOMPARE(s.canvas.canvas.toldText(), "Ease: a.x may have no Bezier points");
         QCOMPARE(kinds(outcome), "Linear As few as the tolerance allows");
         QCOMPARE(outcome,
                  "3 points become 2, at most 1.77 away. 81 values become 39 points, at most 0.00198 away.");

@@ -67,6 +67,51 @@ private Q_SLOTS:
             s.selectTwo().editor.action("smoothTangentsAction")->trigger();
             QCOMPARE(s.x[1]->tanLeft, CurveFit::smoothSlope(s.x[0], *s.x[1], s.x[2]));
         });
+        row("drag a handle with both in line", 1, x + x, [](Scene& s) {
+            s.editor.action("alignHandlesAction")->trigger();
+            s.clickPoint();
+            const QPoint handle = s.canvas.canvas.currentSpline()->rightHandle(s.pixel(5.0, 1.0), 1, false);
+            s.mouse(QEvent::MouseButtonPress, handle).move(6.0, 3.0).release(6.0, 3.0);
+            QVERIFY(s.x[1]->tanRight > 1.5 && s.x[1]->tanLeft == s.x[1]->tanRight);
+        });
+        row("eases", 2, x + x + x, [](Scene& s) {
+            const QString& told = s.canvas.canvas.toldText();
+            s.selectTwo().key(Qt::Key_E);
+            QCOMPARE(told, "Ease: exact");
+            QVERIFY(s.x[2]->type == SplineBase::Bezier && s.x[1]->tanRight == 0.0);
+            s.editor.action("easeInOutSineAction")->trigger();
+            QCOMPARE(told, "Ease: deviates by at most 1.1 % of the step");
+            s.editor.action("easeInOutBackAction")->trigger();
+            QVERIFY(s.x.getControlPointsNumber() == 4 && s.x[2]->pos == 0.0);
+            s.key(Qt::Key_E); // the point between is not selected
+            QCOMPARE(told, "Ease: there is no segment between selected points");
+        });
+        row("eases at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
+            s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).key(Qt::Key_E);
+            QCOMPARE(s.curves["a.y"].spline[1]->type, int(SplineBase::Bezier));
+        });
+        row("eases by numbers", 2, x + x, [](Scene& s) {
+            s.selectTwo();
+            for (const QString text : {"0,5", "0.75"}) {
+                s.key(Qt::Key_E, shift);
+                auto* const dialog = s.editor.findChild<QDialog*>();
+                auto* const line = dialog->findChild<QLineEdit*>("x1");
+                QCOMPARE(line->text(), text == "0,5" ? "0.25" : "0.5");
+                for (const QString& typed : {QString("1.5"), QString(), text}) {
+                    line->setText(typed);
+                    QCOMPARE(dialog->findChild<QPushButton*>()->isEnabled(), typed == text);
+                }
+                dialog->accept();
+                QVERIFY(s.canvas.canvas.toldText().startsWith("Ease: deviates by at most 0."));
+                s.control().selectPoints(SplineEdits::pointsWithin(s.x, 0.0, 5.0));
+                QCoreApplication::sendPostedEvents(dialog, QEvent::DeferredDelete);
+            }
+        });
+        row("paste that replaces", 1, x, [](Scene& s) {
+            s.editor.setTimeLine(5.0);
+            s.paste("2\t3\n5\t2\n", ctrl | alt);
+            QCOMPARE(pointsOf(s), "0,0 (5,3) [8,2]");
+        });
         row("band", 0, x, [](Scene& s) { s.drag(3.0, 2.5, 9.0, -2.0); });
         row("time line", 0, {}, [](Scene& s) { s.editor.setTimeLine(3.0); });
         row("another curve during a drag", 1, {}, [](Scene& s) {

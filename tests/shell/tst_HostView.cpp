@@ -108,6 +108,7 @@ private Q_SLOTS:
     {
         Scene s;
         s.key(Qt::Key_S).key(Qt::Key_A, shift);
+        s.canvas.canvas.hands().alignsHandles = true;
         s.editor.setShowTime();
         s.editor.tabWidget2->setCurrentIndex(2);
         s.editor.splitter11->setSizes({300, 600});
@@ -132,6 +133,7 @@ private Q_SLOTS:
         QVERIFY(other.editor.isModeTime() && entryOf(*other.menu("Options"), "Show time")->isChecked());
         other.key(Qt::Key_S).key(Qt::Key_A, shift); // they know that they are on
         QVERIFY(!other.canvas.canvas.hands().guide.isSnapping && !other.canvas.canvas.editsAllCurves());
+        QVERIFY(other.canvas.canvas.hands().alignsHandles);
     }
 
     void hostSelectsPoints_data()
