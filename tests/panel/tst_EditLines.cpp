@@ -240,6 +240,7 @@ private Q_SLOTS:
         line.setText("1+2");
         line.setSelection(0, 2);
         line.show();
+        QVERIFY(QTest::qWaitForWindowActive(&line));
         line.clearFocus();
         QVERIFY(!dropOn(line, {}) && dropOn(line, "Camera.focus pull"));
         QTRY_VERIFY(line.hasFocus() && line.cursorPosition() == line.text().size());

@@ -176,6 +176,7 @@ private Q_SLOTS:
         QVERIFY(fixture->editor.isVisible());
         QCOMPARE(rowsInSight().size(), 13);
         line.setText("no such name");
+        line.setFocus();
         QTest::keyClick(&line, Qt::Key_Down);
         QVERIFY(fixture->list.hasFocus());
         line.setFocus();

@@ -338,8 +338,6 @@ private Q_SLOTS:
             s.key(Qt::Key_A, ctrl).key(Qt::Key_A, shift);
             QVERIFY(!s.canvas.canvas.findCurve("a.y")->control().hasSelection());
         });
-        row("fit times", 0, {}, [](Scene& s) { s.editor.completeViewportH(); });
-        row("fit values", 0, {}, [](Scene& s) { s.editor.completeViewportV(); });
         row("stepping", 0, x + x, [](Scene& s) {
             s.clickPoint();
             QTest::mouseClick(s.editor.nextNode, Qt::LeftButton);
@@ -405,7 +403,7 @@ private Q_SLOTS:
         row("load a formula", 1, {"a/y"}, [](Scene& s) {
             std::stringstream file;
             QVERIFY(s.turnTo("a.z").canvas.canvas.saveCurve(file));
-            QVERIFY(s.turnTo("a.y").canvas.canvas.loadCurve(file) && s.canvas.canvas.isCurrentExpression());
+            QVERIFY(s.turnTo("a.y").canvas.canvas.loadCurve(file) && s.curves["a.y"].expression);
         });
         row("a key in the time field after Set Range", 0, x + x, [](Scene& s) {
             s.clickPoint();
