@@ -50,6 +50,7 @@ struct Content
     float bound = 10.0f;   ///< the values reach 2.8
     bool isThemed = false; ///< with smooth lines
     bool hasWave = false;  ///< as underlay, of a million samples
+    bool scales = false;   ///< each curve by itself
 };
 
 void paintWave(QPainter& painter, const PlaneMapping& plane)
@@ -90,6 +91,7 @@ public:
             std::abort();
         if (content.hasWave)
             editor_.setUnderlay(paintWave);
+        canvas_->canvas.setOwnScale(content.scales);
     }
     ~Scene()
     {
@@ -489,6 +491,8 @@ const Content themedSwinging{.swings = 50.0, .isThemed = true};
 const Content themedClamped{.bound = 2.0f, .isThemed = true};
 const Content themedClampedSwinging{.swings = 50.0, .bound = 2.0f, .isThemed = true};
 const Content overWave{.hasWave = true};
+const Content scaled{.scales = true};
+const Content scaledFormulas{.splines = 0, .expressions = curveCount, .scales = true};
 const Content swinging{.swings = 50.0};
 const Content clamped{.bound = 2.0f};
 const Content clampedSwinging{.swings = 50.0, .bound = 2.0f};
@@ -500,6 +504,7 @@ const Content oneFormula{.splines = 0, .expressions = 1};
 
 BENCHMARK_CAPTURE(dragStep, smooth, Content())->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, smoothOverAWave, overWave)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragStep, scaled, scaled)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, smoothWithTheFormClosed, Content(), false)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragStep, swinging, swinging)->Unit(benchmark::kMillisecond);
@@ -517,12 +522,15 @@ BENCHMARK_CAPTURE(pressOrRelease, releaseOfAll, false, true)->Arg(1000000)->Unit
 BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOfAllPoints)->Arg(pointCount)->Arg(40000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragOfAllCurves, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(dragOfAllCurves, scaled, scaled)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragOfAllCurves, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(undoOfAllCurves, smooth, Content())->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(undoOfAllCurves, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfAStableView)->Unit(benchmark::kMillisecond);
 BENCHMARK(tickOfTheTimeLine)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, scaled, scaled)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(viewChange, scaledFormulas, scaledFormulas)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, themed, themed)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, themedSwinging, themedSwinging)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, themedClamped, themedClamped)->Unit(benchmark::kMillisecond);

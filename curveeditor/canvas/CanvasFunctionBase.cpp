@@ -124,8 +124,11 @@ void CanvasFunctionBase::setCurrentCurve(CurveNodeBase* curve)
         if (viewport_)
             viewport_->gesture.press.bandSelects = false;
     }
-    if (next)
+    if (next) {
         curves_.setCurrent(*next);
+        if (viewport_)
+            viewport_->followScale(next->scale());
+    }
     Q_EMIT changeCommandLine();
 }
 

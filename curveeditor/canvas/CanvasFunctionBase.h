@@ -6,6 +6,7 @@
 #include <curveeditor/canvas/CanvasHands.h>
 #include <curveeditor/canvas/CanvasPicture.h>
 #include <curveeditor/canvas/PointMenu.h>
+#include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/CurveMark.h>
 
 #include <QObject>
@@ -207,13 +208,13 @@ public:
     /// is made once.
     void paint();
     /// Brings the curves' pictures up to date, as a frame does. To be called before anything is hit in them.
-    void updateCurves() { picture_.updateCurves(); }
+    void updateCurves();
     /// Says, in a line at the upper edge, what is worth knowing of a command or a gesture, until the next press of a
     /// button or a key, the next edit, or a step of the undo stack. An empty text says nothing more.
     void tell(const QString& text);
-    const QString& toldText() const { return picture_.modeLine; }
+    QString toldText() const { return picture_.line(); }
     /// For the widget's `paintEvent`: brings the picture up to date and draws it.
-    void showBuffer(QPainter* painter) { picture_.show(painter); }
+    void showBuffer(QPainter* painter);
     /// Takes the size and the pixel ratio of the widget.
     void resizeBuffer() { picture_.resize(); }
 
@@ -275,6 +276,14 @@ public:
     void showAllCurves();
     /// Shows the selected points, or else the current curve.
     void showSelection();
+    /// Whether each curve is seen in a scale of its own, see `OwnScale`; at first all share one. The scale of a spline is
+    /// that of its values between its first and last point, the scale of a formula that of its visible values. Scales
+    /// stay as they are while an edit is open or a hand is at work.
+    void setOwnScale(bool on);
+    /// How much longer a span of values of that spline is than one of the current curve that is seen as high; 1.0 where all
+    /// share one scale.
+    double shareOfScale(const SplineBase& spline) const;
+    bool hasOwnScale() const { return viewport_ && viewport_->ownScale.isOn(); }
     /// @}
 
     /// @name The user's marks in the list
@@ -359,6 +368,8 @@ private:
     void editBehaviour(const QString& text, void (*set)(SplineBase&, int), int type);
     void setFirstType(int type);
     void setLastType(int type);
+    void freezeScales();
+    void tellFollowedView();
     static QString textOf(CurveMark mark, bool isHosts);
     void showCurves(const Nodes& curves);
     void showRanges(const AxisRange& times, const AxisRange& values);
@@ -370,5 +381,6 @@ private:
     CanvasHands hands_;
     CanvasPicture picture_;
     std::unique_ptr<PointMenu> menu_;
+    AxisRange shownValues_;       ///< at the last frame
     bool isTakingReport_ = false; ///< others have not heard of it yet
 };

@@ -6,6 +6,9 @@
 
 #include <QPointer>
 
+#include <algorithm>
+#include <utility>
+
 using namespace curveeditor;
 
 void CanvasFunctionBase::showAllCurves()
@@ -27,10 +30,69 @@ void CanvasFunctionBase::showSelection()
             if (index < 0)
                 continue;
             times.include(spline[unsigned(index)]->time);
-            values.include(spline[unsigned(index)]->pos);
+            values.include(curve->heightOf(spline[unsigned(index)]->pos));
         }
     }
     showRanges(times, values);
+}
+
+void CanvasFunctionBase::setOwnScale(bool on)
+{
+    if (!viewport_ || hasOwnScale() == on)
+        return;
+    settle();
+    if (on)
+        viewport_->ownScale.switchOn(viewport_->mapping());
+    else
+        viewport_->showView(viewport_->ownScale.switchedOff(viewport_->mapping()));
+    viewport_->dirty = true;
+    for (const auto& curve : curves_.all())
+        curve->changed = true;
+    updateCurves();
+    tell({});
+    Q_EMIT told(toldText());
+    Q_EMIT selectionChanged(false);
+    paint();
+}
+
+double CanvasFunctionBase::shareOfScale(const SplineBase& spline) const
+{
+    const auto& all = curves_.all();
+    const auto curve =
+        std::find_if(all.begin(), all.end(), [&](const auto& each) { return each->getSpline() == &spline; });
+    if (!hasOwnScale() || curve == all.end())
+        return 1.0;
+    return (*curve)->mapping().valueSpan() / viewport_->mapping().valueSpan();
+}
+
+void CanvasFunctionBase::freezeScales()
+{
+    if (viewport_)
+        viewport_->ownScale.isFrozen = door_.isOpen() || viewport_->gesture.isBusy();
+}
+
+void CanvasFunctionBase::updateCurves()
+{
+    freezeScales();
+    picture_.updateCurves();
+    tellFollowedView();
+}
+
+void CanvasFunctionBase::showBuffer(QPainter* painter)
+{
+    freezeScales();
+    picture_.show(painter);
+    tellFollowedView();
+}
+
+/// A frame does not run foreign code, so it is told afterwards.
+void CanvasFunctionBase::tellFollowedView()
+{
+    if (!hasOwnScale())
+        return;
+    const AxisRange values{viewport_->valueMin, viewport_->valueMax};
+    if (std::exchange(shownValues_, values) != values)
+        QMetaObject::invokeMethod(this, &CanvasFunctionBase::frameAsked, Qt::QueuedConnection);
 }
 
 void CanvasFunctionBase::setMark(CurveNodeBase* marked, CurveMark mark, bool on)
@@ -80,8 +142,14 @@ void CanvasFunctionBase::showCurves(const Nodes& curves)
     if (times.isNothing())
         times = {viewport_->timeMin, viewport_->timeMax};
     AxisRange values = AxisRange::nothing();
-    for (const CurveNodeBase* const curve : curves)
-        curve->includeValues(times, values);
+    for (const CurveNodeBase* const curve : curves) {
+        AxisRange own = AxisRange::nothing();
+        curve->includeValues(times, own);
+        if (own.isNothing())
+            continue;
+        values.include(curve->heightOf(own.low));
+        values.include(curve->heightOf(own.high));
+    }
     showRanges(times, values);
 }
 

@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace curveeditor {
@@ -20,6 +21,13 @@ namespace {
 Gesture::Place placeAt(const ViewPort& viewport, const QPoint& pixel)
 {
     return {viewport.pixelToTime(pixel.x()), viewport.pixelToValue(pixel.y())};
+}
+
+std::function<double(double)> heightsOf(const CurveNodeBase& curve)
+{
+    return [&curve](double value) {
+        return curve.heightOf(value);
+    };
 }
 
 } // namespace
@@ -90,6 +98,7 @@ bool CanvasHands::press(const QMouseEvent& event)
         return false;
     }
     const CanvasSpline::Hit hit = hitPoint(pixel);
+    gesture.place = placeAt(*viewport(), pixel); // in the plane of the curve that is current now
     if (!curves_.current())
         return true;
     if (!curves_.current()->isSpline())
@@ -147,14 +156,6 @@ bool CanvasHands::hasPointAt(const QPoint& pixel) const
     const CanvasCurves::Nodes reach = curves_.inReach();
     return std::any_of(reach.begin(), reach.end(),
                        [&](CurveNodeBase* curve) { return hitIn(*curve, pixel).point != 0; });
-}
-
-void CanvasHands::updateSelection(PointSerial point, bool shift)
-{
-    const bool keepsSelection = curves_.hasMultipleSelection() &&
-                                (shift || !curves_.isOutsideSelection(viewport()->gesture.place.time));
-    if (!keepsSelection)
-        curves_.selectOnly(point);
 }
 
 bool CanvasHands::pressOnSelection(const QMouseEvent& event)
@@ -237,7 +238,9 @@ void CanvasHands::beginDrag(bool withCtrl)
     std::vector<CurveEdit::Target> targets;
     for (const CurveNodeBase* const curve : dragged) {
         const Selection& selection = curve->control().selection();
-        PointDrag drag(*curve->getSpline(), selection, part, gesture.place, view, keepsDistance);
+        const PlaneMapping plane = curve->mapping();
+        PointDrag drag(*curve->getSpline(), selection, part, placeIn(plane, gesture.place, view), plane,
+                       keepsDistance);
         targets.push_back({curve->curve(), drag.points()});
         drags.push_back({curve->curve(), std::move(drag)});
     }
@@ -255,10 +258,12 @@ void CanvasHands::prepareSnap()
     guide.snap.fps = viewport()->fps;
     guide.snap.timeLine = viewport()->timeLine;
     guide.snap.setGridLines(canvas_.grid().times(), canvas_.grid().values());
+    const bool hasOwnScale = viewport()->ownScale.isOn();
     std::vector<Snap::Source> sources;
     for (const auto& curve : curves_.all()) {
         if (curve->isShown() && curve->isSpline())
-            sources.push_back({curve->getSpline(), viewport()->gesture.moving(curve->getSpline())});
+            sources.push_back({curve->getSpline(), viewport()->gesture.moving(curve->getSpline()),
+                               hasOwnScale ? heightsOf(*curve) : nullptr});
     }
     guide.snap.setPoints(sources);
     guide.isFilled = true;
@@ -280,7 +285,8 @@ void CanvasHands::dragSelection(const Gesture::Place& mouse, const MouseState& h
     std::vector<std::pair<std::shared_ptr<EditedCurve>, TimeInterval>> touched;
     for (Gesture::Drag& drag : gesture.drags()) {
         TimeInterval times = door.beginStep(*drag.curve);
-        times.unite(drag.points.step(*door.spline(*drag.curve), place, scaling, view));
+        const PlaneMapping plane = curves_.find(*drag.curve)->mapping();
+        times.unite(drag.points.step(*door.spline(*drag.curve), placeIn(plane, place, view), scaling, plane));
         touched.emplace_back(drag.curve, times);
         door.bound(*drag.curve, drag.points);
         Selection& selection = curves_.find(*drag.curve)->control().selection();
@@ -340,15 +346,6 @@ bool CanvasHands::isClick(const QMouseEvent& release) const
            release.position().toPoint() == gesture.press.pixel;
 }
 
-void CanvasHands::selectInBand()
-{
-    double timeLow = 0.0, timeHigh = 0.0, valueLow = 0.0, valueHigh = 0.0;
-    viewport()->takeBand(timeLow, timeHigh, valueLow, valueHigh);
-    for (CurveNodeBase* const curve : curves_.inReach())
-        curve->control().selectInBand(timeLow, timeHigh, valueLow, valueHigh,
-                                      viewport()->gesture.press.bandAdds);
-}
-
 void CanvasHands::key(const QKeyEvent& event, bool isFocused)
 {
     if (event.key() == Qt::Key_Escape)
@@ -363,36 +360,6 @@ void CanvasHands::key(const QKeyEvent& event, bool isFocused)
     const bool isArrow = event.key() == Qt::Key_Right || event.key() == Qt::Key_Left;
     if (isArrow && (isFocused || current->control().hasSelection()))
         stepSelection(event.key() == Qt::Key_Right);
-}
-
-void CanvasHands::stepSelection(bool forward)
-{
-    ControlSplineNode& control = curves_.current()->control();
-    const SplineBase* const spline = control.getSpline();
-    if (!spline || !curves_.current()->isShown())
-        return;
-    const SplineBase::PointInfo* point = nullptr;
-    if (control.hasSingleSelection()) {
-        const double time = control.getCurrent()->time;
-        point = forward ? spline->getNext(time) : spline->getPrev(time);
-    } else if (!control.hasSelection() && curves_.current()->isSpline()) {
-        point = forward ? spline->getFirst() : spline->getLast();
-    }
-    if (point)
-        control.selectOnly(point);
-}
-
-bool CanvasHands::pickCurve(const QPoint& pixel)
-{
-    for (const auto& curve : curves_.all()) {
-        if (curve.get() != curves_.current() && curve->isShown() &&
-            curve->passes(pixel, *viewport(), canvas_.theme().curveGrabDistance)) {
-            viewport()->gesture.press.picksCurve = true;
-            canvas_.setCurrentCurve(curve.get());
-            return true;
-        }
-    }
-    return false;
 }
 
 } // namespace curveeditor

@@ -101,9 +101,17 @@ void CanvasPicture::drawHint(QPainter& painter) const
     drawText(painter, text, int(viewport_->pixelHeight * heightShare), theme_.hint);
 }
 
+QString CanvasPicture::line() const
+{
+    const bool hasOwnScale = viewport_ && viewport_->ownScale.isOn();
+    QStringList texts{hasOwnScale ? tr("Own scale") : QString(), modeLine};
+    texts.removeAll(QString());
+    return texts.join(QStringLiteral("   "));
+}
+
 void CanvasPicture::drawModeLine(QPainter& painter) const
 {
-    QStringList texts{modeLine, slopeText()};
+    QStringList texts{line(), slopeText()};
     texts.removeAll(QString());
     if (!texts.isEmpty())
         drawText(painter, texts.join(QStringLiteral("   ")), widget_->fontMetrics().height() / 2 + 4,
@@ -177,9 +185,14 @@ void CanvasPicture::resize()
 
 CanvasGrid& CanvasPicture::grid()
 {
-    if (widget_ && viewport_ && viewport_->dirty)
+    if (widget_ && viewport_ && !isLaidOut())
         grid_->layout(viewport_);
     return *grid_;
+}
+
+bool CanvasPicture::isLaidOut() const
+{
+    return !viewport_->dirty && laidOut_ == viewport_->mapping();
 }
 
 void CanvasPicture::updateCurves()
@@ -188,13 +201,6 @@ void CanvasPicture::updateCurves()
     theme();
     if (!viewport_ || layer_.isNull())
         return;
-    if (viewport_->dirty) {
-        ++view_;
-        grid_->layout(viewport_);
-        if (image_)
-            image_->updateForView(viewport_, layer_.pixelRatio());
-    }
-    grid_->placeTimeLine(*viewport_);
     std::vector<CurveNodeBase*> expressions;
     for (const auto& curve : curves_.all()) {
         curve->update(viewport_);
@@ -202,6 +208,16 @@ void CanvasPicture::updateCurves()
             expressions.push_back(curve.get());
     }
     ExpressionSampler::sample(expressions, *viewport_, theme_);
+    if (curves_.current())
+        viewport_->followScale(curves_.current()->scale());
+    if (!isLaidOut()) {
+        ++view_;
+        grid_->layout(viewport_);
+        if (image_)
+            image_->updateForView(viewport_, layer_.pixelRatio());
+        laidOut_ = viewport_->mapping();
+    }
+    grid_->placeTimeLine(*viewport_);
     viewport_->dirty = false;
     if (showsSpeed && curves_.current() && viewport_->canShow())
         speed_.update(*curves_.current(), *viewport_, view_);

@@ -69,6 +69,8 @@ public:
     bool showsSpeed = false;            ///< the slope of the current curve
     std::optional<double> mouseTime;    ///< whose slope is told then
     QString modeLine;                   ///< what is said at the upper edge; empty for nothing
+    /// That, behind what is on.
+    QString line() const;
 
 private:
     /// What an image of the underlay was painted for.
@@ -84,6 +86,7 @@ private:
     using SharedPainter = std::shared_ptr<const CanvasPainter>; ///< null for none
     static SharedPainter shared(CanvasPainter painter);
     bool callHost(SharedPainter& painter, QPainter& on);
+    bool isLaidOut() const;
     void paintUnderlay();
     void drawFront(CurvePainter& curves) const;
     void drawSnapMark(QPainter& painter) const;
@@ -107,6 +110,7 @@ private:
     quint64 look_ = 0; ///< counts the changes of the theme
     quint64 view_ = 0; ///< counts those of the view
     std::unique_ptr<CanvasGrid> grid_;
+    PlaneMapping laidOut_; ///< what grid and image were laid out for last
     std::unique_ptr<BackgroundImage> image_;
     SharedPainter underlay_;
     quint64 content_ = 0; ///< counts the changes of what the underlay shows, and of the picture below it

@@ -169,13 +169,18 @@ double CanvasSpline::clamped(double value, double minValue, double maxValue)
     return maxValue < value ? maxValue : value;
 }
 
+PlaneMapping CanvasSpline::planeIn(const PlaneMapping& view) const
+{
+    return viewport->ownScale.planeOf(scale, view);
+}
+
 void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue, const TimeInterval& touched)
 {
     viewport = newViewport;
-    if (std::exchange(view_, viewport->mapping()) != view_ || nodePixels.size() != pointCount())
+    if (std::exchange(view_, planeIn(viewport->mapping())) != view_ || nodePixels.size() != pointCount())
         nodePixels.clear();
     curveLine = rawLine = postLine = startLine_ = endLine_ = outsideLine_ = {};
-    isShown_ = pointCount() > 0 && viewport->canShow();
+    isShown_ = pointCount() > 0 && view_.canShow();
     if (!isShown_)
         return nodePixels.clear();
     if (selected || showsPoints)
@@ -186,7 +191,7 @@ void CanvasSpline::rebuild(ViewPort* newViewport, float minValue, float maxValue
     const SplineBase& spline = *spline_;
     const DeviceLine empty = DeviceLine::in(theme_, viewport->pixelRatio);
     startLine_ = endLine_ = empty;
-    const PlaneMapping view = viewport->deviceMapping(empty.scale);
+    const PlaneMapping view = planeIn(viewport->deviceMapping(empty.scale));
     const auto bounded = [minValue, maxValue](double value) {
         return clamped(value, minValue, maxValue);
     };
@@ -235,7 +240,7 @@ void CanvasSpline::placePoints(const TimeInterval& times)
 void CanvasSpline::placeEnds()
 {
     const SplineBase& spline = *spline_;
-    const PlaneMapping view = viewport->deviceMapping(curveLine.scale);
+    const PlaneMapping view = planeIn(viewport->deviceMapping(curveLine.scale));
     const QPolygon& points = curveLine.points;
     const std::vector<int>& gaps = curveLine.gaps;
     const bool startIsMissing = !gaps.empty() && gaps.front() == 0;

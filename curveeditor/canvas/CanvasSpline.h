@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/edit/SplineEdits.h>
+#include <curveeditor/edit/ViewStep.h>
 
 #include <QColor>
 #include <QPolygon>
@@ -71,6 +72,7 @@ public:
 
     bool selected = false;    ///< This curve is the current one; written by the canvas.
     bool showsPoints = false; ///< Its points are drawn, and can be hit, though it is not; likewise.
+    AxisRange scale;          ///< Of the curve, where each has its own; likewise.
     QColor unselectedColor;
     QColor selectedColor;
     ViewPort* viewport = nullptr; ///< The view of the last `rebuild`.
@@ -80,6 +82,7 @@ public:
     DeviceLine rawLine;  ///< The samples of `curveLine`, not clamped.
 
 private:
+    PlaneMapping planeIn(const PlaneMapping& view) const;
     void placeEnds();
     void drawLines(CurvePainter& curves) const;
     using Indices = std::vector<std::int32_t>;

@@ -17,6 +17,7 @@
 #include <QActionGroup>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -148,6 +149,64 @@ double CurveNodeBase::framesPerTimeUnit() const
     return viewport ? viewport->fps : defaultFramesPerTimeUnit;
 }
 
+PlaneMapping CurveNodeBase::planeIn(const PlaneMapping& view) const
+{
+    const ViewPort* const viewport = canvas_->getViewport();
+    return viewport ? viewport->ownScale.planeOf(scale_, view) : view;
+}
+
+PlaneMapping CurveNodeBase::mapping() const
+{
+    const ViewPort* const viewport = canvas_->getViewport();
+    return viewport ? planeIn(viewport->mapping()) : PlaneMapping();
+}
+
+double CurveNodeBase::heightOf(double value) const
+{
+    return placeIn(canvas_->getViewport()->mapping(), {0.0, value}, mapping()).value;
+}
+
+double CurveNodeBase::valueAt(double height) const
+{
+    return placeIn(mapping(), {0.0, height}, canvas_->getViewport()->mapping()).value;
+}
+
+int CurveNodeBase::rowOf(double value, const ViewPort& viewport) const
+{
+    return mapping().pixelRow(viewport.withinLimits(value));
+}
+
+bool CurveNodeBase::updatesScale(const ViewPort& viewport) const
+{
+    return isScaleStale_ && viewport.ownScale.isOn() && !viewport.ownScale.isFrozen;
+}
+
+/// Of a formula the scale is that of its visible values.
+void CurveNodeBase::noteScale(const ViewPort& viewport)
+{
+    isScaleStale_ = isScaleStale_ || changed || !edited_.isEmpty() || (!isSpline() && viewport.dirty);
+    if (!updatesScale(viewport) || (!isSpline() && getExpression()))
+        return;
+    AxisRange values = AxisRange::nothing();
+    if (isSpline() && getSpline())
+        includeValues({getSpline()->getFirst()->time, getSpline()->getLast()->time}, values);
+    updateScale(values);
+}
+
+void CurveNodeBase::updateScale(const AxisRange& values)
+{
+    const ViewPort& viewport = *canvas_->getViewport();
+    if (!updatesScale(viewport))
+        return;
+    const CurveOptions& options = curve_->options;
+    const AxisRange bounds{std::max(double(minValue_), options.lowest),
+                           std::min(double(maxValue_), options.highest)};
+    const AxisRange scale = OwnScale::of(values, bounds);
+    isScaleStale_ = false;
+    changed = changed || scale != scale_;
+    scale_ = canvasSpline_->scale = scale;
+}
+
 bool CurveNodeBase::passes(const QPoint& pixel, const ViewPort& viewport, int distance) const
 {
     EvaluationTime evaluationTime;
@@ -155,7 +214,7 @@ bool CurveNodeBase::passes(const QPoint& pixel, const ViewPort& viewport, int di
         const double time = viewport.pixelToTime(column);
         evaluationTime.set(time, viewport.fps);
         const double value = getValue(time);
-        if (std::isfinite(value) && std::abs(viewport.valueToPixel(value) - pixel.y()) < distance)
+        if (std::isfinite(value) && std::abs(rowOf(value, viewport) - pixel.y()) < distance)
             return true;
     }
     return isSpline() && getSpline() && jumpsPast(pixel, viewport, distance);
@@ -171,7 +230,7 @@ bool CurveNodeBase::jumpsPast(const QPoint& pixel, const ViewPort& viewport, int
         [first = viewport.pixelToTime(pixel.x() - 1)](const auto* earlier) { return earlier->time < first; });
     for (; point != points.end() && (*point)->time <= last; ++point) {
         const auto [top, bottom] =
-            std::minmax(viewport.valueToPixel(point[-1]->pos), viewport.valueToPixel((*point)->pos));
+            std::minmax(rowOf(point[-1]->pos, viewport), rowOf((*point)->pos, viewport));
         if ((*point)->type == SplineBase::Hold && top - distance < pixel.y() && pixel.y() < bottom + distance)
             return true;
     }
@@ -201,6 +260,7 @@ void CurveNodeBase::includeValues(const AxisRange& range, AxisRange& values) con
 
 void CurveNodeBase::update(ViewPort* viewport)
 {
+    noteScale(*viewport);
     if (isSpline() && (canvasSpline_->selected || canvasSpline_->showsPoints))
         canvasSpline_->placePoints();
     if (drawnSelection_ != shownSelection())
@@ -244,7 +304,7 @@ bool CurveNodeBase::isStale(const ViewPort& viewport) const
 
 bool CurveNodeBase::needsSamples(const ViewPort& viewport) const
 {
-    return !isSpline() && getExpression() && isStale(viewport);
+    return !isSpline() && getExpression() && (isStale(viewport) || updatesScale(viewport));
 }
 
 void CurveNodeBase::setExpressionLine(DeviceLine line)

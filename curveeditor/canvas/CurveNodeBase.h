@@ -115,6 +115,18 @@ public:
     /// `value` within the clamp range.
     double clamped(double value) const;
 
+    /// The values that fill the canvas where each curve has a scale of its own.
+    const AxisRange& scale() const { return scale_; }
+    /// How the curve is seen in `view`, which is one of the viewport's.
+    PlaneMapping planeIn(const PlaneMapping& view) const;
+    /// In logical pixels.
+    PlaneMapping mapping() const;
+    /// The value of the current curve that is seen as high as this one, and the other way.
+    double heightOf(double value) const;
+    double valueAt(double height) const;
+    /// The curve has these values now, so its scale follows, unless scales are frozen.
+    void updateScale(const AxisRange& values);
+
     /// Rebuilds the picture of a spline if the curve is changed or the view dirty; where there is neither a spline nor a
     /// formula to show, it becomes an empty one.
     void update(ViewPort* viewport);
@@ -150,8 +162,11 @@ Q_SIGNALS:
     void curveHasChanged(QString& nodeName, QString& curveName);
 
 private:
+    int rowOf(double value, const ViewPort& viewport) const;
     bool jumpsPast(const QPoint& pixel, const ViewPort& viewport, int distance) const;
     bool isStale(const ViewPort& viewport) const;
+    void noteScale(const ViewPort& viewport);
+    bool updatesScale(const ViewPort& viewport) const;
     void renewPictureNumber();
     std::optional<Selection> shownSelection() const;
     double framesPerTimeUnit() const;
@@ -166,6 +181,8 @@ private:
     float defaultValue_;
     float minValue_;
     float maxValue_;
+    AxisRange scale_{0.0, 1.0};
+    bool isScaleStale_ = true;
     bool isSolo_ = false; ///< these two marks go with the curve when it leaves the canvas
     bool isHidden_ = false;
     quint64 pictureNumber_ = 0;

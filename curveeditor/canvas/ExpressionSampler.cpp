@@ -92,41 +92,61 @@ int intervalsOf(const FunctionFloatBase& expression)
     return std::max(fewestSamples, int(std::bit_floor(most + 1)) - 1);
 }
 
-/// A line that grows sample by sample.
-class GrowingLine
+/// The samples of a curve, of which a line is made when all are there.
+class SampledCurve
 {
 public:
-    GrowingLine(CurveNodeBase* curve, const DeviceLine& empty) : curve_(curve), line_(empty) {}
+    SampledCurve(CurveNodeBase* curve, const DeviceLine& empty) : curve_(curve), line_(empty) {}
 
-    void add(const double* times, double framesPerTimeUnit, std::size_t count, const int* columns,
-             const PlaneMapping& view)
+    void reserve(std::size_t count) { values_.reserve(count); }
+    void add(const double* times, double framesPerTimeUnit, std::size_t count)
     {
-        double values[BlockReading::longest];
-        curve_->getExpression()->evaluateBlock(times, framesPerTimeUnit, values, count);
-        for (std::size_t i = 0; i < count; ++i) {
-            const bool isFinite = std::isfinite(values[i]);
-            if (isFinite) {
-                if (!isJoined_)
-                    line_.gaps.push_back(int(line_.points.size()));
-                line_.points.append(QPoint(columns[i], line_.rowOf(curve_->clamped(values[i]), view)));
-            }
-            isJoined_ = isFinite;
-        }
+        const std::size_t done = values_.size();
+        values_.resize(done + count);
+        curve_->getExpression()->evaluateBlock(times, framesPerTimeUnit, &values_[done], count);
     }
-    void reserve(std::size_t count) { line_.points.reserve(qsizetype(count)); }
-    void finish() { curve_->setExpressionLine(std::move(line_)); }
+    void finish(const std::vector<int>& columns, const PlaneMapping& view)
+    {
+        AxisRange range = AxisRange::nothing();
+        for (double& value : values_) {
+            if (!std::isfinite(value))
+                continue;
+            value = curve_->clamped(value);
+            range.include(value);
+        }
+        curve_->updateScale(range);
+        makeLine(columns, curve_->planeIn(view));
+        curve_->setExpressionLine(std::move(line_));
+    }
 
 private:
+    void makeLine(const std::vector<int>& columns, const PlaneMapping& plane)
+    {
+        line_.points.reserve(qsizetype(values_.size()));
+        bool isJoined = true;
+        for (std::size_t i = 0; i < values_.size(); ++i) {
+            const bool isFinite = std::isfinite(values_[i]);
+            if (isFinite) {
+                if (!isJoined)
+                    line_.gaps.push_back(int(line_.points.size()));
+                line_.points.append(QPoint(columns[i], line_.rowOf(values_[i], plane)));
+            }
+            isJoined = isFinite;
+        }
+    }
+
     CurveNodeBase* curve_;
     DeviceLine line_;
-    bool isJoined_ = true;
+    std::vector<double> values_;
 };
 
-void addSamples(std::vector<GrowingLine>& lines, int intervals, const PlaneMapping& view,
-                double framesPerTimeUnit)
+/// Leaves curves without samples where nothing can be shown.
+void sampleTogether(std::vector<SampledCurve>& curves, int intervals, const PlaneMapping& view,
+                    double framesPerTimeUnit)
 {
     // Wide gaps reach the end.
-    const auto count = std::size_t(intervals < formulaSamplesPerView ? intervals + 1 : intervals);
+    const auto most = std::size_t(intervals < formulaSamplesPerView ? intervals + 1 : intervals);
+    const std::size_t count = view.canShow() ? most : 0;
     const double step = view.timeSpan() / intervals;
     const double xScale = view.pixelWidth * (1.0 / intervals);
     std::vector<double> times(count);
@@ -135,14 +155,16 @@ void addSamples(std::vector<GrowingLine>& lines, int intervals, const PlaneMappi
         times[i] = double(i) * step + view.timeMin;
         columns[i] = truncateToInt(double(i) * xScale);
     }
-    for (GrowingLine& line : lines)
-        line.reserve(count);
+    for (SampledCurve& curve : curves)
+        curve.reserve(count);
     for (std::size_t done = 0; done < count; done += BlockReading::longest) {
         const std::size_t length = std::min(count - done, BlockReading::longest);
         const BlockReading reading(&times[done], framesPerTimeUnit, length);
-        for (GrowingLine& line : lines)
-            line.add(&times[done], framesPerTimeUnit, length, &columns[done], view);
+        for (SampledCurve& curve : curves)
+            curve.add(&times[done], framesPerTimeUnit, length);
     }
+    for (SampledCurve& curve : curves)
+        curve.finish(columns, view);
 }
 
 } // namespace
@@ -156,16 +178,12 @@ void ExpressionSampler::sample(const std::vector<CurveNodeBase*>& curves, const 
     for (const CurveNodeBase* const curve : curves)
         expressions.push_back(curve->getExpression());
     const bool isFullView = countNodesOfReading(expressions) <= mostNodesOfFullView;
-    std::map<int, std::vector<GrowingLine>> lines; // by the number of intervals
+    std::map<int, std::vector<SampledCurve>> groups; // by the number of intervals
     for (CurveNodeBase* const curve : curves)
-        lines[isFullView ? formulaSamplesPerView : intervalsOf(*curve->getExpression())].emplace_back(curve,
-                                                                                                      empty);
-    for (auto& [intervals, group] : lines) {
-        if (view.canShow())
-            addSamples(group, intervals, view, viewport.fps);
-        for (GrowingLine& line : group)
-            line.finish();
-    }
+        groups[isFullView ? formulaSamplesPerView : intervalsOf(*curve->getExpression())].emplace_back(curve,
+                                                                                                       empty);
+    for (auto& [intervals, group] : groups)
+        sampleTogether(group, intervals, view, viewport.fps);
 }
 
 } // namespace curveeditor

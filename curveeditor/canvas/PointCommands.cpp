@@ -80,7 +80,8 @@ void PointCommands::nudge(double frames, double tenthsOfGridStep)
         return;
     canvas_.editSelection(tr("Nudge a point of %1"), tr("Nudge %1 points of %2"),
                           [&](SplineBase& spline, const std::vector<PointSerial>& points) {
-                              SplineEdits::panPoints(spline, points, time, value);
+                              SplineEdits::panPoints(spline, points, time,
+                                                     value * canvas_.shareOfScale(spline));
                           });
 }
 

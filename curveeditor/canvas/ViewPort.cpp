@@ -65,6 +65,13 @@ PlaneMapping ViewPort::deviceMapping(int scale) const
             qRound(pixelHeight * pixelRatio) * scale};
 }
 
+void ViewPort::followScale(const AxisRange& scale)
+{
+    const PlaneMapping view = ownScale.followed(scale, mapping());
+    valueMin = view.valueMin;
+    valueMax = view.valueMax;
+}
+
 void ViewPort::showView(const PlaneMapping& view)
 {
     const bool isSame = timeMin == view.timeMin && timeMax == view.timeMax && valueMin == view.valueMin &&

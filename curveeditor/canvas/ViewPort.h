@@ -2,6 +2,7 @@
 #pragma once
 
 #include <curveeditor/edit/Gesture.h>
+#include <curveeditor/edit/OwnScale.h>
 #include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/edit/ViewStep.h>
 #include <curveeditor/files/AxisText.h>
@@ -54,7 +55,10 @@ public:
     double limitValueMax = 100000000.0;
     bool bandValid = false;  ///< the last band test accepted the band
     bool bandActive = false; ///< a band is open; it shows while this or `bandValid` holds
-    bool dirty = true;       ///< the grid's layout and the curves' polylines are out of date
+    /// Whether each curve has a scale of its own. The visible values are those of the current curve then, and follow it;
+    /// the other curves are seen at the same heights of their scales.
+    OwnScale ownScale;
+    bool dirty = true;  ///< the grid's layout and the curves' polylines are out of date
     Gesture gesture;    ///< what the mouse does between press and release; the canvas begins those at points
     int lastMouseX = 0; ///< of the previous mouse event of a drag
     int lastMouseY = 0;
@@ -73,6 +77,9 @@ public:
     PlaneMapping mapping() const;
     /// The same in device pixels, or in parts of them, `scale` to a pixel.
     PlaneMapping deviceMapping(int scale = 1) const;
+    /// The curve of that scale is the current one. The visible values follow, at the same heights: no curve is seen
+    /// otherwise, so the view is not made dirty.
+    void followScale(const AxisRange& scale);
     /// Takes the visible range of `view`, and makes the view dirty if it is another one.
     void showView(const PlaneMapping& view);
     ViewStep::Limits limits() const;

@@ -2,6 +2,7 @@
 #include <curveeditor/edit/Gesture.h>
 
 #include <curveeditor/edit/EditedCurve.h>
+#include <curveeditor/edit/OwnScale.h>
 
 #include <algorithm>
 #include <cmath>
@@ -66,10 +67,11 @@ Gesture::Place Gesture::grabbed(const Place& anchor, const PlaneMapping& view) c
     double least = std::numeric_limits<double>::infinity();
     for (const Drag& drag : drags_) {
         for (const Place& start : drag.points.starts()) {
-            const double distance = std::abs(view.column(start.time) - view.column(anchor.time)) +
-                                    std::abs(view.row(start.value) - view.row(anchor.value));
+            const Place seen = placeIn(view, start, drag.points.view());
+            const double distance = std::abs(view.column(seen.time) - view.column(anchor.time)) +
+                                    std::abs(view.row(seen.value) - view.row(anchor.value));
             if (distance < least)
-                nearest = start;
+                nearest = seen;
             least = std::min(least, distance);
         }
     }

@@ -73,6 +73,8 @@ public:
 
     Kind kind() const { return kind_; }
     bool isAtPoints() const { return kind_ == Kind::Points || kind_ == Kind::Tangent; }
+    /// Anything is going on, from the press to the release.
+    bool isBusy() const { return kind_ != Kind::Idle || viewDrag.button != Qt::NoButton; }
     bool isAtView() const { return kind_ == Kind::Band || kind_ == Kind::Pan || kind_ == Kind::Zoom; }
 
     /// Begins a drag of points within the edit of that number.
@@ -95,7 +97,7 @@ public:
     std::vector<Drag>& drags() { return drags_; }
     /// The points of that spline that are dragged.
     std::vector<PointSerial> moving(const SplineBase* spline) const;
-    /// Where the dragged point that is nearest to `anchor`, the place of the press, was then.
+    /// Where the dragged point that is seen nearest to `anchor`, the place of the press in `view`, was seen then.
     Place grabbed(const Place& anchor, const PlaneMapping& view) const;
 
 private:

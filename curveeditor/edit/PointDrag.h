@@ -35,6 +35,9 @@ public:
     bool isAtTangent() const { return part_ != SplineEdits::Part::Point; }
     bool keepsDistance() const { return keepsDistance_; }
 
+    /// The plane in which the mouse was seen last.
+    const PlaneMapping& view() const { return view_; }
+
     /// The points that the drag moves.
     std::vector<PointSerial> points() const;
     /// Where they are in `spline`, of which they are; those that are gone are left out.

@@ -73,7 +73,7 @@ void Snap::setPoints(const std::vector<Source>& sources)
 {
     std::vector<double> times;
     std::vector<double> values;
-    for (const auto& [spline, moving] : sources) {
+    for (const auto& [spline, moving, seenAt] : sources) {
         if (!spline)
             continue;
         const std::unordered_set<PointSerial> excluded(moving.begin(), moving.end());
@@ -81,7 +81,7 @@ void Snap::setPoints(const std::vector<Source>& sources)
             if (excluded.count(point->serial) > 0)
                 continue;
             times.push_back(point->time);
-            values.push_back(point->pos);
+            values.push_back(seenAt ? seenAt(point->pos) : point->pos);
         }
     }
     pointTimes_ = finite(std::move(times));

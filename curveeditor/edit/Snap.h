@@ -5,6 +5,7 @@
 #include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/edit/Selection.h>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -42,6 +43,8 @@ public:
     {
         const SplineBase* spline;
         std::vector<PointSerial> moving = {};
+        /// Where a value of it is seen in the plane of the places that snap; null if it is one of that plane.
+        std::function<double(double)> seenAt = nullptr;
     };
     /// The points of the splines, but those that move.
     void setPoints(const std::vector<Source>& sources);

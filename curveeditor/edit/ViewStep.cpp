@@ -14,10 +14,7 @@ constexpr double shortestShareOfPosition = 0.0002;
 constexpr double timeMargin = 0.05; // shares of the span
 constexpr double valueMargin = 0.1;
 
-double shortestSpanAt(double position)
-{
-    return std::max(shortestSide, std::abs(position) * shortestShareOfPosition);
-}
+using ViewStep::shortestSpanAt;
 
 AxisRange united(const AxisRange& left, const AxisRange& right)
 {
@@ -98,6 +95,11 @@ AxisRange withMargin(const AxisRange& range, double usualSpan, double share)
 }
 
 } // namespace
+
+double ViewStep::shortestSpanAt(double position)
+{
+    return std::max(shortestSide, std::abs(position) * shortestShareOfPosition);
+}
 
 AxisRange AxisRange::nothing()
 {

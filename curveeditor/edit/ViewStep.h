@@ -17,6 +17,8 @@ struct AxisRange
     static AxisRange nothing();
     bool isNothing() const { return low > high; }
 
+    bool operator==(const AxisRange& other) const = default;
+
     double span() const { return high - low; }
     /// Makes it large enough to hold `number`; not-a-number changes nothing.
     void include(double number);
@@ -27,6 +29,9 @@ struct AxisRange
 /// side gets shorter than 1e-9, nor than 0.0002 of its distance from zero. A view that can't be shown, and steps
 /// that are not finite, leave all as it is.
 namespace ViewStep {
+
+/// The shortest span of a view about that place.
+double shortestSpanAt(double position);
 
 /// What the limits of a view are.
 struct Limits

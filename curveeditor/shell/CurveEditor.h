@@ -225,6 +225,9 @@ public:
     bool exportSensorData(QTextStream& out) const;
 
     // The view
+    //
+    // The user may give each curve a scale of its own. All values here are those of the current curve then, as are those
+    // of the mapping that painters get, and the view changes with that curve and its scale.
 
     /// The part of the plane that is seen: the first time and the lowest value are `x` and `y`, its spans are
     /// `width` and `height`, in time and value units.

@@ -114,6 +114,7 @@ QByteArray CurveEditor::saveState() const
     state.editsAllCurves = d_->functionEdit->canvas.editsAllCurves();
     state.alignsHandles = d_->functionEdit->canvas.hands().alignsHandles;
     state.showsFrames = isModeFrames();
+    state.hasOwnScale = d_->functionEdit->canvas.hasOwnScale();
     state.times = {shown.timeMin, shown.timeMax};
     state.values = {shown.valueMin, shown.valueMax};
     return state.bytes();
@@ -139,6 +140,7 @@ bool CurveEditor::restoreState(const QByteArray& bytes)
     d_->actionOf(axis)->setChecked(true);
     if (canvas.editsAllCurves() != state->editsAllCurves)
         canvas.setEditsAllCurves(state->editsAllCurves);
+    canvas.setOwnScale(state->hasOwnScale);
     d_->showRange(state->times, state->values);
     d_->functionEdit->showSelection(false);
     return true;

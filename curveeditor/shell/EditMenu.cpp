@@ -267,6 +267,9 @@ void EditMenu::addView()
         [this] { canvas_.canvas.showAllCurves(); });
     add("showSelectionAction", QT_TR_NOOP("Show selected points or the curve"), QStringLiteral("F"), hasCurve,
         [this] { canvas_.canvas.showSelection(); });
+    addToggle(
+        "ownScaleAction", QT_TR_NOOP("Own scale for each curve"), QStringLiteral("Shift+F"),
+        [this] { return canvas_.canvas.hasOwnScale(); }, [this](bool on) { canvas_.canvas.setOwnScale(on); });
     add("zoomInAction", QT_TR_NOOP("Zoom in"), QStringLiteral("+"), hasCurve,
         [this] { canvas_.viewGestures.zoomByNotches(1); });
     add("zoomOutAction", QT_TR_NOOP("Zoom out"), QStringLiteral("-"), hasCurve,

@@ -20,6 +20,7 @@ struct EditorState
     bool editsAllCurves = false;
     bool alignsHandles = false;
     bool showsFrames = true;
+    bool hasOwnScale = false;
     AxisRange times = {};
     AxisRange values = {};
 

@@ -193,6 +193,10 @@
         <source>Slope %1</source>
         <translation>Steigung %1</translation>
     </message>
+    <message>
+        <source>Own scale</source>
+        <translation>Eigener Maßstab</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1639,6 +1643,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>CSS…</source>
         <translation>CSS…</translation>
+    </message>
+    <message>
+        <source>Own scale for each curve</source>
+        <translation>Eigener Maßstab für jede Kurve</translation>
     </message>
 </context>
 <context>

@@ -193,6 +193,10 @@
         <source>Slope %1</source>
         <translation>Pendiente %1</translation>
     </message>
+    <message>
+        <source>Own scale</source>
+        <translation>Escala propia</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1639,6 +1643,10 @@ Do you want to replace it?</source>
     <message>
         <source>CSS…</source>
         <translation>CSS…</translation>
+    </message>
+    <message>
+        <source>Own scale for each curve</source>
+        <translation>Escala propia para cada curva</translation>
     </message>
 </context>
 <context>

@@ -193,6 +193,10 @@
         <source>Slope %1</source>
         <translation>Pente %1</translation>
     </message>
+    <message>
+        <source>Own scale</source>
+        <translation>Échelle propre</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1639,6 +1643,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>CSS…</source>
         <translation>CSS…</translation>
+    </message>
+    <message>
+        <source>Own scale for each curve</source>
+        <translation>Échelle propre à chaque courbe</translation>
     </message>
 </context>
 <context>

@@ -193,6 +193,10 @@
         <source>Slope %1</source>
         <translation>傾き %1</translation>
     </message>
+    <message>
+        <source>Own scale</source>
+        <translation>カーブごとの目盛り</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -1639,6 +1643,10 @@ Do you want to replace it?</source>
     <message>
         <source>CSS…</source>
         <translation>CSS…</translation>
+    </message>
+    <message>
+        <source>Own scale for each curve</source>
+        <translation>カーブごとの目盛り</translation>
     </message>
 </context>
 <context>
