@@ -61,7 +61,6 @@ bool FreehandDrag::takePress(const QMouseEvent& event)
     const bool begins = event.button() == Qt::LeftButton && view_.gesture.keys.draw && view_.canShow();
     if (!begins)
         return false;
-    canvas_.tell({});
     canvas_.settle();
     widget_->setFocus();
     CurveNodeBase* const curve = canvas_.getCurrentCurve();
@@ -79,13 +78,15 @@ bool FreehandDrag::canDraw(const CurveNodeBase* curve)
 {
     if (!curve || !curve->isShown())
         return false;
+    QString reason;
     if (!curve->isSpline() || !curve->getSpline())
-        canvas_.tell(tr("A formula can't be drawn."));
+        reason = tr("A formula can't be drawn.");
     else if (curve->curve()->isLocked())
-        canvas_.tell(tr("%1 is locked.").arg(curve->getName()));
+        reason = tr("%1 is locked.").arg(curve->getName());
     else if (!PointLimits::fitType(curve->curve()->options))
-        canvas_.tell(tr("This makes Bezier or Linear points, which the curve may not have."));
-    return canvas_.toldText().isEmpty();
+        reason = tr("This makes Bezier or Linear points, which the curve may not have.");
+    canvas_.tell(reason);
+    return reason.isEmpty();
 }
 
 /// Beyond the edges the stroke follows them.

@@ -177,6 +177,35 @@ bool drawTypes(const QDir& folder)
     return save(scene.canvasAlone(), folder.filePath("types.png"));
 }
 
+bool drawEases(const QDir& folder)
+{
+    GuideScene scene({"Camera.pan"});
+    scene.editor().resize(640, 520);
+    scene.key(Qt::Key_A, Qt::ControlModifier);
+    scene.key(Qt::Key_E);
+    const QPixmap smooth = scene.canvasAlone();
+    scene.key(Qt::Key_Z, Qt::ControlModifier);
+    scene.choose("Back out");
+    return save(besideEachOther(smooth, scene.canvasAlone()), folder.filePath("eases.png"));
+}
+
+bool drawTransformBox(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    scene.key(Qt::Key_A, Qt::ControlModifier);
+    scene.key(Qt::Key_T, Qt::ControlModifier);
+    const QPixmap whole = scene.canvasAlone();
+    scene.drag(10.0, 0.4, 5.0, 0.4);
+    return save(besideEachOther(whole, scene.canvasAlone()), folder.filePath("transform.png"));
+}
+
+bool drawOwnScale(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    scene.key(Qt::Key_F, Qt::ShiftModifier);
+    return save(scene.canvasAlone(), folder.filePath("own-scale.png"));
+}
+
 bool drawSlope(const QDir& folder)
 {
     GuideScene scene({"Camera.tilt", "Camera.pan"});
@@ -218,8 +247,9 @@ bool drawPictures(const QDir& folder)
 {
     return drawEditor(folder) && drawDarkEditor(folder) && drawView(folder) && drawSelecting(folder) &&
            drawSpan(folder) && drawMoving(folder) && drawClipboard(folder) && drawTangents(folder) &&
-           drawStroke(folder) && drawTypes(folder) && drawSlope(folder) && drawTable(folder) &&
-           drawFitting(folder) && drawDockedHost(folder);
+           drawStroke(folder) && drawTypes(folder) && drawSlope(folder) && drawEases(folder) &&
+           drawTransformBox(folder) && drawOwnScale(folder) && drawTable(folder) && drawFitting(folder) &&
+           drawDockedHost(folder);
 }
 
 bool drawPages(const QDir& folder, const QString& suffix)

@@ -178,6 +178,11 @@ private Q_SLOTS:
             draw(s, 6.0, 0.0), s.release(6.0, 0.0);
             QCOMPARE(s.x[2]->type, std::int32_t(SplineBase::Linear));
         });
+        row("own scale", {0.0, 2.0, 4.0, 6.0, 8.0}, "Own scale", [](Scene& s) {
+            s.key(Qt::Key_F, shift).shown();
+            s.press(2.0, 0.9).move(4.0, 0.9).move(6.0, -0.5).release(6.0, -0.5);
+            QVERIFY(qAbs(s.x(4.0) - 0.9) < 0.02);
+        });
         row("dot", before, {}, [](Scene& s) { s.press(2.0, 3.0).release(2.0, 3.0); });
         row("Escape", before, {}, [=](Scene& s) {
             s.key(Qt::Key_Right).key(Qt::Key_Right), draw(s, 6.0, 0.0);
