@@ -115,6 +115,7 @@ QByteArray CurveEditor::saveState() const
     state.alignsHandles = d_->functionEdit->canvas.hands().alignsHandles;
     state.showsFrames = isModeFrames();
     state.hasOwnScale = d_->functionEdit->canvas.hasOwnScale();
+    state.showsSpeed = d_->functionEdit->canvas.showsSpeed();
     state.times = {shown.timeMin, shown.timeMax};
     state.values = {shown.valueMin, shown.valueMax};
     return state.bytes();
@@ -141,6 +142,7 @@ bool CurveEditor::restoreState(const QByteArray& bytes)
     if (canvas.editsAllCurves() != state->editsAllCurves)
         canvas.setEditsAllCurves(state->editsAllCurves);
     canvas.setOwnScale(state->hasOwnScale);
+    canvas.setShowsSpeed(state->showsSpeed);
     d_->showRange(state->times, state->values);
     d_->functionEdit->showSelection(false);
     return true;

@@ -43,7 +43,7 @@ QByteArray EditorState::bytes() const
     QDataStream inner(&content, QIODevice::WriteOnly);
     inner.setVersion(format);
     inner << columns << rows << qint32(page) << snaps << quint32(snapKinds) << editsAllCurves << showsFrames
-          << times << values << alignsHandles << hasOwnScale;
+          << times << values << alignsHandles << hasOwnScale << showsSpeed;
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setVersion(format);
@@ -72,7 +72,7 @@ std::optional<EditorState> EditorState::read(const QByteArray& bytes)
     inner >> state.columns >> state.rows >> page >> state.snaps >> kinds >> state.editsAllCurves >>
         state.showsFrames >> state.times >> state.values;
     if (foundVersion >= 2)
-        inner >> state.alignsHandles >> state.hasOwnScale;
+        inner >> state.alignsHandles >> state.hasOwnScale >> state.showsSpeed;
     state.page = page;
     state.snapKinds = kinds;
     const bool isSound = isRead(inner) && canBeShown(state.times) && canBeShown(state.values);

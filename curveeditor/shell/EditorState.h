@@ -21,6 +21,7 @@ struct EditorState
     bool alignsHandles = false;
     bool showsFrames = true;
     bool hasOwnScale = false;
+    bool showsSpeed = false;
     AxisRange times = {};
     AxisRange values = {};
 

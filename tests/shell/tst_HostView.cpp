@@ -109,6 +109,7 @@ private Q_SLOTS:
         Scene s;
         s.key(Qt::Key_S).key(Qt::Key_A, shift);
         s.canvas.canvas.hands().alignsHandles = true;
+        s.canvas.canvas.setShowsSpeed(true);
         s.editor.setShowTime();
         s.editor.tabWidget2->setCurrentIndex(2);
         s.editor.splitter11->setSizes({300, 600});
@@ -133,7 +134,7 @@ private Q_SLOTS:
         QVERIFY(other.editor.isModeTime() && entryOf(*other.menu("Options"), "Show time")->isChecked());
         other.key(Qt::Key_S).key(Qt::Key_A, shift); // they know that they are on
         QVERIFY(!other.canvas.canvas.hands().guide.isSnapping && !other.canvas.canvas.editsAllCurves());
-        QVERIFY(other.canvas.canvas.hands().alignsHandles);
+        QVERIFY(other.canvas.canvas.hands().alignsHandles && other.canvas.canvas.showsSpeed());
     }
 
     void hostSelectsPoints_data()
