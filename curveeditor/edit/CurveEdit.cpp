@@ -237,20 +237,10 @@ std::vector<EditHistory::Part> CurveEdit::changes() const
 /// Into the memory that an edit before has left.
 void CurveEdit::Before::note()
 {
-    points.clear();
     if (own.empty() || !curve->spline())
-        return curve->copyTo(state);
-    const auto& present = curve->spline()->getControlPoints();
-    pointCount = present.size();
-    for (const std::int32_t index : indicesOf(own, *curve->spline())) {
-        if (index >= 0)
-            points.push_back({std::size_t(index), *present[std::size_t(index)]});
-    }
-    const auto isBefore = [](const PlacedPoint& left, const PlacedPoint& right) {
-        return left.index < right.index;
-    };
-    if (!std::is_sorted(points.begin(), points.end(), isBefore))
-        std::sort(points.begin(), points.end(), isBefore);
+        curve->copyTo(state);
+    else
+        points.note(*curve->spline(), own);
 }
 
 /// What the edit has done; what the host has changed beside its own points meanwhile is not in it.
@@ -258,7 +248,7 @@ CurveDiff CurveEdit::Before::difference() const
 {
     const SplineBase& spline = *curve->spline();
     return own.empty() ? CurveDiff::between(state, spline, curve->kind(), curve->formula())
-                       : CurveDiff::between(ownPointsBack(), spline, curve->kind());
+                       : CurveDiff::between(points.backIn(spline), spline, curve->kind());
 }
 
 /// Nothing is in it but the difference where that is empty.
@@ -282,44 +272,6 @@ void CurveEdit::Before::takeBack() const
     }
     curve->mend(); // the host may have written others
     curve->step(difference().inverse(), true);
-}
-
-/// The points of the spline, with those that are the edit's own as they were; what the host took away stays away.
-CurveEdit::Before::Pointers CurveEdit::Before::ownPointsBack() const
-{
-    std::vector<PointSerial> serials;
-    for (const PlacedPoint& point : points)
-        serials.push_back(point.info.serial);
-    const std::vector<std::int32_t> indices = indicesOf(serials, *curve->spline());
-    const auto& present = curve->spline()->getControlPoints();
-    Pointers others(present.begin(), present.end());
-    for (const std::int32_t index : indices) {
-        if (index >= 0)
-            others[std::size_t(index)] = nullptr;
-    }
-    std::erase(others, nullptr);
-    if (present.size() == pointCount && others.size() + points.size() == pointCount) {
-        Pointers all = replaced(others, {}, points, [](const PlacedPoint& point) { return &point.info; });
-        if (areInOrder(all))
-            return all;
-    }
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        if (indices[i] >= 0)
-            others.push_back(&points[i].info);
-    }
-    std::stable_sort(others.begin(), others.end(),
-                     [](const auto* left, const auto* right) { return isEarlierPoint(*left, *right); });
-    return others;
-}
-
-/// Whether the own points stand among `all` in the order of time. They do not where the host has moved others.
-bool CurveEdit::Before::areInOrder(const Pointers& all) const
-{
-    return std::all_of(points.begin(), points.end(), [&all](const PlacedPoint& point) {
-        const std::size_t next = point.index + 1;
-        return (point.index == 0 || all[point.index - 1]->time <= point.info.time) &&
-               (next == all.size() || point.info.time <= all[next]->time);
-    });
 }
 
 /// An entry that lies below another one can't grow any more: what follows it is an edit of its own. Gives what is in

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <curveeditor/edit/EditHistory.h>
-#include <curveeditor/model/PlacedPoint.h>
+#include <curveeditor/edit/OwnPoints.h>
 
 #include <QString>
 
@@ -111,17 +111,13 @@ private:
     {
         std::shared_ptr<EditedCurve> curve;
         std::vector<PointSerial> own;
-        CurveState state = {};                ///< unless points are its own
-        std::vector<PlacedPoint> points = {}; ///< those, by index
-        std::size_t pointCount = 0;           ///< of the spline
+        CurveState state = {}; ///< unless points are its own
+        OwnPoints points = {}; ///< those
 
         void note();
         CurveDiff difference() const;
         EditHistory::Part change() const;
         void takeBack() const;
-        using Pointers = std::vector<const SplineBase::PointInfo*>;
-        Pointers ownPointsBack() const;
-        bool areInOrder(const Pointers& all) const;
     };
 
     using Join = std::pair<EditCommand*, std::vector<EditHistory::Part>>;
