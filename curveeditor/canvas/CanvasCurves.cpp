@@ -242,11 +242,11 @@ void CanvasCurves::markEdited(const EditReport& report, bool isDragStep)
     }
 }
 
-void CanvasCurves::noteReaders(const std::vector<Gesture::Drag>& drags)
+void CanvasCurves::noteReaders(const CurveEdit::Curves& dragged)
 {
     readers_.clear();
-    for (const Gesture::Drag& drag : drags)
-        readers_.insert(drag.curve->name, readersOf(*drag.curve));
+    for (const auto& curve : dragged)
+        readers_.insert(curve->name, readersOf(*curve));
 }
 
 /// The lower variable names of those that read the curve, or one that shows the same; it need not be on the canvas.

@@ -88,7 +88,7 @@ public:
     /// of those that read one of them. The steps of a drag take the readers that `noteReaders` has found.
     void markEdited(const EditReport& report, bool isDragStep);
     /// Looks once for the readers of what is dragged from now on.
-    void noteReaders(const std::vector<Gesture::Drag>& drags);
+    void noteReaders(const CurveEdit::Curves& dragged);
 
     /// `first`, unless that is null, and then the others of which the content is in `changed`.
     Guarded withFirst(CurveNodeBase* first, const CurveEdit::Curves& changed) const;

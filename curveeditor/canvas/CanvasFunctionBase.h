@@ -53,6 +53,7 @@ public:
     /// The door through which the curves are edited.
     CurveEdit& door() { return door_; }
     const CanvasCurves& curves() const { return curves_; }
+    CanvasCurves& curves() { return curves_; }
     CanvasHands& hands() { return hands_; }
     CanvasGrid& grid() { return picture_.grid(); }
     /// Stores the viewport; without one nothing is painted, and mouse events do nothing.

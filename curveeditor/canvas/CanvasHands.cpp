@@ -249,7 +249,7 @@ void CanvasHands::beginDrag(bool withCtrl)
     const CurveEdit::Id edit = canvas_.door().begin(text, std::move(targets));
     std::erase_if(drags, [this](const Gesture::Drag& drag) { return !canvas_.door().isOpen(*drag.curve); });
     gesture.beginAtPoints(edit, std::move(drags));
-    curves_.noteReaders(gesture.drags());
+    curves_.noteReaders(gesture.curves());
     guide.begin(gesture.grabbed(gesture.place, view), gesture.place, !keepsDistance, withCtrl);
 }
 

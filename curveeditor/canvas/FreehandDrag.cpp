@@ -68,7 +68,7 @@ bool FreehandDrag::takePress(const QMouseEvent& event)
         return true;
     curve_ = curve;
     stroke_.emplace(placeAt(event));
-    trial_.emplace(canvas_.door(), curve->curve(), tr("Draw %1").arg(curve->getName()));
+    trial_.emplace(canvas_.door(), CurveEdit::Curves{curve->curve()}, tr("Draw %1").arg(curve->getName()));
     view_.gesture.beginStroke();
     return true;
 }
@@ -117,7 +117,7 @@ void FreehandDrag::draw(const Stroke::Place& place)
         return end();
     const QScopedValueRollback atWork(isAtWork_, true); // a host that hears of it may let events through
     const double tolerance = std::abs(view_.mapping().valueOfPixels(toleranceInPixels));
-    if (!trial_->show(SplineEdits::withSpan(before, stroke_->points(tolerance, *type))))
+    if (!trial_->show({SplineEdits::withSpan(before, stroke_->points(tolerance, *type))}))
         return end();
     canvas_.paint();
 }

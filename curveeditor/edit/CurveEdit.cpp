@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 namespace curveeditor {
@@ -64,20 +65,28 @@ CurveEdit::Id CurveEdit::begin(const QString& text, std::vector<Target> targets)
     return ++id_;
 }
 
-CurveEdit::Id CurveEdit::tryOut(const QString& text, const std::shared_ptr<EditedCurve>& curve)
+CurveEdit::Id CurveEdit::tryOut(const QString& text, const Curves& curves)
 {
-    begin(text, Curves{curve});
-    isTrial_ = isOpen(*curve);
-    tried_ = curve->fingerprint();
+    begin(text, curves);
+    isTrial_ = isOpen();
+    noteTrial();
     return id_;
 }
 
-void CurveEdit::keep(Id id)
+void CurveEdit::noteTrial()
+{
+    if (!isTrial_ || !isOpen())
+        return;
+    for (Before& before : before_)
+        before.tried = before.curve->fingerprint();
+}
+
+CurveEdit::Curves CurveEdit::keep(Id id)
 {
     if (!isOpen(id))
-        return;
+        return {};
     isTrial_ = false;
-    commit();
+    return commit();
 }
 
 /// Null if no edit of it is open.
@@ -137,8 +146,6 @@ void CurveEdit::holdAll()
 
 void CurveEdit::preview(const EditedCurve& curve, const TimeInterval& touched)
 {
-    if (isTrial_)
-        tried_ = curve.fingerprint();
     const Before* const before = find(curve);
     if (before && !touched.isEmpty())
         history_.tell(
@@ -201,20 +208,22 @@ void CurveEdit::cancel()
 {
     if (!isOpen())
         return;
-    if (std::exchange(isTrial_, false) && isTriedCurveForeign()) {
-        close();
-        return;
-    }
-    const std::vector<EditHistory::Part> left = continueAboveForeignEntry();
+    std::vector<EditHistory::Part> left = continueAboveForeignEntry();
     isOpen_ = false;
+    std::vector<Before> foreign = takeForeignTrials();
     const std::vector<EditHistory::Part> parts = changes();
     for (const Before& before : before_) {
         if (before.curve->spline())
             before.takeBack();
     }
     const QString text = text_;
-    if (entry_ && history_.isOnTop(entry_))
+    if (!foreign.empty()) {
+        before_ = std::move(foreign);
+        left = changes();
+        keepEntry(left);
+    } else if (entry_ && history_.isOnTop(entry_)) {
         keepEntry({});
+    }
     const QPointer<CurveEdit> guard(this);
     report(left, EditReport::Cause::Edit, text);
     if (guard)
@@ -309,10 +318,18 @@ void CurveEdit::report(const std::vector<EditHistory::Part>& parts, EditReport::
     }
 }
 
-bool CurveEdit::isTriedCurveForeign() const
+/// Of what is tried out, the curves that the host has changed. They are left out of the edit.
+std::vector<CurveEdit::Before> CurveEdit::takeForeignTrials()
 {
-    const EditedCurve& curve = *before_.front().curve;
-    return curve.spline() && curve.fingerprint() != tried_;
+    std::vector<Before> foreign;
+    if (!std::exchange(isTrial_, false))
+        return foreign;
+    const auto first = std::stable_partition(before_.begin(), before_.end(), [](const Before& before) {
+        return !before.curve->spline() || before.curve->fingerprint() == before.tried;
+    });
+    std::move(first, before_.end(), std::back_inserter(foreign));
+    before_.erase(first, before_.end());
+    return foreign;
 }
 
 void CurveEdit::interrupt()

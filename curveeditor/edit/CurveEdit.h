@@ -53,10 +53,12 @@ public:
     Id begin(const QString& text, const Curves& curves);
     Id begin(const QString& text, std::vector<Target> targets);
     /// Opens an edit that is only tried out: `keep` commits it, and whatever else ends it takes it back. Where the
-    /// host has changed the curve after the last `preview`, that stays, and all of it is an entry.
-    Id tryOut(const QString& text, const std::shared_ptr<EditedCurve>& curve);
-    /// Does nothing if that edit is not open any more.
-    void keep(Id id);
+    /// host has changed a curve after the last `noteTrial`, that stays, and all of it is an entry.
+    Id tryOut(const QString& text, const Curves& curves);
+    /// To be called when all that is tried out has been written, before anybody hears of it.
+    void noteTrial();
+    /// Gives the curves that have changed. Does nothing if that edit is not open any more.
+    Curves keep(Id id);
     bool isOpen() const { return isOpen_ && !isShut_; }
     /// Whether it is that edit which is open.
     bool isOpen(Id id) const { return isOpen() && id == id_; }
@@ -111,8 +113,9 @@ private:
     {
         std::shared_ptr<EditedCurve> curve;
         std::vector<PointSerial> own;
-        CurveState state = {}; ///< unless points are its own
-        OwnPoints points = {}; ///< those
+        CurveState state = {};   ///< unless points are its own
+        OwnPoints points = {};   ///< those
+        std::uint64_t tried = 0; ///< fingerprint of the curve as the edit left it, if it is only tried out
 
         void note();
         CurveDiff difference() const;
@@ -136,14 +139,13 @@ private:
     void report(const std::vector<EditHistory::Part>& parts, EditReport::Cause cause, const QString& text,
                 int merge = 0);
     void interrupt();
-    bool isTriedCurveForeign() const;
+    std::vector<Before> takeForeignTrials();
 
     EditHistory history_;
     Id id_ = 0;
     bool isOpen_ = false;
     bool isShut_ = false;
     bool isTrial_ = false;
-    std::uint64_t tried_ = 0; ///< fingerprint of the curve that is tried out, as the edit left it
     QString text_;
     std::vector<Before> before_;
     EditCommand* entry_ = nullptr;   ///< of the open edit; the stack's, which may have deleted it

@@ -1,21 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/CurveTrial.h>
 
-#include <utility>
+#include <algorithm>
 
 namespace curveeditor {
 
-CurveTrial::CurveTrial(CurveEdit& door, std::shared_ptr<EditedCurve> curve, const QString& text)
-    : door_(&door), curve_(std::move(curve)), text_(text), id_(door.tryOut(text_, curve_)),
-      before_(curve_->state()), shown_(before_.spline), fingerprintBefore_(curve_->fingerprint()),
-      fingerprintShown_(fingerprintBefore_)
+CurveTrial::CurveTrial(CurveEdit& door, const CurveEdit::Curves& curves, const QString& text)
+    : door_(&door), text_(text), id_(door.tryOut(text_, curves))
 {
+    for (const auto& curve : curves) {
+        const std::uint64_t fingerprint = curve->fingerprint();
+        trials_.push_back({curve, curve->state(), {}, fingerprint, fingerprint});
+        trials_.back().shown = trials_.back().before.spline;
+    }
+}
+
+CurveEdit::Curves CurveTrial::curves() const
+{
+    CurveEdit::Curves curves;
+    for (const Trial& trial : trials_)
+        curves.push_back(trial.curve);
+    return curves;
 }
 
 bool CurveTrial::isPossible() const
 {
-    return door_ && curve_->spline() && curve_->kind() == before_.kind &&
-           curve_->fingerprint() == (door_->isOpen(id_) ? fingerprintShown_ : fingerprintBefore_);
+    return door_ && std::all_of(trials_.begin(), trials_.end(), [this](const Trial& trial) {
+               const EditedCurve& curve = *trial.curve;
+               return curve.spline() && curve.kind() == trial.before.kind &&
+                      curve.fingerprint() ==
+                          (door_->isOpen(id_) ? trial.fingerprintShown : trial.fingerprintBefore);
+           });
 }
 
 bool CurveTrial::reopen()
@@ -25,33 +40,57 @@ bool CurveTrial::reopen()
     if (!isPossible())
         return false;
     if (!door_->isOpen(id_))
-        id_ = door_->tryOut(text_, curve_);
-    return door_->isOpen(*curve_);
+        id_ = door_->tryOut(text_, curves());
+    return std::all_of(trials_.begin(), trials_.end(),
+                       [this](const Trial& trial) { return door_->isOpen(*trial.curve); });
 }
 
-bool CurveTrial::show(const SplineState& spline)
+/// The constraint of a curve runs foreign code, which may take curves away.
+bool CurveTrial::write(Trial& trial, const SplineState& spline)
+{
+    const EditedCurve& curve = *trial.curve;
+    SplineBase* const written = door_->spline(curve);
+    if (!written)
+        return false;
+    written->assign(spline);
+    door_->bound(curve);
+    door_->constrain(curve);
+    if (!curve.spline())
+        return false;
+    curve.spline()->copyTo(trial.shown);
+    trial.fingerprintShown = curve.fingerprint();
+    return true;
+}
+
+bool CurveTrial::show(const std::vector<SplineState>& splines)
 {
     if (!reopen())
         return false;
-    const CurveState last = curve_->state();
-    door_->spline(*curve_)->assign(spline);
-    door_->bound(*curve_);
-    door_->constrain(*curve_);
-    if (!curve_->spline())
-        return false;
-    curve_->spline()->copyTo(shown_);
-    fingerprintShown_ = curve_->fingerprint();
-    door_->preview(*curve_,
-                   CurveDiff::between(last, *curve_->spline(), curve_->kind(), curve_->formula()).touched());
-    return isPossible();
+    std::vector<CurveState> last;
+    for (const Trial& trial : trials_)
+        last.push_back(trial.curve->state());
+    bool isWritten = true;
+    for (std::size_t i = 0; i < trials_.size(); ++i)
+        isWritten = isWritten && write(trials_[i], splines[i]);
+    door_->noteTrial();
+    for (std::size_t i = 0; i < trials_.size() && isWritten; ++i) {
+        const EditedCurve& curve = *trials_[i].curve;
+        if (door_ && curve.spline())
+            door_->preview(
+                curve, CurveDiff::between(last[i], *curve.spline(), curve.kind(), curve.formula()).touched());
+    }
+    return isWritten && isPossible();
 }
 
-void CurveTrial::keep()
+CurveEdit::Curves CurveTrial::keep()
 {
-    if (door_ && !door_->isOpen(id_))
-        show(SplineState(shown_));
-    if (door_)
-        door_->keep(id_);
+    if (door_ && !door_->isOpen(id_)) {
+        std::vector<SplineState> shown;
+        for (const Trial& trial : trials_)
+            shown.push_back(trial.shown);
+        show(shown);
+    }
+    return door_ ? door_->keep(id_) : CurveEdit::Curves();
 }
 
 void CurveTrial::takeBack()

@@ -19,6 +19,14 @@ void Gesture::beginAtPoints(std::uint64_t edit, std::vector<Drag> drags)
     drags_ = std::move(drags);
 }
 
+void Gesture::beginAtBox(std::uint64_t edit, BoxDrag box)
+{
+    end();
+    kind_ = Kind::Box;
+    edit_ = edit;
+    box_ = std::move(box);
+}
+
 void Gesture::beginAtView(Kind kind, const PlaneMapping& start)
 {
     end();
@@ -44,6 +52,7 @@ void Gesture::end()
     kind_ = Kind::Idle;
     edit_ = 0;
     drags_.clear();
+    box_ = {};
 }
 
 void Gesture::cancel()
@@ -52,11 +61,25 @@ void Gesture::cancel()
     kind_ = Kind::Cancelled;
 }
 
+std::vector<std::shared_ptr<EditedCurve>> Gesture::curves() const
+{
+    std::vector<std::shared_ptr<EditedCurve>> curves;
+    for (const Drag& drag : drags_)
+        curves.push_back(drag.curve);
+    for (const BoxDrag::Part& part : box_.parts)
+        curves.push_back(part.curve);
+    return curves;
+}
+
 std::vector<PointSerial> Gesture::moving(const SplineBase* spline) const
 {
     for (const Drag& drag : drags_) {
         if (drag.curve->spline() == spline)
             return drag.points.points();
+    }
+    for (const BoxDrag::Part& part : box_.parts) {
+        if (part.curve->spline() == spline)
+            return part.points.points();
     }
     return {};
 }

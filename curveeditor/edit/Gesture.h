@@ -3,6 +3,7 @@
 
 #include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/edit/PointDrag.h>
+#include <curveeditor/edit/PointTransform.h>
 
 #include <QPoint>
 #include <QPointF>
@@ -27,6 +28,7 @@ public:
         Idle,
         Points,   ///< selected points move with the mouse, or are scaled by it
         Tangent,  ///< a handle of a point follows the mouse
+        Box,      ///< selected points are scaled or moved by a frame about them
         Band,     ///< a rubber band grows
         Pan,      ///< the view moves
         Zoom,     ///< the view is scaled
@@ -65,6 +67,20 @@ public:
         std::shared_ptr<EditedCurve> curve;
         PointDrag points;
     };
+    /// A frame about points, which is pulled at a grip.
+    struct BoxDrag
+    {
+        struct Part
+        {
+            std::shared_ptr<EditedCurve> curve;
+            PointTransform points;
+        };
+        PlaneFrame frame; ///< at the press
+        PlaneFrame::Grip grip;
+        Place anchor; ///< of the press
+        std::vector<Part> parts;
+        PlaneTransform last; ///< that was possible
+    };
 
     Keys keys;
     Press press;
@@ -72,13 +88,15 @@ public:
     Place place; ///< of the last press, or move with a button or modifier held
 
     Kind kind() const { return kind_; }
-    bool isAtPoints() const { return kind_ == Kind::Points || kind_ == Kind::Tangent; }
     /// Anything is going on, from the press to the release.
     bool isBusy() const { return kind_ != Kind::Idle || viewDrag.button != Qt::NoButton; }
+    bool isAtPoints() const { return kind_ == Kind::Points || kind_ == Kind::Tangent || kind_ == Kind::Box; }
     bool isAtView() const { return kind_ == Kind::Band || kind_ == Kind::Pan || kind_ == Kind::Zoom; }
 
     /// Begins a drag of points within the edit of that number.
     void beginAtPoints(std::uint64_t edit, std::vector<Drag> drags);
+    /// Begins to pull at a frame about points within the edit of that number.
+    void beginAtBox(std::uint64_t edit, BoxDrag box);
     /// Begins a gesture at the view, which shows `start` now.
     void beginAtView(Kind kind, const PlaneMapping& start);
     /// Begins a drag of the time line, which stands at `start` now.
@@ -95,6 +113,9 @@ public:
 
     std::uint64_t edit() const { return edit_; }
     std::vector<Drag>& drags() { return drags_; }
+    BoxDrag& box() { return box_; }
+    /// Those of which points are dragged.
+    std::vector<std::shared_ptr<EditedCurve>> curves() const;
     /// The points of that spline that are dragged.
     std::vector<PointSerial> moving(const SplineBase* spline) const;
     /// Where the dragged point that is seen nearest to `anchor`, the place of the press in `view`, was seen then.
@@ -106,6 +127,7 @@ private:
     double timeLine_ = 0.0;
     std::uint64_t edit_ = 0;
     std::vector<Drag> drags_;
+    BoxDrag box_;
 };
 
 } // namespace curveeditor

@@ -13,10 +13,14 @@ namespace {
 
 using PointInfo = SplineBase::PointInfo;
 
-bool isFinitePoint(const PointInfo& point)
+bool hasFinitePlace(const PointInfo& point)
 {
-    return std::isfinite(point.time) && std::isfinite(point.pos) && std::isfinite(point.tanLeft) &&
-           std::isfinite(point.tanRight);
+    return std::isfinite(point.time) && std::isfinite(point.pos);
+}
+
+bool hasFiniteSlopes(const PointInfo& point)
+{
+    return std::isfinite(point.tanLeft) && std::isfinite(point.tanRight);
 }
 
 /// Without -0.0, which would show.
@@ -64,12 +68,13 @@ PointTransform::PointTransform(const SplineBase& spline, const std::vector<Point
 std::optional<PointTransform::Result> PointTransform::applied(const SplineBase& spline,
                                                               const PlaneTransform& transform) const
 {
-    if (transform.time.factor == 0.0)
-        return std::nullopt;
     Result result;
     spline.copyTo(result.state);
     const std::vector<PointInfo> points = changed(transform);
-    if (!std::all_of(points.begin(), points.end(), isFinitePoint))
+    const bool arePoints = std::all_of(points.begin(), points.end(), [&](const PointInfo& point) {
+        return hasFinitePlace(point) && (transform.keepsSize() || hasFiniteSlopes(point));
+    });
+    if (!arePoints)
         return std::nullopt;
     result.state.points = inOrder(spline, points, transform.mirrorsTime());
     if (!transform.keepsSize())

@@ -33,8 +33,8 @@ public:
         bool mayBend = false;
     };
     /// What becomes of `spline`, the one that was given first or what the host has made of it since: points that are gone
-    /// stay away, all others stay as they are. Points that come to another time stand behind those that are there. None for a
-    /// factor of 0 in time, and where a number would not be finite.
+    /// stay away, all others stay as they are. Points that come to another time stand behind those that are there. None where a
+    /// number would not be finite, as slopes for a factor of 0 in time.
     std::optional<Result> applied(const SplineBase& spline, const PlaneTransform& transform) const;
 
     std::vector<PointSerial> points() const;

@@ -24,7 +24,7 @@ constexpr qint64 longestEvaluation = 1000; // milliseconds
 } // namespace
 
 BakeDialog::BakeDialog(QWidget* editor, CanvasFunctionBase& canvas)
-    : FitDialog(editor, canvas), fps_(canvas.getViewport()->fps),
+    : FitDialog(editor, canvas, canvas.getCurrentCurve()), fps_(canvas.getViewport()->fps),
       shownPerTime_(canvas.getViewport()->isShowFrames() && fps_ > 0.0 ? fps_ : 1.0)
 {
     addTimes();

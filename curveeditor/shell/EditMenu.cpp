@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/shell/BakeDialog.h>
 #include <curveeditor/shell/FunctionEditor.h>
+#include <curveeditor/shell/RetimeDialog.h>
 #include <curveeditor/shell/SimplifyDialog.h>
 
 #include <QAction>
@@ -22,6 +23,7 @@ EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     addClipboard();
     addSelection();
     addMoves();
+    addTransforms();
     addShaping();
     addEases();
     addFits();
@@ -169,6 +171,17 @@ void EditMenu::addMoves()
             [this, move] { points_.nudge(move.frames, move.tenths); });
     }
     target_ = menu_;
+}
+
+void EditMenu::addTransforms()
+{
+    const Condition canEdit = [this] {
+        return points_.canEdit();
+    };
+    add("transformBoxAction", QT_TR_NOOP("Transform box"), QStringLiteral("Ctrl+T"), canEdit,
+        [this] { canvas_.transformBox.toggle(); });
+    add("retimeAction", QT_TR_NOOP("Retime…"), QStringLiteral("Shift+R"), canEdit,
+        [this, canEdit] { open<RetimeDialog>(canEdit); });
 }
 
 void EditMenu::addShaping()

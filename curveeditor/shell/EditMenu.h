@@ -54,6 +54,7 @@ private:
     void addFits();
     template <typename Dialog> void open(const Condition& isPossible);
     void addMoves();
+    void addTransforms();
     void addView();
     void translate();
     void updateEntries();

@@ -40,9 +40,8 @@ bool isLockedCurve(const CurveNodeBase* node)
 
 } // namespace
 
-FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas)
-    : QDialog(editor), canvas_(canvas), curve_(canvas.getCurrentCurve()), form_(new QFormLayout),
-      delay_(new QTimer(this))
+FitDialog::FitDialog(QWidget* editor, CanvasFunctionBase& canvas, CurveNodeBase* curve)
+    : QDialog(editor), canvas_(canvas), curve_(curve), form_(new QFormLayout), delay_(new QTimer(this))
 {
     setLocale(editor->locale());
     auto* const column = outerLayout<QVBoxLayout>("column", this);

@@ -19,8 +19,7 @@ class QPushButton;
 
 namespace curveeditor {
 
-/// Asks how the points of the current curve are to be made anew, and says below the fields what that gives, while
-/// they are typed in. OK is enabled as long as it can be done.
+/// Asks how points of a curve are to be made anew, and says below the fields what that gives, while they are typed in. OK is enabled as long as it can be done.
 ///
 /// A child of the editor, which deletes it before its canvas goes. To be opened with `open`: no loop of its own
 /// runs, so the host may do anything meanwhile. It is rejected when the editor is hidden or the curve leaves the
@@ -30,8 +29,7 @@ class FitDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// There must be a current curve.
-    FitDialog(QWidget* editor, CanvasFunctionBase& canvas);
+    FitDialog(QWidget* editor, CanvasFunctionBase& canvas, CurveNodeBase* curve);
 
     void accept() override;
     void reject() override;
@@ -54,7 +52,7 @@ protected:
     virtual void translate() = 0;
 
     CanvasFunctionBase& canvas() const { return canvas_; }
-    /// The curve that was current at first; null if it is not on the canvas any more.
+    /// The curve that was given; null if it is not on the canvas any more.
     CurveNodeBase* curve() const;
 
     /// A row of a label and a field; the name is that of the object.

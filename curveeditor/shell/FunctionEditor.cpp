@@ -29,7 +29,8 @@ bool isPlainTab(const QKeyEvent& event)
 
 FunctionEditor::FunctionEditor(QWidget* parent, DependencyCheck* check, const NodePageWidgets& page)
     : QWidget(parent), ViewPort(0, 0), canvas(this, check), nodeForm(page, *this),
-      viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this), freehandDrag(this, canvas, *this)
+      viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this), freehandDrag(this, canvas, *this),
+      transformBox(this, canvas, *this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
@@ -244,6 +245,7 @@ void FunctionEditor::paintEvent(QPaintEvent* /*event*/)
     {
         QPainter painter(this);
         canvas.showBuffer(&painter);
+        transformBox.draw(painter);
     }
     canvas.showOverlay();
     if (hasFocus())

@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/FreehandDrag.h>
 #include <curveeditor/canvas/TimeLineDrag.h>
+#include <curveeditor/canvas/TransformBox.h>
 #include <curveeditor/canvas/ViewGestures.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/panel/TcbEditorForm.h>
@@ -33,6 +34,7 @@ public:
     ViewGestures viewGestures; ///< wheel, touch pad, Space and middle button
     TimeLineDrag timeLineDrag;
     FreehandDrag freehandDrag;
+    TransformBox transformBox; ///< sees what happens to the canvas before the others do
 
     /// Puts a curve on the canvas, see `CanvasFunctionBase::addCurve`.
     CurveNodeBase* setCurveEditableOn(QWidget* menu, const QString& name, const QColor& color,

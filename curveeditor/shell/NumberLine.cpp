@@ -35,10 +35,13 @@ void NumberLine::showNumber()
 
 void NumberLine::focusInEvent(QFocusEvent* event)
 {
+    const bool isAllSelected = hasSelectedText() && selectedText() == text();
     if (text() == shown_) {
         const QSignalBlocker silence(this);
         showNumber();
     }
+    if (isAllSelected) // to be typed over
+        selectAll();
     QLineEdit::focusInEvent(event);
 }
 

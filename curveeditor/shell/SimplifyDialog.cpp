@@ -13,8 +13,8 @@
 namespace curveeditor {
 
 SimplifyDialog::SimplifyDialog(QWidget* editor, CanvasFunctionBase& canvas)
-    : FitDialog(editor, canvas),
-      trial_(canvas.door(), curve()->curve(), tr("Simplify %1").arg(curve()->getName()))
+    : FitDialog(editor, canvas, canvas.getCurrentCurve()),
+      trial_(canvas.door(), {curve()->curve()}, tr("Simplify %1").arg(curve()->getName()))
 {
     original_.assign(trial_.before().spline);
     takeSpan();
@@ -57,7 +57,7 @@ FitDialog::Outcome SimplifyDialog::work()
     Outcome outcome{toleranceHint(), false};
     if (tolerance && *tolerance >= 0.0)
         outcome = simplify(*tolerance);
-    const bool isShown = outcome.isPossible ? trial_.isPossible() : trial_.show(trial_.before().spline);
+    const bool isShown = outcome.isPossible ? trial_.isPossible() : trial_.show({trial_.before().spline});
     showTrial(wasLost);
     if (!isShown)
         return {tr("The curve has changed meanwhile and stays as it is."), false};
@@ -76,7 +76,7 @@ FitDialog::Outcome SimplifyDialog::simplify(double tolerance)
     const std::size_t left = result.spline.points.size() - rest;
     if (!result.isDone() || left >= count)
         return {tr("No fewer than %1 points are within this tolerance.").arg(count), false};
-    trial_.show(result.spline);
+    trial_.show({result.spline});
     const QString text = isPart_ ? tr("%1 points of the selected part become %2, at most %3 away.")
                                  : tr("%1 points become %2, at most %3 away.");
     const auto part = std::span(result.spline.points).subspan(first_, left);
