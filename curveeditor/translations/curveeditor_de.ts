@@ -1648,6 +1648,14 @@ Soll die Datei ersetzt werden?</translation>
         <source>Own scale for each curve</source>
         <translation>Eigener Maßstab für jede Kurve</translation>
     </message>
+    <message>
+        <source>Transform box</source>
+        <translation>Transformationsrahmen</translation>
+    </message>
+    <message>
+        <source>Retime…</source>
+        <translation>Zeit umrechnen…</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1808,6 +1816,57 @@ Soll die Datei ersetzt werden?</translation>
     </message>
 </context>
 <context>
+    <name>curveeditor::RetimeDialog</name>
+    <message>
+        <source>Retime a point of %1</source>
+        <translation>Zeit eines Punktes von %1 umrechnen</translation>
+    </message>
+    <message>
+        <source>Retime %1 points of %2</source>
+        <translation>Zeiten von %1 Punkten von %2 umrechnen</translation>
+    </message>
+    <message>
+        <source>Retime</source>
+        <translation>Zeit umrechnen</translation>
+    </message>
+    <message>
+        <source>&amp;Time factor</source>
+        <translation>Faktor der &amp;Zeit</translation>
+    </message>
+    <message>
+        <source>&amp;Value factor</source>
+        <translation>Faktor der &amp;Werte</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Um</translation>
+    </message>
+    <message>
+        <source>The first point</source>
+        <translation>Den ersten Punkt</translation>
+    </message>
+    <message>
+        <source>The curve at the time line</source>
+        <translation>Die Kurve an der Zeitlinie</translation>
+    </message>
+    <message>
+        <source>The middle</source>
+        <translation>Die Mitte</translation>
+    </message>
+    <message>
+        <source>The factors must be numbers, that of the times not 0.</source>
+        <translation>Die Faktoren müssen Zahlen sein, der der Zeit nicht 0.</translation>
+    </message>
+    <message>
+        <source>A curve has changed meanwhile and stays as it is.</source>
+        <translation>Eine Kurve hat sich inzwischen geändert und bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Anzahl der Punkte: %1</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
@@ -1844,6 +1903,45 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>Das ergibt Bézier- oder lineare Punkte, die diese Kurve nicht haben darf.</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::TransformBox</name>
+    <message>
+        <source>That would leave points without a time or a value.</source>
+        <translation>Damit hätten Punkte keine Zeit oder keinen Wert mehr.</translation>
+    </message>
+    <message>
+        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
+        <translation>Neben nicht ausgewählten Punkten kann sich ein TCB-Abschnitt mit Ankunft oder Abgang verbiegen.</translation>
+    </message>
+    <message>
+        <source>Nothing that can be edited is selected.</source>
+        <translation>Es ist nichts ausgewählt, das sich bearbeiten lässt.</translation>
+    </message>
+    <message>
+        <source>A transform box takes points at two times or two values.</source>
+        <translation>Ein Transformationsrahmen braucht Punkte an zwei Zeiten oder bei zwei Werten.</translation>
+    </message>
+    <message>
+        <source>Edges scale, with Shift about the middle; the inside moves; Return ends it.</source>
+        <translation>Kanten skalieren, mit Umschalt um die Mitte; das Innere verschiebt; Eingabe beendet.</translation>
+    </message>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>Punkt von %1 verschieben</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>%1 Punkte von %2 verschieben</translation>
+    </message>
+    <message>
+        <source>Scale a point of %1</source>
+        <translation>Punkt von %1 skalieren</translation>
+    </message>
+    <message>
+        <source>Scale %1 points of %2</source>
+        <translation>%1 Punkte von %2 skalieren</translation>
     </message>
 </context>
 </TS>

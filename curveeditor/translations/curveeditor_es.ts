@@ -1648,6 +1648,14 @@ Do you want to replace it?</source>
         <source>Own scale for each curve</source>
         <translation>Escala propia para cada curva</translation>
     </message>
+    <message>
+        <source>Transform box</source>
+        <translation>Caja de transformación</translation>
+    </message>
+    <message>
+        <source>Retime…</source>
+        <translation>Cambiar tiempos…</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1808,6 +1816,57 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>curveeditor::RetimeDialog</name>
+    <message>
+        <source>Retime a point of %1</source>
+        <translation>Cambiar el tiempo de un punto de %1</translation>
+    </message>
+    <message>
+        <source>Retime %1 points of %2</source>
+        <translation>Cambiar los tiempos de %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>Retime</source>
+        <translation>Cambiar tiempos</translation>
+    </message>
+    <message>
+        <source>&amp;Time factor</source>
+        <translation>Factor de &amp;tiempo</translation>
+    </message>
+    <message>
+        <source>&amp;Value factor</source>
+        <translation>Factor de &amp;valor</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Alrededor de</translation>
+    </message>
+    <message>
+        <source>The first point</source>
+        <translation>El primer punto</translation>
+    </message>
+    <message>
+        <source>The curve at the time line</source>
+        <translation>La curva en la línea de tiempo</translation>
+    </message>
+    <message>
+        <source>The middle</source>
+        <translation>El centro</translation>
+    </message>
+    <message>
+        <source>The factors must be numbers, that of the times not 0.</source>
+        <translation>Los factores deben ser números; el de tiempo no puede ser 0.</translation>
+    </message>
+    <message>
+        <source>A curve has changed meanwhile and stays as it is.</source>
+        <translation>Una curva ha cambiado mientras tanto y se queda como está.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Número de puntos: %1</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
@@ -1844,6 +1903,45 @@ Do you want to replace it?</source>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>Esto da puntos Bézier o lineales, que esta curva no puede tener.</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::TransformBox</name>
+    <message>
+        <source>That would leave points without a time or a value.</source>
+        <translation>Así quedarían puntos sin tiempo o sin valor.</translation>
+    </message>
+    <message>
+        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
+        <translation>Junto a puntos no seleccionados, un tramo TCB con salida o llegada puede deformarse.</translation>
+    </message>
+    <message>
+        <source>Nothing that can be edited is selected.</source>
+        <translation>No hay nada seleccionado que se pueda editar.</translation>
+    </message>
+    <message>
+        <source>A transform box takes points at two times or two values.</source>
+        <translation>Una caja de transformación necesita puntos en dos tiempos o con dos valores.</translation>
+    </message>
+    <message>
+        <source>Edges scale, with Shift about the middle; the inside moves; Return ends it.</source>
+        <translation>Los bordes escalan, con Mayús desde el centro; el interior mueve; Intro termina.</translation>
+    </message>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>Mover un punto de %1</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>Mover %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>Scale a point of %1</source>
+        <translation>Escalar un punto de %1</translation>
+    </message>
+    <message>
+        <source>Scale %1 points of %2</source>
+        <translation>Escalar %1 puntos de %2</translation>
     </message>
 </context>
 </TS>

@@ -1648,6 +1648,14 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Own scale for each curve</source>
         <translation>Échelle propre à chaque courbe</translation>
     </message>
+    <message>
+        <source>Transform box</source>
+        <translation>Boîte de transformation</translation>
+    </message>
+    <message>
+        <source>Retime…</source>
+        <translation>Changer les temps…</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1808,6 +1816,57 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
 </context>
 <context>
+    <name>curveeditor::RetimeDialog</name>
+    <message>
+        <source>Retime a point of %1</source>
+        <translation>Changer le temps d’un point de %1</translation>
+    </message>
+    <message>
+        <source>Retime %1 points of %2</source>
+        <translation>Changer les temps de %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Retime</source>
+        <translation>Changer les temps</translation>
+    </message>
+    <message>
+        <source>&amp;Time factor</source>
+        <translation>Facteur de &amp;temps</translation>
+    </message>
+    <message>
+        <source>&amp;Value factor</source>
+        <translation>Facteur de &amp;valeur</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Autour de</translation>
+    </message>
+    <message>
+        <source>The first point</source>
+        <translation>Le premier point</translation>
+    </message>
+    <message>
+        <source>The curve at the time line</source>
+        <translation>La courbe à la ligne de temps</translation>
+    </message>
+    <message>
+        <source>The middle</source>
+        <translation>Le milieu</translation>
+    </message>
+    <message>
+        <source>The factors must be numbers, that of the times not 0.</source>
+        <translation>Les facteurs doivent être des nombres, celui de temps différent de 0.</translation>
+    </message>
+    <message>
+        <source>A curve has changed meanwhile and stays as it is.</source>
+        <translation>Une courbe a changé entre-temps et reste telle quelle.</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>Nombre de points&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
@@ -1844,6 +1903,45 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>Cela donne des points de Bézier ou linéaires, que cette courbe ne peut pas avoir.</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::TransformBox</name>
+    <message>
+        <source>That would leave points without a time or a value.</source>
+        <translation>Des points n’auraient alors plus de temps ou de valeur.</translation>
+    </message>
+    <message>
+        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
+        <translation>À côté de points non sélectionnés, un segment TCB avec départ ou arrivée peut se déformer.</translation>
+    </message>
+    <message>
+        <source>Nothing that can be edited is selected.</source>
+        <translation>Rien de modifiable n’est sélectionné.</translation>
+    </message>
+    <message>
+        <source>A transform box takes points at two times or two values.</source>
+        <translation>Une boîte de transformation demande des points à deux temps ou à deux valeurs.</translation>
+    </message>
+    <message>
+        <source>Edges scale, with Shift about the middle; the inside moves; Return ends it.</source>
+        <translation>Les bords mettent à l’échelle, avec Maj autour du milieu&#xa0;; l’intérieur déplace&#xa0;; Entrée termine.</translation>
+    </message>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>Déplacer un point de %1</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>Déplacer %1 points de %2</translation>
+    </message>
+    <message>
+        <source>Scale a point of %1</source>
+        <translation>Mettre à l&apos;échelle un point de %1</translation>
+    </message>
+    <message>
+        <source>Scale %1 points of %2</source>
+        <translation>Mettre à l&apos;échelle %1 points de %2</translation>
     </message>
 </context>
 </TS>

@@ -1648,6 +1648,14 @@ Do you want to replace it?</source>
         <source>Own scale for each curve</source>
         <translation>カーブごとの目盛り</translation>
     </message>
+    <message>
+        <source>Transform box</source>
+        <translation>変形ボックス</translation>
+    </message>
+    <message>
+        <source>Retime…</source>
+        <translation>リタイム…</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1808,6 +1816,57 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>curveeditor::RetimeDialog</name>
+    <message>
+        <source>Retime a point of %1</source>
+        <translation>%1 のポイントをリタイム</translation>
+    </message>
+    <message>
+        <source>Retime %1 points of %2</source>
+        <translation>%2 のポイント %1 個をリタイム</translation>
+    </message>
+    <message>
+        <source>Retime</source>
+        <translation>リタイム</translation>
+    </message>
+    <message>
+        <source>&amp;Time factor</source>
+        <translation>時間の倍率(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Value factor</source>
+        <translation>値の倍率(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>基準(&amp;A)</translation>
+    </message>
+    <message>
+        <source>The first point</source>
+        <translation>最初のポイント</translation>
+    </message>
+    <message>
+        <source>The curve at the time line</source>
+        <translation>タイムライン位置のカーブ</translation>
+    </message>
+    <message>
+        <source>The middle</source>
+        <translation>中央</translation>
+    </message>
+    <message>
+        <source>The factors must be numbers, that of the times not 0.</source>
+        <translation>倍率には数値を入力してください。時間の倍率は 0 にできません。</translation>
+    </message>
+    <message>
+        <source>A curve has changed meanwhile and stays as it is.</source>
+        <translation>カーブがその間に変更されたため、そのままにします。</translation>
+    </message>
+    <message>
+        <source>Number of points: %1</source>
+        <translation>ポイント数: %1</translation>
+    </message>
+</context>
+<context>
     <name>curveeditor::SimplifyDialog</name>
     <message>
         <source>Simplify %1</source>
@@ -1844,6 +1903,45 @@ Do you want to replace it?</source>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>ベジェまたはリニア ポイントになりますが、このカーブでは使えません。</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::TransformBox</name>
+    <message>
+        <source>That would leave points without a time or a value.</source>
+        <translation>ポイントの時間または値がなくなるため、変形できません。</translation>
+    </message>
+    <message>
+        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
+        <translation>選択されていないポイントの隣では、イーズ付きの TCB 区間の形が変わることがあります。</translation>
+    </message>
+    <message>
+        <source>Nothing that can be edited is selected.</source>
+        <translation>編集できるものが選択されていません。</translation>
+    </message>
+    <message>
+        <source>A transform box takes points at two times or two values.</source>
+        <translation>変形ボックスには、2 つ以上の時間または値にあるポイントが必要です。</translation>
+    </message>
+    <message>
+        <source>Edges scale, with Shift about the middle; the inside moves; Return ends it.</source>
+        <translation>辺でスケール、Shift で中央基準、内側で移動、Enter で終了。</translation>
+    </message>
+    <message>
+        <source>Move a point of %1</source>
+        <translation>%1 のポイントを移動</translation>
+    </message>
+    <message>
+        <source>Move %1 points of %2</source>
+        <translation>%2 のポイント %1 個を移動</translation>
+    </message>
+    <message>
+        <source>Scale a point of %1</source>
+        <translation>%1 のポイントをスケール</translation>
+    </message>
+    <message>
+        <source>Scale %1 points of %2</source>
+        <translation>%2 のポイント %1 個をスケール</translation>
     </message>
 </context>
 </TS>
