@@ -75,16 +75,16 @@ private Q_SLOTS:
             QVERIFY(s.x[1]->tanRight > 1.5 && s.x[1]->tanLeft == s.x[1]->tanRight);
         });
         row("eases", 2, x + x + x, [](Scene& s) {
-            const QString& told = s.canvas.canvas.toldText();
+            const CanvasFunctionBase& canvas = s.canvas.canvas;
             s.selectTwo().key(Qt::Key_E);
-            QCOMPARE(told, "Ease: exact");
+            QCOMPARE(canvas.toldText(), "Ease: exact");
             QVERIFY(s.x[2]->type == SplineBase::Bezier && s.x[1]->tanRight == 0.0);
             s.editor.action("easeInOutSineAction")->trigger();
-            QCOMPARE(told, "Ease: deviates by at most 1.1 % of the step");
+            QCOMPARE(canvas.toldText(), "Ease: deviates by at most 1.1 % of the step");
             s.editor.action("easeInOutBackAction")->trigger();
             QVERIFY(s.x.getControlPointsNumber() == 4 && s.x[2]->pos == 0.0);
             s.key(Qt::Key_E); // the point between is not selected
-            QCOMPARE(told, "Ease: there is no segment between selected points");
+            QCOMPARE(canvas.toldText(), "Ease: there is no segment between selected points");
         });
         row("eases at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
             s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).key(Qt::Key_E);
