@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/ControlSplineNode.h>
+#include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/DecimalQuestion.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/canvas/WarningBox.h>
