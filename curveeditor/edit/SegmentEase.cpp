@@ -3,6 +3,7 @@
 
 #include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/model/KeptSlopes.h>
+#include <curveeditor/model/SplineState.h>
 
 #include <algorithm>
 #include <cmath>

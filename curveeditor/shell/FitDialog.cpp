@@ -6,6 +6,7 @@
 #include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/files/NumberText.h>
 #include <curveeditor/shell/DialogParts.h>
+#include <curveeditor/shell/EditorPart.h>
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
