@@ -44,6 +44,10 @@ bool FreehandDrag::eventFilter(QObject* watched, QEvent* event)
         return takeOverride(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyPress:
         return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && takeEscape();
+    case QEvent::Hide:
+        if (isDrawing() && !isAtWork_)
+            keep(); // as leaving does
+        return false;
     default:
         return false;
     }
@@ -108,16 +112,28 @@ bool FreehandDrag::takeMove(const QMouseEvent& event)
     return true;
 }
 
+/// The user sees what is drawn into.
+bool FreehandDrag::isCurveThere() const
+{
+    return curve_ && curve_->isShown() && curve_ == canvas_.getCurrentCurve();
+}
+
 void FreehandDrag::draw(const Stroke::Place& place)
 {
-    const auto type = curve_ ? PointLimits::fitType(curve_->curve()->options) : std::nullopt;
+    if (!isCurveThere()) {
+        trial_->takeBack();
+        return end();
+    }
+    const CurveOptions& options = curve_->curve()->options;
+    const auto type = PointLimits::fitType(options);
     stroke_->drawTo(place, view_.mapping().timeOfPixels(1.0));
     SplineBase before;
     if (!type || !trial_->isPossible() || !before.assign(trial_->before().spline))
         return end();
     const QScopedValueRollback atWork(isAtWork_, true); // a host that hears of it may let events through
     const double tolerance = std::abs(view_.mapping().valueOfPixels(toleranceInPixels));
-    if (!trial_->show({SplineEdits::withSpan(before, stroke_->points(tolerance, *type))}))
+    if (!trial_->show({SplineEdits::withSpan(before, stroke_->points(tolerance, *type),
+                                             PointLimits::allow(options, SplineBase::Bezier))}))
         return end();
     canvas_.paint();
 }
@@ -150,7 +166,10 @@ bool FreehandDrag::takeEscape()
 
 void FreehandDrag::keep()
 {
-    trial_->keep();
+    if (isCurveThere())
+        trial_->keep();
+    else
+        trial_->takeBack();
     const bool isEdited = curve_ && !stroke_->isDot();
     const QPointer<CurveNodeBase> curve = curve_;
     end();

@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/PointLimits.h>
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -191,7 +192,9 @@ void TransformBox::begin(const PlaneFrame::Grip& grip, const QMouseEvent& event)
     std::vector<CurveEdit::Target> targets;
     const Nodes nodes = framed();
     for (const CurveNodeBase* const node : nodes) {
-        box.parts.push_back({node->curve(), {*node->getSpline(), node->control().selection().edited()}});
+        box.parts.push_back({node->curve(),
+                             {*node->getSpline(), node->control().selection().edited(),
+                              PointLimits::allow(node->curve()->options, SplineBase::Bezier)}});
         targets.push_back({node->curve(), box.parts.back().points.points()});
     }
     const CanvasEdit::Text text =

@@ -85,12 +85,20 @@ void ViewPort::showView(const PlaneMapping& view)
 
 ViewStep::Limits ViewPort::limits() const
 {
-    return {{limitTimeMin, limitTimeMax}, {limitValueMin, limitValueMax}};
+    return {{limitTimeMin, limitTimeMax}, valueLimits()};
+}
+
+/// A curve in a scale of its own is seen wherever its values lie.
+AxisRange ViewPort::valueLimits() const
+{
+    constexpr double unlimited = 1e300; // whose span is finite
+    return ownScale.isOn() ? AxisRange{-unlimited, unlimited} : AxisRange{limitValueMin, limitValueMax};
 }
 
 double ViewPort::withinLimits(double value) const
 {
-    return within(value, limitValueMin, limitValueMax);
+    const AxisRange limits = valueLimits();
+    return within(value, limits.low, limits.high);
 }
 
 bool ViewPort::canShow() const
@@ -121,7 +129,7 @@ double ViewPort::pixelToTime(const int& x) const
 
 double ViewPort::pixelToValue(const int& y) const
 {
-    return within(mapping().valueAt(y), limitValueMin, limitValueMax);
+    return withinLimits(mapping().valueAt(y));
 }
 
 int ViewPort::timeToPixel(const double& t) const
@@ -193,8 +201,8 @@ void ViewPort::checkBand(bool strict)
     if (strict) {
         bandX0 = within(bandX0, limitTimeMin, limitTimeMax);
         bandX1 = within(bandX1, limitTimeMin, limitTimeMax);
-        bandY0 = within(bandY0, limitValueMin, limitValueMax);
-        bandY1 = within(bandY1, limitValueMin, limitValueMax);
+        bandY0 = withinLimits(bandY0);
+        bandY1 = withinLimits(bandY1);
     }
     const double width = std::abs(bandX1 - bandX0);
     const double height = std::abs(bandY0 - bandY1);
@@ -204,7 +212,7 @@ void ViewPort::checkBand(bool strict)
                                    (bandY0 + bandY1) * smallestShareOfPosition > height;
     const bool withoutSide = width < smallestSide || height < smallestSide;
     const bool largerThanLimits =
-        limitTimeMax - limitTimeMin < width || limitValueMax - limitValueMin < height;
+        limitTimeMax - limitTimeMin < width || valueLimits().span() < height;
     bandValid = !(strict && (tooSmallInView || tooSmallWhereItIs)) && !withoutSide && !largerThanLimits;
 }
 

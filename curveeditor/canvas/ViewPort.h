@@ -85,6 +85,7 @@ public:
     ViewStep::Limits limits() const;
     /// The value, or the limit next to it.
     double withinLimits(double value) const;
+    AxisRange valueLimits() const;
 
     /// True if the view has width, height and span and all its numbers are finite. Any other view can only
     /// come from a host or from typed limits, or stand before the first resize; painting draws nothing for

@@ -35,7 +35,8 @@ AxisRange OwnScale::of(const AxisRange& values, const AxisRange& bounds)
 {
     if (values.isNothing())
         return unitScale;
-    AxisRange scale{std::clamp(values.low, -largestBound, largestBound), std::clamp(values.high, -largestBound, largestBound)};
+    AxisRange scale{std::clamp(values.low, -largestBound, largestBound),
+                    std::clamp(values.high, -largestBound, largestBound)};
     const double shortest = ViewStep::shortestSpanAt(scale.low + scale.span() / 2.0);
     if (scale.span() < shortest) {
         const bool isBounded = bounds.span() > shortest && bounds.span() < widestBounds;
@@ -70,6 +71,11 @@ AxisRange OwnScale::heightsIn(const PlaneMapping& view) const
     if (valuesSeenIn(view) == values_)
         return heights_;
     return {(view.valueMin - scale_.low) / scale_.span(), (view.valueMax - scale_.low) / scale_.span()};
+}
+
+AxisRange OwnScale::valuesAt(const AxisRange& heights) const
+{
+    return partOf(scale_.isNothing() ? unitScale : scale_, heights);
 }
 
 PlaneMapping OwnScale::planeOf(const AxisRange& scale, const PlaneMapping& view) const

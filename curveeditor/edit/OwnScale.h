@@ -30,9 +30,12 @@ public:
     /// The curve of that scale is the current one from now on. Gives the view that shows it as it was seen before.
     PlaneMapping followed(const AxisRange& scale, const PlaneMapping& view);
 
-private:
+    /// Which part of the scale of the current curve the view shows; 0.0 to 1.0 is the whole of it.
     AxisRange heightsIn(const PlaneMapping& view) const;
+    /// Its values at these heights.
+    AxisRange valuesAt(const AxisRange& heights) const;
 
+private:
     bool isOn_ = false;
     AxisRange shared_;  ///< values that were seen before it was switched on
     AxisRange scale_;   ///< of the current curve

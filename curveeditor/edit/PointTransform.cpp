@@ -38,7 +38,9 @@ void mirror(PointInfo& point)
 
 } // namespace
 
-PointTransform::PointTransform(const SplineBase& spline, const std::vector<PointSerial>& points)
+PointTransform::PointTransform(const SplineBase& spline, const std::vector<PointSerial>& points,
+                               bool makesBezier)
+    : makesBezier_(makesBezier)
 {
     own_.note(spline, points);
     std::vector<bool> isOwn(spline.getControlPointsNumber() + 2, false); // one more at each end
@@ -161,7 +163,7 @@ bool PointTransform::keepShapes(std::vector<PointInfo>& points, const PlaneTrans
         const double last = transform.mirrorsTime() ? segment.leaving : segment.arriving;
         const double leaving = scaled(first, transform.slopeFactor());
         const double arriving = scaled(last, transform.slopeFactor());
-        if (segment.isEased || !std::isfinite(leaving) || !std::isfinite(arriving)) {
+        if (!makesBezier_ || segment.isEased || !std::isfinite(leaving) || !std::isfinite(arriving)) {
             mayBend = true;
             continue;
         }

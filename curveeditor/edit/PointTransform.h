@@ -24,8 +24,9 @@ namespace curveeditor {
 class PointTransform
 {
 public:
-    /// Notes those of the points that `spline` holds.
-    PointTransform(const SplineBase& spline, const std::vector<PointSerial>& points);
+    /// Notes those of the points that `spline` holds. Unless `makesBezier`, as where no point may become so, `Tcb` segments
+    /// beside a point that stays do, and may bend.
+    PointTransform(const SplineBase& spline, const std::vector<PointSerial>& points, bool makesBezier = true);
 
     struct Result
     {
@@ -61,6 +62,7 @@ private:
     int noted(PointSerial point) const;
 
     OwnPoints own_;
+    bool makesBezier_;
     std::vector<Segment> segments_; ///< for each of them
     std::unordered_map<PointSerial, int> places_;
 };

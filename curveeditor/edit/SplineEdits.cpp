@@ -220,7 +220,8 @@ std::vector<PointSerial> SplineEdits::addPoints(SplineBase& spline, std::vector<
     return serials;
 }
 
-SplineState SplineEdits::withSpan(const SplineBase& spline, std::vector<SplineBase::PointInfo> span)
+SplineState SplineEdits::withSpan(const SplineBase& spline, std::vector<SplineBase::PointInfo> span,
+                                  bool keepsShape)
 {
     SplineState state = spline.state();
     if (span.empty())
@@ -233,8 +234,10 @@ SplineState SplineEdits::withSpan(const SplineBase& spline, std::vector<SplineBa
         std::lower_bound(points.begin(), points.end(), span.front(), isEarlierPoint) - points.begin();
     const auto behind =
         std::upper_bound(points.begin(), points.end(), span.back().time, isBehind) - points.begin();
-    keepSlopes(spline, std::size_t(first) - 1, points);
-    keepSlopes(spline, std::size_t(behind) + 1, points);
+    if (keepsShape) {
+        keepSlopes(spline, std::size_t(first) - 1, points);
+        keepSlopes(spline, std::size_t(behind) + 1, points);
+    }
     if (first > 0)
         straighten(points[std::size_t(first) - 1], span.front());
     if (std::size_t(behind) < points.size())

@@ -40,7 +40,8 @@ std::vector<PointSerial> addPoints(SplineBase& spline, std::vector<SplineBase::P
 /// The spline with these points, which ascend in time, in the place of those from the first to the last of their times.
 /// The points outside stay where they are, and the curve between two of them keeps its shape, but for the ease of a `Tcb`
 /// segment beside the last of them. To new points and from them a `Bezier` segment is a straight line.
-SplineState withSpan(const SplineBase& spline, std::vector<SplineBase::PointInfo> span);
+/// Unless `keepsShape`, as where no point may become `Bezier`, a `Tcb` segment beside them follows its new neighbours.
+SplineState withSpan(const SplineBase& spline, std::vector<SplineBase::PointInfo> span, bool keepsShape);
 /// The points from one time to another, both included.
 std::vector<PointSerial> pointsWithin(const SplineBase& spline, double first, double last);
 /// The points with these serials, in the order of the spline.

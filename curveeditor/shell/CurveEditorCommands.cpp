@@ -194,9 +194,11 @@ void CurveEditor::setRange()
     if (dialog.answer() != QDialog::Accepted)
         return;
     d_->functionEdit->setLimitTimeMin(numberTypedIn(*dialog->minX));
-    d_->functionEdit->setLimitValueMin(numberTypedIn(*dialog->minY));
     d_->functionEdit->setLimitTimeMax(numberTypedIn(*dialog->maxX));
-    d_->functionEdit->setLimitValueMax(numberTypedIn(*dialog->maxY));
+    if (!d_->functionEdit->ownScale.isOn()) { // else these values are those of one curve
+        d_->functionEdit->setLimitValueMin(numberTypedIn(*dialog->minY));
+        d_->functionEdit->setLimitValueMax(numberTypedIn(*dialog->maxY));
+    }
     d_->showTimeBounds();
     d_->paintChangedView();
 }

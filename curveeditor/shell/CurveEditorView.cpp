@@ -117,7 +117,8 @@ QByteArray CurveEditor::saveState() const
     state.hasOwnScale = d_->functionEdit->canvas.hasOwnScale();
     state.showsSpeed = d_->functionEdit->canvas.showsSpeed();
     state.times = {shown.timeMin, shown.timeMax};
-    state.values = {shown.valueMin, shown.valueMax};
+    state.values = state.hasOwnScale ? d_->functionEdit->ownScale.heightsIn(shown)
+                                     : AxisRange{shown.valueMin, shown.valueMax};
     return state.bytes();
 }
 
@@ -143,7 +144,8 @@ bool CurveEditor::restoreState(const QByteArray& bytes)
         canvas.setEditsAllCurves(state->editsAllCurves);
     canvas.setOwnScale(state->hasOwnScale);
     canvas.setShowsSpeed(state->showsSpeed);
-    d_->showRange(state->times, state->values);
+    d_->showRange(state->times,
+                  state->hasOwnScale ? d_->functionEdit->ownScale.valuesAt(state->values) : state->values);
     d_->functionEdit->showSelection(false);
     return true;
 }

@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/TransformBox.h>
 #include <curveeditor/canvas/ViewPort.h>
+#include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/shell/DialogParts.h>
 
 #include <QComboBox>
@@ -56,17 +57,21 @@ RetimeDialog::RetimeDialog(QWidget* editor, CanvasFunctionBase& canvas)
 
 void RetimeDialog::addParts(const CanvasCurves::Nodes& nodes)
 {
+    view_ = canvas().getViewport()->mapping();
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         auto original = std::make_unique<SplineBase>();
         original->assign(trial_.before(i).spline);
-        PointTransform points(*original, nodes[i]->control().selection().edited());
+        PointTransform points(*original, nodes[i]->control().selection().edited(),
+                              PointLimits::allow(nodes[i]->curve()->options, SplineBase::Bezier));
+        const PlaneMapping plane = nodes[i]->mapping();
         for (const SplineBase::PointInfo& point : SplineEdits::copyOf(*original, points.points())) {
+            const PointDrag::Place seen = placeIn(view_, {point.time, point.pos}, plane);
             if (frame_.time.isNothing() || point.time < frame_.time.low)
-                first_ = {point.time, point.pos};
-            frame_.time.include(point.time);
-            frame_.value.include(point.pos);
+                first_ = seen;
+            frame_.time.include(seen.time);
+            frame_.value.include(seen.value);
         }
-        parts_.push_back({std::move(original), std::move(points)});
+        parts_.push_back({std::move(original), std::move(points), plane});
     }
 }
 
@@ -82,12 +87,13 @@ void RetimeDialog::translate()
     fitToItems(pivot_);
 }
 
+/// In the plane of the view.
 PointDrag::Place RetimeDialog::pivot() const
 {
     const double timeLine = canvas().getViewport()->timeLine;
     switch (Pivot(pivot_->currentData().toInt())) {
     case Pivot::TimeLine:
-        return {timeLine, (*parts_.front().original)(timeLine)};
+        return placeIn(view_, {timeLine, (*parts_.front().original)(timeLine)}, parts_.front().plane);
     case Pivot::Middle:
         return {std::midpoint(frame_.time.low, frame_.time.high),
                 std::midpoint(frame_.value.low, frame_.value.high)};
@@ -115,10 +121,10 @@ FitDialog::Outcome RetimeDialog::work()
 
 FitDialog::Outcome RetimeDialog::transform(double timeFactor, double valueFactor)
 {
-    const PointDrag::Place about = pivot();
     std::vector<SplineState> states;
     bool mayBend = false;
     for (const Part& part : parts_) {
+        const PointDrag::Place about = placeIn(part.plane, pivot(), view_);
         std::optional<PointTransform::Result> result =
             part.points.applied(*part.original, {{timeFactor, about.time}, {valueFactor, about.value}});
         if (!result)

@@ -36,6 +36,7 @@ private:
     {
         std::unique_ptr<SplineBase> original;
         PointTransform points;
+        PlaneMapping plane; ///< in which the curve was seen
     };
 
     void addParts(const CanvasCurves::Nodes& nodes);
@@ -46,8 +47,9 @@ private:
 
     CurveTrial trial_;
     std::vector<Part> parts_; ///< one for each curve of the trial
-    PlaneFrame frame_;        ///< about the points
-    PointDrag::Place first_;  ///< the first of the points
+    PlaneMapping view_;       ///< at first
+    PlaneFrame frame_;        ///< about the points, in the view
+    PointDrag::Place first_;  ///< the first of the points, there too
     NumberLine* timeFactor_;
     NumberLine* valueFactor_;
     QComboBox* pivot_;

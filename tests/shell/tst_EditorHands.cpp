@@ -192,6 +192,12 @@ private Q_SLOTS:
         });
         row("undo meanwhile", before, {},
             [=](Scene& s) { draw(s, 6.0, 0.0), s.editor.undo(), s.release(6.0, 0.0); });
+        row("hidden meanwhile", before, "a.x is hidden.",
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.key(Qt::Key_H), s.move(7.0, 0.0).release(7.0, 0.0); });
+        row("another curve meanwhile", before, {},
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.turnTo("a.y").move(7.0, 0.0).release(7.0, 0.0); });
+        row("editor hidden meanwhile", {0.0, 2.0, 4.0, 6.0, 8.0}, {},
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.editor.hide(); });
         row("host writes meanwhile", {0.0, 2.0, 4.0, 6.0, 7.0, 8.0}, {},
             [=](Scene& s) { draw(s, 6.0, 0.0), s.x.addPoint(7.0, 0.0), s.move(7.5, 3.0).release(7.5, 3.0); });
         row("host takes the curve away", before, {}, [=](Scene& s) {

@@ -2,6 +2,7 @@
 #include "EditorScene.h"
 
 #include <curveeditor/edit/OwnScale.h>
+#include <curveeditor/shell/RetimeDialog.h>
 
 namespace {
 
@@ -73,6 +74,26 @@ private Q_SLOTS:
         QCOMPARE(scale.high, expected.high);
     }
 
+    void limitsOfValuesBindNoCurveAndEachIsScaledInItsUnits()
+    {
+        ScaledScene s;
+        s.editor.setMinValue(-10.0);
+        s.editor.setMaxValue(10.0);
+        s.dragBy(s.seen("a.y", 1), {20, 0});
+        s.mouse(QEvent::MouseButtonRelease, {});
+        QVERIFY(isNear(s.y[1]->pos, -2000.0, 50.0) && s.y[1]->time > 5.1);
+        s.key(Qt::Key_Home).shown();
+        QVERIFY(isNear(s.share("a.y", 1), 11.0 / 12.0, 0.01));
+        s.turnTo("a.x").key(Qt::Key_A, ctrl);
+        s.editor.action("retimeAction")->trigger();
+        auto* const found = s.editor.findChild<RetimeDialog*>();
+        found->findChild<QComboBox*>("pivot")->setCurrentIndex(2);
+        found->findChild<QLineEdit*>("valueFactor")->setText("2");
+        found->accept();
+        QVERIFY(isNear(s.x[1]->pos, 2.0, 0.02) && isNear(s.x[2]->pos, -2.0, 0.02));
+        QVERIFY(isNear(s.y[1]->pos, -3000.0, 100.0) && isNear(s.y[0]->pos, 1000.0, 100.0));
+    }
+
     void eachCurveFillsTheCanvasAndKeepsItsValues()
     {
         Scene s;
@@ -105,7 +126,9 @@ private Q_SLOTS:
         QVERIFY(isNear(s.editor.view().y(), -1.2) && isNear(s.editor.view().height(), 2.4));
         const QByteArray scaled = s.editor.saveState();
         s.editor.setView({0.0, -0.5, 4.0, 1.0});
-        s.turnTo("a.y").turnTo("a.x").editor.restoreState(scaled);
+        s.turnTo("a.y").editor.restoreState(scaled);
+        QVERIFY(isNear(s.editor.view().height(), 2400.0));
+        s.turnTo("a.x").shown();
         QVERIFY(action.isChecked() && isNear(s.editor.view().height(), 2.4));
         s.editor.restoreState(state);
         QVERIFY(!action.isChecked() && s.editor.view() == view && s.shown() == shown && s.states() == before);
