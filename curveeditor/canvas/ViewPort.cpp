@@ -211,8 +211,7 @@ void ViewPort::checkBand(bool strict)
     const bool tooSmallWhereItIs = (bandX0 + bandX1) * smallestShareOfPosition > width ||
                                    (bandY0 + bandY1) * smallestShareOfPosition > height;
     const bool withoutSide = width < smallestSide || height < smallestSide;
-    const bool largerThanLimits =
-        limitTimeMax - limitTimeMin < width || valueLimits().span() < height;
+    const bool largerThanLimits = limitTimeMax - limitTimeMin < width || valueLimits().span() < height;
     bandValid = !(strict && (tooSmallInView || tooSmallWhereItIs)) && !withoutSide && !largerThanLimits;
 }
 

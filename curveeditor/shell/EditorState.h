@@ -23,7 +23,8 @@ struct EditorState
     bool hasOwnScale = false;
     bool showsSpeed = false;
     AxisRange times = {};
-    AxisRange values = {}; ///< heights, where curves have own scales: another curve may be the current one then
+    AxisRange values =
+        {}; ///< heights, where curves have own scales: another curve may be the current one then
 
     QByteArray bytes() const;
     /// Null for what `bytes` has not written.
