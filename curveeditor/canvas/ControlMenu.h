@@ -28,7 +28,7 @@ public:
     void showMenu(const QPoint& globalPosition, int indexAtPoint);
 
     /// Enables the entries for selected points, or those for none. Of the types those show that the options allow.
-    void enableEntries(bool hasSelection, const EditedCurve& curve);
+    void enableEntries(bool hasSelection, const curveeditor::EditedCurve& curve);
     /// Puts these actions below the entries, instead of those of the last call. They stay their owners'.
     void showOthers(const QList<QPointer<QAction>>& others);
 
