@@ -166,14 +166,14 @@ bool FreehandDrag::takeEscape()
 
 void FreehandDrag::keep()
 {
-    if (isCurveThere())
+    const bool isKept = isCurveThere() && !stroke_->isDot();
+    if (isKept)
         trial_->keep();
     else
         trial_->takeBack();
-    const bool isEdited = curve_ && !stroke_->isDot();
     const QPointer<CurveNodeBase> curve = curve_;
     end();
-    if (!isEdited)
+    if (!isKept || !curve)
         return;
     curve->control().dropLostPoints();
     Q_EMIT canvas_.selectionChanged(false);

@@ -194,6 +194,14 @@ private Q_SLOTS:
             [=](Scene& s) { draw(s, 6.0, 0.0), s.editor.undo(), s.release(6.0, 0.0); });
         row("hidden meanwhile", before, "a.x is hidden.",
             [=](Scene& s) { draw(s, 6.0, 0.0), s.key(Qt::Key_H), s.move(7.0, 0.0).release(7.0, 0.0); });
+        row("upright at the end", {0.0, 2.0, 4.0, 5.9, 6.0, 6.0, 8.0}, {}, [=](Scene& s) {
+            draw(s, 6.0, 0.0), s.move(6.0, 2.0).release(6.0, 2.0);
+            QVERIFY(qAbs(s.x(6.0) - 2.0) < 0.05);
+        });
+        row("another curve at the release", before, {}, [=](Scene& s) {
+            draw(s, 6.0, 0.0), s.turnTo("a.y").release(7.0, 0.0);
+            QVERIFY(s.changes.isEmpty() && s.entries() == 0);
+        });
         row("another curve meanwhile", before, {},
             [=](Scene& s) { draw(s, 6.0, 0.0), s.turnTo("a.y").move(7.0, 0.0).release(7.0, 0.0); });
         row("editor hidden meanwhile", {0.0, 2.0, 4.0, 6.0, 8.0}, {},
