@@ -22,7 +22,8 @@ using namespace curveeditor;
 
 CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* editor)
     : QObject(parent), editor_(editor), curves_(editor), hands_(*this, curves_),
-      picture_(widget(), curves_, hands_.guide), menu_(std::make_unique<PointMenu>(*this))
+      picture_(widget(), curves_, hands_.guide), colors_(picture_.theme()),
+      menu_(std::make_unique<PointMenu>(*this))
 {
     connect(&door_.history(), &EditHistory::reported, this, &CanvasFunctionBase::takeReport);
     connect(&door_.history(), &EditHistory::formulaLost, this,
@@ -320,6 +321,7 @@ bool CanvasFunctionBase::exportSensorData(QTextStream& out) const
 void CanvasFunctionBase::setTheme(const CurveEditorTheme& theme)
 {
     picture_.setTheme(theme);
+    colors_.setTheme(picture_.theme());
     for (const auto& curve : curves_.all())
         curve->setColor(curve->getColor(), picture_.theme().canvas);
     paint();

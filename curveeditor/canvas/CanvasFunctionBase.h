@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/CanvasEdit.h>
 #include <curveeditor/canvas/CanvasHands.h>
 #include <curveeditor/canvas/CanvasPicture.h>
+#include <curveeditor/canvas/CurveColors.h>
 #include <curveeditor/canvas/PointMenu.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/CurveMark.h>
@@ -223,6 +224,8 @@ public:
     void setTheme(const CurveEditorTheme& theme);
     /// The theme as it is in effect; the reference stays.
     const CurveEditorTheme& theme() { return picture_.theme(); }
+    /// To be told which colours the curves of the host have, whether they are on the canvas or not.
+    CurveColors& colors() { return colors_; }
 
     /// These change the theme; the change shows at the next paint. Curves keep the dimmed colours that they have. All
     /// canvases of the process share the colours of markers and handles until they have a theme of their own.
@@ -381,6 +384,7 @@ private:
     CanvasCurves curves_;
     CanvasHands hands_;
     CanvasPicture picture_;
+    CurveColors colors_;
     std::unique_ptr<PointMenu> menu_;
     AxisRange shownValues_;       ///< at the last frame
     bool isTakingReport_ = false; ///< others have not heard of it yet

@@ -22,8 +22,9 @@ namespace {
 constexpr int fewestLines = 5;
 constexpr int mostLines = 100;
 constexpr int leastLineDistance = 4; // of lines of the host, in pixels
-constexpr int labelGap = 4;          // between a line and its number
-constexpr int labelMargin = 5;       // between an edge of the canvas and the numbers along it
+constexpr int leastFineDistance = 10;
+constexpr int labelGap = 4;    // between a line and its number
+constexpr int labelMargin = 5; // between an edge of the canvas and the numbers along it
 constexpr int lastColumnWithoutLabel = 12;
 constexpr int labelPadding = 3; // of the background of a label
 constexpr float labelOpacity = 0.8F;
@@ -36,6 +37,7 @@ struct Axis
     double span = 0.0;
     int count = 0;
     int zeroIndex = -1;
+    int leading = 1; ///< digit of the step, where it is round
 
     /// Where a line lies on a side of `length` pixels, from the lower edge on.
     double position(int index, int length) const { return length * (index * step + offset) / span; }
@@ -54,17 +56,24 @@ double powerOfTen(int exponent)
     return exponent < 0 ? 1.0 / power : power;
 }
 
-/// A few halvings do. Where the ends are too close for a double to tell the lines between them apart, the
+/// A few steps down do. Where the ends are too close for a double to tell the lines between them apart, the
 /// step comes to nothing or the count goes beyond all bounds, and there is no line.
-Axis axisBetween(double lower, double upper)
+Axis axisBetween(double lower, double upper, bool isRound)
 {
     Axis axis;
     axis.span = upper - lower;
     if (!(axis.span > 0.0) || !std::isfinite(axis.span))
         return axis;
 
-    axis.step = powerOfTen(truncateToInt(std::floor(std::log10(axis.span))));
-    for (; axis.step > 0.0; axis.step *= 0.5) {
+    int exponent = truncateToInt(std::floor(std::log10(axis.span)));
+    const auto stepDown = [&] {
+        if (!isRound)
+            return axis.step * 0.5;
+        exponent -= axis.leading == 1 ? 1 : 0;
+        axis.leading = axis.leading == 5 ? 2 : axis.leading == 2 ? 1 : 5;
+        return axis.leading * powerOfTen(exponent);
+    };
+    for (axis.step = powerOfTen(exponent); axis.step > 0.0; axis.step = stepDown()) {
         const double firstMultiple = std::ceil(lower / axis.step);
         const double lines = std::floor(upper / axis.step) - firstMultiple + 1.0;
         if (lines > mostLines)
@@ -79,6 +88,23 @@ Axis axisBetween(double lower, double upper)
         }
     }
     return axis;
+}
+
+/// Those between the lines of `axis`, from the lower edge on; none where they would come too close.
+std::vector<double> finePositions(const Axis& axis, int length)
+{
+    const int parts = axis.leading == 2 ? 4 : 5;
+    const double distance = axis.position(1, length) - axis.position(0, length);
+    std::vector<double> positions;
+    if (axis.count == 0 || distance < parts * leastFineDistance)
+        return positions;
+    const double fine = distance / parts;
+    for (int i = 1 - parts; i < axis.count * parts; ++i) {
+        const double position = axis.position(0, length) + i * fine;
+        if (i % parts != 0 && position >= 0.0 && position <= length)
+            positions.push_back(position);
+    }
+    return positions;
 }
 
 QPoint startOf(const QPolygon& lines, qsizetype index)
@@ -153,7 +179,7 @@ void CanvasGrid::layout(ViewPort* view)
     placeTimeLine(*view);
 
     layOutTimes(*view, timesOfHost(*view));
-    const Axis y = view->canShow() ? axisBetween(view->valueMin, view->valueMax) : Axis();
+    const Axis y = view->canShow() ? axisBetween(view->valueMin, view->valueMax, hasFineLines) : Axis();
     stepY = y.step;
     firstY = y.first;
     countY = y.count;
@@ -165,6 +191,9 @@ void CanvasGrid::layout(ViewPort* view)
         const int row = truncateToPixel(height - y.position(j, height));
         lines << QPoint(0, row) << QPoint(width, row);
     }
+    fineRows_.clear();
+    for (const double position : hasFineLines ? finePositions(y, height) : std::vector<double>())
+        fineRows_.push_back(truncateToPixel(height - position));
     writeLabels(*view);
 }
 
@@ -187,7 +216,7 @@ void CanvasGrid::layOutTimes(const ViewPort& view, const std::vector<double>& of
 {
     const double factor = view.showFrames ? view.fps : 1.0;
     const Axis even = view.canShow() && !hostTimes && ofHost.empty()
-                          ? axisBetween(factor * view.timeMin, factor * view.timeMax)
+                          ? axisBetween(factor * view.timeMin, factor * view.timeMax, hasFineLines)
                           : Axis();
     const auto addLine = [this](int column) {
         lines << QPoint(column, 0) << QPoint(column, widget->height());
@@ -201,6 +230,9 @@ void CanvasGrid::layOutTimes(const ViewPort& view, const std::vector<double>& of
         addLine(truncateToPixel(even.position(i, widget->width())));
     }
     zeroIndexX = even.zeroIndex;
+    fineColumns_.clear();
+    for (const double position : hasFineLines ? finePositions(even, widget->width()) : std::vector<double>())
+        fineColumns_.push_back(truncateToPixel(position));
     for (const double time : ofHost) {
         const int column = view.timeToPixel(time);
         if (!times_.empty() && column - startOf(lines, qsizetype(times_.size()) - 1).x() < leastLineDistance)
@@ -271,6 +303,10 @@ QRect CanvasGrid::timeLineGrip(const CurveEditorTheme& theme) const
 void CanvasGrid::drawLines(QPainter* painter, const CurveEditorTheme& theme) const
 {
     const DeviceLines straight(painter);
+    for (const int column : fineColumns_)
+        straight.drawUpright(column, theme.gridWidth, theme.fineGridLines);
+    for (const int row : fineRows_)
+        straight.drawLevel(row, theme.gridWidth, theme.fineGridLines);
     const QColor zeroColor = theme.zeroLines.isValid() ? theme.zeroLines : theme.gridLines;
     for (int i = 0; i < countX; ++i)
         straight.drawUpright(startOf(lines, i).x(), theme.gridWidth,

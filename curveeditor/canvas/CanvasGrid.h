@@ -37,13 +37,15 @@ public:
     bool offersTimeLine = false; ///< the user may drag the time line
     /// Gives the times of the vertical lines in a span, which are the host's; null for those at even distances.
     std::function<std::vector<double>(double first, double last)> hostTimes;
+    /// Lines stand at 1, 2 or 5 times a power of ten, and finer ones between them where there is room.
+    bool hasFineLines = false;
     int gridWidth = 0; ///< pixel size of the view at the last `layout`
     int gridHeight = 0;
 
     explicit CanvasGrid(QWidget* widget);
 
     /// Chooses the lines for the view: at least 5 in each direction, at multiples of a power of ten or of its
-    /// half, quarter and so on. An axis that has no finite span above zero (a view without span, `fps` not
+    /// half, quarter and so on, or with `hasFineLines` of its half, fifth and so on. An axis that has no finite span above zero (a view without span, `fps` not
     /// above zero while frames are shown) gets no line; a view that can't be shown gets nothing at all.
     /// `hostTimes` is called once for each layout. Times that are not finite or not in the view are left out, and so are
     /// those that come too close to the one before; none is left where it throws.
@@ -74,6 +76,8 @@ private:
     bool showsTimeLine() const { return timeLineX >= 0 && timeLineX <= gridWidth; }
 
     std::vector<double> times_; ///< of the vertical lines
+    std::vector<int> fineColumns_;
+    std::vector<int> fineRows_;
     bool isAskingHost_ = false;
     bool isTimeWritten_ = false; ///< by the host
     QStringList timeLabels_;     ///< one for each vertical line

@@ -267,6 +267,7 @@ std::optional<std::pair<int, int>> CanvasPicture::selectedColumns() const
 void CanvasPicture::setTheme(const CurveEditorTheme& theme)
 {
     theme_ = theme.bounded();
+    grid_->hasFineLines = theme_.fineGridLines.isValid();
     hasOwnTheme_ = true;
     ++look_;
     if (viewport_)

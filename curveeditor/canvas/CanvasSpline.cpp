@@ -3,18 +3,11 @@
 
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/CurveEditorTheme.h>
-#include <curveeditor/canvas/DevicePixels.h>
-#include <curveeditor/canvas/HandleBatch.h>
-#include <curveeditor/canvas/MarkerColumn.h>
-#include <curveeditor/canvas/MarkerStamp.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 
-#include <QPainter>
-
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <tuple>
 #include <utility>
 
@@ -27,7 +20,6 @@ constexpr double nodeMargin = 100.0;
 constexpr double shortestHandle = double(0.333f);
 constexpr double longestHandle = 1e6;
 constexpr double steepestSlope = 1e18;
-constexpr int mostHandlesInColumn = 16;
 
 QPoint nodePixel(const PlaneMapping& view, const SplineBase::PointInfo& point)
 {
@@ -143,12 +135,6 @@ DeviceLine uncovered(const DeviceLine& line, const DeviceLine& cover)
     return parts;
 }
 
-bool meetsCanvas(const QRect& marker, const ViewPort& view)
-{
-    return marker.right() > 0 && marker.left() < view.pixelWidth && marker.bottom() > 0 &&
-           marker.top() < view.pixelHeight;
-}
-
 } // namespace
 
 CanvasSpline::CanvasSpline(const SplineBase* spline, const CurveEditorTheme& theme)
@@ -262,22 +248,6 @@ void CanvasSpline::placeEnds()
         endLine_.points << last << QPoint(view.pixelWidth, last.y());
 }
 
-void CanvasSpline::draw(CurvePainter& curves, const Selection& selection, SplineEdits::Part dragged) const
-{
-    if (!isShown_)
-        return;
-    drawLines(curves);
-    if (!selected && !showsPoints)
-        return;
-    const Indices marked = selection.indices(*spline_);
-    if (!theme_.smooth)
-        drawMarkers(curves, marked);
-    if (selected && !marked.empty())
-        drawHandles(curves.painter(), marked, dragged);
-    if (theme_.smooth)
-        drawSmoothMarkers(curves.painter(), marked);
-}
-
 QPoint CanvasSpline::rightHandle(const QPoint& pixel, unsigned index, bool plain) const
 {
     double length = 0.0;
@@ -290,109 +260,6 @@ QPoint CanvasSpline::leftHandle(const QPoint& pixel, unsigned index, bool plain)
     double length = 0.0;
     const double slope = spline_->getTangentLeftAtNode(index, length);
     return handleEnd(pixel, slope, theme_.handleLength * (plain ? 1.0 : shortestHandle + length), -1);
-}
-
-void CanvasSpline::drawLines(CurvePainter& curves) const
-{
-    const QColor lead = selected ? selectedColor : unselectedColor;
-    curves.drawDotted(startLine_, lead, theme_.dottedWidth);
-    curves.drawDotted(endLine_, lead, theme_.dottedWidth);
-    curves.drawDotted(outsideLine_, unselectedColor, theme_.dottedWidth);
-    curves.drawSolid(curveLine, lead, selected ? theme_.curveWidth : theme_.otherCurveWidth);
-}
-
-/// Calls `point` with the index of each shown point that is among `marked`, or else of each other one.
-template <typename Visit>
-void CanvasSpline::visit(const Indices& marked, bool chosen, const Visit& point) const
-{
-    auto next = marked.begin();
-    if (chosen) {
-        for (; next != marked.end() && *next < shownPoints(); ++next)
-            point(*next);
-        return;
-    }
-    for (int index = 0; index < shownPoints(); ++index) {
-        if (next != marked.end() && *next == index)
-            ++next;
-        else
-            point(index);
-    }
-}
-
-void CanvasSpline::drawMarkers(CurvePainter& curves, const Indices& marked) const
-{
-    for (const bool chosen : {false, true}) {
-        MarkerColumn column(curves, {viewport->pixelWidth, viewport->pixelHeight},
-                            chosen ? theme_.selectedPointSize : theme_.pointSize,
-                            chosen ? theme_.controlPointSelected : theme_.controlPoint);
-        visit(marked, chosen, [&](int index) { column.add(nodePixels[index]); });
-    }
-}
-
-void CanvasSpline::drawSmoothMarkers(QPainter* painter, const Indices& marked) const
-{
-    for (const bool chosen : {false, true}) {
-        const MarkerStamp stamp(*painter, chosen ? theme_.selectedPointShape : theme_.pointShape,
-                                chosen ? theme_.selectedPointSize : theme_.pointSize,
-                                chosen ? theme_.controlPointSelected : theme_.controlPoint,
-                                theme_.controlPointOutline);
-        const DevicePixels devicePixels(painter, stamp.ratio());
-        std::optional<QPoint> last;
-        visit(marked, chosen, [&](int index) {
-            if (std::exchange(last, nodePixels[index]) != nodePixels[index])
-                stamp.draw(painter, nodePixels[index]);
-        });
-    }
-}
-
-/// Points in one column share the dotted line through it: the last one draws it. Of very many there not all show
-/// their handles.
-void CanvasSpline::drawHandles(QPainter* painter, const Indices& marked, SplineEdits::Part dragged) const
-{
-    std::vector<int> shown;
-    visit(marked, true, [&](int index) {
-        if (meetsCanvas(markerSquare(nodePixels[index], theme_.selectedPointSize), *viewport))
-            shown.push_back(index);
-    });
-    HandleBatch batch(painter, theme_);
-    int inColumn = 0;
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        const QPoint pixel = nodePixels[shown[i]];
-        const bool isLastInColumn = i + 1 == shown.size() || nodePixels[shown[i + 1]].x() != pixel.x();
-        if (isLastInColumn) {
-            batch.flush();
-            painter->setPen(
-                QPen(theme_.guide.isValid() ? theme_.guide : theme_.controlPointSelected, 1, Qt::DotLine));
-            painter->drawLine(pixel, QPoint(pixel.x(), 0));
-            painter->drawLine(pixel, QPoint(pixel.x(), viewport->pixelHeight));
-        }
-        if (++inColumn <= mostHandlesInColumn || isLastInColumn)
-            addHandles(batch, shown[i], dragged);
-        if (isLastInColumn)
-            inColumn = 0;
-    }
-}
-
-void CanvasSpline::addHandles(HandleBatch& batch, int index, SplineEdits::Part dragged) const
-{
-    using SplineEdits::Part;
-    const int last = pointCount() - 1;
-    const QPoint pixel = nodePixels[index];
-    const auto typeOf = [this](int point) {
-        return spline_->getControlPoints()[std::size_t(point)]->type;
-    };
-    const bool fixed = typeOf(index) == SplineBase::Tcb;
-    const auto endsCurvedSegment = [&typeOf](int end) {
-        return typeOf(end) == SplineBase::Bezier || typeOf(end) == SplineBase::Tcb;
-    };
-    const auto add = [&](const QPoint& end, Part part) {
-        const bool isDragged = !fixed && (dragged == Part::BothTangents || dragged == part);
-        batch.add(pixel, end, isDragged ? theme_.controllerSelected : theme_.controller, fixed);
-    };
-    if (index < last && endsCurvedSegment(index + 1))
-        add(rightHandle(pixel, unsigned(index), index == 0), Part::RightTangent);
-    if (index > 0 && endsCurvedSegment(index))
-        add(leftHandle(pixel, unsigned(index), index == last), Part::LeftTangent);
 }
 
 QPoint CanvasSpline::handleEnd(const QPoint& pixel, double slope, double length, int side) const

@@ -17,6 +17,7 @@ struct CurveEditorTheme;
 
 namespace curveeditor {
 class HandleBatch;
+class MarkerStamp;
 } // namespace curveeditor
 
 using namespace curveeditor;
@@ -86,10 +87,20 @@ private:
     void placeEnds();
     void drawLines(CurvePainter& curves) const;
     using Indices = std::vector<std::int32_t>;
+    void drawSmooth(CurvePainter& curves, const Indices& marked, SplineEdits::Part dragged) const;
 
     void placePoints(const TimeInterval& times);
     void drawMarkers(CurvePainter& curves, const Indices& marked) const;
-    void drawSmoothMarkers(QPainter* painter, const Indices& marked) const;
+    /// The points that are selected, or the others, each pixel once: those that have room, and those that would hide
+    /// the line between them.
+    struct Markers
+    {
+        Indices apart;
+        Indices crowded;
+    };
+    Markers markers(const Indices& marked, bool chosen) const;
+    MarkerStamp stamp(const QPainter& painter, bool chosen, bool crowded) const;
+    void put(QPainter* painter, const MarkerStamp& stamp, const Indices& points) const;
     void drawHandles(QPainter* painter, const Indices& marked, SplineEdits::Part dragged) const;
     template <typename Visit> void visit(const Indices& marked, bool chosen, const Visit& point) const;
     void addHandles(HandleBatch& batch, int index, SplineEdits::Part dragged) const;

@@ -35,7 +35,8 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
     theme.mark = part(mixedColor(ink, canvas, 0.55));
     theme.hint = contrastingColor(mixedColor(ink, canvas, 0.65), {canvas}, contrastOfTexts);
 
-    theme.gridLines = mixedColor(ink, canvas, 0.12);
+    theme.gridLines = mixedColor(ink, canvas, 0.16);
+    theme.fineGridLines = mixedColor(ink, canvas, 0.06);
     theme.zeroLines = mixedColor(ink, canvas, 0.28);
     theme.frameVLine = theme.frameHLine = theme.zeroLines;
     theme.labels = contrastingColor(mixedColor(ink, canvas, 0.65), {canvas}, contrastOfTexts);
@@ -50,7 +51,7 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
 
     theme.curveWidth = 2.5;
     theme.otherCurveWidth = 1.5;
-    theme.otherCurveShare = 0.6;
+    theme.otherCurveShare = 1.0;
     theme.smooth = true;
     theme.adaptsCurveColors = true;
 

@@ -60,6 +60,9 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
 
     QColor gridLines = QColor(255, 255, 255);
     double gridWidth = 1.0;
+    /// If valid, the grid lines stand at 1, 2 or 5 times a power of ten, and lines of this colour between them where
+    /// there is room; else at a power of ten, its half, its quarter and so on.
+    QColor fineGridLines;
     QColor zeroLines;                          ///< the grid lines at 0; invalid: as `gridLines`
     QColor frameVLine = QColor(220, 255, 255); ///< along the bottom edge
     QColor frameHLine = QColor(220, 255, 255); ///< along the left edge
@@ -87,7 +90,9 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     double dottedWidth = 1.0; ///< of the dotted lines of curves, outside their points and beyond their bounds
     double otherCurveShare = 0.5; ///< how much of its colour a curve keeps that is not current
     bool smooth = false; ///< lines and markers are antialiased; dotted lines let shine through what is behind
-    bool adaptsCurveColors = false; ///< curves are drawn darker or lighter where the canvas swallows them
+    /// Curves are drawn in other colours where the canvas swallows them or where they can't be told apart. Their hue
+    /// stays as far as it can, and their squares in the list have the colour that is drawn.
+    bool adaptsCurveColors = false;
     /// @}
 
     /// @name Points and handles

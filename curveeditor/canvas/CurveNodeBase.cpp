@@ -104,7 +104,8 @@ void CurveNodeBase::toggleAction()
 void CurveNodeBase::setColor(const QColor& color, const QColor& background)
 {
     color_ = color;
-    const QColor shown = curve_->isLocked() ? mixedColor(color, background, lockedShare) : color;
+    const QColor line = canvas_->colors().lineOf(color);
+    const QColor shown = curve_->isLocked() ? mixedColor(line, background, lockedShare) : line;
     canvasSpline_->setColors(shown, background);
     canvasExpression_->setColors(QPen(shown, 0, Qt::SolidLine), background);
     renewPictureNumber();

@@ -66,6 +66,8 @@ void CurveEditor::setFont(const QFont& font)
 void CurveEditor::setTheme(const CurveEditorTheme& theme)
 {
     d_->functionEdit->canvas.setTheme(theme);
+    for (const auto& record : d_->nodeList)
+        d_->showSquare(*record);
     d_->showPanelTheme();
 }
 

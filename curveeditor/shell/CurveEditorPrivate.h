@@ -174,6 +174,7 @@ struct CurveEditor::Private final : DependencyCheck
     void setColorToNode(const QTreeWidgetItem* item, const QColor& color);
     void setColorToEditingNode(const QTreeWidgetItem* item, const QColor& color);
     void setColor(NodeStruct* record, const QColor& color);
+    void showSquare(const NodeStruct& record);
 
     std::shared_ptr<EditedCurve> contentOf(const QString& name) const;
     CurveOptions optionsOf(const QString& name) const;

@@ -100,12 +100,13 @@ void CurveEditor::Private::addNewNode(MainNodeStruct* group, const QString& name
     record->function = function;
     record->editingItem = new QTreeWidgetItem;
     EditingList::setCurveName(record->editingItem, name);
-    EditingList::setCurveColor(record->editingItem, color);
     record->action = new QAction(variableName(name), editor.expressionTool);
     record->action->setObjectName(variableName(name));
     record->action->setData(nextVariableId++);
     group->menu->addAction(record->action);
     record->color = color;
+    functionEdit->canvas.colors().add(color);
+    showSquare(*record);
     record->defaultValue = defaultValue;
     record->minValue = minValue;
     record->maxValue = maxValue;
@@ -147,6 +148,7 @@ void CurveEditor::Private::eraseRecords(const std::vector<NodeStruct*>& records)
         if (functionEdit->canvas.findCurve(record->name))
             closed.emplace_back(record->nodeName, record->curveName);
         takeOffCanvas(*record);
+        functionEdit->canvas.colors().remove(record->color);
         if (editingMenu->menuItem() == record->editingItem)
             editingMenu->setMenuItem(nullptr);
         nodeOfName.remove(record->name);
@@ -333,13 +335,20 @@ void CurveEditor::Private::setColor(NodeStruct* record, const QColor& color)
 {
     if (!record || !color.isValid() || record->color == color)
         return;
-    record->color = color;
+    functionEdit->canvas.colors().add(color);
+    functionEdit->canvas.colors().remove(std::exchange(record->color, color));
     const QString group = record->nodeName,
                   curve = record->curveName; // whoever hears of it may remove the record
-    EditingList::setCurveColor(record->editingItem, color);
+    showSquare(*record);
     functionEdit->setCurveColor(record->name, color);
     const HostCalls::Call call(hostCalls());
     Q_EMIT editor.curveColorChanged(group, curve, QColor(color));
+}
+
+/// The square in the list has the colour in which the curve is drawn.
+void CurveEditor::Private::showSquare(const NodeStruct& record)
+{
+    EditingList::setCurveColor(record.editingItem, functionEdit->canvas.colors().lineOf(record.color));
 }
 
 void CurveEditor::pressedItem(QTreeWidgetItem* /*who*/) {}

@@ -3,7 +3,10 @@
 
 #include <curveeditor/canvas/CanvasExpression.h>
 #include <curveeditor/canvas/ColorContrast.h>
+#include <curveeditor/canvas/CurveColors.h>
 #include <curveeditor/model/CurveVariables.h>
+
+#include <numeric>
 
 /// Who does not hold the door open reads.
 template <auto getter, typename Owner>
@@ -226,18 +229,66 @@ private Q_SLOTS:
         QList<QColor> parts{theme.controlPoint, theme.controlPointSelected,
                             theme.controller,   theme.controllerSelected,
                             theme.timeLine,     theme.mark};
-        for (int hue = 0; hue < 360; hue += 20) {
-            for (const auto& [saturation, value] :
-                 {std::pair(255, 255), {255, 128}, {60, 255}, {0, hue / 2}}) {
-                const auto [current, other] =
-                    curveColors(QColor::fromHsv(hue, saturation, value), theme.canvas, theme);
+        const bool isHard = theme.canvas == QColor(Qt::darkGreen); // few colours stand out of it
+        for (unsigned seed = 0; seed < 8; ++seed) {
+            QRandomGenerator random(seed);
+            CurveColors colors(theme);
+            QList<QColor> hosts, lines;
+            for (int i = 0; i < 24; ++i) {
+                hosts << QColor::fromRgb(random.generate() | (seed % 3 == 0 ? 0x00a0a0a0u : 0u));
+                colors.add(hosts.back());
+                lines << colors.lineOf(hosts.back());
+                for (int j = 0; j < i; ++j) {
+                    const double apart = distance(Oklab::of(hosts[i]), Oklab::of(hosts[j]));
+                    const double least = apart >= 0.08 ? 0.08 : apart > 0.0 ? 0.05 : 0.0;
+                    QVERIFY(distance(Oklab::of(lines[i]), Oklab::of(lines[j])) >= least || isHard);
+                    QCOMPARE(colors.lineOf(hosts[j]), lines[j]);
+                }
+                const auto [current, other] = curveColors(lines.back(), theme.canvas, theme);
                 parts << current << other;
+                QCOMPARE(current, lines.back());
             }
+            colors.add(hosts[0]);
+            colors.remove(hosts[0]);
+            QCOMPARE(colors.lineOf(hosts[0]), lines[0]);
+            CurveColors alone(CurveEditorTheme::described());
+            alone.add(Qt::red);
+            alone.add(hosts[5]);
+            QCOMPARE(alone.lineOf(hosts[5]), hosts[5]);
+            alone.remove(Qt::red);
+            alone.setTheme(theme);
+            QCOMPARE(alone.lineOf(hosts[5]),
+                     contrastingColor(hosts[5], {theme.canvas, theme.selection}, 3.0));
         }
         for (const QColor& part : parts) {
             for (const QColor& background : {theme.canvas, theme.selection})
                 QVERIFY2(contrastOf(part, background) >= 3.0, qPrintable(part.name()));
         }
+    }
+
+    void manyPointsHideNeitherTheirLineNorTheSelected()
+    {
+        CanvasScene scene;
+        HostCurve curve;
+        scene.add(curve, "a.x");
+        const CurveEditorTheme theme = CurveEditorTheme::light();
+        scene.canvas.setTheme(theme);
+        for (int i = 0; i < 400; ++i)
+            curve.spline.addPoint(0.05 * i, std::sin(0.02 * i) + 0.2 * std::sin(i * i));
+        const auto columnsWith = [&](const QColor& color) {
+            const QRegion places = placesOf(color, scene.picture());
+            int columns = 0;
+            for (int x = 0; x < 200; ++x)
+                columns += places.intersects(QRect(x, 0, 1, 100)) ? 1 : 0;
+            return columns;
+        };
+        const QColor line = scene.canvas.getCurrentCurve()->getCanvasSpline()->getColor();
+        QVERIFY(columnsWith(line) >= 180);
+        std::vector<int> all(curve.spline.getControlPointsNumber());
+        std::iota(all.begin(), all.end(), 0);
+        scene.canvas.selectPoints("a.x", all);
+        QVERIFY(columnsWith(line) >= 180);
+        QVERIFY(columnsWith(theme.controlPointSelected) >= 20);
     }
 
     void nearlyEmptyCanvasSaysWhatToDo()

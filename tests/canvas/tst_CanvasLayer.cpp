@@ -524,6 +524,25 @@ private Q_SLOTS:
         }
     }
 
+    void stepsAreRoundWithFineLinesBetween()
+    {
+        CurveEditorTheme theme = CurveEditorTheme::light();
+        theme.fineGridLines = Qt::red;
+        for (const auto& [low, high, step, fine] : {std::tuple(0.0, 0.7, 1.0, 28),
+                                                    {0.0, 1.7, 2.0, 25},
+                                                    {-0.15, 2.0, 5.0, 17},
+                                                    {0.0, 0.00031, 0.0005, 24},
+                                                    {-4e7, 4.1e7, 1e8, 32}}) {
+            GridScene s(QSize(600, 30), low, high); // ten frames for each unit of time
+            s.grid.hasFineLines = true;
+            s.grid.layout(&s.view);
+            QCOMPARE(s.grid.positionsX[2] - s.grid.positionsX[1], step);
+            const QImage image =
+                drawn(s.canvas.size(), [&](QPainter& painter) { s.grid.draw(&painter, theme); });
+            QCOMPARE((placesOf(Qt::red, image) & QRect(0, 3, 600, 1)).rectCount(), fine);
+        }
+    }
+
     void spacedLabelsMeetNeitherEdgesNorEachOther()
     {
         CurveEditorTheme theme = CurveEditorTheme::light();

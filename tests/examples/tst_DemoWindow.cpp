@@ -5,6 +5,8 @@
 #include "SampleCurves.h"
 #include "Transport.h"
 
+#include <curveeditor/canvas/Oklab.h>
+#include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <support/Test.h>
@@ -52,6 +54,31 @@ private Q_SLOTS:
         QCOMPARE(valueAt(*fill, 5.0, fps), 2.0 * key->spline(5.0));
         window_->getHost().remove(*key);
         QCOMPARE(valueAt(*fill, 5.0, fps), 0.0);
+    }
+
+    void squaresAreAsTheirLinesAndCanBeToldApart()
+    {
+        CurveEditor& editor = window_->getHost().getEditor();
+        QList<QColor> hosts, squares;
+        for (const auto& curve : store_->getCurves()) {
+            window_->getHost().open(*curve);
+            const QTreeWidgetItem* const row = editor.checkListsEditing->currentItem();
+            hosts << curve->color;
+            squares << row->data(0, Qt::DecorationRole).value<QColor>();
+            if (curve->expression || curve->group == "Specimens")
+                continue; // a blur, or no line
+            editor.findChild<QAction*>("setCompleteAction")->trigger();
+            const QImage picture = canvas_->grab().toImage().convertToFormat(QImage::Format_RGB32);
+            const auto* const pixels = reinterpret_cast<const QRgb*>(picture.constBits());
+            const auto* const end = pixels + picture.width() * picture.height();
+            QVERIFY2(std::find(pixels, end, squares.back().rgb()) != end, qPrintable(curve->name));
+        }
+        for (qsizetype i = 0; i < std::min<qsizetype>(24, hosts.size()); ++i) {
+            for (qsizetype j = 0; j < i; ++j) {
+                const double apart = distance(Oklab::of(hosts[i]), Oklab::of(hosts[j]));
+                QVERIFY(distance(Oklab::of(squares[i]), Oklab::of(squares[j])) >= std::min(apart, 0.05));
+            }
+        }
     }
 
     void doubleClickOpensWhereTheCurveIs()
