@@ -20,7 +20,7 @@ constexpr int armLength = 2;
 constexpr int borderPixels = 5;
 constexpr double heightShare = double(0.7f);
 constexpr QColor backgroundColor(192, 192, 192);
-constexpr QSize smallestPicture(80, 60);
+constexpr QSize smallestPicture(48, 48);
 
 void drawCross(QPainter& painter, const QPoint& center, int thickness, const QColor& color)
 {
@@ -65,21 +65,55 @@ void TcbCurveFrame::setFromPoint(const SplineBase::PointInfo* point)
     top->pos = pos;
 }
 
-// Works in device pixels, where each cross falls on whole pixels whatever their ratio to logical ones.
+void TcbCurveFrame::setLine(double width)
+{
+    lineWidth_ = width;
+    update();
+}
+
+/// Where the hump is at that time, of 0 to 1.
+QPointF TcbCurveFrame::place(double time) const
+{
+    return {(width() - borderPixels) * time,
+            (height() - borderPixels) * (1.0 / heightShare - previewSpline_(time)) * heightShare};
+}
+
 void TcbCurveFrame::paintEvent(QPaintEvent* event)
 {
     QFrame::paintEvent(event);
     QPainter painter(this);
+    if (lineWidth_ > 0.0)
+        drawLine(painter);
+    else
+        drawCrosses(painter);
+}
+
+void TcbCurveFrame::drawLine(QPainter& painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(contentsRect());
+    QPolygonF line;
+    for (int column = 0; column <= width(); ++column)
+        line << place(double(column) / width());
+    painter.setPen(QPen(curveColor_, lineWidth_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(line);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(middleColor_);
+    painter.drawEllipse(place(0.5), 2.0 * lineWidth_, 2.0 * lineWidth_);
+}
+
+// Works in device pixels, where each cross falls on whole pixels whatever their ratio to logical ones.
+void TcbCurveFrame::drawCrosses(QPainter& painter) const
+{
     const double ratio = devicePixelRatioF();
     const int thickness = std::max(1, qRound(ratio));
     painter.scale(1.0 / ratio, 1.0 / ratio);
     const double step = 1.0 / crosses;
     int count = 1;
     for (double time = step; time < 1.0; time += step, ++count) {
-        const double x = std::trunc((width() - borderPixels) * time);
-        const double y = (height() - borderPixels) * (1.0 / heightShare - previewSpline_(time)) * heightShare;
+        const double x = std::trunc(place(time).x());
         const double visibleY =
-            std::clamp(std::trunc(y), -double(borderPixels), double(height() + borderPixels));
+            std::clamp(std::trunc(place(time).y()), -double(borderPixels), double(height() + borderPixels));
         drawCross(painter, {truncateToInt(x * ratio), truncateToInt(visibleY * ratio)}, thickness,
                   count == middleCross ? middleColor_ : curveColor_);
     }

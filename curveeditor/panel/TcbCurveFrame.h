@@ -6,7 +6,7 @@
 #include <QFrame>
 
 /// The small picture of the node page that shows what a point's parameters do to a curve: a hump from 0 up to
-/// 1 and down again, whose top takes the parameters, drawn as a row of crosses. It owns the spline of the
+/// 1 and down again, whose top takes the parameters, drawn as a row of crosses or as a line. It owns the spline of the
 /// hump; the user's curve is never drawn here.
 class TcbCurveFrame : public QFrame
 {
@@ -15,6 +15,8 @@ public:
 
     /// The colours of the background, of the crosses and of the one in the middle.
     void setColors(const QColor& background, const QColor& curve, const QColor& middle);
+    /// An antialiased line of that width in logical pixels with a point in the middle; 0 for crosses.
+    void setLine(double width);
 
     /// Gives the top of the hump the tension, continuity, bias, eases, tangents and type of `point`, but not
     /// its time and value. Does not repaint.
@@ -24,7 +26,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QPointF place(double time) const;
+    void drawLine(QPainter& painter) const;
+    void drawCrosses(QPainter& painter) const;
+
     SplineBase previewSpline_;
+    double lineWidth_ = 0.0;
     QColor curveColor_;
     QColor middleColor_;
 };

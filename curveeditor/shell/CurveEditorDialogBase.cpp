@@ -39,7 +39,7 @@ constexpr int menuHeight = 30;
 constexpr int fieldHeight = 20;
 constexpr int stepButtonWidth = 20;
 constexpr int stepButtonMargin = 6;
-constexpr int tabSpace = 31;
+constexpr int columnSpace = 11; // as the margins
 
 void setLabel(QLabel* label, QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical,
               Qt::CursorShape cursor, Qt::Alignment side)
@@ -101,6 +101,14 @@ void addRow(QGridLayout* grid, QLabel* left, QWidget* right)
     grid->addWidget(left, row, 0, Qt::AlignRight | Qt::AlignVCenter);
     grid->addWidget(right, row, 1);
     grid->setColumnStretch(1, 1);
+}
+
+/// The rows begin where those beside them begin; what is left of the height lies below.
+void endRows(QGridLayout* grid)
+{
+    if (grid->parent()->isWidgetType())
+        grid->setContentsMargins(0, 0, 0, 0);
+    grid->setRowStretch(grid->rowCount(), 1);
 }
 
 void setHelp(QWidget* widget, const QString& help)
@@ -181,10 +189,9 @@ void CurveEditorDialogBase::buildNodePage()
     tab = area;
     tabLayout = outerLayout<QHBoxLayout>("tabLayout", area->widget());
     buildPositionFrame();
-    tabLayout->addItem(new QSpacerItem(tabSpace, fieldHeight, QSizePolicy::Expanding, QSizePolicy::Minimum));
     buildParameterFrame();
-    tabLayout->setStretchFactor(frame11, 2);
-    tabLayout->setStretchFactor(frame10, 3);
+    tabLayout->setStretchFactor(frame10, 1);
+    tabLayout->setSpacing(columnSpace);
     tabWidget2->addTab(tab, QString());
 }
 
@@ -211,14 +218,14 @@ void CurveEditorDialogBase::buildPositionFrame()
         setLabel(label, QSizePolicy::Fixed, QSizePolicy::Fixed, Qt::PointingHandCursor, Qt::AlignRight);
     addRow(layout14, textLabel1, posX);
     addRow(layout14, textLabel2, posY);
+    layout15->addStretch();
 
     line1 = named<QFrame>("line1", frame11);
     line1->setFrameShape(QFrame::VLine);
     line1->setFrameShadow(QFrame::Sunken);
     frame11Layout->addWidget(line1);
     buildBehaviours();
-    frame11Layout->setStretchFactor(layout15, 1);
-    frame11Layout->setStretchFactor(layout24, 1);
+    frame11Layout->setSpacing(columnSpace);
 }
 
 void CurveEditorDialogBase::buildBehaviours()
@@ -234,6 +241,7 @@ void CurveEditorDialogBase::buildBehaviours()
     textLabel1_2_2->setBuddy(nodeLast);
     for (QWidget* widget : std::initializer_list<QWidget*>{textLabel1_2, nodeFirst, textLabel1_2_2, nodeLast})
         layout24->addWidget(widget);
+    layout24->addStretch();
 }
 
 void CurveEditorDialogBase::buildParameterFrame()
@@ -253,16 +261,17 @@ void CurveEditorDialogBase::buildParameterFrame()
     layout21->addWidget(nodeTypeCombo, 0, 0, 1, 2);
     addRow(layout21, textLabel1_2_3_2, easeTo);
     addRow(layout21, textLabel1_2_3_2_2, easeFrom);
+    endRows(layout21);
 
     nodeTypeWidgetStack = named<QStackedWidget>("nodeTypeWidgetStack", frame10);
     frame10Layout->addWidget(nodeTypeWidgetStack);
     buildTcbPage();
     buildTangentPage();
     tcbCurve = named<TcbCurveFrame>("tcbCurve", frame10);
+    tcbCurve->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     frame10Layout->addWidget(tcbCurve);
-    frame10Layout->setStretchFactor(layout21, 1);
-    frame10Layout->setStretchFactor(nodeTypeWidgetStack, 1);
     frame10Layout->setStretchFactor(tcbCurve, 1);
+    frame10Layout->setSpacing(columnSpace);
 }
 
 void CurveEditorDialogBase::buildTcbPage()
@@ -281,6 +290,7 @@ void CurveEditorDialogBase::buildTcbPage()
     addRow(tcbPageLayout, textTension, tension);
     addRow(tcbPageLayout, textContinuity, continuity);
     addRow(tcbPageLayout, textBias, bias);
+    endRows(tcbPageLayout);
     nodeTypeWidgetStack->insertWidget(0, tcbPage);
 }
 
@@ -297,6 +307,7 @@ void CurveEditorDialogBase::buildTangentPage()
     setLabel(textOutcoming, QSizePolicy::Preferred, QSizePolicy::Preferred, Qt::ArrowCursor, Qt::AlignRight);
     addRow(ioPageLayout, textIncoming, incoming);
     addRow(ioPageLayout, textOutcoming, outgoing);
+    endRows(ioPageLayout);
     nodeTypeWidgetStack->insertWidget(1, ioPage);
 }
 
@@ -400,10 +411,28 @@ void CurveEditorDialogBase::fitToFont()
     checkListsEditing->setMinimumWidth(
         qMax(listWidth, names.height() + fewestCharacters * names.horizontalAdvance(QLatin1Char('x'))));
     mainMenu->setMaximumHeight(qMax(menuHeight, mainMenu->sizeHint().height()));
+    alignRows();
     for (QPushButton* const button : {prevNode, nextNode}) {
         const int textWidth = button->fontMetrics().horizontalAdvance(button->text());
         button->setFixedWidth(qMax(stepButtonWidth, textWidth + stepButtonMargin));
     }
+}
+
+/// All rows of the node page are as high as the highest of their widgets, so that the baselines meet.
+void CurveEditorDialogBase::alignRows()
+{
+    const std::initializer_list<QWidget*> boxes = {nodeFirst, nodeLast, nodeTypeCombo};
+    int height = qMax(fieldHeight, posX->sizeHint().height());
+    for (QWidget* const box : boxes)
+        height = qMax(height, box->sizeHint().height());
+    for (QWidget* const widget :
+         std::initializer_list<QWidget*>{prevNode, nextNode, textLabel1_2, textLabel1_2_2})
+        widget->setFixedHeight(height);
+    for (QWidget* const box : boxes)
+        box->setFixedHeight(height);
+    for (QGridLayout* const grid : {layout14, layout21, tcbPageLayout, ioPageLayout})
+        for (int row = 0; row < grid->rowCount() && grid->itemAtPosition(row, 0); ++row)
+            grid->setRowMinimumHeight(row, height);
 }
 
 // The tool tip says what a number does, beside the words that all fields have in common.

@@ -137,6 +137,7 @@ private:
     void buildTangentPage();
     void buildExpressionPage();
     void orderTabs();
+    void alignRows();
     void explainFields();
     void nameForAssistiveTools();
 };

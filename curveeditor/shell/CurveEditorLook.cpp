@@ -78,6 +78,7 @@ void CurveEditor::Private::showPanelTheme()
     showFieldColors();
     editor.commandLine->setColors(shown.formula, shown.formulaText, shown.formulaWarning);
     editor.tcbCurve->setColors(shown.preview, shown.previewCurve, shown.previewMiddle);
+    editor.tcbCurve->setLine(shown.smooth ? shown.curveWidth : 0.0);
     if (hasOwnFont)
         return;
     const QFont font = shown.panelFamily.isEmpty() ? QFont() : QFont(shown.panelFamily);

@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/TitleWidth.h>
 #include <curveeditor/canvas/WarningBox.h>
+#include <curveeditor/panel/TcbCurveFrame.h>
 #include <curveeditor/shell/BakeDialog.h>
 #include <curveeditor/shell/CanvasAccessible.h>
 #include <curveeditor/shell/PlainToolBar.h>
@@ -178,6 +179,20 @@ private Q_SLOTS:
                              qPrintable(widget->objectName()));
                 }
             }
+            const auto middle = [&dialog](const QWidget* part) {
+                return part->mapTo(&dialog, part->rect().center()).y();
+            };
+            for (const QWidgetList& row :
+                 {QWidgetList{dialog.node, dialog.prevNode, dialog.textLabel1_2, dialog.nodeTypeCombo,
+                              dialog.textTension, dialog.tension},
+                  {dialog.posX, dialog.textLabel1, dialog.nodeFirst, dialog.easeTo, dialog.continuity},
+                  {dialog.posY, dialog.textLabel1_2_2, dialog.easeFrom, dialog.textBias, dialog.bias}}) {
+                for (const QWidget* const part : row)
+                    QVERIFY(std::abs(middle(part) - middle(row.front())) <= 1);
+            }
+            const int preview = dialog.tcbCurve->width();
+            dialog.resize(dialog.size() + QSize(300, 0));
+            QTRY_COMPARE(dialog.tcbCurve->width(), preview + 300);
             dialog.tabWidget2->setCurrentIndex(1);
             QTest::qWait(50); // the page is laid out step by step
             QVERIFY(!dialog.expressionTool->findChild<QToolButton*>("qt_toolbar_ext_button")->isVisible());
