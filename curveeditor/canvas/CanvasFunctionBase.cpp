@@ -327,6 +327,12 @@ void CanvasFunctionBase::setTheme(const CurveEditorTheme& theme)
     paint();
 }
 
+void CanvasFunctionBase::setImageStrength(double share)
+{
+    picture_.imageStrength = share >= 0.0 ? std::min(share, 1.0) : 0.0;
+    paint();
+}
+
 void CanvasFunctionBase::setShowsSpeed(bool on)
 {
     picture_.showsSpeed = on;

@@ -142,9 +142,10 @@ public:
     void setLastNodeLoopOffset() { setLastType(SplineBase::LoopOffset); }
     void setLastNodeFollowTangent() { setLastType(SplineBase::FollowTangent); }
 
-    /// Multiplies, or shifts, times and values of the selected points about the origin of the plane. Paints;
-    /// reports nothing.
-    void scaleSelection(const double& timeFactor, const double& valueFactor);
+    /// Multiplies, or shifts, times and values of the selected points about a place, at first the origin of the plane.
+    /// Paints; reports nothing.
+    void scaleSelection(const double& timeFactor, const double& valueFactor, double pivotTime = 0.0,
+                        double pivotValue = 0.0);
     void panSelection(const double& timeOffset, const double& valueOffset);
 
     /// For commands that select points: lets them work on each curve in reach, and shows what is selected then.
@@ -270,6 +271,9 @@ public:
     /// Puts a picture behind the curves, or takes it away. A file that can't be decoded changes nothing and gives false.
     bool loadImage(const QString& fileName) { return picture_.loadImage(fileName); }
     void clearImage() { picture_.clearImage(); }
+    /// How much of its colours the picture keeps, 0 to 1, at first 1; the rest is the canvas. It paints.
+    void setImageStrength(double share);
+    double imageStrength() const { return picture_.imageStrength; }
     /// @}
 
     /// @name The view

@@ -141,13 +141,15 @@ void CanvasFunctionBase::deleteSelection()
     edit(deletion);
 }
 
-void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& valueFactor)
+void CanvasFunctionBase::scaleSelection(const double& timeFactor, const double& valueFactor, double pivotTime,
+                                        double pivotValue)
 {
     if (timeFactor == 1.0 && valueFactor == 1.0)
         return;
     moveSelection(tr("Scale a point of %1"), tr("Scale %1 points of %2"),
                   [&](SplineBase& spline, const std::vector<PointSerial>& points) {
-                      SplineEdits::scalePoints(spline, points, timeFactor, valueFactor);
+                      SplineEdits::scalePoints(spline, points, timeFactor, valueFactor, pivotTime,
+                                               pivotValue);
                   });
 }
 

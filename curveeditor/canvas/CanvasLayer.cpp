@@ -157,10 +157,13 @@ void CanvasLayer::clip(QPainter& painter, const QRect& part) const
 void CanvasLayer::drawBackground(QPainter& painter) const
 {
     BackgroundImage* const background = backdrop_.background;
-    if (!background || !background->coversCanvas())
+    if (!background || !background->coversCanvas() || backdrop_.backgroundStrength < 1.0)
         painter.eraseRect(QRect(QPoint(), size()));
-    if (background)
-        background->draw(&painter);
+    if (!background)
+        return;
+    painter.setOpacity(backdrop_.backgroundStrength);
+    background->draw(&painter);
+    painter.setOpacity(1.0);
 }
 
 void CanvasLayer::drawMark(QPainter& painter) const

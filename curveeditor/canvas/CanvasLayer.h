@@ -34,6 +34,7 @@ public:
         quint64 look = 0; ///< another number after each change of the theme
         const CurveEditorTheme* theme = nullptr;
         BackgroundImage* background = nullptr; ///< laid out for the view; null if there is none
+        double backgroundStrength = 1.0;       ///< 0 to 1
         quint64 underlay = 0;       ///< another number for another `paintUnderlay`; 0 if there is none
         std::optional<QPoint> mark; ///< where the last press was
         std::optional<QRect> band;

@@ -8,11 +8,13 @@
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/DragGuide.h>
 #include <curveeditor/files/NumberText.h>
+#include <curveeditor/model/SplineBase.h>
 
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QWidget>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -89,7 +91,21 @@ QString CanvasPicture::hint() const
         return tr("Drop the name of a curve on the list to edit it here");
     const CanvasCurves::Nodes current = curves_.currentShownOnly();
     const bool isBare = !current.empty() && current.front()->getSpline()->getControlPointsNumber() == 1;
-    return isBare ? tr("Double-click to add a point") : QString();
+    if (isBare)
+        return tr("Double-click to add a point");
+    return !current.empty() && isOutOfReach(*current.front()->getSpline())
+               ? tr("All points of this curve lie outside the range that is shown")
+               : QString();
+}
+
+/// Whether no point of the spline can be brought into sight.
+bool CanvasPicture::isOutOfReach(const SplineBase& spline) const
+{
+    const auto& points = spline.getControlPoints();
+    const ViewStep::Limits limits = viewport_->limits();
+    return !points.empty() && std::none_of(points.begin(), points.end(), [&](const auto* point) {
+        return limits.time.contains(point->time) && limits.value.contains(point->pos);
+    });
 }
 
 void CanvasPicture::drawHint(QPainter& painter) const
@@ -230,6 +246,7 @@ CanvasLayer::Backdrop CanvasPicture::backdrop() const
     backdrop.look = look_;
     backdrop.theme = &theme_;
     backdrop.background = image_.get();
+    backdrop.backgroundStrength = imageStrength;
     backdrop.underlay = underlay_ && viewport_->canShow() ? grounds_ : 0;
     backdrop.grid = grid_.get();
     backdrop.timeLine = grid_->timeLineX;

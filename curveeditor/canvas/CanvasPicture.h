@@ -16,6 +16,7 @@
 
 class QPainter;
 class QWidget;
+class SplineBase;
 class ViewPort;
 
 namespace curveeditor {
@@ -67,6 +68,7 @@ public:
     CanvasGrid& grid();
     std::optional<Gesture::Place> mark; ///< where the point menu is open
     bool showsSpeed = false;            ///< the slope of the current curve
+    double imageStrength = 1.0;         ///< how much of its colours the background image keeps
     std::optional<double> mouseTime;    ///< whose slope is told then
     QString modeLine;                   ///< what is said at the upper edge; empty for nothing
     /// That, behind what is on.
@@ -92,6 +94,7 @@ private:
     void drawSnapMark(QPainter& painter) const;
     void drawHint(QPainter& painter) const;
     QString hint() const;
+    bool isOutOfReach(const SplineBase& spline) const;
     void drawModeLine(QPainter& painter) const;
     QColor textColor() const;
     QString slopeText() const;

@@ -372,10 +372,11 @@ void SplineEdits::aimTangent(SplineBase& spline, PointSerial serial, Part part, 
 }
 
 void SplineEdits::scalePoints(SplineBase& spline, const std::vector<PointSerial>& points, double timeFactor,
-                              double valueFactor)
+                              double valueFactor, double pivotTime, double pivotValue)
 {
     moveAll(spline, points, [=](const PointInfo& point) {
-        return Place{point.time * timeFactor, point.pos * valueFactor};
+        return Place{pivotTime + (point.time - pivotTime) * timeFactor,
+                     pivotValue + (point.pos - pivotValue) * valueFactor};
     });
 }
 

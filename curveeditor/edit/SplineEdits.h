@@ -75,9 +75,9 @@ void place(SplineBase& spline, PointSerial point, double time, double value);
 /// place of the point itself has no slope and leaves them as they are.
 void aimTangent(SplineBase& spline, PointSerial point, Part part, double time, double value);
 
-/// Multiplies, or shifts, times and values about the origin of the plane.
+/// Multiplies, or shifts, times and values about a place.
 void scalePoints(SplineBase& spline, const std::vector<PointSerial>& points, double timeFactor,
-                 double valueFactor);
+                 double valueFactor, double pivotTime = 0.0, double pivotValue = 0.0);
 void panPoints(SplineBase& spline, const std::vector<PointSerial>& points, double timeOffset,
                double valueOffset);
 

@@ -16,6 +16,7 @@ struct AxisRange
     /// What includes no number yet.
     static AxisRange nothing();
     bool isNothing() const { return low > high; }
+    bool contains(double number) const { return number >= low && number <= high; }
 
     bool operator==(const AxisRange& other) const = default;
 

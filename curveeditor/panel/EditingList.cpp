@@ -2,6 +2,7 @@
 #include <curveeditor/panel/EditingList.h>
 
 #include <curveeditor/panel/CurveRowDelegate.h>
+#include <curveeditor/panel/EmptyText.h>
 #include <curveeditor/panel/TextDrop.h>
 
 #include <QHeaderView>
@@ -97,6 +98,13 @@ void EditingList::currentChanged(const QModelIndex& current, const QModelIndex& 
 }
 
 /// All of it, for the same reason.
+void EditingList::paintEvent(QPaintEvent* event)
+{
+    QTreeWidget::paintEvent(event);
+    if (topLevelItemCount() == 0)
+        drawEmptyText(*viewport(), tr("Open a curve with +"), palette().color(QPalette::Text));
+}
+
 QRegion EditingList::visualRegionForSelection(const QItemSelection& /*selection*/) const
 {
     return viewport()->rect();

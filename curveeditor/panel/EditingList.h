@@ -68,6 +68,8 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
+    /// Without a curve it says how one comes here.
+    void paintEvent(QPaintEvent* event) override;
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
     void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;

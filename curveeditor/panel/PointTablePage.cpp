@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/edit/PointTypeTexts.h>
+#include <curveeditor/panel/EmptyText.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -216,6 +217,14 @@ protected:
             goBelow();
         else
             QTableView::keyPressEvent(event);
+    }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        QTableView::paintEvent(event);
+        if (model()->rowCount() == 0)
+            drawEmptyText(*viewport(), PointTablePage::tr("Open a curve with points to see them here"),
+                          palette().color(QPalette::Text));
     }
 
     void commitData(QWidget* editor) override

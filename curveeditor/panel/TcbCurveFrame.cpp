@@ -2,6 +2,7 @@
 #include <curveeditor/panel/TcbCurveFrame.h>
 
 #include <curveeditor/edit/Truncate.h>
+#include <curveeditor/panel/EmptyText.h>
 
 #include <QPainter>
 #include <QPalette>
@@ -71,6 +72,12 @@ void TcbCurveFrame::setLine(double width)
     update();
 }
 
+void TcbCurveFrame::setEmpty(bool isEmpty)
+{
+    isEmpty_ = isEmpty;
+    update();
+}
+
 /// Where the hump is at that time, of 0 to 1.
 QPointF TcbCurveFrame::place(double time) const
 {
@@ -81,6 +88,8 @@ QPointF TcbCurveFrame::place(double time) const
 void TcbCurveFrame::paintEvent(QPaintEvent* event)
 {
     QFrame::paintEvent(event);
+    if (isEmpty_ && lineWidth_ > 0.0)
+        return drawEmptyText(*this, tr("Select a point to edit its numbers"), curveColor_);
     QPainter painter(this);
     if (lineWidth_ > 0.0)
         drawLine(painter);

@@ -3,6 +3,7 @@
 
 #include <curveeditor/model/SplineBase.h>
 
+#include <QCoreApplication>
 #include <QFrame>
 
 /// The small picture of the node page that shows what a point's parameters do to a curve: a hump from 0 up to
@@ -10,6 +11,8 @@
 /// hump; the user's curve is never drawn here.
 class TcbCurveFrame : public QFrame
 {
+    Q_DECLARE_TR_FUNCTIONS(TcbCurveFrame)
+
 public:
     explicit TcbCurveFrame(QWidget* parent = nullptr, const QString& name = QString());
 
@@ -17,6 +20,8 @@ public:
     void setColors(const QColor& background, const QColor& curve, const QColor& middle);
     /// An antialiased line of that width in logical pixels with a point in the middle; 0 for crosses.
     void setLine(double width);
+    /// No point is shown: where there is a line, a text says what to do instead.
+    void setEmpty(bool isEmpty);
 
     /// Gives the top of the hump the tension, continuity, bias, eases, tangents and type of `point`, but not
     /// its time and value. Does not repaint.
@@ -32,6 +37,7 @@ private:
 
     SplineBase previewSpline_;
     double lineWidth_ = 0.0;
+    bool isEmpty_ = true;
     QColor curveColor_;
     QColor middleColor_;
 };

@@ -151,6 +151,7 @@ void TcbEditorForm::clearLostPoint(const ControlSplineNode* control)
     for (const Row& row : Row::all)
         (widgets_.*row.widget)->setText(QString());
     showPreview(SplineBase::PointInfo());
+    widgets_.tcbCurve->setEmpty(true);
 }
 
 void TcbEditorForm::enableFields()
@@ -351,7 +352,7 @@ void TcbEditorForm::showNodeIndex(int index)
 void TcbEditorForm::showPreview(const SplineBase::PointInfo& point)
 {
     widgets_.tcbCurve->setFromPoint(&point);
-    widgets_.tcbCurve->update();
+    widgets_.tcbCurve->setEmpty(false);
 }
 
 #include "moc_TcbEditorForm.cpp"

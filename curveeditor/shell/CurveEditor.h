@@ -559,6 +559,9 @@ public Q_SLOTS:
     void loadImage();
     /// Shows no picture behind the curves any more.
     void clearImage();
+    /// How much of its colours such a picture keeps, 0 to 1, at first 1; the rest is the colour of the canvas.
+    /// Not-a-number counts as 0.
+    void setImageStrength(double share);
     /// @{
     /// How the current curve goes on before its first point.
     void setFirstNodeZero();

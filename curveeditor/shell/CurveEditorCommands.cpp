@@ -18,6 +18,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QLabel>
 #include <QMessageBox>
 
@@ -35,6 +36,15 @@ constexpr int shownDigits = 6;
 double numberTypedIn(const QLineEdit& line)
 {
     return NumberText::readFinite(line.text()).value_or(0.0);
+}
+
+/// Patterns of all formats that Qt reads here.
+QString pictureNames()
+{
+    QStringList names;
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        names.append(QStringLiteral("*.") + QString::fromLatin1(format));
+    return names.join(u' ');
 }
 
 /// Digits that the line has no room for are left out, so that no exponent is cut off.
@@ -167,7 +177,8 @@ void CurveEditor::saveFile()
 void CurveEditor::loadImage()
 {
     const QString name = askForFile(this, EditorPart::Pictures, QFileDialog::AcceptOpen, QString(),
-                                    QStringLiteral("*.jpg;;") + tr("All files (*)"));
+                                    QStringLiteral("*.jpg;;") + tr("All pictures (%1)").arg(pictureNames()) +
+                                        QStringLiteral(";;") + tr("All files (*)"));
     if (!QFileInfo(name).isFile()) // to open a pipe would wait for its writer
         return;
     if (d_->functionEdit->canvas.loadImage(name))
@@ -180,6 +191,11 @@ void CurveEditor::clearImage()
 {
     d_->functionEdit->canvas.clearImage();
     d_->functionEdit->canvas.paint();
+}
+
+void CurveEditor::setImageStrength(double share)
+{
+    d_->functionEdit->canvas.setImageStrength(share);
 }
 
 void CurveEditor::setRange()
@@ -210,10 +226,13 @@ void CurveEditor::setScaleSelection()
     d_->showPanelFont(*dialog);
     dialog->scaleX->setText(NumberText::inLocale(QStringLiteral("1.0"), locale()));
     dialog->scaleY->setText(NumberText::inLocale(QStringLiteral("1.0"), locale()));
+    dialog->pivotX->setText(NumberText::inLocale(QStringLiteral("0.0"), locale()));
+    dialog->pivotY->setText(NumberText::inLocale(QStringLiteral("0.0"), locale()));
     const QPointer<CurveNodeBase> curve(d_->functionEdit->canvas.getCurrentCurve());
     if (dialog.answer() != QDialog::Accepted || !d_->isCurrent(curve))
         return;
-    d_->functionEdit->canvas.scaleSelection(numberTypedIn(*dialog->scaleX), numberTypedIn(*dialog->scaleY));
+    d_->functionEdit->canvas.scaleSelection(numberTypedIn(*dialog->scaleX), numberTypedIn(*dialog->scaleY),
+                                            numberTypedIn(*dialog->pivotX), numberTypedIn(*dialog->pivotY));
     d_->functionEdit->showSelection(false);
 }
 

@@ -17,6 +17,12 @@
 
 namespace curveeditor {
 
+namespace {
+
+constexpr double strengthOfPaleImage = 0.35;
+
+} // namespace
+
 EditMenu::EditMenu(QMenu* menu, FunctionEditor& canvas)
     : QObject(menu), canvas_(canvas), points_(canvas.canvas), menu_(menu), target_(menu)
 {
@@ -291,6 +297,10 @@ void EditMenu::addView()
     addToggle(
         "showSpeedAction", QT_TR_NOOP("Show the slope of the curve"), QStringLiteral("V"),
         [&curves] { return curves.showsSpeed(); }, [&curves](bool on) { curves.setShowsSpeed(on); });
+    addToggle(
+        "paleImageAction", QT_TR_NOOP("Pale image behind the curves"), QString(),
+        [&curves] { return curves.imageStrength() < 1.0; },
+        [&curves](bool on) { curves.setImageStrength(on ? strengthOfPaleImage : 1.0); });
     const Condition canDrag = [this] {
         return canvas_.timeLineDrag.isEnabled();
     };

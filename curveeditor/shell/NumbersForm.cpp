@@ -89,9 +89,13 @@ NumbersForm::addNumber(const char* layoutName, const char* labelName, const char
             showFault(*line, false);
     });
     label->setBuddy(line);
+    auto* const meaning = new QLabel(dialog_);
     labels_.append(label);
     lines_.append(line);
-    return {addRow(layoutName, label, line), label, line};
+    meanings_.append(meaning);
+    QHBoxLayout* const row = addRow(layoutName, label, line);
+    row->addWidget(meaning, 1);
+    return {row, label, line};
 }
 
 std::tuple<QHBoxLayout*, QPushButton*, QPushButton*>
@@ -113,12 +117,15 @@ QHBoxLayout* NumbersForm::addRow(const char* name, QWidget* left, QWidget* right
     return row;
 }
 
-void NumbersForm::setTexts(const QString& title, const QStringList& labelTexts, const QString& accept,
-                           const QString& reject)
+void NumbersForm::setTexts(const QString& title, const QStringList& labelTexts, const QStringList& meanings,
+                           const QString& accept, const QString& reject)
 {
     dialog_->setWindowTitle(title);
-    for (qsizetype i = 0; i < labels_.size(); ++i)
+    for (qsizetype i = 0; i < labels_.size(); ++i) {
         labels_[i]->setText(labelTexts[i]);
+        meanings_[i]->setText(meanings[i]);
+        lines_[i]->setAccessibleDescription(meanings[i]);
+    }
     buttons_[0]->setText(accept);
     buttons_[1]->setText(reject);
     fit();

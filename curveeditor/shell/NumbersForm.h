@@ -18,8 +18,8 @@ class QVBoxLayout;
 
 namespace curveeditor {
 
-/// What the small dialogs that ask for numbers are made of: rows of a label and a line, and a last row of two
-/// buttons, the first of which accepts and the second rejects. It makes its dialog modal and gives it, in any
+/// What the small dialogs that ask for numbers are made of: rows of a label, a line and what its number means,
+/// and a last row of two buttons, the first of which accepts and the second rejects. It makes its dialog modal and gives it, in any
 /// font and language, the one size that its texts take. It belongs to the dialog, and so do all widgets.
 class NumbersForm : public QObject
 {
@@ -50,9 +50,9 @@ public:
     /// and gives the first the focus.
     bool checkNumbers();
 
-    /// Sets every text the user sees; the labels are in the order of their rows.
-    void setTexts(const QString& title, const QStringList& labelTexts, const QString& accept,
-                  const QString& reject);
+    /// Sets every text the user sees; the labels and what the numbers mean are in the order of their rows.
+    void setTexts(const QString& title, const QStringList& labelTexts, const QStringList& meanings,
+                  const QString& accept, const QString& reject);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -66,6 +66,7 @@ private:
     const std::function<void()> translate_;
     QVBoxLayout* const rows_;
     QList<QLabel*> labels_;
+    QList<QLabel*> meanings_;
     QList<QLineEdit*> lines_;
     QList<QPushButton*> buttons_;
 };

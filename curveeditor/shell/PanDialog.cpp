@@ -28,7 +28,8 @@ void PanDialog::accept()
 
 void PanDialog::languageChange()
 {
-    form_->setTexts(tr("pan selection"), {tr("Pan X"), tr("Pan Y")}, tr("Ok"), tr("Cancel"));
+    form_->setTexts(tr("pan selection"), {tr("Pan X"), tr("Pan Y")},
+                    {tr("units of time"), tr("units of value")}, tr("Ok"), tr("Cancel"));
 }
 
 #include "moc_PanDialog.cpp"

@@ -16,6 +16,8 @@ ScaleDialog::ScaleDialog(QWidget* parent, const QString& name, bool /*modal*/, Q
     ScaleDialogLayout = form_->column();
     std::tie(layout2_2, textLabel3_2, scaleX) = form_->addNumber("layout2_2", "textLabel3_2", "scaleX");
     std::tie(layout5, textLabel1, scaleY) = form_->addNumber("layout5", "textLabel1", "scaleY");
+    std::tie(layoutPivotX, textPivotX, pivotX) = form_->addNumber("layoutPivotX", "textPivotX", "pivotX");
+    std::tie(layoutPivotY, textPivotY, pivotY) = form_->addNumber("layoutPivotY", "textPivotY", "pivotY");
     std::tie(layout5_2, allDoneScale, cancelScale) =
         form_->addButtons("layout5_2", "allDoneScale", "cancelScale");
     ScaleDialog::languageChange();
@@ -29,7 +31,10 @@ void ScaleDialog::accept()
 
 void ScaleDialog::languageChange()
 {
-    form_->setTexts(tr("scale selection"), {tr("Scale X"), tr("Scale Y")}, tr("Ok"), tr("Cancel"));
+    form_->setTexts(
+        tr("scale selection"), {tr("Scale X"), tr("Scale Y"), tr("Pivot X"), tr("Pivot Y")},
+        {tr("factor of times"), tr("factor of values"), tr("time that stays"), tr("value that stays")},
+        tr("Ok"), tr("Cancel"));
 }
 
 #include "moc_ScaleDialog.cpp"

@@ -15,8 +15,8 @@ namespace curveeditor {
 class NumbersForm;
 } // namespace curveeditor
 
-/// Asks for the two factors by which the selected points are scaled, of time and of value. The lines hold
-/// plain text without bounds; who opened the dialog fills and reads them. "Ok" accepts, "Cancel" rejects.
+/// Asks for the two factors by which the selected points are scaled, of time and of value, and for the place that stays
+/// where it is. The lines hold plain text without bounds; who opened the dialog fills and reads them. "Ok" accepts, "Cancel" rejects.
 class CURVEEDITOR_EXPORT ScaleDialog : public QDialog
 {
     Q_OBJECT
@@ -32,6 +32,10 @@ public:
     QLineEdit* scaleX = nullptr;
     QLabel* textLabel1 = nullptr;
     QLineEdit* scaleY = nullptr;
+    QLabel* textPivotX = nullptr;
+    QLineEdit* pivotX = nullptr;
+    QLabel* textPivotY = nullptr;
+    QLineEdit* pivotY = nullptr;
     QPushButton* allDoneScale = nullptr;
     QPushButton* cancelScale = nullptr;
     /// @}
@@ -41,6 +45,8 @@ public:
     QVBoxLayout* ScaleDialogLayout = nullptr;
     QHBoxLayout* layout2_2 = nullptr;
     QHBoxLayout* layout5 = nullptr;
+    QHBoxLayout* layoutPivotX = nullptr;
+    QHBoxLayout* layoutPivotY = nullptr;
     QHBoxLayout* layout5_2 = nullptr;
     /// @}
 

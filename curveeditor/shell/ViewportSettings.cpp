@@ -33,7 +33,8 @@ void ViewportSettings::accept()
 
 void ViewportSettings::languageChange()
 {
-    form_->setTexts(tr("viewPort Settings"), {tr("MinX"), tr("MinY"), tr("MaxX"), tr("MaxY")}, tr("Ok"),
+    form_->setTexts(tr("viewPort Settings"), {tr("MinX"), tr("MinY"), tr("MaxX"), tr("MaxY")},
+                    {tr("first time"), tr("lowest value"), tr("last time"), tr("highest value")}, tr("Ok"),
                     tr("Cancel"));
 }
 

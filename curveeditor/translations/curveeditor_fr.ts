@@ -959,6 +959,14 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
+    <message>
+        <source>units of time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>units of value</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PointAccessible</name>
@@ -1226,6 +1234,30 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
+    <message>
+        <source>Pivot X</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pivot Y</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>times the times</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>times the values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the time that stays</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the value that stays</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>TcbEditorForm</name>
@@ -1263,6 +1295,22 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>first time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>lowest value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>last time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>highest value</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -306,6 +306,11 @@ private Q_SLOTS:
         QVERIFY(saysSomething(scene));
         scene.add(curve, "a.x");
         QVERIFY(!saysSomething(scene));
+        for (const auto& [low, high] : {std::pair(14.0, 20.0), {15.5, 20.0}}) {
+            scene.setTimes(low, high);
+            QCOMPARE(saysSomething(scene), low > 15.0);
+        }
+        scene.setTimes(0.0, 20.0);
         for (int i = 0; i < 2; ++i)
             curve.spline.remove(curve.spline.getLast());
         QVERIFY(saysSomething(scene));

@@ -65,7 +65,20 @@ private Q_SLOTS:
         });
         fixture->editor.setPanSelection();
         QCOMPARE(fixture->editor.posX->text(), "60.000");
-        QCOMPARE(fixture->curves["cam.lens"].spline.getLast()->pos, 1.0);
+        const SplineBase::PointInfo* const panned = fixture->curves["cam.lens"].spline.getLast();
+        QCOMPARE(panned->pos, 1.0);
+        const double time = panned->time;
+        whenOpen<ScaleDialog>([time](ScaleDialog& dialog) {
+            QCOMPARE(dialog.pivotX->text() + dialog.pivotY->text(), "0.00.0");
+            dialog.scaleX->setText("3");
+            dialog.pivotX->setText(QString::number(time - 0.25));
+            dialog.scaleY->setText("2");
+            dialog.pivotY->setText("-1");
+            dialog.accept();
+        });
+        fixture->editor.setScaleSelection();
+        QCOMPARE(fixture->curves["cam.lens"].spline.getLast()->time, time + 0.5);
+        QCOMPARE(fixture->curves["cam.lens"].spline.getLast()->pos, 3.0);
         QVERIFY(fixture->changes.isEmpty());
     }
 
@@ -270,6 +283,15 @@ private Q_SLOTS:
         const QString path = written(folder, "broken.jpg", "no picture");
         choose(path, &CurveEditor::loadImage);
         QVERIFY(closeBox().contains(path));
+        QCOMPARE(fixture->canvas.grab().toImage(), shown);
+        QAction* const pale = fixture->editor.action("paleImageAction");
+        pale->trigger();
+        const QColor whole = shown.pixelColor(50, 50),
+                     mixed = fixture->canvas.grab().toImage().pixelColor(50, 50);
+        QVERIFY(mixed.blue() > 0 && mixed.blue() < whole.blue() / 2);
+        fixture->editor.setImageStrength(0.0);
+        QCOMPARE(fixture->canvas.grab().toImage().pixelColor(50, 50), QColor(Qt::black));
+        pale->trigger();
         QCOMPARE(fixture->canvas.grab().toImage(), shown);
         fixture->editor.clearImage();
         QVERIFY(fixture->canvas.grab().toImage() != shown);

@@ -225,6 +225,28 @@ private Q_SLOTS:
         QTRY_VERIFY(!box);
     }
 
+    void emptyPartsSayWhatToDo()
+    {
+        Scene s;
+        s.editor.setTheme(CurveEditorTheme::light());
+        const auto isBlank = [](QWidget* part) {
+            const QImage picture = part->grab(part->rect().adjusted(2, 2, -2, -2)).toImage();
+            QImage plain = picture;
+            plain.fill(picture.pixelColor(0, 0));
+            return picture == plain;
+        };
+        QWidget* const list = s.editor.checkListsEditing->viewport();
+        s.clickPoint();
+        const QImage shown = s.editor.tcbCurve->grab().toImage();
+        s.editor.cleanSelecteds();
+        QVERIFY(!isBlank(list));
+        QVERIFY(!isBlank(s.editor.tcbCurve) && s.editor.tcbCurve->grab().toImage() != shown);
+        s.editor.tcbCurve->resize(50, 50);
+        QVERIFY(isBlank(s.editor.tcbCurve));
+        s.editor.tabWidget2->setCurrentIndex(2);
+        QVERIFY(!isBlank(s.editor.findChild<QTableView*>()->viewport()));
+    }
+
     void splittersShareTheRoom()
     {
         CurveEditorDialogBase dialog;
