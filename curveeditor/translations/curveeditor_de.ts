@@ -197,6 +197,10 @@
         <source>Own scale</source>
         <translation>Eigener Maßstab</translation>
     </message>
+    <message>
+        <source>All points of this curve lie outside the range that is shown</source>
+        <translation>Alle Punkte dieser Kurve liegen außerhalb des gezeigten Bereichs</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -623,6 +627,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>The line has room for no more than %1 characters.</source>
         <translation>Die Zeile hat nur für %1 Zeichen Platz.</translation>
     </message>
+    <message>
+        <source>All pictures (%1)</source>
+        <translation>Alle Bilder (%1)</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -936,6 +944,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Locks this curve against edits (L)</source>
         <translation>Sperrt diese Kurve gegen Änderungen (L)</translation>
     </message>
+    <message>
+        <source>Open a curve with +</source>
+        <translation>Mit + eine Kurve öffnen</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>
@@ -961,11 +973,11 @@ Soll die Datei ersetzt werden?</translation>
     </message>
     <message>
         <source>units of time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeiteinheiten</translation>
     </message>
     <message>
         <source>units of value</source>
-        <translation type="unfinished"></translation>
+        <translation>Werteinheiten</translation>
     </message>
 </context>
 <context>
@@ -1236,27 +1248,34 @@ Soll die Datei ersetzt werden?</translation>
     </message>
     <message>
         <source>Pivot X</source>
-        <translation type="unfinished"></translation>
+        <translation>Fixpunkt X</translation>
     </message>
     <message>
         <source>Pivot Y</source>
-        <translation type="unfinished"></translation>
+        <translation>Fixpunkt Y</translation>
     </message>
     <message>
-        <source>times the times</source>
-        <translation type="unfinished"></translation>
+        <source>factor of times</source>
+        <translation>Faktor der Zeiten</translation>
     </message>
     <message>
-        <source>times the values</source>
-        <translation type="unfinished"></translation>
+        <source>factor of values</source>
+        <translation>Faktor der Werte</translation>
     </message>
     <message>
-        <source>the time that stays</source>
-        <translation type="unfinished"></translation>
+        <source>time that stays</source>
+        <translation>Zeit, die bleibt</translation>
     </message>
     <message>
-        <source>the value that stays</source>
-        <translation type="unfinished"></translation>
+        <source>value that stays</source>
+        <translation>Wert, der bleibt</translation>
+    </message>
+</context>
+<context>
+    <name>TcbCurveFrame</name>
+    <message>
+        <source>Select a point to edit its numbers</source>
+        <translation>Einen Punkt auswählen, um seine Zahlen zu ändern</translation>
     </message>
 </context>
 <context>
@@ -1298,19 +1317,19 @@ Soll die Datei ersetzt werden?</translation>
     </message>
     <message>
         <source>first time</source>
-        <translation type="unfinished"></translation>
+        <translation>erste Zeit</translation>
     </message>
     <message>
         <source>lowest value</source>
-        <translation type="unfinished"></translation>
+        <translation>kleinster Wert</translation>
     </message>
     <message>
         <source>last time</source>
-        <translation type="unfinished"></translation>
+        <translation>letzte Zeit</translation>
     </message>
     <message>
         <source>highest value</source>
-        <translation type="unfinished"></translation>
+        <translation>größter Wert</translation>
     </message>
 </context>
 <context>
@@ -1704,6 +1723,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Retime…</source>
         <translation>Zeit umrechnen…</translation>
     </message>
+    <message>
+        <source>Pale image behind the curves</source>
+        <translation>Blasses Bild hinter den Kurven</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1861,6 +1884,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>What is typed into a cell goes to all selected rows</source>
         <translation>Was in eine Zelle getippt wird, gilt für alle ausgewählten Zeilen</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to see them here</source>
+        <translation>Hier stehen die Punkte einer geöffneten Kurve</translation>
     </message>
 </context>
 <context>

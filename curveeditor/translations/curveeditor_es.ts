@@ -197,6 +197,10 @@
         <source>Own scale</source>
         <translation>Escala propia</translation>
     </message>
+    <message>
+        <source>All points of this curve lie outside the range that is shown</source>
+        <translation>Todos los puntos de esta curva están fuera del intervalo mostrado</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -623,6 +627,10 @@ Do you want to replace it?</source>
         <source>The line has room for no more than %1 characters.</source>
         <translation>En la línea no caben más de %1 caracteres.</translation>
     </message>
+    <message>
+        <source>All pictures (%1)</source>
+        <translation>Todas las imágenes (%1)</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -936,6 +944,10 @@ Do you want to replace it?</source>
         <source>Locks this curve against edits (L)</source>
         <translation>Bloquea esta curva para que no se edite (L)</translation>
     </message>
+    <message>
+        <source>Open a curve with +</source>
+        <translation>Abra una curva con +</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>
@@ -961,11 +973,11 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>units of time</source>
-        <translation type="unfinished"></translation>
+        <translation>unidades de tiempo</translation>
     </message>
     <message>
         <source>units of value</source>
-        <translation type="unfinished"></translation>
+        <translation>unidades de valor</translation>
     </message>
 </context>
 <context>
@@ -1236,27 +1248,34 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Pivot X</source>
-        <translation type="unfinished"></translation>
+        <translation>Pivote X</translation>
     </message>
     <message>
         <source>Pivot Y</source>
-        <translation type="unfinished"></translation>
+        <translation>Pivote Y</translation>
     </message>
     <message>
-        <source>times the times</source>
-        <translation type="unfinished"></translation>
+        <source>factor of times</source>
+        <translation>factor de los tiempos</translation>
     </message>
     <message>
-        <source>times the values</source>
-        <translation type="unfinished"></translation>
+        <source>factor of values</source>
+        <translation>factor de los valores</translation>
     </message>
     <message>
-        <source>the time that stays</source>
-        <translation type="unfinished"></translation>
+        <source>time that stays</source>
+        <translation>tiempo que se mantiene</translation>
     </message>
     <message>
-        <source>the value that stays</source>
-        <translation type="unfinished"></translation>
+        <source>value that stays</source>
+        <translation>valor que se mantiene</translation>
+    </message>
+</context>
+<context>
+    <name>TcbCurveFrame</name>
+    <message>
+        <source>Select a point to edit its numbers</source>
+        <translation>Seleccione un punto para editar sus números</translation>
     </message>
 </context>
 <context>
@@ -1298,19 +1317,19 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>first time</source>
-        <translation type="unfinished"></translation>
+        <translation>primer tiempo</translation>
     </message>
     <message>
         <source>lowest value</source>
-        <translation type="unfinished"></translation>
+        <translation>valor mínimo</translation>
     </message>
     <message>
         <source>last time</source>
-        <translation type="unfinished"></translation>
+        <translation>último tiempo</translation>
     </message>
     <message>
         <source>highest value</source>
-        <translation type="unfinished"></translation>
+        <translation>valor máximo</translation>
     </message>
 </context>
 <context>
@@ -1704,6 +1723,10 @@ Do you want to replace it?</source>
         <source>Retime…</source>
         <translation>Cambiar tiempos…</translation>
     </message>
+    <message>
+        <source>Pale image behind the curves</source>
+        <translation>Imagen tenue detrás de las curvas</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1861,6 +1884,10 @@ Do you want to replace it?</source>
     <message>
         <source>What is typed into a cell goes to all selected rows</source>
         <translation>Lo que se escribe en una celda pasa a todas las filas seleccionadas</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to see them here</source>
+        <translation>Abra una curva con puntos para verlos aquí</translation>
     </message>
 </context>
 <context>

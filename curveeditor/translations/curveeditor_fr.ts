@@ -197,6 +197,10 @@
         <source>Own scale</source>
         <translation>Échelle propre</translation>
     </message>
+    <message>
+        <source>All points of this curve lie outside the range that is shown</source>
+        <translation>Tous les points de cette courbe sont hors de l&apos;intervalle affiché</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -623,6 +627,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>The line has room for no more than %1 characters.</source>
         <translation>La ligne ne peut contenir que %1 caractères.</translation>
     </message>
+    <message>
+        <source>All pictures (%1)</source>
+        <translation>Toutes les images (%1)</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -936,6 +944,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Locks this curve against edits (L)</source>
         <translation>Verrouille cette courbe contre les modifications (L)</translation>
     </message>
+    <message>
+        <source>Open a curve with +</source>
+        <translation>Ouvrez une courbe avec +</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>
@@ -961,11 +973,11 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>units of time</source>
-        <translation type="unfinished"></translation>
+        <translation>unités de temps</translation>
     </message>
     <message>
         <source>units of value</source>
-        <translation type="unfinished"></translation>
+        <translation>unités de valeur</translation>
     </message>
 </context>
 <context>
@@ -1236,27 +1248,34 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>Pivot X</source>
-        <translation type="unfinished"></translation>
+        <translation>Pivot X</translation>
     </message>
     <message>
         <source>Pivot Y</source>
-        <translation type="unfinished"></translation>
+        <translation>Pivot Y</translation>
     </message>
     <message>
-        <source>times the times</source>
-        <translation type="unfinished"></translation>
+        <source>factor of times</source>
+        <translation>facteur des temps</translation>
     </message>
     <message>
-        <source>times the values</source>
-        <translation type="unfinished"></translation>
+        <source>factor of values</source>
+        <translation>facteur des valeurs</translation>
     </message>
     <message>
-        <source>the time that stays</source>
-        <translation type="unfinished"></translation>
+        <source>time that stays</source>
+        <translation>temps qui ne change pas</translation>
     </message>
     <message>
-        <source>the value that stays</source>
-        <translation type="unfinished"></translation>
+        <source>value that stays</source>
+        <translation>valeur qui ne change pas</translation>
+    </message>
+</context>
+<context>
+    <name>TcbCurveFrame</name>
+    <message>
+        <source>Select a point to edit its numbers</source>
+        <translation>Sélectionnez un point pour modifier ses nombres</translation>
     </message>
 </context>
 <context>
@@ -1298,19 +1317,19 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>first time</source>
-        <translation type="unfinished"></translation>
+        <translation>premier temps</translation>
     </message>
     <message>
         <source>lowest value</source>
-        <translation type="unfinished"></translation>
+        <translation>valeur minimale</translation>
     </message>
     <message>
         <source>last time</source>
-        <translation type="unfinished"></translation>
+        <translation>dernier temps</translation>
     </message>
     <message>
         <source>highest value</source>
-        <translation type="unfinished"></translation>
+        <translation>valeur maximale</translation>
     </message>
 </context>
 <context>
@@ -1704,6 +1723,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Retime…</source>
         <translation>Changer les temps…</translation>
     </message>
+    <message>
+        <source>Pale image behind the curves</source>
+        <translation>Image pâle derrière les courbes</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1861,6 +1884,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>What is typed into a cell goes to all selected rows</source>
         <translation>Ce qui est saisi dans une cellule vaut pour toutes les lignes sélectionnées</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to see them here</source>
+        <translation>Ouvrez une courbe avec des points pour les voir ici</translation>
     </message>
 </context>
 <context>

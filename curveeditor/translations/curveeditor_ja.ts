@@ -197,6 +197,10 @@
         <source>Own scale</source>
         <translation>カーブごとの目盛り</translation>
     </message>
+    <message>
+        <source>All points of this curve lie outside the range that is shown</source>
+        <translation>この曲線の点はすべて表示範囲の外にあります</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>
@@ -623,6 +627,10 @@ Do you want to replace it?</source>
         <source>The line has room for no more than %1 characters.</source>
         <translation>この行に入るのは %1 文字までです。</translation>
     </message>
+    <message>
+        <source>All pictures (%1)</source>
+        <translation>すべての画像 (%1)</translation>
+    </message>
 </context>
 <context>
     <name>CurveEditorDialogBase</name>
@@ -936,6 +944,10 @@ Do you want to replace it?</source>
         <source>Locks this curve against edits (L)</source>
         <translation>このカーブをロックして編集できないようにします (L)</translation>
     </message>
+    <message>
+        <source>Open a curve with +</source>
+        <translation>+ で曲線を開きます</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>
@@ -961,11 +973,11 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>units of time</source>
-        <translation type="unfinished"></translation>
+        <translation>時間の単位</translation>
     </message>
     <message>
         <source>units of value</source>
-        <translation type="unfinished"></translation>
+        <translation>値の単位</translation>
     </message>
 </context>
 <context>
@@ -1236,27 +1248,34 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Pivot X</source>
-        <translation type="unfinished"></translation>
+        <translation>基準 X</translation>
     </message>
     <message>
         <source>Pivot Y</source>
-        <translation type="unfinished"></translation>
+        <translation>基準 Y</translation>
     </message>
     <message>
-        <source>times the times</source>
-        <translation type="unfinished"></translation>
+        <source>factor of times</source>
+        <translation>時間の倍率</translation>
     </message>
     <message>
-        <source>times the values</source>
-        <translation type="unfinished"></translation>
+        <source>factor of values</source>
+        <translation>値の倍率</translation>
     </message>
     <message>
-        <source>the time that stays</source>
-        <translation type="unfinished"></translation>
+        <source>time that stays</source>
+        <translation>動かない時間</translation>
     </message>
     <message>
-        <source>the value that stays</source>
-        <translation type="unfinished"></translation>
+        <source>value that stays</source>
+        <translation>動かない値</translation>
+    </message>
+</context>
+<context>
+    <name>TcbCurveFrame</name>
+    <message>
+        <source>Select a point to edit its numbers</source>
+        <translation>点を選択すると数値を編集できます</translation>
     </message>
 </context>
 <context>
@@ -1298,19 +1317,19 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>first time</source>
-        <translation type="unfinished"></translation>
+        <translation>最初の時間</translation>
     </message>
     <message>
         <source>lowest value</source>
-        <translation type="unfinished"></translation>
+        <translation>最小値</translation>
     </message>
     <message>
         <source>last time</source>
-        <translation type="unfinished"></translation>
+        <translation>最後の時間</translation>
     </message>
     <message>
         <source>highest value</source>
-        <translation type="unfinished"></translation>
+        <translation>最大値</translation>
     </message>
 </context>
 <context>
@@ -1704,6 +1723,10 @@ Do you want to replace it?</source>
         <source>Retime…</source>
         <translation>リタイム…</translation>
     </message>
+    <message>
+        <source>Pale image behind the curves</source>
+        <translation>曲線の背後の画像を薄くする</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1861,6 +1884,10 @@ Do you want to replace it?</source>
     <message>
         <source>What is typed into a cell goes to all selected rows</source>
         <translation>セルに入力した内容は、選択したすべての行に反映されます</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to see them here</source>
+        <translation>点のある曲線を開くと、ここに点が表示されます</translation>
     </message>
 </context>
 <context>

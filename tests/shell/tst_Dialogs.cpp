@@ -236,6 +236,7 @@ private Q_SLOTS:
             return picture == plain;
         };
         QWidget* const list = s.editor.checkListsEditing->viewport();
+        s.editor.resize(1700, 900);
         s.clickPoint();
         const QImage shown = s.editor.tcbCurve->grab().toImage();
         s.editor.cleanSelecteds();
