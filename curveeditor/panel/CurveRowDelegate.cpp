@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/CurveRowDelegate.h>
 
+#include <curveeditor/canvas/ColorContrast.h>
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
@@ -79,7 +81,20 @@ bool shows(const QStyleOptionViewItem& option, const QModelIndex& row, CurveMark
     return isUnderMouse || CurveRowDelegate::stateOf(row.data(CurveRowDelegate::roleOf(mark))).isOn;
 }
 
-QPixmap squareOf(const QColor& color, bool isLocked, const QSize& size, qreal ratio)
+/// For a formula: in what stands out of the square.
+void drawLetter(QPainter& painter, const QRect& square, const QColor& color)
+{
+    QFont font(QStringLiteral("Serif"));
+    font.setItalic(true);
+    font.setBold(true);
+    font.setPixelSize(square.height());
+    painter.setFont(font);
+    const bool isDark = contrastOf(color, Qt::white) > contrastOf(color, Qt::black);
+    painter.setPen(isDark ? Qt::white : Qt::black);
+    painter.drawText(square, int(Qt::AlignCenter) | int(Qt::TextDontClip), QStringLiteral("f"));
+}
+
+QPixmap squareOf(const QColor& color, bool isLocked, bool isFormula, const QSize& size, qreal ratio)
 {
     QPixmap square(size * ratio);
     square.fill(isLocked ? QColor(Qt::transparent) : outline);
@@ -90,6 +105,8 @@ QPixmap squareOf(const QColor& color, bool isLocked, const QSize& size, qreal ra
         drawPadlock(painter, QRectF(square.rect()), color, outline);
     else
         painter.fillRect(square.rect().adjusted(edge, edge, -edge, -edge), color);
+    if (isFormula && !isLocked)
+        drawLetter(painter, square.rect(), color);
     painter.end();
     square.setDevicePixelRatio(ratio);
     return square;
@@ -133,8 +150,8 @@ void CurveRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
     option->font.setItalic(isLocked);
     if (isLocked || row.data(unseenRole).toBool())
         option->palette.setBrush(QPalette::Text, option->palette.brush(QPalette::Disabled, QPalette::Text));
-    const QPixmap square =
-        squareOf(color, isLocked, option->decorationSize, option->widget->devicePixelRatioF());
+    const QPixmap square = squareOf(color, isLocked, row.data(formulaRole).toBool(), option->decorationSize,
+                                    option->widget->devicePixelRatioF());
     option->icon = QIcon(square);
     option->icon.addPixmap(square, QIcon::Selected);
     shortenName(*option, row);

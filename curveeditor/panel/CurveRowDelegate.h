@@ -31,6 +31,8 @@ public:
     }
     /// Whether the canvas leaves the curve out, whatever the reason.
     static constexpr int unseenRole = Qt::UserRole + 3;
+    /// Whether the curve is a formula.
+    static constexpr int formulaRole = Qt::UserRole + 4;
 
     /// The mark at that place of a row, of which the letters are `side` pixels high.
     static std::optional<CurveMark> markAt(const QPoint& place, const QRect& row, int side);

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTextDocument>
 #include <QTimer>
 #include <QToolTip>
@@ -208,6 +209,18 @@ void EditingList::setCurveSeen(QTreeWidgetItem* row, bool isSeen)
     row->setData(0, CurveRowDelegate::unseenRole, !isSeen);
 }
 
+void EditingList::setCurveKind(QTreeWidgetItem* row, bool isFormula)
+{
+    row->setData(0, CurveRowDelegate::formulaRole, isFormula);
+    describe(row);
+}
+
+int EditingList::widthFor(const QTreeWidgetItem* row) const
+{
+    return sizeHintForIndex(indexFromItem(row)).width() + 2 * frameWidth() +
+           verticalScrollBar()->sizeHint().width();
+}
+
 /// For assistive tools; the name alone is enough where nothing is marked.
 void EditingList::describe(QTreeWidgetItem* row)
 {
@@ -218,6 +231,8 @@ void EditingList::describe(QTreeWidgetItem* row)
         if (stateOf(*row, mark).isOn)
             marked.append(word);
     }
+    if (row->data(0, CurveRowDelegate::formulaRole).toBool())
+        marked.append(tr("formula"));
     const QString text = row->text(0) + QLatin1String(", ") + marked.join(QLatin1String(", "));
     row->setData(0, Qt::AccessibleTextRole, marked.isEmpty() ? QVariant() : text);
 }

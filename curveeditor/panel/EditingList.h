@@ -30,12 +30,17 @@ public:
     /// Puts the rows in order again, after names have changed.
     void sortRows();
 
+    /// The width in which the name of that row is not shortened, frame and bar included.
+    int widthFor(const QTreeWidgetItem* row) const;
+
     /// Gives a row the full name of its curve, which its tool tip shows whole, and below it `tip`, a plain text.
     static void setCurveName(QTreeWidgetItem* row, const QString& name, const QString& tip = {});
     /// The row of a locked curve has a padlock for its square, and letters that are slanted and paler.
     /// That of a hidden one has paler letters. The marks show at the right end.
     static void setCurveMark(QTreeWidgetItem* row, CurveMark mark, const MarkState& state);
     static void setCurveSeen(QTreeWidgetItem* row, bool isSeen);
+    /// The square of a formula has an "f" in it.
+    static void setCurveKind(QTreeWidgetItem* row, bool isFormula);
     static void setCurveColor(QTreeWidgetItem* row, const QColor& color);
 
 public Q_SLOTS:

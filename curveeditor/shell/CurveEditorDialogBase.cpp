@@ -22,6 +22,7 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolButton>
 
 #include <utility>
@@ -178,6 +179,7 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     tabWidget2->setFocusPolicy(Qt::NoFocus);
     splitter11->setCollapsible(splitter11->indexOf(listPanel), false);
     splitter11->setSizes({listWidth, initialSize.width() - listWidth});
+    connect(splitter11, &QSplitter::splitterMoved, this, [this] { hasUsersListWidth = true; });
     // The canvas takes all the room that the list and the pages don't need.
     splitter11->setStretchFactor(splitter11->indexOf(splitter10), 1);
     splitter10->setStretchFactor(splitter10->indexOf(functionView), 1);
@@ -396,6 +398,28 @@ void CurveEditorDialogBase::setLeastSize(const QSize& size)
                          : mainMenu->minimumSizeHint().height() + CurveEditorDialogBaseLayout->spacing();
     splitter11->setMinimumSize(
         (size.shrunkBy(margins) - QSize(0, menu)).expandedTo(splitter11->minimumSizeHint()));
+}
+
+void CurveEditorDialogBase::fitListTo(const QTreeWidgetItem* row)
+{
+    widthOfNames_ = qMax(widthOfNames_, checkListsEditing->widthFor(row));
+    if (isVisible())
+        widenList();
+}
+
+void CurveEditorDialogBase::widenList()
+{
+    const QList<int> sizes = splitter11->sizes();
+    const int room = sizes.front() + sizes.back();
+    const int wanted = qMin(widthOfNames_, room / 3);
+    if (!hasUsersListWidth && !listPanel->isHidden() && wanted > sizes.front())
+        splitter11->setSizes({wanted, room - wanted});
+}
+
+void CurveEditorDialogBase::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    QTimer::singleShot(0, this, &CurveEditorDialogBase::widenList); // when all parts have their room
 }
 
 void CurveEditorDialogBase::setCrowded(bool isCrowded)

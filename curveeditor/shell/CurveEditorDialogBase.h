@@ -17,6 +17,7 @@ class QPushButton;
 class QSplitter;
 class QStackedWidget;
 class QTabWidget;
+class QTreeWidgetItem;
 class QVBoxLayout;
 class TcbCurveFrame;
 
@@ -119,10 +120,15 @@ protected Q_SLOTS:
 protected:
     /// Calls `languageChange` when the language changes.
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     /// Lets what is described in pixels grow with the texts. Runs whenever the font or the texts change.
     virtual void fitToFont();
     /// The dialog is at least that large, and large enough for what it holds.
     void setLeastSize(const QSize& size);
+    /// Makes the list wide enough for the name of that row, up to a third of the dialog, unless the user has given it
+    /// another width.
+    void fitListTo(const QTreeWidgetItem* row);
+    bool hasUsersListWidth = false;
     /// Whether canvas and pages may be as small as can be, as they may at first, or have the room that they have when a
     /// dialog shows for the first time.
     void setCrowded(bool isCrowded);
@@ -140,4 +146,7 @@ private:
     void alignRows();
     void explainFields();
     void nameForAssistiveTools();
+    void widenList();
+
+    int widthOfNames_ = 0;
 };

@@ -84,6 +84,7 @@ void CurveEditor::Private::putOnCanvas(NodeStruct& record)
         editor.checkListsEditing->addRow(record.editingItem);
     }
     showMarks(record);
+    editor.fitListTo(record.editingItem);
     showSelectedRow(record);
     functionEdit->canvas.setCurrentCurve(curve);
     QObject::connect(curve, &CurveNodeBase::curveHasChanged, &editor,
@@ -145,6 +146,7 @@ void CurveEditor::Private::showMarks(const NodeStruct& record)
     for (const CurveMark mark : allCurveMarks)
         EditingList::setCurveMark(record.editingItem, mark, curve->mark(mark));
     EditingList::setCurveSeen(record.editingItem, curve->isShown());
+    EditingList::setCurveKind(record.editingItem, !curve->isSpline());
 }
 
 void CurveEditor::Private::toggleMark(const QTreeWidgetItem* row, CurveMark mark)

@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/edit/EditHistory.h>
+#include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/FunctionEditor.h>
 
 #include <QAction>
@@ -86,6 +87,7 @@ void CurveEditor::Private::tellEdit(const EditReport& report)
     const NodeStruct* const record = editor.searchAllNodeList(report.curve->name);
     if (!record || !report.curve->spline())
         return;
+    EditingList::setCurveKind(record->editingItem, report.curve->kind() == CurveKind::Expression);
     CurveChange change;
     change.group = record->nodeName;
     change.curve = record->curveName;

@@ -948,6 +948,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Open a curve with +</source>
         <translation>Mit + eine Kurve öffnen</translation>
     </message>
+    <message>
+        <source>formula</source>
+        <translation>Formel</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>

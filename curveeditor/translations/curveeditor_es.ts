@@ -948,6 +948,10 @@ Do you want to replace it?</source>
         <source>Open a curve with +</source>
         <translation>Abra una curva con +</translation>
     </message>
+    <message>
+        <source>formula</source>
+        <translation>fórmula</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>

@@ -948,6 +948,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Open a curve with +</source>
         <translation>Ouvrez une courbe avec +</translation>
     </message>
+    <message>
+        <source>formula</source>
+        <translation>formule</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>

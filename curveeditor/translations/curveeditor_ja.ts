@@ -948,6 +948,10 @@ Do you want to replace it?</source>
         <source>Open a curve with +</source>
         <translation>+ で曲線を開きます</translation>
     </message>
+    <message>
+        <source>formula</source>
+        <translation>数式</translation>
+    </message>
 </context>
 <context>
     <name>PanDialog</name>

@@ -64,6 +64,33 @@ private Q_SLOTS:
         QVERIFY(closeBox().contains("cam.pam"));
     }
 
+    void listIsAsWideAsItsNamesAndMarksFormulas()
+    {
+        EditorFixture& s = *fixture;
+        s.editor.resize(1230, 700);
+        s.editor.show();
+        const QString name = "a." + QString(30, u'm');
+        for (const QString& each : {name, name + QString(300, u'm')}) {
+            s.add(each);
+            s.open(each);
+            QTRY_COMPARE_WITH_TIMEOUT(s.list.width() > 390, each != name, 500);
+        }
+        QVERIFY(s.list.width() <= 410);
+        Q_EMIT s.editor.splitter11->splitterMoved(200, 1);
+        s.editor.splitter11->setSizes({200, 1000});
+        s.open(name);
+        QCOMPARE(s.list.width(), 200);
+        const auto told = [&s] {
+            return s.list.currentItem()->data(0, Qt::AccessibleTextRole).toString();
+        };
+        const QImage plain = s.list.grab().toImage();
+        s.editor.commandLine->setText("t");
+        QTest::keyClick(s.editor.commandLine, Qt::Key_Return);
+        QVERIFY(told().endsWith(", formula") && s.list.grab().toImage() != plain);
+        s.editor.undo();
+        QVERIFY(told().isEmpty() && s.list.grab().toImage() == plain);
+    }
+
     void plusOpensCurvesAsADropDoes()
     {
         EditorFixture& s = *fixture;
