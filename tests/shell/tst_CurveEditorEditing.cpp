@@ -69,7 +69,7 @@ private Q_SLOTS:
         EditorFixture& s = *fixture;
         s.editor.resize(1230, 700);
         s.editor.show();
-        const QString name = "a." + QString(30, u'm');
+        const QString name = "a." + QString(16, u'm');
         for (const QString& each : {name, name + QString(300, u'm')}) {
             s.add(each);
             s.open(each);
