@@ -426,9 +426,12 @@ private Q_SLOTS:
         QCOMPARE(f.boundsOf(QColor(255, 0, 220)).left(), 753);
         f.picture.selected = false;
         QVERIFY(f.boundsOf(Qt::red).isEmpty());
-        f.spline.firstType = SplineBase::Zero;
-        f.picture.rebuild(&f.view, -1e9f, 1e9f);
-        QCOMPARE(f.boundsOf(f.picture.unselectedColor).bottom(), 300);
+        for (std::int32_t* const end : {&f.spline.firstType, &f.spline.lastType}) {
+            f.spline.firstType = f.spline.lastType = SplineBase::Constant;
+            *end = SplineBase::Zero;
+            f.picture.rebuild(&f.view, -1e9f, 1e9f);
+            QCOMPARE(f.boundsOf(f.picture.unselectedColor).bottom(), 300);
+        }
         Fixture two({{5.0, 1.0}, {5.0, 1.0}}, SplineBase::Bezier);
         two.select(0); // above the other one
         QCOMPARE(two.shown().pixelColor(502, 202), QColor(Qt::red));

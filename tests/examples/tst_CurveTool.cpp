@@ -53,6 +53,8 @@ private Q_SLOTS:
         row("exact end", spline, "sample - --to 0.3 --step 0.1", "0\t1\n0.1\t1.05\n0.2\t1.1\n0.3\t1.15\n");
         row("sample a gap", formula, "sample - --from -1 --to 1 --step 1", "-1\tnan\n0\t-inf\n1\t0\n");
         row("frames", "0 0 0\n1\nf", "sample - --format crv --from 2 --to 2 --fps 24", "2\t48\n");
+        row("formula of another system", altered(formula, "\n", "\r\n"), "sample - --from 1 --to 1",
+            "1\t0\n");
         row("sample a table", table, "sample - --curve b", "0\t5\n2\t7\n");
         row("sample between rows", table, "sample - --curve 2 --from 1 --to 1", "1\t6\n");
         row("blanks in names", "t\tkey light\tb\n0\t1\t2\n", "convert - - --output-format table",

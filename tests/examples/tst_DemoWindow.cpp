@@ -52,7 +52,11 @@ private Q_SLOTS:
         QVERIFY(window_->getHost().rename(*key, "Sun Light"));
         QVERIFY(store_->setExpression(*fill, "2 light.sun_light"));
         QCOMPARE(valueAt(*fill, 5.0, fps), 2.0 * key->spline(5.0));
+        Curve* twin = store_->find("Light", "flicker"); // is read by the same name then
+        QVERIFY(window_->getHost().rename(*twin, "SUN light"));
         window_->getHost().remove(*key);
+        QCOMPARE(valueAt(*fill, 5.0, fps), 2.0 * valueAt(*twin, 5.0, fps));
+        window_->getHost().remove(*twin);
         QCOMPARE(valueAt(*fill, 5.0, fps), 0.0);
     }
 

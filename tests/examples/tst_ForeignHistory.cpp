@@ -103,6 +103,12 @@ private Q_SLOTS:
         s.window.toggleHold();
         QVERIFY(s.window.nodes()[0].shape == Node::Shape::Hold && s.isTidy());
         const std::vector<Node> before = s.window.nodes();
+        SplineState state;
+        state.points = pointsOf(before);
+        SplineBase spline;
+        spline.assign(state);
+        toggleHold(spline, spline[1]->time); // what ends there stays
+        QVERIFY(nodesOf(spline)[0] == before[0] && nodesOf(spline)[1].shape == Node::Shape::Hold);
         s.drag(5.0, 0.4, 7.0, 0.4); // onto the next one
         QVERIFY(s.isTidy() && s.window.nodes().size() == 5 && s.window.nodes() != before);
         s.mouse(QEvent::MouseButtonPress, 2.0, 0.8);

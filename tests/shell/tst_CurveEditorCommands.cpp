@@ -128,6 +128,8 @@ private Q_SLOTS:
                 QVERIFY(isRefused && qAbs(low + 1.23456e-05) < 1e-7 && high == "10.1235");
             });
             fixture->editor.setRange();
+            QCOMPARE(fixture->editor.posX->clampToBounds(1e6),
+                     fixture->canvas.shownTime(qMax(fixture->canvas.timeMin, fixture->canvas.timeMax)));
             fixture->clickPoint();
             fixture->editor.completeViewport();
             fixture->editor.resetViewport();
@@ -186,6 +188,7 @@ private Q_SLOTS:
             QTest::keyClick(field, Qt::Key_Return);
         };
         editor.resize(1200, 700);
+        const int length = editor.posX->maxLength();
         editor.setTimeText({});
         QVERIFY(editor.posX->text().isEmpty());
         fixture->clickPoint();
@@ -194,9 +197,9 @@ private Q_SLOTS:
                            [](const QString& text) -> std::optional<double> {
                                if (text.startsWith('!'))
                                    throw 1;
-                               return text == "nan"          ? std::optional(qQNaN())
-                                      : text.startsWith('@') ? std::optional(text.mid(1).toDouble())
-                                                             : std::nullopt;
+                               return text == "nan" || text == "6.5" ? std::optional(qQNaN())
+                                      : text.startsWith('@')         ? std::optional(text.mid(1).toDouble())
+                                                                     : std::nullopt;
                            });
         editor.setValueText([](double value) { return QStringLiteral("%1 lx").arg(value, 0, 'f', 1); });
         QVERIFY(fixture->canvas.grab().toImage() != plain);
@@ -211,7 +214,8 @@ private Q_SLOTS:
         for (const auto& [text, time] : {std::pair{"@6.123", 6.123},
                                          {"7.25", 7.25},
                                          {"nan", 7.25},
-                                         {"!", 7.25},
+                                         {"6.5", 6.5},
+                                         {"!", 6.5},
                                          {"@1e9", 10.0},
                                          {"@5", 5.0}}) {
             typed(editor.posX, text);
@@ -241,6 +245,7 @@ private Q_SLOTS:
         });
         editor.setValueText({});
         QCOMPARE(editor.posX->text(), "55.000"); // frames again
+        QCOMPARE(editor.posX->maxLength(), length);
         QCOMPARE(editor.textLabel1->text(), "Frame:");
         typed(editor.posX, "50");
         typed(editor.posY, "1");

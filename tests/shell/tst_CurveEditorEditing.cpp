@@ -149,7 +149,10 @@ private Q_SLOTS:
         QTest::keyClick(&names, Qt::Key_Z);
         QCOMPARE(line.text(), "z");
         QTest::keyClick(&line, Qt::Key_Backspace);
-        QTest::keyClick(&line, Qt::Key_Down, Qt::ShiftModifier);
+        for (const int row : {1, 0}) // from below
+            QTest::mouseClick(names.viewport(), Qt::LeftButton,
+                              row == 0 ? Qt::ControlModifier : Qt::NoModifier,
+                              names.visualRect(names.model()->index(row, 0)).center());
         QTest::keyClick(&names, Qt::Key_Return);
         QVERIFY(s.list.topLevelItemCount() == 5 && s.current() == "b.y");
         QTest::keyClick(&s.list, Qt::Key_Insert);

@@ -36,13 +36,13 @@ std::optional<double> straying(std::map<QString, CurveState> before, std::map<QS
 }
 
 /// Of the row, in the list.
-void clickMark(Scene& s, CurveMark mark, int row = 0)
+void clickMark(Scene& s, CurveMark mark, int row = 0, Qt::MouseButton button = Qt::LeftButton)
 {
     const QRect place = s.list.visualItemRect(s.list.topLevelItem(row));
     QPoint at = place.center();
     while (CurveRowDelegate::markAt(at, place, s.list.iconSize().height()) != mark && at.x() < place.right())
         ++at.rx();
-    QTest::mouseClick(s.list.viewport(), Qt::LeftButton, {}, at + QPoint(2, 0));
+    QTest::mouseClick(s.list.viewport(), button, {}, at + QPoint(2, 0));
 }
 
 /// Chooses OK in the dialog of that key; returns what it said, and leaves one that stays open.
@@ -401,7 +401,9 @@ private Q_SLOTS:
         Scene s;
         s.turnTo("a.y").turnTo("a.x").list.setFocus();
         const auto pictures = [&s] {
-            return QList{s.shown(), s.list.viewport()->grab().toImage()};
+            const QRect other = s.list.visualItemRect(s.list.topLevelItem(1));
+            return QList{s.shown(), s.list.viewport()->grab().toImage(),
+                         s.list.viewport()->grab(other).toImage()};
         };
         const QList<QImage> before = pictures();
         const auto told = [&s] {
@@ -418,11 +420,14 @@ private Q_SLOTS:
             QVERIFY(s.editor.action(name)->isChecked());
             const QList<QImage> marked = pictures();
             QVERIFY(marked[0] != before[0] && marked[1] != before[1] && s.showsWhatIsDrawnFromScratch());
+            QCOMPARE(marked[2] != before[2], mark == CurveMark::Solo); // others are not seen then
             QCOMPARE(s.canvas.canvas.getCurrentCurve()->curve()->isLocked(), mark == CurveMark::Lock);
             toggle();
             QCOMPARE(told(), "a.x");
             QVERIFY(pictures() == before && s.entries() == 0);
         }
+        clickMark(s, mark, 0, Qt::RightButton);
+        QCOMPARE(told(), "a.x");
     }
 
     void soloIsTakenBackAndTheHostsMarksStay()

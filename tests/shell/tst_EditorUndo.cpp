@@ -771,13 +771,14 @@ private Q_SLOTS:
             Scene s;
             s.editor.cleanSelecteds();
             int living = 0;
-            FunctionFloatBase*& expression = s.curves["a.x"].expression;
-            expression = new CountedNode(living);
-            s.editor.setEditingNode("a.x");
-            s.editor.deleteCurveClicked();
+            for (const QString name : {"a.y", "a.x"}) {
+                s.curves[name].expression = new CountedNode(living);
+                s.editor.setEditingNode(name);
+                s.editor.deleteCurveClicked();
+            }
             place(s);
-            s.editor.deleteExpression("a", "x", &expression);
-            QVERIFY(!expression && living == 0);
+            s.editor.deleteExpression("a", "x", &s.curves["a.x"].expression);
+            QVERIFY(!s.curves["a.x"].expression && living == 1 && s.entries() == 1);
         }
     }
 

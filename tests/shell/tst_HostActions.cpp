@@ -120,6 +120,8 @@ private Q_SLOTS:
         QVERIFY(done == "p" && s.x.getControlPointsNumber() == 3 && s.entries() == 0);
         pointMenu(other, 0);
         QCOMPARE(s.texts(s.menu("Edit")).count("e"), 1);
+        QCOMPARE(s.texts(s.menu("Edit")).mid(s.menu("Edit")->actions().size() - 3),
+                 QStringList({"", "e", "c"}));
         whenOpen<ControlMenu2>([&](ControlMenu2& menu) {
             QCOMPARE(s.texts(&menu).count("l"), 1);
             menu.setActiveAction(menu.actions().constLast());

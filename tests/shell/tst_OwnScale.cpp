@@ -166,13 +166,16 @@ private Q_SLOTS:
         s.key(Qt::Key_A, ctrl | shift);
 
         const QPoint middle = s.seen("a.y", 0) + QPoint(5, -15); // a band about the lowest points
-        s.dragBy({middle.x(), s.canvas.height() - 2},
-                 {s.canvas.width() - middle.x() - 2, 80 - s.canvas.height() / 3});
-        s.mouse(QEvent::MouseButtonRelease, {s.canvas.width() - 2, s.canvas.height() * 2 / 3 + 80});
-        QCOMPARE(s.editor.selectedPoints("a", "x"), std::vector<int>{2});
-        QCOMPARE(s.editor.selectedPoints("a", "y"), std::vector<int>{1});
+        for (const QString current : {"a.y", "a.x"}) {
+            s.turnTo(current);
+            s.dragBy({middle.x(), s.canvas.height() - 2},
+                     {s.canvas.width() - middle.x() - 2, 80 - s.canvas.height() / 3});
+            s.mouse(QEvent::MouseButtonRelease, {s.canvas.width() - 2, s.canvas.height() * 2 / 3 + 80});
+            QCOMPARE(s.editor.selectedPoints("a", "x"), std::vector<int>{2});
+            QCOMPARE(s.editor.selectedPoints("a", "y"), std::vector<int>{1});
+        }
 
-        s.key(Qt::Key_A, shift).turnTo("a.x");
+        s.key(Qt::Key_A, shift);
         const PlaneMapping plane = s.canvas.canvas.findCurve("a.y")->mapping();
         const QPoint line(plane.pixelColumn(3.0), plane.pixelRow(s.y(3.0)));
         s.pressAt(line).mouse(QEvent::MouseButtonRelease, line);
@@ -195,6 +198,9 @@ private Q_SLOTS:
         s.dragBy(again, {60, first.y() + 5 - again.y()});
         QCOMPARE(s.canvas.canvas.hands().guide.hit().valueKinds, unsigned(Snap::Points));
         QCOMPARE(s.seen("a.x", 1).y(), s.seen("a.y", 0).y());
+        s.mouse(QEvent::MouseButtonRelease, {}).hide("y").editor.undo();
+        s.dragBy(again, {60, first.y() + 5 - again.y()});
+        QCOMPARE(s.canvas.canvas.hands().guide.hit().valueKinds, 0U);
     }
 
     void curvesWithoutUsualValuesDoNoHarm_data()

@@ -70,6 +70,7 @@ private Q_SLOTS:
         Scene s;
         s.x.modify(1)->type = SplineBase::Hold; // at (5, 1), behind (0, 0)
         s.x.modify(2)->type = SplineBase::Hold;
+        SplineEdits::setType(s.x, {SplineEdits::addPoint(s.x, 9.0, -2.0)}, SplineBase::Linear);
         s.turnTo("a.y").editor.updateCurves();
         const QImage picture = s.canvas.grab().toImage();
         const QPoint middle = s.pixel(5.0, 0.5);
@@ -83,6 +84,7 @@ private Q_SLOTS:
                                                   {3.0, 0.0, true},
                                                   {6.5, 1.0, true},
                                                   {5.0, 1.5, false},
+                                                  {9.0, -1.5, false},
                                                   {6.5, 0.5, false}}) {
             s.turnTo("a.y").click(time, value);
             QVERIFY2((s.current() == "a.x") == isNear, qPrintable(QString("%1 %2").arg(time).arg(value)));
@@ -92,10 +94,10 @@ private Q_SLOTS:
         s.drag(5.0, 1.0, 4.0, 2.0);
         QVERIFY(s.x[1]->type == SplineBase::Hold && s.x(3.9) == 0.0 && s.x(7.9) == s.x[1]->pos);
         const double value = s.x(2.0);
-        QCOMPARE(s.canvas.canvas.currentControl()->curve()->state().spline.points.size(), 3U);
+        QCOMPARE(s.canvas.canvas.currentControl()->curve()->state().spline.points.size(), 4U);
         QTest::mouseMove(&s.canvas, s.pixel(2.0, 1.0));
         s.key(Qt::Key_I);
-        QVERIFY(s.x.getControlPointsNumber() == 4 && s.x[1]->type == SplineBase::Hold && s.x(2.0) == value);
+        QVERIFY(s.x.getControlPointsNumber() == 5 && s.x[1]->type == SplineBase::Hold && s.x(2.0) == value);
     }
 };
 
