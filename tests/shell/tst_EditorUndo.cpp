@@ -99,7 +99,7 @@ private Q_SLOTS:
                 QCOMPARE(line->text(), text == "0,5" ? "0.25" : "0.5");
                 for (const QString& typed : {QString("1.5"), QString(), text}) {
                     line->setText(typed);
-                    QCOMPARE(dialog->findChild<QPushButton*>()->isEnabled(), typed == text);
+                    QTRY_COMPARE(dialog->findChild<QPushButton*>()->isEnabled(), typed == text);
                 }
                 dialog->accept();
                 QVERIFY(s.canvas.canvas.toldText().startsWith("Ease: deviates by at most 0."));

@@ -185,7 +185,9 @@ private Q_SLOTS:
         for (const int below : {-FrameGrips::margin, FrameGrips::margin}) { // no edge there
             const QPoint edge = s.pixel(4.0, 1.0) + QPoint(0, below);
             s.selectAll().showBox().pressAt(edge);
-            s.mouse(QEvent::MouseMove, edge + QPoint(0, 50)).key(Qt::Key_Escape).key(Qt::Key_Escape);
+            s.mouse(QEvent::MouseMove, edge + QPoint(0, 50));
+            QVERIFY(s.x[1]->pos < 0.5);
+            s.key(Qt::Key_Escape).key(Qt::Key_Escape);
         }
         s.selectAll().showBox().pull(4.0, 1.0, 1.0, 2.0);
         QVERIFY(s.x[1]->pos > 2.9 && s.x[2]->pos == s.x[0]->pos && s.x[2]->time - s.x[0]->time == 8.0);
@@ -332,12 +334,11 @@ private Q_SLOTS:
     void severalRetimedCurvesAreOneStep()
     {
         BoxScene s;
-        SplineBase& y = s.curves["a.y"].spline;
-        y.setTime(y.modify(0), 1.0);
+        s.x.setTime(s.x.modify(0), 1.0);
         QDialog* const dialog = s.allCurves().retime();
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         QTest::keyClicks(dialog->focusWidget(), "3"); // in place of 1
-        QCOMPARE(y[0]->time, 3.0);                    // about the first point of both
+        QCOMPARE(s.x[0]->time, 3.0);                  // about the first point of both
         s.changes.clear();
         dialog->accept();
         QCOMPARE(s.entries(), 1);
