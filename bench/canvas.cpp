@@ -298,6 +298,28 @@ void dragOfAllPoints(benchmark::State& state)
     }
 }
 
+/// A move over a transform box about so many points, or a step of pulling its upper right corner or of moving it.
+void transformBox(benchmark::State& state, bool isPressed, const QPoint& at)
+{
+    Scene scene(Content{.splines = 1, .points = int(state.range(0))});
+    selectAllPoints(scene);
+    scene.canvas().transformBox.toggle();
+    const QPoint corner(scene.pixel(unsigned(state.range(0)) - 1).x(), scene.canvas().valueToPixel(2.8));
+    const QPoint start = at.isNull() ? corner : at;
+    if (isPressed)
+        scene.send(QEvent::MouseButtonPress, start, Qt::LeftButton);
+    scene.show();
+    int step = 0;
+    for (auto _ : state) {
+        ++step;
+        scene.send(QEvent::MouseMove, start + QPoint(step % 50 - 60, step % 40),
+                   isPressed ? Qt::LeftButton : Qt::NoButton);
+        scene.show();
+    }
+    if (!scene.canvas().transformBox.isShown() || scene.canvas().gesture.isBusy() != isPressed)
+        state.SkipWithError("the box is not as it should be");
+}
+
 /// Presses there with all points of all curves selected.
 void grabAllCurves(Scene& scene, const QPoint& at)
 {
@@ -521,6 +543,9 @@ BENCHMARK_CAPTURE(pressOrRelease, pressOfAll, true, true)->Arg(1000000)->Unit(be
 BENCHMARK_CAPTURE(pressOrRelease, releaseOfAll, false, true)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(repaintOfOneCurve)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(dragOfAllPoints)->Arg(pointCount)->Arg(40000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(transformBox, hover, false, QPoint(800, 400))->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(transformBox, move, true, QPoint(800, 400))->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(transformBox, scale, true, QPoint())->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragOfAllCurves, smooth, Content())->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragOfAllCurves, scaled, scaled)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(dragOfAllCurves, themed, themed)->Unit(benchmark::kMillisecond);

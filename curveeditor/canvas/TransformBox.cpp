@@ -55,7 +55,7 @@ QString TransformBox::refusalText()
 
 QString TransformBox::bendText()
 {
-    return tr("Beside points that are not selected an eased Tcb segment may bend.");
+    return tr("A Tcb segment beside points that are not selected may bend.");
 }
 
 void TransformBox::toggle()
@@ -70,6 +70,7 @@ void TransformBox::toggle()
     if (!(about.time.span() > 0.0) && !(about.value.span() > 0.0))
         return canvas_.tell(tr("A transform box takes points at two times or two values."));
     content_ = content();
+    measured_ = {};
     canvas_.paint();
     canvas_.tell(tr("Edges scale, with Shift about the middle; the inside moves; Return ends it."));
 }
@@ -86,7 +87,8 @@ TransformBox::Nodes TransformBox::framed() const
 {
     Nodes nodes = canvas_.curves().selected();
     std::erase_if(nodes, [](const CurveNodeBase* node) {
-        return node->curve()->isLocked() || node->control().selection().edited().empty();
+        const Selection& selection = node->control().selection();
+        return node->curve()->isLocked() || !(selection.hasMultiple() || selection.hasSingle());
     });
     return nodes;
 }
@@ -95,8 +97,22 @@ TransformBox::Content TransformBox::content() const
 {
     Content content{canvas_.getCurrentCurve(), {}};
     for (const CurveNodeBase* const node : framed())
-        content.points.emplace_back(node->curve(), node->control().selection().points());
+        content.points.emplace_back(node->curve(), node->control().selection());
     return content;
+}
+
+/// The order in which points were selected does not count.
+bool TransformBox::isShown() const
+{
+    if (!content_ || content_->current != canvas_.getCurrentCurve())
+        return false;
+    const Nodes nodes = framed();
+    return std::equal(nodes.begin(), nodes.end(), content_->points.begin(), content_->points.end(),
+                      [](const CurveNodeBase* node, const auto& noted) {
+                          const Selection& selection = node->control().selection();
+                          return node->curve() == noted.first &&
+                                 (selection == noted.second || selection.points() == noted.second.points());
+                      });
 }
 
 /// In the plane of the current curve: where each curve has a scale of its own, a point of another one counts where it is seen.
@@ -104,21 +120,33 @@ PlaneFrame TransformBox::frame() const
 {
     PlaneFrame frame;
     for (const CurveNodeBase* const node : framed()) {
+        AxisRange values = AxisRange::nothing();
         for (const std::int32_t index : node->control().selection().indices(*node->getSpline())) {
             const SplineBase::PointInfo& point = *node->control().pointAt(index);
             frame.time.include(point.time);
-            frame.value.include(node->heightOf(point.pos));
+            values.include(point.pos);
         }
+        if (values.isNothing())
+            continue;
+        frame.value.include(node->heightOf(values.low));
+        frame.value.include(node->heightOf(values.high));
     }
     return frame;
 }
 
-FrameGrips TransformBox::grips() const
+/// Of the frame as the picture shows it. Nobody measures many points for each move of the mouse.
+FrameGrips TransformBox::grips()
 {
-    return {frame(), view_.mapping()};
+    canvas_.updateCurves();
+    std::vector<quint64> pictures{canvas_.getCurrentCurve()->pictureNumber()};
+    for (const CurveNodeBase* const node : framed())
+        pictures.push_back(node->pictureNumber());
+    if (pictures != measured_.pictures)
+        measured_ = {std::move(pictures), frame()};
+    return {measured_.frame, view_.mapping()};
 }
 
-void TransformBox::draw(QPainter& painter) const
+void TransformBox::draw(QPainter& painter)
 {
     if (isShown())
         grips().draw(painter, canvas_.theme());
@@ -172,8 +200,8 @@ bool TransformBox::takePress(const QMouseEvent& event)
     if (isDragged() || event.button() != Qt::LeftButton || isForOthers)
         return isDragged();
     canvas_.settle();
-    const std::optional<PlaneFrame::Grip> grip = grips().at(event.position());
-    if (!isShown() || !grip) {
+    const std::optional<PlaneFrame::Grip> grip = isShown() ? grips().at(event.position()) : std::nullopt;
+    if (!grip) {
         end();
         return false;
     }

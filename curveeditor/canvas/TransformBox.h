@@ -38,9 +38,9 @@ public:
 
     /// Shows the frame, or ends it where it shows. Where that is not possible the canvas says why.
     void toggle();
-    bool isShown() const { return content_ && *content_ == content(); }
+    bool isShown() const;
     /// To be called within the widget's paint event, when the curves are drawn.
-    void draw(QPainter& painter) const;
+    void draw(QPainter& painter);
 
     /// What is said where a transform leads nowhere, or may bend a curve.
     static QString refusalText();
@@ -54,16 +54,20 @@ private:
     struct Content
     {
         const CurveNodeBase* current = nullptr;
-        std::vector<std::pair<std::shared_ptr<EditedCurve>, std::vector<PointSerial>>> points;
-
-        bool operator==(const Content& other) const = default;
+        std::vector<std::pair<std::shared_ptr<EditedCurve>, Selection>> points;
+    };
+    /// The frame that was measured when the curves had these pictures.
+    struct Measured
+    {
+        std::vector<quint64> pictures;
+        PlaneFrame frame;
     };
     using Results = std::optional<std::vector<PointTransform::Result>>;
 
     Nodes framed() const;
     Content content() const;
     PlaneFrame frame() const;
-    FrameGrips grips() const;
+    FrameGrips grips();
     Gesture::Place placeAt(const QMouseEvent& event) const;
     bool isDragged() const;
     void end();
@@ -84,6 +88,7 @@ private:
     CanvasFunctionBase& canvas_;
     ViewPort& view_;
     std::optional<Content> content_; ///< when it was shown
+    Measured measured_;
     bool isCursorShown_ = false;
 };
 

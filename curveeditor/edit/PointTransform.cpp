@@ -79,7 +79,7 @@ std::optional<PointTransform::Result> PointTransform::applied(const SplineBase& 
     if (!arePoints)
         return std::nullopt;
     result.state.points = inOrder(spline, points, transform.mirrorsTime());
-    if (!transform.keepsSize())
+    if (!transform.isIdentity())
         result.mayBend = keepShapes(result.state.points, transform);
     return result;
 }
@@ -102,6 +102,7 @@ int PointTransform::noted(PointSerial point) const
 std::vector<PointInfo> PointTransform::changed(const PlaneTransform& transform) const
 {
     std::vector<PointInfo> points;
+    points.reserve(own_.points().size());
     for (const PlacedPoint& placed : own_.points()) {
         PointInfo point = placed.info;
         point.time = transform.time(point.time);
@@ -142,28 +143,31 @@ std::vector<PointInfo> PointTransform::inOrder(const SplineBase& spline,
     return all;
 }
 
-/// Lets `Tcb` segments that lie, or have lain, beside a point that stays be `Bezier`. Returns whether one may bend.
+/// Lets `Tcb` segments that lie, or have lain, beside a point that stays be `Bezier`; a mere move, as any of points, changes
+/// no type. Returns whether one may bend.
 bool PointTransform::keepShapes(std::vector<PointInfo>& points, const PlaneTransform& transform) const
 {
     const auto isOther = [&](std::size_t index) {
         return index < points.size() && noted(points[index].serial) < 0;
     };
     bool mayBend = false;
+    int toPlace = noted(points.front().serial);
     for (std::size_t end = 1; end < points.size(); ++end) {
         PointInfo& from = points[end - 1];
         PointInfo& to = points[end];
-        const int fromPlace = noted(from.serial), toPlace = noted(to.serial);
+        const int fromPlace = std::exchange(toPlace, noted(to.serial));
         if (fromPlace < 0 || toPlace < 0 || std::abs(fromPlace - toPlace) != 1)
             continue;
         const Segment& segment = segments_[std::size_t(std::max(fromPlace, toPlace))];
-        const bool isBesideOther = segment.isBesideOther || isOther(end - 2) || isOther(end + 1);
-        if (!segment.isWhole || segment.type != SplineBase::Tcb || !isBesideOther)
+        if (!segment.isWhole || segment.type != SplineBase::Tcb ||
+            !(segment.isBesideOther || isOther(end - 2) || isOther(end + 1)))
             continue;
         const double first = transform.mirrorsTime() ? segment.arriving : segment.leaving;
         const double last = transform.mirrorsTime() ? segment.leaving : segment.arriving;
         const double leaving = scaled(first, transform.slopeFactor());
         const double arriving = scaled(last, transform.slopeFactor());
-        if (!makesBezier_ || segment.isEased || !std::isfinite(leaving) || !std::isfinite(arriving)) {
+        if (transform.keepsSize() || !makesBezier_ || segment.isEased || !std::isfinite(leaving) ||
+            !std::isfinite(arriving)) {
             mayBend = true;
             continue;
         }

@@ -17,7 +17,8 @@ namespace curveeditor {
 ///
 /// Mirrored in time, the points change their order: types go one segment on and around, the sides of tangents and eases
 /// swap, biases change their signs. `Hold` stays, so it jumps at the other end of its segment. The slopes of a `Tcb`
-/// segment beside a point that stays would change; without ease it becomes `Bezier`, with ease it stays and may bend.
+/// segment beside a point that stays would change; without ease it becomes `Bezier`, with ease it stays and may bend. So it
+/// does where points are merely moved, which changes no type.
 ///
 /// All is computed from where the points were at first, so nothing accumulates. It names points by their serials and
 /// holds no pointer: between two steps the host may do anything. A value.

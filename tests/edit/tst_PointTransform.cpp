@@ -175,7 +175,7 @@ private:
                                   isOther(after.spline, start + 2);
             const bool isEased = from.easeFrom != 0.0 || to.easeTo != 0.0;
             if (to.type == SplineBase::Tcb && isBeside && (isEased || transform.keepsSize())) {
-                mayBend = mayBend || !transform.keepsSize();
+                mayBend = true;
                 continue;
             }
             for (double u = 0.05; u < 1.0 && to.time > from.time; u += 0.1) {

@@ -179,6 +179,8 @@ private Q_SLOTS:
         BoxScene s;
         s.clickPoint().key(Qt::Key_T, ctrl);
         QVERIFY(!s.isShown() && s.told().startsWith("A transform box takes"));
+        QVERIFY(s.outcome(*s.retime()).startsWith("A single point keeps its place"));
+        s.editor.findChild<RetimeDialog*>()->reject();
         for (unsigned i = 0; i < 3; ++i)
             s.x.setPos(s.x.modify(i), 1.0);
         s.editor.updateCurves();
@@ -244,16 +246,27 @@ private Q_SLOTS:
         s.release(4.0, 0.0);
     }
 
-    void easedTcbThatMayBendIsTold()
+    void tcbThatMayBendIsTold_data()
     {
+        const Rows<double, std::vector<SplineBase::NodeType>> row;
+        row("eased", 0.5, {});
+        row("curve without Bezier points", 0.0, {SplineBase::Tcb});
+    }
+    void tcbThatMayBendIsTold()
+    {
+        const auto [ease, types] = Rows<double, std::vector<SplineBase::NodeType>>::present();
         BoxScene s;
+        CurveOptions options;
+        options.types = types;
+        s.editor.setCurveOptions("a", "x", options);
         s.x.addPoint(6.0, 1.0);
         s.x.modify(3)->type = SplineBase::Tcb;
-        s.x.modify(3)->easeTo = 0.5;
+        s.x.modify(3)->easeTo = ease;
         s.control().selectPoints({s.x[2]->serial, s.x[3]->serial});
         s.showBox().press(8.0, 0.0).move(9.0, 0.0);
         QCOMPARE(s.told(), TransformBox::bendText());
         s.release(9.0, 0.0);
+        QCOMPARE(s.x[3]->type, std::int32_t(SplineBase::Tcb));
         QVERIFY(s.outcome(*s.retime()).startsWith("Number of points: 2"));
     }
 
