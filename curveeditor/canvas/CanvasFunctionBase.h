@@ -157,7 +157,7 @@ public:
     void selectPoints(const QString& name, const std::vector<int>& indices);
 
     /// The road of every edit that is done at once: ends what is open, edits, tells and paints. The curves, and the
-    /// canvas itself, may be gone afterwards. Locked curves are left out; where all are, a box says so.
+    /// canvas itself, may be gone afterwards. Locked curves are left out; where all are, it is told.
     void edit(const CanvasEdit& edit);
     /// Edits the selected points, and reports it; nothing happens if there are none. The text of
     /// the edit is `one` or `many`, see `CanvasEdit::ofPoints`.
@@ -322,11 +322,7 @@ public:
     /// Escape takes a drag back. Delete removes the selected points. The right and left arrows go to the next and previous point; where
     /// nothing is selected, the right one begins at the first point and the left one at the last.
     /// With nothing selected an arrow begins only if `isFocused`.
-    void keyPress(QKeyEvent* event, bool isFocused = true)
-    {
-        tell({});
-        hands_.key(*event, isFocused);
-    }
+    void keyPress(QKeyEvent* event, bool isFocused = true) { hands_.key(*event, isFocused); }
     /// The menu that a right press opens, at the selected point or in the middle of the canvas. Returns when it has
     /// closed.
     void openPointMenuByKey();

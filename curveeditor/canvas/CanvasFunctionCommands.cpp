@@ -107,7 +107,7 @@ void CanvasFunctionBase::open(const CanvasEdit& edit, Nodes& targets)
     const QString name = targets.front()->getName();
     std::erase_if(targets, [](const CurveNodeBase* target) { return target->curve()->isLocked(); });
     if (targets.empty())
-        return showWarning(widget(), tr("Locked curve"), tr("%1 is locked.").arg(name));
+        return tell(tr("%1 is locked.").arg(name));
     CurveEdit::Curves edited;
     for (const CurveNodeBase* const target : targets)
         edited.push_back(target->curve());

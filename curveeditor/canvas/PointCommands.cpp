@@ -131,6 +131,8 @@ void PointCommands::paste(Paste kind)
 
 void PointCommands::paste(PointText::Result result, Paste kind)
 {
+    if (result.isEmpty)
+        return canvas_.tell(result.message);
     if (!result.message.isEmpty())
         return showWarning(canvas_.widget(), tr("Paste points"), result.message);
     const ViewPort* const view = canvas_.getViewport();
@@ -204,9 +206,9 @@ void PointCommands::ease(const Ease& ease)
         }
         return eased;
     };
-    easing.work = [&outcome, &ease](CurveNodeBase& curve) {
-        outcome.unite(SegmentEase::apply(*curve.control().openSpline(), curve.control().selection().edited(),
-                                         ease, curve.curve()->options));
+    std::vector<Eased> eased;
+    easing.work = [&](CurveNodeBase& curve) {
+        eased.push_back(easeOne(curve, ease, outcome));
     };
     easing.told = CanvasEdit::Told::Current;
     easing.showsSelection = false;
@@ -215,7 +217,38 @@ void PointCommands::ease(const Ease& ease)
     if (!canvas)
         return;
     const QLocale locale = canvas->widget() ? canvas->widget()->locale() : QLocale();
-    canvas->tell(outcome.segments > 0 ? outcomeText(outcome, locale) : told);
+    if (!eased.empty())
+        eased_ = std::move(eased);
+    if (outcome.segments > 0)
+        canvas->tell(outcomeText(outcome, locale));
+    else if (!told.isEmpty())
+        canvas->tell(told);
+}
+
+/// Without the points of the last ease, if that is what is selected still.
+PointCommands::Eased PointCommands::easeOne(CurveNodeBase& curve, const Ease& ease,
+                                            SegmentEase::Outcome& outcome) const
+{
+    SplineBase& spline = *curve.control().openSpline();
+    const Selection& selection = curve.control().selection();
+    Eased eased{curve.curve(), selection.edited(), {}, {}};
+    const auto last = std::find_if(eased_.begin(), eased_.end(), [&](const Eased& one) {
+        return one.curve.lock() == curve.curve() && one.selected == selection.points();
+    });
+    if (last != eased_.end()) {
+        SplineEdits::removePoints(spline, last->added);
+        eased.points = last->points;
+    }
+    const SegmentEase::Outcome done = SegmentEase::apply(spline, eased.points, ease, curve.curve()->options);
+    outcome.unite(done);
+    eased.added = done.added;
+    std::vector<PointSerial> both = eased.points, selected;
+    both.insert(both.end(), done.added.begin(), done.added.end());
+    for (const SplineBase::PointInfo& point : SplineEdits::copyOf(spline, both))
+        selected.push_back(point.serial);
+    curve.control().selectPoints(selected);
+    eased.selected = selection.points();
+    return eased;
 }
 
 QString PointCommands::outcomeText(const SegmentEase::Outcome& outcome, const QLocale& locale)

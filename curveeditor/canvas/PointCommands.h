@@ -10,11 +10,15 @@
 #include <QLocale>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class CanvasFunctionBase;
+class CurveNodeBase;
 
 namespace curveeditor {
+
+class EditedCurve;
 
 /// What menus and keys do to the points of the current curve, beyond what mouse and bare keys do; where all curves are
 /// edited at once, selecting, moving and shaping act on all of them. Each edit is one step of the undo stack and is
@@ -57,7 +61,7 @@ public:
         ReplacingAtTimeLine ///< as `AtTimeLine`, and the points from the first to the last pasted one go
     };
     /// The points of a table on the clipboard. They are selected. Text that is no table, and a shift beyond all times,
-    /// are told in a box, and nothing is changed; a text that can be read in two ways makes a box ask which one is
+    /// are told in a box, text without any points at the edge of the canvas, and nothing is changed; a text that can be read in two ways makes a box ask which one is
     /// meant.
     void paste(Paste kind);
     /// The selected points once more, a frame later. The new ones are selected.
@@ -75,10 +79,20 @@ public:
     void smoothTangents();
 
     /// Lets the segments between selected points follow the ease, see `SegmentEase`, and tells how exactly. Curves that
-    /// may have no Bezier points stay as they are, which is told too.
+    /// may have no Bezier points stay as they are, which is told too. Added points are selected as well; while the selection
+    /// stays so, another ease takes the place of this one.
     void ease(const Ease& ease);
 
 private:
+    /// What an ease left of one curve.
+    struct Eased
+    {
+        std::weak_ptr<const EditedCurve> curve;
+        std::vector<PointSerial> points; ///< between which it is
+        std::vector<PointSerial> added;
+        std::vector<PointSerial> selected; ///< when it was done
+    };
+    Eased easeOne(CurveNodeBase& curve, const Ease& ease, SegmentEase::Outcome& outcome) const;
     double frame() const;
     void paste(PointText::Result result, Paste kind);
     void add(const QString& text, const std::vector<SplineBase::PointInfo>& points, bool replaces = false);
@@ -87,6 +101,7 @@ private:
     void changeMarks(const std::function<void(Marks&)>& change);
 
     CanvasFunctionBase& canvas_;
+    std::vector<Eased> eased_; ///< by the last ease
 };
 
 } // namespace curveeditor

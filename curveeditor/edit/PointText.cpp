@@ -196,7 +196,8 @@ void PointText::Reader::tellFault()
     if (fault.kind == Kind::None || !result_.message.isEmpty())
         return;
     result_.isAmbiguous = fault.kind == Kind::Ambiguous;
-    if (fault.kind == Kind::NoRows)
+    result_.isEmpty = fault.kind == Kind::NoRows;
+    if (result_.isEmpty)
         result_.message = tr("The text holds no points.");
     else
         result_.message = tr("Line %1: %2").arg(fault.line).arg(faultText());

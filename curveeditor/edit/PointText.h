@@ -32,6 +32,7 @@ public:
     {
         std::vector<SplineBase::PointInfo> points;
         QString message;          ///< names the line, the first is 1; empty if there are points
+        bool isEmpty = false;     ///< that is what is wrong: there is nothing but perhaps a head line
         bool isAmbiguous = false; ///< that is what is wrong: with a decimal sign it can be read in one way
     };
 

@@ -145,6 +145,7 @@ void SegmentEase::Outcome::unite(const Outcome& other)
     steps += other.steps;
     deviation = std::max(deviation, other.deviation);
     bendsOthers = bendsOthers || other.bendsOthers;
+    added.insert(added.end(), other.added.begin(), other.added.end());
 }
 
 bool SegmentEase::isPossible(const SplineBase& spline, const std::vector<PointSerial>& points)
@@ -166,8 +167,14 @@ SegmentEase::Outcome SegmentEase::apply(SplineBase& spline, const std::vector<Po
         if (!eased[end])
             easing.keepShape(end);
     }
-    spline.assign(easing.result());
-    return easing.outcome();
+    const SplineState result = easing.result();
+    spline.assign(result);
+    Outcome outcome = easing.outcome();
+    for (std::size_t i = 0; i < result.points.size(); ++i) {
+        if (result.points[i].serial == 0)
+            outcome.added.push_back(spline[unsigned(i)]->serial);
+    }
+    return outcome;
 }
 
 } // namespace curveeditor

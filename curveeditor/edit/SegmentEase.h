@@ -21,6 +21,7 @@ struct Outcome
     /// How far they are from the ease at most; 1.0 is the difference of the values of both ends.
     double deviation = 0.0;
     bool bendsOthers = false; ///< a segment beside them
+    std::vector<PointSerial> added;
 
     void unite(const Outcome& other);
 };

@@ -14,7 +14,7 @@ constexpr std::array<const char*, 4> cssNames = {"x1", "y1", "x2", "y2"};
 } // namespace
 
 EaseDialog::EaseDialog(QWidget* editor, CanvasFunctionBase& canvas, const Ease::CssNumbers& numbers)
-    : FitDialog(editor, canvas, canvas.getCurrentCurve()), numbers_(numbers)
+    : FitDialog(editor, canvas, editable(canvas).front()), numbers_(numbers)
 {
     setProperty(partOfDialog, QVariant()); // of none
     for (std::size_t i = 0; i < cssNames.size(); ++i)

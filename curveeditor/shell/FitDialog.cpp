@@ -182,6 +182,15 @@ void FitDialog::refresh()
     ok_->setEnabled(outcome.isPossible);
 }
 
+CanvasCurves::Nodes FitDialog::editable(const CanvasFunctionBase& canvas)
+{
+    CanvasCurves::Nodes nodes = canvas.curves().selected();
+    const auto locked = std::stable_partition(nodes.begin(), nodes.end(),
+                                              [](const CurveNodeBase* node) { return !isLockedCurve(node); });
+    nodes.erase(locked == nodes.begin() ? locked + 1 : locked, nodes.end());
+    return nodes;
+}
+
 QString FitDialog::toleranceHint()
 {
     return tr("The tolerance must be a number, 0 or more.");

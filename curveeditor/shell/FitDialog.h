@@ -66,6 +66,9 @@ protected:
     /// For changes of fields that are no lines.
     void fieldChanged();
 
+    /// The curves of selected points that are not locked, or else the first one that is. There must be any.
+    static CanvasCurves::Nodes editable(const CanvasFunctionBase& canvas);
+
     static QString toleranceHint();
     /// What the points of a fit are away at most, once they keep to the options of the curve.
     QString deviationText(double deviation, std::span<const SplineBase::PointInfo> points) const;

@@ -174,8 +174,11 @@ void FunctionEditor::keyPressEvent(QKeyEvent* event)
     if (stepKeyOf(*event) != StepKey::None)
         return event->ignore(); // the dialog steps
     const bool takesBack = gesture.isAtPoints() || gesture.isAtView();
-    canvas.keyPress(event, hasFocus());
     const int key = event->key();
+    const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter; // comes here from the formula line
+    if (!isReturn)
+        canvas.tell({});
+    canvas.keyPress(event, hasFocus());
     showSelection(key == Qt::Key_T || key == Qt::Key_C || key == Qt::Key_Tab);
     canvas.paint();
     if (key == Qt::Key_Escape)

@@ -16,16 +16,6 @@ namespace curveeditor {
 
 namespace {
 
-/// Those that can be retimed, or the first one that is locked.
-CanvasCurves::Nodes retimed(const CanvasFunctionBase& canvas)
-{
-    CanvasCurves::Nodes nodes = canvas.curves().selected();
-    const auto locked = std::stable_partition(
-        nodes.begin(), nodes.end(), [](const CurveNodeBase* node) { return !node->curve()->isLocked(); });
-    nodes.erase(locked == nodes.begin() ? locked + 1 : locked, nodes.end());
-    return nodes;
-}
-
 CurveEdit::Curves contentOf(const CanvasCurves::Nodes& nodes)
 {
     CurveEdit::Curves curves;
@@ -37,12 +27,12 @@ CurveEdit::Curves contentOf(const CanvasCurves::Nodes& nodes)
 } // namespace
 
 RetimeDialog::RetimeDialog(QWidget* editor, CanvasFunctionBase& canvas)
-    : FitDialog(editor, canvas, retimed(canvas).front()),
-      trial_(canvas.door(), contentOf(retimed(canvas)),
-             CanvasEdit::ofPoints(tr("Retime a point of %1"), tr("Retime %1 points of %2"))(retimed(canvas)))
+    : FitDialog(editor, canvas, editable(canvas).front()),
+      trial_(canvas.door(), contentOf(editable(canvas)),
+             CanvasEdit::ofPoints(tr("Retime a point of %1"), tr("Retime %1 points of %2"))(editable(canvas)))
 {
     setProperty(partOfDialog, QVariant()); // goes with no part
-    addParts(retimed(canvas));
+    addParts(editable(canvas));
     timeFactor_ = addNumber("timeFactor", 1.0);
     timeFactor_->selectAll();
     timeFactor_->setFocus();
@@ -141,6 +131,8 @@ QString RetimeDialog::summary(bool mayBend) const
     std::size_t count = 0;
     for (const Part& part : parts_)
         count += part.points.points().size();
+    if (count == 1)
+        return tr("A single point keeps its place, unless it is retimed about the time line.");
     const QString number = tr("Number of points: %1").arg(count);
     return mayBend ? number + QStringLiteral(". ") + TransformBox::bendText() : number;
 }
