@@ -117,21 +117,19 @@ void CanvasPicture::drawHint(QPainter& painter) const
     drawText(painter, text, int(viewport_->pixelHeight * heightShare), theme_.hint);
 }
 
-QString CanvasPicture::line() const
+QString CanvasPicture::line(const QString& atMouse) const
 {
     const bool hasOwnScale = viewport_ && viewport_->ownScale.isOn();
-    QStringList texts{hasOwnScale ? tr("Own scale") : QString(), modeLine};
+    QStringList texts{hasOwnScale ? tr("Own scale") : QString(), modeLine, atMouse};
     texts.removeAll(QString());
     return texts.join(QStringLiteral("   "));
 }
 
 void CanvasPicture::drawModeLine(QPainter& painter) const
 {
-    QStringList texts{line(), slopeText()};
-    texts.removeAll(QString());
-    if (!texts.isEmpty())
-        drawText(painter, texts.join(QStringLiteral("   ")), widget_->fontMetrics().height() / 2 + 4,
-                 textColor());
+    const QString text = line(slopeText());
+    if (!text.isEmpty())
+        drawText(painter, text, widget_->fontMetrics().height() / 2 + 4, textColor());
 }
 
 QColor CanvasPicture::textColor() const

@@ -71,8 +71,8 @@ public:
     double imageStrength = 1.0;         ///< how much of its colours the background image keeps
     std::optional<double> mouseTime;    ///< whose slope is told then
     QString modeLine;                   ///< what is said at the upper edge; empty for nothing
-    /// That, behind what is on.
-    QString line() const;
+    /// That, behind what is on, and before what is told of the place of the mouse.
+    QString line(const QString& atMouse = {}) const;
 
 private:
     /// What an image of the underlay was painted for.

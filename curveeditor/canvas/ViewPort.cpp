@@ -41,13 +41,20 @@ void ViewPort::reset()
     clearDrag();
     timeMin = limitTimeMin;
     timeMax = limitTimeMax;
-    valueMin = limitValueMin;
-    valueMax = limitValueMax;
+    const AxisRange values = wholeValues();
+    valueMin = values.low;
+    valueMax = values.high;
     bandX0 = bandY0 = bandX1 = bandY1 = 0.0;
     bandValid = false;
     bandActive = false;
     zoomThreshold = usualThreshold;
     dirty = true;
+}
+
+/// Limits of value say nothing of a curve in a scale of its own: all of that is its whole range.
+AxisRange ViewPort::wholeValues() const
+{
+    return ownScale.isOn() ? ownScale.valuesAt({0.0, 1.0}) : AxisRange{limitValueMin, limitValueMax};
 }
 
 PlaneMapping ViewPort::mapping() const

@@ -69,7 +69,7 @@ public:
     /// Takes the canvas size in pixels; makes the view dirty if it is another size than before.
     void setSize(const int& width, const int& height);
 
-    /// Shows all that the limits allow, counts frames, ends every gesture, closes the band and makes the view
+    /// Shows all that the limits allow, or the whole of a scale of its own, counts frames, ends every gesture, closes the band and makes the view
     /// dirty.
     void reset();
 
@@ -86,6 +86,7 @@ public:
     /// The value, or the limit next to it.
     double withinLimits(double value) const;
     AxisRange valueLimits() const;
+    AxisRange wholeValues() const;
 
     /// True if the view has width, height and span and all its numbers are finite. Any other view can only
     /// come from a host or from typed limits, or stand before the first resize; painting draws nothing for

@@ -64,11 +64,10 @@ QMenu* EditMenu::addMenu(const char* name, const char* text)
     return menu;
 }
 
-void EditMenu::addToggle(const char* name, const char* text, const QString& key, const Condition& isOn,
+void EditMenu::addToggle(const char* name, const char* text, const QString& key, const IsOn& isOn,
                          const std::function<void(bool)>& work)
 {
-    add(
-        name, text, key, [] { return true; }, [] {});
+    add(name, text, key, always(), [] {});
     QAction* const action = entries_.back().first;
     action->setCheckable(true);
     action->setChecked(isOn());
@@ -76,14 +75,25 @@ void EditMenu::addToggle(const char* name, const char* text, const QString& key,
     toggles_.emplace_back(action, isOn);
 }
 
+EditMenu::Condition EditMenu::always()
+{
+    return {[] {
+        return true;
+    }};
+}
+
+EditMenu::Condition EditMenu::whenSelected() const
+{
+    return {[this] { return points_.canEdit(); }, QT_TR_NOOP("No point is selected.")};
+}
+
 void EditMenu::addClipboard()
 {
-    const Condition canCopy = [this] {
-        return points_.canCopy();
-    };
-    const Condition canPaste = [this] {
+    const Condition canCopy{[this] { return points_.canCopy(); },
+                            QT_TR_NOOP("No point of the current curve is selected.")};
+    const Condition canPaste{[this] {
         return points_.canInsert();
-    };
+    }};
     menu_->addSeparator();
     add("cutAction", QT_TR_NOOP("Cut points"), QStringLiteral("Ctrl+X"), canCopy, [this] { points_.cut(); });
     add("copyAction", QT_TR_NOOP("Copy points"), QStringLiteral("Ctrl+C"), canCopy,
@@ -102,9 +112,9 @@ void EditMenu::addClipboard()
 
 void EditMenu::addSelection()
 {
-    const Condition canSelect = [this] {
+    const Condition canSelect{[this] {
         return points_.canSelect();
-    };
+    }};
     menu_->addSeparator();
     CanvasFunctionBase& curves = canvas_.canvas;
     addToggle(
@@ -143,17 +153,15 @@ void EditMenu::addMarks()
         addToggle(
             name, text, QLatin1String(key), [stateOfCurrent] { return stateOfCurrent().isOn; },
             [&curves, mark = mark](bool on) { curves.setMark(curves.getCurrentCurve(), mark, on); });
-        entries_.back().second = [stateOfCurrent] {
+        entries_.back().second = {[stateOfCurrent] {
             return !stateOfCurrent().isHosts;
-        };
+        }};
     }
 }
 
 void EditMenu::addMoves()
 {
-    const Condition canEdit = [this] {
-        return points_.canEdit();
-    };
+    const Condition canEdit = whenSelected();
     const struct
     {
         const char* name;
@@ -181,9 +189,7 @@ void EditMenu::addMoves()
 
 void EditMenu::addTransforms()
 {
-    const Condition canEdit = [this] {
-        return points_.canEdit();
-    };
+    const Condition canEdit = whenSelected();
     add("transformBoxAction", QT_TR_NOOP("Transform box"), QStringLiteral("Ctrl+T"), canEdit,
         [this] { canvas_.transformBox.toggle(); });
     add("retimeAction", QT_TR_NOOP("Retime…"), QStringLiteral("Shift+R"), canEdit,
@@ -192,12 +198,10 @@ void EditMenu::addTransforms()
 
 void EditMenu::addShaping()
 {
-    const Condition canInsert = [this] {
+    const Condition canInsert{[this] {
         return points_.canInsert();
-    };
-    const Condition canEdit = [this] {
-        return points_.canEdit();
-    };
+    }};
+    const Condition canEdit = whenSelected();
     menu_->addSeparator();
     add("insertAtMouseAction", QT_TR_NOOP("Insert a point on the curve at the mouse"), QStringLiteral("I"),
         canInsert, [this] { insertUnderMouse(); });
@@ -212,19 +216,19 @@ void EditMenu::addShaping()
     target_->addSeparator();
     CanvasHands& hands = canvas_.canvas.hands();
     addToggle(
-        "alignHandlesAction", QT_TR_NOOP("Keep handles in line"), {},
+        "alignHandlesAction", QT_TR_NOOP("Keep handles in line"), QStringLiteral("K"),
         [&hands] { return hands.alignsHandles; }, [&hands](bool on) { hands.alignsHandles = on; });
     target_ = menu_;
 }
 
 void EditMenu::addFits()
 {
-    const Condition canSimplify = [this] {
+    const Condition canSimplify{[this] {
         return points_.canInsert() && canvas_.canvas.currentControl()->pointCount() > 2;
-    };
-    const Condition canBake = [this] {
+    }};
+    const Condition canBake{[this] {
         return canvas_.canvas.currentSplineBase() && canvas_.canvas.getCurrentCurve()->isShown();
-    };
+    }};
     add("simplifyAction", QT_TR_NOOP("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
         [this, canSimplify] { open<SimplifyDialog>(canSimplify); });
     add("bakeAction", QT_TR_NOOP("Bake…"), QStringLiteral("Shift+B"), canBake,
@@ -236,7 +240,7 @@ template <typename Dialog> void EditMenu::open(const Condition& isPossible)
 {
     canvas_.setFocus(); // where it is when the dialog closes
     canvas_.canvas.settle();
-    if (isPossible())
+    if (isPossible.isMet())
         (new Dialog(menu_->parentWidget(), canvas_.canvas))->open();
 }
 
@@ -278,9 +282,9 @@ void EditMenu::addSnapping()
 
 void EditMenu::addView()
 {
-    const Condition hasCurve = [this] {
+    const Condition hasCurve{[this] {
         return !canvas_.canvas.noCurrentCurve();
-    };
+    }};
     menu_->addSeparator();
     add("showAllCurvesAction", QT_TR_NOOP("Show all curves"), QStringLiteral("Home"), hasCurve,
         [this] { canvas_.canvas.showAllCurves(); });
@@ -301,9 +305,9 @@ void EditMenu::addView()
         "paleImageAction", QT_TR_NOOP("Pale image behind the curves"), QString(),
         [&curves] { return curves.imageStrength() < 1.0; },
         [&curves](bool on) { curves.setImageStrength(on ? strengthOfPaleImage : 1.0); });
-    const Condition canDrag = [this] {
+    const Condition canDrag{[this] {
         return canvas_.timeLineDrag.isEnabled();
-    };
+    }};
     add("timeLineLaterAction", QT_TR_NOOP("Time line a frame later"), QStringLiteral("."), canDrag,
         [this] { canvas_.timeLineDrag.moveByFrames(1); });
     add("timeLineEarlierAction", QT_TR_NOOP("Time line a frame earlier"), QStringLiteral(","), canDrag,
@@ -328,7 +332,7 @@ void EditMenu::updateEntries()
 void EditMenu::followCanvas()
 {
     for (const auto& [action, isPossible] : entries_)
-        action->setEnabled(action->isVisible() && isPossible());
+        action->setEnabled(action->isVisible() && isPossible.isMet());
     updateToggles();
 }
 
@@ -338,7 +342,8 @@ void EditMenu::updateToggles()
         action->setChecked(isOn());
 }
 
-QAction* EditMenu::entryOf(const QKeyEvent& event)
+/// Null if there is none of that key.
+const EditMenu::Entry* EditMenu::find(const QKeyEvent& event) const
 {
     Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (event.key() == Qt::Key_Plus) // takes Shift on many keyboards
@@ -347,13 +352,33 @@ QAction* EditMenu::entryOf(const QKeyEvent& event)
     const auto found = std::find_if(entries_.begin(), entries_.end(), [&key](const auto& entry) {
         return entry.first->shortcuts().contains(key);
     });
-    if (found == entries_.end())
+    return found == entries_.end() ? nullptr : &*found;
+}
+
+QAction* EditMenu::entryOf(const QKeyEvent& event)
+{
+    const Entry* const entry = find(event);
+    if (!entry)
         return nullptr;
-    const auto& [action, isPossible] = *found;
-    action->setEnabled(action->isVisible() && isPossible());
+    const auto& [action, isPossible] = *entry;
+    action->setEnabled(action->isVisible() && isPossible.isMet());
     updateToggles();
     const bool isPaste = std::find(pastes_.begin(), pastes_.end(), action) != pastes_.end();
     return action->isEnabled() && (!isPaste || points_.canPaste()) ? action : nullptr;
+}
+
+/// What could be used is a paste of nothing.
+bool EditMenu::explain(const QKeyEvent& event)
+{
+    const Entry* const entry = find(event);
+    if (!entry || !entry->first->isVisible())
+        return false;
+    const Condition& isPossible = entry->second;
+    const char* const text =
+        isPossible.isMet() ? QT_TR_NOOP("The clipboard holds no points.") : isPossible.refusal;
+    if (text)
+        canvas_.canvas.tell(tr(text));
+    return text != nullptr;
 }
 
 bool EditMenu::event(QEvent* event)

@@ -34,14 +34,26 @@ public:
     bool eventFilter(QObject* canvas, QEvent* event) override;
     /// The entry of that key, if it can be used now, else null.
     QAction* entryOf(const QKeyEvent& event);
+    /// Tells on the canvas why the entry of that key, if there is one, can't be used now. Returns false if it does not.
+    bool explain(const QKeyEvent& event);
 
 private:
-    using Condition = std::function<bool()>;
+    /// When an entry can be used, and what its key tells else; null for nothing.
+    struct Condition
+    {
+        std::function<bool()> isMet;
+        const char* refusal = nullptr; ///< not translated
+    };
+    using Entry = std::pair<QAction*, Condition>;
+    using IsOn = std::function<bool()>;
     /// Texts are the untranslated ones.
     void add(const char* name, const char* text, const QString& key, const Condition& isPossible,
              const std::function<void()>& work);
+    static Condition always();
+    Condition whenSelected() const;
+    const Entry* find(const QKeyEvent& event) const;
     QMenu* addMenu(const char* name, const char* text);
-    void addToggle(const char* name, const char* text, const QString& key, const Condition& isOn,
+    void addToggle(const char* name, const char* text, const QString& key, const IsOn& isOn,
                    const std::function<void(bool)>& work);
     void addClipboard();
     void addSelection();
@@ -49,6 +61,7 @@ private:
     void addSnapping();
     void addShaping();
     void addEases();
+    void popUp(QMenu* menu);
     void askForCss();
     void insertUnderMouse();
     void addFits();
@@ -68,9 +81,9 @@ private:
     QMenu* const menu_;
     QMenu* target_;                                       ///< what `add` adds to
     std::vector<std::pair<QAction*, const char*>> texts_; ///< and the untranslated text
-    std::vector<std::pair<QAction*, Condition>> entries_; ///< and whether they can be used
-    std::vector<std::pair<QAction*, Condition>> toggles_; ///< and whether they are on
-    std::vector<QAction*> pastes_;                        ///< which take what the clipboard holds
+    std::vector<Entry> entries_;
+    std::vector<std::pair<QAction*, IsOn>> toggles_; ///< and whether they are on
+    std::vector<QAction*> pastes_;                   ///< which take what the clipboard holds
 };
 
 } // namespace curveeditor

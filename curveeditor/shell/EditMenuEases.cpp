@@ -34,10 +34,13 @@ void EditMenu::addEases()
         {"easeInBackAction", QT_TR_NOOP("Back in"), Shape::Back, Side::In},
         {"easeOutBackAction", QT_TR_NOOP("Back out"), Shape::Back, Side::Out},
         {"easeInOutBackAction", QT_TR_NOOP("Back in and out"), Shape::Back, Side::InOut}};
-    const Condition canEdit = [this] {
-        return points_.canEdit();
-    };
+    const Condition canEdit = whenSelected();
     target_ = addMenu("easeMenuAction", QT_TR_NOOP("Ease"));
+    QAction* const opening = target_->menuAction();
+    opening->setShortcut(Qt::CTRL | Qt::Key_E);
+    opening->setShortcutContext(Qt::WidgetShortcut);
+    entries_.emplace_back(opening, always());
+    connect(opening, &QAction::triggered, this, [this, menu = target_] { popUp(menu); });
     add("easeSmoothstepAction", QT_TR_NOOP("Smoothstep"), QStringLiteral("E"), canEdit,
         [this] { points_.ease(Ease::smoothstep()); });
     for (const auto& ease : eases) {
@@ -46,6 +49,14 @@ void EditMenu::addEases()
     }
     add("easeCssAction", QT_TR_NOOP("CSS…"), QStringLiteral("Shift+E"), canEdit, [this] { askForCss(); });
     target_ = menu_;
+}
+
+/// At the mouse, to be gone through by the arrow keys.
+void EditMenu::popUp(QMenu* menu)
+{
+    followCanvas();
+    menu->popup(canvas_.mapToGlobal(mouse_.value_or(canvas_.rect().center())));
+    menu->setActiveAction(menu->actions().first());
 }
 
 void EditMenu::askForCss()

@@ -94,7 +94,7 @@ bool EditorKeys::takeKey(const QWidget& focus, QKeyEvent& event)
         return false; // the dialog steps, but for lines that take their typing back
     const bool isHandBusy = isArrow(event) && canvas_.gesture.isAtPoints();
     QAction* const action = isHandBusy ? nullptr : actionOf(focus, event);
-    if (!isHandBusy && !action)
+    if (!isHandBusy && !action && !isExplained(focus, event))
         return isForCanvas(focus, event) && handToCanvas(event);
     event.accept();
     if (action && event.type() == QEvent::KeyPress)
@@ -116,6 +116,13 @@ QAction* EditorKeys::actionOf(const QWidget& focus, const QKeyEvent& key)
         return entry;
     QAction* const ofList = listActionOf(pressed);
     return ofList ? ofList : hostActionOf(pressed);
+}
+
+/// Whether it is the key of an entry that can't be used now, which the canvas has told.
+bool EditorKeys::isExplained(const QWidget& focus, const QKeyEvent& key)
+{
+    const bool isWidgets = keepsItsKeys(focus) || (&focus != &canvas_ && isOfEveryWidget(key));
+    return key.type() == QEvent::KeyPress && !isWidgets && menu_.explain(key);
 }
 
 /// The list answers its own key while it is there.

@@ -38,6 +38,7 @@ private:
     void followFocus(QWidget* before, QWidget* now);
     bool takeKey(const QWidget& focus, QKeyEvent& event);
     QAction* actionOf(const QWidget& focus, const QKeyEvent& key);
+    bool isExplained(const QWidget& focus, const QKeyEvent& key);
     QAction* listActionOf(const QKeySequence& pressed) const;
     QAction* hostActionOf(const QKeySequence& pressed) const;
     bool isTyped(const QKeyEvent& key);

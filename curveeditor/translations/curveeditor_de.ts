@@ -140,10 +140,6 @@
         <translation>%1 Punkte von %2 versetzen</translation>
     </message>
     <message>
-        <source>Locked curve</source>
-        <translation>Gesperrte Kurve</translation>
-    </message>
-    <message>
         <source>%1 is locked.</source>
         <translation>%1 ist gesperrt.</translation>
     </message>
@@ -1731,6 +1727,18 @@ Soll die Datei ersetzt werden?</translation>
         <source>Pale image behind the curves</source>
         <translation>Blasses Bild hinter den Kurven</translation>
     </message>
+    <message>
+        <source>No point is selected.</source>
+        <translation>Kein Punkt ist ausgewählt.</translation>
+    </message>
+    <message>
+        <source>No point of the current curve is selected.</source>
+        <translation>Kein Punkt der aktuellen Kurve ist ausgewählt.</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no points.</source>
+        <translation>Die Zwischenablage enthält keine Punkte.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1944,6 +1952,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Number of points: %1</source>
         <translation>Anzahl der Punkte: %1</translation>
     </message>
+    <message>
+        <source>A single point keeps its place, unless it is retimed about the time line.</source>
+        <translation>Ein einzelner Punkt behält seinen Ort, außer um die Zeitlinie.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::SimplifyDialog</name>
@@ -1991,10 +2003,6 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Damit hätten Punkte keine Zeit oder keinen Wert mehr.</translation>
     </message>
     <message>
-        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
-        <translation>Neben nicht ausgewählten Punkten kann sich ein TCB-Abschnitt mit Ankunft oder Abgang verbiegen.</translation>
-    </message>
-    <message>
         <source>Nothing that can be edited is selected.</source>
         <translation>Es ist nichts ausgewählt, das sich bearbeiten lässt.</translation>
     </message>
@@ -2021,6 +2029,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Scale %1 points of %2</source>
         <translation>%1 Punkte von %2 skalieren</translation>
+    </message>
+    <message>
+        <source>A Tcb segment beside points that are not selected may bend.</source>
+        <translation>Neben nicht ausgewählten Punkten kann sich ein TCB-Abschnitt verbiegen.</translation>
     </message>
 </context>
 </TS>

@@ -140,10 +140,6 @@
         <translation>Desplazar %1 puntos de %2</translation>
     </message>
     <message>
-        <source>Locked curve</source>
-        <translation>Curva bloqueada</translation>
-    </message>
-    <message>
         <source>%1 is locked.</source>
         <translation>%1 está bloqueada.</translation>
     </message>
@@ -1731,6 +1727,18 @@ Do you want to replace it?</source>
         <source>Pale image behind the curves</source>
         <translation>Imagen tenue detrás de las curvas</translation>
     </message>
+    <message>
+        <source>No point is selected.</source>
+        <translation>No hay ningún punto seleccionado.</translation>
+    </message>
+    <message>
+        <source>No point of the current curve is selected.</source>
+        <translation>No hay ningún punto seleccionado de la curva actual.</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no points.</source>
+        <translation>El portapapeles no contiene puntos.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1944,6 +1952,10 @@ Do you want to replace it?</source>
         <source>Number of points: %1</source>
         <translation>Número de puntos: %1</translation>
     </message>
+    <message>
+        <source>A single point keeps its place, unless it is retimed about the time line.</source>
+        <translation>Un solo punto conserva su lugar, salvo alrededor de la línea de tiempo.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::SimplifyDialog</name>
@@ -1991,10 +2003,6 @@ Do you want to replace it?</source>
         <translation>Así quedarían puntos sin tiempo o sin valor.</translation>
     </message>
     <message>
-        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
-        <translation>Junto a puntos no seleccionados, un tramo TCB con salida o llegada puede deformarse.</translation>
-    </message>
-    <message>
         <source>Nothing that can be edited is selected.</source>
         <translation>No hay nada seleccionado que se pueda editar.</translation>
     </message>
@@ -2021,6 +2029,10 @@ Do you want to replace it?</source>
     <message>
         <source>Scale %1 points of %2</source>
         <translation>Escalar %1 puntos de %2</translation>
+    </message>
+    <message>
+        <source>A Tcb segment beside points that are not selected may bend.</source>
+        <translation>Junto a puntos no seleccionados, un tramo TCB puede deformarse.</translation>
     </message>
 </context>
 </TS>

@@ -140,10 +140,6 @@
         <translation>Décaler %1 points de %2</translation>
     </message>
     <message>
-        <source>Locked curve</source>
-        <translation>Courbe verrouillée</translation>
-    </message>
-    <message>
         <source>%1 is locked.</source>
         <translation>%1 est verrouillée.</translation>
     </message>
@@ -1731,6 +1727,18 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Pale image behind the curves</source>
         <translation>Image pâle derrière les courbes</translation>
     </message>
+    <message>
+        <source>No point is selected.</source>
+        <translation>Aucun point n’est sélectionné.</translation>
+    </message>
+    <message>
+        <source>No point of the current curve is selected.</source>
+        <translation>Aucun point de la courbe en cours n’est sélectionné.</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no points.</source>
+        <translation>Le presse-papiers ne contient aucun point.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1944,6 +1952,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Number of points: %1</source>
         <translation>Nombre de points&#xa0;: %1</translation>
     </message>
+    <message>
+        <source>A single point keeps its place, unless it is retimed about the time line.</source>
+        <translation>Un point seul garde sa place, sauf autour de la ligne de temps.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::SimplifyDialog</name>
@@ -1991,10 +2003,6 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>Des points n’auraient alors plus de temps ou de valeur.</translation>
     </message>
     <message>
-        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
-        <translation>À côté de points non sélectionnés, un segment TCB avec départ ou arrivée peut se déformer.</translation>
-    </message>
-    <message>
         <source>Nothing that can be edited is selected.</source>
         <translation>Rien de modifiable n’est sélectionné.</translation>
     </message>
@@ -2021,6 +2029,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Scale %1 points of %2</source>
         <translation>Mettre à l&apos;échelle %1 points de %2</translation>
+    </message>
+    <message>
+        <source>A Tcb segment beside points that are not selected may bend.</source>
+        <translation>À côté de points non sélectionnés, un segment TCB peut se déformer.</translation>
     </message>
 </context>
 </TS>

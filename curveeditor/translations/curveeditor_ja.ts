@@ -140,10 +140,6 @@
         <translation>%2 のポイント %1 個をずらす</translation>
     </message>
     <message>
-        <source>Locked curve</source>
-        <translation>ロックされたカーブ</translation>
-    </message>
-    <message>
         <source>%1 is locked.</source>
         <translation>%1 はロックされています。</translation>
     </message>
@@ -1731,6 +1727,18 @@ Do you want to replace it?</source>
         <source>Pale image behind the curves</source>
         <translation>曲線の背後の画像を薄くする</translation>
     </message>
+    <message>
+        <source>No point is selected.</source>
+        <translation>ポイントが選択されていません。</translation>
+    </message>
+    <message>
+        <source>No point of the current curve is selected.</source>
+        <translation>現在のカーブのポイントが選択されていません。</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no points.</source>
+        <translation>クリップボードにポイントがありません。</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1944,6 +1952,10 @@ Do you want to replace it?</source>
         <source>Number of points: %1</source>
         <translation>ポイント数: %1</translation>
     </message>
+    <message>
+        <source>A single point keeps its place, unless it is retimed about the time line.</source>
+        <translation>ポイントが 1 つだけのときは、タイムラインを基準にしないかぎり動きません。</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::SimplifyDialog</name>
@@ -1991,10 +2003,6 @@ Do you want to replace it?</source>
         <translation>ポイントの時間または値がなくなるため、変形できません。</translation>
     </message>
     <message>
-        <source>Beside points that are not selected an eased Tcb segment may bend.</source>
-        <translation>選択されていないポイントの隣では、イーズ付きの TCB 区間の形が変わることがあります。</translation>
-    </message>
-    <message>
         <source>Nothing that can be edited is selected.</source>
         <translation>編集できるものが選択されていません。</translation>
     </message>
@@ -2021,6 +2029,10 @@ Do you want to replace it?</source>
     <message>
         <source>Scale %1 points of %2</source>
         <translation>%2 のポイント %1 個をスケール</translation>
+    </message>
+    <message>
+        <source>A Tcb segment beside points that are not selected may bend.</source>
+        <translation>選択されていないポイントの隣の TCB 区間は形が変わることがあります。</translation>
     </message>
 </context>
 </TS>

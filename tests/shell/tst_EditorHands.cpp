@@ -37,6 +37,7 @@ class tst_EditorHands : public QObject
     /// Whether the times and the values in sight change, and whether the place under the mouse stays there.
     using ViewGestures = Rows<bool, bool, bool, Deed>;
     /// The times of the points after a stroke, and what the canvas says.
+    using Whys = Rows<QKeySequence, QString, QString>; // clipboard, and what is told
     using Strokes = Rows<QList<double>, QString, Deed>;
 
 private Q_SLOTS:
@@ -171,12 +172,13 @@ private Q_SLOTS:
             QTest::keyRelease(&s.canvas, Qt::Key_D);
             draw(s, 6.0, 0.0), s.release(6.0, 0.0);
         });
-        row("linear points alone", {0.0, 2.0, 4.0, 6.0, 8.0}, {}, [=](Scene& s) {
+        row("no Bezier points", {0.0, 2.0, 4.0, 4.5, 5.0, 8.0}, {}, [=](Scene& s) {
             CurveOptions options;
-            options.types = {SplineBase::Linear};
+            options.types = {SplineBase::Linear, SplineBase::Tcb};
             s.editor.setCurveOptions("a", "x", options);
-            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
-            QCOMPARE(s.x[2]->type, std::int32_t(SplineBase::Linear));
+            s.x.modify(2)->type = SplineBase::Tcb;
+            draw(s, 4.5, 0.0), s.release(4.5, 0.0);
+            QVERIFY(s.x[2]->type == SplineBase::Linear && s.x.getLast()->type == SplineBase::Tcb);
         });
         row("own scale", {0.0, 2.0, 4.0, 6.0, 8.0}, "Own scale", [](Scene& s) {
             s.key(Qt::Key_F, shift).shown();
@@ -244,6 +246,30 @@ private Q_SLOTS:
         QCOMPARE(found, times);
         QCOMPARE(s.canvas.canvas.toldText(), told);
         QVERIFY(s.canvas.gesture.kind() != Gesture::Kind::Stroke && !s.canvas.canvas.door().isOpen());
+    }
+
+    void keyThatCanDoNothingSaysWhy_data()
+    {
+        const Whys row;
+        for (const auto& [name, key] : {std::pair("ease", QKeySequence("E")),
+                                        {"CSS", QKeySequence("Shift+E")},
+                                        {"box", QKeySequence("Ctrl+T")},
+                                        {"retime", QKeySequence("Shift+R")}})
+            row(name, key, {}, "No point is selected.");
+        row("copy", QKeySequence("Ctrl+C"), {}, "No point of the current curve is selected.");
+        row("paste", QKeySequence("Ctrl+V"), {}, "The clipboard holds no points.");
+        row("paste of blanks", QKeySequence("Ctrl+V"), " \n\t", "The text holds no points.");
+    }
+    void keyThatCanDoNothingSaysWhy()
+    {
+        const auto [key, clipboard, told] = Whys::present();
+        Scene s;
+        QGuiApplication::clipboard()->clear();
+        if (!clipboard.isEmpty())
+            QGuiApplication::clipboard()->setText(clipboard);
+        s.key(key[0].key(), key[0].keyboardModifiers());
+        QCOMPARE(s.canvas.canvas.toldText(), told);
+        QVERIFY(!s.editor.findChild<QDialog*>() && closeBox().isEmpty());
     }
 
     void strokeOfManyJitteringColumnsIsFewPoints()

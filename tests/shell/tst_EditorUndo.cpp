@@ -68,13 +68,12 @@ private Q_SLOTS:
             QCOMPARE(s.x[1]->tanLeft, CurveFit::smoothSlope(s.x[0], *s.x[1], s.x[2]));
         });
         row("drag a handle with both in line", 1, x + x, [](Scene& s) {
-            s.editor.action("alignHandlesAction")->trigger();
-            s.clickPoint();
+            s.key(Qt::Key_K).clickPoint();
             const QPoint handle = s.canvas.canvas.currentSpline()->rightHandle(s.pixel(5.0, 1.0), 1, false);
             s.mouse(QEvent::MouseButtonPress, handle).move(6.0, 3.0).release(6.0, 3.0);
             QVERIFY(s.x[1]->tanRight > 1.5 && s.x[1]->tanLeft == s.x[1]->tanRight);
         });
-        row("eases", 2, x + x + x, [](Scene& s) {
+        row("eases", 4, x + x + x + x + x, [](Scene& s) {
             const CanvasFunctionBase& canvas = s.canvas.canvas;
             s.selectTwo().key(Qt::Key_E);
             QCOMPARE(canvas.toldText(), "Ease: exact");
@@ -82,17 +81,28 @@ private Q_SLOTS:
             s.editor.action("easeInOutSineAction")->trigger();
             QCOMPARE(canvas.toldText(), "Ease: deviates by at most 1.1 % of the step");
             s.editor.action("easeInOutBackAction")->trigger();
-            QVERIFY(s.x.getControlPointsNumber() == 4 && s.x[2]->pos == 0.0);
-            s.key(Qt::Key_E); // the point between is not selected
+            QVERIFY(s.x.getControlPointsNumber() == 4 && s.x[2]->pos == 0.0 &&
+                    s.control().isSelected(s.x[2]));
+            s.key(Qt::Key_E); // in its place
+            QVERIFY(s.x.getControlPointsNumber() == 3 && canvas.toldText() == "Ease: exact");
+            s.editor.action("easeInOutBackAction")->trigger();
+            s.control().selectPoints({s.x[1]->serial, s.x[3]->serial});
+            s.key(Qt::Key_E); // the point between is not selected any more
             QCOMPARE(canvas.toldText(), "Ease: there is no segment between selected points");
         });
         row("eases at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
-            s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).key(Qt::Key_E);
+            s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).key(Qt::Key_E, ctrl);
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return); // the first one, smoothstep
             QCOMPARE(s.curves["a.y"].spline[1]->type, int(SplineBase::Bezier));
+            s.key(Qt::Key_L).key(Qt::Key_E, shift);
+            auto* const dialog = s.editor.findChild<QDialog*>();
+            QVERIFY(dialog->findChild<QPushButton*>()->isEnabled()); // for the other curve
+            dialog->reject();
         });
         row("eases by numbers", 2, x + x, [](Scene& s) {
             s.selectTwo();
             for (const QString text : {"0,5", "0.75"}) {
+                QTRY_VERIFY(s.canvas.hasFocus()); // comes back from the dialog
                 s.key(Qt::Key_E, shift);
                 auto* const dialog = s.editor.findChild<QDialog*>();
                 auto* const line = dialog->findChild<QLineEdit*>("x1");
@@ -103,7 +113,6 @@ private Q_SLOTS:
                 }
                 dialog->accept();
                 QVERIFY(s.canvas.canvas.toldText().startsWith("Ease: deviates by at most 0."));
-                s.control().selectPoints(SplineEdits::pointsWithin(s.x, 0.0, 5.0));
                 QCoreApplication::sendPostedEvents(dialog, QEvent::DeferredDelete);
             }
         });

@@ -122,7 +122,9 @@ private Q_SLOTS:
         QVERIFY(!told.isEmpty());
         s.key(Qt::Key_Plus).turnTo("a.x");
         QVERIFY(isNear(s.editor.view().center().y(), 0.0) && s.editor.view().height() < 2.4);
-        s.key(Qt::Key_Home);
+        s.editor.resetViewport();
+        QVERIFY(isNear(s.editor.view().y(), -1.2) && isNear(s.editor.view().height(), 2.4));
+        s.key(Qt::Key_Plus).key(Qt::Key_Home);
         QVERIFY(isNear(s.editor.view().y(), -1.2) && isNear(s.editor.view().height(), 2.4));
         const QByteArray scaled = s.editor.saveState();
         s.editor.setView({0.0, -0.5, 4.0, 1.0});
