@@ -18,7 +18,8 @@
 
 namespace {
 
-constexpr int pauseInTyping = 500; // milliseconds
+constexpr int pauseInTyping = 500;    // milliseconds
+constexpr double handleLength = 45.0; // pixels
 constexpr QSize editorSize(1060, 640);
 
 } // namespace
@@ -94,6 +95,15 @@ void GuideScene::selectPoint(unsigned index)
     const SplineBase::PointInfo* const point = current() ? current()->spline[index] : nullptr;
     if (point)
         QTest::mouseClick(&canvas(), Qt::LeftButton, {}, pixel(point->time, point->pos));
+}
+
+void GuideScene::dragHandle(unsigned index, double value)
+{
+    const SplineBase::PointInfo point = *current()->spline[index];
+    const QPointF way = pixel(point.time + 1.0, point.pos + point.tanRight) - pixel(point.time, point.pos);
+    const double share = handleLength / std::hypot(way.x(), way.y());
+    const double time = point.time + share, from = point.pos + share * point.tanRight;
+    drag(time, from, time, from + value);
 }
 
 void GuideScene::makeCurrent(const QString& name)

@@ -28,6 +28,8 @@ public:
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// Clicks a point of the current curve.
     void selectPoint(unsigned index);
+    /// Drags the right handle of the selected Bezier point of that index by a distance in values.
+    void dragHandle(unsigned index, double value);
     void makeCurrent(const QString& name);
     /// The current curve becomes what a sensor would give of it.
     void takeSamples();

@@ -207,6 +207,41 @@ bool drawOwnScale(const QDir& folder)
     return save(scene.canvasAlone(), folder.filePath("own-scale.png"));
 }
 
+bool drawMarks(const QDir& folder)
+{
+    GuideScene scene(cameraCurves());
+    scene.key(Qt::Key_L);
+    scene.makeCurrent(cameraCurves().at(1));
+    scene.key(Qt::Key_H);
+    scene.makeCurrent(cameraCurves().first());
+    scene.key(Qt::Key_H, Qt::ShiftModifier);
+    return save(scene.wholeEditor(), folder.filePath("marks.png"));
+}
+
+bool drawReplacing(const QDir& folder)
+{
+    GuideScene scene({"Camera.pan", "Camera.tilt"});
+    scene.editor().resize(640, 520);
+    scene.editor().setTimeLine(1.5);
+    scene.editor().selectPoints("Camera", "tilt", {0, 1});
+    scene.key(Qt::Key_C, Qt::ControlModifier);
+    scene.makeCurrent("Camera.pan");
+    const QPixmap before = scene.canvasAlone();
+    scene.key(Qt::Key_V, Qt::ControlModifier | Qt::AltModifier);
+    return save(besideEachOther(before, scene.canvasAlone()), folder.filePath("replacing.png"));
+}
+
+bool drawHandles(const QDir& folder)
+{
+    GuideScene scene({"Camera.pan"});
+    scene.editor().resize(640, 520);
+    scene.selectPoint(1);
+    const QPixmap before = scene.canvasAlone();
+    scene.key(Qt::Key_K);
+    scene.dragHandle(1, 1.0);
+    return save(besideEachOther(before, scene.canvasAlone()), folder.filePath("handles.png"));
+}
+
 bool drawSlope(const QDir& folder)
 {
     GuideScene scene({"Camera.tilt", "Camera.pan"});
@@ -249,8 +284,8 @@ bool drawPictures(const QDir& folder)
     return drawEditor(folder) && drawDarkEditor(folder) && drawView(folder) && drawSelecting(folder) &&
            drawSpan(folder) && drawMoving(folder) && drawClipboard(folder) && drawTangents(folder) &&
            drawStroke(folder) && drawTypes(folder) && drawSlope(folder) && drawEases(folder) &&
-           drawTransformBox(folder) && drawOwnScale(folder) && drawTable(folder) && drawFitting(folder) &&
-           drawDockedHost(folder);
+           drawTransformBox(folder) && drawMarks(folder) && drawReplacing(folder) && drawHandles(folder) &&
+           drawOwnScale(folder) && drawTable(folder) && drawFitting(folder) && drawDockedHost(folder);
 }
 
 bool drawPages(const QDir& folder, const QString& suffix)
