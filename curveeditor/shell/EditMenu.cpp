@@ -373,9 +373,8 @@ bool EditMenu::explain(const QKeyEvent& event)
     const Entry* const entry = find(event);
     if (!entry || !entry->first->isVisible())
         return false;
-    const Condition& isPossible = entry->second;
-    const char* const text =
-        isPossible.isMet() ? QT_TR_NOOP("The clipboard holds no points.") : isPossible.refusal;
+    const char* const refusal = entry->second.refusal;
+    const char* const text = entry->second.isMet() ? QT_TR_NOOP("The clipboard holds no points.") : refusal;
     if (text)
         canvas_.canvas.tell(tr(text));
     return text != nullptr;
