@@ -67,7 +67,11 @@ void GuideScene::press(double time, double value)
 
 void GuideScene::move(double time, double value)
 {
-    const QPointF place = pixel(time, value);
+    moveTo(pixel(time, value));
+}
+
+void GuideScene::moveTo(const QPointF& place)
+{
     QMouseEvent event(QEvent::MouseMove, place, canvas().mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
                       {});
     QApplication::sendEvent(&canvas(), &event);
@@ -90,11 +94,15 @@ void GuideScene::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
     QTest::keyClick(&canvas(), key, modifiers);
 }
 
+const SplineBase::PointInfo* GuideScene::point(unsigned index)
+{
+    return current() ? current()->spline[index] : nullptr;
+}
+
 void GuideScene::selectPoint(unsigned index)
 {
-    const SplineBase::PointInfo* const point = current() ? current()->spline[index] : nullptr;
-    if (point)
-        QTest::mouseClick(&canvas(), Qt::LeftButton, {}, pixel(point->time, point->pos));
+    if (const SplineBase::PointInfo* const found = point(index))
+        QTest::mouseClick(&canvas(), Qt::LeftButton, {}, pixel(found->time, found->pos));
 }
 
 void GuideScene::dragHandle(unsigned index, double value)

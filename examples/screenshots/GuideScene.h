@@ -22,10 +22,14 @@ public:
 
     void press(double time, double value);
     void move(double time, double value);
+    /// The same, to a pixel of the canvas.
+    void moveTo(const QPointF& place);
     /// The mouse comes there, with no button held.
     void hover(double time, double value);
     void drag(double time, double value, double toTime, double toValue);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// A point of the current curve, null if there is none.
+    const SplineBase::PointInfo* point(unsigned index);
     /// Clicks a point of the current curve.
     void selectPoint(unsigned index);
     /// Drags the right handle of the selected Bezier point of that index by a distance in values.

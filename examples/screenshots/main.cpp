@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Draws the pictures of the user's guide: usage curve_editor_screenshots FOLDER
-// With --matrix before the folder, the dialog with each page in several fonts and both directions, to be looked at. The
+// With --film before the folder, the frames of the moving picture; with --matrix the dialog with each page in several fonts and both directions, to be looked at. The
 // ratio of pixels is that of QT_SCALE_FACTOR.
+#include "DarkPalette.h"
+#include "Film.h"
 #include "GuideScene.h"
 
 #include <MainWindow.h>
@@ -59,22 +61,6 @@ bool drawEditor(const QDir& folder)
            save(bezier.editor().tabWidget2->grab(), folder.filePath("page-bezier.png")) &&
            save(tcb.editor().tabWidget2->grab(), folder.filePath("page-tcb.png")) &&
            save(observer.wholeEditor(), folder.filePath("expression.png"));
-}
-
-QPalette darkPalette()
-{
-    QPalette palette(QColor(44, 48, 54), QColor(34, 38, 44));
-    palette.setColor(QPalette::Base, QColor(22, 25, 30));
-    palette.setColor(QPalette::AlternateBase, QColor(28, 32, 38));
-    palette.setColor(QPalette::Highlight, QColor(76, 155, 255));
-    palette.setColor(QPalette::HighlightedText, QColor(10, 14, 20));
-    palette.setColor(QPalette::ToolTipBase, QColor(44, 48, 54));
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
-        palette.setColor(role, QColor(230, 237, 243));
-        palette.setColor(QPalette::Disabled, role, QColor(120, 128, 138));
-    }
-    return palette;
 }
 
 bool drawDarkEditor(const QDir& folder)
@@ -330,10 +316,12 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     const bool isMatrix = arguments.value(1) == QStringLiteral("--matrix");
-    if (arguments.size() != (isMatrix ? 3 : 2)) {
-        std::fprintf(stderr, "usage: curve_editor_screenshots [--matrix] FOLDER\n");
+    const bool isFilm = arguments.value(1) == QStringLiteral("--film");
+    if (arguments.size() != (isMatrix || isFilm ? 3 : 2)) {
+        std::fprintf(stderr, "usage: curve_editor_screenshots [--matrix | --film] FOLDER\n");
         return EXIT_FAILURE;
     }
     const QDir folder(arguments.last());
-    return (isMatrix ? drawMatrix(folder) : drawPictures(folder)) ? EXIT_SUCCESS : EXIT_FAILURE;
+    const bool isDrawn = isFilm ? Film(folder).shoot() : isMatrix ? drawMatrix(folder) : drawPictures(folder);
+    return isDrawn ? EXIT_SUCCESS : EXIT_FAILURE;
 }

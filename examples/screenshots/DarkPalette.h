@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPalette>
+
+/// The colours of the pictures in the dark.
+QPalette darkPalette();
