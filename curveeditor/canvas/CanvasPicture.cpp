@@ -2,6 +2,7 @@
 #include <curveeditor/canvas/CanvasPicture.h>
 
 #include <curveeditor/canvas/CanvasCurves.h>
+#include <curveeditor/canvas/CurveNames.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/canvas/ExpressionSampler.h>
@@ -72,6 +73,8 @@ void CanvasPicture::drawFront(CurvePainter& curves) const
     if (!viewport_)
         return;
     QPainter& painter = *curves.painter();
+    if (theme_.namesCurves)
+        drawCurveNames(painter, curves_, *viewport_, theme_);
     if (curves_.current() && curves_.current()->isShown()) {
         painter.setBackground(theme_.canvas);
         painter.setBackgroundMode(theme_.smooth ? Qt::TransparentMode : Qt::OpaqueMode);

@@ -49,6 +49,7 @@ CurveEditorTheme themeOf(const QColor& canvas, const QColor& text, const QColor&
     theme.timeLineBlends = false;
     theme.timeLineGrip = 13;
 
+    theme.namesCurves = true;
     theme.curveWidth = 2.5;
     theme.otherCurveWidth = 1.5;
     theme.otherCurveShare = 1.0;

@@ -85,7 +85,8 @@ struct CURVEEDITOR_EXPORT CurveEditorTheme
     /// Their colours are the host's.
     /// @{
 
-    double curveWidth = 1.0; ///< of the current curve
+    bool namesCurves = false; ///< each has its name at the right edge of the canvas
+    double curveWidth = 1.0;  ///< of the current curve
     double otherCurveWidth = 1.0;
     double dottedWidth = 1.0; ///< of the dotted lines of curves, outside their points and beyond their bounds
     double otherCurveShare = 0.5; ///< how much of its colour a curve keeps that is not current

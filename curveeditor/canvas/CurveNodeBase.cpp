@@ -111,6 +111,11 @@ void CurveNodeBase::setColor(const QColor& color, const QColor& background)
     renewPictureNumber();
 }
 
+QColor CurveNodeBase::lineColor() const
+{
+    return canvasSpline_->getColor();
+}
+
 double CurveNodeBase::getValue(const double& time) const
 {
     if (isSpline())

@@ -93,6 +93,8 @@ public:
     /// locked.
     void setColor(const QColor& color, const QColor& background);
     QColor getColor() const { return color_; }
+    /// In which the curve is drawn when it is current.
+    QColor lineColor() const;
 
     /// The value that is not clamped. An expression reads the variables `t` and `f`, which the caller has
     /// set; `time` plays no part then. An empty holder gives 0.0.

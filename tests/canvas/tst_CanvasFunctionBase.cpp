@@ -291,6 +291,34 @@ private Q_SLOTS:
         QVERIFY(columnsWith(theme.controlPointSelected) >= 20);
     }
 
+    void namesStandWhereTheirCurvesLeaveTheCanvas()
+    {
+        CanvasScene scene;
+        HostCurve first, second, third;
+        second.spline.setPos(second.spline.modify(2u), 2.0);
+        third.spline.setPos(third.spline.modify(2u), 2.1);
+        for (const auto& [curve, name] : {std::pair(&first, "a.x"), {&second, "a.y"}, {&third, "a.z"}})
+            scene.add(*curve, name);
+        CurveEditorTheme theme = CurveEditorTheme::light();
+        const auto rowsOfNames = [&](int width) {
+            scene.widget.resize(width, 100);
+            scene.view.setSize(width, 100);
+            theme.namesCurves = false;
+            scene.canvas.setTheme(theme);
+            const QImage without = scene.picture();
+            theme.namesCurves = true;
+            scene.canvas.setTheme(theme);
+            const QImage with = scene.picture();
+            QList<bool> rows;
+            for (const int row : {26, 46, 68})
+                rows << (with.copy(width - 40, row - 10, 40, 10) !=
+                         without.copy(width - 40, row - 10, 40, 10));
+            return rows;
+        };
+        QCOMPARE(rowsOfNames(400), QList({true, true, false}));
+        QCOMPARE(rowsOfNames(200), QList({false, false, false}));
+    }
+
     void nearlyEmptyCanvasSaysWhatToDo()
     {
         CurveEditorTheme silent = CurveEditorTheme::dark();
