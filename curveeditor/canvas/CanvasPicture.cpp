@@ -33,6 +33,12 @@ CurveEditorTheme& sharedTheme()
 constexpr std::array sharedColors = {&CurveEditorTheme::controlPoint, &CurveEditorTheme::controlPointSelected,
                                      &CurveEditorTheme::controller, &CurveEditorTheme::controllerSelected};
 
+QString joined(QStringList texts)
+{
+    texts.removeAll(QString());
+    return texts.join(QStringLiteral("   "));
+}
+
 } // namespace
 
 CanvasPicture::CanvasPicture(QWidget* widget, const CanvasCurves& curves, const DragGuide& guide)
@@ -120,17 +126,20 @@ void CanvasPicture::drawHint(QPainter& painter) const
     drawText(painter, text, int(viewport_->pixelHeight * heightShare), theme_.hint);
 }
 
-QString CanvasPicture::line(const QString& atMouse) const
+QString CanvasPicture::line() const
 {
     const bool hasOwnScale = viewport_ && viewport_->ownScale.isOn();
-    QStringList texts{hasOwnScale ? tr("Own scale") : QString(), modeLine, atMouse};
-    texts.removeAll(QString());
-    return texts.join(QStringLiteral("   "));
+    return joined({hasOwnScale ? tr("Own scale") : QString(), modeLine});
 }
 
+/// What is on, what is said, and what is under the mouse.
 void CanvasPicture::drawModeLine(QPainter& painter) const
 {
-    const QString text = line(slopeText());
+    const CurveNodeBase* const current = curves_.current();
+    const bool isLocked = current && current->curve()->isLocked();
+    const QString text =
+        joined({isLocked ? tr("Locked") : QString(), curves_.editsAll() ? tr("All curves") : QString(),
+                guide_.isSnapping ? tr("Snapping") : QString(), line(), slopeText()});
     if (!text.isEmpty())
         drawText(painter, text, widget_->fontMetrics().height() / 2 + 4, textColor());
 }

@@ -72,7 +72,7 @@ public:
     std::optional<double> mouseTime;    ///< whose slope is told then
     QString modeLine;                   ///< what is said at the upper edge; empty for nothing
     /// That, behind what is on, and before what is told of the place of the mouse.
-    QString line(const QString& atMouse = {}) const;
+    QString line() const;
 
 private:
     /// What an image of the underlay was painted for.

@@ -197,6 +197,18 @@
         <source>All points of this curve lie outside the range that is shown</source>
         <translation>Alle Punkte dieser Kurve liegen außerhalb des gezeigten Bereichs</translation>
     </message>
+    <message>
+        <source>Locked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>All curves</source>
+        <translation>Alle Kurven</translation>
+    </message>
+    <message>
+        <source>Snapping</source>
+        <translation>Einrasten</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>

@@ -197,6 +197,18 @@
         <source>All points of this curve lie outside the range that is shown</source>
         <translation>Todos los puntos de esta curva están fuera del intervalo mostrado</translation>
     </message>
+    <message>
+        <source>Locked</source>
+        <translation>Bloqueada</translation>
+    </message>
+    <message>
+        <source>All curves</source>
+        <translation>Todas las curvas</translation>
+    </message>
+    <message>
+        <source>Snapping</source>
+        <translation>Ajuste</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>

@@ -197,6 +197,18 @@
         <source>All points of this curve lie outside the range that is shown</source>
         <translation>Tous les points de cette courbe sont hors de l&apos;intervalle affiché</translation>
     </message>
+    <message>
+        <source>Locked</source>
+        <translation>Verrouillée</translation>
+    </message>
+    <message>
+        <source>All curves</source>
+        <translation>Toutes les courbes</translation>
+    </message>
+    <message>
+        <source>Snapping</source>
+        <translation>Magnétisme</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>

@@ -197,6 +197,18 @@
         <source>All points of this curve lie outside the range that is shown</source>
         <translation>この曲線の点はすべて表示範囲の外にあります</translation>
     </message>
+    <message>
+        <source>Locked</source>
+        <translation>ロック中</translation>
+    </message>
+    <message>
+        <source>All curves</source>
+        <translation>すべての曲線</translation>
+    </message>
+    <message>
+        <source>Snapping</source>
+        <translation>スナップ</translation>
+    </message>
 </context>
 <context>
     <name>ControlMenu</name>

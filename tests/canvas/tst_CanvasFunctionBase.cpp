@@ -319,6 +319,26 @@ private Q_SLOTS:
         QCOMPARE(rowsOfNames(200), QList({false, false, false}));
     }
 
+    void whatIsOnIsWrittenAtTheUpperEdge()
+    {
+        CanvasScene scene;
+        HostCurve curve;
+        bool& isLocked = scene.add(curve, "a.x")->curve()->isLockedByUser;
+        const auto upperEdge = [&scene] {
+            return scene.picture().copy(0, 0, 200, 20);
+        };
+        const QImage silent = upperEdge();
+        for (bool* const mode : {&isLocked, &scene.canvas.hands().guide.isSnapping}) {
+            *mode = true;
+            QVERIFY(upperEdge() != silent);
+            *mode = false;
+        }
+        scene.canvas.setEditsAllCurves(true);
+        QVERIFY(upperEdge() != silent);
+        scene.canvas.setEditsAllCurves(false);
+        QCOMPARE(upperEdge(), silent);
+    }
+
     void nearlyEmptyCanvasSaysWhatToDo()
     {
         CurveEditorTheme silent = CurveEditorTheme::dark();

@@ -412,6 +412,7 @@ private Q_SLOTS:
         QVERIFY(s.showsWhatIsDrawnFromScratch() && columns(s).size() == 2);
         s.editor.setTimeRange(-1.0, 10.0);
         s.editor.setTimeGrid({});
+        s.canvas.canvas.hands().guide.isSnapping = false;
         s.click(7.0, 2.5);
         QVERIFY(s.shown() == before);
     }
