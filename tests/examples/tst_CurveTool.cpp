@@ -67,7 +67,13 @@ private Q_SLOTS:
             "time\t\"standard input\"\n1\t0\n");
         row("table to curve", table, "convert - - --curve b",
             "255\n255\n255\n0\nspline 1 1 0\n0 5 0 0 0 0 0 0 0 0\n2 7 0 0 0 0 0 0 0 0\nend\n");
+        row("part of a curve", spline, "convert - - --output-format crv --from 4",
+            "1\n2\n3\n0\nspline 1 1 0\n4 3 0 0 0 0 0 0 0 0\nend\n");
+        row("marks in names", "t \"a\"\"b\"\n0 1\n", "convert - - --output-format table",
+            "t\t\"a\"\"b\"\n0\t1\n");
         row("curve stays", spline, "convert - - --output-format crv", spline);
+        row("spectra with remarks", altered(spectra, "BEGIN_DATA\n", "\n#\nBEGIN_DATA\n"),
+            "sample - --curve 2", "380\t2\n390\t3\n");
         row("to sensor table", "t a\n-0.5 0.5\n2.9 3.9\n", "convert - - --output-format sensor", sensor);
         row("a gap in a sensor table", formula, "convert - - --output-format sensor --from 0 --to 2 --fps 1",
             altered(altered(altered(sensor, "1.000000", "-inf"), "2.000000", "0.000000"), "3.000000",
@@ -96,6 +102,8 @@ private Q_SLOTS:
             rows(name, input, command, code, reason);
         };
         row("text", "# x\n0 1\n1 abc\n", "standard input:3: 'abc' is no number\n");
+        row("nothing", "", ":1: the table has no rows");
+        row("no text", {"0 1\n\0 2", 7}, ":2: there is a NUL byte");
         row("decimal comma or not", "t;v\n0;1,234\n",
             ":2: '1,234' can be read in two ways: the comma may be the decimal sign or not; say --decimal "
             "comma");
@@ -145,6 +153,27 @@ private Q_SLOTS:
         row("lost step", spline, "too close", "sample - --from 1e9 --to 1000000000.0000001 --count 9", 2);
         row("long sensor table", spline, "at most 1000000", "convert - - --output-format sensor --to 1e9", 2);
         row("end before begin", spline, "before they begin", "sample - --from 5", 2);
+        row("onto a device", spline, "/dev/full: No space", "convert - /dev/full --output-format crv");
+        row("onto a directory", spline, "/: is a directory", "convert - / --output-format crv");
+        row("into nowhere", spline, "/none/a.crv: No such file", "convert - /none/a.crv");
+        row("into no directory", table, "/dev/null: ", "convert - --all /dev/null");
+        for (const auto& [reason, command] :
+             {std::pair("the file is missing", "info"),
+              {"none of crv, table, sensor, cgats and sp", "info - --format x"},
+              {"--count takes a whole number", "sample - --count 2.5"},
+              {"--step and --count exclude", "sample - --step 1 --count 2"},
+              {"'x' is none of crv, table and sensor", "convert - - --output-format x"},
+              {"for whole numbers of 32 bits", "convert - - --output-format sensor --from 3e9 --to 3e9"},
+              {"no whole number among", "convert - - --output-format sensor --from 0.1 --to 0.9"},
+              {"--step and --count can't change it", "convert - - --output-format sensor --step 2"},
+              {"--all is for tables", "convert - --all /none"},
+              {"--all writes curve files only", "convert - --all /none --output-format table"},
+              {"give either OUT or --all", "convert - - --all /none"},
+              {"--all and --curve exclude", "convert - --all /none --curve 1"},
+              {"--tolerance is for curve files", "convert - - --output-format table --tolerance 1"},
+              {"--tolerance fits samples", "convert - - --output-format crv --tolerance 1"},
+              {"--tolerance: 'x' is no number", "convert - - --tolerance x"}})
+            row(command, spline, reason, command, 2);
         row("no command", "", "a command is missing", "", 2);
         row("unknown option", "", "there is no option '--bogus'", "info --bogus -", 2);
         row("option twice", "", "--curve is there twice", "info - --curve 1 --curve 2", 2);
@@ -204,6 +233,12 @@ private Q_SLOTS:
         QVERIFY2(match.hasMatch(), errors_.constData());
         QVERIFY(match.captured(1).toInt() < 20 && match.captured(2).toDouble() <= 0.002);
         QCOMPARE(output_.count('\n'), 6 + match.captured(1).toInt());
+        for (const auto& [option, lines] : {std::pair("", 9), {" --monotone", 10}}) {
+            QCOMPARE(run("0 0\n1 0\n2 8\n3 8\n",
+                         QString("convert - - --output-format crv --tolerance 0.5") + option),
+                     0);
+            QCOMPARE(output_.count('\n'), lines);
+        }
     }
 
     void everyCommandHasHelp()

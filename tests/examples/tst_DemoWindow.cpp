@@ -140,6 +140,38 @@ private Q_SLOTS:
         QVERIFY(window_->getHost().isOpen(*store_->find("Camera", "Schwenk ä.1")));
         QVERIFY(!store_->find("Camera", "pan"));
         QCOMPARE(store_->findReported("Camera", "1"), store_->find("Camera", "Schwenk ä.1"));
+        QVERIFY(!store_->findReported("Camera", "2") && !store_->findReported("Light", "1"));
+        QString told;
+        QTimer closing;
+        connect(&closing, &QTimer::timeout, this, [&told] {
+            if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                told = box->text(), box->accept();
+        });
+        closing.start(10);
+        choose("Rename", [](QInputDialog& dialog) { dialog.setTextValue("zoom"); });
+        QVERIFY(told.contains("\"zoom\"") && rowOf(list_, "Camera.Schwenk ä.1"));
+    }
+
+    void listIsFilteredAndOpensAndRemoves()
+    {
+        const auto isHidden = [this](const QString& name) {
+            QTreeWidgetItem* const row = rowOf(list_, name);
+            return QPoint(row->isHidden(), row->parent()->isHidden());
+        };
+        for (const QString part : {"a.PAN", ""}) {
+            list_->setFilter(part);
+            QCOMPARE(isHidden("Camera.pan"), QPoint(0, 0));
+            QCOMPARE(isHidden("Camera.zoom"), QPoint(!part.isEmpty(), 0));
+            QCOMPARE(isHidden("Light.flicker"), QPoint(!part.isEmpty(), !part.isEmpty()));
+        }
+        for (const QString name : {"pan", "zoom", "pan"}) {
+            window_->getHost().open(*store_->find("Camera", name));
+            QCOMPARE(window_->getHost().getEditor().currentCurve(), CurveName("Camera", name));
+        }
+        list_->setCurrentItem(rowOf(list_, "Camera.pan"));
+        for (QAction* const action : list_->actions())
+            action->text() == "Re&move" ? action->trigger() : void();
+        QVERIFY(!store_->find("Camera", "pan") && !rowOf(list_, "Camera.pan") && rowOf(list_, "Camera.zoom"));
     }
 
     void simplifyByTheMenuReachesTheEditor()

@@ -112,7 +112,7 @@ private Q_SLOTS:
         table("decimal commas, blanks", "0,5 1,5\n", "0.5 1.5");
         table("decimal commas, quoted", "\"0,5\",\"1,5\"\n", "0.5 1.5");
         table("nothing but a decimal comma", "0\t1,234\n0\t0,125\n", "0 1.234; 0 0.125");
-        table("thousands and a point", "0\t1,234\n1\t-12,345.5\n", "0 1234; 1 -12345.5");
+        table("thousands and a point", "0\t1,234\n1\t-123,456.0\n", "0 1234; 1 -123456");
         table("four digits behind it", "0\t1,2345\n", "0 1.2345");
         table("several groups", "0\t1,234,567\n", "0 1.23457e+06");
         row("head before pairs", "a,b\n1,5\n2,5\n", "a|b: 1 5; 2 5");

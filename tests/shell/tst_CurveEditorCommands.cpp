@@ -119,7 +119,8 @@ private Q_SLOTS:
                 dialog.minX->setText("1e400");
                 dialog.maxY->setText("");
                 dialog.allDone->click();
-                const bool isRefused = dialog.isVisible() && dialog.focusWidget() == dialog.minX;
+                const bool isRefused = dialog.isVisible() && dialog.focusWidget() == dialog.minX &&
+                                       dialog.minX->selectedText() == "1e400";
                 dialog.minX->setText(typed[0]);
                 dialog.maxX->setText(typed[1]);
                 dialog.minY->setText(typed[2]);
@@ -165,7 +166,7 @@ private Q_SLOTS:
             editor.setShowTime();
             QCOMPARE(editor.posX->text(), "5.000");
             editor.resetViewport();
-            QVERIFY(editor.isModeFrames());
+            QVERIFY(editor.isModeFrames() && editor.textLabel1->text() == "Frame:");
             QCOMPARE(editor.posX->text(), QString::number(5.0 * fps, 'f', 3));
         }
     }

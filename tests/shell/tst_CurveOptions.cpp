@@ -36,13 +36,27 @@ std::optional<double> straying(std::map<QString, CurveState> before, std::map<QS
 }
 
 /// Of the row, in the list.
-void clickMark(Scene& s, CurveMark mark, int row = 0, Qt::MouseButton button = Qt::LeftButton)
+QPoint placeOf(Scene& s, CurveMark mark, int row = 0)
 {
     const QRect place = s.list.visualItemRect(s.list.topLevelItem(row));
     QPoint at = place.center();
     while (CurveRowDelegate::markAt(at, place, s.list.iconSize().height()) != mark && at.x() < place.right())
         ++at.rx();
-    QTest::mouseClick(s.list.viewport(), button, {}, at + QPoint(2, 0));
+    return at + QPoint(2, 0);
+}
+
+void clickMark(Scene& s, CurveMark mark, int row = 0, Qt::MouseButton button = Qt::LeftButton,
+               QEvent::Type type = QEvent::MouseButtonPress)
+{
+    s.sendMouse(*s.list.viewport(), type, placeOf(s, mark, row), button);
+    s.sendMouse(*s.list.viewport(), QEvent::MouseButtonRelease, placeOf(s, mark, row), button);
+}
+
+QString tipOf(Scene& s, CurveMark mark)
+{
+    QHelpEvent event(QEvent::ToolTip, placeOf(s, mark), s.list.viewport()->mapToGlobal(placeOf(s, mark)));
+    QApplication::sendEvent(s.list.viewport(), &event);
+    return QToolTip::text();
 }
 
 /// Chooses OK in the dialog of that key; returns what it said, and leaves one that stays open.
@@ -410,7 +424,9 @@ private Q_SLOTS:
             return QAccessible::queryAccessibleInterface(&s.list)->child(1)->text(QAccessible::Name);
         };
         const std::function<void()> ways[] = {
-            [&] { clickMark(s, mark); }, [&, key = key, keys = keys] { QTest::keyClick(&s.list, key, keys); },
+            [&] { clickMark(s, mark); },
+            [&] { clickMark(s, mark, 0, Qt::LeftButton, QEvent::MouseButtonDblClick); },
+            [&, key = key, keys = keys] { QTest::keyClick(&s.list, key, keys); },
             [&, name = name] {
                 s.editor.action(name)->trigger();
             }};
@@ -426,6 +442,7 @@ private Q_SLOTS:
             QCOMPARE(told(), "a.x");
             QVERIFY(pictures() == before && s.entries() == 0);
         }
+        QVERIFY(tipOf(s, mark).endsWith(QLatin1String("(") + QKeySequence(keys | key).toString() + u')'));
         clickMark(s, mark, 0, Qt::RightButton);
         QCOMPARE(told(), "a.x");
     }
@@ -458,8 +475,11 @@ private Q_SLOTS:
         options.hidden = options.locked = true;
         s.editor.setCurveOptions("a", "x", options);
         QCOMPARE(seen(), "zy");
-        for (const CurveMark mark : allCurveMarks)
+        for (const CurveMark mark : allCurveMarks) {
             clickMark(s, mark);
+            QCOMPARE(tipOf(s, mark).startsWith("The application"), mark != CurveMark::Solo);
+            QVERIFY(s.canvas.canvas.toldText().startsWith("The application"));
+        }
         s.canvas.setFocus();
         s.key(Qt::Key_L).key(Qt::Key_H).key(Qt::Key_H, shift);
         s.editor.setCurveOptions("a", "x", {});
