@@ -202,16 +202,11 @@ private Q_SLOTS:
             QCoreApplication::processEvents();
             QCOMPARE(editor.size(), size);
             QCOMPARE(editor.minimumSizeHint(), size);
-            for (int more = 0; more < 150; more += 15) {
-                editor.resize(size + QSize(more, 0));
-                QCoreApplication::processEvents();
-                for (QToolButton* const button : editor.mainMenu->findChildren<QToolButton*>()) {
-                    const int seen = button->visibleRegion().boundingRect().width();
-                    const bool isWhole = seen >= button->sizeHint().boundedTo(button->maximumSize()).width();
-                    QVERIFY2(!button->isVisible() || isWhole, qPrintable(button->text()));
-                }
+            for (QToolButton* const button : editor.mainMenu->findChildren<QToolButton*>()) {
+                const bool isWhole =
+                    button->width() >= button->sizeHint().boundedTo(button->maximumSize()).width();
+                QVERIFY2(!button->isVisible() || isWhole, qPrintable(button->text()));
             }
-            editor.resize(size);
         };
         CurveEditor fresh;
         fit(fresh);
