@@ -40,7 +40,7 @@ void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPor
     const QFontMetrics metrics = painter.fontMetrics();
     const int height = metrics.height();
     const QRect room = QRect(0, 0, view.pixelWidth, view.pixelHeight)
-                           .adjusted(view.pixelWidth / 2, height, -margin, -2 * height - theme.timeLineGrip);
+                           .adjusted(0, height, -margin, -height - margin - theme.timeLineGrip);
     if (view.pixelWidth < leastCanvas || !view.canShow())
         return;
     QColor background = theme.canvas;
@@ -50,9 +50,9 @@ void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPor
         if (taken.size() == mostNames)
             return;
         const double row = curve->mapping().row(curve->getClampedValue(view.timeMax));
-        if (!(row >= room.top() && row <= room.bottom()))
+        if (!(row >= 0.0 && row <= view.pixelHeight))
             continue;
-        const QString name = metrics.elidedText(curve->getName(), Qt::ElideMiddle, room.width());
+        const QString name = metrics.elidedText(curve->getName(), Qt::ElideMiddle, room.width() / 2);
         QRect place(0, 0, metrics.horizontalAdvance(name) + 2 * padding, height);
         place.moveCenter({0, int(row) - height / 2 - padding});
         place.moveRight(room.right());
