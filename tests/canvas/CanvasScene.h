@@ -2,11 +2,8 @@
 #pragma once
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
-#include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
-#include <curveeditor/canvas/ViewPort.h>
-#include <curveeditor/model/FunctionFloatBase.h>
-#include <curveeditor/model/FunctionParserBase.h>
+#include <support/Formulas.h>
 #include <support/Test.h>
 
 /// What `draw` paints on the background, at that many device pixels for each logical one.
@@ -67,9 +64,8 @@ struct CanvasScene
     CurveNodeBase* add(HostCurve& curve, const QString& name, const QString& text = {}, float lowest = -3.0f,
                        float highest = 3.0f)
     {
-        ParseMessage message;
         if (!text.isEmpty())
-            curve.expression = FunctionParserBase::instance()->parseString(text.toStdString(), message);
+            curve.expression = parsed(text.toStdString()).release();
         return canvas.addCurve(&menu, name, Qt::red, 1.5f, &curve.spline, &curve.expression, lowest, highest);
     }
     QImage picture()

@@ -4,9 +4,6 @@
 #include <curveeditor/canvas/CanvasExpression.h>
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/CurveColors.h>
-#include <curveeditor/model/CurveVariables.h>
-
-#include <numeric>
 
 /// Who does not hold the door open reads.
 template <auto getter, typename Owner>
@@ -72,15 +69,12 @@ private Q_SLOTS:
     void expressionIsDrawnWithinItsRangeAndTheCanvas()
     {
         const QByteArray huge = QByteArray("t+").repeated(20000) + 't'; // 40001 nodes
-        CurveVariables variables;
-        FunctionParserBase::instance()->setVarMapper(&variables);
-        ParseMessage message;
+        ReadCurves variables;
         HostCurve other, chain;
         variables.add("g.huge", nullptr, &other.expression);
         variables.add("g.chain", nullptr, &chain.expression);
-        other.expression =
-            FunctionParserBase::instance()->parseString(huge.toStdString() + "+g.chain", message);
-        chain.expression = FunctionParserBase::instance()->parseString("g.huge+g.chain", message); // a circle
+        other.expression = parsed(huge.toStdString() + "+g.chain").release();
+        chain.expression = parsed("g.huge+g.chain").release(); // a circle
         for (const auto& [text, range, points, breaks, lastRow] :
              {std::tuple{"4", 3.0f, 5000, 0, 20},
               {"t-20", 3.0f, 5000, 0, 50},
@@ -111,8 +105,7 @@ private Q_SLOTS:
             double evaluate() override { return ++count; }
         } counter;
         FunctionFloatBase* holder = &counter;
-        CurveVariables variables;
-        FunctionParserBase::instance()->setVarMapper(&variables);
+        ReadCurves variables;
         variables.add("g.n", nullptr, &holder);
         HostCurve curves[3];
         CanvasScene scene;
@@ -188,7 +181,7 @@ private Q_SLOTS:
         QVERIFY(!s.canvas.exportSensorData(out));
     }
 
-    void contrastIsThatOfTheGuidelines()
+    void contrastIsThatOfTheGuidelinesAndAdaptedColorsKeepTheirHue()
     {
         const auto percent = [](const QColor& left, const QColor& right) {
             return int(100.0 * contrastOf(left, right));
@@ -197,6 +190,16 @@ private Q_SLOTS:
         QCOMPARE(percent(QColor(119, 119, 119), Qt::white), 447);
         QCOMPARE(percent(Qt::blue, Qt::white), 859);
         QCOMPARE(percent(Qt::yellow, Qt::white), 107);
+        for (const auto& [color, background] : {std::pair(Qt::yellow, Qt::white),
+                                                {Qt::cyan, Qt::white},
+                                                {Qt::green, Qt::white},
+                                                {Qt::blue, Qt::black},
+                                                {Qt::darkRed, Qt::black}}) {
+            const QColor adapted = contrastingColor(color, {background}, 3.0);
+            QVERIFY(std::abs(adapted.hslHue() - QColor(color).hslHue()) <= 20);
+            QVERIFY(contrastOf(adapted, background) < 3.1);
+        }
+        QCOMPARE(contrastingColor(Qt::red, {Qt::black}, 3.0), QColor(Qt::red));
     }
 
     void presetsStandOutOfTheCanvas_data()
@@ -361,8 +364,7 @@ private Q_SLOTS:
         scene.setTimes(0.0, 20.0);
         for (int i = 0; i < 2; ++i)
             curve.spline.remove(curve.spline.getLast());
-        QVERIFY(saysSomething(scene));
-        QVERIFY(!CurveEditorTheme::described().hint.isValid());
+        QVERIFY(saysSomething(scene) && !CurveEditorTheme::described().hint.isValid());
     }
 
     void labelsHideNoPointsAndFollowTheFontOfTheApplication()
@@ -378,20 +380,6 @@ private Q_SLOTS:
         QApplication::setFont(QFont(usual.family(), 2 * usual.pointSize()));
         QVERIFY(scene.picture() != picture);
         QApplication::setFont(usual);
-    }
-
-    void adaptedColorsKeepTheirHue()
-    {
-        for (const auto& [color, background] : {std::pair(Qt::yellow, Qt::white),
-                                                {Qt::cyan, Qt::white},
-                                                {Qt::green, Qt::white},
-                                                {Qt::blue, Qt::black},
-                                                {Qt::darkRed, Qt::black}}) {
-            const QColor adapted = contrastingColor(color, {background}, 3.0);
-            QVERIFY(std::abs(adapted.hslHue() - QColor(color).hslHue()) <= 20);
-            QVERIFY(contrastOf(adapted, background) < 3.1);
-        }
-        QCOMPARE(contrastingColor(Qt::red, {Qt::black}, 3.0), QColor(Qt::red));
     }
 };
 

@@ -1,16 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/CurveEdit.h>
 #include <curveeditor/edit/PointDrag.h>
-#include <curveeditor/model/CurveVariables.h>
-#include <curveeditor/model/FunctionParserBase.h>
-#include <support/CountedNode.h>
+#include <support/Formulas.h>
 #include <support/Test.h>
-
-std::unique_ptr<FunctionFloatBase> parsed(const char* text)
-{
-    ParseMessage message;
-    return std::unique_ptr<FunctionFloatBase>(FunctionParserBase::instance()->parseString(text, message));
-}
 
 /// A curve "a.x" with points at (0, 0), (1, 1), (2, 4) and (3, 9), and the door to it.
 struct Fixture
@@ -317,8 +309,7 @@ private Q_SLOTS:
 
     void formulaWhoseVariableIsGoneComesBackOrLeavesTheCurve()
     {
-        CurveVariables variables;
-        FunctionParserBase::instance()->setVarMapper(&variables);
+        ReadCurves variables;
         variables.add("b.y", nullptr, nullptr);
         Fixture f;
         f.expression = parsed("b.y").release();

@@ -129,15 +129,12 @@ private Q_SLOTS:
         }
     }
 
-    void singlePointHasBothItsSegmentsEased()
+    void singlePointHasBothItsSegmentsEasedAndWhatHasNoStepStaysOrIsLevel()
     {
-        EasedFixture f(SplineBase::Tcb);
-        QCOMPARE(f.ease(Ease::smoothstep(), {1}).segments, 2);
-        QVERIFY(f.spline(0.5) == 2.0 && std::abs(f.spline(2.0) - 1.0) < 1e-15 && f.isSameFrom(3.0, 7.0));
-    }
-
-    void whatHasNoStepStaysOrIsLevel()
-    {
+        EasedFixture single(SplineBase::Tcb);
+        QCOMPARE(single.ease(Ease::smoothstep(), {1}).segments, 2);
+        QVERIFY(single.spline(0.5) == 2.0 && std::abs(single.spline(2.0) - 1.0) < 1e-15);
+        QVERIFY(single.isSameFrom(3.0, 7.0));
         const Ease ease = Ease::of(Ease::Shape::Cubic, Ease::Side::InOut);
         EasedFixture f(SplineBase::Tcb);
         const SegmentEase::Outcome level = f.ease(ease, {3, 4});

@@ -8,21 +8,13 @@ SplineState randomState(std::mt19937& random)
     const auto number = [&](double bound) {
         return std::uniform_real_distribution<double>(-bound, bound)(random);
     };
+    const auto ease = [&] {
+        return random() % 2 ? number(1.0) : 0.0;
+    };
     SplineState state;
-    for (int i = 0; i < 9; ++i) {
-        SplineBase::PointInfo point;
-        point.time = i == 0 ? -3.0 : state.points.back().time + (random() % 6 == 0 ? 0.0 : 1.1 + number(1.0));
-        point.pos = number(4.0);
-        point.tanLeft = number(3.0);
-        point.tanRight = number(3.0);
-        point.tension = number(1.0);
-        point.continuity = number(1.0);
-        point.bias = number(1.0);
-        point.easeTo = random() % 2 ? number(1.0) : 0.0;
-        point.easeFrom = random() % 2 ? number(1.0) : 0.0;
-        point.type = std::int32_t(random() % 4);
-        state.points.push_back(point);
-    }
+    for (double time = -3.0; state.points.size() < 9; time += random() % 6 == 0 ? 0.0 : 1.1 + number(1.0))
+        state.points.push_back({time, number(4.0), number(3.0), number(3.0), number(1.0), number(1.0),
+                                number(1.0), ease(), ease(), int(random() % 4)});
     return state;
 }
 
@@ -85,23 +77,16 @@ private Q_SLOTS:
         }
     }
 
-    void mirroredTypesGoOnAndAround()
+    void mirroredTypesGoOnAndAroundAndMovedPointsKeepThem()
     {
         std::mt19937 random(5);
-        const SplineState before = randomState(random);
-        const Scene scene(before);
+        const Scene scene(randomState(random));
+        SplineState due = scene.spline.state();
         const auto after = PointTransform(scene.spline, scene.serials(all))
                                .applied(scene.spline, {{-1.0}, {}})
                                ->state.points;
         for (std::size_t i = 0; i < after.size(); ++i)
-            QCOMPARE(after[i].type, before.points[(after.size() - i) % after.size()].type);
-    }
-
-    void movedPointsKeepTheirTypes()
-    {
-        std::mt19937 random(6);
-        const Scene scene(randomState(random));
-        SplineState due = scene.spline.state();
+            QCOMPARE(after[i].type, due.points[(after.size() - i) % after.size()].type);
         for (const std::size_t index : {3, 4})
             due.points[index].pos += 2.0;
         const PointTransform points(scene.spline, scene.serials({3, 4}));
@@ -183,8 +168,7 @@ private:
                 const double was = to.type == SplineBase::Hold && isMirrored ? to.pos : scene.spline(time);
                 const double now = after.spline(transform.time(time)), due = transform.value(was);
                 if (!(std::abs(now - due) <= 1e-12 * 8.0 * std::max(1.0, std::abs(transform.value.factor))))
-                    QTest::qFail(qPrintable(QStringLiteral("%1 is not %2").arg(now).arg(due)), __FILE__,
-                                 __LINE__);
+                    QTest::qFail("another shape", __FILE__, __LINE__);
             }
             ++checked;
         }

@@ -13,7 +13,6 @@ private Q_SLOTS:
         const Rows<QStringList, QString> row;
         const QString b = path("b");
         row("text", {writeTable("a", "# a\n0 1\n1 x\n")}, path("a:3: 'x' is no number"));
-        row("empty", {writeTable("empty", "")}, path("empty:1: the table has no rows"));
         row("two readings", {writeTable("pairs", "1,5\n2,5\n"), "--export", b},
             path("pairs:1: '1,5' can be read in two ways: the comma may be the decimal sign or not; say "
                  "--decimal comma or --decimal point"));
@@ -81,8 +80,7 @@ private Q_SLOTS:
             QCOMPARE(run({name, "--simplify", percent, "--export", path("out.txt")}), 0);
             tables.append(content("out.txt"));
         }
-        QVERIFY(tables[0] == tables[1] && tables[1] != tables[2]);
-        QVERIFY(tables[0].contains("3,\t1.000000"));
+        QVERIFY(tables[0] == tables[1] && tables[1] != tables[2] && tables[0].contains("3,\t1.000000"));
     }
 
     void columnsBecomeCurvesOfGroups_data()

@@ -109,9 +109,6 @@ private Q_SLOTS:
             "comma");
         row("bad sign", "0 1\n", "--decimal: 'dot' is neither comma nor point", "info - --decimal dot", 2);
         row("times repeat", "0 1\n2 0\n0 1\n", ":3: time 0 is there twice");
-        row("endless line", QByteArray(17 << 20, 'x'), ":1: the line is longer than 16 MiB");
-        row("truncated sensor table", altered(sensor, "2,\t3.000000,\t\n"),
-            ":10: the head announces 3 rows, but there are 2");
         row("truncated spectra", altered(spectra, "END_DATA\n"), ":8: the file ends before END_DATA");
         row("lost row", altered(spectra, "2 \"../x\" 2 3\n"), ":8: NUMBER_OF_SETS is 2, but there are 1");
         row("bad band", altered(lamp, "SPEC_383", "SPEC_384"), "the field 'SPEC_384' should be at 382.5 nm");

@@ -48,8 +48,7 @@ private Q_SLOTS:
             point->pos += 1.0;
         QVERIFY(std::abs(valueAt(*fill, 5.0, fps) - before - 0.4) < 1e-9);
 
-        QVERIFY(!window_->getHost().rename(*key, "flicker"));
-        QVERIFY(window_->getHost().rename(*key, "Sun Light"));
+        QVERIFY(!window_->getHost().rename(*key, "flicker") && window_->getHost().rename(*key, "Sun Light"));
         QVERIFY(store_->setExpression(*fill, "2 light.sun_light"));
         QCOMPARE(valueAt(*fill, 5.0, fps), 2.0 * key->spline(5.0));
         Curve* twin = store_->find("Light", "flicker"); // is read by the same name then
@@ -135,8 +134,7 @@ private Q_SLOTS:
         list_->setCurrentItem(rowOf(list_, "Camera.pan"));
         window_->getHost().open(*store_->find("Camera", "pan"));
         choose("Rename", [](QInputDialog& dialog) { dialog.setTextValue("Schwenk ä.1"); });
-        QVERIFY(store_->find("Camera", "Schwenk ä.1"));
-        QVERIFY(rowOf(list_, "Camera.Schwenk ä.1"));
+        QVERIFY(store_->find("Camera", "Schwenk ä.1") && rowOf(list_, "Camera.Schwenk ä.1"));
         QVERIFY(window_->getHost().isOpen(*store_->find("Camera", "Schwenk ä.1")));
         QVERIFY(!store_->find("Camera", "pan"));
         QCOMPARE(store_->findReported("Camera", "1"), store_->find("Camera", "Schwenk ä.1"));
@@ -185,8 +183,7 @@ private Q_SLOTS:
         window_->getHost().open(*key);
         list_->setCurrentItem(rowOf(list_, "Light.key intensity")->parent());
         choose("Simplify", [](QInputDialog& dialog) { dialog.setDoubleValue(10.0); });
-        QVERIFY(key->spline.getControlPointsNumber() < 30);
-        QVERIFY(fill->spline.getControlPointsNumber() > 100);
+        QVERIFY(key->spline.getControlPointsNumber() < 30 && fill->spline.getControlPointsNumber() > 100);
         const QImage shown = canvas_->grab().toImage();
         window_->getHost().getEditor().updateCurves();
         QVERIFY(canvas_->grab().toImage() == shown);

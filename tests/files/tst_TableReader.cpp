@@ -5,10 +5,8 @@
 #include <curveeditor/files/NumberText.h>
 #include <curveeditor/files/TableReader.h>
 #include <curveeditor/files/TextFields.h>
-#include <curveeditor/model/CurveVariables.h>
-#include <curveeditor/model/FunctionParserBase.h>
-#include <curveeditor/model/SplineBase.h>
 #include <model/CommaLocale.h>
+#include <support/Formulas.h>
 #include <support/Test.h>
 
 #include <array>
@@ -188,10 +186,9 @@ private Q_SLOTS:
     void typedTextIsWhatTheParserMakesOfItWithoutCurves()
     {
         SplineBase spline;
-        CurveVariables curves;
+        ReadCurves curves;
         for (const char* const name : {"pan", "pi", "1,5", "e"})
             curves.add(name, &spline, nullptr);
-        FunctionParserBase::instance()->setVarMapper(&curves);
         const std::pair<double, QStringList> cases[] = {
             {1.5, {"1.5", "1,5", "1\u066B5"}},
             {-0.5, {" -,5 "}},
@@ -241,21 +238,15 @@ private Q_SLOTS:
         QCOMPARE(reread.spline(1234567.875), 0.1);
     }
 
-    void readsWhatIsWhole()
+    void readsWhatIsWholeAndChangesNothingForWhatIsNot()
     {
-        const std::pair<const char*, const char*> cases[] = {
-            {"1\r\n2\r\n3\r\n1\r\nt+1\r\n", "1\n2\n3\n"},
-            {"-1 256 99999999999999999999 * t+1 *2", "0\n255\n255\n"},
-            {"+1-2+255 1 t+1", "1\n0\n255\n"}};
-        for (const auto& [content, color] : cases) {
+        for (const auto& [content, color] : {std::pair("1\r\n2\r\n3\r\n1\r\nt+1\r\n", "1\n2\n3\n"),
+                                             {"-1 256 99999999999999999999 * t+1 *2", "0\n255\n255\n"},
+                                             {"+1-2+255 1 t+1", "1\n0\n255\n"}}) {
             CurveFile file;
             QVERIFY2(read(file, content), content);
             QCOMPARE(text(file), color + std::string("1\nt+1\n"));
         }
-    }
-
-    void changesNothingForWhatIsNot()
-    {
         CurveFile whole, file;
         whole.spline.addPoint(1234567.875, 0.1);
         const std::string spline = text(whole), before = text(file);
@@ -274,21 +265,14 @@ private Q_SLOTS:
         }
     }
 
-    void onlyTheNameIsLowered()
+    void onlyTheNameIsLoweredIfTheChosenFileIsNotThere()
     {
-        const std::pair<QString, QString> cases[] = {{"/Home/Ann/Curve", "/Home/Ann/curve.crv"},
-                                                     {"/A.CRV/CURVE.crv", "/A.CRV/curve.crv"},
-                                                     {"Curve.CRV", "curve.crv.crv"}};
-        for (const auto& [chosen, path] : cases)
-            QCOMPARE(CurveFileStore::pathToSave(chosen), path);
-    }
-
-    void loadsTheChosenFileIfThereIsOne()
-    {
+        QCOMPARE(CurveFileStore::pathToSave("/Home/Ann/Curve"), "/Home/Ann/curve.crv");
+        QCOMPARE(CurveFileStore::pathToSave("/A.CRV/CURVE.crv"), "/A.CRV/curve.crv");
+        QCOMPARE(CurveFileStore::pathToSave("Curve.CRV"), "curve.crv.crv");
         const QTemporaryDir folder;
         const QString chosen = folder.filePath("Curve.crv"), lowered = folder.filePath("curve.crv");
-        QVERIFY(!CurveFileStore::replacesAnotherFile(chosen));
-        QVERIFY(replace(lowered, "a"));
+        QVERIFY(!CurveFileStore::replacesAnotherFile(chosen) && replace(lowered, "a"));
         QCOMPARE(CurveFileStore::pathToLoad(chosen), lowered);
         QVERIFY(CurveFileStore::replacesAnotherFile(chosen) && !CurveFileStore::replacesAnotherFile(lowered));
         QVERIFY(replace(chosen, "b"));
@@ -301,16 +285,14 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString pipe = folder.filePath("pipe"), link = folder.filePath("link");
         mkfifo(pipe.toLocal8Bit(), 0600);
-        QVERIFY(!replace(pipe, "x"));
-        QVERIFY(QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
+        QVERIFY(!replace(pipe, "x") && QFileInfo::exists(pipe) && !QFileInfo(pipe).isFile());
         QFile::link(folder.filePath("target"), link);
         for (const char* content : {"made", "old"})
             QVERIFY(replace(link, content));
         QVERIFY(QFileInfo(link).isSymLink());
         QFile target(folder.filePath("target"));
         QCOMPARE(target.size(), 3);
-        QVERIFY(target.setPermissions(QFile::ReadOwner));
-        QVERIFY(geteuid() == 0 || !replace(link, "x"));
+        QVERIFY(target.setPermissions(QFile::ReadOwner) && (geteuid() == 0 || !replace(link, "x")));
         QVERIFY(QFile::link("endless", folder.filePath("endless")));
         QVERIFY(!replace(folder.filePath("endless"), "x"));
     }

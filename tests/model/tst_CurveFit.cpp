@@ -129,8 +129,7 @@ private Q_SLOTS:
         for (const auto turn : {least, greatest}) {
             const double time = double(turn - values.begin());
             const auto point = std::ranges::find(points, time, &SplineBase::PointInfo::time);
-            QVERIFY(point != points.end());
-            QVERIFY(point->pos == *turn && point->tanLeft == 0.0);
+            QVERIFY(point != points.end() && point->pos == *turn && point->tanLeft == 0.0);
         }
         for (const SplineBase::PointInfo& point : points)
             QVERIFY(point.tanLeft == point.tanRight || &point == &points.front() || &point == &points.back());
@@ -178,8 +177,7 @@ private Q_SLOTS:
         spline.lastType = SplineBase::Loop;
         spline.setDefaultValue(4.0);
         const Result result = CurveFit::simplify(spline, {0.001, false});
-        QVERIFY(result.isDone() && simple.assign(result.spline));
-        QVERIFY(simple.getControlPointsNumber() < 14);
+        QVERIFY(result.isDone() && simple.assign(result.spline) && simple.getControlPointsNumber() < 14);
         QVERIFY(simple.getFirst()->serial != 0 && simple.getFirst()->serial != simple.getLast()->serial);
         for (double time = 0.0; time < 25.0; time += 1.0 / 128)
             QVERIFY(std::abs(simple(time) - spline(time)) < 0.0011);

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/CurveSnapshot.h>
-#include <curveeditor/model/CurveVariables.h>
-#include <curveeditor/model/FunctionFloatBase.h>
-#include <curveeditor/model/FunctionParserBase.h>
-#include <curveeditor/model/SplineBase.h>
 #include <curveeditor/model/SplineState.h>
+#include <support/Formulas.h>
 #include <support/Test.h>
 
 #include <atomic>
@@ -41,12 +38,6 @@ void operator delete(void* piece, std::size_t) noexcept
 namespace {
 
 using Snapshot = std::shared_ptr<const CurveSnapshot>;
-
-std::unique_ptr<FunctionFloatBase> parse(const std::string& text)
-{
-    ParseMessage message;
-    return std::unique_ptr<FunctionFloatBase>(FunctionParserBase::instance()->parseString(text, message));
-}
 
 bool areSame(const std::vector<double>& left, const std::vector<double>& right)
 {
@@ -126,7 +117,7 @@ private Q_SLOTS:
             }
             Snapshot previous = taken.empty() || round % 11 == 0 ? nullptr : taken.back().first;
             if (round % 13 == 0)
-                previous = CurveSnapshot::of(*parse("t"), 25.0, CurveVariables());
+                previous = CurveSnapshot::of(*parsed("t"), 25.0, CurveVariables());
             std::vector<double> values(times.size());
             spline.evaluate(times.data(), values.data(), times.size());
             taken.emplace_back(CurveSnapshot::of(spline, previous), values);
@@ -182,20 +173,19 @@ private Q_SLOTS:
 
     void formulaKeepsItsValues()
     {
-        CurveVariables variables;
-        FunctionParserBase::instance()->setVarMapper(&variables);
+        ReadCurves variables;
         auto spline = std::make_unique<SplineBase>();
         fill(*spline, 20000);
         auto holder = std::make_unique<FunctionFloatBase*>(nullptr);
         variables.add("g.spline", spline.get(), nullptr);
         variables.add("g.formula", nullptr, holder.get());
-        auto inner = parse("if(t>3,g.spline*f,sin(g.spline))");
+        auto inner = parsed("if(t>3,g.spline*f,sin(g.spline))");
         *holder = inner.get();
-        auto outer = parse("g.formula^2/7+g.spline");
+        auto outer = parsed("g.formula^2/7+g.spline");
         std::string text = "g.formula"; // so deep that blocks are short
         for (int i = 0; i < 100; ++i)
             text = "t-(f-" + text + ")";
-        auto deep = parse(text);
+        auto deep = parsed(text);
         QVERIFY(inner && outer && deep);
         std::vector<double> times{notANumber, infinity};
         for (int i = 0; i < 700; ++i)
@@ -232,12 +222,11 @@ private Q_SLOTS:
         CurveVariables variables;
         FunctionParserBase* const parser = FunctionParserBase::instance();
         parser->setVarMapper(mapper.get());
-        const auto reader = parse("2own");
-        QVERIFY(!CurveSnapshot::of(*reader, 25.0, *mapper));
-        QVERIFY(!CurveSnapshot::of(*reader, 25.0, variables));
+        const auto reader = parsed("2own");
+        QVERIFY(!CurveSnapshot::of(*reader, 25.0, *mapper) && !CurveSnapshot::of(*reader, 25.0, variables));
         FunctionFloatBase* holder = reader.get();
         QVERIFY(mapper->add("g.reader", nullptr, &holder));
-        QVERIFY(!CurveSnapshot::of(*parse("g.reader+1"), 25.0, *mapper));
+        QVERIFY(!CurveSnapshot::of(*parsed("g.reader+1"), 25.0, *mapper));
         parser->setVarMapper(&variables);
         variables.add("own", nullptr, nullptr);
         QVERIFY(!CurveSnapshot::of(*reader, 25.0, variables));
@@ -245,24 +234,23 @@ private Q_SLOTS:
         const Snapshot unknown = CurveSnapshot::of(*reader, 25.0, variables);
         QVERIFY(unknown && (*unknown)(1.0) == 0.0);
         variables.add("t", nullptr, nullptr); // which no formula can read
-        const Snapshot time = CurveSnapshot::of(*parse("1+t"), 25.0, variables);
+        const Snapshot time = CurveSnapshot::of(*parsed("1+t"), 25.0, variables);
         QVERIFY(time && (*time)(3.0) == 4.0);
     }
 
     /// How long, in milliseconds: CURVEEDITOR_THREADS_RUN.
     void threadsReadWholeStates()
     {
-        CurveVariables variables;
-        FunctionParserBase::instance()->setVarMapper(&variables);
+        ReadCurves variables;
         SplineBase a, b;
         std::unique_ptr<FunctionFloatBase> formula;
         FunctionFloatBase* holder = nullptr;
         variables.add("g.a", &a, nullptr);
         variables.add("g.b", &b, nullptr);
         variables.add("g.sum", nullptr, &holder);
-        formula = parse("g.a+g.b");
+        formula = parsed("g.a+g.b");
         holder = formula.get();
-        auto difference = parse("g.sum-2g.a+0*sin(t)");
+        auto difference = parsed("g.sum-2g.a+0*sin(t)");
         QVERIFY(formula && difference);
 
         struct State
@@ -311,17 +299,16 @@ private Q_SLOTS:
                 for (SplineBase::PointInfo* const point : spline->getControlPoints())
                     point->pos = step;
             }
-            formula = parse(step % 2 ? "g.a+g.b" : "g.b+g.a*1");
+            formula = parsed(step % 2 ? "g.a+g.b" : "g.b+g.a*1");
             holder = formula.get();
-            difference = parse("g.sum-2g.a+0*sin(t)");
+            difference = parsed("g.sum-2g.a+0*sin(t)");
             difference->evaluate();
             State next{CurveSnapshot::of(a, shared.spline), CurveSnapshot::of(*difference, 25.0, variables)};
             const std::lock_guard lock(mutex);
             std::swap(shared, next);
         }
         isOver = true;
-        QVERIFY(first.get() > 1);
-        QVERIFY(second.get() > 1);
+        QVERIFY(first.get() > 1 && second.get() > 1);
     }
 };
 

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/BlockReading.h>
 #include <curveeditor/model/CurveSnapshot.h>
-#include <curveeditor/model/CurveVariables.h>
 #include <curveeditor/model/EvaluationTime.h>
 #include <curveeditor/model/ExpressionCode.h>
-#include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionFloatOperation.h>
-#include <curveeditor/model/FunctionParserBase.h>
-#include <curveeditor/model/ParserVarMapper.h>
 #include <curveeditor/model/SplineBase.h>
 #include <model/CommaLocale.h>
+#include <support/Formulas.h>
 #include <support/Test.h>
 
 #include <latch>
@@ -36,8 +33,8 @@ double valueAt(FunctionFloatBase& expression, double time, double framesPerTimeU
 
 double valueAt(const std::string& text, double time)
 {
-    const Parsed parsed(text);
-    return parsed.tree ? valueAt(*parsed.tree, time) : notANumber;
+    const auto tree = parsed(text);
+    return tree ? valueAt(*tree, time) : notANumber;
 }
 
 bool isSame(double a, double b)
@@ -66,28 +63,24 @@ Texts addRows(const char* table)
     return add;
 }
 
-class TestMapper : public ParserVarMapper
+struct TestMapper : ParserVarMapper
 {
-public:
     explicit TestMapper(const std::vector<std::string>& names)
     {
         for (const std::string& name : names)
-            add(name, 1.0 + double(values_.size()));
+            add(name, 1.0 + double(values.size()));
         parser->setVarMapper(this);
     }
-
     void add(const std::string& name, double value, std::int32_t type = 3)
     {
         addName(name);
-        values_[getStoredName(name)] = {value, type};
+        values[getStoredName(name)] = {value, type};
     }
     void remove(const std::string& name) { removeName(name); }
+    double getValue(const std::string& name) const override { return values.at(name).first; }
+    std::int32_t getType(const std::string& name) const override { return values.at(name).second; }
 
-    double getValue(const std::string& name) const override { return values_.at(name).first; }
-    std::int32_t getType(const std::string& name) const override { return values_.at(name).second; }
-
-private:
-    std::map<std::string, std::pair<double, std::int32_t>> values_;
+    std::map<std::string, std::pair<double, std::int32_t>> values;
 };
 
 // A text in which each "%" of a random pattern is another such text.
@@ -147,31 +140,25 @@ struct HostCurve
     FunctionFloatBase* holder = nullptr;
 };
 
-class Host
+struct Host
 {
-public:
-    Host() : variables(std::make_unique<CurveVariables>()) { parser->setVarMapper(variables.get()); }
-
     HostCurve& add(const std::string& name, const std::string& text = "")
     {
-        HostCurve& curve = curves_.emplace_back(text);
+        HostCurve& curve = curves.emplace_back(text);
         variables->add(name, &curve.spline, &curve.holder);
         return curve;
     }
-
     /// Adds g.cN for each N, with `text` in which %1 is the one before it. Returns the last.
     HostCurve& addChain(int first, int last, const QString& text)
     {
         for (int i = first; i <= last; ++i)
             add("g.c" + std::to_string(i),
                 QString(text).replace("%1", QString("g.c%1").arg(i - 1)).toStdString());
-        return curves_.back();
+        return curves.back();
     }
 
-    std::unique_ptr<CurveVariables> variables;
-
-private:
-    std::list<HostCurve> curves_;
+    std::unique_ptr<CurveVariables> variables = std::make_unique<ReadCurves>();
+    std::list<HostCurve> curves;
 };
 
 /// Infinite unless the expression has the same value by itself and in a block, and, if there is to be one, in a
@@ -372,24 +359,16 @@ private Q_SLOTS:
         }
     }
 
-    void keysAreFoundByName()
+    void keysAreFoundByNameAndListedOnce()
     {
-        TestMapper mapper({"a.x"});
+        TestMapper mapper({"a.x", "b.y"});
         Key* const key = parser->getKey("A.x");
-        QVERIFY(key && key->name == "a.x" && !parser->getKey("b.y"));
-        QCOMPARE(key->getValue(), 1.0);
+        QVERIFY(key && key->name == "a.x" && key->getValue() == 1.0 && !parser->getKey("c.z"));
         mapper.add("a.x", 9.0);
-        QCOMPARE(parser->getKey("a.x"), key);
-        QCOMPARE(key->getValue(), 9.0);
-    }
-
-    void allVarsAreListedOnce()
-    {
-        const TestMapper mapper({"b.y", "a.x"});
-        const Parsed parsed("B.y*if(f>1,a.x,t)+b.y-t");
+        QVERIFY(parser->getKey("a.x") == key && key->getValue() == 9.0);
         std::vector<std::string> names;
-        for (const Key* key : parser->getAllVars(parsed.tree.get()))
-            names.push_back(key->name);
+        for (const Key* listed : parser->getAllVars(Parsed("B.y*if(f>1,a.x,t)+b.y-t").tree.get()))
+            names.push_back(listed->name);
         QCOMPARE(names, (std::vector<std::string>{"b.y", "f", "a.x", "t"}));
         QVERIFY(parser->getAllVars(nullptr).empty());
     }
@@ -518,8 +497,7 @@ private Q_SLOTS:
         const std::string longest(FunctionParserBase::maximumLength - 1, ' ');
         QVERIFY(Parsed(longest + "t").tree);
         const Parsed parsed(longest + "t+2");
-        QVERIFY(!parsed.tree);
-        QCOMPARE(parsed.message.code, int(ParseMessage::OtherError));
+        QVERIFY(!parsed.tree && parsed.message.code == int(ParseMessage::OtherError));
         QCOMPARE(parsed.message.errors.front(),
                  std::pair(std::uint32_t(longest.size() + 1), std::uint32_t(2)));
 
@@ -570,13 +548,10 @@ private Q_SLOTS:
         ramp.spline.addPoint(10.0, 100.0);
         const HostCurve& reader = host.add("g.reader", "g.ramp+t");
         QCOMPARE(readAt(*reader.holder, 4.0), ramp.spline(4.0) + 4.0);
-        QCOMPARE(readAt(*reader.holder, 20.0), 100.0 + 20.0);
-
         ramp.set("f*2");
         QCOMPARE(readAt(*reader.holder, 4.0), 200.0 + 4.0);
         ramp.holder = nullptr;
         QCOMPARE(readAt(*reader.holder, 20.0), 100.0 + 20.0);
-
         host.variables->remove("g.ramp");
         QVERIFY(host.variables->add("g.ramp", nullptr, nullptr));
         QCOMPARE(readAt(*reader.holder, 4.0), 4.0);
@@ -588,7 +563,6 @@ private Q_SLOTS:
         host.add("Cam 1.Left Eye", "5");
         host.add("", "6");
         const HostCurve reader("2CAM_1.left_eye");
-        QVERIFY(reader.holder);
         QCOMPARE(reader.holder->evaluate(), 10.0);
 
         host.variables->rename("cam_1.left_eye", "cam_2.left_eye");

@@ -53,8 +53,7 @@ private:
         const CurveDiff diff = CurveDiff::between(before, curve.spline, curve.kind, curve.formula);
         CurveState state = before;
         [&] {
-            QVERIFY(diff.apply(state) && state == after);
-            QVERIFY(diff.revert(state) && state == before);
+            QVERIFY(diff.apply(state) && state == after && diff.revert(state) && state == before);
             QCOMPARE(diff.isEmpty(), before == after);
             QCOMPARE(diff.toString().empty(), before == after);
             QCOMPARE(diff.toString(), CurveDiff::between(before, after).toString());
@@ -128,12 +127,7 @@ private Q_SLOTS:
                     const double size =
                         std::max({std::abs(slope), std::abs(before) / span, std::abs(after) / span});
                     QVERIFY2(std::isfinite(slope) && (near(slope, expected, 1e-5 * size) || size > 1e290),
-                             qPrintable(QStringLiteral("%1 %2 %3: %4, %5")
-                                            .arg(specimen.name.c_str())
-                                            .arg(behaviour)
-                                            .arg(i)
-                                            .arg(slope)
-                                            .arg(expected)));
+                             specimen.name.c_str());
                 }
                 QVERIFY(spline.slope(notANumber) == 0.0 && spline.slope(infinity) == 0.0);
             }
@@ -415,19 +409,11 @@ private Q_SLOTS:
         }
     }
 
-    void fingerprintsTellFieldsApart()
-    {
-        SplineState states[2];
-        for (int i = 0; i < 2; ++i) {
-            PointInfo& point = states[i].points.emplace_back();
-            point.tension = point.easeFrom = i == 0 ? 0.5 : 0.0;
-            point.continuity = point.easeTo = i == 0 ? 0.0 : 0.5;
-        }
-        QVERIFY(states[0].fingerprint() != states[1].fingerprint());
-    }
-
     void badStatesAndStrangersChangeNothing()
     {
+        const SplineState left{{{.tension = 0.5, .easeFrom = 0.5}}},
+            right{{{.continuity = 0.5, .easeTo = 0.5}}};
+        QVERIFY(left.fingerprint() != right.fingerprint());
         SplineBase spline;
         spline.addPoint(1.0, 2.0);
         const SplineState good = spline.state();

@@ -3,8 +3,6 @@
 
 #include <curveeditor/canvas/CanvasSpline.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
-#include <curveeditor/model/CurveVariables.h>
-#include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/panel/ControlMenu2.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
@@ -16,6 +14,7 @@
 #include <curveeditor/shell/ViewportSettings.h>
 
 #include <support/Drop.h>
+#include <support/Formulas.h>
 #include <support/Test.h>
 
 /// A curve of a host: a spline of the points (0, 0) and (5, 1), and an empty expression variable.
@@ -60,6 +59,25 @@ struct EditorFixture
     /// Presses and releases the left button on the second point of the current curve.
     void clickPoint() { QTest::mouseClick(&canvas, Qt::LeftButton, {}, pixel(5.0, 1.0)); }
     void key(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&canvas, key, keys); }
+    void enter(const QString& formula)
+    {
+        editor.commandLine->setText(formula);
+        QTest::keyClick(editor.commandLine, Qt::Key_Return);
+    }
+    /// What the user sees of the canvas, without a paint that nobody asked for.
+    QImage shown() const
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents(); // the focus that came back from a dialog
+        const auto& window = static_cast<const QImage&>(*editor.backingStore()->paintDevice());
+        return window.copy(QRect(canvas.mapTo(&editor, QPoint()), canvas.size()));
+    }
+    bool showsWhatIsDrawnFromScratch() const
+    {
+        const QImage present = shown();
+        editor.updateCurves();
+        return present == shown();
+    }
     /// Moves report no button of their own, only the one that is held.
     static void sendMouse(QWidget& receiver, QEvent::Type type, const QPoint& at,
                           Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {})

@@ -4,7 +4,6 @@
 #include "EditorFixture.h"
 
 #include <curveeditor/canvas/ControlMenu.h>
-#include <support/CountedNode.h>
 
 inline constexpr auto ctrl = Qt::ControlModifier, shift = Qt::ShiftModifier, alt = Qt::AltModifier;
 
@@ -14,7 +13,6 @@ struct Scene : EditorFixture
 {
     Scene() : EditorFixture({})
     {
-        FunctionParserBase::instance()->setVarMapper(&variables);
         for (const QString name : {"a.x", "a.y", "a.z"})
             add(name);
         for (auto& [name, curve] : curves)
@@ -22,8 +20,7 @@ struct Scene : EditorFixture
         curves["a.x"].spline.modify(1)->type = SplineBase::Bezier;
         curves["a.x"].spline.addPoint(8.0, -1.0);
         curves["a.y"].spline.setPos(curves["a.y"].spline.modify(1), -2.0);
-        ParseMessage message;
-        curves["a.z"].expression = FunctionParserBase::instance()->parseString("a.x+1", message);
+        curves["a.z"].expression = parsed("a.x+1").release();
         for (const QString name : {"a.z", "a.y", "a.x"})
             editor.setEditingNode(name);
         editor.resize(900, 700);
@@ -43,20 +40,6 @@ struct Scene : EditorFixture
         for (const QString name : {"a.x", "a.y", "a.z"})
             found[name] = canvas.canvas.findCurve(name)->curve()->state();
         return found;
-    }
-    /// What the user sees of the canvas, without a paint that nobody asked for.
-    QImage shown()
-    {
-        QCoreApplication::processEvents();
-        QCoreApplication::processEvents(); // the focus that came back from a dialog
-        const auto& window = static_cast<const QImage&>(*editor.backingStore()->paintDevice());
-        return window.copy(QRect(canvas.mapTo(&editor, QPoint()), canvas.size()));
-    }
-    bool showsWhatIsDrawnFromScratch()
-    {
-        const QImage present = shown();
-        editor.updateCurves();
-        return present == shown();
     }
     Scene& mouse(QEvent::Type type, const QPoint& at, Qt::MouseButton button = Qt::LeftButton,
                  Qt::KeyboardModifiers keys = {})
@@ -112,33 +95,62 @@ struct Scene : EditorFixture
             menu.close();
         });
     }
-    void choose(int id)
+    Scene& choose(int id)
     {
         whenMenuOpens(id);
-        mouse(QEvent::MouseButtonPress, pixel(6.0, 2.0), Qt::RightButton);
+        return press(6.0, 2.0, {}, Qt::RightButton);
     }
-    void type(CustomEditLine* field, const QString& text)
+    Scene& type(CustomEditLine* field, const QString& text)
     {
         field->setFocus();
         field->selectAll();
         QTest::keyClicks(field, text);
-    }
-    void paste(const QString& text, Qt::KeyboardModifiers keys = ctrl)
-    {
-        QGuiApplication::clipboard()->setText(text);
-        key(Qt::Key_V, keys);
-    }
-    Scene& enter(const QString& text)
-    {
-        editor.commandLine->setText(text);
-        QTest::keyClick(editor.commandLine, Qt::Key_Return);
         return *this;
     }
+    Scene& paste(const QString& text, Qt::KeyboardModifiers keys = ctrl)
+    {
+        QGuiApplication::clipboard()->setText(text);
+        return key(Qt::Key_V, keys);
+    }
+    Scene& undo() { return editor.undo(), *this; }
+    Scene& redo() { return editor.redo(), *this; }
+    Scene& updateCurves() { return editor.updateCurves(), *this; }
+    Scene& page(int index) { return editor.tabWidget2->setCurrentIndex(index), *this; }
+    Scene& focusCanvas() { return canvas.setFocus(), *this; }
+    Scene& remove(const QString& curve) { return editor.removeCurve("a", curve), *this; }
+    Scene& forgetChanges() { return changes.clear(), *this; }
+    Scene& trigger(const char* action) { return editor.action(action)->trigger(), *this; }
+    Scene& timeLineAt(double time) { return editor.setTimeLine(time), *this; }
+    Scene& allCurves(bool on = true) { return canvas.canvas.setEditsAllCurves(on), *this; }
+    Scene& snapTo(unsigned kinds)
+    {
+        canvas.canvas.hands().guide.isSnapping = true;
+        canvas.canvas.hands().guide.snap.kinds = kinds;
+        return *this;
+    }
+    /// Takes all off the canvas and puts these there again, the last of which is current.
+    Scene& reopen(const QStringList& names)
+    {
+        editor.cleanSelecteds();
+        for (const QString& name : names)
+            editor.setEditingNode(name);
+        return *this;
+    }
+    /// Drags the right handle of the second point up to (6, 3).
+    Scene& dragHandle()
+    {
+        const QPoint handle =
+            clickPoint().canvas.canvas.currentSpline()->rightHandle(pixel(5.0, 1.0), 1, false);
+        return pressAt(handle).move(6.0, 3.0).release(6.0, 3.0);
+    }
+    Scene& enter(const QString& text) { return EditorFixture::enter(text), *this; }
+    /// What a dialog says of its work.
+    static QString outcome(const QWidget& dialog) { return dialog.findChild<QLabel*>("outcome")->text(); }
     int entries() const { return editor.undoStack()->count(); }
     ControlSplineNode& control() const { return *canvas.canvas.currentControl(); }
 
     SplineBase& x = curves["a.x"].spline;
-    CurveVariables variables;
+    ReadCurves variables;
     QStringList commits;
     QList<QPointF> intervals;
     CurveChange::Cause lastCause = CurveChange::Cause::Edit;

@@ -303,7 +303,7 @@ private Q_SLOTS:
         QVERIFY(fixture->canvas.grab().toImage() != shown);
     }
 
-    void failedSaveIsReported()
+    void failedSaveIsReportedAndAnotherFileIsReplacedOnlyIfConfirmed()
     {
         QVERIFY(QDir(folder.path()).mkdir("scene.crv"));
         choose(folder.filePath("Scene"), &CurveEditor::saveFile, [] {
@@ -315,10 +315,6 @@ private Q_SLOTS:
         diskIsFaulty = false;
         QCOMPARE(closeBox(), "The curve was saved to " + folder.filePath("safe.crv") +
                                  ", but is perhaps not yet on the disk.");
-    }
-
-    void otherFileIsReplacedOnlyIfConfirmed()
-    {
         for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
             QFile file(written(folder, "take.crv", "old"));
             choose(folder.filePath("Take"), &CurveEditor::saveFile, [answer] {

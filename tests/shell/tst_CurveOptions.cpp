@@ -68,7 +68,7 @@ QString fit(Scene& s, Qt::Key key, const QString& tolerance, const std::function
     if (meanwhile)
         meanwhile();
     dialog->accept();
-    const QString outcome = dialog->findChild<QLabel*>("outcome")->text();
+    const QString outcome = s.outcome(*dialog);
     dialog->reject();
     return outcome;
 }
@@ -92,12 +92,9 @@ private Q_SLOTS:
         row("ease", told, [](Scene& s) { s.selectTwo().key(Qt::Key_E); });
         row("menu: type", told, [](Scene& s) { s.selectTwo().choose(1); });
         row("number", {}, [](Scene& s) { s.clickPoint().type(s.editor.posY, "3"); });
-        row("type", {}, [](Scene& s) {
-            s.clickPoint();
-            s.editor.nodeTypeCombo->activated(0);
-        });
+        row("type", {}, [](Scene& s) { s.clickPoint().editor.nodeTypeCombo->activated(0); });
         row("table", {}, [](Scene& s) {
-            s.editor.tabWidget2->setCurrentIndex(2);
+            s.page(2);
             auto* const model = s.editor.findChild<QTableView*>("pointTable")->model();
             const QModelIndex cell = model->index(1, 1);
             QCOMPARE(model->setData(cell, "7"), cell.flags().testFlag(Qt::ItemIsEditable));
@@ -188,18 +185,17 @@ private Q_SLOTS:
                 strayed = straying(before, s.states());
         });
         edit(s);
-        s.canvas.setFocus(); // what is typed is told now
+        s.focusCanvas(); // what is typed is told now
         QCOMPARE(strayed, std::nullopt);
         QCOMPARE(straying(before, s.states()), std::nullopt);
         QCOMPARE(Invariants::fault(s.editor), QString());
-        QVERIFY(s.entries() > 0 || s.commits.isEmpty());
-        QVERIFY(copies == s.states());
+        QVERIFY((s.entries() > 0 || s.commits.isEmpty()) && copies == s.states());
         while (s.editor.undoStack()->canUndo())
-            s.editor.undo();
+            s.undo();
         QVERIFY(s.states() == before && copies == before);
     }
 
-    void valuesAreBounded()
+    void valuesAreBoundedAndUnsoundOptionsChangeNothing()
     {
         constexpr double most = std::numeric_limits<double>::max(), least = 5e-324;
         const double rows[][5] = {{-most, most, 0.0, 0.3, 0.3}, {-most, most, 1.0, 1e300, 1e300},
@@ -211,10 +207,6 @@ private Q_SLOTS:
             QCOMPARE(found, bounded);
             QCOMPARE(std::signbit(found), std::signbit(bounded)); // no -0.0
         }
-    }
-
-    void unsoundOptionsChangeNothing()
-    {
         Scene s;
         s.editor.setCurveOptions("a", "x", steps(1.0, 2.0, 0.5));
         std::vector unsound{steps(2.0, 1.0, 0.0), steps(0.0, 9.0, -1.0), steps(0.2, 0.8, 1.0)};
@@ -243,14 +235,14 @@ private Q_SLOTS:
         };
         const auto kinds = [&](QString& outcome) {
             outcome = fit(s, Qt::Key_S, "9");
-            s.editor.undo();
+            s.undo();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             s.key(Qt::Key_B, shift);
             auto* const dialog = s.editor.findChild<FitDialog*>();
             auto* const kind = dialog->findChild<QComboBox*>("kind");
             const QString found = offered(kind);
             kind->setCurrentIndex(kind->count() - 1);
-            outcome += ' ' + dialog->findChild<QLabel*>("outcome")->text();
+            outcome += ' ' + s.outcome(*dialog);
             dialog->reject();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             return found;
@@ -270,7 +262,7 @@ private Q_SLOTS:
         allow({SplineBase::Tcb, SplineBase::Bezier});
         s.press(7.0, 2.5, ctrl).release(7.0, 2.5);
         QCOMPARE(s.x.getPrev(8.0)->type, SplineBase::Tcb); // in a segment of Bezier
-        s.editor.undo();
+        s.undo();
         allow({SplineBase::Linear});
         s.selectTwo().key(Qt::Key_E);
         QCOMPARE(s.canvas.canvas.toldText(), "Ease: a.x may have no Bezier points");
@@ -292,7 +284,7 @@ private Q_SLOTS:
         });
         s.mouse(QEvent::MouseButtonPress, s.pixel(6.0, 2.0), Qt::RightButton);
         QCOMPARE(menu, "LinearBezierkeykey");
-        s.editor.tabWidget2->setCurrentIndex(2);
+        s.page(2);
         auto* const table = s.editor.findChild<QTableView*>("pointTable");
         table->edit(table->model()->index(1, 2));
         QCOMPARE(offered(table->viewport()->findChild<QComboBox*>()), "Linear Bezier");
@@ -330,7 +322,7 @@ private Q_SLOTS:
     void lockedCurveLooksSo()
     {
         Scene s;
-        s.editor.tabWidget2->setCurrentIndex(2);
+        s.page(2);
         const auto pictures = [&s] {
             return QList{s.shown(), s.editor.checkListsEditing->viewport()->grab().toImage(),
                          s.editor.findChild<QTableView*>("pointTable")->viewport()->grab().toImage()};
@@ -357,14 +349,13 @@ private Q_SLOTS:
         row("Delete", [](Scene& s) { s.key(Qt::Key_Delete); });
         row("arrow and Delete", [](Scene& s) { s.key(Qt::Key_Right), s.key(Qt::Key_Delete); });
         row("line", [](Scene& s) {
-            s.turnTo("a.y").press(2.0, s.x(2.0)).release(2.0, s.x(2.0));
-            s.editor.resetSelectedF();
+            s.turnTo("a.y").press(2.0, s.x(2.0)).release(2.0, s.x(2.0)).editor.resetSelectedF();
         });
         row("menu", [](Scene& s) {
             s.control().selectPoints({s.x[1]->serial}); // in the table, which shows the points
-            s.turnTo("a.y").editor.action("deleteKeyAction")->trigger();
+            s.turnTo("a.y").trigger("deleteKeyAction");
         });
-        row("insert", [](Scene& s) { s.editor.setTimeLine(2.0), s.key(Qt::Key_I, shift); });
+        row("insert", [](Scene& s) { s.timeLineAt(2.0), s.key(Qt::Key_I, shift); });
         row("paste", [](Scene& s) { s.paste("7\t0\n9\t1\n"); });
         row("reset all", [](Scene& s) { s.editor.resetAllCheckedF(); });
         for (const auto& [name, key] : {std::pair("simplify", Qt::Key_S), {"bake", Qt::Key_B}}) {
@@ -391,9 +382,8 @@ private Q_SLOTS:
     void hiddenCurvesAreNeitherDrawnNorSelected()
     {
         Scene s;
-        s.drag(5.0, 1.0, 6.0, 2.0).hide("x").turnTo("a.y").editor.undo();
-        QVERIFY(s.x[1]->time == 5.0 && s.current() == "a.y");
-        QVERIFY(!s.turnTo("a.x").control().hasSelection());
+        s.drag(5.0, 1.0, 6.0, 2.0).hide("x").turnTo("a.y").undo();
+        QVERIFY(s.x[1]->time == 5.0 && s.current() == "a.y" && !s.turnTo("a.x").control().hasSelection());
         const QImage hidden = s.hide("y").hide("z").shown();
         s.key(Qt::Key_Home).key(Qt::Key_F);
         QVERIFY(s.shown() == hidden);
@@ -469,19 +459,14 @@ private Q_SLOTS:
             s.editor.setEditingNode(name);
         QCOMPARE(seen(), "zyx");
 
-        s.canvas.setFocus();
-        s.key(Qt::Key_H, shift);
-        CurveOptions options;
-        options.hidden = options.locked = true;
-        s.editor.setCurveOptions("a", "x", options);
+        s.focusCanvas().key(Qt::Key_H, shift).hide("x").lock("x");
         QCOMPARE(seen(), "zy");
         for (const CurveMark mark : allCurveMarks) {
             clickMark(s, mark);
             QCOMPARE(tipOf(s, mark).startsWith("The application"), mark != CurveMark::Solo);
             QVERIFY(s.canvas.canvas.toldText().startsWith("The application"));
         }
-        s.canvas.setFocus();
-        s.key(Qt::Key_L).key(Qt::Key_H).key(Qt::Key_H, shift);
+        s.focusCanvas().key(Qt::Key_L).key(Qt::Key_H).key(Qt::Key_H, shift);
         s.editor.setCurveOptions("a", "x", {});
         QCOMPARE(seen(), "x");
         s.clickPoint().key(Qt::Key_Right, alt);
@@ -504,8 +489,7 @@ private Q_SLOTS:
         s.lock("y");
         const CurveState y = s.states()["a.y"];
         s.key(Qt::Key_A, shift).drag(4.0, 2.5, 6.0, -2.5); // a band
-        s.changes.clear();
-        s.drag(5.0, 1.0, 6.0, 2.0);
+        s.forgetChanges().drag(5.0, 1.0, 6.0, 2.0);
         QCOMPARE(s.editor.undoStack()->undoText(), "Move a point of a.x");
         s.key(Qt::Key_Delete);
         QCOMPARE(s.editor.undoStack()->undoText(), "Delete a point of a.x");
@@ -521,20 +505,19 @@ private Q_SLOTS:
         for (const bool isTyped : {false, true}) {
             Scene s;
             const auto before = s.states();
-            isTyped ? s.clickPoint().type(s.editor.posY, "3") : void(s.press(5.0, 1.0).move(6.0, 2.0));
+            isTyped ? s.clickPoint().type(s.editor.posY, "3") : s.press(5.0, 1.0).move(6.0, 2.0);
             const auto after = s.states();
             s.lock("y");
             QVERIFY(s.canvas.canvas.door().isOpen() && s.commits.isEmpty());
-            s.changes.clear();
-            s.lock("x");
+            s.forgetChanges().lock("x");
             QVERIFY(s.commits == QStringList{"a/x"} && s.changes == s.commits);
             QVERIFY(after != before && !s.editor.posY->isEnabled());
             s.editor.posY->newValueSet(4.0, s.editor.posY);
             s.move(7.0, 1.0).release(7.0, 1.0);
             QVERIFY(s.states() == after && s.entries() == 1);
-            s.editor.undo();
+            s.undo();
             QVERIFY(s.states() == before);
-            s.editor.redo();
+            s.redo();
             QVERIFY(s.states() == after);
             s.lock("x", false);
             QVERIFY(s.editor.posY->isEnabled());
@@ -560,8 +543,7 @@ private Q_SLOTS:
         s.editor.setEditingNode("a.w");
         s.editor.resetSelectedF();
         QCOMPARE(s.canvas.canvas.toldText(), "a.w is locked.");
-        s.editor.removeCurve("a", "w");
-        s.add("a.x");
+        s.remove("w").add("a.x");
         QVERIFY(!areLocked("w", "x"));
     }
 };

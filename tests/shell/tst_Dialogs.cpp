@@ -106,10 +106,16 @@ private Q_SLOTS:
         }
     }
 
-    void disabledFieldsDifferAndReadOutsCanBeRead()
+    void fontOfTheHostStaysDisabledFieldsDifferAndReadOutsCanBeRead()
     {
         CurveEditor editor;
+        editor.setFont(QFont("Arial"));
+        editor.setTheme(CurveEditorTheme::described());
         editor.setTheme(CurveEditorTheme::dark());
+        const auto* const filter = editor.findChild<QLineEdit*>("filterLine");
+        for (const QWidget* const part :
+             std::initializer_list<const QWidget*>{editor.mainMenu, filter, editor.posX, editor.textBias})
+            QCOMPARE(part->font().family(), "Arial");
         QPalette colors(QColor(44, 48, 54), QColor(34, 38, 44));
         colors.setColor(QPalette::Base, editor.theme().field);
         colors.setColor(QPalette::Disabled, QPalette::Text, QColor(70, 76, 84));
@@ -120,18 +126,6 @@ private Q_SLOTS:
         const QPalette readOut = editor.findChild<CustomEditLine*>("funcTimeEdit")->palette();
         QVERIFY(contrastOf(readOut.color(QPalette::Disabled, QPalette::Text),
                            readOut.color(QPalette::Disabled, QPalette::Base)) >= 4.5);
-    }
-
-    void fontOfTheHostStaysWhateverTheTheme()
-    {
-        CurveEditor editor;
-        editor.setFont(QFont("Arial"));
-        editor.setTheme(CurveEditorTheme::light());
-        editor.setTheme(CurveEditorTheme::described());
-        const auto* const filter = editor.findChild<QLineEdit*>("filterLine");
-        for (const QWidget* const part :
-             std::initializer_list<const QWidget*>{editor.mainMenu, filter, editor.posX, editor.textBias})
-            QCOMPARE(part->font().family(), "Arial");
     }
 
     void textsAreNotCutOffInAnyFont_data()
@@ -244,7 +238,7 @@ private Q_SLOTS:
         QVERIFY(!isBlank(s.editor.tcbCurve) && s.editor.tcbCurve->grab().toImage() != shown);
         s.editor.tcbCurve->resize(50, 50);
         QVERIFY(isBlank(s.editor.tcbCurve));
-        s.editor.tabWidget2->setCurrentIndex(2);
+        s.page(2);
         QVERIFY(!isBlank(s.editor.findChild<QTableView*>()->viewport()));
     }
 
@@ -294,8 +288,7 @@ private Q_SLOTS:
         const QStringList actions = second->actionInterface()->actionNames();
         QCOMPARE(second->actionInterface()->localizedActionName(actions[0]), "Select");
         second->actionInterface()->doAction(actions[0]);
-        QVERIFY(second->state().selected && canvas->focusChild() == second);
-        QVERIFY(s.editor.posY->isEnabled());
+        QVERIFY(second->state().selected && canvas->focusChild() == second && s.editor.posY->isEnabled());
         QCOMPARE(canvas->text(QAccessible::Description), "3 points, 1 selected");
         second->actionInterface()->doAction(actions[1]);
         QCOMPARE(s.changes, QStringList{"a/x"});
@@ -311,7 +304,7 @@ private Q_SLOTS:
             s.x.remove(s.x[2]);
         }
         QVERIFY(!QAccessible::accessibleInterface(lost));
-        s.canvas.canvas.setCurrentCurve("a.z");
+        s.turnTo("a.z");
         QVERIFY(canvas->childCount() == 0 && !canvas->child(0));
     }
 
@@ -329,14 +322,11 @@ private Q_SLOTS:
         const QString moved = QString::number(QAccessible::NameChanged, 16) + u' ';
         const QString first = "Point 1 of 3, frame 0, value 0";
         const QString second = "Point 2 of 3, frame 50, value ";
-        s.key(Qt::Key_Right);
-        s.key(Qt::Key_Right);
+        s.key(Qt::Key_Right).key(Qt::Key_Right);
         QCOMPARE(told, (QStringList{selected + first, focused + first, selected + second + "1",
                                     focused + second + "1"}));
         s.key(Qt::Key_Tab); // opens the page
-        s.type(s.editor.posY, "3");
-        s.canvas.setFocus();
-        s.key(Qt::Key_Z, Qt::ControlModifier);
+        s.type(s.editor.posY, "3").focusCanvas().key(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(told.mid(4), (QStringList{moved + second + "3", moved + second + "1"}));
         s.drag(5.0, 1.0, 6.0, 1.0);
         QCOMPARE(told.size(), 7); // a drag is told when it is done
@@ -347,8 +337,7 @@ private Q_SLOTS:
         Scene s;
         s.drag(5.0, 1.0, 6.0, 1.0); // an entry to be undone, a selected point and read-outs
         s.choose(0);                // makes the menu over points
-        s.editor.tabWidget2->setCurrentIndex(2);
-        s.editor.nodeLast->setCurrentIndex(3);
+        s.page(2).editor.nodeLast->setCurrentIndex(3);
         auto* const table = s.editor.findChild<QTableView*>("pointTable");
         table->edit(table->model()->index(1, 2)); // a list of types
         CurveEditor empty;

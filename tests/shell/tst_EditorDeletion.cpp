@@ -73,7 +73,7 @@ QMainWindow* dock(Scene& s)
     window->resize(900, 700);
     window->show();
     window->activateWindow();
-    s.canvas.setFocus();
+    s.focusCanvas();
     QTest::qWait(0);
     return window;
 }
@@ -137,8 +137,7 @@ private Q_SLOTS:
                     guard->close();
             });
             closeBox(); // a file of a curve that is gone can't be saved
-            QVERIFY(s.owned && !openWindow());
-            QVERIFY(s.current() == "None" && s.entries() == 0);
+            QVERIFY(s.owned && !openWindow() && s.current() == "None" && s.entries() == 0);
         }
     }
 
@@ -259,7 +258,7 @@ private:
         row("menu over the list", {"ControlMenu2"}, listMenu);
         row("menu of a number", {"QMenu"}, [](Scene& s) { s.clickPoint(), menuKey(*s.editor.posX); });
         row("menu of the formula", {"QMenu"}, [](Scene& s) {
-            s.editor.tabWidget2->setCurrentIndex(1);
+            s.page(1);
             menuKey(*s.editor.commandLine);
         });
         row("list of types", {"QComboBoxPrivateContainer"},
@@ -278,7 +277,7 @@ private:
                 s.turnTo("a.z").enter(i % 2 == 0 ? "t" : "2*t");
             s.variables.remove("a.x");
             for (int i = 0; i < 20; ++i)
-                s.editor.undo();
+                s.undo();
         });
         row("file that is no curve", {"QMenu", "QFileDialog", "QMessageBox"}, press("File"),
             [this](QWidget& open) {

@@ -111,20 +111,17 @@ private Q_SLOTS:
     {
         Scene s;
         const QImage first = s.canvas.grab().toImage();
-        s.drag(5.0, 1.0, 6.0, 2.0);
-        s.editor.undo();
+        s.drag(5.0, 1.0, 6.0, 2.0).undo();
         const CanvasHands& hands = s.canvas.canvas.hands();
         QVERIFY(hands.hasPointAt(s.pixel(5.0, 1.0)) && !hands.hasPointAt(s.pixel(6.0, 2.0)));
-        s.editor.redo();
-        s.control().selectOnly(nullptr);
+        s.redo().control().selectOnly(nullptr);
         s.press(6.0, 2.0).release(6.0, 2.0);
         QCOMPARE(s.control().currentIndex(), 1);
         s.canvas.showView({0.0, 9.0, -30.0, 30.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
         s.key(Qt::Key_Up, alt); // a tenth of the new grid
-        QVERIFY(qAbs(s.x[1]->pos - 3.0) < 0.1);
-        QVERIFY(hands.hasPointAt(s.pixel(6.0, s.x[1]->pos)));
+        QVERIFY(qAbs(s.x[1]->pos - 3.0) < 0.1 && hands.hasPointAt(s.pixel(6.0, s.x[1]->pos)));
         const QImage grabbed = s.canvas.grab().toImage();
-        s.editor.updateCurves();
+        s.updateCurves();
         QVERIFY(grabbed != first && grabbed == s.canvas.grab().toImage());
     }
 
@@ -173,9 +170,7 @@ private Q_SLOTS:
             draw(s, 6.0, 0.0), s.release(6.0, 0.0);
         });
         row("no Bezier points", {0.0, 2.0, 4.0, 4.5, 5.0, 8.0}, {}, [=](Scene& s) {
-            CurveOptions options;
-            options.types = {SplineBase::Linear, SplineBase::Tcb};
-            s.editor.setCurveOptions("a", "x", options);
+            s.set("x", &CurveOptions::types, {SplineBase::Linear, SplineBase::Tcb});
             s.x.modify(2)->type = SplineBase::Tcb;
             draw(s, 4.5, 0.0), s.release(4.5, 0.0);
             QVERIFY(s.x[2]->type == SplineBase::Linear && s.x.getLast()->type == SplineBase::Tcb);
@@ -193,7 +188,7 @@ private Q_SLOTS:
             QVERIFY(s.control().getCurrent() == s.x[1] && s.editor.posY->isEnabled());
         });
         row("undo meanwhile", before, {},
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.editor.undo(), s.release(6.0, 0.0); });
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.undo(), s.release(6.0, 0.0); });
         row("hidden meanwhile", before, "a.x is hidden.",
             [=](Scene& s) { draw(s, 6.0, 0.0), s.key(Qt::Key_H), s.move(7.0, 0.0).release(7.0, 0.0); });
         row("upright at the end", {0.0, 2.0, 4.0, 5.9, 6.0, 6.0, 8.0}, {}, [=](Scene& s) {
@@ -210,27 +205,20 @@ private Q_SLOTS:
             [=](Scene& s) { draw(s, 6.0, 0.0), s.editor.hide(); });
         row("host writes meanwhile", {0.0, 2.0, 4.0, 6.0, 7.0, 8.0}, {},
             [=](Scene& s) { draw(s, 6.0, 0.0), s.x.addPoint(7.0, 0.0), s.move(7.5, 3.0).release(7.5, 3.0); });
-        row("host takes the curve away", before, {}, [=](Scene& s) {
-            draw(s, 6.0, 0.0), s.editor.removeCurve("a", "x"), s.move(7.0, 0.0).release(7.0, 0.0);
-        });
-        row("locked", before, "a.x is locked.", [=](Scene& s) {
-            CurveOptions options;
-            options.locked = true;
-            s.editor.setCurveOptions("a", "x", options);
-            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
-        });
+        row("host takes the curve away", before, {},
+            [=](Scene& s) { draw(s, 6.0, 0.0), s.remove("x"), s.move(7.0, 0.0).release(7.0, 0.0); });
+        row("locked", before, "a.x is locked.",
+            [=](Scene& s) { draw(s.lock("x"), 6.0, 0.0), s.release(6.0, 0.0); });
         row("types of neither kind", before,
             "This makes Bezier or Linear points, which the curve may not have.", [=](Scene& s) {
-                CurveOptions options;
-                options.types = {SplineBase::Tcb};
-                s.editor.setCurveOptions("a", "x", options);
+                s.set("x", &CurveOptions::types, {SplineBase::Tcb});
                 draw(s, 6.0, 0.0), s.release(6.0, 0.0);
             });
         row("formula", before, "A formula can't be drawn.",
             [=](Scene& s) { s.turnTo("a.z"), draw(s, 6.0, 0.0), s.release(6.0, 0.0); });
         row("no curve", before, {}, [=](Scene& s) {
             for (const QString curve : {"x", "y", "z"})
-                s.editor.removeCurve("a", curve);
+                s.remove(curve);
             draw(s, 6.0, 0.0), s.release(6.0, 0.0);
         });
     }
@@ -284,11 +272,8 @@ private Q_SLOTS:
         SplineBase before;
         before.assign(s.x.state());
         const int first = s.pixel(0.5, 0.0).x(), last = first + 800;
-        const auto row = [first](int column) {
-            return 200.0 + 120.0 * std::sin((column - first) / 90.0) + (column % 2);
-        };
-        const auto at = [&](int column) {
-            return QPoint(column, int(row(column)));
+        const auto at = [first](int column) {
+            return QPoint(column, int(200.0 + 120.0 * std::sin((column - first) / 90.0) + (column % 2)));
         };
         QTest::keyPress(&s.canvas, Qt::Key_D);
         s.mouse(QEvent::MouseButtonPress, at(first));
@@ -296,10 +281,7 @@ private Q_SLOTS:
             s.mouse(QEvent::MouseMove, at(column));
         s.mouse(QEvent::MouseButtonRelease, at(last));
         const double from = s.canvas.pixelToTime(first), to = s.canvas.pixelToTime(last);
-        const auto drawn =
-            std::count_if(s.x.getControlPoints().begin(), s.x.getControlPoints().end(),
-                          [=](const auto* point) { return point->time >= from && point->time <= to; });
-        QVERIFY2(drawn <= 20, qPrintable(QString::number(drawn)));
+        QVERIFY(SplineEdits::pointsWithin(s.x, from, to).size() <= 20);
         for (int column = first; column <= last; ++column) {
             const double value = s.x(s.canvas.pixelToTime(column));
             QVERIFY(qAbs(s.canvas.mapping().row(value) - at(column).y()) < 2.01);
@@ -307,7 +289,7 @@ private Q_SLOTS:
         for (double time = -3.0; time < 9.5; time += 0.01)
             QVERIFY((time > 0.0 && time < 8.0) || qAbs(s.x(time) - before(time)) < 1e-12);
         QVERIFY(s.entries() == 1 && s.changes == QStringList{"a/x"} && s.commits == s.changes);
-        s.editor.undo();
+        s.undo();
         QVERIFY(s.x.state() == before.state() && s.intervals.size() > 800);
     }
 
@@ -339,7 +321,7 @@ private Q_SLOTS:
                 s.key(Qt::Key_Escape);
             s.mouse(QEvent::MouseButtonRelease, {s.canvas.timeToPixel(time), 30});
         };
-        s.editor.setTimeLine(2.0);
+        s.timeLineAt(2.0);
         dragFoot(4.0, false);
         s.key(Qt::Key_Period);
         QCOMPARE(told.size(), 0);
@@ -364,8 +346,7 @@ private Q_SLOTS:
         const qsizetype count = told.size();
         s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(1.0), 30}, Qt::NoButton); // the release went astray
         QCOMPARE(told.size(), count);
-        s.editor.setTimeLine(s.canvas.limitTimeMin);
-        s.key(Qt::Key_Comma);
+        s.timeLineAt(s.canvas.limitTimeMin).key(Qt::Key_Comma);
         QCOMPARE(s.canvas.timeLine, s.canvas.limitTimeMin);
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
         s.press(5.0, 1.0); // the line can't be taken above its foot
@@ -379,8 +360,7 @@ private Q_SLOTS:
         for (const Qt::Key key :
              {Qt::Key_Space, Qt::Key_B, Qt::Key_D, Qt::Key_X, Qt::Key_Y, Qt::Key_Left, Qt::Key_Home})
             QVERIFY(s.takes(s.canvas, key));
-        QVERIFY(!s.takes(s.canvas, Qt::Key_Q));
-        QVERIFY(!s.takes(s.canvas, Qt::Key_Escape));
+        QVERIFY(!s.takes(s.canvas, Qt::Key_Q) && !s.takes(s.canvas, Qt::Key_Escape));
         for (const QPoint& place :
              {s.pixel(5.0, 1.0), QPoint(s.pixel(0.0, 0.0).x(), s.canvas.pixelHeight - 4)}) {
             s.mouse(QEvent::MouseButtonPress, place);
@@ -406,11 +386,10 @@ private Q_SLOTS:
         const QStringList texts{"Copy", "Select all", "Flatten", "Simplify", "Bake", "Time line"};
         QCOMPARE(offered(texts), (QList<bool>{false, true, false, true, true, false}));
         s.clickPoint().editor.setTimeLineDraggable(true);
-        s.canvas.canvas.setEditsAllCurves(true);
+        s.allCurves();
         QCOMPARE(offered(texts), QList<bool>(6, true));
         QVERIFY(entryOf(*menu, "Edit all")->isChecked());
-        s.canvas.canvas.setEditsAllCurves(false);
-        s.turnTo("a.z");
+        s.allCurves(false).turnTo("a.z");
         QCOMPARE(offered(texts), (QList<bool>{false, false, false, false, true, true}));
         unsigned& kinds = s.canvas.canvas.hands().guide.snap.kinds;
         kinds = Snap::GridLines;
@@ -461,8 +440,7 @@ private Q_SLOTS:
         host.setCentralWidget(&text);
         QMenu* const stage = host.menuBar()->addMenu("&Stage");
         Scene s;
-        s.clickPoint();
-        s.editor.setParent(&text, Qt::Widget);
+        s.clickPoint().editor.setParent(&text, Qt::Widget);
         s.editor.show();
         host.show();
         host.activateWindow();
@@ -507,11 +485,11 @@ private Q_SLOTS:
         row("field", false, [](Scene& s) { return s.editor.posY; });
         row("box", false, [](Scene& s) { return s.editor.nodeLast; });
         row("formula line", false, [](Scene& s) {
-            s.editor.tabWidget2->setCurrentIndex(1);
+            s.page(1);
             return s.editor.commandLine;
         });
         row("table", false, [](Scene& s) {
-            s.editor.tabWidget2->setCurrentIndex(2);
+            s.page(2);
             return s.editor.findChild<QTableView*>("pointTable");
         });
     }
@@ -607,7 +585,7 @@ private Q_SLOTS:
             }
             QList<QWidget*> forth, back;
             for (const auto& [way, key] : {std::pair{&forth, Qt::Key_Tab}, {&back, Qt::Key_Backtab}}) {
-                s.canvas.setFocus();
+                s.focusCanvas();
                 do {
                     QTest::keyClick(QApplication::focusWidget(), key);
                     way->append(QApplication::focusWidget());
@@ -666,11 +644,9 @@ private Q_SLOTS:
             s.release(6.0, 2.0);
             QVERIFY(escape() && filter.text().isEmpty() && s.control().hasSelection());
             s.editor.commandLine->setFocus();
-            s.editor.tabWidget2->setCurrentIndex(1);
-            s.editor.commandLine->setFocus();
+            s.page(1).editor.commandLine->setFocus();
             QVERIFY(escape() && s.canvas.hasFocus() && s.control().hasSelection());
-            QVERIFY(escape() && !s.control().hasSelection() && s.editor.isVisible());
-            QVERIFY(!escape());
+            QVERIFY(escape() && !s.control().hasSelection() && s.editor.isVisible() && !escape());
             QCOMPARE(s.editor.isVisible(), isDocked);
             s.editor.setParent(nullptr);
         }

@@ -75,8 +75,7 @@ private Q_SLOTS:
             QApplication::sendEvent(&s.editor, &change);
             s.editor.setTheme(CurveEditorTheme::light());
             s.editor.setFont(QFont("Arial Narrow", 9));
-            s.turnTo("a.z").turnTo("a.x");
-            s.editor.tabWidget2->setCurrentIndex(0);
+            s.turnTo("a.z").turnTo("a.x").page(0);
             const QStringList now = heard(s.editor);
             QCOMPARE(s.editor.isPartShown(part), on);
             if (on)
@@ -136,12 +135,10 @@ private Q_SLOTS:
     void whatIsUnderWayInAPartEnds()
     {
         Scene s;
-        s.clickPoint().type(s.editor.posY, "2");
-        s.editor.setPartShown(EnvelopePage, false);
+        s.clickPoint().type(s.editor.posY, "2").editor.setPartShown(EnvelopePage, false);
         QVERIFY(s.canvas.hasFocus() && s.x[1]->pos == 2.0 && s.entries() == 1);
         s.editor.setPartShown(EnvelopePage, true);
-        s.editor.tabWidget2->setCurrentIndex(0);
-        s.sendMouse(*s.editor.posY, QEvent::MouseButtonPress, {});
+        s.page(0).sendMouse(*s.editor.posY, QEvent::MouseButtonPress, {});
         s.editor.posY->setFocus();
         s.sendMouse(*s.editor.posY, QEvent::MouseMove, {0, -90});
         s.editor.setPartShown(Pages, false);
@@ -153,7 +150,7 @@ private Q_SLOTS:
         QVERIFY(s.editor.findChild<FitDialog*>()->isVisible());
         s.editor.setPartShown(Fitting, false);
         QVERIFY(!s.editor.findChild<FitDialog*>()->isVisible());
-        s.editor.action("simplifyAction")->trigger();
+        s.trigger("simplifyAction");
         QTRY_VERIFY(!s.editor.findChild<FitDialog*>());
         for (const EditorPart part : {Files, Pictures}) {
             whenOpen<QFileDialog>([&](QFileDialog&) { s.editor.setPartShown(part, false); });
@@ -164,15 +161,14 @@ private Q_SLOTS:
         QVERIFY(field.isVisible());
         s.editor.setPartShown(List, false);
         QVERIFY(!field.isVisible());
-        s.editor.action("openCurvesAction")->trigger(); // over the canvas
+        s.trigger("openCurvesAction"); // over the canvas
         QVERIFY(field.isVisible() && field.geometry().contains(s.canvas.mapToGlobal(QPoint(9, 9))));
     }
 
     void stateOfTheViewHoldsNoParts()
     {
         Scene s, other;
-        s.editor.tabWidget2->setCurrentIndex(2);
-        s.editor.setPartShown(EnvelopePage, false);
+        s.page(2).editor.setPartShown(EnvelopePage, false);
         const QByteArray state = s.editor.saveState();
         s.editor.setPartShown(Pages, false);
         QVERIFY(other.editor.restoreState(state));

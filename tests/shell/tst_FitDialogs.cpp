@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-#include <curveeditor/model/SplineState.h>
 #include <curveeditor/shell/BakeDialog.h>
 
 /// The scene, in which "a.x" has 101 points at the times 0 to 10, and what a user does at the dialogs.
@@ -24,17 +23,15 @@ struct FitScene : Scene
             qFatal("the dialog does not open");
         return dialog;
     }
-    static void type(const FitDialog& dialog, const char* field, const QString& text)
+    void type(const FitDialog& dialog, const char* field, const QString& text)
     {
-        auto* const line = dialog.findChild<QLineEdit*>(QLatin1String(field));
-        line->selectAll();
-        QTest::keyClick(line, Qt::Key_Delete);
+        auto* const line = dialog.findChild<QLineEdit*>(field);
+        line->clear();
         QTest::keyClicks(line, text);
         auto* const pause = dialog.findChild<QTimer*>(); // in typing, which long work waits for
         pause->setInterval(0);
         QTRY_VERIFY(!pause->isActive());
     }
-    static QString outcome(const FitDialog& dialog) { return dialog.findChild<QLabel*>("outcome")->text(); }
     unsigned count() const { return x.getControlPointsNumber(); }
 };
 
@@ -83,17 +80,15 @@ private Q_SLOTS:
             QVERIFY2(int(s.count()) <= mostPoints, qPrintable(s.outcome(*dialog)));
             QCOMPARE(s.states() == before, !isDone);
             QCOMPARE(s.outcome(*dialog).startsWith(QString("101 points become %1,").arg(s.count())), isDone);
-            QVERIFY(s.showsWhatIsDrawnFromScratch());
-            QVERIFY(s.changes.isEmpty() && s.commits.isEmpty());
+            QVERIFY(s.showsWhatIsDrawnFromScratch() && s.changes.isEmpty() && s.commits.isEmpty());
             QTest::keyClick(dialog->focusWidget(), end);
             const bool isKept = isDone && end == Qt::Key_Return;
             QCOMPARE(dialog->isVisible(), !isDone && end == Qt::Key_Return);
             QCOMPARE(s.entries(), isKept ? 1 : 0);
             QCOMPARE(s.changes, isKept ? QStringList{"a/x"} : QStringList());
             QCOMPARE(s.commits.size(), isDone ? 1 : 0);
-            s.editor.undo();
-            QVERIFY(s.states() == before);
-            QVERIFY(s.showsWhatIsDrawnFromScratch());
+            s.undo();
+            QVERIFY(s.states() == before && s.showsWhatIsDrawnFromScratch());
         }
     }
 
@@ -136,10 +131,9 @@ private Q_SLOTS:
     void simplifyNeedsASplineOfThreePoints()
     {
         FitScene s;
-        s.turnTo("a.z");
-        s.curves["a.z"].spline.addPoint(8.0, 1.0);
+        s.turnTo("a.z").curves["a.z"].spline.addPoint(8.0, 1.0);
         for (const bool editsAll : {false, true}) {
-            s.canvas.canvas.setEditsAllCurves(editsAll);
+            s.allCurves(editsAll);
             QVERIFY(!s.open(Qt::Key_S));
         }
         s.turnTo("a.y");
@@ -157,11 +151,11 @@ private Q_SLOTS:
     {
         const Meanwhile row;
         row("nothing", 101, 20, [](Scene&) {});
-        row("change", 1, 1, [](Scene& s) { s.x.reset(), s.editor.updateCurves(); });
+        row("change", 1, 1, [](Scene& s) { s.x.reset(), s.updateCurves(); });
         row("another curve", 101, 20, [](Scene& s) { s.editor.setDefaultSelected("a", "y"); });
         row("take off", 101, 101, [](Scene& s) { s.editor.cleanSelecteds(); });
-        row("remove", 101, 101, [](Scene& s) { s.editor.removeCurve("a", "x"); });
-        row("undo", 101, 20, [](Scene& s) { s.editor.undo(); });
+        row("remove", 101, 101, [](Scene& s) { s.remove("x"); });
+        row("undo", 101, 20, [](Scene& s) { s.undo(); });
         row("hide", 101, 101, [](Scene& s) { s.editor.hide(); });
         row("close", 101, 101, [](Scene& s) { s.editor.close(); });
         row("new stack", 101, 20, [](Scene& s) { s.editor.setUndoStack(new QUndoStack(&s.editor)); });
@@ -267,8 +261,7 @@ private Q_SLOTS:
         FitScene s;
         if (!formula.isEmpty())
             s.enter(formula);
-        s.canvas.setFocus();
-        s.changes.clear();
+        s.focusCanvas().forgetChanges();
         const auto before = s.states();
         const int entries = s.entries();
         FitDialog* const dialog = s.open(Qt::Key_B);
@@ -288,8 +281,7 @@ private Q_SLOTS:
         if (!isDone)
             return;
         QVERIFY(!s.curves["a.x"].expression && !s.canvas.canvas.isCurrentExpression());
-        QVERIFY(s.editor.commandLine->text().isEmpty());
-        QVERIFY(s.showsWhatIsDrawnFromScratch());
+        QVERIFY(s.editor.commandLine->text().isEmpty() && s.showsWhatIsDrawnFromScratch());
         if (formula != "log(t)" && typed[2] == "1") {
             for (const auto& [time, value] : values)
                 QVERIFY(std::abs(s.x(time) - value) < 1e-2);
@@ -298,7 +290,7 @@ private Q_SLOTS:
             QCOMPARE(s.x.getLast()->type, kind);
         if (formula == "1e4t")
             QCOMPARE(QPointF(s.x(0.1), s.x(1.0)), QPointF(1000.0, 10000.0));
-        s.editor.undo();
+        s.undo();
         QVERIFY(s.states() == before);
     }
 };

@@ -34,8 +34,7 @@ private Q_SLOTS:
         QTest::mousePress(&s.canvas, Qt::LeftButton, {}, s.pixel(5.0, 1.0));
         QVERIFY(s.canvas.nodeForm.isActive() && s.canvas.gesture.isAtPoints());
         s.sendMouse(s.canvas, QEvent::MouseMove, s.pixel(7.0, 2.0));
-        QVERIFY(qAbs(s.editor.posY->text().toDouble() - 2.0) < 0.05);
-        QVERIFY(s.changes.isEmpty());
+        QVERIFY(qAbs(s.editor.posY->text().toDouble() - 2.0) < 0.05 && s.changes.isEmpty());
         s.canvas.dirty = true;
         s.sendMouse(s.canvas, QEvent::MouseMove, s.pixel(2.0, -2.0), Qt::NoButton);
         QVERIFY(s.editor.findChild<CustomEditLine*>("funcCursorEdit")->text().startsWith('-'));
@@ -51,9 +50,7 @@ private Q_SLOTS:
     {
         EditorFixture s({"cam.lens"});
         for (const Qt::Key key : {Qt::Key_A, Qt::Key_T, Qt::Key_Left, Qt::Key_Tab}) {
-            s.clickPoint();
-            s.canvas.closeNodeForm();
-            s.key(key);
+            s.clickPoint(), s.canvas.closeNodeForm(), s.key(key);
             QCOMPARE(s.canvas.nodeForm.isActive(), key == Qt::Key_T || key == Qt::Key_Tab);
             QCOMPARE(s.editor.node->text(), key == Qt::Key_Left ? "0" : "1");
         }
@@ -68,8 +65,7 @@ private Q_SLOTS:
     {
         Scene s;
         const QAccessibleInterface* const canvas = QAccessible::queryAccessibleInterface(&s.canvas);
-        s.clickPoint().key(Qt::Key_Up, alt);
-        s.control().selectOnly(nullptr);
+        s.clickPoint().key(Qt::Key_Up, alt).control().selectOnly(nullptr);
         const Deed deeds[] = {[](Scene& scene) { scene.press(5.0, 2.0); },
                               [](Scene& scene) { scene.key(Qt::Key_Right); },
                               [](Scene& scene) { scene.editor.undoStack()->undo(); },
@@ -93,7 +89,7 @@ private Q_SLOTS:
         Scene s;
         SplineEdits::setType(s.x, {s.x[1]->serial, s.x[2]->serial}, SplineBase::Linear);
         s.x.setPos(s.x.modify(1), 1.25);
-        s.editor.updateCurves();
+        s.updateCurves();
         const auto rowsThatDiffer = [&s](const QImage& image, double time) {
             const QImage now = s.shown();
             QList<double> rows;
@@ -109,8 +105,7 @@ private Q_SLOTS:
         for (const char* const curve : {"a.x", "a.z"}) { // a formula by differences
             const QImage without = s.turnTo(curve).shown();
             s.key(Qt::Key_V);
-            QVERIFY(isAt(rowsThatDiffer(without, 2.3), 0.35));
-            QVERIFY(isAt(rowsThatDiffer(without, 6.3), 0.95));
+            QVERIFY(isAt(rowsThatDiffer(without, 2.3), 0.35) && isAt(rowsThatDiffer(without, 6.3), 0.95));
             const QImage silent = s.shown();
             s.mouse(QEvent::MouseMove, s.pixel(6.5, 2.0), Qt::NoButton);
             QVERIFY(s.shown() != silent && s.showsWhatIsDrawnFromScratch());
@@ -156,20 +151,18 @@ private Q_SLOTS:
         theme.grabDistance = 20;
         theme.curveWidth = std::nan("");
         themed.setTheme(theme);
-        QCOMPARE(themed.theme().controlPoint, theme.controlPoint);
-        QCOMPARE(themed.theme().curveWidth, 0.5);
+        QVERIFY(themed.theme().controlPoint == theme.controlPoint && themed.theme().curveWidth == 0.5);
         themed.setControlPointColor(Qt::black);
         QCOMPARE(other.theme().controlPoint, QColor(Qt::red));
         themed.setCanvasColor(Qt::blue);
         themed.updateCurves();
-        QCOMPARE(themed.theme().canvas, QColor(Qt::blue));
         QCOMPARE(themed.grab().toImage().pixelColor(s.canvas.mapTo(&themed, QPoint(10, 10))),
                  QColor(Qt::blue));
         QVERIFY(s.canvas.canvas.hands().hasPointAt(s.pixel(5.0, 1.0) + QPoint(19, 0)));
         CurveEditor().setControlPointColor(Qt::black); // for the other tests
     }
 
-    void hostGivesEachPartItsColor()
+    void hostGivesEachPartItsColorAndAThemeOfAPaletteFollowsIt()
     {
         EditorFixture s({});
         using Theme = CurveEditorTheme;
@@ -187,24 +180,18 @@ private Q_SLOTS:
             (s.editor.*give)(Qt::magenta);
             QCOMPARE(s.editor.theme().*part, QColor(Qt::magenta));
         }
-    }
-
-    void themeOfAPaletteFollowsIt()
-    {
-        EditorFixture s({"cam.lens"});
-        CurveEditor& editor = s.editor;
-        const auto canvasInPaletteOf = [&editor](const QColor& base) {
-            QPalette palette = editor.palette();
+        const auto canvasInPaletteOf = [&s](const QColor& base) {
+            QPalette palette = s.editor.palette();
             palette.setColor(QPalette::Base, base);
-            editor.setPalette(palette);
-            return editor.theme().canvas;
+            s.editor.setPalette(palette);
+            return s.editor.theme().canvas;
         };
-        QCOMPARE(canvasInPaletteOf(Qt::yellow), QColor(Qt::black));
-        editor.setTheme(CurveEditorTheme::fromPalette(editor.palette()));
+        QCOMPARE(canvasInPaletteOf(Qt::yellow), Theme::light().canvas);
+        s.editor.setTheme(Theme::fromPalette(s.editor.palette()));
         QCOMPARE(canvasInPaletteOf(Qt::darkBlue), QColor(Qt::darkBlue));
         QCOMPARE(canvasInPaletteOf(Qt::white), QColor(Qt::white));
-        editor.setTheme(CurveEditorTheme::light());
-        QCOMPARE(canvasInPaletteOf(Qt::darkBlue), CurveEditorTheme::light().canvas);
+        s.editor.setTheme(Theme::light());
+        QCOMPARE(canvasInPaletteOf(Qt::darkBlue), Theme::light().canvas);
     }
 
     void showsThePointOfEachType()
@@ -243,7 +230,7 @@ private Q_SLOTS:
         QCOMPARE(s.changed.count(), 16);
     }
 
-    void textThatIsNoNumberLeavesThePointAlone()
+    void typedTimeIsInTheUnitOnShowAndNoNumberLeavesThePointAlone()
     {
         PageScene s;
         s.editor.setFps(29.97);
@@ -257,11 +244,6 @@ private Q_SLOTS:
             QTest::keyClick(field, Qt::Key_Return);
         }
         QCOMPARE(QPointF(s.x[1]->time, s.x[1]->pos), QPointF(0.123456789, 1.00049));
-    }
-
-    void typedTimeIsInTheUnitOnShow()
-    {
-        PageScene s;
         const Point* point = s.x[1];
         for (const auto& [frames, fps, time, index] : {std::tuple{false, 10.0, 5.0, "1"},
                                                        {true, 10.0, 0.5, "1"},
@@ -277,7 +259,7 @@ private Q_SLOTS:
         }
     }
 
-    void buttonsWrapAtTheEnds()
+    void buttonsWrapAtTheEndsAndComboConvertsThePoint()
     {
         PageScene s;
         for (const auto& [button, shown] : {std::pair{s.editor.nextNode, "2"},
@@ -289,11 +271,6 @@ private Q_SLOTS:
         }
         QCOMPARE(s.control().getCurrent(), s.x[1]);
         QCOMPARE(s.changed.count(), 4);
-    }
-
-    void comboConvertsThePoint()
-    {
-        PageScene s;
         double length = 0.0;
         const double slope = s.x.getTangentLeftAtNode(1, length);
         for (const auto& [key, type] : {std::pair{Qt::Key_Down, 1}, {Qt::Key_Down, 0}, {Qt::Key_Home, 2}}) {

@@ -60,17 +60,15 @@ private Q_SLOTS:
         Scene other, s;
         QAction& copy = *s.editor.action("copyAction");
         QVERIFY(!copy.isEnabled() && !s.editor.action("timeLineLaterAction")->isEnabled());
-        s.clickPoint();
-        s.editor.setTimeLineDraggable(true);
+        s.clickPoint().editor.setTimeLineDraggable(true);
         QVERIFY(copy.isEnabled() && s.editor.action("timeLineLaterAction")->isEnabled());
         copy.trigger();
-        s.editor.action("pasteInPlaceAction")->trigger();
+        s.trigger("pasteInPlaceAction");
         QCOMPARE(s.x.getControlPointsNumber(), 4U);
-        s.editor.action("deleteKeyAction")->trigger();
-        s.editor.action("createKeyAction")->trigger();
+        s.trigger("deleteKeyAction").trigger("createKeyAction");
         QCOMPARE(s.x.getControlPointsNumber(), 4U);
         QCOMPARE(other.x.getControlPointsNumber(), 3U); // it was not pressed last
-        s.editor.action("removeFromEditingAction")->trigger();
+        s.trigger("removeFromEditingAction");
         QVERIFY(!s.canvas.canvas.findCurve("a.x") && s.current() != "a.x");
 
         QAction& save = *s.editor.action("saveCurve");

@@ -102,16 +102,15 @@ private Q_SLOTS:
         prepare(s);
         const auto before = s.states();
         const int entries = s.entries();
-        s.changes.clear(), s.takeTold();
-        QVERIFY(s.edit("x", 1.0) && s.takeTold().isEmpty() && s.changes.isEmpty());
-        QVERIFY(s.edit("x", 2.0));
+        s.forgetChanges(), s.takeTold();
+        QVERIFY(s.edit("x", 1.0) && s.takeTold().isEmpty() && s.changes.isEmpty() && s.edit("x", 2.0));
         QVERIFY(s.takeTold() == "xH " && s.changes == QStringList{"a/x"} && s.entries() == entries + 1);
         QVERIFY(s.editor.undoStack()->undoText() == "Record" && s.x[1]->pos == 2.0 && s.isSound());
         QVERIFY(s.showsWhatIsDrawnFromScratch());
         const auto after = s.states();
-        s.editor.undo();
+        s.undo();
         QVERIFY(s.states() == before && s.isSound());
-        s.editor.redo();
+        s.redo();
         QVERIFY(s.states() == after && s.isSound() && s.takeTold() == "xU xR ");
         s.editor.cleanSelecteds();
         QVERIFY(s.edit("x", 3.0) && s.x[1]->pos == 3.0 && s.takeTold() == "xH ");
@@ -122,7 +121,7 @@ private Q_SLOTS:
         for (const bool typed : {false, true}) {
             HostScene s;
             const auto before = s.states();
-            typed ? s.clickPoint().type(s.editor.posY, "3") : void(s.press(5.0, 1.0).move(6.0, 2.0));
+            typed ? s.clickPoint().type(s.editor.posY, "3") : s.press(5.0, 1.0).move(6.0, 2.0);
             QVERIFY(s.edit("y", 2.0) && s.takeTold() == "yH " && s.canvas.canvas.door().isOpen());
             typed ? QTest::keyClicks(s.editor.posY, "1") : void(s.move(6.0, 3.0));
             QVERIFY(s.x[1]->pos > 2.9 && s.edit("x", -1.0) && !s.canvas.canvas.door().isOpen());
@@ -141,9 +140,9 @@ private Q_SLOTS:
             QVERIFY(s.edit("x", i, 7) && s.edit("y", -i, 7));
         QVERIFY(s.entries() == 1 && s.takeTold().count('H') == 18);
         const auto after = s.states();
-        s.editor.undo();
+        s.undo();
         QVERIFY(s.states() == before);
-        s.editor.redo();
+        s.redo();
         QVERIFY(s.states() == after && s.isSound());
         const auto entriesAfter = [&s](double value, int merge) {
             return s.edit("x", value, merge), s.entries();
@@ -164,8 +163,7 @@ private Q_SLOTS:
         s.edit("y", 3.0, 7), s.edit("y", 4.0, 7);
         QVERIFY(s.done[0].text == "Move a point of a.x" && s.done[2].text == "Record" &&
                 s.done[2].merge == 7);
-        s.key(Qt::Key_A, ctrl).key(Qt::Key_Delete);
-        s.enter("2 T").turnTo("a.y").editor.setLastNodeLoop();
+        s.key(Qt::Key_A, ctrl).key(Qt::Key_Delete).enter("2 T").turnTo("a.y").editor.setLastNodeLoop();
         const QAction* const undo = entryOf(*s.menu("Edit"), "Undo");
         QVERIFY(s.entries() == 0 && s.done.size() == 6 && undo->text() == "Undo" && undo->isEnabled());
         s.clickPoint().press(5.0, 4.0).release(5.0, 4.0).type(s.editor.posY, "3");
@@ -174,12 +172,12 @@ private Q_SLOTS:
         const auto after = s.states();
         s.lock("x");
         while (!s.done.empty())
-            s.editor.undo();
+            s.undo();
         QVERIFY(s.states() == before && s.isSound());
         s.key(Qt::Key_Y, ctrl);
         QVERIFY(s.changes.last() == "a/x" && s.control().hasSelection() && s.told.endsWith("xR "));
         while (s.undone.size() > 1)
-            s.editor.redo();
+            s.redo();
         QVERIFY(s.states() == after && s.isSound() && s.showsWhatIsDrawnFromScratch());
         s.editor.setKeepsHistory(true);
         s.edit("y", 5.0);
@@ -259,13 +257,12 @@ private Q_SLOTS:
         s.x.modify(0u)->pos = 0.25; // the host's
         s.move(5.0, 1.0).release(5.0, 1.0);
         QVERIFY(s.x[2]->time == 8.0 && s.x[0]->pos == 0.25);
-        s.editor.undo();
-        s.clickPoint();
+        s.undo().clickPoint();
         for (const QString frame : {"70", "55"})
             s.type(s.editor.posX, frame);
-        s.canvas.setFocus();
+        s.focusCanvas();
         QVERIFY(s.x[1]->time == 5.5 && s.x[2]->time == 8.0 && s.isSound());
-        s.editor.undo();
+        s.undo();
         QVERIFY(s.states() == before);
     }
 
@@ -277,12 +274,12 @@ private Q_SLOTS:
             throw 1;
         });
         row("writes nonsense", [](HostScene& s) { s.x.modify(0u)->time = notANumber, s.x.firstType = 99; });
-        row("removes", [](HostScene& s) { s.editor.removeCurve("a", "x"); });
+        row("removes", [](HostScene& s) { s.remove("x"); });
         row("locks", [](HostScene& s) { s.lock("x"); });
         row("ends itself", [](HostScene& s) { s.editor.setConstraint("a", "x", {}); });
         row("edits", [](HostScene& s) {
             QVERIFY(!s.edit("y", 3.0) && !s.editor.apply("a", "x", {}, true));
-            s.editor.undo(), s.editor.redo(), s.editor.resetAllCheckedF(), s.drag(8.0, -1.0, 7.0, 1.0);
+            s.undo(), s.redo(), s.editor.resetAllCheckedF(), s.drag(8.0, -1.0, 7.0, 1.0);
         });
     }
     void whatTheHostsCodeMustNotDoDoesNoHarm()
@@ -291,7 +288,7 @@ private Q_SLOTS:
         const HostDeed hands[] = {
             [](HostScene& s) { s.drag(5.0, 1.0, 6.0, 2.0); },
             [](HostScene& s) { s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).drag(5.0, 1.0, 6.0, 2.0); },
-            [](HostScene& s) { s.clickPoint().type(s.editor.posY, "3"), s.canvas.setFocus(); },
+            [](HostScene& s) { s.clickPoint().type(s.editor.posY, "3"), s.focusCanvas(); },
             [](HostScene& s) { s.clickPoint().key(Qt::Key_Delete); },
             [](HostScene& s) { s.edit("x", 3.0); },
             [deed = deed](HostScene& s) {
@@ -340,11 +337,11 @@ private Q_SLOTS:
             edited.size() % 2 ? s.editor.setLastNodeZero() : s.editor.setLastNodeLoop();
         }));
         QVERIFY(edited == std::vector{true} && stack.count() == 4);
-        s.editor.undo(), s.editor.redo();
+        s.undo(), s.redo();
         QVERIFY(edited == std::vector({true, false, false}) && stack.count() == 4);
         connect(&stack, &QUndoStack::indexChanged, &s.editor,
                 [&] { stack.index() == 3 && s.edit("y", 3.0); });
-        s.editor.undo(); // who hears of it may edit
+        s.undo(); // who hears of it may edit
         QVERIFY(s.entries() == 4 && stack.undoText() == "Record" && s.isSound());
     }
 
@@ -357,8 +354,7 @@ private Q_SLOTS:
                                   }};
         for (const HostDeed& deed : begin) {
             HostScene s;
-            s.press(5.0, 1.0).move(6.0, 2.0);
-            s.changes.clear();
+            s.press(5.0, 1.0).move(6.0, 2.0).forgetChanges();
             deed(s);
             QVERIFY(s.takeTold() == "xE " && s.changes == QStringList{"a/x"});
             HostScene other;
@@ -407,8 +403,7 @@ private Q_SLOTS:
         s.canvas.canvas.hands().guide.isSnapping = true;
         s.press(5.0, 1.0).mouse(QEvent::MouseMove, s.pixel(8.25, 2.0) - QPoint(1, 0)).release(8.25, 2.0);
         QVERIFY(s.x[2]->time == 8.25 && s.shown() != before && calls == 1);
-        s.editor.undo();
-        s.editor.setTimeRange(5.0, 9.0);
+        s.undo().editor.setTimeRange(5.0, 9.0);
         QVERIFY(s.showsWhatIsDrawnFromScratch() && columns(s).size() == 2);
         s.editor.setTimeRange(-1.0, 10.0);
         s.editor.setTimeGrid({});

@@ -16,13 +16,6 @@ Scene& pan(Scene& s, int steps)
     return s;
 }
 
-void pickRow(Scene& s)
-{
-    s.editor.tabWidget2->setCurrentIndex(2);
-    s.editor.findChild<QTableView*>("pointTable")->selectRow(2);
-    QCoreApplication::processEvents();
-}
-
 } // namespace
 
 class tst_HostView : public QObject
@@ -59,7 +52,7 @@ private Q_SLOTS:
     void slotMayDoAnything()
     {
         const auto [views, selections, deed] = Tellings::present();
-        const Deed reactions[] = {[](Scene& s) { s.editor.removeCurve("a", "x"); },
+        const Deed reactions[] = {[](Scene& s) { s.remove("x"); },
                                   [](Scene& s) { s.owned->deleteLater(), QTest::qWait(0); },
                                   [](Scene& s) {
                                       s.editor.setView({1.0, -1.0, 4.0, 2.0});
@@ -111,8 +104,7 @@ private Q_SLOTS:
         s.canvas.canvas.hands().alignsHandles = true;
         s.canvas.canvas.setShowsSpeed(true);
         s.editor.setShowTime();
-        s.editor.tabWidget2->setCurrentIndex(2);
-        s.editor.splitter11->setSizes({300, 600});
+        s.page(2).editor.splitter11->setSizes({300, 600});
         s.editor.setView(part);
         const QByteArray state = s.editor.saveState();
 
@@ -121,8 +113,7 @@ private Q_SLOTS:
         for (qsizetype at = 0; at < state.size(); ++at) {
             QByteArray spoilt = state;
             spoilt[at] = char(spoilt[at] ^ 1);
-            QVERIFY(!other.editor.restoreState(spoilt));
-            QVERIFY(!other.editor.restoreState(state.left(at)));
+            QVERIFY(!other.editor.restoreState(spoilt) && !other.editor.restoreState(state.left(at)));
         }
         QVERIFY(!other.editor.restoreState(state + '\0'));
         QVERIFY(!other.editor.restoreState(QSplitter().saveState()));
@@ -158,7 +149,7 @@ private Q_SLOTS:
             const QList<CurveName> open = {{"a", "z"}, {"a", "y"}, {"a", "x"}, {"a", "hidden"}};
             QCOMPARE(s.editor.openCurves(), open);
             s.clickPoint().canvas.canvas.setEditsAllCurves(all);
-            s.changes.clear(), s.commits.clear();
+            s.forgetChanges(), s.commits.clear();
             s.editor.selectPoints("a", curve, indices);
             QCOMPARE(s.editor.selectedPoints("a", curve), selected);
             QCOMPARE(s.editor.currentCurve(), CurveName("a", all ? "x" : current));
@@ -173,8 +164,8 @@ private Q_SLOTS:
         const Frames row;
         row("band", 0, [](Scene& s) { s.press(2.0, 1.5).move(4.0, 0.5); });
         row("selection", 0, [](Scene& s) { s.selectTwo(); });
-        row("time line", 0, [](Scene& s) { s.editor.setTimeLine(3.0); });
-        row("curves", 0, [](Scene& s) { s.editor.updateCurves(); });
+        row("time line", 0, [](Scene& s) { s.timeLineAt(3.0); });
+        row("curves", 0, [](Scene& s) { s.updateCurves(); });
         row("asked", 1, [](Scene& s) { s.editor.updateUnderlay(); });
         row("view", 1, [](Scene& s) { s.editor.setView(part); });
         row("size", 1, [](Scene& s) { s.editor.resize(1000, 800); });
@@ -250,7 +241,7 @@ private Q_SLOTS:
             throw 1;
         });
         row("view", [](Scene& s) { s.editor.setView(part); });
-        row("close", [](Scene& s) { s.editor.removeCurve("a", "x"), s.editor.cleanSelecteds(); });
+        row("close", [](Scene& s) { s.remove("x"), s.editor.cleanSelecteds(); });
         row("open", [](Scene& s) { s.open("a.new"); });
         row("take away", [](Scene& s) { s.editor.setUnderlay({}), s.editor.setOverlay({}); });
         row("grab", [](Scene& s) { s.editor.updateUnderlay(), s.editor.grab(); });
@@ -320,20 +311,22 @@ private:
             s.press(5.0, 1.0, {}, Qt::RightButton);
         });
         row("next", 0, 2, [](Scene& s) { s.clickPoint().editor.nextNode->click(); });
-        row("table", 0, 1, [](Scene& s) { pickRow(s); });
+        row("table", 0, 1, [](Scene& s) {
+            s.page(2).editor.findChild<QTableView*>("pointTable")->selectRow(2);
+            QCoreApplication::processEvents();
+        });
         row("redo", 0, 3, [](Scene& s) {
-            s.drag(5.0, 1.0, 5.5, 0.5).editor.undo();
-            s.editor.selectPoints("a", "x", {});
+            s.drag(5.0, 1.0, 5.5, 0.5).undo().editor.selectPoints("a", "x", {});
             connect(&s.editor, &CurveEditor::pointSelectionChanged,
                     [&s] { QCOMPARE(s.lastCause, CurveChange::Cause::Redo); });
-            s.editor.redo();
+            s.redo();
         });
         row("host selects the same", 0, 2, [](Scene& s) {
             s.selectTwo().editor.selectPoints("a", "x", {2, 1});
         });
         row("lost", 0, 2, [](Scene& s) {
             s.clickPoint().x.remove(s.x[1]);
-            s.editor.updateCurves();
+            s.updateCurves();
         });
         row("closed", 0, 2, [](Scene& s) { s.clickPoint().editor.removeCurve("a", "x"); });
     }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-#include <curveeditor/edit/OwnScale.h>
 #include <curveeditor/shell/RetimeDialog.h>
 
 namespace {
@@ -84,8 +83,7 @@ private Q_SLOTS:
         QVERIFY(isNear(s.y[1]->pos, -2000.0, 50.0) && s.y[1]->time > 5.1);
         s.key(Qt::Key_Home).shown();
         QVERIFY(isNear(s.share("a.y", 1), 11.0 / 12.0, 0.01));
-        s.turnTo("a.x").key(Qt::Key_A, ctrl);
-        s.editor.action("retimeAction")->trigger();
+        s.turnTo("a.x").key(Qt::Key_A, ctrl).trigger("retimeAction");
         auto* const found = s.editor.findChild<RetimeDialog*>();
         found->findChild<QComboBox*>("pivot")->setCurrentIndex(2);
         found->findChild<QLineEdit*>("valueFactor")->setText("2");
@@ -98,7 +96,7 @@ private Q_SLOTS:
     {
         Scene s;
         s.curves["a.y"].spline.setPos(s.curves["a.y"].spline.modify(1), -2000.0);
-        s.editor.updateCurves();
+        s.updateCurves();
         const auto before = s.states();
         const QImage shown = s.shown();
         const QRectF view = s.editor.view();
@@ -153,7 +151,7 @@ private Q_SLOTS:
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 1);
         s.key(Qt::Key_Up, alt); // as high at both
         const double moved = s.y[1]->pos;
-        s.editor.undo();
+        s.undo();
         QVERIFY(moved - s.y[1]->pos > 1.0);
     }
 
@@ -194,13 +192,12 @@ private Q_SLOTS:
         s.dragBy(x, {60, lowest.y() - 5 - x.y()});
         QVERIFY(isNear(s.x[1]->pos, -1.0, 1e-6)); // as high as the lowest of both
         s.y.setPos(s.y.modify(0), -700.0);
-        s.mouse(QEvent::MouseButtonRelease, x + QPoint(60, lowest.y() - 5 - x.y())).editor.undo();
-        s.editor.updateCurves();
+        s.mouse(QEvent::MouseButtonRelease, x + QPoint(60, lowest.y() - 5 - x.y())).undo().updateCurves();
         const QPoint first = s.seen("a.y", 0), again = s.seen("a.x", 1);
         s.dragBy(again, {60, first.y() + 5 - again.y()});
         QCOMPARE(s.canvas.canvas.hands().guide.hit().valueKinds, unsigned(Snap::Points));
         QCOMPARE(s.seen("a.x", 1).y(), s.seen("a.y", 0).y());
-        s.mouse(QEvent::MouseButtonRelease, {}).hide("y").editor.undo();
+        s.mouse(QEvent::MouseButtonRelease, {}).hide("y").undo();
         s.dragBy(s.seen("a.x", 1), {60, first.y() + 5 - again.y()});
         QVERIFY(s.x[1]->time > 5.1 && s.canvas.canvas.hands().guide.hit().valueKinds == 0);
     }
@@ -222,14 +219,12 @@ private Q_SLOTS:
         const auto [deed] = Curves::present();
         ScaledScene s;
         deed(s);
-        s.editor.updateCurves();
-        s.shown();
+        s.updateCurves().shown();
         for (const QString current : {"a.y", "a.x"}) {
             s.turnTo(current).key(Qt::Key_Home).key(Qt::Key_F).key(Qt::Key_Plus);
             QVERIFY(s.canvas.mapping().canShow() && s.showsWhatIsDrawnFromScratch());
         }
-        s.drag(1.0, 0.5, 4.0, 0.0);
-        s.editor.action("ownScaleAction")->trigger();
+        s.drag(1.0, 0.5, 4.0, 0.0).trigger("ownScaleAction");
         QVERIFY(s.canvas.mapping().canShow() && s.showsWhatIsDrawnFromScratch());
     }
 };

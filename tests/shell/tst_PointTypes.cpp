@@ -2,7 +2,6 @@
 #include "EditorScene.h"
 
 #include <curveeditor/edit/PointText.h>
-#include <curveeditor/model/CurveDiff.h>
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/shell/BakeDialog.h>
 

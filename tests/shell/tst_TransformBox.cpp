@@ -15,12 +15,6 @@ struct BoxScene : Scene
     BoxScene& selectAll() { return key(Qt::Key_A, ctrl), *this; }
     BoxScene& showBox() { return key(Qt::Key_T, ctrl), *this; }
     BoxScene& allCurves() { return canvas.canvas.setEditsAllCurves(true), selectAll(); }
-    void turnOn(bool CurveOptions::*option, const QString& curve)
-    {
-        CurveOptions options;
-        options.*option = true;
-        editor.setCurveOptions("a", curve, options);
-    }
     bool isShown() const { return canvas.transformBox.isShown(); }
     QString told() const { return canvas.canvas.toldText(); }
     QList<QPointF> places(const QString& curve = "a.x")
@@ -40,10 +34,9 @@ struct BoxScene : Scene
         key(Qt::Key_R, shift);
         return editor.findChild<RetimeDialog*>();
     }
-    static QString outcome(const QDialog& dialog) { return dialog.findChild<QLabel*>("outcome")->text(); }
-    static void type(const QDialog& dialog, const char* field, const QString& text)
+    BoxScene& type(const QDialog& dialog, const char* field, const QString& text)
     {
-        dialog.findChild<QLineEdit*>(QLatin1String(field))->setText(text);
+        return dialog.findChild<QLineEdit*>(field)->setText(text), *this;
     }
 };
 
@@ -77,7 +70,7 @@ private Q_SLOTS:
     {
         const auto [cursor, at, by, keys, a, pivotTime, b, pivotValue] = Pulls::present();
         BoxScene s;
-        s.showBox().changes.clear();
+        s.showBox().forgetChanges();
         Places due;
         for (const QPointF& place : atFirst)
             due.append({pivotTime + a * (place.x() - pivotTime), pivotValue + b * (place.y() - pivotValue)});
@@ -97,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(s.entries(), 1);
         QCOMPARE(s.changes, QStringList{"a/x"});
         QVERIFY(s.isShown() && s.intervals.size() >= 2 && s.commits.size() == 1);
-        s.editor.undo();
+        s.undo();
         QCOMPARE(s.places(), atFirst);
     }
 
@@ -121,8 +114,7 @@ private Q_SLOTS:
             .move(9.0, 0.5); // the release went astray
         QVERIFY(std::abs(s.x[0]->time - 2.0) < 0.2 && s.entries() == 1);
         s.key(Qt::Key_Escape);
-        QVERIFY(!s.isShown() && s.editor.isVisible());
-        QVERIFY(s.showsWhatIsDrawnFromScratch());
+        QVERIFY(!s.isShown() && s.editor.isVisible() && s.showsWhatIsDrawnFromScratch());
     }
 
     void heldAxisStays()
@@ -155,10 +147,10 @@ private Q_SLOTS:
         row("press inside", true, [](BoxScene& s) { s.click(4.0, 0.5).doubleClick(4.0, 0.5); });
         row("another selection", false, [](BoxScene& s) { s.key(Qt::Key_I, ctrl); });
         row("another curve", false, [](BoxScene& s) { s.turnTo("a.y"); });
-        row("lock", false, [](BoxScene& s) { s.turnOn(&CurveOptions::locked, "x"); });
-        row("hide", false, [](BoxScene& s) { s.turnOn(&CurveOptions::hidden, "x"); });
-        row("removal", false, [](BoxScene& s) { s.editor.removeCurve("a", "x"); });
-        row("all undone", true, [](BoxScene& s) { s.pull(4.0, 0.5, 2.0, 0.0).editor.undo(); });
+        row("lock", false, [](BoxScene& s) { s.lock("x"); });
+        row("hide", false, [](BoxScene& s) { s.hide("x"); });
+        row("removal", false, [](BoxScene& s) { s.remove("x"); });
+        row("all undone", true, [](BoxScene& s) { s.pull(4.0, 0.5, 2.0, 0.0).undo(); });
     }
     void endsWithWhatItIsAbout()
     {
@@ -178,7 +170,7 @@ private Q_SLOTS:
             BoxScene s;
             s.allCurves().showBox().press(4.0, 0.0).move(5.0, 0.5);
             if (removes)
-                s.editor.removeCurve("a", "y");
+                s.remove("y");
             else
                 s.editor.cleanSelecteds();
             s.move(6.0, 0.5).release(6.0, 0.5);
@@ -195,7 +187,7 @@ private Q_SLOTS:
         s.editor.findChild<RetimeDialog*>()->reject();
         for (unsigned i = 0; i < 3; ++i)
             s.x.setPos(s.x.modify(i), 1.0);
-        s.editor.updateCurves();
+        s.updateCurves();
         for (const int below : {-FrameGrips::margin, FrameGrips::margin}) { // no edge there
             const QPoint edge = s.pixel(4.0, 1.0) + QPoint(0, below);
             s.selectAll().showBox().pressAt(edge);
@@ -210,9 +202,7 @@ private Q_SLOTS:
     void constraintAndBoundsHold()
     {
         BoxScene s;
-        CurveOptions options;
-        options.highest = 1.5;
-        s.editor.setCurveOptions("a", "x", options);
+        s.set("x", &CurveOptions::highest, 1.5);
         s.editor.setConstraint("a", "x", [](SplineBase& spline) {
             for (unsigned i = 0; i < spline.getControlPointsNumber(); ++i)
                 spline.modify(i)->time = std::round(spline.modify(i)->time);
@@ -225,13 +215,12 @@ private Q_SLOTS:
     void boxTakesAllCurvesButLockedOnes()
     {
         BoxScene s;
-        s.allCurves().showBox().changes.clear();
+        s.allCurves().showBox().forgetChanges();
         s.pull(8.0, -0.5, 8.0, 0.0);
         QVERIFY(std::abs(s.curves["a.y"].spline[1]->time - 10.0) < 0.2);
         QCOMPARE(s.entries(), 1);
         QCOMPARE(s.changes, (QStringList{"a/y", "a/x"}));
-        s.editor.undo();
-        s.turnOn(&CurveOptions::locked, "y");
+        s.undo().lock("y");
         s.selectAll().showBox().pull(8.0, 0.5, 8.0, 0.0);
         QCOMPARE(s.curves["a.y"].spline[1]->time, 5.0);
         QVERIFY(s.x[1]->time > 9.0);
@@ -303,8 +292,7 @@ private Q_SLOTS:
             QDialog* const dialog = s.retime();
             QVERIFY(dialog && dialog->focusWidget()->objectName() == "timeFactor");
             dialog->findChild<QComboBox*>("pivot")->setCurrentIndex(pivot);
-            s.type(*dialog, "timeFactor", time);
-            s.type(*dialog, "valueFactor", value);
+            s.type(*dialog, "timeFactor", time).type(*dialog, "valueFactor", value);
             const bool isDone = !places.isEmpty() && places != atFirst;
             if (value != "1e308")
                 QCOMPARE(s.places(), isDone ? places : atFirst);
@@ -315,7 +303,7 @@ private Q_SLOTS:
                 QCOMPARE(s.entries(), isKept ? 1 : 0);
             if (isKept)
                 QCOMPARE(s.changes, QStringList{"a/x"});
-            s.editor.undo();
+            s.undo();
             QCOMPARE(s.places(), atFirst);
         }
     }
@@ -324,13 +312,12 @@ private Q_SLOTS:
     {
         const Meanwhile row;
         row("nothing", true, [](BoxScene&) {});
-        row("undo", true, [](BoxScene& s) { s.editor.undo(); });
+        row("undo", true, [](BoxScene& s) { s.undo(); });
         row("another curve", true, [](BoxScene& s) { s.turnTo("a.z"); });
-        row("change of one", false,
-            [](BoxScene& s) { s.curves["a.y"].spline.reset(), s.editor.updateCurves(); });
-        row("lock of one", true, [](BoxScene& s) { s.turnOn(&CurveOptions::locked, "y"); });
-        row("removal of one", true, [](BoxScene& s) { s.editor.removeCurve("a", "y"); });
-        row("removal of the current", true, [](BoxScene& s) { s.editor.removeCurve("a", "x"); });
+        row("change of one", false, [](BoxScene& s) { s.curves["a.y"].spline.reset(), s.updateCurves(); });
+        row("lock of one", true, [](BoxScene& s) { s.lock("y"); });
+        row("removal of one", true, [](BoxScene& s) { s.remove("y"); });
+        row("removal of the current", true, [](BoxScene& s) { s.remove("x"); });
         row("hide", true, [](BoxScene& s) { s.editor.hide(); });
     }
     void hostMayDoAnythingWhileSeveralCurvesAreRetimed()
@@ -364,7 +351,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(dialog));
         QTest::keyClicks(dialog->focusWidget(), "3"); // in place of 1
         QCOMPARE(s.x[0]->time, 3.0);                  // about the first point of both
-        s.changes.clear();
+        s.forgetChanges();
         dialog->accept();
         QCOMPARE(s.entries(), 1);
         QCOMPARE(s.changes, (QStringList{"a/y", "a/x"}));
