@@ -192,9 +192,12 @@ void CanvasFunctionBase::showStep(const EditReport& report)
     selection.dropLost(*curve->getSpline());
     if (!curve->isShown())
         return;
-    if (report.points.size() == 1)
+    const bool isSelected = std::all_of(report.points.begin(), report.points.end(), [&](PointSerial point) {
+        return selection.contains(point);
+    });
+    if (!isSelected && report.points.size() == 1)
         selection.selectOnly(report.points.front());
-    else if (report.points.size() > 1)
+    else if (!isSelected)
         selection.selectAll(report.points);
     if (curve != getCurrentCurve() && !editsAllCurves())
         setCurrentCurve(curve);

@@ -225,29 +225,35 @@ void PointCommands::ease(const Ease& ease)
         canvas->tell(told);
 }
 
-/// Without the points of the last ease, if that is what is selected still.
+/// Without the points of the last ease, if these are selected still and nothing else has come since.
 PointCommands::Eased PointCommands::easeOne(CurveNodeBase& curve, const Ease& ease,
                                             SegmentEase::Outcome& outcome) const
 {
     SplineBase& spline = *curve.control().openSpline();
     const Selection& selection = curve.control().selection();
-    Eased eased{curve.curve(), selection.edited(), {}, {}};
+    Eased eased{curve.curve(), selection.edited(), {}, ease};
+    spline.copyTo(eased.left);
     const auto last = std::find_if(eased_.begin(), eased_.end(), [&](const Eased& one) {
-        return one.curve.lock() == curve.curve() && one.selected == selection.points();
+        return one.curve.lock() == curve.curve() && one.selected == selection.points() &&
+               one.left == eased.left;
     });
+    if (last != eased_.end() && last->ease == ease) {
+        outcome.unite(last->outcome);
+        return *last;
+    }
     if (last != eased_.end()) {
-        SplineEdits::removePoints(spline, last->added);
+        SplineEdits::removePoints(spline, last->outcome.added);
         eased.points = last->points;
     }
-    const SegmentEase::Outcome done = SegmentEase::apply(spline, eased.points, ease, curve.curve()->options);
-    outcome.unite(done);
-    eased.added = done.added;
+    eased.outcome = SegmentEase::apply(spline, eased.points, ease, curve.curve()->options);
+    outcome.unite(eased.outcome);
     std::vector<PointSerial> both = eased.points, selected;
-    both.insert(both.end(), done.added.begin(), done.added.end());
+    both.insert(both.end(), eased.outcome.added.begin(), eased.outcome.added.end());
     for (const SplineBase::PointInfo& point : SplineEdits::copyOf(spline, both))
         selected.push_back(point.serial);
     curve.control().selectPoints(selected);
     eased.selected = selection.points();
+    spline.copyTo(eased.left);
     return eased;
 }
 

@@ -5,6 +5,7 @@
 #include <curveeditor/edit/PointText.h>
 #include <curveeditor/edit/SegmentEase.h>
 #include <curveeditor/model/SplineBase.h>
+#include <curveeditor/model/SplineState.h>
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -88,9 +89,11 @@ private:
     struct Eased
     {
         std::weak_ptr<const EditedCurve> curve;
-        std::vector<PointSerial> points; ///< between which it is
-        std::vector<PointSerial> added;
+        std::vector<PointSerial> points;   ///< between which it is
         std::vector<PointSerial> selected; ///< when it was done
+        Ease ease;
+        SegmentEase::Outcome outcome = {};
+        SplineState left = {}; ///< what it made of the spline
     };
     Eased easeOne(CurveNodeBase& curve, const Ease& ease, SegmentEase::Outcome& outcome) const;
     double frame() const;

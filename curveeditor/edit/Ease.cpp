@@ -2,6 +2,7 @@
 #include <curveeditor/edit/Ease.h>
 
 #include <curveeditor/model/CurveFit.h>
+#include <curveeditor/model/SplineState.h>
 
 #include <algorithm>
 #include <cmath>
@@ -130,6 +131,12 @@ Ease Ease::smoothstep()
 {
     return {betweenEnds(0.0, 0.0),
             Path([](double time) { return std::pair(time, (3.0 - 2.0 * time) * time * time); })};
+}
+
+bool Ease::operator==(const Ease& other) const
+{
+    return deviation_ == other.deviation_ && std::equal(points_.begin(), points_.end(), other.points_.begin(),
+                                                        other.points_.end(), isSamePoint);
 }
 
 bool Ease::isCss(const CssNumbers& numbers)

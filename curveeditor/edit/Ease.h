@@ -36,6 +36,8 @@ public:
     const std::vector<SplineBase::PointInfo>& points() const { return points_; }
     /// How far the curve through them is from the ease at most; 0.0 where rounding alone tells them apart.
     double deviation() const { return deviation_; }
+    /// The same points, bit for bit, and as far from the ease.
+    bool operator==(const Ease& other) const;
 
 private:
     class Path;

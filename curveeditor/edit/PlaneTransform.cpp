@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/edit/PlaneTransform.h>
 
+#include <cmath>
 #include <numeric>
 
 namespace curveeditor {
@@ -24,6 +25,12 @@ double AxisTransform::operator()(double coordinate) const
     if (isIdentity())
         return coordinate;
     return (factor == 1.0 ? coordinate : pivot + factor * (coordinate - pivot)) + shift;
+}
+
+bool PlaneTransform::collapsesTime() const
+{
+    constexpr double leastFactor = 1e-9;
+    return std::abs(time.factor) < leastFactor;
 }
 
 PlaneTransform PlaneFrame::pulled(const Grip& grip, const PointDrag::Place& distance, bool aboutMiddle) const

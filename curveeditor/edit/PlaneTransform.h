@@ -28,6 +28,8 @@ struct PlaneTransform
     /// Whether it does no more than moving.
     bool keepsSize() const { return time.factor == 1.0 && value.factor == 1.0; }
     bool mirrorsTime() const { return time.factor < 0.0; }
+    /// Whether it leaves nothing of the times' distances, but for what rounding makes of it.
+    bool collapsesTime() const;
     /// By what slopes are multiplied.
     double slopeFactor() const { return value.factor / time.factor; }
 };

@@ -76,7 +76,7 @@ std::optional<PointTransform::Result> PointTransform::applied(const SplineBase& 
     const bool arePoints = std::all_of(points.begin(), points.end(), [&](const PointInfo& point) {
         return hasFinitePlace(point) && (transform.keepsSize() || hasFiniteSlopes(point));
     });
-    if (!arePoints)
+    if (!arePoints || transform.collapsesTime())
         return std::nullopt;
     result.state.points = inOrder(spline, points, transform.mirrorsTime());
     if (!transform.isIdentity())

@@ -278,7 +278,7 @@ private Q_SLOTS:
         row("mirrored about the middle", "-1", "1", 2, {{0.0, -1.0}, {3.0, 1.0}, {8.0, 0.0}});
         row("values about the middle", "1", "3", 2, {{0.0, 0.0}, {5.0, 3.0}, {8.0, -3.0}});
         row("about the time line", "0,5", "-1", 1, {{2.5, 2.0}, {5.0, 1.0}, {6.5, 3.0}});
-        for (const char* const bad : {"0", "x", "", "1e308", "nan", "inf"})
+        for (const char* const bad : {"0", "1e-20", "x", "", "1e308", "nan", "inf"})
             row(bad, bad, "1", 0, {});
         row("values without end", "1", "1e308", 2, atFirst); // the middle of all is 0
         row("no value", "1", "nan", 0, {});
