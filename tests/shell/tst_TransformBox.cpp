@@ -113,6 +113,8 @@ private Q_SLOTS:
             .move(9.0, 0.5, {}, Qt::NoButton)
             .move(9.0, 0.5); // the release went astray
         QVERIFY(std::abs(s.x[0]->time - 2.0) < 0.2 && s.entries() == 1);
+        s.pull(s.x[2]->time, 0.5, 3.0, 0.0); // the frame has followed
+        QVERIFY(s.x[2]->time > 12.5 && s.isShown());
         s.key(Qt::Key_Escape);
         QVERIFY(!s.isShown() && s.editor.isVisible() && s.showsWhatIsDrawnFromScratch());
     }
