@@ -80,10 +80,12 @@ bool FreehandDrag::takePress(const QMouseEvent& event)
 /// Or says why not.
 bool FreehandDrag::canDraw(const CurveNodeBase* curve)
 {
-    if (!curve || !curve->isShown())
+    if (!curve)
         return false;
     QString reason;
-    if (!curve->isSpline() || !curve->getSpline())
+    if (!curve->isShown())
+        reason = tr("%1 is hidden.").arg(curve->getName());
+    else if (!curve->isSpline() || !curve->getSpline())
         reason = tr("A formula can't be drawn.");
     else if (curve->curve()->isLocked())
         reason = tr("%1 is locked.").arg(curve->getName());

@@ -87,13 +87,16 @@ EditMenu::Condition EditMenu::whenSelected() const
     return {[this] { return points_.canEdit(); }, QT_TR_NOOP("No point is selected.")};
 }
 
+EditMenu::Condition EditMenu::whenInserting() const
+{
+    return {[this] { return points_.canInsert(); }, QT_TR_NOOP("The current curve shows no points.")};
+}
+
 void EditMenu::addClipboard()
 {
     const Condition canCopy{[this] { return points_.canCopy(); },
                             QT_TR_NOOP("No point of the current curve is selected.")};
-    const Condition canPaste{[this] {
-        return points_.canInsert();
-    }};
+    const Condition canPaste = whenInserting();
     menu_->addSeparator();
     add("cutAction", QT_TR_NOOP("Cut points"), QStringLiteral("Ctrl+X"), canCopy, [this] { points_.cut(); });
     add("copyAction", QT_TR_NOOP("Copy points"), QStringLiteral("Ctrl+C"), canCopy,
@@ -198,9 +201,7 @@ void EditMenu::addTransforms()
 
 void EditMenu::addShaping()
 {
-    const Condition canInsert{[this] {
-        return points_.canInsert();
-    }};
+    const Condition canInsert = whenInserting();
     const Condition canEdit = whenSelected();
     menu_->addSeparator();
     add("insertAtMouseAction", QT_TR_NOOP("Insert a point on the curve at the mouse"), QStringLiteral("I"),
@@ -223,12 +224,12 @@ void EditMenu::addShaping()
 
 void EditMenu::addFits()
 {
-    const Condition canSimplify{[this] {
-        return points_.canInsert() && canvas_.canvas.currentControl()->pointCount() > 2;
-    }};
-    const Condition canBake{[this] {
-        return canvas_.canvas.currentSplineBase() && canvas_.canvas.getCurrentCurve()->isShown();
-    }};
+    const Condition canSimplify{
+        [this] { return points_.canInsert() && canvas_.canvas.currentControl()->pointCount() > 2; },
+        QT_TR_NOOP("The current curve does not show more than two points.")};
+    const Condition canBake{
+        [this] { return canvas_.canvas.currentSplineBase() && canvas_.canvas.getCurrentCurve()->isShown(); },
+        QT_TR_NOOP("No curve that is shown is the current one.")};
     add("simplifyAction", QT_TR_NOOP("Simplify…"), QStringLiteral("Shift+S"), canSimplify,
         [this, canSimplify] { open<SimplifyDialog>(canSimplify); });
     add("bakeAction", QT_TR_NOOP("Bake…"), QStringLiteral("Shift+B"), canBake,

@@ -51,6 +51,7 @@ private:
              const std::function<void()>& work);
     static Condition always();
     Condition whenSelected() const;
+    Condition whenInserting() const;
     const Entry* find(const QKeyEvent& event) const;
     QMenu* addMenu(const char* name, const char* text);
     void addToggle(const char* name, const char* text, const QString& key, const IsOn& isOn,

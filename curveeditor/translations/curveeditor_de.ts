@@ -1751,6 +1751,18 @@ Soll die Datei ersetzt werden?</translation>
         <source>The clipboard holds no points.</source>
         <translation>Die Zwischenablage enthält keine Punkte.</translation>
     </message>
+    <message>
+        <source>The current curve shows no points.</source>
+        <translation>Die aktuelle Kurve zeigt keine Punkte.</translation>
+    </message>
+    <message>
+        <source>The current curve does not show more than two points.</source>
+        <translation>Die aktuelle Kurve zeigt nicht mehr als zwei Punkte.</translation>
+    </message>
+    <message>
+        <source>No curve that is shown is the current one.</source>
+        <translation>Keine sichtbare Kurve ist die aktuelle.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1807,6 +1819,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>Das ergibt Bézier- oder lineare Punkte, die diese Kurve nicht haben darf.</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 ist ausgeblendet.</translation>
     </message>
 </context>
 <context>

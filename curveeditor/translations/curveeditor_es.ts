@@ -1751,6 +1751,18 @@ Do you want to replace it?</source>
         <source>The clipboard holds no points.</source>
         <translation>El portapapeles no contiene puntos.</translation>
     </message>
+    <message>
+        <source>The current curve shows no points.</source>
+        <translation>La curva actual no muestra puntos.</translation>
+    </message>
+    <message>
+        <source>The current curve does not show more than two points.</source>
+        <translation>La curva actual no muestra más de dos puntos.</translation>
+    </message>
+    <message>
+        <source>No curve that is shown is the current one.</source>
+        <translation>La curva actual no se muestra.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1807,6 +1819,10 @@ Do you want to replace it?</source>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>Esto da puntos Bézier o lineales, que esta curva no puede tener.</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 está oculta.</translation>
     </message>
 </context>
 <context>

@@ -1751,6 +1751,18 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>The clipboard holds no points.</source>
         <translation>Le presse-papiers ne contient aucun point.</translation>
     </message>
+    <message>
+        <source>The current curve shows no points.</source>
+        <translation>La courbe courante ne montre aucun point.</translation>
+    </message>
+    <message>
+        <source>The current curve does not show more than two points.</source>
+        <translation>La courbe courante ne montre pas plus de deux points.</translation>
+    </message>
+    <message>
+        <source>No curve that is shown is the current one.</source>
+        <translation>La courbe courante n&apos;est pas affichée.</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1807,6 +1819,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>Cela donne des points de Bézier ou linéaires, que cette courbe ne peut pas avoir.</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 est masquée.</translation>
     </message>
 </context>
 <context>

@@ -1751,6 +1751,18 @@ Do you want to replace it?</source>
         <source>The clipboard holds no points.</source>
         <translation>クリップボードにポイントがありません。</translation>
     </message>
+    <message>
+        <source>The current curve shows no points.</source>
+        <translation>現在の曲線に表示される点がありません。</translation>
+    </message>
+    <message>
+        <source>The current curve does not show more than two points.</source>
+        <translation>現在の曲線に表示される点が 2 個以下です。</translation>
+    </message>
+    <message>
+        <source>No curve that is shown is the current one.</source>
+        <translation>表示されている曲線が選ばれていません。</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1807,6 +1819,10 @@ Do you want to replace it?</source>
     <message>
         <source>This makes Bezier or Linear points, which the curve may not have.</source>
         <translation>ベジェまたはリニア ポイントになりますが、このカーブでは使えません。</translation>
+    </message>
+    <message>
+        <source>%1 is hidden.</source>
+        <translation>%1 は非表示です。</translation>
     </message>
 </context>
 <context>

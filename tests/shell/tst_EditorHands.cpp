@@ -245,6 +245,9 @@ private Q_SLOTS:
                                         {"retime", QKeySequence("Shift+R")}})
             row(name, key, {}, "No point is selected.");
         row("copy", QKeySequence("Ctrl+C"), {}, "No point of the current curve is selected.");
+        for (const char* const key : {"Ctrl+Alt+V", "I"})
+            row(key, QKeySequence(key), "1\t2\n", "The current curve shows no points.");
+        row("simplify", QKeySequence("Shift+S"), {}, "The current curve does not show more than two points.");
         row("paste", QKeySequence("Ctrl+V"), {}, "The clipboard holds no points.");
         row("paste of blanks", QKeySequence("Ctrl+V"), " \n\t", "The text holds no points.");
     }
@@ -255,6 +258,8 @@ private Q_SLOTS:
         QGuiApplication::clipboard()->clear();
         if (!clipboard.isEmpty())
             QGuiApplication::clipboard()->setText(clipboard);
+        if (told.contains("show"))
+            s.enter("t").focusCanvas();
         s.key(key[0].key(), key[0].keyboardModifiers());
         QCOMPARE(s.canvas.canvas.toldText(), told);
         QVERIFY(!s.editor.findChild<QDialog*>() && closeBox().isEmpty());
