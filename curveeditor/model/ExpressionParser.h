@@ -12,6 +12,8 @@
 
 namespace curveeditor {
 
+class VariableSource;
+
 /// Parses one text by operator precedence: values wait on one stack, operators and open parentheses on
 /// another, and an operator takes its values when a looser one follows. See Dijkstra's "shunting yard"
 /// (1961).

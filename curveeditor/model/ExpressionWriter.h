@@ -9,6 +9,7 @@
 
 class FunctionFloatBase;
 class FunctionFloatOperation;
+class ParserVarMapper;
 
 namespace curveeditor {
 
