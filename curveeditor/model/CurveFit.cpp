@@ -99,7 +99,7 @@ std::vector<PointInfo> fittedPoints(const FitSamples& samples, const Options& op
     return points;
 }
 
-/// A point for each sample.
+/// A point for each sample. The slopes of a `Tcb` point at a jump are those of the chords beside it.
 std::vector<PointInfo> allPoints(const FitSamples& samples, SplineBase::NodeType type)
 {
     std::vector<PointInfo> points;
@@ -108,6 +108,10 @@ std::vector<PointInfo> allPoints(const FitSamples& samples, SplineBase::NodeType
     for (std::size_t i = 0; i < points.size(); ++i) {
         points[i].tanLeft = points[i].tanRight = CurveFit::smoothSlope(
             i > 0 ? &points[i - 1] : nullptr, points[i], i + 1 < points.size() ? &points[i + 1] : nullptr);
+        if (type == SplineBase::Tcb && i > 0 && points[i - 1].time == points[i].time) {
+            points[i].tension = points[i - 1].tension = 0.5;
+            points[i].continuity = points[i - 1].continuity = -1.0;
+        }
     }
     return points;
 }
@@ -247,11 +251,29 @@ std::vector<double> timesOf(const Steps& steps, Status& status)
     return times;
 }
 
-std::vector<double> valuesOf(const std::function<double(double)>& function, const std::vector<double>& times)
+/// Of the steps and the jumps among them, unless they are refused.
+FitSamples samplesOf(const std::function<double(double)>& function, const Steps& steps, Status& status)
 {
-    std::vector<double> values(times.size());
-    std::transform(times.begin(), times.end(), values.begin(), function);
-    return values;
+    const std::vector<double> times = timesOf(steps, status);
+    const double nearness = 1e-6 * steps.step; // more than rounding makes of it
+    auto jump = std::find_if(steps.jumps.begin(), steps.jumps.end(),
+                             [&](const CurveFit::Jump& each) { return each.time >= steps.first - nearness; });
+    FitSamples samples;
+    for (const double time : times) {
+        bool isJump = false;
+        for (; jump != steps.jumps.end() && jump->time <= time + nearness; ++jump) {
+            isJump = jump->time >= time - nearness;
+            samples.times.insert(samples.times.end(), 2, isJump ? time : jump->time);
+            samples.values.insert(samples.values.end(), {jump->before, jump->value});
+        }
+        if (!isJump) {
+            samples.times.push_back(time);
+            samples.values.push_back(function(time));
+        }
+    }
+    if (samples.times.size() > std::max(times.size(), CurveFit::stepLimit))
+        status = Status::TooManyPoints;
+    return samples;
 }
 
 } // namespace
@@ -272,6 +294,7 @@ Result CurveFit::fit(const std::vector<double>& times, const std::vector<double>
         return refusal(Status::NoSamples);
     Result result;
     result.status = Status::Done;
+    result.samples = samples.times.size();
     result.spline.points = fittedPoints(samples, options);
     result.deviation = deviationFrom(samples, result.spline);
     if (result.deviation > options.tolerance) {
@@ -322,15 +345,28 @@ Result CurveFit::simplify(const SplineBase& spline, std::size_t first, std::size
     return unchanged;
 }
 
+std::vector<CurveFit::Jump> CurveFit::jumpsOf(const SplineBase& spline)
+{
+    std::vector<Jump> jumps;
+    const auto& points = spline.getControlPoints();
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const PointInfo &from = *points[i - 1], &to = *points[i];
+        if ((to.type == SplineBase::Hold || from.time == to.time) && from.pos != to.pos)
+            jumps.push_back({to.time, from.pos, to.pos});
+    }
+    return jumps;
+}
+
 Result CurveFit::bake(const std::function<double(double)>& function, const Steps& steps,
                       SplineBase::NodeType type)
 {
     Status status = Status::Done;
-    const std::vector<double> times = timesOf(steps, status);
+    const FitSamples samples = samplesOf(function, steps, status);
     if (status != Status::Done)
         return refusal(status);
     Result result;
-    result.spline.points = allPoints(usable(times, valuesOf(function, times)), type);
+    result.spline.points = allPoints(usable(samples.times, samples.values), type);
+    result.samples = result.spline.points.size();
     result.status = result.spline.points.empty() ? Status::NoSamples : Status::Done;
     return result;
 }
@@ -339,10 +375,10 @@ Result CurveFit::bake(const std::function<double(double)>& function, const Steps
                       const Options& options)
 {
     Status status = Status::Done;
-    const std::vector<double> times = timesOf(steps, status);
+    const FitSamples samples = samplesOf(function, steps, status);
     if (status != Status::Done)
         return refusal(status);
-    return fit(times, valuesOf(function, times), options);
+    return fit(samples.times, samples.values, options);
 }
 
 double CurveFit::smoothSlope(const PointInfo* previous, const PointInfo& point, const PointInfo* next)

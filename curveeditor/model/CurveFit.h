@@ -46,6 +46,7 @@ struct Result
     Status status = Status::NoSamples; ///< what was wrong with the input, if not `Done`
     SplineState spline;                ///< without points unless `status` is `Done`
     double deviation = 0.0;            ///< the greatest distance in value from a sample to the curve
+    std::size_t samples = 0;           ///< that `fit` or `bake` went by
 
     /// True if `spline` may be assigned.
     bool isDone() const { return status == Status::Done; }
@@ -85,18 +86,32 @@ CURVEEDITOR_EXPORT Result simplify(const SplineBase& spline, std::size_t first, 
 /// How many samples `simplify` takes between two points of the spline.
 constexpr std::size_t samplesInSegment = 24;
 
+/// Where a function has two values at one time.
+struct Jump
+{
+    double time = 0.0;
+    double before = 0.0; ///< with which the function arrives
+    double value = 0.0;  ///< at the time, with which it goes on
+};
+/// Those that points of type `Hold`, and points at one time, make in a spline, by time. What its behaviours make
+/// outside its points is not among them.
+CURVEEDITOR_EXPORT std::vector<Jump> jumpsOf(const SplineBase& spline);
+
 /// Times from `first` to `last` at equal distances; the last distance is shorter where `step` does not divide
-/// them.
+/// them. Each jump from `first` to `last` is a time, too, with both of its values, and takes the place of a step that
+/// rounding alone keeps apart from it.
 struct Steps
 {
-    double first = 0.0; ///< finite
-    double last = 0.0;  ///< finite, not below `first`
-    double step = 1.0;  ///< above 0.0
+    double first = 0.0;        ///< finite
+    double last = 0.0;         ///< finite, not below `first`
+    double step = 1.0;         ///< above 0.0
+    std::vector<Jump> jumps{}; ///< of the function, ascending
 };
-/// The most steps that `bake` takes, so that a small step can't fill the memory.
+/// The most steps and values at jumps that `bake` takes, so that a small step can't fill the memory.
 constexpr std::size_t stepLimit = 1'000'000;
 
 /// `function` at each step as a point of that type. The slopes of `Bezier` points are those of `smoothSlope`.
+/// Two points stand at a jump; of type `Tcb` they have the tension and continuity that keep it off the curve beside it.
 /// Steps at which the function is not finite are passed over. What the function throws goes through.
 CURVEEDITOR_EXPORT Result bake(const std::function<double(double)>& function, const Steps& steps,
                                SplineBase::NodeType type);

@@ -12,7 +12,6 @@
 #include <QDeadlineTimer>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace curveeditor {
@@ -126,10 +125,21 @@ CurveFit::Options BakeDialog::fitOptions() const
     return options;
 }
 
-// Frames are whole numbers, so steps are made in what is shown.
-CurveFit::Result BakeDialog::bake(const CurveFit::Steps& times)
+std::vector<CurveFit::Jump> BakeDialog::jumps() const
 {
-    samples_ = 0;
+    const SplineBase* const spline = curve()->isSpline() ? curve()->getSpline() : nullptr;
+    std::vector<CurveFit::Jump> jumps;
+    if (spline)
+        jumps = CurveFit::jumpsOf(*spline);
+    for (CurveFit::Jump& jump : jumps)
+        jump.time *= shownPerTime_;
+    return jumps;
+}
+
+// Frames are whole numbers, so steps are made in what is shown.
+CurveFit::Result BakeDialog::bake(CurveFit::Steps times)
+{
+    times.jumps = jumps();
     isLate_ = false;
     EvaluationTime evaluationTime;
     const QDeadlineTimer deadline(longestEvaluation);
@@ -139,9 +149,7 @@ CurveFit::Result BakeDialog::bake(const CurveFit::Steps& times)
             return std::numeric_limits<double>::quiet_NaN();
         const double time = shown / shownPerTime_;
         evaluationTime.set(time, fps_);
-        const double value = curve()->getValue(time);
-        samples_ += std::isfinite(value) ? 1 : 0;
-        return value;
+        return curve()->getValue(time);
     };
     CurveFit::Result result =
         isFitted() ? CurveFit::bake(function, times, fitOptions())
@@ -170,7 +178,7 @@ FitDialog::Outcome BakeDialog::outcomeOf(const CurveFit::Steps& times) const
     if (!isFitted())
         return {tr("Number of points: %1").arg(count), true};
     return {tr("%1 values become %2 points, at most %3 away.")
-                .arg(samples_)
+                .arg(result_.samples)
                 .arg(count)
                 .arg(deviationText(result_.deviation, result_.spline.points)),
             true};

@@ -33,14 +33,14 @@ private:
     /// In the times that are shown.
     std::optional<CurveFit::Steps> steps() const;
     CurveFit::Options fitOptions() const;
-    CurveFit::Result bake(const CurveFit::Steps& steps);
+    std::vector<CurveFit::Jump> jumps() const;
+    CurveFit::Result bake(CurveFit::Steps steps);
     Outcome outcomeOf(const CurveFit::Steps& steps) const;
 
     double fps_;
     double shownPerTime_; ///< frames, or 1.0
     CurveFit::Result result_;
-    std::size_t samples_ = 0; ///< finite values that were baked
-    bool isLate_ = false;     ///< the curve took too long to evaluate
+    bool isLate_ = false; ///< the curve took too long to evaluate
     NumberLine* from_ = nullptr;
     NumberLine* to_ = nullptr;
     NumberLine* every_ = nullptr;

@@ -293,6 +293,21 @@ private Q_SLOTS:
         QCOMPARE(few.spline.points.size(), std::size_t(2));
     }
 
+    void jumpIsBakedAsTwoPoints()
+    {
+        SplineBase spline, baked; // jumps to 1 at 4.5, and from 2 to 5 at 6
+        spline.assign({{{}, {.time = 4.5, .pos = 1.0, .type = 3}, {6.0, 2.0}, {6.0, 5.0}}});
+        const auto function = std::cref(spline);
+        const CurveFit::Steps steps{0.0, 8.0, 1.0, CurveFit::jumpsOf(spline)};
+        for (const int type : {0, 1, 2, 3, 4}) {
+            const Result result = type < 4 ? CurveFit::bake(function, steps, SplineBase::NodeType(type))
+                                           : CurveFit::bake(function, steps, Options{0.01, false});
+            QVERIFY(baked.assign(result.spline) && result.samples == 12 && baked(4.5) == 1.0);
+            QVERIFY(std::abs(baked(4.2)) + std::abs(baked(4.4999)) < 1e-9);
+            QVERIFY(baked(6.0) == 5.0 && baked(5.9999) < 2.1);
+        }
+    }
+
     void threadsReadOneSplineAtOnce()
     {
         SplineBase spline;

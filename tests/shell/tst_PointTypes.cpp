@@ -97,6 +97,9 @@ private Q_SLOTS:
         QTest::mouseMove(&s.canvas, s.pixel(2.0, 1.0));
         s.key(Qt::Key_I);
         QVERIFY(s.x.getControlPointsNumber() == 5 && s.x[1]->type == SplineBase::Hold && s.x(2.0) == value);
+        const auto [time, jump] = std::pair(s.x[3]->time, s.x[3]->pos - s.x[2]->pos);
+        BakeDialog(&s.editor, s.canvas.canvas).accept();
+        QVERIFY(std::abs(s.x(time + 1e-6) - s.x(time - 1e-6) - jump) < 1e-3);
     }
 };
 
