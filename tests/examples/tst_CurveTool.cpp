@@ -108,6 +108,7 @@ private Q_SLOTS:
             ":2: '1,234' can be read in two ways: the comma may be the decimal sign or not; say --decimal "
             "comma");
         row("bad sign", "0 1\n", "--decimal: 'dot' is neither comma nor point", "info - --decimal dot", 2);
+        row("value too many", "0 1\n", "--monotone takes no value", "simplify - --monotone=no", 2);
         row("times repeat", "0 1\n2 0\n0 1\n", ":3: time 0 is there twice");
         row("truncated spectra", altered(spectra, "END_DATA\n"), ":8: the file ends before END_DATA");
         row("lost row", altered(spectra, "2 \"../x\" 2 3\n"), ":8: NUMBER_OF_SETS is 2, but there are 1");

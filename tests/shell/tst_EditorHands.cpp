@@ -227,6 +227,7 @@ private Q_SLOTS:
         const auto [times, told, deed] = Strokes::present();
         Scene s;
         QTest::keyPress(&s.canvas, Qt::Key_D);
+        QCOMPARE(s.canvas.cursor().shape(), Qt::CrossCursor);
         deed(s);
         QList<double> found;
         for (const SplineBase::PointInfo* const point : s.x.getControlPoints())

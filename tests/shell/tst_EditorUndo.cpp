@@ -82,14 +82,19 @@ private Q_SLOTS:
             s.key(Qt::Key_E); // the point between is not selected any more
             QCOMPARE(canvas.toldText(), "Ease: there is no segment between selected points");
         });
-        row("ease once more, taken back, and of moved points", 3, x + x + x + x + x + x, [](Scene& s) {
-            s.key(Qt::Key_A, ctrl).key(Qt::Key_E).undo();
-            QVERIFY(s.control().selection().edited().size() == 3);
-            for (int i = 0; i < 2; ++i)
+        row("ease once more, taken back, of moved points, and of others", 5, x + x + x + x + x + x + x + x,
+            [](Scene& s) {
+                s.key(Qt::Key_A, ctrl).key(Qt::Key_E).undo();
+                QVERIFY(s.control().selection().edited().size() == 3);
+                for (int i = 0; i < 2; ++i)
+                    s.trigger("easeInOutBackAction");
+                s.key(Qt::Key_Up, alt).key(Qt::Key_E);
+                QCOMPARE(s.x.getControlPointsNumber(), 5u);
                 s.trigger("easeInOutBackAction");
-            s.key(Qt::Key_Up, alt).key(Qt::Key_E);
-            QCOMPARE(s.x.getControlPointsNumber(), 5u);
-        });
+                s.control().selectPoints({s.x[1]->serial, s.x[2]->serial});
+                s.key(Qt::Key_E);
+                QCOMPARE(s.x.getControlPointsNumber(), 9u);
+            });
         row("eases at all curves", 1, {"a/x", "a/y"}, [](Scene& s) {
             s.key(Qt::Key_A, shift).key(Qt::Key_A, ctrl).key(Qt::Key_E, ctrl);
             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return); // the first one, smoothstep

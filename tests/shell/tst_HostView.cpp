@@ -104,7 +104,7 @@ private Q_SLOTS:
         s.canvas.canvas.hands().alignsHandles = true;
         s.canvas.canvas.setShowsSpeed(true);
         s.editor.setShowTime();
-        s.page(2).editor.splitter11->setSizes({300, 600});
+        s.page(2).editor.splitter11->setSizes({200, 700});
         s.editor.setView(part);
         const QByteArray state = s.editor.saveState();
 
@@ -126,6 +126,9 @@ private Q_SLOTS:
         other.key(Qt::Key_S).key(Qt::Key_A, shift); // they know that they are on
         QVERIFY(!other.canvas.canvas.hands().guide.isSnapping && !other.canvas.canvas.editsAllCurves());
         QVERIFY(other.canvas.canvas.hands().alignsHandles && other.canvas.canvas.showsSpeed());
+        other.editor.renameCurve("a", "x", QString(60, u'm'));
+        other.editor.setEditingNode("a." + QString(60, u'm'));
+        QCOMPARE(other.editor.checkListsEditing->width(), s.editor.checkListsEditing->width());
     }
 
     void hostSelectsPoints_data()

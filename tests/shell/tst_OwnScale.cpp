@@ -134,21 +134,33 @@ private Q_SLOTS:
         QVERIFY(!action.isChecked() && s.editor.view() == view && s.shown() == shown && s.states() == before);
     }
 
+    void dragMovesEachCurveByTheSamePixels_data()
+    {
+        const Rows<bool> row;
+        row("points", false);
+        row("transform box", true);
+    }
     void dragMovesEachCurveByTheSamePixels()
     {
+        const auto [isBox] = Rows<bool>::present();
         ScaledScene s;
         const QPoint x = s.seen("a.x", 1), y = s.seen("a.y", 1), distance(0, 40);
         const AxisRange scale = s.canvas.canvas.findCurve("a.y")->scale();
         s.key(Qt::Key_A, ctrl);
-        s.dragBy(x, distance);
+        if (isBox)
+            s.key(Qt::Key_T, ctrl);
+        const QPoint start = isBox ? QPoint(x.x() + 40, s.canvas.height() / 2) : x;
+        s.dragBy(start, distance);
         QVERIFY(s.canvas.canvas.findCurve("a.y")->scale() == scale); // frozen
         QVERIFY(std::abs(s.seen("a.x", 1).y() - x.y() - 40) <= 1 &&
                 std::abs(s.seen("a.y", 1).y() - y.y() - 40) <= 1);
         QVERIFY(s.x[1]->pos < 1.0 && isNear(s.y[1]->pos, -2000.0 - 40.0 * 2400.0 / s.canvas.height(), 1e-6));
-        s.mouse(QEvent::MouseButtonRelease, x + distance).shown();
+        s.mouse(QEvent::MouseButtonRelease, start + distance).shown();
         QVERIFY(s.canvas.canvas.findCurve("a.y")->scale() != scale &&
                 isNear(s.share("a.y", 1), 11.0 / 12.0, 0.01));
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 1);
+        if (isBox)
+            s.key(Qt::Key_Escape);
         s.key(Qt::Key_Up, alt); // as high at both
         const double moved = s.y[1]->pos;
         s.undo();
