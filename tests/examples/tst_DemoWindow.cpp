@@ -76,6 +76,9 @@ private Q_SLOTS:
             const auto* const end = pixels + picture.width() * picture.height();
             QVERIFY2(std::find(pixels, end, squares.back().rgb()) != end, qPrintable(curve->name));
         }
+        editor.setTheme(CurveEditorTheme::described());
+        QCOMPARE(editor.checkListsEditing->currentItem()->data(0, Qt::DecorationRole),
+                 QVariant(hosts.back()));
         for (qsizetype i = 0; i < std::min<qsizetype>(24, hosts.size()); ++i) {
             for (qsizetype j = 0; j < i; ++j) {
                 const double apart = distance(Oklab::of(hosts[i]), Oklab::of(hosts[j]));
