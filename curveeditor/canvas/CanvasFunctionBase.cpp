@@ -192,9 +192,8 @@ void CanvasFunctionBase::showStep(const EditReport& report)
     selection.dropLost(*curve->getSpline());
     if (!curve->isShown())
         return;
-    const bool isSelected = std::all_of(report.points.begin(), report.points.end(), [&](PointSerial point) {
-        return selection.contains(point);
-    });
+    const bool isSelected = std::all_of(report.points.begin(), report.points.end(),
+                                        [&](PointSerial point) { return selection.contains(point); });
     if (!isSelected && report.points.size() == 1)
         selection.selectOnly(report.points.front());
     else if (!isSelected)
