@@ -18,8 +18,8 @@ namespace curveeditor {
 /// earlier one.
 ///
 /// Of up to 24 curves those of which the host's colours differ by 0.08 in Oklab do so as drawn, and by 0.05 if they
-/// differ by less, where the colours that stand out of the canvas leave room for that; the same colour of the host is always drawn alike. Beyond that number each stands out of the 23
-/// that came before.
+/// differ by less, where the colours that stand out of the canvas leave room for that; the same colour of the host is
+/// always drawn alike. Beyond that number each stands out of the 23 that came before.
 class CurveColors
 {
 public:

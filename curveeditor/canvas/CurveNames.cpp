@@ -2,7 +2,6 @@
 #include <curveeditor/canvas/CurveNames.h>
 
 #include <curveeditor/canvas/CanvasCurves.h>
-#include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
@@ -20,7 +19,6 @@ constexpr int leastCanvas = 300;
 constexpr int margin = 6;
 constexpr int padding = 3;
 constexpr std::size_t mostNames = 12;
-constexpr double contrastOfNames = 4.5;
 constexpr float opacity = 0.8F;
 
 CanvasCurves::Nodes currentFirst(const CanvasCurves& curves)
@@ -46,7 +44,7 @@ void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPor
     QColor background = theme.canvas;
     background.setAlphaF(opacity);
     std::vector<QRect> taken;
-    for (const CurveNodeBase* const curve : currentFirst(curves)) {
+    for (CurveNodeBase* const curve : currentFirst(curves)) {
         if (taken.size() == mostNames)
             return;
         const double row = curve->mapping().row(curve->getClampedValue(view.timeMax));
@@ -61,7 +59,7 @@ void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPor
             continue;
         taken.push_back(place);
         painter.fillRect(place, background);
-        painter.setPen(contrastingColor(curve->lineColor(), {theme.canvas}, contrastOfNames));
+        painter.setPen(curve->nameColor());
         painter.drawText(place, Qt::AlignCenter, name);
     }
 }

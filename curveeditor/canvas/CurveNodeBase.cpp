@@ -28,6 +28,7 @@ namespace {
 
 constexpr std::size_t samplesOfExtent = 1000;
 constexpr double defaultFramesPerTimeUnit = 10.0;
+constexpr double contrastOfNames = 4.5;
 constexpr double lockedShare = 0.5; // of its own colour
 
 /// The exclusive group of all curves in that menu, which lives as long as the menu.
@@ -104,6 +105,7 @@ void CurveNodeBase::toggleAction()
 void CurveNodeBase::setColor(const QColor& color, const QColor& background)
 {
     color_ = color;
+    nameColor_ = QColor();
     const QColor line = canvas_->colors().lineOf(color);
     const QColor shown = curve_->isLocked() ? mixedColor(line, background, lockedShare) : line;
     canvasSpline_->setColors(shown, background);
@@ -114,6 +116,13 @@ void CurveNodeBase::setColor(const QColor& color, const QColor& background)
 QColor CurveNodeBase::lineColor() const
 {
     return canvasSpline_->getColor();
+}
+
+QColor CurveNodeBase::nameColor()
+{
+    if (!nameColor_.isValid())
+        nameColor_ = contrastingColor(lineColor(), {canvas_->theme().canvas}, contrastOfNames);
+    return nameColor_;
 }
 
 double CurveNodeBase::getValue(const double& time) const

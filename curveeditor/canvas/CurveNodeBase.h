@@ -95,6 +95,8 @@ public:
     QColor getColor() const { return color_; }
     /// In which the curve is drawn when it is current.
     QColor lineColor() const;
+    /// The nearest in which its name can be read on the canvas; found when it is asked for first.
+    QColor nameColor();
 
     /// The value that is not clamped. An expression reads the variables `t` and `f`, which the caller has
     /// set; `time` plays no part then. An empty holder gives 0.0.
@@ -179,6 +181,7 @@ private:
     std::unique_ptr<CanvasSpline> canvasSpline_;
     std::unique_ptr<CanvasExpression> canvasExpression_;
     ControlSplineNode control_;
+    QColor nameColor_; ///< invalid until it is found
     QColor color_;
     float defaultValue_;
     float minValue_;
