@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "EditorScene.h"
+
+#include <curveeditor/model/PointTypes.h>
+#include <curveeditor/panel/CurveRowDelegate.h>
+
+/// What a user, a host and assistive tools know of an editor, as texts by names. None depends on fonts or a screen.
+class SessionState : public QMap<QString, QString>
+{
+public:
+    explicit SessionState(Scene& s) : s_(s)
+    {
+        for (const auto& [name, curve] : s.curves)
+            addCurve(name, curve);
+        addCanvas();
+        addRows();
+        addTable();
+        for (const QAction* const action :
+             s.editor.findChildren<QAction*>() + ControlSplineNode::menu()->actions())
+            addAction(*action);
+        for (const QWidget* const widget : s.editor.findChildren<QWidget*>()) {
+            if (widget->window() == &s.editor)
+                addWidget(*widget, QString());
+        }
+        for (const QWidget* const window : QApplication::topLevelWidgets())
+            addWindow(*window);
+        add("title", s.editor.windowTitle());
+        add("focus", QApplication::focusWidget() ? nameOf(*QApplication::focusWidget()) : QString());
+        add("clipboard", QGuiApplication::clipboard()->text());
+        const QUndoStack& stack = *s.editor.undoStack();
+        add("undo", QString("%1 of %2, %3").arg(stack.index()).arg(stack.count()).arg(stack.undoText()));
+    }
+
+    /// A line for each difference; one for all actions or fields that are alike then.
+    static QStringList changes(const QMap& from, const QMap& to)
+    {
+        QMap<QString, QString> told; // by kind and value
+        QStringList lines;
+        for (auto entry = to.begin(); entry != to.end(); ++entry) {
+            const QString kind = entry.key().section(u' ', 0, 0), text = entry.value(),
+                          before = from.value(entry.key());
+            if (before == text)
+                continue;
+            const bool sameText =
+                textIn(before) == textIn(text) && kind == "action" && from.contains(entry.key());
+            if (kind != "action" && kind != "field")
+                lines += entry.key() + ": " + text;
+            else
+                told[kind + u'\n' + (sameText ? text.mid(textIn(text).size()) : text)] +=
+                    entry.key().mid(kind.size());
+        }
+        for (auto group = told.begin(); group != told.end(); ++group)
+            lines += group.key().section(u'\n', 0, 0) + group.value() + ": " + group.key().section(u'\n', 1);
+        for (const QString& key : from.keys()) {
+            if (!to.contains(key))
+                lines += key + " is gone";
+        }
+        for (QString& line : lines)
+            line = line.trimmed();
+        lines.sort();
+        return lines;
+    }
+
+    static QString nameOf(const QWidget& widget)
+    {
+        if (!widget.objectName().isEmpty())
+            return widget.objectName();
+        const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
+        return button ? QString(button->text()).remove(u'&') : QString(widget.metaObject()->className());
+    }
+    static QString number(double value) { return QString::number(value, 'g', 6); }
+
+private:
+    void add(const QString& name, const QString& text) { insert(name, QString(text).replace(u'\n', " / ")); }
+
+    static QString textIn(const QString& value) { return value.left(value.indexOf(" [")); }
+    /// The words for what is so.
+    static QString words(std::initializer_list<std::pair<bool, const char*>> all)
+    {
+        QString text;
+        for (const auto& [isSo, word] : all)
+            text += isSo ? QString(" [%1]").arg(word) : QString();
+        return text;
+    }
+
+    void addCurve(const QString& name, const HostCurve& curve)
+    {
+        const auto group = name.section(u'.', 0, -2), own = name.section(u'.', -1);
+        add("curve " + name,
+            QString("%1 to %2%3")
+                .arg(curve.spline.firstType)
+                .arg(curve.spline.lastType)
+                .arg(curve.expression ? ", " + QString::fromStdString(curve.expression->getString())
+                                      : QString()));
+        const std::vector<int> selected = s_.editor.selectedPoints(group, own);
+        for (int i = 0; const SplineBase::PointInfo* const point : curve.spline.getControlPoints()) {
+            QString text =
+                number(point->time) + u' ' + number(point->pos) + u' ' + PointTypes::of(point->type).word;
+            const std::pair<const char*, double> others[] = {
+                {"in", point->tanLeft},       {"out", point->tanRight}, {"tension", point->tension},
+                {"cont", point->continuity},  {"bias", point->bias},    {"slowTo", point->easeTo},
+                {"slowFrom", point->easeFrom}};
+            for (const auto& [word, value] : others)
+                text += value != 0.0 ? QString(" %1 %2").arg(word, number(value)) : QString();
+            const bool isSelected = std::find(selected.begin(), selected.end(), i) != selected.end();
+            add(QString("curve %1 %2").arg(name).arg(i++, 2, 10, QChar('0')),
+                text + words({{isSelected, "selected"}}));
+        }
+    }
+
+    void addCanvas()
+    {
+        FunctionEditor& canvas = s_.canvas;
+        const QRectF view = s_.editor.view();
+        add("canvas view", number(view.left()) + " to " + number(view.right()) + ", " + number(view.top()) +
+                               " to " + number(view.bottom()));
+        add("canvas cursor", QVariant::fromValue(canvas.cursor().shape()).toString());
+        QAccessibleInterface* const all = QAccessible::queryAccessibleInterface(&canvas);
+        add("canvas said", all->text(QAccessible::Name) + "; " + all->text(QAccessible::Description));
+        QAccessibleInterface* const point = all->focusChild();
+        add("canvas point said",
+            point ? point->text(QAccessible::Name) + "; " + point->text(QAccessible::Description)
+                  : QString());
+        QStringList open;
+        for (const CurveName& curve : s_.editor.openCurves())
+            open += curve.first + u'.' + curve.second;
+        add("canvas curves", open.join(' ') + ", current " + s_.current());
+        const QImage picture = canvas.grab().toImage();
+        for (const int x : {110, 230, 350}) // where no number of the grid stands
+            add(QString("canvas column %1").arg(x), runs(picture, {x, 25}, {0, 1}, 245));
+        add("canvas row 40", runs(picture, {60, 40}, {1, 0}, 370));
+    }
+
+    /// The colours on the way but the grid's, each with the first and the last of its pixels.
+    QString runs(const QImage& picture, QPoint at, const QPoint& step, int count) const
+    {
+        const CurveEditorTheme theme = s_.editor.theme();
+        const QColor ground[] = {theme.canvas, theme.gridLines, theme.fineGridLines, theme.zeroLines};
+        QStringList found;
+        QColor last;
+        int lastPlace = 0;
+        for (int i = 0; i < count; ++i, at += step) {
+            const QColor color = picture.pixelColor(at);
+            if (std::find(std::begin(ground), std::end(ground), color) != std::end(ground))
+                continue;
+            const int place = step.x() ? at.x() : at.y();
+            if (color == last && place - lastPlace <= 2) // or it is a line of the grid between
+                found.last() = found.last().section(u'-', 0, 0) + u'-' + QString::number(place);
+            else
+                found += color.name().mid(1) + u'@' + QString::number(place);
+            last = color;
+            lastPlace = place;
+        }
+        return found.join(' ');
+    }
+
+    void addRows()
+    {
+        struct Open : CurveRowDelegate
+        {
+            using CurveRowDelegate::initStyleOption;
+        };
+        for (int i = 0; i < s_.list.topLevelItemCount(); ++i) {
+            QTreeWidgetItem* const row = s_.list.topLevelItem(i);
+            const QModelIndex index = s_.list.model()->index(i, 0);
+            QStyleOptionViewItem look;
+            look.initFrom(&s_.list);
+            look.rect = s_.list.visualItemRect(row);
+            look.decorationSize = s_.list.iconSize();
+            auto* const delegate = qobject_cast<CurveRowDelegate*>(s_.list.itemDelegate());
+            (delegate->*(&Open::initStyleOption))(&look, index);
+            const QImage square = look.icon.pixmap(look.decorationSize).toImage();
+            add(QString("row %1").arg(i),
+                row->text(0) + u' ' + square.pixelColor(2, square.height() - 3).name() + ' ' +
+                    look.palette.color(QPalette::Text).name() + u' ' +
+                    row->data(0, Qt::AccessibleTextRole).toString() + u' ' + row->toolTip(0) +
+                    words({{look.font.italic(), "slanted"},
+                           {row->isSelected(), "selected"},
+                           {row->isHidden(), "filtered out"},
+                           {index.data(CurveRowDelegate::formulaRole).toBool(), "formula"}}));
+        }
+    }
+
+    void addTable()
+    {
+        const auto* const table = s_.editor.findChild<QTableView*>("pointTable");
+        const QAbstractItemModel& model = *table->model();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            QStringList cells;
+            for (int column = 0; column < model.columnCount(); ++column) {
+                const QModelIndex cell = model.index(row, column);
+                cells +=
+                    cell.data().toString() + words({{!cell.flags().testFlag(Qt::ItemIsEditable), "fixed"}});
+            }
+            const bool isSelected = table->selectionModel()->isRowSelected(row, QModelIndex());
+            add(QString("table %1").arg(row, 2, 10, QChar('0')),
+                cells.join(", ") + words({{isSelected, "selected"}}));
+        }
+        add("table cell", QString::number(table->currentIndex().row()) + ", " +
+                              QString::number(table->currentIndex().column()));
+    }
+
+    void addAction(const QAction& action)
+    {
+        const QString name = action.objectName();
+        if (!name.isEmpty() && !name.startsWith("easeIn") && !name.startsWith("easeOut")) // as easeCssAction
+            add("action " + (name.endsWith("Action") ? name.chopped(6) : name),
+                action.text() + words({{!action.isEnabled(), "off"},
+                                       {action.isChecked(), "on"},
+                                       {!action.isVisible(), "hidden"}}));
+    }
+
+    void addWidget(const QWidget& widget, const QString& window)
+    {
+        if (widget.objectName().isEmpty() && window.isEmpty())
+            return;
+        if (isQts(widget) || qobject_cast<const QAbstractItemView*>(widget.parent()))
+            return;
+        const QString name = nameOf(widget);
+        QString text;
+        if (const auto* const field = qobject_cast<const QLineEdit*>(&widget)) {
+            text = field->text();
+            text += field->hasSelectedText() ? " (" + field->selectedText() + u')' : QString();
+            text += " [" + field->palette().color(QPalette::Base).name() + ']';
+            if (const auto* const number = qobject_cast<const CustomEditLine*>(&widget))
+                add("bounds " + name, SessionState::number(number->clampToBounds(-1e12)) + " to " +
+                                          SessionState::number(number->clampToBounds(1e12)));
+            add("tip " + name, field->toolTip());
+        } else if (const auto* const box = qobject_cast<const QComboBox*>(&widget)) {
+            QStringList entries;
+            for (int i = 0; i < box->count(); ++i)
+                entries += box->itemText(i) +
+                           words({{static_cast<QListView*>(box->view())->isRowHidden(i), "hidden"}});
+            text = box->currentText();
+            add("entries " + name, entries.join(", "));
+        } else if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
+            text = button->text() + words({{button->isChecked(), "on"}});
+        } else if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
+            text = label->text();
+        } else if (const auto* const pages = qobject_cast<const QTabWidget*>(&widget)) {
+            text = pages->tabText(pages->currentIndex());
+        } else {
+            return;
+        }
+        add((window.isEmpty() ? "field " : window + u' ') + name,
+            text + words({{!widget.isVisible(), "hidden"}, {!widget.isEnabled(), "off"}}));
+    }
+
+    void addWindow(const QWidget& window)
+    {
+        if (&window == &s_.editor || !window.isVisible())
+            return;
+        if (const auto* const menu = qobject_cast<const QMenu*>(&window)) {
+            QStringList entries;
+            for (const QAction* const entry : menu->actions())
+                entries +=
+                    entry->isSeparator()
+                        ? "-"
+                        : entry->text() + words({{!entry->isEnabled(), "off"}, {entry->isChecked(), "on"}});
+            return add("open menu", entries.join(", "));
+        }
+        if (!qobject_cast<const QDialog*>(&window))
+            return;
+        const QString name = "open " + window.windowTitle();
+        const auto* const box = qobject_cast<const QMessageBox*>(&window);
+        add(name, box ? box->text() : QString());
+        if (qobject_cast<const QFileDialog*>(&window) || qobject_cast<const QColorDialog*>(&window) || box)
+            return; // Qt's
+        for (const QWidget* const widget : window.findChildren<QWidget*>())
+            if (widget->isVisible())
+                addWidget(*widget, name);
+    }
+
+    Scene& s_;
+};

@@ -1,0 +1,412 @@
+// SPDX-License-Identifier: MIT
+#include "SessionState.h"
+
+namespace {
+
+/// A step of a session, and the lines below it: what is otherwise behind it.
+struct Step
+{
+    int line = 0;
+    QString text;
+    QStringList expected;
+};
+
+/// Plays the steps at a scene. What a step opens with a loop of its own gets the steps behind it.
+class Player
+{
+public:
+    Player() : last_(SessionState(scene_)) { hear(); }
+
+    void play(std::vector<Step>& steps, const std::function<bool(Step&, const QStringList&)>& compare)
+    {
+        const QPointer<QWidget> own = openWindow();
+        while (next_ < steps.size()) {
+            Step& step = steps[next_++];
+            QTimer opened;
+            opened.callOnTimeout([&] {
+                if (openWindow() == own)
+                    return;
+                opened.stop();
+                if (!compare(step, changes()))
+                    next_ = steps.size();
+                play(steps, compare);
+                while (QWidget* const left = openWindow() == own ? nullptr : openWindow())
+                    left->close();
+            });
+            opened.start(0);
+            perform(step.text);
+            opened.stop();
+            if (own && !own->isVisible())
+                return; // who opened it has more to do
+            if (!compare(steps[next_ - 1], changes()))
+                next_ = steps.size();
+        }
+    }
+
+private:
+    /// The words behind the name of a step. Those that are missing are empty.
+    struct Call
+    {
+        QString operator[](qsizetype word) const { return words.value(word); }
+        double number(qsizetype word) const { return words.value(word).toDouble(); }
+
+        Player& player;
+        CurveEditor& editor;
+        QStringList words;
+        QString group = words.value(0).section(u'.', 0, -2); ///< where the first one is a name of a curve
+        QString curve = words.value(0).section(u'.', -1);
+    };
+    using Deeds = std::map<QString, void (*)(Call)>;
+
+    QStringList changes()
+    {
+        QTest::qWait(0);
+        const QMap<QString, QString> now = SessionState(scene_);
+        const QStringList all = SessionState::changes(last_, now) + std::exchange(heard_, {});
+        last_ = now;
+        return all;
+    }
+
+    void perform(const QString& text)
+    {
+        QStringList words = QProcess::splitCommand(text);
+        static const Deeds deeds = allDeeds();
+        const auto deed = deeds.find(words.takeFirst());
+        if (deed == deeds.end())
+            qFatal("no such step: %s", qPrintable(text));
+        deed->second({*this, scene_.editor, words});
+    }
+
+    /// A place of the plane, or of the canvas behind an @.
+    QPoint place(const QString& text) const
+    {
+        const bool isPixel = text.startsWith(u'@');
+        const double x = text.mid(isPixel).section(u',', 0, 0).toDouble(),
+                     y = text.section(u',', 1).toDouble();
+        return isPixel ? QPoint(int(x), int(y)) : scene_.pixel(x, y);
+    }
+    static Qt::MouseButton buttonIn(const QStringList& words)
+    {
+        return words.contains("right")    ? Qt::RightButton
+               : words.contains("middle") ? Qt::MiddleButton
+                                          : Qt::LeftButton;
+    }
+    static Qt::KeyboardModifiers keysIn(const QStringList& words)
+    {
+        Qt::KeyboardModifiers keys;
+        keys.setFlag(shift, words.contains("shift"));
+        keys.setFlag(ctrl, words.contains("ctrl"));
+        keys.setFlag(alt, words.contains("alt"));
+        return keys;
+    }
+    void mouse(QEvent::Type type, const QString& at, const QStringList& words)
+    {
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : buttonIn(words);
+        held_ = type == QEvent::MouseButtonRelease ? held_ & ~Qt::MouseButtons(button) : held_ | button;
+        QMouseEvent event(type, place(at), scene_.canvas.mapToGlobal(place(at)), button, held_,
+                          keysIn(words));
+        QApplication::sendEvent(&scene_.canvas, &event);
+    }
+    /// The places one after the other.
+    void drag(const QStringList& words)
+    {
+        const QStringList places = words.filter(QStringLiteral(","));
+        mouse(QEvent::MouseButtonPress, places.first(), words);
+        for (const QString& next : places.mid(1))
+            mouse(QEvent::MouseMove, next, words);
+        mouse(QEvent::MouseButtonRelease, places.last(), words);
+    }
+    QWidget& target() const
+    {
+        QWidget* const window = openWindow();
+        if (window)
+            return window->focusWidget() ? *window->focusWidget() : *window;
+        return QApplication::focusWidget() ? *QApplication::focusWidget() : scene_.canvas;
+    }
+    /// By its object name or its text, in the window in front first.
+    static QWidget& widget(const QString& name)
+    {
+        for (QWidget* const window : {openWindow(), QApplication::activeWindow()}) {
+            for (QWidget* const found : window ? window->findChildren<QWidget*>() : QList<QWidget*>()) {
+                if (SessionState::nameOf(*found) == name && found->isVisible())
+                    return *found;
+            }
+        }
+        qFatal("no such widget: %s", qPrintable(name));
+    }
+    void key(const QString& keys, QTest::KeyAction action = QTest::Click)
+    {
+        const QKeyCombination one = QKeySequence(keys)[0];
+        QTest::sendKeyEvent(action, &target(), one.key(), textOf(one), one.keyboardModifiers());
+    }
+    static QString textOf(QKeyCombination key)
+    {
+        const bool isLetter = key.key() < 128 && !key.keyboardModifiers().testFlag(Qt::ControlModifier);
+        const QString text = isLetter ? QString(QChar(key.key())) : QString();
+        return key.keyboardModifiers().testFlag(Qt::ShiftModifier) ? text : text.toLower();
+    }
+    void doubleClick(const QStringList& words)
+    {
+        drag(words);
+        mouse(QEvent::MouseButtonDblClick, words[0], words);
+        mouse(QEvent::MouseButtonRelease, words[0], words);
+    }
+    void wheel(const QStringList& words)
+    {
+        turnWheel(scene_.canvas, place(words[0]), place(u'@' + words[1]), keysIn(words));
+    }
+    static void choose(const QString& text)
+    {
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        QAction* const entry = menu ? entryOf(*menu, text) : nullptr;
+        if (!entry)
+            qFatal("no such entry: %s", qPrintable(text));
+        menu->setActiveAction(entry);
+        QTest::keyClick(menu, Qt::Key_Return);
+    }
+    static void pick(QComboBox& box, const QString& text)
+    {
+        box.setCurrentText(text);
+        Q_EMIT box.activated(box.currentIndex());
+    }
+    /// On its name, or on a mark of it.
+    void clickRow(const QStringList& words)
+    {
+        const QRect place =
+            scene_.list.visualItemRect(scene_.list.findItems(words[0], Qt::MatchExactly).value(0));
+        const auto mark = QStringList{"lock", "hide", "solo"}.indexOf(words.value(1));
+        const int side = scene_.list.iconSize().height() + 4;
+        const QPoint at(mark < 0 ? place.left() + 30 : place.right() - int(mark) * side - side / 2,
+                        place.center().y());
+        QTest::mouseClick(scene_.list.viewport(), buttonIn(words), keysIn(words), at);
+        if (words.contains("right"))
+            openContextMenu(*scene_.list.viewport(), at);
+    }
+    void goToCell(int row, int column)
+    {
+        auto& table = *scene_.editor.findChild<QTableView*>("pointTable");
+        table.setFocus();
+        table.setCurrentIndex(table.model()->index(row, column));
+    }
+    static QString unescaped(const QString& text)
+    {
+        return QString(text).replace("\\n", "\n").replace("\\t", "\t");
+    }
+    static void holdFirst(SplineBase& spline) { spline.setPos(spline.modify(0u), 0.0); }
+    void writeValue(const QString& name, unsigned index, double value)
+    {
+        scene_.curves[name].spline.modify(index)->pos = value;
+        scene_.editor.updateCurves();
+    }
+    static void edit(const Call& c)
+    {
+        const auto work = [&c](SplineBase& spline) {
+            spline.addPoint(c.number(1), c.number(2));
+        };
+        c.editor.edit(c.group, c.curve, "Host's work", work);
+    }
+    static void setOption(const Call& c)
+    {
+        CurveOptions options = c.editor.curveOptions(c.group, c.curve);
+        const std::map<QString, double*> numbers = {
+            {"lowest", &options.lowest}, {"highest", &options.highest}, {"step", &options.step}};
+        if (numbers.count(c[1]))
+            *numbers.at(c[1]) = c.number(2);
+        options.locked = c[1] == "locked" ? c[2] == "on" : options.locked;
+        options.hidden = c[1] == "hidden" ? c[2] == "on" : options.hidden;
+        options.toolTip = c[1] == "tip" ? c[2] : options.toolTip;
+        if (c[1] == "types")
+            options.types = {SplineBase::NodeType(c[2].toInt())};
+        c.editor.setCurveOptions(c.group, c.curve, options);
+    }
+
+    template <typename... Arguments> void hear(const char* name, void (CurveEditor::*signal)(Arguments...))
+    {
+        QObject::connect(&scene_.editor, signal, [this, name](Arguments... arguments) {
+            QStringList words{"signal", name};
+            (words.append(textOf(arguments)), ...);
+            const QString line = words.join(' ');
+            if (heard_.isEmpty() || heard_.last() != line)
+                heard_ += line;
+            if (!meanwhile_.isEmpty() && meanwhile_.startsWith(name))
+                perform(std::exchange(meanwhile_, QString()).section(u' ', 1));
+        });
+    }
+    static QString textOf(const QString& text) { return text; }
+    static QString textOf(const QColor& color) { return color.name(); }
+    static QString textOf(double number) { return SessionState::number(number); }
+    static QString textOf(const CurveChange& change)
+    {
+        static const char* const causes[] = {"Edit", "Undo", "Redo", "Cancel", "Host"};
+        return QString("%1 %2 %3 %4 to %5 %6")
+            .arg(change.curve, change.phase == CurveChange::Phase::Commit ? "commit" : "preview",
+                 causes[int(change.cause)], textOf(change.timeFirst), textOf(change.timeLast), change.text)
+            .trimmed();
+    }
+    void hear()
+    {
+        hear("closed", &CurveEditor::closed);
+        hear("curveHasChanged", &CurveEditor::curveHasChanged);
+        hear("curveEdited", &CurveEditor::curveEdited);
+        hear("undoRequested", &CurveEditor::undoRequested);
+        hear("redoRequested", &CurveEditor::redoRequested);
+        hear("curveOpened", &CurveEditor::curveOpened);
+        hear("curveClosed", &CurveEditor::curveClosed);
+        hear("currentCurveChanged", &CurveEditor::currentCurveChanged);
+        hear("curveColorChanged", &CurveEditor::curveColorChanged);
+        hear("viewChanged", &CurveEditor::viewChanged);
+        hear("pointSelectionChanged", &CurveEditor::pointSelectionChanged);
+        hear("timeLineDragged", &CurveEditor::timeLineDragged);
+    }
+
+    static Deeds allDeeds();
+
+    struct Stage : Scene
+    {
+        Stage()
+        {
+            canvas.setFixedSize(440, 300); // 40 pixels a time unit, 50 a value unit
+            editor.resize(1500, 900);
+            editor.setCurveColor("a", "y", QColor(255, 128, 0));
+            editor.setCurveColor("a", "z", QColor(128, 0, 255));
+            QTest::qWait(0);
+        }
+        void enterInto(QWidget& field, const QString& text)
+        {
+            auto& line = static_cast<QLineEdit&>(field);
+            line.setFocus();
+            line.selectAll();
+            QTest::keyClicks(&line, text);
+        }
+    } scene_;
+    QTemporaryDir folder_;
+    QMap<QString, QString> last_;
+    QStringList heard_;
+    QString meanwhile_; ///< the signal at which the host does something, and what
+    Qt::MouseButtons held_;
+    std::size_t next_ = 0;
+};
+
+Player::Deeds Player::allDeeds()
+{
+    Deeds deeds;
+    const auto at = [&deeds](const char* word, void (*deed)(Call)) {
+        deeds[word] = deed;
+    };
+    at("whole", [](Call c) { c.player.last_.clear(); });
+    at("key", [](Call c) { c.player.key(c[0]); });
+    at("hold", [](Call c) { c.player.key(c[0], QTest::Press); });
+    at("let", [](Call c) { c.player.key(c[0], QTest::Release); });
+    at("letters", [](Call c) { QTest::keyClicks(&c.player.target(), c[0]); });
+    at("press", [](Call c) { c.player.mouse(QEvent::MouseButtonPress, c[0], c.words); });
+    at("move", [](Call c) { c.player.mouse(QEvent::MouseMove, c[0], c.words); });
+    at("release", [](Call c) { c.player.mouse(QEvent::MouseButtonRelease, c[0], c.words); });
+    at("click", [](Call c) { c.player.drag(c.words); });
+    at("drag", [](Call c) { c.player.drag(c.words); });
+    at("double", [](Call c) { c.player.doubleClick(c.words); });
+    at("wheel", [](Call c) { c.player.wheel(c.words); });
+    at("trigger", [](Call c) { c.editor.action(c[0])->trigger(); });
+    at("choose", [](Call c) { choose(c[0]); });
+    at("type", [](Call c) { c.player.scene_.enterInto(widget(c[0]), c[1]); });
+    at("push", [](Call c) { QTest::mouseClick(&widget(c[0]), Qt::LeftButton); });
+    at("focus", [](Call c) { widget(c[0]).setFocus(); });
+    at("pick", [](Call c) { pick(static_cast<QComboBox&>(widget(c[0])), c[1]); });
+    at("page", [](Call c) { c.editor.tabWidget2->setCurrentIndex(c[0].toInt()); });
+    at("row", [](Call c) { c.player.clickRow(c.words); });
+    at("cell", [](Call c) { c.player.goToCell(c[0].toInt(), c[1].toInt()); });
+    at("clipboard", [](Call c) { QGuiApplication::clipboard()->setText(unescaped(c[0])); });
+    at("drop", [](Call c) { dropOn(widget(c[0]), c[1]); });
+    at("path", [](Call c) { typePath(*openWindow(), c.player.folder_.filePath(c[0])); });
+    at("meanwhile", [](Call c) { c.player.meanwhile_ = c.words.join(' ').trimmed(); });
+    at("undo", [](Call c) { c.editor.undo(); });
+    at("redo", [](Call c) { c.editor.redo(); });
+    at("adds", [](Call c) { c.player.scene_.add(c[0]); });
+    at("opens", [](Call c) { c.editor.setEditingNode(c[0]); });
+    at("closesAll", [](Call c) { c.editor.cleanSelecteds(); });
+    at("removes", [](Call c) { c.editor.removeCurve(c.group, c.curve); });
+    at("renames", [](Call c) { c.editor.renameCurve(c.group, c.curve, c[1]); });
+    at("removesGroup", [](Call c) { c.editor.removeNode(c[0]); });
+    at("renamesGroup", [](Call c) { c.editor.renameNode(c[0], c[1]); });
+    at("sets", [](Call c) { c.player.setOption(c); });
+    at("colors", [](Call c) { c.editor.setCurveColor(c.group, c.curve, QColor(c[1])); });
+    at("selects", [](Call c) { c.editor.selectPoints(c.group, c.curve, {int(c.number(1))}); });
+    at("writes", [](Call c) { c.player.writeValue(c[0], c[1].toUInt(), c.number(2)); });
+    at("edits", [](Call c) { c.player.edit(c); });
+    at("range", [](Call c) { c.editor.setTimeRange(c.number(0), c.number(1)); });
+    at("values", [](Call c) { c.editor.setMinValue(c.number(0)), c.editor.setMaxValue(c.number(1)); });
+    at("view", [](Call c) { c.editor.setView({c.number(0), c.number(1), c.number(2), c.number(3)}); });
+    at("fps", [](Call c) { c.editor.setFps(c.number(0)); });
+    at("timeLine", [](Call c) { c.editor.setTimeLine(c.number(0)); });
+    at("timeLineMoves", [](Call c) { c.editor.setTimeLineDraggable(true); });
+    at("offersHold", [](Call c) { c.editor.setHoldOffered(true); });
+    at("keepsHistory", [](Call c) { c.editor.setKeepsHistory(false); });
+    at("gestures", [](Call c) { c.editor.setViewGestures(c[0] == "on"); });
+    at("part", [](Call c) { c.editor.setPartShown(EditorPart(c[0].toInt()), c[1] == "on"); });
+    at("dark", [](Call c) { c.editor.setTheme(CurveEditorTheme::dark()); });
+    at("holdsFirst", [](Call c) { c.editor.setConstraint(c.group, c.curve, &holdFirst); });
+    at("drops", [](Call c) { c.editor.deleteExpression(c.group, c.curve, nullptr); });
+    at("shown", [](Call c) { c.editor.setVisible(c[0] == "on"); });
+    return deeds;
+}
+
+const QRegularExpression stepLine("^> (.*)$");
+
+} // namespace
+
+/// Plays the files of tests/sessions. A line "> ..." is a step; the lines below it say what is otherwise behind it. With
+/// CURVEEDITOR_RECORD_SESSIONS set the files are written anew, to be read by somebody who knows what is right.
+class tst_Sessions : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
+    void nothingElseChanges_data()
+    {
+        const Rows<QString> row;
+        const QDir folder(QFINDTESTDATA("../sessions"));
+        for (const QString& file : folder.entryList({"*.txt"}))
+            row(qPrintable(file.section(u'.', 0, 0)), folder.filePath(file));
+        QVERIFY(!folder.isEmpty());
+    }
+    void nothingElseChanges()
+    {
+        const auto [path] = Rows<QString>::present();
+        const bool isRecording = qEnvironmentVariableIsSet("CURVEEDITOR_RECORD_SESSIONS");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QStringList story; // in front of the first step
+        std::vector<Step> steps;
+        const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+        for (int i = 0; const QString& line : lines) {
+            ++i;
+            if (const auto match = stepLine.match(line); match.hasMatch())
+                steps.push_back({i, match.captured(1), {}});
+            else
+                (steps.empty() ? story : steps.back().expected) += line;
+        }
+        file.close();
+        QStringList faults;
+        Player().play(steps, [&](Step& step, const QStringList& changes) {
+            if (isRecording)
+                step.expected = changes;
+            if (step.expected == changes)
+                return true;
+            faults += QString("%1:%2: > %3").arg(path).arg(step.line).arg(step.text);
+            for (const QString& line : step.expected)
+                faults += changes.contains(line) ? QStringList() : QStringList("- " + line);
+            for (const QString& line : changes)
+                faults += step.expected.contains(line) ? QStringList() : QStringList("+ " + line);
+            return false;
+        });
+        if (isRecording && file.open(QIODevice::WriteOnly)) {
+            for (const Step& step : steps)
+                story += "> " + step.text, story += step.expected;
+            file.write((story.join(u'\n') + u'\n').toUtf8());
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+    }
+};
+
+QTEST_MAIN(tst_Sessions)
+#include "tst_Sessions.moc"
