@@ -362,7 +362,7 @@ const std::vector<Playground::Event>& Playground::events()
         Qt::Key_Tab,   Qt::Key_Space, Qt::Key_Home,   Qt::Key_F,     Qt::Key_A,      Qt::Key_B,
         Qt::Key_I,     Qt::Key_S,     Qt::Key_X,      Qt::Key_Y,     Qt::Key_C,      Qt::Key_V,
         Qt::Key_D,     Qt::Key_Z,     Qt::Key_Period, Qt::Key_Comma, Qt::Key_T,      Qt::Key_5,
-        Qt::Key_Minus, Qt::Key_E};
+        Qt::Key_Minus, Qt::Key_E,     Qt::Key_K,      Qt::Key_L,     Qt::Key_H,      Qt::Key_R};
     static const std::vector<Event> all = {
         {"press",
          [](Playground& p, Dice& dice) {

@@ -47,6 +47,19 @@ void CanvasFunctionBase::leaveStack()
     door_.history().leaveStack();
 }
 
+void CanvasFunctionBase::finishDrag()
+{
+    const QPointer<CanvasFunctionBase> guard(this);
+    const CurveEdit::Curves changed = settle();
+    if (!guard)
+        return;
+    CanvasCurves::report(curves_.withFirst(nullptr, changed));
+    if (guard)
+        Q_EMIT selectionChanged(false);
+    if (guard)
+        paint();
+}
+
 QWidget* CanvasFunctionBase::widget() const
 {
     return qobject_cast<QWidget*>(parent());
@@ -121,6 +134,7 @@ void CanvasFunctionBase::setCurrentCurve(CurveNodeBase* curve)
 {
     const QPointer<CurveNodeBase> next(curve);
     if (curves_.current() != curve) {
+        tell({});
         settle();
         if (viewport_)
             viewport_->gesture.press.bandSelects = false;

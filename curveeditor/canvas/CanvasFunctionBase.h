@@ -189,6 +189,8 @@ public:
     /// closes curves.
     /// Returns the curves that have changed by what was ended.
     CurveEdit::Curves settle() { return hands_.settle(); }
+    /// Ends a drag of points where it is, and reports it: its release will not come, or is no concern of the curves.
+    void finishDrag();
     /// Ends that and tells nobody any more. To be called before whom the signals of the undo stack may reach goes.
     void leaveStack();
     /// Takes a gesture back, at points or at the view; what is left of it does nothing. Returns whether there

@@ -191,20 +191,12 @@ void PointCommands::smoothTangents()
 void PointCommands::ease(const Ease& ease)
 {
     SegmentEase::Outcome outcome;
-    QString told = tr("Ease: there is no segment between selected points");
+    Easable easable;
     CanvasEdit easing;
     easing.text = CanvasEdit::ofPoints(tr("Ease a point of %1"), tr("Ease %1 points of %2"));
-    easing.targets = [&told](const CanvasCurves& curves) {
-        CanvasEdit::Nodes eased;
-        for (CurveNodeBase* const node : curves.selected()) {
-            if (!SegmentEase::isPossible(*node->getSpline(), node->control().selection().edited()))
-                continue;
-            const bool isAllowed = PointLimits::allow(node->curve()->options, SplineBase::Bezier);
-            told = isAllowed ? QString() : tr("Ease: %1 may have no Bezier points").arg(node->getName());
-            if (isAllowed)
-                eased.push_back(node);
-        }
-        return eased;
+    easing.targets = [&easable](const CanvasCurves& curves) {
+        easable = easableOf(curves);
+        return easable.curves;
     };
     std::vector<Eased> eased;
     easing.work = [&](CurveNodeBase& curve) {
@@ -221,8 +213,30 @@ void PointCommands::ease(const Ease& ease)
         eased_ = std::move(eased);
     if (outcome.segments > 0)
         canvas->tell(outcomeText(outcome, locale));
-    else if (!told.isEmpty())
-        canvas->tell(told);
+    else if (!easable.refusal.isEmpty())
+        canvas->tell(easable.refusal);
+}
+
+QString PointCommands::easeRefusal() const
+{
+    return easableOf(canvas_.curves()).refusal;
+}
+
+PointCommands::Easable PointCommands::easableOf(const CanvasCurves& curves)
+{
+    Easable easable{{}, tr("Ease: select both ends of a segment that is not vertical")};
+    for (CurveNodeBase* const node : curves.selected()) {
+        if (!SegmentEase::isPossible(*node->getSpline(), node->control().selection().edited()))
+            continue;
+        const bool isAllowed = PointLimits::allow(node->curve()->options, SplineBase::Bezier);
+        if (isAllowed)
+            easable.curves.push_back(node);
+        else
+            easable.refusal = tr("Ease: %1 may have no Bezier points").arg(node->getName());
+    }
+    if (!easable.curves.empty())
+        easable.refusal.clear();
+    return easable;
 }
 
 /// Without the points of the last ease, if these are selected still and nothing else has come since.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/CanvasEdit.h>
 #include <curveeditor/edit/Ease.h>
 #include <curveeditor/edit/PointText.h>
 #include <curveeditor/edit/SegmentEase.h>
@@ -83,8 +84,17 @@ public:
     /// may have no Bezier points stay as they are, which is told too. Added points are selected as well; while the selection
     /// stays so, another ease takes the place of this one.
     void ease(const Ease& ease);
+    /// Why there is nothing to be eased now; empty if there is.
+    QString easeRefusal() const;
 
 private:
+    /// Curves with segments to be eased; without any the refusal says why.
+    struct Easable
+    {
+        CanvasEdit::Nodes curves;
+        QString refusal;
+    };
+    static Easable easableOf(const CanvasCurves& curves);
     /// What an ease left of one curve.
     struct Eased
     {

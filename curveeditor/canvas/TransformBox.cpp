@@ -243,7 +243,7 @@ bool TransformBox::takeMove(const QMouseEvent& event)
         return false;
     }
     if (!event.buttons().testFlag(Qt::LeftButton)) {
-        finish(); // its release went astray
+        canvas_.finishDrag(); // its release went astray
     } else if (!areDraggedThere()) {
         view_.gesture.cancel();
     } else {
@@ -342,21 +342,8 @@ bool TransformBox::takeRelease(const QMouseEvent& event)
 {
     const bool wasDragged = isDragged();
     if (wasDragged && event.button() == Qt::LeftButton)
-        finish();
+        canvas_.finishDrag();
     return wasDragged;
-}
-
-void TransformBox::finish()
-{
-    const QPointer<TransformBox> guard(this);
-    const CurveEdit::Curves changed = canvas_.settle();
-    if (!guard)
-        return;
-    CanvasCurves::report(canvas_.curves().withFirst(nullptr, changed));
-    if (guard)
-        Q_EMIT canvas_.selectionChanged(false);
-    if (guard)
-        canvas_.paint();
 }
 
 /// A host in whose window the widget is may use these keys.

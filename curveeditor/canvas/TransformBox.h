@@ -81,7 +81,6 @@ private:
     void step(const PlaneTransform& transform);
     Results results(const PlaneTransform& transform);
     bool areDraggedThere() const;
-    void finish();
     void showCursor(const std::optional<PlaneFrame::Grip>& grip);
 
     QWidget* widget_;

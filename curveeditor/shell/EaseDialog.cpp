@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/EaseDialog.h>
 
+#include <curveeditor/canvas/PointCommands.h>
 #include <curveeditor/shell/DialogParts.h>
 
 #include <limits>
@@ -40,6 +41,8 @@ FitDialog::Outcome EaseDialog::work()
                     .arg(-Ease::greatestHeight)
                     .arg(Ease::greatestHeight),
                 false};
+    if (const QString refusal = PointCommands(canvas()).easeRefusal(); !refusal.isEmpty())
+        return {refusal, false};
     return {tr("It adds %1 points to a segment.").arg(Ease::css(numbers_).points().size() - 2), true};
 }
 

@@ -156,9 +156,8 @@ void EditMenu::addMarks()
         addToggle(
             name, text, QLatin1String(key), [stateOfCurrent] { return stateOfCurrent().isOn; },
             [&curves, mark = mark](bool on) { curves.setMark(curves.getCurrentCurve(), mark, on); });
-        entries_.back().second = {[stateOfCurrent] {
-            return !stateOfCurrent().isHosts;
-        }};
+        entries_.back().second = {[stateOfCurrent] { return !stateOfCurrent().isHosts; },
+                                  QT_TR_NOOP("The application does not allow that here.")};
     }
 }
 

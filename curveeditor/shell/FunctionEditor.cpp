@@ -272,6 +272,14 @@ void FunctionEditor::resizeEvent(QResizeEvent* event)
     canvas.paint();
 }
 
+// No release comes any more.
+void FunctionEditor::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    if (gesture.isAtPoints())
+        canvas.finishDrag();
+}
+
 /// As near as the two presses of a double click are.
 bool FunctionEditor::isAtLastPress(const QMouseEvent& event) const
 {

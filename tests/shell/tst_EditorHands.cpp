@@ -245,6 +245,8 @@ private Q_SLOTS:
                                         {"box", QKeySequence("Ctrl+T")},
                                         {"retime", QKeySequence("Shift+R")}})
             row(name, key, {}, "No point is selected.");
+        for (const char* const key : {"L", "H"})
+            row(key, QKeySequence(key), "hosts", "The application does not allow that here.");
         row("copy", QKeySequence("Ctrl+C"), {}, "No point of the current curve is selected.");
         for (const char* const key : {"Ctrl+Alt+V", "I"})
             row(key, QKeySequence(key), "1\t2\n", "The current curve shows no points.");
@@ -259,6 +261,8 @@ private Q_SLOTS:
         QGuiApplication::clipboard()->clear();
         if (!clipboard.isEmpty())
             QGuiApplication::clipboard()->setText(clipboard);
+        if (clipboard == "hosts")
+            s.lock("x").hide("x");
         if (told.contains("show"))
             s.enter("t").focusCanvas();
         s.key(key[0].key(), key[0].keyboardModifiers());

@@ -51,6 +51,9 @@ private Q_SLOTS:
         const QStringList x = {"a/x"};
         row("drag across", 1, x, [](Scene& s) { s.drag(5.0, 1.0, 9.0, 2.0); });
         row("drag two", 1, x, [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 7.0, 1.0); });
+        row("drag until the editor is hidden", 1, x, [](Scene& s) {
+            s.press(5.0, 1.0).move(6.0, 2.0).editor.hide();
+        });
         row("drag a handle and align", 2, x + x + x, [](Scene& s) {
             s.dragHandle();
             QVERIFY(s.x[1]->tanRight > 1.5 && s.x[1]->tanLeft != s.x[1]->tanRight);
@@ -79,8 +82,16 @@ private Q_SLOTS:
             QVERIFY(s.x.getControlPointsNumber() == 3 && canvas.toldText() == "Ease: exact");
             s.trigger("easeInOutBackAction");
             s.control().selectPoints({s.x[1]->serial, s.x[3]->serial});
-            s.key(Qt::Key_E); // the point between is not selected any more
-            QCOMPARE(canvas.toldText(), "Ease: there is no segment between selected points");
+            const QString why = "Ease: select both ends of a segment that is not vertical";
+            s.key(Qt::Key_E, shift); // the point between is not selected any more
+            auto* const dialog = s.editor.findChild<QDialog*>();
+            QVERIFY(!dialog->findChild<QPushButton*>()->isEnabled());
+            QCOMPARE(dialog->findChild<QLabel*>("outcome")->text(), why);
+            dialog->reject();
+            s.key(Qt::Key_E);
+            QCOMPARE(canvas.toldText(), why);
+            s.turnTo("a.y");
+            QVERIFY(canvas.toldText().isEmpty());
         });
         row("ease once more, taken back, of moved points, and of others", 5, x + x + x + x + x + x + x + x,
             [](Scene& s) {
