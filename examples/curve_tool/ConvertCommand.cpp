@@ -54,6 +54,24 @@ void leaveOutGaps(const Source& source, SampleTable& table, const Streams& strea
         curve.values.resize(kept);
 }
 
+/// A curve may jump between two samples. Then it has both values at that time.
+void addJumps(const SplineBase& spline, SampleTable& table)
+{
+    std::vector<double>& times = table.times;
+    std::vector<double>& values = table.curves[0].values;
+    for (const CurveFit::Jump& jump : CurveFit::jumpsOf(spline)) {
+        if (jump.time < times.front() || jump.time > times.back())
+            continue;
+        auto at = std::lower_bound(times.begin(), times.end(), jump.time) - times.begin();
+        if (times[std::size_t(at)] != jump.time) {
+            times.insert(times.begin() + at, jump.time);
+            values.insert(values.begin() + at, jump.value);
+        }
+        times.insert(times.begin() + at, jump.time);
+        values.insert(values.begin() + at, jump.before);
+    }
+}
+
 SplineState splineOf(const std::vector<double>& times, const std::vector<double>& values,
                      const Arguments& arguments)
 {
@@ -203,6 +221,8 @@ void run(const Arguments& arguments, const Streams& streams)
     SampleTable table = samplesFor(output, arguments, source);
     if (output != Format::Sensor)
         leaveOutGaps(source, table, streams);
+    if (output == Format::Curve && !source.isTable() && source.getCurve().kind == CurveFile::Spline)
+        addJumps(source.getCurve().spline, table);
     if (arguments.has("all"))
         return writeAll(source, table, arguments, streams);
     const std::string& path = arguments.getOperands()[1];

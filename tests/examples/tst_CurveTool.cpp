@@ -69,6 +69,11 @@ private Q_SLOTS:
             "255\n255\n255\n0\nspline 1 1 0\n0 5 0 0 0 0 0 0 0 0\n2 7 0 0 0 0 0 0 0 0\nend\n");
         row("part of a curve", spline, "convert - - --output-format crv --from 4",
             "1\n2\n3\n0\nspline 1 1 0\n4 3 0 0 0 0 0 0 0 0\nend\n");
+        const QByteArray jump = "1\n2\n3\n0\nspline 1 1 0\n0 1 0 0 0 0 0 0 0 0\n1.5 1 0 0 0 0 0 0 0 0\n"
+                                "1.5 3 0 0 0 0 0 0 0 0\n2 3 0 0 0 0 0 0 0 0\nend\n";
+        row("a jump between samples", jump, "convert - - --output-format crv --step 2", jump);
+        row("a jump at a sample", jump, "convert - - --output-format crv --step 0.5 --from 1.5",
+            altered(jump, "0 1 0 0 0 0 0 0 0 0\n1.5 1", "1.5 1"));
         row("marks in names", "t \"a\"\"b\"\n0 1\n", "convert - - --output-format table",
             "t\t\"a\"\"b\"\n0\t1\n");
         row("curve stays", spline, "convert - - --output-format crv", spline);
