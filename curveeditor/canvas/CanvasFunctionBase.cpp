@@ -21,7 +21,7 @@
 using namespace curveeditor;
 
 CanvasFunctionBase::CanvasFunctionBase(QObject* parent, DependencyCheck* editor)
-    : QObject(parent), editor_(editor), curves_(editor), hands_(*this, curves_),
+    : QObject(parent), cursor(widget()), editor_(editor), curves_(editor), hands_(*this, curves_),
       picture_(widget(), curves_, hands_.guide), colors_(picture_.theme()),
       menu_(std::make_unique<PointMenu>(*this))
 {

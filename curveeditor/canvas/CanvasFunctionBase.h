@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <curveeditor/canvas/CanvasCursor.h>
 #include <curveeditor/canvas/CanvasCurves.h>
 #include <curveeditor/canvas/CanvasEdit.h>
 #include <curveeditor/canvas/CanvasHands.h>
@@ -46,6 +47,8 @@ public:
     /// `parent` is the widget; `editor` answers whether an expression closes a cycle, null means never.
     CanvasFunctionBase(QObject* parent, DependencyCheck* editor);
     ~CanvasFunctionBase() override;
+
+    CanvasCursor cursor; ///< over the widget
 
     DependencyCheck* getEditor() const { return editor_; }
     ViewPort* getViewport() const { return viewport_; }

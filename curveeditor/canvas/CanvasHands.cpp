@@ -135,17 +135,25 @@ CanvasSpline::Hit CanvasHands::hitPoint(const QPoint& pixel)
 {
     curves_.dropLostPoints();
     canvas_.updateCurves();
+    const auto [curve, hit] = pointAt(pixel);
+    if (!curve)
+        return {};
+    const QPointer<CurveNodeBase> next(curve);
+    if (next != curves_.current())
+        canvas_.setCurrentCurve(next);
+    return next && next == curves_.current() ? hit : CanvasSpline::Hit();
+}
+
+/// The one in front, in the pictures as they are; null and none where no point is.
+std::pair<CurveNodeBase*, CanvasSpline::Hit> CanvasHands::pointAt(const QPoint& pixel) const
+{
     CanvasCurves::Nodes reach = curves_.inReach();
     const bool hasCurrent = !reach.empty() && reach.front() == curves_.current();
     std::reverse(reach.begin() + (hasCurrent ? 1 : 0), reach.end()); // from the front to the back
     for (CurveNodeBase* const curve : reach) {
         const CanvasSpline::Hit hit = hitIn(*curve, pixel);
-        if (hit.point == 0)
-            continue;
-        const QPointer<CurveNodeBase> next(curve);
-        if (next != curves_.current())
-            canvas_.setCurrentCurve(next);
-        return next && next == curves_.current() ? hit : CanvasSpline::Hit();
+        if (hit.point != 0)
+            return {curve, hit};
     }
     return {};
 }
@@ -153,9 +161,43 @@ CanvasSpline::Hit CanvasHands::hitPoint(const QPoint& pixel)
 bool CanvasHands::hasPointAt(const QPoint& pixel) const
 {
     canvas_.updateCurves();
-    const CanvasCurves::Nodes reach = curves_.inReach();
-    return std::any_of(reach.begin(), reach.end(),
-                       [&](CurveNodeBase* curve) { return hitIn(*curve, pixel).point != 0; });
+    return pointAt(pixel).first != nullptr;
+}
+
+/// For the curves: no key is held that gives the mouse to others.
+bool CanvasHands::isHandFree() const
+{
+    if (!viewport() || !viewport()->canShow())
+        return false;
+    const Gesture::Keys& keys = viewport()->gesture.keys;
+    return !keys.band && !keys.draw && !keys.space;
+}
+
+bool CanvasHands::canMoveSelection() const
+{
+    const CanvasCurves::Nodes selected = curves_.selected();
+    return std::any_of(selected.begin(), selected.end(),
+                       [](const CurveNodeBase* curve) { return !curve->curve()->isLocked(); });
+}
+
+CanvasHands::Aim CanvasHands::aimAt(const QPoint& pixel, Qt::KeyboardModifiers held) const
+{
+    const CurveNodeBase* const current = curves_.current();
+    if (!current || !isHandFree() || held.testFlag(Qt::AltModifier))
+        return {};
+    const bool isSpline = current->isSpline();
+    const bool shift = held.testFlag(Qt::ShiftModifier);
+    if (isSpline || curves_.editsAll()) {
+        const auto [curve, hit] = pointAt(pixel);
+        if (curve)
+            return {shift || curve->curve()->isLocked() ? Deed::Select : Deed::Move, curve, hit};
+    }
+    if (isSpline && keepsSelection(viewport()->pixelToTime(pixel.x()), shift))
+        return {canMoveSelection() ? Deed::Move : Deed::Nothing, nullptr, {}};
+    if (isSpline && held.testFlag(Qt::ControlModifier))
+        return {current->isShown() && !current->curve()->isLocked() ? Deed::Add : Deed::Nothing, nullptr, {}};
+    CurveNodeBase* const other = otherCurveAt(pixel);
+    return {other ? Deed::Select : Deed::Nothing, other, {}};
 }
 
 bool CanvasHands::pressOnSelection(const QMouseEvent& event)

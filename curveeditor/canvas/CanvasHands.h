@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 class CanvasFunctionBase;
 class CurveNodeBase;
 class QKeyEvent;
@@ -49,9 +51,32 @@ public:
     bool cancel();
     bool hasPointAt(const QPoint& pixel) const;
 
+    /// What a press of the left button does.
+    enum class Deed {
+        Nothing, ///< but a rubber band, or what the view has to do
+        Select,  ///< a point, or a curve
+        Move,    ///< a point, a handle or the selection
+        Add      ///< a point
+    };
+    struct Aim
+    {
+        Deed deed = Deed::Nothing;
+        CurveNodeBase* curve = nullptr; ///< of the point, or the one that is picked
+        CanvasSpline::Hit hit;
+
+        bool operator==(const Aim& other) const = default;
+    };
+    /// What one would do at that pixel with those keys held, by the pictures of the last frame.
+    Aim aimAt(const QPoint& pixel, Qt::KeyboardModifiers held) const;
+
 private:
     ViewPort* viewport() const;
     CanvasSpline::Hit hitIn(CurveNodeBase& curve, const QPoint& pixel) const;
+    std::pair<CurveNodeBase*, CanvasSpline::Hit> pointAt(const QPoint& pixel) const;
+    CurveNodeBase* otherCurveAt(const QPoint& pixel) const;
+    bool isHandFree() const;
+    bool canMoveSelection() const;
+    bool keepsSelection(double time, bool shift) const;
     CanvasSpline::Hit hitPoint(const QPoint& pixel);
     bool pressOnHit(const QMouseEvent& event, const CanvasSpline::Hit& hit);
     void updateSelection(PointSerial point, bool shift);

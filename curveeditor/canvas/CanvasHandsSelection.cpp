@@ -5,14 +5,20 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/ViewPort.h>
 
+#include <algorithm>
+
 namespace curveeditor {
 
 void CanvasHands::updateSelection(PointSerial point, bool shift)
 {
-    const bool keepsSelection = curves_.hasMultipleSelection() &&
-                                (shift || !curves_.isOutsideSelection(viewport()->gesture.place.time));
-    if (!keepsSelection)
+    if (!keepsSelection(viewport()->gesture.place.time, shift))
         curves_.selectOnly(point);
+}
+
+/// A press at that time does.
+bool CanvasHands::keepsSelection(double time, bool shift) const
+{
+    return curves_.hasMultipleSelection() && (shift || !curves_.isOutsideSelection(time));
 }
 
 void CanvasHands::selectInBand()
@@ -41,17 +47,25 @@ void CanvasHands::stepSelection(bool forward)
         control.selectOnly(point);
 }
 
+CurveNodeBase* CanvasHands::otherCurveAt(const QPoint& pixel) const
+{
+    const int reach = canvas_.theme().curveGrabDistance;
+    const auto& all = curves_.all();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& curve) {
+        return curve.get() != curves_.current() && curve->isShown() &&
+               curve->passes(pixel, *viewport(), reach);
+    });
+    return found == all.end() ? nullptr : found->get();
+}
+
 bool CanvasHands::pickCurve(const QPoint& pixel)
 {
-    for (const auto& curve : curves_.all()) {
-        if (curve.get() != curves_.current() && curve->isShown() &&
-            curve->passes(pixel, *viewport(), canvas_.theme().curveGrabDistance)) {
-            viewport()->gesture.press.picksCurve = true;
-            canvas_.setCurrentCurve(curve.get());
-            return true;
-        }
-    }
-    return false;
+    CurveNodeBase* const curve = otherCurveAt(pixel);
+    if (!curve)
+        return false;
+    viewport()->gesture.press.picksCurve = true;
+    canvas_.setCurrentCurve(curve);
+    return true;
 }
 
 } // namespace curveeditor

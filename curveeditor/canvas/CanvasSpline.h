@@ -65,11 +65,15 @@ public:
     {
         PointSerial point = 0;
         SplineEdits::Part part = SplineEdits::Part::Point;
+
+        bool operator==(const Hit& other) const = default;
     };
     /// The first control point less than `grabDistance` (manhattan) from `pixel`. A single current `Bezier` point goes
     /// before the others, with its handles and the line between them; the first point has no left and the last
     /// no right handle.
     Hit hitTest(const QPoint& pixel, const Selection& selection) const;
+    /// Where it is seen: the point, or its handles.
+    QPolygon pixelsOf(const Hit& hit) const;
 
     bool selected = false;    ///< This curve is the current one; written by the canvas.
     bool showsPoints = false; ///< Its points are drawn, and can be hit, though it is not; likewise.

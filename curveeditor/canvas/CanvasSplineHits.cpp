@@ -42,6 +42,24 @@ CanvasSpline::Hit CanvasSpline::hitTest(const QPoint& pixel, const Selection& se
     return {};
 }
 
+QPolygon CanvasSpline::pixelsOf(const Hit& hit) const
+{
+    using SplineEdits::Part;
+    const int index = spline_ ? indicesOf({hit.point}, *spline_).front() : -1;
+    if (index < 0 || index >= shownPoints())
+        return {};
+    const QPoint node = nodePixels[index];
+    if (hit.part == Part::Point)
+        return {node};
+    const int lastIndex = pointCount() - 1;
+    QPolygon handles;
+    if (hit.part != Part::LeftTangent && index < lastIndex)
+        handles << rightHandle(node, unsigned(index), index == 0);
+    if (hit.part != Part::RightTangent && index > 0)
+        handles << leftHandle(node, unsigned(index), index == lastIndex);
+    return handles;
+}
+
 CanvasSpline::Hit CanvasSpline::hitCurrent(const QPoint& pixel, const Selection& selection) const
 {
     using SplineEdits::Part;

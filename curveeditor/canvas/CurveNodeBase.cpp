@@ -291,6 +291,11 @@ void CurveNodeBase::update(ViewPort* viewport)
     renewPictureNumber();
 }
 
+void CurveNodeBase::drawLine(CurvePainter& curves, double width) const
+{
+    curves.drawSolid(isSpline() ? canvasSpline_->curveLine : canvasExpression_->curveLine, lineColor(), width);
+}
+
 void CurveNodeBase::draw(CurvePainter& curves) const
 {
     if (isSpline())

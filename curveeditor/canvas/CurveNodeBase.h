@@ -140,6 +140,8 @@ public:
     void setExpressionLine(DeviceLine line);
     /// Paints the picture.
     void draw(CurvePainter& curves) const;
+    /// Paints its line alone, in the colour that it has as the current curve.
+    void drawLine(CurvePainter& curves, double width) const;
     /// Another number for each picture that the curve had, and never that of another curve.
     quint64 pictureNumber() const { return pictureNumber_; }
 

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 namespace curveeditor {
 
@@ -141,13 +142,8 @@ bool TimeLineDrag::takeEscape()
 
 void TimeLineDrag::showCursor(bool isAtFoot)
 {
-    if (isAtFoot == isCursorShown_)
-        return;
-    isCursorShown_ = isAtFoot;
-    if (isAtFoot)
-        widget_->setCursor(Qt::SizeHorCursor);
-    else
-        widget_->unsetCursor();
+    canvas_.cursor.ask(CanvasCursor::Asker::TimeLine,
+                       isAtFoot ? std::optional(Qt::SizeHorCursor) : std::nullopt);
 }
 
 void TimeLineDrag::moveTo(double time)

@@ -56,7 +56,6 @@ private:
     CanvasFunctionBase& canvas_;
     ViewPort& view_;
     bool isEnabled_ = false;
-    bool isCursorShown_ = false;
 };
 
 } // namespace curveeditor

@@ -368,11 +368,8 @@ bool TransformBox::takeKey(const QKeyEvent& event)
 
 void TransformBox::showCursor(const std::optional<PlaneFrame::Grip>& grip)
 {
-    if (grip)
-        widget_->setCursor(FrameGrips::cursorOf(*grip));
-    else if (isCursorShown_)
-        widget_->unsetCursor();
-    isCursorShown_ = grip.has_value();
+    canvas_.cursor.ask(CanvasCursor::Asker::Box,
+                       grip ? std::optional(FrameGrips::cursorOf(*grip)) : std::nullopt);
 }
 
 } // namespace curveeditor

@@ -88,7 +88,6 @@ private:
     ViewPort& view_;
     std::optional<Content> content_; ///< when it was shown
     Measured measured_;
-    bool isCursorShown_ = false;
 };
 
 } // namespace curveeditor

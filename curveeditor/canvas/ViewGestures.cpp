@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace curveeditor {
@@ -167,7 +168,7 @@ bool ViewGestures::takePress(const QMouseEvent& event)
     widget_->setFocus();
     view_.gesture.beginAtView(Gesture::Kind::Pan, view_.mapping());
     view_.gesture.viewDrag = {event.button(), event.position()};
-    widget_->setCursor(Qt::ClosedHandCursor);
+    canvas_.cursor.ask(CanvasCursor::Asker::View, Qt::ClosedHandCursor);
     return true;
 }
 
@@ -228,12 +229,12 @@ void ViewGestures::showCursor()
 {
     if (dragButton() != Qt::NoButton)
         return;
+    std::optional<Qt::CursorShape> shape;
     if (view_.gesture.keys.space)
-        widget_->setCursor(Qt::OpenHandCursor);
+        shape = Qt::OpenHandCursor;
     else if (view_.gesture.keys.draw)
-        widget_->setCursor(Qt::CrossCursor);
-    else
-        widget_->unsetCursor();
+        shape = Qt::CrossCursor;
+    canvas_.cursor.ask(CanvasCursor::Asker::View, shape);
 }
 
 } // namespace curveeditor

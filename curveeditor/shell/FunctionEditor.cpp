@@ -28,7 +28,7 @@ bool isPlainTab(const QKeyEvent& event)
 } // namespace
 
 FunctionEditor::FunctionEditor(QWidget* parent, DependencyCheck* check, const NodePageWidgets& page)
-    : QWidget(parent), ViewPort(0, 0), canvas(this, check), nodeForm(page, *this),
+    : QWidget(parent), ViewPort(0, 0), canvas(this, check), nodeForm(page, *this), hoverLight(this, canvas),
       viewGestures(this, canvas, *this), timeLineDrag(this, canvas, *this), freehandDrag(this, canvas, *this),
       transformBox(this, canvas, *this)
 {
@@ -248,6 +248,7 @@ void FunctionEditor::paintEvent(QPaintEvent* /*event*/)
     {
         QPainter painter(this);
         canvas.showBuffer(&painter);
+        hoverLight.draw(painter);
         transformBox.draw(painter);
     }
     canvas.showOverlay();

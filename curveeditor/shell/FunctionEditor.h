@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/FreehandDrag.h>
+#include <curveeditor/canvas/HoverLight.h>
 #include <curveeditor/canvas/TimeLineDrag.h>
 #include <curveeditor/canvas/TransformBox.h>
 #include <curveeditor/canvas/ViewGestures.h>
@@ -31,6 +32,7 @@ public:
 
     CanvasFunctionBase canvas; ///< the curves on the canvas
     TcbEditorForm nodeForm;    ///< the page that shows the selected point
+    HoverLight hoverLight;
     ViewGestures viewGestures; ///< wheel, touch pad, Space and middle button
     TimeLineDrag timeLineDrag;
     FreehandDrag freehandDrag;

@@ -1082,10 +1082,6 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Punkte von %1 ersetzen</translation>
     </message>
     <message>
-        <source>Ease: there is no segment between selected points</source>
-        <translation>Beschleunigung: zwischen ausgewählten Punkten liegt kein Abschnitt</translation>
-    </message>
-    <message>
         <source>Ease a point of %1</source>
         <translation>Punkt von %1 sanft beschleunigen</translation>
     </message>
@@ -1112,6 +1108,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>%1; an eased Tcb segment beside it has bent</source>
         <translation>%1; ein Tcb-Abschnitt mit Abgang oder Ankunft daneben hat sich verbogen</translation>
+    </message>
+    <message>
+        <source>Ease: select both ends of a segment that is not vertical</source>
+        <translation>Beschleunigung: beide Enden eines Abschnitts auswählen, der nicht senkrecht ist</translation>
     </message>
 </context>
 <context>
@@ -1762,6 +1762,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>No curve that is shown is the current one.</source>
         <translation>Keine sichtbare Kurve ist die aktuelle.</translation>
+    </message>
+    <message>
+        <source>The application does not allow that here.</source>
+        <translation>Die Anwendung lässt das hier nicht zu.</translation>
     </message>
 </context>
 <context>

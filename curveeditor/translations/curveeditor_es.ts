@@ -1082,10 +1082,6 @@ Do you want to replace it?</source>
         <translation>Reemplazar puntos de %1</translation>
     </message>
     <message>
-        <source>Ease: there is no segment between selected points</source>
-        <translation>Aceleración: no hay ningún segmento entre puntos seleccionados</translation>
-    </message>
-    <message>
         <source>Ease a point of %1</source>
         <translation>Suavizar la aceleración en un punto de %1</translation>
     </message>
@@ -1112,6 +1108,10 @@ Do you want to replace it?</source>
     <message>
         <source>%1; an eased Tcb segment beside it has bent</source>
         <translation>%1; un segmento Tcb contiguo con salida o llegada se ha deformado</translation>
+    </message>
+    <message>
+        <source>Ease: select both ends of a segment that is not vertical</source>
+        <translation>Aceleración: seleccione ambos extremos de un segmento que no sea vertical</translation>
     </message>
 </context>
 <context>
@@ -1762,6 +1762,10 @@ Do you want to replace it?</source>
     <message>
         <source>No curve that is shown is the current one.</source>
         <translation>La curva actual no se muestra.</translation>
+    </message>
+    <message>
+        <source>The application does not allow that here.</source>
+        <translation>La aplicación no lo permite aquí.</translation>
     </message>
 </context>
 <context>

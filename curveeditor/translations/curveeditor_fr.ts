@@ -1082,10 +1082,6 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>Remplacer des points de %1</translation>
     </message>
     <message>
-        <source>Ease: there is no segment between selected points</source>
-        <translation>Accélération&#xa0;: aucun segment entre des points sélectionnés</translation>
-    </message>
-    <message>
         <source>Ease a point of %1</source>
         <translation>Adoucir l’accélération en un point de %1</translation>
     </message>
@@ -1112,6 +1108,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>%1; an eased Tcb segment beside it has bent</source>
         <translation>%1&#xa0;; un segment Tcb voisin avec départ ou arrivée s’est déformé</translation>
+    </message>
+    <message>
+        <source>Ease: select both ends of a segment that is not vertical</source>
+        <translation>Accélération : sélectionnez les deux extrémités d&apos;un segment qui n&apos;est pas vertical</translation>
     </message>
 </context>
 <context>
@@ -1762,6 +1762,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>No curve that is shown is the current one.</source>
         <translation>La courbe courante n&apos;est pas affichée.</translation>
+    </message>
+    <message>
+        <source>The application does not allow that here.</source>
+        <translation>L&apos;application ne le permet pas ici.</translation>
     </message>
 </context>
 <context>

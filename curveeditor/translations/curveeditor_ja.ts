@@ -1082,10 +1082,6 @@ Do you want to replace it?</source>
         <translation>%1 のポイントを置き換え</translation>
     </message>
     <message>
-        <source>Ease: there is no segment between selected points</source>
-        <translation>イーズ: 選択したポイントの間に区間がありません</translation>
-    </message>
-    <message>
         <source>Ease a point of %1</source>
         <translation>%1 のポイントにイーズを適用</translation>
     </message>
@@ -1112,6 +1108,10 @@ Do you want to replace it?</source>
     <message>
         <source>%1; an eased Tcb segment beside it has bent</source>
         <translation>%1。隣のイーズ付き Tcb 区間が曲がりました</translation>
+    </message>
+    <message>
+        <source>Ease: select both ends of a segment that is not vertical</source>
+        <translation>イーズ: 垂直でない区間の両端を選択してください</translation>
     </message>
 </context>
 <context>
@@ -1762,6 +1762,10 @@ Do you want to replace it?</source>
     <message>
         <source>No curve that is shown is the current one.</source>
         <translation>表示されている曲線が選ばれていません。</translation>
+    </message>
+    <message>
+        <source>The application does not allow that here.</source>
+        <translation>ここではアプリケーションがそれを許可していません。</translation>
     </message>
 </context>
 <context>

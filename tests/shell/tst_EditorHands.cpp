@@ -37,6 +37,7 @@ class tst_EditorHands : public QObject
     /// Whether the times and the values in sight change, and whether the place under the mouse stays there.
     using ViewGestures = Rows<bool, bool, bool, Deed>;
     /// The times of the points after a stroke, and what the canvas says.
+    using Hovers = Rows<Qt::CursorShape, bool, Deed>;  // whether something is lit
     using Whys = Rows<QKeySequence, QString, QString>; // clipboard, and what is told
     using Strokes = Rows<QList<double>, QString, Deed>;
 
@@ -235,6 +236,73 @@ private Q_SLOTS:
         QCOMPARE(found, times);
         QCOMPARE(s.canvas.canvas.toldText(), told);
         QVERIFY(s.canvas.gesture.kind() != Gesture::Kind::Stroke && !s.canvas.canvas.door().isOpen());
+    }
+
+    void mouseLightsAndTellsWhatAPressTakes_data()
+    {
+        const Hovers row;
+        const auto over = [](double time, double value, Qt::KeyboardModifiers keys = {}) {
+            return [=](Scene& s) {
+                s.move(time, value, keys, Qt::NoButton);
+            };
+        };
+        row("nothing", Qt::ArrowCursor, false, over(3.0, 3.0));
+        row("a point", Qt::SizeAllCursor, true, over(5.0, 1.0));
+        row("a point, to be toggled", Qt::PointingHandCursor, true, over(5.0, 1.0, shift));
+        row("a point below the view", Qt::ArrowCursor, false, over(5.0, 1.0, alt));
+        row("a locked point", Qt::PointingHandCursor, true, [=](Scene& s) { over(5.0, 1.0)(s.lock("x")); });
+        row("a handle", Qt::SizeAllCursor, true, [](Scene& s) {
+            const QPoint node = s.clickPoint().pixel(5.0, 1.0);
+            s.mouse(QEvent::MouseMove, s.canvas.canvas.currentSpline()->rightHandle(node, 1, false),
+                    Qt::NoButton);
+        });
+        row("another curve", Qt::PointingHandCursor, true, over(3.0, -1.2));
+        row("a point of another curve", Qt::PointingHandCursor, true, over(5.0, -2.0));
+        row("one within reach", Qt::SizeAllCursor, true, [=](Scene& s) { over(5.0, -2.0)(s.allCurves()); });
+        row("room for a point", Qt::DragCopyCursor, false, over(3.0, 3.0, ctrl));
+        row("none in a locked curve", Qt::ArrowCursor, false,
+            [=](Scene& s) { over(3.0, 3.0, ctrl)(s.lock("x")); });
+        row("a selection", Qt::SizeAllCursor, false, [=](Scene& s) { over(6.0, 3.0)(s.selectTwo()); });
+        row("beside a selection", Qt::ArrowCursor, false, [=](Scene& s) { over(3.0, 3.0)(s.selectTwo()); });
+        row("a locked selection", Qt::ArrowCursor, false,
+            [=](Scene& s) { over(6.0, 3.0)(s.selectTwo().lock("x")); });
+        row("a curve below a formula", Qt::PointingHandCursor, true,
+            [=](Scene& s) { over(5.0, 1.0)(s.turnTo("a.z")); });
+        row("Space", Qt::OpenHandCursor, false, [=](Scene& s) {
+            QTest::keyPress(&s.canvas, Qt::Key_Space);
+            over(5.0, 1.0)(s);
+        });
+        row("a key that comes later", Qt::DragCopyCursor, false, [=](Scene& s) {
+            over(3.0, 3.0)(s);
+            QTest::keyPress(&s.canvas, Qt::Key_Control);
+        });
+        row("a box", Qt::SizeAllCursor, false, [=](Scene& s) {
+            s.x.addPoint(4.0, 0.5);
+            over(4.0, 0.5)(s.updateCurves().key(Qt::Key_A, ctrl).key(Qt::Key_T, ctrl));
+        });
+        row("a drag", Qt::SizeAllCursor, false, [=](Scene& s) {
+            over(5.0, 1.0)(s);
+            s.press(5.0, 1.0).move(5.0, 2.0);
+        });
+        row("a point that the host takes away", Qt::ArrowCursor, false, [=](Scene& s) {
+            over(5.0, 1.0)(s.remove("z"));
+            s.x.reset();
+            s.updateCurves();
+        });
+    }
+    void mouseLightsAndTellsWhatAPressTakes()
+    {
+        const auto [shape, isLit, deed] = Hovers::present();
+        for (const bool isSmooth : {true, false}) {
+            Scene s;
+            s.editor.setTheme(isSmooth ? CurveEditorTheme::light() : CurveEditorTheme::described());
+            deed(s);
+            const QImage lit = s.canvas.grab().toImage();
+            QCOMPARE(s.canvas.cursor().shape(), shape);
+            QEvent leaving(QEvent::Leave);
+            QCoreApplication::sendEvent(&s.canvas, &leaving);
+            QCOMPARE(s.canvas.grab().toImage() != lit, isLit && isSmooth);
+        }
     }
 
     void keyThatCanDoNothingSaysWhy_data()
