@@ -405,6 +405,19 @@ void viewChange(benchmark::State& state, const Content& content)
     }
 }
 /// A notch in, the next one out again, so that all curves stay in view.
+/// The mouse goes over the canvas: what is below it is looked for, and the frame shows it.
+void hover(benchmark::State& state, const Content& content)
+{
+    Scene scene(content);
+    scene.show();
+    int step = 0;
+    for (auto _ : state) {
+        ++step;
+        scene.send(QEvent::MouseMove, QPoint(100 + step % 1000, 60 + step % 500), Qt::NoButton);
+        scene.show();
+    }
+}
+
 void wheelStep(benchmark::State& state)
 {
     Scene scene;
@@ -566,6 +579,10 @@ BENCHMARK_CAPTURE(viewChange, swinging, swinging)->Unit(benchmark::kMillisecond)
 BENCHMARK_CAPTURE(viewChange, formulas, formulas)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, oneFormula, oneFormula)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(viewChange, oneVeryLong, oneVeryLong)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, smooth, Content())->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, themed, themed)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, formulas, formulas)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(hover, oneVeryLong, oneVeryLong)->Unit(benchmark::kMillisecond);
 BENCHMARK(wheelStep)->Unit(benchmark::kMillisecond);
 BENCHMARK(paste)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(openingTheTable)->Arg(100000)->Unit(benchmark::kMillisecond);

@@ -82,7 +82,8 @@ void HoverLight::look(std::optional<QPoint> pixel, Qt::KeyboardModifiers held)
 /// With a button held the cursor stays as it was at the press.
 void HoverLight::aim()
 {
-    aim_ = pixel_ ? canvas_.hands().aimAt(*pixel_, held_) : CanvasHands::Aim();
+    const bool isOurs = pixel_ && !canvas_.cursor.isTaken(CanvasCursor::Asker::Curves);
+    aim_ = isOurs ? canvas_.hands().aimAt(*pixel_, held_) : CanvasHands::Aim();
     if (pixel_)
         canvas_.cursor.ask(CanvasCursor::Asker::Curves, shapeFor(aim_.deed));
 }
@@ -90,7 +91,7 @@ void HoverLight::aim()
 void HoverLight::draw(QPainter& painter)
 {
     aim();
-    if (!aim_.curve || !canvas_.theme().smooth || canvas_.cursor.isTaken(CanvasCursor::Asker::Curves))
+    if (!aim_.curve || !canvas_.theme().smooth)
         return;
     if (aim_.hit.point != 0)
         return drawPoint(painter);
