@@ -246,7 +246,7 @@ void CanvasPicture::updateCurves()
     grid_->placeTimeLine(*viewport_);
     viewport_->dirty = false;
     if (showsSpeed && curves_.current() && viewport_->canShow())
-        speed_.update(*curves_.current(), *viewport_, view_);
+        speed_.update(*curves_.current(), *viewport_);
 }
 
 CanvasLayer::Backdrop CanvasPicture::backdrop() const

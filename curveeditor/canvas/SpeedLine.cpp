@@ -17,12 +17,11 @@ constexpr double heightShare = 0.45; // of the steepest place, from the middle
 
 } // namespace
 
-void SpeedLine::update(const CurveNodeBase& curve, const ViewPort& viewport, quint64 view)
+void SpeedLine::update(const CurveNodeBase& curve, const ViewPort& viewport)
 {
-    if (picture_ == curve.pictureNumber() && view_ == view)
+    if (picture_ == curve.pictureNumber())
         return;
     picture_ = curve.pictureNumber();
-    view_ = view;
     const PlaneMapping plane = viewport.mapping();
     std::vector<double> slopes;
     double steepest = 0.0;

@@ -18,14 +18,13 @@ namespace curveeditor {
 class SpeedLine
 {
 public:
-    /// Makes the line anew where the picture of the curve or the view is another one. `view` is a number for the view.
-    void update(const CurveNodeBase& curve, const ViewPort& viewport, quint64 view);
+    /// Makes the line anew where the curve has another picture, which it has in another view.
+    void update(const CurveNodeBase& curve, const ViewPort& viewport);
     /// In the pen of the painter.
     void draw(QPainter& painter) const;
 
 private:
     quint64 picture_ = 0;
-    quint64 view_ = 0;
     std::vector<QPolygonF> parts_; ///< between the times without a slope
 };
 

@@ -188,6 +188,7 @@ private Q_SLOTS:
             s.key(Qt::Key_Escape).move(7.0, 0.0).release(7.0, 0.0);
             QVERIFY(s.control().getCurrent() == s.x[1] && s.editor.posY->isEnabled());
         });
+        row("a dot", before, {}, [](Scene& s) { s.press(6.0, 0.0).move(6.0, 0.0).release(6.0, 0.0); });
         row("undo meanwhile", before, {},
             [=](Scene& s) { draw(s, 6.0, 0.0), s.undo(), s.release(6.0, 0.0); });
         row("hidden meanwhile", before, "a.x is hidden.",
