@@ -293,7 +293,8 @@ void CurveNodeBase::update(ViewPort* viewport)
 
 void CurveNodeBase::drawLine(CurvePainter& curves, double width) const
 {
-    curves.drawSolid(isSpline() ? canvasSpline_->curveLine : canvasExpression_->curveLine, lineColor(), width);
+    curves.drawSolid(isSpline() ? canvasSpline_->curveLine : canvasExpression_->curveLine, lineColor(),
+                     width);
 }
 
 void CurveNodeBase::draw(CurvePainter& curves) const

@@ -51,9 +51,8 @@ private Q_SLOTS:
         const QStringList x = {"a/x"};
         row("drag across", 1, x, [](Scene& s) { s.drag(5.0, 1.0, 9.0, 2.0); });
         row("drag two", 1, x, [](Scene& s) { s.selectTwo().drag(6.0, 2.0, 7.0, 1.0); });
-        row("drag until the editor is hidden", 1, x, [](Scene& s) {
-            s.press(5.0, 1.0).move(6.0, 2.0).editor.hide();
-        });
+        row("drag until the editor is hidden", 1, x,
+            [](Scene& s) { s.press(5.0, 1.0).move(6.0, 2.0).editor.hide(); });
         row("drag a handle and align", 2, x + x + x, [](Scene& s) {
             s.dragHandle();
             QVERIFY(s.x[1]->tanRight > 1.5 && s.x[1]->tanLeft != s.x[1]->tanRight);
