@@ -70,7 +70,7 @@ QRect placeOf(CurveMark mark, const QRect& row, int side)
 {
     constexpr int count = int(std::size(allCurveMarks));
     const int width = side + 2 * gap;
-    if (row.width() < 2 * count * width)
+    if (row.width() < 2 * CurveRowDelegate::widthOfMarks(side))
         return {};
     return {row.right() + 1 - (count - int(mark)) * width, row.top(), width, row.height()};
 }
@@ -138,6 +138,11 @@ std::optional<CurveMark> CurveRowDelegate::markAt(const QPoint& place, const QRe
             return mark;
     }
     return std::nullopt;
+}
+
+int CurveRowDelegate::widthOfMarks(int side)
+{
+    return int(std::size(allCurveMarks)) * (side + 2 * gap);
 }
 
 void CurveRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& row) const

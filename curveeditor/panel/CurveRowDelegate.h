@@ -36,6 +36,8 @@ public:
 
     /// The mark at that place of a row, of which the letters are `side` pixels high.
     static std::optional<CurveMark> markAt(const QPoint& place, const QRect& row, int side);
+    /// What all marks of such a row take.
+    static int widthOfMarks(int side);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override;
 

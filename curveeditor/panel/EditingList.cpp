@@ -217,7 +217,8 @@ void EditingList::setCurveKind(QTreeWidgetItem* row, bool isFormula)
 
 int EditingList::widthFor(const QTreeWidgetItem* row) const
 {
-    return sizeHintForIndex(indexFromItem(row)).width() + 2 * frameWidth() +
+    return sizeHintForIndex(indexFromItem(row)).width() +
+           CurveRowDelegate::widthOfMarks(iconSize().height()) + 2 * frameWidth() +
            verticalScrollBar()->sizeHint().width();
 }
 

@@ -30,7 +30,7 @@ public:
     /// Puts the rows in order again, after names have changed.
     void sortRows();
 
-    /// The width in which the name of that row is not shortened, frame and bar included.
+    /// The width in which the name of that row is not shortened beside its marks, frame and bar included.
     int widthFor(const QTreeWidgetItem* row) const;
 
     /// Gives a row the full name of its curve, which its tool tip shows whole, and below it `tip`, a plain text.

@@ -129,6 +129,14 @@ private Q_SLOTS:
         other.editor.renameCurve("a", "x", QString(60, u'm'));
         other.editor.setEditingNode("a." + QString(60, u'm'));
         QCOMPARE(other.editor.checkListsEditing->width(), s.editor.checkListsEditing->width());
+
+        Scene fresh;
+        fresh.editor.resize(2400, 700);
+        fresh.editor.renameCurve("a", "x", QString(30, u'm'));
+        fresh.editor.setEditingNode("a." + QString(30, u'm'));
+        const EditingList& list = *fresh.editor.checkListsEditing; // the marks do not hide the name
+        const int nameWidth = list.fontMetrics().horizontalAdvance(QString(30, u'm'));
+        QVERIFY(list.viewport()->width() >= nameWidth + 6 * list.iconSize().height());
     }
 
     void hostSelectsPoints_data()
