@@ -76,17 +76,6 @@ private Q_SLOTS:
         QVERIFY(!history.find("a.w", &f.spline, &f.expression));
     }
 
-    void theDoorGivesTheSplinesOfItsOpenEdit()
-    {
-        Fixture f;
-        QVERIFY(!f.door.spline(*f.curve));
-        f.begin("move");
-        QCOMPARE(f.door.spline(*f.curve), &f.spline);
-        QVERIFY(!f.door.spline(*f.other));
-        f.door.commit();
-        QVERIFY(!f.door.spline(*f.curve));
-    }
-
     void whatTheHostChangedIsNeverOverwritten()
     {
         Fixture f;

@@ -83,38 +83,31 @@ private Q_SLOTS:
             times.push_back(i % 7 == 0 ? double(below(4000)) - 500.0 : i * 3.7 - 200.0);
         SplineBase spline;
         std::vector<std::pair<Snapshot, std::vector<double>>> taken;
-        for (int round = 0; round < 150; ++round) {
-            const unsigned index = below(spline.getControlPointsNumber());
-            const auto& points = spline.getControlPoints();
-            switch (round % 8) {
-            case 0:
+        int round = 0;
+        unsigned index = 0;
+        const std::function<void()> edits[] = {
+            [&] {
                 for (unsigned i = below(600); i > 0; --i)
                     spline.addPoint(below(3000), below(100));
-                break;
-            case 1:
-                for (unsigned i = below(std::min<std::size_t>(300, points.size() - index)); i > 0; --i)
-                    spline.remove(points[index]);
-                break;
-            case 2:
-                spline.setTime(spline.modify(index), below(3000));
-                break;
-            case 3:
-                spline.modify(index)->type = int(below(4));
-                break;
-            case 4:
-                spline.lastType = int(below(5));
-                spline.firstType = int(below(2));
-                break;
-            case 5:
-                spline.modify(index)->time = below(3000); // past the spline
-                break;
-            case 6:
+            },
+            [&] {
+                const std::size_t count = spline.getControlPointsNumber();
+                for (unsigned i = below(std::min<std::size_t>(300, count - index)); i > 0; --i)
+                    spline.remove(spline[index]);
+            },
+            [&] { spline.setTime(spline.modify(index), below(3000)); },
+            [&] { spline.modify(index)->type = int(below(4)); },
+            [&] { spline.lastType = int(below(5)), spline.firstType = int(below(2)); },
+            [&] { spline.modify(index)->time = below(3000); }, // past the spline
+            [&] {
                 spline.addPoint(-double(round), 1.0);
-                spline.modify(0)->serial = points.back()->serial;
-                break;
-            default:
-                round % 40 == 7 ? spline.reset() : spline.mend();
-            }
+                spline.modify(0)->serial = spline.getLast()->serial;
+            },
+            [&] { round % 40 == 7 ? spline.reset() : spline.mend(); },
+        };
+        for (; round < 150; ++round) {
+            index = below(spline.getControlPointsNumber());
+            edits[round % 8]();
             Snapshot previous = taken.empty() || round % 11 == 0 ? nullptr : taken.back().first;
             if (round % 13 == 0)
                 previous = CurveSnapshot::of(*parsed("t"), 25.0, CurveVariables());
@@ -126,24 +119,21 @@ private Q_SLOTS:
             QVERIFY(areSame(valuesOf(*snapshot, times), values));
     }
 
-    void equalPointsAreShared_data()
-    {
-        const Rows<std::function<void(SplineBase&)>> row;
-        row("a point is dragged", [](SplineBase& spline) { spline.modify(50000)->pos += 1.0; });
-        row("added in front", [](SplineBase& spline) { spline.addPoint(-1.0, 0.0); });
-        row("removed", [](SplineBase& spline) { spline.remove(spline[70000]); });
-        row("moved past all others", [](SplineBase& spline) { spline.setTime(spline.modify(9), 1e9); });
-        row("behaviour", [](SplineBase& spline) { spline.lastType ^= SplineBase::LoopOffset; });
-    }
     void equalPointsAreShared()
     {
+        const std::function<void(SplineBase&)> edits[] = {
+            [](SplineBase& spline) { spline.modify(50000)->pos += 1.0; },
+            [](SplineBase& spline) { spline.addPoint(-1.0, 0.0); },
+            [](SplineBase& spline) { spline.remove(spline[70000]); },
+            [](SplineBase& spline) { spline.setTime(spline.modify(9), 1e9); },
+            [](SplineBase& spline) { spline.lastType ^= SplineBase::LoopOffset; },
+        };
         SplineBase spline;
         fill(spline, 100000);
         Snapshot snapshot = CurveSnapshot::of(spline);
         QCOMPARE(CurveSnapshot::of(spline, snapshot), snapshot);
-        const auto [edit] = Rows<std::function<void(SplineBase&)>>::present();
-        for (int round = 0; round < 3; ++round) {
-            edit(spline);
+        for (int i = 0; i < 15; ++i) {
+            edits[i / 3](spline);
             const std::size_t before = allocatedBytes;
             const Snapshot next = CurveSnapshot::of(spline, snapshot);
             const std::size_t bytes = allocatedBytes - before;

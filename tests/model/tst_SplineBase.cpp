@@ -474,18 +474,6 @@ private Q_SLOTS:
             QVERIFY(spline[changed]->serial > before.points[3].serial);
     }
 
-    void aPointThatIsCopiedOverItsNeighboursMakesNewOnes()
-    {
-        SplineBase spline;
-        spline.addPoint(1.0, 1.0);
-        spline.addPoint(2.0, 2.0);
-        const auto original = spline[1]->serial;
-        *spline.modify(0) = *spline.modify(2) = *spline[1]; // the sum of the serials stays
-        spline.mend();
-        QVERIFY(spline[0]->serial == original && spline[1]->serial != original);
-        QVERIFY(spline[2]->serial != original && spline[2]->serial != spline[1]->serial);
-    }
-
     /// Comes last, as the process has no new serials afterwards.
     void serialsOfAStoredStateAreNotGivenAgain()
     {

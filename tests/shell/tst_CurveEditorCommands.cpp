@@ -25,24 +25,6 @@ private Q_SLOTS:
     void init() { fixture = std::make_unique<EditorFixture>(QStringList{"cam.lens"}); }
     void cleanup() { fixture.reset(); }
 
-    void pointToolsFollowTheSelection()
-    {
-        const auto* const button = fixture->editor.findChild<QToolButton*>("Scale");
-        const auto* const action = fixture->menu("Options")->actions()[8];
-        const auto both = [&](bool enabled) {
-            return button->isEnabled() == enabled && action->isEnabled() == enabled;
-        };
-        QVERIFY(both(false) && !CurveEditor().findChild<QToolButton*>("Scale")->isEnabled());
-        fixture->clickPoint();
-        QVERIFY(both(true));
-        fixture->key(Qt::Key_Delete);
-        QVERIFY(both(false));
-        fixture->editor.undo();
-        QVERIFY(both(true));
-        fixture->open("cam.other");
-        QVERIFY(both(false));
-    }
-
     void pannedPointShowsInTheField()
     {
         fixture->clickPoint();

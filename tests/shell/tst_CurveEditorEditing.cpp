@@ -213,22 +213,6 @@ private Q_SLOTS:
         QCOMPARE(rowsInSight().size(), 12);
     }
 
-    void dialogsComeAndGoIndependently()
-    {
-        fixture->clickPoint();
-        auto second = std::make_unique<EditorFixture>(QStringList{"cam.lens", "cam.focus"});
-        second->clickPoint();
-        QTest::keyClick(&second->canvas, Qt::Key_Delete);
-        QCOMPARE(fixture->changes.size(), 1);
-        QVERIFY(fixture->canvas.canvas.currentControl()->getCurrent());
-        fixture = std::make_unique<EditorFixture>(QStringList{"cam.zoom", "cam.lens"});
-        second.reset();
-        QVERIFY(fixture->menu("Curves")->actions()[1]->isChecked());
-        fixture->editor.setDefaultSelected("cam", "lens");
-        fixture->clickPoint();
-        QCOMPARE(fixture->changes, QStringList({"cam/lens", "cam/lens"})); // opened twice, heard twice
-    }
-
     void namesThatAreKnownOrUnknownChangeNothing()
     {
         TreeScene s;

@@ -515,10 +515,7 @@ private Q_SLOTS:
             s.editor.posY->newValueSet(4.0, s.editor.posY);
             s.move(7.0, 1.0).release(7.0, 1.0);
             QVERIFY(s.states() == after && s.entries() == 1);
-            s.undo();
-            QVERIFY(s.states() == before);
-            s.redo();
-            QVERIFY(s.states() == after);
+            QVERIFY(s.undo().states() == before && s.redo().states() == after);
             s.lock("x", false);
             QVERIFY(s.editor.posY->isEnabled());
         }

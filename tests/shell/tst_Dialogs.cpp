@@ -197,19 +197,6 @@ private Q_SLOTS:
         installCurveEditorTranslation(QLocale("en"));
     }
 
-    void disabledFieldsLookDisabled()
-    {
-        CurveEditorDialogBase dialog;
-        const QColor usual = QApplication::palette().color(QPalette::Disabled, QPalette::Base);
-        for (CustomEditLine* const field : {dialog.node, dialog.posX, dialog.easeTo, dialog.incoming}) {
-            for (const bool isEnabled : {true, false}) {
-                field->setEnabled(isEnabled);
-                const QColor shown = field->grab().toImage().pixelColor(8, 8);
-                QCOMPARE(shown, isEnabled ? QColor(128, 128, 128) : usual);
-            }
-        }
-    }
-
     void warningIsAsWideAsItsTitleAndShowsMarkupAsText()
     {
         showWarning(nullptr, QStringLiteral("Cyclical dependency"), QStringLiteral("<b>"));

@@ -128,23 +128,16 @@ private Q_SLOTS:
 
     void viewChangeDuringAScalingDragLeavesThePointsWhereTheyAre()
     {
-        const Deed home = [](Scene& s) {
-            s.key(Qt::Key_Home);
-        };
-        for (const Deed& change : {wheel({0, 360}), wheel({-90, 50}, {}, Qt::ScrollUpdate), home}) {
-            Scene s;
-            s.selectTwo().press(6.0, 2.0).move(6.5, 2.5, shift);
-            const QPointF before(s.x[2]->time, s.x[2]->pos);
-            const QPoint held = s.pixel(6.5, 2.5);
-            const QList<double> sides = s.sides();
-            change(s);
-            QVERIFY(s.sides() != sides);
-            s.mouse(QEvent::MouseMove, held, Qt::LeftButton, shift);
-            const QPointF after(s.x[2]->time, s.x[2]->pos);
-            QVERIFY(before != QPointF(8.0, -1.0) && (after - before).manhattanLength() < 1e-9);
-            s.mouse(QEvent::MouseMove, held + QPoint(20, 0), Qt::LeftButton, shift);
-            QVERIFY(s.x[2]->time > before.x() + 0.01);
-        }
+        Scene s;
+        s.selectTwo().press(6.0, 2.0).move(6.5, 2.5, shift);
+        const QPointF before(s.x[2]->time, s.x[2]->pos);
+        const QPoint held = s.pixel(6.5, 2.5);
+        wheel({0, 360})(s);
+        s.mouse(QEvent::MouseMove, held, Qt::LeftButton, shift);
+        const QPointF after(s.x[2]->time, s.x[2]->pos);
+        QVERIFY(before != QPointF(8.0, -1.0) && (after - before).manhattanLength() < 1e-9);
+        s.mouse(QEvent::MouseMove, held + QPoint(20, 0), Qt::LeftButton, shift);
+        QVERIFY(s.x[2]->time > before.x() + 0.01);
     }
 
     void strokeTakesThePlaceOfThePointsOfItsSpan_data()
@@ -448,34 +441,6 @@ private Q_SLOTS:
         }
         s.editor.setViewGestures(false);
         QVERIFY(!s.takes(s.canvas, Qt::Key_Space));
-    }
-
-    void menuOffersWhatIsPossible()
-    {
-        Scene s;
-        QMenu* const menu = s.menu("Edit");
-        const auto offered = [&](const QStringList& texts) {
-            menu->popup({});
-            menu->close();
-            QList<bool> are;
-            for (const QString& text : texts)
-                are.append(entryOf(*menu, text)->isEnabled());
-            return are;
-        };
-        const QStringList texts{"Copy", "Select all", "Flatten", "Simplify", "Bake", "Time line"};
-        QCOMPARE(offered(texts), (QList<bool>{false, true, false, true, true, false}));
-        s.clickPoint().editor.setTimeLineDraggable(true);
-        s.allCurves();
-        QCOMPARE(offered(texts), QList<bool>(6, true));
-        QVERIFY(entryOf(*menu, "Edit all")->isChecked());
-        s.allCurves(false).turnTo("a.z");
-        QCOMPARE(offered(texts), (QList<bool>{false, false, false, false, true, true}));
-        unsigned& kinds = s.canvas.canvas.hands().guide.snap.kinds;
-        kinds = Snap::GridLines;
-        offered({});
-        entryOf(*menu, "To grid lines")->trigger();
-        entryOf(*menu, "To frames")->trigger();
-        QCOMPARE(kinds, unsigned(Snap::Frames));
     }
 
     void selectionFollowsTheKeys()

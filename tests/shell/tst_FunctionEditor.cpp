@@ -281,23 +281,31 @@ private Q_SLOTS:
         QCOMPARE(s.editor.incoming->text(), QString::asprintf("%.3f", slope));
     }
 
-    void pointThatIsGoneIsNotTouched()
+    void pointThatIsGoneIsNeitherShownNorTouched()
     {
-        const std::function<void(PageScene&)> losses[] = {
-            [](PageScene& s) { s.x.remove(s.x.modify(1u)); },
-            [](PageScene& s) { s.x.reset(); },
-            [](PageScene& s) { s.control().selectOnly(nullptr); },
-            [](PageScene& s) { s.form.disableFields(); },
-            [](PageScene& s) { s.canvas.canvas.removeCurve("a.x"); },
+        const Deed losses[] = {
+            [](Scene& s) { s.x.remove(s.x.modify(1u)); },
+            [](Scene& s) { s.x.reset(); },
+            [](Scene& s) { s.editor.hide(), s.x.reset(); },
+            [](Scene& s) { s.control().selectOnly(nullptr); },
+            [](Scene& s) { s.turnTo("a.y"); },
+            [](Scene& s) { s.turnTo("a.z"); },
+            [](Scene& s) { s.remove("x"); },
         };
-        for (const auto& loseThePoint : losses) {
+        for (const Deed& loseThePoint : losses) {
             PageScene s;
+            QCOMPARE(s.editor.node->text(), "1");
             loseThePoint(s);
             s.form.clickedNext();
             s.form.clickedPrev();
             s.form.changeNodeType(1);
             s.form.valueChanged(70.0, s.editor.posX);
             QVERIFY(s.changed.isEmpty() && s.x.getLast()->time < 9.0);
+            s.updateCurves();
+            QVERIFY(!s.form.isActive() && !s.canvas.canvas.hasSinglePoint());
+            QVERIFY(s.editor.node->text().isEmpty() && s.editor.tension->text().isEmpty());
+            s.key(Qt::Key_T);
+            QVERIFY(!s.form.isActive());
         }
     }
 
