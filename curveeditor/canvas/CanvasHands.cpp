@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CanvasFunctionBase.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/MouseState.h>
+#include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QKeyEvent>
@@ -397,7 +398,7 @@ void CanvasHands::key(const QKeyEvent& event, bool isFocused)
         return;
     current->changed = true;
     current->control().dropLostPoints();
-    if (event.key() == Qt::Key_Delete)
+    if (isDeleteKey(event))
         return canvas_.deleteSelection();
     const bool isArrow = event.key() == Qt::Key_Right || event.key() == Qt::Key_Left;
     if (isArrow && (isFocused || current->control().hasSelection()))

@@ -13,4 +13,9 @@ StepKey stepKeyOf(const QKeyEvent& event)
     return event.matches(QKeySequence::Undo) ? StepKey::Undo : StepKey::None;
 }
 
+bool isDeleteKey(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Delete || event.key() == Qt::Key_Backspace;
+}
+
 } // namespace curveeditor

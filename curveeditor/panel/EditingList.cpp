@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/panel/EditingList.h>
 
+#include <curveeditor/canvas/StepKey.h>
 #include <curveeditor/panel/CurveRowDelegate.h>
 #include <curveeditor/panel/EmptyText.h>
 #include <curveeditor/panel/TextDrop.h>
@@ -165,10 +166,10 @@ void EditingList::keyPressEvent(QKeyEvent* event)
 {
     if (isInsert(*event))
         return Q_EMIT curvesWanted();
-    if (event->key() == Qt::Key_Delete)
+    if (isDeleteKey(*event))
         Q_EMIT supressFromEditing(selectedItem());
     QTreeWidget::keyPressEvent(event);
-    if (event->key() == Qt::Key_Delete)
+    if (isDeleteKey(*event))
         event->accept();
 }
 

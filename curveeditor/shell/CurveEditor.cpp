@@ -268,7 +268,7 @@ bool CurveEditor::event(QEvent* event)
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
     const auto* const key = isOverride ? static_cast<QKeyEvent*>(event) : nullptr;
     // A host in whose window the dialog is docked may have the same keys; inside the dialog they act here.
-    const bool isOurs = key && (key->key() == Qt::Key_Delete || stepKeyOf(*key) != StepKey::None ||
+    const bool isOurs = key && (isDeleteKey(*key) || stepKeyOf(*key) != StepKey::None ||
                                 (key->key() == Qt::Key_Escape && d_->meaningOfEscape()));
     if (isOurs)
         event->accept();

@@ -35,7 +35,7 @@ bool isArrow(const QKeyEvent& key)
 bool isOfEveryWidget(const QKeyEvent& key)
 {
     const bool isNamed = key.key() == Qt::Key_Home || key.key() == Qt::Key_End ||
-                         key.key() == Qt::Key_Space || key.key() == Qt::Key_Delete;
+                         key.key() == Qt::Key_Space || isDeleteKey(key);
     return (isArrow(key) || isNamed) && !(key.modifiers() & commandModifiers);
 }
 

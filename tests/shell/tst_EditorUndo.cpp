@@ -495,7 +495,7 @@ private Q_SLOTS:
         row("left arrow begins", "0,0 5,1 [8,-1]", 0, [](Scene& s) { s.key(Qt::Key_Left); });
         row("arrow, two selected", "0,0 (5,1) (8,-1)", 0, [](Scene& s) { s.selectTwo().key(Qt::Key_Right); });
         row("Delete", "0,0", 2, [](Scene& s) { s.selectTwo().key(Qt::Key_Delete).key(Qt::Key_Delete); });
-        row("Delete all", "8,-1", 1, [](Scene& s) { s.key(Qt::Key_A, ctrl).key(Qt::Key_Delete); });
+        row("Backspace, all", "8,-1", 1, [](Scene& s) { s.key(Qt::Key_A, ctrl).key(Qt::Key_Backspace); });
         row("menu", "0,0 3,2 5,1 8,-1", 2, [](Scene& s) {
             whenOpen<ControlMenu>([](ControlMenu& menu) {
                 menu.setActiveAction(entryOf(menu, "Create key"));
