@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <utility>
 
 namespace curveeditor {
@@ -109,7 +110,7 @@ void SmoothStroke::widen(double radius)
         bottom_[k] = lowest_[k] + float(radius);
     }
     for (const int direction : {-4, -3, -2, -1, 1, 2, 3, 4}) {
-        const double angle = direction * M_PI_2 / directions;
+        const double angle = direction * (std::numbers::pi / 2.0) / directions;
         const double across = radius * std::sin(angle) * stripsPerPixel;
         const auto height = float(radius * std::cos(angle));
         const int offset = int(std::floor(across));

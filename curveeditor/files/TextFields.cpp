@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/files/TextFields.h>
 
+#include <curveeditor/model/NumberReading.h>
+
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdint>
 #include <limits>
 
@@ -110,7 +111,7 @@ std::optional<double> TextFields::number(std::string_view text)
     if (text.size() > 1 && text[0] == '+' && text[1] != '-')
         text.remove_prefix(1);
     double number = 0.0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    const auto result = curveeditor::readNumber(text.data(), text.data() + text.size(), number);
     if (result.ec == std::errc::invalid_argument || result.ptr != text.data() + text.size())
         return std::nullopt;
     if (result.ec == std::errc::result_out_of_range) {

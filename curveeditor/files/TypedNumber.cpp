@@ -3,8 +3,8 @@
 
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/model/NumberReading.h>
 
-#include <charconv>
 #include <cmath>
 #include <memory>
 
@@ -40,7 +40,7 @@ std::optional<double> plainNumber(const std::string& text)
     double number = 0.0;
     const char* const end = text.data() + text.size();
     const bool isPlain = text.find_first_not_of("-0123456789.") == std::string::npos;
-    const std::from_chars_result result = std::from_chars(text.data(), end, number);
+    const std::from_chars_result result = readNumber(text.data(), end, number);
     return isPlain && result.ec == std::errc() && result.ptr == end ? std::optional(number) : std::nullopt;
 }
 

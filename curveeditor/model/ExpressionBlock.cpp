@@ -123,10 +123,10 @@ double* applyToBlock(const ExpressionProgram::Instruction& instruction, double* 
         forEach(top, count, [](double x) { return std::floor(x); });
         return top;
     case Code::BesselJ0:
-        forEach(top, count, [](double x) { return ::j0(x); });
+        forEach(top, count, [](double x) { return besselJ0(x); });
         return top;
     case Code::BesselJ1:
-        forEach(top, count, [](double x) { return ::j1(x); });
+        forEach(top, count, [](double x) { return besselJ1(x); });
         return top;
     case Code::AddConstant:
         forEach(top, count, [=](double x) { return x + c; });

@@ -9,11 +9,11 @@
 #include <curveeditor/model/FunctionFloatVariableDouble.h>
 #include <curveeditor/model/FunctionFloatVariableFloat.h>
 #include <curveeditor/model/FunctionFloatVariableInt.h>
+#include <curveeditor/model/NumberReading.h>
 #include <curveeditor/model/ParserVarMapper.h>
 #include <curveeditor/model/VariableSource.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -195,7 +195,7 @@ void ExpressionParser::readNumber(std::size_t length)
     }
     const std::string_view typed = rest().substr(0, length);
     double value = 0.0;
-    const std::errc error = std::from_chars(typed.data(), typed.data() + length, value).ec;
+    const std::errc error = curveeditor::readNumber(typed.data(), typed.data() + length, value).ec;
     if (error == std::errc::result_out_of_range) {
         fail(ParseMessage::OtherError, position_, length);
         return;

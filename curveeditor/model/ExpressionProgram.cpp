@@ -136,10 +136,10 @@ double compute(const Instruction* instruction, double* top, Variables& variables
             x = std::floor(x);
             break;
         case Code::BesselJ0:
-            x = ::j0(x);
+            x = besselJ0(x);
             break;
         case Code::BesselJ1:
-            x = ::j1(x);
+            x = besselJ1(x);
             break;
         case Code::AddConstant:
             x = x + instruction->constant;
@@ -648,8 +648,7 @@ ExpressionProgram::ExpressionProgram(const FunctionFloatBase& root)
 template <typename Variables> double ExpressionProgram::runWith(Variables& variables) const
 {
     if (depth_ > usualDepth)
-        return compute(instructions_.data(), std::make_unique_for_overwrite<double[]>(depth_).get(),
-                       variables);
+        return compute(instructions_.data(), std::unique_ptr<double[]>(new double[depth_]).get(), variables);
     double stack[usualDepth]{};
     return compute(instructions_.data(), stack, variables);
 }
@@ -670,7 +669,7 @@ void ExpressionProgram::runBlock(const double* times, double framesPerTimeUnit, 
 {
     const std::size_t stride =
         std::clamp(largestBlockStack / depth_ / blockStep * blockStep, blockStep, longestBlock);
-    const auto rows = std::make_unique_for_overwrite<double[]>((depth_ + 1) * stride);
+    const std::unique_ptr<double[]> rows(new double[(depth_ + 1) * stride]);
     BlockTimes now(rows.get() + depth_ * stride, framesPerTimeUnit, source_.get(), variables);
     while (count > 0) {
         const std::size_t length = std::min(count, stride);

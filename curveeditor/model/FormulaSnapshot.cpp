@@ -99,8 +99,7 @@ public:
     /// At as many times as `longestBlock` at once.
     Reading(const FormulaSnapshot& snapshot, std::size_t longestBlock)
         : snapshot_(snapshot), states_(snapshot.curves_.size()), isRunning_(snapshot.formulas_.size()),
-          rows_(std::make_unique_for_overwrite<double[]>(states_.size() * longestBlock)),
-          longestBlock_(longestBlock)
+          rows_(new double[states_.size() * longestBlock]), longestBlock_(longestBlock)
     {
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/SplineBase.h>
 
+#include <curveeditor/model/NumberReading.h>
 #include <curveeditor/model/PointTypes.h>
 
 #include <array>
@@ -12,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 
 using namespace curveeditor;
 
@@ -57,8 +59,12 @@ public:
     template <typename Number> bool convert(Number& number) const
     {
         const char* const end = word_.data() + size_;
-        const auto [rest, error] = std::from_chars(word_.data(), end, number);
-        return error == std::errc() && rest == end;
+        std::from_chars_result result{};
+        if constexpr (std::is_same_v<Number, double>)
+            result = curveeditor::readNumber(word_.data(), end, number);
+        else
+            result = std::from_chars(word_.data(), end, number);
+        return result.ec == std::errc() && result.ptr == end;
     }
 
 private:

@@ -264,13 +264,13 @@ private:
 
     int run(const QByteArray& input, const QString& command)
     {
-        std::istringstream in(input.toStdString());
-        std::istringstream line(command.toStdString());
+        std::istringstream in(toText(input));
+        std::istringstream line(toText(command));
         std::ostringstream out, messages;
         const std::vector<std::string> words(std::istream_iterator<std::string>(line), {});
         const int code = runCurveTool(words, {in, out, messages});
-        output_ = QByteArray::fromStdString(out.str());
-        errors_ = QByteArray::fromStdString(messages.str());
+        output_ = out.str().c_str();
+        errors_ = messages.str().c_str();
         return code;
     }
 

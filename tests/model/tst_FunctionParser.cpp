@@ -152,8 +152,7 @@ struct Host
     HostCurve& addChain(int first, int last, const QString& text)
     {
         for (int i = first; i <= last; ++i)
-            add("g.c" + std::to_string(i),
-                QString(text).replace("%1", QString("g.c%1").arg(i - 1)).toStdString());
+            add("g.c" + std::to_string(i), toText(QString(text).replace("%1", QString("g.c%1").arg(i - 1))));
         return curves.back();
     }
 
@@ -217,7 +216,7 @@ private Q_SLOTS:
     void goodTextHasValue()
     {
         auto [text, expected] = Texts::present();
-        const Parsed parsed(text.toStdString());
+        const Parsed parsed(toText(text));
         QVERIFY(parsed.tree && parsed.message.errors.empty());
         QVERIFY(distance(valueAt(*parsed.tree, 2.0), expected.toDouble()) <= 1.0);
         QCOMPARE(QString::fromStdString(parsed.message.text), text.replace('F', 'f'));
@@ -242,7 +241,7 @@ private Q_SLOTS:
     void badTextHasSpan()
     {
         const auto [text, expected] = Texts::present();
-        const Parsed parsed(text.toStdString());
+        const Parsed parsed(toText(text));
         QVERIFY(!parsed.tree && !parsed.message.errors.empty());
         const auto& [offset, length] = parsed.message.errors.front();
         const QString got = QString("%1 %2 %3 %4").arg(parsed.message.code).arg(offset).arg(length);
@@ -263,10 +262,10 @@ private Q_SLOTS:
     void getStringIsShortAndReadsBack()
     {
         const auto [text, expected] = Texts::present();
-        const Parsed parsed(text.toStdString());
+        const Parsed parsed(toText(text));
         QVERIFY(parsed.tree);
         const std::string written = parsed.tree->getString();
-        QCOMPARE(written, expected.toStdString());
+        QCOMPARE(written, toText(expected));
         QVERIFY(isSame(valueAt(written, 3.0), valueAt(*parsed.tree, 3.0)));
     }
 
@@ -294,7 +293,7 @@ private Q_SLOTS:
 
         // Here each guard makes one necessary before it.
         const TestMapper chain({"g.a", "g.a-2", "g.a+(g.a"});
-        const Parsed parsed(QByteArray("g.a+").repeated(20000).toStdString() + "g.a - 2");
+        const Parsed parsed(toText(QByteArray("g.a+").repeated(20000)) + "g.a - 2");
         QVERIFY(Parsed(parsed.tree->getString()).tree);
     }
 
@@ -334,7 +333,7 @@ private Q_SLOTS:
         const TestMapper mapper({"cam-1.x (left)", "Cam", "cam-1.x", "5.2", "520.x", "cos", "e",
                                  "gr\xc3\xbc\xc3\x9f.x", "t", "#1.x", "=b", "==c", "min", "pi", "-cam",
                                  "cam-2"});
-        const Parsed parsed(text.toStdString());
+        const Parsed parsed(toText(text));
         QVERIFY(isSame(parsed.tree ? valueAt(*parsed.tree, 3.0) : notANumber, expected.toDouble()));
         QCOMPARE(QString::fromStdString(parsed.message.text), parsed.tree ? text.toLower() : text);
         QCOMPARE(parsed.message.code, parsed.tree ? 0 : int(ParseMessage::UnknownVariable));
@@ -421,7 +420,7 @@ private Q_SLOTS:
         for (int i = 0; i < 500; ++i)
             times.push_back(double(i) * 0.37 - 50.0);
         auto [text, expected] = Texts::present();
-        const Parsed parsed(text.toStdString());
+        const Parsed parsed(toText(text));
         for (const std::size_t count : {std::size_t(0), std::size_t(1), std::size_t(257), times.size()}) {
             std::vector<double> values(count + 1, 12345.0);
             parsed.tree->evaluateBlock(times.data(), 24.0, values.data(), count);
@@ -477,7 +476,7 @@ private Q_SLOTS:
         auto [text, expected] = Texts::present();
         const QStringList parts = text.remove(' ').split('|');
         const int count = parts[3].toInt();
-        const Parsed parsed((parts[0].repeated(count) + parts[1] + parts[2].repeated(count)).toStdString());
+        const Parsed parsed(toText(parts[0].repeated(count) + parts[1] + parts[2].repeated(count)));
         const int code = expected.section(' ', 0, 0).toInt();
         QCOMPARE(parsed.message.code, code);
         QCOMPARE(!parsed.tree, code != 0);
@@ -503,9 +502,9 @@ private Q_SLOTS:
 
         // As written, a sign stands between two groups, and one byte is too much with the last of these.
         const QByteArray groups = QByteArray("(t+1)").repeated(174763);
-        const Parsed longestProduct(groups.chopped(5).toStdString());
+        const Parsed longestProduct(toText(groups.chopped(5)));
         QVERIFY(longestProduct.tree && Parsed(longestProduct.tree->getString()).tree);
-        const Parsed product(groups.toStdString());
+        const Parsed product(toText(groups));
         QVERIFY(!product.tree);
         QCOMPARE(product.message.errors.front(),
                  std::pair(std::uint32_t(groups.size() - 1), std::uint32_t(1)));

@@ -30,6 +30,16 @@ using namespace curveeditor; // what hosts do not see
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
+/// Qt may be built with another standard library than a test, so that no `std::string` goes between them.
+inline std::string toText(const QByteArray& text)
+{
+    return {text.constData(), std::size_t(text.size())};
+}
+inline std::string toText(const QString& text)
+{
+    return toText(text.toUtf8());
+}
+
 /// The rows of a data-driven test. Its data function makes one of these and gives it each row, by a name and its
 /// columns; the test gets the columns of the row that is its own from `present`.
 template <typename... Columns> struct Rows
