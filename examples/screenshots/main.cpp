@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Draws the pictures of the user's guide: usage curve_editor_screenshots FOLDER
-// With --film before the folder, the frames of the moving picture; with --matrix the dialog with each page in several fonts and both directions, to be looked at. The
-// ratio of pixels is that of QT_SCALE_FACTOR.
+// With --film before the folder, the frames of the moving picture; with --matrix all pages and dialogs in languages,
+// widths, fonts, directions and colours, to be looked at. The ratio of pixels is that of QT_SCALE_FACTOR.
 #include "DarkPalette.h"
 #include "Film.h"
 #include "GuideScene.h"
+#include "Matrix.h"
 
 #include <MainWindow.h>
 
@@ -12,7 +13,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFont>
 #include <QPainter>
 #include <QPalette>
 #include <QTabWidget>
@@ -274,41 +274,6 @@ bool drawPictures(const QDir& folder)
            drawOwnScale(folder) && drawTable(folder) && drawFitting(folder) && drawDockedHost(folder);
 }
 
-bool drawPages(const QDir& folder, const QString& suffix)
-{
-    GuideScene bezier({"Camera.tilt", "Camera.focus distance", "Light.flicker", "Camera.pan"});
-    bezier.selectPoint(1);
-    GuideScene tcb({"Camera.pan", "Camera.zoom", "Camera.tilt"});
-    tcb.selectPoint(1);
-    GuideScene formula({"Observer.x", "Observer.sensor"});
-    formula.editor().tabWidget2->setCurrentIndex(1);
-    GuideScene points({"Camera.pan", "Camera.tilt"});
-    points.editor().tabWidget2->setCurrentIndex(2);
-    points.selectPoint(1);
-    return save(bezier.wholeEditor(), folder.filePath("bezier-" + suffix)) &&
-           save(tcb.wholeEditor(), folder.filePath("tcb-" + suffix)) &&
-           save(formula.wholeEditor(), folder.filePath("expression-" + suffix)) &&
-           save(points.wholeEditor(), folder.filePath("points-" + suffix));
-}
-
-bool drawMatrix(const QDir& folder)
-{
-    const QString ratio = QString::number(qApp->devicePixelRatio());
-    bool areSaved = true;
-    for (const int points : {8, 12, 24}) {
-        QFont font = QApplication::font();
-        font.setPointSize(points);
-        QApplication::setFont(font);
-        for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
-            QApplication::setLayoutDirection(direction);
-            const QString name = direction == Qt::LeftToRight ? "ltr" : "rtl";
-            areSaved =
-                areSaved && drawPages(folder, QStringLiteral("%1pt-%2-%3x.png").arg(points).arg(name, ratio));
-        }
-    }
-    return areSaved;
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
@@ -322,6 +287,8 @@ int main(int argc, char* argv[])
         return EXIT_FAILURE;
     }
     const QDir folder(arguments.last());
-    const bool isDrawn = isFilm ? Film(folder).shoot() : isMatrix ? drawMatrix(folder) : drawPictures(folder);
+    const bool isDrawn = isFilm     ? Film(folder).shoot()
+                         : isMatrix ? Matrix(folder).draw()
+                                    : drawPictures(folder);
     return isDrawn ? EXIT_SUCCESS : EXIT_FAILURE;
 }
