@@ -13,6 +13,7 @@ using namespace curveeditor;
 namespace {
 
 constexpr int maximumLength = 16384;
+constexpr float hintOpacity = 0.65F;
 constexpr QColor lineColor(32, 32, 32);
 constexpr QColor textColor(255, 255, 255);
 constexpr QColor warningColor(255, 55, 33);
@@ -40,6 +41,9 @@ void ExpressionEditLine::setColors(const QColor& line, const QColor& text, const
     QPalette colors;
     colors.setColor(QPalette::Base, line);
     colors.setColor(QPalette::Text, text);
+    QColor hint = text;
+    hint.setAlphaF(hintOpacity);
+    colors.setColor(QPalette::PlaceholderText, hint);
     setPalette(colors);
     savedPalette_ = palette();
     warning_ = warning;

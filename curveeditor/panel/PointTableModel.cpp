@@ -110,10 +110,15 @@ const SplineBase::PointInfo* PointTableModel::pointOf(const QModelIndex& cell) c
     return control_ ? control_->pointAt(cell.row()) : nullptr;
 }
 
+Qt::Alignment PointTableModel::sideOf(int column)
+{
+    return column == Type ? Qt::AlignLeft : Qt::AlignRight;
+}
+
 QVariant PointTableModel::data(const QModelIndex& cell, int role) const
 {
     if (role == Qt::TextAlignmentRole)
-        return int(Qt::AlignVCenter | (cell.column() == Type ? Qt::AlignLeft : Qt::AlignRight));
+        return int(Qt::AlignVCenter | sideOf(cell.column()));
     if (role == Qt::ForegroundRole && control_ && control_->curve()->isLocked())
         return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     const SplineBase::PointInfo* const point = pointOf(cell);
@@ -146,6 +151,8 @@ double PointTableModel::shownNumber(const SplineBase::PointInfo& point, int colu
 
 QVariant PointTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (role == Qt::TextAlignmentRole)
+        return int(Qt::AlignVCenter | (orientation == Qt::Vertical ? Qt::AlignRight : sideOf(section)));
     if (role != Qt::DisplayRole)
         return {};
     if (orientation == Qt::Vertical)

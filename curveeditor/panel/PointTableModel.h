@@ -77,6 +77,7 @@ Q_SIGNALS:
 
 private:
     const SplineBase::PointInfo* pointOf(const QModelIndex& cell) const;
+    static Qt::Alignment sideOf(int column);
     QString textOf(const SplineBase::PointInfo& point, int column, int role) const;
     double shownNumber(const SplineBase::PointInfo& point, int column) const;
     const AxisText& axisText(int column) const;

@@ -218,6 +218,7 @@ void CurveEditor::fitToFont()
     }
     for (CustomEditLine* const readOut : {d_->funcTimeEdit, d_->funcCursorEdit, d_->funcValueEdit}) {
         readOut->setMinimumWidth(readOut->widthOf(fewestDigits));
+        readOut->setMaximumWidth(readOut->widthOf(readOutLength));
         width += readOut->minimumWidth();
     }
     expressionTool->setMinimumWidth(width);

@@ -38,6 +38,7 @@ constexpr int listWidth = 150;
 constexpr int fewestCharacters = 13; // of a name in the list, before it is shortened
 constexpr int menuHeight = 30;
 constexpr int fieldHeight = 20;
+constexpr int leastFormulaWidth = 150;
 constexpr int stepButtonWidth = 20;
 constexpr int stepButtonMargin = 6;
 constexpr int columnSpace = 11; // as the margins
@@ -73,6 +74,7 @@ QPushButton* stepButton(const char* name, QWidget* parent)
     button->setAutoDefault(false);
     button->setDefault(false);
     button->setFlat(true);
+    button->setLayoutDirection(Qt::LeftToRight);
     return button;
 }
 
@@ -207,9 +209,8 @@ void CurveEditorDialogBase::buildPositionFrame()
     prevNode = stepButton("prevNode", frame11);
     nextNode = stepButton("nextNode", frame11);
     node = numericField("node", frame11);
-    layout13->addWidget(prevNode);
-    layout13->addWidget(nextNode);
     layout13->addWidget(node);
+    orderStepButtons();
 
     layout14 = innerLayout<QGridLayout>("layout14", layout15);
     posX = numericField("posX", frame11);
@@ -228,6 +229,13 @@ void CurveEditorDialogBase::buildPositionFrame()
     frame11Layout->addWidget(line1);
     buildBehaviours();
     frame11Layout->setSpacing(columnSpace);
+}
+
+/// Time runs to the right in every language, so the button that goes there stands at the right, and shows there.
+void CurveEditorDialogBase::orderStepButtons()
+{
+    layout13->insertWidget(0, isRightToLeft() ? nextNode : prevNode);
+    layout13->insertWidget(1, isRightToLeft() ? prevNode : nextNode);
 }
 
 void CurveEditorDialogBase::buildBehaviours()
@@ -325,13 +333,13 @@ void CurveEditorDialogBase::buildExpressionPage()
     layout4 = innerLayout<QHBoxLayout>("layout4", tabLayout_2);
     commandLine = named<ExpressionEditLine>("commandLine", area->widget());
     commandLine->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
-    commandLine->setMinimumSize(360, fieldHeight);
+    commandLine->setMinimumSize(leastFormulaWidth, fieldHeight);
     setPaletteColor(commandLine, QPalette::Text, QColor(255, 255, 255));
     commandLine->setCursor(Qt::ArrowCursor);
     commandLine->setMouseTracking(true);
     commandLine->setFocusPolicy(Qt::StrongFocus);
     commandLine->setAcceptDrops(true);
-    layout4->addWidget(commandLine);
+    layout4->addWidget(commandLine, 1);
 
     deleteCurve = named<QPushButton>("deleteCurve", area->widget());
     deleteCurve->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -339,7 +347,19 @@ void CurveEditorDialogBase::buildExpressionPage()
     deleteCurve->setFocusPolicy(Qt::NoFocus);
     deleteCurve->setAutoDefault(false);
     layout4->addWidget(deleteCurve);
+    layout4->addStretch();
+    tabLayout_2->addStretch();
+    connect(area, &PageArea::widthChanged, this, &CurveEditorDialogBase::keepFormulaInSight);
     tabWidget2->addTab(tab_2, QString());
+}
+
+/// Where the tool bar is wider than the page, the line and the button behind it are not.
+void CurveEditorDialogBase::keepFormulaInSight(int pageWidth)
+{
+    const QMargins margins = tabLayout_2->contentsMargins();
+    const int rest =
+        margins.left() + layout4->spacing() + layout4->itemAt(1)->sizeHint().width() + margins.right();
+    commandLine->setMaximumWidth(qMax(leastFormulaWidth, pageWidth - rest));
 }
 
 // As the widgets stand in the dialog and on the page, in reading order.
@@ -380,6 +400,7 @@ void CurveEditorDialogBase::languageChange()
     textIncoming->setText(tr("Incoming:"));
     textOutcoming->setText(tr("Outgoing:"));
     tab->setWindowTitle(tr("Envelope"));
+    commandLine->setPlaceholderText(tr("Type a formula of t and press Return"));
     commandLine->setToolTip(tr("Here appears the expression"));
     commandLine->setWhatsThis(tr("This's the expression parsed"));
     deleteCurve->setText(tr("Delete Expression"));
@@ -442,7 +463,7 @@ void CurveEditorDialogBase::fitToFont()
     }
 }
 
-/// All rows of the node page are as high as the highest of their widgets, so that the baselines meet.
+/// All rows of a page are as high as the highest of their widgets, so that the baselines meet.
 void CurveEditorDialogBase::alignRows()
 {
     const std::initializer_list<QWidget*> boxes = {nodeFirst, nodeLast, nodeTypeCombo};
@@ -454,6 +475,7 @@ void CurveEditorDialogBase::alignRows()
         widget->setFixedHeight(height);
     for (QWidget* const box : boxes)
         box->setFixedHeight(height);
+    commandLine->setFixedHeight(qMax(commandLine->sizeHint().height(), deleteCurve->sizeHint().height()));
     for (QGridLayout* const grid : {layout14, layout21, tcbPageLayout, ioPageLayout})
         for (int row = 0; row < grid->rowCount() && grid->itemAtPosition(row, 0); ++row)
             grid->setRowMinimumHeight(row, height);
@@ -521,6 +543,8 @@ void CurveEditorDialogBase::changeEvent(QEvent* event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitToFont();
+    if (event->type() == QEvent::LayoutDirectionChange)
+        orderStepButtons();
 }
 
 #include "moc_CurveEditorDialogBase.cpp"

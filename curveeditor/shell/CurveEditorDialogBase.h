@@ -144,6 +144,8 @@ private:
     void buildExpressionPage();
     void orderTabs();
     void alignRows();
+    void orderStepButtons();
+    void keepFormulaInSight(int pageWidth);
     void explainFields();
     void nameForAssistiveTools();
     void widenList();

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QResizeEvent>
 #include <QScrollBar>
 
 namespace curveeditor {
@@ -61,6 +62,12 @@ int PageArea::barHeight() const
     const QWidget* const tabs = stack->parentWidget();
     const int room = tabs->parentWidget()->width() - (tabs->width() - stack->width());
     return room < widget()->minimumSizeHint().width() ? horizontalScrollBar()->sizeHint().height() : 0;
+}
+
+void PageArea::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    Q_EMIT widthChanged(event->size().width());
 }
 
 bool PageArea::eventFilter(QObject* watched, QEvent* event)

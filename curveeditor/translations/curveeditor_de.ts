@@ -894,6 +894,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Expression</source>
         <translation>Ausdruck</translation>
     </message>
+    <message>
+        <source>Type a formula of t and press Return</source>
+        <translation>Eine Formel von t eingeben, dann die Eingabetaste</translation>
+    </message>
 </context>
 <context>
     <name>DecimalQuestion</name>

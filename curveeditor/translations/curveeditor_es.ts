@@ -894,6 +894,10 @@ Do you want to replace it?</source>
         <source>Expression</source>
         <translation>Expresión</translation>
     </message>
+    <message>
+        <source>Type a formula of t and press Return</source>
+        <translation>Escriba una fórmula de t y pulse Intro</translation>
+    </message>
 </context>
 <context>
     <name>DecimalQuestion</name>

@@ -894,6 +894,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>Expression</source>
         <translation>Expression</translation>
     </message>
+    <message>
+        <source>Type a formula of t and press Return</source>
+        <translation>Saisissez une formule de t, puis Entrée</translation>
+    </message>
 </context>
 <context>
     <name>DecimalQuestion</name>

@@ -894,6 +894,10 @@ Do you want to replace it?</source>
         <source>Expression</source>
         <translation>式</translation>
     </message>
+    <message>
+        <source>Type a formula of t and press Return</source>
+        <translation>t の式を入力して Return キーを押します</translation>
+    </message>
 </context>
 <context>
     <name>DecimalQuestion</name>

@@ -190,11 +190,27 @@ private Q_SLOTS:
             dialog.tabWidget2->setCurrentIndex(1);
             QTest::qWait(50); // the page is laid out step by step
             QVERIFY(!dialog.expressionTool->findChild<QToolButton*>("qt_toolbar_ext_button")->isVisible());
+            QCOMPARE(dialog.commandLine->y() - dialog.expressionTool->geometry().bottom(), 7);
+            QCOMPARE(dialog.commandLine->x(), dialog.expressionTool->findChild<QToolButton*>()->x() + 11);
+            dialog.resize(points * 71, 480); // narrower than the tool bar
+            QTRY_COMPARE(dialog.deleteCurve->geometry().right() + 12, dialog.tab_2->width());
             QCOMPARE(scale.scaleX->x(), scale.scaleY->x());
             QCOMPARE(range.minX->x(), range.maxY->x());
         }
         QApplication::setFont(usual);
         installCurveEditorTranslation(QLocale("en"));
+    }
+
+    void stepButtonsPointWhereTheyGo()
+    {
+        CurveEditor editor;
+        editor.show();
+        for (const Qt::LayoutDirection direction : {Qt::RightToLeft, Qt::LeftToRight}) {
+            editor.setLayoutDirection(direction);
+            QTRY_COMPARE(editor.node->x() < editor.prevNode->x(), editor.isRightToLeft());
+            QVERIFY(editor.prevNode->x() < editor.nextNode->x());
+            QVERIFY(!editor.nextNode->isRightToLeft()); // else ">" would be written as "<"
+        }
     }
 
     void warningIsAsWideAsItsTitleAndShowsMarkupAsText()
@@ -220,6 +236,9 @@ private Q_SLOTS:
         s.editor.resize(1700, 900);
         s.clickPoint();
         const QImage shown = s.editor.tcbCurve->grab().toImage();
+        s.page(1);
+        QVERIFY(s.editor.commandLine->text().isEmpty() && !isBlank(s.editor.commandLine));
+        s.page(0);
         s.editor.cleanSelecteds();
         QVERIFY(!isBlank(list));
         QVERIFY(!isBlank(s.editor.tcbCurve) && s.editor.tcbCurve->grab().toImage() != shown);
