@@ -112,7 +112,7 @@ const SplineBase::PointInfo* PointTableModel::pointOf(const QModelIndex& cell) c
 
 Qt::Alignment PointTableModel::sideOf(int column)
 {
-    return column == Type ? Qt::AlignLeft : Qt::AlignRight;
+    return column == Type ? Qt::AlignHCenter : Qt::AlignRight | Qt::AlignAbsolute;
 }
 
 QVariant PointTableModel::data(const QModelIndex& cell, int role) const

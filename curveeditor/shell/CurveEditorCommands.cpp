@@ -146,6 +146,7 @@ bool CurveEditor::Private::mayReplace(const QString& path)
                                  CurveEditor::tr("%1 already exists.\nDo you want to replace it?").arg(path),
                                  QMessageBox::Yes | QMessageBox::No, &editor);
     box->setDefaultButton(QMessageBox::No);
+    makeRoomForTitle(*box);
     box->setProperty(partOfDialog, int(EditorPart::Files));
     return box.answer() == QMessageBox::Yes;
 }

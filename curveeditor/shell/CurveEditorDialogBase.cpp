@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -41,6 +42,7 @@ constexpr int fieldHeight = 20;
 constexpr int leastFormulaWidth = 150;
 constexpr int stepButtonWidth = 20;
 constexpr int stepButtonMargin = 6;
+constexpr QChar leftToRightMark(0x200E);
 constexpr int columnSpace = 11; // as the margins
 
 void setLabel(QLabel* label, QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical,
@@ -74,7 +76,6 @@ QPushButton* stepButton(const char* name, QWidget* parent)
     button->setAutoDefault(false);
     button->setDefault(false);
     button->setFlat(true);
-    button->setLayoutDirection(Qt::LeftToRight);
     return button;
 }
 
@@ -210,7 +211,6 @@ void CurveEditorDialogBase::buildPositionFrame()
     nextNode = stepButton("nextNode", frame11);
     node = numericField("node", frame11);
     layout13->addWidget(node);
-    orderStepButtons();
 
     layout14 = innerLayout<QGridLayout>("layout14", layout15);
     posX = numericField("posX", frame11);
@@ -231,9 +231,13 @@ void CurveEditorDialogBase::buildPositionFrame()
     frame11Layout->setSpacing(columnSpace);
 }
 
-/// Time runs to the right in every language, so the button that goes there stands at the right, and shows there.
-void CurveEditorDialogBase::orderStepButtons()
+/// Time runs to the right in every language, so the button that goes there stands at the right, and points there, where Qt
+/// would mirror both.
+void CurveEditorDialogBase::showStepButtons()
 {
+    const QString mark = QGuiApplication::isRightToLeft() ? QString(leftToRightMark) : QString();
+    prevNode->setText(mark + tr("<<") + mark);
+    nextNode->setText(mark + tr(">>") + mark);
     layout13->insertWidget(0, isRightToLeft() ? nextNode : prevNode);
     layout13->insertWidget(1, isRightToLeft() ? prevNode : nextNode);
 }
@@ -380,9 +384,8 @@ void CurveEditorDialogBase::languageChange()
     setWindowTitle(tr("Curve Editor"));
     checkListsEditing->setToolTip(tr("Selected variables"));
     checkListsEditing->setWhatsThis(tr("Here you can select the variables to be edited as curves"));
-    prevNode->setText(tr("<<"));
+    showStepButtons();
     setHelp(prevNode, tr("Select previous node"));
-    nextNode->setText(tr(">>"));
     setHelp(nextNode, tr("Select next node"));
     explainFields();
     textLabel1->setText(tr("Time:"));
@@ -544,7 +547,7 @@ void CurveEditorDialogBase::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         fitToFont();
     if (event->type() == QEvent::LayoutDirectionChange)
-        orderStepButtons();
+        showStepButtons();
 }
 
 #include "moc_CurveEditorDialogBase.cpp"

@@ -144,7 +144,7 @@ private:
     void buildExpressionPage();
     void orderTabs();
     void alignRows();
-    void orderStepButtons();
+    void showStepButtons();
     void keepFormulaInSight(int pageWidth);
     void explainFields();
     void nameForAssistiveTools();

@@ -34,6 +34,14 @@ constexpr int typingPause = 300;
 constexpr double shareOfSpan = 0.001;
 constexpr int toleranceDigits = 2;
 
+/// Qt draws a text with an underlined letter without kerning, for which it makes no room.
+void dropKerning(QWidget& widget)
+{
+    QFont style; // all else is the parent's
+    style.setKerning(false);
+    widget.setFont(style);
+}
+
 bool isLockedCurve(const CurveNodeBase* node)
 {
     return node && node->curve()->isLocked();
@@ -139,12 +147,14 @@ void FitDialog::addField(const char* name, QWidget* field)
     field->setObjectName(QLatin1String(name));
     auto* const label = new QLabel(this);
     label->setBuddy(field);
+    dropKerning(*label);
     form_->addRow(label, field);
 }
 
 void FitDialog::addBox(const char* name, QCheckBox* box)
 {
     box->setObjectName(QLatin1String(name));
+    dropKerning(*box);
     form_->addRow(box);
 }
 

@@ -23,7 +23,6 @@ namespace {
 constexpr int rowHeight = 20;
 constexpr int lineWidth = 60;
 constexpr int lineLength = 9;
-constexpr int usualTextHeight = 14;
 
 /// All digits, or two signs and an exponent beside them: which is wider depends on the font.
 int widestNumber(const QFontMetrics& metrics)
@@ -52,13 +51,11 @@ QSize sizeOfLine(const QLineEdit& line)
         .expandedTo({lineWidth, rowHeight});
 }
 
-/// Smaller than buttons like to be: two of them fit below the lines, and a text of usual height fills them.
+/// Narrower than buttons like to be: two of them fit below the lines.
 QSize sizeOfButton(const QPushButton& button)
 {
     const int margin = button.style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, &button);
-    const QSize text = button.fontMetrics().size(Qt::TextShowMnemonic, button.text());
-    const int extraHeight = std::clamp(2 * (text.height() - usualTextHeight), 0, margin);
-    return text + QSize(2 * margin, extraHeight);
+    return button.fontMetrics().size(Qt::TextShowMnemonic, button.text()) + QSize(2 * margin, margin);
 }
 
 } // namespace

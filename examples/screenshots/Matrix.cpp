@@ -66,7 +66,7 @@ QPixmap dialogOf(const std::function<void()>& open)
 /// All of them in rows.
 QPixmap sheetOf(const QList<QPixmap>& pictures)
 {
-    constexpr int width = 1600;
+    constexpr int width = 2400;
     constexpr int gap = 16;
     QPixmap sheet(QSize(width, 1400) * qApp->devicePixelRatio());
     sheet.setDevicePixelRatio(qApp->devicePixelRatio());

@@ -229,6 +229,9 @@ private Q_SLOTS:
                                                {theme.formulaText, theme.formula},
                                                {theme.formulaWarning, theme.formula}})
             QVERIFY2(contrastOf(text, background) >= 4.5, qPrintable(text.name()));
+        const QColor grid[] = {theme.canvas, theme.fineGridLines, theme.gridLines, theme.frameVLine};
+        for (int i = 1; i < 4; ++i)
+            QVERIFY(contrastOf(grid[i - 1], grid[i]) >= 1.09);
         QList<QColor> parts{theme.controlPoint, theme.controlPointSelected,
                             theme.controller,   theme.controllerSelected,
                             theme.timeLine,     theme.mark};

@@ -141,6 +141,34 @@ private Q_SLOTS:
         }
     }
 
+    void titlesAndLabelsAreNotCutOff_data() { addWays(); }
+    void titlesAndLabelsAreNotCutOff()
+    {
+        const auto [way] = Rows<Way>::present();
+        const QFont usual = QApplication::font();
+        QApplication::setFont(QFont("Arial", 20));
+        Scene s;
+        QStringList cut;
+        go(s, way, [&cut](QWidget& open) {
+            auto* const dialog = qobject_cast<QDialog*>(&open);
+            if (!dialog)
+                return void(open.close());
+            QFont font = QApplication::font("QTitleBar");
+            font.setBold(true);
+            if (dialog->width() < QFontMetrics(font).horizontalAdvance(dialog->windowTitle()) + 80)
+                cut.append(dialog->windowTitle());
+            for (const QLabel* const label : dialog->findChildren<QLabel*>()) {
+                (font = label->font()).setKerning(false); // as texts with a mnemonic are drawn
+                if (label->buddy() && label->isVisible() &&
+                    QFontMetrics(font).size(Qt::TextShowMnemonic, label->text()).width() > label->width())
+                    cut.append(label->text());
+            }
+            dialog->reject();
+        });
+        QApplication::setFont(usual);
+        QCOMPARE(cut, QStringList());
+    }
+
     void deletionWaitsForASlotThatRunsALoop_data()
     {
         const Rows<Deed> row;
@@ -309,6 +337,8 @@ private:
         row("Set Range", {"ViewportSettings"}, [](Scene& s) { s.key(Qt::Key_S, alt); });
         row("Simplify", {"curveeditor::SimplifyDialog"}, [](Scene& s) { s.key(Qt::Key_S, shift); });
         row("Bake", {"curveeditor::BakeDialog"}, [](Scene& s) { s.key(Qt::Key_B, shift); });
+        row("Retime", {"curveeditor::RetimeDialog"}, [](Scene& s) { s.selectTwo().key(Qt::Key_R, shift); });
+        row("Ease", {"curveeditor::EaseDialog"}, [](Scene& s) { s.selectTwo().key(Qt::Key_E, shift); });
     }
     QTemporaryDir folder;
 };
