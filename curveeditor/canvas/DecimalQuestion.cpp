@@ -27,8 +27,8 @@ public:
     {
         const std::size_t line = TableReader(text).fault().line;
         return tr("Line %1 can be read in two ways. These are the rows from there on:").arg(line) +
-               reading(tr("With a decimal comma"), TableReader(text, TableReader::Decimal::Comma), line) +
-               reading(tr("With a decimal point"), TableReader(text, TableReader::Decimal::Point), line);
+               reading(tr("With a decimal comma:"), TableReader(text, TableReader::Decimal::Comma), line) +
+               reading(tr("With a decimal point:"), TableReader(text, TableReader::Decimal::Point), line);
     }
     static QString comma() { return tr("Decimal comma"); }
     static QString point() { return tr("Decimal point"); }
@@ -36,7 +36,7 @@ public:
 private:
     static QString reading(const QString& title, TableReader&& reader, std::size_t firstLine)
     {
-        QString text = QStringLiteral("\n\n") + title + QLatin1Char(':');
+        QString text = QStringLiteral("\n\n") + title;
         for (int rows = 0; rows < shownRows && reader.next();) {
             if (reader.line() < firstLine)
                 continue;

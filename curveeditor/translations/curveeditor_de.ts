@@ -906,12 +906,12 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Zeile %1 lässt sich auf zwei Arten lesen. Das sind die Zeilen ab dort:</translation>
     </message>
     <message>
-        <source>With a decimal comma</source>
-        <translation>Mit Dezimalkomma</translation>
+        <source>With a decimal comma:</source>
+        <translation>Mit Dezimalkomma:</translation>
     </message>
     <message>
-        <source>With a decimal point</source>
-        <translation>Mit Dezimalpunkt</translation>
+        <source>With a decimal point:</source>
+        <translation>Mit Dezimalpunkt:</translation>
     </message>
     <message>
         <source>Decimal comma</source>

@@ -906,12 +906,12 @@ Do you want to replace it?</source>
         <translation>La línea %1 se puede leer de dos maneras. Estas son las filas a partir de ahí:</translation>
     </message>
     <message>
-        <source>With a decimal comma</source>
-        <translation>Con coma decimal</translation>
+        <source>With a decimal comma:</source>
+        <translation>Con coma decimal:</translation>
     </message>
     <message>
-        <source>With a decimal point</source>
-        <translation>Con punto decimal</translation>
+        <source>With a decimal point:</source>
+        <translation>Con punto decimal:</translation>
     </message>
     <message>
         <source>Decimal comma</source>

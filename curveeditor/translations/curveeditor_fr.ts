@@ -906,12 +906,12 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>La ligne %1 peut se lire de deux façons. Voici les lignes à partir de là&#xa0;:</translation>
     </message>
     <message>
-        <source>With a decimal comma</source>
-        <translation>Avec une virgule décimale</translation>
+        <source>With a decimal comma:</source>
+        <translation>Avec une virgule décimale :</translation>
     </message>
     <message>
-        <source>With a decimal point</source>
-        <translation>Avec un point décimal</translation>
+        <source>With a decimal point:</source>
+        <translation>Avec un point décimal :</translation>
     </message>
     <message>
         <source>Decimal comma</source>

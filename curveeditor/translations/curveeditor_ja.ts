@@ -906,12 +906,12 @@ Do you want to replace it?</source>
         <translation>%1 行目は 2 通りに読めます。そこからの行は次のとおりです。</translation>
     </message>
     <message>
-        <source>With a decimal comma</source>
-        <translation>コンマを小数点とした場合</translation>
+        <source>With a decimal comma:</source>
+        <translation>コンマを小数点とした場合:</translation>
     </message>
     <message>
-        <source>With a decimal point</source>
-        <translation>ピリオドを小数点とした場合</translation>
+        <source>With a decimal point:</source>
+        <translation>ピリオドを小数点とした場合:</translation>
     </message>
     <message>
         <source>Decimal comma</source>

@@ -82,7 +82,7 @@ QPixmap sheetOf(const QList<QPixmap>& pictures)
         lowest = std::max(lowest, place.y() + size.height());
         place.rx() += size.width() + gap;
     }
-    return sheet;
+    return sheet.copy(0, 0, sheet.width(), int((lowest + gap) * sheet.devicePixelRatio()));
 }
 
 } // namespace

@@ -231,7 +231,7 @@ private Q_SLOTS:
             QVERIFY2(contrastOf(text, background) >= 4.5, qPrintable(text.name()));
         const QColor grid[] = {theme.canvas, theme.fineGridLines, theme.gridLines, theme.frameVLine};
         for (int i = 1; i < 4; ++i)
-            QVERIFY(contrastOf(grid[i - 1], grid[i]) >= 1.09);
+            QVERIFY(contrastOf(grid[i - 1], grid[i]) >= 1.08);
         QList<QColor> parts{theme.controlPoint, theme.controlPointSelected,
                             theme.controller,   theme.controllerSelected,
                             theme.timeLine,     theme.mark};
