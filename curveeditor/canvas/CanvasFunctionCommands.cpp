@@ -86,7 +86,10 @@ void CanvasFunctionBase::edit(const CanvasEdit& edit)
     Nodes targets = edit.targets(curves_);
     open(edit, targets);
     const CanvasCurves::Guarded guarded(targets.begin(), targets.end());
-    std::for_each(targets.begin(), targets.end(), [&](CurveNodeBase* target) { edit.work(*target); });
+    for (CurveNodeBase* const target : targets) {
+        edit.work(*target);
+        target->control().dropLostPoints();
+    }
     const CurveEdit::Curves changed = door_.commit();
     if (guard && edit.changesFormula)
         Q_EMIT changeCommandLine();
@@ -250,7 +253,6 @@ void CanvasFunctionBase::setPoints(CurveNodeBase& node, const QString& text,
         state.points = std::move(points);
         if (target.control().openSpline()->assign(state))
             target.curve()->showSpline(target.kind() == CurveKind::Expression);
-        target.control().dropLostPoints();
     };
     replacement.told = CanvasEdit::Told::Targets;
     replacement.changesFormula = true;

@@ -8,6 +8,7 @@
 #include <QAccessibleActionInterface>
 #include <QPointer>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -246,10 +247,11 @@ QString CanvasAccessible::contents() const
     const CanvasFunctionBase& curves = canvas_->canvas;
     if (curves.noCurrentCurve())
         return QAccessibleWidget::text(QAccessible::Description);
-    if (const ControlSplineNode* const control = canvas_->canvas.currentSplineControl())
-        return tr("%1 points, %2 selected")
-            .arg(control->pointCount())
-            .arg(control->selection().edited().size());
+    if (const ControlSplineNode* const control = canvas_->canvas.currentSplineControl()) {
+        const auto selected = indicesOf(control->selection().edited(), *control->getSpline());
+        const auto lost = std::count(selected.begin(), selected.end(), -1); // while a dialog shows others
+        return tr("%1 points, %2 selected").arg(control->pointCount()).arg(qsizetype(selected.size()) - lost);
+    }
     return tr("Formula %1").arg(curves.getCurrentExpressionText());
 }
 

@@ -153,6 +153,7 @@ void CurveEditor::deleteExpression(const QString& nodeName, const QString& curve
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
     const NodeStruct* const record = searchAllNodeList(name);
     if (isVisible() && canvas.dropExpression(name)) {
+        EditingList::setCurveKind(record->editingItem, false);
         refreshCommandLine();
     } else if (isVisible() && record) {
         canvas.door().history().forgetRetired(record->function);

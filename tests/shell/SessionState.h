@@ -22,12 +22,13 @@ public:
             addAction(*action);
         for (const QWidget* const widget : s.editor.findChildren<QWidget*>()) {
             if (widget->window() == &s.editor)
-                addWidget(*widget, QString());
+                addWidget(*widget);
         }
         for (const QWidget* const window : QApplication::topLevelWidgets())
             addWindow(*window);
         add("title", s.editor.windowTitle());
         add("focus", QApplication::focusWidget() ? nameOf(*QApplication::focusWidget()) : QString());
+        add("shown tip", QToolTip::isVisible() ? QToolTip::text() : QString());
         add("clipboard", QGuiApplication::clipboard()->text());
         const QUndoStack& stack = *s.editor.undoStack();
         add("undo", QString("%1 of %2, %3").arg(stack.index()).arg(stack.count()).arg(stack.undoText()));
@@ -41,7 +42,7 @@ public:
         for (auto entry = to.begin(); entry != to.end(); ++entry) {
             const QString kind = entry.key().section(u' ', 0, 0), text = entry.value(),
                           before = from.value(entry.key());
-            if (before == text)
+            if (before == text && from.contains(entry.key()))
                 continue;
             const bool sameText =
                 textIn(before) == textIn(text) && kind == "action" && from.contains(entry.key());
@@ -167,6 +168,7 @@ private:
             const QModelIndex index = s_.list.model()->index(i, 0);
             QStyleOptionViewItem look;
             look.initFrom(&s_.list);
+            look.widget = &s_.list;
             look.rect = s_.list.visualItemRect(row);
             look.decorationSize = s_.list.iconSize();
             auto* const delegate = qobject_cast<CurveRowDelegate*>(s_.list.itemDelegate());
@@ -205,72 +207,90 @@ private:
     void addAction(const QAction& action)
     {
         const QString name = action.objectName();
-        if (!name.isEmpty() && !name.startsWith("easeIn") && !name.startsWith("easeOut")) // as easeCssAction
+        if (!name.isEmpty() && !name.startsWith("qt_") && !name.startsWith("easeIn") &&
+            !name.startsWith("easeOut")) // as easeCssAction
             add("action " + (name.endsWith("Action") ? name.chopped(6) : name),
                 action.text() + words({{!action.isEnabled(), "off"},
                                        {action.isChecked(), "on"},
                                        {!action.isVisible(), "hidden"}}));
     }
 
-    void addWidget(const QWidget& widget, const QString& window)
+    /// A control of the editor itself, with what rarely changes in lines of its own.
+    void addWidget(const QWidget& widget)
     {
-        if (widget.objectName().isEmpty() && window.isEmpty())
+        const QString name = widget.objectName(), text = textOf(widget);
+        if (name.isEmpty() || text.isNull() || isQts(widget) ||
+            qobject_cast<QAbstractItemView*>(widget.parent()))
             return;
-        if (isQts(widget) || qobject_cast<const QAbstractItemView*>(widget.parent()))
-            return;
-        const QString name = nameOf(widget);
+        add("field " + name, text);
+        if (const auto* const field = qobject_cast<const QLineEdit*>(&widget))
+            add("tip " + name, field->toolTip());
+        if (const auto* const number = qobject_cast<const CustomEditLine*>(&widget))
+            add("bounds " + name, SessionState::number(number->clampToBounds(-1e12)) + " to " +
+                                      SessionState::number(number->clampToBounds(1e12)));
+        const auto* const box = qobject_cast<const QComboBox*>(&widget);
+        QStringList entries;
+        for (int i = 0; i < (box ? box->count() : 0); ++i)
+            entries +=
+                box->itemText(i) + words({{static_cast<QListView*>(box->view())->isRowHidden(i), "hidden"}});
+        if (box)
+            add("entries " + name, entries.join(", "));
+    }
+
+    /// What a control shows; null for what is none.
+    static QString textOf(const QWidget& widget)
+    {
         QString text;
         if (const auto* const field = qobject_cast<const QLineEdit*>(&widget)) {
+            const QPalette colors = field->palette();
             text = field->text();
-            text += field->hasSelectedText() ? " (" + field->selectedText() + u')' : QString();
-            text += " [" + field->palette().color(QPalette::Base).name() + ']';
-            if (const auto* const number = qobject_cast<const CustomEditLine*>(&widget))
-                add("bounds " + name, SessionState::number(number->clampToBounds(-1e12)) + " to " +
-                                          SessionState::number(number->clampToBounds(1e12)));
-            add("tip " + name, field->toolTip());
+            if (field->hasSelectedText())
+                text += " (" + field->selectedText() + u' ' + colors.color(QPalette::Highlight).name() + u')';
+            text += " [" + colors.color(QPalette::Base).name() + ']' +
+                    words({{field->font().italic(), "slanted"}});
         } else if (const auto* const box = qobject_cast<const QComboBox*>(&widget)) {
-            QStringList entries;
-            for (int i = 0; i < box->count(); ++i)
-                entries += box->itemText(i) +
-                           words({{static_cast<QListView*>(box->view())->isRowHidden(i), "hidden"}});
             text = box->currentText();
-            add("entries " + name, entries.join(", "));
         } else if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
-            text = button->text() + words({{button->isChecked(), "on"}});
+            text = button->text().remove(u'&') + words({{button->isChecked(), "on"}});
         } else if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
             text = label->text();
         } else if (const auto* const pages = qobject_cast<const QTabWidget*>(&widget)) {
             text = pages->tabText(pages->currentIndex());
         } else {
-            return;
+            return {};
         }
-        add((window.isEmpty() ? "field " : window + u' ') + name,
-            text + words({{!widget.isVisible(), "hidden"}, {!widget.isEnabled(), "off"}}));
+        return text + words({{!widget.isVisible(), "hidden"}, {!widget.isEnabled(), "off"}});
     }
 
     void addWindow(const QWidget& window)
     {
         if (&window == &s_.editor || !window.isVisible())
             return;
+        QStringList parts;
         if (const auto* const menu = qobject_cast<const QMenu*>(&window)) {
-            QStringList entries;
             for (const QAction* const entry : menu->actions())
-                entries +=
+                parts +=
                     entry->isSeparator()
                         ? "-"
                         : entry->text() + words({{!entry->isEnabled(), "off"}, {entry->isChecked(), "on"}});
-            return add("open menu", entries.join(", "));
+            return add("open menu", parts.join(", "));
         }
-        if (!qobject_cast<const QDialog*>(&window))
-            return;
-        const QString name = "open " + window.windowTitle();
         const auto* const box = qobject_cast<const QMessageBox*>(&window);
-        add(name, box ? box->text() : QString());
-        if (qobject_cast<const QFileDialog*>(&window) || qobject_cast<const QColorDialog*>(&window) || box)
-            return; // Qt's
-        for (const QWidget* const widget : window.findChildren<QWidget*>())
-            if (widget->isVisible())
-                addWidget(*widget, name);
+        const bool isOurs =
+            !qobject_cast<const QFileDialog*>(&window) && !qobject_cast<const QColorDialog*>(&window);
+        if (box)
+            parts += QString(box->text())
+                         .remove(QDir::tempPath() + "/tst_Sessions")
+                         .remove(QRegularExpression("-\\w{6}/")) +
+                     u' ' + box->informativeText();
+        for (const QWidget* const widget : isOurs ? window.findChildren<QWidget*>() : QWidgetList()) {
+            const bool isButton = qobject_cast<const QDialogButtonBox*>(widget->parent());
+            if (widget->isVisible() && (!isQts(*widget) || isButton) && !textOf(*widget).isEmpty())
+                parts += QString(widget->objectName() + u' ' + textOf(*widget) + u' ' + widget->toolTip())
+                             .trimmed();
+        }
+        if (qobject_cast<const QDialog*>(&window))
+            add("open " + window.windowTitle(), parts.join("; "));
     }
 
     Scene& s_;

@@ -20,26 +20,30 @@ public:
     void play(std::vector<Step>& steps, const std::function<bool(Step&, const QStringList&)>& compare)
     {
         const QPointer<QWidget> own = openWindow();
-        while (next_ < steps.size()) {
-            Step& step = steps[next_++];
+        played_.append(own);
+        const auto leave = qScopeGuard([this] { played_.removeLast(); });
+        while (isGood_ && next_ < steps.size()) {
+            const QString text = steps[next_++].text;
             QTimer opened;
             opened.callOnTimeout([&] {
-                if (openWindow() == own)
+                if (!openWindow() || played_.contains(openWindow()))
                     return;
                 opened.stop();
-                if (!compare(step, changes()))
-                    next_ = steps.size();
+                isGood_ = isGood_ && compare(steps[next_ - 1], changes());
                 play(steps, compare);
-                while (QWidget* const left = openWindow() == own ? nullptr : openWindow())
-                    left->close();
+                while (QWidget* const left = openWindow()) { // by a step that failed, or by the last one
+                    if (left == own || !left->isVisible() || !left->close())
+                        break;
+                }
+                opened.start(0); // what closes may open another one
             });
             opened.start(0);
-            perform(step.text);
+            perform(text);
+            QTest::qWait(0); // what it has posted may open one, too
             opened.stop();
             if (own && !own->isVisible())
                 return; // who opened it has more to do
-            if (!compare(steps[next_ - 1], changes()))
-                next_ = steps.size();
+            isGood_ = isGood_ && compare(steps[next_ - 1], changes());
         }
     }
 
@@ -60,6 +64,10 @@ private:
 
     QStringList changes()
     {
+        QTest::qWait(0);
+        if (!QApplication::activeWindow())
+            scene_.owned->activateWindow(); // as a window manager does
+        scene_.canvas.grab();               // a frame may have something to tell
         QTest::qWait(0);
         const QMap<QString, QString> now = SessionState(scene_);
         const QStringList all = SessionState::changes(last_, now) + std::exchange(heard_, {});
@@ -118,21 +126,24 @@ private:
     }
     QWidget& target() const
     {
-        QWidget* const window = openWindow();
-        if (window)
-            return window->focusWidget() ? *window->focusWidget() : *window;
-        return QApplication::focusWidget() ? *QApplication::focusWidget() : scene_.canvas;
+        QWidget* const window = openWindow() ? openWindow() : QApplication::activeWindow();
+        if (auto* const list = window ? window->findChild<QAbstractItemView*>() : nullptr;
+            list && window->inherits("QComboBoxPrivateContainer"))
+            return *list;
+        QWidget* const focus = window ? window->focusWidget() : QApplication::focusWidget();
+        return focus ? *focus : window ? *window : scene_.canvas;
     }
     /// By its object name or its text, in the window in front first.
-    static QWidget& widget(const QString& name)
+    QWidget& widget(const QString& name) const
     {
-        for (QWidget* const window : {openWindow(), QApplication::activeWindow()}) {
+        for (const QWidget* const window :
+             QWidgetList{openWindow(), QApplication::activeWindow(), scene_.owned}) {
             for (QWidget* const found : window ? window->findChildren<QWidget*>() : QList<QWidget*>()) {
                 if (SessionState::nameOf(*found) == name && found->isVisible())
                     return *found;
             }
         }
-        qFatal("no such widget: %s", qPrintable(name));
+        qFatal("no such widget in step %zu: %s", next_, qPrintable(name));
     }
     void key(const QString& keys, QTest::KeyAction action = QTest::Click)
     {
@@ -166,6 +177,8 @@ private:
     }
     static void pick(QComboBox& box, const QString& text)
     {
+        if (box.findText(text) < 0)
+            qFatal("no such choice: %s", qPrintable(text));
         box.setCurrentText(text);
         Q_EMIT box.activated(box.currentIndex());
     }
@@ -182,11 +195,28 @@ private:
         if (words.contains("right"))
             openContextMenu(*scene_.list.viewport(), at);
     }
-    void goToCell(int row, int column)
+    void drop(const QString& name, const QString& text) const
+    {
+        auto* const area = qobject_cast<QAbstractScrollArea*>(&widget(name));
+        dropOn(area ? *area->viewport() : widget(name), text);
+    }
+    void turnTo(const QString& page)
+    {
+        QTabWidget& pages = *scene_.editor.tabWidget2;
+        while (pages.tabText(pages.currentIndex()) != page)
+            pages.setCurrentIndex((pages.currentIndex() + 1) % pages.count());
+    }
+    void clickCell(const QStringList& words)
     {
         auto& table = *scene_.editor.findChild<QTableView*>("pointTable");
-        table.setFocus();
-        table.setCurrentIndex(table.model()->index(row, column));
+        const QModelIndex cell = table.model()->index(words[0].toInt(), words[1].toInt());
+        table.scrollTo(cell);
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, keysIn(words), table.visualRect(cell).center());
+    }
+    void type(const QString& text) const
+    {
+        for (const QChar letter : text)
+            QTest::keyClick(&target(), letter.toLatin1()); // the first one may open a field
     }
     static QString unescaped(const QString& text)
     {
@@ -285,6 +315,8 @@ private:
     QString meanwhile_; ///< the signal at which the host does something, and what
     Qt::MouseButtons held_;
     std::size_t next_ = 0;
+    QList<QPointer<QWidget>> played_; ///< the windows whose loops run
+    bool isGood_ = true;
 };
 
 Player::Deeds Player::allDeeds()
@@ -297,7 +329,7 @@ Player::Deeds Player::allDeeds()
     at("key", [](Call c) { c.player.key(c[0]); });
     at("hold", [](Call c) { c.player.key(c[0], QTest::Press); });
     at("let", [](Call c) { c.player.key(c[0], QTest::Release); });
-    at("letters", [](Call c) { QTest::keyClicks(&c.player.target(), c[0]); });
+    at("letters", [](Call c) { c.player.type(c[0]); });
     at("press", [](Call c) { c.player.mouse(QEvent::MouseButtonPress, c[0], c.words); });
     at("move", [](Call c) { c.player.mouse(QEvent::MouseMove, c[0], c.words); });
     at("release", [](Call c) { c.player.mouse(QEvent::MouseButtonRelease, c[0], c.words); });
@@ -307,15 +339,15 @@ Player::Deeds Player::allDeeds()
     at("wheel", [](Call c) { c.player.wheel(c.words); });
     at("trigger", [](Call c) { c.editor.action(c[0])->trigger(); });
     at("choose", [](Call c) { choose(c[0]); });
-    at("type", [](Call c) { c.player.scene_.enterInto(widget(c[0]), c[1]); });
-    at("push", [](Call c) { QTest::mouseClick(&widget(c[0]), Qt::LeftButton); });
-    at("focus", [](Call c) { widget(c[0]).setFocus(); });
-    at("pick", [](Call c) { pick(static_cast<QComboBox&>(widget(c[0])), c[1]); });
-    at("page", [](Call c) { c.editor.tabWidget2->setCurrentIndex(c[0].toInt()); });
+    at("type", [](Call c) { c.player.scene_.enterInto(c.player.widget(c[0]), c[1]); });
+    at("push", [](Call c) { QTest::mouseClick(&c.player.widget(c[0]), Qt::LeftButton); });
+    at("focus", [](Call c) { c.player.widget(c[0]).setFocus(); });
+    at("pick", [](Call c) { pick(static_cast<QComboBox&>(c.player.widget(c[0])), c[1]); });
+    at("page", [](Call c) { c.player.turnTo(c[0]); });
     at("row", [](Call c) { c.player.clickRow(c.words); });
-    at("cell", [](Call c) { c.player.goToCell(c[0].toInt(), c[1].toInt()); });
+    at("cell", [](Call c) { c.player.clickCell(c.words); });
     at("clipboard", [](Call c) { QGuiApplication::clipboard()->setText(unescaped(c[0])); });
-    at("drop", [](Call c) { dropOn(widget(c[0]), c[1]); });
+    at("drop", [](Call c) { c.player.drop(c[0], c[1]); });
     at("path", [](Call c) { typePath(*openWindow(), c.player.folder_.filePath(c[0])); });
     at("meanwhile", [](Call c) { c.player.meanwhile_ = c.words.join(' ').trimmed(); });
     at("undo", [](Call c) { c.editor.undo(); });
