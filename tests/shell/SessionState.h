@@ -17,14 +17,18 @@ public:
         addCanvas();
         addRows();
         addTable();
-        for (const QAction* const action :
-             s.editor.findChildren<QAction*>() + ControlSplineNode::menu()->actions())
+        for (const QAction* const action : s.editor.findChildren<QAction*>())
             addAction(*action);
         for (const QWidget* const widget : s.editor.findChildren<QWidget*>()) {
             if (widget->window() == &s.editor)
                 addWidget(*widget);
         }
-        for (const QWidget* const window : QApplication::topLevelWidgets())
+        QWidgetList windows = QApplication::topLevelWidgets();
+        std::sort(windows.begin(), windows.end(), [](const QWidget* one, const QWidget* other) {
+            return std::pair(one->windowTitle(), QString(one->metaObject()->className())) <
+                   std::pair(other->windowTitle(), QString(other->metaObject()->className()));
+        });
+        for (const QWidget* const window : windows)
             addWindow(*window);
         add("title", s.editor.windowTitle());
         add("focus", QApplication::focusWidget() ? nameOf(*QApplication::focusWidget()) : QString());
@@ -289,8 +293,9 @@ private:
                 parts += QString(widget->objectName() + u' ' + textOf(*widget) + u' ' + widget->toolTip())
                              .trimmed();
         }
-        if (qobject_cast<const QDialog*>(&window))
-            add("open " + window.windowTitle(), parts.join("; "));
+        const QString name = "open " + window.windowTitle();
+        if (qobject_cast<const QDialog*>(&window)) // of one title there may be two
+            add(name, value(name) + QString(contains(name) ? "+ " : "") + parts.join("; "));
     }
 
     Scene& s_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "SessionState.h"
 
+#include <curveeditor/shell/FitDialog.h>
+
 namespace {
 
 /// A step of a session, and the lines below it: what is otherwise behind it.
@@ -17,9 +19,11 @@ class Player
 public:
     Player() : last_(SessionState(scene_)) { hear(); }
 
-    void play(std::vector<Step>& steps, const std::function<bool(Step&, const QStringList&)>& compare)
+    using Compare = std::function<bool(Step&, const QStringList&)>;
+    void play(std::vector<Step>& steps, const Compare& compare)
     {
         const QPointer<QWidget> own = openWindow();
+        const bool isInWindow = own;
         played_.append(own);
         const auto leave = qScopeGuard([this] { played_.removeLast(); });
         while (isGood_ && next_ < steps.size()) {
@@ -29,21 +33,20 @@ public:
                 if (!openWindow() || played_.contains(openWindow()))
                     return;
                 opened.stop();
-                isGood_ = isGood_ && compare(steps[next_ - 1], changes());
+                look(steps, compare);
                 play(steps, compare);
-                while (QWidget* const left = openWindow()) { // by a step that failed, or by the last one
-                    if (left == own || !left->isVisible() || !left->close())
-                        break;
-                }
+                QWidget* const left = openWindow(); // by a step that failed, or by the last one
+                if (left != own && left && left->isVisible())
+                    left->close();
                 opened.start(0); // what closes may open another one
             });
             opened.start(0);
             perform(text);
             QTest::qWait(0); // what it has posted may open one, too
             opened.stop();
-            if (own && !own->isVisible())
+            if (isInWindow && (!own || !own->isVisible()))
                 return; // who opened it has more to do
-            isGood_ = isGood_ && compare(steps[next_ - 1], changes());
+            look(steps, compare);
         }
     }
 
@@ -62,8 +65,18 @@ private:
     };
     using Deeds = std::map<QString, void (*)(Call)>;
 
+    void look(std::vector<Step>& steps, const Compare& compare)
+    {
+        if (isGood_ && std::exchange(seen_, next_) != next_)
+            isGood_ = compare(steps[next_ - 1], changes());
+    }
     QStringList changes()
     {
+        for (const auto* const dialog :
+             scene_.editor.findChildren<FitDialog*>()) { // long work waits for a pause
+            while (dialog->findChild<QTimer*>()->isActive())
+                QTest::qWait(10);
+        }
         QTest::qWait(0);
         if (!QApplication::activeWindow())
             scene_.owned->activateWindow(); // as a window manager does
@@ -299,6 +312,7 @@ private:
             editor.resize(1500, 900);
             editor.setCurveColor("a", "y", QColor(255, 128, 0));
             editor.setCurveColor("a", "z", QColor(128, 0, 255));
+            QGuiApplication::clipboard()->clear();
             QTest::qWait(0);
         }
         void enterInto(QWidget& field, const QString& text)
@@ -314,7 +328,7 @@ private:
     QStringList heard_;
     QString meanwhile_; ///< the signal at which the host does something, and what
     Qt::MouseButtons held_;
-    std::size_t next_ = 0;
+    std::size_t next_ = 0, seen_ = 0;
     QList<QPointer<QWidget>> played_; ///< the windows whose loops run
     bool isGood_ = true;
 };
@@ -330,6 +344,7 @@ Player::Deeds Player::allDeeds()
     at("hold", [](Call c) { c.player.key(c[0], QTest::Press); });
     at("let", [](Call c) { c.player.key(c[0], QTest::Release); });
     at("letters", [](Call c) { c.player.type(c[0]); });
+    at("insert", [](Call c) { static_cast<QLineEdit&>(c.player.target()).insert(c[0]); });
     at("press", [](Call c) { c.player.mouse(QEvent::MouseButtonPress, c[0], c.words); });
     at("move", [](Call c) { c.player.mouse(QEvent::MouseMove, c[0], c.words); });
     at("release", [](Call c) { c.player.mouse(QEvent::MouseButtonRelease, c[0], c.words); });
