@@ -178,7 +178,7 @@ bool drawEases(const QDir& folder)
 bool drawTransformBox(const QDir& folder)
 {
     GuideScene scene({"Camera.tilt", "Camera.pan"});
-    scene.editor().resize(640, 520);
+    scene.editor().resize(760, 520);
     scene.key(Qt::Key_A, Qt::ControlModifier);
     scene.key(Qt::Key_T, Qt::ControlModifier);
     const QPixmap whole = scene.canvasAlone();

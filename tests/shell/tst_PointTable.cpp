@@ -95,6 +95,9 @@ private Q_SLOTS:
         s.editor.setShowFrames();
         QCOMPARE(s.column(Time), "0 125 175 225");
         QCOMPARE(s.table.model()->headerData(0, Qt::Horizontal), "Frame");
+        for (int column = Time; column <= Type; ++column)
+            QCOMPARE(s.table.model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole),
+                     s.cell(0, column).data(Qt::TextAlignmentRole));
         s.editor.setShowTime();
         QCOMPARE(headers.size(), 2);
         QCOMPARE(s.column(Value), "0 1e+300 0.1 0.3333333333333333");
