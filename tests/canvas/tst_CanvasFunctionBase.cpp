@@ -152,16 +152,6 @@ private Q_SLOTS:
         QCOMPARE(s.shown().pixelColor(120, 80), QColor(Qt::white));
     }
 
-    void viewThatCannotBeShownIsOnlyErased()
-    {
-        for (const auto& [low, high] : {std::pair(3.0, 3.0), {std::nan(""), 3.0}, {-1.7e308, 1.7e308}}) {
-            CurvesScene s;
-            s.select({0, 1});
-            s.setTimes(low, high);
-            QCOMPARE(s.picture(), drawn(s.widget.size(), [](QPainter&) {}));
-        }
-    }
-
     void sensorTableIsTheSameInEveryLocale()
     {
         CurvesScene s("0/(t>0)-1234.5*t");

@@ -179,23 +179,6 @@ private Q_SLOTS:
         }
     }
 
-    void checkpointTellsNothingOfAnEditThatTheStackHasEnded()
-    {
-        Fixture f;
-        bool isFirst = true;
-        QObject::connect(&f.stack(), &QUndoStack::indexChanged, &f.door, [&] {
-            if (std::exchange(isFirst, false))
-                f.door.begin("other", {f.other});
-        });
-        f.begin("type");
-        f.type(7.0);
-        QCOMPARE(f.reports, QStringList{"commit edit a.x"});
-        f.otherSpline.addPoint(1.0, 1.0);
-        f.door.checkpoint();
-        f.door.commit();
-        QCOMPARE(f.stack().count(), 2);
-    }
-
     void nothingIsPushedWhileTheStackSteps()
     {
         Fixture f;
@@ -210,21 +193,6 @@ private Q_SLOTS:
         f.stack().undo();
         QCOMPARE(highest, 0);
         QVERIFY(f.spline[1]->pos == 9.0 && !f.door.isOpen());
-    }
-
-    void typingGoesOnAboveAForeignEntry()
-    {
-        Fixture f;
-        f.begin("type");
-        f.type(2.0);
-        f.stack().push(new QUndoCommand("host"));
-        f.type(23.0);
-        QVERIFY(!f.door.commit().empty());
-        QCOMPARE(f.stack().count(), 3);
-        for (const double value : {2.0, 2.0, 1.0}) {
-            f.stack().undo();
-            QCOMPARE(f.spline[1]->pos, value);
-        }
     }
 
     void curvesMayShareASpline()

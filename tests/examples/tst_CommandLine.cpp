@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ReadTable.h"
 
+#include <support/Files.h>
 #include <support/Test.h>
 
 class tst_CommandLine : public QObject
@@ -12,8 +13,8 @@ private Q_SLOTS:
     {
         const Rows<QStringList, QString> row;
         const QString b = path("b");
-        row("text", {writeTable("a", "# a\n0 1\n1 x\n")}, path("a:3: 'x' is no number"));
-        row("two readings", {writeTable("pairs", "1,5\n2,5\n"), "--export", b},
+        row("text", {written(path("a"), "# a\n0 1\n1 x\n")}, path("a:3: 'x' is no number"));
+        row("two readings", {written(path("pairs"), "1,5\n2,5\n"), "--export", b},
             path("pairs:1: '1,5' can be read in two ways: the comma may be the decimal sign or not; say "
                  "--decimal comma or --decimal point"));
         row("no such sign", {"--decimal", "dot", "a", "--export", b}, "\"dot\" is neither comma nor point.");
@@ -43,7 +44,7 @@ private Q_SLOTS:
              {std::pair("", 47), {"380 1000\n780 1001\n", 222}, {"-1e300 -1e300\n1e300 1e300\n", 222}}) {
             QStringList arguments{"--screenshot", path("a.png")};
             if (*table)
-                arguments << writeTable("table", table);
+                arguments << written(path("table"), table);
             QCOMPARE(run(arguments), 0);
             const QImage image = QImage(path("a.png")).convertToFormat(QImage::Format_RGB32);
             QVERIFY(image.width() >= 800 && image.height() >= 500);
@@ -58,27 +59,27 @@ private Q_SLOTS:
 
     void exportedTableReadsBack()
     {
-        const QString name = writeTable("table", "nm,a,b.c\n2,0.5,-1\n0,0,3\n");
+        const QString name = written(path("table"), "nm,a,b.c\n2,0.5,-1\n0,0,3\n");
         QCOMPARE(run({name, "--export", path("out.txt")}), 0);
-        const QByteArray exported = content("out.txt");
+        const QByteArray exported = contentOf(path("out.txt"));
         QVERIFY2(exported.endsWith("\n\n0,\t0.000000,\t3.000000,\t\n"
                                    "1,\t0.250000,\t1.000000,\t\n"
                                    "2,\t0.500000,\t-1.000000,\t\n"),
                  exported);
         QCOMPARE(run({path("out.txt"), "--export", path("again.txt")}), 0);
-        QCOMPARE(content("again.txt"), exported);
-        const QString pairs = writeTable("pairs", "0,7\n1,8\n");
+        QCOMPARE(contentOf(path("again.txt")), exported);
+        const QString pairs = written(path("pairs"), "0,7\n1,8\n");
         QCOMPARE(run({pairs, "--decimal", "point", "--export", path("out.txt")}), 0);
-        QVERIFY(content("out.txt").contains("1,\t8.000000"));
+        QVERIFY(contentOf(path("out.txt")).contains("1,\t8.000000"));
     }
 
     void tableIsSimplifiedWithinTheTolerance()
     {
-        const QString name = writeTable("table", "0 0\n1 1\n2 0\n3 1\n4 0\n5 1\n6 0\n");
+        const QString name = written(path("table"), "0 0\n1 1\n2 0\n3 1\n4 0\n5 1\n6 0\n");
         QList<QByteArray> tables;
         for (const char* const percent : {"0", "20", "100"}) {
             QCOMPARE(run({name, "--simplify", percent, "--export", path("out.txt")}), 0);
-            tables.append(content("out.txt"));
+            tables.append(contentOf(path("out.txt")));
         }
         QVERIFY(tables[0] == tables[1] && tables[1] != tables[2] && tables[0].contains("3,\t1.000000"));
     }
@@ -114,20 +115,6 @@ private Q_SLOTS:
 
 private:
     QString path(const QString& name) const { return folder_.filePath(name); }
-
-    QString writeTable(const QString& name, const QByteArray& text) const
-    {
-        QFile file(path(name));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(text);
-        return file.fileName();
-    }
-
-    QByteArray content(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
     // The exit status; -1 after a crash or a minute.
     int run(const QStringList& arguments)

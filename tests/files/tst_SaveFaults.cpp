@@ -2,6 +2,7 @@
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/files/CurveFileStore.h>
 #include <curveeditor/files/FileReplacement.h>
+#include <support/Files.h>
 #include <support/Test.h>
 
 #include <cerrno>
@@ -29,19 +30,6 @@ int save(int points, const QString& path)
 }
 
 const QByteArray old(1000, 'o');
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-}
-
-void write(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("no room for the test");
-}
 
 void addSavers()
 {
@@ -72,7 +60,7 @@ private Q_SLOTS:
     {
         QFETCH_GLOBAL(const QStringList, saver);
         saver_ = saver;
-        write(outside("in.txt"), "t x\n0 0\n" + pointCount.toUtf8() + " 1\n");
+        written(outside("in.txt"), "t x\n0 0\n" + pointCount.toUtf8() + " 1\n");
         prepare();
         QVERIFY2(run(command(link())), errors_);
         new_ = contentOf(target());
@@ -133,7 +121,7 @@ private:
     {
         for (const QString& name : files())
             QVERIFY(name == "link.txt" || QFile::remove(inside_.filePath(name)));
-        write(target(), old);
+        written(target(), old);
         QVERIFY(chmod(QFile::encodeName(target()), 0664) == 0);
     }
 
@@ -152,7 +140,7 @@ private:
     bool runWith(const QString& how, int call)
     {
         prepare();
-        write(outside("report"), "");
+        written(outside("report"), "");
         const QStringList fault = {"FAULT_FOLDER=" + inside_.path(), "FAULT_REPORT=" + outside("report"),
                                    "FAULT_HOW=" + how, "FAULT_CALL=" + QString::number(call)};
         isDone_ =

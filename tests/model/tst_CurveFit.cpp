@@ -261,39 +261,6 @@ private Q_SLOTS:
         }
     }
 
-    void functionIsBaked()
-    {
-        const auto function = [](double t) {
-            return t == 2.0 ? notANumber : t * t;
-        };
-        const auto points = [&](double first, double last, double step) {
-            return CurveFit::bake(function, {first, last, step}, SplineBase::Linear).spline.points;
-        };
-        Numbers times;
-        for (const auto& point : points(0.0, 3.5, 1.0)) {
-            QVERIFY(point.type == SplineBase::Linear && point.pos == function(point.time));
-            times.push_back(point.time);
-        }
-        QCOMPARE(times, Numbers({0.0, 1.0, 3.0, 3.5}));
-        QCOMPARE(points(4.0, 4.0, 1.0).size(), std::size_t(1));
-        QVERIFY(points(1.0, 0.0, 1.0).empty());
-        const auto status = [&](double last, double step) {
-            const Status linear = CurveFit::bake(function, {0.0, last, step}, SplineBase::Linear).status;
-            const Status fitted = CurveFit::bake(function, {0.0, last, step}, Options{0.1, false}).status;
-            return linear == fitted ? linear : Status::Done;
-        };
-        QCOMPARE(status(-1.0, 1.0), Status::BadRange);
-        QCOMPARE(status(1.0, 0.0), Status::BadRange);
-        QCOMPARE(status(notANumber, 1.0), Status::BadRange);
-        QCOMPARE(status(infinity, 1.0), Status::BadRange);
-        QCOMPARE(status(1.0, 1e-300), Status::TooManyPoints);
-        SplineBase smooth;
-        QVERIFY(smooth.assign(CurveFit::bake(function, {0.0, 8.0, 0.5}, SplineBase::Bezier).spline));
-        QVERIFY(std::abs(smooth(5.25) - 5.25 * 5.25) < 1e-9);
-        const Result few = CurveFit::bake(function, {0.0, 8.0, 0.01}, Options{1e-6, false});
-        QCOMPARE(few.spline.points.size(), std::size_t(2));
-    }
-
     void jumpIsBakedAsTwoPoints()
     {
         SplineBase spline, baked; // jumps to 1 at 4.5, and from 2 to 5 at 6

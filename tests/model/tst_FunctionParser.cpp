@@ -656,42 +656,6 @@ private Q_SLOTS:
         }
         t = parsersOwn;
     }
-
-    void curvesMayShiftTime()
-    {
-        // An expression of the host's own that reads another one second earlier.
-        struct Delay : FunctionFloatBase
-        {
-            FunctionFloatBase* delayed = nullptr;
-            double evaluate() override
-            {
-                Key& t = *parser->getKey("t");
-                const double now = t.getValue();
-                t.setValue(now - 1.0);
-                const double value = delayed->evaluate();
-                t.setValue(now);
-                return value;
-            }
-            void evaluateBlock(const double* times, double framesPerTimeUnit, double* values,
-                               std::size_t count) override
-            {
-                std::vector<double> earlier(times, times + count);
-                for (double& time : earlier)
-                    time -= 1.0;
-                delayed->evaluateBlock(earlier.data(), framesPerTimeUnit, values, count);
-            }
-        };
-        Host host;
-        host.add("g.time", "t");
-        const HostCurve reader("g.time");
-        Delay delay;
-        delay.delayed = reader.holder;
-        FunctionFloatBase* holder = &delay;
-        host.variables->add("g.delayed", nullptr, &holder);
-        host.add("g.sum", "g.time+100g.delayed+10000g.time");
-        const HostCurve sum("g.sum");
-        QCOMPARE(readAt(*sum.holder, 5.0, false), 5.0 + 400.0 + 50000.0);
-    }
 };
 
 QTEST_APPLESS_MAIN(tst_FunctionParser)

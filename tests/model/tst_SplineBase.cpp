@@ -409,27 +409,6 @@ private Q_SLOTS:
         }
     }
 
-    void badStatesAndStrangersChangeNothing()
-    {
-        const SplineState left{{{.tension = 0.5, .easeFrom = 0.5}}},
-            right{{{.continuity = 0.5, .easeTo = 0.5}}};
-        QVERIFY(left.fingerprint() != right.fingerprint());
-        SplineBase spline;
-        spline.addPoint(1.0, 2.0);
-        const SplineState good = spline.state();
-        std::vector<SplineState> bad(4, good);
-        bad[0].points.clear();
-        bad[1].points[1].time = -1.0;
-        bad[2].points[0].time = NAN;
-        bad[3].points[1].pos = INFINITY;
-        for (const SplineState& state : bad)
-            QVERIFY(!spline.assign(state) && spline.state() == good);
-        spline.setPos(spline.modify(1), 3.0);
-        const CurveDiff diff = CurveDiff::between({good, {}, {}}, spline, {}, {});
-        CurveState stranger{bad[0], {}, {}};
-        QVERIFY(!diff.apply(stranger) && !diff.revert(stranger) && stranger.spline == bad[0]);
-    }
-
     void directWritesAreMendedOrEditedOver()
     {
         SplineBase spline;

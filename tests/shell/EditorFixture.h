@@ -14,6 +14,7 @@
 #include <curveeditor/shell/ViewportSettings.h>
 
 #include <support/Drop.h>
+#include <support/Files.h>
 #include <support/Formulas.h>
 #include <support/Test.h>
 
@@ -180,15 +181,6 @@ inline void typePath(QWidget& dialog, const QString& path)
     auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     name->setText(path);
     QTest::keyClick(name, Qt::Key_Return);
-}
-
-/// Makes a file, and returns its path.
-inline QString written(const QTemporaryDir& folder, const QString& name, const QByteArray& content)
-{
-    QFile file(folder.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("no room for test files");
-    return file.fileName();
 }
 
 /// Whether Qt has put it there, and names and translates it: a button of a box, of tabs or of a line.

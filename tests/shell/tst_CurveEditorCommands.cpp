@@ -247,13 +247,13 @@ private Q_SLOTS:
                &CurveEditor::loadFile, // not into what became current meanwhile
                [this] { fixture->open("cam.focus"); });
         QCOMPARE(fixture->changes, QStringList{"cam/lens"});
-        choose(written(folder, "formula.crv", "0\n0\n0\n1\nt*2\n"), &CurveEditor::loadFile);
+        choose(written(folder.filePath("formula.crv"), "0\n0\n0\n1\nt*2\n"), &CurveEditor::loadFile);
         QCOMPARE(fixture->editor.commandLine->text(), "t*2");
     }
 
     void fileThatIsNoCurveIsRefused()
     {
-        const QString path = written(folder, "broken.crv", "255\n0\n0\n0\n3 points");
+        const QString path = written(folder.filePath("broken.crv"), "255\n0\n0\n0\n3 points");
         choose(path, &CurveEditor::loadFile);
         QVERIFY(closeBox().contains(path) && fixture->changes.isEmpty());
         QCOMPARE(fixture->curves["cam.lens"].spline.getControlPointsNumber(), 2U);
@@ -265,10 +265,10 @@ private Q_SLOTS:
     {
         fixture->editor.setMinValue(-3.0);
         fixture->editor.setMaxValue(3.0);
-        choose(written(folder, "picture.ppm", "P6 1 1 255 \x10\x20\x30"), &CurveEditor::loadImage);
+        choose(written(folder.filePath("a.ppm"), "P6 1 1 255 \x10\x20\x30"), &CurveEditor::loadImage);
         const QImage shown = fixture->canvas.grab().toImage();
         QCOMPARE(shown.pixelColor(20, 20), QColor(0x10, 0x20, 0x30));
-        const QString path = written(folder, "broken.jpg", "no picture");
+        const QString path = written(folder.filePath("broken.jpg"), "no picture");
         choose(path, &CurveEditor::loadImage);
         QVERIFY(closeBox().contains(path));
         QCOMPARE(fixture->canvas.grab().toImage(), shown);
@@ -298,12 +298,11 @@ private Q_SLOTS:
         QCOMPARE(closeBox(), "The curve was saved to " + folder.filePath("safe.crv") +
                                  ", but is perhaps not yet on the disk.");
         for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
-            QFile file(written(folder, "take.crv", "old"));
+            const QString path = written(folder.filePath("take.crv"), "old");
             choose(folder.filePath("Take"), &CurveEditor::saveFile, [answer] {
                 whenOpen<QMessageBox>([answer](QMessageBox& box) { box.button(answer)->click(); });
             });
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QCOMPARE(file.readAll() == "old", answer == QMessageBox::No);
+            QCOMPARE(contentOf(path) == "old", answer == QMessageBox::No);
         }
     }
 

@@ -89,23 +89,6 @@ private Q_SLOTS:
         QVERIFY(fixture->canvas.grab().toImage() == shown);
     }
 
-    void menuEntriesBuildTheText()
-    {
-        const std::pair<const char*, QString> texts[] = {{"Unary functions", "j1(t)"},
-                                                         {"Binary functions", " t<X "},
-                                                         {"Ternary functions", " if( X, t, X) "},
-                                                         {"I vars", "t*f"}};
-        for (const auto& [button, text] : texts) {
-            const bool isIncomplete = text.contains('X');
-            fixture->changes.clear();
-            line().setText("t");
-            fixture->menu(button)->actions().last()->trigger();
-            QCOMPARE(line().text(), text);
-            QVERIFY2(closeBox() == (isIncomplete ? "Variable X not found" : ""), button);
-            QVERIFY2(fixture->changes.size() == (isIncomplete ? 0 : 1), button);
-        }
-    }
-
     void placeholderIsReplacedByTheNextChoice()
     {
         fixture->editor.tabWidget2->setCurrentIndex(1);

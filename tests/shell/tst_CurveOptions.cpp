@@ -473,16 +473,6 @@ private Q_SLOTS:
         QCOMPARE(s.entries(), 1);
     }
 
-    void tipStandsInTheList()
-    {
-        Scene s;
-        s.set("x", &CurveOptions::toolTip, "of the lens");
-        const QTreeWidgetItem* const row = s.editor.checkListsEditing->topLevelItem(0);
-        QCOMPARE(row->toolTip(0), "a.x\nof the lens");
-        s.editor.renameCurve("a", "x", "_");
-        QCOMPARE(s.editor.searchAllNodeList("a._")->editingItem->toolTip(0), "a._\nof the lens");
-    }
-
     void othersAreEditedWithoutIt()
     {
         Scene s;
@@ -519,29 +509,6 @@ private Q_SLOTS:
             s.lock("x", false);
             QVERIFY(s.editor.posY->isEnabled());
         }
-    }
-
-    void lockHoldsUntilTheCurveIsRemoved()
-    {
-        Scene s;
-        const auto areLocked = [&s](const QString& curve, const QString& other) {
-            return s.editor.curveOptions("a", curve).locked || s.editor.curveOptions("a", other).locked;
-        };
-        s.lock("nobody").editor.cleanSelecteds();
-        s.lock("x");
-        QVERIFY(areLocked("x", "x") && !areLocked("y", "nobody"));
-        s.add("a.added");
-        auto& added = s.curves["a.added"];
-        s.editor.renameCurve("a", "added", "asked");
-        QVERIFY(!areLocked("asked", "asked"));
-        const EditHistory& history = s.canvas.canvas.door().history();
-        QVERIFY(!history.find("a.asked", &added.spline, &added.expression)); // to ask costs nothing
-        s.editor.renameCurve("a", "x", "w");
-        s.editor.setEditingNode("a.w");
-        s.editor.resetSelectedF();
-        QCOMPARE(s.canvas.canvas.toldText(), "a.w is locked.");
-        s.remove("w").add("a.x");
-        QVERIFY(!areLocked("w", "x"));
     }
 };
 

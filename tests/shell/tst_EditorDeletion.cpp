@@ -310,7 +310,7 @@ private:
         row("file that is no curve", {"QMenu", "QFileDialog", "QMessageBox"}, press("File"),
             [this](QWidget& open) {
                 open.inherits("QMenu") ? choose("Load curve")(open)
-                                       : typePath(open, written(folder, "no.crv", "old"));
+                                       : typePath(open, written(folder.filePath("no.crv"), "old"));
             });
         row("file to load", {"QMenu", "QFileDialog"}, press("File"), choose("Load curve"));
         row("file to load by its keys", {"QFileDialog"}, [](Scene& s) { s.key(Qt::Key_L, ctrl); });
@@ -318,7 +318,7 @@ private:
         row(
             "file to replace", {"QFileDialog", "QMessageBox"}, [](Scene& s) { s.editor.saveFile(); },
             [this](QWidget& open) {
-                written(folder, "take.crv", "old"), typePath(open, folder.filePath("Take"));
+                written(folder.filePath("take.crv"), "old"), typePath(open, folder.filePath("Take"));
             });
         row(
             "file that can't be saved", {"QFileDialog", "QMessageBox"}, [](Scene& s) { s.editor.saveFile(); },

@@ -108,24 +108,6 @@ private Q_SLOTS:
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
     }
 
-    void handsAndFramesFollowWhatHasChangedSinceTheLastFrame()
-    {
-        Scene s;
-        const QImage first = s.canvas.grab().toImage();
-        s.drag(5.0, 1.0, 6.0, 2.0).undo();
-        const CanvasHands& hands = s.canvas.canvas.hands();
-        QVERIFY(hands.hasPointAt(s.pixel(5.0, 1.0)) && !hands.hasPointAt(s.pixel(6.0, 2.0)));
-        s.redo().control().selectOnly(nullptr);
-        s.press(6.0, 2.0).release(6.0, 2.0);
-        QCOMPARE(s.control().currentIndex(), 1);
-        s.canvas.showView({0.0, 9.0, -30.0, 30.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
-        s.key(Qt::Key_Up, alt); // a tenth of the new grid
-        QVERIFY(qAbs(s.x[1]->pos - 3.0) < 0.1 && hands.hasPointAt(s.pixel(6.0, s.x[1]->pos)));
-        const QImage grabbed = s.canvas.grab().toImage();
-        s.updateCurves();
-        QVERIFY(grabbed != first && grabbed == s.canvas.grab().toImage());
-    }
-
     void viewChangeDuringAScalingDragLeavesThePointsWhereTheyAre()
     {
         Scene s;

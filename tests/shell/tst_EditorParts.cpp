@@ -165,19 +165,6 @@ private Q_SLOTS:
         QVERIFY(field.isVisible() && field.geometry().contains(s.canvas.mapToGlobal(QPoint(9, 9))));
     }
 
-    void stateOfTheViewHoldsNoParts()
-    {
-        Scene s, other;
-        s.page(2).editor.setPartShown(EnvelopePage, false);
-        const QByteArray state = s.editor.saveState();
-        s.editor.setPartShown(Pages, false);
-        QVERIFY(other.editor.restoreState(state));
-        QCOMPARE(other.editor.tabWidget2->currentIndex(), 2);
-        show(s, {ExpressionPage, PointsPage}, false);
-        QVERIFY(other.editor.restoreState(s.editor.saveState())); // of an editor without pages
-        QVERIFY(s.editor.restoreState(state) && s.editor.tabWidget2->count() == 0);
-    }
-
     void leastSizes_data()
     {
         const Rows<QList<EditorPart>, QSize> row; // what is hidden

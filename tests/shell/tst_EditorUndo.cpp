@@ -617,20 +617,6 @@ private Q_SLOTS:
         }
     }
 
-    void menuLeavesNoPageBehindInAnotherEditor()
-    {
-        Scene other, s;
-        other.clickPoint(), s.clickPoint();
-        QCOMPARE(other.editor.nodeTypeCombo->currentIndex(), 1);
-        s.choose(1);
-        QCOMPARE(other.editor.nodeTypeCombo->currentIndex(), 2);
-        QCOMPARE(other.entries(), 1);
-        s.clickPoint().choose(ControlMenu::DeleteKey);
-        QVERIFY(!other.canvas.nodeForm.isActive() && other.editor.node->text().isEmpty());
-        other.editor.undo();
-        QCOMPARE(other.editor.node->text(), "1");
-    }
-
     void menuFollowsAStackThatIsSharedAndMayGoFirst()
     {
         auto stack = std::make_unique<QUndoStack>();

@@ -194,23 +194,6 @@ private Q_SLOTS:
         QCOMPARE(canvasInPaletteOf(Qt::darkBlue), Theme::light().canvas);
     }
 
-    void showsThePointOfEachType()
-    {
-        PageScene s;
-        for (const auto& [type, entry] : {std::pair{2, 0}, {1, 1}, {0, 2}, {77, 2}}) {
-            *s.x.modify(1u) = {5.0, 1.0, 1.5, 2.5, 12.0, 4.5, 5.5, 0.25, 0.75, type, s.x[1]->serial};
-            s.show();
-            QString shown;
-            for (const CustomEditLine* field :
-                 {s.editor.node, s.editor.posX, s.editor.posY, s.editor.incoming, s.editor.outgoing,
-                  s.editor.tension, s.editor.continuity, s.editor.bias, s.editor.easeTo, s.editor.easeFrom})
-                shown += field->text() + ' ';
-            QCOMPARE(shown, "1 50.000 1.000 1.500 2.500 12.000 4.500 5.500 0.250 0.750 ");
-            QCOMPARE(s.editor.nodeTypeCombo->currentIndex(), entry);
-            QCOMPARE(s.editor.nodeTypeWidgetStack->currentIndex(), entry == 1 ? 1 : 0);
-        }
-    }
-
     void typedNumberReachesThePointAndIsReported()
     {
         PageScene s;

@@ -359,15 +359,6 @@ private Q_SLOTS:
         }
     }
 
-    void ofWhatIsGoneNothingIsSelected()
-    {
-        HostScene s;
-        QVERIFY(!s.edit("nobody", 1.0) && !s.edit("x", nullptr));
-        s.key(Qt::Key_A, ctrl);
-        QVERIFY(s.edit("x", [](SplineBase& spline) { spline.reset(); }));
-        QVERIFY(s.control().selection().edited().empty() && s.isSound());
-    }
-
     void gridIsThatOfTheHost()
     {
         Scene s;

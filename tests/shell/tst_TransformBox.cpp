@@ -117,16 +117,6 @@ private Q_SLOTS:
         QVERIFY(!s.isShown() && s.editor.isVisible() && s.showsWhatIsDrawnFromScratch());
     }
 
-    void heldAxisStays()
-    {
-        BoxScene s;
-        s.showBox();
-        QTest::keyPress(&s.canvas, Qt::Key_X);
-        s.pull(8.0, 1.0, 3.0, 2.0);
-        QTest::keyRelease(&s.canvas, Qt::Key_X);
-        QVERIFY(s.x[1]->time > 6.0 && s.x[1]->pos == 1.0 && s.x[2]->pos == -1.0);
-    }
-
     void pulledEdgeSnaps()
     {
         BoxScene s;
@@ -162,20 +152,6 @@ private Q_SLOTS:
         deed(s);
         QCOMPARE(s.isShown(), isShown);
         QVERIFY(s.showsWhatIsDrawnFromScratch());
-    }
-
-    void dragEndsWithItsCurve()
-    {
-        for (const bool removes : {false, true}) {
-            BoxScene s;
-            s.allCurves().showBox().press(4.0, 0.0).move(5.0, 0.5);
-            if (removes)
-                s.remove("y");
-            else
-                s.editor.cleanSelecteds();
-            s.move(6.0, 0.5).release(6.0, 0.5);
-            QVERIFY(!s.isShown());
-        }
     }
 
     void whatHasNoExtentIsRefused()
