@@ -147,6 +147,7 @@ private Q_SLOTS:
         const auto [way] = Rows<Way>::present();
         const QFont usual = QApplication::font();
         QApplication::setFont(QFont("Arial", 20));
+        QApplication::setFont(QFont("Arial", 40), "QTitleBar");
         Scene s;
         QStringList cut;
         go(s, way, [&cut](QWidget& open) {
