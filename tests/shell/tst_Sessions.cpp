@@ -188,6 +188,24 @@ private:
         menu->setActiveAction(entry);
         QTest::keyClick(menu, Qt::Key_Return);
     }
+    /// Drags upwards over a field.
+    void pull(const QStringList& words) const
+    {
+        QWidget& field = widget(words[0]);
+        const QPoint from = field.rect().center(), to = from - QPoint(0, words[1].toInt());
+        Scene::sendMouse(field, QEvent::MouseButtonPress, from, buttonIn(words));
+        Scene::sendMouse(field, QEvent::MouseMove, to, buttonIn(words));
+        Scene::sendMouse(field, QEvent::MouseButtonRelease, to, buttonIn(words));
+    }
+    /// A picture in two colours, as a file.
+    void paint(const QString& name) const
+    {
+        QImage picture(2, 2, QImage::Format_RGB32);
+        picture.fill(QColor(200, 0, 0));
+        picture.setPixelColor(1, 0, QColor(0, 0, 200));
+        picture.setPixelColor(1, 1, QColor(0, 0, 200));
+        picture.save(folder_.filePath(name));
+    }
     static void pick(QComboBox& box, const QString& text)
     {
         if (box.findText(text) < 0)
@@ -357,6 +375,8 @@ Player::Deeds Player::allDeeds()
     at("type", [](Call c) { c.player.scene_.enterInto(c.player.widget(c[0]), c[1]); });
     at("push", [](Call c) { QTest::mouseClick(&c.player.widget(c[0]), Qt::LeftButton); });
     at("focus", [](Call c) { c.player.widget(c[0]).setFocus(); });
+    at("pull", [](Call c) { c.player.pull(c.words); });
+    at("paints", [](Call c) { c.player.paint(c[0]); });
     at("pick", [](Call c) { pick(static_cast<QComboBox&>(c.player.widget(c[0])), c[1]); });
     at("page", [](Call c) { c.player.turnTo(c[0]); });
     at("row", [](Call c) { c.player.clickRow(c.words); });
