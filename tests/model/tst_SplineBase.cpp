@@ -359,17 +359,6 @@ private Q_SLOTS:
         }
     }
 
-    void aFirstSpanMakesTheCurveFollowItsTangent()
-    {
-        Curve curve;
-        curve.spline.addPoint(0.0, 1.0);
-        curve.spline.addPoint(0.0, 2.0);
-        *curve.spline.modify(2) = {0.0, 2.0, 1.0, 0, 0, 0, 0, 0, 0, SplineBase::Bezier};
-        curve.spline.mend();
-        curve.spline.lastType = SplineBase::FollowTangent;
-        verified(curve, [&] { curve.spline.setTime(curve.spline.modify(0), -1.0); });
-    }
-
     void randomEditsGoForthAndBack()
     {
         std::mt19937 random(1);

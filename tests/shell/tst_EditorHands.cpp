@@ -108,20 +108,6 @@ private Q_SLOTS:
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
     }
 
-    void viewChangeDuringAScalingDragLeavesThePointsWhereTheyAre()
-    {
-        Scene s;
-        s.selectTwo().press(6.0, 2.0).move(6.5, 2.5, shift);
-        const QPointF before(s.x[2]->time, s.x[2]->pos);
-        const QPoint held = s.pixel(6.5, 2.5);
-        wheel({0, 360})(s);
-        s.mouse(QEvent::MouseMove, held, Qt::LeftButton, shift);
-        const QPointF after(s.x[2]->time, s.x[2]->pos);
-        QVERIFY(before != QPointF(8.0, -1.0) && (after - before).manhattanLength() < 1e-9);
-        s.mouse(QEvent::MouseMove, held + QPoint(20, 0), Qt::LeftButton, shift);
-        QVERIFY(s.x[2]->time > before.x() + 0.01);
-    }
-
     void strokeTakesThePlaceOfThePointsOfItsSpan_data()
     {
         const QList<double> before{0.0, 5.0, 8.0};

@@ -89,18 +89,6 @@ private Q_SLOTS:
         }
     }
 
-    void hostsWordOnActionsHolds()
-    {
-        for (const QString name : {"copyAction", "simplifyAction", "bakeAction"})
-            QVERIFY(!CurveEditor().action(name)->isEnabled()); // without curves
-        Scene s;
-        QAction &hidden = *s.editor.action("loadImageAction"), &disabled = *s.editor.action("saveCurve");
-        hidden.setVisible(false), disabled.setEnabled(false);
-        s.editor.setFont(QFont("Arial Narrow", 9));
-        show(s, {Pages, Files}, false), show(s, {Files}, true);
-        QVERIFY(!hidden.isVisible() && disabled.isVisible() && !disabled.isEnabled());
-    }
-
     void partsGoInAnyOrderAndBeforeTheDialogShows()
     {
         std::mt19937 random(7);
