@@ -355,7 +355,7 @@ void CanvasFunctionBase::setShowsSpeed(bool on)
     paint();
 }
 
-void CanvasFunctionBase::setMouseTime(double time)
+void CanvasFunctionBase::setMouseTime(std::optional<double> time)
 {
     picture_.mouseTime = time;
     if (picture_.showsSpeed)

@@ -270,8 +270,8 @@ public:
     /// It paints.
     void setShowsSpeed(bool on);
     bool showsSpeed() const { return picture_.showsSpeed; }
-    /// The mouse is over the canvas at that time.
-    void setMouseTime(double time);
+    /// The mouse is over the canvas at that time, or is not.
+    void setMouseTime(std::optional<double> time);
 
     /// Puts a picture behind the curves, or takes it away. A file that can't be decoded changes nothing and gives false.
     bool loadImage(const QString& fileName) { return picture_.loadImage(fileName); }

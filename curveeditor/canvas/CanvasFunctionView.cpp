@@ -98,7 +98,10 @@ void CanvasFunctionBase::tellFollowedView()
 void CanvasFunctionBase::setMark(CurveNodeBase* marked, CurveMark mark, bool on)
 {
     const QPointer<CurveNodeBase> curve(marked);
-    settle();
+    if (viewport_ && viewport_->gesture.holdsEdit())
+        finishDrag();
+    else
+        settle();
     if (!curve || curve->mark(mark).isOn == on)
         return;
     const bool isHosts = curve->mark(mark).isHosts;

@@ -44,10 +44,27 @@ ViewPort* CanvasHands::viewport() const
 
 CurveEdit::Curves CanvasHands::settle()
 {
-    if (viewport() && viewport()->gesture.isAtPoints())
-        viewport()->gesture.end();
+    CurveEdit& door = canvas_.door();
     guide.end();
-    return canvas_.door().commit();
+    if (!viewport())
+        return door.commit();
+    Gesture& gesture = viewport()->gesture;
+    const bool isStroke = gesture.kind() == Gesture::Kind::Stroke && door.isOpen(gesture.edit());
+    if (isStroke || gesture.isAtPoints())
+        gesture.end();
+    return isStroke ? keepStroke() : door.commit();
+}
+
+/// It may have taken selected points away.
+CurveEdit::Curves CanvasHands::keepStroke()
+{
+    const QPointer<CanvasFunctionBase> canvas(&canvas_);
+    CurveEdit::Curves changed = canvas_.door().keep(canvas_.door().id());
+    if (canvas)
+        canvas->dropLostPoints();
+    if (canvas)
+        Q_EMIT canvas->selectionChanged(false);
+    return changed;
 }
 
 bool CanvasHands::cancel()

@@ -71,6 +71,7 @@ public:
 
 private:
     ViewPort* viewport() const;
+    CurveEdit::Curves keepStroke();
     CanvasSpline::Hit hitIn(CurveNodeBase& curve, const QPoint& pixel) const;
     std::pair<CurveNodeBase*, CanvasSpline::Hit> pointAt(const QPoint& pixel) const;
     CurveNodeBase* otherCurveAt(const QPoint& pixel) const;

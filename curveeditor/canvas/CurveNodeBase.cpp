@@ -222,6 +222,27 @@ void CurveNodeBase::updateScale(const AxisRange& values)
     scale_ = canvasSpline_->scale = scale;
 }
 
+/// A jump that a loop repeats behind the last point lies between two columns.
+bool CurveNodeBase::jumpsAgainPast(const QPoint& pixel, const ViewPort& viewport, int distance) const
+{
+    const SplineBase& spline = *getSpline();
+    const auto& points = spline.getControlPoints();
+    const bool isLoop = spline.lastType == SplineBase::Loop || spline.lastType == SplineBase::LoopOffset;
+    const bool isBehind = viewport.pixelToTime(pixel.x() + 1) > spline.getLast()->time;
+    const auto isHold = [](const auto* point) {
+        return point->type == SplineBase::Hold;
+    };
+    if (!isLoop || !isBehind || std::none_of(points.begin(), points.end(), isHold))
+        return false;
+    for (const int column : {pixel.x() - 1, pixel.x()}) {
+        const auto [top, bottom] = std::minmax({rowOf(getValue(viewport.pixelToTime(column)), viewport),
+                                                rowOf(getValue(viewport.pixelToTime(column + 1)), viewport)});
+        if (top - distance < pixel.y() && pixel.y() < bottom + distance)
+            return true;
+    }
+    return false;
+}
+
 bool CurveNodeBase::passes(const QPoint& pixel, const ViewPort& viewport, int distance) const
 {
     EvaluationTime evaluationTime;
@@ -232,7 +253,8 @@ bool CurveNodeBase::passes(const QPoint& pixel, const ViewPort& viewport, int di
         if (std::isfinite(value) && std::abs(rowOf(value, viewport) - pixel.y()) < distance)
             return true;
     }
-    return isSpline() && getSpline() && jumpsPast(pixel, viewport, distance);
+    return isSpline() && getSpline() &&
+           (jumpsPast(pixel, viewport, distance) || jumpsAgainPast(pixel, viewport, distance));
 }
 
 /// At a point of the type Hold.
@@ -245,7 +267,7 @@ bool CurveNodeBase::jumpsPast(const QPoint& pixel, const ViewPort& viewport, int
         [first = viewport.pixelToTime(pixel.x() - 1)](const auto* earlier) { return earlier->time < first; });
     for (; point != points.end() && (*point)->time <= last; ++point) {
         const auto [top, bottom] =
-            std::minmax(rowOf(point[-1]->pos, viewport), rowOf((*point)->pos, viewport));
+            std::minmax({rowOf(point[-1]->pos, viewport), rowOf((*point)->pos, viewport)});
         if ((*point)->type == SplineBase::Hold && top - distance < pixel.y() && pixel.y() < bottom + distance)
             return true;
     }

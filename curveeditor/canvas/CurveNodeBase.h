@@ -170,6 +170,7 @@ Q_SIGNALS:
 private:
     int rowOf(double value, const ViewPort& viewport) const;
     bool jumpsPast(const QPoint& pixel, const ViewPort& viewport, int distance) const;
+    bool jumpsAgainPast(const QPoint& pixel, const ViewPort& viewport, int distance) const;
     bool isStale(const ViewPort& viewport) const;
     void noteScale(const ViewPort& viewport);
     bool updatesScale(const ViewPort& viewport) const;

@@ -73,7 +73,8 @@ bool FreehandDrag::takePress(const QMouseEvent& event)
     curve_ = curve;
     stroke_.emplace(placeAt(event));
     trial_.emplace(canvas_.door(), CurveEdit::Curves{curve->curve()}, tr("Draw %1").arg(curve->getName()));
-    view_.gesture.beginStroke();
+    view_.gesture.beginStroke(trial_->id());
+    canvas_.curves().noteReaders({curve->curve()});
     return true;
 }
 
@@ -114,18 +115,8 @@ bool FreehandDrag::takeMove(const QMouseEvent& event)
     return true;
 }
 
-/// The user sees what is drawn into.
-bool FreehandDrag::isCurveThere() const
-{
-    return curve_ && curve_->isShown() && curve_ == canvas_.getCurrentCurve();
-}
-
 void FreehandDrag::draw(const Stroke::Place& place)
 {
-    if (!isCurveThere()) {
-        trial_->takeBack();
-        return end();
-    }
     const CurveOptions& options = curve_->curve()->options;
     const auto type = PointLimits::fitType(options);
     stroke_->drawTo(place, view_.mapping().timeOfPixels(1.0));
@@ -168,18 +159,16 @@ bool FreehandDrag::takeEscape()
 
 void FreehandDrag::keep()
 {
-    const bool isKept = isCurveThere() && !stroke_->isDot();
-    if (isKept)
-        trial_->keep();
-    else
+    const bool isKept = !stroke_->isDot() && !trial_->keep().empty();
+    if (!isKept)
         trial_->takeBack();
     const QPointer<CurveNodeBase> curve = curve_;
     end();
-    if (!isKept || !curve)
+    if (!curve)
         return;
     curve->control().dropLostPoints();
     Q_EMIT canvas_.selectionChanged(false);
-    if (curve)
+    if (curve && isKept)
         canvas_.nodeHasChanged(&curve->control());
 }
 

@@ -41,7 +41,6 @@ private:
     bool takeEscape();
     bool canDraw(const CurveNodeBase* curve);
     Stroke::Place placeAt(const QMouseEvent& event) const;
-    bool isCurveThere() const;
     void draw(const Stroke::Place& place);
     void keep();
     void end();

@@ -209,22 +209,42 @@ void PointCommands::ease(const Ease& ease)
     if (!canvas)
         return;
     const QLocale locale = canvas->widget() ? canvas->widget()->locale() : QLocale();
+    QStringList told;
+    if (outcome.segments > 0)
+        told += areAsEased(eased) ? outcomeText(outcome, locale)
+                                  : tr("Ease: the application has changed the result");
     if (!eased.empty())
         eased_ = std::move(eased);
-    if (outcome.segments > 0)
-        canvas->tell(outcomeText(outcome, locale));
-    else if (!easable.refusal.isEmpty())
-        canvas->tell(easable.refusal);
+    if (!easable.refusal.isEmpty())
+        told += easable.refusal;
+    if (!told.isEmpty())
+        canvas->tell(told.join(QLatin1String(". ")));
+}
+
+/// A constraint may have the last word, and whoever hears of an edit. Notes what is there now.
+bool PointCommands::areAsEased(std::vector<Eased>& eased)
+{
+    bool isAsEased = true;
+    for (Eased& one : eased) {
+        const std::shared_ptr<const EditedCurve> curve = one.curve.lock();
+        if (!curve || !curve->spline())
+            continue;
+        one.isAsEased = one.isAsEased && curve->spline()->state() == one.left;
+        isAsEased = isAsEased && one.isAsEased;
+        curve->spline()->copyTo(one.left);
+    }
+    return isAsEased;
 }
 
 QString PointCommands::easeRefusal() const
 {
-    return easableOf(canvas_.curves()).refusal;
+    const Easable easable = easableOf(canvas_.curves());
+    return easable.curves.empty() ? easable.refusal : QString();
 }
 
 PointCommands::Easable PointCommands::easableOf(const CanvasCurves& curves)
 {
-    Easable easable{{}, tr("Ease: select both ends of a segment that is not vertical")};
+    Easable easable;
     for (CurveNodeBase* const node : curves.selected()) {
         if (!SegmentEase::isPossible(*node->getSpline(), node->control().selection().edited()))
             continue;
@@ -234,8 +254,8 @@ PointCommands::Easable PointCommands::easableOf(const CanvasCurves& curves)
         else
             easable.refusal = tr("Ease: %1 may have no Bezier points").arg(node->getName());
     }
-    if (!easable.curves.empty())
-        easable.refusal.clear();
+    if (easable.curves.empty() && easable.refusal.isEmpty())
+        easable.refusal = tr("Ease: select both ends of a segment that is not vertical");
     return easable;
 }
 

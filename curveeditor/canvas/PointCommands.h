@@ -88,7 +88,7 @@ public:
     QString easeRefusal() const;
 
 private:
-    /// Curves with segments to be eased; without any the refusal says why.
+    /// Curves with segments to be eased, and why others have to stay as they are.
     struct Easable
     {
         CanvasEdit::Nodes curves;
@@ -103,8 +103,10 @@ private:
         std::vector<PointSerial> selected; ///< when it was done
         Ease ease;
         SegmentEase::Outcome outcome = {};
-        SplineState left = {}; ///< what it made of the spline
+        SplineState left = {}; ///< what was there when it was done
+        bool isAsEased = true; ///< it is what the ease has made
     };
+    static bool areAsEased(std::vector<Eased>& eased);
     Eased easeOne(CurveNodeBase& curve, const Ease& ease, SegmentEase::Outcome& outcome) const;
     double frame() const;
     void paste(PointText::Result result, Paste kind);

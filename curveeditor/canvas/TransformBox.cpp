@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <cmath>
 
 namespace curveeditor {
 
@@ -19,6 +20,14 @@ namespace {
 bool endsBox(const QKeyEvent& event)
 {
     return event.key() == Qt::Key_Escape || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+/// An extent that rounding alone has made is none: nobody sees it, and scaled to a pixel it would be a wall.
+AxisRange withoutRounding(const AxisRange& range)
+{
+    constexpr double rounding = 1e-12;
+    const double size = std::max(std::abs(range.low), std::abs(range.high));
+    return range.isNothing() || range.span() > rounding * size ? range : AxisRange{range.low, range.low};
 }
 
 /// The place of the frame that is pulled; of the inside the corner that is nearest to the press.
@@ -131,6 +140,8 @@ PlaneFrame TransformBox::frame() const
         frame.value.include(node->heightOf(values.low));
         frame.value.include(node->heightOf(values.high));
     }
+    frame.time = withoutRounding(frame.time);
+    frame.value = withoutRounding(frame.value);
     return frame;
 }
 

@@ -60,6 +60,8 @@ public:
     /// Gives the curves that have changed. Does nothing if that edit is not open any more.
     Curves keep(Id id);
     bool isOpen() const { return isOpen_ && !isShut_; }
+    /// Of the last edit that was opened.
+    Id id() const { return id_; }
     /// Whether it is that edit which is open.
     bool isOpen(Id id) const { return isOpen() && id == id_; }
     /// Whether an edit of that curve is.

@@ -41,8 +41,11 @@ bool CurveTrial::reopen()
         return false;
     if (!door_->isOpen(id_))
         id_ = door_->tryOut(text_, curves());
-    return std::all_of(trials_.begin(), trials_.end(),
-                       [this](const Trial& trial) { return door_->isOpen(*trial.curve); });
+    const bool isWhole = std::all_of(trials_.begin(), trials_.end(),
+                                     [this](const Trial& trial) { return door_->isOpen(*trial.curve); });
+    if (!isWhole)
+        takeBack();
+    return isWhole;
 }
 
 /// The constraint of a curve runs foreign code, which may take curves away.

@@ -26,6 +26,10 @@ public:
     const CurveState& before(std::size_t curve = 0) const { return trials_[curve].before; }
     /// The curves are there, and as they were left.
     bool isPossible() const;
+    /// Nobody has taken it back.
+    bool isOpen() const { return door_ && door_->isOpen(id_); }
+    /// Of its edit.
+    CurveEdit::Id id() const { return id_; }
 
     /// Gives each curve one of the splines and reports a step. Returns false if that is not possible.
     bool show(const std::vector<SplineState>& splines);

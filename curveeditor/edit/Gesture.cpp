@@ -41,10 +41,11 @@ void Gesture::beginAtTimeLine(double start)
     timeLine_ = start;
 }
 
-void Gesture::beginStroke()
+void Gesture::beginStroke(std::uint64_t edit)
 {
     end();
     kind_ = Kind::Stroke;
+    edit_ = edit;
 }
 
 void Gesture::end()

@@ -91,6 +91,8 @@ public:
     /// Anything is going on, from the press to the release.
     bool isBusy() const { return kind_ != Kind::Idle || viewDrag.button != Qt::NoButton; }
     bool isAtPoints() const { return kind_ == Kind::Points || kind_ == Kind::Tangent || kind_ == Kind::Box; }
+    /// Whether a drag of points or a stroke goes on, which is an edit.
+    bool holdsEdit() const { return isAtPoints() || kind_ == Kind::Stroke; }
     bool isAtView() const { return kind_ == Kind::Band || kind_ == Kind::Pan || kind_ == Kind::Zoom; }
 
     /// Begins a drag of points within the edit of that number.
@@ -102,7 +104,7 @@ public:
     /// Begins a drag of the time line, which stands at `start` now.
     void beginAtTimeLine(double start);
     /// Begins a stroke by hand.
-    void beginStroke();
+    void beginStroke(std::uint64_t edit);
     void end();
     void cancel();
 

@@ -69,7 +69,7 @@ private:
 double boundedSlope(double easeSlope, double slope)
 {
     constexpr double greatest = std::numeric_limits<double>::max();
-    return std::clamp(easeSlope * slope, -greatest, greatest);
+    return std::clamp(easeSlope * slope, -greatest, greatest) + 0.0; // not -0.0, which would show
 }
 
 void SegmentEasing::ease(std::size_t end)

@@ -43,7 +43,7 @@ FitDialog::Outcome EaseDialog::work()
                 false};
     if (const QString refusal = PointCommands(canvas()).easeRefusal(); !refusal.isEmpty())
         return {refusal, false};
-    return {tr("It adds %1 points to a segment.").arg(Ease::css(numbers_).points().size() - 2), true};
+    return {tr("Points added to a segment: %1").arg(Ease::css(numbers_).points().size() - 2), true};
 }
 
 void EaseDialog::apply()

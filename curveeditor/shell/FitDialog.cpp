@@ -98,7 +98,7 @@ void FitDialog::accept()
 {
     if (curve_ && !curve_->isShown())
         return reject();
-    if (delay_->isActive() || isLockedCurve(curve_))
+    if (delay_->isActive() || isLockedCurve(curve_) || isStale())
         refresh();
     if (!ok_->isEnabled())
         return;

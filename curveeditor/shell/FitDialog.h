@@ -47,6 +47,8 @@ protected:
     /// What the fields ask for now.
     virtual Outcome work() = 0;
     virtual void apply() = 0;
+    /// Whether that work is to be done anew before it is applied.
+    virtual bool isStale() const { return false; }
     virtual void takeBack() {}
     /// Sets the title and the texts of the fields.
     virtual void translate() = 0;

@@ -281,6 +281,12 @@ void FunctionEditor::hideEvent(QHideEvent* event)
         canvas.finishDrag();
 }
 
+void FunctionEditor::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    canvas.setMouseTime(std::nullopt);
+}
+
 /// As near as the two presses of a double click are.
 bool FunctionEditor::isAtLastPress(const QMouseEvent& event) const
 {

@@ -99,14 +99,18 @@ FitDialog::Outcome RetimeDialog::work()
     Outcome outcome{tr("The factors must be numbers, that of the times not 0."), false};
     if (timeFactor && valueFactor && *timeFactor != 0.0)
         outcome = transform(*timeFactor, *valueFactor);
+    if (!outcome.isPossible)
+        showBefore();
+    showTrial();
+    return outcome;
+}
+
+void RetimeDialog::showBefore()
+{
     std::vector<SplineState> before;
     for (std::size_t i = 0; i < parts_.size(); ++i)
         before.push_back(trial_.before(i).spline);
-    const bool isShown = outcome.isPossible ? trial_.isPossible() : trial_.show(before);
-    showTrial();
-    if (!isShown)
-        return {tr("A curve has changed meanwhile and stays as it is."), false};
-    return outcome;
+    trial_.show(before);
 }
 
 FitDialog::Outcome RetimeDialog::transform(double timeFactor, double valueFactor)
@@ -122,7 +126,8 @@ FitDialog::Outcome RetimeDialog::transform(double timeFactor, double valueFactor
         mayBend = mayBend || result->mayBend;
         states.push_back(std::move(result->state));
     }
-    trial_.show(states);
+    if (!trial_.show(states))
+        return {tr("A curve has changed meanwhile and stays as it is."), false};
     return {summary(mayBend), true};
 }
 
@@ -135,6 +140,11 @@ QString RetimeDialog::summary(bool mayBend) const
         return tr("A single point keeps its place, unless it is retimed about the time line.");
     const QString number = tr("Number of points: %1").arg(count);
     return mayBend ? number + QStringLiteral(". ") + TransformBox::bendText() : number;
+}
+
+bool RetimeDialog::isStale() const
+{
+    return !trial_.isOpen();
 }
 
 void RetimeDialog::apply()

@@ -26,6 +26,7 @@ protected:
     Outcome work() override;
     void apply() override;
     void takeBack() override;
+    bool isStale() const override;
     void translate() override;
 
 private:
@@ -41,6 +42,7 @@ private:
 
     void addParts(const CanvasCurves::Nodes& nodes);
     PointDrag::Place pivot() const;
+    void showBefore();
     Outcome transform(double timeFactor, double valueFactor);
     QString summary(bool mayBend) const;
     void showTrial();

@@ -1117,6 +1117,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>Ease: select both ends of a segment that is not vertical</source>
         <translation>Beschleunigung: beide Enden eines Abschnitts auswählen, der nicht senkrecht ist</translation>
     </message>
+    <message>
+        <source>Ease: the application has changed the result</source>
+        <translation>Beschleunigung: Die Anwendung hat das Ergebnis geändert</translation>
+    </message>
 </context>
 <context>
     <name>PointText</name>
@@ -1465,8 +1469,8 @@ Soll die Datei ersetzt werden?</translation>
         <translation>x1 und x2 sind Zahlen von 0 bis 1, y1 und y2 von %1 bis %2.</translation>
     </message>
     <message>
-        <source>It adds %1 points to a segment.</source>
-        <translation>Einem Abschnitt werden %1 Punkte hinzugefügt.</translation>
+        <source>Points added to a segment: %1</source>
+        <translation>Hinzugefügte Punkte je Abschnitt: %1</translation>
     </message>
 </context>
 <context>

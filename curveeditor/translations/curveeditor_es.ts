@@ -1117,6 +1117,10 @@ Do you want to replace it?</source>
         <source>Ease: select both ends of a segment that is not vertical</source>
         <translation>Aceleración: seleccione ambos extremos de un segmento que no sea vertical</translation>
     </message>
+    <message>
+        <source>Ease: the application has changed the result</source>
+        <translation>Aceleración: la aplicación ha cambiado el resultado</translation>
+    </message>
 </context>
 <context>
     <name>PointText</name>
@@ -1465,8 +1469,8 @@ Do you want to replace it?</source>
         <translation>x1 y x2 son números de 0 a 1; y1 e y2, de %1 a %2.</translation>
     </message>
     <message>
-        <source>It adds %1 points to a segment.</source>
-        <translation>Añade %1 puntos a un segmento.</translation>
+        <source>Points added to a segment: %1</source>
+        <translation>Puntos añadidos a un segmento: %1</translation>
     </message>
 </context>
 <context>

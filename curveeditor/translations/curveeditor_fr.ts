@@ -907,11 +907,11 @@ Voulez-vous le remplacer&#xa0;?</translation>
     </message>
     <message>
         <source>With a decimal comma:</source>
-        <translation>Avec une virgule décimale :</translation>
+        <translation>Avec une virgule décimale&#xa0;:</translation>
     </message>
     <message>
         <source>With a decimal point:</source>
-        <translation>Avec un point décimal :</translation>
+        <translation>Avec un point décimal&#xa0;:</translation>
     </message>
     <message>
         <source>Decimal comma</source>
@@ -1116,6 +1116,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Ease: select both ends of a segment that is not vertical</source>
         <translation>Accélération : sélectionnez les deux extrémités d&apos;un segment qui n&apos;est pas vertical</translation>
+    </message>
+    <message>
+        <source>Ease: the application has changed the result</source>
+        <translation>Accélération : l&apos;application a modifié le résultat</translation>
     </message>
 </context>
 <context>
@@ -1465,8 +1469,8 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>x1 et x2 sont des nombres de 0 à 1, y1 et y2 de %1 à %2.</translation>
     </message>
     <message>
-        <source>It adds %1 points to a segment.</source>
-        <translation>Ajoute %1 points à un segment.</translation>
+        <source>Points added to a segment: %1</source>
+        <translation>Points ajoutés à un segment : %1</translation>
     </message>
 </context>
 <context>

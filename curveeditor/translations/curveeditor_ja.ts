@@ -1117,6 +1117,10 @@ Do you want to replace it?</source>
         <source>Ease: select both ends of a segment that is not vertical</source>
         <translation>イーズ: 垂直でない区間の両端を選択してください</translation>
     </message>
+    <message>
+        <source>Ease: the application has changed the result</source>
+        <translation>イーズ: アプリケーションが結果を変更しました</translation>
+    </message>
 </context>
 <context>
     <name>PointText</name>
@@ -1465,8 +1469,8 @@ Do you want to replace it?</source>
         <translation>x1 と x2 は 0 から 1、y1 と y2 は %1 から %2 の数値です。</translation>
     </message>
     <message>
-        <source>It adds %1 points to a segment.</source>
-        <translation>区間にポイントを %1 個追加します。</translation>
+        <source>Points added to a segment: %1</source>
+        <translation>区間に追加される点: %1</translation>
     </message>
 </context>
 <context>

@@ -89,7 +89,7 @@ private Q_SLOTS:
         row("drag", {}, [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); });
         row("double click", told, [](Scene& s) { s.click(6.0, 2.5).doubleClick(6.0, 2.5); });
         row("Delete", told, [](Scene& s) { s.selectTwo().key(Qt::Key_Delete); });
-        row("ease", told, [](Scene& s) { s.selectTwo().key(Qt::Key_E); });
+        row("ease", told, [](Scene& s) { s.selectTwo().trigger("easeInSineAction"); });
         row("menu: type", told, [](Scene& s) { s.selectTwo().choose(1); });
         row("number", {}, [](Scene& s) { s.clickPoint().type(s.editor.posY, "3"); });
         row("type", {}, [](Scene& s) { s.clickPoint().editor.nodeTypeCombo->activated(0); });
