@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace curveeditor {
 
@@ -53,6 +54,14 @@ bool FreehandDrag::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+void FreehandDrag::drawNext()
+{
+    drawsNext_ = view_.gesture.keys.draw = true;
+    widget_->setFocus();
+    canvas_.cursor.ask(CanvasCursor::Asker::View, Qt::CrossCursor);
+    canvas_.tell(tr("The next drag draws; Escape forgets it."));
+}
+
 bool FreehandDrag::isDrawing() const
 {
     return view_.gesture.kind() == Gesture::Kind::Stroke && trial_;
@@ -68,8 +77,10 @@ bool FreehandDrag::takePress(const QMouseEvent& event)
     canvas_.settle();
     widget_->setFocus();
     CurveNodeBase* const curve = canvas_.getCurrentCurve();
-    if (!canDraw(curve))
+    if (!canDraw(curve)) {
+        end();
         return true;
+    }
     curve_ = curve;
     stroke_.emplace(placeAt(event));
     trial_.emplace(canvas_.door(), CurveEdit::Curves{curve->curve()}, tr("Draw %1").arg(curve->getName()));
@@ -142,7 +153,7 @@ bool FreehandDrag::takeRelease(const QMouseEvent& event)
 /// A host in whose window the widget is may use Escape.
 bool FreehandDrag::takeOverride(QKeyEvent& event) const
 {
-    const bool isOurs = isDrawing() && event.key() == Qt::Key_Escape;
+    const bool isOurs = (isDrawing() || drawsNext_) && event.key() == Qt::Key_Escape;
     if (isOurs)
         event.accept();
     return isOurs;
@@ -150,9 +161,10 @@ bool FreehandDrag::takeOverride(QKeyEvent& event) const
 
 bool FreehandDrag::takeEscape()
 {
-    if (!isDrawing() || isAtWork_)
+    if (isAtWork_ || (!isDrawing() && !drawsNext_))
         return isAtWork_;
     canvas_.cancelGesture();
+    canvas_.tell({});
     end();
     return true;
 }
@@ -179,6 +191,10 @@ void FreehandDrag::end()
     trial_.reset();
     stroke_.reset();
     curve_ = nullptr;
+    if (std::exchange(drawsNext_, false)) {
+        view_.gesture.keys.draw = false;
+        canvas_.cursor.ask(CanvasCursor::Asker::View, {});
+    }
     canvas_.paint();
 }
 

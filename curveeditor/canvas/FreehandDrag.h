@@ -30,6 +30,9 @@ class FreehandDrag : public QObject
 public:
     FreehandDrag(QWidget* widget, CanvasFunctionBase& canvas, ViewPort& view);
 
+    /// The next drag draws, as one with D held; Escape forgets it.
+    void drawNext();
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -51,6 +54,7 @@ private:
     QPointer<CurveNodeBase> curve_; ///< that is drawn into
     std::optional<Stroke> stroke_;
     std::optional<CurveTrial> trial_;
+    bool drawsNext_ = false;
     bool isAtWork_ = false; ///< a step is shown and told
 };
 

@@ -215,6 +215,8 @@ void EditMenu::addShaping()
         [this] { points_.smoothTangents(); });
     target_->addSeparator();
     CanvasHands& hands = canvas_.canvas.hands();
+    add("drawAction", QT_TR_NOOP("Draw into the curve (hold D)"), {}, canInsert,
+        [this] { canvas_.freehandDrag.drawNext(); });
     addToggle(
         "alignHandlesAction", QT_TR_NOOP("Keep handles in line"), QStringLiteral("K"),
         [&hands] { return hands.alignsHandles; }, [&hands](bool on) { hands.alignsHandles = on; });

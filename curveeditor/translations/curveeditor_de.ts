@@ -1775,6 +1775,10 @@ Soll die Datei ersetzt werden?</translation>
         <source>The application does not allow that here.</source>
         <translation>Die Anwendung lässt das hier nicht zu.</translation>
     </message>
+    <message>
+        <source>Draw into the curve (hold D)</source>
+        <translation>In die Kurve zeichnen (D halten)</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1835,6 +1839,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>%1 is hidden.</source>
         <translation>%1 ist ausgeblendet.</translation>
+    </message>
+    <message>
+        <source>The next drag draws; Escape forgets it.</source>
+        <translation>Der nächste Zug zeichnet; Escape vergisst ihn.</translation>
     </message>
 </context>
 <context>

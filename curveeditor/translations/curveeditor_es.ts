@@ -1775,6 +1775,10 @@ Do you want to replace it?</source>
         <source>The application does not allow that here.</source>
         <translation>La aplicación no lo permite aquí.</translation>
     </message>
+    <message>
+        <source>Draw into the curve (hold D)</source>
+        <translation>Dibujar en la curva (mantener D)</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1835,6 +1839,10 @@ Do you want to replace it?</source>
     <message>
         <source>%1 is hidden.</source>
         <translation>%1 está oculta.</translation>
+    </message>
+    <message>
+        <source>The next drag draws; Escape forgets it.</source>
+        <translation>El próximo arrastre dibuja; Escape lo olvida.</translation>
     </message>
 </context>
 <context>

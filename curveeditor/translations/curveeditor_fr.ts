@@ -1775,6 +1775,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>The application does not allow that here.</source>
         <translation>L&apos;application ne le permet pas ici.</translation>
     </message>
+    <message>
+        <source>Draw into the curve (hold D)</source>
+        <translation>Dessiner dans la courbe (maintenir D)</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1835,6 +1839,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>%1 is hidden.</source>
         <translation>%1 est masquée.</translation>
+    </message>
+    <message>
+        <source>The next drag draws; Escape forgets it.</source>
+        <translation>Le prochain glissement dessine ; Échap l&apos;oublie.</translation>
     </message>
 </context>
 <context>

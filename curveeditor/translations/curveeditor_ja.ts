@@ -1775,6 +1775,10 @@ Do you want to replace it?</source>
         <source>The application does not allow that here.</source>
         <translation>ここではアプリケーションがそれを許可していません。</translation>
     </message>
+    <message>
+        <source>Draw into the curve (hold D)</source>
+        <translation>曲線に描き込む (D を押したまま)</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::EditingListPanel</name>
@@ -1835,6 +1839,10 @@ Do you want to replace it?</source>
     <message>
         <source>%1 is hidden.</source>
         <translation>%1 は非表示です。</translation>
+    </message>
+    <message>
+        <source>The next drag draws; Escape forgets it.</source>
+        <translation>次のドラッグで描きます。Escape で取り消します。</translation>
     </message>
 </context>
 <context>
