@@ -207,6 +207,8 @@ void EditMenu::addShaping()
         canInsert, [this] { insertUnderMouse(); });
     add("insertAtTimeLineAction", QT_TR_NOOP("Insert a point on the curve at the time line"),
         QStringLiteral("Shift+I"), canInsert, [this] { points_.insertAtTimeLine(); });
+    add("drawAction", QT_TR_NOOP("Draw into the curve (hold D)"), {}, canInsert,
+        [this] { canvas_.freehandDrag.drawNext(); });
     target_ = addMenu("tangentsMenuAction", QT_TR_NOOP("Tangents"));
     add("flattenTangentsAction", QT_TR_NOOP("Flatten"), {}, canEdit, [this] { points_.flattenTangents(); });
     add("alignTangentsAction", QT_TR_NOOP("Align both sides"), {}, canEdit,
@@ -215,8 +217,6 @@ void EditMenu::addShaping()
         [this] { points_.smoothTangents(); });
     target_->addSeparator();
     CanvasHands& hands = canvas_.canvas.hands();
-    add("drawAction", QT_TR_NOOP("Draw into the curve (hold D)"), {}, canInsert,
-        [this] { canvas_.freehandDrag.drawNext(); });
     addToggle(
         "alignHandlesAction", QT_TR_NOOP("Keep handles in line"), QStringLiteral("K"),
         [&hands] { return hands.alignsHandles; }, [&hands](bool on) { hands.alignsHandles = on; });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CurveTool.h"
+#include "TextNumber.h"
 #include <support/Test.h>
 
 #include <iterator>
@@ -236,6 +237,7 @@ private Q_SLOTS:
         QVERIFY2(match.hasMatch(), errors_.constData());
         QVERIFY(match.captured(1).toInt() < 20 && match.captured(2).toDouble() <= 0.002);
         QCOMPARE(output_.count('\n'), 6 + match.captured(1).toInt());
+        QVERIFY(toShortLimit(0.00121) == "0.0013" && toShortLimit(0.012) == "0.012"); // never too little
         for (const auto& [option, lines] : {std::pair("", 9), {" --monotone", 10}}) {
             QCOMPARE(run("0 0\n1 0\n2 8\n3 8\n",
                          QString("convert - - --output-format crv --tolerance 0.5") + option),

@@ -401,6 +401,7 @@ private Q_SLOTS:
              {Qt::Key_Space, Qt::Key_B, Qt::Key_D, Qt::Key_X, Qt::Key_Y, Qt::Key_Left, Qt::Key_Home})
             QVERIFY(s.takes(s.canvas, key));
         QVERIFY(!s.takes(s.canvas, Qt::Key_Q) && !s.takes(s.canvas, Qt::Key_Escape));
+        QVERIFY(s.takes(s.editor, Qt::Key_Delete) && !s.takes(s.editor, Qt::Key_Q));
         for (const QPoint& place :
              {s.pixel(5.0, 1.0), QPoint(s.pixel(0.0, 0.0).x(), s.canvas.pixelHeight - 4)}) {
             s.mouse(QEvent::MouseButtonPress, place);
