@@ -428,22 +428,28 @@ void CurveEditorDialogBase::fitListTo(const QTreeWidgetItem* row)
 {
     widthOfNames_ = qMax(widthOfNames_, checkListsEditing->widthFor(row));
     if (isVisible())
-        widenList();
+        fitList();
 }
 
-void CurveEditorDialogBase::widenList()
+void CurveEditorDialogBase::fitList()
 {
     const QList<int> sizes = splitter11->sizes();
     const int room = sizes.front() + sizes.back();
     const int wanted = qMin(widthOfNames_, room / 3);
-    if (!hasUsersListWidth && !listPanel->isHidden() && wanted > sizes.front())
-        splitter11->setSizes({wanted, room - wanted});
+    if (!hasUsersListWidth && !listPanel->isHidden() && wanted > 0)
+        splitter11->setSizes({wanted, room - wanted}); // or as narrow as the list can be
 }
 
 void CurveEditorDialogBase::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    QTimer::singleShot(0, this, &CurveEditorDialogBase::widenList); // when all parts have their room
+    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitList); // when all parts have their room
+}
+
+void CurveEditorDialogBase::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitList);
 }
 
 void CurveEditorDialogBase::setCrowded(bool isCrowded)

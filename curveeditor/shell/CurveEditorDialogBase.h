@@ -121,6 +121,7 @@ protected:
     /// Calls `languageChange` when the language changes.
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     /// Lets what is described in pixels grow with the texts. Runs whenever the font or the texts change.
     virtual void fitToFont();
     /// The dialog is at least that large, and large enough for what it holds.
@@ -148,7 +149,7 @@ private:
     void keepFormulaInSight(int pageWidth);
     void explainFields();
     void nameForAssistiveTools();
-    void widenList();
+    void fitList();
 
     int widthOfNames_ = 0;
 };

@@ -137,6 +137,8 @@ private Q_SLOTS:
         const EditingList& list = *fresh.editor.checkListsEditing; // the marks do not hide the name
         const int nameWidth = list.fontMetrics().horizontalAdvance(QString(30, u'm'));
         QVERIFY(list.viewport()->width() >= nameWidth + 6 * list.iconSize().height());
+        fresh.editor.resize(900, 700);
+        QTRY_VERIFY(list.width() <= 300);
     }
 
     void hostSelectsPoints_data()
