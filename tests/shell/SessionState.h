@@ -75,7 +75,10 @@ public:
         const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
         return button ? QString(button->text()).remove(u'&') : QString(widget.metaObject()->className());
     }
-    static QString number(double value) { return QString::number(value, 'g', 6); }
+    static QString number(double value)
+    {
+        return QString::number(std::abs(value) < 1e-12 ? 0.0 : value, 'g', 6); // what rounding leaves
+    }
 
 private:
     void add(const QString& name, const QString& text) { insert(name, QString(text).replace(u'\n', " / ")); }
@@ -132,7 +135,7 @@ private:
         for (const CurveName& curve : s_.editor.openCurves())
             open += curve.first + u'.' + curve.second;
         add("canvas curves", open.join(' ') + ", current " + s_.current());
-        const QImage picture = canvas.grab().toImage();
+        const QImage picture = canvas.isVisible() ? s_.shown() : canvas.grab().toImage();
         for (const int x : {110, 230, 350}) // where no number of the grid stands
             add(QString("canvas column %1").arg(x), runs(picture, {x, 25}, {0, 1}, 245));
         add("canvas row 40", runs(picture, {60, 40}, {1, 0}, 370));

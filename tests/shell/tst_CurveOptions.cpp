@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
-#include "Invariants.h"
 
 #include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/panel/CurveRowDelegate.h>
@@ -15,26 +14,6 @@ CurveOptions steps(double lowest, double highest, double step)
     return options;
 }
 
-/// The first value that was edited and is no multiple of 0.7 within 2.8, on both sides of 0, or that of a Tcb point or
-/// of one in an edited curve with a tension that is not its time.
-std::optional<double> straying(std::map<QString, CurveState> before, std::map<QString, CurveState> after)
-{
-    for (const auto& [name, curve] : after) {
-        const auto& old = before[name].spline.points;
-        for (const SplineBase::PointInfo& point : curve.spline.points) {
-            const double steps = point.pos / 0.7;
-            const bool isOld = std::any_of(old.begin(), old.end(),
-                                           [&](const auto& other) { return isSamePoint(point, other); });
-            if (curve.spline != before[name].spline && point.tension != point.time)
-                return point.pos;
-            if (!isOld && (point.type == SplineBase::Tcb || std::abs(steps - std::round(steps)) > 1e-9 ||
-                           std::abs(point.pos) > 2.81))
-                return point.pos;
-        }
-    }
-    return std::nullopt;
-}
-
 /// Of the row, in the list.
 QPoint placeOf(Scene& s, CurveMark mark, int row = 0)
 {
@@ -45,11 +24,9 @@ QPoint placeOf(Scene& s, CurveMark mark, int row = 0)
     return at + QPoint(2, 0);
 }
 
-void clickMark(Scene& s, CurveMark mark, int row = 0, Qt::MouseButton button = Qt::LeftButton,
-               QEvent::Type type = QEvent::MouseButtonPress)
+void clickMark(Scene& s, CurveMark mark, int row = 0)
 {
-    s.sendMouse(*s.list.viewport(), type, placeOf(s, mark, row), button);
-    s.sendMouse(*s.list.viewport(), QEvent::MouseButtonRelease, placeOf(s, mark, row), button);
+    QTest::mouseClick(s.list.viewport(), Qt::LeftButton, {}, placeOf(s, mark, row));
 }
 
 QString tipOf(Scene& s, CurveMark mark)
@@ -60,13 +37,11 @@ QString tipOf(Scene& s, CurveMark mark)
 }
 
 /// Chooses OK in the dialog of that key; returns what it said, and leaves one that stays open.
-QString fit(Scene& s, Qt::Key key, const QString& tolerance, const std::function<void()>& meanwhile = {})
+QString fit(Scene& s, Qt::Key key, const QString& tolerance)
 {
     s.key(key, shift);
     auto* const dialog = s.editor.findChild<FitDialog*>();
     dialog->findChild<QLineEdit*>("tolerance")->setText(tolerance);
-    if (meanwhile)
-        meanwhile();
     dialog->accept();
     const QString outcome = s.outcome(*dialog);
     dialog->reject();
@@ -79,122 +54,7 @@ class tst_CurveOptions : public QObject
 {
     Q_OBJECT
 
-    using Edits = Rows<QString, Deed>; // what a lock makes the canvas tell, without the name
-
 private Q_SLOTS:
-    void lockedCurveIsNotEdited_data()
-    {
-        const Edits row;
-        const QString told = " is locked.";
-        row("drag", {}, [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); });
-        row("double click", told, [](Scene& s) { s.click(6.0, 2.5).doubleClick(6.0, 2.5); });
-        row("Delete", told, [](Scene& s) { s.selectTwo().key(Qt::Key_Delete); });
-        row("ease", told, [](Scene& s) { s.selectTwo().trigger("easeInSineAction"); });
-        row("menu: type", told, [](Scene& s) { s.selectTwo().choose(1); });
-        row("number", {}, [](Scene& s) { s.clickPoint().type(s.editor.posY, "3"); });
-        row("type", {}, [](Scene& s) { s.clickPoint().editor.nodeTypeCombo->activated(0); });
-        row("table", {}, [](Scene& s) {
-            s.page(2);
-            auto* const model = s.editor.findChild<QTableView*>("pointTable")->model();
-            const QModelIndex cell = model->index(1, 1);
-            QCOMPARE(model->setData(cell, "7"), cell.flags().testFlag(Qt::ItemIsEditable));
-        });
-        row("first behaviour", told, [](Scene& s) { s.editor.setFirstNodeZero(); });
-        row("scale", told, [](Scene& s) {
-            s.selectTwo();
-            whenOpen<ScaleDialog>([](ScaleDialog& dialog) { dialog.scaleY->setText("2"), dialog.accept(); });
-            s.editor.setScaleSelection();
-        });
-        row("reset all", told, [](Scene& s) { s.editor.resetAllCheckedF(); });
-        row("formula", told, [](Scene& s) {
-            s.enter("2 T");
-            QVERIFY(s.entries() > 0 || s.editor.commandLine->text() == "2 T");
-            QCOMPARE(s.editor.commandLine->isUnfinished(), s.entries() == 0);
-        });
-        row("spline shown", told, [](Scene& s) { s.turnTo("a.z").editor.setTcb(); });
-        row("load", told, [](Scene& s) {
-            std::stringstream file;
-            QVERIFY(s.canvas.canvas.saveCurve(file) && s.turnTo("a.y").canvas.canvas.loadCurve(file));
-        });
-        row("accessibility", told, [](Scene& s) {
-            QAccessibleActionInterface* const point =
-                QAccessible::queryAccessibleInterface(&s.canvas)->child(1)->actionInterface();
-            point->doAction(point->actionNames()[1]);
-        });
-        for (const auto& [name, key] : {std::pair("simplify", Qt::Key_S), {"bake", Qt::Key_B}}) {
-            row(name, {}, [key = key](Scene& s) {
-                const QString outcome = fit(s, key, "9");
-                QCOMPARE(outcome == "The curve is locked.", s.entries() == 0);
-            });
-        }
-        row("simplify, locked meanwhile", {}, [](Scene& s) {
-            const bool locks = s.editor.curveOptions("a", "x").locked;
-            s.lock("x", false);
-            const QString outcome = fit(s, Qt::Key_S, "9", [&] { s.lock("x", locks); });
-            QCOMPARE(outcome == "The curve is locked.", locks);
-            s.commits.clear(); // of the trial, which is taken back
-        });
-    }
-    void lockedCurveIsNotEdited()
-    {
-        const auto [told, edit] = Edits::present();
-        for (const bool isLocked : {false, true}) {
-            Scene s;
-            s.lock("x", isLocked).lock("y", isLocked).lock("z", isLocked);
-            const auto before = s.states();
-            edit(s);
-            QCOMPARE(s.states() == before, isLocked);
-            QCOMPARE(s.entries() == 0, isLocked);
-            QCOMPARE(isLocked ? s.canvas.canvas.toldText().mid(3) : told, told);
-            QCOMPARE(closeBox(), QString());
-            QVERIFY(!isLocked || (s.changes.isEmpty() && s.commits.isEmpty()));
-            QCOMPARE(Invariants::fault(s.editor), QString());
-            QVERIFY(s.showsWhatIsDrawnFromScratch());
-        }
-    }
-
-    void editedPointsKeepToSteps_data()
-    {
-        lockedCurveIsNotEdited_data();
-        const Edits row;
-        row("far", {}, [](Scene& s) { s.paste("7\t0\n9\t99\n"), s.drag(5.0, 1.0, 6.0, 1.01); });
-        row("host", {}, [](Scene& s) {
-            s.editor.edit("a", "x", "Record", [](SplineBase& spline) { spline.modify(1)->pos = 1.3; });
-        });
-    }
-    void editedPointsKeepToSteps()
-    {
-        const auto [told, edit] = Edits::present();
-        Scene s;
-        CurveOptions options = steps(-3.1, 3.1, 0.7);
-        options.types = {SplineBase::Bezier, SplineBase::Linear};
-        for (const QString curve : {"x", "y", "z"}) {
-            s.editor.setCurveOptions("a", curve, options);
-            s.editor.setConstraint("a", curve, [](SplineBase& spline) {
-                for (unsigned i = 0; i < spline.getControlPointsNumber(); ++i)
-                    spline.modify(i)->tension = spline[i]->time;
-            });
-        }
-        const auto before = s.states();
-        std::optional<double> strayed;
-        auto copies = before; // which follow the edits by their differences
-        connect(&s.editor, &CurveEditor::curveEdited, &s.canvas, [&](const CurveChange& change) {
-            if (change.phase == CurveChange::Phase::Commit)
-                QVERIFY(change.diff->apply(copies[change.group + '.' + change.curve]));
-            if (!strayed && change.cause == CurveChange::Cause::Edit)
-                strayed = straying(before, s.states());
-        });
-        edit(s);
-        s.focusCanvas(); // what is typed is told now
-        QCOMPARE(strayed, std::nullopt);
-        QCOMPARE(straying(before, s.states()), std::nullopt);
-        QCOMPARE(Invariants::fault(s.editor), QString());
-        QVERIFY((s.entries() > 0 || s.commits.isEmpty()) && copies == s.states());
-        while (s.editor.undoStack()->canUndo())
-            s.undo();
-        QVERIFY(s.states() == before && copies == before);
-    }
-
     void valuesAreBoundedAndUnsoundOptionsChangeNothing()
     {
         constexpr double most = std::numeric_limits<double>::max(), least = 5e-324;
@@ -337,104 +197,6 @@ private Q_SLOTS:
             s.lock(curve, false);
             QVERIFY(pictures() == before);
         }
-    }
-
-    void hiddenCurveIsNotHit_data()
-    {
-        const Rows<Deed> row;
-        row("drag", [](Scene& s) { s.drag(5.0, 1.0, 6.0, 2.0); });
-        row("double click", [](Scene& s) { s.click(6.0, 2.5).doubleClick(6.0, 2.5); });
-        row("all curves", [](Scene& s) { s.turnTo("a.y").key(Qt::Key_A, shift).drag(5.0, 1.0, 6.0, 2.0); });
-        row("band", [](Scene& s) { s.drag(4.0, 2.5, 9.0, -2.5), s.key(Qt::Key_Delete); });
-        row("Delete", [](Scene& s) { s.key(Qt::Key_Delete); });
-        row("arrow and Delete", [](Scene& s) { s.key(Qt::Key_Right), s.key(Qt::Key_Delete); });
-        row("line", [](Scene& s) {
-            s.turnTo("a.y").press(2.0, s.x(2.0)).release(2.0, s.x(2.0)).editor.resetSelectedF();
-        });
-        row("menu", [](Scene& s) {
-            s.control().selectPoints({s.x[1]->serial}); // in the table, which shows the points
-            s.turnTo("a.y").trigger("deleteKeyAction");
-        });
-        row("insert", [](Scene& s) { s.timeLineAt(2.0), s.key(Qt::Key_I, shift); });
-        row("paste", [](Scene& s) { s.paste("7\t0\n9\t1\n"); });
-        row("reset all", [](Scene& s) { s.editor.resetAllCheckedF(); });
-        for (const auto& [name, key] : {std::pair("simplify", Qt::Key_S), {"bake", Qt::Key_B}}) {
-            row(name, [key = key](Scene& s) {
-                const bool isHidden = s.editor.curveOptions("a", "x").hidden;
-                QCOMPARE(s.takes(s.canvas, key, shift), !isHidden);
-                fit(s.hide("x", false), key, "9", [&] { s.hide("x", isHidden); });
-            });
-        }
-    }
-    void hiddenCurveIsNotHit()
-    {
-        const auto [deed] = Rows<Deed>::present();
-        for (const bool isHidden : {false, true}) {
-            Scene s;
-            s.clickPoint().hide("x", isHidden);
-            const CurveState before = s.states()["a.x"];
-            deed(s);
-            QCOMPARE(s.states()["a.x"] == before, isHidden);
-            QVERIFY(s.showsWhatIsDrawnFromScratch());
-        }
-    }
-
-    void hiddenCurvesAreNeitherDrawnNorSelected()
-    {
-        Scene s;
-        s.drag(5.0, 1.0, 6.0, 2.0).hide("x").turnTo("a.y").undo();
-        QVERIFY(s.x[1]->time == 5.0 && s.current() == "a.y" && !s.turnTo("a.x").control().hasSelection());
-        const QImage hidden = s.hide("y").hide("z").shown();
-        s.key(Qt::Key_Home).key(Qt::Key_F);
-        QVERIFY(s.shown() == hidden);
-        s.editor.cleanSelecteds();
-        QVERIFY(s.shown() == hidden);
-    }
-
-    void marksOfTheListAreNoEdits_data()
-    {
-        const Rows<CurveMark, Qt::Key, Qt::KeyboardModifiers, const char*, QString> row;
-        row("lock", CurveMark::Lock, Qt::Key_L, {}, "lockCurveAction", "a.x, locked");
-        row("hide", CurveMark::Hide, Qt::Key_H, {}, "hideCurveAction", "a.x, hidden");
-        row("solo", CurveMark::Solo, Qt::Key_H, shift, "soloCurveAction", "a.x, solo");
-    }
-    void marksOfTheListAreNoEdits()
-    {
-        const auto [mark, key, keys, name, text] =
-            Rows<CurveMark, Qt::Key, Qt::KeyboardModifiers, const char*, QString>::present();
-        Scene s;
-        s.turnTo("a.y").turnTo("a.x").list.setFocus();
-        const auto pictures = [&s] {
-            const QRect other = s.list.visualItemRect(s.list.topLevelItem(1));
-            return QList{s.shown(), s.list.viewport()->grab().toImage(),
-                         s.list.viewport()->grab(other).toImage()};
-        };
-        const QList<QImage> before = pictures();
-        const auto told = [&s] {
-            return QAccessible::queryAccessibleInterface(&s.list)->child(1)->text(QAccessible::Name);
-        };
-        const std::function<void()> ways[] = {
-            [&] { clickMark(s, mark); },
-            [&] { clickMark(s, mark, 0, Qt::LeftButton, QEvent::MouseButtonDblClick); },
-            [&, key = key, keys = keys] { QTest::keyClick(&s.list, key, keys); },
-            [&, name = name] {
-                s.editor.action(name)->trigger();
-            }};
-        for (const auto& toggle : ways) {
-            toggle();
-            QCOMPARE(told(), text);
-            QVERIFY(s.editor.action(name)->isChecked());
-            const QList<QImage> marked = pictures();
-            QVERIFY(marked[0] != before[0] && marked[1] != before[1] && s.showsWhatIsDrawnFromScratch());
-            QCOMPARE(marked[2] != before[2], mark == CurveMark::Solo); // others are not seen then
-            QCOMPARE(s.canvas.canvas.getCurrentCurve()->curve()->isLocked(), mark == CurveMark::Lock);
-            toggle();
-            QCOMPARE(told(), "a.x");
-            QVERIFY(pictures() == before && s.entries() == 0);
-        }
-        QVERIFY(tipOf(s, mark).endsWith(QLatin1String("(") + QKeySequence(keys | key).toString() + u')'));
-        clickMark(s, mark, 0, Qt::RightButton);
-        QCOMPARE(told(), "a.x");
     }
 
     void soloIsTakenBackAndTheHostsMarksStay()

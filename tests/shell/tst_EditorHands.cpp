@@ -36,20 +36,12 @@ class tst_EditorHands : public QObject
 
     /// Whether the times and the values in sight change, and whether the place under the mouse stays there.
     using ViewGestures = Rows<bool, bool, bool, Deed>;
-    /// The times of the points after a stroke, and what the canvas says.
-    using Hovers = Rows<Qt::CursorShape, bool, Deed>;  // whether something is lit
-    using Whys = Rows<QKeySequence, QString, QString>; // clipboard, and what is told
-    using Strokes = Rows<QList<double>, QString, Deed>;
 
 private Q_SLOTS:
     void viewFollowsTheHand_data()
     {
         const ViewGestures row;
-        row("wheel", true, true, true, wheel({0, 120}));
-        row("wheel with Ctrl", true, false, true, wheel({0, 30}, ctrl));
-        row("wheel with Shift", false, true, true, wheel({-15, 0}, shift));
         row("huge wheel", true, true, true, wheel({0, 1 << 30}));
-        row("wheel with Alt", false, false, true, wheel({0, 120}, alt));
         row("wheel at rest", false, false, true, wheel({}));
         row("two fingers", true, false, false, wheel({-60, 0}, {}, Qt::ScrollUpdate));
         row("pinch", true, true, true, [](Scene& s) {
@@ -57,7 +49,6 @@ private Q_SLOTS:
                                       mouse, mouse, s.canvas.mapToGlobal(mouse), 0.5, {});
             QApplication::sendEvent(&s.canvas, &event);
         });
-        row("middle", true, true, false, [](Scene& s) { drag(s, Qt::MiddleButton); });
         row("middle on a point, then with a selection", false, false, true, [](Scene& s) {
             QTest::mouseClick(&s.canvas, Qt::MiddleButton, {}, s.pixel(5.0, 1.0));
             drag(s, Qt::MiddleButton);
@@ -73,20 +64,7 @@ private Q_SLOTS:
             s.editor.commandLine->setFocus();
             drag(s, Qt::LeftButton);
         });
-        row("Escape", false, false, true, [](Scene& s) {
-            s.mouse(QEvent::MouseButtonPress, {200, 200}, Qt::MiddleButton);
-            s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton).key(Qt::Key_Escape);
-            s.mouse(QEvent::MouseMove, {240, 180}, Qt::MiddleButton);
-            s.mouse(QEvent::MouseButtonRelease, {240, 180}, Qt::MiddleButton);
-            QVERIFY(s.editor.isVisible());
-        });
-        row("off", false, false, true, [](Scene& s) { s.editor.setViewGestures(false), wheel({0, 120})(s); });
-        row("Home", true, true, false, [](Scene& s) { s.key(Qt::Key_Home); });
         row("keypad", true, true, false, [](Scene& s) { s.key(Qt::Key_Home, Qt::KeypadModifier); });
-        row("minus", true, true, false, [](Scene& s) { s.key(Qt::Key_Minus); });
-        row("plus", true, true, false, [](Scene& s) { s.key(Qt::Key_Plus, shift); });
-        row("F", true, true, false, [](Scene& s) { s.clickPoint().key(Qt::Key_F); });
-        row("F at a formula", true, true, false, [](Scene& s) { s.turnTo("a.z").key(Qt::Key_F); });
     }
     void viewFollowsTheHand()
     {
@@ -106,198 +84,6 @@ private Q_SLOTS:
                                   qAbs(now.valueAt(mouse.y()) - view.valueAt(mouse.y())) < 1e-9;
         QCOMPARE(isUnderMouse, staysUnderMouse);
         QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
-    }
-
-    void strokeTakesThePlaceOfThePointsOfItsSpan_data()
-    {
-        const QList<double> before{0.0, 5.0, 8.0};
-        const auto draw = [](Scene& s, double toTime, double toValue) {
-            s.press(2.0, 3.0).move(4.0, 3.0).move(toTime, toValue);
-        };
-        const Strokes row;
-        row("level", {0.0, 2.0, 4.0, 6.0, 8.0}, {},
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.release(6.0, 0.0); });
-        row("back, where the later part counts", {0.0, 2.0, 4.0, 5.0, 8.0}, {}, [=](Scene& s) {
-            draw(s, 2.0, -3.0), s.release(2.0, -3.0);
-            QVERIFY(qAbs(s.x(2.0) + 3.0) < 0.1 && qAbs(s.x(3.0)) < 0.1 && qAbs(s.x(4.0) - 3.0) < 0.1);
-        });
-        row("beyond the edges, without a release", {0.0, 2.0, 10.0}, {}, [=](Scene& s) {
-            draw(s, 20.0, 50.0);
-            s.mouse(QEvent::MouseMove, {100, 100}, Qt::NoButton);
-            QCOMPARE(s.x.getLast()->pos, s.canvas.valueMax);
-        });
-        row("key let go meanwhile", {0.0, 2.0, 4.0, 6.0, 8.0}, {}, [=](Scene& s) {
-            s.press(2.0, 3.0);
-            QTest::keyRelease(&s.canvas, Qt::Key_D);
-            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
-        });
-        row("no Bezier points", {0.0, 2.0, 4.0, 4.5, 5.0, 8.0}, {}, [=](Scene& s) {
-            s.set("x", &CurveOptions::types, {SplineBase::Linear, SplineBase::Tcb});
-            s.x.modify(2)->type = SplineBase::Tcb;
-            draw(s, 4.5, 0.0), s.release(4.5, 0.0);
-            QVERIFY(s.x[2]->type == SplineBase::Linear && s.x.getLast()->type == SplineBase::Tcb);
-        });
-        row("own scale", {0.0, 2.0, 4.0, 6.0, 8.0}, "Own scale", [](Scene& s) {
-            s.key(Qt::Key_F, shift).shown();
-            s.press(2.0, 0.9).move(4.0, 0.9).move(6.0, -0.5).release(6.0, -0.5);
-            QVERIFY(qAbs(s.x(4.0) - 0.9) < 0.02);
-        });
-        row("dot", before, {}, [](Scene& s) { s.press(2.0, 3.0).release(2.0, 3.0); });
-        row("Escape", before, {}, [=](Scene& s) {
-            s.key(Qt::Key_Right).key(Qt::Key_Right), draw(s, 6.0, 0.0);
-            QVERIFY(s.takes(s.canvas, Qt::Key_Escape));
-            s.key(Qt::Key_Escape).move(7.0, 0.0).release(7.0, 0.0);
-            QVERIFY(s.control().getCurrent() == s.x[1] && s.editor.posY->isEnabled());
-        });
-        row("a dot", before, {}, [](Scene& s) { s.press(6.0, 0.0).move(6.0, 0.0).release(6.0, 0.0); });
-        row("undo meanwhile", before, {},
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.undo(), s.release(6.0, 0.0); });
-        row("hidden meanwhile", {0.0, 2.0, 4.0, 6.0, 8.0}, "a.x is hidden.",
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.key(Qt::Key_H), s.move(7.0, 0.0).release(7.0, 0.0); });
-        row("upright at the end", {0.0, 2.0, 4.0, 5.9, 6.0, 6.0, 8.0}, {}, [=](Scene& s) {
-            draw(s, 6.0, 0.0), s.move(6.0, 2.0).release(6.0, 2.0);
-            QVERIFY(qAbs(s.x(6.0) - 2.0) < 0.05);
-        });
-        row("another curve at the release", {0.0, 2.0, 4.0, 6.0, 8.0}, {}, [=](Scene& s) {
-            draw(s, 6.0, 0.0), s.turnTo("a.y").release(7.0, 0.0);
-            QVERIFY(s.commits == QStringList{"a/x"} && s.entries() == 1);
-        });
-        row("another curve meanwhile", {0.0, 2.0, 4.0, 6.0, 8.0}, {},
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.turnTo("a.y").move(7.0, 0.0).release(7.0, 0.0); });
-        row("editor hidden meanwhile", {0.0, 2.0, 4.0, 6.0, 8.0}, {},
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.editor.hide(); });
-        row("host writes meanwhile", {0.0, 2.0, 4.0, 6.0, 7.0, 8.0}, {},
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.x.addPoint(7.0, 0.0), s.move(7.5, 3.0).release(7.5, 3.0); });
-        row("host takes the curve away", {0.0, 2.0, 4.0, 6.0, 8.0}, {},
-            [=](Scene& s) { draw(s, 6.0, 0.0), s.remove("x"), s.move(7.0, 0.0).release(7.0, 0.0); });
-        row("locked", before, "a.x is locked.",
-            [=](Scene& s) { draw(s.lock("x"), 6.0, 0.0), s.release(6.0, 0.0); });
-        row("types of neither kind", before,
-            "This makes Bezier or Linear points, which the curve may not have.", [=](Scene& s) {
-                s.set("x", &CurveOptions::types, {SplineBase::Tcb});
-                draw(s, 6.0, 0.0), s.release(6.0, 0.0);
-            });
-        row("formula", before, "A formula can't be drawn.",
-            [=](Scene& s) { s.turnTo("a.z"), draw(s, 6.0, 0.0), s.release(6.0, 0.0); });
-        row("no curve", before, {}, [=](Scene& s) {
-            for (const QString curve : {"x", "y", "z"})
-                s.remove(curve);
-            draw(s, 6.0, 0.0), s.release(6.0, 0.0);
-        });
-    }
-    void strokeTakesThePlaceOfThePointsOfItsSpan()
-    {
-        const auto [times, told, deed] = Strokes::present();
-        Scene s;
-        QTest::keyPress(&s.canvas, Qt::Key_D);
-        QCOMPARE(s.canvas.cursor().shape(), Qt::CrossCursor);
-        deed(s);
-        QList<double> found;
-        for (const SplineBase::PointInfo* const point : s.x.getControlPoints())
-            found.append(std::round(point->time * 10.0) / 10.0);
-        QCOMPARE(found, times);
-        QCOMPARE(s.canvas.canvas.toldText(), told);
-        QVERIFY(s.canvas.gesture.kind() != Gesture::Kind::Stroke && !s.canvas.canvas.door().isOpen());
-    }
-
-    void mouseLightsAndTellsWhatAPressTakes_data()
-    {
-        const Hovers row;
-        const auto over = [](double time, double value, Qt::KeyboardModifiers keys = {}) {
-            return [=](Scene& s) {
-                s.move(time, value, keys, Qt::NoButton);
-            };
-        };
-        row("nothing", Qt::ArrowCursor, false, over(3.0, 3.0));
-        row("a point", Qt::SizeAllCursor, true, over(5.0, 1.0));
-        row("a point, to be toggled", Qt::PointingHandCursor, true, over(5.0, 1.0, shift));
-        row("a point below the view", Qt::ArrowCursor, false, over(5.0, 1.0, alt));
-        row("a locked point", Qt::PointingHandCursor, true, [=](Scene& s) { over(5.0, 1.0)(s.lock("x")); });
-        row("a handle", Qt::SizeAllCursor, true, [](Scene& s) {
-            const QPoint node = s.clickPoint().pixel(5.0, 1.0);
-            s.mouse(QEvent::MouseMove, s.canvas.canvas.currentSpline()->rightHandle(node, 1, false),
-                    Qt::NoButton);
-        });
-        row("another curve", Qt::PointingHandCursor, true, over(3.0, -1.2));
-        row("a point of another curve", Qt::PointingHandCursor, true, over(5.0, -2.0));
-        row("one within reach", Qt::SizeAllCursor, true, [=](Scene& s) { over(5.0, -2.0)(s.allCurves()); });
-        row("room for a point", Qt::DragCopyCursor, false, over(3.0, 3.0, ctrl));
-        row("none in a locked curve", Qt::ArrowCursor, false,
-            [=](Scene& s) { over(3.0, 3.0, ctrl)(s.lock("x")); });
-        row("a selection", Qt::SizeAllCursor, false, [=](Scene& s) { over(6.0, 3.0)(s.selectTwo()); });
-        row("beside a selection", Qt::ArrowCursor, false, [=](Scene& s) { over(3.0, 3.0)(s.selectTwo()); });
-        row("a locked selection", Qt::ArrowCursor, false,
-            [=](Scene& s) { over(6.0, 3.0)(s.selectTwo().lock("x")); });
-        row("a curve below a formula", Qt::PointingHandCursor, true,
-            [=](Scene& s) { over(5.0, 1.0)(s.turnTo("a.z")); });
-        row("Space", Qt::OpenHandCursor, false, [=](Scene& s) {
-            QTest::keyPress(&s.canvas, Qt::Key_Space);
-            over(5.0, 1.0)(s);
-        });
-        row("a key that comes later", Qt::DragCopyCursor, false, [=](Scene& s) {
-            over(3.0, 3.0)(s);
-            QTest::keyPress(&s.canvas, Qt::Key_Control);
-        });
-        row("a box", Qt::SizeAllCursor, false, [=](Scene& s) {
-            s.x.addPoint(4.0, 0.5);
-            over(4.0, 0.5)(s.updateCurves().key(Qt::Key_A, ctrl).key(Qt::Key_T, ctrl));
-        });
-        row("a drag", Qt::SizeAllCursor, false, [=](Scene& s) {
-            over(5.0, 1.0)(s);
-            s.press(5.0, 1.0).move(5.0, 2.0);
-        });
-        row("a point that the host takes away", Qt::ArrowCursor, false, [=](Scene& s) {
-            over(5.0, 1.0)(s.remove("z"));
-            s.x.reset();
-            s.updateCurves();
-        });
-    }
-    void mouseLightsAndTellsWhatAPressTakes()
-    {
-        const auto [shape, isLit, deed] = Hovers::present();
-        for (const bool isSmooth : {true, false}) {
-            Scene s;
-            s.editor.setTheme(isSmooth ? CurveEditorTheme::light() : CurveEditorTheme::described());
-            deed(s);
-            const QImage lit = s.canvas.grab().toImage();
-            QCOMPARE(s.canvas.cursor().shape(), shape);
-            QEvent leaving(QEvent::Leave);
-            QCoreApplication::sendEvent(&s.canvas, &leaving);
-            QCOMPARE(s.canvas.grab().toImage() != lit, isLit && isSmooth);
-        }
-    }
-
-    void keyThatCanDoNothingSaysWhy_data()
-    {
-        const Whys row;
-        for (const auto& [name, key] : {std::pair("ease", QKeySequence("E")),
-                                        {"CSS", QKeySequence("Shift+E")},
-                                        {"box", QKeySequence("Ctrl+T")},
-                                        {"retime", QKeySequence("Shift+R")}})
-            row(name, key, {}, "No point is selected.");
-        for (const char* const key : {"L", "H"})
-            row(key, QKeySequence(key), "hosts", "The application does not allow that here.");
-        row("copy", QKeySequence("Ctrl+C"), {}, "No point of the current curve is selected.");
-        for (const char* const key : {"Ctrl+Alt+V", "I"})
-            row(key, QKeySequence(key), "1\t2\n", "The current curve shows no points.");
-        row("simplify", QKeySequence("Shift+S"), {}, "The current curve does not show more than two points.");
-        row("paste", QKeySequence("Ctrl+V"), {}, "The clipboard holds no points.");
-        row("paste of blanks", QKeySequence("Ctrl+V"), " \n\t", "The text holds no points.");
-    }
-    void keyThatCanDoNothingSaysWhy()
-    {
-        const auto [key, clipboard, told] = Whys::present();
-        Scene s;
-        QGuiApplication::clipboard()->clear();
-        if (!clipboard.isEmpty())
-            QGuiApplication::clipboard()->setText(clipboard);
-        if (clipboard == "hosts")
-            s.lock("x").hide("x");
-        if (told.contains("show"))
-            s.enter("t").focusCanvas();
-        s.key(key[0].key(), key[0].keyboardModifiers());
-        QCOMPARE(s.canvas.canvas.toldText(), told);
-        QVERIFY(!s.editor.findChild<QDialog*>() && closeBox().isEmpty());
     }
 
     void strokeOfManyJitteringColumnsIsFewPoints()

@@ -78,8 +78,6 @@ class tst_PointTable : public QObject
     Q_OBJECT
 
     using Work = std::function<void(Scene&)>;
-    using Typing =
-        Rows<int, QString, QString, int>; // the column then, empty for no edit; the last selected row
 
 private Q_SLOTS:
     void numbersShowSixDigitsAndAreEditedInFullPrecision()
@@ -109,47 +107,6 @@ private Q_SLOTS:
         QCOMPARE(s.editor.undoStack()->count(), 0);
         s.type(3, Value, "1.234");
         QCOMPARE(s.text(3, Value), "1,234");
-    }
-
-    void typedTextIsOneEdit_data()
-    {
-        const Typing row;
-        row("value", Value, "2.123456789012345", "0 2.123456789012345 0.1 0.3333333333333333", 1);
-        row("comma", Value, "-2,5", "0 -2.5 0.1 0.3333333333333333", 1);
-        row("three values", Value, "4", "0 4 4 4", 3);
-        row("time past another", Time, "8", "0 7 8 9", 1);
-        row("three times", Time, "-1", "-1 -1 -1 0", 3);
-        row("beyond a bound", Tension, "11", "0 10 10 0", 2);
-        row("below a bound", EaseFrom, "-7", "0 -1 0 0", 1);
-        row("slope", Incoming, "1e3", "0 1000 0 0", 1);
-        row("same number", Value, "1", "", 1);
-        row("shown text goes to all", Value, "1", "0 1 1 0.3333333333333333", 2);
-        row("word", Value, "x", "", 1);
-        row("left as it was", Value, "", "", 2);
-        row("sum", Value, "1+,5", "0 1.5 0.1 0.3333333333333333", 1);
-        row("infinite", Time, "1/0", "", 1);
-        row("infinite parameter", Tension, "-1/0", "0 -10 0 0", 1);
-        row("not a number", Bias, "nan", "", 1);
-    }
-    void typedTextIsOneEdit()
-    {
-#if QT_VERSION >= QT_VERSION_CHECK(6, 3, 0)
-        QTest::failOnWarning(QRegularExpression("closeEditor"));
-#endif
-        const auto [column, typed, shown, lastSelected] = Typing::present();
-        Scene s;
-        const QString before = s.column(column);
-        s.select(1, lastSelected);
-        s.changes.clear();
-        s.type(1, column, typed);
-        QCOMPARE(s.column(column), shown.isEmpty() ? before : shown);
-        QCOMPARE(s.editor.undoStack()->count(), shown.isEmpty() ? 0 : 1);
-        QCOMPARE(s.changes, shown.isEmpty() ? QStringList() : QStringList("a/x"));
-        QCOMPARE(s.selection().edited().size(), std::size_t(lastSelected));
-        QVERIFY(s.table.hasFocus());
-        QCOMPARE(s.table.currentIndex().column(), column);
-        QTest::keyClick(&s.table, Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(s.column(column), before);
     }
 
     void cellThatCannotBeReadSaysWhy()
@@ -183,21 +140,6 @@ private Q_SLOTS:
         s.editor.setEditingNode("a.z");
         s.type(1, Value, "3");
         QCOMPARE(s.changes, QStringList("a/z"));
-    }
-
-    void typeIsChosenForAllSelectedRows()
-    {
-        Scene s;
-        s.select(1, 2);
-        s.openCell(1, Type);
-        auto* combo = s.table.findChild<QComboBox*>();
-        QCOMPARE(combo->currentText(), "Tcb");
-        QTest::keyClick(combo, Qt::Key_Up);
-        s.editor.updateCurves(); // the choice stays
-        QTest::keyClick(combo, Qt::Key_Return);
-        s.canvas.setFocus();
-        QCOMPARE(s.column(Type), "Tcb Bezier Bezier Tcb");
-        QCOMPARE(s.editor.undoStack()->count(), 1);
     }
 
     void selectionIsThatOfTheCanvas()

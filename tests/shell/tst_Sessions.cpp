@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Invariants.h"
 #include "SessionState.h"
 
 #include <curveeditor/shell/FitDialog.h>
@@ -17,7 +18,7 @@ struct Step
 class Player
 {
 public:
-    Player() : last_(SessionState(scene_)) { hear(); }
+    Player() { begin(); }
 
     using Compare = std::function<bool(Step&, const QStringList&)>;
     void play(std::vector<Step>& steps, const Compare& compare)
@@ -51,6 +52,16 @@ public:
     }
 
 private:
+    /// With an editor that nobody has used.
+    void begin()
+    {
+        if (scene_)
+            end();
+        last_ = SessionState(scene_.emplace());
+        held_ = {};
+        heard_.clear();
+        hear();
+    }
     /// The words behind the name of a step. Those that are missing are empty.
     struct Call
     {
@@ -73,19 +84,29 @@ private:
     QStringList changes()
     {
         for (const auto* const dialog :
-             scene_.editor.findChildren<FitDialog*>()) { // long work waits for a pause
+             scene_->editor.findChildren<FitDialog*>()) { // long work waits for a pause
             while (dialog->findChild<QTimer*>()->isActive())
                 QTest::qWait(10);
         }
         QTest::qWait(0);
         if (!QApplication::activeWindow())
-            scene_.owned->activateWindow(); // as a window manager does
-        scene_.canvas.grab();               // a frame may have something to tell
+            scene_->owned->activateWindow(); // as a window manager does
+        scene_->canvas.grab();               // a frame may have something to tell
         QTest::qWait(0);
-        const QMap<QString, QString> now = SessionState(scene_);
+        const QMap<QString, QString> now = SessionState(*scene_);
         const QStringList all = SessionState::changes(last_, now) + std::exchange(heard_, {});
         last_ = now;
-        return all;
+        return all + std::exchange(faults_, {});
+    }
+    /// What is not as it must be when a story ends.
+    void end()
+    {
+        if (openWindow())
+            qFatal("a window is open when its story ends, step %zu", next_);
+        if (scene_->editor.isVisible() && !scene_->showsWhatIsDrawnFromScratch())
+            faults_ += "fault: the canvas is not drawn anew";
+        if (const QString fault = Invariants::fault(scene_->editor); !fault.isEmpty())
+            faults_ += "fault: " + fault;
     }
 
     void perform(const QString& text)
@@ -95,7 +116,7 @@ private:
         const auto deed = deeds.find(words.takeFirst());
         if (deed == deeds.end())
             qFatal("no such step: %s", qPrintable(text));
-        deed->second({*this, scene_.editor, words});
+        deed->second({*this, scene_->editor, words});
     }
 
     /// A place of the plane, or of the canvas behind an @.
@@ -104,7 +125,7 @@ private:
         const bool isPixel = text.startsWith(u'@');
         const double x = text.mid(isPixel).section(u',', 0, 0).toDouble(),
                      y = text.section(u',', 1).toDouble();
-        return isPixel ? QPoint(int(x), int(y)) : scene_.pixel(x, y);
+        return isPixel ? QPoint(int(x), int(y)) : scene_->pixel(x, y);
     }
     static Qt::MouseButton buttonIn(const QStringList& words)
     {
@@ -124,9 +145,9 @@ private:
     {
         const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : buttonIn(words);
         held_ = type == QEvent::MouseButtonRelease ? held_ & ~Qt::MouseButtons(button) : held_ | button;
-        QMouseEvent event(type, place(at), scene_.canvas.mapToGlobal(place(at)), button, held_,
+        QMouseEvent event(type, place(at), scene_->canvas.mapToGlobal(place(at)), button, held_,
                           keysIn(words));
-        QApplication::sendEvent(&scene_.canvas, &event);
+        QApplication::sendEvent(&scene_->canvas, &event);
     }
     /// The places one after the other.
     void drag(const QStringList& words)
@@ -144,13 +165,13 @@ private:
             list && window->inherits("QComboBoxPrivateContainer"))
             return *list;
         QWidget* const focus = window ? window->focusWidget() : QApplication::focusWidget();
-        return focus ? *focus : window ? *window : scene_.canvas;
+        return focus ? *focus : window ? *window : scene_->canvas;
     }
     /// By its object name or its text, in the window in front first.
     QWidget& widget(const QString& name) const
     {
         for (const QWidget* const window :
-             QWidgetList{openWindow(), QApplication::activeWindow(), scene_.owned}) {
+             QWidgetList{openWindow(), QApplication::activeWindow(), scene_->owned}) {
             for (QWidget* const found : window ? window->findChildren<QWidget*>() : QList<QWidget*>()) {
                 if (SessionState::nameOf(*found) == name && found->isVisible())
                     return *found;
@@ -169,6 +190,17 @@ private:
         const QString text = isLetter ? QString(QChar(key.key())) : QString();
         return key.keyboardModifiers().testFlag(Qt::ShiftModifier) ? text : text.toLower();
     }
+    /// Even if the release of a button has gone to somebody else.
+    void hover(const QStringList& words)
+    {
+        held_ = {};
+        mouse(QEvent::MouseMove, words[0], words);
+    }
+    void leave()
+    {
+        QEvent leaving(QEvent::Leave);
+        QApplication::sendEvent(&scene_->canvas, &leaving);
+    }
     void doubleClick(const QStringList& words)
     {
         drag(words);
@@ -177,7 +209,7 @@ private:
     }
     void wheel(const QStringList& words)
     {
-        turnWheel(scene_.canvas, place(words[0]), place(u'@' + words[1]), keysIn(words));
+        turnWheel(scene_->canvas, place(words[0]), place(u'@' + words[1]), keysIn(words));
     }
     static void choose(const QString& text)
     {
@@ -217,14 +249,14 @@ private:
     void clickRow(const QStringList& words)
     {
         const QRect place =
-            scene_.list.visualItemRect(scene_.list.findItems(words[0], Qt::MatchExactly).value(0));
+            scene_->list.visualItemRect(scene_->list.findItems(words[0], Qt::MatchExactly).value(0));
         const auto mark = QStringList{"lock", "hide", "solo"}.indexOf(words.value(1));
-        const int side = scene_.list.iconSize().height() + 4;
+        const int side = scene_->list.iconSize().height() + 4;
         const QPoint at(mark < 0 ? place.left() + 30 : place.right() - int(mark) * side - side / 2,
                         place.center().y());
-        QTest::mouseClick(scene_.list.viewport(), buttonIn(words), keysIn(words), at);
+        QTest::mouseClick(scene_->list.viewport(), buttonIn(words), keysIn(words), at);
         if (words.contains("right"))
-            openContextMenu(*scene_.list.viewport(), at);
+            openContextMenu(*scene_->list.viewport(), at);
     }
     void drop(const QString& name, const QString& text) const
     {
@@ -233,13 +265,13 @@ private:
     }
     void turnTo(const QString& page)
     {
-        QTabWidget& pages = *scene_.editor.tabWidget2;
+        QTabWidget& pages = *scene_->editor.tabWidget2;
         while (pages.tabText(pages.currentIndex()) != page)
             pages.setCurrentIndex((pages.currentIndex() + 1) % pages.count());
     }
     void clickCell(const QStringList& words)
     {
-        auto& table = *scene_.editor.findChild<QTableView*>("pointTable");
+        auto& table = *scene_->editor.findChild<QTableView*>("pointTable");
         const QModelIndex cell = table.model()->index(words[0].toInt(), words[1].toInt());
         table.scrollTo(cell);
         QTest::mouseClick(table.viewport(), Qt::LeftButton, keysIn(words), table.visualRect(cell).center());
@@ -254,10 +286,30 @@ private:
         return QString(text).replace("\\n", "\n").replace("\\t", "\t");
     }
     static void holdFirst(SplineBase& spline) { spline.setPos(spline.modify(0u), 0.0); }
+    static void roundTimes(SplineBase& spline)
+    {
+        for (unsigned i = 0; i < spline.getControlPointsNumber(); ++i)
+            spline.modify(i)->time = std::round(spline[i]->time);
+    }
+    /// Few values and types, whatever is edited.
+    static void limit(const Call& c)
+    {
+        CurveOptions options;
+        options.lowest = -3.1, options.highest = 3.1, options.step = 0.7;
+        options.types = {SplineBase::Bezier, SplineBase::Linear};
+        c.editor.setCurveOptions(c.group, c.curve, options);
+    }
     void writeValue(const QString& name, unsigned index, double value)
     {
-        scene_.curves[name].spline.modify(index)->pos = value;
-        scene_.editor.updateCurves();
+        scene_->curves[name].spline.modify(index)->pos = value;
+        scene_->editor.updateCurves();
+    }
+    static void select(const Call& c)
+    {
+        std::vector<int> points;
+        for (const QString& point : c.words.mid(1))
+            points.push_back(point.toInt());
+        c.editor.selectPoints(c.group, c.curve, points);
     }
     static void edit(const Call& c)
     {
@@ -283,7 +335,7 @@ private:
 
     template <typename... Arguments> void hear(const char* name, void (CurveEditor::*signal)(Arguments...))
     {
-        QObject::connect(&scene_.editor, signal, [this, name](Arguments... arguments) {
+        QObject::connect(&scene_->editor, signal, [this, name](Arguments... arguments) {
             QStringList words{"signal", name};
             (words.append(textOf(arguments)), ...);
             const QString line = words.join(' ');
@@ -332,6 +384,7 @@ private:
             editor.setCurveColor("a", "z", QColor(128, 0, 255));
             QGuiApplication::clipboard()->clear();
             QTest::qWait(0);
+            canvas.grab(); // gives the fields their sizes
         }
         void enterInto(QWidget& field, const QString& text)
         {
@@ -340,10 +393,11 @@ private:
             line.selectAll();
             QTest::keyClicks(&line, text);
         }
-    } scene_;
+    };
+    std::optional<Stage> scene_;
     QTemporaryDir folder_;
     QMap<QString, QString> last_;
-    QStringList heard_;
+    QStringList heard_, faults_;
     QString meanwhile_; ///< the signal at which the host does something, and what
     Qt::MouseButtons held_;
     std::size_t next_ = 0, seen_ = 0;
@@ -358,6 +412,7 @@ Player::Deeds Player::allDeeds()
         deeds[word] = deed;
     };
     at("whole", [](Call c) { c.player.last_.clear(); });
+    at("anew", [](Call c) { c.player.begin(); });
     at("key", [](Call c) { c.player.key(c[0]); });
     at("hold", [](Call c) { c.player.key(c[0], QTest::Press); });
     at("let", [](Call c) { c.player.key(c[0], QTest::Release); });
@@ -369,10 +424,14 @@ Player::Deeds Player::allDeeds()
     at("click", [](Call c) { c.player.drag(c.words); });
     at("drag", [](Call c) { c.player.drag(c.words); });
     at("double", [](Call c) { c.player.doubleClick(c.words); });
+    at("again", [](Call c) { c.player.mouse(QEvent::MouseButtonDblClick, c[0], c.words); });
+    at("hover", [](Call c) { c.player.hover(c.words); });
+    at("leave", [](Call c) { c.player.leave(); });
+    at("menuKey", [](Call c) { openContextMenu(c.player.target(), {}, QContextMenuEvent::Keyboard); });
     at("wheel", [](Call c) { c.player.wheel(c.words); });
     at("trigger", [](Call c) { c.editor.action(c[0])->trigger(); });
     at("choose", [](Call c) { choose(c[0]); });
-    at("type", [](Call c) { c.player.scene_.enterInto(c.player.widget(c[0]), c[1]); });
+    at("type", [](Call c) { c.player.scene_->enterInto(c.player.widget(c[0]), c[1]); });
     at("push", [](Call c) { QTest::mouseClick(&c.player.widget(c[0]), Qt::LeftButton); });
     at("focus", [](Call c) { c.player.widget(c[0]).setFocus(); });
     at("pull", [](Call c) { c.player.pull(c.words); });
@@ -387,7 +446,7 @@ Player::Deeds Player::allDeeds()
     at("meanwhile", [](Call c) { c.player.meanwhile_ = c.words.join(' ').trimmed(); });
     at("undo", [](Call c) { c.editor.undo(); });
     at("redo", [](Call c) { c.editor.redo(); });
-    at("adds", [](Call c) { c.player.scene_.add(c[0]); });
+    at("adds", [](Call c) { c.player.scene_->add(c[0]); });
     at("opens", [](Call c) { c.editor.setEditingNode(c[0]); });
     at("closesAll", [](Call c) { c.editor.cleanSelecteds(); });
     at("removes", [](Call c) { c.editor.removeCurve(c.group, c.curve); });
@@ -396,7 +455,8 @@ Player::Deeds Player::allDeeds()
     at("renamesGroup", [](Call c) { c.editor.renameNode(c[0], c[1]); });
     at("sets", [](Call c) { c.player.setOption(c); });
     at("colors", [](Call c) { c.editor.setCurveColor(c.group, c.curve, QColor(c[1])); });
-    at("selects", [](Call c) { c.editor.selectPoints(c.group, c.curve, {int(c.number(1))}); });
+    at("selects", [](Call c) { c.player.select(c); });
+    at("resets", [](Call c) { c.player.scene_->curves[c[0]].spline.reset(); });
     at("writes", [](Call c) { c.player.writeValue(c[0], c[1].toUInt(), c.number(2)); });
     at("edits", [](Call c) { c.player.edit(c); });
     at("range", [](Call c) { c.editor.setTimeRange(c.number(0), c.number(1)); });
@@ -411,6 +471,8 @@ Player::Deeds Player::allDeeds()
     at("part", [](Call c) { c.editor.setPartShown(EditorPart(c[0].toInt()), c[1] == "on"); });
     at("dark", [](Call c) { c.editor.setTheme(CurveEditorTheme::dark()); });
     at("holdsFirst", [](Call c) { c.editor.setConstraint(c.group, c.curve, &holdFirst); });
+    at("rounds", [](Call c) { c.editor.setConstraint(c.group, c.curve, &roundTimes); });
+    at("steps", [](Call c) { limit(c); });
     at("drops", [](Call c) { c.editor.deleteExpression(c.group, c.curve, nullptr); });
     at("shown", [](Call c) { c.editor.setVisible(c[0] == "on"); });
     return deeds;
