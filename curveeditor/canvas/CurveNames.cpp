@@ -19,7 +19,6 @@ constexpr int leastCanvas = 300;
 constexpr int margin = 6;
 constexpr int padding = 3;
 constexpr std::size_t mostNames = 12;
-constexpr float opacity = 0.8F;
 
 CanvasCurves::Nodes currentFirst(const CanvasCurves& curves)
 {
@@ -28,6 +27,18 @@ CanvasCurves::Nodes currentFirst(const CanvasCurves& curves)
     if (current != shown.end())
         std::rotate(shown.begin(), current, current + 1);
     return shown;
+}
+
+/// On a line of its own colour a name is read by its outline.
+void drawOutlined(QPainter& painter, const QRect& place, const QString& name, const QColor& color,
+                  const QColor& background)
+{
+    painter.setPen(background);
+    for (const QPoint& shift : {QPoint(-1, -1), QPoint(0, -1), QPoint(1, -1), QPoint(-1, 0), QPoint(1, 0),
+                                QPoint(-1, 1), QPoint(0, 1), QPoint(1, 1)})
+        painter.drawText(place.translated(shift), Qt::AlignCenter, name);
+    painter.setPen(color);
+    painter.drawText(place, Qt::AlignCenter, name);
 }
 
 } // namespace
@@ -41,9 +52,11 @@ void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPor
                            .adjusted(0, height, -margin, -height - margin - theme.timeLineGrip);
     if (view.pixelWidth < leastCanvas || !view.canShow())
         return;
-    QColor background = theme.canvas;
-    background.setAlphaF(opacity);
     std::vector<QRect> taken;
+    const auto isFree = [&taken](const QRect& place) {
+        return std::none_of(taken.begin(), taken.end(),
+                            [&place](const QRect& other) { return other.intersects(place); });
+    };
     for (CurveNodeBase* const curve : currentFirst(curves)) {
         if (taken.size() == mostNames)
             return;
@@ -52,15 +65,15 @@ void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPor
             continue;
         const QString name = metrics.elidedText(curve->getName(), Qt::ElideMiddle, room.width() / 2);
         QRect place(0, 0, metrics.horizontalAdvance(name) + 2 * padding, height);
-        place.moveCenter({0, int(row) - height / 2 - padding});
         place.moveRight(room.right());
-        if (std::any_of(taken.begin(), taken.end(),
-                        [&](const QRect& other) { return other.intersects(place); }))
-            continue;
-        taken.push_back(place);
-        painter.fillRect(place, background);
-        painter.setPen(curve->nameColor());
-        painter.drawText(place, Qt::AlignCenter, name);
+        for (const int top : {int(row) - height - padding, int(row) + padding}) { // above its line, or below
+            place.moveTop(std::max(room.top(), std::min(top, room.bottom() - height)));
+            if (!isFree(place))
+                continue;
+            taken.push_back(place);
+            drawOutlined(painter, place, name, curve->nameColor(), theme.canvas);
+            break;
+        }
     }
 }
 

@@ -465,6 +465,11 @@ void CurveEditorDialogBase::fitToFont()
     checkListsEditing->setMinimumWidth(
         qMax(listWidth, names.height() + fewestCharacters * names.horizontalAdvance(QLatin1Char('x'))));
     mainMenu->setMaximumHeight(qMax(menuHeight, mainMenu->sizeHint().height()));
+    widthOfNames_ = 0;
+    for (int row = 0; row < checkListsEditing->topLevelItemCount(); ++row)
+        widthOfNames_ =
+            qMax(widthOfNames_, checkListsEditing->widthFor(checkListsEditing->topLevelItem(row)));
+    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitList);
     alignRows();
     for (QPushButton* const button : {prevNode, nextNode}) {
         const int textWidth = button->fontMetrics().horizontalAdvance(button->text());

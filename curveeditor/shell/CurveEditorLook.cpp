@@ -96,9 +96,10 @@ void CurveEditor::Private::showFieldColors()
     const QColor disabledField = editor.palette().color(QPalette::Active, QPalette::Button);
     for (CustomEditLine* const field : editor.findChildren<CustomEditLine*>())
         field->setColors(shown.field, shown.fieldText, disabledField);
-    // These are never enabled, and there to be read.
+    // These are there to be read: the former three are never enabled, the others follow the mouse where they are not.
     const QColor readable = editor.palette().color(QPalette::Active, QPalette::ButtonText);
-    for (CustomEditLine* const readOut : {funcTimeEdit, funcCursorEdit, funcValueEdit})
+    for (CustomEditLine* const readOut :
+         {funcTimeEdit, funcCursorEdit, funcValueEdit, editor.posX, editor.posY})
         readOut->setColors(shown.field, shown.fieldText, disabledField, readable);
 }
 

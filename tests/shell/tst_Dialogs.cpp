@@ -123,9 +123,11 @@ private Q_SLOTS:
         const QPalette field = editor.posX->palette();
         QVERIFY(field.color(QPalette::Disabled, QPalette::Base) !=
                 field.color(QPalette::Active, QPalette::Base));
-        const QPalette readOut = editor.findChild<CustomEditLine*>("funcTimeEdit")->palette();
-        QVERIFY(contrastOf(readOut.color(QPalette::Disabled, QPalette::Text),
-                           readOut.color(QPalette::Disabled, QPalette::Base)) >= 4.5);
+        for (const char* const readOut : {"funcTimeEdit", "posX", "posY"}) {
+            const QPalette colors = editor.findChild<CustomEditLine*>(readOut)->palette();
+            QVERIFY(contrastOf(colors.color(QPalette::Disabled, QPalette::Text),
+                               colors.color(QPalette::Disabled, QPalette::Base)) >= 4.5);
+        }
     }
 
     void textsAreNotCutOffInAnyFont_data()
