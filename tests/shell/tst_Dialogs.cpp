@@ -124,9 +124,9 @@ private Q_SLOTS:
         QVERIFY(field.color(QPalette::Disabled, QPalette::Base) !=
                 field.color(QPalette::Active, QPalette::Base));
         for (const char* const readOut : {"funcTimeEdit", "posX", "posY"}) {
-            const QPalette colors = editor.findChild<CustomEditLine*>(readOut)->palette();
-            QVERIFY(contrastOf(colors.color(QPalette::Disabled, QPalette::Text),
-                               colors.color(QPalette::Disabled, QPalette::Base)) >= 4.5);
+            const QPalette shown = editor.findChild<CustomEditLine*>(readOut)->palette();
+            QVERIFY(contrastOf(shown.color(QPalette::Disabled, QPalette::Text),
+                               shown.color(QPalette::Disabled, QPalette::Base)) >= 4.5);
         }
     }
 
