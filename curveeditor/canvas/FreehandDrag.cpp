@@ -62,6 +62,12 @@ void FreehandDrag::drawNext()
     canvas_.tell(tr("The next drag draws; Escape forgets it."));
 }
 
+/// Losing the focus forgets it, as it does held keys.
+bool FreehandDrag::isAwaited() const
+{
+    return drawsNext_ && view_.gesture.keys.draw;
+}
+
 bool FreehandDrag::isDrawing() const
 {
     return view_.gesture.kind() == Gesture::Kind::Stroke && trial_;
@@ -153,7 +159,7 @@ bool FreehandDrag::takeRelease(const QMouseEvent& event)
 /// A host in whose window the widget is may use Escape.
 bool FreehandDrag::takeOverride(QKeyEvent& event) const
 {
-    const bool isOurs = (isDrawing() || drawsNext_) && event.key() == Qt::Key_Escape;
+    const bool isOurs = (isDrawing() || isAwaited()) && event.key() == Qt::Key_Escape;
     if (isOurs)
         event.accept();
     return isOurs;
@@ -161,7 +167,7 @@ bool FreehandDrag::takeOverride(QKeyEvent& event) const
 
 bool FreehandDrag::takeEscape()
 {
-    if (isAtWork_ || (!isDrawing() && !drawsNext_))
+    if (isAtWork_ || (!isDrawing() && !isAwaited()))
         return isAtWork_;
     canvas_.cancelGesture();
     canvas_.tell({});

@@ -36,6 +36,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isAwaited() const;
     bool isDrawing() const;
     bool takePress(const QMouseEvent& event);
     bool takeMove(const QMouseEvent& event);
