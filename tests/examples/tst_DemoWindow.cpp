@@ -57,6 +57,10 @@ private Q_SLOTS:
         QCOMPARE(valueAt(*fill, 5.0, fps), 2.0 * valueAt(*twin, 5.0, fps));
         window_->getHost().remove(*twin);
         QCOMPARE(valueAt(*fill, 5.0, fps), 0.0);
+        for (const auto& [text, bound] : {std::pair("1e9", fill->maxValue), {"-1e9", fill->minValue}}) {
+            QVERIFY(store_->setExpression(*fill, text));
+            QCOMPARE(valueAt(*fill, 5.0, fps), double(bound));
+        }
     }
 
     void squaresAreAsTheirLinesAndCanBeToldApart()

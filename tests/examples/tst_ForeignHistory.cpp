@@ -102,6 +102,7 @@ private Q_SLOTS:
         QVERIFY(s.window.nodes()[0].shape == Node::Shape::Linear && s.isTidy());
         s.window.toggleHold();
         QVERIFY(s.window.nodes()[0].shape == Node::Shape::Hold && s.isTidy());
+        QCOMPARE(s.window.history().next(), "Hold");
         const std::vector<Node> before = s.window.nodes();
         SplineState state;
         state.points = pointsOf(before);

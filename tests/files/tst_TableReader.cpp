@@ -146,6 +146,7 @@ private Q_SLOTS:
         row("open quotation", "t,\"a\n0,1\n", "1: a quotation mark has no partner");
         row("lost row", "num_lambdas 2\n0 1\n", "2: the head announces 2 rows, but there are 1");
         row("lost curve", "num_curves 2\n0 1\n", "2: the head announces 2 curves, but there are 1");
+        row("part of a row", "num_lambdas 1.5\n0 1\n", "1: '1.5' is no number");
         row("no count", "num_curves nan\n0 1\n", "1: 'nan' is no number");
         row("binary", QByteArray("\x89PNG \0\x01\n", 8), "1: the table has no rows");
         row("endless line", QByteArray(20 << 20, '7'), "1: the line is longer than 16 MiB");

@@ -604,6 +604,7 @@ private Q_SLOTS:
         host.add("g.both", "g.a+100g.b"); // reads g.b as g.a found it
         outside.set("g.both");
         QCOMPARE(readAt(*outside.holder, 1.0), 11.0 + 1000.0);
+        QVERIFY(!CurveSnapshot::of(*outside.holder, 25.0, CurveVariables())); // reads none of those
         const double time = 1.0;
         const BlockReading reading(&time, 25.0, 1);
         double value = 0.0;

@@ -139,6 +139,19 @@ private:
         for (const int x : {110, 230, 350}) // where no number of the grid stands
             add(QString("canvas column %1").arg(x), runs(picture, {x, 25}, {0, 1}, 245));
         add("canvas row 40", runs(picture, {60, 40}, {1, 0}, 370));
+        std::map<QRgb, int> counts; // of what is no text
+        for (int y = 25; y < 270; ++y) {
+            const QRgb* const line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+            for (int x = 60, start = x; x < 370; start = x) {
+                while (x < 370 && line[x] == line[start])
+                    ++x;
+                counts[line[start]] += x - start;
+            }
+        }
+        QStringList colors;
+        for (const auto& [color, count] : counts)
+            colors += QColor(color).name().mid(1) + u' ' + QString::number(count);
+        add("canvas colours", colors.size() < 30 ? colors.join(", ") : "many");
     }
 
     /// The colours on the way but the grid's, each with the first and the last of its pixels.

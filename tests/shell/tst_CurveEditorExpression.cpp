@@ -54,8 +54,9 @@ private Q_SLOTS:
         fixture->editor.setEditingNode("c.z");
         QVERIFY(line().text().size() == 16384 && line().text().endsWith(u'\u2026'));
         const QString shown = line().text();
-        QVERIFY(line().cursorPosition() == 0 && line().toolTip().contains("too long"));
+        QVERIFY(line().cursorPosition() == 0);
         QTest::keyClicks(&line(), "7\r");
+        QVERIFY(line().toolTip().contains("too long"));
         const auto isRefused = [this](const QString& button) {
             fixture->menu(button)->actions().first()->trigger();
             return closeBox().contains("16384");

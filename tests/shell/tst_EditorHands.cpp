@@ -10,12 +10,6 @@ Deed wheel(const QPoint& delta, Qt::KeyboardModifiers keys = {}, Qt::ScrollPhase
     };
 }
 
-void drag(Scene& s, Qt::MouseButton button)
-{
-    s.mouse(QEvent::MouseButtonPress, {200, 200}, button).mouse(QEvent::MouseMove, {230, 180}, button);
-    s.mouse(QEvent::MouseButtonRelease, {230, 180}, button);
-}
-
 /// Notes whether anybody has looked at it.
 struct WatchedClip : QMimeData
 {
@@ -49,22 +43,6 @@ private Q_SLOTS:
                                       mouse, mouse, s.canvas.mapToGlobal(mouse), 0.5, {});
             QApplication::sendEvent(&s.canvas, &event);
         });
-        row("middle on a point, then with a selection", false, false, true, [](Scene& s) {
-            QTest::mouseClick(&s.canvas, Qt::MiddleButton, {}, s.pixel(5.0, 1.0));
-            drag(s, Qt::MiddleButton);
-        });
-        row("Space", true, true, false, [](Scene& s) {
-            QTest::keyPress(&s.canvas, Qt::Key_Space);
-            drag(s, Qt::LeftButton);
-            QTest::keyRelease(&s.canvas, Qt::Key_Space);
-            QVERIFY(!s.canvas.bandActive);
-        });
-        row("Space that went elsewhere", false, false, true, [](Scene& s) {
-            QTest::keyPress(&s.canvas, Qt::Key_Space);
-            s.editor.commandLine->setFocus();
-            drag(s, Qt::LeftButton);
-        });
-        row("keypad", true, true, false, [](Scene& s) { s.key(Qt::Key_Home, Qt::KeypadModifier); });
     }
     void viewFollowsTheHand()
     {

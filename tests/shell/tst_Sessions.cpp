@@ -184,6 +184,15 @@ private:
         const QKeyCombination one = QKeySequence(keys)[0];
         QTest::sendKeyEvent(action, &target(), one.key(), textOf(one), one.keyboardModifiers());
     }
+    /// As a key that stays down does.
+    void repeat(const QString& keys)
+    {
+        const QKeyCombination one = QKeySequence(keys)[0];
+        for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+            QKeyEvent event(type, one.key(), one.keyboardModifiers(), textOf(one), true);
+            QApplication::sendEvent(&target(), &event);
+        }
+    }
     static QString textOf(QKeyCombination key)
     {
         const bool isLetter = key.key() < 128 && !key.keyboardModifiers().testFlag(Qt::ControlModifier);
@@ -210,6 +219,13 @@ private:
     void wheel(const QStringList& words)
     {
         turnWheel(scene_->canvas, place(words[0]), place(u'@' + words[1]), keysIn(words));
+    }
+    /// By two fingers on a touch pad.
+    void scroll(const QStringList& words)
+    {
+        QWheelEvent event(place(words[0]), scene_->canvas.mapToGlobal(place(words[0])),
+                          place(u'@' + words[1]), {0, 8}, {}, keysIn(words), Qt::ScrollUpdate, false);
+        QApplication::sendEvent(&scene_->canvas, &event);
     }
     static void choose(const QString& text)
     {
@@ -254,7 +270,12 @@ private:
         const int side = scene_->list.iconSize().height() + 4;
         const QPoint at(mark < 0 ? place.left() + 30 : place.right() - int(mark) * side - side / 2,
                         place.center().y());
+        QHelpEvent help(QEvent::ToolTip, at, scene_->list.viewport()->mapToGlobal(at));
+        if (words.contains("help"))
+            return void(QApplication::sendEvent(scene_->list.viewport(), &help));
         QTest::mouseClick(scene_->list.viewport(), buttonIn(words), keysIn(words), at);
+        if (words.contains("twice"))
+            QTest::mouseDClick(scene_->list.viewport(), buttonIn(words), keysIn(words), at);
         if (words.contains("right"))
             openContextMenu(*scene_->list.viewport(), at);
     }
@@ -416,6 +437,7 @@ Player::Deeds Player::allDeeds()
     at("key", [](Call c) { c.player.key(c[0]); });
     at("hold", [](Call c) { c.player.key(c[0], QTest::Press); });
     at("let", [](Call c) { c.player.key(c[0], QTest::Release); });
+    at("repeat", [](Call c) { c.player.repeat(c[0]); });
     at("letters", [](Call c) { c.player.type(c[0]); });
     at("insert", [](Call c) { static_cast<QLineEdit&>(c.player.target()).insert(c[0]); });
     at("press", [](Call c) { c.player.mouse(QEvent::MouseButtonPress, c[0], c.words); });
@@ -429,6 +451,7 @@ Player::Deeds Player::allDeeds()
     at("leave", [](Call c) { c.player.leave(); });
     at("menuKey", [](Call c) { openContextMenu(c.player.target(), {}, QContextMenuEvent::Keyboard); });
     at("wheel", [](Call c) { c.player.wheel(c.words); });
+    at("scroll", [](Call c) { c.player.scroll(c.words); });
     at("trigger", [](Call c) { c.editor.action(c[0])->trigger(); });
     at("choose", [](Call c) { choose(c[0]); });
     at("type", [](Call c) { c.player.scene_->enterInto(c.player.widget(c[0]), c[1]); });
@@ -516,7 +539,7 @@ private Q_SLOTS:
         }
         file.close();
         QStringList faults;
-        Player().play(steps, [&](Step& step, const QStringList& changes) {
+        Player().play(steps, [&, path = path](Step& step, const QStringList& changes) {
             if (isRecording)
                 step.expected = changes;
             if (step.expected == changes)
