@@ -3,6 +3,7 @@
 
 #include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/DevicePixels.h>
+#include <curveeditor/canvas/OutlinedText.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/Truncate.h>
 
@@ -26,8 +27,7 @@ constexpr int leastFineDistance = 10;
 constexpr int labelGap = 4;    // between a line and its number
 constexpr int labelMargin = 5; // between an edge of the canvas and the numbers along it
 constexpr int lastColumnWithoutLabel = 12;
-constexpr int labelPadding = 3; // of the background of a label
-constexpr float labelOpacity = 0.8F;
+constexpr int labelPadding = 3;
 
 struct Axis
 {
@@ -346,41 +346,31 @@ void CanvasGrid::drawLabels(QPainter* painter, const CurveEditorTheme& theme) co
     }
 }
 
-/// Each in the middle of its line, those of times above the grip, and those of values above these.
+/// Each in the middle of its line, those of times above the grip, and those of values where these leave them room.
 void CanvasGrid::drawSpacedLabels(QPainter* painter, const CurveEditorTheme& theme) const
 {
-    painter->setPen(theme.labels);
     painter->setFont(labelFont(theme));
     painter->setBackgroundMode(Qt::TransparentMode);
     const QFontMetrics metrics = painter->fontMetrics();
-    QColor background = theme.canvas;
-    background.setAlphaF(labelOpacity);
     QRect room(QPoint(), widget->size());
     room.adjust(labelMargin, labelMargin / 2, -labelMargin, -labelMargin / 2 - theme.timeLineGrip);
-    const auto drawLabel = [&](const QPoint& center, const QString& text, const QRect& free) {
+    std::vector<QRect> taken;
+    const auto drawLabel = [&](const QPoint& center, const QString& text) {
         QRect rect(0, 0, metrics.horizontalAdvance(text) + 2 * labelPadding, metrics.height());
         rect.moveCenter(center);
         rect.moveLeft(std::max(rect.left(), room.left() - labelPadding));
-        if (!free.contains(rect.adjusted(labelPadding, 0, -labelPadding, 0)))
-            return QRect();
-        painter->fillRect(rect, background);
-        painter->drawText(rect.left() + labelPadding, rect.top() + metrics.ascent(), text);
-        return rect;
+        const QRect spaced = rect.adjusted(-labelMargin, 0, labelMargin, 0);
+        const bool isFree = std::none_of(taken.begin(), taken.end(),
+                                         [&](const QRect& other) { return other.intersects(spaced); });
+        if (!isFree || !room.contains(rect.adjusted(labelPadding, 0, -labelPadding, 0)))
+            return;
+        taken.push_back(rect);
+        drawOutlined(*painter, rect, text, theme.labels, theme.canvas);
     };
-    QRect free = room;
-    for (int i = 0; i < countX; ++i) {
-        const QPoint center(startOf(lines, i).x(), room.bottom() - metrics.height() / 2);
-        const QRect drawn = drawLabel(center, timeLabels_.at(i), free);
-        if (!drawn.isEmpty())
-            free.setLeft(drawn.right() + labelMargin);
-    }
-    free = room.adjusted(0, 0, 0, -metrics.height() - labelMargin);
-    for (int j = 0; j < countY; ++j) {
-        const QPoint center(0, startOf(lines, countX + j).y());
-        const QRect drawn = drawLabel(center, valueLabels_.at(j), free);
-        if (!drawn.isEmpty())
-            free.setBottom(drawn.top() - 1);
-    }
+    for (int i = 0; i < countX; ++i)
+        drawLabel({startOf(lines, i).x(), room.bottom() - metrics.height() / 2}, timeLabels_.at(i));
+    for (int j = 0; j < countY; ++j)
+        drawLabel({0, startOf(lines, countX + j).y()}, valueLabels_.at(j));
 }
 
 void CanvasGrid::drawGrip(QPainter* painter, const CurveEditorTheme& theme) const

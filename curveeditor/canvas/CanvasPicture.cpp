@@ -103,7 +103,7 @@ QString CanvasPicture::hint() const
     if (isBare)
         return tr("Double-click to add a point");
     return !current.empty() && isOutOfReach(*current.front()->getSpline())
-               ? tr("All points of this curve lie outside the range that is shown")
+               ? tr("All points of this curve lie outside the range that is set under \"Options\"")
                : QString();
 }
 

@@ -4,21 +4,25 @@
 #include <curveeditor/canvas/CanvasCurves.h>
 #include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
+#include <curveeditor/canvas/OutlinedText.h>
 #include <curveeditor/canvas/ViewPort.h>
 
+#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace curveeditor {
 
 namespace {
 
-constexpr int leastCanvas = 300;
+constexpr int leastCanvas = 240;
 constexpr int margin = 6;
 constexpr int padding = 3;
 constexpr std::size_t mostNames = 12;
+constexpr int mostEnds = 4; // that are tried from the right on
 
 CanvasCurves::Nodes currentFirst(const CanvasCurves& curves)
 {
@@ -29,51 +33,74 @@ CanvasCurves::Nodes currentFirst(const CanvasCurves& curves)
     return shown;
 }
 
-/// On a line of its own colour a name is read by its outline.
-void drawOutlined(QPainter& painter, const QRect& place, const QString& name, const QColor& color,
-                  const QColor& background)
+/// Where names stand: above the right end of their line, below it, or further left where others stand there.
+class Places
 {
-    painter.setPen(background);
-    for (const QPoint& shift : {QPoint(-1, -1), QPoint(0, -1), QPoint(1, -1), QPoint(-1, 0), QPoint(1, 0),
-                                QPoint(-1, 1), QPoint(0, 1), QPoint(1, 1)})
-        painter.drawText(place.translated(shift), Qt::AlignCenter, name);
-    painter.setPen(color);
-    painter.drawText(place, Qt::AlignCenter, name);
-}
+public:
+    Places(const QFontMetrics& metrics, const ViewPort& view, const CurveEditorTheme& theme)
+        : metrics_(metrics), view_(view), leastLeft_(3 * metrics.height())
+    {
+        room_ = QRect(0, 0, view.pixelWidth, view.pixelHeight)
+                    .adjusted(0, metrics.height(), -margin, -metrics.height() - margin - theme.timeLineGrip);
+    }
+    std::size_t count() const { return taken_.size(); }
+    QString shortened(const QString& name) const
+    {
+        return metrics_.elidedText(name, Qt::ElideMiddle, room_.width() / 2);
+    }
+    std::optional<QRect> take(const CurveNodeBase& curve, const QString& name)
+    {
+        QRect place(0, 0, metrics_.horizontalAdvance(name) + 2 * padding, metrics_.height());
+        for (int end = 0; end < mostEnds; ++end) {
+            place.moveRight(room_.right() - end * room_.width() / (mostEnds + 1));
+            if (end != 0 && place.left() < leastLeft_)
+                break;
+            const double row = rowAt(curve, end == 0 ? view_.pixelWidth : place.center().x());
+            if (!(row >= 0.0 && row <= view_.pixelHeight))
+                continue;
+            for (const int top : {int(row) - place.height() - padding, int(row) + padding}) {
+                place.moveTop(std::max(room_.top(), std::min(top, room_.bottom() - place.height())));
+                if (isFree(place)) {
+                    taken_.push_back(place);
+                    return place;
+                }
+            }
+        }
+        return std::nullopt;
+    }
+
+private:
+    double rowAt(const CurveNodeBase& curve, int column) const
+    {
+        return curve.mapping().row(curve.getClampedValue(view_.mapping().timeAt(column)));
+    }
+    bool isFree(const QRect& place) const
+    {
+        return std::none_of(taken_.begin(), taken_.end(),
+                            [&place](const QRect& other) { return other.intersects(place); });
+    }
+
+    QFontMetrics metrics_;
+    const ViewPort& view_;
+    QRect room_;
+    int leastLeft_; ///< right of the numbers along the left edge, mostly
+    std::vector<QRect> taken_;
+};
 
 } // namespace
 
 void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPort& view,
                     const CurveEditorTheme& theme)
 {
-    const QFontMetrics metrics = painter.fontMetrics();
-    const int height = metrics.height();
-    const QRect room = QRect(0, 0, view.pixelWidth, view.pixelHeight)
-                           .adjusted(0, height, -margin, -height - margin - theme.timeLineGrip);
     if (view.pixelWidth < leastCanvas || !view.canShow())
         return;
-    std::vector<QRect> taken;
-    const auto isFree = [&taken](const QRect& place) {
-        return std::none_of(taken.begin(), taken.end(),
-                            [&place](const QRect& other) { return other.intersects(place); });
-    };
+    Places places(painter.fontMetrics(), view, theme);
     for (CurveNodeBase* const curve : currentFirst(curves)) {
-        if (taken.size() == mostNames)
+        if (places.count() == mostNames)
             return;
-        const double row = curve->mapping().row(curve->getClampedValue(view.timeMax));
-        if (!(row >= 0.0 && row <= view.pixelHeight))
-            continue;
-        const QString name = metrics.elidedText(curve->getName(), Qt::ElideMiddle, room.width() / 2);
-        QRect place(0, 0, metrics.horizontalAdvance(name) + 2 * padding, height);
-        place.moveRight(room.right());
-        for (const int top : {int(row) - height - padding, int(row) + padding}) { // above its line, or below
-            place.moveTop(std::max(room.top(), std::min(top, room.bottom() - height)));
-            if (!isFree(place))
-                continue;
-            taken.push_back(place);
-            drawOutlined(painter, place, name, curve->nameColor(), theme.canvas);
-            break;
-        }
+        const QString name = places.shortened(curve->getName());
+        if (const std::optional<QRect> place = places.take(*curve, name))
+            drawOutlined(painter, *place, name, curve->nameColor(), theme.canvas);
     }
 }
 

@@ -32,6 +32,7 @@ public:
     }
     static QString comma() { return tr("Decimal comma"); }
     static QString point() { return tr("Decimal point"); }
+    static QString cancel() { return tr("Cancel"); }
 
 private:
     static QString reading(const QString& title, TableReader&& reader, std::size_t firstLine)
@@ -73,7 +74,7 @@ std::optional<TableReader::Decimal> askForDecimal(QWidget* parent, const QString
     box->setTextFormat(Qt::PlainText);
     const QAbstractButton* const comma = box->addButton(DecimalQuestion::comma(), QMessageBox::AcceptRole);
     const QAbstractButton* const point = box->addButton(DecimalQuestion::point(), QMessageBox::AcceptRole);
-    box->setDefaultButton(box->addButton(QMessageBox::Cancel));
+    box->setDefaultButton(box->addButton(DecimalQuestion::cancel(), QMessageBox::RejectRole));
     makeRoomForTitle(*box);
     if (!box.answer())
         return std::nullopt;

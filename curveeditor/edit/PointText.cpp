@@ -160,7 +160,7 @@ bool PointText::Reader::readHead()
 bool PointText::Reader::readRow()
 {
     if (table_.fields().size() != columns_.size())
-        return fail(tr("Not %2 but %1 numbers.").arg(table_.fields().size()).arg(columns_.size()));
+        return fail(tr("Numbers expected: %2, found: %1.").arg(table_.fields().size()).arg(columns_.size()));
     if (result_.points.size() == std::size_t(maximumRows))
         return fail(tr("More than %1 points.").arg(maximumRows));
     PointInfo point;
@@ -211,9 +211,9 @@ QString PointText::Reader::faultText() const
         return tr("\"%1\" can be read in two ways.").arg(shown(fault.field));
     case Kind::FieldCount:
     case Kind::CurveCount:
-        return tr("Not %2 but %1 numbers.").arg(fault.count).arg(fault.expected);
+        return tr("Numbers expected: %2, found: %1.").arg(fault.count).arg(fault.expected);
     case Kind::RowCount:
-        return tr("Not %2 but %1 rows.").arg(fault.count).arg(fault.expected);
+        return tr("Rows expected: %2, found: %1.").arg(fault.count).arg(fault.expected);
     case Kind::Quotation:
         return tr("A quotation mark has no partner.");
     case Kind::LongLine:

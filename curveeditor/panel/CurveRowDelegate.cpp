@@ -14,6 +14,7 @@ namespace {
 constexpr QColor outline(128, 128, 128); // so that a curve in the colour of the list has its square too
 constexpr int gap = 3;                   // beside a mark
 constexpr double paleness = 0.45;        // of marks that are off
+constexpr double shareOfUnseen = 0.6;    // of the colour of texts, in names of locked and hidden curves
 
 void drawPadlock(QPainter& painter, const QRectF& place, const QColor& color, const QColor& edge)
 {
@@ -154,7 +155,9 @@ void CurveRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
     const bool isLocked = stateOf(row.data(roleOf(CurveMark::Lock))).isOn;
     option->font.setItalic(isLocked);
     if (isLocked || row.data(unseenRole).toBool())
-        option->palette.setBrush(QPalette::Text, option->palette.brush(QPalette::Disabled, QPalette::Text));
+        option->palette.setColor(QPalette::Text,
+                                 mixedColor(option->palette.color(QPalette::Text),
+                                            option->palette.color(QPalette::Base), shareOfUnseen));
     const QPixmap square = squareOf(color, isLocked, row.data(formulaRole).toBool(), option->decorationSize,
                                     option->widget->devicePixelRatioF());
     option->icon = QIcon(square);

@@ -21,7 +21,7 @@ constexpr int armLength = 2;
 constexpr int borderPixels = 5;
 constexpr double heightShare = double(0.7f);
 constexpr QColor backgroundColor(192, 192, 192);
-constexpr QSize smallestPicture(48, 48);
+constexpr QSize smallestPicture(36, 48);
 
 void drawCross(QPainter& painter, const QPoint& center, int thickness, const QColor& color)
 {
@@ -72,9 +72,9 @@ void TcbCurveFrame::setLine(double width)
     update();
 }
 
-void TcbCurveFrame::setEmpty(bool isEmpty)
+void TcbCurveFrame::setMissing(Missing what)
 {
-    isEmpty_ = isEmpty;
+    missing_ = what;
     update();
 }
 
@@ -88,8 +88,11 @@ QPointF TcbCurveFrame::place(double time) const
 void TcbCurveFrame::paintEvent(QPaintEvent* event)
 {
     QFrame::paintEvent(event);
-    if (isEmpty_ && lineWidth_ > 0.0)
-        return drawEmptyText(*this, tr("Select a point to edit its numbers"), curveColor_);
+    if (missing_ != Missing::Nothing && lineWidth_ > 0.0)
+        return drawEmptyText(*this,
+                             missing_ == Missing::Point ? tr("Select one point to edit its numbers")
+                                                        : tr("Open a curve with points to edit them here"),
+                             curveColor_);
     QPainter painter(this);
     if (lineWidth_ > 0.0)
         drawLine(painter);

@@ -20,8 +20,9 @@ public:
     void setColors(const QColor& background, const QColor& curve, const QColor& middle);
     /// An antialiased line of that width in logical pixels with a point in the middle; 0 for crosses.
     void setLine(double width);
-    /// No point is shown: where there is a line, a text says what to do instead.
-    void setEmpty(bool isEmpty);
+    /// What there must be for a point to be shown. Where there is a line, a text says so instead.
+    enum class Missing { Nothing, Point, Curve };
+    void setMissing(Missing what);
 
     /// Gives the top of the hump the tension, continuity, bias, eases, tangents and type of `point`, but not
     /// its time and value. Does not repaint.
@@ -37,7 +38,7 @@ private:
 
     SplineBase previewSpline_;
     double lineWidth_ = 0.0;
-    bool isEmpty_ = true;
+    Missing missing_ = Missing::Curve;
     QColor curveColor_;
     QColor middleColor_;
 };

@@ -144,14 +144,20 @@ void TcbEditorForm::clearLostPoint(const ControlSplineNode* control)
 {
     const bool isOneOfMany = control && control == currentControl_ && !control->hasSingleSelection() &&
                              control->selection().contains(shownPoint_);
-    if (shownPoint_ == 0 || isOneOfMany)
+    if (isOneOfMany)
         return;
+    if (shownPoint_ != 0)
+        clearFields();
+    widgets_.tcbCurve->setMissing(control ? TcbCurveFrame::Missing::Point : TcbCurveFrame::Missing::Curve);
+}
+
+void TcbEditorForm::clearFields()
+{
     shownPoint_ = 0;
     widgets_.node->setText(QString());
     for (const Row& row : Row::all)
         (widgets_.*row.widget)->setText(QString());
     showPreview(SplineBase::PointInfo());
-    widgets_.tcbCurve->setEmpty(true);
 }
 
 void TcbEditorForm::enableFields()
@@ -352,7 +358,7 @@ void TcbEditorForm::showNodeIndex(int index)
 void TcbEditorForm::showPreview(const SplineBase::PointInfo& point)
 {
     widgets_.tcbCurve->setFromPoint(&point);
-    widgets_.tcbCurve->setEmpty(false);
+    widgets_.tcbCurve->setMissing(TcbCurveFrame::Missing::Nothing);
 }
 
 #include "moc_TcbEditorForm.cpp"

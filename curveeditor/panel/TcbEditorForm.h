@@ -89,6 +89,7 @@ private:
     void showCurrentPoint(ControlSplineNode& control, int index);
     void selectPoint(ControlSplineNode& control, int index);
     void offerTypes(const EditedCurve& curve);
+    void clearFields();
     void clearLostPoint(const ControlSplineNode* control);
     void setFieldsEnabled(bool enabled);
     void showNodeIndex(int index);

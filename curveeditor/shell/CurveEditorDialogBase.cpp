@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/shell/CurveEditorDialogBase.h>
 
-#include <curveeditor/edit/PointTypeTexts.h>
 #include <curveeditor/panel/CustomEditLine.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/EditingListPanel.h>
@@ -11,11 +10,9 @@
 #include <curveeditor/shell/PageArea.h>
 #include <curveeditor/shell/PlainToolBar.h>
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -25,8 +22,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolButton>
-
-#include <utility>
+#include <QWheelEvent>
 
 using namespace curveeditor;
 
@@ -36,14 +32,13 @@ constexpr QSize initialSize(844, 550);
 constexpr QSize canvasAtFirst(550, 300);
 constexpr QSize leastCanvas(150, 80);
 constexpr int listWidth = 150;
-constexpr int fewestCharacters = 13; // of a name in the list, before it is shortened
 constexpr int menuHeight = 30;
 constexpr int fieldHeight = 20;
 constexpr int leastFormulaWidth = 150;
 constexpr int stepButtonWidth = 20;
 constexpr int stepButtonMargin = 6;
-constexpr QChar leftToRightMark(0x200E);
-constexpr int columnSpace = 11; // as the margins
+constexpr int columnSpace = 11; // as the margins ...
+constexpr int narrowMargin = 4; // ... but at the sides of a narrow page
 
 void setLabel(QLabel* label, QSizePolicy::Policy horizontal, QSizePolicy::Policy vertical,
               Qt::CursorShape cursor, Qt::Alignment side)
@@ -79,9 +74,22 @@ QPushButton* stepButton(const char* name, QWidget* parent)
     return button;
 }
 
+/// Lets the wheel scroll the page, unless it has the focus.
+class ChoiceCombo : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        return hasFocus() ? QComboBox::wheelEvent(event) : event->ignore();
+    }
+};
+
 QComboBox* choiceCombo(const char* name, QWidget* parent)
 {
-    auto* combo = named<QComboBox>(name, parent);
+    auto* combo = named<ChoiceCombo>(name, parent);
     combo->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     combo->setCursor(Qt::ArrowCursor);
     combo->setFocusPolicy(Qt::StrongFocus); // not by the wheel
@@ -113,21 +121,6 @@ void endRows(QGridLayout* grid)
     if (grid->parent()->isWidgetType())
         grid->setContentsMargins(0, 0, 0, 0);
     grid->setRowStretch(grid->rowCount(), 1);
-}
-
-void setHelp(QWidget* widget, const QString& help)
-{
-    widget->setToolTip(help);
-    widget->setWhatsThis(help);
-}
-
-void setItems(QComboBox* combo, const QStringList& items)
-{
-    const int index = combo->currentIndex();
-    combo->clear();
-    combo->addItems(items);
-    combo->setCurrentIndex(index < 0 ? 0 : index);
-    fitToItems(combo);
 }
 
 } // namespace
@@ -183,6 +176,7 @@ void CurveEditorDialogBase::buildMenuAndSplitters()
     splitter11->setCollapsible(splitter11->indexOf(listPanel), false);
     splitter11->setSizes({listWidth, initialSize.width() - listWidth});
     connect(splitter11, &QSplitter::splitterMoved, this, [this] { hasUsersListWidth = true; });
+    connect(splitter10, &QSplitter::splitterMoved, this, [this] { hasUsersPageHeight = true; });
     // The canvas takes all the room that the list and the pages don't need.
     splitter11->setStretchFactor(splitter11->indexOf(splitter10), 1);
     splitter10->setStretchFactor(splitter10->indexOf(functionView), 1);
@@ -197,7 +191,18 @@ void CurveEditorDialogBase::buildNodePage()
     buildParameterFrame();
     tabLayout->setStretchFactor(frame10, 1);
     tabLayout->setSpacing(columnSpace);
+    connect(area, &PageArea::widthChanged, this, &CurveEditorDialogBase::stackFrames);
     tabWidget2->addTab(tab, QString());
+}
+
+/// Side by side, or one below the other where the page is too narrow.
+void CurveEditorDialogBase::stackFrames(int pageWidth)
+{
+    const int needed = frame11->minimumSizeHint().width() + frame10->minimumSizeHint().width();
+    const bool isNarrow = pageWidth < needed + 3 * columnSpace;
+    const int margin = isNarrow ? narrowMargin : columnSpace;
+    tabLayout->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    tabLayout->setContentsMargins(margin, columnSpace, margin, columnSpace);
 }
 
 void CurveEditorDialogBase::buildPositionFrame()
@@ -229,17 +234,6 @@ void CurveEditorDialogBase::buildPositionFrame()
     frame11Layout->addWidget(line1);
     buildBehaviours();
     frame11Layout->setSpacing(columnSpace);
-}
-
-/// Time runs to the right in every language, so the button that goes there stands at the right, and points there, where Qt
-/// would mirror both.
-void CurveEditorDialogBase::showStepButtons()
-{
-    const QString mark = QGuiApplication::isRightToLeft() ? QString(leftToRightMark) : QString();
-    prevNode->setText(mark + tr("<<") + mark);
-    nextNode->setText(mark + tr(">>") + mark);
-    layout13->insertWidget(0, isRightToLeft() ? nextNode : prevNode);
-    layout13->insertWidget(1, isRightToLeft() ? prevNode : nextNode);
 }
 
 void CurveEditorDialogBase::buildBehaviours()
@@ -379,41 +373,6 @@ void CurveEditorDialogBase::orderTabs()
     }
 }
 
-void CurveEditorDialogBase::languageChange()
-{
-    setWindowTitle(tr("Curve Editor"));
-    checkListsEditing->setToolTip(tr("Selected variables"));
-    checkListsEditing->setWhatsThis(tr("Here you can select the variables to be edited as curves"));
-    showStepButtons();
-    setHelp(prevNode, tr("Select previous node"));
-    setHelp(nextNode, tr("Select next node"));
-    explainFields();
-    textLabel1->setText(tr("Time:"));
-    textLabel2->setText(tr("Value:"));
-    textLabel1_2->setText(tr("Pre-behaviour:"));
-    setItems(nodeFirst, {tr("Zero"), tr("Constant")});
-    textLabel1_2_2->setText(tr("Post-behaviour:"));
-    setItems(nodeLast, {tr("Zero"), tr("Constant"), tr("Loop"), tr("Loop offset"), tr("Follow Tangent")});
-    textLabel1_2_3_2_2->setText(tr("Ease From:"));
-    textLabel1_2_3_2->setText(tr("Ease To:"));
-    setItems(nodeTypeCombo, PointTypeTexts::nodes());
-    textTension->setText(tr("Tension:"));
-    textContinuity->setText(tr("Continuity:"));
-    textBias->setText(tr("Bias:"));
-    textIncoming->setText(tr("Incoming:"));
-    textOutcoming->setText(tr("Outgoing:"));
-    tab->setWindowTitle(tr("Envelope"));
-    commandLine->setPlaceholderText(tr("Type a formula of t and press Return"));
-    commandLine->setToolTip(tr("Here appears the expression"));
-    commandLine->setWhatsThis(tr("This's the expression parsed"));
-    deleteCurve->setText(tr("Delete Expression"));
-    tab_2->setWindowTitle(tr("Expresion"));
-    for (int page = 0; page < tabWidget2->count(); ++page)
-        tabWidget2->setTabText(page, tabWidget2->widget(page)->windowTitle());
-    nameForAssistiveTools();
-    fitToFont();
-}
-
 void CurveEditorDialogBase::setLeastSize(const QSize& size)
 {
     const QMargins margins = CurveEditorDialogBaseLayout->contentsMargins();
@@ -440,36 +399,55 @@ void CurveEditorDialogBase::fitList()
         splitter11->setSizes({wanted, room - wanted}); // or as narrow as the list can be
 }
 
+/// The pages are whole, up to half of the height; the canvas has the rest.
+void CurveEditorDialogBase::fitPages()
+{
+    if (hasUsersPageHeight || tabWidget2->isHidden())
+        return;
+    const QList<int> sizes = splitter10->sizes();
+    const int room = sizes.front() + sizes.back();
+    const auto& nodePage = static_cast<const PageArea&>(*tab);
+    const int frame = tabWidget2->height() - tabWidget2->currentWidget()->height();
+    const int wanted = qMin(frame + nodePage.wholeHeight(), room / 2);
+    if (wanted > 0)
+        splitter10->setSizes({room - wanted, wanted});
+}
+
+void CurveEditorDialogBase::fitAll()
+{
+    fitList();
+    fitPages();
+}
+
 void CurveEditorDialogBase::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
-    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitList); // when all parts have their room
+    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitAll); // when all parts have their room
 }
 
 void CurveEditorDialogBase::resizeEvent(QResizeEvent* event)
 {
     QDialog::resizeEvent(event);
-    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitList);
+    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitAll);
 }
 
 void CurveEditorDialogBase::setCrowded(bool isCrowded)
 {
     functionView->setMinimumSize(isCrowded ? leastCanvas : canvasAtFirst);
+    stackFrames(isCrowded ? static_cast<const PageArea*>(tab)->viewport()->width() : QWIDGETSIZE_MAX);
     for (PageArea* const page : findChildren<PageArea*>())
         page->setScrolls(isCrowded);
 }
 
 void CurveEditorDialogBase::fitToFont()
 {
-    const QFontMetrics names(checkListsEditing->fontMetrics());
-    checkListsEditing->setMinimumWidth(
-        qMax(listWidth, names.height() + fewestCharacters * names.horizontalAdvance(QLatin1Char('x'))));
+    checkListsEditing->setMinimumWidth(listWidth);
     mainMenu->setMaximumHeight(qMax(menuHeight, mainMenu->sizeHint().height()));
     widthOfNames_ = 0;
     for (int row = 0; row < checkListsEditing->topLevelItemCount(); ++row)
         widthOfNames_ =
             qMax(widthOfNames_, checkListsEditing->widthFor(checkListsEditing->topLevelItem(row)));
-    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitList);
+    QTimer::singleShot(0, this, &CurveEditorDialogBase::fitAll);
     alignRows();
     for (QPushButton* const button : {prevNode, nextNode}) {
         const int textWidth = button->fontMetrics().horizontalAdvance(button->text());
@@ -493,61 +471,6 @@ void CurveEditorDialogBase::alignRows()
     for (QGridLayout* const grid : {layout14, layout21, tcbPageLayout, ioPageLayout})
         for (int row = 0; row < grid->rowCount() && grid->itemAtPosition(row, 0); ++row)
             grid->setRowMinimumHeight(row, height);
-}
-
-// The tool tip says what a number does, beside the words that all fields have in common.
-void CurveEditorDialogBase::explainFields()
-{
-    const std::pair<QWidget*, QString> tips[] = {
-        {node, tr("Current node: its place among the nodes of the curve, counted from 0")},
-        {posX, tr("Current node: its time, or its frame number")},
-        {posY, tr("Current node: its value")},
-        {easeTo, tr("Current node: how the curve arrives, from 1 (it slows down) to -1 (it speeds up)")},
-        {easeFrom,
-         tr("Current node: how the curve leaves, from 1 (slowly at first) to -1 (quickly at first)")},
-        {tension,
-         tr("Current node: how tightly the curve turns, from a narrow bend at 1 to a wide one at -1")},
-        {continuity, tr("Current node: how sharp a corner the curve makes, 0 for none")},
-        {bias,
-         tr("Current node: whether its direction follows the node before (above 0) or after (below 0)")},
-        {incoming, tr("Current node: slope of the curve before it, in values per time unit")},
-        {outgoing, tr("Current node: slope of the curve after it, in values per time unit")}};
-    for (const auto& [field, tip] : tips) {
-        field->setToolTip(tip);
-        field->setWhatsThis(tr("Current node"));
-    }
-    setHelp(nodeFirst, tr("Curve before the first node"));
-    setHelp(nodeLast, tr("Curve after the last node"));
-    setHelp(nodeTypeCombo,
-            tr("Type of the current node: it shapes the curve from the node before to this one"));
-    deleteCurve->setToolTip(tr("Turns the current curve back into nodes that can be edited"));
-    tcbCurve->setToolTip(tr("What the numbers of the current node do to a curve"));
-}
-
-void CurveEditorDialogBase::nameForAssistiveTools()
-{
-    tabWidget2->setAccessibleName(tr("Pages"));
-    tabWidget2->tabBar()->setAccessibleName(tr("Pages"));
-    checkListsEditing->setAccessibleName(tr("Curves on the canvas"));
-    prevNode->setAccessibleName(tr("Previous node"));
-    nextNode->setAccessibleName(tr("Next node"));
-    node->setAccessibleName(tr("Node index"));
-    posX->setAccessibleName(tr("Time or frame"));
-    posY->setAccessibleName(tr("Value"));
-    nodeFirst->setAccessibleName(tr("Pre-behaviour"));
-    nodeLast->setAccessibleName(tr("Post-behaviour"));
-    easeFrom->setAccessibleName(tr("Ease from"));
-    easeTo->setAccessibleName(tr("Ease to"));
-    nodeTypeCombo->setAccessibleName(tr("Node type"));
-    for (QComboBox* const combo : {nodeFirst, nodeLast, nodeTypeCombo})
-        combo->view()->setAccessibleName(combo->accessibleName());
-    tension->setAccessibleName(tr("Tension"));
-    continuity->setAccessibleName(tr("Continuity"));
-    bias->setAccessibleName(tr("Bias"));
-    outgoing->setAccessibleName(tr("Outgoing tangent"));
-    incoming->setAccessibleName(tr("Incoming tangent"));
-    tcbCurve->setAccessibleName(tr("Preview of the node parameters"));
-    commandLine->setAccessibleName(tr("Expression"));
 }
 
 void CurveEditorDialogBase::changeEvent(QEvent* event)

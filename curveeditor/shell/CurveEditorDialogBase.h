@@ -130,6 +130,7 @@ protected:
     /// another width.
     void fitListTo(const QTreeWidgetItem* row);
     bool hasUsersListWidth = false;
+    bool hasUsersPageHeight = false; ///< else the pages are as high as the node page is, up to half
     /// Whether canvas and pages may be as small as can be, as they may at first, or have the room that they have when a
     /// dialog shows for the first time.
     void setCrowded(bool isCrowded);
@@ -150,6 +151,9 @@ private:
     void explainFields();
     void nameForAssistiveTools();
     void fitList();
+    void fitPages();
+    void fitAll();
+    void stackFrames(int pageWidth);
 
     int widthOfNames_ = 0;
 };

@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/ControlMenu2.h>
+#include <curveeditor/panel/CurveRow.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/FunctionEditor.h>
@@ -39,7 +40,7 @@ QStringList CurveEditor::Private::closedCurves() const
         if (!record->editingItem->treeWidget() && !hidden.contains(record->name))
             names.append(record->name);
     }
-    names.sort();
+    std::sort(names.begin(), names.end(), CurveRow::comesBefore);
     return names;
 }
 

@@ -179,8 +179,6 @@ void CurveEditor::setVisible(bool visible)
     d_->setCrowded(isCrowded);
     const QPointer<CurveEditor> guard(this);
     CurveEditorDialogBase::setVisible(true);
-    if (!guard)
-        return;
-    splitter10->setSizes(isCrowded ? QList<int>{height(), 1} : splitter10->sizes()); // the canvas goes first
-    d_->setCrowded(true);
+    if (guard)
+        d_->setCrowded(true);
 }

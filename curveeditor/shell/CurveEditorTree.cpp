@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/ReleasedAction.h>
 #include <curveeditor/edit/PointLimits.h>
 #include <curveeditor/panel/ControlMenu2.h>
+#include <curveeditor/panel/CurveRow.h>
 #include <curveeditor/panel/EditingList.h>
 #include <curveeditor/shell/DialogParts.h>
 #include <curveeditor/shell/FunctionEditor.h>
@@ -98,7 +99,7 @@ void CurveEditor::Private::addNewNode(MainNodeStruct* group, const QString& name
     auto record = std::make_unique<NodeStruct>();
     record->spline = spline;
     record->function = function;
-    record->editingItem = new QTreeWidgetItem;
+    record->editingItem = new CurveRow;
     EditingList::setCurveName(record->editingItem, name);
     record->action = new QAction(variableName(name), editor.expressionTool);
     record->action->setObjectName(variableName(name));

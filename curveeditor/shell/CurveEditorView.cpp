@@ -131,6 +131,7 @@ bool CurveEditor::restoreState(const QByteArray& bytes)
         return false;
     splitter11->restoreState(state->columns);
     hasUsersListWidth = true;
+    hasUsersPageHeight = true;
     splitter10->restoreState(state->rows);
     if (state->page < int(d_->pages.size())) // else there was none
         tabWidget2->setCurrentIndex(tabWidget2->indexOf(d_->pages[std::size_t(state->page)].second));

@@ -75,6 +75,7 @@ void FitDialog::addOutcome()
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     layout()->addWidget(buttons);
     ok_ = buttons->button(QDialogButtonBox::Ok);
+    cancel_ = buttons->button(QDialogButtonBox::Cancel);
     ok_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &FitDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &FitDialog::reject);
@@ -84,6 +85,8 @@ void FitDialog::addOutcome()
 void FitDialog::showTexts()
 {
     translate();
+    ok_->setText(tr("OK"));
+    cancel_->setText(tr("Cancel"));
     outcome_->setMinimumSize(std::max(smallestWidth, titleWidth(*this)),
                              outcomeLines * outcome_->fontMetrics().lineSpacing());
     refresh();

@@ -88,6 +88,7 @@ private:
     QFormLayout* form_;
     QLabel* outcome_ = nullptr;
     QPushButton* ok_ = nullptr;
+    QPushButton* cancel_ = nullptr;
     QTimer* delay_; ///< until the work is done where it takes long
     qint64 workTime_ = 0;
 };

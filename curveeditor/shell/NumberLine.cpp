@@ -11,6 +11,7 @@ namespace curveeditor {
 
 NumberLine::NumberLine(double number, QWidget* parent) : QLineEdit(parent)
 {
+    setAlignment(Qt::AlignRight);
     setNumber(number);
     connect(this, &QLineEdit::textChanged, this,
             [this] { setPalette(NumberLine::number() ? QPalette() : faultColors(QPalette())); });

@@ -17,6 +17,9 @@ public:
     /// Whether it may be smaller than its content, as it may at first.
     void setScrolls(bool scrolls);
 
+    /// At which all of the content is seen, with the bar that a narrow page has.
+    int wholeHeight() const { return widget()->minimumSizeHint().height() + barHeight(); }
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

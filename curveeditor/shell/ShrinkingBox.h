@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QAbstractButton>
 #include <QFrame>
 #include <QList>
 
+class QToolButton;
+
 namespace curveeditor {
 
-/// A frame around a row of widgets, of which the last ones are out of sight where there is no room for them.
+/// A frame around a row of buttons. Where there is no room for the last ones, a button at the end has them in a menu.
 class ShrinkingBox : public QFrame
 {
     Q_OBJECT
@@ -14,7 +17,7 @@ class ShrinkingBox : public QFrame
 public:
     explicit ShrinkingBox(QWidget* parent);
 
-    void add(QWidget* widget);
+    void add(QAbstractButton* button);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -24,8 +27,12 @@ protected:
 
 private:
     void place();
+    void placeAt(int left, QWidget& button);
+    void offerHidden();
+    void translate();
 
-    QList<QWidget*> row_;
+    QList<QAbstractButton*> row_;
+    QToolButton* more_;
 };
 
 } // namespace curveeditor

@@ -194,10 +194,6 @@
         <translation>Eigener Maßstab</translation>
     </message>
     <message>
-        <source>All points of this curve lie outside the range that is shown</source>
-        <translation>Alle Punkte dieser Kurve liegen außerhalb des gezeigten Bereichs</translation>
-    </message>
-    <message>
         <source>Locked</source>
         <translation>Gesperrt</translation>
     </message>
@@ -208,6 +204,10 @@
     <message>
         <source>Snapping</source>
         <translation>Einrasten</translation>
+    </message>
+    <message>
+        <source>All points of this curve lie outside the range that is set under &quot;Options&quot;</source>
+        <translation>Alle Punkte dieser Kurve liegen außerhalb des Bereichs, der unter „Optionen“ eingestellt ist</translation>
     </message>
 </context>
 <context>
@@ -895,8 +895,8 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Ausdruck</translation>
     </message>
     <message>
-        <source>Type a formula of t and press Return</source>
-        <translation>Eine Formel von t eingeben, dann die Eingabetaste</translation>
+        <source>Formula of t, then Return</source>
+        <translation>Formel in t, dann Eingabetaste</translation>
     </message>
 </context>
 <context>
@@ -920,6 +920,10 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>Decimal point</source>
         <translation>Dezimalpunkt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -1141,10 +1145,6 @@ Soll die Datei ersetzt werden?</translation>
         <translation>Die Spalte „%1“ fehlt.</translation>
     </message>
     <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>%1 statt %2 Zahlen.</translation>
-    </message>
-    <message>
         <source>More than %1 points.</source>
         <translation>Mehr als %1 Punkte.</translation>
     </message>
@@ -1165,16 +1165,20 @@ Soll die Datei ersetzt werden?</translation>
         <translation>„%1“ lässt sich auf zwei Arten lesen.</translation>
     </message>
     <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>Nicht %2, sondern %1 Zeilen.</translation>
-    </message>
-    <message>
         <source>A quotation mark has no partner.</source>
         <translation>Ein Anführungszeichen hat kein Gegenstück.</translation>
     </message>
     <message>
         <source>The line is too long.</source>
         <translation>Die Zeile ist zu lang.</translation>
+    </message>
+    <message>
+        <source>Numbers expected: %2, found: %1.</source>
+        <translation>Erwartete Zahlen: %2, gefunden: %1.</translation>
+    </message>
+    <message>
+        <source>Rows expected: %2, found: %1.</source>
+        <translation>Erwartete Zeilen: %2, gefunden: %1.</translation>
     </message>
 </context>
 <context>
@@ -1294,8 +1298,12 @@ Soll die Datei ersetzt werden?</translation>
 <context>
     <name>TcbCurveFrame</name>
     <message>
-        <source>Select a point to edit its numbers</source>
+        <source>Select one point to edit its numbers</source>
         <translation>Einen Punkt auswählen, um seine Zahlen zu ändern</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to edit them here</source>
+        <translation>Hier werden Punkte einer geöffneten Kurve bearbeitet</translation>
     </message>
 </context>
 <context>
@@ -1817,6 +1825,14 @@ Soll die Datei ersetzt werden?</translation>
         <source>The curve is locked.</source>
         <translation>Die Kurve ist gesperrt.</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::FreehandDrag</name>
@@ -2003,6 +2019,13 @@ Soll die Datei ersetzt werden?</translation>
     <message>
         <source>A single point keeps its place, unless it is retimed about the time line.</source>
         <translation>Ein einzelner Punkt behält seinen Ort, außer um die Zeitlinie.</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::ShrinkingBox</name>
+    <message>
+        <source>More</source>
+        <translation>Weitere</translation>
     </message>
 </context>
 <context>

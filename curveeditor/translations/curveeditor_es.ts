@@ -194,10 +194,6 @@
         <translation>Escala propia</translation>
     </message>
     <message>
-        <source>All points of this curve lie outside the range that is shown</source>
-        <translation>Todos los puntos de esta curva están fuera del intervalo mostrado</translation>
-    </message>
-    <message>
         <source>Locked</source>
         <translation>Bloqueada</translation>
     </message>
@@ -208,6 +204,10 @@
     <message>
         <source>Snapping</source>
         <translation>Ajuste</translation>
+    </message>
+    <message>
+        <source>All points of this curve lie outside the range that is set under &quot;Options&quot;</source>
+        <translation>Todos los puntos de esta curva están fuera del intervalo fijado en «Opciones»</translation>
     </message>
 </context>
 <context>
@@ -895,8 +895,8 @@ Do you want to replace it?</source>
         <translation>Expresión</translation>
     </message>
     <message>
-        <source>Type a formula of t and press Return</source>
-        <translation>Escriba una fórmula de t y pulse Intro</translation>
+        <source>Formula of t, then Return</source>
+        <translation>Fórmula en t y luego Intro</translation>
     </message>
 </context>
 <context>
@@ -920,6 +920,10 @@ Do you want to replace it?</source>
     <message>
         <source>Decimal point</source>
         <translation>Punto decimal</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
@@ -1141,10 +1145,6 @@ Do you want to replace it?</source>
         <translation>Falta la columna «%1».</translation>
     </message>
     <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>%1 números en lugar de %2.</translation>
-    </message>
-    <message>
         <source>More than %1 points.</source>
         <translation>Más de %1 puntos.</translation>
     </message>
@@ -1165,16 +1165,20 @@ Do you want to replace it?</source>
         <translation>«%1» se puede leer de dos maneras.</translation>
     </message>
     <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>Hay %1 filas en lugar de %2.</translation>
-    </message>
-    <message>
         <source>A quotation mark has no partner.</source>
         <translation>Unas comillas no tienen pareja.</translation>
     </message>
     <message>
         <source>The line is too long.</source>
         <translation>La línea es demasiado larga.</translation>
+    </message>
+    <message>
+        <source>Numbers expected: %2, found: %1.</source>
+        <translation>Números esperados: %2, encontrados: %1.</translation>
+    </message>
+    <message>
+        <source>Rows expected: %2, found: %1.</source>
+        <translation>Filas esperadas: %2, encontradas: %1.</translation>
     </message>
 </context>
 <context>
@@ -1294,8 +1298,12 @@ Do you want to replace it?</source>
 <context>
     <name>TcbCurveFrame</name>
     <message>
-        <source>Select a point to edit its numbers</source>
+        <source>Select one point to edit its numbers</source>
         <translation>Seleccione un punto para editar sus números</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to edit them here</source>
+        <translation>Abra una curva con puntos para editarlos aquí</translation>
     </message>
 </context>
 <context>
@@ -1817,6 +1825,14 @@ Do you want to replace it?</source>
         <source>The curve is locked.</source>
         <translation>La curva está bloqueada.</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::FreehandDrag</name>
@@ -2003,6 +2019,13 @@ Do you want to replace it?</source>
     <message>
         <source>A single point keeps its place, unless it is retimed about the time line.</source>
         <translation>Un solo punto conserva su lugar, salvo alrededor de la línea de tiempo.</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::ShrinkingBox</name>
+    <message>
+        <source>More</source>
+        <translation>Más</translation>
     </message>
 </context>
 <context>

@@ -194,10 +194,6 @@
         <translation>Échelle propre</translation>
     </message>
     <message>
-        <source>All points of this curve lie outside the range that is shown</source>
-        <translation>Tous les points de cette courbe sont hors de l&apos;intervalle affiché</translation>
-    </message>
-    <message>
         <source>Locked</source>
         <translation>Verrouillée</translation>
     </message>
@@ -208,6 +204,10 @@
     <message>
         <source>Snapping</source>
         <translation>Magnétisme</translation>
+    </message>
+    <message>
+        <source>All points of this curve lie outside the range that is set under &quot;Options&quot;</source>
+        <translation>Tous les points de cette courbe sont hors de la plage réglée sous « Options »</translation>
     </message>
 </context>
 <context>
@@ -895,8 +895,8 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>Expression</translation>
     </message>
     <message>
-        <source>Type a formula of t and press Return</source>
-        <translation>Saisissez une formule de t, puis Entrée</translation>
+        <source>Formula of t, then Return</source>
+        <translation>Formule en t, puis Entrée</translation>
     </message>
 </context>
 <context>
@@ -920,6 +920,10 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>Decimal point</source>
         <translation>Point décimal</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
@@ -1141,10 +1145,6 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>La colonne «&#xa0;%1&#xa0;» manque.</translation>
     </message>
     <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>%1 nombres au lieu de %2.</translation>
-    </message>
-    <message>
         <source>More than %1 points.</source>
         <translation>Plus de %1 points.</translation>
     </message>
@@ -1165,16 +1165,20 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <translation>«&#xa0;%1&#xa0;» peut se lire de deux façons.</translation>
     </message>
     <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>%1 lignes au lieu de %2.</translation>
-    </message>
-    <message>
         <source>A quotation mark has no partner.</source>
         <translation>Un guillemet n&apos;a pas son pendant.</translation>
     </message>
     <message>
         <source>The line is too long.</source>
         <translation>La ligne est trop longue.</translation>
+    </message>
+    <message>
+        <source>Numbers expected: %2, found: %1.</source>
+        <translation>Nombres attendus : %2, trouvés : %1.</translation>
+    </message>
+    <message>
+        <source>Rows expected: %2, found: %1.</source>
+        <translation>Lignes attendues : %2, trouvées : %1.</translation>
     </message>
 </context>
 <context>
@@ -1294,8 +1298,12 @@ Voulez-vous le remplacer&#xa0;?</translation>
 <context>
     <name>TcbCurveFrame</name>
     <message>
-        <source>Select a point to edit its numbers</source>
+        <source>Select one point to edit its numbers</source>
         <translation>Sélectionnez un point pour modifier ses nombres</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to edit them here</source>
+        <translation>Ouvrez une courbe avec des points pour les modifier ici</translation>
     </message>
 </context>
 <context>
@@ -1817,6 +1825,14 @@ Voulez-vous le remplacer&#xa0;?</translation>
         <source>The curve is locked.</source>
         <translation>La courbe est verrouillée.</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
 </context>
 <context>
     <name>curveeditor::FreehandDrag</name>
@@ -2003,6 +2019,13 @@ Voulez-vous le remplacer&#xa0;?</translation>
     <message>
         <source>A single point keeps its place, unless it is retimed about the time line.</source>
         <translation>Un point seul garde sa place, sauf autour de la ligne de temps.</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::ShrinkingBox</name>
+    <message>
+        <source>More</source>
+        <translation>Plus</translation>
     </message>
 </context>
 <context>

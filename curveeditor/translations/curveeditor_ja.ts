@@ -194,20 +194,20 @@
         <translation>カーブごとの目盛り</translation>
     </message>
     <message>
-        <source>All points of this curve lie outside the range that is shown</source>
-        <translation>この曲線の点はすべて表示範囲の外にあります</translation>
-    </message>
-    <message>
         <source>Locked</source>
         <translation>ロック中</translation>
     </message>
     <message>
         <source>All curves</source>
-        <translation>すべての曲線</translation>
+        <translation>すべてのカーブ</translation>
     </message>
     <message>
         <source>Snapping</source>
         <translation>スナップ</translation>
+    </message>
+    <message>
+        <source>All points of this curve lie outside the range that is set under &quot;Options&quot;</source>
+        <translation>このカーブのポイントはすべて、「オプション」で設定された範囲の外にあります</translation>
     </message>
 </context>
 <context>
@@ -895,8 +895,8 @@ Do you want to replace it?</source>
         <translation>式</translation>
     </message>
     <message>
-        <source>Type a formula of t and press Return</source>
-        <translation>t の式を入力して Return キーを押します</translation>
+        <source>Formula of t, then Return</source>
+        <translation>t の式を入力して Enter</translation>
     </message>
 </context>
 <context>
@@ -920,6 +920,10 @@ Do you want to replace it?</source>
     <message>
         <source>Decimal point</source>
         <translation>ピリオドが小数点</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
     </message>
 </context>
 <context>
@@ -958,7 +962,7 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Open a curve with +</source>
-        <translation>+ で曲線を開きます</translation>
+        <translation>+ でカーブを開きます</translation>
     </message>
     <message>
         <source>formula</source>
@@ -1141,10 +1145,6 @@ Do you want to replace it?</source>
         <translation>列「%1」がありません。</translation>
     </message>
     <message>
-        <source>Not %2 but %1 numbers.</source>
-        <translation>数値が %2 個ではなく %1 個です。</translation>
-    </message>
-    <message>
         <source>More than %1 points.</source>
         <translation>ポイントが %1 個を超えています。</translation>
     </message>
@@ -1165,16 +1165,20 @@ Do you want to replace it?</source>
         <translation>「%1」は 2 通りに読めます。</translation>
     </message>
     <message>
-        <source>Not %2 but %1 rows.</source>
-        <translation>%2 行ではなく %1 行あります。</translation>
-    </message>
-    <message>
         <source>A quotation mark has no partner.</source>
         <translation>対になる引用符がありません。</translation>
     </message>
     <message>
         <source>The line is too long.</source>
         <translation>行が長すぎます。</translation>
+    </message>
+    <message>
+        <source>Numbers expected: %2, found: %1.</source>
+        <translation>必要な数値: %2 個、実際: %1 個。</translation>
+    </message>
+    <message>
+        <source>Rows expected: %2, found: %1.</source>
+        <translation>必要な行: %2 行、実際: %1 行。</translation>
     </message>
 </context>
 <context>
@@ -1294,8 +1298,12 @@ Do you want to replace it?</source>
 <context>
     <name>TcbCurveFrame</name>
     <message>
-        <source>Select a point to edit its numbers</source>
-        <translation>点を選択すると数値を編集できます</translation>
+        <source>Select one point to edit its numbers</source>
+        <translation>ポイントを 1 つ選択すると数値を編集できます</translation>
+    </message>
+    <message>
+        <source>Open a curve with points to edit them here</source>
+        <translation>ポイントのあるカーブを開くと、ここで編集できます</translation>
     </message>
 </context>
 <context>
@@ -1470,7 +1478,7 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Points added to a segment: %1</source>
-        <translation>区間に追加される点: %1</translation>
+        <translation>区間に追加されるポイント: %1</translation>
     </message>
 </context>
 <context>
@@ -1745,7 +1753,7 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Pale image behind the curves</source>
-        <translation>曲線の背後の画像を薄くする</translation>
+        <translation>カーブの背後の画像を薄くする</translation>
     </message>
     <message>
         <source>No point is selected.</source>
@@ -1761,15 +1769,15 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>The current curve shows no points.</source>
-        <translation>現在の曲線に表示される点がありません。</translation>
+        <translation>現在のカーブに表示されるポイントがありません。</translation>
     </message>
     <message>
         <source>The current curve does not show more than two points.</source>
-        <translation>現在の曲線に表示される点が 2 個以下です。</translation>
+        <translation>現在のカーブに表示されるポイントが 2 個以下です。</translation>
     </message>
     <message>
         <source>No curve that is shown is the current one.</source>
-        <translation>表示されている曲線が選ばれていません。</translation>
+        <translation>表示されているカーブが選ばれていません。</translation>
     </message>
     <message>
         <source>The application does not allow that here.</source>
@@ -1777,7 +1785,7 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Draw into the curve (hold D)</source>
-        <translation>曲線に描き込む (D を押したまま)</translation>
+        <translation>カーブに描き込む (D を押したまま)</translation>
     </message>
 </context>
 <context>
@@ -1816,6 +1824,14 @@ Do you want to replace it?</source>
     <message>
         <source>The curve is locked.</source>
         <translation>カーブはロックされています。</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -1947,7 +1963,7 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Open a curve with points to see them here</source>
-        <translation>点のある曲線を開くと、ここに点が表示されます</translation>
+        <translation>ポイントのあるカーブを開くと、ここにポイントが表示されます</translation>
     </message>
 </context>
 <context>
@@ -2003,6 +2019,13 @@ Do you want to replace it?</source>
     <message>
         <source>A single point keeps its place, unless it is retimed about the time line.</source>
         <translation>ポイントが 1 つだけのときは、タイムラインを基準にしないかぎり動きません。</translation>
+    </message>
+</context>
+<context>
+    <name>curveeditor::ShrinkingBox</name>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
     </message>
 </context>
 <context>

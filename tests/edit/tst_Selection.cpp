@@ -317,7 +317,7 @@ private Q_SLOTS:
         QCOMPARE(PointText::read("1,234\t5", TableReader::Decimal::Comma).points.at(0).time, 1.234);
         QCOMPARE(PointText::read("1,5\n2,5", TableReader::Decimal::Point).points.at(1).pos, 5.0);
         const PointText::Result column = PointText::read("1,5\n2,5", TableReader::Decimal::Comma);
-        QCOMPARE(column.message, "Line 1: Not 2 but 1 numbers.");
+        QCOMPARE(column.message, "Line 1: Numbers expected: 2, found: 1.");
         QCOMPARE(PointText::read("0, 1\n0.5, 2").points.size(), std::size_t(2)); // behind a whole number
     }
 
@@ -350,8 +350,8 @@ private Q_SLOTS:
         row("number and more", "1\t2 m", noNumber.arg(1).arg("2 m"));
         row("two decimal signs", "1\t1.000,5", noNumber.arg(1).arg("1.000,5"));
         row("long", "1\t" + QString(99, 'x'), noNumber.arg(1).arg(QString(20, 'x') + "..."));
-        row("other width", "1.0,2\n3", "Line 2: Not 2 but 1 numbers.");
-        row("no head line", "1 2 3", "Line 1: Not 2 but 3 numbers.");
+        row("other width", "1.0,2\n3", "Line 2: Numbers expected: 2, found: 1.");
+        row("no head line", "1 2 3", "Line 1: Numbers expected: 2, found: 3.");
         row("twice", "time;value;TIME", "Line 1: The column \"time\" is there twice.");
         row("missing", "time;type", "Line 1: The column \"value\" is missing.");
         row("type", "time;value;type\n1;2;3", "Line 2: \"3\" is no type of a point.");

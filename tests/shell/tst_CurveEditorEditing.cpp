@@ -198,7 +198,7 @@ private Q_SLOTS:
         fixture->editor.renameCurve("light", "3", "sky Cam");
         fixture->editor.setEditingNode("light.7");
         QCOMPARE(rowsInSight(),
-                 QStringList({"cam.focus", "cam.lens", "light.10", "light.7", "light.sky Cam"}));
+                 QStringList({"cam.focus", "cam.lens", "light.7", "light.10", "light.sky Cam"}));
         clickRow("cam.lens");
         QCOMPARE(fixture->current(), "cam.lens");
         QTest::keyClick(&line, Qt::Key_Escape);

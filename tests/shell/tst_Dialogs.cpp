@@ -237,6 +237,8 @@ private Q_SLOTS:
         };
         QWidget* const list = s.editor.checkListsEditing->viewport();
         s.editor.resize(1700, 900);
+        QVERIFY(QTest::qWaitFor([&] { return s.editor.tcbCurve->width() > 300; }));
+        const QImage unselected = s.editor.tcbCurve->grab().toImage();
         s.clickPoint();
         const QImage shown = s.editor.tcbCurve->grab().toImage();
         s.page(1);
@@ -244,7 +246,8 @@ private Q_SLOTS:
         s.page(0);
         s.editor.cleanSelecteds();
         QVERIFY(!isBlank(list));
-        QVERIFY(!isBlank(s.editor.tcbCurve) && s.editor.tcbCurve->grab().toImage() != shown);
+        const QImage empty = s.editor.tcbCurve->grab().toImage();
+        QVERIFY(!isBlank(s.editor.tcbCurve) && empty != shown && empty != unselected);
         s.editor.tcbCurve->resize(50, 50);
         QVERIFY(isBlank(s.editor.tcbCurve));
         s.page(2);
@@ -261,6 +264,11 @@ private Q_SLOTS:
         dialog.resize(1600, 1200);
         QCOMPARE(dialog.splitter11->sizes()[0], listWidth);
         QCOMPARE(dialog.splitter10->sizes()[1], pageHeight);
+        dialog.resize(640, 480);
+        QTRY_VERIFY(dialog.frame10->y() > dialog.frame11->geometry().bottom()); // no room side by side
+        dialog.resize(1600, 1200);
+        QTRY_COMPARE(dialog.frame10->y(), dialog.frame11->y());
+        QVERIFY(!static_cast<QScrollArea*>(dialog.tab)->verticalScrollBar()->isVisible());
         for (const int width : {500, 150, 0}) {
             dialog.splitter11->setSizes({width, 1600});
             QCOMPARE(dialog.splitter11->sizes()[0] < 160, width < 160);
