@@ -17,12 +17,15 @@ constexpr int keptApart = 23;
 constexpr double farApart = 0.08;
 constexpr double apart = 0.05;
 constexpr double weightOfHue = 8.0;
+constexpr double weightOfChroma = 4.0; // of what is lost of it: a grey has no hue that could be wrong
 constexpr int stepOfCandidates = 15;
 
 /// How much another colour is drawn than was asked for.
 double changeOf(const Oklab& from, const Oklab& to)
 {
-    return std::pow(distance(from, to), 2) + weightOfHue * std::pow(hueDistance(from, to), 2);
+    const double lostChroma = std::max(0.0, from.chroma() - to.chroma());
+    return std::pow(distance(from, to), 2) + weightOfHue * std::pow(hueDistance(from, to), 2) +
+           weightOfChroma * std::pow(lostChroma, 2);
 }
 
 bool standsOut(const QColor& color, const std::vector<QColor>& backgrounds)

@@ -256,6 +256,11 @@ private Q_SLOTS:
             QCOMPARE(alone.lineOf(hosts[5]),
                      contrastingColor(hosts[5], {theme.canvas, theme.selection}, 3.0));
         }
+        CurveColors hues(theme);
+        for (int hue = 0; hue < 360; hue += 15) {
+            hues.add(QColor::fromHsv(hue, 160, 255));
+            QVERIFY(Oklab::of(hues.lineOf(QColor::fromHsv(hue, 160, 255))).chroma() >= 0.02 || isHard);
+        }
         for (const QColor& part : parts) {
             for (const QColor& background : {theme.canvas, theme.selection})
                 QVERIFY2(contrastOf(part, background) >= 3.0, qPrintable(part.name()));
