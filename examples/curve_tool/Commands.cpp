@@ -14,6 +14,7 @@ namespace {
 
 constexpr double usualFramesPerTimeUnit = 10.0; // what a new editor has
 constexpr double usualCount = 101.0;
+constexpr double usualShareOfKeys = 1e-4; // of the span of their values
 
 std::pair<double, double> endsOf(const Arguments& arguments, const Source& source)
 {
@@ -42,15 +43,19 @@ TableReader::Decimal decimalOf(const Arguments& arguments)
 
 } // namespace
 
-Source Commands::read(const Arguments& arguments, const Streams& streams)
+Source Commands::read(const Arguments& arguments, const Streams& streams, const KeysTolerance& tolerance)
 {
     const std::optional<std::string> name = arguments.getText("format");
     const std::optional<Format> format = name ? formatNamed(*name) : std::nullopt;
     if (name && !format)
         throw UsageFault("--format: " + TextFields::inQuotes(*name) +
-                         " is none of crv, table, sensor, cgats and sp");
-    return Source(arguments.getOperands().front(), {format, decimalOf(arguments)}, streams.in,
-                  streams.terminal());
+                         " is none of crv, table, sensor, cgats, sp and json");
+    return Source(arguments.getOperands().front(), {format, decimalOf(arguments), tolerance}, streams);
+}
+
+double Commands::usualKeysTolerance(double lowest, double highest)
+{
+    return usualShareOfKeys * highest - usualShareOfKeys * lowest;
 }
 
 double Commands::framesPerTimeUnit(const Arguments& arguments)

@@ -5,6 +5,7 @@
 #include "CurveTool.h"
 #include "Source.h"
 
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -33,7 +34,7 @@ Command convert();
 constexpr Option helpOption{"help", "", "show this help"};
 constexpr Option curveOption{"curve", "NAME_OR_NUMBER", "which curve of a table; the only one"};
 constexpr Option formatOption{"format", "FORMAT",
-                              "of the input: crv, table, sensor, cgats or sp; recognised"};
+                              "of the input: crv, table, sensor, cgats, sp or json; recognised"};
 constexpr Option decimalOption{"decimal", "comma|point", "the decimal sign of a table; told by the table"};
 constexpr Option fromOption{"from", "TIME", "first time; where the curve begins"};
 constexpr Option toOption{"to", "TIME", "last time; where the curve ends"};
@@ -44,7 +45,12 @@ constexpr Option toleranceOption{"tolerance", "X", "how far the new curve may be
 constexpr Option percentOption{"percent", "", "the tolerance is in percent of the span of the values"};
 constexpr Option monotoneOption{"monotone", "", "keep the curve rising, and falling, where the old one is"};
 
-Source read(const Arguments& arguments, const Streams& streams);
+/// By the least and the greatest value of a curve, in value units.
+using KeysTolerance = std::function<double(double lowest, double highest)>;
+/// How exact keys are taken where nobody says it.
+double usualKeysTolerance(double lowest, double highest);
+Source read(const Arguments& arguments, const Streams& streams,
+            const KeysTolerance& tolerance = usualKeysTolerance);
 double framesPerTimeUnit(const Arguments& arguments);
 /// True if the times of samples are asked for.
 bool hasSteps(const Arguments& arguments);

@@ -3,6 +3,7 @@
 
 #include "CurveText.h"
 #include "Fault.h"
+#include "KeysText.h"
 #include "Progress.h"
 #include "Sampling.h"
 #include "TableText.h"
@@ -12,6 +13,7 @@
 #include <curveeditor/files/SensorTable.h>
 #include <curveeditor/files/TextFields.h>
 #include <curveeditor/model/CurveFit.h>
+#include <curveeditor/model/CurveKeys.h>
 
 #include <algorithm>
 #include <cmath>
@@ -84,13 +86,45 @@ SplineState splineOf(const std::vector<double>& times, const std::vector<double>
     return CurveFit::fit(times, values, options).spline;
 }
 
-std::string curveText(const Source& source, const SampleTable& table, std::size_t index,
-                      const Arguments& arguments)
+/// Where the curve is to be copied, how far it may be away from what it was.
+Commands::KeysTolerance keysTolerance(const Arguments& arguments)
+{
+    if (!arguments.has("tolerance") || Commands::hasSteps(arguments))
+        return Commands::usualKeysTolerance;
+    return [&arguments](double lowest, double highest) {
+        return Commands::toleranceFor(arguments, lowest, highest);
+    };
+}
+
+std::string keysText(const CurveFile& curve, const Arguments& arguments, const Streams& streams)
+{
+    KeysText text;
+    text.color = curve.color;
+    if (curve.kind == CurveFile::Expression) {
+        text.formula = curve.expression;
+        return text.write();
+    }
+    const auto [lowest, highest] = rangeOf(curve.spline);
+    CurveKeys::Keys keys = CurveKeys::fromSpline(curve.spline, keysTolerance(arguments)(lowest, highest));
+    if (keys.curve.keys.empty())
+        throw Fault("the curve takes more than " + std::to_string(CurveKeys::pointLimit) + " keys");
+    KeysText::tellDeviation(keys.deviation, streams.messages);
+    text.curve = std::move(keys.curve);
+    return text.write();
+}
+
+std::string textOf(const CurveFile& curve, Format output, const Arguments& arguments, const Streams& streams)
+{
+    return output == Format::Keys ? keysText(curve, arguments, streams) : writeCurveText(curve);
+}
+
+std::string curveText(const Source& source, const SampleTable& table, std::size_t index, Format output,
+                      const Arguments& arguments, const Streams& streams)
 {
     CurveFile curve;
     curve.color = source.isTable() ? CurveFile::Color{255, 255, 255} : source.getCurve().color;
     curve.spline.assign(splineOf(table.times, table.curves[index].values, arguments));
-    return writeCurveText(curve);
+    return textOf(curve, output, arguments, streams);
 }
 
 std::string plainName(const std::string& curve)
@@ -105,7 +139,7 @@ std::string plainName(const std::string& curve)
 class FileNames
 {
 public:
-    std::string nameFor(const std::string& curve)
+    std::string nameFor(const std::string& curve, Format output)
     {
         const std::string name = plainName(curve);
         int& number = numbers_[toUpper(name)];
@@ -113,7 +147,7 @@ public:
         while (!taken_.insert(toUpper(unique)).second)
             unique = name + '-' + std::to_string(++number);
         number = std::max(number, 1) + 1;
-        return unique + ".crv";
+        return unique + (output == Format::Keys ? ".json" : ".crv");
     }
 
 private:
@@ -121,7 +155,7 @@ private:
     std::map<std::string, int> numbers_; // the next one for a name that is there already
 };
 
-void writeAll(const Source& source, const SampleTable& table, const Arguments& arguments,
+void writeAll(const Source& source, const SampleTable& table, Format output, const Arguments& arguments,
               const Streams& streams)
 {
     const std::filesystem::path folder = *arguments.getText("all");
@@ -132,10 +166,20 @@ void writeAll(const Source& source, const SampleTable& table, const Arguments& a
     Progress progress(streams.terminal(), "writing");
     FileNames names;
     for (std::size_t i = 0; i < table.curves.size(); ++i) {
-        const std::filesystem::path file = folder / names.nameFor(table.curves[i].name);
-        TextFiles::write(file.string(), curveText(source, table, i, arguments), streams.out);
+        const std::filesystem::path file = folder / names.nameFor(table.curves[i].name, output);
+        TextFiles::write(file.string(), curveText(source, table, i, output, arguments, streams), streams.out);
         progress.at(i, table.curves.size());
     }
+}
+
+std::string outputPath(const Arguments& arguments)
+{
+    return arguments.has("output") ? *arguments.getText("output") : arguments.getOperands()[1];
+}
+
+bool isOneCurve(Format format)
+{
+    return format == Format::Curve || format == Format::Keys;
 }
 
 Format outputFormat(const Arguments& arguments, const Source& source)
@@ -147,12 +191,14 @@ Format outputFormat(const Arguments& arguments, const Source& source)
         return Format::Table;
     if (name == "sensor")
         return Format::Sensor;
+    if (name == "json")
+        return Format::Keys;
     if (name)
         throw UsageFault("--output-format: " + TextFields::inQuotes(*name) +
-                         " is none of crv, table and sensor");
+                         " is none of crv, table, sensor and json");
     if (arguments.has("all"))
         return Format::Curve;
-    const std::optional<Format> format = formatByEnding(arguments.getOperands()[1]);
+    const std::optional<Format> format = formatByEnding(outputPath(arguments));
     if (format == Format::Spectra)
         throw UsageFault("spectra can be read, but not written");
     return format.value_or(source.isTable() ? Format::Curve : Format::Table);
@@ -178,7 +224,7 @@ TimeSteps wholeNumbers(const Arguments& arguments, const Source& source)
 SampleTable samplesFor(Format output, const Arguments& arguments, const Source& source)
 {
     const std::optional<std::string> choice = arguments.getText("curve");
-    const bool isOne = choice || (output == Format::Curve && !arguments.has("all"));
+    const bool isOne = choice || (isOneCurve(output) && !arguments.has("all"));
     SampleTable table;
     if (source.isTable())
         table = isOne ? source.getTableOf(choice) : source.getTable();
@@ -192,8 +238,8 @@ SampleTable samplesFor(Format output, const Arguments& arguments, const Source& 
 
 void checkArguments(const Arguments& arguments)
 {
-    if (arguments.has("all") == (arguments.getOperands().size() == 2))
-        throw UsageFault("give either OUT or --all DIR");
+    if (arguments.has("all") + arguments.has("output") + (arguments.getOperands().size() == 2) != 1)
+        throw UsageFault("give either -o OUT or --all DIR");
     if (arguments.has("all") && arguments.has("curve"))
         throw UsageFault("--all and --curve exclude each other");
     if (arguments.has("tolerance"))
@@ -203,33 +249,34 @@ void checkArguments(const Arguments& arguments)
 void run(const Arguments& arguments, const Streams& streams)
 {
     checkArguments(arguments);
-    const Source source = Commands::read(arguments, streams);
+    const Source source = Commands::read(arguments, streams, keysTolerance(arguments));
     const Format output = outputFormat(arguments, source);
-    if (arguments.has("all") && output != Format::Curve)
-        throw UsageFault("--all writes curve files only");
-    if (arguments.has("tolerance") && output != Format::Curve)
-        throw UsageFault("--tolerance is for curve files only");
+    if (arguments.has("all") && !isOneCurve(output))
+        throw UsageFault("--all writes curve files and keys only");
+    if (arguments.has("tolerance") && !isOneCurve(output))
+        throw UsageFault("--tolerance is for curve files and keys only");
 
-    const bool copies = output == Format::Curve && !source.isTable() && !Commands::hasSteps(arguments);
-    if (copies && arguments.has("tolerance"))
+    const bool copies = isOneCurve(output) && !source.isTable() && !Commands::hasSteps(arguments);
+    const bool fitsKeys = source.getFormat() == Format::Keys || output == Format::Keys;
+    if (copies && arguments.has("tolerance") && !fitsKeys)
         throw UsageFault("--tolerance fits samples, so give --step or --count too; or see \"simplify\"");
-    if (copies && !arguments.has("all"))
-        return TextFiles::write(arguments.getOperands()[1], writeCurveText(source.getCurve()), streams.out);
-    if (copies)
+    if (copies && arguments.has("all"))
         throw UsageFault("--all is for tables");
+    const std::string path = arguments.has("all") ? std::string() : outputPath(arguments);
+    if (copies)
+        return TextFiles::write(path, textOf(source.getCurve(), output, arguments, streams), streams.out);
 
     SampleTable table = samplesFor(output, arguments, source);
     if (output != Format::Sensor)
         leaveOutGaps(source, table, streams);
-    if (output == Format::Curve && !source.isTable() && source.getCurve().kind == CurveFile::Spline)
+    if (isOneCurve(output) && !source.isTable() && source.getCurve().kind == CurveFile::Spline)
         addJumps(source.getCurve().spline, table);
     if (arguments.has("all"))
-        return writeAll(source, table, arguments, streams);
-    const std::string& path = arguments.getOperands()[1];
+        return writeAll(source, table, output, arguments, streams);
     const std::size_t dot = path.rfind('.');
     const bool isCsv = dot != path.npos && toUpper(path.substr(dot)) == ".CSV";
     TextFiles::write(path,
-                     output == Format::Curve    ? curveText(source, table, 0, arguments)
+                     isOneCurve(output)         ? curveText(source, table, 0, output, arguments, streams)
                      : output == Format::Sensor ? TableText::writeSensor(table)
                                                 : TableText::write(table, isCsv ? ',' : '\t'),
                      streams.out);
@@ -242,9 +289,10 @@ Command Commands::convert()
     return {
         "convert",
         "IN OUT",
-        "Turn curves into tables, and tables or spectra into curves.",
+        "Turn curves into tables or keys, and tables, spectra or keys into curves.",
         {{"output-format", "FORMAT",
-          "of the output: crv, table or sensor; by the ending of OUT: .crv, .csv, .txt, .tsv"},
+          "of the output: crv, table, sensor or json; by the ending of OUT: .crv, .csv, .txt, .tsv, .json"},
+         {"output", "OUT", "the new file (-o OUT), if it does not stand behind IN"},
          {"all", "DIR", "instead of OUT: write each curve of a table into a file of this folder"},
          curveOption,
          formatOption,
@@ -254,7 +302,10 @@ Command Commands::convert()
          stepOption,
          countOption,
          fpsOption,
-         {"tolerance", "X", "fit few points to the samples, at most this far away; else a point for each"},
+         {"tolerance", "X",
+          "fit few points to the samples, at most this far away; else a point for each. Of keys: how far off "
+          "a curve "
+          "may be that has to be fitted; 0.01 percent"},
          percentOption,
          monotoneOption,
          helpOption},

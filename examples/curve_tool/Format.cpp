@@ -56,6 +56,8 @@ bool isCurve(std::string_view text)
 std::optional<Format> formatByContent(std::string_view text)
 {
     text = TextFields::withoutByteOrderMark(text).substr(0, lookedAt);
+    if (TextFields::trimmed(text).substr(0, 1) == "{")
+        return Format::Keys;
     if (isCurve(text))
         return Format::Curve;
     const std::string start = toUpper(text.substr(0, 5));
@@ -70,18 +72,18 @@ std::optional<Format> formatByContent(std::string_view text)
 
 std::optional<Format> formatNamed(std::string_view name)
 {
-    constexpr std::array names{Named{"crv", Format::Curve}, Named{"table", Format::Table},
+    constexpr std::array names{Named{"crv", Format::Curve},     Named{"table", Format::Table},
                                Named{"sensor", Format::Sensor}, Named{"cgats", Format::Spectra},
-                               Named{"sp", Format::Spectra}};
+                               Named{"sp", Format::Spectra},    Named{"json", Format::Keys}};
     return find(names, name);
 }
 
 std::optional<Format> formatByEnding(std::string_view fileName)
 {
-    constexpr std::array endings{Named{"CRV", Format::Curve},     Named{"CSV", Format::Table},
-                                 Named{"TSV", Format::Table},     Named{"TXT", Format::Table},
-                                 Named{"DAT", Format::Table},     Named{"SP", Format::Spectra},
-                                 Named{"CGATS", Format::Spectra}, Named{"CGT", Format::Spectra}};
+    constexpr std::array endings{
+        Named{"CRV", Format::Curve},     Named{"CSV", Format::Table},   Named{"TSV", Format::Table},
+        Named{"TXT", Format::Table},     Named{"DAT", Format::Table},   Named{"SP", Format::Spectra},
+        Named{"CGATS", Format::Spectra}, Named{"CGT", Format::Spectra}, Named{"JSON", Format::Keys}};
     const std::size_t dot = fileName.rfind('.');
     return dot == fileName.npos ? std::nullopt : find(endings, toUpper(fileName.substr(dot + 1)));
 }
@@ -95,6 +97,6 @@ Format recognise(std::string_view text, std::string_view fileName)
 
 std::string_view describe(Format format)
 {
-    constexpr std::array names{"curve file", "table", "sensor table", "spectra"};
+    constexpr std::array names{"curve file", "table", "sensor table", "spectra", "keys"};
     return names.at(std::size_t(format));
 }

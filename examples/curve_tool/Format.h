@@ -4,9 +4,9 @@
 #include <optional>
 #include <string_view>
 
-enum class Format { Curve, Table, Sensor, Spectra };
+enum class Format { Curve, Table, Sensor, Spectra, Keys };
 
-/// The format that a person names: crv, table, sensor, cgats or sp.
+/// The format that a person names: crv, table, sensor, cgats, sp or json.
 std::optional<Format> formatNamed(std::string_view name);
 
 /// The format that the ending of a file's name stands for.

@@ -3,6 +3,7 @@
 
 #include "CurveText.h"
 #include "Fault.h"
+#include "KeysText.h"
 #include "Progress.h"
 #include "SpectrumText.h"
 #include "TableText.h"
@@ -35,39 +36,61 @@ std::size_t lineOf(std::string_view text, std::size_t place)
 
 } // namespace
 
-Source::Source(const std::string& path, const Options& options, std::istream& standardInput,
-               std::ostream* terminal)
-    : path_(path)
+Source::Source(const std::string& path, const Options& options, const Streams& streams) : path_(path)
 {
     std::string text;
     {
-        Progress progress(terminal, "reading " + getStem());
-        text = TextFiles::read(path, standardInput, progress);
+        Progress progress(streams.terminal(), "reading " + getStem());
+        text = TextFiles::read(path, streams.in, progress);
     }
     format_ = options.format ? *options.format : recognise(text, path);
     try {
-        read(text, options.decimal, terminal);
+        read(text, options, streams);
     } catch (const TextFault& fault) {
         throw Fault(TextFiles::shownName(path) + ':' + std::to_string(fault.getLine()) + ": " + fault.what());
     }
 }
 
-void Source::read(std::string_view text, TableReader::Decimal decimal, std::ostream* terminal)
+void Source::read(std::string_view text, const Options& options, const Streams& streams)
 {
     const std::size_t nul = text.find('\0');
     if (nul != text.npos)
         throw TextFault(lineOf(text, nul), "there is a NUL byte, so this is no text in UTF-8");
-    Progress progress(terminal, "understanding " + getStem());
+    Progress progress(streams.terminal(), "understanding " + getStem());
     if (format_ == Format::Curve) {
         readCurveText(text, curve_);
         formulaLine_ = lineOf(text, text.rfind(curve_.expression));
+    } else if (format_ == Format::Keys) {
+        readKeys(text, options, streams);
     } else if (format_ == Format::Spectra) {
         SpectrumText spectra = SpectrumText::read(text, progress);
         table_ = std::move(spectra.table);
         norm_ = spectra.norm;
     } else {
-        table_ = TableText::read(text, decimal, progress);
+        table_ = TableText::read(text, options.decimal, progress);
     }
+}
+
+void Source::readKeys(std::string_view text, const Options& options, const Streams& streams)
+{
+    KeysText read = KeysText::read(text);
+    curve_.color = read.color;
+    if (!read.formula.empty()) {
+        curve_.kind = CurveFile::Expression;
+        curve_.expression = read.formula;
+        formulaLine_ = lineOf(text, text.find("\"formula\""));
+        return;
+    }
+    const auto& keys = read.curve.keys;
+    const auto [lowest, highest] =
+        std::minmax_element(keys.begin(), keys.end(),
+                            [](const auto& left, const auto& right) { return left.value < right.value; });
+    const CurveKeys::Points points =
+        CurveKeys::toSpline(read.curve, options.tolerance(lowest->value, highest->value));
+    if (points.spline.points.empty())
+        fail("the curve takes more than " + std::to_string(CurveKeys::pointLimit) + " points");
+    curve_.spline.assign(points.spline);
+    KeysText::tellDeviation(points.deviation, streams.messages);
 }
 
 SampleTable Source::getTableOf(const std::optional<std::string>& choice) const

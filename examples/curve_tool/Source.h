@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "CurveTool.h"
 #include "Format.h"
 #include "SampleTable.h"
 #include "Sampling.h"
@@ -8,12 +9,12 @@
 #include <curveeditor/files/CurveFile.h>
 #include <curveeditor/files/TableReader.h>
 
-#include <iosfwd>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
-/// What a command reads: one curve file, or a table of samples.
+/// What a command reads: one curve, of a curve file or of keys, or a table of samples.
 class Source
 {
 public:
@@ -22,14 +23,16 @@ public:
     {
         std::optional<Format> format; ///< recognised unless it is given
         TableReader::Decimal decimal = TableReader::Decimal::FromText;
+        /// How far the curve of keys may be away from them, by the least and the greatest of their values.
+        std::function<double(double lowest, double highest)> tolerance;
     };
 
-    /// Reads the file; "-" is `standardInput`. Throws a `Fault` with the name of the file and the line.
-    Source(const std::string& path, const Options& options, std::istream& standardInput,
-           std::ostream* terminal);
+    /// Reads the file; "-" is standard input. Throws a `Fault` with the name of the file and the line.
+    /// Tells how far a curve is from its keys, where it had to be fitted.
+    Source(const std::string& path, const Options& options, const Streams& streams);
 
     Format getFormat() const { return format_; }
-    bool isTable() const { return format_ != Format::Curve; }
+    bool isTable() const { return format_ != Format::Curve && format_ != Format::Keys; }
 
     const CurveFile& getCurve() const { return curve_; }    ///< if it is no table
     const SampleTable& getTable() const { return table_; }  ///< if it is one
@@ -51,7 +54,8 @@ public:
     [[noreturn]] void failAtFormula(const std::string& reason) const;
 
 private:
-    void read(std::string_view text, TableReader::Decimal decimal, std::ostream* terminal);
+    void read(std::string_view text, const Options& options, const Streams& streams);
+    void readKeys(std::string_view text, const Options& options, const Streams& streams);
 
     std::string path_;
     Format format_ = Format::Table;

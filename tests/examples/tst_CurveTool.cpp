@@ -20,6 +20,18 @@ const QByteArray sensor = "# KVTR Corvane Sensor Sensibility Data File\n"
                           "num_curves \t\t 1\nnum_lambdas \t 3\n\n"
                           "0,\t1.000000,\t\n1,\t2.000000,\t\n2,\t3.000000,\t\n";
 
+const QByteArray keys =
+    "{\"format\":\"curve-keys\",\"version\":1,\"color\":[1,2,3],\"before\":\"zero\","
+    "\"after\":\"loop-offset\",\"default\":0.5,\"keys\":[\n"
+    "{\"time\":0.0,\"value\":1.0,\"shape\":\"linear\",\"in\":{\"slope\":0.0},\"out\":{\"slope\":0.0}},\n"
+    "{\"time\":4.0,\"value\":3.0,\"shape\":\"linear\",\"in\":{\"slope\":0.0},\"out\":{\"slope\":0.0}}]}\n";
+
+/// Keys as a person types them.
+QByteArray keysOf(const char* list)
+{
+    return QByteArray("{\"format\": \"curve-keys\", \"version\": 1,\n \"keys\": [") + list + "]}";
+}
+
 QByteArray altered(QByteArray text, const char* part, const char* replacement = "")
 {
     return text.replace(part, replacement);
@@ -89,6 +101,23 @@ private Q_SLOTS:
             "nm\t\"dark skin\"\t\"../x\"\n380\t0.5\t2\n390\t1\t3\n");
         row("simplify a table", "0 5\n1 5\n2 5\n", "simplify - -o - --tolerance 0",
             "255\n255\n255\n0\nspline 1 1 0\n0 5 0 0 0 0 0 0 0 1\n2 5 0 0 0 0 0 0 0 1\nend\n");
+        row("keys to curve", keys, "convert - -o - --output-format crv", spline);
+        row("curve to keys", spline, "convert - - --output-format json", keys);
+        row("formula of keys", R"({"formula": "t*f", "version": 1, "format": "curve-keys"})",
+            "sample - --from 2 --to 2", "2\t40\n");
+        row("formula to keys", formula, "convert - - --output-format json",
+            "{\"format\":\"curve-keys\",\"version\":1,\"color\":[1,2,3],\"formula\":\"log(t)+0*f\"}\n");
+        row("keys to table", keysOf(R"({"time": 0, "value": 1, "shape": "hold"}, {"time": 1, "value": 2})"),
+            "convert - - --output-format table --step 0.5", "time\t\"standard input\"\n0\t1\n0.5\t1\n1\t2\n");
+        row("handles of keys",
+            keysOf(
+                R"({"time": 0, "value": 1, "out": {"slope": 2}}, {"time": 3, "value": 5, "in": {"slope": -1}})"),
+            "convert - - --output-format crv",
+            "255\n255\n255\n0\nspline 1 1 0\n0 1 0 2 0 0 0 0 0 1\n3 5 -1 0 0 0 0 0 0 1\nend\n");
+        row("ease of keys",
+            keysOf(R"({"time": 0, "value": 0, "ease": [0.42, 0, 0.58, 1]}, {"time": 1, "value": 1})"),
+            "convert - - --output-format crv --tolerance 5 --percent",
+            "255\n255\n255\n0\nspline 1 1 0\n0 0 0 0 0 0 0 0 0 1\n1 1 0 0 0 0 0 0 0 1\nend\n");
         row("version", "", "--version", "curve-tool " CURVE_TOOL_VERSION "\n");
         row("simplify stays", spline, "simplify - -o - --tolerance 0", spline);
     }
@@ -163,21 +192,60 @@ private Q_SLOTS:
         row("into no directory", table, "/dev/null: ", "convert - --all /dev/null");
         for (const auto& [reason, command] :
              {std::pair("the file is missing", "info"),
-              {"none of crv, table, sensor, cgats and sp", "info - --format x"},
+              {"none of crv, table, sensor, cgats, sp and json", "info - --format x"},
               {"--count takes a whole number", "sample - --count 2.5"},
               {"--step and --count exclude", "sample - --step 1 --count 2"},
-              {"'x' is none of crv, table and sensor", "convert - - --output-format x"},
+              {"'x' is none of crv, table, sensor and json", "convert - - --output-format x"},
               {"for whole numbers of 32 bits", "convert - - --output-format sensor --from 3e9 --to 3e9"},
               {"no whole number among", "convert - - --output-format sensor --from 0.1 --to 0.9"},
               {"--step and --count can't change it", "convert - - --output-format sensor --step 2"},
               {"--all is for tables", "convert - --all /none"},
-              {"--all writes curve files only", "convert - --all /none --output-format table"},
-              {"give either OUT or --all", "convert - - --all /none"},
+              {"--all writes curve files and keys only", "convert - --all /none --output-format table"},
+              {"give either -o OUT or --all", "convert - - --all /none"},
               {"--all and --curve exclude", "convert - --all /none --curve 1"},
               {"--tolerance is for curve files", "convert - - --output-format table --tolerance 1"},
               {"--tolerance fits samples", "convert - - --output-format crv --tolerance 1"},
               {"--tolerance: 'x' is no number", "convert - - --tolerance x"}})
             row(command, spline, reason, command, 2);
+        for (const auto& [reason, list] :
+             {std::pair(":3: keys[0].time is there twice", "{\"time\": 1,\n\"time\": 2}"),
+              {":2: keys[1] is earlier than the key before it",
+               R"({"time": 1, "value": 0}, {"time": 0, "value": 0})"},
+              {":2: keys[0] has no time or no value", R"({"time": 1})"},
+              {":2: keys[0].in.reach is not within 0 and 1", R"({"in": {"reach": 1.5}})"},
+              {":3: keys[0].value can't be a text", "{\"value\":\n\"1\"}"},
+              {":2: keys[0].value can't be null", R"({"value": null})"},
+              {":2: keys[0].value can't be true or false", R"({"value": true})"},
+              {":2: keys[0].value can't be an array", R"({"value": [[[[[[)"},
+              {":2: keys[0].time can't be an object", R"({"time": {"time": {)"},
+              {":2: keys can't be an array", "[] 1"},
+              {":2: number overflow parsing '1e999'", R"({"time": 1e999})"},
+              {":2: column 20: syntax error while parsing value - invalid literal", R"({"time": NaN})"},
+              {":2: column 13: syntax error while parsing object key - invalid string: ill-formed UTF-8",
+               "{\"\xFF\"}"},
+              {":2: keys[0].shape can't be 'round'", R"({"shape": "round"})"},
+              {":2: keys[0].tim is not known", R"({"tim": 1})"},
+              {":2: keys[0].ease[2] is not within 0 and 1", R"({"ease": [0, 5, 2, 1]})"},
+              {":2: keys[0].ease[4] is one number too many", R"({"ease": [0, 0, 0, 0, 0]})"},
+              {":2: keys[0].ease[2] ends an ease that is not of four", R"({"ease": [0, 0, 0]})"},
+              {":2: keys[0] has an ease and another shape",
+               R"({"time": 0, "value": 0, "ease": [0, 0, 0, 0], "out": {}})"},
+              {"ends with an ease that leads nowhere", R"({"time": 0, "value": 0, "ease": [0, 0, 0, 0]})"},
+              {":2: keys can't be a number", "1"},
+              {"has no keys", ""}})
+            row(reason, keysOf(list), reason);
+        row("no keys and no formula", R"({"format": "curve-keys", "version": 1})",
+            "needs either keys or a formula");
+        row("no format", "{}", "has no format or no version");
+        row("other format", R"({"format": "x"})", "format is not 'curve-keys'");
+        row("other version", R"({"version": 2})", "version is not 1");
+        row("bad colour", R"({"color": [1, 256]})", "color[1] is no whole number within 0 and 255");
+        row("short colour", R"({"color": [1]})", "ends a colour that is not of three");
+        row("long colour", R"({"color": [1, 2, 3, 4]})", "color[3] is one number too many");
+        row("no behaviour", R"({"before": "loop"})", "before can't be 'loop'");
+        row("formula with blanks", R"({"formula": "1 2"})", "formula is empty, too long, or has blanks");
+        row("cut keys", keys.chopped(20), ":3: column 64: syntax error while parsing object key");
+        row("behind keys", keys + "x", ":4: column 1: syntax error");
         row("no command", "", "a command is missing", "", 2);
         row("unknown option", "", "there is no option '--bogus'", "info --bogus -", 2);
         row("option twice", "", "--curve is there twice", "info - --curve 1 --curve 2", 2);
