@@ -28,6 +28,9 @@ enum class Status {
     BadType        ///< a fit is asked for of points that are neither `Bezier` nor `Linear`
 };
 
+/// What was wrong with the input, in English; empty for `Done`.
+CURVEEDITOR_EXPORT const char* message(Status status);
+
 /// What the curve has to keep to.
 struct Options
 {

@@ -4,7 +4,7 @@
 #include "Fault.h"
 #include "TextNumber.h"
 
-#include <curveeditor/files/TextFields.h>
+#include <curveeditor/files/FormulaFault.h>
 #include <curveeditor/model/CurveFit.h>
 #include <curveeditor/model/FunctionParserBase.h>
 #include <curveeditor/model/ParserVarMapper.h>
@@ -17,24 +17,13 @@ namespace {
 
 constexpr double roundingOfCount = 1e-9;
 
-std::string firstFaultyPlace(const ParseMessage& message)
-{
-    const auto [offset, length] = message.errors.front();
-    return message.text.substr(offset, length);
-}
-
 std::unique_ptr<FunctionFloatBase> parse(const std::string& text)
 {
     ParseMessage message;
     std::unique_ptr<FunctionFloatBase> formula(FunctionParserBase::instance()->parseString(text, message));
-    if (message.errors.empty())
-        return formula;
-    if (message.code == ParseMessage::UnknownVariable)
-        throw Fault("the formula reads " + TextFields::inQuotes(firstFaultyPlace(message)) +
-                    ", which is not known here");
-    if (message.code == ParseMessage::UnmatchedParenthesis)
-        throw Fault("a parenthesis of the formula has no partner");
-    throw Fault("the formula can't be read at " + TextFields::inQuotes(firstFaultyPlace(message)));
+    if (!formula)
+        throw Fault(formulaFault(message));
+    return formula;
 }
 
 /// Knows the names for which a parser asked in vain.
