@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <pybind11/pybind11.h>
+
+#include <cstdint>
+
+namespace curveeditor::python {
+
+/// @{
+/// A number as the member of Python's `PointType` or `Behaviour`; one that is none acts as the first, or as
+/// `CONSTANT`, and is told as that.
+pybind11::object toPointType(std::int32_t number);
+pybind11::object toBehaviour(std::int32_t number);
+/// @}
+
+/// @{
+/// Raises ValueError for a number that is none.
+std::int32_t checkedPointType(std::int32_t number);
+std::int32_t checkedBehaviour(std::int32_t number);
+/// @}
+
+} // namespace curveeditor::python

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "NeverNull.h"
+
+#include <curveeditor/model/SplineBase.h>
+#include <curveeditor/model/SplineState.h>
+
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <shared_mutex>
+#include <utility>
+
+namespace curveeditor::python {
+
+/// A spline of Python's, which is evaluated without the interpreter's lock while other threads go on.
+///
+/// Whoever holds the interpreter's lock may `read`. Without it, `evaluate` keeps edits waiting until it is done.
+class Spline
+{
+public:
+    Spline() = default;
+    /// `state` is whole.
+    explicit Spline(const SplineState& state) { spline_.assign(state); }
+
+    const SplineBase& read() const { return spline_; }
+
+    /// What `work` does to the spline, while no thread evaluates it.
+    template <typename Work> decltype(auto) edit(Work&& work)
+    {
+        const std::unique_lock lock(mutex_);
+        return std::forward<Work>(work)(spline_);
+    }
+
+    void evaluate(const double* times, double* values, std::size_t count) const
+    {
+        const std::shared_lock lock(mutex_);
+        spline_.evaluate(times, values, count);
+    }
+
+private:
+    SplineBase spline_;
+    mutable std::shared_mutex mutex_;
+};
+
+using SplinePointer = std::shared_ptr<Spline>;
+
+/// What a fit has made, and how well.
+class FittedSpline : public Spline
+{
+public:
+    FittedSpline(const SplineState& state, double deviation, std::size_t samples)
+        : Spline(state), deviation_(deviation), samples_(samples)
+    {
+    }
+
+    double deviation() const { return deviation_; }
+    std::size_t samples() const { return samples_; }
+
+private:
+    double deviation_;
+    std::size_t samples_;
+};
+
+} // namespace curveeditor::python
+
+template <>
+class pybind11::detail::type_caster<curveeditor::python::SplinePointer>
+    : public curveeditor::python::NeverNull<curveeditor::python::Spline>
+{
+};

@@ -1,0 +1,109 @@
+# SPDX-License-Identifier: MIT
+"""Every function of the public headers has its name in Python, or a reason for having none."""
+import re
+from functools import reduce
+from pathlib import Path
+
+import curveeditor
+import pytest
+
+SOURCES = Path(__file__).resolve().parents[2] / "curveeditor"
+
+BOUND = {
+    "model/CurveDiff.h": "CurveDiff=CurveDiff apply=CurveDiff.apply between=CurveDiff.between formulaAfter=CurveState.formula"
+    " formulaBefore=CurveState.formula influenceOf=Spline.influence inverse=CurveDiff.inverse isEmpty=CurveDiff.is_empty"
+    " kindAfter=CurveState.formula kindBefore=CurveState.formula pointsAfter=CurveDiff.points_after"
+    " pointsBefore=CurveDiff.points_before revert=CurveDiff.revert toString=CurveDiff.__str__ touched=CurveDiff.touched",
+    "model/CurveFit.h": "bake=bake fit=fit jumpsOf=jumps simplify=simplify smoothSlope=smooth_slope",
+    "model/CurveSnapshot.h": "CurveSnapshot=Snapshot call=Snapshot.__call__ evaluate=Snapshot.__call__ of=Spline.snapshot",
+    "model/CurveVariables.h": "CurveVariables=Variables add=Variables.add getExpression=Variables.__getitem__"
+    " getValue=Formula.__call__ getValues=Formula.__call__ remove=Variables.remove rename=Variables.rename",
+    "model/EvaluationTime.h": "EvaluationTime=Formula.__call__ set=Formula.__call__",
+    "model/FunctionFloatBase.h": "FunctionFloatBase=Formula evaluate=Formula.__call__ evaluateBlock=Formula.__call__"
+    " getString=Formula.__str__",
+    "model/FunctionParserBase.h": "getAllVars=Formula.names parseString=Formula.__init__ setVarMapper=Formula.__init__",
+    "model/ParseMessage.h": "ParseMessage=FormulaError",
+    "model/ParserVarMapper.h": "ParserVarMapper=Variables getExpression=Variables.__getitem__ getValue=Formula.__call__"
+    " getValues=Formula.__call__ hasName=Variables.__contains__ getStoredName=Variables.__iter__",
+    "model/SplineBase.h": "SplineBase=Spline addPoint=Spline.add assign=Spline.assign call=Spline.__call__"
+    " evaluate=Spline.__call__ find=Point.index findIndex=Spline.find getControlPoints=Spline.__iter__"
+    " getControlPointsNumber=Spline.__len__ getDefaultValue=Spline.default_value getFirst=Spline.__getitem__"
+    " getLast=Spline.__getitem__ getNext=Spline.next getPrev=Spline.previous getTangentLeftAtNode=Spline.tangent_left"
+    " getTangentRightAtNode=Spline.tangent_right load=Spline.from_text modify=Spline.__getitem__ remove=Spline.remove"
+    " reset=Spline.reset save=Spline.to_text setDefaultValue=Spline.default_value setPos=Point.value"
+    " setTanLeft=Point.tan_left setTanRight=Point.tan_right setTime=Point.time slope=Spline.slope state=Spline.state"
+    " copyTo=Spline.state",
+    "model/SplineState.h": "fingerprint=SplineState.fingerprint fingerprintOf=SplineState.fingerprint"
+    " isSamePoint=SplineState.__eq__",
+    "files/CurveFile.h": "read=CurveFile.read write=CurveFile.write",
+    "files/FileReplacement.h": "write=replace_file",
+    "files/SensorTable.h": "head=sensor_table_head row=sensor_table_row",
+    "files/TableReader.h": "TableReader=read_table names=Table.names line=Table.lines readAll=read_table",
+}
+LACKING = {
+    "model/CurveDiff.h": (
+        "TimeInterval everything unite pointsShift",
+        "times come as tuples",
+    ),
+    "model/CurveFit.h": ("isDone message", "what can't be fitted raises, with the message"),
+    "model/CurveKeys.h": ("fromSpline isWhole setEase toSpline", "curve-tool converts the files of others"),
+    "model/FunctionFloatBase.h": (
+        "getBinaryRef getConstantRef getTernaryRef getUnaryRef getVariableBoolRef getVariableDoubleRef"
+        " getVariableFloatRef getVariableIntRef isBinary isConstant isTernary isUnary isVariableBool isVariableDouble"
+        " isVariableFloat isVariableInt",
+        "the nodes of a formula are seen as its text alone",
+    ),
+    "model/FunctionParserBase.h": (
+        "FunctionParserBase instance getKey getVarMapper getValue setValue toInt holdsDouble",
+        "each formula is given its variables",
+    ),
+    "model/ParserVarMapper.h": ("getNameLength getType", "variables are not derived in Python"),
+    "model/SplineBase.h": ("mend", "points are written by what keeps them in order"),
+    "model/SplineState.h": ("isEarlierPoint isWhole", "states that are not whole are not made"),
+    "files/CurveFile.h": (
+        "readColor readKind readSpline readExpression writeColor writeSpline writeExpression",
+        "a file is read and written whole",
+    ),
+    "files/FileReplacement.h": ("isSaved", "the text of the exception tells"),
+    "files/FormulaFault.h": ("formulaFault", "the text of FormulaError"),
+    "files/TableReader.h": (
+        "fault fields hasHead message next number place",
+        "a table is read whole, or raises",
+    ),
+    "files/TextFields.h": (
+        "inQuotes isWhiteSpace number printable shortened split takeLine trimmed withoutByteOrderMark",
+        "Python has its own",
+    ),
+}
+NODES = re.compile(r"model/FunctionFloat(?!Base)")  # as the nodes in FunctionFloatBase.h
+NOISE = set("double float int bool void if while for return sizeof static_cast".split())
+
+
+def functions_of(header):
+    text = re.sub(r"//.*|^\s*#.*(?:\\\n.*)*", "", header.read_text(encoding="utf-8"), flags=re.M)
+    text = re.sub(r"^(?:private|protected):.*?(?=^public:|^};)", "", text, flags=re.M | re.S)
+    bodies = 1
+    while bodies:
+        text, bodies = re.subn(r"\)([\w\s]*)\{[^{}]*\}", r")\1;", text)
+    text = re.sub(r"operator\(\)\s*\(", "call(", text)
+    return set(re.findall(r"(?<![~:.>])\b([A-Za-z_]\w*)\s*\(", text)) - NOISE
+
+
+def headers_in(variable):
+    lists = (SOURCES / "CMakeLists.txt").read_text(encoding="utf-8")
+    return [name for name in re.search(rf"set\({variable}\s+(.*?)\)", lists, re.S)[1].split() if not NODES.match(name)]
+
+
+@pytest.mark.parametrize("header", headers_in("model_headers"))
+def test_all_functions_are_bound(header):
+    bound = dict(pair.split("=") for pair in BOUND.get(header, "").split())
+    lacking = set(LACKING.get(header, ("", ""))[0].split())
+    assert functions_of(SOURCES / header) == set(bound) | lacking
+    assert not set(bound) & lacking
+    for name in bound.values():
+        reduce(getattr, name.split("."), curveeditor)
+
+
+def test_all_names_are_offered():
+    model = {name for name in dir(curveeditor._model) if not name.startswith("_")}
+    assert set(curveeditor.__all__) == model
