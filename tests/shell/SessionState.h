@@ -295,6 +295,15 @@ private:
                         : entry->text() + words({{!entry->isEnabled(), "off"}, {entry->isChecked(), "on"}});
             return add("open menu", parts.join(", "));
         }
+        if (const auto* const names = window.findChild<QListView*>();
+            window.windowType() == Qt::Popup && names) {
+            for (int row = 0; row < names->model()->rowCount(); ++row) {
+                const QModelIndex name = names->model()->index(row, 0);
+                parts += name.data().toString() + words({{names->isRowHidden(row), "hidden"},
+                                                         {names->selectionModel()->isSelected(name), "on"}});
+            }
+            return add("open names", parts.join(", "));
+        }
         const auto* const box = qobject_cast<const QMessageBox*>(&window);
         const bool isOurs =
             !qobject_cast<const QFileDialog*>(&window) && !qobject_cast<const QColorDialog*>(&window);

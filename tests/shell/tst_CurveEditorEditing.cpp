@@ -20,40 +20,6 @@ private Q_SLOTS:
     void init() { fixture = std::make_unique<EditorFixture>(QStringList{"cam.lens", "cam.focus"}); }
     void cleanup() { fixture.reset(); }
 
-    void listAndCanvasFollowEachOther()
-    {
-        QCOMPARE(fixture->current(), "cam.focus");
-        clickRow("cam.lens");
-        QCOMPARE(fixture->current(), "cam.lens");
-        QTest::keyClick(&fixture->list, Qt::Key_Up);
-        QCOMPARE(fixture->current(), "cam.focus");
-        QCOMPARE(fixture->texts(fixture->menu("Curves")), QStringList({"cam.lens", "cam.focus"})); // as added
-        fixture->menu("Curves")->actions()[0]->trigger();
-        QCOMPARE(fixture->list.selectedItem()->text(0), "cam.lens");
-        for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::ControlModifier}) {
-            clickRow("cam.focus", keys);
-            QCOMPARE(fixture->current(), "cam.focus");
-            QVERIFY(fixture->list.selectedItem());
-        }
-        QVERIFY(fixture->changes.isEmpty());
-    }
-
-    void deleteInTheListTakesTheCurveAndNoPoint()
-    {
-        clickRow("cam.lens");
-        fixture->clickPoint();
-        clickRow("cam.focus");
-        fixture->changes.clear();
-        Qt::Key key = Qt::Key_Delete;
-        for (const char* nowCurrent : {"cam.lens", "None", "None"}) {
-            QTest::keyClick(&fixture->list, std::exchange(key, Qt::Key_Backspace));
-            QCOMPARE(fixture->current(), nowCurrent);
-        }
-        QCOMPARE(fixture->list.topLevelItemCount(), 0);
-        QCOMPARE(fixture->curves["cam.lens"].spline.getControlPointsNumber(), 2U);
-        QVERIFY(fixture->changes.isEmpty());
-    }
-
     void droppedNameOpensItsCurveOrIsToldToBeUnknown()
     {
         fixture->add("cam.pan");
@@ -185,35 +151,6 @@ private Q_SLOTS:
         QCOMPARE(fixture->changes.size(), 3);
     }
 
-    void filterHidesRowsAndLeavesTheCanvasAlone()
-    {
-        QLineEdit& line = *fixture->editor.listPanel->filterLine();
-        for (int i = 0; i < 11; ++i) {
-            QVERIFY(!line.isVisible());
-            fixture->open(QStringLiteral("light.%1").arg(i));
-        }
-        line.setFocus();
-        QTest::keyClicks(&line, "CAM");
-        QCOMPARE(rowsInSight(), QStringList({"cam.focus", "cam.lens", "light.10"}));
-        fixture->editor.renameCurve("light", "3", "sky Cam");
-        fixture->editor.setEditingNode("light.7");
-        QCOMPARE(rowsInSight(),
-                 QStringList({"cam.focus", "cam.lens", "light.7", "light.10", "light.sky Cam"}));
-        clickRow("cam.lens");
-        QCOMPARE(fixture->current(), "cam.lens");
-        QTest::keyClick(&line, Qt::Key_Escape);
-        QVERIFY(fixture->editor.isVisible());
-        QCOMPARE(rowsInSight().size(), 13);
-        line.setText("no such name");
-        line.setFocus();
-        QTest::keyClick(&line, Qt::Key_Down);
-        QVERIFY(fixture->list.hasFocus());
-        line.setFocus();
-        QTest::keyClick(&fixture->list, Qt::Key_Delete);
-        QVERIFY(!line.isVisible() && fixture->list.hasFocus());
-        QCOMPARE(rowsInSight().size(), 12);
-    }
-
     void namesThatAreKnownOrUnknownChangeNothing()
     {
         TreeScene s;
@@ -305,15 +242,6 @@ private Q_SLOTS:
     }
 
 private:
-    QStringList rowsInSight() const
-    {
-        QStringList names;
-        for (int i = 0; i < fixture->list.topLevelItemCount(); ++i) {
-            if (!fixture->list.topLevelItem(i)->isHidden())
-                names.append(fixture->list.topLevelItem(i)->text(0));
-        }
-        return names;
-    }
     QColor colorOfSquare(const QString& name) const
     {
         const int inside = fixture->list.iconSize().width() / 2;
@@ -323,10 +251,6 @@ private:
     {
         return fixture->list.visualItemRect(fixture->list.findItems(name, Qt::MatchExactly).value(0))
             .center();
-    }
-    void clickRow(const QString& name, Qt::KeyboardModifiers keys = {})
-    {
-        QTest::mouseClick(fixture->list.viewport(), Qt::LeftButton, keys, rowCenter(name));
     }
 
     std::unique_ptr<EditorFixture> fixture;
