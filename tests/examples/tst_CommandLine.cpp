@@ -25,6 +25,7 @@ private Q_SLOTS:
         row("unknown language", {"--language", "xx", "--export", b}, "no translation into \"xx\"");
         row("no tolerance", {"--simplify", "x", "a", "--export", b}, "\"x\" is no tolerance");
         row("tolerance below 0", {"--simplify", "-1", "a", "--export", b}, "\"-1\" is no tolerance");
+        row("endless tolerance", {"--simplify", "inf", "a", "--export", b}, "\"inf\" is no tolerance");
         row("nothing to simplify", {"--simplify", "1", "--export", b}, "To simplify takes a table.");
         row("picture nowhere", {"--screenshot", path("none/a.png")}, path("none/a.png: No such"));
         row("table nowhere", {"--export", path("none/a.txt")}, path("none/a.txt: No such"));
@@ -71,6 +72,9 @@ private Q_SLOTS:
         const QString pairs = written(path("pairs"), "0,7\n1,8\n");
         QCOMPARE(run({pairs, "--decimal", "point", "--export", path("out.txt")}), 0);
         QVERIFY(contentOf(path("out.txt")).contains("1,\t8.000000"));
+        QCOMPARE(
+            run({written(path("comma"), "0;1,234\n"), "--decimal", "comma", "--export", path("out.txt")}), 0);
+        QVERIFY(contentOf(path("out.txt")).contains("0,\t1.234000"));
     }
 
     void tableIsSimplifiedWithinTheTolerance()

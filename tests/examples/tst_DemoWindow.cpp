@@ -146,6 +146,8 @@ private Q_SLOTS:
         QVERIFY(!store_->find("Camera", "pan"));
         QCOMPARE(store_->findReported("Camera", "1"), store_->find("Camera", "Schwenk ä.1"));
         QVERIFY(!store_->findReported("Camera", "2") && !store_->findReported("Light", "1"));
+        for (const char* const name : {"", "Schwenk ä.1"})
+            choose("Rename", [name](QInputDialog& dialog) { dialog.setTextValue(name); });
         QString told;
         QTimer closing;
         connect(&closing, &QTimer::timeout, this, [&told] {

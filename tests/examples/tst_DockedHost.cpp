@@ -247,8 +247,8 @@ private Q_SLOTS:
                                     : timeOfTimecode(typed, rate);
         };
         QVERIFY(read(text) && qAbs(*read(text) - number) < 1e-9);
-        for (const char* const fault :
-             {"", "1", "00:60:00:00", "00:01:00;01", "00:00:00:30", "1.4.000", "1.1.960", "x %"})
+        for (const char* const fault : {"", "1", "00:60:00:00", "00:00:60:00", "00:01:00;01", "00:00:00:30",
+                                        "1.4.000", "1.0.000", "1.1.960", "x %"})
             QVERIFY2(!read(fault) || (!isDrop && QString(fault) == "00:01:00;01"), fault);
     }
 

@@ -110,7 +110,7 @@ private Q_SLOTS:
         table("decimal commas, blanks", "0,5 1,5\n", "0.5 1.5");
         table("decimal commas, quoted", "\"0,5\",\"1,5\"\n", "0.5 1.5");
         table("nothing but a decimal comma", "0\t1,234\n0\t0,125\n", "0 1.234; 0 0.125");
-        table("thousands and a point", "0\t1,234\n1\t-123,456.0\n", "0 1234; 1 -123456");
+        table("thousands and a point", "0\t+1,234\n1\t-123,456.0\n", "0 1234; 1 -123456");
         table("four digits behind it", "0\t1,2345\n", "0 1.2345");
         table("several groups", "0\t1,234,567\n", "0 1.23457e+06");
         row("head before pairs", "a,b\n1,5\n2,5\n", "a|b: 1 5; 2 5");
@@ -180,6 +180,8 @@ private Q_SLOTS:
                            "b\xFF\xE2\x82"),
                  std::string("a??ü€?b??"));
         QCOMPARE(printable("\xE0\x82\x9Bz\xED\xA0\x80", '_'), std::string("_z_"));
+        QCOMPARE(printable("\xF5z\xE2(\xA1z\xEE\x80\x80z\xF4\x90\x80\x80", '_'),
+                 std::string("_z_(_z\xEE\x80\x80z_"));
         QCOMPARE(shortened("aü€", 5), std::string_view("aü"));
         QCOMPARE(inQuotes(std::string(39, 'x') + "ü"), '\'' + std::string(39, 'x') + "...'");
     }

@@ -54,6 +54,18 @@ private:
         CurveState state = before;
         [&] {
             QVERIFY(diff.apply(state) && state == after && diff.revert(state) && state == before);
+            using Alteration = void (*)(SplineState&);
+            for (const Alteration alter : {Alteration([](SplineState& s) { s.firstType ^= 1; }),
+                                           Alteration([](SplineState& s) { s.lastType ^= 1; }),
+                                           Alteration([](SplineState& s) { s.defaultValue = 77.0; })}) {
+                CurveState other = before;
+                alter(other.spline);
+                const CurveState kept = other;
+                SplineBase spline;
+                QVERIFY(spline.assign(other.spline) &&
+                        (diff.isEmpty() || !(diff.apply(other) || diff.apply(spline))));
+                QVERIFY(other == kept && spline.state() == kept.spline);
+            }
             QCOMPARE(diff.isEmpty(), before == after);
             QCOMPARE(diff.toString().empty(), before == after);
             QCOMPARE(diff.toString(), CurveDiff::between(before, after).toString());
@@ -240,6 +252,7 @@ private Q_SLOTS:
         QVERIFY(isSame(*spline[4], {2.0, 5.0, 0, 0, 0, 0, 0, 0, 0, SplineBase::Bezier}));
         spline.remove(spline[1]);
         QVERIFY(spline(2.0) == 5.0 && spline.getNext(1.0) == spline[2] && spline.getPrev(2.0) == spline[1]);
+        QVERIFY(!spline.getPrev(spline[0]->time) && !spline.getNext(spline.getLast()->time));
     }
 
     void setTimeMovesOnePointAmongTheOthers()
