@@ -115,6 +115,15 @@ void addRow(QGridLayout* grid, QLabel* left, QWidget* right)
     grid->setColumnStretch(1, 1);
 }
 
+int widthInARow(const QLayout& parts)
+{
+    const QMargins margins = parts.contentsMargins() + parts.parentWidget()->contentsMargins();
+    int width = margins.left() + margins.right() + (parts.count() - 1) * parts.spacing();
+    for (int i = 0; i < parts.count(); ++i)
+        width += parts.itemAt(i)->minimumSize().width();
+    return width;
+}
+
 /// The rows begin where those beside them begin; what is left of the height lies below.
 void endRows(QGridLayout* grid)
 {
@@ -195,14 +204,19 @@ void CurveEditorDialogBase::buildNodePage()
     tabWidget2->addTab(tab, QString());
 }
 
-/// Side by side, or one below the other where the page is too narrow.
+/// The frames stand side by side, or one below the other where the page is too narrow, and so do their parts where it is
+/// too narrow for one of them.
 void CurveEditorDialogBase::stackFrames(int pageWidth)
 {
-    const int needed = frame11->minimumSizeHint().width() + frame10->minimumSizeHint().width();
-    const bool isNarrow = pageWidth < needed + 3 * columnSpace;
+    const int first = widthInARow(*frame11Layout), second = widthInARow(*frame10Layout);
+    const bool isNarrow = pageWidth < first + second + 3 * columnSpace;
+    const bool isVeryNarrow = pageWidth < qMax(first, second) + 2 * narrowMargin;
     const int margin = isNarrow ? narrowMargin : columnSpace;
-    tabLayout->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     tabLayout->setContentsMargins(margin, columnSpace, margin, columnSpace);
+    tabLayout->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    for (QBoxLayout* const parts : {frame11Layout, frame10Layout})
+        parts->setDirection(isVeryNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    line1->setFrameShape(isVeryNarrow ? QFrame::HLine : QFrame::VLine);
 }
 
 void CurveEditorDialogBase::buildPositionFrame()
