@@ -112,6 +112,17 @@ QPoint startOf(const QPolygon& lines, qsizetype index)
     return lines.at(2 * index);
 }
 
+/// Which lines have a number, so that numbers that are `distance` apart from line to line don't meet: all, or every
+/// second, fifth and so on, counted from zero.
+int everyThatFits(int distance, int height)
+{
+    for (const int every : {1, 2, 5, 10, 20, 50}) {
+        if (distance * every >= height)
+            return every;
+    }
+    return mostLines;
+}
+
 QString labelText(double number, bool zero)
 {
     return zero ? QStringLiteral("0") : QStringLiteral("%1").arg(number, 0, 'G', -1);
@@ -359,6 +370,8 @@ void CanvasGrid::drawSpacedLabels(QPainter* painter, const CurveEditorTheme& the
         QRect rect(0, 0, metrics.horizontalAdvance(text) + 2 * labelPadding, metrics.height());
         rect.moveCenter(center);
         rect.moveLeft(std::max(rect.left(), room.left() - labelPadding));
+        if (center.x() > 0 && std::abs(timeLineX - center.x()) < rect.width() / 2)
+            rect.moveLeft(timeLineX + 1);
         const QRect spaced = rect.adjusted(-labelMargin, 0, labelMargin, 0);
         const bool isFree = std::none_of(taken.begin(), taken.end(),
                                          [&](const QRect& other) { return other.intersects(spaced); });
@@ -369,8 +382,12 @@ void CanvasGrid::drawSpacedLabels(QPainter* painter, const CurveEditorTheme& the
     };
     for (int i = 0; i < countX; ++i)
         drawLabel({startOf(lines, i).x(), room.bottom() - metrics.height() / 2}, timeLabels_.at(i));
-    for (int j = 0; j < countY; ++j)
-        drawLabel({0, startOf(lines, countX + j).y()}, valueLabels_.at(j));
+    const int distance = countY > 1 ? startOf(lines, countX).y() - startOf(lines, countX + 1).y() : 0;
+    const int every = everyThatFits(distance, metrics.height());
+    for (int j = 0; j < countY; ++j) {
+        if (std::llround(j + firstY / stepY) % every == 0)
+            drawLabel({0, startOf(lines, countX + j).y()}, valueLabels_.at(j));
+    }
 }
 
 void CanvasGrid::drawGrip(QPainter* painter, const CurveEditorTheme& theme) const

@@ -6,6 +6,7 @@
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/CurvePainter.h>
 #include <curveeditor/canvas/ExpressionSampler.h>
+#include <curveeditor/canvas/OutlinedText.h>
 #include <curveeditor/canvas/ViewPort.h>
 #include <curveeditor/edit/DragGuide.h>
 #include <curveeditor/files/NumberText.h>
@@ -32,6 +33,8 @@ CurveEditorTheme& sharedTheme()
 
 constexpr std::array sharedColors = {&CurveEditorTheme::controlPoint, &CurveEditorTheme::controlPointSelected,
                                      &CurveEditorTheme::controller, &CurveEditorTheme::controllerSelected};
+
+constexpr int textMargin = 8;
 
 QString joined(QStringList texts)
 {
@@ -122,8 +125,13 @@ void CanvasPicture::drawHint(QPainter& painter) const
     const QString text = hint();
     if (!theme_.hint.isValid() || text.isEmpty())
         return;
-    constexpr double heightShare = 0.4; // clear of a level curve in the middle
-    drawText(painter, text, int(viewport_->pixelHeight * heightShare), theme_.hint);
+    constexpr int flags = int(Qt::AlignCenter) | int(Qt::TextWordWrap);
+    constexpr double heightShare = 0.8; // clear of a level curve in the middle
+    const QRect room(textMargin, 0, viewport_->pixelWidth - 2 * textMargin,
+                     int(viewport_->pixelHeight * heightShare));
+    painter.setFont(widget_->font());
+    painter.setBackgroundMode(Qt::TransparentMode);
+    drawOutlined(painter, room, text, theme_.hint, theme_.canvas, flags);
 }
 
 QString CanvasPicture::line() const
@@ -173,16 +181,13 @@ void CanvasPicture::drawSpeed(QPainter& painter) const
 /// In the middle of the canvas, about the row `middle`.
 void CanvasPicture::drawText(QPainter& painter, const QString& text, int middle, const QColor& color) const
 {
-    constexpr int margin = 8;
     painter.setFont(widget_->font());
     const QString shown =
-        painter.fontMetrics().elidedText(text, Qt::ElideRight, viewport_->pixelWidth - 2 * margin);
-    QRect place = painter.fontMetrics().boundingRect(shown).adjusted(-margin, -4, margin, 4);
+        painter.fontMetrics().elidedText(text, Qt::ElideRight, viewport_->pixelWidth - 2 * textMargin);
+    QRect place = painter.fontMetrics().boundingRect(shown).adjusted(-textMargin, -4, textMargin, 4);
     place.moveCenter(QPoint(viewport_->pixelWidth / 2, middle));
-    painter.fillRect(place, theme_.canvas);
-    painter.setPen(color);
     painter.setBackgroundMode(Qt::TransparentMode);
-    painter.drawText(place, Qt::AlignCenter, shown);
+    drawOutlined(painter, place, shown, color, theme_.canvas);
 }
 
 /// Lines through what a dragged point has snapped to.

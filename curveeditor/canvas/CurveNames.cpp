@@ -5,13 +5,16 @@
 #include <curveeditor/canvas/CurveEditorTheme.h>
 #include <curveeditor/canvas/CurveNodeBase.h>
 #include <curveeditor/canvas/OutlinedText.h>
+#include <curveeditor/canvas/ShortenedName.h>
 #include <curveeditor/canvas/ViewPort.h>
 
 #include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace curveeditor {
@@ -22,7 +25,9 @@ constexpr int leastCanvas = 240;
 constexpr int margin = 6;
 constexpr int padding = 3;
 constexpr std::size_t mostNames = 12;
-constexpr int mostEnds = 4; // that are tried from the right on
+constexpr int mostEnds = 6;               // that are tried in the right half
+constexpr int stepOfRows = 16;            // columns
+constexpr std::size_t mostKeptClear = 24; // curves that names keep clear of
 
 CanvasCurves::Nodes currentFirst(const CanvasCurves& curves)
 {
@@ -33,47 +38,98 @@ CanvasCurves::Nodes currentFirst(const CanvasCurves& curves)
     return shown;
 }
 
-/// Where names stand: above the right end of their line, below it, or further left where others stand there.
-class Places
+/// The rows of curves at every few columns, each asked for once.
+class Rows
 {
 public:
-    Places(const QFontMetrics& metrics, const ViewPort& view, const CurveEditorTheme& theme)
-        : metrics_(metrics), view_(view), leastLeft_(3 * metrics.height())
+    Rows(const CanvasCurves::Nodes& curves, const ViewPort& view)
+        : curves_(curves), view_(view), rows_(curves.size())
     {
-        room_ = QRect(0, 0, view.pixelWidth, view.pixelHeight)
-                    .adjusted(0, metrics.height(), -margin, -metrics.height() - margin - theme.timeLineGrip);
     }
-    std::size_t count() const { return taken_.size(); }
-    QString shortened(const QString& name) const
+
+    /// The highest and the lowest row of a curve between two columns, both included.
+    std::pair<double, double> span(std::size_t curve, int left, int right)
     {
-        return metrics_.elidedText(name, Qt::ElideMiddle, room_.width() / 2);
-    }
-    std::optional<QRect> take(const CurveNodeBase& curve, const QString& name)
-    {
-        QRect place(0, 0, metrics_.horizontalAdvance(name) + 2 * padding, metrics_.height());
-        for (int end = 0; end < mostEnds; ++end) {
-            place.moveRight(room_.right() - end * room_.width() / (mostEnds + 1));
-            if (end != 0 && place.left() < leastLeft_)
-                break;
-            const double row = rowAt(curve, end == 0 ? view_.pixelWidth : place.center().x());
-            if (!(row >= 0.0 && row <= view_.pixelHeight))
-                continue;
-            for (const int top : {int(row) - place.height() - padding, int(row) + padding}) {
-                place.moveTop(std::max(room_.top(), std::min(top, room_.bottom() - place.height())));
-                if (isFree(place)) {
-                    taken_.push_back(place);
-                    return place;
-                }
-            }
+        std::pair<double, double> found(std::numeric_limits<double>::max(),
+                                        std::numeric_limits<double>::lowest());
+        for (int place = left / stepOfRows; place <= right / stepOfRows + 1; ++place) {
+            const double row = at(curve, place);
+            found = {std::min(found.first, row), std::max(found.second, row)};
         }
-        return std::nullopt;
+        return found;
+    }
+    /// How many curves run through that place.
+    int crossings(const QRect& place)
+    {
+        int count = 0;
+        for (std::size_t curve = 0; curve < std::min(curves_.size(), mostKeptClear); ++curve) {
+            const auto [top, bottom] = span(curve, place.left(), place.right());
+            count += top <= place.bottom() && bottom >= place.top() ? 1 : 0;
+        }
+        return count;
     }
 
 private:
-    double rowAt(const CurveNodeBase& curve, int column) const
+    double at(std::size_t curve, int place)
     {
-        return curve.mapping().row(curve.getClampedValue(view_.mapping().timeAt(column)));
+        std::vector<double>& rows = rows_[curve];
+        if (rows.empty())
+            rows.resize(std::size_t(view_.pixelWidth / stepOfRows + 2), unknown);
+        double& row = rows[std::size_t(std::clamp(place, 0, int(rows.size()) - 1))];
+        if (row == unknown) {
+            const CurveNodeBase& node = *curves_[curve];
+            row = node.mapping().row(node.getClampedValue(view_.mapping().timeAt(place * stepOfRows)));
+        }
+        return row;
     }
+
+    static constexpr double unknown = std::numeric_limits<double>::infinity();
+    const CanvasCurves::Nodes& curves_;
+    const ViewPort& view_;
+    std::vector<std::vector<double>> rows_;
+};
+
+/// Where names stand: above their line or below it, at its right end or further left, where the fewest curves run
+/// through them.
+class Places
+{
+public:
+    Places(const QFontMetrics& metrics, const CanvasCurves::Nodes& curves, const ViewPort& view,
+           const CurveEditorTheme& theme)
+        : metrics_(metrics), rows_(curves, view), leastLeft_(3 * metrics.height())
+    {
+        room_ = QRect(0, 0, view.pixelWidth, view.pixelHeight)
+                    .adjusted(0, margin, -margin, -metrics.height() - margin - theme.timeLineGrip);
+    }
+    std::size_t count() const { return taken_.size(); }
+    QString shortened(const QString& name) const { return shortenedName(metrics_, name, room_.width() / 2); }
+    std::optional<QRect> take(std::size_t curve, const QString& name)
+    {
+        QRect place(0, 0, metrics_.horizontalAdvance(name) + 2 * padding, metrics_.height());
+        std::optional<QRect> best;
+        int fewest = std::numeric_limits<int>::max();
+        for (int end = 0; end < mostEnds && fewest > 0; ++end) {
+            place.moveRight(room_.right() - end * room_.width() / (2 * mostEnds));
+            if (end > 0 && place.left() < leastLeft_)
+                break;
+            const auto [top, bottom] = rows_.span(curve, place.left(), place.right());
+            for (const double row : {top - place.height() - padding, bottom + padding}) {
+                if (!(row >= room_.top() && row + place.height() <= room_.bottom()))
+                    continue;
+                place.moveTop(int(row));
+                const int crossings = isFree(place) ? rows_.crossings(place) : fewest;
+                if (crossings < fewest) {
+                    fewest = crossings;
+                    best = place;
+                }
+            }
+        }
+        if (best)
+            taken_.push_back(*best);
+        return best;
+    }
+
+private:
     bool isFree(const QRect& place) const
     {
         return std::none_of(taken_.begin(), taken_.end(),
@@ -81,7 +137,7 @@ private:
     }
 
     QFontMetrics metrics_;
-    const ViewPort& view_;
+    Rows rows_;
     QRect room_;
     int leastLeft_; ///< right of the numbers along the left edge, mostly
     std::vector<QRect> taken_;
@@ -94,13 +150,12 @@ void drawCurveNames(QPainter& painter, const CanvasCurves& curves, const ViewPor
 {
     if (view.pixelWidth < leastCanvas || !view.canShow())
         return;
-    Places places(painter.fontMetrics(), view, theme);
-    for (CurveNodeBase* const curve : currentFirst(curves)) {
-        if (places.count() == mostNames)
-            return;
-        const QString name = places.shortened(curve->getName());
-        if (const std::optional<QRect> place = places.take(*curve, name))
-            drawOutlined(painter, *place, name, curve->nameColor(), theme.canvas);
+    const CanvasCurves::Nodes shown = currentFirst(curves);
+    Places places(painter.fontMetrics(), shown, view, theme);
+    for (std::size_t curve = 0; curve < shown.size() && places.count() < mostNames; ++curve) {
+        const QString name = places.shortened(shown[curve]->getName());
+        if (const std::optional<QRect> place = places.take(curve, name))
+            drawOutlined(painter, *place, name, shown[curve]->nameColor(), theme.canvas);
     }
 }
 

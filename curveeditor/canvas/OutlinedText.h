@@ -9,9 +9,9 @@ class QPainter;
 
 namespace curveeditor {
 
-/// In the middle of the place, with an outline by which it is read on a line of its own colour. Leaves the painter its
+/// In the middle of the place, or as the flags of `QPainter::drawText` say, with an outline by which it is read on a line of its own colour. Leaves the painter its
 /// pen.
 void drawOutlined(QPainter& painter, const QRect& place, const QString& text, const QColor& color,
-                  const QColor& outline);
+                  const QColor& outline, int flags = Qt::AlignCenter);
 
 } // namespace curveeditor

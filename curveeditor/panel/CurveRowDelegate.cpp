@@ -2,6 +2,7 @@
 #include <curveeditor/panel/CurveRowDelegate.h>
 
 #include <curveeditor/canvas/ColorContrast.h>
+#include <curveeditor/canvas/ShortenedName.h>
 
 #include <QPainter>
 #include <QPainterPath>
@@ -95,15 +96,16 @@ void drawLetter(QPainter& painter, const QRect& square, const QColor& color)
     painter.drawText(square, int(Qt::AlignCenter) | int(Qt::TextDontClip), QStringLiteral("f"));
 }
 
-QPixmap squareOf(const QColor& color, bool isLocked, bool isFormula, const QSize& size, qreal ratio)
+QPixmap squareOf(const QColor& color, const QColor& ring, bool isLocked, bool isFormula, const QSize& size,
+                 qreal ratio)
 {
     QPixmap square(size * ratio);
-    square.fill(isLocked ? QColor(Qt::transparent) : outline);
+    square.fill(isLocked ? QColor(Qt::transparent) : ring);
     const int edge = qMax(1, qRound(ratio));
     QPainter painter(&square);
     painter.setRenderHint(QPainter::Antialiasing, isLocked);
     if (isLocked)
-        drawPadlock(painter, QRectF(square.rect()), color, outline);
+        drawPadlock(painter, QRectF(square.rect()), color, ring);
     else
         painter.fillRect(square.rect().adjusted(edge, edge, -edge, -edge), color);
     if (isFormula && !isLocked)
@@ -113,21 +115,22 @@ QPixmap squareOf(const QColor& color, bool isLocked, bool isFormula, const QSize
     return square;
 }
 
-/// So that the name does not run into the marks.
+/// In the room that the row has, and so that the name does not run into the marks.
 void shortenName(QStyleOptionViewItem& option, const QModelIndex& row)
 {
+    if (option.rect.isEmpty())
+        return;
+    const QRect text =
+        option.widget->style()->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget);
+    const int margin =
+        option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+    int width = text.width() - 2 * margin;
     for (const CurveMark mark : allCurveMarks) {
         const QRect place = placeOf(mark, option.rect, option.decorationSize.height());
-        if (place.isEmpty() || !shows(option, row, mark))
-            continue;
-        const QRect text =
-            option.widget->style()->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget);
-        const int margin =
-            option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget);
-        option.text = option.fontMetrics.elidedText(option.text, option.textElideMode,
-                                                    place.left() - text.left() - 2 * (margin + 1));
-        return;
+        if (!place.isEmpty() && shows(option, row, mark))
+            width = qMin(width, place.left() - text.left() - 2 * margin);
     }
+    option.text = shortenedName(option.fontMetrics, option.text, width);
 }
 
 } // namespace
@@ -158,11 +161,21 @@ void CurveRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
         option->palette.setColor(QPalette::Text,
                                  mixedColor(option->palette.color(QPalette::Text),
                                             option->palette.color(QPalette::Base), shareOfUnseen));
-    const QPixmap square = squareOf(color, isLocked, row.data(formulaRole).toBool(), option->decorationSize,
-                                    option->widget->devicePixelRatioF());
-    option->icon = QIcon(square);
-    option->icon.addPixmap(square, QIcon::Selected);
+    const auto square = [&](const QColor& ring) {
+        return squareOf(color, ring, isLocked, row.data(formulaRole).toBool(), option->decorationSize,
+                        option->widget->devicePixelRatioF());
+    };
+    option->icon = QIcon(square(outline));
+    option->icon.addPixmap(square(option->palette.color(QPalette::HighlightedText)), QIcon::Selected);
     shortenName(*option, row);
+}
+
+/// Of the whole name.
+QSize CurveRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& row) const
+{
+    QStyleOptionViewItem whole = option;
+    whole.rect = QRect();
+    return QStyledItemDelegate::sizeHint(whole, row);
 }
 
 void CurveRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -39,6 +39,7 @@ public:
     /// What all marks of such a row take.
     static int widthOfMarks(int side);
 
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& row) const override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override;
 
 protected:

@@ -248,6 +248,8 @@ void CurveEditorDialogBase::buildPositionFrame()
     frame11Layout->addWidget(line1);
     buildBehaviours();
     frame11Layout->setSpacing(columnSpace);
+    for (int part : {0, 2})
+        frame11Layout->setStretch(part, 1);
 }
 
 void CurveEditorDialogBase::buildBehaviours()
@@ -463,10 +465,21 @@ void CurveEditorDialogBase::fitToFont()
             qMax(widthOfNames_, checkListsEditing->widthFor(checkListsEditing->topLevelItem(row)));
     QTimer::singleShot(0, this, &CurveEditorDialogBase::fitAll);
     alignRows();
-    for (QPushButton* const button : {prevNode, nextNode}) {
+    fitStepButtons();
+}
+
+/// Both together are as wide as the labels below them, so that the fields beside them are in line.
+void CurveEditorDialogBase::fitStepButtons()
+{
+    const int spaces = 2 * layout13->spacing() - layout14->horizontalSpacing();
+    int width = qMax(textLabel1->sizeHint().width(), textLabel2->sizeHint().width());
+    for (const QPushButton* const button : {prevNode, nextNode}) {
         const int textWidth = button->fontMetrics().horizontalAdvance(button->text());
-        button->setFixedWidth(qMax(stepButtonWidth, textWidth + stepButtonMargin));
+        width = qMax(width, 2 * qMax(stepButtonWidth, textWidth + stepButtonMargin) + spaces);
     }
+    prevNode->setFixedWidth((width - spaces) / 2);
+    nextNode->setFixedWidth(width - spaces - prevNode->width());
+    layout14->setColumnMinimumWidth(0, width);
 }
 
 /// All rows of a page are as high as the highest of their widgets, so that the baselines meet.

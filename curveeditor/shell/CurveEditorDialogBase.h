@@ -146,6 +146,7 @@ private:
     void buildExpressionPage();
     void orderTabs();
     void alignRows();
+    void fitStepButtons();
     void showStepButtons();
     void keepFormulaInSight(int pageWidth);
     void explainFields();

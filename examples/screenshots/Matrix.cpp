@@ -125,13 +125,15 @@ bool Matrix::drawPages()
     GuideScene bezier({"Camera.tilt", "Camera.focus distance", "Light.flicker", "Camera.pan"});
     GuideScene tcb({"Camera.pan", "Camera.zoom", "Camera.tilt"});
     GuideScene formula({"Observer.x", "Observer.sensor"});
+    GuideScene empty({});
     show(bezier, size_, Nodes);
     bezier.selectPoint(1);
     show(tcb, size_, Nodes);
     tcb.selectPoint(1);
     show(formula, size_, Formula);
-    const bool areSaved = save(bezier.wholeEditor(), "bezier") && save(tcb.wholeEditor(), "tcb") &&
-                          save(formula.wholeEditor(), "expression");
+    show(empty, size_, Nodes);
+    const bool areSaved = save(empty.wholeEditor(), "empty") && save(bezier.wholeEditor(), "bezier") &&
+                          save(tcb.wholeEditor(), "tcb") && save(formula.wholeEditor(), "expression");
     show(tcb, size_, Points);
     show(bezier, size_, Formula);
     return areSaved && save(tcb.wholeEditor(), "points") && save(bezier.wholeEditor(), "no-expression");

@@ -186,6 +186,7 @@ private Q_SLOTS:
                 for (const QWidget* const part : row)
                     QVERIFY(std::abs(middle(part) - middle(row.front())) <= 1);
             }
+            QCOMPARE(dialog.node->x(), dialog.posX->x());
             const int preview = dialog.tcbCurve->width();
             dialog.resize(dialog.size() + QSize(300, 0));
             QTRY_COMPARE(dialog.tcbCurve->width(), preview + 300);
