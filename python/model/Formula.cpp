@@ -41,6 +41,7 @@ std::size_t characters(std::string_view text)
 
 bool Variables::add(const std::string& name, const Curve& curve)
 {
+    requireParser();
     const auto* spline = std::get_if<SplinePointer>(&curve);
     const auto* formula = std::get_if<FormulaPointer>(&curve);
     if (!mapper_.add(name, spline ? &(*spline)->read() : nullptr, formula ? (*formula)->holder() : nullptr))
@@ -51,12 +52,14 @@ bool Variables::add(const std::string& name, const Curve& curve)
 
 bool Variables::remove(const std::string& name)
 {
+    requireParser();
     mapper_.remove(name);
     return curves_.erase(ParserVarMapper::getStoredName(name)) != 0;
 }
 
 bool Variables::rename(const std::string& oldName, const std::string& newName)
 {
+    requireParser();
     if (!mapper_.rename(oldName, newName))
         return false;
     auto curve = curves_.extract(ParserVarMapper::getStoredName(oldName));
@@ -68,11 +71,17 @@ bool Variables::rename(const std::string& oldName, const std::string& newName)
 Formula::Formula(const std::string& text, const VariablesPointer& variables, double framesPerTimeUnit)
     : framesPerTimeUnit_(framesPerTimeUnit), readsVariables_(variables != nullptr), variables_(variables)
 {
+    tree_ = parsed(text, variables ? &variables->mapper() : nullptr);
+}
+
+FunctionFloatBase* Formula::parsed(const std::string& text, const ParserVarMapper* variables)
+{
+    requireParser();
     ParseMessage message;
-    const ParserVarMapper* mapper = variables ? &variables->mapper() : nullptr;
-    tree_ = FunctionParserBase::instance()->parseString(text, message, mapper);
-    if (!tree_)
+    FunctionFloatBase* const tree = FunctionParserBase::instance()->parseString(text, message, variables);
+    if (!tree)
         raiseFormulaError(message);
+    return tree;
 }
 
 Formula::~Formula()
@@ -82,6 +91,7 @@ Formula::~Formula()
 
 VariablesPointer Formula::variables() const
 {
+    requireParser();
     VariablesPointer variables = variables_.lock();
     if (readsVariables_ && !variables)
         raise(PyExc_ReferenceError, "the variables of the formula are gone");

@@ -33,6 +33,7 @@ public:
 
     const std::map<std::string, Curve>& curves() const { return curves_; }
     const CurveVariables& mapper() const { return mapper_; }
+    CurveVariables& mapper() { return mapper_; }
 
 private:
     std::map<std::string, Curve> curves_; ///< by their stored names
@@ -51,6 +52,9 @@ public:
     ~Formula();
     Formula(const Formula&) = delete;
     Formula& operator=(const Formula&) = delete;
+
+    /// A new tree that is the caller's, or FormulaError. `variables` may be null.
+    static FunctionFloatBase* parsed(const std::string& text, const ParserVarMapper* variables);
 
     /// Of the formula as it is written shortest.
     std::string text() const { return tree_->getString(); }

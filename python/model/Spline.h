@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "GuiThread.h"
 #include "NeverNull.h"
 
 #include <curveeditor/model/SplineBase.h>
 #include <curveeditor/model/SplineState.h>
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <mutex>
@@ -16,7 +18,8 @@ namespace curveeditor::python {
 
 /// A spline of Python's, which is evaluated without the interpreter's lock while other threads go on.
 ///
-/// Whoever holds the interpreter's lock may `read`. Without it, `evaluate` keeps edits waiting until it is done.
+/// Whoever holds the interpreter's lock may `read`. Without it, `evaluate` keeps edits waiting until it is done. While an
+/// editor has the spline, which edits it without the lock, only the thread of that editor may use it.
 class Spline
 {
 public:
@@ -24,11 +27,17 @@ public:
     /// `state` is whole.
     explicit Spline(const SplineState& state) { spline_.assign(state); }
 
-    const SplineBase& read() const { return spline_; }
+    /// Raises RuntimeError on a thread that may not.
+    const SplineBase& read() const
+    {
+        requireThread();
+        return spline_;
+    }
 
     /// What `work` does to the spline, while no thread evaluates it.
     template <typename Work> decltype(auto) edit(Work&& work)
     {
+        requireThread();
         const std::unique_lock lock(mutex_);
         return std::forward<Work>(work)(spline_);
     }
@@ -39,9 +48,25 @@ public:
         spline_.evaluate(times, values, count);
     }
 
+    /// For an editor to read and write, until it leaves. Waits for evaluations.
+    SplineBase& enterEditor()
+    {
+        const std::unique_lock lock(mutex_);
+        ++editors_;
+        return spline_;
+    }
+    void leaveEditor() { --editors_; }
+
 private:
+    void requireThread() const
+    {
+        if (editors_ > 0)
+            requireGuiThread("the spline is in an editor");
+    }
+
     SplineBase spline_;
     mutable std::shared_mutex mutex_;
+    std::atomic<int> editors_{0};
 };
 
 using SplinePointer = std::shared_ptr<Spline>;

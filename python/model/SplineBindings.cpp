@@ -218,6 +218,7 @@ void bindReading(py::class_<Spline, SplinePointer>& spline)
         .def(
             "__call__",
             [](const SplinePointer& self, const py::object& times, const py::object& out) {
+                self->read(); // on a thread that may
                 return valuesAt(
                     times, out, [&](double time) { return self->read()(time); },
                     [&](const double* source, double* target, std::size_t count) {

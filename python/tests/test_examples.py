@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+import os
 import subprocess
 import sys
 from pathlib import Path
@@ -9,6 +10,15 @@ import pytest
 
 REPOSITORY = Path(__file__).resolve().parents[2]
 EXAMPLES = REPOSITORY / "python" / "examples"
+
+
+def test_editor_window(tmp_path):
+    pytest.importorskip("PyQt6.QtWidgets")
+    pytest.importorskip("curveeditor._qt")
+    quit = "from PyQt6.QtCore import QTimer; QTimer.singleShot(100, application.quit)"
+    program = (EXAMPLES / "editor_window.py").read_text(encoding="utf-8").replace("window.show()", "window.show(); " + quit)
+    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen"}
+    subprocess.run([sys.executable, "-c", program], cwd=tmp_path, env=environment, check=True)
 
 
 def run(example, folder, *words):

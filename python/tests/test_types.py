@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The stubs say what is there."""
+import importlib.util
 import os
 import subprocess
 import sys
@@ -26,6 +27,8 @@ def run(cache, module, *words):
 
 def test_a_program_in_strict_types(cache):
     programs = [HERE / "typed_use.py", HERE.parent / "examples" / "first_curve.py"]
+    if (PACKAGE / "qt.py").exists() and importlib.util.find_spec("PyQt6"):
+        programs += [HERE / "typed_editor.py", PACKAGE / "qt.py"]
     done = run(cache, "mypy", "--strict", *map(str, programs))
     assert done.returncode == 0, done.stdout + done.stderr
 
