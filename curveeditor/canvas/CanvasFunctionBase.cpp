@@ -118,6 +118,7 @@ void CanvasFunctionBase::removeCurve(CurveNodeBase* curve)
     const bool wasSolo = present && present->mark(CurveMark::Solo).isOn;
     if (!present || !curves_.take(present))
         return;
+    tell({}); // what was told may be about it
     curves_.followMarks();
     if (wasSolo)
         Q_EMIT marksChanged();

@@ -227,12 +227,17 @@ private:
     void addAction(const QAction& action)
     {
         const QString name = action.objectName();
-        if (!name.isEmpty() && !name.startsWith("qt_") && !name.startsWith("easeIn") &&
-            !name.startsWith("easeOut")) // as easeCssAction
-            add("action " + (name.endsWith("Action") ? name.chopped(6) : name),
-                action.text() + words({{!action.isEnabled(), "off"},
-                                       {action.isChecked(), "on"},
-                                       {!action.isVisible(), "hidden"}}));
+        if (name.isEmpty() || name.startsWith("qt_") || name.startsWith("easeIn") ||
+            name.startsWith("easeOut")) // as easeCssAction
+            return;
+        const QString brief = name.endsWith("Action") ? name.chopped(6) : name;
+        add("action " + brief, action.text() + words({{!action.isEnabled(), "off"},
+                                                      {action.isChecked(), "on"},
+                                                      {!action.isVisible(), "hidden"}}));
+        const QString tip = action.text().startsWith(action.toolTip()) ? QString() : action.toolTip();
+        const QString keys = QKeySequence::listToString(action.shortcuts()) + action.statusTip() + tip;
+        if (!keys.isEmpty())
+            add("keys " + brief, keys);
     }
 
     /// A control of the editor itself, with what rarely changes in lines of its own.
@@ -243,8 +248,9 @@ private:
             qobject_cast<QAbstractItemView*>(widget.parent()))
             return;
         add("field " + name, text);
-        if (const auto* const field = qobject_cast<const QLineEdit*>(&widget))
-            add("tip " + name, field->toolTip());
+        const QString tip = widget.toolTip(), called = widget.accessibleName();
+        if (!tip.isEmpty() || !called.isEmpty())
+            add("tip " + name, called.isEmpty() ? tip : tip + " (" + called + ')');
         if (const auto* const number = qobject_cast<const CustomEditLine*>(&widget))
             add("bounds " + name, SessionState::number(number->clampToBounds(-1e12)) + " to " +
                                       SessionState::number(number->clampToBounds(1e12)));
