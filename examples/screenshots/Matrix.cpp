@@ -92,12 +92,13 @@ bool Matrix::draw()
     const QPalette usual = QApplication::palette();
     QTranslator qtTexts;
     bool isDrawn = true;
+    constexpr int variants = int(sizes.size() * fontSizes.size());
     for (int language = 0; language < int(languages.size()); ++language) {
-        for (int size = 0; size < int(sizes.size()); ++size) {
-            const int points = fontSizes[(language + size) % fontSizes.size()];
-            const bool isMirrored = (language + size) % 2 != 0;
-            const bool isDark = (language / 2 + size) % 2 != 0;
-            size_ = sizes[size];
+        for (int variant = 0; variant < variants; ++variant) {
+            const int points = fontSizes[variant % fontSizes.size()];
+            const bool isMirrored = (language + variant) % 2 != 0;
+            const bool isDark = (language / 2 + variant / 2) % 2 != 0;
+            size_ = sizes[variant / fontSizes.size()];
             combination_ = QStringLiteral("%1-%2-%3pt-%4-%5-%6x.png")
                                .arg(languages[language])
                                .arg(size_.width())
