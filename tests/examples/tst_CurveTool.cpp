@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CurveTool.h"
 #include "TextNumber.h"
+#include <support/Files.h>
 #include <support/Test.h>
 
 #include <iterator>
@@ -119,6 +120,28 @@ private Q_SLOTS:
             "convert - - --output-format crv --tolerance 5 --percent",
             "255\n255\n255\n0\nspline 1 1 0\n0 0 0 0 0 0 0 0 0 1\n1 1 0 0 0 0 0 0 0 1\nend\n");
         row("version", "", "--version", "curve-tool " CURVE_TOOL_VERSION "\n");
+        row("info, behaviours", altered(spline, "0 3 0.5", "1 4 -2"), "info -",
+            head + "curve file\nkind: spline\ncolour: 1 2 3\npoints: 2\ntime: 0 to 4\nvalues: 1 to 3\n"
+                   "before: Constant\nafter: Follow Tangent\ndefault value: -2\n");
+        row("info, constant formula", "1\n2\n3\n1\n7\n", "info -",
+            head + "curve file\nkind: formula\ncolour: 1 2 3\nformula: 7\nreads: nothing\n");
+        row("info, one curve", table, "info - --curve b",
+            head + "table\ncurves: 1\nsamples: 2 in each\ntime: 0 to 2\ncurve 1: 'b' 5 to 7\n");
+        row("curve in one line", altered(spline, "\n", " ").prepend("\xEF\xBB\xBF"), "sample - --step 4",
+            "0\t1\n4\t3\n");
+        row("one sample", spline, "sample - --count 1", "0\t1\n");
+        row("one time", spline, "sample - --from 4", "4\t3\n");
+        row("name before number", "t 2 1\n0 5 6\n", "sample - --curve 2", "0\t5\n");
+        row("a jump at the end", jump, "convert - - --output-format crv --step 1.5 --to 1.5",
+            altered(jump, "2 3 0 0 0 0 0 0 0 0\n"));
+        row("last whole number", "0 0 0\n1\n1\n",
+            "convert - - --format crv --output-format sensor --from 2147483647 --to 2147483647",
+            altered(sensor.left(sensor.indexOf("0,\t1")), " 3\n", " 1\n") + "2147483647,\t1.000000,\t\n");
+        row("bounds of keys",
+            R"({"format": "curve-keys", "version": 1, "color": [0, 255, 7], "before": "constant",
+                "after": "follow-tangent", "keys": [{"time": 0, "value": 1, "out": {"slope": 1, "reach": 0}},
+                {"time": 3, "value": 1, "shape": "bezier", "in": {"slope": 1, "reach": 1}}]})",
+            "sample - --from -1 --to 4 --count 2", "-1\t1\n4\t2\n");
         row("simplify stays", spline, "simplify - -o - --tolerance 0", spline);
     }
 
@@ -203,6 +226,17 @@ private Q_SLOTS:
               {"--all writes curve files and keys only", "convert - --all /none --output-format table"},
               {"give either -o OUT or --all", "convert - - --all /none"},
               {"--all and --curve exclude", "convert - --all /none --curve 1"},
+              {"give either -o OUT or --all", "convert -"},
+              {"there is no option '-x'", "info - -x"},
+              {"--step has to be above 0", "sample - --step 0"},
+              {"--fps has to be above 0", "sample - --fps -1"},
+              {"more than 10000000 samples", "sample - --count 10000001"},
+              {"for whole numbers of 32 bits",
+               "convert - - --output-format sensor --from -2147483648 --to 0"},
+              {"at most 1000000", "convert - - --output-format sensor --to 1000000"},
+              {"-o is missing", "simplify - --tolerance 1"},
+              {"--tolerance is missing", "simplify - -o -"},
+              {"--tolerance has to be 0 or more", "simplify - -o - --tolerance -1"},
               {"--tolerance is for curve files", "convert - - --output-format table --tolerance 1"},
               {"--tolerance fits samples", "convert - - --output-format crv --tolerance 1"},
               {"--tolerance: 'x' is no number", "convert - - --tolerance x"}})
@@ -214,6 +248,8 @@ private Q_SLOTS:
               {":2: keys[0] has no time or no value", R"({"time": 1})"},
               {":2: keys[0].in.reach is not within 0 and 1", R"({"in": {"reach": 1.5}})"},
               {":3: keys[0].value can't be a text", "{\"value\":\n\"1\"}"},
+              {":2: keys[0].in.reach is not within 0 and 1", R"({"in": {"reach": -0.5}})"},
+              {":2: keys[0].ease[0] is not within 0 and 1", R"({"ease": [-0.5, 5, 2, 1]})"},
               {":2: keys[0].value can't be null", R"({"value": null})"},
               {":2: keys[0].value can't be true or false", R"({"value": true})"},
               {":2: keys[0].value can't be an array", R"({"value": [[[[[[)"},
@@ -246,6 +282,14 @@ private Q_SLOTS:
         row("formula with blanks", R"({"formula": "1 2"})", "formula is empty, too long, or has blanks");
         row("cut keys", keys.chopped(20), ":3: column 64: syntax error while parsing object key");
         row("behind keys", keys + "x", ":4: column 1: syntax error");
+        row("two signs in a formula", "1\n2\n3\n1\n1+*2\n", ":5: the formula can't be read at '*'",
+            "sample - --from 0 --to 1");
+        row("gaps are told", formula, "1 of 2 times have no value and are left out\n",
+            "convert - - --from 0 --to 1 --count 2", 0);
+        row("simplified", "0 5\n1 5\n2 5\n", "3 points become 2, at most 0 away\n",
+            "simplify - -o - --tolerance 0", 0);
+        row("fields", altered(spectra, "BEGIN_DATA_FORMAT", "NUMBER_OF_FIELDS 5\nBEGIN_DATA_FORMAT"),
+            ":5: NUMBER_OF_FIELDS is 5, but there are 4");
         row("no command", "", "a command is missing", "", 2);
         row("unknown option", "", "there is no option '--bogus'", "info --bogus -", 2);
         row("option twice", "", "--curve is there twice", "info - --curve 1 --curve 2", 2);
@@ -275,6 +319,29 @@ private Q_SLOTS:
         QCOMPARE(names("alike").size(), 3);
         QCOMPARE(run("", "sample " + path("dots/_.A-2.crv")), 0);
         QCOMPARE(output_, QByteArray("0\t2\n"));
+    }
+
+    void endingTellsTheFormat()
+    {
+        const QByteArray rows = "time,a\n0,1\n4,3\n";
+        for (const char* const name : {"a.csv", "a.CSV", "a.txt", "a.tsv"}) {
+            QCOMPARE(run(rows, QString("convert - ") + path(name)), 0);
+            QCOMPARE(contentOf(path(name)), name[2] == 't' ? altered(rows, ",", "\t") : rows);
+        }
+        QVERIFY(run(spline, "convert - " + path("a.json")) == 0 && contentOf(path("a.json")) == keys);
+        QCOMPARE(run(rows, "convert - --output-format json --all " + path("keys")), 0);
+        QCOMPARE(names("keys"), QStringList("a.json"));
+        QCOMPARE(run(spline, "sample -"), 0);
+        QVERIFY(output_.startsWith("0\t1\n0.04\t1.02\n") && output_.count('\n') == 101);
+    }
+
+    void outputThatFailsEndsWithOne()
+    {
+        std::istringstream in;
+        std::ostringstream out, messages;
+        out.setstate(std::ios::badbit);
+        QCOMPARE(runCurveTool({"--version"}, {in, out, messages}), 1);
+        QCOMPARE(messages.str(), std::string("standard output: could not be written\n"));
     }
 
     void fileIsReplacedAsAWholeOrNotAtAll()

@@ -246,6 +246,10 @@ private Q_SLOTS:
                    : kind == "unit" ? valueWithUnit(typed, "%")
                                     : timeOfTimecode(typed, rate);
         };
+        QVERIFY(timecode(-0.001, film) == "00:00:00:00" && !timeOfTimecode("00:00:00:24", film));
+        QVERIFY(timecode(1e9, film) == "1e+09" && bars(-1e9, 120.0, 3) == "-1e+09");
+        QVERIFY(timeOfBars("1.3.959", 120.0, 3) == (2.0 + 959.0 / 960.0) / 2.0 &&
+                timeOfTimecode("00:59:59:23", film));
         QVERIFY(read(text) && qAbs(*read(text) - number) < 1e-9);
         for (const char* const fault : {"", "1", "00:60:00:00", "00:00:60:00", "00:01:00;01", "00:00:00:30",
                                         "1.4.000", "1.0.000", "1.1.960", "x %"})

@@ -3,6 +3,7 @@
 #include <curveeditor/files/CurveFileStore.h>
 #include <curveeditor/files/FileReplacement.h>
 #include <curveeditor/files/NumberText.h>
+#include <curveeditor/files/SensorTable.h>
 #include <curveeditor/files/TableReader.h>
 #include <curveeditor/files/TextFields.h>
 #include <model/CommaLocale.h>
@@ -149,6 +150,11 @@ private Q_SLOTS:
         row("part of a row", "num_lambdas 1.5\n0 1\n", "1: '1.5' is no number");
         row("no count", "num_curves nan\n0 1\n", "1: 'nan' is no number");
         row("binary", QByteArray("\x89PNG \0\x01\n", 8), "1: the table has no rows");
+        row("no row announced", "num_lambdas 0\n0 1\n", "2: the head announces 0 rows, but there are 1");
+        table("four digits before a comma", "0\t1234,567\n", "0 1234.57");
+        table("zero before a comma", "0\t0,125\n", "0 0.125");
+        row("short group", "0\t12,345,67\n", "1: '12,345,67' is no number");
+        row("other signs before tabs", "1,\t2;\t3\n", "1: '1,' is no number");
         row("endless line", QByteArray(20 << 20, '7'), "1: the line is longer than 16 MiB");
     }
 
@@ -173,9 +179,28 @@ private Q_SLOTS:
         }
     }
 
+    void readerTellsWhereItIs()
+    {
+        TableReader reader("\na b\n\n0 1.5\n2 3 ");
+        QVERIFY(reader.hasHead() && reader.next() && reader.line() == 4 && reader.place() == 12);
+        QVERIFY(reader.fields() == (std::vector<std::string>{"0", "1.5"}) && reader.number(1) == 1.5);
+        QVERIFY(reader.next() && reader.place() == 16 && !reader.next() && !reader.next());
+        QVERIFY(reader.line() == 5 && reader.fault().message().empty());
+        const TableReader::Fault fault{TableReader::Fault::Kind::TooManyValues, 1, {}, 7, 0};
+        QCOMPARE(fault.message(), std::string("the table has more than 7 values"));
+        QVERIFY(SensorTable::row(-5, {-std::numeric_limits<double>::max()}).starts_with("-5,\t-17976931"));
+    }
+
     void whatIsShownIsWholeCharactersWithoutControl()
     {
         using namespace TextFields;
+        const std::string ends =
+            " ~\xC2\xA0\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
+        QCOMPARE(printable(ends), ends); // of the ranges of characters
+        QCOMPARE(printable("\x1Fz\xC2\x9Fz\xE0\x9F\xBFz\xF0\x8F\xBF\xBFz\xED\xBF\xBF", '_'),
+                 std::string("_z_z_z_z_"));
+        QCOMPARE(shortened("aü", 3), std::string_view("aü"));
+        QCOMPARE(inQuotes(std::string(40, 'x')), '\'' + std::string(40, 'x') + '\'');
         QCOMPARE(printable("a\x1B\x7Fü\u20AC\xC2\x9B"
                            "b\xFF\xE2\x82"),
                  std::string("a??ü€?b??"));
@@ -224,6 +249,12 @@ private Q_SLOTS:
         QCOMPARE(NumberText::brief(1234.5678, german), "1234,57");
         QCOMPARE(NumberText::full(1.0 / 3.0, german), "0,3333333333333333");
         QCOMPARE(NumberText::full(12345678.25, QLocale(QLocale::English)), "12345678.25");
+        for (const auto& [number, text] : {std::pair(1e-5, "0.00001"),
+                                           {9e-6, "9e-06"},
+                                           {-1e15, "-1e+15"},
+                                           {-9e14, "-900000000000000"},
+                                           {0.0, "0"}})
+            QCOMPARE(NumberText::full(number, QLocale::c()), text);
         QCOMPARE(NumberText::full(-1.5e300, QLocale("ar_EG")), "-1\u066B5e+300");
         QCOMPARE(NumberText::withPoint("-1\u066B5"), "-1.5");
     }
@@ -250,6 +281,9 @@ private Q_SLOTS:
             QVERIFY2(read(file, content), content);
             QCOMPARE(text(file), color + std::string("1\nt+1\n"));
         }
+        CurveFile longest;
+        QVERIFY(read(longest, std::string(32, '2') + " 254 0 2 " + std::string(1u << 20, 't')));
+        QVERIFY(longest.kind == CurveFile::Expression && text(longest).starts_with("255\n254\n0\n1\ntt"));
         CurveFile whole, file;
         whole.spline.addPoint(1234567.875, 0.1);
         const std::string spline = text(whole), before = text(file);
@@ -258,7 +292,8 @@ private Q_SLOTS:
                                                    "1\n2.5\n3\n1\nt\n",
                                                    "1\n2\n3\n1\n",
                                                    "1\n+-2\n3\n1\nt\n",
-                                                   "1\n" + std::string(1000, '2') + "\n3\n1\nt\n",
+                                                   "1\n" + std::string(33, '2') + "\n3\n1\nt\n",
+                                                   "1\n2\n3\n",
                                                    "1\n2\n3\n1\n" + std::string((1u << 20) + 1, 't'),
                                                    "1\n2\n3\n0\n1000000000000 1 2 3\n",
                                                    spline.substr(0, spline.size() / 2)};

@@ -267,6 +267,49 @@ private Q_SLOTS:
         }
     }
 
+    void boundsOfSpansAndSteps()
+    {
+        SplineBase spline;
+        spline.addPoint(1.0, 1.0);
+        for (const auto& [first, last] : {std::pair(1u, 1u), {1u, 0u}, {0u, 2u}})
+            QCOMPARE(CurveFit::simplify(spline, first, last, {0.1, false}).status, Status::NoSamples);
+        const auto bake = [](double first, double last, double step) {
+            const Result result =
+                CurveFit::bake([](double t) { return 2.0 * t; }, {first, last, step, {}}, SplineBase::Linear);
+            return result.isDone() ? QString::number(result.spline.points.size()) + ' ' +
+                                         QString::number(result.spline.points.back().time)
+                                   : QString::number(int(result.status));
+        };
+        QCOMPARE(bake(1.0, 1.0, 2.0), "1 1");
+        QCOMPARE(bake(0.0, 1.0, 0.4), "4 1");
+        QCOMPARE(bake(0.0, 1.2, 0.4), "4 1.2");
+        for (const QString& refusal : {bake(1.0, 0.9, 0.1), bake(0.0, 1.0, 0.0), bake(0.0, 1.0, -1.0),
+                                       bake(0.0, 1.0, infinity), bake(0.0, infinity, 1.0)})
+            QCOMPARE(refusal, QString::number(int(Status::BadRange)));
+        QCOMPARE(bake(0.0, double(CurveFit::stepLimit), 1.0), QString::number(int(Status::TooManyPoints)));
+    }
+
+    void smoothSlopeIsThatOfTheNeighbours()
+    {
+        using Point = SplineBase::PointInfo;
+        const auto slope = [](const Point& previous, const Point& next) {
+            return CurveFit::smoothSlope(&previous, {1.0, 1.0}, &next);
+        };
+        QCOMPARE(slope({0.0, 0.0}, {3.0, 5.0}), (1.0 * 2.0 + 2.0 * 1.0) / 3.0); // of a parabola
+        QVERIFY(slope({0.0, 0.0}, {2.0, 100.0}) == 3.0 && slope({0.0, 2.0}, {2.0, -99.0}) == -3.0);
+        QVERIFY(slope({0.0, 0.0}, {2.0, 0.0}) == 0.0 && slope({0.0, 1.0}, {2.0, 5.0}) == 0.0);
+        QVERIFY(slope({1.0, 0.0}, {2.0, 3.0}) == 2.0 && slope({0.0, -4.0}, {1.0, 9.0}) == 5.0);
+        QVERIFY(slope({1.0, 0.0}, {1.0, 9.0}) == 0.0 && slope({1.0 - 1e-9, huge}, {1.0, 0.0}) == 0.0);
+        QCOMPARE(CurveFit::smoothSlope(nullptr, {1.0, 1.0}, nullptr), 0.0);
+        SplineBase spline; // a jump at once, a hold, a hold of the same value and two alike at one time
+        spline.assign({{{0.0, 1.0}, {0.0, 2.0}, {1.0, 3.0}, {2.0, 3.0}, {2.0, 3.0}, {3.0, 9.0}}});
+        spline.modify(2)->type = spline.modify(3)->type = SplineBase::Hold;
+        QString jumps;
+        for (const CurveFit::Jump& jump : CurveFit::jumpsOf(spline))
+            jumps += QStringLiteral("%1: %2 %3; ").arg(jump.time).arg(jump.before).arg(jump.value);
+        QCOMPARE(jumps, "0: 1 2; 1: 2 3; ");
+    }
+
     void jumpIsBakedAsTwoPoints()
     {
         SplineBase spline, baked; // jumps to 1 at 4.5, and from 2 to 5 at 6

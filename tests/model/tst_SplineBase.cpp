@@ -66,6 +66,11 @@ private:
                         (diff.isEmpty() || !(diff.apply(other) || diff.apply(spline))));
                 QVERIFY(other == kept && spline.state() == kept.spline);
             }
+            for (const bool isKind : {true, false}) { // a formula that stays may be any
+                CurveState other = before;
+                isKind ? void(other.kind = CurveKind(1 - int(other.kind))) : void(other.formula += 'x');
+                QCOMPARE(diff.apply(other), diff.isEmpty() || (!isKind && before.formula == after.formula));
+            }
             QCOMPARE(diff.isEmpty(), before == after);
             QCOMPARE(diff.toString().empty(), before == after);
             QCOMPARE(diff.toString(), CurveDiff::between(before, after).toString());
