@@ -3,9 +3,12 @@
 # The compile settings that every target of this repository shares.
 function(curveeditor_settings target)
   target_compile_features(${target} PUBLIC cxx_std_17 PRIVATE cxx_std_20)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
-  if(CURVEEDITOR_WARNINGS_AS_ERRORS)
-    target_compile_options(${target} PRIVATE -Werror)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /permissive- /utf-8 $<$<BOOL:${CURVEEDITOR_WARNINGS_AS_ERRORS}>:/WX>)
+    target_compile_definitions(${target} PRIVATE NOMINMAX)
+  else()
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                                             $<$<BOOL:${CURVEEDITOR_WARNINGS_AS_ERRORS}>:-Werror>)
   endif()
   # All sources of a folder at once: what stands in their anonymous namespaces meets in one file.
   if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
@@ -17,7 +20,8 @@ function(curveeditor_settings target)
     LINKER_LANGUAGE CXX
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON
-    POSITION_INDEPENDENT_CODE ON)
+    POSITION_INDEPENDENT_CODE ON
+    WINDOWS_EXPORT_ALL_SYMBOLS ON)
 endfunction()
 
 # An object library for one folder below curveeditor/. The libraries and the tests link the same objects.

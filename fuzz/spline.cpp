@@ -372,10 +372,17 @@ void Play::assignState()
         kept_.empty() || bytes_.flag() ? spline_.state() : kept_[bytes_.below(unsigned(kept_.size()))];
     for (unsigned edits = bytes_.below(4); edits > 0; --edits)
         editState(state);
+    const SplineState before = spline_.state();
     const bool isTaken = spline_.assign(state);
     require(isTaken == state.isWhole());
     if (!isTaken)
         return;
+    for (std::size_t i = 0; i < std::min(state.points.size(), before.points.size()); ++i) {
+        PointInfo same = state.points[i]; // without a serial it is the one in its place, if they are alike
+        same.serial = before.points[i].serial;
+        if (state.points[i].serial == 0 && isSamePoint(same, before.points[i]))
+            state.points[i] = same;
+    }
     std::vector<Expected> points;
     std::set<std::uint32_t> seen = {0};
     for (const PointInfo& info : state.points) {

@@ -20,8 +20,11 @@ namespace FileReplacement {
 /// Permissions and extended attributes are kept, owner and group as far as the process may; a group that may not be
 /// kept leaves its successor the permissions of all others. Of a symbolic link the file that it points to is replaced,
 /// or made. Other names of the same file (hard links) keep the old content. A folder, a pipe, a device or a file
-/// that may not be written is refused. Where there is no POSIX only the content is kept and nothing is synced;
-/// attributes are kept on Linux.
+/// that may not be written is refused. Extended attributes are kept on Linux.
+///
+/// On Windows attributes, access rights, streams and the time of creation are kept where the file system knows how. A file
+/// that another program holds open, and does not share for deleting, is tried for a fifth of a second and refused then.
+/// Paths may be longer than 260 characters. A link without a file behind it is replaced by one.
 ///
 /// Only a process that is killed leaves the hidden file. The first save into a folder removes such files of the same
 /// user, named ".curve-<digits>-<digits>", that nobody wrote to for a day.

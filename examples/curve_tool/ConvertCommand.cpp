@@ -158,16 +158,18 @@ private:
 void writeAll(const Source& source, const SampleTable& table, Format output, const Arguments& arguments,
               const Streams& streams)
 {
-    const std::filesystem::path folder = *arguments.getText("all");
+    const std::filesystem::path folder = TextFiles::toPath(*arguments.getText("all"));
     std::error_code error;
     std::filesystem::create_directory(folder, error);
     if (!std::filesystem::is_directory(folder))
-        throw Fault(folder.string() + ": " + (error ? error.message() : "is no directory"));
+        throw Fault(*arguments.getText("all") + ": " + (error ? error.message() : "is no directory"));
     Progress progress(streams.terminal(), "writing");
     FileNames names;
     for (std::size_t i = 0; i < table.curves.size(); ++i) {
-        const std::filesystem::path file = folder / names.nameFor(table.curves[i].name, output);
-        TextFiles::write(file.string(), curveText(source, table, i, output, arguments, streams), streams.out);
+        const std::filesystem::path file =
+            folder / TextFiles::toPath(names.nameFor(table.curves[i].name, output));
+        TextFiles::write(TextFiles::toName(file), curveText(source, table, i, output, arguments, streams),
+                         streams.out);
         progress.at(i, table.curves.size());
     }
 }

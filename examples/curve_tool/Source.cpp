@@ -12,7 +12,6 @@
 #include <curveeditor/files/TextFields.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 
@@ -133,7 +132,7 @@ CurveValues Source::valuesOf(double framesPerTimeUnit) const
 
 std::string Source::getStem() const
 {
-    return path_ == "-" ? "standard input" : std::filesystem::path(path_).stem().string();
+    return path_ == "-" ? "standard input" : TextFiles::toName(TextFiles::toPath(path_).stem());
 }
 
 void Source::fail(const std::string& reason) const

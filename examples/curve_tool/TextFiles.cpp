@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 #include <fstream>
 #include <istream>
 #include <ostream>
@@ -50,13 +49,28 @@ std::string readStream(const std::string& path, std::istream& in, std::size_t ex
 void writeToDevice(const std::string& path, std::string_view content)
 {
     errno = 0;
-    std::ofstream device(path, std::ios::binary);
+    std::ofstream device(TextFiles::toPath(path), std::ios::binary);
     device << content << std::flush;
     if (!device)
         failBySystem(path, errno);
 }
 
 } // namespace
+
+fs::path TextFiles::toPath(const std::string& name)
+{
+#ifdef __cpp_char8_t
+    return std::u8string(name.begin(), name.end());
+#else
+    return fs::u8path(name);
+#endif
+}
+
+std::string TextFiles::toName(const fs::path& path)
+{
+    const auto name = path.u8string(); // of another type in each version of the language
+    return {name.begin(), name.end()};
+}
 
 std::string TextFiles::shownName(const std::string& path)
 {
@@ -68,13 +82,13 @@ std::string TextFiles::read(const std::string& path, std::istream& standardInput
     if (path == "-")
         return readStream(path, standardInput, 0, progress);
     std::error_code error;
-    if (fs::is_directory(path, error))
+    if (fs::is_directory(toPath(path), error))
         fail(path, "is a directory");
     errno = 0;
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(toPath(path), std::ios::binary);
     if (!file)
         failBySystem(path, errno);
-    const std::uintmax_t size = fs::file_size(path, error);
+    const std::uintmax_t size = fs::file_size(toPath(path), error);
     return readStream(path, file, error ? 0 : std::size_t(size), progress);
 }
 
@@ -85,14 +99,14 @@ void TextFiles::write(const std::string& path, std::string_view content, std::os
         return;
     }
     std::error_code error;
-    const fs::file_status status = fs::status(path, error);
+    const fs::file_status status = fs::status(toPath(path), error);
     if (fs::is_directory(status))
         fail(path, "is a directory");
     if (fs::exists(status) && !fs::is_regular_file(status)) {
         writeToDevice(path, content);
         return;
     }
-    error = FileReplacement::write(path, content);
+    error = FileReplacement::write(toPath(path), content);
     if (error)
         fail(path, error.message());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -13,6 +14,12 @@ namespace TextFiles {
 
 /// The most bytes that are read.
 constexpr std::size_t mostBytes = std::size_t(512) << 20;
+
+/// @{
+/// The name of a file as a path and back; names are UTF-8 whatever the system.
+std::filesystem::path toPath(const std::string& name);
+std::string toName(const std::filesystem::path& path);
+/// @}
 
 /// What messages call the file.
 std::string shownName(const std::string& path);

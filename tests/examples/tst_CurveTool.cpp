@@ -302,6 +302,9 @@ private Q_SLOTS:
     void refuses()
     {
         const auto [input, command, code, reason] = Rows<QByteArray, QString, int, QByteArray>::present();
+        if (!program.isEmpty() &&
+            QRegularExpression("^(onto a device|into nowhere)$").match(QTest::currentDataTag()).hasMatch())
+            QSKIP("the other system says it in words of its own");
         QCOMPARE(run(input, command), code);
         QVERIFY2(errors_.contains(reason), errors_.constData());
     }
@@ -317,7 +320,7 @@ private Q_SLOTS:
         QCOMPARE(names("odd"), (QStringList{"__ä.crv", QString(99, 'x') + ".crv"}));
         QCOMPARE(run("t a a a-2\n0 1 2 3\n", "convert - --all " + path("alike")), 0);
         QCOMPARE(names("alike").size(), 3);
-        QCOMPARE(run("", "sample " + path("dots/_.A-2.crv")), 0);
+        QVERIFY2(run("", "sample " + path("dots/_.A-2.crv")) == 0, errors_);
         QCOMPARE(output_, QByteArray("0\t2\n"));
     }
 
@@ -346,6 +349,8 @@ private Q_SLOTS:
 
     void fileIsReplacedAsAWholeOrNotAtAll()
     {
+        if (!program.isEmpty())
+            QSKIP("links and permissions are those of this system");
         QCOMPARE(run(spline, "convert - " + path("target.crv")), 0);
         QVERIFY(QFile::setPermissions(path("target.crv"), QFile::ReadOwner | QFile::WriteOwner));
         QVERIFY(QFile::link("target.crv", path("link.crv")));
@@ -401,6 +406,8 @@ private:
 
     int run(const QByteArray& input, const QString& command)
     {
+        if (!program.isEmpty())
+            return runProgram(input, command);
         std::istringstream in(toText(input));
         std::istringstream line(toText(command));
         std::ostringstream out, messages;
@@ -411,6 +418,20 @@ private:
         return code;
     }
 
+    int runProgram(const QByteArray& input, const QString& command)
+    {
+        QProcess process;
+        process.start(program[0], program.mid(1) + command.split(' ', Qt::SkipEmptyParts));
+        process.write(input);
+        process.closeWriteChannel();
+        const bool isOver = process.waitForFinished();
+        output_ = process.readAllStandardOutput();
+        errors_ = process.readAllStandardError();
+        return isOver && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+
+    /// Of another system, apart by "|": the commands are run by it instead of here.
+    const QStringList program = qEnvironmentVariable("CURVE_TOOL").split('|', Qt::SkipEmptyParts);
     QTemporaryDir folder_;
     QByteArray output_;
     QByteArray errors_;
