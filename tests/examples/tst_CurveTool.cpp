@@ -327,7 +327,7 @@ private Q_SLOTS:
     void endingTellsTheFormat()
     {
         const QByteArray rows = "time,a\n0,1\n4,3\n";
-        for (const char* const name : {"a.csv", "a.CSV", "a.txt", "a.tsv"}) {
+        for (const char* const name : {"a.csv", "b.CSV", "a.txt", "a.tsv"}) {
             QCOMPARE(run(rows, QString("convert - ") + path(name)), 0);
             QCOMPARE(contentOf(path(name)), name[2] == 't' ? altered(rows, ",", "\t") : rows);
         }
