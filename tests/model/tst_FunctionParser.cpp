@@ -654,6 +654,10 @@ private Q_SLOTS:
             QCOMPARE(hostsTime, 7.0f);
             for (std::size_t i = 0; i < times.size(); ++i)
                 QCOMPARE(values[i], readAt(*reader.holder, times[i], isParsersOwn));
+            const BlockReading reading(times.data(), 25.0, BlockReading::longest);
+            double part = 0.0;
+            reader.holder->evaluateBlock(&times[200], 25.0, &part, 1);
+            QCOMPARE(part, values[200]);
         }
         t = parsersOwn;
     }

@@ -292,6 +292,7 @@ private Q_SLOTS:
             spline.remove(point);
             spline.setTime(point, 0.0);
         }
+        QVERIFY(!spline.assign({{{1.0, 0.0}, {0.0, 0.0}}}));
         QVERIFY(spline.findIndex(other[0]) == -1 && !spline.modify(other[0]) && !spline.modify(1));
         const auto modifyAt = [&spline](auto... indices) {
             return std::vector{spline.modify(indices)...};
@@ -320,6 +321,10 @@ private Q_SLOTS:
         QVERIFY(loaded.firstType == 0 && loaded.lastType == 0 && loaded.getDefaultValue() == 0.1);
 
         const std::string good = text.str();
+        const QString tabs = QString::fromStdString(good).replace(u' ', "\t\v").replace(u'\n', "\f\r\n");
+        std::istringstream spaced(tabs.toStdString());
+        SplineBase::load(&loaded, spaced);
+        QVERIFY(!spaced.fail() && isSame(*loaded[0], *spline[0]));
         std::vector<std::string> broken = {"garbage", "spline 1 1 0 end"};
         for (std::size_t size = 0; size < good.size() - 1; ++size)
             broken.push_back(good.substr(0, size));

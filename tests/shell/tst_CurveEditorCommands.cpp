@@ -184,11 +184,11 @@ private Q_SLOTS:
                                       : text.startsWith('@')         ? std::optional(text.mid(1).toDouble())
                                                                      : std::nullopt;
                            });
-        editor.setValueText([](double value) { return QStringLiteral("%1 lx").arg(value, 0, 'f', 1); });
+        editor.setValueText([](double value) { return QStringLiteral("lx %1").arg(value, 0, 'f', 1); });
         QVERIFY(fixture->canvas.grab().toImage() != plain);
         QCOMPARE(editor.textLabel1->text(), "Time:");
         QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), "Time");
-        QVERIFY2(spoken().contains("time @5.00, value 1.0 lx"), qPrintable(spoken()));
+        QVERIFY2(spoken().contains("time @5.00, value lx 1.0"), qPrintable(spoken()));
         editor.tabWidget2->setCurrentIndex(1);
         QTest::mouseMove(&fixture->canvas, fixture->pixel(2.5, 0.0));
         editor.tabWidget2->setCurrentIndex(0);
@@ -208,11 +208,12 @@ private Q_SLOTS:
         for (const auto& [text, value] : {std::pair{"2 lx", 2.0}, {"1.2345", 1.2345}}) {
             typed(editor.posY, text); // the host reads no values
             QCOMPARE(point.pos, value);
-            QCOMPARE(editor.posY->text(), QStringLiteral("%1 lx").arg(value, 0, 'f', 1));
+            QCOMPARE(editor.posY->text(), QStringLiteral("lx %1").arg(value, 0, 'f', 1));
+            QCOMPARE(editor.posY->palette(), editor.posX->palette()); // which shows no fault
         }
         typed(editor.posX, "@5.128");
         editor.tabWidget2->setCurrentIndex(2);
-        QCOMPARE(cell(1) + cell(1, Qt::EditRole), "1.2 lx1.2345");
+        QCOMPARE(cell(1) + cell(1, Qt::EditRole), "lx 1.21.2345");
         QCOMPARE(cell(0) + cell(0, Qt::EditRole), "@5.13@5.13");
         const auto setCell = [&](const QString& text) {
             return model->setData(model->index(1, 0), text);

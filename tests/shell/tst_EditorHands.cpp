@@ -169,7 +169,7 @@ private Q_SLOTS:
         for (const QPoint& place :
              {s.pixel(5.0, 1.0), QPoint(s.pixel(0.0, 0.0).x(), s.canvas.pixelHeight - 4)}) {
             s.mouse(QEvent::MouseButtonPress, place);
-            QVERIFY(s.takes(s.canvas, Qt::Key_Escape));
+            QVERIFY(s.takes(s.canvas, Qt::Key_Escape) && s.takes(s.canvas, Qt::Key_X, ctrl));
             s.mouse(QEvent::MouseButtonRelease, place);
         }
         s.editor.setViewGestures(false);
