@@ -182,7 +182,7 @@ void FreshFile::syncFolderOf(const fs::path& target, const std::error_category& 
 
 bool FreshFile::isForgotten(const fs::path& path)
 {
-    constexpr std::time_t day = 24 * 60 * 60;
+    constexpr std::time_t day = std::time_t(24) * 60 * 60;
     struct stat status = {};
     return ::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
            std::time(nullptr) - status.st_mtime > day;
