@@ -290,7 +290,7 @@ private Q_SLOTS:
         QCOMPARE(second->text(QAccessible::Description), "Bezier point");
         QCOMPARE(canvas->indexOfChild(second), 1);
         QCOMPARE(second->parent(), canvas);
-        QVERIFY(!second->state().selected && !canvas->focusChild());
+        QVERIFY(!second->state().selected && !second->state().offscreen && !canvas->focusChild());
         s.canvas.zoomView(-40, 30); // and no frame since
         const QPoint middle = second->rect().center();
         QCOMPARE(s.canvas.mapFromGlobal(middle), s.pixel(5.0, 1.0));
@@ -302,6 +302,8 @@ private Q_SLOTS:
         QCOMPARE(second->text(QAccessible::Value), "1");
         s.editor.setShowTime();
         QCOMPARE(second->text(QAccessible::Name), "Point 2 of 3, time 5, value 1");
+        s.editor.setView({6.0, -1.0, 3.0, 2.0});
+        QVERIFY(second->state().offscreen);
 
         const QStringList actions = second->actionInterface()->actionNames();
         QCOMPARE(second->actionInterface()->localizedActionName(actions[0]), "Select");
