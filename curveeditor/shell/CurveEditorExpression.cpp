@@ -5,6 +5,7 @@
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/model/FunctionFloatBase.h>
 #include <curveeditor/model/FunctionParserBase.h>
+#include <curveeditor/panel/EditingList.h>
 #include <curveeditor/panel/ExpressionEditLine.h>
 #include <curveeditor/shell/FunctionEditor.h>
 
