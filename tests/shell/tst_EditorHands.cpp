@@ -97,66 +97,6 @@ private Q_SLOTS:
         QVERIFY(s.x.state() == before.state() && s.intervals.size() > 800);
     }
 
-    void releaseThatGoesAstrayHoldsNothing()
-    {
-        Scene s;
-        s.mouse(QEvent::MouseButtonPress, {200, 200},
-                Qt::MiddleButton); // a box of the host gets its release
-        s.mouse(QEvent::MouseMove, {230, 180}, Qt::MiddleButton);
-        s.mouse(QEvent::MouseMove, {240, 180}, Qt::NoButton);
-        QTest::keyPress(&s.canvas, Qt::Key_X);
-        s.editor.setViewGestures(false);
-        QTest::keyRelease(&s.canvas, Qt::Key_X);
-        s.drag(5.0, 1.0, 5.5, 2.0);
-        QVERIFY(qAbs(s.x[1]->pos - 2.0) < 0.05);
-        QCOMPARE(s.entries(), 1);
-    }
-
-    void timeLineFollowsTheHandWhereTheHostAllowsIt()
-    {
-        Scene s;
-        QList<double> told;
-        connect(&s.editor, &CurveEditor::timeLineDragged, [&told](double time) { told.append(time); });
-        const int foot = s.canvas.pixelHeight - 4;
-        const auto dragFoot = [&s, foot](double time, bool cancels) {
-            s.mouse(QEvent::MouseButtonPress, {s.canvas.timeToPixel(s.canvas.timeLine) + 3, foot});
-            s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(time), 30});
-            if (cancels)
-                s.key(Qt::Key_Escape);
-            s.mouse(QEvent::MouseButtonRelease, {s.canvas.timeToPixel(time), 30});
-        };
-        s.timeLineAt(2.0);
-        dragFoot(4.0, false);
-        s.key(Qt::Key_Period);
-        QCOMPARE(told.size(), 0);
-        s.editor.setTimeLineDraggable(true);
-        for (const int away : {0, 50}) {
-            s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(2.0) + away, foot}, Qt::NoButton);
-            QCOMPARE(s.canvas.cursor().shape() == Qt::SizeHorCursor, away == 0);
-        }
-        dragFoot(4.0, false);
-        QVERIFY(told.size() == 1 && qAbs(s.canvas.timeLine - 4.0) < 0.05);
-        dragFoot(100.0, true);
-        QCOMPARE(told.mid(1), (QList<double>{s.canvas.limitTimeMax, told[0]}));
-        s.canvas.canvas.hands().guide.isSnapping = true;
-        dragFoot(6.02, false);
-        QCOMPARE(s.canvas.timeLine, 6.0);
-        s.key(Qt::Key_Comma);
-        QCOMPARE(told.last(), 6.0 - 1.0 / s.canvas.fps);
-        s.canvas.canvas.hands().guide.snap.kinds = Snap::TimeLine;
-        dragFoot(6.0, false);
-        QVERIFY(s.canvas.timeLine > told[told.size() - 2]); // not held by where it stood
-        s.mouse(QEvent::MouseButtonPress, {s.canvas.timeToPixel(s.canvas.timeLine), foot});
-        const qsizetype count = told.size();
-        s.mouse(QEvent::MouseMove, {s.canvas.timeToPixel(1.0), 30}, Qt::NoButton); // the release went astray
-        QCOMPARE(told.size(), count);
-        s.timeLineAt(s.canvas.limitTimeMin).key(Qt::Key_Comma);
-        QCOMPARE(s.canvas.timeLine, s.canvas.limitTimeMin);
-        QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
-        s.press(5.0, 1.0); // the line can't be taken above its foot
-        QCOMPARE(s.control().currentIndex(), 1);
-    }
-
     void keysOfTheCanvasComeBeforeThoseOfTheHost()
     {
         Scene s;
