@@ -12,6 +12,7 @@ _Color = tuple[int, int, int]
 _Times = Union[npt.NDArray[Any], Sequence[Any]]
 
 point_fields: np.dtype[np.void]
+key_fields: np.dtype[np.void]
 
 class PointType(IntEnum):
     LINEAR = 0
@@ -25,6 +26,11 @@ class Behaviour(IntEnum):
     LOOP = 2
     LOOP_OFFSET = 3
     FOLLOW_TANGENT = 4
+
+class KeyShape(IntEnum):
+    HOLD = 0
+    LINEAR = 1
+    BEZIER = 2
 
 class FormulaError(ValueError):
     text: str
@@ -141,6 +147,30 @@ class FittedSpline(Spline):
     def deviation(self) -> float: ...
     @property
     def samples(self) -> int: ...
+
+class Keys:
+    def __init__(
+        self,
+        records: npt.NDArray[np.void],
+        first_type: int = ...,
+        last_type: int = ...,
+        default_value: float = ...,
+    ) -> None: ...
+    @staticmethod
+    def of(spline: Spline, *, tolerance: float) -> Keys: ...
+    def to_spline(self, *, tolerance: float) -> FittedSpline: ...
+    def set_ease(self, index: int, x1: float, y1: float, x2: float, y2: float) -> None: ...
+    @property
+    def records(self) -> np.recarray[Any, Any]: ...
+    @property
+    def first_type(self) -> Behaviour: ...
+    @property
+    def last_type(self) -> Behaviour: ...
+    @property
+    def default_value(self) -> float: ...
+    @property
+    def deviation(self) -> float: ...
+    def __len__(self) -> int: ...
 
 class CurveDiff:
     @overload

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Arrays.h"
 
-#include "Errors.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -85,25 +83,13 @@ py::dtype pointFields()
 
 py::object toRecords(const std::vector<SplineBase::PointInfo>& points)
 {
-    const py::array_t<SplineBase::PointInfo> records(py::ssize_t(points.size()), points.data());
-    return records.attr("view")(py::module_::import("numpy").attr("recarray"));
+    return toRecordArray(points);
 }
 
 std::vector<SplineBase::PointInfo> toPoints(const py::array& records)
 {
-    const py::object names = records.dtype().attr("names");
-    if (records.ndim() != 1 || names.is_none() || !py::bool_(names.attr("__contains__")("time")))
-        raise(PyExc_ValueError, "points have to be a row of records with a field \"time\"");
-    const std::size_t count = std::size_t(records.size());
-    std::vector<SplineBase::PointInfo> points(count);
-    const py::array_t<SplineBase::PointInfo> fields(py::ssize_t(count), points.data());
-    for (const py::handle name : names) {
-        if (!py::bool_(fields.dtype().attr("names").attr("__contains__")(name)))
-            raise(PyExc_ValueError, "points have no field \"" + std::string(py::str(name)) + '"');
-        fields[py::reinterpret_borrow<py::object>(name)] = records[py::reinterpret_borrow<py::object>(name)];
-    }
-    std::copy_n(fields.data(), count, points.begin());
-    for (std::size_t i = 0; i < count; ++i) {
+    std::vector<SplineBase::PointInfo> points = recordsOf<SplineBase::PointInfo>(records, "points");
+    for (std::size_t i = 0; i < points.size(); ++i) {
         const std::string which = "point " + std::to_string(i);
         if (!isKept(points[i]))
             raise(PyExc_ValueError, which + " has a number that is not finite");

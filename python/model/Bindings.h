@@ -11,6 +11,7 @@ void bindStates(pybind11::module_& module);
 void bindSplines(pybind11::module_& module);
 void bindDiffs(pybind11::module_& module);
 void bindFits(pybind11::module_& module);
+void bindKeys(pybind11::module_& module);
 void bindFormulas(pybind11::module_& module);
 void bindFiles(pybind11::module_& module);
 /// @}

@@ -14,6 +14,7 @@ PYBIND11_MODULE(_model, module)
     bindSplines(module);
     bindDiffs(module);
     bindFits(module);
+    bindKeys(module);
     bindFormulas(module);
     bindFiles(module);
 }

@@ -4,6 +4,7 @@
 #include <curveeditor/model/SplineBase.h>
 
 namespace py = pybind11;
+using namespace py::literals;
 
 namespace curveeditor::python {
 
@@ -15,6 +16,14 @@ py::object memberOf(const char* enumeration, std::int32_t number)
 }
 
 } // namespace
+
+py::object enumeration(const char* name, const std::vector<const char*>& members)
+{
+    py::list words;
+    for (std::size_t i = 0; i < members.size(); ++i)
+        words.append(py::make_tuple(members[i], i));
+    return py::module_::import("enum").attr("IntEnum")(name, words, "module"_a = "curveeditor");
+}
 
 py::object toPointType(std::int32_t number)
 {

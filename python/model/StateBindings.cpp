@@ -20,14 +20,6 @@ namespace curveeditor::python {
 
 namespace {
 
-py::object enumeration(const char* name, const std::vector<const char*>& members)
-{
-    py::list words;
-    for (std::size_t i = 0; i < members.size(); ++i)
-        words.append(py::make_tuple(members[i], i));
-    return py::module_::import("enum").attr("IntEnum")(name, words, "module"_a = "curveeditor");
-}
-
 SplineState stateOf(const py::array& points, std::int32_t firstType, std::int32_t lastType,
                     double defaultValue)
 {

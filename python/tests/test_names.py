@@ -15,6 +15,7 @@ BOUND = {
     " kindAfter=CurveState.formula kindBefore=CurveState.formula pointsAfter=CurveDiff.points_after"
     " pointsBefore=CurveDiff.points_before revert=CurveDiff.revert toString=CurveDiff.__str__ touched=CurveDiff.touched",
     "model/CurveFit.h": "bake=bake fit=fit jumpsOf=jumps simplify=simplify smoothSlope=smooth_slope",
+    "model/CurveKeys.h": "fromSpline=Keys.of setEase=Keys.set_ease toSpline=Keys.to_spline",
     "model/CurveSnapshot.h": "CurveSnapshot=Snapshot call=Snapshot.__call__ evaluate=Snapshot.__call__ of=Spline.snapshot",
     "model/CurveVariables.h": "CurveVariables=Variables add=Variables.add getExpression=Variables.__getitem__"
     " getValue=Formula.__call__ getValues=Formula.__call__ remove=Variables.remove rename=Variables.rename",
@@ -85,7 +86,7 @@ LACKING = {
         "times come as tuples",
     ),
     "model/CurveFit.h": ("isDone message", "what can't be fitted raises, with the message"),
-    "model/CurveKeys.h": ("fromSpline isWhole setEase toSpline", "curve-tool converts the files of others"),
+    "model/CurveKeys.h": ("isWhole", "keys that are not whole are not made"),
     "model/FunctionFloatBase.h": (
         "getBinaryRef getConstantRef getTernaryRef getUnaryRef getVariableBoolRef getVariableDoubleRef"
         " getVariableFloatRef getVariableIntRef isBinary isConstant isTernary isUnary isVariableBool isVariableDouble"
