@@ -15,12 +15,14 @@ from __future__ import annotations
 import atexit
 import sys
 import weakref
-from typing import Any, Callable, Optional, TypeVar
+from collections.abc import Callable, Sequence
+from typing import Any, Optional, TypeVar
 
 from PyQt6 import QtCore, QtGui, QtWidgets
 from PyQt6 import sip as _sip
 
 from . import _qt
+from ._model import Spline
 from ._qt import CurveChange, CurveOptions, EditCause, EditorPart, EditPhase, PlaneMapping, Theme
 
 __all__ = [
@@ -37,6 +39,7 @@ __all__ = [
 
 sip: Any = _sip  # whose own stubs know of no wrapped classes
 _Wrapped = TypeVar("_Wrapped")
+_Function = Callable[..., Any]
 _Write = Callable[[float], str]
 _Read = Callable[[str], Optional[float]]
 _Painter = Callable[[QtGui.QPainter, PlaneMapping], object]
@@ -101,6 +104,10 @@ def _forget(handed: weakref.WeakSet[Any]) -> None:
             sip.setdeleted(wrapper)
 
 
+def _no_stack() -> None:
+    return None
+
+
 class CurveEditor(_qt.Editor):
     """An editor of curves. Its `widget` goes with it, so keep it as long as the widget is to be there.
 
@@ -136,6 +143,8 @@ class CurveEditor(_qt.Editor):
     def __init__(self, parent: Optional[QtWidgets.QWidget] = None) -> None:
         if not isinstance(QtCore.QCoreApplication.instance(), QtWidgets.QApplication):
             raise RuntimeError("make a QApplication first")
+        if QtCore.QThread.currentThread() != QtCore.QCoreApplication.instance().thread():
+            raise RuntimeError("editors are made on the thread of the QApplication")
         for name, kind in CurveEditor.__annotations__.items():
             if kind == "Signal":
                 setattr(self, name, Signal())
@@ -148,6 +157,8 @@ class CurveEditor(_qt.Editor):
                 getattr(editor, name).emit(*told)
 
         self._handed = handed
+        self._given_stack: Callable[[], Optional[QtGui.QUndoStack]] = _no_stack
+        self._functions: weakref.WeakKeyDictionary[_Function, _Function] = weakref.WeakKeyDictionary()
         address = 0 if parent is None else sip.unwrapinstance(parent)
         super().__init__(address, report, lambda: _forget(handed))
         _living.add(self)
@@ -157,6 +168,19 @@ class CurveEditor(_qt.Editor):
         self._handed.add(wrapper)
         return wrapper
 
+    def _kept(self, function: Optional[_Function]) -> Optional[_Function]:
+        """What calls `function` for the editor, which so does not keep alive what that knows, itself mostly."""
+        if function is None:
+            return None
+        myself = weakref.ref(self)
+
+        def call(*arguments: Any) -> Any:
+            editor = myself()
+            return None if editor is None else editor._functions[call](*arguments)
+
+        self._functions[call] = function
+        return call
+
     @property
     def widget(self) -> QtWidgets.QDialog:
         """The editor as a window of its own, or to be put into a layout or a dock."""
@@ -164,11 +188,17 @@ class CurveEditor(_qt.Editor):
 
     def undo_stack(self) -> QtGui.QUndoStack:
         """Where the edits of the user are kept."""
-        return self._wrapped(self._undo_stack(), QtGui.QUndoStack)
+        address, given = self._undo_stack(), self._given_stack()
+        if given is not None and not sip.isdeleted(given) and sip.unwrapinstance(given) == address:
+            return given
+        return self._wrapped(address, QtGui.QUndoStack)
 
     def set_undo_stack(self, stack: Optional[QtGui.QUndoStack]) -> None:
         """Puts the edits from now on on a stack of the application; None brings back the editor's own."""
         self._set_undo_stack(0 if stack is None else sip.unwrapinstance(stack))
+        self._given_stack = _no_stack
+        if stack is not None:
+            self._given_stack = weakref.ref(stack)
 
     def action(self, name: str) -> Optional[QtGui.QAction]:
         """The action of the editor with that object name."""
@@ -189,19 +219,27 @@ class CurveEditor(_qt.Editor):
 
     def set_underlay(self, paint: Optional[_Painter]) -> None:
         """Lets `paint` draw below the grid and the curves; see `update_underlay`."""
-        self._set_underlay(None if paint is None else _painting(paint))
+        self._set_underlay(None if paint is None else self._kept(_painting(paint)))
 
     def set_overlay(self, paint: Optional[_Painter]) -> None:
         """Lets `paint` draw on top of all else, in each frame."""
-        self._set_overlay(None if paint is None else _painting(paint))
+        self._set_overlay(None if paint is None else self._kept(_painting(paint)))
+
+    def set_constraint(self, group: str, curve: str, mend: Optional[Callable[[Spline], object]]) -> None:
+        """Lets `mend` have the last word on each step of an edit of that curve. One that raises has written nothing."""
+        self._set_constraint(group, curve, self._kept(mend))
+
+    def set_time_grid(self, lines: Optional[Callable[[float, float], Sequence[float]]]) -> None:
+        """Lets `lines` give the times of the grid's vertical lines between two times."""
+        self._set_time_grid(self._kept(lines))
 
     def set_time_text(self, write: Optional[_Write], read: Optional[_Read] = None) -> None:
         """Writes and reads times for the user; what `read` raises as ValueError counts as no time."""
-        self._set_time_text(write, _reading(read))
+        self._set_time_text(self._kept(write), self._kept(_reading(read)))
 
     def set_value_text(self, write: Optional[_Write], read: Optional[_Read] = None) -> None:
         """The same for values."""
-        self._set_value_text(write, _reading(read))
+        self._set_value_text(self._kept(write), self._kept(_reading(read)))
 
     def set_font(self, font: QtGui.QFont) -> None:
         """Gives the dialog, all in it and its menus a font."""

@@ -19,18 +19,21 @@ struct GuiThread
 /// That of this module; each sets it when it is imported.
 inline GuiThread* guiThread = nullptr;
 
-/// Raises RuntimeError on another thread than that of the editors.
-inline void requireGuiThread(const char* what)
+inline bool isOtherThread()
 {
-    if (guiThread->thread.load() != std::this_thread::get_id())
-        raise(PyExc_RuntimeError, std::string(what) + "; take a snapshot for other threads");
+    return guiThread->editors > 0 && guiThread->thread.load() != std::this_thread::get_id();
 }
 
-/// The same for all that reads or writes formulas.
+[[noreturn]] inline void refuseThread(const char* what)
+{
+    raise(PyExc_RuntimeError, std::string(what) + "; take a snapshot for other threads");
+}
+
+/// For all that reads or writes formulas.
 inline void requireParser()
 {
-    if (guiThread->editors > 0)
-        requireGuiThread("formulas belong to the thread of the editor");
+    if (isOtherThread())
+        refuseThread("formulas belong to the thread of the editor");
 }
 
 } // namespace curveeditor::python

@@ -42,9 +42,15 @@ public:
         return std::forward<Work>(work)(spline_);
     }
 
+    /// Without the interpreter's lock. Raises RuntimeError where an editor has got the spline meanwhile.
     void evaluate(const double* times, double* values, std::size_t count) const
     {
-        const std::shared_lock lock(mutex_);
+        std::shared_lock lock(mutex_);
+        if (belongsToOther()) {
+            lock.unlock(); // who holds the interpreter's lock may wait for this one
+            const pybind11::gil_scoped_acquire locked;
+            refuseThread(inEditor);
+        }
         spline_.evaluate(times, values, count);
     }
 
@@ -58,10 +64,13 @@ public:
     void leaveEditor() { --editors_; }
 
 private:
+    static constexpr const char* inEditor = "the spline is in an editor";
+
+    bool belongsToOther() const { return editors_ > 0 && isOtherThread(); }
     void requireThread() const
     {
-        if (editors_ > 0)
-            requireGuiThread("the spline is in an editor");
+        if (belongsToOther())
+            refuseThread(inEditor);
     }
 
     SplineBase spline_;

@@ -23,16 +23,17 @@ public:
     }
 
     /// Calls it with what `arguments` gives, which is called with the lock, and gives what it returns to `use`. What
-    /// it raises goes to the hook for exceptions that nobody can catch.
+    /// it raises goes to the hook for exceptions that nobody can catch; then the result is false.
     template <typename Arguments, typename Use>
-    void operator()(const Arguments& arguments, const Use& use) const
+    bool operator()(const Arguments& arguments, const Use& use) const
     {
         if (!Py_IsInitialized())
-            return;
+            return false;
         const pybind11::gil_scoped_acquire locked;
         const Running running;
         try {
             use((*function_)(*arguments()));
+            return true;
         } catch (pybind11::error_already_set& error) {
             error.discard_as_unraisable("a function that the curve editor called");
         } catch (const pybind11::cast_error&) {
@@ -40,10 +41,11 @@ public:
                             "a function that the curve editor called returned something else");
             pybind11::error_already_set().discard_as_unraisable("a function that the curve editor called");
         }
+        return false;
     }
-    template <typename Arguments> void operator()(const Arguments& arguments) const
+    template <typename Arguments> bool operator()(const Arguments& arguments) const
     {
-        (*this)(arguments, [](const pybind11::object&) {});
+        return (*this)(arguments, [](const pybind11::object&) {});
     }
 
     /// Counts while a function of Python's runs in a call of the editor, on its one thread.

@@ -87,7 +87,8 @@ def test_slots(host, monkeypatch):
     assert faults == [ZeroDivisionError] * 2 and calls == [1]
 
 
-def test_edits(host):
+def test_edits(host, monkeypatch):
+    faults = []
     editor, spline = host.editor, host.spline
     editor.edit("Camera", "zoom", "Add", lambda given: [given.add(1.0, 2.0), given is spline or 1 / 0])
     diff = next(told[0].diff for name, *told in host.told if name == "curve_edited")
@@ -108,10 +109,16 @@ def test_edits(host):
     editor.set_constraint("Camera", "zoom", lambda mended: setattr(mended[-1], "value", 7.0))
     editor.edit("Camera", "zoom", "Move", lambda given: setattr(given[1], "time", 4.0))
     assert (spline(4.0), stack.count(), editor.undo_stack() is stack) == (7.0, 1, True)
+    monkeypatch.setattr(sys, "unraisablehook", lambda fault: faults.append(fault.exc_type))
+    editor.set_constraint("Camera", "zoom", lambda mended: [setattr(mended[-1], "value", 6.0), 1 / 0])
+    editor.edit("Camera", "zoom", "Move", lambda given: setattr(given[1], "time", 5.0))
+    assert spline(5.0) == 7.0 and faults and set(faults) == {ZeroDivisionError}
     editor.set_constraint("Camera", "zoom", None)
     editor.set_curve_options("Camera", "zoom", qt.CurveOptions(highest=5.0, step=0.5, types=[PointType.LINEAR], locked=True))
-    editor.edit("Camera", "zoom", "Bound", lambda given: given.add(5.0, 9.3))
-    assert (spline(5.0), spline[2].type, editor.curve_options("Camera", "zoom").locked) == (5.0, PointType.LINEAR, True)
+    editor.edit("Camera", "zoom", "Bound", lambda given: given.add(6.0, 9.3))
+    assert (spline(6.0), spline[2].type, editor.curve_options("Camera", "zoom").locked) == (5.0, PointType.LINEAR, True)
+    host.editor = editor = None
+    assert not sip.isdeleted(stack) and stack.count() == 0
 
 
 def test_curves_and_formulas(host):
@@ -177,6 +184,9 @@ def test_look_and_axes(host):
     assert editor.action("saveCurve").text() and editor.action("Mine") is None and action.text()
     with pytest.raises(TypeError):
         editor.set_view("everywhere")
+    for call in (lambda: editor.set_curve_color("Camera", "zoom", QtGui.QColor()), lambda: editor.add_curve("a", "b", Spline(), color=QtGui.QColor())):
+        with pytest.raises(ValueError, match="colour"):
+            call()
 
 
 def test_threads(host):
@@ -272,6 +282,9 @@ def test_no_other_qt():
 def test_cycles_are_collected(host):
     editor = host.editor
     editor.mine = editor
+    editor.set_overlay(lambda painter, mapping: editor.view())
+    editor.set_constraint("Camera", "zoom", editor._kept)
+    editor.view_changed.connect(editor.view)
     widget = editor.widget
     host.editor = editor = None
     gc.collect()
