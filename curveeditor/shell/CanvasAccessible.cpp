@@ -250,9 +250,7 @@ QString CanvasAccessible::contents() const
     if (const ControlSplineNode* const control = canvas_->canvas.currentSplineControl()) {
         const auto selected = indicesOf(control->selection().edited(), *control->getSpline());
         const auto lost = std::count(selected.begin(), selected.end(), -1); // while a dialog shows others
-        return tr("%1 points, %2 selected")
-            .arg(control->pointCount())
-            .arg(qsizetype(selected.size()) - lost);
+        return tr("%1 points, %2 selected").arg(control->pointCount()).arg(qsizetype(selected.size()) - lost);
     }
     return tr("Formula %1").arg(curves.getCurrentExpressionText());
 }
