@@ -298,7 +298,8 @@ private Q_SLOTS:
         HostCurve first, second, third;
         second.spline.setPos(second.spline.modify(2u), 2.0);
         third.spline.setPos(third.spline.modify(2u), 2.1);
-        for (const auto& [curve, name] : {std::pair(&first, "a.x"), {&second, "a.y"}, {&third, "a.long name of a curve"}})
+        for (const auto& [curve, name] :
+             {std::pair(&first, "a.x"), {&second, "a.y"}, {&third, "a.long name of a curve"}})
             scene.add(*curve, name);
         CurveEditorTheme theme = CurveEditorTheme::light();
         QList<bool> rows;
