@@ -291,7 +291,8 @@ bool isFinite(const PointInfo& point)
 bool CurveKeys::isWhole(const Curve& curve)
 {
     const auto& keys = curve.keys;
-    return !keys.empty() && std::all_of(keys.begin(), keys.end(), isKey) &&
+    return !keys.empty() && std::isfinite(curve.defaultValue) &&
+           std::all_of(keys.begin(), keys.end(), isKey) &&
            std::is_sorted(keys.begin(), keys.end(),
                           [](const Key& left, const Key& right) { return left.time < right.time; });
 }

@@ -3,6 +3,7 @@
 #include "Bindings.h"
 #include "Errors.h"
 #include "Numbered.h"
+#include "Point.h"
 #include "Spline.h"
 
 #include <curveeditor/model/CurveFit.h>
@@ -55,7 +56,8 @@ KeyRecord toRecord(const CurveKeys::Key& key)
 Keys keysOf(const py::array& given, std::int32_t firstType, std::int32_t lastType, double defaultValue)
 {
     const std::vector<KeyRecord> records = recordsOf<KeyRecord>(given, "keys");
-    Keys keys{{{}, checkedBehaviour(firstType), checkedBehaviour(lastType), defaultValue}};
+    Keys keys{
+        {{}, checkedBehaviour(firstType), checkedBehaviour(lastType), finite(defaultValue, "default_value")}};
     std::transform(records.begin(), records.end(), std::back_inserter(keys.curve.keys), &toKey);
     const auto hasNoShape = [](const KeyRecord& record) {
         return record.shape < 0 || record.shape > 2;

@@ -3,6 +3,7 @@
 #include "Bindings.h"
 #include "Errors.h"
 #include "Numbered.h"
+#include "Point.h"
 #include "Spline.h"
 
 #include <curveeditor/model/CurveDiff.h>
@@ -24,7 +25,7 @@ SplineState stateOf(const py::array& points, std::int32_t firstType, std::int32_
                     double defaultValue)
 {
     SplineState state{toPoints(points), checkedBehaviour(firstType), checkedBehaviour(lastType),
-                      defaultValue};
+                      finite(defaultValue, "default_value")};
     if (!state.isWhole())
         raise(PyExc_ValueError, "a spline has at least one point");
     return state;

@@ -38,6 +38,8 @@ def test_faults(time, reach):
     records["time"], records["leaving_reach"] = time, reach
     with pytest.raises(ValueError):
         Keys(records)
+    with pytest.raises(ValueError, match="default_value"):
+        Keys(curveeditor.Keys.of(Spline(), tolerance=0.0).records, default_value=np.nan)
     keys = Keys(np.array([(0.0,), (1.0,)], [("time", float)]))
     for call in (lambda: keys.set_ease(0, -0.1, 0.0, 0.5, 1.0), lambda: keys.to_spline(tolerance=-1.0), lambda: Keys.of(Spline(), tolerance=np.nan)):
         with pytest.raises(ValueError, match="0 to 1|tolerance"):
