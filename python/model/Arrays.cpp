@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 namespace py = pybind11;
 
@@ -17,12 +18,20 @@ bool overlaps(const double* first, const double* second, std::size_t count)
     return isBefore(first, second + count) && isBefore(second, first + count);
 }
 
+double numberOf(const py::object& time)
+{
+    const double number = PyFloat_AsDouble(time.ptr());
+    if (PyErr_Occurred())
+        throw py::error_already_set();
+    return number;
+}
+
 Numbers numbersOf(const py::object& times)
 {
-    Numbers numbers = Numbers::ensure(times);
-    if (!numbers)
+    const py::array given = py::array::ensure(times);
+    if (!given || !std::strchr("biuf", given.dtype().kind())) // anything else would be made into some number
         raise(PyExc_TypeError, "times have to be a number or an array of numbers");
-    return numbers;
+    return Numbers::ensure(given);
 }
 
 py::array_t<double> outputFor(const Numbers& times, const py::object& out)
@@ -59,7 +68,7 @@ py::object valuesAt(const py::object& times, const py::object& out,
                     const std::function<double(double)>& value, const Evaluation& evaluate)
 {
     if (out.is_none() && (PyFloat_Check(times.ptr()) || PyLong_Check(times.ptr())))
-        return py::float_(value(times.cast<double>()));
+        return py::float_(value(numberOf(times)));
     Numbers numbers = numbersOf(times);
     if (out.is_none() && numbers.ndim() == 0)
         return py::float_(value(*numbers.data()));

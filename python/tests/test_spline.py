@@ -57,6 +57,12 @@ def test_output_that_does_not_fit(spline, out, error):
         spline(np.zeros(3), out)
 
 
+def test_times_that_are_none(spline):
+    for times, error in ((None, TypeError), ("1.0", TypeError), ([1, None], TypeError), (b"1", TypeError), (1j, TypeError), (10**400, OverflowError)):
+        with pytest.raises(error):
+            spline(times)
+
+
 def test_points(spline):
     first, middle, last = spline
     assert (len(spline), spline[-1], spline[1].index) == (3, last, 1)
@@ -85,6 +91,8 @@ def test_fields(spline, field):
     setattr(point, field, 0.25)
     assert getattr(point, field) == 0.25 == spline.points[field][1] == getattr(spline.points, field)[1]
     for number in (np.nan, np.inf):
+        with pytest.raises(ValueError, match="default_value"):
+            SplineState(spline.points, default_value=number)
         with pytest.raises(ValueError, match=field):
             setattr(point, field, number)
         with pytest.raises(ValueError, match="point 1 .* finite"):
