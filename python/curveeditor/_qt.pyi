@@ -7,7 +7,7 @@ import numpy.typing as npt
 from PyQt6.QtCore import QPointF, QRectF, Qt
 from PyQt6.QtGui import QColor
 
-from ._model import CurveDiff, Spline, Variables
+from ._model import CurveDiff, PointType, Spline, Variables
 
 built_with: str
 runs_with: str
@@ -92,7 +92,7 @@ class CurveOptions:
     @property
     def step(self) -> float: ...
     @property
-    def types(self) -> list[int]: ...
+    def types(self) -> list[PointType]: ...
     @property
     def locked(self) -> bool: ...
     @property

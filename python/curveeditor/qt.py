@@ -60,7 +60,7 @@ class Signal:
         self._slots: list[Callable[..., object]] = []
 
     def connect(self, slot: Callable[..., object]) -> Callable[..., object]:
-        """Lets `slot` be called from now on. What it raises goes to `sys.excepthook`."""
+        """Lets `slot` be called from now on. What it raises goes to `sys.excepthook`, and `sys.exit` ends the loop of events."""
         self._slots.append(slot)
         return slot
 
@@ -73,7 +73,9 @@ class Signal:
         for slot in list(self._slots):
             try:
                 slot(*told)
-            except Exception:  # the editor goes on
+            except SystemExit as end:
+                QtCore.QCoreApplication.exit(end.code if isinstance(end.code, int) else end.code is not None)
+            except BaseException:  # the editor goes on
                 sys.excepthook(*sys.exc_info())
 
 

@@ -39,6 +39,18 @@ std::size_t characters(std::string_view text)
 
 } // namespace
 
+Variables::~Variables()
+{
+    for (const auto& [name, curve] : curves_)
+        leave(curve);
+}
+
+void Variables::leave(const Curve& curve)
+{
+    if (const auto* spline = std::get_if<SplinePointer>(&curve))
+        (*spline)->leaveEditor();
+}
+
 bool Variables::add(const std::string& name, const Curve& curve)
 {
     requireParser();
@@ -46,6 +58,8 @@ bool Variables::add(const std::string& name, const Curve& curve)
     const auto* formula = std::get_if<FormulaPointer>(&curve);
     if (!mapper_.add(name, spline ? &(*spline)->read() : nullptr, formula ? (*formula)->holder() : nullptr))
         return false;
+    if (spline)
+        (*spline)->enterEditor(); // one that has these variables reads it
     curves_.emplace(ParserVarMapper::getStoredName(name), curve);
     return true;
 }
@@ -54,7 +68,12 @@ bool Variables::remove(const std::string& name)
 {
     requireParser();
     mapper_.remove(name);
-    return curves_.erase(ParserVarMapper::getStoredName(name)) != 0;
+    const auto curve = curves_.find(ParserVarMapper::getStoredName(name));
+    if (curve == curves_.end())
+        return false;
+    leave(curve->second);
+    curves_.erase(curve);
+    return true;
 }
 
 bool Variables::rename(const std::string& oldName, const std::string& newName)
@@ -98,8 +117,15 @@ VariablesPointer Formula::variables() const
     return variables;
 }
 
+std::string Formula::text() const
+{
+    requireParser();
+    return tree_->getString();
+}
+
 std::vector<std::string> Formula::names() const
 {
+    requireParser();
     std::vector<std::string> names;
     for (const FunctionParserBase::keyStruct* key : FunctionParserBase::instance()->getAllVars(tree_))
         names.push_back(key->name);

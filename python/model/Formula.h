@@ -24,6 +24,11 @@ class Variables
 public:
     using Curve = std::variant<SplinePointer, FormulaPointer>;
 
+    Variables() = default;
+    ~Variables();
+    Variables(const Variables&) = delete;
+    Variables& operator=(const Variables&) = delete;
+
     /// False for a name that is taken or empty.
     bool add(const std::string& name, const Curve& curve);
     /// False for a name that is not there.
@@ -36,6 +41,8 @@ public:
     CurveVariables& mapper() { return mapper_; }
 
 private:
+    static void leave(const Curve& curve);
+
     std::map<std::string, Curve> curves_; ///< by their stored names
     CurveVariables mapper_;               ///< goes first, as it reads the curves
 };
@@ -57,7 +64,7 @@ public:
     static FunctionFloatBase* parsed(const std::string& text, const ParserVarMapper* variables);
 
     /// Of the formula as it is written shortest.
-    std::string text() const { return tree_->getString(); }
+    std::string text() const;
     /// Of all it reads, each once.
     std::vector<std::string> names() const;
     double framesPerTimeUnit() const { return framesPerTimeUnit_; }

@@ -54,7 +54,7 @@ public:
         spline_.evaluate(times, values, count);
     }
 
-    /// For an editor to read and write, until it leaves. Waits for evaluations.
+    /// For an editor to read and write, or to read for its formulas, until it leaves. Waits for evaluations.
     SplineBase& enterEditor()
     {
         const std::unique_lock lock(mutex_);
@@ -64,7 +64,7 @@ public:
     void leaveEditor() { --editors_; }
 
 private:
-    static constexpr const char* inEditor = "the spline is in an editor";
+    static constexpr const char* inEditor = "the spline is in an editor or in variables";
 
     bool belongsToOther() const { return editors_ > 0 && isOtherThread(); }
     void requireThread() const

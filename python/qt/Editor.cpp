@@ -67,6 +67,7 @@ Editor::Editor(std::uintptr_t parent, py::object report, py::object gone) : kept
     connectReports(PythonCall(std::move(report)));
     QObject::connect(dialog_, &QObject::destroyed, [kept = kept_, call = PythonCall(std::move(gone))] {
         kept->curves.clear();
+        kept->variables.reset(); // its formulas, as long as other threads keep off the parser
         --guiThread->editors;
         call([] { return py::tuple(); });
     });
@@ -84,7 +85,9 @@ void Editor::close()
     if (!dialog)
         return;
     dialog_.clear();
-    if (PythonCall::Running::isAny() || QThread::currentThread() != dialog->thread()) {
+    // In a loop of events a slot of PyQt's may be what drops it, which only the dialog's own code called.
+    if (PythonCall::Running::isAny() || QThread::currentThread() != dialog->thread() ||
+        dialog->thread()->loopLevel() > 0) {
         dialog->deleteLater();
         return;
     }
@@ -124,13 +127,11 @@ void Editor::addCurve(const QString& group, const QString& curve, const SplinePo
     auto registered = std::make_unique<RegisteredCurve>(spline, group, curve);
     if (formula)
         registered->formula = parsed(*formula);
-    editor.addCurve(group, curve, look.color, look.defaultValue, &registered->base, &registered->formula,
-                    look.minimum, look.maximum);
-    const auto* record = editor.searchAllNodeList(group + '.' + curve);
-    if (!record || record->function != &registered->formula)
+    if (!kept_->mapper.add(registered->name(), &registered->base, &registered->formula))
         raise(PyExc_ValueError, "another curve has the name \"" + registered->name() + '"');
-    kept_->mapper.add(registered->name(), &registered->base, &registered->formula);
-    kept_->curves.push_back(std::move(registered));
+    RegisteredCurve& added = *kept_->curves.emplace_back(std::move(registered));
+    editor.addCurve(group, curve, look.color, look.defaultValue, &added.base, &added.formula, look.minimum,
+                    look.maximum);
 }
 
 void Editor::dropRemoved()
@@ -155,8 +156,15 @@ void Editor::removeCurve(const QString& group, const QString& name)
     dropRemoved();
 }
 
+void Editor::requireGroup(const QString& group) const
+{
+    if (!dialog().searchMainNode(group))
+        throw py::key_error(group.toStdString());
+}
+
 void Editor::removeGroup(const QString& group)
 {
+    requireGroup(group);
     dialog().removeNode(group);
     dropRemoved();
 }
@@ -166,29 +174,41 @@ bool Editor::follow(RegisteredCurve& curve, const QString& newName)
     const auto* record = dialog().searchAllNodeList(newName);
     if (!record || record->function != &curve.formula)
         return false;
-    const std::string oldName = curve.name();
     curve.group = record->nodeName;
     curve.curve = record->curveName;
-    kept_->mapper.rename(oldName, curve.name());
     return true;
 }
 
 void Editor::renameCurve(const QString& group, const QString& name, const QString& newName)
 {
     RegisteredCurve& renamed = curve(group, name);
-    dialog().renameCurve(group, name, newName);
-    if (!follow(renamed, group + '.' + newName))
+    const QString newFullName = group + '.' + newName;
+    if (!kept_->mapper.rename(renamed.name(), newFullName.toStdString()))
         raise(PyExc_ValueError, "another curve has the new name");
+    dialog().renameCurve(group, name, newName);
+    follow(renamed, newFullName);
 }
 
 void Editor::renameGroup(const QString& group, const QString& newName)
 {
-    dialog().renameNode(group, newName);
-    bool isDone = true;
+    requireGroup(group);
+    std::vector<std::pair<RegisteredCurve*, QString>> renamed; // and their new names
     for (const auto& curve : kept_->curves) {
         const QString name = curve->group + '.' + curve->curve;
         if (name.startsWith(group + '.'))
-            isDone = follow(*curve, newName + name.mid(group.size())) && isDone;
+            renamed.emplace_back(curve.get(), newName + name.mid(group.size()));
+    }
+    CurveVariables& mapper = kept_->mapper;
+    for (const auto& [curve, name] : renamed)
+        mapper.remove(curve->name());
+    bool isDone = std::none_of(renamed.begin(), renamed.end(), [&](const auto& one) {
+        return mapper.hasName(ParserVarMapper::getStoredName(one.second.toStdString()));
+    });
+    if (isDone)
+        dialog().renameNode(group, newName);
+    for (const auto& [curve, name] : renamed) {
+        isDone = isDone && follow(*curve, name);
+        mapper.add(curve->name(), &curve->base, &curve->formula);
     }
     if (!isDone)
         raise(PyExc_ValueError, "another curve has the new name of one of the group");

@@ -46,6 +46,8 @@ public:
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
 
+    bool isEdited = false; ///< while the work of `edit` runs
+
     bool isThere() const { return !dialog_.isNull(); }
     /// Raises where it is gone, and on another thread than its own.
     CurveEditor& dialog() const;
@@ -85,6 +87,9 @@ private:
 
     void connectReports(const PythonCall& report);
     void dropRemoved();
+    /// Raises KeyError.
+    void requireGroup(const QString& group) const;
+    /// Takes the names of its record, which is under that name; false if it is not.
     bool follow(RegisteredCurve& curve, const QString& newName);
     FunctionFloatBase* parsed(const std::string& text) const;
 

@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QFont>
 #include <QPixmap>
+#include <QScopedValueRollback>
 #include <QUndoStack>
 
 #include <cfloat>
@@ -54,6 +55,28 @@ auto callOf(Result (CurveEditor::*function)(Arguments...) const)
     };
 }
 
+/// @{
+/// One of a curve, which raises KeyError where that is not there.
+template <typename Result, typename... Arguments>
+auto callOfCurve(Result (CurveEditor::*function)(const QString&, const QString&, Arguments...))
+{
+    return [function](Editor& self, const QString& group, const QString& curve,
+                      std::decay_t<Arguments>... arguments) -> Result {
+        self.curve(group, curve);
+        return callOf(function)(self, group, curve, std::move(arguments)...);
+    };
+}
+
+template <typename Result>
+auto callOfCurve(Result (CurveEditor::*function)(const QString&, const QString&) const)
+{
+    return [function](Editor& self, const QString& group, const QString& curve) -> Result {
+        self.curve(group, curve);
+        return callOf(function)(self, group, curve);
+    };
+}
+/// @}
+
 /// Null for None.
 template <typename Signature, typename Make>
 std::function<Signature> functionOf(const py::object& function, Make make)
@@ -87,6 +110,7 @@ void edit(Editor& self, const QString& group, const QString& curve, const QStrin
     const auto run = [&](SplineBase&) {
         const py::gil_scoped_acquire locked;
         const PythonCall::Running running;
+        const QScopedValueRollback<bool> edited(self.isEdited, true);
         work(spline);
     };
     if (!callOf(&CurveEditor::edit)(self, group, curve, text, run, merge))
@@ -96,8 +120,18 @@ void edit(Editor& self, const QString& group, const QString& curve, const QStrin
 void apply(Editor& self, const QString& group, const QString& curve, const CurveDiff& diff, bool forward)
 {
     self.curve(group, curve);
+    if (self.isEdited)
+        raise(PyExc_RuntimeError, "another edit is going on");
     if (!callOf(&CurveEditor::apply)(self, group, curve, diff, forward))
         raise(PyExc_ValueError, "the curve is not as the difference left it");
+}
+
+void setOptions(Editor& self, const QString& group, const QString& curve, const CurveOptions& options)
+{
+    callOfCurve (&CurveEditor::setCurveOptions)(self, group, curve, options);
+    const CurveOptions taken = self.dialog().curveOptions(group, curve);
+    if (taken.lowest != options.lowest || taken.highest != options.highest || taken.step != options.step)
+        raise(PyExc_ValueError, "no value keeps to these options");
 }
 
 void setTimeGrid(Editor& self, const py::object& lines)
@@ -187,9 +221,9 @@ void bindCurves(Class& editor)
         .def("set_variables", &Editor::setVariables, "variables"_a,
              "Lets formulas that come from now on read these curves instead of those of the editor; None "
              "brings them back.")
-        .def("set_curve_options", callOf(&CurveEditor::setCurveOptions), "group"_a, "curve"_a, "options"_a,
-             "Bounds, types and locks of one curve.")
-        .def("curve_options", callOf(&CurveEditor::curveOptions), "group"_a, "curve"_a,
+        .def("set_curve_options", &setOptions, "group"_a, "curve"_a, "options"_a,
+             "Bounds, types and locks of one curve; raises ValueError where no value keeps to them.")
+        .def("curve_options", callOfCurve(&CurveEditor::curveOptions), "group"_a, "curve"_a,
              "What `set_curve_options` took.")
         .def("_set_constraint", &setConstraint, "group"_a, "curve"_a, "mend"_a)
         .def(
@@ -199,16 +233,16 @@ void bindCurves(Class& editor)
                 callOf (&CurveEditor::setCurveColor)(self, group, curve, valid(color));
             },
             "group"_a, "curve"_a, "color"_a, "Gives a curve another colour, as the user can.")
-        .def("open_curve", callOf(&CurveEditor::setDefaultSelected), "group"_a, "curve"_a,
+        .def("open_curve", callOfCurve(&CurveEditor::setDefaultSelected), "group"_a, "curve"_a,
              "Puts a curve on the canvas and makes it current.")
         .def("close_curves", callOf(&CurveEditor::cleanSelecteds), "Takes all curves off the canvas.")
         .def("open_curves", callOf(&CurveEditor::openCurves),
              "The curves on the canvas, from back to front, as tuples of group and curve.")
         .def("current_curve", callOf(&CurveEditor::currentCurve),
              "Group and curve, both empty if there is none.")
-        .def("selected_points", callOf(&CurveEditor::selectedPoints), "group"_a, "curve"_a,
+        .def("selected_points", callOfCurve(&CurveEditor::selectedPoints), "group"_a, "curve"_a,
              "The indices of the selected points of a curve.")
-        .def("select_points", callOf(&CurveEditor::selectPoints), "group"_a, "curve"_a, "indices"_a,
+        .def("select_points", callOfCurve(&CurveEditor::selectPoints), "group"_a, "curve"_a, "indices"_a,
              "Selects these points of a curve and no other ones of it.")
         .def("update_curves", callOf(&CurveEditor::updateCurves),
              "Draws all curves anew, after changes of your own.")

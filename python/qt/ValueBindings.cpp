@@ -2,6 +2,8 @@
 #include "Bindings.h"
 #include "Casters.h"
 
+#include "../model/Numbered.h"
+
 #include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/shell/CurveChange.h>
 #include <curveeditor/shell/CurveOptions.h>
@@ -66,7 +68,7 @@ void bindOptions(py::module_& module)
                          bool locked, bool hidden, const QString& toolTip) {
                  CurveOptions options{lowest, highest, step, {}, locked, hidden, toolTip};
                  for (const int type : types)
-                     options.types.push_back(SplineBase::NodeType(type));
+                     options.types.push_back(SplineBase::NodeType(checkedPointType(type)));
                  return options;
              }),
              py::kw_only(), "lowest"_a = CurveOptions().lowest, "highest"_a = CurveOptions().highest,
@@ -77,7 +79,12 @@ void bindOptions(py::module_& module)
         .def_readonly("step", &CurveOptions::step, "What the values of points are multiples of; 0 for any.")
         .def_property_readonly(
             "types",
-            [](const CurveOptions& self) { return std::vector<int>(self.types.begin(), self.types.end()); },
+            [](const CurveOptions& self) {
+                py::list types;
+                for (const SplineBase::NodeType type : self.types)
+                    types.append(toPointType(type));
+                return types;
+            },
             "The `PointType`s that points may have, the first for new ones; any if empty.")
         .def_readonly("locked", &CurveOptions::locked, "The user can't edit the curve.")
         .def_readonly("hidden", &CurveOptions::hidden, "The canvas does not show it.")

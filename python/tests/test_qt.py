@@ -86,6 +86,16 @@ def test_slots(host, monkeypatch):
     host.editor.set_view(QtCore.QRectF(1.0, -1.0, 3.0, 2.0))
     assert faults == [ZeroDivisionError] * 2 and calls == [1]
 
+    def raises(fault):
+        raise fault
+
+    host.editor.current_curve_changed.connect(lambda *name: raises(KeyboardInterrupt))
+    host.editor.current_curve_changed.connect(lambda *name: raises(SystemExit(3)))
+    host.editor.current_curve_changed.connect(lambda *name: calls.append(2))
+    QtCore.QTimer.singleShot(0, host.editor.close_curves)
+    QtCore.QTimer.singleShot(5000, application.quit)
+    assert application.exec() == 3 and faults[2:] == [KeyboardInterrupt] and calls == [1, 2]
+
 
 def test_edits(host, monkeypatch):
     faults = []
@@ -104,6 +114,8 @@ def test_edits(host, monkeypatch):
         editor.apply("Camera", "zoom", diff, True)
     with pytest.raises(RuntimeError, match="another edit"):
         editor.edit("Camera", "zoom", "", lambda given: editor.edit("Camera", "zoom", "", lambda inner: None))
+    with pytest.raises(RuntimeError, match="another edit"):
+        editor.edit("Camera", "zoom", "", lambda given: editor.apply("Camera", "zoom", diff, False))
     stack = QtGui.QUndoStack()
     editor.set_undo_stack(stack)
     editor.set_constraint("Camera", "zoom", lambda mended: setattr(mended[-1], "value", 7.0))
@@ -116,6 +128,9 @@ def test_edits(host, monkeypatch):
     editor.set_constraint("Camera", "zoom", None)
     editor.set_curve_options("Camera", "zoom", qt.CurveOptions(highest=5.0, step=0.5, types=[PointType.LINEAR], locked=True))
     editor.edit("Camera", "zoom", "Bound", lambda given: given.add(6.0, 9.3))
+    assert repr(editor.curve_options("Camera", "zoom").types) == "[<PointType.LINEAR: 0>]"
+    with pytest.raises(ValueError, match="9"):
+        qt.CurveOptions(types=[9])
     assert (spline(6.0), spline[2].type, editor.curve_options("Camera", "zoom").locked) == (5.0, PointType.LINEAR, True)
     host.editor = editor = None
     assert not sip.isdeleted(stack) and stack.count() == 0
@@ -127,9 +142,19 @@ def test_curves_and_formulas(host):
     editor.add_curve("Camera", "double", Spline(), "2camera.zoom")
     assert (editor.formula("Camera", "double"), editor.values("Camera", "double", 4.0)) == ("2*camera.zoom", 16.0)
     assert editor.values("Camera", "double", [0, 4]).tolist() == [0.0, 16.0]
-    for name in ("double", "zoom"):
+    for group, name in (("Camera", "double"), ("Camera", "zoom"), ("camera", "Zoom")):
         with pytest.raises(ValueError, match="another curve"):
-            editor.add_curve("Camera", name, Spline())
+            editor.add_curve(group, name, Spline())
+    editor.add_curve("Lamp", "Zoom x", Spline())
+    editor.add_curve("camera", "zoom_X", other := Spline())
+    for rename in (lambda: editor.rename_curve("Camera", "double", "ZOOM"), lambda: editor.rename_group("camera", "LAMP")):
+        with pytest.raises(ValueError, match="another curve"):
+            rename()
+    other.add(4.0, 3.0)
+    assert (editor.values("Camera", "zoom", 4.0), editor.values("camera", "zoom_X", 4.0)) == (8.0, 3.0)
+    editor.remove_group("camera")
+    assert editor.values("Camera", "double", 4.0) == 16.0
+    editor.remove_group("Lamp")
     with pytest.raises(curveeditor.FormulaError, match="'nobody'"):
         editor.add_curve("Camera", "x", Spline(), "nobody")
     editor.delete_formula("Camera", "double")
@@ -138,6 +163,8 @@ def test_curves_and_formulas(host):
     with pytest.raises(ValueError):
         editor.rename_curve("Camera", "tilt", "double")
     editor.rename_group("Camera", "Lamp")
+    editor.rename_group("Lamp", "lamp")
+    editor.rename_group("lamp", "Lamp")
     assert editor.values("Lamp", "tilt", 4.0) == 8.0 and editor.open_curves() == [("Lamp", "tilt")]
     with pytest.raises(KeyError):
         editor.values("Camera", "zoom", 4.0)
@@ -189,12 +216,45 @@ def test_look_and_axes(host):
             call()
 
 
+def test_variables_go_with_the_dialog(host):
+    window, variables = QtWidgets.QMainWindow(), curveeditor.Variables()
+    variables.add("a", host.spline)
+    formula = Formula("a + 1", variables)
+    host.editor.set_variables(variables)
+    host.editor.widget.setParent(window)
+    del variables
+    assert formula(1.0) == 1.0
+    sip.delete(window)
+    with pytest.raises(ReferenceError, match="variables"):
+        formula(1.0)
+
+
+def test_unknown_curves(host):
+    editor = host.editor
+    for call in (editor.open_curve, editor.curve_options, editor.selected_points, lambda *name: editor.select_points(*name, [0]),
+                 lambda *name: editor.set_curve_options(*name, qt.CurveOptions())):
+        with pytest.raises(KeyError, match="Camera.no"):
+            call("Camera", "no")
+    for call in (editor.remove_group, lambda group: editor.rename_group(group, "yes")):
+        with pytest.raises(KeyError, match="no"):
+            call("no")
+    for options in (qt.CurveOptions(lowest=2.0, highest=1.0), qt.CurveOptions(step=float("nan"))):
+        with pytest.raises(ValueError, match="no value keeps"):
+            editor.set_curve_options("Camera", "zoom", options)
+
+
 def test_threads(host):
     faults = []
 
+    other, variables, formula = Spline(), curveeditor.Variables(), Formula("t")
+    variables.add("other", other)
+    variables.add("more", other)
+    variables.remove("more")
+    host.editor.set_variables(variables)
+
     def work():
         for call in (lambda: host.spline(1.0), lambda: host.spline([1.0]), host.spline.snapshot, lambda: host.spline.add(1, 2),
-                     host.editor.view, lambda: Formula("t")):
+                     host.editor.view, lambda: Formula("t"), lambda: str(formula), lambda: formula.names, lambda: other.add(1, 2)):
             with pytest.raises(RuntimeError, match="snapshot|thread"):
                 call()
             faults.append(call)
@@ -203,12 +263,14 @@ def test_threads(host):
     thread = threading.Thread(target=work)
     thread.start()
     thread.join()
-    assert len(faults) == 6 and snapshot(1.0) == 0.0
+    assert len(faults) == 9 and snapshot(1.0) == 0.0
     host.editor.remove_curve("Camera", "zoom")
-    thread = threading.Thread(target=lambda: faults.append(host.spline(1.0)))
+    host.editor.set_variables(None)
+    del variables
+    thread = threading.Thread(target=lambda: faults.append((host.spline(1.0), other(1.0))))
     thread.start()
     thread.join()
-    assert faults[-1] == 0.0
+    assert faults[-1] == (0.0, 0.0)
 
 
 def family():
@@ -255,6 +317,25 @@ def test_deleted_by_its_own_report(host):
         editor.view()
     QtCore.QCoreApplication.sendPostedEvents(None, QtCore.QEvent.Type.DeferredDelete)
     assert sip.isdeleted(widget)
+
+
+@pytest.mark.parametrize("kind", ["action", "stack"])
+def test_deleted_by_a_slot_of_pyqt(host, kind):
+    widget, loop, action, seen = host.editor.widget, QtCore.QEventLoop(), QtGui.QAction("Mine"), []
+
+    def drop():
+        host.editor = None
+        seen.append(sip.isdeleted(widget))
+
+    host.editor.add_edit_action(action)
+    (action.triggered if kind == "action" else host.editor.undo_stack().indexChanged).connect(drop)
+    canvas = widget.findChild(QtWidgets.QWidget, "functionEdit")
+    place = host.editor.to_canvas(QtCore.QPointF(5.0, 1.0)).toPoint()
+    insert = lambda: QtTest.QTest.mouseDClick(canvas, QtCore.Qt.MouseButton.LeftButton, pos=place)
+    QtCore.QTimer.singleShot(0, action.trigger if kind == "action" else insert)
+    QtCore.QTimer.singleShot(50, loop.quit)
+    loop.exec()
+    assert seen[0] is False and sip.isdeleted(widget)
 
 
 @pytest.mark.parametrize("end", ["", "del application", "sip.delete(application)", "editor = None"])
