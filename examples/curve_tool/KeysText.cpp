@@ -122,6 +122,7 @@ private:
     KeysText result_;
     std::vector<Level> levels_;
     std::array<double, 4> ease_{};
+    bool followsEase_ = false; ///< the key before the present one has an ease
     std::vector<std::pair<std::size_t, std::array<double, 4>>> eases_; ///< of the segments from these keys
 };
 
@@ -306,14 +307,18 @@ void KeysReader::finishKey()
 {
     const auto& keys = result_.curve.keys;
     const bool hasAll = has("time") && has("value");
-    const bool isDoubled = has("ease") && (has("out") || keys.back().shape != CurveKeys::Shape::Bezier);
-    if (!has("shape") && !has("ease") && !has("out"))
+    const bool hasEase = has("ease"), hasHandleIn = has("in");
+    const bool isDoubled = hasEase && (has("out") || keys.back().shape != CurveKeys::Shape::Bezier);
+    if (!has("shape") && !hasEase && !has("out"))
         present().shape = CurveKeys::Shape::Linear;
     levels_.back().names.clear();
     if (!hasAll)
         refuse("has no time or no value");
     if (isDoubled)
         refuse("has an ease and another shape");
+    if (hasHandleIn && followsEase_)
+        refuse("has a handle where an ease arrives");
+    followsEase_ = hasEase;
     if (keys.size() > 1 && keys.back().time < keys[keys.size() - 2].time)
         refuse("is earlier than the key before it");
 }

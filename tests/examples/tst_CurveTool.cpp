@@ -264,8 +264,8 @@ private Q_SLOTS:
               {":2: keys[0].ease[2] is not within 0 and 1", R"({"ease": [0, 5, 2, 1]})"},
               {":2: keys[0].ease[4] is one number too many", R"({"ease": [0, 0, 0, 0, 0]})"},
               {":2: keys[0].ease[2] ends an ease that is not of four", R"({"ease": [0, 0, 0]})"},
-              {":2: keys[0] has an ease and another shape",
-               R"({"time": 0, "value": 0, "ease": [0, 0, 0, 0], "out": {}})"},
+              {"keys[0] has an ease and another", R"({"time": 0, "value": 0, "ease": [0,0,0,0], "out": {}})"},
+              {"[1] has a handle", R"({"time":0,"value":0,"ease":[0,0,1,1]},{"time":1,"value":0,"in":{}})"},
               {"ends with an ease that leads nowhere", R"({"time": 0, "value": 0, "ease": [0, 0, 0, 0]})"},
               {":2: keys can't be a number", "1"},
               {"has no keys", ""}})
