@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 
-// Feeds any text to the reader of keys. What it takes must be whole and read back the same once it was written, and its
-// curve as far from the keys as is told; what it refuses must have a line within the text.
+// Feeds any text to the reader of keys. What it takes must be whole and read back the same once it was written, and as
+// a spline it must be finite and come back as keys without a deviation; what it refuses must have a line within the text.
 
 #include "TableChecks.h"
 
