@@ -221,7 +221,7 @@ void CurveEdit::cancel()
         before_ = std::move(foreign);
         left = changes();
         keepEntry(left);
-    } else if (entry_ && history_.isOnTop(entry_)) {
+    } else if (history_.isOnTop(entry_)) {
         keepEntry({});
     }
     const QPointer<CurveEdit> guard(this);

@@ -33,7 +33,6 @@ public:
     TimeInterval step(SplineBase& spline, const Place& place, bool scaling, const PlaneMapping& view);
 
     bool isAtTangent() const { return part_ != SplineEdits::Part::Point; }
-    bool keepsDistance() const { return keepsDistance_; }
 
     /// The plane in which the mouse was seen last.
     const PlaneMapping& view() const { return view_; }

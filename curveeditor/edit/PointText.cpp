@@ -121,7 +121,7 @@ PointText::Result PointText::read(const QString& text, TableReader::Decimal deci
 
 PointText::Result PointText::Reader::read()
 {
-    const bool isFine = table_.names().empty() || readHead();
+    const bool isFine = readHead();
     while (isFine && table_.next() && readRow()) {
     }
     tellFault();

@@ -348,14 +348,6 @@ void SplineEdits::smoothTangents(SplineBase& spline, const std::vector<PointSeri
     });
 }
 
-void SplineEdits::place(SplineBase& spline, PointSerial serial, double time, double value)
-{
-    if (PointInfo* const point = find(spline, serial)) {
-        spline.setTime(point, time);
-        spline.setPos(point, value);
-    }
-}
-
 void SplineEdits::aimTangent(SplineBase& spline, PointSerial serial, Part part, double time, double value)
 {
     PointInfo* const point = find(spline, serial);

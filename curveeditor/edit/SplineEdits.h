@@ -70,7 +70,6 @@ void alignTangents(SplineBase& spline, const std::vector<PointSerial>& points);
 void smoothTangents(SplineBase& spline, const std::vector<PointSerial>& points);
 /// @}
 
-void place(SplineBase& spline, PointSerial point, double time, double value);
 /// Gives tangents of the point the slope of the line from the point to a place, never steeper than 1000. The
 /// place of the point itself has no slope and leaves them as they are.
 void aimTangent(SplineBase& spline, PointSerial point, Part part, double time, double value);

@@ -24,8 +24,8 @@ public:
 
     /// Whether the host writes.
     explicit operator bool() const { return functions_ != nullptr; }
-    /// Whether what the host writes can be read back.
-    bool canRead() const { return functions_ && functions_->read; }
+    /// Whether what the host writes can be read back. Only for a host that writes.
+    bool canRead() const { return bool(functions_->read); }
 
     /// Where the host's function throws, the shortest plain text. Only for a host that writes.
     QString write(double number) const;

@@ -18,7 +18,7 @@ void makePoints(std::string& text)
     for (char& letter : text) {
         if (letter == '(')
             ++depth;
-        else if (letter == ')' && depth > 0)
+        else if (letter == ')')
             --depth;
         else if (letter == ',' && depth == 0)
             letter = '.';

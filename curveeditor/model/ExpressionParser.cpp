@@ -206,7 +206,6 @@ void ExpressionParser::readNumber(std::size_t length)
 
 void ExpressionParser::readFunction(const TokenRule& rule, std::size_t length)
 {
-    startOperand();
     position_ += length;
     skipBlanks();
     pushOpen(rule);

@@ -205,7 +205,7 @@ private Q_SLOTS:
         f.curve->reset(1.5);
         f.door.commit();
         f.stack().undo();
-        QVERIFY(f.curve->state() == before);
+        QVERIFY(f.curve->state() == before && f.reports.filter("undo").size() == 2);
         f.stack().redo();
         QCOMPARE(f.spline.getFirst()->pos, 1.5);
     }

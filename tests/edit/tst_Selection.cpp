@@ -342,19 +342,11 @@ private Q_SLOTS:
         const QString noNumber = QStringLiteral("Line %1: \"%2\" is no number that a point can have.");
         row("empty", " \n\t\r\n", "The text holds no points.");
         row("head line alone", "time\tvalue\n", "The text holds no points.");
-        row("words", "To be or not", "Line 1: \"To\" is no column of points.");
-        row("two words", "To be\nor not", noNumber.arg(2).arg("or"));
         row("binary", QString::fromLatin1("\0\1 7\n", 5), noNumber.arg(1).arg("??"));
         row("not finite", "1\t2\n\n3\t1e999", noNumber.arg(3).arg("1e999"));
-        row("infinite", "1\t2\r\n3\tinf", noNumber.arg(2).arg("inf"));
         row("number and more", "1\t2 m", noNumber.arg(1).arg("2 m"));
-        row("two decimal signs", "1\t1.000,5", noNumber.arg(1).arg("1.000,5"));
         row("long", "1\t" + QString(99, 'x'), noNumber.arg(1).arg(QString(20, 'x') + "..."));
-        row("other width", "1.0,2\n3", "Line 2: Numbers expected: 2, found: 1.");
-        row("no head line", "1 2 3", "Line 1: Numbers expected: 2, found: 3.");
-        row("twice", "time;value;TIME", "Line 1: The column \"time\" is there twice.");
-        row("missing", "time;type", "Line 1: The column \"value\" is missing.");
-        row("type", "time;value;type\n1;2;3", "Line 2: \"3\" is no type of a point.");
+        row("endless line", "1 2\n" + QString(20 << 20, '7'), "Line 2: The line is too long.");
         row("too many", QStringLiteral("1 2\n").repeated(PointText::maximumRows + 1),
             "Line 1000001: More than 1000000 points.");
     }

@@ -199,7 +199,8 @@ private Q_SLOTS:
             "convert - - --output-format crv");
         row("no such curve", table, "there is no curve '3'", "sample - --curve 3");
         row("curve twice", "t a a\n0 1 2\n", "several curves are named 'a'", "sample - --curve a");
-        row("foreign variable", "0\n0\n0\n1\na.b+t\n", "reads 'a.b'", "sample - --from 0 --to 1");
+        row("foreign variable", "0\n0\n0\n1\na.b+t\n", "the formula reads 'a.b', which is not known here",
+            "sample - --from 0 --to 1");
         row("parenthesis", "0\n0\n0\n1\n(t\n", ":5: a parenthesis of the formula has no partner");
         row("formula has no points", formula, "a formula has no points", "simplify - -o - --tolerance 1");
         row("directory", "", "/: is a directory\n", "info /");

@@ -366,8 +366,8 @@ private Q_SLOTS:
     void leftoversOfKilledSavesGo()
     {
         const QTemporaryDir folder;
-        const QStringList kept = {".curve-1-2x", ".curve-1",   ".curve--2",
-                                  "curve-1-2",   ".curve-4-5", ".curve-7-8"};
+        const QStringList kept = {".curve-1-2x", ".curve-1",  ".curve-1-",  ".curve-1x2",
+                                  ".curve--2",   "curve-1-2", ".curve-4-5", ".curve-7-8"};
         for (const QString& name : kept)
             make(folder.filePath(name), name == ".curve-4-5" ? 23 : 99);
         make(folder.filePath(".curve-12-3456"), 25);

@@ -200,7 +200,7 @@ private Q_SLOTS:
             if ( 0 , f , 7 ) => 7;   if(0/0,1,2) => 1;   (0/0>1)+(0/0<1) => 0;   l10(1000) => 3;
             rnd(2.5)-rnd(-2.5) => 6;   abs(-t)+sqrt(t+2) => 4;   ceil(1.1)+floor(-1.1) => 0;   1/0 => inf;
             -1/0 => -inf;   log(-1) => nan;   0^0 => 1;   1-t => -1;   1/t => 0.5;   3^t => 9;   1>t => 0;
-            1<t => 1;   t<1 => 0;   t<2 => 0;   t>2 => 0;   1+1>=t => 1;   t>=3 => 0;
+            1<t => 1;   t<1 => 0;   t<2 => 0;   t>2 => 0;   1+1>=t => 1;   t>=3 => 0;   1/mod(6,-3) => -inf;
             t<=2 => 1;   t<=1 => 0;   t==2 => 1;   t==3 => 0;   t!=2 => 0;   t!=3 => 1;   3>=2==1 => 1;
             (0/0==0/0)+(0/0>=0)+(0/0<=0) => 0;   0/0!=0/0 => 1;   min(t,3)-max(t,3) => -1;
             min(0/0,t) => nan;   min(t,0/0) => nan;   max(0/0,t) => nan;   max(t,0/0) => nan;
@@ -402,7 +402,7 @@ private Q_SLOTS:
             -t/3 => 0;   -t*3 => 0;   t-f*t/f+t => 0;   t>3 => 0;   3>t => 0;   f<t => 0;   t>f => 0;
             if(t>1,t,-t) => 0;   if(t,1,2) => 0;   rnd(t) => 0;   ceil(t/3) => 0;   floor(t) => 0;
             sqrt(t) => 0;   abs(t) => 0;   t^2 => 0;   tan(t)+l10(t) => 0;   acos(t)+asin(t)+atan(t) => 0;
-            cosh(t)+sinh(t)+tanh(t) => 0;   j0(t)-j1(f) => 0;   a.x*t => 0;   a.int+t => 0;   cos(t) => 5;
+            cosh(t)+sinh(t)+tanh(t) => 0;   j0(t)-j1(f) => 0;   a.x*t => 0;   a.int+t*a.on => 0;   cos(t) => 5;
             sin(f) => 5;   exp(t) => 5;   exp(-t) => 5;   log(t) => 5;   t^3 => 5;   2^t => 5;   t^f => 5;
             t^-0.5 => 5;   t^0 => 5;   exp(t/3) => 5;   (f-t*2)*((t+2)^2+f*3) => 0;
             (t>=1)-(t<=f)*2+(t==f)*4-(t!=0)*8 => 0;   min(t,f)-max(2,t) => 0;   mod(t,3)*pi-mod(7,f) => 0;
@@ -413,7 +413,7 @@ private Q_SLOTS:
     void blockEqualsOneByOne()
     {
         TestMapper mapper({"a.x"});
-        mapper.add("a.int", 2.5, 1);
+        mapper.add("a.int", 2.5, 1), mapper.add("a.on", 2.5, 0);
         std::vector<double> times{0.0,    -0.0,   0.5,      -0.5,      2.5,        -2.5,  0.49999999999999994,
                                   1e-310, 708.0,  710.0,    -745.0,    1e16,       -1e16, 4503599627370497.0,
                                   1e300,  -1e300, infinity, -infinity, notANumber, 1e-300};
@@ -452,12 +452,21 @@ private Q_SLOTS:
         Twice twice;
         twice.evaluateBlock(values, 25.0, values, 2);
         QVERIFY(values[0] == 3.0 && values[1] == 8.0);
-        const TestMapper mapper({"a.x"});
+        TestMapper mapper({"a.x"});
         Parsed("t+f*a.x").tree->evaluateBlock(times, 10.0, values, 2);
         QCOMPARE(values[1], 22.0);
         QVERIFY(t.getValue() == 3.0 && f.getValue() == 4.0);
-        QVERIFY(twice.getString() == "twice" && !twice.isUnary() && !twice.getBinaryRef());
-        QVERIFY(parser->getAllVars(&twice).empty());
+        QVERIFY(twice.getString() == "twice" && parser->getAllVars(&twice).empty());
+        QVERIFY(!CurveSnapshot::of(twice, 25.0, CurveVariables())); // of nodes that are known alone
+        mapper.add("a.float", 0.5, 2), mapper.add("a.int", 2.5, 1), mapper.add("a.on", 2.5, 0);
+        using Node = FunctionFloatBase;
+        const std::pair<const char*, bool (Node::*)() const> kinds[] = {
+            {"-t", &Node::isUnary},          {"t+f", &Node::isBinary},
+            {"if(t,f,1)", &Node::isTernary}, {"7", &Node::isConstant},
+            {"t", &Node::isVariableDouble},  {"a.float", &Node::isVariableFloat},
+            {"a.int", &Node::isVariableInt}, {"a.on", &Node::isVariableBool}};
+        for (const auto& [text, isSo] : kinds)
+            QVERIFY((*Parsed(text).tree.*isSo)() && !(twice.*isSo)());
     }
 
     void sizeIsNoDanger_data()
@@ -580,7 +589,7 @@ private Q_SLOTS:
 
         host.variables->remove("cam_1.left_eye");
         host.variables->remove("cam_1.left_eye");
-        QCOMPARE(reader.holder->evaluate(), 0.0);
+        QCOMPARE(readAt(*reader.holder, 1.0), 0.0);
         host.add("cam_1.left_eye", "7");
         QCOMPARE(reader.holder->evaluate(), 14.0);
         host.variables.reset();
@@ -605,6 +614,7 @@ private Q_SLOTS:
         outside.set("g.both");
         QCOMPARE(readAt(*outside.holder, 1.0), 11.0 + 1000.0);
         QVERIFY(!CurveSnapshot::of(*outside.holder, 25.0, CurveVariables())); // reads none of those
+        QCOMPARE(readAt(*Parsed("7").tree, 1.0), 7.0);
         const double time = 1.0;
         const BlockReading reading(&time, 25.0, 1);
         double value = 0.0;

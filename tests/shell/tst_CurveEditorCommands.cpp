@@ -254,9 +254,11 @@ private Q_SLOTS:
 
     void fileThatIsNoCurveIsRefused()
     {
-        const QString path = written(folder.filePath("broken.crv"), "255\n0\n0\n0\n3 points");
-        choose(path, &CurveEditor::loadFile);
-        QVERIFY(closeBox().contains(path) && fixture->changes.isEmpty());
+        for (const char* const text : {"255\n0\n0\n0\n3 points", "", "1\n2\n3\n", "1\n2\n3\n1\n"}) {
+            const QString path = written(folder.filePath("broken.crv"), text);
+            choose(path, &CurveEditor::loadFile);
+            QVERIFY(closeBox().contains(path) && fixture->changes.isEmpty());
+        }
         QCOMPARE(fixture->curves["cam.lens"].spline.getControlPointsNumber(), 2U);
         fixture->editor.cleanSelecteds();
         fixture->editor.saveFile();
