@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 from collections.abc import Callable, Sequence
-from typing import Any, Optional, Union
+from typing import Any, NoReturn, Optional, Union
 
 import numpy as np
 import numpy.typing as npt
@@ -11,6 +11,8 @@ from ._model import CurveDiff, PointType, Spline, Variables
 
 built_with: str
 runs_with: str
+
+def _install_translation(locale: int) -> bool: ...
 
 _Color = Union[QColor, Qt.GlobalColor, str]
 
@@ -54,6 +56,7 @@ class EditCause(_Enumeration):
     HOST: EditCause
 
 class CurveChange:
+    def __init__(self, *, _made_by_the_package: NoReturn) -> None: ...
     @property
     def group(self) -> str: ...
     @property
@@ -101,6 +104,7 @@ class CurveOptions:
     def tool_tip(self) -> str: ...
 
 class PlaneMapping:
+    def __init__(self, *, _made_by_the_package: NoReturn) -> None: ...
     @property
     def time_min(self) -> float: ...
     @property
@@ -118,6 +122,10 @@ class PlaneMapping:
     def time_at(self, column: float) -> float: ...
     def value_at(self, row: float) -> float: ...
 
+class _ColorField:
+    def __get__(self, owner: object, kind: Any = ...) -> QColor: ...
+    def __set__(self, owner: object, color: _Color) -> None: ...
+
 class Theme:
     class Shape(_Enumeration):
         __members__: dict[str, Theme.Shape]
@@ -125,23 +133,23 @@ class Theme:
         CIRCLE: Theme.Shape
         DIAMOND: Theme.Shape
     follows_palette: bool
-    canvas: QColor
-    selection: QColor
-    mark: QColor
-    hint: QColor
-    grid_lines: QColor
+    canvas: _ColorField
+    selection: _ColorField
+    mark: _ColorField
+    hint: _ColorField
+    grid_lines: _ColorField
     grid_width: float
-    fine_grid_lines: QColor
-    zero_lines: QColor
-    frame_v_line: QColor
-    frame_h_line: QColor
+    fine_grid_lines: _ColorField
+    zero_lines: _ColorField
+    frame_v_line: _ColorField
+    frame_h_line: _ColorField
     frame_width: float
-    labels: QColor
+    labels: _ColorField
     label_family: str
     label_points: float
     label_stretch: int
     spaces_labels: bool
-    time_line: QColor
+    time_line: _ColorField
     time_line_width: float
     time_line_blends: bool
     time_line_grip: int
@@ -152,16 +160,16 @@ class Theme:
     other_curve_share: float
     smooth: bool
     adapts_curve_colors: bool
-    control_point: QColor
-    control_point_selected: QColor
-    control_point_outline: QColor
-    guide: QColor
+    control_point: _ColorField
+    control_point_selected: _ColorField
+    control_point_outline: _ColorField
+    guide: _ColorField
     point_shape: Theme.Shape
     selected_point_shape: Theme.Shape
     point_size: int
     selected_point_size: int
-    controller: QColor
-    controller_selected: QColor
+    controller: _ColorField
+    controller_selected: _ColorField
     handle_width: float
     handle_size: int
     fixed_handle_size: int
@@ -170,14 +178,14 @@ class Theme:
     handle_grab_distance: int
     curve_grab_distance: int
     panel_family: str
-    field: QColor
-    field_text: QColor
-    formula: QColor
-    formula_text: QColor
-    formula_warning: QColor
-    preview: QColor
-    preview_curve: QColor
-    preview_middle: QColor
+    field: _ColorField
+    field_text: _ColorField
+    formula: _ColorField
+    formula_text: _ColorField
+    formula_warning: _ColorField
+    preview: _ColorField
+    preview_curve: _ColorField
+    preview_middle: _ColorField
     def __init__(self) -> None: ...
     @staticmethod
     def described() -> Theme: ...

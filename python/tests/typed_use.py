@@ -20,8 +20,11 @@ def edit(curve: Spline) -> Optional[Point]:
     point = curve.add(1.0, 2.0, PointType.BEZIER)
     point.type = PointType.TCB
     curve.first_type, curve.last_type = Behaviour.ZERO, Behaviour.LOOP
+    curve.last_type = 2
+    kept: Behaviour = curve.last_type
     before = curve.state
     curve.points = curve.points[:2]
+    curve.points = np.array([(0.0, 1.0), (2.0, 3.0 + kept)], [("time", float), ("value", float)])
     diff = curveeditor.CurveDiff.between(before, curve.state)
     diff.revert(curve)
     touched = diff.touched
@@ -29,6 +32,14 @@ def edit(curve: Spline) -> Optional[Point]:
         first: float = touched[0]
         curve.remove(curve[int(first)])
     return max((p for p in curve), key=lambda p: p.value)
+
+
+def not_made_by_hand() -> None:
+    curveeditor.FittedSpline()  # type: ignore[call-arg]
+    curveeditor.Snapshot()  # type: ignore[call-arg]
+    curveeditor.Table()  # type: ignore[call-arg]
+    curveeditor.CurveDiff()  # type: ignore[call-arg]
+    Point()  # type: ignore[call-arg]
 
 
 def read(path: str, variables: Variables) -> float:
