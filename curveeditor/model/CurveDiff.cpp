@@ -1,56 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include <curveeditor/model/CurveDiff.h>
 
-#include <curveeditor/model/PlacedPoint.h>
+#include <curveeditor/model/CurveDiffContent.h>
 #include <curveeditor/model/PointTypes.h>
 
 #include <algorithm>
-#include <bit>
 #include <sstream>
 #include <utility>
 
 using namespace curveeditor;
 
-namespace {
-
-using PointInfo = SplineBase::PointInfo;
-
-bool hasSameBits(double left, double right)
-{
-    return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
-}
-
-template <typename Entries> std::vector<std::uint32_t> serialsOf(const Entries& entries)
-{
-    std::vector<std::uint32_t> serials;
-    serials.reserve(entries.size());
-    for (const auto& entry : entries)
-        serials.push_back(entry.info.serial);
-    return serials;
-}
-
 /// The points and behaviours of a spline or of a state, under the same names.
-class Points
+class curveeditor::DiffPoints
 {
 public:
-    explicit Points(const SplineBase& spline)
+    explicit DiffPoints(const SplineBase& spline)
         : firstType(spline.firstType), lastType(spline.lastType), defaultValue(spline.getDefaultValue()),
           pointers_(spline.getControlPoints().data()), size_(spline.getControlPoints().size())
     {
     }
-    Points(const std::vector<const PointInfo*>& points, const SplineBase& spline)
+    DiffPoints(const std::vector<const SplineBase::PointInfo*>& points, const SplineBase& spline)
         : firstType(spline.firstType), lastType(spline.lastType), defaultValue(spline.getDefaultValue()),
           pointers_(points.data()), size_(points.size())
     {
     }
-    explicit Points(const SplineState& state)
+    explicit DiffPoints(const SplineState& state)
         : firstType(state.firstType), lastType(state.lastType), defaultValue(state.defaultValue),
           state_(&state), size_(state.points.size())
     {
     }
 
     std::size_t size() const { return size_; }
-    const PointInfo& operator[](std::size_t index) const
+    const SplineBase::PointInfo& operator[](std::size_t index) const
     {
         return state_ ? state_->points[index] : *pointers_[index];
     }
@@ -63,12 +44,25 @@ public:
     const double defaultValue;
 
 private:
-    const PointInfo* const* pointers_ = nullptr;
+    const SplineBase::PointInfo* const* pointers_ = nullptr;
     const SplineState* state_ = nullptr;
     std::size_t size_;
 };
 
-TimeInterval influence(const Points& points, std::size_t index)
+namespace {
+
+using PointInfo = SplineBase::PointInfo;
+
+template <typename Entries> std::vector<std::uint32_t> serialsOf(const Entries& entries)
+{
+    std::vector<std::uint32_t> serials;
+    serials.reserve(entries.size());
+    for (const auto& entry : entries)
+        serials.push_back(entry.info.serial);
+    return serials;
+}
+
+TimeInterval influence(const DiffPoints& points, std::size_t index)
 {
     if (index >= points.size())
         return {};
@@ -96,19 +90,6 @@ bool isSame(const PointInfo& left, const PointInfo& right)
     return &left == &right || isSamePoint(left, right);
 }
 
-template <typename Value> struct Change
-{
-    Value before{};
-    Value after{};
-
-    bool isNone() const { return before == after; }
-};
-
-template <> bool Change<double>::isNone() const
-{
-    return hasSameBits(before, after);
-}
-
 } // namespace
 
 void TimeInterval::unite(const TimeInterval& other)
@@ -121,33 +102,8 @@ void TimeInterval::unite(const TimeInterval& other)
 
 TimeInterval influenceOf(const SplineBase& spline, std::size_t index)
 {
-    return influence(Points(spline), index);
+    return influence(DiffPoints(spline), index);
 }
-
-struct CurveDiff::Private
-{
-    Private() = default;
-    Private(const Points& before, const Points& after);
-
-    void notePoints(const Points& before, const Points& after);
-    void noteTouched(const Points& before, const Points& after);
-    void noteContent(Change<CurveKind> kinds, const std::string& before, const std::string& after);
-
-    bool isEmpty() const;
-    bool concernsPointsOnly() const;
-    Private inverse() const;
-    bool apply(CurveState& state) const;
-    bool apply(SplineBase& spline) const;
-    bool isReplaceable(const Points& points) const;
-
-    std::vector<PlacedPoint> removed;  ///< ascending indices in the points before
-    std::vector<PlacedPoint> inserted; ///< ascending indices in the points after
-    Change<std::int32_t> firstType, lastType;
-    Change<double> defaultValue;
-    Change<CurveKind> kind;
-    Change<std::string> formula;
-    TimeInterval touched;
-};
 
 CurveDiff::CurveDiff()
 {
@@ -159,7 +115,7 @@ CurveDiff::CurveDiff(std::shared_ptr<const Private> differences) : d_(std::move(
 
 CurveDiff CurveDiff::between(const CurveState& before, const CurveState& after)
 {
-    const auto diff = std::make_shared<Private>(Points(before.spline), Points(after.spline));
+    const auto diff = std::make_shared<Private>(DiffPoints(before.spline), DiffPoints(after.spline));
     diff->noteContent({before.kind, after.kind}, before.formula, after.formula);
     return CurveDiff(diff);
 }
@@ -167,7 +123,7 @@ CurveDiff CurveDiff::between(const CurveState& before, const CurveState& after)
 CurveDiff CurveDiff::between(const CurveState& before, const SplineBase& spline, CurveKind kind,
                              const std::string& formula)
 {
-    const auto diff = std::make_shared<Private>(Points(before.spline), Points(spline));
+    const auto diff = std::make_shared<Private>(DiffPoints(before.spline), DiffPoints(spline));
     diff->noteContent({before.kind, kind}, before.formula, formula);
     return CurveDiff(diff);
 }
@@ -175,7 +131,7 @@ CurveDiff CurveDiff::between(const CurveState& before, const SplineBase& spline,
 CurveDiff CurveDiff::between(const std::vector<const PointInfo*>& pointsBefore, const SplineBase& spline,
                              CurveKind kind)
 {
-    const auto diff = std::make_shared<Private>(Points(pointsBefore, spline), Points(spline));
+    const auto diff = std::make_shared<Private>(DiffPoints(pointsBefore, spline), DiffPoints(spline));
     diff->noteContent({kind, kind}, {}, {});
     return CurveDiff(diff);
 }
@@ -278,7 +234,7 @@ std::string CurveDiff::toString() const
     return text.str();
 }
 
-CurveDiff::Private::Private(const Points& before, const Points& after)
+CurveDiff::Private::Private(const DiffPoints& before, const DiffPoints& after)
     : firstType{before.firstType, after.firstType}, lastType{before.lastType, after.lastType},
       defaultValue{before.defaultValue, after.defaultValue}
 {
@@ -298,7 +254,7 @@ void CurveDiff::Private::noteContent(Change<CurveKind> kinds, const std::string&
 }
 
 // Both lists ascend in time: of two points that are not the same one, the earlier is missing on the other side.
-void CurveDiff::Private::notePoints(const Points& before, const Points& after)
+void CurveDiff::Private::notePoints(const DiffPoints& before, const DiffPoints& after)
 {
     std::size_t beforeEnd = before.size();
     std::size_t afterEnd = after.size();
@@ -332,7 +288,7 @@ void CurveDiff::Private::notePoints(const Points& before, const Points& after)
     }
 }
 
-void CurveDiff::Private::noteTouched(const Points& before, const Points& after)
+void CurveDiff::Private::noteTouched(const DiffPoints& before, const DiffPoints& after)
 {
     for (const PlacedPoint& entry : removed)
         touched.unite(influence(before, entry.index));
@@ -340,7 +296,7 @@ void CurveDiff::Private::noteTouched(const Points& before, const Points& after)
         touched.unite(influence(after, entry.index));
     const TimeInterval everything = TimeInterval::everything();
     const bool goesOnChanges = before.lastType != after.lastType || before.hasSpan() != after.hasSpan();
-    for (const Points* points : {&before, &after}) {
+    for (const DiffPoints* points : {&before, &after}) {
         if (points->size() == 0)
             continue;
         if (before.firstType != after.firstType)
@@ -367,7 +323,7 @@ bool CurveDiff::Private::apply(CurveState& state) const
     SplineState& spline = state.spline;
     if (state.kind != kind.before || (changesFormula && state.formula != formula.before) ||
         spline.firstType != firstType.before || spline.lastType != lastType.before ||
-        !hasSameBits(spline.defaultValue, defaultValue.before) || !isReplaceable(Points(spline)))
+        !hasSameBits(spline.defaultValue, defaultValue.before) || !isReplaceable(DiffPoints(spline)))
         return false;
     spline.points =
         replaced(spline.points, removed, inserted, [](const PlacedPoint& point) { return point.info; });
@@ -393,7 +349,7 @@ CurveDiff::Private CurveDiff::Private::inverse() const
 }
 
 /// Whether the points are as they were left.
-bool CurveDiff::Private::isReplaceable(const Points& points) const
+bool CurveDiff::Private::isReplaceable(const DiffPoints& points) const
 {
     const auto isThere = [&points](const PlacedPoint& point) {
         return point.index < points.size() && isSamePoint(points[point.index], point.info);
@@ -404,7 +360,7 @@ bool CurveDiff::Private::isReplaceable(const Points& points) const
 
 bool CurveDiff::Private::apply(SplineBase& spline) const
 {
-    const Points points(spline);
+    const DiffPoints points(spline);
     if (points.firstType != firstType.before || points.lastType != lastType.before ||
         !hasSameBits(points.defaultValue, defaultValue.before) || !isReplaceable(points) ||
         !spline.replace(removed, inserted))

@@ -10,6 +10,10 @@
 #include <string>
 #include <vector>
 
+namespace curveeditor {
+struct DiffContent;
+} // namespace curveeditor
+
 /// A span of time, ends included; an end may be infinite. Empty unless `first` <= `last`.
 struct CURVEEDITOR_EXPORT TimeInterval
 {
@@ -104,6 +108,8 @@ public:
     std::string toString() const;
 
 private:
+    friend struct curveeditor::DiffContent;
+
     struct Private;
 
     explicit CurveDiff(std::shared_ptr<const Private> differences);

@@ -165,7 +165,11 @@ void bindCurveFile(py::module_& module)
             },
             "path"_a, "Writes the file as `replace_file` does.")
         .def_static("read", &readFile, "path"_a,
-                    "Reads a file; raises OSError, or ValueError where it is no curve file.");
+                    "Reads a file; raises OSError, or ValueError where it is no curve file.")
+        .def(py::pickle([](const CurveDocument& self) { return py::make_tuple(self.content, self.color); },
+                        [](const py::tuple& state) {
+                            return documentOf(state[0].cast<Content>(), state[1].cast<Color>());
+                        }));
 }
 
 void bindTables(py::module_& module)

@@ -3,7 +3,6 @@
 #include "Bindings.h"
 #include "Errors.h"
 #include "Numbered.h"
-#include "Point.h"
 #include "Spline.h"
 
 #include <curveeditor/model/CurveFit.h>
@@ -56,8 +55,7 @@ KeyRecord toRecord(const CurveKeys::Key& key)
 Keys keysOf(const py::array& given, std::int32_t firstType, std::int32_t lastType, double defaultValue)
 {
     const std::vector<KeyRecord> records = recordsOf<KeyRecord>(given, "keys");
-    Keys keys{
-        {{}, checkedBehaviour(firstType), checkedBehaviour(lastType), finite(defaultValue, "default_value")}};
+    Keys keys{{{}, checkedBehaviour(firstType), checkedBehaviour(lastType), defaultValue}};
     std::transform(records.begin(), records.end(), std::back_inserter(keys.curve.keys), &toKey);
     const auto hasNoShape = [](const KeyRecord& record) {
         return record.shape < 0 || record.shape > 2;
@@ -125,7 +123,8 @@ void bindKeys(py::module_& module)
     PYBIND11_NUMPY_DTYPE_EX(KeyRecord, time, "time", value, "value", arrivingSlope, "arriving_slope",
                             arrivingReach, "arriving_reach", leavingSlope, "leaving_slope", leavingReach,
                             "leaving_reach", shape, "shape");
-    module.attr("KeyShape") = enumeration("KeyShape", {"HOLD", "LINEAR", "BEZIER"});
+    module.attr("KeyShape") = enumeration("KeyShape", "The shape of the segment that begins at a key.",
+                                          {"HOLD", "LINEAR", "BEZIER"});
     module.attr("key_fields") = py::dtype::of<KeyRecord>();
     const auto constant = std::int32_t(SplineBase::Constant);
     py::class_<Keys>(
@@ -155,7 +154,18 @@ void bindKeys(py::module_& module)
             "default_value", [](const Keys& self) { return self.curve.defaultValue; },
             "Kept for the application.")
         .def_readonly("deviation", &Keys::deviation, "How far the keys are from the spline that they are of.")
-        .def("__len__", [](const Keys& self) { return self.curve.keys.size(); });
+        .def("__len__", [](const Keys& self) { return self.curve.keys.size(); })
+        .def(py::pickle(
+            [](const Keys& self) {
+                return py::make_tuple(toArray(self.curve.keys), self.curve.firstType, self.curve.lastType,
+                                      self.curve.defaultValue, self.deviation);
+            },
+            [](const py::tuple& content) {
+                Keys keys = keysOf(content[0], content[1].cast<std::int32_t>(),
+                                   content[2].cast<std::int32_t>(), content[3].cast<double>());
+                keys.deviation = content[4].cast<double>();
+                return keys;
+            }));
 }
 
 } // namespace curveeditor::python

@@ -17,12 +17,14 @@ py::object memberOf(const char* enumeration, std::int32_t number)
 
 } // namespace
 
-py::object enumeration(const char* name, const std::vector<const char*>& members)
+py::object enumeration(const char* name, const char* text, const std::vector<const char*>& members)
 {
     py::list words;
     for (std::size_t i = 0; i < members.size(); ++i)
         words.append(py::make_tuple(members[i], i));
-    return py::module_::import("enum").attr("IntEnum")(name, words, "module"_a = "curveeditor");
+    py::object type = py::module_::import("enum").attr("IntEnum")(name, words, "module"_a = "curveeditor");
+    type.attr("__doc__") = text;
+    return type;
 }
 
 py::object toPointType(std::int32_t number)

@@ -9,7 +9,7 @@
 namespace curveeditor::python {
 
 /// A class of Python's for numbers from 0 on.
-pybind11::object enumeration(const char* name, const std::vector<const char*>& members);
+pybind11::object enumeration(const char* name, const char* text, const std::vector<const char*>& members);
 
 /// @{
 /// A number as the member of Python's `PointType` or `Behaviour`; one that is none acts as the first, or as

@@ -86,7 +86,15 @@ void bindCurveState(py::module_& module)
             "The text of the formula, or None for a curve that shows its spline.")
         .def(py::self == py::self)
         .def(py::self != py::self)
-        .def("__hash__", [](const CurveState& self) { return self.spline.fingerprint(); });
+        .def("__hash__", [](const CurveState& self) { return self.spline.fingerprint(); })
+        .def(py::pickle(
+            [](const CurveState& self) {
+                return py::make_tuple(self.spline, self.kind == CurveKind::Expression, self.formula);
+            },
+            [](const py::tuple& content) {
+                return CurveState{content[0].cast<SplineState>(), CurveKind(content[1].cast<bool>()),
+                                  content[2].cast<std::string>()};
+            }));
 }
 
 } // namespace
@@ -96,9 +104,11 @@ void bindStates(py::module_& module)
     PYBIND11_NUMPY_DTYPE_EX(SplineBase::PointInfo, time, "time", pos, "value", tanLeft, "tan_left", tanRight,
                             "tan_right", tension, "tension", continuity, "continuity", bias, "bias", easeTo,
                             "ease_to", easeFrom, "ease_from", type, "type", serial, "serial");
-    module.attr("PointType") = enumeration("PointType", {"LINEAR", "BEZIER", "TCB", "HOLD"});
+    module.attr("PointType") = enumeration("PointType", "The shape of the segment that ends at a point.",
+                                           {"LINEAR", "BEZIER", "TCB", "HOLD"});
     module.attr("Behaviour") =
-        enumeration("Behaviour", {"ZERO", "CONSTANT", "LOOP", "LOOP_OFFSET", "FOLLOW_TANGENT"});
+        enumeration("Behaviour", "How a curve goes on before its first and behind its last point.",
+                    {"ZERO", "CONSTANT", "LOOP", "LOOP_OFFSET", "FOLLOW_TANGENT"});
     module.attr("point_fields") = pointFields();
     bindSplineState(module);
     bindCurveState(module);

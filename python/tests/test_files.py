@@ -1,4 +1,6 @@
 # SPDX-License-Identifier: MIT
+import pickle
+
 import curveeditor
 import numpy as np
 import pytest
@@ -17,6 +19,9 @@ def test_curve_files(tmp_path):
     assert (read.spline, read.formula, read.color) == (None, "2*t", (255, 255, 255))
     CurveFile(read.formula).write(path)
     assert CurveFile.from_text(path.read_bytes()).formula == "2*t"
+    for file in (read, CurveFile(spline, color=(1, 2, 3))):
+        twin = pickle.loads(pickle.dumps(file))
+        assert (twin.to_text(), twin.color) == (file.to_text(), file.color)
     assert list(tmp_path.iterdir()) == [path]
 
 

@@ -163,6 +163,13 @@ def test_states_and_differences(spline):
         diff.revert(spline)
     assert point.value == 3.0
     formula = CurveDiff.between(CurveState(before), CurveState(before, "t"))
+    for twin, original in ((pickle.loads(pickle.dumps(one)), one) for one in (diff, formula, CurveDiff.between(before, SplineState(before.points, 0, 1, 2.0)))):
+        assert (str(twin), twin.touched, twin.points_after) == (str(original), original.touched, original.points_after)
+    assert pickle.loads(pickle.dumps(CurveState(before, "t"))) == CurveState(before, "t") != CurveState(before)
+    again = Spline()
+    again.assign(before)
+    pickle.loads(pickle.dumps(diff)).apply(again)
+    assert again.state == after
     assert formula.apply(CurveState(before)).formula == "t"
     assert formula.inverse().apply(CurveState(before, "t")) == CurveState(before)
     assert CurveDiff.between(before, before).is_empty
