@@ -40,6 +40,8 @@ from ._model import (
     smooth_slope,
 )
 
+__version__ = "0.2.0"
+
 __all__ = [
     "Behaviour",
     "CurveDiff",

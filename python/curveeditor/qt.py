@@ -35,6 +35,7 @@ __all__ = [
     "PlaneMapping",
     "Signal",
     "Theme",
+    "install_translation",
 ]
 
 sip: Any = _sip  # whose own stubs know of no wrapped classes
@@ -51,6 +52,23 @@ def _require_same_qt(built_with: str, runs_with: str, theirs: str) -> None:
 
 
 _require_same_qt(_qt.built_with, _qt.runs_with, QtCore.qVersion() or "")
+
+
+def install_translation(locale: Optional[QtCore.QLocale] = None) -> bool:
+    """Shows all editors in the language of `locale`, without one in that of the application.
+
+    They are German, Spanish, French, Japanese and English, which all else gives. False where that is not asked for.
+    """
+    _require_gui_thread()
+    return _qt._install_translation(0 if locale is None else sip.unwrapinstance(locale))
+
+
+def _require_gui_thread() -> None:
+    application = QtCore.QCoreApplication.instance()
+    if not isinstance(application, QtWidgets.QApplication):
+        raise RuntimeError("make a QApplication first")
+    if QtCore.QThread.currentThread() != application.thread():
+        raise RuntimeError("editors belong to the thread of the QApplication")
 
 
 class Signal:
@@ -143,10 +161,7 @@ class CurveEditor(_qt.Editor):
     time_line_dragged: Signal
 
     def __init__(self, parent: Optional[QtWidgets.QWidget] = None) -> None:
-        if not isinstance(QtCore.QCoreApplication.instance(), QtWidgets.QApplication):
-            raise RuntimeError("make a QApplication first")
-        if QtCore.QThread.currentThread() != QtCore.QCoreApplication.instance().thread():
-            raise RuntimeError("editors are made on the thread of the QApplication")
+        _require_gui_thread()
         for name, kind in CurveEditor.__annotations__.items():
             if kind == "Signal":
                 setattr(self, name, Signal())

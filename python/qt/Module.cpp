@@ -3,9 +3,15 @@
 
 #include "../model/GuiThread.h"
 
+#include <curveeditor/shell/Translations.h>
+
+#include <QLocale>
 #include <QtGlobal>
 
+#include <cstdint>
+
 namespace py = pybind11;
+using namespace py::literals;
 using namespace curveeditor::python;
 
 PYBIND11_MODULE(_qt, module)
@@ -17,6 +23,13 @@ PYBIND11_MODULE(_qt, module)
                     .get_pointer<GuiThread>();
     module.attr("built_with") = QT_VERSION_STR;
     module.attr("runs_with") = qVersion();
+    module.def(
+        "_install_translation",
+        [](std::uintptr_t locale) {
+            return installCurveEditorTranslation(locale ? *reinterpret_cast<const QLocale*>(locale) // NOLINT
+                                                        : QLocale());
+        },
+        "locale"_a);
     bindValues(module);
     bindTheme(module);
     bindEditor(module);

@@ -46,13 +46,13 @@ void bindEnumerations(py::module_& module)
 void bindChange(py::module_& module)
 {
     py::class_<CurveChange>(module, "CurveChange", "What an edit did to a curve.")
-        .def_readonly("group", &CurveChange::group)
-        .def_readonly("curve", &CurveChange::curve)
+        .def_readonly("group", &CurveChange::group, "As `add_curve` got it, or the last rename.")
+        .def_readonly("curve", &CurveChange::curve, "The same.")
         .def_readonly("time_first", &CurveChange::timeFirst,
                       "The first time at which the value may have changed.")
         .def_readonly("time_last", &CurveChange::timeLast, "The last one.")
-        .def_readonly("phase", &CurveChange::phase)
-        .def_readonly("cause", &CurveChange::cause)
+        .def_readonly("phase", &CurveChange::phase, "An application writes a step of undo at COMMIT alone.")
+        .def_readonly("cause", &CurveChange::cause, "Whose change it is.")
         .def_property_readonly(
             "diff",
             [](const CurveChange& self) { return self.diff ? std::optional(*self.diff) : std::nullopt; },
@@ -95,21 +95,24 @@ void bindMapping(py::module_& module)
 {
     py::class_<PlaneMapping>(module, "PlaneMapping",
                              "Where times and values lie on a canvas, in logical pixels.")
-        .def_readonly("time_min", &PlaneMapping::timeMin)
-        .def_readonly("time_max", &PlaneMapping::timeMax)
-        .def_readonly("value_min", &PlaneMapping::valueMin)
-        .def_readonly("value_max", &PlaneMapping::valueMax)
-        .def_readonly("pixel_width", &PlaneMapping::pixelWidth)
-        .def_readonly("pixel_height", &PlaneMapping::pixelHeight)
+        .def_readonly("time_min", &PlaneMapping::timeMin, "At the left edge.")
+        .def_readonly("time_max", &PlaneMapping::timeMax, "At the right edge.")
+        .def_readonly("value_min", &PlaneMapping::valueMin, "At the lower edge.")
+        .def_readonly("value_max", &PlaneMapping::valueMax, "At the upper edge.")
+        .def_readonly("pixel_width", &PlaneMapping::pixelWidth, "Of the canvas.")
+        .def_readonly("pixel_height", &PlaneMapping::pixelHeight, "Of the canvas.")
         .def(
-            "column", [](const PlaneMapping& self, double time) { return self.column(time); }, "time"_a)
+            "column", [](const PlaneMapping& self, double time) { return self.column(time); }, "time"_a,
+            "Where a time lies, from the left edge.")
         .def(
-            "row", [](const PlaneMapping& self, double value) { return self.row(value); }, "value"_a)
+            "row", [](const PlaneMapping& self, double value) { return self.row(value); }, "value"_a,
+            "Where a value lies, from the upper edge.")
         .def(
             "time_at", [](const PlaneMapping& self, double column) { return self.timeAt(column); },
-            "column"_a)
+            "column"_a, "The time at a column.")
         .def(
-            "value_at", [](const PlaneMapping& self, double row) { return self.valueAt(row); }, "row"_a);
+            "value_at", [](const PlaneMapping& self, double row) { return self.valueAt(row); }, "row"_a,
+            "The value at a row.");
 }
 
 } // namespace

@@ -216,6 +216,18 @@ def test_look_and_axes(host):
             call()
 
 
+def test_languages(host):
+    english = host.editor.action("saveCurve").text()
+    try:
+        assert qt.install_translation(QtCore.QLocale("de"))
+        application.processEvents()
+        assert host.editor.action("saveCurve").text() == "Kurve speichern"
+    finally:
+        qt.install_translation(QtCore.QLocale("en"))
+        application.processEvents()
+    assert host.editor.action("saveCurve").text() == english
+
+
 def test_variables_go_with_the_dialog(host):
     window, variables = QtWidgets.QMainWindow(), curveeditor.Variables()
     variables.add("a", host.spline)

@@ -18,6 +18,8 @@ class Window(QtWidgets.QMainWindow):
         self.editor.curve_edited.connect(self.tell)
         theme = qt.Theme.dark()
         theme.canvas = QtGui.QColor("navy")
+        theme.labels = "white"
+        assert theme.labels.isValid() and qt.install_translation(QtCore.QLocale("de"))
         self.editor.set_theme(theme)
         self.editor.set_overlay(self.paint)
         self.editor.set_time_text(lambda time: f"{time:.2f} s", float)
