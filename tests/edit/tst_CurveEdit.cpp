@@ -92,7 +92,7 @@ private Q_SLOTS:
         f.stack().undo();
         QCOMPARE(f.otherSpline.getControlPointsNumber(), 1u);
         QCOMPARE(f.stack().count(), 1);
-        QVERIFY(!f.stack().canUndo());
+        QVERIFY(!f.stack().canUndo() && f.stack().undoLimit() == 1000);
     }
 
     void hostMayChangeOtherPointsDuringADrag()
