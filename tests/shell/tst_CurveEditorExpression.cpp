@@ -69,8 +69,9 @@ private Q_SLOTS:
         const QString full(16383, '1'); // a menu must not cut it
         line().setText(full);
         QVERIFY(isRefused("Binary functions") && isRefused("I vars"));
-        QCOMPARE(line().text(), full);
-        QVERIFY(!line().toolTip().contains("too long"));
+        QVERIFY(line().text() == full && !line().toolTip().contains("too long"));
+        line().setSelection(0, 2); // gives just the room
+        QVERIFY(!isRefused("I vars") && line().text().startsWith(" f 1"));
         enter("t");
         QVERIFY(fixture->curves["A.x"].expression);
     }
