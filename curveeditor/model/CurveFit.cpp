@@ -351,9 +351,12 @@ std::vector<CurveFit::Jump> CurveFit::jumpsOf(const SplineBase& spline)
     const auto& points = spline.getControlPoints();
     for (std::size_t i = 1; i < points.size(); ++i) {
         const PointInfo &from = *points[i - 1], &to = *points[i];
-        if ((to.type == SplineBase::Hold || from.time == to.time) && from.pos != to.pos)
+        if (!jumps.empty() && jumps.back().time == to.time)
+            jumps.back().value = to.pos; // of more than two points there
+        else if (to.type == SplineBase::Hold || from.time == to.time)
             jumps.push_back({to.time, from.pos, to.pos});
     }
+    std::erase_if(jumps, [](const Jump& jump) { return jump.before == jump.value; });
     return jumps;
 }
 

@@ -66,10 +66,10 @@ private Q_SLOTS:
         row("operands alone", "", "--x: No such file", "info -- --x");
         row("truncated curve", altered(spline, "end\n"), "standard input:8: the file ends too early");
         row("directory", "", "/: is a directory\n", "info /");
-        row("missing file", "", "/none/a.crv: No such file or directory\n", "info /none/a.crv");
+        row("missing file", "", "/nowhere/a.crv: No such file or directory\n", "info /nowhere/a.crv");
         row("onto a device", spline, "/dev/full: No space", "convert - /dev/full --output-format crv");
         row("onto a directory", spline, "/: is a directory", "convert - / --output-format crv");
-        row("into nowhere", spline, "/none/a.crv: No such file", "convert - /none/a.crv");
+        row("into nowhere", spline, "/nowhere/a.crv: No such file", "convert - /nowhere/a.crv");
         row("into no directory", table, "/dev/null: ", "convert - --all /dev/null");
         row("ill-formed", "{\"format\": \"curve-keys\",\n\"\xFF\"}",
             ":2: column 2: syntax error while parsing object key - invalid string: ill-formed UTF-8");

@@ -303,13 +303,13 @@ private Q_SLOTS:
         QVERIFY(slope({1.0, 0.0}, {2.0, 3.0}) == 2.0 && slope({0.0, -4.0}, {1.0, 9.0}) == 5.0);
         QVERIFY(slope({1.0, 0.0}, {1.0, 9.0}) == 0.0 && slope({1.0 - 1e-9, huge}, {1.0, 0.0}) == 0.0);
         QCOMPARE(CurveFit::smoothSlope(nullptr, {1.0, 1.0}, nullptr), 0.0);
-        SplineBase spline; // a jump at once, a hold, a hold of the same value and two alike at one time
-        spline.assign({{{0.0, 1.0}, {0.0, 2.0}, {1.0, 3.0}, {2.0, 3.0}, {2.0, 3.0}, {3.0, 9.0}}});
+        SplineBase spline; // at once, a hold, a hold of the same value, two alike and three at one time
+        spline.assign({{{0, 1}, {0, 2}, {1, 3}, {2, 3}, {2, 3}, {3, 9}, {3, 1}, {3, 7}}});
         spline.modify(2)->type = spline.modify(3)->type = SplineBase::Hold;
         QString jumps;
         for (const CurveFit::Jump& jump : CurveFit::jumpsOf(spline))
             jumps += QStringLiteral("%1: %2 %3; ").arg(jump.time).arg(jump.before).arg(jump.value);
-        QCOMPARE(jumps, "0: 1 2; 1: 2 3; ");
+        QCOMPARE(jumps, "0: 1 2; 1: 2 3; 3: 9 7; ");
     }
 
     void jumpIsBakedAsTwoPoints()

@@ -71,7 +71,7 @@ private Q_SLOTS:
         QVERIFY(isRefused("Binary functions") && isRefused("I vars"));
         QVERIFY(line().text() == full && !line().toolTip().contains("too long"));
         line().setSelection(0, 2); // gives just the room
-        QVERIFY(!isRefused("I vars") && line().text().startsWith(" f 1"));
+        QVERIFY(!isRefused("I vars") && line().text().startsWith(" t 1"));
         enter("t");
         QVERIFY(fixture->curves["A.x"].expression);
     }
