@@ -269,13 +269,6 @@ void EditingList::filterRows(int first, int last)
     }
 }
 
-void EditingList::rowsInserted(const QModelIndex& parent, int first, int last)
-{
-    QTreeWidget::rowsInserted(parent, first, last);
-    if (!filter_.isEmpty())
-        filterRows(first, last);
-}
-
 void EditingList::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles)
 {
     QTreeWidget::dataChanged(first, last, roles);

@@ -75,7 +75,6 @@ protected:
     void changeEvent(QEvent* event) override;
     /// Without a curve it says how one comes here.
     void paintEvent(QPaintEvent* event) override;
-    void rowsInserted(const QModelIndex& parent, int first, int last) override;
     void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

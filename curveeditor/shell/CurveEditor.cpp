@@ -323,11 +323,10 @@ std::function<void()> CurveEditor::Private::meaningOfEscape()
 {
     CanvasFunctionBase& canvas = functionEdit->canvas;
     const Gesture& gesture = functionEdit->gesture;
-    if (gesture.isAtPoints() || gesture.isAtView())
-        return [this, &canvas] {
-            canvas.cancelGesture();
-            functionEdit->showSelection(false);
-            canvas.paint();
+    if (gesture.holdsEdit() || gesture.isAtView() || gesture.kind() == Gesture::Kind::TimeLine)
+        return [this] {
+            QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+            QCoreApplication::sendEvent(functionEdit, &escape);
         };
     const QWidget* const focus = QApplication::focusWidget();
     if (qobject_cast<const QLineEdit*>(focus) && editor.isAncestorOf(focus))

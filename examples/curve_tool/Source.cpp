@@ -108,7 +108,7 @@ SampleTable Source::getTableOf(const std::optional<std::string>& choice) const
         return curve.name == *choice;
     };
     const auto found = std::find_if(curves.begin(), curves.end(), isChosen);
-    if (found != curves.end() && std::count_if(found, curves.end(), isChosen) > 1)
+    if (std::count_if(found, curves.end(), isChosen) > 1)
         fail("several curves are named " + TextFields::inQuotes(*choice) +
              "; choose by number:" + listOf(table_));
     if (found != curves.end())
