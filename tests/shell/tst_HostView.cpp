@@ -100,12 +100,10 @@ private Q_SLOTS:
     void arrangementComesBack()
     {
         Scene s;
-        s.key(Qt::Key_S).key(Qt::Key_A, shift);
-        s.canvas.canvas.hands().alignsHandles = true;
-        s.canvas.canvas.setShowsSpeed(true);
-        s.editor.setShowTime();
-        s.page(2).editor.splitter11->setSizes({200, 700});
-        s.editor.setView(part);
+        s.snapTo(Snap::Points).key(Qt::Key_A, shift);
+        s.canvas.canvas.hands().alignsHandles = true, s.canvas.canvas.setShowsSpeed(true);
+        s.editor.setShowTime(), s.editor.setView(part);
+        s.page(2).editor.splitter11->setSizes({200, 700}), s.editor.splitter10->setSizes({300, 300});
         const QByteArray state = s.editor.saveState();
 
         Scene other;
@@ -115,11 +113,10 @@ private Q_SLOTS:
             spoilt[at] = char(spoilt[at] ^ 1);
             QVERIFY(!other.editor.restoreState(spoilt) && !other.editor.restoreState(state.left(at)));
         }
-        QVERIFY(!other.editor.restoreState(state + '\0'));
-        QVERIFY(!other.editor.restoreState(QSplitter().saveState()));
+        QVERIFY(!other.editor.restoreState(state + '\0') &&
+                !other.editor.restoreState(QSplitter().saveState()));
         QCOMPARE(other.editor.saveState(), old);
-        QVERIFY(other.editor.restoreState(state));
-        QCOMPARE(other.editor.saveState(), state);
+        QVERIFY(other.editor.restoreState(state) && other.editor.saveState() == state);
         QCOMPARE(other.editor.view(), part);
         QCOMPARE(other.editor.checkListsEditing->width(), s.editor.checkListsEditing->width());
         QVERIFY(other.editor.isModeTime() && entryOf(*other.menu("Options"), "Show time")->isChecked());
