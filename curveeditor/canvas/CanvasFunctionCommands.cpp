@@ -31,12 +31,9 @@ QString faultText(const ParseMessage& message)
 
 void markCycle(ParseMessage& message, const std::string& variable)
 {
-    std::string text = message.text;
-    std::replace(text.begin(), text.end(), ' ', '_');
-    for (auto at = text.find(variable); !variable.empty() && at != std::string::npos;
-         at = text.find(variable, at + 1)) {
+    for (auto at = message.text.find(variable); !variable.empty() && at != std::string::npos;
+         at = message.text.find(variable, at + 1))
         message.errors.emplace_back(std::uint32_t(at), std::uint32_t(variable.size()));
-    }
     if (message.errors.empty())
         message.errors.emplace_back(0U, std::uint32_t(message.text.size()));
     message.code = ParseMessage::CyclicDependency;

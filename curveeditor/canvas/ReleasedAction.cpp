@@ -8,7 +8,6 @@ namespace curveeditor {
 
 void releaseAction(QAction* action)
 {
-    action->setActionGroup(nullptr);
     const QList<QObject*> places = action->associatedObjects();
     for (QObject* const place : places) {
         auto* const widget = qobject_cast<QWidget*>(place);
