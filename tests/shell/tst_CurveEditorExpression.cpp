@@ -27,9 +27,10 @@ private Q_SLOTS:
         QCOMPARE(line().text(), "2*t");
         QVERIFY(!fixture->canvas.nodeForm.isActive());
         fixture->editor.setTcb();
-        QVERIFY(splineToolsEnabled() && fixture->curves["A.x"].expression);
+        QVERIFY(splineToolsEnabled() && fixture->editor.undoStack()->undoText() == "Show the spline of A.x");
         fixture->editor.setExpression();
-        QVERIFY(!splineToolsEnabled());
+        QVERIFY(!splineToolsEnabled() &&
+                fixture->editor.undoStack()->undoText() == "Show the formula of A.x");
         fixture->editor.setEditingNode("b.y");
         QVERIFY(line().text().isEmpty() && splineToolsEnabled());
         fixture->canvas.canvas.setCurrentCurve("A.x");
