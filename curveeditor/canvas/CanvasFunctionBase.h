@@ -221,6 +221,7 @@ public:
     /// button or a key, the next edit, or a step of the undo stack. An empty text says nothing more.
     void tell(const QString& text);
     QString toldText() const { return picture_.line(); }
+    QString hint() const { return picture_.hint(); }
     /// For the widget's `paintEvent`: brings the picture up to date and draws it.
     void showBuffer(QPainter* painter);
     /// Takes the size and the pixel ratio of the widget.

@@ -99,6 +99,8 @@ void CanvasPicture::drawFront(CurvePainter& curves) const
 /// What can be done on a canvas that is empty, or nearly so.
 QString CanvasPicture::hint() const
 {
+    if (!theme_.hint.isValid())
+        return {};
     if (curves_.isEmpty())
         return tr("Drop the name of a curve on the list to edit it here");
     const CanvasCurves::Nodes current = curves_.currentShownOnly();
@@ -123,7 +125,7 @@ bool CanvasPicture::isOutOfReach(const SplineBase& spline) const
 void CanvasPicture::drawHint(QPainter& painter) const
 {
     const QString text = hint();
-    if (!theme_.hint.isValid() || text.isEmpty())
+    if (text.isEmpty())
         return;
     constexpr int flags = int(Qt::AlignCenter) | int(Qt::TextWordWrap);
     constexpr double heightShare = 0.8; // clear of a level curve in the middle

@@ -73,6 +73,7 @@ public:
     QString modeLine;                   ///< what is said at the upper edge; empty for nothing
     /// That, behind what is on, and before what is told of the place of the mouse.
     QString line() const;
+    QString hint() const;
 
 private:
     /// What an image of the underlay was painted for.
@@ -93,7 +94,6 @@ private:
     void drawFront(CurvePainter& curves) const;
     void drawSnapMark(QPainter& painter) const;
     void drawHint(QPainter& painter) const;
-    QString hint() const;
     bool isOutOfReach(const SplineBase& spline) const;
     void drawModeLine(QPainter& painter) const;
     QColor textColor() const;

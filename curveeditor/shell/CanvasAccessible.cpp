@@ -239,7 +239,9 @@ QString CanvasAccessible::text(QAccessible::Text kind) const
                                        : tr("Canvas, curve %1").arg(curves.getCurrentCurveName());
     if (kind != QAccessible::Description)
         return QAccessibleWidget::text(kind);
-    return QStringList{contents(), curves.toldText()}.join(QLatin1Char(' ')).trimmed();
+    QStringList texts{contents(), curves.toldText(), curves.hint()};
+    texts.removeAll(QString());
+    return texts.join(QLatin1Char(' '));
 }
 
 QString CanvasAccessible::contents() const

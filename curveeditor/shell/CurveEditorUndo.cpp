@@ -44,7 +44,7 @@ void CurveEditor::undo()
 void CurveEditor::redo()
 {
     CanvasFunctionBase& canvas = d_->functionEdit->canvas;
-    if (!canvas.door().isShut() && !d_->functionEdit->gesture.isAtPoints() &&
+    if (!canvas.door().isShut() && !d_->functionEdit->gesture.holdsEdit() &&
         !d_->handsStepsOn(&CurveEditor::redoRequested))
         canvas.door().history().redo();
 }

@@ -136,8 +136,9 @@ private:
             open += curve.first + u'.' + curve.second;
         add("canvas curves", open.join(' ') + ", current " + s_.current());
         const QImage picture = canvas.isVisible() ? s_.shown() : canvas.grab().toImage();
-        for (const int x : {110, 230, 350}) // where no number of the grid stands
-            add(QString("canvas column %1").arg(x), runs(picture, {x, 25}, {0, 1}, 245));
+        const int rows = canvas.canvas.hint().isEmpty() ? 245 : 0; // of no text
+        for (const int x : {110, 230, 350})                        // where no number of the grid stands
+            add(QString("canvas column %1").arg(x), runs(picture, {x, 25}, {0, 1}, rows));
         add("canvas row 40", runs(picture, {60, 40}, {1, 0}, 370));
         std::map<QRgb, int> counts; // of what is no text
         for (int y = 25; y < 270; ++y) {
@@ -235,7 +236,8 @@ private:
                                                       {action.isChecked(), "on"},
                                                       {!action.isVisible(), "hidden"}}));
         const QString tip = action.text().startsWith(action.toolTip()) ? QString() : action.toolTip();
-        const QString keys = QKeySequence::listToString(action.shortcuts()) + action.statusTip() + tip;
+        const QString keys =
+            QKeySequence::listToString(action.shortcuts()) + action.statusTip() + action.whatsThis() + tip;
         if (!keys.isEmpty())
             add("keys " + brief, keys);
     }
@@ -244,11 +246,11 @@ private:
     void addWidget(const QWidget& widget)
     {
         const QString name = widget.objectName(), text = textOf(widget);
-        if (name.isEmpty() || text.isNull() || isQts(widget) ||
-            qobject_cast<QAbstractItemView*>(widget.parent()))
+        if (name.isEmpty() || isQts(widget) || qobject_cast<QAbstractItemView*>(widget.parent()))
             return;
-        add("field " + name, text);
-        const QString tip = widget.toolTip(), called = widget.accessibleName();
+        if (!text.isNull())
+            add("field " + name, text);
+        const QString tip = widget.toolTip() + widget.whatsThis(), called = widget.accessibleName();
         if (!tip.isEmpty() || !called.isEmpty())
             add("tip " + name, called.isEmpty() ? tip : tip + " (" + called + ')');
         if (const auto* const number = qobject_cast<const CustomEditLine*>(&widget))
