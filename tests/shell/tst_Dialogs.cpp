@@ -240,19 +240,19 @@ private Q_SLOTS:
         s.editor.resize(1700, 900);
         QVERIFY(QTest::qWaitFor([&] { return s.editor.tcbCurve->width() > 300; }));
         const QImage unselected = s.editor.tcbCurve->grab().toImage();
-        s.clickPoint();
-        const QImage shown = s.editor.tcbCurve->grab().toImage();
-        s.page(1);
-        QVERIFY(s.editor.commandLine->text().isEmpty() && !isBlank(s.editor.commandLine));
-        s.page(0);
-        s.editor.cleanSelecteds();
+        const QImage shown = s.clickPoint().editor.tcbCurve->grab().toImage();
+        s.type(s.editor.posY, "2");
+        QVERIFY(shown != unselected && s.editor.tcbCurve->grab().toImage() == shown);
+        s.type(s.editor.incoming, "3");
+        QVERIFY(s.editor.tcbCurve->grab().toImage() != shown);
+        QVERIFY(s.page(1).editor.commandLine->text().isEmpty() && !isBlank(s.editor.commandLine));
+        s.page(0).editor.cleanSelecteds();
         QVERIFY(!isBlank(list));
         const QImage empty = s.editor.tcbCurve->grab().toImage();
         QVERIFY(!isBlank(s.editor.tcbCurve) && empty != shown && empty != unselected);
         s.editor.tcbCurve->resize(50, 50);
         QVERIFY(isBlank(s.editor.tcbCurve));
-        s.page(2);
-        QVERIFY(!isBlank(s.editor.findChild<QTableView*>()->viewport()));
+        QVERIFY(!isBlank(s.page(2).editor.findChild<QTableView*>()->viewport()));
     }
 
     void splittersShareTheRoom()
