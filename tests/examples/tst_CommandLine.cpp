@@ -1,41 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "ReadTable.h"
 
-#include <support/Files.h>
 #include <support/Test.h>
+#include <support/Transcript.h>
 
 class tst_CommandLine : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void faultEndsWithOneAndItsReason_data()
+    void initTestCase() { qputenv("QT_LOGGING_RULES", "*=false"); } // what Qt says is of no interest
+    void nothingElseIsWritten()
     {
-        const Rows<QStringList, QString> row;
-        const QString b = path("b");
-        row("text", {written(path("a"), "# a\n0 1\n1 x\n")}, path("a:3: 'x' is no number"));
-        row("two readings", {written(path("pairs"), "1,5\n2,5\n"), "--export", b},
-            path("pairs:1: '1,5' can be read in two ways: the comma may be the decimal sign or not; say "
-                 "--decimal comma or --decimal point"));
-        row("no such sign", {"--decimal", "dot", "a", "--export", b}, "\"dot\" is neither comma nor point.");
-        row("no file", {path("missing")}, path("missing: No such file or directory"));
-        row("two tables", {"a", "b"}, "Only one table can be opened.");
-        row("unknown option", {"--picture", "a"}, "Unknown option 'picture'.");
-        row("unknown curve", {"--open", "Camera.none", "--export", b}, "named \"Camera.none\"");
-        row("unknown language", {"--language", "xx", "--export", b}, "no translation into \"xx\"");
-        row("no tolerance", {"--simplify", "x", "a", "--export", b}, "\"x\" is no tolerance");
-        row("tolerance below 0", {"--simplify", "-1", "a", "--export", b}, "\"-1\" is no tolerance");
-        row("endless tolerance", {"--simplify", "inf", "a", "--export", b}, "\"inf\" is no tolerance");
-        row("nothing to simplify", {"--simplify", "1", "--export", b}, "To simplify takes a table.");
-        row("picture nowhere", {"--screenshot", path("none/a.png")}, path("none/a.png: No such"));
-        row("table nowhere", {"--export", path("none/a.txt")}, path("none/a.txt: No such"));
-    }
-
-    void faultEndsWithOneAndItsReason()
-    {
-        const auto [arguments, reason] = Rows<QStringList, QString>::present();
-        QCOMPARE(run(arguments), 1);
-        QVERIFY2(errors_.contains(reason) && !QFile::exists(path("b")), qPrintable(errors_));
+        Transcript::play(QFINDTESTDATA("demo.txt"), path(""),
+                         [this](const QByteArray&, const QString& command) {
+                             const int code = run(QProcess::splitCommand(command));
+                             return Transcript::Outcome{code, output_, errors_};
+                         });
     }
 
     void screenshotShowsTheCurves()
@@ -56,36 +37,6 @@ private Q_SLOTS:
                 });
             QVERIFY2(ofCurve > 300, table);
         }
-    }
-
-    void exportedTableReadsBack()
-    {
-        const QString name = written(path("table"), "nm,a,b.c\n2,0.5,-1\n0,0,3\n");
-        QCOMPARE(run({name, "--export", path("out.txt")}), 0);
-        const QByteArray exported = contentOf(path("out.txt"));
-        QVERIFY2(exported.endsWith("\n\n0,\t0.000000,\t3.000000,\t\n"
-                                   "1,\t0.250000,\t1.000000,\t\n"
-                                   "2,\t0.500000,\t-1.000000,\t\n"),
-                 exported);
-        QCOMPARE(run({path("out.txt"), "--export", path("again.txt")}), 0);
-        QCOMPARE(contentOf(path("again.txt")), exported);
-        const QString pairs = written(path("pairs"), "0,7\n1,8\n");
-        QCOMPARE(run({pairs, "--decimal", "point", "--export", path("out.txt")}), 0);
-        QVERIFY(contentOf(path("out.txt")).contains("1,\t8.000000"));
-        QCOMPARE(
-            run({written(path("comma"), "0;1,234\n"), "--decimal", "comma", "--export", path("out.txt")}), 0);
-        QVERIFY(contentOf(path("out.txt")).contains("0,\t1.234000"));
-    }
-
-    void tableIsSimplifiedWithinTheTolerance()
-    {
-        const QString name = written(path("table"), "0 0\n1 1\n2 0\n3 1\n4 0\n5 1\n6 0\n");
-        QList<QByteArray> tables;
-        for (const char* const percent : {"0", "20", "100"}) {
-            QCOMPARE(run({name, "--simplify", percent, "--export", path("out.txt")}), 0);
-            tables.append(contentOf(path("out.txt")));
-        }
-        QVERIFY(tables[0] == tables[1] && tables[1] != tables[2] && tables[0].contains("3,\t1.000000"));
     }
 
     void columnsBecomeCurvesOfGroups_data()
@@ -126,12 +77,13 @@ private:
         QProcess process;
         process.start(QStringLiteral(DEMO), arguments);
         const bool ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
-        errors_ = QString::fromUtf8(process.readAllStandardError());
+        output_ = process.readAllStandardOutput();
+        errors_ = process.readAllStandardError();
         return ended ? process.exitCode() : -1;
     }
 
     QTemporaryDir folder_;
-    QString errors_;
+    QByteArray output_, errors_;
 };
 
 QTEST_GUILESS_MAIN(tst_CommandLine)

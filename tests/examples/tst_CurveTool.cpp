@@ -3,6 +3,7 @@
 #include "TextNumber.h"
 #include <support/Files.h>
 #include <support/Test.h>
+#include <support/Transcript.h>
 
 const QByteArray spline = "1\n2\n3\n0\nspline 0 3 0.5\n0 1 0 0 0 0 0 0 0 0\n4 3 0 0 0 0 0 0 0 0\nend\n";
 const QByteArray formula = "1\n2\n3\n1\nlog(t)+0*f\n";
@@ -86,30 +87,13 @@ private Q_SLOTS:
         QVERIFY2(errors_.contains(reason), errors_.constData());
     }
 
-    /// Plays a text: "<" begins the lines of standard input, ">" a command, behind which stand its output, what it
-    /// tells, and its exit code. With CURVEEDITOR_RECORD_SESSIONS set it is written anew.
     void nothingElseIsWritten()
     {
-        QFile file(QFINDTESTDATA("curve_tool.txt"));
-        const bool isRecording = qEnvironmentVariableIsSet("CURVEEDITOR_RECORD_SESSIONS");
-        QVERIFY(file.open(isRecording ? QIODevice::ReadWrite : QIODevice::ReadOnly));
-        const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-        QStringList now;
-        QByteArray input;
-        for (const QString& line : lines) {
-            if (line.startsWith(u'<') && !now.isEmpty() && !now.last().startsWith(u'<'))
-                input.clear();
-            if (line.startsWith(u'<'))
-                input += line.mid(1).replace("\\t", "\t").toUtf8() + '\n';
-            if (QString("#<>").contains(line[0]))
-                now += line;
-            if (line.startsWith(u'>'))
-                now += told(input, line.mid(2).replace(u'@', path("")));
-        }
-        if (isRecording)
-            QVERIFY(file.resize(0) && file.seek(0) && file.write((now.join(u'\n') + u'\n').toUtf8()) > 0);
-        else
-            QCOMPARE(now, lines);
+        Transcript::play(QFINDTESTDATA("curve_tool.txt"), path(""),
+                         [this](const QByteArray& input, const QString& command) {
+                             const int code = run(input, command);
+                             return Transcript::Outcome{code, output_, errors_};
+                         });
     }
 
     void eachCurveGetsAFile()
@@ -195,21 +179,6 @@ private:
     QStringList names(const QString& folder) const
     {
         return QDir(path(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    }
-
-    /// "|" stands before its lines, or those of a file that it shows, "!" before what else it tells.
-    QStringList told(const QByteArray& input, const QString& command)
-    {
-        const bool isShown = command.startsWith("cat ");
-        const int code = isShown ? 0 : run(input, command);
-        QStringList lines;
-        for (const auto& [mark, text] : {std::pair(u'|', isShown ? contentOf(command.mid(4)) : output_),
-                                         {u'!', isShown ? QByteArray() : errors_}}) {
-            for (const QByteArray& line : text.split('\n'))
-                lines += mark + QString(line).replace("\t", "\\t").replace(path(""), "@");
-            lines.removeLast(); // has no end
-        }
-        return lines + (code ? QStringList(QString("= %1").arg(code)) : QStringList());
     }
 
     int run(const QByteArray& input, const QString& command)
