@@ -329,46 +329,6 @@ private Q_SLOTS:
         }
     }
 
-    void whatIsOnIsWrittenAtTheUpperEdge()
-    {
-        CanvasScene scene;
-        HostCurve curve;
-        bool& isLocked = scene.add(curve, "a.x")->curve()->isLockedByUser;
-        const auto upperEdge = [&scene] {
-            return scene.picture().copy(0, 0, 200, 20);
-        };
-        const QImage silent = upperEdge();
-        for (bool* const mode : {&isLocked, &scene.canvas.hands().guide.isSnapping}) {
-            *mode = true;
-            QVERIFY(upperEdge() != silent);
-            *mode = false;
-        }
-        scene.canvas.setEditsAllCurves(true);
-        QVERIFY(upperEdge() != silent);
-        scene.canvas.setEditsAllCurves(false);
-        QCOMPARE(upperEdge(), silent);
-    }
-
-    void nearlyEmptyCanvasSaysWhatToDo()
-    {
-        CurveEditorTheme silent = CurveEditorTheme::dark();
-        silent.hint = QColor();
-        const auto saysSomething = [&silent](CanvasScene& scene) {
-            scene.canvas.setTheme(silent);
-            const QImage picture = scene.picture();
-            scene.canvas.setTheme(CurveEditorTheme::dark());
-            return scene.picture() != picture;
-        };
-        CanvasScene scene;
-        HostCurve curve;
-        QVERIFY(saysSomething(scene));
-        scene.add(curve, "a.x");
-        QVERIFY(!saysSomething(scene));
-        for (int i = 0; i < 2; ++i)
-            curve.spline.remove(curve.spline.getLast());
-        QVERIFY(saysSomething(scene) && !CurveEditorTheme::described().hint.isValid());
-    }
-
     void labelsHideNoPointsAndFollowTheFontOfTheApplication()
     {
         CanvasScene scene;

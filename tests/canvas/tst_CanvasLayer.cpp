@@ -524,25 +524,6 @@ private Q_SLOTS:
         }
     }
 
-    void stepsAreRoundWithFineLinesBetween()
-    {
-        CurveEditorTheme theme = CurveEditorTheme::light();
-        theme.fineGridLines = Qt::red;
-        for (const auto& [low, high, step, fine] : {std::tuple(0.0, 0.7, 1.0, 28),
-                                                    {0.0, 1.7, 2.0, 25},
-                                                    {-0.15, 2.0, 5.0, 17},
-                                                    {0.0, 0.00031, 0.0005, 24},
-                                                    {-4e7, 4.1e7, 1e8, 32}}) {
-            GridScene s(QSize(600, 30), low, high); // ten frames for each unit of time
-            s.grid.hasFineLines = true;
-            s.grid.layout(&s.view);
-            QCOMPARE(s.grid.positionsX[2] - s.grid.positionsX[1], step);
-            const QImage image =
-                drawn(s.canvas.size(), [&](QPainter& painter) { s.grid.draw(&painter, theme); });
-            QCOMPARE((placesOf(Qt::red, image) & QRect(0, 3, 600, 1)).rectCount(), fine);
-        }
-    }
-
     void spacedLabelsMeetNeitherEdgesNorEachOther()
     {
         CurveEditorTheme theme = CurveEditorTheme::light();
@@ -569,24 +550,6 @@ private Q_SLOTS:
             for (const QRect& label : values)
                 QVERIFY(label.height() <= font->height());
             QVERIFY(QRect(0, 1, width - 2, 58).contains(labels.boundingRect()));
-        }
-    }
-
-    void drawsTimeLineAndLabelsThatClearTheEdge()
-    {
-        for (const int firstLine : {100, 8}) {
-            GridScene s(QSize(1100, 600), 0.0, 1.0);
-            s.view.valueMin = -2.9;
-            s.view.timeLine = 11.0 - firstLine / 100.0;
-            s.setTimes(-firstLine / 100.0, s.view.timeLine);
-            const auto draw = [&s](QPainter& painter) {
-                s.grid.draw(&painter, CurveEditorTheme::described());
-                QVERIFY(painter.backgroundMode() == Qt::OpaqueMode && painter.compositionMode() == 0);
-            };
-            const QImage image = drawn(s.canvas.size(), draw, Qt::gray);
-            QCOMPARE(image.pixelColor(s.grid.timeLineX - 1, 20), QColor(223, 255, 255));
-            const QImage label = image.copy(firstLine + 4, 585, 8, 10);
-            QCOMPARE(label == image.copy(firstLine + 40, 585, 8, 10), firstLine == 8);
         }
     }
 

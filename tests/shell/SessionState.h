@@ -6,15 +6,61 @@
 #include <curveeditor/model/PointTypes.h>
 #include <curveeditor/panel/CurveRowDelegate.h>
 
+/// Keeps the texts that are drawn on it: each with its colour, that of its outline, and in which field it is.
+class TextPaper : public QImage, private QPaintEngine
+{
+public:
+    TextPaper() : QImage(1, 1, Format_RGB32), QPaintEngine(AllFeatures) {}
+    QPaintEngine* paintEngine() const override { return const_cast<TextPaper*>(this); }
+    QString found() const
+    {
+        QStringList found;
+        for (const auto& [text, colors, at, place] : texts_) // fonts differ by a few pixels
+            found += QString("%1 %2@%3,%4").arg(text, colors).arg(place.x() / 40).arg(place.y() / 50);
+        return found.join("; ");
+    }
+
+private:
+    struct Text
+    {
+        QString text, colors;
+        QPointF at;
+        QPoint place;
+    };
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPath(const QPainterPath&) override {}
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    Type type() const override { return User; }
+    void drawTextItem(const QPointF& at, const QTextItem& item) override
+    {
+        const QPointF middle = at + QPointF(item.width(), item.descent() - item.ascent()) / 2.0;
+        const QString color = painter()->pen().color().name().mid(1);
+        for (Text& known : texts_) {
+            if (known.text == item.text() && QLineF(known.at, at).length() < 3.0) {
+                known.colors = color + u'/' + known.colors.section(u'/', -1);
+                known.at = at;
+                known.place = middle.toPoint() + QPoint(15, 25);
+                return;
+            }
+        }
+        texts_.push_back({item.text(), color, at, at.toPoint() + QPoint(15, 25)});
+    }
+
+    std::vector<Text> texts_;
+};
+
 /// What a user, a host and assistive tools know of an editor, as texts by names. None depends on fonts or a screen.
 class SessionState : public QMap<QString, QString>
 {
 public:
-    explicit SessionState(Scene& s) : s_(s)
+    explicit SessionState(Scene& s, bool hasTexts = false) : s_(s)
     {
         for (const auto& [name, curve] : s.curves)
             addCurve(name, curve);
-        addCanvas();
+        addCanvas(hasTexts);
         addRows();
         addTable();
         for (const QAction* const action : s.editor.findChildren<QAction*>())
@@ -118,7 +164,7 @@ private:
         }
     }
 
-    void addCanvas()
+    void addCanvas(bool hasTexts)
     {
         FunctionEditor& canvas = s_.canvas;
         const QRectF view = s_.editor.view();
@@ -135,6 +181,8 @@ private:
         for (const CurveName& curve : s_.editor.openCurves())
             open += curve.first + u'.' + curve.second;
         add("canvas curves", open.join(' ') + ", current " + s_.current());
+        if (hasTexts) // which cover pixels, and with each font others
+            return addTexts();
         const QImage picture = canvas.isVisible() ? s_.shown() : canvas.grab().toImage();
         const int rows = canvas.canvas.hint().isEmpty() ? 245 : 0; // of no text
         for (const int x : {110, 230, 350})                        // where no number of the grid stands
@@ -153,6 +201,17 @@ private:
         for (const auto& [color, count] : counts)
             colors += QColor(color).name().mid(1) + u' ' + QString::number(count);
         add("canvas colours", colors.size() < 30 ? colors.join(", ") : "many");
+    }
+
+    /// What is written on the canvas, if its lines are not smooth, and at the grid.
+    void addTexts()
+    {
+        TextPaper front, numbers;
+        s_.canvas.render(&front);
+        add("canvas texts", front.found());
+        QPainter painter(&numbers);
+        s_.canvas.canvas.grid().draw(&painter, s_.editor.theme());
+        add("canvas numbers", numbers.found());
     }
 
     /// The colours on the way but the grid's, each with the first and the last of its pixels.

@@ -57,7 +57,7 @@ private:
     {
         if (scene_)
             end();
-        last_ = SessionState(scene_.emplace());
+        last_ = SessionState(scene_.emplace(), isReading_);
         held_ = {};
         heard_.clear();
         hear();
@@ -93,7 +93,7 @@ private:
             scene_->owned->activateWindow(); // as a window manager does
         scene_->canvas.grab();               // a frame may have something to tell
         QTest::qWait(0);
-        const QMap<QString, QString> now = SessionState(*scene_);
+        const QMap<QString, QString> now = SessionState(*scene_, isReading_);
         const QStringList all = SessionState::changes(last_, now) + std::exchange(heard_, {});
         last_ = now;
         return all + std::exchange(faults_, {});
@@ -325,6 +325,45 @@ private:
         scene_->curves[name].spline.modify(index)->pos = value;
         scene_->editor.updateCurves();
     }
+    using LookPart = std::variant<QColor*, double*, int*, bool*, CurveEditorTheme::Shape*>;
+    template <typename... Parts> static std::map<QString, LookPart> lookOf(const Parts&... parts)
+    {
+        return {parts...};
+    }
+    /// Gives parts of the look, each by its name, and hears what the editor makes of numbers.
+    void restyle(const Call& c)
+    {
+        CurveEditorTheme look = c.editor.theme();
+#define PART(name) std::pair<QString, LookPart>(#name, &look.name)
+        const auto parts =
+            lookOf(PART(canvas), PART(selection), PART(mark), PART(hint), PART(gridLines), PART(gridWidth),
+                   PART(fineGridLines), PART(zeroLines), PART(frameVLine), PART(frameHLine), PART(frameWidth),
+                   PART(labels), PART(labelPoints), PART(labelStretch), PART(spacesLabels), PART(timeLine),
+                   PART(timeLineWidth), PART(timeLineBlends), PART(timeLineGrip), PART(namesCurves),
+                   PART(curveWidth), PART(otherCurveWidth), PART(dottedWidth), PART(otherCurveShare),
+                   PART(smooth), PART(adaptsCurveColors), PART(controlPoint), PART(controlPointSelected),
+                   PART(controlPointOutline), PART(guide), PART(pointShape), PART(selectedPointShape),
+                   PART(pointSize), PART(selectedPointSize), PART(controller), PART(controllerSelected),
+                   PART(handleWidth), PART(handleSize), PART(fixedHandleSize), PART(handleLength),
+                   PART(grabDistance), PART(handleGrabDistance), PART(curveGrabDistance));
+#undef PART
+        const auto forEach = [&](const auto& work) {
+            for (int i = 0; i < c.words.size(); i += 2)
+                std::visit([&](auto* part) { work(*part, i); }, parts.at(c[i]));
+        };
+        forEach([&]<typename Value>(Value& part, int i) {
+            if constexpr (std::is_same_v<Value, QColor>)
+                part = QColor(c[i + 1]);
+            else
+                part = Value(c.number(i + 1));
+        });
+        c.editor.setTheme(look);
+        look = c.editor.theme();
+        forEach([&]<typename Value>(const Value& part, int i) {
+            if constexpr (std::is_arithmetic_v<Value>)
+                heard_ += "theme " + c[i] + u' ' + textOf(double(part));
+        });
+    }
     static void select(const Call& c)
     {
         std::vector<int> points;
@@ -366,9 +405,18 @@ private:
                 perform(std::exchange(meanwhile_, QString()).section(u' ', 1));
         });
     }
-    static QString textOf(const QString& text) { return text; }
-    static QString textOf(const QColor& color) { return color.name(); }
-    static QString textOf(double number) { return SessionState::number(number); }
+    static QString textOf(const QString& text)
+    {
+        return text;
+    }
+    static QString textOf(const QColor& color)
+    {
+        return color.name();
+    }
+    static QString textOf(double number)
+    {
+        return SessionState::number(number);
+    }
     static QString textOf(const CurveChange& change)
     {
         static const char* const causes[] = {"Edit", "Undo", "Redo", "Cancel", "Host"};
@@ -423,7 +471,7 @@ private:
     Qt::MouseButtons held_;
     std::size_t next_ = 0, seen_ = 0;
     QList<QPointer<QWidget>> played_; ///< the windows whose loops run
-    bool isGood_ = true;
+    bool isGood_ = true, isReading_ = false;
 };
 
 Player::Deeds Player::allDeeds()
@@ -492,6 +540,9 @@ Player::Deeds Player::allDeeds()
     at("keepsHistory", [](Call c) { c.editor.setKeepsHistory(false); });
     at("gestures", [](Call c) { c.editor.setViewGestures(c[0] == "on"); });
     at("part", [](Call c) { c.editor.setPartShown(EditorPart(c[0].toInt()), c[1] == "on"); });
+    at("reads", [](Call c) { c.player.isReading_ = c[0] == "on"; });
+    at("size", [](Call c) { c.player.scene_->canvas.setFixedSize(c[0].toInt(), c[1].toInt()); });
+    at("theme", [](Call c) { c.player.restyle(c); });
     at("dark", [](Call c) { c.editor.setTheme(CurveEditorTheme::dark()); });
     at("holdsFirst", [](Call c) { c.editor.setConstraint(c.group, c.curve, &holdFirst); });
     at("rounds", [](Call c) { c.editor.setConstraint(c.group, c.curve, &roundTimes); });
