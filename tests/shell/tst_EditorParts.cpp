@@ -175,12 +175,16 @@ private Q_SLOTS:
             QCOMPARE(editor.minimumSizeHint(), size);
             auto* const more = editor.findChild<QToolButton*>("moreButton");
             Q_EMIT more->menu()->aboutToShow();
-            int hiddenButtons = 0;
-            for (const QToolButton* const button : more->parent()->findChildren<QToolButton*>())
-                hiddenButtons += button != more && button->isHidden() ? 1 : 0;
-            QCOMPARE(more->menu()->actions().size(), hiddenButtons);
+            std::vector<bool> inMenu, hiddenButtons; // whether they are on
+            for (const QAction* const entry : more->menu()->actions())
+                inMenu.push_back(entry->isEnabled());
+            for (const QToolButton* const button : more->parent()->findChildren<QToolButton*>()) {
+                if (button != more && button->isHidden())
+                    hiddenButtons.push_back(button->isEnabled());
+            }
+            QCOMPARE(inMenu, hiddenButtons);
             QVERIFY(!static_cast<QWidget*>(more->parent())->isVisible() ||
-                    more->isVisible() == (hiddenButtons != 0));
+                    more->isVisible() == !hiddenButtons.empty());
             for (QToolButton* const button : editor.mainMenu->findChildren<QToolButton*>()) {
                 const bool isWhole =
                     button->width() >= button->sizeHint().boundedTo(button->maximumSize()).width();

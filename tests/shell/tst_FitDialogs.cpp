@@ -207,6 +207,11 @@ private Q_SLOTS:
         every->setText("0");
         QCOMPARE(s.outcome(*dialog), "The step must be greater than 0.");
         QVERIFY(every->palette() == usual);
+        every->setText("0.25");
+        s.editor.setLocale(QLocale::c()); // typing goes on
+        QCOMPARE(every->text(), "0.25");
+        s.editor.setLocale(QLocale(QLocale::German));
+        QCOMPARE(every->text(), "0.25");
     }
 
     void slowFormulaDoesNotHoldTheEditorUp()
