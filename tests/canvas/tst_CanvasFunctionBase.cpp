@@ -190,6 +190,9 @@ private Q_SLOTS:
             QVERIFY(contrastOf(adapted, background) < 3.1);
         }
         QCOMPARE(contrastingColor(Qt::red, {Qt::black}, 3.0), QColor(Qt::red));
+        QCOMPARE(contrastingColor(Qt::red, {Qt::gray, Qt::white}, 9.0),
+                 QColor(Qt::black)); // as near as can be
+        QCOMPARE(contrastingColor(Qt::red, {Qt::gray, Qt::black}, 9.0), QColor(Qt::white));
     }
 
     void presetsStandOutOfTheCanvas_data()
@@ -265,6 +268,30 @@ private Q_SLOTS:
             for (const QColor& background : {theme.canvas, theme.selection})
                 QVERIFY2(contrastOf(part, background) >= 3.0, qPrintable(part.name()));
         }
+    }
+
+    void twelveNamesAreEnough()
+    {
+        CanvasScene scene;
+        std::array<HostCurve, 16> curves;
+        scene.widget.resize(400, 800);
+        scene.view.setSize(400, 800);
+        CurveEditorTheme theme = CurveEditorTheme::dark();
+        scene.canvas.setTheme(theme);
+        for (std::size_t i = 0; i < curves.size(); ++i) {
+            curves[i].spline.setPos(curves[i].spline.modify(2u), 0.6 * double(i) - 4.8);
+            const QString name = QString("a.%1").arg(i);
+            scene.add(curves[i], name, {}, -5.0f, 5.0f);
+            scene.canvas.setCurveColor(name, QColor::fromHsv(int(i) * 22, 255, 255));
+        }
+        const QImage with = scene.picture();
+        theme.namesCurves = false;
+        scene.canvas.setTheme(theme);
+        const QImage without = scene.picture();
+        int named = 0;
+        for (CurveNodeBase* const node : scene.canvas.curves().nodes())
+            named += placesOf(node->nameColor(), with) != placesOf(node->nameColor(), without) ? 1 : 0;
+        QCOMPARE(named, 12);
     }
 
     void manyPointsHideNeitherTheirLineNorTheSelected()
