@@ -183,8 +183,9 @@ private Q_SLOTS:
     {
         Scene s;
         s.page(2);
-        const auto pictures = [&s] {
-            return QList{s.shown(), s.editor.checkListsEditing->viewport()->grab().toImage(),
+        const QRect marks(placeOf(s, CurveMark::Lock) - QPoint(0, 9), QSize(12, 60)); // of all rows
+        const auto pictures = [&s, marks] {
+            return QList{s.shown(), s.list.viewport()->grab(marks).toImage(),
                          s.editor.findChild<QTableView*>("pointTable")->viewport()->grab().toImage()};
         };
         const QList<QImage> before = pictures();
