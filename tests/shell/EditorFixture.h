@@ -168,10 +168,9 @@ inline void openContextMenu(QWidget& widget, const QPoint& at,
     QApplication::sendEvent(&widget, &event);
 }
 
-inline void turnWheel(QWidget& widget, const QPoint& at, const QPoint& delta, Qt::KeyboardModifiers keys = {},
-                      Qt::ScrollPhase phase = Qt::NoScrollPhase)
+inline void turnWheel(QWidget& widget, const QPoint& at, const QPoint& delta, Qt::KeyboardModifiers keys = {})
 {
-    QWheelEvent event(at, widget.mapToGlobal(at), {}, delta, Qt::NoButton, keys, phase, false);
+    QWheelEvent event(at, widget.mapToGlobal(at), {}, delta, Qt::NoButton, keys, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &event);
 }
 

@@ -1,15 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorScene.h"
 
-const QPoint mouse(200, 150);
-
-Deed wheel(const QPoint& delta, Qt::KeyboardModifiers keys = {}, Qt::ScrollPhase phase = Qt::NoScrollPhase)
-{
-    return [=](Scene& s) {
-        turnWheel(s.canvas, mouse, delta, keys, phase);
-    };
-}
-
 /// Notes whether anybody has looked at it.
 struct WatchedClip : QMimeData
 {
@@ -28,42 +19,7 @@ class tst_EditorHands : public QObject
 {
     Q_OBJECT
 
-    /// Whether the times and the values in sight change, and whether the place under the mouse stays there.
-    using ViewGestures = Rows<bool, bool, bool, Deed>;
-
 private Q_SLOTS:
-    void viewFollowsTheHand_data()
-    {
-        const ViewGestures row;
-        row("huge wheel", true, true, true, wheel({0, 1 << 30}));
-        row("wheel at rest", false, false, true, wheel({}));
-        row("two fingers", true, false, false, wheel({-60, 0}, {}, Qt::ScrollUpdate));
-        row("pinch", true, true, true, [](Scene& s) {
-            QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2,
-                                      mouse, mouse, s.canvas.mapToGlobal(mouse), 0.5, {});
-            QApplication::sendEvent(&s.canvas, &event);
-        });
-    }
-    void viewFollowsTheHand()
-    {
-        const auto [movesTimes, movesValues, staysUnderMouse, gesture] = ViewGestures::present();
-        Scene s;
-        s.editor.setMinValue(-20.0);
-        s.editor.setMaxValue(20.0);
-        s.canvas.showView({0.0, 9.0, -5.0, 5.0, s.canvas.pixelWidth, s.canvas.pixelHeight});
-        s.canvas.canvas.paint();
-        const QList<double> before = s.sides();
-        const PlaneMapping view = s.canvas.mapping();
-        gesture(s);
-        QCOMPARE(s.sides().mid(0, 2) != before.mid(0, 2), movesTimes);
-        QCOMPARE(s.sides().mid(2) != before.mid(2), movesValues);
-        const PlaneMapping now = s.canvas.mapping();
-        const bool isUnderMouse = qAbs(now.timeAt(mouse.x()) - view.timeAt(mouse.x())) < 1e-9 &&
-                                  qAbs(now.valueAt(mouse.y()) - view.valueAt(mouse.y())) < 1e-9;
-        QCOMPARE(isUnderMouse, staysUnderMouse);
-        QVERIFY(s.showsWhatIsDrawnFromScratch() && s.entries() == 0);
-    }
-
     void strokeOfManyJitteringColumnsIsFewPoints()
     {
         Scene s;

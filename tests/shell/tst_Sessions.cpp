@@ -227,6 +227,13 @@ private:
                           place(u'@' + words[1]), {0, 8}, {}, keysIn(words), Qt::ScrollUpdate, false);
         QApplication::sendEvent(&scene_->canvas, &event);
     }
+    void pinch(const QStringList& words)
+    {
+        const QPoint at = place(words[0]);
+        QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2, at, at,
+                                  scene_->canvas.mapToGlobal(at), words[1].toDouble(), {});
+        QApplication::sendEvent(&scene_->canvas, &event);
+    }
     static void choose(const QString& text)
     {
         auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -500,6 +507,7 @@ Player::Deeds Player::allDeeds()
     at("menuKey", [](Call c) { openContextMenu(c.player.target(), {}, QContextMenuEvent::Keyboard); });
     at("wheel", [](Call c) { c.player.wheel(c.words); });
     at("scroll", [](Call c) { c.player.scroll(c.words); });
+    at("pinch", [](Call c) { c.player.pinch(c.words); });
     at("trigger", [](Call c) { c.editor.action(c[0])->trigger(); });
     at("choose", [](Call c) { choose(c[0]); });
     at("type", [](Call c) { c.player.scene_->enterInto(c.player.widget(c[0]), c[1]); });
