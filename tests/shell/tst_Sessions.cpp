@@ -556,6 +556,7 @@ Player::Deeds Player::allDeeds()
     at("rounds", [](Call c) { c.editor.setConstraint(c.group, c.curve, &roundTimes); });
     at("steps", [](Call c) { limit(c); });
     at("drops", [](Call c) { c.editor.deleteExpression(c.group, c.curve, nullptr); });
+    at("forgets", [](Call c) { c.player.scene_->variables.remove(c[0].toStdString()); });
     at("shown", [](Call c) { c.editor.setVisible(c[0] == "on"); });
     return deeds;
 }
