@@ -337,7 +337,7 @@ private:
     {
         return {parts...};
     }
-    /// Gives parts of the look, each by its name, and hears what the editor makes of numbers.
+    /// Gives parts of the look, each by its name, and hears what the editor makes of them; of all if none is given.
     void restyle(const Call& c)
     {
         CurveEditorTheme look = c.editor.theme();
@@ -354,22 +354,27 @@ private:
                    PART(handleWidth), PART(handleSize), PART(fixedHandleSize), PART(handleLength),
                    PART(grabDistance), PART(handleGrabDistance), PART(curveGrabDistance));
 #undef PART
-        const auto forEach = [&](const auto& work) {
-            for (int i = 0; i < c.words.size(); i += 2)
-                std::visit([&](auto* part) { work(*part, i); }, parts.at(c[i]));
-        };
-        forEach([&]<typename Value>(Value& part, int i) {
-            if constexpr (std::is_same_v<Value, QColor>)
-                part = QColor(c[i + 1]);
-            else
-                part = Value(c.number(i + 1));
-        });
+        for (int i = 0; i < c.words.size(); i += 2) {
+            const auto set = [&]<typename Value>(Value* part) {
+                if constexpr (std::is_same_v<Value, QColor>)
+                    *part = QColor(c[i + 1]);
+                else
+                    *part = Value(c.number(i + 1));
+            };
+            std::visit(set, parts.at(c[i]));
+        }
         c.editor.setTheme(look);
         look = c.editor.theme();
-        forEach([&]<typename Value>(const Value& part, int i) {
-            if constexpr (std::is_arithmetic_v<Value>)
-                heard_ += "theme " + c[i] + u' ' + textOf(double(part));
-        });
+        for (const auto& [name, part] : parts) {
+            const auto hear = [&, name = name]<typename Value>(const Value* given) {
+                if constexpr (std::is_same_v<Value, QColor>)
+                    heard_ += "theme " + name + u' ' + given->name(QColor::HexArgb);
+                else
+                    heard_ += "theme " + name + u' ' + textOf(double(*given));
+            };
+            if (c.words.isEmpty() || c.words.contains(name))
+                std::visit(hear, part);
+        }
     }
     static void select(const Call& c)
     {
@@ -551,6 +556,7 @@ Player::Deeds Player::allDeeds()
     at("reads", [](Call c) { c.player.isReading_ = c[0] == "on"; });
     at("size", [](Call c) { c.player.scene_->canvas.setFixedSize(c[0].toInt(), c[1].toInt()); });
     at("theme", [](Call c) { c.player.restyle(c); });
+    at("light", [](Call c) { c.editor.setTheme(CurveEditorTheme::light()); });
     at("dark", [](Call c) { c.editor.setTheme(CurveEditorTheme::dark()); });
     at("holdsFirst", [](Call c) { c.editor.setConstraint(c.group, c.curve, &holdFirst); });
     at("rounds", [](Call c) { c.editor.setConstraint(c.group, c.curve, &roundTimes); });
