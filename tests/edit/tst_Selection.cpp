@@ -338,8 +338,7 @@ private Q_SLOTS:
     void faultIsToldWithItsLine_data()
     {
         const Rows<QString, QString> row;
-        row("binary", QString::fromLatin1("\0\1 7\n", 5),
-            "Line 1: \"??\" is no number that a point can have.");
+        row("NUL", QString::fromLatin1("\0\1 7\n", 5), "Line 1: \"??\" is no number that a point can have.");
         row("endless line", "1 2\n" + QString(20 << 20, '7'), "Line 2: The line is too long.");
         row("too many", QStringLiteral("1 2\n").repeated(PointText::maximumRows + 1),
             "Line 1000001: More than 1000000 points.");
