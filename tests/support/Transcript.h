@@ -44,6 +44,15 @@ struct Transcript
     }
 
 private:
+    /// Without the digits in which processors differ.
+    static QString shortened(QString line)
+    {
+        static const QRegularExpression longNumber("\\d+\\.\\d{9,}");
+        for (auto match = longNumber.match(line); match.hasMatch(); match = longNumber.match(line))
+            line.replace(match.capturedStart(), match.capturedLength(),
+                         QString::number(match.captured().toDouble(), 'g', 8));
+        return line;
+    }
     static QStringList told(const QByteArray& input, const QString& command, const Run& run)
     {
         const QString file = command.section(u' ', 1);
@@ -54,7 +63,7 @@ private:
         QStringList lines;
         for (const auto& [mark, text] : {std::pair(u'|', outcome.output), {u'!', outcome.errors}}) {
             for (const QByteArray& line : text.split('\n'))
-                lines += mark + QString(line).replace("\t", "\\t");
+                lines += mark + shortened(QString(line).replace("\t", "\\t"));
             lines.removeLast(); // has no end
         }
         return lines + (outcome.code ? QStringList(QString("= %1").arg(outcome.code)) : QStringList());
