@@ -19,7 +19,7 @@ public:
     explicit Transport(QWidget* parent = nullptr);
 
     /// The range of time, in time units, `last` not before `first`. A present time outside of it moves to its
-    /// nearer end.
+    /// beginning.
     void setRange(double first, double last);
 
     /// The present time, in time units.

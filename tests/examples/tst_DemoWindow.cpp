@@ -10,6 +10,7 @@
 #include <curveeditor/shell/CurveEditor.h>
 #include <curveeditor/shell/FunctionEditor.h>
 #include <support/Test.h>
+#include <support/Transcript.h>
 
 constexpr double fps = 24.0;
 
@@ -134,6 +135,63 @@ private Q_SLOTS:
         QTRY_VERIFY(spy.size() >= 3);
         transport->setPlaying(false);
         QVERIFY(transport->getTime() < 0.9);
+        transport->setTime(0.1);
+        QTest::qWait(200); // a pause, which is none of the time that it plays
+        QElapsedTimer played;
+        played.start();
+        transport->findChild<QToolButton*>()->click();
+        QTRY_VERIFY(transport->getTime() > 0.1);
+        QVERIFY(transport->getTime() < 0.102 + double(played.elapsed()) / 10000.0);
+        transport->findChild<QToolButton*>()->click();
+        const double paused = transport->getTime();
+        QTest::qWait(50);
+        QVERIFY(transport->getTime() == paused && !transport->findChild<QToolButton*>()->isChecked());
+    }
+
+    void clockIsOneInAllThatShowsIt()
+    {
+        auto* const transport = window_->findChild<Transport*>();
+        auto* const slider = transport->findChild<QSlider*>();
+        auto* const field = transport->findChild<QDoubleSpinBox*>();
+        QSignalSpy told(transport, &Transport::timeChanged);
+        transport->setRange(100.0, 300.0);
+        QVERIFY(field->value() == 100.0 && slider->value() == 0 && field->decimals() == 1);
+        slider->setValue(250);
+        QVERIFY(transport->getTime() == 150.0 && field->value() == 150.0);
+        field->setValue(250.0);
+        QVERIFY(transport->getTime() == 250.0 && slider->value() == 750);
+        field->stepUp();
+        Q_EMIT window_->getHost().getEditor().timeLineDragged(400.0);
+        QVERIFY(transport->getTime() == 300.0 && field->value() == 300.0 && slider->value() == 1000);
+        transport->setTime(300.0);
+        transport->setRange(0.0, 0.001); // begins anew, as a time behind it has no place
+        QVERIFY(transport->getTime() == 0.0 && field->decimals() == 6 && slider->value() == 0);
+        QStringList times;
+        for (const QVariantList& time : std::as_const(told))
+            times += time[0].toString();
+        QCOMPARE(times.join(' '), "100 150 250 252 300 0");
+    }
+
+    void samplesAreWhatTheyWere()
+    {
+        Transcript::play(QFINDTESTDATA("samples.txt"), "@", [this](const QByteArray&, const QString& group) {
+            Transcript::Outcome told;
+            for (const auto& c : store_->getCurves()) {
+                const PlaneRange& r = c->range;
+                if (c->group == group)
+                    told.output += QString("%1 %2 %3 %4 %5, %6 %7 %8 %9\n")
+                                       .arg(c->name, c->color.name())
+                                       .arg(c->defaultValue)
+                                       .arg(c->minValue)
+                                       .arg(c->maxValue)
+                                       .arg(r.timeMin)
+                                       .arg(r.timeMax)
+                                       .arg(r.valueMin)
+                                       .arg(r.valueMax)
+                                       .toUtf8();
+            }
+            return told;
+        });
     }
 
     void renameByTheMenuReachesTheEditor()

@@ -85,7 +85,9 @@ private Q_SLOTS:
         QVERIFY(moved.time > 16.5 && moved.time == qRound(moved.time * 24.0) / 24.0);
         QVERIFY(moved.pos > 80.0 && moved.pos == qRound(moved.pos));
         QTRY_VERIFY(c.stage.image() != before);
+        const QImage white = c.stage.image();
         c.trigger("Change the gel");
+        QTRY_VERIFY(c.stage.image() != white);
         for (const char* const text : {"Change the gel", "Move a point of Front.01"}) {
             QCOMPARE(c.undoText(), text);
             QTest::keyClick(&c.canvas, Qt::Key_Z, Qt::ControlModifier);
@@ -189,6 +191,39 @@ private Q_SLOTS:
         for (const Qt::Key key : {Qt::Key_F8, Qt::Key_F10})
             QTest::keyClick(&c.canvas, key);
         QVERIFY(qAbs(c.front()[2]->time - 20.0) < 0.1 && c.front().getControlPointsNumber() == 6);
+
+        QCursor::setPos(c.canvas.mapToGlobal(c.pixel(500.0, 50.0)));
+        QTest::keyClick(&c.canvas, Qt::Key_F8); // no further than the end
+        c.trigger("Record");
+        c.window.findChild<QSlider*>()->setValue(44);
+        QCOMPARE(c.front().getLast()->time, Show::duration);
+        c.trigger("Play"); // from the beginning then, and records on
+        QTRY_VERIFY(c.front()[1]->time < 2.0 && c.front()[1]->pos == 44.0);
+        for (const char* const text : {"Play", "Record"})
+            c.trigger(text);
+
+        c.editor.setView({0.0, 0.0, 60.0, 100.0});
+        const QImage shown = c.canvas.grab().toImage();
+        const auto isMarked = [&](double time) {
+            const QPoint at(c.pixel(time, 50.0).x(), 2);
+            QSet<QRgb> colors;
+            for (int side = -1; side <= 1; ++side)
+                colors.insert(shown.pixel(at + QPoint(side, 0)));
+            return colors.contains(c.window.palette().color(QPalette::Text).rgb());
+        };
+        QVERIFY(isMarked(12.0) && isMarked(31.0) && isMarked(52.0) && !isMarked(13.0));
+        const auto isLocked = [&c] {
+            for (const QAction* const action : c.window.findChildren<QAction*>()) {
+                if (action->text() == "Lock the channel")
+                    return action->isChecked();
+            }
+            return false;
+        };
+        QVERIFY(!isLocked() && c.editor.openCurves().size() == 3);
+        c.editor.setDefaultSelected("House", "02");
+        QVERIFY(isLocked() && c.editor.curveOptions("House", "02").toolTip.startsWith("Lights"));
+        c.editor.setDefaultSelected("Front", "01");
+        QVERIFY(!isLocked());
 
         c.trigger("Change the gel");
         c.trigger("Take the colour of the gel");

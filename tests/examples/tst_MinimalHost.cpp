@@ -23,6 +23,9 @@ void drive()
     QMouseEvent move(QEvent::MouseMove, place, canvas->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(canvas, &move);
     QTest::mouseRelease(canvas, Qt::LeftButton, {}, place.toPoint());
+    auto* const line = canvas->window()->findChild<QLineEdit*>("commandLine");
+    line->setText("2t");
+    QTest::keyClick(line, Qt::Key_Return);
     QApplication::quit();
 }
 
@@ -43,5 +46,6 @@ int main(int argc, char* argv[])
     std::fprintf(stderr, "%s", told.constData());
     double value = 2.0;
     const bool isTold = std::sscanf(told.constData(), "Camera.zoom is now %lf at 5\n", &value) == 1;
-    return status == 0 && isTold && std::abs(value) < 0.1 ? 0 : 1;
+    const bool isFormulaTold = told.endsWith("Camera.zoom is now 2*t\n");
+    return status == 0 && isTold && std::abs(value) < 0.1 && isFormulaTold ? 0 : 1;
 }
