@@ -4,6 +4,7 @@
 #include <curveeditor/canvas/CanvasExpression.h>
 #include <curveeditor/canvas/ColorContrast.h>
 #include <curveeditor/canvas/CurveColors.h>
+#include <curveeditor/canvas/ShortenedName.h>
 
 /// Who does not hold the door open reads.
 template <auto getter, typename Owner>
@@ -353,6 +354,21 @@ private Q_SLOTS:
                 rows << (with.copy(width - 40, row - 10, 40, 10) !=
                          without.copy(width - 40, row - 10, 40, 10));
             QCOMPARE(rows, expected);
+        }
+    }
+
+    void nameLosesTheEndOfItsGroupFirst()
+    {
+        const QFontMetrics metrics{QFont()};
+        for (const auto& [name, start, end] : {std::tuple("mmmmmmmm.i", "mmmm", ".i"),
+                                               {"i.mmmmmmmm", "i.m", "m"},
+                                               {"mmmmmmmm.mmmmmmmm", "m", "m"},
+                                               {"mmmmmmmm", "mm", "mm"},
+                                               {"m.i", "m.i", "m.i"}}) {
+            const int room = metrics.horizontalAdvance("mmmmmmm");
+            const QString text = shortenedName(metrics, name, room);
+            QVERIFY2(text.startsWith(start) && text.endsWith(end), qPrintable(text));
+            QVERIFY2(metrics.horizontalAdvance(text) <= room, qPrintable(text));
         }
     }
 

@@ -22,8 +22,10 @@ private Q_SLOTS:
     void screenshotShowsTheCurves()
     {
         // The samples or a table, and the hue of the current curve, which the look keeps.
-        for (const auto& [table, hue] :
-             {std::pair("", 47), {"380 1000\n780 1001\n", 222}, {"-1e300 -1e300\n1e300 1e300\n", 222}}) {
+        for (const auto& [table, hue] : {std::pair("", 47),
+                                         {"380 1000\n780 1001\n", 222},
+                                         {"-1e300 -1e300\n1e300 1e300\n", 222},
+                                         {"0 1e20\n1 1e20\n", 222}}) {
             QStringList arguments{"--screenshot", path("a.png")};
             if (*table)
                 arguments << written(path("table"), table);

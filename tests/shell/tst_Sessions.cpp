@@ -205,6 +205,13 @@ private:
         held_ = {};
         mouse(QEvent::MouseMove, words[0], words);
     }
+    /// As a window manager does that makes it an icon.
+    void hideByWindowManager() const
+    {
+        QHideEvent hiding;
+        QSpontaneKeyEvent::setSpontaneous(&hiding);
+        qApp->notify(scene_->owned, &hiding);
+    }
     void leave()
     {
         QEvent leaving(QEvent::Leave);
@@ -252,13 +259,13 @@ private:
         Scene::sendMouse(field, QEvent::MouseMove, to, buttonIn(words));
         Scene::sendMouse(field, QEvent::MouseButtonRelease, to, buttonIn(words));
     }
-    /// A picture in two colours, as a file.
-    void paint(const QString& name) const
+    /// A picture in two colours, the right one of which may shine through, as a file.
+    void paint(const QString& name, const QString& color) const
     {
-        QImage picture(2, 2, QImage::Format_RGB32);
+        QImage picture(2, 2, color.isEmpty() ? QImage::Format_RGB32 : QImage::Format_ARGB32);
         picture.fill(QColor(200, 0, 0));
-        picture.setPixelColor(1, 0, QColor(0, 0, 200));
-        picture.setPixelColor(1, 1, QColor(0, 0, 200));
+        for (const int row : {0, 1})
+            picture.setPixelColor(1, row, color.isEmpty() ? QColor(0, 0, 200) : QColor(color));
         picture.save(folder_.filePath(name));
     }
     static void pick(QComboBox& box, const QString& text)
@@ -519,7 +526,7 @@ Player::Deeds Player::allDeeds()
     at("push", [](Call c) { QTest::mouseClick(&c.player.widget(c[0]), Qt::LeftButton); });
     at("focus", [](Call c) { c.player.widget(c[0]).setFocus(); });
     at("pull", [](Call c) { c.player.pull(c.words); });
-    at("paints", [](Call c) { c.player.paint(c[0]); });
+    at("paints", [](Call c) { c.player.paint(c[0], c[1]); });
     at("pick", [](Call c) { pick(static_cast<QComboBox&>(c.player.widget(c[0])), c[1]); });
     at("page", [](Call c) { c.player.turnTo(c[0]); });
     at("row", [](Call c) { c.player.clickRow(c.words); });
@@ -558,6 +565,7 @@ Player::Deeds Player::allDeeds()
     at("theme", [](Call c) { c.player.restyle(c); });
     at("light", [](Call c) { c.editor.setTheme(CurveEditorTheme::light()); });
     at("dark", [](Call c) { c.editor.setTheme(CurveEditorTheme::dark()); });
+    at("hides", [](Call c) { c.player.hideByWindowManager(); });
     at("holdsFirst", [](Call c) { c.editor.setConstraint(c.group, c.curve, &holdFirst); });
     at("rounds", [](Call c) { c.editor.setConstraint(c.group, c.curve, &roundTimes); });
     at("steps", [](Call c) { limit(c); });
