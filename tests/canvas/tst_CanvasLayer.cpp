@@ -236,6 +236,12 @@ private Q_SLOTS:
         const DeviceLine stairs{{{9, 90}, {300, 90}, {300, 20}, {500, 20}}, 1, {}};
         const QImage pale = drawn(size, direct(stairs, 1.0, QRect(QPoint(), size), QColor(255, 0, 0, 100)));
         QVERIFY(qAbs(pale.pixelColor(100, 90).red() - 100) <= 1);
+        const QImage square = drawn(size, [](QPainter& painter) {
+            CurvePainter curves(&painter, 1.0);
+            curves.writeInto(static_cast<QImage*>(painter.device()), QRect(0, 0, 99, 99));
+            curves.fillRect({9, 9, 5, 5}, QColor(255, 0, 0, 100));
+        });
+        QVERIFY(qAbs(square.pixelColor(10, 10).red() - 100) <= 1);
         for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
             const QRegion dots = placesOf(Qt::red, dotted(stairs, ratio));
             QCOMPARE(dotted(stairs, ratio), dotted(stairs, ratio, false));

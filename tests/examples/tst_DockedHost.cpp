@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <AxisTexts.h>
 #include <MainWindow.h>
+#include <SoundTrack.h>
+#include <curveeditor/edit/PlaneMapping.h>
 #include <curveeditor/shell/CurveEditor.h>
 #include <support/Test.h>
 
@@ -289,6 +291,19 @@ private Q_SLOTS:
         for (const char* const fault : {"", "1", "00:60:00:00", "00:00:60:00", "00:01:00;01", "00:00:00:30",
                                         "1.4.000", "1.0.000", "1.1.960", "x %"})
             QVERIFY2(!read(fault) || (!isDrop && QString(fault) == "00:01:00;01"), fault);
+    }
+
+    void soundSwingsAboutTheMiddle()
+    {
+        QImage silence(200, 100, QImage::Format_RGB32), sound = silence;
+        silence.fill(Qt::black);
+        sound.fill(Qt::black);
+        QPainter painter(&sound);
+        SoundTrack(10.0).paint(painter, {0.0, 20.0, 0.0, 1.0, 200, 100});
+        for (const QRect& half : {QRect(0, 0, 100, 49), QRect(0, 51, 100, 49)})
+            QVERIFY(sound.copy(half) != silence.copy(half));
+        const QRect behind(100, 0, 100, 100);
+        QCOMPARE(sound.copy(behind), silence.copy(behind));
     }
 
     void focusDecidesWhoSaves()

@@ -23,10 +23,11 @@ void drive()
     QMouseEvent move(QEvent::MouseMove, place, canvas->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(canvas, &move);
     QTest::mouseRelease(canvas, Qt::LeftButton, {}, place.toPoint());
+    const double time = canvas->window()->findChild<QLineEdit*>("posX")->text().toDouble();
     auto* const line = canvas->window()->findChild<QLineEdit*>("commandLine");
     line->setText("2t");
     QTest::keyClick(line, Qt::Key_Return);
-    QApplication::quit();
+    QApplication::exit(std::abs(time - 5.0) < 0.1 ? 0 : 1); // not frames
 }
 
 void driveSoon()
