@@ -2,6 +2,7 @@
 #include "EditorScene.h"
 
 #include <curveeditor/canvas/ColorContrast.h>
+#include <curveeditor/canvas/DecimalQuestion.h>
 #include <curveeditor/canvas/TitleWidth.h>
 #include <curveeditor/canvas/WarningBox.h>
 #include <curveeditor/panel/TcbCurveFrame.h>
@@ -224,6 +225,17 @@ private Q_SLOTS:
         QVERIFY(box && box->textFormat() == Qt::PlainText && box->width() >= titleWidth(*box));
         QCOMPARE(closeBox(), "<b>");
         QTRY_VERIFY(!box);
+    }
+
+    void questionShowsNumbersAsTheyAreTyped()
+    {
+        const QLocale usual;
+        QLocale::setDefault(QLocale(QLocale::German));
+        QString asked;
+        whenOpen<QMessageBox>([&asked](QMessageBox& box) { asked = box.text(), box.reject(); });
+        QVERIFY(!askForDecimal(nullptr, "Paste points", "9\t1,234\n"));
+        QLocale::setDefault(usual);
+        QVERIFY2(asked.contains(" 1,234\n") && asked.endsWith(" 1234"), qPrintable(asked));
     }
 
     void emptyPartsSayWhatToDo()
