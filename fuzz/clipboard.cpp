@@ -30,8 +30,9 @@ void requirePoint(const PointInfo& point)
 
 void paste(const QString& text, TableReader::Decimal decimal)
 {
-    const auto [points, message, isAmbiguous] = PointText::read(text, decimal);
+    const auto [points, message, isEmpty, isAmbiguous] = PointText::read(text, decimal);
     require(points.empty() != message.isEmpty());
+    require(!isEmpty || (points.empty() && !isAmbiguous));
     require(!isAmbiguous || decimal == TableReader::Decimal::FromText);
     require(std::all_of(message.begin(), message.end(), [](QChar letter) { return letter.isPrint(); }));
     if (points.empty())
