@@ -587,7 +587,8 @@ private Q_SLOTS:
         QCOMPARE(host.variables->getValue("Cam_1.left_eye"), 5.0);
         QCOMPARE(host.variables->getValue(""), 0.0);
 
-        host.variables->remove("cam_1.left_eye");
+        host.variables->remove("Cam 1.left_eye");
+        QVERIFY(!host.variables->hasName("cam_1.left_eye"));
         host.variables->remove("cam_1.left_eye");
         QCOMPARE(readAt(*reader.holder, 1.0), 0.0);
         host.add("cam_1.left_eye", "7");

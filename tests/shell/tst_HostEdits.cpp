@@ -375,6 +375,7 @@ private Q_SLOTS:
         for (const double time : {0.0, 2.0, 4.0, 6.0, 8.25})
             expected.append(s.pixel(time, 0.0).x());
         QCOMPARE(columns(s), expected);
+        QCOMPARE(s.canvas.canvas.grid().zeroIndexX, 0);
         s.canvas.canvas.hands().guide.isSnapping = true;
         s.press(5.0, 1.0).mouse(QEvent::MouseMove, s.pixel(8.25, 2.0) - QPoint(1, 0)).release(8.25, 2.0);
         QVERIFY(s.x[2]->time == 8.25 && s.shown() != before && calls == 1);

@@ -264,8 +264,9 @@ private:
     {
         QImage picture(2, 2, color.isEmpty() ? QImage::Format_RGB32 : QImage::Format_ARGB32);
         picture.fill(QColor(200, 0, 0));
-        for (const int row : {0, 1})
-            picture.setPixelColor(1, row, color.isEmpty() ? QColor(0, 0, 200) : QColor(color));
+        for (const int place : {0, 1}) // the right half, or the lower one
+            picture.setPixelColor(name == "rows.png" ? QPoint(place, 1) : QPoint(1, place),
+                                  color.isEmpty() ? QColor(0, 0, 200) : QColor(color));
         picture.save(folder_.filePath(name));
     }
     static void pick(QComboBox& box, const QString& text)
