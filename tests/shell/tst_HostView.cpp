@@ -116,6 +116,14 @@ private Q_SLOTS:
         QVERIFY(!other.editor.restoreState(state + '\0') &&
                 !other.editor.restoreState(QSplitter().saveState()));
         QCOMPARE(other.editor.saveState(), old);
+        QDataStream written(state);
+        quint32 mark = 0;
+        quint16 version = 0, sum = 0;
+        QByteArray content, first; // of the first version, which ends before what came later
+        written >> mark >> version >> sum >> content;
+        content.chop(3);
+        QDataStream(&first, QIODevice::WriteOnly) << mark << quint16(1) << qChecksum(content) << content;
+        QVERIFY(other.editor.restoreState(first) && other.editor.view() == part);
         QVERIFY(other.editor.restoreState(state) && other.editor.saveState() == state);
         QCOMPARE(other.editor.view(), part);
         QCOMPARE(other.editor.checkListsEditing->width(), s.editor.checkListsEditing->width());

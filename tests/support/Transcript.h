@@ -44,13 +44,13 @@ struct Transcript
     }
 
 private:
-    /// Without the digits in which processors differ.
+    /// Without the digits in which processors differ, behind a ~.
     static QString shortened(QString line)
     {
         static const QRegularExpression longNumber("\\d+\\.\\d{9,}");
         for (auto match = longNumber.match(line); match.hasMatch(); match = longNumber.match(line))
             line.replace(match.capturedStart(), match.capturedLength(),
-                         QString::number(match.captured().toDouble(), 'g', 8));
+                         u'~' + QString::number(match.captured().toDouble(), 'g', 8));
         return line;
     }
     static QStringList told(const QByteArray& input, const QString& command, const Run& run)
