@@ -363,6 +363,7 @@ private Q_SLOTS:
         for (const auto& [name, start, end] : {std::tuple("mmmmmmmm.i", "mmmm", ".i"),
                                                {"i.mmmmmmmm", "i.m", "m"},
                                                {"mmmmmmmm.mmmmmmmm", "m", "m"},
+                                               {"mmmmmmm.i.i", "mmm", ".i.i"},
                                                {"mmmmmmmm", "mm", "mm"},
                                                {"m.i", "m.i", "m.i"}}) {
             const int room = metrics.horizontalAdvance("mmmmmmm");
