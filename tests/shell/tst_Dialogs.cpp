@@ -264,15 +264,7 @@ private Q_SLOTS:
         s.page(0).editor.cleanSelecteds();
         QVERIFY(!isBlank(list));
         const QImage empty = s.editor.tcbCurve->grab().toImage();
-        QVERIFY(!isBlank(s.editor.tcbCurve) && empty != shown);
-        const auto ink = [](const QImage& picture) {
-            int count = 0;
-            for (int pixel = 0; pixel < picture.width() * picture.height(); ++pixel)
-                count +=
-                    picture.pixel(pixel % picture.width(), pixel / picture.width()) != picture.pixel(9, 9);
-            return count;
-        };
-        QVERIFY(ink(empty) > ink(unselected)); // "Open a curve with points ..." is longer
+        QVERIFY(!isBlank(s.editor.tcbCurve) && empty != shown && empty != unselected);
         s.editor.tcbCurve->resize(50, 50);
         QVERIFY(isBlank(s.editor.tcbCurve));
         QVERIFY(!isBlank(s.page(2).editor.findChild<QTableView*>()->viewport()));
