@@ -25,7 +25,7 @@ struct Scene
     {
         std::vector<PointSerial> found;
         for (const int index : indices)
-            found.push_back(spline[index]->serial);
+            found.push_back(spline[unsigned(index)]->serial);
         return found;
     }
     SplineBase spline;
@@ -82,7 +82,7 @@ private Q_SLOTS:
                                ->state.points;
         for (std::size_t i = 0; i < after.size(); ++i)
             QCOMPARE(after[i].type, due.points[(after.size() - i) % after.size()].type);
-        for (const std::size_t index : {3, 4})
+        for (const std::size_t index : {3U, 4U})
             due.points[index].pos += 2.0;
         const PointTransform points(scene.spline, scene.serials({3, 4}));
         QVERIFY(points.applied(scene.spline, {{}, {1.0, 0.0, 2.0}})->state == due);
@@ -137,7 +137,7 @@ private:
         after.spline.assign(result.state);
         const bool isMirrored = transform.mirrorsTime();
         const auto isOther = [&](const SplineBase& spline, int index) {
-            const auto* const point = index < 0 ? nullptr : spline[index];
+            const auto* const point = index < 0 ? nullptr : spline[unsigned(index)];
             const int was = point ? scene.spline.findIndex(point->serial, 0.0) : -1;
             return was >= 0 && !selected.count(was);
         };
@@ -147,8 +147,8 @@ private:
             const SplineBase::PointInfo &from = *scene.spline[end - 1], &to = *scene.spline[end];
             const int start = after.spline.findIndex(isMirrored ? to.serial : from.serial, 0.0);
             if (!selected.count(int(end) - 1) || !selected.count(int(end)) ||
-                after.spline[start + 1] == nullptr ||
-                after.spline[start + 1]->serial != (isMirrored ? from.serial : to.serial))
+                after.spline[unsigned(start + 1)] == nullptr ||
+                after.spline[unsigned(start + 1)]->serial != (isMirrored ? from.serial : to.serial))
                 continue;
             const bool isBeside = isOther(scene.spline, int(end) - 2) ||
                                   isOther(scene.spline, int(end) + 1) || isOther(after.spline, start - 1) ||
