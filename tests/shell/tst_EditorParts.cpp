@@ -95,7 +95,7 @@ private Q_SLOTS:
         QList<EditorPart> parts = areas + subjects;
         CurveEditor editor;
         for (int step = 0; step < 200; ++step) {
-            const EditorPart part = parts[qsizetype(random() % parts.size())];
+            const EditorPart part = parts[qsizetype(random() % std::size_t(parts.size()))];
             editor.setPartShown(part, random() % 2);
             if (step == 20)
                 editor.show();
