@@ -75,7 +75,8 @@ private:
         std::vector<double>& rows = rows_[curve];
         if (rows.empty())
             rows.resize(std::size_t(view_.pixelWidth / stepOfRows + 2), unknown);
-        double& row = rows[std::size_t(place)];
+        double& row =
+            rows[std::size_t(std::clamp(place, 0, int(rows.size()) - 1))]; // wide fonts reach past the canvas
         if (row == unknown) {
             const CurveNodeBase& node = *curves_[curve];
             row = node.mapping().row(node.getClampedValue(view_.mapping().timeAt(place * stepOfRows)));

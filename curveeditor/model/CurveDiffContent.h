@@ -15,11 +15,13 @@ namespace curveeditor {
 
 class DiffPoints;
 
+/// Unlike `==` true for the same not-a-number, and false for 0.0 beside -0.0.
 inline bool hasSameBits(double left, double right)
 {
     return std::bit_cast<std::uint64_t>(left) == std::bit_cast<std::uint64_t>(right);
 }
 
+/// What a difference changes, and into what.
 template <typename Value> struct Change
 {
     Value before{};
@@ -35,6 +37,8 @@ template <> inline bool Change<double>::isNone() const
 
 } // namespace curveeditor
 
+/// What is within a difference, which all copies of it share. `CurveDiff` is its public face; whoever keeps differences in
+/// a form of their own, as pickles are, comes here by `DiffContent`.
 struct CurveDiff::Private
 {
     Private() = default;

@@ -293,6 +293,14 @@ private Q_SLOTS:
         for (CurveNodeBase* const node : scene.canvas.curves().nodes())
             named += placesOf(node->nameColor(), with) != placesOf(node->nameColor(), without) ? 1 : 0;
         QCOMPARE(named, 12);
+        theme.namesCurves = true;
+        scene.canvas.setTheme(theme);
+        const QFont usual = QApplication::font();
+        QFont huge = usual;
+        huge.setPointSize(600); // whose names are wider than the canvas
+        QApplication::setFont(huge);
+        QVERIFY(!scene.picture().isNull());
+        QApplication::setFont(usual);
     }
 
     void manyPointsHideNeitherTheirLineNorTheSelected()
